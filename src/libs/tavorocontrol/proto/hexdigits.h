@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+#include <string>
+
+namespace Tavoro::ProtoModel {
+
+/// The form in which devices are looked up by serial number and MAC: \a bytes as upper-case
+/// hexadecimal digits, two per byte, first byte first.
+template <std::size_t size>
+std::string hexDigits(const std::array<quint8, size> &bytes)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(2 * size);
+    for (const quint8 byte : bytes) {
+        text += digits[byte >> 4];
+        text += digits[byte & 0xF];
+    }
+    return text;
+}
+
+/// The value of a hexadecimal digit of either case, -1 for anything else.
+constexpr int hexValue(char digit)
+{
+    if (digit >= '0' && digit <= '9')
+        return digit - '0';
+    if (digit >= 'A' && digit <= 'F')
+        return digit - 'A' + 10;
+    return digit >= 'a' && digit <= 'f' ? digit - 'a' + 10 : -1;
+}
+
+/// The opposite of hexDigits(). False when \a text is anything but two digits for each byte.
+template <std::size_t size>
+bool bytesOfHexDigits(const std::string &text, std::array<quint8, size> &bytes)
+{
+    if (text.size() != 2 * size)
+        return false;
+    for (std::size_t i = 0; i < size; ++i) {
+        const int high = hexValue(text[2 * i]);
+        const int low = hexValue(text[2 * i + 1]);
+        if (high < 0 || low < 0)
+            return false;
+        bytes[i] = static_cast<quint8>(high << 4 | low);
+    }
+    return true;
+}
+
+} // namespace Tavoro::ProtoModel

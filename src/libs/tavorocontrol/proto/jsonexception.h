@@ -1,0 +1,24 @@
+#pragma once
+
+#include <tavorocontrol/proto/export.h>
+
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace ajson {
+
+/// The one exception of the codec. It exists between the tokeniser and \c decodeRecord only, which
+/// turns it into its error text.
+class TAVOROPROTO_EXPORT exception : public std::exception {
+public:
+    explicit exception(std::string message) : m_message(std::move(message)) { }
+    ~exception() override;
+
+    const char *what() const noexcept override { return m_message.c_str(); }
+
+private:
+    std::string m_message;
+};
+
+} // namespace ajson

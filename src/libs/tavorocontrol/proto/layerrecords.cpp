@@ -1,0 +1,36 @@
+// Readers and writers of the records of the layer domain, in the order of the headers.
+
+#include <tavorocontrol/proto/layer.h>
+
+#include "recordcodec_p.h"
+
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerIdentity)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_CutFillBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerGeneralBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_SourceGeneral)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerSourceBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerMaskBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerTestColor)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_RGBA)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_ShadowGeneral)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerShadowBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_BorderSize)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerBorderBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_UMDColor)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerUMDBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerFullDetail)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerEnable)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerZorder)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerGeneral)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerSource)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerWindow)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerMask)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerColor)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerOpacity)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerImageQuality)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerShadow)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerBorder)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerSelected)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerUMD)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerRemoved)
+TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_CutFill)

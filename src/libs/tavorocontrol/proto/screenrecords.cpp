@@ -1,0 +1,35 @@
+// Readers and writers of the records of the screen domain, in the order of the headers.
+
+#include <tavorocontrol/proto/screen.h>
+
+#include "recordcodec_p.h"
+
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenGeneralBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Splice)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Feather)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_MosaicOutput)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_RefOutputPara)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Mosaic)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_PhysicalSizeBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_FTBBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_SwitchEffectBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_TBarBody)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenZeLK)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenFullDetail)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Enable)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_General)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_BackgroundColor)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Layout)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_PhysicalSize)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_PGMEdit)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Selected)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ImageQuality)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Freeze)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_FTB)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_TestPattern)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_SwitchEffect)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_TBar)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_HDR)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenZeLKFull)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenGenlockStatus)
+TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenGenlockBody)
