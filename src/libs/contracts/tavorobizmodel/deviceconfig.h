@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QList>
+#include <QtGlobal>
+
+#include <memory>
+
+namespace Tavoro::BizModel {
+
+/// How long one command may take.
+struct s_CommandTimeout {
+    quint16 BC = 0;
+    quint16 FC = 0;
+    quint32 timeout = 0; ///< Milliseconds.
+};
+
+/// Settings of a device that do not come from the device.
+struct s_DeviceConfig {
+    QList<std::shared_ptr<s_CommandTimeout>> timeouts; ///< The first entry with both codes wins.
+    quint32 defaultTimeout = 5000; ///< Milliseconds, for commands without an entry.
+};
+
+} // namespace Tavoro::BizModel

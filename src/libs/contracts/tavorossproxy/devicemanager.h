@@ -1,0 +1,66 @@
+#pragma once
+
+#include <tavorossproxy/export.h>
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <string>
+
+namespace Tavoro::SSProxy {
+
+class DeviceChannel;
+class DeviceManagerPrivate;
+class IDeviceCommand;
+
+/// Owns the channels to devices, one manager per process.
+///
+/// A channel's identity is its \c deviceBaseInfo(): \c ip as text, \c mac and \c sn as upper-case
+/// hexadecimal digits, two per byte, first byte first. All members may be called from any thread.
+class TAVOROSSPROXY_EXPORT DeviceManager : public QObject {
+    Q_OBJECT
+
+public:
+    /// The manager; made on the first call, never null.
+    static DeviceManager *instance();
+
+    /// The channel of the device with this identity, null when there is none. Cheap: it is called
+    /// for every request.
+    std::shared_ptr<DeviceChannel> findTavoroDeviceChannel(const std::string &ip,
+                                                           const std::string &mac,
+                                                           const std::string &sn) const;
+    /// The same search over all channels.
+    std::shared_ptr<DeviceChannel> findDeviceChannel(const std::string &ip, const std::string &mac,
+                                                     const std::string &sn) const;
+    QList<std::weak_ptr<DeviceChannel>> tavoroDeviceChannels() const;
+
+    /// Takes a channel into the manager. A channel that is in already stays where it is; null is
+    /// ignored.
+    void addDeviceChannel(std::shared_ptr<DeviceChannel> channel);
+    /// Forgets a channel. It is not stopped: that is the caller's to do first.
+    void removeDeviceChannel(std::shared_ptr<DeviceChannel> channel);
+
+    /// Looks at the network again: channels that lost their device try to reconnect now instead of
+    /// at their next turn.
+    void refreshDeviceChannel();
+
+    /// Asks a device for control, on behalf of the caller. \a ip, \a mac and \a sn name the device.
+    /// On failure \a error tells why, in words.
+    bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
+                                  QString &error);
+
+Q_SIGNALS:
+    /// A device sent a command unasked. Emitted on the thread that received it.
+    void parseDeviceAutoReportFinished(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
+                                       std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
+
+private:
+    DeviceManager();
+    ~DeviceManager() override;
+
+    const std::unique_ptr<DeviceManagerPrivate> d;
+};
+
+} // namespace Tavoro::SSProxy

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstddef>
+
+namespace Tavoro::SSProxy {
+
+/// What an exchange is: the value of \c PacketHead::type.
+enum class CommandType : quint8 {
+    Read = 1, ///< JSON in the response body.
+    Write = 2, ///< JSON in the request body.
+    BinaryRead = 3, ///< Raw bytes in the response body.
+    BinaryWrite = 4, ///< Raw bytes in the request body.
+};
+
+#pragma pack(push, 1)
+/// The head in front of every body, as it stands on the wire: packed, multi-byte fields
+/// little-endian.
+///
+/// The named members are what the control library reads and writes; the opaque ones belong to the
+/// channel. Bytes 18 to 35 of a request are copied unchanged into the requests for the further
+/// packets of a split exchange.
+struct PacketHead {
+    quint8 opaque0[3];
+    quint8 lables; ///< Tag of the exchange. "lables": the protocol spells it so.
+    quint8 opaque4[14];
+    quint8 opaque18[2];
+    quint8 type; ///< A \c CommandType.
+    quint32 totalCount; ///< Number of packets of a split exchange.
+    quint32 sendCount; ///< Index of this packet in a split exchange, from 0.
+    quint8 FC; ///< Function code: the low byte of the command code.
+    quint8 BC; ///< Base code: the high byte of the command code.
+    quint8 arg2[4]; ///< Filters of a detail read; the selector of a remove-all.
+    quint8 opaque35;
+};
+#pragma pack(pop)
+
+static_assert(offsetof(PacketHead, lables) == 3);
+static_assert(offsetof(PacketHead, opaque4) == 4);
+static_assert(offsetof(PacketHead, opaque18) == 18);
+static_assert(offsetof(PacketHead, type) == 20);
+static_assert(offsetof(PacketHead, totalCount) == 21);
+static_assert(offsetof(PacketHead, sendCount) == 25);
+static_assert(offsetof(PacketHead, FC) == 29);
+static_assert(offsetof(PacketHead, BC) == 30);
+static_assert(offsetof(PacketHead, arg2) == 31);
+static_assert(offsetof(PacketHead, opaque35) == 35);
+static_assert(sizeof(PacketHead) >= 36);
+static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN,
+              "the head is used in place, so the host must have the wire's byte order");
+
+} // namespace Tavoro::SSProxy
