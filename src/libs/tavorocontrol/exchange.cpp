@@ -1,0 +1,228 @@
+#include "exchange_p.h"
+
+#include "logging_p.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/commandcodes.h>
+
+namespace Tavoro::Control::Internal {
+
+namespace {
+
+using BizModel::DeviceList;
+using SSProxy::CommandType;
+
+constexpr int statusBarMilliseconds = 5000;
+constexpr char tavoroCmd[] = "TavoroCmd"; ///< Marks every line about a command.
+
+struct VerbRow {
+    const char *failed; ///< Shown, %1 label, %2 reason.
+    const char *succeeded; ///< Shown, %1 label.
+    const char *request; ///< Logged, %1 label.
+    const char *rawRequest; ///< Logged for requests without a JSON body, %1 label.
+};
+
+// clang-format off
+constexpr VerbRow getRow = {
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Get %1 failed: %2 ."),
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Get %1 successfully."),
+    "Get %1.",
+    "Get %1.arg2 values:",
+};
+constexpr VerbRow setRow = {
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Set %1 failed: %2 ."),
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Set %1 successfully."),
+    "Set %1.",
+    "Set %1.",
+};
+
+constexpr char invalidRequest[]  = QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Invalid request command");
+constexpr char invalidDevice[]   = QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "invalid device model data");
+constexpr char deviceOffline[]   = QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "The device is offline");
+constexpr char invalidResponse[] = QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "invalid response command model data");
+constexpr char dataUpdated[]     = QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Device data has been updated, please synchronize now.");
+// clang-format on
+
+const VerbRow &rowOf(Verb verb)
+{
+    return verb == Verb::Get ? getRow : setRow;
+}
+
+QString reasonOf(Failure failure, quint16 status)
+{
+    switch (failure) {
+    case Failure::NoDevice:
+        return ControlHelper::tr(invalidDevice);
+    case Failure::Offline:
+        return ControlHelper::tr(deviceOffline);
+    case Failure::NullResponse:
+        return ControlHelper::tr(invalidResponse);
+    case Failure::Status:
+        return ControlHelper::errorText(status);
+    case Failure::None:
+        break;
+    }
+    Q_ASSERT_X(false, "Exchange", "a success has no reason");
+    return {};
+}
+
+void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
+{
+    Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(type, text, statusBarMilliseconds);
+}
+
+/// Device of a log line; streams nothing while the device is not known.
+struct Who {
+    const BizModel::Device *device;
+};
+
+QDebug operator<<(QDebug line, Who who)
+{
+    return who.device ? line << who.device->name() << who.device->ipMacSn() : line;
+}
+
+QDebug operator<<(QDebug line, PacketCount count)
+{
+    if (count.total == 0)
+        return line;
+    return line
+        << QStringLiteral(",send count/total count:%1/%2").arg(count.packet).arg(count.total);
+}
+
+} // namespace
+
+bool refuseMissingRequest(QString &error)
+{
+    error = ControlHelper::tr(invalidRequest);
+    qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd :"), error);
+    return false;
+}
+
+Exchange::Exchange(Verb verb, const SSProxy::DeviceRequestCommand &request)
+    : m_verb(verb),
+      m_request(request),
+      m_label(ControlHelper::commandLabel(request.head().BC, request.head().FC))
+{ }
+
+QString Exchange::labelled(const char *words) const
+{
+    return QString::fromLatin1(words).arg(m_label);
+}
+
+QString Exchange::codes() const
+{
+    const SSProxy::PacketHead &head = m_request.head();
+    return QStringLiteral("BC(%1), FC(%2).").arg(head.BC, 0, 16).arg(head.FC, 0, 16);
+}
+
+QString Exchange::lables() const
+{
+    return QStringLiteral(" lables: %1").arg(m_request.head().lables);
+}
+
+QString Exchange::failureSentence(const QString &reason) const
+{
+    return ControlHelper::tr(rowOf(m_verb).failed).arg(m_label, reason);
+}
+
+QString Exchange::successSentence() const
+{
+    return ControlHelper::tr(rowOf(m_verb).succeeded).arg(m_label);
+}
+
+void Exchange::logRequest() const
+{
+    if (!controlLog().isInfoEnabled())
+        return;
+    const SSProxy::PacketHead &head = m_request.head();
+    const VerbRow &row = rowOf(m_verb);
+    if (head.type == static_cast<quint8>(CommandType::Write)) {
+        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.request)
+                           << lables() << QString::fromStdString(m_request.body());
+    } else if (m_verb == Verb::Get) {
+        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
+                           << int(head.arg2[3]) << int(head.arg2[2]) << int(head.arg2[1])
+                           << int(head.arg2[0]) << lables();
+    } else {
+        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
+                           << lables();
+    }
+}
+
+void Exchange::logMissingChannel() const
+{
+    qCDebug(controlLog) << "find Tavoro Device Channel false. ip address is :"
+                        << m_device->IPAddress();
+}
+
+void Exchange::logFailure(const QString &text, PacketCount count) const
+{
+    qCWarning(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables() << count;
+}
+
+bool Exchange::fail(Failure failure, quint16 status, QString &error, PacketCount count) const
+{
+    error = failureSentence(reasonOf(failure, status));
+    logFailure(error, count);
+    showOnStatusBar(BizModel::Enum::StatusBarFailure, error);
+    return false;
+}
+
+void Exchange::reportWriteFailure(const QString &reason, quint16 status) const
+{
+    showOnStatusBar(BizModel::Enum::StatusBarFailure, failureSentence(reason));
+    if (status == SSProxy::statusDataUpdated)
+        Q_EMIT DeviceList::instance()->signalShowFramelessMessageBoxMsg(
+            BizModel::Enum::MessageBoxWarning, ControlHelper::tr(dataUpdated));
+}
+
+bool Exchange::failWrite(quint16 status, QString &error) const
+{
+    const QString reason = ControlHelper::errorText(status);
+    reportWriteFailure(reason, status);
+    error = failureSentence(reason);
+    logFailure(error, {});
+    return false;
+}
+
+// Kept: the user sees the whole sentence on the status bar, the caller of a split write gets the
+// reason alone.
+bool Exchange::failSplitWrite(quint16 status, QString &error, PacketCount count) const
+{
+    const QString reason = ControlHelper::errorText(status);
+    reportWriteFailure(reason, status);
+    error = reason;
+    logFailure(error, count);
+    return false;
+}
+
+// Kept: ", content:" is announced for an answer of one packet only, although the content follows in
+// both cases.
+bool Exchange::succeedRead(quint8 responseType, const std::string &content, bool onePacket) const
+{
+    const QString text = successSentence();
+    if (controlLog().isInfoEnabled()) {
+        if (responseType == static_cast<quint8>(CommandType::Read)) {
+            const QString tag = onePacket ? lables() + QStringLiteral(", content:") : lables();
+            qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << tag
+                               << QString::fromStdString(content);
+        } else {
+            qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables();
+        }
+    }
+    showOnStatusBar(BizModel::Enum::StatusBarSuccess, text);
+    return true;
+}
+
+bool Exchange::succeedWrite(bool show) const
+{
+    const QString text = successSentence();
+    qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables();
+    if (show)
+        showOnStatusBar(BizModel::Enum::StatusBarSuccess, text);
+    return true;
+}
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,148 @@
+#include <tavorocontrol/file.h>
+
+#include "operation_p.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/file.h>
+#include <tavorocontrol/controlhelper.h>
+
+namespace Tavoro::Control {
+
+namespace {
+
+using namespace Internal;
+using namespace ProtoModel::File;
+using SSProxy::Command;
+using SSProxy::CommandType;
+
+template <class Record>
+using List = std::vector<Record>;
+
+// A command head names a file by its type and then its id, one byte each, behind the command code.
+// In JSON the id comes first.
+constexpr int typePosition = 31;
+constexpr int idPosition = 32;
+
+std::shared_ptr<SSProxy::DeviceRequestCommand> fileRequest(CommandType type, Command command,
+                                                           int fileType, int fileId)
+{
+    return makeRequest(type, command, {{typePosition, fileType}, {idPosition, fileId}});
+}
+
+} // namespace
+
+File::File(std::weak_ptr<BizModel::Device> device, QObject *parent)
+    : QObject(parent), m_device(std::move(device)), m_helper(std::make_shared<ControlHelper>())
+{ }
+
+File::~File() = default;
+
+Link File::link() const
+{
+    return {m_device, *m_helper};
+}
+
+// clang-format off
+// Every row: encode the list, send it as a write, report success on the status bar.
+bool File::writeDeleteFiles      (const List<s_DeleteFile> &l,       QString &error) { return write(link(), Command::FileDelete,        l, error); }
+bool File::writeFilesInfo        (const List<s_ModifyFileInfo> &l,   QString &error) { return write(link(), Command::FileGeneral,       l, error); }
+bool File::importFile            (const List<s_FileInfo> &l,         QString &error) { return write(link(), Command::FileImport,        l, error); }
+bool File::writeCreateImageFile  (const List<s_CreateImageFile> &l,  QString &error) { return write(link(), Command::FileCreateImage,   l, error); }
+bool File::writeCreatePresetFile (const List<s_CreatePresetFile> &l, QString &error) { return write(link(), Command::FileCreatePreset,  l, error); }
+bool File::writeCreateProjectFile(const List<s_CreateProjFile> &l,   QString &error) { return write(link(), Command::FileCreateProject, l, error); }
+bool File::writeCreateLogFile    (const List<s_CreateLogFile> &l,    QString &error) { return write(link(), Command::FileCreateLog,     l, error); }
+bool File::edidCreateFileBinary  (const List<s_CreateFileInfo> &l,   QString &error) { return write(link(), Command::FileCreateEdid,    l, error); }
+// clang-format on
+
+bool File::writeApplyProjectFile(const List<ProtoModel::ProjectFile::s_ProjectFileApply> &files,
+                                 QString &error)
+{
+    const auto held = m_device.lock(); // the device stays for the length of the command
+    return write(link(), Command::ProjectApply, files, error);
+}
+
+// Kept: encodes, drops the text, sends nothing and fails without a word.
+bool File::writeFile(const List<s_FileInfo> &files, QString &)
+{
+    std::string body;
+    ajson::encodeRecord(files, body);
+    return false;
+}
+
+bool File::importFileBinary(const ProtoModel::s_FileIdentity &file, const std::string &content,
+                            QString &error)
+{
+    const auto request =
+        fileRequest(CommandType::BinaryWrite, Command::FileImport, file.fileType, file.fileId);
+    request->body() = content;
+    return m_helper->sendSyncRequest(m_device, request, error, true);
+}
+
+bool File::writeFileBinary(const std::string &content, BizModel::Enum::File::FileType fileType,
+                           int fileId, unsigned totalCount, unsigned packetIndex, QString &error,
+                           bool showMessage)
+{
+    const auto request =
+        fileRequest(CommandType::BinaryWrite, Command::FileImport, fileType, fileId);
+    request->head().totalCount = totalCount;
+    request->head().sendCount = packetIndex;
+    request->body() = content;
+    return m_helper->sendSyncRequest(m_device, request, error, showMessage);
+}
+
+bool File::readDetails(int fileType, int fileId, List<s_FileDetail> &files, QString &error)
+{
+    return readRecord(link(), Command::FileDetail, files, error,
+                      {{typePosition, fileType}, {idPosition, fileId}});
+}
+
+bool File::readBinary(s_FileDetail &file, QString &error)
+{
+    return readBinary(file.fileType, file.fileId, file.binary, error);
+}
+
+bool File::readBinary(int fileType, int fileId, std::string &content, QString &error)
+{
+    const auto request =
+        fileRequest(CommandType::BinaryRead, Command::FileExport, fileType, fileId);
+    return m_helper->sendSyncRequest(m_device, request, content, error);
+}
+
+bool File::readBinary(int fileType, int fileId,
+                      std::function<void(bool, double, const std::string &, QString &)> callback)
+{
+    const auto held = m_device.lock(); // the device stays for the length of the transfer
+    const auto request =
+        fileRequest(CommandType::BinaryRead, Command::FileExport, fileType, fileId);
+    return m_helper->sendSyncRequest(m_device, request, std::move(callback));
+}
+
+void File::setCancelledState(bool cancelled)
+{
+    m_helper->setCancelledState(cancelled);
+}
+
+bool File::updateTransferProgress(const std::string &body, List<s_FileTransPercent> &percents,
+                                  QString &error)
+{
+    List<s_FileTransPercent> report;
+    if (!decode(body, report, error))
+        return false;
+    // Kept: announced before the device is looked at, so also for a device that is gone.
+    Q_EMIT BizModel::DeviceList::instance()->signalFilesTransferProgressChanged(m_device, report);
+    percents = report;
+    const auto device = m_device.lock();
+    if (!device) {
+        error = QStringLiteral("Device is null.");
+        return false;
+    }
+    for (const s_FileTransPercent &percent : report) {
+        const auto type = static_cast<BizModel::Enum::File::FileType>(percent.fileType);
+        if (const auto file = device->findFile(type, percent.fileId).lock())
+            file->setTransferProgress(percent);
+    }
+    return true;
+}
+
+} // namespace Tavoro::Control

@@ -1,0 +1,7 @@
+#include "logging_p.h"
+
+namespace Tavoro::Control::Internal {
+
+Q_LOGGING_CATEGORY(controlLog, "tavoro.control")
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,55 @@
+#include "operation_p.h"
+
+#include <tavorocontrol/controlhelper.h>
+
+#include <cstddef>
+
+namespace Tavoro::Control::Internal {
+
+namespace {
+
+constexpr quint8 lowByte(int value)
+{
+    return static_cast<quint8>(value & 0xFF);
+}
+
+void askForTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
+{
+    if (timeout.milliseconds > 0)
+        request.setTimeout(timeout.milliseconds);
+}
+
+} // namespace
+
+std::shared_ptr<SSProxy::DeviceRequestCommand>
+makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters)
+{
+    constexpr int firstPosition = offsetof(SSProxy::PacketHead, arg2);
+    auto request = std::make_shared<SSProxy::DeviceRequestCommand>();
+    SSProxy::PacketHead &head = request->head();
+    head.type = static_cast<quint8>(type);
+    head.BC = SSProxy::baseCode(command);
+    head.FC = SSProxy::functionCode(command);
+    for (const Filter filter : filters)
+        head.arg2[filter.position - firstPosition] = lowByte(filter.value);
+    return request;
+}
+
+bool writeBody(Link link, SSProxy::Command command, std::string body, QString &error,
+               Timeout timeout)
+{
+    const auto request = makeRequest(SSProxy::CommandType::Write, command);
+    askForTimeout(*request, timeout);
+    request->body() = std::move(body);
+    return link.helper.sendSyncRequest(link.device, request, error, true);
+}
+
+bool read(Link link, SSProxy::Command command, Filters filters, std::string &answer, QString &error,
+          Timeout timeout)
+{
+    const auto request = makeRequest(SSProxy::CommandType::Read, command, filters);
+    askForTimeout(*request, timeout);
+    return link.helper.sendSyncRequest(link.device, request, answer, error);
+}
+
+} // namespace Tavoro::Control::Internal

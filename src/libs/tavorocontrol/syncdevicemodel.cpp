@@ -1,0 +1,182 @@
+// Pouring what was read of a device into the model.
+
+#include "logging_p.h"
+#include "syncdevicetask_p.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/mvrscreen.h>
+#include <tavorobizmodel/savedevicedatathread.h>
+#include <tavorobizmodel/screen.h>
+#include <tavorossproxy/devicechannel.h>
+#include <tavorossproxy/devicemanager.h>
+
+#include <QMap>
+#include <QSize>
+
+#include <algorithm>
+
+namespace Tavoro::Control::Internal {
+
+namespace {
+
+using BizModel::DeviceList;
+using BizModel::MVRScreen;
+
+constexpr int ordinaryScreens = 6;
+constexpr int multiviewerScreens = 8;
+constexpr qint32 removedFileType = 15; ///< Listed by the device, but not there any more.
+constexpr int statusBarMilliseconds = 5000;
+
+using MultiviewerLayouts = QMap<int, QSize>;
+
+MultiviewerLayouts layoutsOf(const BizModel::Device &device)
+{
+    MultiviewerLayouts layouts;
+    const auto screens = device.screens(multiviewerScreens);
+    for (const auto &screen : screens) {
+        if (const auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen.lock()))
+            layouts.insert(multiviewer->screenId(), multiviewer->rowColSpan());
+    }
+    return layouts;
+}
+
+void restoreLayouts(const QList<std::weak_ptr<BizModel::Screen>> &screens,
+                    const MultiviewerLayouts &layouts)
+{
+    for (const auto &screen : screens) {
+        const auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen.lock());
+        if (multiviewer && layouts.contains(multiviewer->screenId()))
+            multiviewer->setRowColSpan(layouts.value(multiviewer->screenId()));
+    }
+}
+
+void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &layouts)
+{
+    const auto ordinary = device.screens(ordinaryScreens);
+    if (device.activedScreen().expired() && !ordinary.isEmpty())
+        device.setActivedScreen(ordinary.first());
+    const auto multiviewers = device.screens(multiviewerScreens);
+    restoreLayouts(multiviewers, layouts);
+    if (device.activedMVRScreen().expired() && !multiviewers.isEmpty())
+        device.setActivedScreen(multiviewers.first());
+}
+
+template <class Detail>
+bool feed(BizModel::Device &device, const Detail &detail, QString &error, const char *failed)
+{
+    if (device.initModelData(detail, error))
+        return true;
+    qCWarning(controlLog) << failed << error;
+    return false;
+}
+
+} // namespace
+
+SavePause::SavePause(const BizModel::Device &device)
+    : m_thread(DeviceList::instance()->saveDeviceDataThread())
+{
+    if (m_thread) {
+        m_thread->setTemporaryStop(true);
+        m_thread->waitForSavingDataFinished();
+    }
+    m_ip = device.IPAddress();
+    m_mac = device.MAC();
+    m_sn = device.sn();
+}
+
+SavePause::~SavePause()
+{
+    if (!m_thread)
+        return;
+    m_thread->setTemporaryStop(false);
+    m_thread->saveDevicesInfor(DeviceList::instance()->findDevice(m_ip, m_mac, m_sn));
+}
+
+SyncDeviceTaskPrivate::SyncDeviceTaskPrivate(SyncDeviceTask *task)
+    : deviceDetail(std::make_unique<ProtoModel::Device::s_DeviceDetail>()),
+      interfaceDetail(std::make_unique<std::vector<ProtoModel::Interface::s_InterfaceDetail>>()),
+      screenDetail(std::make_unique<std::vector<ProtoModel::Screen::s_ScreenFullDetail>>()),
+      layerDetail(std::make_unique<std::vector<ProtoModel::Layer::s_LayerFullDetail>>()),
+      fileDetail(std::make_unique<std::vector<ProtoModel::File::s_FileDetail>>()),
+      q(task)
+{ }
+
+SyncDeviceTaskPrivate::~SyncDeviceTaskPrivate() = default;
+
+void SyncDeviceTaskPrivate::clearKnownDevice() const
+{
+    const auto known =
+        DeviceList::instance()->findDevice(device->IPAddress(), device->MAC(), device->sn()).lock();
+    if (known)
+        known->clearAll(true);
+}
+
+void SyncDeviceTaskPrivate::dropRemovedFiles()
+{
+    fileDetail->erase(
+        std::remove_if(fileDetail->begin(), fileDetail->end(),
+                       [](const auto &file) { return file.fileType == removedFileType; }),
+        fileDetail->end());
+}
+
+bool SyncDeviceTaskPrivate::initDeviceModelData()
+{
+    qCInfo(controlLog) << "Sync device init model begin.";
+    const QString ip = q->deviceIp();
+    if (ip.isEmpty()) {
+        qCWarning(controlLog) << "Sync device model failed,Device ip invalid.";
+        return false;
+    }
+    const auto known = DeviceList::instance()->findDevice(ip, q->deviceMAC(), q->deviceSN()).lock();
+    const auto modelDevice = known ? known : device;
+    const MultiviewerLayouts layouts = known ? layoutsOf(*known) : MultiviewerLayouts();
+
+    const auto channel = SSProxy::DeviceManager::instance()->findDeviceChannel(
+        ip.toStdString(), q->deviceMAC().toStdString(), q->deviceSN().toStdString());
+    modelDevice->blockSignals(true); // observers see the finished device, not its parts
+    takeIdentity(*modelDevice, channel.get());
+    modelDevice->setSyncDataSuccess(q->isSyncSucess());
+    const bool layersFed = feedModel(*modelDevice, ip);
+    chooseActiveScreens(*modelDevice, layouts);
+    modelDevice->blockSignals(false);
+
+    if (!known)
+        DeviceList::instance()->append(modelDevice);
+    qCInfo(controlLog) << "Sync device init model end.";
+    return layersFed;
+}
+
+void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
+                                         const SSProxy::DeviceChannel *channel)
+{
+    if (!channel) {
+        qCWarning(controlLog) << "Sync device model failed, device offline";
+        modelDevice.setDeviceOnlineFlag(false);
+        Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(BizModel::Enum::StatusBarFailure,
+                                                              SyncDeviceTask::tr("Device offline"),
+                                                              statusBarMilliseconds);
+        return;
+    }
+    const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
+    modelDevice.setName(QString::fromStdString(info.name));
+    modelDevice.setModelId(info.modelId);
+    modelDevice.setDeviceOnlineFlag(true);
+    modelDevice.updateDeviceBaseInfo(info);
+    if (deviceDetail->general.name == "N/A" && !info.name.empty())
+        deviceDetail->general.name = info.name;
+}
+
+/// A failed step does not stop the next one.
+bool SyncDeviceTaskPrivate::feedModel(BizModel::Device &modelDevice, const QString &ip)
+{
+    feed(modelDevice, *deviceDetail, errorMsg, "Create device model failed,");
+    if (modelDevice.IPAddress().isEmpty())
+        modelDevice.setIPAddress(ip);
+    feed(modelDevice, *interfaceDetail, errorMsg, "Create interface model failed,");
+    feed(modelDevice, *fileDetail, errorMsg, "Create file model failed,");
+    feed(modelDevice, *screenDetail, errorMsg, "Create screen model failed,");
+    return feed(modelDevice, *layerDetail, errorMsg, "Create layer model failed,");
+}
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <tavorocontrol/syncdevicetask.h>
+
+#include <atomic>
+
+namespace Tavoro::BizModel {
+class SaveDeviceDataThread;
+}
+
+namespace Tavoro::SSProxy {
+class DeviceChannel;
+}
+
+namespace Tavoro::Control::Internal {
+
+/// Keeps the model's saver quiet while a device is read, and has the device saved afterwards,
+/// however the reading ends.
+class SavePause {
+public:
+    explicit SavePause(const BizModel::Device &device);
+    ~SavePause();
+    SavePause(const SavePause &) = delete;
+    SavePause &operator=(const SavePause &) = delete;
+
+private:
+    BizModel::SaveDeviceDataThread *const m_thread;
+    QString m_ip;
+    QString m_mac;
+    QString m_sn;
+};
+
+/// State of the task. Handed over between its owner's thread and its own by the start and the end
+/// of a run; only \c runningStatus is shared.
+class SyncDeviceTaskPrivate {
+public:
+    explicit SyncDeviceTaskPrivate(SyncDeviceTask *task);
+    ~SyncDeviceTaskPrivate();
+
+    /// Empties the device that the model already has under the identity of the one being read.
+    void clearKnownDevice() const;
+    void dropRemovedFiles();
+
+    /// Pours what was read into the model; the result is that of the layers.
+    bool initDeviceModelData();
+
+    std::shared_ptr<BizModel::Device> device; ///< Empty between runs.
+    QString errorMsg = QStringLiteral("");
+    std::unique_ptr<ProtoModel::Device::s_DeviceDetail> deviceDetail;
+    std::unique_ptr<std::vector<ProtoModel::Interface::s_InterfaceDetail>> interfaceDetail;
+    std::unique_ptr<std::vector<ProtoModel::Screen::s_ScreenFullDetail>> screenDetail;
+    std::unique_ptr<std::vector<ProtoModel::Layer::s_LayerFullDetail>> layerDetail;
+    std::unique_ptr<std::vector<ProtoModel::File::s_FileDetail>> fileDetail;
+    bool syncSuccess = false;
+    std::atomic<bool> runningStatus{false};
+
+private:
+    void takeIdentity(BizModel::Device &modelDevice, const SSProxy::DeviceChannel *channel);
+    bool feedModel(BizModel::Device &modelDevice, const QString &ip);
+
+    SyncDeviceTask *const q;
+};
+
+} // namespace Tavoro::Control::Internal
