@@ -1,0 +1,241 @@
+#include "channelcore_p.h"
+
+#include "logging_p.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+std::shared_ptr<DeviceResponseCommand> refused(const DeviceRequestCommand &request, quint16 status)
+{
+    auto response = std::make_shared<DeviceResponseCommand>();
+    response->head() = request.head();
+    response->status = status;
+    return response;
+}
+
+} // namespace
+
+ChannelCore::ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,
+                         const ChannelOptions &options)
+    : m_peerName(peerName),
+      m_loop(std::move(loop)),
+      m_options(options),
+      m_exchanges(m_loop->clock()),
+      m_reason(tr("no connection yet"))
+{ }
+
+ChannelCore::~ChannelCore() = default;
+
+void ChannelCore::start(std::unique_ptr<ByteStream> stream, ReportHandler handler)
+{
+    m_handler = std::move(handler);
+    m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
+    linkConnecting(); // so that a request that comes at once hears the same as a later one
+    const bool isPosted = m_loop->post([core = shared_from_this()] {
+        core->m_loop->attach(core);
+        if (core->m_link)
+            core->m_link->start();
+    });
+    if (!isPosted)
+        shutForGood(ThreadNotRunning);
+}
+
+void ChannelCore::stop()
+{
+    shutForGood(Disconnected);
+    m_loop->post([core = shared_from_this()] {
+        core->endLink();
+        core->m_loop->detach(core.get());
+    });
+}
+
+void ChannelCore::reconnectNow()
+{
+    m_loop->post([core = shared_from_this()] {
+        if (core->m_link)
+            core->m_link->refresh();
+    });
+}
+
+bool ChannelCore::waitUntilReady(ChannelOptions::Milliseconds timeout, QString &error)
+{
+    const auto deadline = m_loop->clock().now() + timeout;
+    const bool canWait = !m_loop->isCurrentThread();
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (canWait && m_state == State::Waiting && m_loop->clock().now() < deadline)
+        m_loop->clock().waitUntil(m_stateChanged, lock, deadline);
+    if (m_state == State::Ready)
+        return true;
+    error = tr("The device at %1 cannot be reached: %2.").arg(m_peerName, m_reason);
+    return false;
+}
+
+ProtoModel::DeviceBaseInfo ChannelCore::info() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_info;
+}
+
+ChannelStatistics ChannelCore::statistics() const
+{
+    const auto counts = m_exchanges.counts();
+    return {m_connections,       counts.requests, counts.timeouts, counts.lateAnswers,
+            counts.strayAnswers, m_reports,       m_protocolErrors};
+}
+
+std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestCommand &request)
+{
+    const auto deadline = m_loop->clock().now() + ChannelOptions::Milliseconds(request.timeout());
+    if (m_loop->isCurrentThread())
+        return refused(request, CalledOnChannelThread);
+    const auto ticket = m_exchanges.begin(request);
+    if (ticket.refusal != 0)
+        return refused(request, ticket.refusal);
+
+    request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
+    m_exchanges.submit(ticket.head.lables, Wire::encodeFrame(ticket.head, request.body()));
+    postSending();
+    auto response = m_exchanges.await(ticket.head, deadline);
+
+    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers) {
+        m_loop->post([core = shared_from_this()] {
+            if (core->m_link && core->m_exchanges.owedAnswers() >= core->m_options.maxOwedAnswers)
+                core->m_link->drop(Disconnected, tr("it owes too many answers"));
+        });
+    }
+    return response;
+}
+
+void ChannelCore::linkConnecting()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_state != State::Stopped)
+        m_exchanges.shut(Connecting, Disconnected);
+}
+
+void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
+{
+    const QString name = QString::fromStdString(info.name);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        m_exchanges.open(info.maxPacketSize);
+        m_info = std::move(info);
+        m_state = State::Ready;
+    }
+    m_stateChanged.notify_all();
+    ++m_connections;
+    qCInfo(channelLog) << "Connected to" << m_peerName << name;
+}
+
+void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenOff)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        // A device that could not be used says why; one that was lost is just not there.
+        m_exchanges.shut(m_state == State::Ready ? quint16(Disconnected) : status, status,
+                         brokenOff);
+        m_state = State::Waiting;
+        m_reason = reason;
+    }
+    qCWarning(channelLog) << "No connection to" << m_peerName << reason;
+}
+
+void ChannelCore::linkWritable()
+{
+    sendUnsent();
+}
+
+void ChannelCore::linkReceived(Wire::FrameEvent &&event)
+{
+    if (event.status != 0) {
+        ++m_protocolErrors;
+        qCWarning(channelLog) << "Frame refused from" << m_peerName << "status" << event.status;
+        if (event.fatal)
+            return;
+    }
+    // What comes with a kind that a device does not send was probably meant as an answer.
+    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType)
+        m_exchanges.settle(std::move(event), m_options.maxPacketCount);
+    else if (event.status == 0)
+        takeReport(std::move(event));
+}
+
+void ChannelCore::linkReceiving(const Wire::WireHead &head)
+{
+    if (head.kind == quint8(Wire::FrameKind::Response))
+        m_exchanges.noteBegun(head);
+}
+
+void ChannelCore::linkWantsTick(Clock::TimePoint time)
+{
+    m_loop->postAt(time, [weak = weak_from_this(), time] {
+        const auto core = weak.lock();
+        if (core && core->m_link)
+            core->m_link->tick(time);
+    });
+}
+
+void ChannelCore::loopEnding()
+{
+    shutForGood(ThreadNotRunning);
+    endLink();
+}
+
+void ChannelCore::postSending()
+{
+    if (m_isSendingPosted.exchange(true))
+        return;
+    m_loop->post([core = shared_from_this()] {
+        core->m_isSendingPosted = false;
+        core->sendUnsent();
+    });
+}
+
+void ChannelCore::sendUnsent()
+{
+    while (m_link && m_link->canSend()) {
+        const auto frame = m_exchanges.takeUnsent();
+        if (!frame)
+            return;
+        m_link->send(*frame);
+    }
+}
+
+void ChannelCore::takeReport(Wire::FrameEvent &&report)
+{
+    auto command = std::make_shared<DeviceResponseCommand>();
+    command->head() = Wire::packetHead(report.head);
+    command->body() = std::move(report.body);
+    ++m_reports;
+    if (m_handler)
+        m_handler(std::move(command));
+}
+
+void ChannelCore::shutForGood(quint16 refusal)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        m_state = State::Stopped;
+        m_reason = tr("the channel is stopped");
+        m_exchanges.shut(refusal, refusal);
+    }
+    m_stateChanged.notify_all();
+}
+
+void ChannelCore::endLink()
+{
+    if (m_link)
+        m_link->stop();
+    m_link.reset();
+}
+
+} // namespace Tavoro::SSProxy::Internal

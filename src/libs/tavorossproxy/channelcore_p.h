@@ -1,0 +1,91 @@
+#pragma once
+
+#include "channellink_p.h"
+#include "channelloop_p.h"
+#include "exchangetable_p.h"
+
+#include <tavorossproxy/networkchannel.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The part of a channel that outlives its owner for as long as the loop is busy with it.
+///
+/// | member                         | thread                                     |
+/// |--------------------------------|--------------------------------------------|
+/// | the public ones                | any                                        |
+/// | m_link, the link's events      | that of the loop                           |
+/// | m_exchanges                    | any, guards itself                         |
+/// | m_info, m_reason, m_state      | any, guarded by m_mutex                    |
+/// | the counters                   | written by the loop's thread, read by any  |
+class ChannelCore final : public std::enable_shared_from_this<ChannelCore>,
+                          public ChannelLoop::User,
+                          public ChannelLink::Events {
+    Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::ChannelCore)
+
+public:
+    /// Takes the reports, on the loop's thread.
+    using ReportHandler = std::function<void(std::shared_ptr<IDeviceCommand>)>;
+
+    /// \a peerName is what users call the other end.
+    ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,
+                const ChannelOptions &options);
+    ~ChannelCore();
+
+    void start(std::unique_ptr<ByteStream> stream, ReportHandler handler);
+    void stop();
+    void reconnectNow();
+    bool waitUntilReady(ChannelOptions::Milliseconds timeout, QString &error);
+    bool isReady() const { return m_exchanges.refusal() == 0; }
+    ProtoModel::DeviceBaseInfo info() const;
+    ChannelStatistics statistics() const;
+
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+
+private:
+    enum class State {
+        Waiting,
+        Ready,
+        Stopped
+    };
+
+    void linkConnecting() override;
+    void linkReady(ProtoModel::DeviceBaseInfo info) override;
+    void linkLost(quint16 status, const QString &reason, quint8 brokenOff) override;
+    void linkWritable() override;
+    void linkReceived(Wire::FrameEvent &&event) override;
+    void linkReceiving(const Wire::WireHead &head) override;
+    void linkWantsTick(Clock::TimePoint time) override;
+    void loopEnding() override;
+
+    void postSending();
+    void sendUnsent();
+    void takeReport(Wire::FrameEvent &&report);
+    void shutForGood(quint16 refusal);
+    void endLink();
+
+    const QString m_peerName;
+    const std::shared_ptr<ChannelLoop> m_loop;
+    const ChannelOptions m_options;
+    ReportHandler m_handler;
+    std::unique_ptr<ChannelLink> m_link;
+    ExchangeTable m_exchanges;
+    std::atomic<bool> m_isSendingPosted{false};
+
+    mutable std::mutex m_mutex; // never held while anything but m_exchanges is called
+    std::condition_variable m_stateChanged;
+    State m_state = State::Waiting; // guarded by m_mutex
+    QString m_reason; // guarded by m_mutex: why the channel is not ready
+    ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
+
+    std::atomic<quint64> m_connections{0};
+    std::atomic<quint64> m_reports{0};
+    std::atomic<quint64> m_protocolErrors{0};
+};
+
+} // namespace Tavoro::SSProxy::Internal

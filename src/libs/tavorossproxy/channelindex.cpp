@@ -1,0 +1,75 @@
+#include "channelindex_p.h"
+
+#include <tavorocontrol/proto/hexdigits.h>
+#include <tavorossproxy/devicechannel.h>
+
+#include <algorithm>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+bool hasIdentity(const DeviceChannel &channel, const std::string &ip, const std::string &mac,
+                 const std::string &sn)
+{
+    const auto info = channel.deviceBaseInfo();
+    return info.ip == ip && ProtoModel::hexDigits(info.sn) == sn
+        && ProtoModel::hexDigits(info.mac) == mac;
+}
+
+} // namespace
+
+void ChannelIndex::add(std::shared_ptr<DeviceChannel> channel)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (std::find(m_channels.begin(), m_channels.end(), channel) == m_channels.end())
+        m_channels.push_back(std::move(channel));
+}
+
+void ChannelIndex::remove(const std::shared_ptr<DeviceChannel> &channel)
+{
+    // What is forgotten may be the last reference: it goes when the lock has gone.
+    decltype(m_lastFound) forgotten;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_channels.erase(std::remove(m_channels.begin(), m_channels.end(), channel), m_channels.end());
+    forgotten.swap(m_lastFound);
+}
+
+ChannelIndex::Channels ChannelIndex::all() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_channels;
+}
+
+std::shared_ptr<DeviceChannel> ChannelIndex::find(const std::string &ip, const std::string &mac,
+                                                  const std::string &sn) const
+{
+    if (auto channel = guess(sn); channel && hasIdentity(*channel, ip, mac, sn))
+        return channel;
+    for (const auto &channel : all()) {
+        if (hasIdentity(*channel, ip, mac, sn)) {
+            remember(sn, channel);
+            return channel;
+        }
+    }
+    return nullptr;
+}
+
+std::shared_ptr<DeviceChannel> ChannelIndex::guess(const std::string &sn) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_lastFound.find(sn);
+    return found == m_lastFound.end() ? nullptr : found->second;
+}
+
+void ChannelIndex::remember(const std::string &sn,
+                            const std::shared_ptr<DeviceChannel> &channel) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool isStillIn =
+        std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
+    if (isStillIn)
+        m_lastFound[sn] = channel;
+}
+
+} // namespace Tavoro::SSProxy::Internal

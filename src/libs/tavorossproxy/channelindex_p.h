@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Tavoro::SSProxy {
+class DeviceChannel;
+}
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The channels of a manager, found by the identities that they tell. Any thread.
+///
+/// A channel may get its identity, or another one, at any time and does not say so. Hence the index
+/// is only a guess at where to look first; whoever is found there is asked again, and when it is
+/// somebody else all are asked. No channel is called under the lock.
+class ChannelIndex {
+public:
+    void add(std::shared_ptr<DeviceChannel> channel);
+    void remove(const std::shared_ptr<DeviceChannel> &channel);
+    std::vector<std::shared_ptr<DeviceChannel>> all() const;
+
+    std::shared_ptr<DeviceChannel> find(const std::string &ip, const std::string &mac,
+                                        const std::string &sn) const;
+
+private:
+    using Channels = std::vector<std::shared_ptr<DeviceChannel>>;
+
+    std::shared_ptr<DeviceChannel> guess(const std::string &sn) const;
+    void remember(const std::string &sn, const std::shared_ptr<DeviceChannel> &channel) const;
+
+    mutable std::mutex m_mutex;
+    Channels m_channels; // guarded by m_mutex
+    /// Who was last found by a serial number; guarded by m_mutex.
+    mutable std::unordered_map<std::string, std::shared_ptr<DeviceChannel>> m_lastFound;
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "bytestream_p.h"
+#include "clock_p.h"
+
+#include <tavorocontrol/proto/devicebaseinfo.h>
+#include <tavorossproxy/channeloptions.h>
+#include <tavorossproxy/wire/frameparser.h>
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <memory>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// Keeps one connection to one device: connects, reads the identity, pings, and connects anew after
+/// a loss. Lives on the thread of the channel's loop.
+///
+/// \code
+/// Idle --start--> Connecting --opened--> Identifying --identity--> Ready
+///                   ^   |                    |                       |
+///                   |   +-----failed---------+---------lost----------+--> Pausing
+///                   +-------------------- pause over, or refresh ------------+
+/// \endcode
+/// stop() leads to Stopped from everywhere, for good.
+class ChannelLink final : private ByteStream::Events {
+    Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::ChannelLink)
+
+public:
+    class Events {
+    public:
+        virtual void linkConnecting() = 0;
+        virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
+        /// The connection or the attempt has failed. \a brokenOff is the tag of the answer that was
+        /// arriving, or 0.
+        virtual void linkLost(quint16 status, const QString &reason, quint8 brokenOff) = 0;
+        virtual void linkWritable() = 0;
+        /// A frame that is not the link's own business has come, or one that is wrong.
+        virtual void linkReceived(Wire::FrameEvent &&event) = 0;
+        /// A response has come in part.
+        virtual void linkReceiving(const Wire::WireHead &head) = 0;
+        /// Asks for tick(time) when \a time has come.
+        virtual void linkWantsTick(Clock::TimePoint time) = 0;
+
+    protected:
+        ~Events() = default;
+    };
+
+    ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock, const ChannelOptions &options,
+                Events &events);
+
+    void start();
+    void stop();
+    void refresh();
+    void tick(Clock::TimePoint time);
+    /// Gives the connection up; a new one is made.
+    void drop(quint16 status, const QString &reason);
+
+    bool canSend() const;
+    void send(const QByteArray &frame) { m_stream->write(frame); }
+
+private:
+    enum class Phase {
+        Idle,
+        Connecting,
+        Identifying,
+        Ready,
+        Pausing,
+        Stopped
+    };
+
+    void streamOpened(const std::string &peerAddress) override;
+    void streamReceived(std::string_view bytes) override;
+    void streamDrained() override;
+    void streamClosed(const QString &reason) override;
+
+    void connect();
+    void enter(Phase phase, ChannelOptions::Milliseconds due);
+    void wantTick(Clock::TimePoint time);
+    void keepAlive();
+    void handle(Wire::FrameEvent &&event);
+    void refuse(Wire::FrameEvent &&event);
+    void takeIdentity(const std::string &body);
+
+    std::unique_ptr<ByteStream> m_stream;
+    Clock &m_clock;
+    const ChannelOptions m_options;
+    Events &m_events;
+    Wire::FrameParser m_parser;
+    Phase m_phase = Phase::Idle;
+    Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
+    Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
+    Clock::TimePoint m_lastHeard;
+    ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
+    std::string m_peerAddress;
+};
+
+} // namespace Tavoro::SSProxy::Internal

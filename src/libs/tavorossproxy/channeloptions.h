@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <chrono>
+
+namespace Tavoro::SSProxy {
+
+/// Port on which a device listens unless it is told otherwise.
+constexpr quint16 defaultTcpPort = 6630;
+
+/// The limits of a channel over a network. The defaults suit a device on a local network.
+struct ChannelOptions {
+    using Milliseconds = std::chrono::milliseconds;
+
+    /// How long one attempt to connect may take.
+    Milliseconds connectTimeout{5000};
+    /// How long the device may take to tell its identity after that.
+    Milliseconds identityTimeout{5000};
+    /// Pause before the first attempt after a loss or a failure; each further pause is twice as
+    /// long, up to the longest. A device that told its identity begins anew.
+    Milliseconds firstReconnectPause{250};
+    Milliseconds longestReconnectPause{10000};
+    /// The device is pinged when nothing came from it for so long ...
+    Milliseconds keepAliveInterval{5000};
+    /// ... and the connection is given up when nothing came for so long.
+    Milliseconds keepAliveTimeout{15000};
+
+    /// Longest body of a frame, in bytes. A longer one from the device ends the connection, and a
+    /// device that would take longer ones is sent packets of this size.
+    quint32 maxBodySize = 64u << 20;
+    /// Most packets that an answer may claim to have. One that claims more is refused.
+    quint32 maxPacketCount = 65536;
+    /// Bytes that may wait in the socket before further requests are held back, in full, in the
+    /// channel.
+    quint32 maxUnsentBytes = 4u << 20;
+    /// The tag of a request that timed out stays taken, lest its late answer reach another request.
+    /// When so many answers are owed, the connection is made anew, which frees their tags.
+    int maxOwedAnswers = 128;
+};
+
+} // namespace Tavoro::SSProxy

@@ -1,0 +1,227 @@
+#include "exchangetable_p.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <algorithm>
+#include <atomic>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+/// Streams from here on belong to calling threads, those below to single requests.
+constexpr quint16 firstThreadStream = 0x8000;
+
+quint16 streamOfThisThread()
+{
+    static std::atomic<unsigned> threads{0};
+    thread_local const unsigned number = threads++;
+    return static_cast<quint16>(firstThreadStream | (number & 0x7FFF));
+}
+
+bool isKnownType(quint8 type)
+{
+    return type >= quint8(CommandType::Read) && type <= quint8(CommandType::BinaryWrite);
+}
+
+/// What is wrong with an answer that reads well in itself.
+quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quint32 maxPacketCount)
+{
+    if (answer.code() != request.code())
+        return WrongAnswerCode;
+    if (answer.type != request.type)
+        return WrongType;
+    return answer.totalCount > maxPacketCount ? WrongLength : 0;
+}
+
+std::shared_ptr<DeviceResponseCommand> makeResponse(const Wire::WireHead &head, quint16 status)
+{
+    auto response = std::make_shared<DeviceResponseCommand>();
+    response->head() = Wire::packetHead(head);
+    response->status = status;
+    return response;
+}
+
+} // namespace
+
+void ExchangeTable::open(quint32 maxBody)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_refusal = 0;
+    m_maxBody = maxBody;
+}
+
+void ExchangeTable::shut(quint16 refusal, quint16 status, quint8 brokenOff)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_refusal = refusal;
+    m_unsent.clear();
+    m_owed = 0;
+    for (Slot &slot : m_slots) {
+        if (slot.state == State::Owed)
+            slot.state = State::Free;
+        else if (slot.state != State::Free && slot.state != State::Settled)
+            end(slot, slot.request.lables == brokenOff ? quint16(AnswerTooShort) : status);
+    }
+}
+
+quint16 ExchangeTable::refusal() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_refusal;
+}
+
+ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request)
+{
+    Ticket ticket;
+    ticket.head = Wire::wireHead(request.head());
+    ticket.head.kind = static_cast<quint8>(Wire::FrameKind::Request);
+
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_refusal != 0)
+        ticket.refusal = m_refusal;
+    else if (!isKnownType(ticket.head.type) || request.body().size() > m_maxBody)
+        ticket.refusal = InvalidRequest;
+    else if (ticket.head.lables = freeTag(); ticket.head.lables == 0)
+        ticket.refusal = NoFreeTag;
+    if (ticket.refusal != 0)
+        return ticket;
+
+    if (ticket.head.stream == 0)
+        ticket.head.stream = freshStream(ticket.head);
+    Slot &slot = m_slots[ticket.head.lables];
+    slot.state = State::Taken;
+    slot.begun = false;
+    slot.request = ticket.head;
+    ++m_counts.requests;
+    return ticket;
+}
+
+void ExchangeTable::submit(quint8 tag, QByteArray frame)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[tag];
+    if (slot.state != State::Taken)
+        return; // the connection was lost meanwhile
+    slot.state = State::Unsent;
+    slot.frame = std::move(frame);
+    m_unsent.push_back(tag);
+}
+
+std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
+                                                            Clock::TimePoint deadline)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[request.lables];
+    while (slot.state != State::Settled && m_clock.now() < deadline)
+        m_clock.waitUntil(slot.settled, lock, deadline);
+    if (slot.state != State::Settled)
+        return giveUp(request.lables);
+    slot.state = State::Free;
+    return std::move(slot.response);
+}
+
+std::optional<QByteArray> ExchangeTable::takeUnsent()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_unsent.empty())
+        return std::nullopt;
+    Slot &slot = m_slots[m_unsent.front()];
+    m_unsent.pop_front();
+    slot.state = State::Sent;
+    return std::move(slot.frame);
+}
+
+void ExchangeTable::noteBegun(const Wire::WireHead &head)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[head.lables];
+    if (slot.state == State::Sent && slot.request.stream == head.stream)
+        slot.begun = true;
+}
+
+void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[answer.head.lables];
+    const bool isWaiting = slot.state == State::Sent;
+    const bool isOwed = slot.state == State::Owed;
+    if ((!isWaiting && !isOwed) || slot.request.stream != answer.head.stream) {
+        ++m_counts.strayAnswers;
+        return;
+    }
+    if (isOwed) {
+        slot.state = State::Free;
+        --m_owed;
+        ++m_counts.lateAnswers;
+        return;
+    }
+    if (answer.status == 0)
+        answer.status = misfit(slot.request, answer.head, maxPacketCount);
+    end(slot, answer.status);
+    if (answer.status == 0) {
+        slot.response->head() = Wire::packetHead(answer.head);
+        slot.response->body() = std::move(answer.body);
+        slot.response->status = answer.head.status;
+    }
+}
+
+int ExchangeTable::owedAnswers() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_owed;
+}
+
+ExchangeTable::Counts ExchangeTable::counts() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_counts;
+}
+
+/// Goes round, so that a tag rests as long as possible before it serves again. 0 when all are
+/// taken.
+quint8 ExchangeTable::freeTag()
+{
+    for (int tries = 0; tries < 256; ++tries) {
+        ++m_lastTag;
+        if (m_lastTag != 0 && m_slots[m_lastTag].state == State::Free)
+            return m_lastTag;
+    }
+    return 0;
+}
+
+/// The packets of a split write reach the channel without a stream in common, one after the other
+/// from one thread. A read gets a stream of its own, which its further packets inherit: the caller
+/// may read something else between two of them.
+quint16 ExchangeTable::freshStream(const Wire::WireHead &head)
+{
+    if (head.totalCount > 1)
+        return streamOfThisThread();
+    m_lastStream = static_cast<quint16>(m_lastStream % (firstThreadStream - 1) + 1);
+    return m_lastStream;
+}
+
+void ExchangeTable::end(Slot &slot, quint16 status)
+{
+    slot.state = State::Settled;
+    slot.frame.clear();
+    slot.response = makeResponse(slot.request, status);
+    slot.settled.notify_one();
+}
+
+/// Called with the mutex held, when the time of the request is over.
+std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
+{
+    Slot &slot = m_slots[tag];
+    const bool mayBeAnswered = slot.state == State::Sent;
+    if (!mayBeAnswered)
+        m_unsent.erase(std::remove(m_unsent.begin(), m_unsent.end(), tag), m_unsent.end());
+    slot.state = mayBeAnswered ? State::Owed : State::Free;
+    slot.frame.clear();
+    m_owed += mayBeAnswered;
+    ++m_counts.timeouts;
+    return makeResponse(slot.request,
+                        mayBeAnswered && slot.begun ? AnswerIncomplete : RequestTimedOut);
+}
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <tavorossproxy/channelstatus.h>
+#include <tavorossproxy/devicechannel.h>
+
+#include <QString>
+
+namespace Tavoro::SSProxy {
+
+/// What a channel has counted since it was made.
+struct ChannelStatistics {
+    quint64 connections = 0; ///< Times that the device told its identity.
+    quint64 requests = 0; ///< Requests that were given a tag.
+    quint64 timeouts = 0; ///< Requests that ended by their time.
+    quint64 lateAnswers = 0; ///< Answers to such requests, dropped.
+    quint64 strayAnswers = 0; ///< Answers to no request at all, dropped.
+    quint64 reports = 0; ///< Reports handed to the manager.
+    quint64 protocolErrors = 0; ///< Frames that were refused.
+};
+
+/// A channel that looks after its connection itself: it connects, reads the device's identity,
+/// keeps the connection alive and makes it anew after a loss.
+class TAVOROSSPROXY_EXPORT NetworkChannel : public DeviceChannel {
+public:
+    ~NetworkChannel() override;
+
+    /// Blocks until the channel is ready, and returns true. When \a milliseconds are over or the
+    /// channel is stopped first, returns false, with a sentence in \a error that names the peer
+    /// and the last reason. The channel goes on trying after that.
+    virtual bool waitUntilReady(int milliseconds, QString &error) = 0;
+
+    /// Ends the pause between two attempts to connect, if the channel is in one.
+    virtual void reconnectNow() = 0;
+
+    virtual ChannelStatistics statistics() const = 0;
+
+protected:
+    NetworkChannel();
+};
+
+} // namespace Tavoro::SSProxy

@@ -1,0 +1,74 @@
+#include "streamchannel_p.h"
+
+#include "channelcore_p.h"
+
+namespace Tavoro::SSProxy::Internal {
+
+std::shared_ptr<StreamChannel> StreamChannel::open(const QString &peerName,
+                                                   std::unique_ptr<ByteStream> stream,
+                                                   std::shared_ptr<ChannelLoop> loop,
+                                                   const ChannelOptions &options,
+                                                   ReportHandler handler)
+{
+    const auto core = std::make_shared<ChannelCore>(peerName, std::move(loop), options);
+    auto channel = std::make_shared<StreamChannel>(core);
+    core->start(std::move(stream),
+                [weak = std::weak_ptr<DeviceChannel>(channel), handler = std::move(handler)](
+                    std::shared_ptr<IDeviceCommand> report) { handler(weak, std::move(report)); });
+    return channel;
+}
+
+StreamChannel::StreamChannel(std::shared_ptr<ChannelCore> core) : m_core(std::move(core)) { }
+
+StreamChannel::~StreamChannel()
+{
+    m_core->stop();
+}
+
+std::shared_ptr<DeviceResponseCommand>
+StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
+{
+    if (request)
+        return m_core->exchange(*request);
+    auto response = std::make_shared<DeviceResponseCommand>();
+    response->status = InvalidRequest;
+    return response;
+}
+
+ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const
+{
+    return m_core->info();
+}
+
+bool StreamChannel::isHardwareReadFinished()
+{
+    return m_core->isReady();
+}
+
+/// Devices of this version of the wire do not hand out control: every client has it.
+bool StreamChannel::isMasterControl()
+{
+    return true;
+}
+
+void StreamChannel::stopChannel()
+{
+    m_core->stop();
+}
+
+bool StreamChannel::waitUntilReady(int milliseconds, QString &error)
+{
+    return m_core->waitUntilReady(ChannelOptions::Milliseconds(milliseconds), error);
+}
+
+void StreamChannel::reconnectNow()
+{
+    m_core->reconnectNow();
+}
+
+ChannelStatistics StreamChannel::statistics() const
+{
+    return m_core->statistics();
+}
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "bytestream_p.h"
+#include "channelloop_p.h"
+
+#include <tavorossproxy/channeloptions.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <functional>
+
+namespace Tavoro::SSProxy {
+class IDeviceCommand;
+}
+
+namespace Tavoro::SSProxy::Internal {
+
+class ChannelCore;
+
+/// A channel over any stream of bytes. Stops when it is destroyed.
+class StreamChannel final : public NetworkChannel {
+public:
+    using ReportHandler =
+        std::function<void(std::weak_ptr<DeviceChannel>, std::shared_ptr<IDeviceCommand>)>;
+
+    /// Begins to connect and returns at once. Reports go to \a handler, on the thread of \a loop.
+    static std::shared_ptr<StreamChannel>
+    open(const QString &peerName, std::unique_ptr<ByteStream> stream,
+         std::shared_ptr<ChannelLoop> loop, const ChannelOptions &options, ReportHandler handler);
+    explicit StreamChannel(std::shared_ptr<ChannelCore> core);
+    ~StreamChannel() override;
+
+    std::shared_ptr<DeviceResponseCommand>
+    sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) override;
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override;
+    bool isHardwareReadFinished() override;
+    bool isMasterControl() override;
+    void stopChannel() override;
+    bool waitUntilReady(int milliseconds, QString &error) override;
+    void reconnectNow() override;
+    ChannelStatistics statistics() const override;
+
+private:
+    const std::shared_ptr<ChannelCore> m_core;
+};
+
+} // namespace Tavoro::SSProxy::Internal

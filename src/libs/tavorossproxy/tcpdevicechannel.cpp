@@ -1,0 +1,26 @@
+#include <tavorossproxy/tcpdevicechannel.h>
+
+#include "channelthread_p.h"
+#include "streamchannel_p.h"
+#include "tcpstream_p.h"
+
+#include <tavorossproxy/devicemanager.h>
+
+namespace Tavoro::SSProxy {
+
+std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint16 port,
+                                                     const ChannelOptions &options)
+{
+    // Made here at the latest, so that its end is also that of the thread.
+    const auto emitReport =
+        [manager = DeviceManager::instance()](std::weak_ptr<DeviceChannel> channel,
+                                              std::shared_ptr<IDeviceCommand> report) {
+            Q_EMIT manager->parseDeviceAutoReportFinished(std::move(channel), std::move(report));
+        };
+    const QString peerName = QStringLiteral("%1:%2").arg(host).arg(port);
+    return Internal::StreamChannel::open(peerName,
+                                         std::make_unique<Internal::TcpStream>(host, port),
+                                         Internal::ChannelThread::instance(), options, emitReport);
+}
+
+} // namespace Tavoro::SSProxy

@@ -1,0 +1,98 @@
+#include "tcpstream_p.h"
+
+#include <QHostAddress>
+#include <QNetworkProxy>
+#include <QTcpSocket>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+constexpr std::size_t receivedAtOnce = 64u << 10;
+
+} // namespace
+
+TcpStream::TcpStream(const QString &host, quint16 port)
+    : m_host(host), m_port(port), m_received(receivedAtOnce)
+{ }
+
+TcpStream::~TcpStream()
+{
+    close();
+}
+
+void TcpStream::open(Events &events)
+{
+    close();
+    m_socket = std::make_unique<QTcpSocket>();
+    m_socket->setProxy(QNetworkProxy::NoProxy); // devices are near
+    connectSignals(events);
+    m_socket->connectToHost(m_host, m_port);
+}
+
+/// May be called from a signal of the socket, so the socket itself goes later.
+void TcpStream::close()
+{
+    if (!m_socket)
+        return;
+    m_socket->disconnect();
+    m_socket->abort();
+    m_socket.release()->deleteLater();
+}
+
+void TcpStream::write(const QByteArray &bytes)
+{
+    if (m_socket)
+        m_socket->write(bytes);
+}
+
+qint64 TcpStream::unsentBytes() const
+{
+    return m_socket ? m_socket->bytesToWrite() : 0;
+}
+
+void TcpStream::connectSignals(Events &events)
+{
+    QTcpSocket *socket = m_socket.get();
+    QObject::connect(socket, &QTcpSocket::connected, socket, [this, &events] {
+        m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        events.streamOpened(peerAddress());
+    });
+    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, &events] { receive(events); });
+    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, &events] {
+        if (m_socket->bytesToWrite() == 0)
+            events.streamDrained();
+    });
+    QObject::connect(socket, &QTcpSocket::errorOccurred, socket, [this, &events] { fail(events); });
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, &events] { fail(events); });
+}
+
+void TcpStream::receive(Events &events)
+{
+    const QTcpSocket *const socket = m_socket.get();
+    while (m_socket && m_socket.get() == socket) {
+        const qint64 count =
+            m_socket->read(m_received.data(), static_cast<qint64>(m_received.size()));
+        if (count <= 0)
+            return;
+        events.streamReceived({m_received.data(), static_cast<std::size_t>(count)});
+    }
+}
+
+void TcpStream::fail(Events &events)
+{
+    const QString reason = m_socket->errorString();
+    close();
+    events.streamClosed(reason);
+}
+
+/// As text, in the form of IPv4 where the address is one.
+std::string TcpStream::peerAddress() const
+{
+    const QHostAddress address = m_socket->peerAddress();
+    bool isIpv4 = false;
+    const quint32 ipv4 = address.toIPv4Address(&isIpv4);
+    return (isIpv4 ? QHostAddress(ipv4) : address).toString().toStdString();
+}
+
+} // namespace Tavoro::SSProxy::Internal

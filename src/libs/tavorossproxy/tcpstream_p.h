@@ -1,0 +1,38 @@
+#pragma once
+
+#include "bytestream_p.h"
+
+#include <QString>
+#include <QtGlobal>
+
+#include <memory>
+#include <vector>
+
+class QTcpSocket;
+
+namespace Tavoro::SSProxy::Internal {
+
+/// A stream over a TCP socket, which is made anew for each connection.
+class TcpStream final : public ByteStream {
+public:
+    TcpStream(const QString &host, quint16 port);
+    ~TcpStream() override;
+
+    void open(Events &events) override;
+    void close() override;
+    void write(const QByteArray &bytes) override;
+    qint64 unsentBytes() const override;
+
+private:
+    void connectSignals(Events &events);
+    void receive(Events &events);
+    void fail(Events &events);
+    std::string peerAddress() const;
+
+    const QString m_host;
+    const quint16 m_port;
+    std::unique_ptr<QTcpSocket> m_socket;
+    std::vector<char> m_received; ///< What was read last; kept so that it stays in the cache.
+};
+
+} // namespace Tavoro::SSProxy::Internal
