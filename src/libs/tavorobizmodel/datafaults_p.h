@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace Tavoro::BizModel {
+
+/// What is wrong in data that a device sent, a sentence each.
+class DataFaults {
+public:
+    void add(const QString &sentence);
+    /// \a what is there twice.
+    void addTwice(const QString &what);
+    /// True when there was none. Otherwise false, with the first few sentences in \a error.
+    bool report(QString &error) const;
+
+private:
+    QStringList m_sentences; // the first few
+    int m_count = 0;
+};
+
+} // namespace Tavoro::BizModel

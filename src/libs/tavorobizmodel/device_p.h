@@ -1,0 +1,123 @@
+#pragma once
+
+#include "devicecontents_p.h"
+#include "keyedlist_p.h"
+#include "mvrlayouts_p.h"
+
+#include <tavorobizmodel/device.h>
+
+#include <QString>
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <string>
+
+namespace Tavoro::BizModel {
+
+/// What is known of a device, beside its objects.
+struct DeviceState {
+    unsigned short modelId = 0;
+    QString ip;
+    QString name;
+    QString mac = QStringLiteral("000000000000"); ///< As in info, for lookups.
+    QString sn = QStringLiteral("0000000000000000");
+    ProtoModel::DeviceBaseInfo info;
+    bool online = false;
+    bool syncSuccess = false;
+    ProtoModel::Device::s_DeviceDetail detail; ///< The lists below are empty in it.
+    KeyedList<int, ProtoModel::Device::s_subcardBody> subcards;
+    KeyedList<int, ProtoModel::Device::s_PowerBody> powers;
+    KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody> groups;
+    KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash> screenGenlocks;
+    ProtoModel::Auxiliary::s_DeviceProcess process;
+    ProtoModel::s_RGB cutout;
+    std::weak_ptr<Screen> activeScreen;
+    std::weak_ptr<MVRScreen> activeMVRScreen;
+};
+
+class DevicePrivate {
+public:
+    using Part = Enum::Device::DataPart;
+
+    DevicePrivate(Device &device, unsigned short number) : q(device), id(number) { }
+
+    static DevicePrivate &of(const Device &device) { return *device.d; }
+    static DeviceContents &contentsOf(const Device &device) { return device.d->contents; }
+
+    /// Returns what \a look finds in the state. It must not emit.
+    template <class Look>
+    auto read(const Look &look) const
+    {
+        const std::lock_guard lock(m_mutex);
+        return look(m_state);
+    }
+
+    template <class Value>
+    Value get(Value DeviceState::*member) const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_state.*member;
+    }
+
+    /// Changes the state and tells nobody.
+    template <class Change>
+    void write(const Change &change)
+    {
+        const std::lock_guard lock(m_mutex);
+        change(m_state);
+    }
+
+    /// Changes the state, then tells it.
+    template <class Change>
+    void change(Part part, const Change &change)
+    {
+        write(change);
+        tell(part);
+    }
+
+    /// Stores a value; tells it only when it is another than before.
+    template <class Value>
+    void set(Part part, Value DeviceState::*member, const Value &value)
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_state.*member == value)
+                return;
+            m_state.*member = value;
+        }
+        if (part == Part::Identity)
+            ++identityChanges;
+        tell(part);
+    }
+
+    void tell(Part part) const { Q_EMIT q.deviceDataChanged(part); }
+
+    /// Counts the changes of identities of all devices: whoever keeps an index of them sees by it
+    /// when the index is out of date.
+    static inline std::atomic<quint64> identityChanges = 0;
+
+    Device &q;
+    const unsigned short id;
+    DeviceContents contents;
+    bool isRestored = false; ///< Came from the store of the last run. Set before it is shared.
+    const std::shared_ptr<MVRLayouts> layouts = std::make_shared<MVRLayouts>();
+    s_DeviceConfig config; // filled at construction
+
+private:
+    mutable std::mutex m_mutex;
+    DeviceState m_state; // guarded by m_mutex
+};
+
+/// Weak pointers to objects, for whoever must not keep them alive.
+template <class Objects>
+auto weakList(const Objects &objects)
+{
+    QList<std::weak_ptr<typename Objects::value_type::element_type>> list;
+    list.reserve(static_cast<int>(objects.size()));
+    for (const auto &object : objects)
+        list.append(object);
+    return list;
+}
+
+} // namespace Tavoro::BizModel

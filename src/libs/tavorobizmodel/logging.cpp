@@ -1,0 +1,7 @@
+#include "logging_p.h"
+
+namespace Tavoro::BizModel {
+
+Q_LOGGING_CATEGORY(modelLog, "tavoro.model")
+
+} // namespace Tavoro::BizModel

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <tavorobizmodel/device.h>
+
+#include <QCoreApplication>
+#include <QObject>
+#include <QThread>
+
+#include <memory>
+#include <mutex>
+#include <utility>
+
+namespace Tavoro::BizModel {
+
+/// Objects are mostly made on threads that end soon. They live on the application's thread, so that
+/// what is posted to them arrives.
+inline void liveOnApplicationThread(QObject &object)
+{
+    if (const auto *const application = QCoreApplication::instance())
+        object.moveToThread(application->thread());
+}
+
+/// What every object of a device is made of: its record and the way to its device.
+template <class Detail>
+class ObjectPrivate {
+public:
+    ObjectPrivate(QObject &object, const Detail &read, std::weak_ptr<Device> owner)
+        : device(std::move(owner)), m_detail(read)
+    {
+        liveOnApplicationThread(object);
+    }
+
+    Detail detail() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_detail;
+    }
+
+    /// Changes the record. Returns what \a change does.
+    template <class Change>
+    auto change(const Change &change)
+    {
+        const std::lock_guard lock(m_mutex);
+        return change(m_detail);
+    }
+
+    /// Emits \a signal of \a object, unless the signals of the device are blocked.
+    template <class Object>
+    void tell(Object &object, void (Object::*signal)()) const
+    {
+        const auto owner = device.lock();
+        if (!owner || !owner->signalsBlocked())
+            Q_EMIT(object.*signal)();
+    }
+
+    const std::weak_ptr<Device> device;
+
+private:
+    mutable std::mutex m_mutex;
+    Detail m_detail; // guarded by m_mutex
+};
+
+} // namespace Tavoro::BizModel

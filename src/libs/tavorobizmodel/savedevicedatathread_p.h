@@ -1,0 +1,85 @@
+#pragma once
+
+#include "devicestore_p.h"
+
+#include <tavorobizmodel/savedevicedatathread.h>
+
+#include <QString>
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace Tavoro::BizModel {
+
+struct s_DeviceStoreOptions;
+
+/// The thread of the saver and its jobs.
+///
+/// | member                 | thread                  |
+/// |------------------------|-------------------------|
+/// | open, close            | the application's       |
+/// | ask, setStop, wait     | any                     |
+/// | run and what it calls  | the saver's own         |
+class SaveDeviceDataThreadPrivate {
+public:
+    ~SaveDeviceDataThreadPrivate() { close(); }
+
+    /// Starts the thread, which opens the file and reads \a devices from it.
+    bool open(const s_DeviceStoreOptions &options, std::vector<std::shared_ptr<Device>> &devices,
+              QString &error);
+    void close();
+    bool isOpen() const;
+
+    void askToSave(const std::weak_ptr<Device> &device);
+    void askToForget(const Device &device);
+    void setStop(bool stop);
+    void waitForRunningJob();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Job {
+        std::weak_ptr<Device> device; ///< To save. None: forget the one with the identity below.
+        QString sn;
+        QString mac;
+    };
+
+    /// What the thread found when it opened the file.
+    struct Opened {
+        bool done = false;
+        std::vector<std::shared_ptr<Device>> devices;
+        QString error;
+    };
+
+    void ask(Job job);
+    void run(const QString &fileName, std::chrono::milliseconds retryDelay);
+    Opened openFile(const QString &fileName);
+    bool openAnew(QString &error);
+    void workOff(std::chrono::milliseconds retryDelay);
+    bool mayTakeJob() const;
+    bool work(const Job &job);
+    DeviceStore::Outcome attempt(const Job &job, QString &error);
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<Job> m_jobs; // guarded by m_mutex, as all down to m_opened
+    bool m_isOpen = false;
+    bool m_isStopped = false;
+    bool m_isWorking = false;
+    bool m_isClosing = false;
+    Clock::time_point m_notBefore; ///< No job is taken before, since one failed.
+    std::unique_ptr<Opened> m_opened;
+
+    std::atomic<std::thread::id> m_saver; ///< The thread of this.
+    std::thread m_thread; // of the application's thread
+    DeviceStore m_store; // of the saver's thread, as all below
+    QString m_fileName;
+};
+
+} // namespace Tavoro::BizModel
