@@ -1,0 +1,152 @@
+#include "commandline.h"
+
+#include "console.h"
+
+#include <QCommandLineParser>
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <limits>
+
+namespace Tavoro::Sim {
+
+namespace {
+
+/// Puts a value where it belongs; false when it is none.
+using Setter = bool (*)(SimOptions &options, const QString &value);
+
+struct OptionRow {
+    const char *name;
+    const char *valueName;
+    const char *help;
+    Setter set;
+};
+
+template <auto Member, qint64 Least, qint64 Most>
+bool setNumber(SimOptions &options, const QString &value)
+{
+    bool ok = false;
+    const qint64 number = value.toLongLong(&ok, 0);
+    if (!ok || number < Least || number > Most)
+        return false;
+    using Number = std::decay_t<decltype(options.*Member)>;
+    options.*Member = static_cast<Number>(number);
+    return true;
+}
+
+template <auto Member>
+bool setDigits(SimOptions &options, const QString &value)
+{
+    auto &bytes = options.*Member;
+    const QByteArray digits = QString(value).remove(QLatin1Char(':')).toLatin1();
+    const QByteArray read = QByteArray::fromHex(digits);
+    if (static_cast<std::size_t>(read.size()) != bytes.size()
+        || static_cast<std::size_t>(digits.size()) != 2 * bytes.size())
+        return false;
+    std::copy(read.begin(), read.end(), bytes.begin());
+    return true;
+}
+
+bool setAddress(SimOptions &options, const QString &value)
+{
+    return options.address.setAddress(value);
+}
+
+bool setName(SimOptions &options, const QString &value)
+{
+    options.name = value;
+    return !value.isEmpty();
+}
+
+bool setFilesFolder(SimOptions &options, const QString &value)
+{
+    options.filesFolder = value;
+    return !value.isEmpty();
+}
+
+// clang-format off
+constexpr OptionRow optionRows[] = {
+//   option               value      help                                                              setter
+    {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                 setAddress},
+    {"port",              "PORT",    "Listen on PORT (6630), 0 for any free one.",                     setNumber<&SimOptions::port, 0, 65535>},
+    {"control-port",      "PORT",    "Take console commands on PORT of this machine, 0 for any.",      setNumber<&SimOptions::controlPort, 0, 65535>},
+    {"name",              "NAME",    "Be called NAME.",                                                setName},
+    {"sn",                "DIGITS",  "Have this serial number, 16 hexadecimal digits.",                setDigits<&SimOptions::sn>},
+    {"mac",               "DIGITS",  "Have this MAC, 12 hexadecimal digits.",                          setDigits<&SimOptions::mac>},
+    {"model",             "NUMBER",  "Be of this model (0x7701).",                                     setNumber<&SimOptions::modelId, 0, 65535>},
+    {"packet-size",       "BYTES",   "Longest body of a packet, both ways (65536).",                   setNumber<&SimOptions::packetSize, 1, 64 << 20>},
+    {"latency",           "MS",      "Hold each answer back for MS milliseconds (0).",                 setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
+    {"clock-speed",       "PERCENT", "Speed of the device's clock (100), 0: only \"pass\" moves it.",      setNumber<&SimOptions::clockSpeed, 0, 100000>},
+    {"files",             "DIR",     "Keep the files in the folder DIR, not in memory only.",           setFilesFolder},
+    {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                               setNumber<&SimOptions::inputs, 1, 4096>},
+    {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                               setNumber<&SimOptions::outputs, 1, 4096>},
+    {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                            setNumber<&SimOptions::screens, 0, 255>},
+    {"layers-per-screen", "COUNT",   "Layers in each of the two scenes of a screen (4), 0 to 256.",    setNumber<&SimOptions::layersPerScreen, 0, 256>},
+};
+// clang-format on
+
+constexpr quint16 usualPort = 6630;
+
+void describe(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(
+        QStringLiteral("A video processor that exists only here, for tests and demonstrations.\n\n"
+                       "Console, one command per line on standard input or on the control port:\n")
+        + consoleHelp() + QStringLiteral("  help, quit (standard input only)"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    for (const OptionRow &row : optionRows)
+        parser.addOption(
+            {QLatin1String(row.name), QLatin1String(row.help), QLatin1String(row.valueName)});
+    parser.addOption(
+        {QStringLiteral("log"), QStringLiteral("Log each exchange on standard error.")});
+    parser.addOption({QStringLiteral("log-bodies"), QStringLiteral("The same with all bodies.")});
+}
+
+/// What is wrong with the arguments, empty if nothing is.
+QString readOptions(const QCommandLineParser &parser, SimOptions &options)
+{
+    for (const OptionRow &row : optionRows) {
+        const QString name = QLatin1String(row.name);
+        if (parser.isSet(name) && !row.set(options, parser.value(name)))
+            return QStringLiteral("\"%1\" is not what --%2 takes.").arg(parser.value(name), name);
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("\"%1\" is not an option.").arg(parser.positionalArguments().at(0));
+    return {};
+}
+
+void enableLog(const QCommandLineParser &parser)
+{
+    if (parser.isSet(QStringLiteral("log-bodies")))
+        QLoggingCategory::setFilterRules(QStringLiteral("tavoro.sim=true"));
+    else if (parser.isSet(QStringLiteral("log")))
+        QLoggingCategory::setFilterRules(QStringLiteral("tavoro.sim.info=true"));
+}
+
+} // namespace
+
+CommandLine parseCommandLine(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    describe(parser);
+    CommandLine line;
+    line.options.port = usualPort;
+    line.isValid = parser.parse(arguments);
+    if (!line.isValid) {
+        line.text = QStringLiteral("tavorosim: ") + parser.errorText();
+    } else if (parser.isSet(QStringLiteral("help"))) {
+        line.text = parser.helpText();
+    } else if (parser.isSet(QStringLiteral("version"))) {
+        line.text = QStringLiteral("tavorosim " TAVORO_VERSION);
+    } else {
+        const QString fault = readOptions(parser, line.options);
+        line.isValid = fault.isEmpty();
+        if (!line.isValid)
+            line.text = QStringLiteral("tavorosim: ") + fault;
+        enableLog(parser);
+    }
+    return line;
+}
+
+} // namespace Tavoro::Sim

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "filecommands.h"
+#include "handlers_p.h"
+
+namespace Tavoro::Sim {
+
+/// Says what is in the file that \a record asks for, or refuses it.
+template <class Record>
+using FileMaker = DeviceStatus (*)(const SimState &state, const Record &record,
+                                   ProtoModel::File::s_FileDetail &detail, std::string &content);
+
+/// Makes a file of each record of the body, in the place of one that is there, or none at all.
+template <class Record>
+DeviceStatus createEach(SimState &state, const Request &request, FileMaker<Record> make)
+{
+    std::vector<Record> list;
+    if (!decoded(request.body, list))
+        return DeviceStatus::MalformedBody;
+    FileIndex index = state.files.index();
+    for (const Record &record : list) {
+        if (!isFileIdentity(record) || !isFileName(record.general))
+            return DeviceStatus::ValueOutOfRange;
+        ProtoModel::File::s_FileDetail detail;
+        static_cast<ProtoModel::s_FileIdentity &>(detail) = record;
+        detail.general = record.general;
+        std::string content;
+        const DeviceStatus status = make(state, record, detail, content);
+        if (status != DeviceStatus::Success)
+            return status;
+        if (!state.files.place(index, detail, content))
+            return DeviceStatus::StorageFailed;
+    }
+    return commit(state, std::move(index));
+}
+
+} // namespace Tavoro::Sim

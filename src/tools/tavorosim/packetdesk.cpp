@@ -1,0 +1,163 @@
+#include "packetdesk.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace Tavoro::Sim {
+
+using SSProxy::Wire::WireHead;
+
+namespace {
+
+PacketDesk::Packet emptyAnswer(const WireHead &request, DeviceStatus status)
+{
+    PacketDesk::Packet packet{SSProxy::Wire::responseHead(request), {}};
+    packet.head.status = static_cast<quint8>(status);
+    return packet;
+}
+
+bool isOfType(const WireHead &head, CommandType type)
+{
+    return head.type == static_cast<quint8>(type);
+}
+
+bool areOfOneExchange(const WireHead &a, const WireHead &b)
+{
+    return a.type == b.type && a.code() == b.code()
+        && std::memcmp(a.arg2, b.arg2, sizeof a.arg2) == 0;
+}
+
+template <class Streams>
+auto findStream(Streams &streams, const WireHead &head)
+{
+    return std::find_if(streams.begin(), streams.end(),
+                        [&](const auto &stream) { return stream.first.stream == head.stream; });
+}
+
+template <class Streams>
+void forgetStream(Streams &streams, const WireHead &head)
+{
+    const auto stream = findStream(streams, head);
+    if (stream != streams.end())
+        streams.erase(stream);
+}
+
+template <class Streams, class Stream>
+void keepStream(Streams &streams, Stream stream)
+{
+    streams.push_back(std::move(stream));
+    if (streams.size() > PacketDesk::mostStreams)
+        streams.pop_front();
+}
+
+} // namespace
+
+PacketDesk::PacketDesk(quint32 packetSize, CarryOut carryOut)
+    : m_packetSize(packetSize), m_carryOut(std::move(carryOut))
+{ }
+
+PacketDesk::Packet PacketDesk::answer(const WireHead &head, std::string body)
+{
+    if (body.size() > m_packetSize)
+        return emptyAnswer(head, DeviceStatus::BodyTooLong);
+    if (isOfType(head, CommandType::BinaryWrite))
+        return answerWhole(head, std::move(body));
+    if (isOfType(head, CommandType::Write))
+        return head.totalCount > 1 ? collect(head, std::move(body))
+                                   : answerWhole(head, std::move(body));
+    return head.sendCount > 0 ? handOut(head) : answerWhole(head, std::move(body));
+}
+
+PacketDesk::Packet PacketDesk::answerWhole(const WireHead &head, std::string body)
+{
+    Request request;
+    request.command = static_cast<Command>(head.code());
+    request.type = static_cast<CommandType>(head.type);
+    std::copy(std::begin(head.arg2), std::end(head.arg2), request.arg2.begin());
+    request.body = std::move(body);
+    request.totalCount = std::max(head.totalCount, 1u);
+    request.sendCount = head.sendCount;
+    request.uploads = &m_uploads;
+    Answer answer = m_carryOut(request);
+    forgetStream(m_answers, head);
+    if (answer.status != DeviceStatus::Success)
+        return emptyAnswer(head, answer.status);
+
+    Stream stream{head, 1, 1, std::move(answer.body), std::move(answer.content)};
+    const std::size_t length = lengthOf(stream);
+    if (length > m_packetSize)
+        stream.totalCount = static_cast<quint32>((length + m_packetSize - 1) / m_packetSize);
+    Packet first = piece(head, stream, 0);
+    if (stream.totalCount > 1)
+        keepStream(m_answers, std::move(stream));
+    return first;
+}
+
+PacketDesk::Packet PacketDesk::collect(const WireHead &head, std::string body)
+{
+    auto stream = findStream(m_writes, head);
+    if (head.sendCount == 0) {
+        forgetStream(m_writes, head);
+        keepStream(m_writes, Stream{head, 1, head.totalCount, std::move(body), nullptr});
+        return emptyAnswer(head, DeviceStatus::Success);
+    }
+    if (stream == m_writes.end())
+        return emptyAnswer(head, DeviceStatus::WrongPacket);
+    if (head.sendCount != stream->next || head.totalCount != stream->totalCount
+        || !areOfOneExchange(head, stream->first)) {
+        m_writes.erase(stream);
+        return emptyAnswer(head, DeviceStatus::WrongPacket);
+    }
+    if (stream->body.size() + body.size() > longestWrite) {
+        m_writes.erase(stream);
+        return emptyAnswer(head, DeviceStatus::BodyTooLong);
+    }
+    stream->body += body;
+    if (++stream->next < stream->totalCount)
+        return emptyAnswer(head, DeviceStatus::Success);
+    std::string whole = std::move(stream->body);
+    m_writes.erase(stream);
+    return answerWhole(head, std::move(whole));
+}
+
+PacketDesk::Packet PacketDesk::handOut(const WireHead &head)
+{
+    const auto stream = findStream(m_answers, head);
+    if (stream == m_answers.end() || !areOfOneExchange(head, stream->first))
+        return emptyAnswer(head, DeviceStatus::NoSuchStream);
+    if (head.sendCount != stream->next || head.totalCount != stream->totalCount)
+        return emptyAnswer(head, DeviceStatus::WrongPacket);
+    Packet packet = piece(head, *stream, stream->next);
+    if (++stream->next == stream->totalCount)
+        m_answers.erase(stream);
+    return packet;
+}
+
+PacketDesk::Packet PacketDesk::piece(const WireHead &request, const Stream &stream,
+                                     quint32 index) const
+{
+    Packet packet{SSProxy::Wire::responseHead(request),
+                  cut(stream, std::size_t{index} * m_packetSize)};
+    packet.head.totalCount = stream.totalCount;
+    packet.head.sendCount = index;
+    return packet;
+}
+
+std::size_t PacketDesk::lengthOf(const Stream &stream) const
+{
+    return stream.content ? static_cast<std::size_t>(stream.content->size()) : stream.body.size();
+}
+
+std::string PacketDesk::cut(const Stream &stream, std::size_t offset) const
+{
+    if (!stream.content)
+        return stream.body.substr(offset, m_packetSize);
+    std::string bytes(std::min<std::size_t>(m_packetSize, lengthOf(stream) - offset), '\0');
+    stream.content->seek(static_cast<qint64>(offset));
+    stream.content->read(bytes.data(), static_cast<qint64>(bytes.size()));
+    return bytes;
+}
+
+} // namespace Tavoro::Sim

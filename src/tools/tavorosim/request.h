@@ -1,0 +1,58 @@
+#pragma once
+
+#include "simstate.h"
+#include "upload.h"
+
+#include <tavorossproxy/commandcodes.h>
+#include <tavorossproxy/packethead.h>
+#include <tavorossproxy/wire/devicestatus.h>
+
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Tavoro::Sim {
+
+using SSProxy::Command;
+using SSProxy::CommandType;
+using SSProxy::Wire::DeviceStatus;
+
+/// A whole request: what the packets of an exchange come to. Only contents come packet by packet.
+struct Request {
+    Command command;
+    CommandType type;
+    std::array<quint8, 4> arg2{}; ///< Positions 31 to 34 of the head.
+    std::string body;
+    /// \name Of a binary write
+    /// @{
+    quint32 totalCount = 1;
+    quint32 sendCount = 0;
+    Uploads *uploads = nullptr; ///< What else is coming in on this connection.
+    /// @}
+};
+
+/// What the device says of its own accord, to every client.
+struct Report {
+    Command command;
+    std::string body;
+};
+using Reports = std::vector<Report>;
+
+/// What comes back for a request: a body, or a content that is read as it is sent. A refusal has
+/// neither.
+struct Answer {
+    DeviceStatus status = DeviceStatus::Success;
+    std::string body;
+    std::shared_ptr<QIODevice> content;
+};
+
+/// Answers a read. Filters that fit nothing make an empty list, not a refusal.
+using ReadHandler = std::string (*)(const SimState &state, const Request &request);
+/// Carries out a write, or refuses it and changes nothing. Adds to \a reports what the device has
+/// to tell everyone about it.
+using WriteHandler = DeviceStatus (*)(SimState &state, const Request &request, Reports &reports);
+/// Answers a binary read.
+using ContentHandler = Answer (*)(const SimState &state, const Request &request);
+
+} // namespace Tavoro::Sim

@@ -1,0 +1,161 @@
+#include "simclient.h"
+
+#include "simlog.h"
+#include "simoptions.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <QTcpSocket>
+#include <QTimer>
+
+namespace Tavoro::Sim {
+
+using SSProxy::Wire::FrameEvent;
+using SSProxy::Wire::FrameKind;
+using SSProxy::Wire::WireHead;
+
+namespace {
+
+/// The longest frame body that is skipped to be refused; a longer one ends the connection.
+constexpr quint32 longestBody = SSProxy::Wire::defaultMaxBodySize;
+
+const char *typeName(quint8 type)
+{
+    switch (static_cast<CommandType>(type)) {
+    case CommandType::Read:
+        return "read";
+    case CommandType::Write:
+        return "write";
+    case CommandType::BinaryRead:
+        return "binary read";
+    case CommandType::BinaryWrite:
+        return "binary write";
+    }
+    return "unknown type";
+}
+
+} // namespace
+
+SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
+                     PacketDesk::CarryOut carryOut, QObject *parent)
+    : QObject(parent),
+      m_socket(socket),
+      m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
+      m_latency(options.latencyMilliseconds),
+      m_identity(std::move(identity)),
+      m_parser(longestBody),
+      m_desk(options.packetSize, std::move(carryOut))
+{
+    socket->setParent(this);
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
+    connect(socket, &QTcpSocket::bytesWritten, this, &SimClient::readFrames);
+    connect(socket, &QTcpSocket::disconnected, this, &SimClient::disconnected);
+    qCInfo(simLog, "%s connected", qUtf8Printable(m_peer));
+}
+
+SimClient::~SimClient()
+{
+    qCInfo(simLog, "%s gone", qUtf8Printable(m_peer));
+}
+
+void SimClient::send(const Report &report)
+{
+    if (!m_isIntroduced || m_socket->bytesToWrite() > mostUnread)
+        return;
+    WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::Report);
+    head.type = static_cast<quint8>(CommandType::Read);
+    head.totalCount = 1;
+    head.BC = SSProxy::baseCode(report.command);
+    head.FC = SSProxy::functionCode(report.command);
+    m_socket->write(SSProxy::Wire::encodeFrame(head, report.body));
+    qCInfo(simLog, "%s report 0x%04X", qUtf8Printable(m_peer), head.code());
+    qCDebug(simLog, "%s", report.body.c_str());
+}
+
+void SimClient::close()
+{
+    m_socket->disconnectFromHost();
+}
+
+void SimClient::readFrames()
+{
+    while (m_socket->bytesAvailable() > 0 && m_socket->bytesToWrite() <= mostUnread) {
+        const QByteArray bytes = m_socket->read(readSize);
+        std::string_view rest(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        while (auto event = m_parser.next(rest))
+            take(std::move(*event));
+    }
+}
+
+void SimClient::take(FrameEvent event)
+{
+    if (event.fatal) {
+        qCWarning(simLog, "%s sent what is no frame: status %d", qUtf8Printable(m_peer),
+                  event.status);
+        m_socket->abort();
+        return;
+    }
+    switch (static_cast<FrameKind>(event.head.kind)) {
+    case FrameKind::Request:
+        return answerRequest(std::move(event));
+    case FrameKind::IdentityRequest:
+        return answerIdentity();
+    case FrameKind::Ping:
+        m_socket->write(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
+        return;
+    case FrameKind::Response:
+    case FrameKind::Report:
+    case FrameKind::IdentityAnswer:
+    case FrameKind::Pong:
+        return; // Nothing that a client says to a device, or nothing to answer.
+    }
+}
+
+void SimClient::answerRequest(FrameEvent event)
+{
+    PacketDesk::Packet answer;
+    if (event.status == 0) {
+        const std::string body = simLog().isDebugEnabled() ? event.body : std::string();
+        answer = m_desk.answer(event.head, std::move(event.body));
+        log(event.head, body, answer);
+    } else {
+        answer.head = SSProxy::Wire::responseHead(event.head);
+        answer.head.status = static_cast<quint8>(DeviceStatus::MalformedBody);
+        log(event.head, {}, answer);
+    }
+    sendLater(SSProxy::Wire::encodeFrame(answer.head, answer.body));
+}
+
+void SimClient::answerIdentity()
+{
+    WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::IdentityAnswer);
+    m_isIntroduced = true;
+    sendLater(SSProxy::Wire::encodeFrame(head, m_identity));
+}
+
+void SimClient::sendLater(QByteArray frame)
+{
+    if (m_latency == 0) {
+        m_socket->write(frame);
+        return;
+    }
+    // Precise timers of one length fire in the order in which they were started.
+    QTimer::singleShot(m_latency, Qt::PreciseTimer, this,
+                       [this, frame = std::move(frame)] { m_socket->write(frame); });
+}
+
+void SimClient::log(const WireHead &request, const std::string &body,
+                    const PacketDesk::Packet &answer) const
+{
+    qCInfo(simLog, "%s %s 0x%04X [%d %d %d %d] packet %u/%u -> status %d, packet %u/%u, %zu bytes",
+           qUtf8Printable(m_peer), typeName(request.type), request.code(), request.arg2[3],
+           request.arg2[2], request.arg2[1], request.arg2[0], request.sendCount, request.totalCount,
+           answer.head.status, answer.head.sendCount, answer.head.totalCount, answer.body.size());
+    qCDebug(simLog, "> %s", body.c_str());
+    qCDebug(simLog, "< %s", answer.body.c_str());
+}
+
+} // namespace Tavoro::Sim

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "packetdesk.h"
+
+#include <tavorossproxy/wire/frameparser.h>
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QTcpSocket;
+QT_END_NAMESPACE
+
+namespace Tavoro::Sim {
+
+struct SimOptions;
+
+/// One connected client of the simulated device. Lives on the device's thread.
+class SimClient : public QObject {
+    Q_OBJECT
+
+public:
+    /// \a identity is the body of the identity answer.
+    SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
+              PacketDesk::CarryOut carryOut, QObject *parent);
+    ~SimClient() override;
+
+    /// Sends \a report if the client has introduced itself and keeps up with reading.
+    void send(const Report &report);
+    /// Ends the connection behind the answers that are under way.
+    void close();
+
+Q_SIGNALS:
+    void disconnected();
+
+private:
+    void readFrames();
+    void take(SSProxy::Wire::FrameEvent event);
+    void answerRequest(SSProxy::Wire::FrameEvent event);
+    void answerIdentity();
+    void sendLater(QByteArray frame);
+    void log(const SSProxy::Wire::WireHead &request, const std::string &body,
+             const PacketDesk::Packet &answer) const;
+
+    /// A client that leaves more than this unread gets no further reports, and no answers until it
+    /// reads on.
+    static constexpr qint64 mostUnread = 16 << 20;
+    static constexpr qint64 readSize = 64 << 10; ///< Bytes that are taken from the socket at once.
+
+    QTcpSocket *const m_socket;
+    const QString m_peer;
+    const int m_latency;
+    const std::string m_identity;
+    SSProxy::Wire::FrameParser m_parser;
+    PacketDesk m_desk;
+    bool m_isIntroduced = false; ///< The identity has been asked for.
+};
+
+} // namespace Tavoro::Sim

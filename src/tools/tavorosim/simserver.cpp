@@ -1,0 +1,203 @@
+#include "simserver.h"
+
+#include "chassis.h"
+#include "commandtable.h"
+#include "maintenancecommands.h"
+#include "simclient.h"
+#include "simlog.h"
+
+#include <tavorossproxy/wire/identity.h>
+
+#include <QDateTime>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavoro::Sim {
+
+Q_LOGGING_CATEGORY(simLog, "tavoro.sim", QtWarningMsg)
+
+namespace {
+
+constexpr int tick = 50; ///< Milliseconds between two looks at the clock.
+
+bool open(QTcpServer &server, const QHostAddress &address, quint16 port, QString &error)
+{
+    if (server.listen(address, port))
+        return true;
+    error = QStringLiteral("cannot listen on %1:%2: %3")
+                .arg(address.toString())
+                .arg(port)
+                .arg(server.errorString());
+    return false;
+}
+
+} // namespace
+
+SimServer::SimServer(SimOptions options, QObject *parent)
+    : QObject(parent),
+      m_options(std::move(options)),
+      m_tick(this),
+      m_server(this),
+      m_controlServer(this)
+{
+    m_state.factory = makeChassis(m_options);
+    m_state.saved = m_state.factory;
+    static_cast<Setup &>(m_state) = m_state.factory;
+    m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
+    m_elapsed.start();
+    m_tick.setInterval(tick);
+    connect(&m_tick, &QTimer::timeout, this, &SimServer::catchUp);
+    connect(&m_server, &QTcpServer::newConnection, this, &SimServer::acceptClient);
+    connect(&m_controlServer, &QTcpServer::newConnection, this, &SimServer::acceptControl);
+}
+
+SimServer::~SimServer() = default;
+
+bool SimServer::listen(QString &error)
+{
+    if (!m_options.filesFolder.isEmpty() && !m_state.files.open(m_options.filesFolder, error))
+        return false;
+    if (!open(m_server, m_options.address, m_options.port, error))
+        return false;
+    m_port = m_server.serverPort();
+    // Whoever reaches the control port may do with the device what he likes: this machine only.
+    return m_options.controlPort < 0
+        || open(m_controlServer, QHostAddress::LocalHost,
+                static_cast<quint16>(m_options.controlPort), error);
+}
+
+ConsoleAnswer SimServer::execute(const QString &line)
+{
+    catchUp();
+    Reports reports;
+    ConsoleAnswer answer = executeConsole(m_state, line, reports);
+    tell(reports);
+    followPower();
+    return answer;
+}
+
+void SimServer::acceptClient()
+{
+    while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
+        auto *const client = new SimClient(
+            socket, m_options, identity(),
+            [this](const Request &request) { return carryOut(request); }, this);
+        m_clients.push_back(client);
+        connect(client, &SimClient::disconnected, this, [this, client] {
+            m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client),
+                            m_clients.end());
+            client->deleteLater();
+        });
+    }
+}
+
+void SimServer::acceptControl()
+{
+    while (QTcpSocket *const socket = m_controlServer.nextPendingConnection()) {
+        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { serveControl(socket); });
+    }
+}
+
+void SimServer::serveControl(QTcpSocket *socket)
+{
+    while (socket->canReadLine()) {
+        const ConsoleAnswer answer = execute(QString::fromUtf8(socket->readLine()));
+        socket->write(answer.line().toUtf8() + '\n');
+    }
+}
+
+Answer SimServer::carryOut(const Request &request)
+{
+    catchUp();
+    if (m_state.maintenance.power != Power::On)
+        return {DeviceStatus::Busy, {}, nullptr};
+    Reports reports;
+    Answer answer = Sim::carryOut(m_state, request, reports);
+    // The one who asked gets the answer first, then everyone the news.
+    if (!reports.empty())
+        QTimer::singleShot(0, this, [this, reports = std::move(reports)] { tell(reports); });
+    if (m_state.maintenance.power != Power::On)
+        leave();
+    followPower();
+    return answer;
+}
+
+void SimServer::leave()
+{
+    // Who switches the device off is answered first, however late that is.
+    const int latency = m_options.latencyMilliseconds;
+    m_isLeaving = true;
+    QTimer::singleShot(latency == 0 ? 0 : latency + tick, this, [this] {
+        m_isLeaving = false;
+        drop();
+        followPower();
+    });
+}
+
+void SimServer::drop()
+{
+    m_server.close();
+    const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+    for (SimClient *const client : clients)
+        client->close();
+}
+
+void SimServer::catchUp()
+{
+    const qint64 due = m_elapsed.elapsed() * m_options.clockSpeed / 100;
+    Reports reports;
+    pass(m_state, due - std::exchange(m_passed, due), reports);
+    tell(reports);
+    followPower();
+}
+
+void SimServer::followPower()
+{
+    if (m_options.clockSpeed == 0 || !isAtWork(m_state))
+        m_tick.stop();
+    else if (!m_tick.isActive())
+        m_tick.start();
+    if (m_isLeaving || m_port == 0)
+        return;
+    QString error;
+    if (m_state.maintenance.power != Power::On)
+        drop();
+    else if (!m_server.isListening() && !open(m_server, m_options.address, m_port, error))
+        qCWarning(simLog, "%s", qUtf8Printable(error));
+}
+
+void SimServer::tell(const Reports &reports)
+{
+    for (const Report &report : reports) {
+        for (SimClient *const client : m_clients)
+            client->send(report);
+    }
+}
+
+std::string SimServer::identity() const
+{
+    ProtoModel::DeviceBaseInfo info;
+    info.protocolVersion = 1;
+    info.modelId = m_options.modelId;
+    info.sn = m_options.sn;
+    info.mac = m_options.mac;
+    info.hardwareVersion = 1;
+    info.firmwareVersion = 1;
+    info.tcpPort = m_port;
+    const Maintenance &maintenance = m_state.maintenance;
+    info.startTime = static_cast<quint64>(maintenance.clockAtStart + maintenance.switchedOn);
+    info.slotCount = static_cast<quint16>(m_state.device.subcards.size());
+    info.maxPacketSize = m_options.packetSize;
+    info.name = m_state.device.general.name;
+    for (const ProtoModel::Device::s_subcardBody &card : m_state.device.subcards)
+        info.slotModels.push_back(static_cast<quint16>(card.modelId));
+    info.ip = m_server.serverAddress().toString().toStdString();
+    info.hostName = "tavorosim";
+    return SSProxy::Wire::encodeIdentity(info);
+}
+
+} // namespace Tavoro::Sim

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "console.h"
+#include "request.h"
+#include "simoptions.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTcpServer>
+#include <QTimer>
+
+#include <vector>
+
+namespace Tavoro::Sim {
+
+class SimClient;
+
+/// The simulated device on its sockets: serves any number of clients with one state, and console
+/// commands from a control port.
+///
+/// Lives on one thread with an event loop; all members are called there.
+class SimServer : public QObject {
+    Q_OBJECT
+
+public:
+    explicit SimServer(SimOptions options, QObject *parent = nullptr);
+    ~SimServer() override;
+
+    /// Opens the folder of the files, if there is one, and the ports. False with a sentence in
+    /// \a error if one cannot be had.
+    bool listen(QString &error);
+    quint16 port() const { return m_port; }
+    quint16 controlPort() const { return m_controlServer.serverPort(); }
+
+    /// Carries out a line of the console. What the device has to tell about it goes to all clients.
+    ConsoleAnswer execute(const QString &line);
+
+private:
+    void acceptClient();
+    void acceptControl();
+    void serveControl(QTcpSocket *socket);
+    Answer carryOut(const Request &request);
+    void tell(const Reports &reports);
+    void catchUp();
+    void followPower();
+    void leave();
+    void drop();
+    std::string identity() const;
+
+    const SimOptions m_options;
+    SimState m_state;
+    QElapsedTimer m_elapsed; ///< Since the program began, by this machine's clock.
+    qint64 m_passed = 0; ///< What of that has passed for the device.
+    QTimer m_tick; ///< Runs while the device is at work.
+    QTcpServer m_server;
+    quint16 m_port = 0; ///< Kept while the device is off.
+    bool m_isLeaving = false; ///< It is off, but has answers to send.
+    QTcpServer m_controlServer;
+    std::vector<SimClient *> m_clients; ///< Owned as children.
+};
+
+} // namespace Tavoro::Sim

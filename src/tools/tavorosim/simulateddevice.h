@@ -1,0 +1,45 @@
+#pragma once
+
+#include "console.h"
+#include "simoptions.h"
+#include "simthread.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace Tavoro::Sim {
+
+class SimServer;
+
+/// A simulated device on a thread of its own, for tests and for programs that bring their device
+/// with them.
+///
+/// All members are called on one thread, which need not have an event loop.
+class SimulatedDevice {
+public:
+    explicit SimulatedDevice(SimOptions options = {});
+    /// Drops all connections and ends the thread.
+    ~SimulatedDevice();
+    SimulatedDevice(const SimulatedDevice &) = delete;
+    SimulatedDevice &operator=(const SimulatedDevice &) = delete;
+
+    /// Opens the ports and serves from now on. False with a sentence in \a error if a port cannot
+    /// be had.
+    bool start(QString &error);
+    /// The ports that were opened.
+    quint16 port() const { return m_port; }
+    quint16 controlPort() const { return m_controlPort; }
+
+    /// Carries out a line of the console and waits until it has taken effect.
+    ConsoleAnswer execute(const QString &line);
+
+private:
+    const SimOptions m_options;
+    SimThread m_thread;
+    std::unique_ptr<SimServer> m_server; ///< Lives and dies on m_thread.
+    quint16 m_port = 0;
+    quint16 m_controlPort = 0;
+};
+
+} // namespace Tavoro::Sim
