@@ -1,0 +1,65 @@
+#include "session.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+
+#include <QRegularExpression>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+/// A model of the device that the request path can find the channel by.
+std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
+{
+    constexpr unsigned short withoutNumber = 65535;
+    auto device = std::make_shared<BizModel::Device>(withoutNumber, nullptr);
+    device->setModelId(info.modelId);
+    device->setIPAddress(QString::fromStdString(info.ip));
+    device->setName(QString::fromStdString(info.name));
+    device->updateDeviceBaseInfo(info);
+    return device;
+}
+
+} // namespace
+
+std::optional<Host> parseHost(const QString &text)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^(?:\\[([^\\]]+)\\]|([^:\\[\\]]+))(?::(\\d{1,5}))?$"));
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const int port =
+        match.captured(3).isEmpty() ? SSProxy::defaultTcpPort : match.captured(3).toInt();
+    if (port < 1 || port > 65535)
+        return std::nullopt;
+    return Host{match.captured(1) + match.captured(2), static_cast<quint16>(port)};
+}
+
+Session::~Session()
+{
+    for (const auto &[place, connection] : m_connections) {
+        connection.channel->stopChannel();
+        SSProxy::DeviceManager::instance()->removeDeviceChannel(connection.channel);
+    }
+}
+
+std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &error)
+{
+    const auto known = m_connections.find({host.name, host.port});
+    if (known != m_connections.end())
+        return known->second.device;
+    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port);
+    if (!channel->waitUntilReady(m_timeout, error)) {
+        channel->stopChannel();
+        return nullptr;
+    }
+    SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
+    const Connection connection{channel, makeModel(channel->deviceBaseInfo())};
+    m_connections[{host.name, host.port}] = connection;
+    return connection.device;
+}
+
+} // namespace Tavoro::Ctl

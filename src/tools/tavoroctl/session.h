@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace Tavoro::BizModel {
+class Device;
+}
+namespace Tavoro::SSProxy {
+class NetworkChannel;
+}
+
+namespace Tavoro::Ctl {
+
+/// Where a device listens.
+struct Host {
+    QString name;
+    quint16 port = 0;
+};
+
+/// "HOST", "HOST:PORT" or "[IPV6]:PORT"; nothing if \a text is none of them.
+std::optional<Host> parseHost(const QString &text);
+
+/// The connections of one run of the tool, each made when it is first needed.
+class Session {
+public:
+    /// \a timeout in milliseconds is how long a device may take to be ready.
+    explicit Session(int timeout) : m_timeout(timeout) { }
+    /// Closes all connections.
+    ~Session();
+    Session(const Session &) = delete;
+    Session &operator=(const Session &) = delete;
+
+    /// The device at \a host. Null with a sentence that names the host in \a error when it cannot
+    /// be reached.
+    std::shared_ptr<BizModel::Device> device(const Host &host, QString &error);
+
+private:
+    struct Connection {
+        std::shared_ptr<SSProxy::NetworkChannel> channel;
+        std::shared_ptr<BizModel::Device> device;
+    };
+
+    const int m_timeout;
+    std::map<std::pair<QString, quint16>, Connection> m_connections;
+};
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace Tavoro::Ctl {
+
+/// A table for a terminal: columns as wide as their widest cell, two blanks apart.
+class TextTable {
+public:
+    explicit TextTable(const QStringList &headings) : m_rows{headings} { }
+
+    void addRow(const QStringList &cells) { m_rows.append(cells); }
+    QString text() const;
+
+private:
+    QList<QStringList> m_rows;
+};
+
+} // namespace Tavoro::Ctl
