@@ -1,0 +1,9 @@
+#include "samplerecords.h"
+
+#include <tavorocontrol/proto/recordcodec_p.h>
+
+TAVORO_CODEC(Sample::Point)
+TAVORO_CODEC(Sample::Identity)
+TAVORO_CODEC(Sample::Numbers)
+TAVORO_CODEC(Sample::Lists)
+TAVORO_CODEC(Sample::Everything)

@@ -1,0 +1,111 @@
+// The codec against a plain second one, over texts made from a fixed seed: same outcome, same error
+// text, same contents of the record also where reading failed half way, same text written from it.
+// TAVORO_CODEC_INPUTS sets the number of texts.
+
+#include "documentmaker.h"
+#include "plainwriter.h"
+#include "samplerecords.h"
+
+#include <tavorocontrol/proto/codec.h>
+#include <tavorocontrol/proto/device.h>
+#include <tavorocontrol/proto/file.h>
+#include <tavorocontrol/proto/screen.h>
+
+#include <QtTest>
+
+namespace {
+
+constexpr int defaultInputs = 1000000;
+
+bool isSame(const std::string &a, const std::string &b)
+{
+    return a == b;
+}
+
+template <class Value>
+bool isSame(const std::vector<Value> &a, const std::vector<Value> &b);
+
+template <class Value>
+bool isSame(const Value &a, const Value &b)
+{
+    if constexpr (std::is_arithmetic_v<Value>) {
+        return a == b;
+    } else {
+        return a.visitFields([&b](const auto &...left) {
+            return b.visitFields(
+                [&](const auto &...right) { return (... && isSame(left, right)); });
+        });
+    }
+}
+
+template <class Value>
+bool isSame(const std::vector<Value> &a, const std::vector<Value> &b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const Value left = a[i];
+        const Value right = b[i];
+        if (!isSame(left, right))
+            return false;
+    }
+    return true;
+}
+
+/// What differs between the two codecs, empty when nothing does.
+template <class Value>
+QByteArray difference(const std::string &text)
+{
+    Value read;
+    Value plainlyRead;
+    std::string error = "untouched";
+    const bool ok = ajson::decodeRecord(text, read, error);
+    const std::string plainError = PlainReader::decode(text, plainlyRead);
+    if (ok != plainError.empty() || error != (ok ? "untouched" : plainError))
+        return QByteArray::fromStdString("error \"" + error + "\", not \"" + plainError + "\"");
+    if (!isSame(read, plainlyRead))
+        return "other contents: " + QByteArray::fromStdString(PlainWriter::text(read)) + ", not "
+            + QByteArray::fromStdString(PlainWriter::text(plainlyRead));
+    std::string written;
+    ajson::encodeRecord(read, written);
+    if (written != PlainWriter::text(read))
+        return "other text: " + QByteArray::fromStdString(written);
+    return {};
+}
+
+template <class Value>
+void compareMany(std::uint64_t seed, int share)
+{
+    const int inputs = qEnvironmentVariableIsSet("TAVORO_CODEC_INPUTS")
+        ? qEnvironmentVariableIntValue("TAVORO_CODEC_INPUTS")
+        : defaultInputs;
+    DocumentMaker maker(seed);
+    for (int i = 0; i <= inputs / 100 * share; ++i) {
+        const std::string text = maker.make<Value>();
+        const QByteArray found = difference<Value>(text);
+        QVERIFY2(found.isEmpty(),
+                 found + "\nfor "
+                     + QByteArray::fromStdString(text).toPercentEncoding(
+                         " {}[]:,\"\\/*+#'()<>=&;!?@^`|$"));
+    }
+}
+
+} // namespace
+
+class tst_CodecEquivalence : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void smallRecordIsReadAndWrittenAlike() { compareMany<Sample::Point>(1, 10); }
+    void numbersAreReadAndWrittenAlike() { compareMany<Sample::Numbers>(2, 20); }
+    void listsAreReadAndWrittenAlike() { compareMany<Sample::Lists>(3, 20); }
+    void nestedRecordsAreReadAndWrittenAlike() { compareMany<Sample::Everything>(4, 20); }
+    void arrayOfRecordsIsReadAndWrittenAlike() { compareMany<std::vector<Sample::Numbers>>(5, 15); }
+    void deviceDetailIsReadAndWrittenAlike()
+    {
+        compareMany<Tavoro::ProtoModel::Device::s_DeviceDetail>(6, 15);
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_CodecEquivalence)
+#include "tst_codecequivalence.moc"

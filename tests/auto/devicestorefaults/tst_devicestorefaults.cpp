@@ -1,0 +1,168 @@
+#include "faultyvfs.h"
+#include "storedmodel.h"
+
+#include <tavorobizmodel/interface.h>
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cstdio>
+
+using namespace ModelRecords;
+using namespace Tavoro;
+
+namespace {
+
+/// A device in an old and a new state, which differ in every kind of row.
+std::shared_ptr<BizModel::Device> device(int state)
+{
+    auto made = ModelRecords::device();
+    const std::string name = state == 0 ? "old" : "new";
+    QString error;
+    s_DeviceDetail detail;
+    detail.general.name = name;
+    made->initModelData(detail, error);
+    // Long enough that a save writes many pages.
+    std::vector<s_InterfaceDetail> interfaces;
+    for (int slot = 0; slot < 20; ++slot)
+        interfaces.push_back(interface({slot, 0, 0}, name));
+    made->initModelData(interfaces, error);
+    made->initModelData(std::vector{file(0, state, std::string(20000, name[0]))}, error);
+    return made;
+}
+
+/// 0 or 1 as for device(); -1 when it is neither one nor the other.
+int stateOf(const BizModel::Device &device)
+{
+    const std::string name = device.deviceDetail().general.name;
+    const auto interfaces = device.interfaces();
+    for (const auto &interface : interfaces) {
+        if (interface.lock()->detail().general.name != name)
+            return -1;
+    }
+    const int state = name == "old" ? 0 : 1;
+    const bool isWhole = interfaces.size() == 20 && device.files().size() == 1
+        && !device.findFile(BizModel::Enum::File::Background, state).expired();
+    return isWhole ? state : -1;
+}
+
+/// What a child process does: saves the new state and is killed at the \a number-th operation.
+/// Prints the count of operations when it outlives that.
+int saveAsChild(const QString &fileName, FaultyVfs::Fault fault, int number)
+{
+    StoredModel model(fileName);
+    const auto changed = device(1);
+    FaultyVfs::arm(fault, number);
+    model.save(changed);
+    std::printf("%d\n", FaultyVfs::operations());
+    return 0;
+}
+
+} // namespace
+
+/// A disk that fails, and a process that ends in the middle of a save.
+class tst_DeviceStoreFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void killedSaveLeavesTheLastCompleteOne_data();
+    void killedSaveLeavesTheLastCompleteOne();
+    void fullDiskIsToldAndTriedAgain();
+    void fullDiskLeavesTheLastCompleteSave();
+};
+
+void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne_data()
+{
+    QTest::addColumn<int>("fault");
+    QTest::newRow("between operations") << int(FaultyVfs::Fault::Kill);
+    QTest::newRow("within a write") << int(FaultyVfs::Fault::KillHalfway);
+}
+
+void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
+{
+    QFETCH(int, fault);
+    const QTemporaryDir folder;
+    int last = 0;
+    int killed = 0;
+    for (int number = 1;; ++number) {
+        const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
+        {
+            const StoredModel model(file);
+            model.save(device(0));
+        }
+        QProcess child;
+        child.start(
+            QCoreApplication::applicationFilePath(),
+            {QStringLiteral("--save"), file, QString::number(fault), QString::number(number)});
+        QVERIFY(child.waitForFinished());
+        const bool isKilled = child.exitStatus() == QProcess::CrashExit;
+        killed += isKilled;
+
+        const StoreSignals told;
+        const StoredModel model(file);
+        QVERIFY2(model.isOpen, qPrintable(model.error));
+        QCoreApplication::processEvents();
+        QCOMPARE(told.setAside, QStringList());
+        QVERIFY(model.onlyDevice());
+        const int state = stateOf(*model.onlyDevice());
+        QVERIFY2(state == 0 || state == 1, qPrintable(QString::number(number)));
+        QVERIFY(state >= last); // once a save is complete, it is there at every later moment
+        last = state;
+        const int operations = child.readAllStandardOutput().trimmed().toInt();
+        if (!isKilled && number > operations)
+            break;
+    }
+    QCOMPARE(last, 1);
+    QVERIFY(killed > 10);
+}
+
+void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
+{
+    const QTemporaryDir folder;
+    const StoredModel model(folder.filePath(QStringLiteral("devices.sqlite")), 20);
+    const StoreSignals told;
+    const auto changed = device(1);
+    FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
+    model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
+    QTRY_VERIFY(told.failures.size() >= 2);
+    QVERIFY(told.failures[0].contains(QStringLiteral("full")));
+    QVERIFY(told.saved.isEmpty());
+    FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+    QTRY_COMPARE(told.saved.size(), 1);
+}
+
+void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    {
+        const StoredModel model(file);
+        model.save(device(0));
+        const StoreSignals told;
+        const auto changed = device(1);
+        FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 5);
+        model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
+        QTRY_COMPARE(told.failures.size(), 1);
+        model.list->saveDeviceDataThread()->setTemporaryStop(true); // no second try when it closes
+    }
+    FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+    const StoredModel model(file);
+    QCOMPARE(stateOf(*model.onlyDevice()), 0);
+    model.list->saveDeviceDataThread()->setTemporaryStop(false);
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    FaultyVfs::install();
+    const QStringList arguments = application.arguments();
+    if (arguments.size() == 5 && arguments[1] == QLatin1String("--save"))
+        return saveAsChild(arguments[2], FaultyVfs::Fault(arguments[3].toInt()),
+                           arguments[4].toInt());
+    tst_DeviceStoreFaults test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_devicestorefaults.moc"

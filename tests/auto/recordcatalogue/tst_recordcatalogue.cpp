@@ -1,0 +1,127 @@
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QtTest>
+
+namespace {
+
+QStringList linesOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+}
+
+/// What \a pattern captures in \a line, or an empty text.
+QString captured(const QString &line, const QString &pattern)
+{
+    return QRegularExpression(pattern).match(line).captured(1);
+}
+
+/// Full names of the records that a header declares, in its order.
+QStringList recordsOfHeader(const QString &path)
+{
+    QString space;
+    QString record;
+    QStringList names;
+    for (const QString &line : linesOf(path)) {
+        const QString newSpace = captured(line, QStringLiteral("^namespace ([\\w:]+) \\{"));
+        const QString newRecord = captured(line, QStringLiteral("^struct (\\w+)"));
+        if (!newSpace.isEmpty())
+            space = newSpace;
+        if (!newRecord.isEmpty())
+            record = newRecord;
+        if (line.startsWith(QLatin1String("    TAVORO_FIELDS(")))
+            names << space + QStringLiteral("::") + record;
+    }
+    return names;
+}
+
+/// Full names of the records whose readers and writers a source compiles, in its order.
+QStringList recordsOfSource(const QString &path)
+{
+    QStringList names;
+    for (const QString &line : linesOf(path)) {
+        const QString name = captured(line, QStringLiteral("^TAVORO_CODEC\\(([\\w:]+)\\)"));
+        if (!name.isEmpty())
+            names << name;
+    }
+    return names;
+}
+
+/// First columns of a data file.
+QStringList namesOfData(const char *fileName)
+{
+    QStringList names;
+    for (const QString &line : linesOf(QStringLiteral(TEST_DATA_DIR "/") + QLatin1String(fileName)))
+        if (!line.isEmpty())
+            names << line.section(QLatin1Char('\t'), 0, 0);
+    return names;
+}
+
+/// What \a read finds in all files of the record folder that match \a filter.
+QStringList inFolder(const QString &filter, QStringList (*read)(const QString &))
+{
+    const QDir folder(QStringLiteral(PROTO_SOURCE_DIR));
+    QStringList names;
+    for (const QString &file : folder.entryList({filter}, QDir::Files))
+        names << read(folder.filePath(file));
+    return names;
+}
+
+QStringList declaredRecords()
+{
+    return inFolder(QStringLiteral("*.h"), &recordsOfHeader);
+}
+
+/// Names that one list has and the other lacks, or has twice; empty when they agree.
+QString differences(QStringList names)
+{
+    QStringList different;
+    for (const QString &name : declaredRecords())
+        if (!names.removeOne(name))
+            different << QStringLiteral("missing: ") + name;
+    for (const QString &name : names)
+        different << QStringLiteral("unknown or repeated: ") + name;
+    return different.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+/// Nothing that a new record needs can be forgotten: its codec and its rows of test data.
+class tst_RecordCatalogue : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void headersDeclareRecords();
+    void everyRecordHasOneCodec();
+    void everyRecordHasItsDefaultText();
+    void everyRecordHasATextWithoutDefaults();
+};
+
+void tst_RecordCatalogue::headersDeclareRecords()
+{
+    // A guard of this test itself: a change of layout must not make it blind.
+    QCOMPARE(declaredRecords().size(), 165);
+}
+
+void tst_RecordCatalogue::everyRecordHasOneCodec()
+{
+    const QStringList compiled = inFolder(QStringLiteral("*records.cpp"), &recordsOfSource);
+    QCOMPARE(differences(compiled), QString());
+}
+
+void tst_RecordCatalogue::everyRecordHasItsDefaultText()
+{
+    QCOMPARE(differences(namesOfData("records.tsv")), QString());
+}
+
+void tst_RecordCatalogue::everyRecordHasATextWithoutDefaults()
+{
+    QCOMPARE(differences(namesOfData("recordvalues.tsv")), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_RecordCatalogue)
+#include "tst_recordcatalogue.moc"

@@ -1,0 +1,74 @@
+#include "fastclock.h"
+
+#include <QtGlobal>
+
+#include <atomic>
+
+#if defined(Q_OS_LINUX) && !defined(__SANITIZE_THREAD__)
+#define CAN_REPLACE_WAITS
+#endif
+
+namespace {
+std::atomic<bool> isFast{false};
+std::atomic<int> ranOut{0};
+} // namespace
+
+FastClock::FastClock()
+{
+    ranOut = 0;
+    isFast = true;
+}
+
+FastClock::~FastClock()
+{
+    isFast = false;
+}
+
+bool FastClock::isPossible()
+{
+#ifdef CAN_REPLACE_WAITS
+    return true;
+#else
+    return false;
+#endif
+}
+
+int FastClock::waitsThatRanOut() const
+{
+    return ranOut;
+}
+
+#ifdef CAN_REPLACE_WAITS
+
+#include <cerrno>
+#include <cstring>
+#include <dlfcn.h>
+#include <pthread.h>
+
+namespace {
+
+bool isWriter()
+{
+    char name[16];
+    return pthread_getname_np(pthread_self(), name, sizeof name) == 0
+        && std::strcmp(name, "SaveFile") == 0;
+}
+
+} // namespace
+
+// The libraries of the process find this one before the system's.
+extern "C" Q_DECL_EXPORT int pthread_cond_timedwait(pthread_cond_t *condition,
+                                                    pthread_mutex_t *mutex, const timespec *until)
+{
+    using Wait = int (*)(pthread_cond_t *, pthread_mutex_t *, const timespec *);
+    static const auto wait = reinterpret_cast<Wait>(dlsym(RTLD_NEXT, "pthread_cond_timedwait"));
+    if (!isFast || !isWriter())
+        return wait(condition, mutex, until);
+    const timespec past{};
+    const int result = wait(condition, mutex, &past);
+    if (result == ETIMEDOUT)
+        ++ranOut;
+    return result;
+}
+
+#endif

@@ -1,0 +1,60 @@
+// The functions below stand before the model's of the same name, as this program is searched before
+// its libraries.
+
+#include "scriptedsaver.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/savedevicedatathread.h>
+
+namespace {
+
+Journal *listener = nullptr;
+
+} // namespace
+
+namespace Tavoro::BizModel {
+
+/// Only the private part of the list may make a saver.
+class DeviceListPrivate {
+public:
+    static SaveDeviceDataThread *silentSaver()
+    {
+        static SaveDeviceDataThread saver;
+        return &saver;
+    }
+};
+
+SaveDeviceDataThread *DeviceList::saveDeviceDataThread() const
+{
+    return listener ? DeviceListPrivate::silentSaver() : nullptr;
+}
+
+void SaveDeviceDataThread::setTemporaryStop(bool stop)
+{
+    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: go on"));
+}
+
+void SaveDeviceDataThread::waitForSavingDataFinished()
+{
+    listener->tell(QStringLiteral("saver: wait"));
+}
+
+void SaveDeviceDataThread::saveDevicesInfor(std::weak_ptr<Device> weakDevice)
+{
+    const auto device = weakDevice.lock();
+    listener->tell(QStringLiteral("saver: save ")
+                   + (device ? device->IPAddress() : QStringLiteral("nothing")));
+}
+
+} // namespace Tavoro::BizModel
+
+ScriptedSaver::ScriptedSaver(Journal &journal)
+{
+    listener = &journal;
+}
+
+ScriptedSaver::~ScriptedSaver()
+{
+    listener = nullptr;
+}

@@ -1,0 +1,361 @@
+// The tool as a process against a simulated device: what it prints where, and how it ends.
+
+#include <tavorosim/simulateddevice.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTest>
+
+using Tavoro::Sim::SimOptions;
+using Tavoro::Sim::SimulatedDevice;
+
+class tst_TavoroCtl : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aWriteReachesTheDevice();
+    void aReadPrintsItsAnswerAsJson();
+    void aReadTakesFiltersBelowZero();
+    void readsAndWritesGoInPackets();
+    void operationsThatTakeNumbersAlone();
+    void aRefusalIsToldOnceAndEndsWithOne();
+    void anUnreachableHostIsNamed();
+    void aSilentHostIsNamed();
+    void wrongUsageEndsWithTwoAndSendsNothing_data();
+    void wrongUsageEndsWithTwoAndSendsNothing();
+    void verboseShowsTheLogWhole();
+    void withoutVerboseThereIsNoLog();
+
+    void batchMakesOneCallPerLine();
+    void batchLinesMayNameTheHost();
+    void batchGoesOnAfterAFailureAndTellsTheWorst();
+
+    void listTellsEveryOperation();
+    void listShowsTheRecordOfAnOperation();
+    void showPrintsTables();
+    void showPrintsJson();
+    void showMayHaveItsOptionBehindTheHost();
+    void helpAndVersion();
+
+private:
+    struct Run {
+        int exitCode = -1;
+        QByteArray output;
+        QByteArray errors;
+    };
+    static Run run(const QByteArrayList &arguments, const QByteArray &input = {});
+    Run call(const QByteArrayList &words) const;
+    QByteArray host() const;
+
+    std::unique_ptr<SimulatedDevice> m_device;
+};
+
+namespace {
+
+void start(std::unique_ptr<SimulatedDevice> &device, const SimOptions &options)
+{
+    device = std::make_unique<SimulatedDevice>(options);
+    QString error;
+    QVERIFY2(device->start(error), qPrintable(error));
+}
+
+} // namespace
+
+void tst_TavoroCtl::init()
+{
+    start(m_device, {});
+}
+
+void tst_TavoroCtl::cleanup()
+{
+    m_device.reset();
+}
+
+QByteArray tst_TavoroCtl::host() const
+{
+    return "127.0.0.1:" + QByteArray::number(m_device->port());
+}
+
+tst_TavoroCtl::Run tst_TavoroCtl::run(const QByteArrayList &arguments, const QByteArray &input)
+{
+    QStringList words;
+    for (const QByteArray &argument : arguments)
+        words += QString::fromUtf8(argument);
+    QProcess process;
+    process.start(QStringLiteral(TAVOROCTL), words);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+tst_TavoroCtl::Run tst_TavoroCtl::call(const QByteArrayList &words) const
+{
+    return run(QByteArrayList{"call", host()} + words);
+}
+
+void tst_TavoroCtl::aWriteReachesTheDevice()
+{
+    const Run write = call(
+        {"Device.writeDeviceGroupInfo", R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})"});
+    QCOMPARE(write.errors, QByteArray("Set device group information successfully.\n"));
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 0);
+    const Run read = call({"Device.readDeviceGroupInfo"});
+    QCOMPARE(read.output,
+             QByteArray(R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})"
+                        "\n"));
+    QCOMPARE(read.errors, QByteArray("Get device group information successfully.\n"));
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::aReadPrintsItsAnswerAsJson()
+{
+    QCOMPARE(call({"Device.readOutputMapping"}).output,
+             QByteArray(R"({"general":{"type":0},"testPattern":{"enable":0,"type":0,"bright":0,)"
+                        R"("grid":0,"speed":0,"gridLineWidth":0,"gridType":0}})"
+                        "\n"));
+    const QByteArray decoded = call({"Device.readDetails"}).output;
+    QVERIFY(QJsonDocument::fromJson(decoded).isObject());
+    QCOMPARE(call({"Device.sendReadDeviceDetailsCmd"}).output, decoded);
+}
+
+void tst_TavoroCtl::aReadTakesFiltersBelowZero()
+{
+    const Run read = call({"Layer.readDetails", "77", "-1", "-1", "-1"});
+    QCOMPARE(read.output, QByteArray("[]\n"));
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::readsAndWritesGoInPackets()
+{
+    SimOptions options;
+    options.packetSize = 16;
+    start(m_device, options);
+    const QByteArray groups = R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})";
+    QCOMPARE(call({"Device.writeDeviceGroupInfo", groups}).exitCode, 0);
+    QCOMPARE(call({"Device.readDeviceGroupInfo"}).output, groups + '\n');
+}
+
+void tst_TavoroCtl::operationsThatTakeNumbersAlone()
+{
+    QCOMPARE(call({"Device.writeLoadToPGM", "1"}).exitCode, 0);
+    QVERIFY(call({"Device.readDetails"}).output.contains(R"("presetApplyType":1)"));
+    QCOMPARE(call({"Layer.writeRemovedAll", "1", "1"}).exitCode, 0);
+    QCOMPARE(call({"Layer.readDetails", "1", "1", "-1", "-1"}).output, QByteArray("[]\n"));
+}
+
+void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
+{
+    const Run write = call({"Device.writeSwap", R"({"swap":2})"});
+    QCOMPARE(write.errors,
+             QByteArray("Set device swap status information failed: hardware error:4 .\n"));
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 1);
+
+    // Nothing is sent and nothing is said: the tool does.
+    const Run silent = call({"Interface.writeActualTiming", "[]"});
+    QCOMPARE(silent.errors, QByteArray("Interface.writeActualTiming failed.\n"));
+    QCOMPARE(silent.exitCode, 1);
+}
+
+void tst_TavoroCtl::anUnreachableHostIsNamed()
+{
+    const QByteArray gone = host();
+    m_device.reset();
+    const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", "{}"});
+    QVERIFY2(write.errors.contains(gone), write.errors.constData());
+    QCOMPARE(write.errors.count('\n'), 1);
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 1);
+}
+
+void tst_TavoroCtl::aSilentHostIsNamed()
+{
+    QTcpServer silent; // Takes the connection and says nothing.
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    const QByteArray place = "127.0.0.1:" + QByteArray::number(silent.serverPort());
+    const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", "{}"});
+    QVERIFY2(write.errors.contains(place), write.errors.constData());
+    QCOMPARE(write.exitCode, 1);
+}
+
+void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
+{
+    QTest::addColumn<QByteArrayList>("arguments");
+    QTest::addColumn<QString>("words");
+    const QByteArray swap = "Device.writeSwap";
+    // The host does not exist: whoever tried to send would end with 1.
+    const QByteArray nowhere = "nowhere.invalid";
+    // clang-format off
+    QTest::newRow("no command")        << QByteArrayList{}                               << "a command is missing; --help tells what there is";
+    QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "there is no command \"dance\"; --help tells what there is";
+    QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
+    QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not what --timeout takes.";
+    QTest::newRow("no host")           << QByteArrayList{"call"}                         << "HOST[:PORT] is missing";
+    QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
+    QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "an operation is missing";
+    QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"} << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
+    QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
+    QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"} << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
+    QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"} << "Device.writeSwap, argument 1: line 1, column 1: an object is due here, {...}, not a list";
+    QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"} << "Device.writeSwap, argument 1: line 1, column 2: \"swop\" is none of the keys here: swap";
+    QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, "{}", "{}"} << "Device.writeSwap, argument 2: \"{}\" is one too many";
+    QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"} << "Screen.readDetails, argument 2: \"all\" is not a number";
+    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "there is no operation \"Device.swap\"";
+    QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes one HOST[:PORT]";
+    // clang-format on
+}
+
+void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing()
+{
+    QFETCH(QByteArrayList, arguments);
+    QFETCH(QString, words);
+    const Run result = run(arguments);
+    QCOMPARE(QString::fromUtf8(result.errors), QStringLiteral("tavoroctl: %1\n").arg(words));
+    QCOMPARE(result.output, QByteArray());
+    QCOMPARE(result.exitCode, 2);
+}
+
+void tst_TavoroCtl::verboseShowsTheLogWhole()
+{
+    const Run read = run({"--verbose", "call", host(), "Device.readDetails"});
+    QVERIFY2(read.errors.contains("[tavoro.control] info: TavoroCmd \"Simulated device\""),
+             read.errors.constData());
+    const QByteArray quoted = read.output.trimmed().replace("\"", "\\\"");
+    QVERIFY2(read.errors.contains('"' + quoted + "\"\n"), read.errors.constData());
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::withoutVerboseThereIsNoLog()
+{
+    QVERIFY(!call({"Device.readDetails"}).errors.contains("TavoroCmd"));
+}
+
+void tst_TavoroCtl::batchMakesOneCallPerLine()
+{
+    const Run batch = run({"batch", host()},
+                          "# A comment and an empty line.\n\n"
+                          "Device.writeDeviceGroupInfo {\"groupInfos\":[{\"groupName\":\"a b\","
+                          "\"groupId\":\"7\"}]}\n"
+                          "Device.readDeviceGroupInfo\n"
+                          "Layer.readDetails 77 -1 -1 -1");
+    QCOMPARE(batch.output,
+             QByteArray("{\"groupInfos\":[{\"groupName\":\"a b\",\"groupId\":\"7\"}]}\n[]\n"));
+    QCOMPARE(batch.errors,
+             QByteArray("Set device group information successfully.\n"
+                        "Get device group information successfully.\n"
+                        "Get layer detail information successfully.\n"));
+    QCOMPARE(batch.exitCode, 0);
+}
+
+void tst_TavoroCtl::batchLinesMayNameTheHost()
+{
+    const Run batch =
+        run({"batch"},
+            host() + " Device.writeSwap '{\"swap\":0}'\n" + host() + " Device.readDetails\n");
+    QVERIFY2(batch.output.contains("\"swap\":0"), batch.output.constData());
+    QCOMPARE(batch.exitCode, 0);
+}
+
+void tst_TavoroCtl::batchGoesOnAfterAFailureAndTellsTheWorst()
+{
+    const Run failed =
+        run({"batch", host()}, "Device.writeSwap {\"swap\":2}\nDevice.writeSwap {\"swap\":0}\n");
+    QCOMPARE(failed.errors,
+             QByteArray("Set device swap status information failed: hardware error:4 .\n"
+                        "Set device swap status information successfully.\n"));
+    QCOMPARE(failed.exitCode, 1);
+    const Run wrong = run({"batch", host()}, "Device.swap\nDevice.writeSwap {\"swap\":2}\n");
+    QCOMPARE(wrong.errors,
+             QByteArray("tavoroctl: line 1 of the batch: there is no operation \"Device.swap\"; "
+                        "\"tavoroctl list\" tells what there is\n"
+                        "Set device swap status information failed: hardware error:4 .\n"));
+    QCOMPARE(wrong.exitCode, 2);
+}
+
+void tst_TavoroCtl::listTellsEveryOperation()
+{
+    const Run list = run({"list"});
+    QCOMPARE(list.exitCode, 0);
+    const QStringList lines = QString::fromUtf8(list.output).split(QLatin1Char('\n'));
+    QVERIFY(lines.contains(
+        QStringLiteral("Device.writeSwap                           0x1107  Device::s_swap")));
+    QVERIFY(lines.contains(QStringLiteral("Screen.readDetails                         0x1300  "
+                                          "FILTER FILTER FILTER -> [Screen::s_ScreenFullDetail]")));
+    QVERIFY(lines.contains(
+        QStringLiteral("Screen.writeFTB                            0x130a  [Screen::s_FTB]")));
+}
+
+void tst_TavoroCtl::listShowsTheRecordOfAnOperation()
+{
+    QCOMPARE(run({"list", "Screen.writeFTB"}).output,
+             QByteArray(R"([{"screenId":0,"screenType":0,"FTB":{"enable":0,"time":0}}])"
+                        "\n"));
+}
+
+void tst_TavoroCtl::showPrintsTables()
+{
+    SimOptions options;
+    options.inputs = 1;
+    options.outputs = 2;
+    options.screens = 1;
+    options.layersPerScreen = 2;
+    start(m_device, options);
+    QVERIFY(m_device->execute(QStringLiteral("cable 1 1")).ok);
+    const Run show = run({"show", host()});
+    QCOMPARE(show.output, QByteArray(R"(DEVICE          Simulated device
+status          1
+swap            1
+genlock signal  1
+power supplies  1: 1, 2: 1
+cards           2
+groups
+
+INTERFACE  TYPE  NAME      TIMING        DEPTH  HDCP
+1.1.0      1     Input 1   no signal     8      0
+2.1.0      2     Output 1  1920x1080p60  8      0
+2.2.0      2     Output 2  1920x1080p60  8      0
+
+SCREEN      NAME  WINDOW            FREEZE  FTB  T-BAR  OUTPUTS
+1 (type 1)  Main  3840x1080 at 0,0  0       0    0      2.1.0 2.2.0
+
+LAYER  SCREEN      SCENE      TYPE  Z  NAME        SOURCE   WINDOW            OPACITY
+0      1 (type 1)  preview    2     0  Background  1:65792  3840x1080 at 0,0  100
+1      1 (type 1)  preview    1     1  Layer 1     1:65792  3840x1080 at 0,0  100
+0      1 (type 1)  programme  2     0  Background  1:65792  3840x1080 at 0,0  100
+1      1 (type 1)  programme  1     1  Layer 1     1:65792  3840x1080 at 0,0  100
+)"));
+    QCOMPARE(show.exitCode, 0);
+}
+
+void tst_TavoroCtl::showPrintsJson()
+{
+    const QJsonObject shown =
+        QJsonDocument::fromJson(run({"--json", "show", host()}).output).object();
+    QCOMPARE(shown.keys(),
+             QString::fromLatin1("device interfaces layers screens").split(QLatin1Char(' ')));
+}
+
+void tst_TavoroCtl::showMayHaveItsOptionBehindTheHost()
+{
+    QVERIFY(run({"show", host(), "--json"}).output.startsWith("{\"device\":{"));
+}
+
+void tst_TavoroCtl::helpAndVersion()
+{
+    const Run help = run({"--help"});
+    QVERIFY(help.output.contains("Exit status: 0 done, 1 a device or an operation failed, "));
+    QCOMPARE(help.exitCode, 0);
+    QVERIFY(run({"--version"}).output.startsWith("tavoroctl 0."));
+    QCOMPARE(run({"call", "--help"}).exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtl)
+#include "tst_tavoroctl.moc"

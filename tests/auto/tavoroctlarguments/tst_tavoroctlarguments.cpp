@@ -1,0 +1,240 @@
+// What a person types behind an operation: records, numbers, lines of a batch.
+
+#include <tavoroctl/argumentreader.h>
+#include <tavoroctl/batchline.h>
+#include <tavoroctl/recordargument.h>
+#include <tavoroctl/session.h>
+
+#include <tavorobizmodel/enums.h>
+#include <tavorocontrol/proto/device.h>
+#include <tavorocontrol/proto/layer.h>
+#include <tavorocontrol/proto/screen.h>
+
+#include <QTest>
+
+using namespace Tavoro;
+using namespace Tavoro::Ctl;
+
+class tst_TavoroCtlArguments : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void goodRecordsHaveNoFault_data();
+    void goodRecordsHaveNoFault();
+    void faultsOfARecordNameTheirPlace_data();
+    void faultsOfARecordNameTheirPlace();
+    void faultsOfAListNameTheirPlace_data();
+    void faultsOfAListNameTheirPlace();
+    void codecFaultsCountFromOne();
+
+    void argumentsAreReadInTheirOrder();
+    void faultsOfArgumentsNameTheArgument_data();
+    void faultsOfArgumentsNameTheArgument();
+
+    void batchLinesAreCutIntoWords_data();
+    void batchLinesAreCutIntoWords();
+    void hostsAreNamesWithAPort_data();
+    void hostsAreNamesWithAPort();
+};
+
+namespace {
+
+QStringList toTexts(const QByteArrayList &bytes)
+{
+    QStringList texts;
+    for (const QByteArray &text : bytes)
+        texts += QString::fromUtf8(text);
+    return texts;
+}
+
+} // namespace
+
+void tst_TavoroCtlArguments::goodRecordsHaveNoFault_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << "{}";
+    QTest::newRow("one key") << R"({"swap":1})";
+    QTest::newRow("blanks") << "\n { \"swap\" :\t1 }\n";
+    QTest::newRow("another notation of the number") << R"({"swap":1.0})";
+}
+
+void tst_TavoroCtlArguments::goodRecordsHaveNoFault()
+{
+    QFETCH(QString, text);
+    ProtoModel::Device::s_swap record;
+    QCOMPARE(readRecord(text.toStdString(), record), QString());
+}
+
+void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("fault");
+    // clang-format off
+    QTest::newRow("empty")           << ""                                   << "line 1, column 1: illegal value";
+    QTest::newRow("cut off")         << R"({"general":)"                     << "line 1, column 12: unterminated object";
+    QTest::newRow("list")            << R"( [{"general":{}}])"               << "line 1, column 2: an object is due here, {...}, not a list";
+    QTest::newRow("unknown key")     << R"({"genral":{}})"                   << R"(line 1, column 2: "genral" is none of the keys here: general)";
+    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"      << R"(line 2, column 4: "nme" is none of the keys here: name, status)";
+    QTest::newRow("word for number") << R"({"general":{"status":"on"}})"     << R"(line 1, column 22: "on" would be sent as 0)";
+    QTest::newRow("too large")       << R"({"general":{"status":4294967297}})" << "line 1, column 22: 4294967297 would be sent as 1";
+    QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"      << "line 1, column 22: 1.5 would be sent as 1";
+    QTest::newRow("null")            << R"({"general":{"status":null}})"     << "line 1, column 22: null would be sent as 0";
+    QTest::newRow("number for text") << R"({"general":{"name":5}})"          << "line 1, column 20: not a valid string.";
+    QTest::newRow("object for list") << R"({"general":[]})"                  << "line 1, column 12: read object must start with {!";
+    QTest::newRow("after the empty") << R"({"general":{},"x":1})"            << R"(line 1, column 15: "x" is none of the keys here: general)";
+    QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})" << "line 1, column 33: 7.5 would be sent as 7";
+    // clang-format on
+}
+
+void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, fault);
+    ProtoModel::Device::s_General record;
+    QCOMPARE(readRecord(text.toStdString(), record), fault);
+}
+
+void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("fault");
+    // clang-format off
+    QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: a list is due here, [...], not an object";
+    QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0";
+    QTest::newRow("negative id")     << R"([{"screenId":-1}])"               << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
+    QTest::newRow("cut by an empty object") << R"([{"layout":{},"screenId":3}])" << "line 1, column 24: read object must start with {!";
+    // clang-format on
+}
+
+void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, fault);
+    std::vector<ProtoModel::Screen::s_Layout> list;
+    QCOMPARE(readRecord(text.toStdString(), list), fault);
+}
+
+void tst_TavoroCtlArguments::codecFaultsCountFromOne()
+{
+    QCOMPARE(faultOfCodec("error at line :0 col :0 msg:no valid array!"),
+             QStringLiteral("line 1, column 1: no valid array!"));
+    QCOMPARE(faultOfCodec("error at line :4 col :17 msg:no valid array!"),
+             QStringLiteral("line 5, column 17: no valid array!"));
+    QCOMPARE(faultOfCodec("out of memory"), QStringLiteral("out of memory"));
+}
+
+void tst_TavoroCtlArguments::argumentsAreReadInTheirOrder()
+{
+    const QStringList arguments =
+        toTexts({"-1", "255", "wall", "1", R"([{"cutFill":{"enable":true}}])"});
+    ArgumentReader reader(arguments);
+    int filter = 0;
+    quint8 number = 0;
+    QString text;
+    BizModel::Enum::Device::LoadToPGMStatus status{};
+    std::vector<ProtoModel::Layer::s_CutFill> list;
+    reader.read(filter);
+    reader.read(number);
+    reader.read(text);
+    reader.read(status);
+    reader.read(list);
+    QCOMPARE(reader.fault(), QString());
+    QCOMPARE(filter, -1);
+    QCOMPARE(int(number), 255);
+    QCOMPARE(text, QStringLiteral("wall"));
+    QCOMPARE(int(status), 1);
+    QCOMPARE(list.at(0).cutFill.enable, true);
+}
+
+void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument_data()
+{
+    QTest::addColumn<QByteArrayList>("arguments");
+    QTest::addColumn<QString>("fault");
+    // clang-format off
+    QTest::newRow("missing")    << QByteArrayList{"1"}                 << "argument 2: a number is missing";
+    QTest::newRow("all missing")<< QByteArrayList{}                    << "argument 1: a number is missing";
+    QTest::newRow("too many")   << QByteArrayList{"1", "2", "3"}       << R"(argument 3: "3" is one too many)";
+    QTest::newRow("no number")  << QByteArrayList{"1", "two"}          << R"(argument 2: "two" is not a number)";
+    QTest::newRow("fraction")   << QByteArrayList{"1.5", "2"}          << R"(argument 1: "1.5" is not a number)";
+    QTest::newRow("below")      << QByteArrayList{"-2", "2"}           << "argument 1: -2 is not between -1 and 255";
+    QTest::newRow("above")      << QByteArrayList{"1", "256"}          << "argument 2: 256 is not between 0 and 255";
+    QTest::newRow("first wins") << QByteArrayList{"x", "y", "z"}       << R"(argument 1: "x" is not a number)";
+    // clang-format on
+}
+
+void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument()
+{
+    QFETCH(QByteArrayList, arguments);
+    QFETCH(QString, fault);
+    const QStringList words = toTexts(arguments);
+    ArgumentReader reader(words);
+    int filter = 0;
+    quint8 number = 0;
+    reader.read(filter);
+    reader.read(number);
+    QCOMPARE(reader.fault(), fault);
+}
+
+void tst_TavoroCtlArguments::batchLinesAreCutIntoWords_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QByteArrayList>("words");
+    // clang-format off
+    QTest::newRow("empty")    << " \t"                                    << QByteArrayList{};
+    QTest::newRow("comment")  << "  # Device.writeSwap {}"                << QByteArrayList{};
+    QTest::newRow("words")    << " a  -1 b\t2 "                           << QByteArrayList{"a", "-1", "b", "2"};
+    QTest::newRow("object")   << R"(a {"x": "y z"} )"                     << QByteArrayList{"a", R"({"x": "y z"})"};
+    QTest::newRow("list")     << R"(a [1, 2])"                            << QByteArrayList{"a", "[1, 2]"};
+    QTest::newRow("quoted")   << R"(a '{"x": 1}' 'b c' d)"                << QByteArrayList{"a", R"({"x": 1})", "b c", "d"};
+    QTest::newRow("unclosed") << "a 'b c"                                 << QByteArrayList{"a", "b c"};
+    QTest::newRow("no text")  << "a ''"                                   << QByteArrayList{"a", ""};
+    // clang-format on
+}
+
+void tst_TavoroCtlArguments::batchLinesAreCutIntoWords()
+{
+    QFETCH(QString, line);
+    QFETCH(QByteArrayList, words);
+    QCOMPARE(splitBatchLine(line), toTexts(words));
+}
+
+void tst_TavoroCtlArguments::hostsAreNamesWithAPort_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("port");
+    QTest::newRow("name") << "wall.example"
+                          << "wall.example" << 6630;
+    QTest::newRow("port") << "10.0.0.7:99"
+                          << "10.0.0.7" << 99;
+    QTest::newRow("version 6") << "[::1]"
+                               << "::1" << 6630;
+    QTest::newRow("version 6 with port") << "[::1]:99"
+                                         << "::1" << 99;
+    QTest::newRow("nothing") << ""
+                             << "" << 0;
+    QTest::newRow("no port") << "wall:"
+                             << "" << 0;
+    QTest::newRow("port 0") << "wall:0"
+                            << "" << 0;
+    QTest::newRow("port above") << "wall:65536"
+                                << "" << 0;
+    QTest::newRow("no number") << "wall:http"
+                               << "" << 0;
+}
+
+void tst_TavoroCtlArguments::hostsAreNamesWithAPort()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, name);
+    QFETCH(int, port);
+    const std::optional<Host> host = parseHost(text);
+    QCOMPARE(host.has_value(), port != 0);
+    if (!host)
+        return;
+    QCOMPARE(host->name, name);
+    QCOMPARE(int(host->port), port);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtlArguments)
+#include "tst_tavoroctlarguments.moc"

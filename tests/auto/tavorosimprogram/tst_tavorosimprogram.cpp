@@ -1,0 +1,193 @@
+// The simulated device as a program: what it prints, what it reads, how it ends.
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTcpSocket>
+#include <QTest>
+
+class tst_TavoroSimProgram : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tellsWhereItListens();
+    void standardInputIsItsConsole();
+    void linesThatComeTogetherAreAllServed();
+    void goesOnWithoutAConsole();
+    void logsExchangesOnlyWhenAsked();
+    void tellsItsVersion();
+    void helpNamesEveryOption();
+    void wrongOptionsEndWithTwo_data();
+    void wrongOptionsEndWithTwo();
+    void aPortInUseEndsWithOne();
+};
+
+namespace {
+
+constexpr int patience = 10000; ///< Milliseconds.
+
+/// The program with the first line that it printed.
+class Program {
+public:
+    explicit Program(const QStringList &arguments)
+    {
+        process.start(QStringLiteral(TAVOROSIM), arguments);
+        while (!process.canReadLine() && process.waitForReadyRead(patience)) { }
+        firstLine = QString::fromLocal8Bit(process.readLine()).trimmed();
+    }
+
+    ~Program()
+    {
+        process.kill();
+        process.waitForFinished(patience);
+    }
+
+    quint16 port() const { return firstLine.section(QLatin1Char(':'), -1).toUShort(); }
+
+    QString ask(const QByteArray &line)
+    {
+        process.write(line + '\n');
+        while (!process.canReadLine() && process.waitForReadyRead(patience)) { }
+        return QString::fromLocal8Bit(process.readLine()).trimmed();
+    }
+
+    QProcess process;
+    QString firstLine;
+};
+
+/// Lets a program run to its end.
+int run(const QStringList &arguments, QString &output, QString &errors)
+{
+    QProcess process;
+    process.start(QStringLiteral(TAVOROSIM), arguments);
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit)
+        return -1;
+    output = QString::fromLocal8Bit(process.readAllStandardOutput());
+    errors = QString::fromLocal8Bit(process.readAllStandardError());
+    return process.exitCode();
+}
+
+const QStringList anyPort{QStringLiteral("--port"), QStringLiteral("0")};
+
+} // namespace
+
+void tst_TavoroSimProgram::tellsWhereItListens()
+{
+    Program program(anyPort);
+    QVERIFY2(QRegularExpression(QStringLiteral("^listening on 127\\.0\\.0\\.1:\\d+$"))
+                 .match(program.firstLine)
+                 .hasMatch(),
+             qPrintable(program.firstLine));
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("127.0.0.1"), program.port());
+    QVERIFY(socket.waitForConnected(patience));
+}
+
+void tst_TavoroSimProgram::standardInputIsItsConsole()
+{
+    Program program(anyPort);
+    QCOMPARE(program.ask("power 1 0"), QStringLiteral("ok"));
+    QCOMPARE(program.ask("explode"), QStringLiteral("error no such word: explode"));
+    program.process.write("quit\n");
+    QVERIFY(program.process.waitForFinished(patience));
+    QCOMPARE(program.process.exitCode(), 0);
+}
+
+void tst_TavoroSimProgram::linesThatComeTogetherAreAllServed()
+{
+    Program program(anyPort);
+    program.process.write("power 1 0\npower 1 1\nquit\n");
+    QVERIFY(program.process.waitForFinished(patience));
+    QCOMPARE(program.process.readAllStandardOutput(), QByteArray("ok\nok\n"));
+}
+
+void tst_TavoroSimProgram::goesOnWithoutAConsole()
+{
+    Program program(anyPort);
+    program.process.closeWriteChannel();
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("127.0.0.1"), program.port());
+    QVERIFY(socket.waitForConnected(patience));
+    QCOMPARE(program.process.state(), QProcess::Running);
+}
+
+void tst_TavoroSimProgram::logsExchangesOnlyWhenAsked()
+{
+    for (const bool isAsked : {false, true}) {
+        QStringList arguments = anyPort;
+        if (isAsked)
+            arguments += QStringLiteral("--log");
+        Program program(arguments);
+        QTcpSocket socket;
+        socket.connectToHost(QStringLiteral("127.0.0.1"), program.port());
+        QVERIFY(socket.waitForConnected(patience));
+        socket.disconnectFromHost();
+        QCOMPARE(program.ask("power 1 0"), QStringLiteral("ok"));
+        program.process.write("quit\n");
+        QVERIFY(program.process.waitForFinished(patience));
+        const QString log = QString::fromLocal8Bit(program.process.readAllStandardError());
+        QCOMPARE(log.contains(QStringLiteral(" connected")), isAsked);
+    }
+}
+
+void tst_TavoroSimProgram::tellsItsVersion()
+{
+    QString output;
+    QString errors;
+    QCOMPARE(run({QStringLiteral("--version")}, output, errors), 0);
+    QVERIFY2(output.startsWith(QStringLiteral("tavorosim 0.")), qPrintable(output));
+}
+
+void tst_TavoroSimProgram::helpNamesEveryOption()
+{
+    QString output;
+    QString errors;
+    QCOMPARE(run({QStringLiteral("--help")}, output, errors), 0);
+    for (const char *option : {"--address", "--port", "--control-port", "--name", "--sn", "--mac",
+                               "--model", "--packet-size", "--latency", "--inputs", "--outputs",
+                               "--screens", "--layers-per-screen", "--log", "--log-bodies"})
+        QVERIFY2(output.contains(QLatin1String(option)), option);
+}
+
+void tst_TavoroSimProgram::wrongOptionsEndWithTwo_data()
+{
+    QTest::addColumn<QByteArrayList>("arguments");
+    QTest::addColumn<QString>("words");
+    // clang-format off
+    QTest::newRow("unknown")     << QByteArrayList{"--fly"}              << "tavorosim: Unknown option 'fly'.\n";
+    QTest::newRow("port")        << QByteArrayList{"--port", "65536"}    << "tavorosim: \"65536\" is not what --port takes.\n";
+    QTest::newRow("packet size") << QByteArrayList{"--packet-size", "0"} << "tavorosim: \"0\" is not what --packet-size takes.\n";
+    QTest::newRow("serial")      << QByteArrayList{"--sn", "0123"}       << "tavorosim: \"0123\" is not what --sn takes.\n";
+    QTest::newRow("digits")      << QByteArrayList{"--mac", "0200ZZ100001"} << "tavorosim: \"0200ZZ100001\" is not what --mac takes.\n";
+    QTest::newRow("screens")     << QByteArrayList{"--screens", "256"}   << "tavorosim: \"256\" is not what --screens takes.\n";
+    QTest::newRow("address")     << QByteArrayList{"--address", "here"}  << "tavorosim: \"here\" is not what --address takes.\n";
+    QTest::newRow("word")        << QByteArrayList{"now"}                << "tavorosim: \"now\" is not an option.\n";
+    // clang-format on
+}
+
+void tst_TavoroSimProgram::wrongOptionsEndWithTwo()
+{
+    QFETCH(QByteArrayList, arguments);
+    QFETCH(QString, words);
+    QString output;
+    QString errors;
+    QStringList texts;
+    for (const QByteArray &argument : arguments)
+        texts += QString::fromUtf8(argument);
+    QCOMPARE(run(texts, output, errors), 2);
+    QCOMPARE(errors, words);
+    QCOMPARE(output, QString());
+}
+
+void tst_TavoroSimProgram::aPortInUseEndsWithOne()
+{
+    Program program(anyPort);
+    QString output;
+    QString errors;
+    QCOMPARE(run({QStringLiteral("--port"), QString::number(program.port())}, output, errors), 1);
+    QVERIFY2(errors.startsWith(
+                 QStringLiteral("tavorosim: cannot listen on 127.0.0.1:%1: ").arg(program.port())),
+             qPrintable(errors));
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroSimProgram)
+#include "tst_tavorosimprogram.moc"

@@ -1,0 +1,149 @@
+#include "faultyvfs.h"
+
+#include <sqlite3.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+namespace FaultyVfs {
+
+namespace {
+
+std::atomic<Fault> armed = Fault::None;
+std::atomic<int> countdown = 0;
+std::atomic<int> count = 0;
+
+sqlite3_vfs *disk = nullptr;
+
+/// A file of the disk, behind the head that SQLite wants.
+struct File {
+    sqlite3_file head;
+    sqlite3_file *real; // follows this in memory
+};
+
+sqlite3_file *realOf(sqlite3_file *file)
+{
+    return reinterpret_cast<File *>(file)->real;
+}
+
+void die()
+{
+    raise(SIGKILL);
+}
+
+/// What becomes of the operation that begins now. Only a write can be done by half.
+Fault faultNow(bool isWrite = false)
+{
+    ++count;
+    const int left = --countdown;
+    if (left > 0 || (left < 0 && armed != Fault::DiskFull))
+        return Fault::None;
+    const Fault fault = armed;
+    if (fault == Fault::Kill || (fault == Fault::KillHalfway && !isWrite))
+        die();
+    return fault;
+}
+
+int write(sqlite3_file *file, const void *data, int size, sqlite3_int64 offset)
+{
+    auto *const real = realOf(file);
+    const Fault fault = faultNow(true);
+    if (fault == Fault::DiskFull)
+        return SQLITE_FULL;
+    if (fault == Fault::KillHalfway) {
+        real->pMethods->xWrite(real, data, size / 2, offset);
+        die();
+    }
+    return real->pMethods->xWrite(real, data, size, offset);
+}
+
+int truncate(sqlite3_file *file, sqlite3_int64 size)
+{
+    faultNow();
+    return realOf(file)->pMethods->xTruncate(realOf(file), size);
+}
+
+int sync(sqlite3_file *file, int flags)
+{
+    return faultNow() == Fault::DiskFull ? SQLITE_FULL
+                                         : realOf(file)->pMethods->xSync(realOf(file), flags);
+}
+
+int remove(sqlite3_vfs *, const char *name, int syncDir)
+{
+    faultNow();
+    return disk->xDelete(disk, name, syncDir);
+}
+
+// clang-format off
+int close(sqlite3_file *f)                                         { return realOf(f)->pMethods->xClose(realOf(f)); }
+int read(sqlite3_file *f, void *data, int size, sqlite3_int64 at)  { return realOf(f)->pMethods->xRead(realOf(f), data, size, at); }
+int fileSize(sqlite3_file *f, sqlite3_int64 *size)                 { return realOf(f)->pMethods->xFileSize(realOf(f), size); }
+int lock(sqlite3_file *f, int level)                               { return realOf(f)->pMethods->xLock(realOf(f), level); }
+int unlock(sqlite3_file *f, int level)                             { return realOf(f)->pMethods->xUnlock(realOf(f), level); }
+int checkReservedLock(sqlite3_file *f, int *result)                { return realOf(f)->pMethods->xCheckReservedLock(realOf(f), result); }
+int fileControl(sqlite3_file *f, int operation, void *argument)    { return realOf(f)->pMethods->xFileControl(realOf(f), operation, argument); }
+int sectorSize(sqlite3_file *f)                                    { return realOf(f)->pMethods->xSectorSize(realOf(f)); }
+int deviceCharacteristics(sqlite3_file *f)                         { return realOf(f)->pMethods->xDeviceCharacteristics(realOf(f)); }
+// clang-format on
+
+/// Of the first version: without shared memory and without mapped pages, so that every change of a
+/// file passes here.
+sqlite3_io_methods methods()
+{
+    sqlite3_io_methods table{};
+    table.iVersion = 1;
+    table.xClose = close;
+    table.xRead = read;
+    table.xWrite = write;
+    table.xTruncate = truncate;
+    table.xSync = sync;
+    table.xFileSize = fileSize;
+    table.xLock = lock;
+    table.xUnlock = unlock;
+    table.xCheckReservedLock = checkReservedLock;
+    table.xFileControl = fileControl;
+    table.xSectorSize = sectorSize;
+    table.xDeviceCharacteristics = deviceCharacteristics;
+    return table;
+}
+
+int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *outFlags)
+{
+    static const sqlite3_io_methods table = methods();
+    auto *const own = reinterpret_cast<File *>(file);
+    own->real = reinterpret_cast<sqlite3_file *>(own + 1);
+    const int result = disk->xOpen(disk, name, own->real, flags, outFlags);
+    own->head.pMethods = own->real->pMethods ? &table : nullptr;
+    return result;
+}
+
+} // namespace
+
+void install()
+{
+    disk = sqlite3_vfs_find(nullptr);
+    static sqlite3_vfs faulty = *disk; // everything else goes to the disk itself
+    faulty.szOsFile = int(sizeof(File)) + disk->szOsFile;
+    faulty.zName = "faulty";
+    faulty.xOpen = open;
+    faulty.xDelete = remove;
+    sqlite3_vfs_register(&faulty, 1);
+}
+
+void arm(Fault fault, int number)
+{
+    armed = fault;
+    countdown = number;
+    count = 0;
+}
+
+int operations()
+{
+    return count;
+}
+
+} // namespace FaultyVfs

@@ -1,0 +1,125 @@
+#include "manualloop.h"
+
+namespace {
+constexpr std::chrono::seconds tooLong{60};
+}
+
+bool ManualLoop::post(std::function<void()> call)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_hasEnded)
+        return false;
+    m_calls.push_back(std::move(call));
+    m_changed.notify_all();
+    return true;
+}
+
+void ManualLoop::postAt(TimePoint time, std::function<void()> call)
+{
+    m_timed.emplace(time, std::move(call));
+}
+
+void ManualLoop::detach(const User *user)
+{
+    for (auto it = m_users.begin(); it != m_users.end();)
+        it = it->get() == user ? m_users.erase(it) : std::next(it);
+}
+
+ManualLoop::TimePoint ManualLoop::now() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_now;
+}
+
+void ManualLoop::waitUntil(std::condition_variable &condition, std::unique_lock<std::mutex> &lock,
+                           TimePoint deadline)
+{
+    {
+        const std::lock_guard<std::mutex> own(m_mutex);
+        if (m_now >= deadline)
+            return;
+        m_waiting.emplace(std::this_thread::get_id(), Waiter{&condition, lock.mutex()});
+        m_changed.notify_all();
+    }
+    condition.wait(lock);
+    const std::lock_guard<std::mutex> own(m_mutex);
+    m_waiting.erase(std::this_thread::get_id());
+}
+
+void ManualLoop::run()
+{
+    while (true) {
+        std::function<void()> call;
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            if (m_calls.empty())
+                return;
+            call = std::move(m_calls.front());
+            m_calls.pop_front();
+        }
+        call();
+    }
+}
+
+void ManualLoop::wake()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isWoken = true;
+    m_changed.notify_all();
+}
+
+void ManualLoop::advance(std::chrono::milliseconds time)
+{
+    const TimePoint end = now() + time;
+    run();
+    while (!m_timed.empty() && m_timed.begin()->first <= end) {
+        auto next = m_timed.extract(m_timed.begin());
+        setTime(std::max(next.key(), now()));
+        next.mapped()();
+        run();
+    }
+    setTime(end);
+}
+
+void ManualLoop::awaitWaiting(std::size_t count)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait_for(lock, tooLong, [&] { return m_waiting.size() >= count; });
+}
+
+void ManualLoop::end()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_hasEnded = true;
+    }
+    run();
+    for (const auto &user : m_users)
+        user->loopEnding();
+    m_users.clear();
+}
+
+bool ManualLoop::waitForCalls()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    const bool isInTime =
+        m_changed.wait_for(lock, tooLong, [this] { return m_isWoken || !m_calls.empty(); });
+    m_isWoken = false;
+    return isInTime;
+}
+
+/// A waiter holds its own mutex from its look at the time until it sleeps, so that taking that
+/// mutex in between means that it has seen the new time or hears the notice.
+void ManualLoop::setTime(TimePoint time)
+{
+    std::multimap<std::thread::id, Waiter> waiting;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_now = time;
+        waiting = m_waiting;
+    }
+    for (const auto &[thread, waiter] : waiting) {
+        const std::lock_guard<std::mutex> lock(*waiter.mutex);
+        waiter.condition->notify_all();
+    }
+}

@@ -1,0 +1,65 @@
+#include "manualstream.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+using namespace Tavoro::SSProxy;
+
+void ManualPeer::accept(const std::string &address)
+{
+    m_events->streamOpened(address);
+}
+
+void ManualPeer::send(std::string_view bytes)
+{
+    m_events->streamReceived(bytes);
+}
+
+void ManualPeer::send(const Wire::WireHead &head, std::string_view body)
+{
+    const QByteArray frame = Wire::encodeFrame(head, body);
+    send(std::string_view(frame.constData(), static_cast<std::size_t>(frame.size())));
+}
+
+void ManualPeer::fail(const QString &reason)
+{
+    isOpen = false;
+    m_events->streamClosed(reason);
+}
+
+void ManualPeer::setReading(bool isReading)
+{
+    m_isReading = isReading;
+    if (!isReading)
+        return;
+    takeUnsent();
+    m_events->streamDrained();
+}
+
+void ManualPeer::takeUnsent()
+{
+    std::string_view bytes(m_unsent.constData(), static_cast<std::size_t>(m_unsent.size()));
+    while (auto frame = m_parser.next(bytes))
+        frames.push_back(std::move(*frame));
+    m_unsent.clear();
+}
+
+void ManualStream::open(Events &events)
+{
+    ++m_peer.opened;
+    m_peer.isOpen = true;
+    m_peer.m_events = &events;
+    m_peer.m_unsent.clear();
+    m_peer.m_parser.reset();
+}
+
+void ManualStream::close()
+{
+    m_peer.isOpen = false;
+}
+
+void ManualStream::write(const QByteArray &bytes)
+{
+    m_peer.m_unsent += bytes;
+    if (m_peer.m_isReading)
+        m_peer.takeUnsent();
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "recordprobe.h"
+
+#include <QMap>
+#include <QObject>
+
+#include <vector>
+
+/// A record under test.
+struct RecordRow {
+    const char *name; ///< As in the data files, without the namespace that they all share.
+    RecordProbe probe;
+};
+
+/// The tests that hold for the records of every domain. The test of a domain derives from it with a
+/// list of its records.
+///
+/// What is expected was worked out by hand from the protocol and stands in two files: records.tsv
+/// has the name of each record and the text of its default value, recordvalues.tsv its name, the
+/// types of its fields and a text in which no field is at its default.
+class RecordTest : public QObject {
+    Q_OBJECT
+
+protected:
+    /// \a domains are the namespaces whose records must all be in \a rows.
+    RecordTest(QByteArrayList domains, std::vector<RecordRow> rows);
+
+private Q_SLOTS:
+    void initTestCase();
+    void everyRecordOfTheDomainIsTested();
+    void defaultIsWrittenAsTabled_data() { addRows(); }
+    void defaultIsWrittenAsTabled();
+    void defaultIsReadBack_data() { addRows(); }
+    void defaultIsReadBack();
+    void missingKeysKeepTheirDefaultsAndUnknownOnesAreSkipped_data() { addRows(); }
+    void missingKeysKeepTheirDefaultsAndUnknownOnesAreSkipped();
+    void fieldsHaveTheTypesOfTheTable_data() { addRows(); }
+    void fieldsHaveTheTypesOfTheTable();
+    void recordWithNoFieldAtItsDefaultSurvives_data() { addRows(); }
+    void recordWithNoFieldAtItsDefaultSurvives();
+    void listsTravelAsArrays_data() { addRows(); }
+    void listsTravelAsArrays();
+
+private:
+    struct Expected {
+        QByteArray defaultText;
+        QByteArray fieldTypes;
+        QByteArray fullText;
+    };
+
+    void addRows() const;
+    /// Of the row that runs.
+    const RecordProbe &probe() const;
+    Expected expected() const;
+
+    const QByteArrayList m_domains;
+    const std::vector<RecordRow> m_rows;
+    QMap<QByteArray, Expected> m_expected; // by name, without the shared namespace
+};

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "modelrecords.h"
+
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/savedevicedatathread.h>
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QtTest>
+
+#include <memory>
+
+/// What the list of devices tells of its store, caught on the thread of the test.
+class StoreSignals : public QObject {
+public:
+    StoreSignals()
+    {
+        using Tavoro::BizModel::DeviceList;
+        const auto *const list = DeviceList::instance();
+        connect(list, &DeviceList::signalDeviceDataSaved, this,
+                [this](const auto &device) { saved.append(device.lock()); });
+        connect(list, &DeviceList::signalSaveDeviceDataFailed, this,
+                [this](const QString &text) { failures.append(text); });
+        connect(list, &DeviceList::signalDeviceStoreSetAside, this,
+                [this](const QString &fileName, const QString &keptAs) {
+                    setAside.append(fileName + QStringLiteral(" as ") + keptAs);
+                });
+    }
+
+    QList<std::shared_ptr<Tavoro::BizModel::Device>> saved;
+    QStringList failures;
+    QStringList setAside;
+};
+
+/// The list of devices with an open store, as one run of an application after the other sees it.
+class StoredModel {
+public:
+    using Device = Tavoro::BizModel::Device;
+    using DeviceList = Tavoro::BizModel::DeviceList;
+
+    explicit StoredModel(const QString &fileName, int retryDelay = 10000)
+    {
+        Tavoro::BizModel::s_DeviceStoreOptions options;
+        options.fileName = fileName;
+        options.retryDelay = retryDelay;
+        isOpen = list->openDeviceStore(options, error);
+    }
+
+    ~StoredModel()
+    {
+        list->closeDeviceStore();
+        const auto devices = list->devices();
+        for (const auto &device : devices)
+            list->remove(device);
+    }
+
+    StoredModel(const StoredModel &) = delete;
+    StoredModel &operator=(const StoredModel &) = delete;
+
+    /// The only device in the list.
+    std::shared_ptr<Device> onlyDevice() const
+    {
+        const auto devices = list->devices();
+        return devices.size() == 1 ? devices.first().lock() : nullptr;
+    }
+
+    /// Asks for a save and waits until it was done.
+    void save(const std::shared_ptr<Device> &device) const
+    {
+        const StoreSignals told;
+        list->saveDeviceDataThread()->saveDevicesInfor(device);
+        QTRY_VERIFY(told.saved.contains(device));
+    }
+
+    DeviceList *const list = DeviceList::instance();
+    bool isOpen = false;
+    QString error;
+};
