@@ -1,0 +1,17 @@
+#pragma once
+
+#include <tavorocontrol/proto/device.h>
+#include <tavorocontrol/proto/file.h>
+#include <tavorocontrol/proto/screen.h>
+
+#include <vector>
+
+/// Bodies as devices send them and applications write them. Always the same.
+namespace Bodies {
+
+Tavoro::ProtoModel::Device::s_DeviceDetail deviceDetail();
+std::vector<Tavoro::ProtoModel::Screen::s_ScreenFullDetail> screens();
+std::vector<Tavoro::ProtoModel::File::s_FileDetail> files();
+std::vector<Tavoro::ProtoModel::Screen::s_SwitchEffect> switchEffects();
+
+} // namespace Bodies
