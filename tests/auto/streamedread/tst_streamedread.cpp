@@ -1,8 +1,6 @@
-#include <requestpath.h>
-#include <streamedcalls.h>
+#include <streampath.h>
 
 #include <QFile>
-#include <QThread>
 #include <QtTest>
 
 #include <cmath>
@@ -12,176 +10,10 @@ using namespace Tavoro;
 
 namespace {
 
-using Answers = QList<ScriptedAnswer>;
-
-enum Change {
-    Nothing,
-    ControlIsLost,
-    IsCancelled,
-    GoesOffline,
-};
-
-/// When a change comes: before the call, or while the packet with this index is in flight.
-constexpr int beforeTheCall = -1;
-
-/// What a failure tells, before the callback learns of it.
-enum Telling {
-    SentenceWithStatusBar,
-    BareWarning,
-    WarningWithDevice,
-};
-
-struct FailureRow {
-    const char *name;
-    Change change;
-    int when;
-    Answers answers;
-    int handedOver; ///< Packets that the callback has had.
-    const char *reason;
-    Telling telling;
-    const char *count; ///< At the end of the log line.
-    double progress; ///< Told with the failure.
-};
-
-constexpr double third = 1.0 / 3;
-constexpr double twoThirds = 2.0 / 3;
-
-constexpr auto packet = &ScriptedAnswer::packet;
-constexpr auto refusal = &ScriptedAnswer::refusal;
-constexpr auto noResponse = &ScriptedAnswer::noResponse;
-
-ScriptedAnswer one()
-{
-    return packet("one", 3, 0);
-}
-
-ScriptedAnswer two()
-{
-    return packet("two", 3, 1);
-}
-
-ScriptedAnswer three()
-{
-    return packet("three", 3, 2);
-}
-
-QStringList packetCalls(int count)
-{
-    const QStringList calls{streamedCall(true, third, "one"), streamedCall(true, twoThirds, "two"),
-                            streamedCall(true, 1, "three")};
-    return calls.mid(0, count);
-}
-
-constexpr char cancelled[] = "Operation has been cancelled.";
-constexpr char controlled[] = "The device is controlled by others.";
-constexpr char offline[] = "The device is offline";
-constexpr char noObject[] = "invalid response command model data";
-
-// clang-format off
-const FailureRow failureRows[] = {
-//   name                                        change         when           answers                                handed over
-    {"channel not ready",                        GoesOffline,   beforeTheCall, {},                                    0, offline,                            SentenceWithStatusBar, "", 0},
-    {"control lost before the first packet",     ControlIsLost, beforeTheCall, {},                                    0, controlled,                         BareWarning,           "", 0},
-    {"no response",                              Nothing,       beforeTheCall, {noResponse()},                        0, noObject,                           SentenceWithStatusBar, "", 0},
-    {"status of the device",                     Nothing,       beforeTheCall, {refusal(1)},                          0, "hardware error:1",                 SentenceWithStatusBar, "", 0},
-    {"status 68 shows no box",                   Nothing,       beforeTheCall, {refusal(68)},                         0, "hardware error:68",                SentenceWithStatusBar, "", 0},
-    {"status of the channel",                    Nothing,       beforeTheCall, {refusal(260)},                        0, "software error: Request timed out", SentenceWithStatusBar, "", 0},
-    {"status of the decoder",                    Nothing,       beforeTheCall, {refusal(361)},                        0, "protocol error: Invalid checksum", SentenceWithStatusBar, "", 0},
-    {"status without a text",                    Nothing,       beforeTheCall, {refusal(256)},                        0, "N/A",                              SentenceWithStatusBar, "", 0},
-    {"control lost in the first packet",         ControlIsLost, 0,             {one()},                               0, controlled,                         BareWarning,           "", third},
-    {"cancelled in the first packet",            IsCancelled,   0,             {one()},                               0, cancelled,                          WarningWithDevice,     "", third},
-    {"first: status before control",             ControlIsLost, 0,             {refusal(9)},                          0, "hardware error:9",                 SentenceWithStatusBar, "", 0},
-    {"first: status before cancel",              IsCancelled,   0,             {refusal(9)},                          0, "hardware error:9",                 SentenceWithStatusBar, "", 0},
-    {"first: no response before cancel",         IsCancelled,   0,             {noResponse()},                        0, noObject,                           SentenceWithStatusBar, "", 0},
-    {"offline behind the first packet",          GoesOffline,   0,             {one()},                               1, offline,                            SentenceWithStatusBar, "", third},
-    {"control lost in the second packet",        ControlIsLost, 1,             {one(), two()},                        1, controlled,                         BareWarning,           "", third},
-    {"cancelled in the second packet",           IsCancelled,   1,             {one(), two()},                        1, cancelled,                          WarningWithDevice,     "", third},
-    {"second: control before status",            ControlIsLost, 1,             {one(), refusal(9)},                   1, controlled,                         BareWarning,           "", third},
-    {"second: cancel before status",             IsCancelled,   1,             {one(), refusal(9)},                   1, cancelled,                          WarningWithDevice,     "", third},
-    {"second: cancel before no response",        IsCancelled,   1,             {one(), noResponse()},                 1, cancelled,                          WarningWithDevice,     "", third},
-    {"no response to the second packet",         Nothing,       beforeTheCall, {one(), noResponse()},                 1, noObject,                           SentenceWithStatusBar, R"( ",send count/total count:1/3")", third},
-    {"second packet refused",                    Nothing,       beforeTheCall, {one(), refusal(67)},                  1, "The current device is already under control", SentenceWithStatusBar, R"( ",send count/total count:1/3")", third},
-    {"offline behind the second packet",         GoesOffline,   1,             {one(), two()},                        2, offline,                            SentenceWithStatusBar, "", twoThirds},
-    {"control lost in the last packet",          ControlIsLost, 2,             {one(), two(), three()},               2, controlled,                         BareWarning,           "", twoThirds},
-    {"cancelled in the last packet",             IsCancelled,   2,             {one(), two(), three()},               2, cancelled,                          WarningWithDevice,     "", twoThirds},
-    {"no response to the last packet",           Nothing,       beforeTheCall, {one(), two(), noResponse()},          2, noObject,                           SentenceWithStatusBar, R"( ",send count/total count:2/3")", twoThirds},
-    {"last packet refused",                      Nothing,       beforeTheCall, {one(), two(), refusal(357)},          2, "protocol error: Invalid register address", SentenceWithStatusBar, R"( ",send count/total count:2/3")", twoThirds},
-};
-// clang-format on
-
-/// Streams from a scripted device. The calls of the callback stand among the lines of the outcome,
-/// in their order.
-class StreamPath : public RequestPath {
-public:
-    Outcome stream(const Request &request, const StreamCallback &then = {})
-    {
-        Outcome outcome;
-        outcome.ok = helper.sendSyncRequest(device.model, request, tellCallsTo(journal, then));
-        outcome.lines = takeLines();
-        return outcome;
-    }
-
-    void answer(const Answers &answers)
-    {
-        for (const ScriptedAnswer &scripted : answers)
-            device.channel->answer(scripted);
-    }
-
-    void make(Change change)
-    {
-        switch (change) {
-        case Nothing:
-            break;
-        case ControlIsLost:
-            device.channel->master = false;
-            break;
-        case IsCancelled:
-            helper.setCancelledState(true);
-            break;
-        case GoesOffline:
-            device.channel->ready = false;
-            break;
-        }
-    }
-};
-
-StreamPath::Request exportRequest()
-{
-    return RequestPath::request(3, 0xFA04);
-}
-
-constexpr char requestLine[] =
-    R"(info: TavoroCmd {device} "BC(fa), FC(4)." "Get file export information.arg2 values:" 4 3 2 1 " lables: 7")";
 constexpr char successLine[] =
     R"(info: TavoroCmd {device} "BC(fa), FC(4)." "Get file export information successfully." " lables: 7")";
 constexpr char successShown[] =
     "status bar 0 for 5000 ms: Get file export information successfully.";
-
-QString sentence(const char *reason)
-{
-    return QStringLiteral("Get file export information failed: %1 .")
-        .arg(QString::fromLatin1(reason));
-}
-
-/// The lines of a failure, the callback's included.
-QStringList failureLines(const FailureRow &row)
-{
-    const QString words = row.telling == SentenceWithStatusBar ? sentence(row.reason)
-                                                               : QString::fromLatin1(row.reason);
-    const QString call = streamedCall(false, row.progress, {}, words);
-    switch (row.telling) {
-    case SentenceWithStatusBar:
-        return {
-            QStringLiteral(R"(warning: TavoroCmd {device} "BC(fa), FC(4)." "%1" " lables: 7"%2)")
-                .arg(words, QString::fromLatin1(row.count)),
-            QStringLiteral("status bar 2 for 5000 ms: ") + words, call};
-    case BareWarning:
-        return {QStringLiteral(R"(warning: "%1")").arg(words), call};
-    case WarningWithDevice:
-        return {QStringLiteral(R"(warning: "TavoroCmd stopped :%1" {device})").arg(words), call};
-    }
-    return {};
-}
 
 /// Makes each packet when it is asked for, so that nobody but the reader can hold the object.
 class LargeObject : public ScriptedChannel {
@@ -223,20 +55,11 @@ constexpr bool hasSanitizer =
 
 } // namespace
 
-Q_DECLARE_METATYPE(const FailureRow *)
-Q_DECLARE_METATYPE(ScriptedAnswer)
-
 class tst_StreamedRead : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void failures_data();
-    void failures();
-    void cancelledBeforeTheCallComesBeforeEverythingElse();
-    void nullRequestComesBeforeMissingDevice();
-    void deviceThatIsGoneIsToldToTheCallback();
     void deviceWithoutChannelCountsAsDone();
-    void cancelledStateStaysUntilItIsCleared();
 
     void onePacketGivesExactlyOneCallback();
     void threePacketsGiveThreeCallbacksThenSuccess();
@@ -244,8 +67,6 @@ private Q_SLOTS:
     void countsOfTheFirstAnswerDecide_data();
     void countsOfTheFirstAnswerDecide();
     void countsOfFurtherAnswersAreNotExamined();
-    void changesInFlightOfTheOnlyPacketComeTooLate_data();
-    void changesInFlightOfTheOnlyPacketComeTooLate();
     void packetWithoutBytesIsHandedOver();
     void rawBytesAreHandedOverAsTheyAre();
 
@@ -255,101 +76,11 @@ private Q_SLOTS:
     void contentIsLoggedForJsonOnly_data();
     void contentIsLoggedForJsonOnly();
 
-    void controlLostBetweenPacketsStopsBeforeTheNextRequest();
-    void cancelBetweenPacketsStopsBeforeTheNextRequest();
-    void controlIsLookedAtBeforeTheCancelledState();
-    void offlineComesBeforeControlAtTheFirstPacket();
-    void controlComesBeforeOfflineAtFurtherPackets();
-    void cancelFromAnotherThreadDropsThePacketInFlight();
-
-    void errorTextIsLocalToTheCall();
     void callbackRunsOnTheCallersThread();
     void callbackIsReleasedBeforeReturn();
-    void emptyCallbackThrowsAtTheFirstReport_data();
-    void emptyCallbackThrowsAtTheFirstReport();
 
     void oneGibibyteTakesTheMemoryOfAFewPackets();
 };
-
-void tst_StreamedRead::failures_data()
-{
-    QTest::addColumn<const FailureRow *>("row");
-    for (const FailureRow &row : failureRows)
-        QTest::newRow(row.name) << &row;
-}
-
-void tst_StreamedRead::failures()
-{
-    QFETCH(const FailureRow *, row);
-    StreamPath path;
-    Answers answers = row->answers;
-    if (row->when == beforeTheCall && row->change != Nothing)
-        path.make(row->change);
-    else if (row->when != beforeTheCall)
-        answers[row->when].before = [&] {
-            path.make(row->change);
-        };
-    path.answer(answers);
-
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines,
-             textLines({requestLine}) + packetCalls(row->handedOver) + failureLines(*row));
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(answers.size()));
-}
-
-void tst_StreamedRead::cancelledBeforeTheCallComesBeforeEverythingElse()
-{
-    StreamPath path;
-    path.make(IsCancelled);
-    const QStringList lines{QStringLiteral(R"(warning: "Operation has been cancelled.")"),
-                            streamedCall(false, 0, {}, QString::fromLatin1(cancelled))};
-    const auto verifyStopped = [&](const StreamPath::Request &request) {
-        const auto outcome = path.stream(request);
-        QVERIFY(!outcome.ok);
-        QCOMPARE(outcome.lines, lines);
-    };
-    verifyStopped(exportRequest());
-    verifyStopped(nullptr);
-    path.make(GoesOffline);
-    verifyStopped(exportRequest());
-    path.device.removeChannel();
-    verifyStopped(exportRequest());
-    path.device.model.reset();
-    verifyStopped(exportRequest());
-    QVERIFY(path.device.channel->sent().empty());
-}
-
-void tst_StreamedRead::nullRequestComesBeforeMissingDevice()
-{
-    StreamPath path;
-    const QStringList lines{QStringLiteral(R"(warning: "TavoroCmd :Invalid request command")"),
-                            streamedCall(false, 0, {}, QStringLiteral("Invalid request command"))};
-    const auto refused = path.stream(nullptr);
-    QVERIFY(!refused.ok);
-    QCOMPARE(refused.lines, lines);
-
-    path.device.model.reset();
-    const auto refusedWithoutDevice = path.stream(nullptr);
-    QVERIFY(!refusedWithoutDevice.ok);
-    QCOMPARE(refusedWithoutDevice.lines, lines);
-}
-
-void tst_StreamedRead::deviceThatIsGoneIsToldToTheCallback()
-{
-    StreamPath path;
-    path.device.model.reset();
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(!outcome.ok);
-    const QString words = sentence("invalid device model data");
-    QCOMPARE(
-        outcome.lines,
-        (QStringList{
-            QStringLiteral(R"(warning: TavoroCmd "BC(fa), FC(4)." "%1" " lables: 7")").arg(words),
-            QStringLiteral("status bar 2 for 5000 ms: ") + words,
-            streamedCall(false, 0, {}, words)}));
-    QVERIFY(path.device.channel->sent().empty());
-}
 
 void tst_StreamedRead::deviceWithoutChannelCountsAsDone()
 {
@@ -361,17 +92,6 @@ void tst_StreamedRead::deviceWithoutChannelCountsAsDone()
              textLines({requestLine,
                         R"(debug: find Tavoro Device Channel false. ip address is : "192.0.2.7")"})
                  << streamedCall(true, 1, {}));
-}
-
-void tst_StreamedRead::cancelledStateStaysUntilItIsCleared()
-{
-    StreamPath path;
-    path.helper.setCancelledState(true);
-    QVERIFY(!path.stream(exportRequest()).ok);
-    QVERIFY(!path.stream(exportRequest()).ok);
-    QVERIFY(path.device.channel->sent().empty());
-    path.helper.setCancelledState(false);
-    QVERIFY(path.stream(exportRequest()).ok);
 }
 
 void tst_StreamedRead::onePacketGivesExactlyOneCallback()
@@ -437,7 +157,7 @@ void tst_StreamedRead::countsOfTheFirstAnswerDecide()
     path.answer({packet("a", totalCount, sendCount), packet("b", 1, 0), packet("c", 1, 0)});
     const auto outcome = path.stream(exportRequest());
     QVERIFY(outcome.ok);
-    QCOMPARE(outcome.lines.filter(QStringLiteral("callback: ")), calls);
+    QCOMPARE(callbackLines(outcome.lines), calls);
     QCOMPARE(path.device.channel->sent().size(), std::size_t(calls.size()));
 }
 
@@ -447,29 +167,7 @@ void tst_StreamedRead::countsOfFurtherAnswersAreNotExamined()
     path.answer({one(), packet("two", 2, 1), packet("three", 0, 77)});
     const auto outcome = path.stream(exportRequest());
     QVERIFY(outcome.ok);
-    QCOMPARE(outcome.lines.filter(QStringLiteral("callback: ")), packetCalls(3));
-}
-
-void tst_StreamedRead::changesInFlightOfTheOnlyPacketComeTooLate_data()
-{
-    QTest::addColumn<int>("change");
-    QTest::newRow("control lost") << int(ControlIsLost);
-    QTest::newRow("cancelled") << int(IsCancelled);
-    QTest::newRow("offline") << int(GoesOffline);
-}
-
-void tst_StreamedRead::changesInFlightOfTheOnlyPacketComeTooLate()
-{
-    QFETCH(const int, change);
-    StreamPath path;
-    auto only = packet("all", 1, 0);
-    only.before = [&] {
-        path.make(Change(change));
-    };
-    path.answer({only});
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(outcome.ok);
-    QCOMPARE(outcome.lines.last(), streamedCall(true, 1, "all"));
+    QCOMPARE(callbackLines(outcome.lines), packetCalls(3));
 }
 
 void tst_StreamedRead::packetWithoutBytesIsHandedOver()
@@ -477,8 +175,7 @@ void tst_StreamedRead::packetWithoutBytesIsHandedOver()
     StreamPath path;
     path.answer({one(), packet("", 3, 1), three()});
     const auto outcome = path.stream(exportRequest());
-    QCOMPARE(outcome.lines.filter(QStringLiteral("callback: ")).at(1),
-             streamedCall(true, twoThirds, ""));
+    QCOMPARE(callbackLines(outcome.lines).at(1), streamedCall(true, twoThirds, ""));
 }
 
 void tst_StreamedRead::rawBytesAreHandedOverAsTheyAre()
@@ -609,105 +306,6 @@ void tst_StreamedRead::contentIsLoggedForJsonOnly()
     QTEST(infos.at(1).section(QStringLiteral("successfully.\""), 1), "succeeded");
 }
 
-void tst_StreamedRead::controlLostBetweenPacketsStopsBeforeTheNextRequest()
-{
-    StreamPath path;
-    path.answer({one()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double, const std::string &, QString &) {
-            path.make(ControlIsLost);
-        });
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines.mid(2),
-             (QStringList{QStringLiteral(R"(warning: "The device is controlled by others.")"),
-                          streamedCall(false, third, {}, QString::fromLatin1(controlled))}));
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(1));
-}
-
-void tst_StreamedRead::cancelBetweenPacketsStopsBeforeTheNextRequest()
-{
-    StreamPath path;
-    path.answer({one(), two()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double progress, const std::string &, QString &) {
-            if (progress > 0.5)
-                path.make(IsCancelled);
-        });
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines.last(),
-             streamedCall(false, twoThirds, {}, QString::fromLatin1(cancelled)));
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(2));
-}
-
-void tst_StreamedRead::controlIsLookedAtBeforeTheCancelledState()
-{
-    for (int inFlight = 0; inFlight < 2; ++inFlight) {
-        StreamPath path;
-        Answers answers{one(), two()};
-        answers[inFlight].before = [&path] {
-            path.make(IsCancelled);
-            path.make(ControlIsLost);
-        };
-        path.answer(answers);
-        const auto outcome = path.stream(exportRequest());
-        QCOMPARE(outcome.lines.last(),
-                 streamedCall(false, third, {}, QString::fromLatin1(controlled)));
-    }
-}
-
-void tst_StreamedRead::offlineComesBeforeControlAtTheFirstPacket()
-{
-    StreamPath path;
-    path.make(GoesOffline);
-    path.make(ControlIsLost);
-    QCOMPARE(path.stream(exportRequest()).lines.last(),
-             streamedCall(false, 0, {}, sentence(offline)));
-}
-
-void tst_StreamedRead::controlComesBeforeOfflineAtFurtherPackets()
-{
-    StreamPath path;
-    path.answer({one()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double, const std::string &, QString &) {
-            path.make(GoesOffline);
-            path.make(ControlIsLost);
-        });
-    QCOMPARE(outcome.lines.last(), streamedCall(false, third, {}, QString::fromLatin1(controlled)));
-}
-
-void tst_StreamedRead::cancelFromAnotherThreadDropsThePacketInFlight()
-{
-    StreamPath path;
-    auto second = two();
-    second.before = [&path] {
-        std::thread([&path] { path.helper.setCancelledState(true); }).join();
-    };
-    path.answer({one(), second, three()});
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines.filter(QStringLiteral("callback: ")),
-             packetCalls(1) << streamedCall(false, third, {}, QString::fromLatin1(cancelled)));
-    QVERIFY(outcome.lines.filter(QStringLiteral("status bar ")).isEmpty());
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(2));
-}
-
-void tst_StreamedRead::errorTextIsLocalToTheCall()
-{
-    StreamPath path;
-    for (int call = 0; call < 2; ++call) {
-        QStringList seen;
-        path.answer({one(), two(), refusal(9)});
-        path.stream(exportRequest(), [&](bool, double, const std::string &, QString &error) {
-            seen << error;
-            error = QStringLiteral("written by the callback");
-        });
-        QCOMPARE(seen,
-                 (QStringList{QString(), QStringLiteral("written by the callback"),
-                              sentence("hardware error:9")}));
-    }
-}
-
 void tst_StreamedRead::callbackRunsOnTheCallersThread()
 {
     StreamPath path;
@@ -732,43 +330,6 @@ void tst_StreamedRead::callbackIsReleasedBeforeReturn()
     const long before = token.use_count();
     QVERIFY(path.helper.sendSyncRequest(path.device.model, exportRequest(), callback));
     QCOMPARE(token.use_count(), before);
-}
-
-void tst_StreamedRead::emptyCallbackThrowsAtTheFirstReport_data()
-{
-    QTest::addColumn<int>("change");
-    QTest::addColumn<bool>("hasRequest");
-    QTest::addColumn<bool>("hasChannel");
-    QTest::addColumn<ScriptedAnswer>("answer");
-    QTest::addColumn<int>("sent");
-
-    // clang-format off
-    QTest::newRow("cancelled")            << int(IsCancelled)   << true  << true  << packet("", 1, 0) << 0;
-    QTest::newRow("null request")         << int(Nothing)       << false << true  << packet("", 1, 0) << 0;
-    QTest::newRow("no channel")           << int(Nothing)       << true  << false << packet("", 1, 0) << 0;
-    QTest::newRow("channel not ready")    << int(GoesOffline)   << true  << true  << packet("", 1, 0) << 0;
-    QTest::newRow("control lost")         << int(ControlIsLost) << true  << true  << packet("", 1, 0) << 0;
-    QTest::newRow("refusal")              << int(Nothing)       << true  << true  << refusal(1)       << 1;
-    QTest::newRow("only packet")          << int(Nothing)       << true  << true  << packet("", 1, 0) << 1;
-    QTest::newRow("first of two packets") << int(Nothing)       << true  << true  << packet("", 2, 0) << 1;
-    // clang-format on
-}
-
-void tst_StreamedRead::emptyCallbackThrowsAtTheFirstReport()
-{
-    QFETCH(const int, change);
-    QFETCH(const bool, hasRequest);
-    QFETCH(const bool, hasChannel);
-    QFETCH(const ScriptedAnswer, answer);
-    StreamPath path;
-    path.make(Change(change));
-    if (!hasChannel)
-        path.device.removeChannel();
-    path.answer({answer});
-    const auto request = hasRequest ? exportRequest() : nullptr;
-    QVERIFY(throwsBadFunctionCall(
-        [&] { path.helper.sendSyncRequest(path.device.model, request, StreamCallback()); }));
-    QTEST(int(path.device.channel->sent().size()), "sent");
 }
 
 void tst_StreamedRead::oneGibibyteTakesTheMemoryOfAFewPackets()
