@@ -186,7 +186,9 @@ QString decodeError(const char *badBody)
 constexpr auto powerLogged = R"("{\"powers\":[{\"powerId\":1,\"iSignal\":2,\"status\":3}]}")";
 
 const QStringList stoppedLine = textLines(
-    {R"(debug: "TavoroCmd auto report: stage left 192.0.2.7 02005E100007 0123456789ABCD07 BC(11), FC(03),auto report is closed by spacial task, report cmd: device power information, report info: " "{\"powers\":[{\"powerId\":1,\"iSignal\":2,\"status\":3}]}")"});
+    {R"(debug: "TavoroCmd auto report: stage left 192.0.2.7 02005E100007 0123456789ABCD07 BC(11), )"
+     R"(FC(03),auto report is closed by spacial task, report cmd: device power information, )"
+     R"(report info: " "{\"powers\":[{\"powerId\":1,\"iSignal\":2,\"status\":3}]}")"});
 
 } // namespace
 

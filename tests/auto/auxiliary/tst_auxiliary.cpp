@@ -88,12 +88,15 @@ constexpr auto noArray = "error at line :0 col :1 msg:array must start with [.";
 const std::vector<ReadRow> &recordReads()
 {
     static const std::vector<ReadRow> rows = {
-        {"readSourceLossStatResult", into<std::vector<s_SourceLossStat>>(&Auxiliary::readSourceLossStatResult), 0xFC05, "source loss statics result information",
+        {"readSourceLossStatResult", into<std::vector<s_SourceLossStat>>(&Auxiliary::readSourceLossStatResult), 0xFC05,
+            "source loss statics result information",
             R"([{"slotId":1,"connectors":[{"index":2,"times":4294967295}]},{"slotId":3,"connectors":[]}])", noArray},
         {"readUpgradeProgress", into<s_UpgradePercent>(&Auxiliary::readUpgradeProgress), 0xFC09, "upgrade percent information",
-            R"({"result":-1,"rate":2,"subSections":{"rate":3},"parts":[{"type":4,"slotId":5,"rate":6,"result":7,"section":[{"code":8,"rate":9,"result":-10}]}]})", noRecord},
+            R"({"result":-1,"rate":2,"subSections":{"rate":3},"parts":)"
+            R"([{"type":4,"slotId":5,"rate":6,"result":7,"section":[{"code":8,"rate":9,"result":-10}]}]})", noRecord},
         {"readDeviceVersion", into<s_DeviceVersion>(&Auxiliary::readDeviceVersion), 0xFC0A, "device version information",
-            R"({"version":"1","brief":"b","parts":[{"type":2,"slotId":3,"modelId":100000,"version":"4","brief":"c","section":[{"code":5,"version":"6","brief":"d"}]}]})", noRecord},
+            R"({"version":"1","brief":"b","parts":)"
+            R"([{"type":2,"slotId":3,"modelId":100000,"version":"4","brief":"c","section":[{"code":5,"version":"6","brief":"d"}]}]})", noRecord},
         {"readDeviceSelfCheckDetail", into<s_DeviceSelfCheckDetail>(&Auxiliary::readDeviceSelfCheckDetail), 0xFC0B, "self check detail information",
             R"({"parts":[{"type":2,"slotId":3,"modelId":4,"section":[{"sequence":5,"name":"fan","value":"6","max":"7","min":"8","state":9,"showBrief":10}]}]})",
             "error at line :0 col :1 msg:read object must start with {! error json is : 1"},

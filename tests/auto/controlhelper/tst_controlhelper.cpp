@@ -12,8 +12,8 @@ enum Overload {
 enum Situation {
     Connected,
     NotReady,
-    LostBehindFirstPacket,
-    ModelDeviceGone,
+    LostLater,
+    DeviceGone,
 };
 
 /// What a refused exchange tells, and in which order.
@@ -30,7 +30,7 @@ struct FailureRow {
     QList<ScriptedAnswer> answers;
     const char *reason;
     Telling telling;
-    const char *count; ///< At the end of the log line.
+    int packet = 0; ///< Of 3, at the end of the log line.
 };
 
 constexpr auto refusal = &ScriptedAnswer::refusal;
@@ -46,27 +46,27 @@ constexpr auto beforeResult = "result from before";
 
 // clang-format off
 const FailureRow failureRows[] = {
-//   name                                overload  situation              answers                      reason                                           telling              count
-    {"read, model device gone",          Get, ModelDeviceGone,       {},                               "invalid device model data",                     LogThenStatusBar,    ""},
-    {"read, channel not ready",          Get, NotReady,              {},                               "The device is offline",                         LogThenStatusBar,    ""},
-    {"read, null response",              Get, Connected,             {noResponse()},                   "invalid response command model data",           LogThenStatusBar,    ""},
-    {"read, status of the device",       Get, Connected,             {refusal(1)},                     "hardware error:1",                              LogThenStatusBar,    ""},
-    {"read, controlled by others",       Get, Connected,             {refusal(67)},                    "The current device is already under control",   LogThenStatusBar,    ""},
-    {"read, status 68 shows no box",     Get, Connected,             {refusal(68)},                    "hardware error:68",                             LogThenStatusBar,    ""},
-    {"read, status of the channel",      Get, Connected,             {refusal(260)},                   "software error: Request timed out",             LogThenStatusBar,    ""},
-    {"read, status of the decoder",      Get, Connected,             {refusal(361)},                   "protocol error: Invalid checksum",              LogThenStatusBar,    ""},
-    {"read, status without a text",      Get, Connected,             {refusal(256)},                   "N/A",                                           LogThenStatusBar,    ""},
-    {"read, lost behind first packet",   Get, LostBehindFirstPacket, {firstOf(3)},                     "The device is offline",                         LogThenStatusBar,    ""},
-    {"read, null second packet",         Get, Connected,             {firstOf(3), noResponse()},       "invalid response command model data",           LogThenStatusBar,    R"( ",send count/total count:1/3")"},
-    {"read, refused second packet",      Get, Connected,             {firstOf(3), refusal(68)},        "hardware error:68",                             LogThenStatusBar,    R"( ",send count/total count:1/3")"},
-    {"write, model device gone",         Set, ModelDeviceGone,       {},                               "invalid device model data",                     LogThenStatusBar,    ""},
-    {"write, channel not ready",         Set, NotReady,              {},                               "The device is offline",                         LogThenStatusBar,    ""},
-    {"write, null response",             Set, Connected,             {noResponse()},                   "invalid response command model data",           LogThenStatusBar,    ""},
-    {"write, status of the device",      Set, Connected,             {refusal(255)},                   "hardware error:255",                            StatusBarThenLog,    ""},
-    {"write, controlled by others",      Set, Connected,             {refusal(67)},                    "The current device is already under control",   StatusBarThenLog,    ""},
-    {"write, device data updated",       Set, Connected,             {refusal(68)},                    "hardware error:68",                             StatusBarBoxThenLog, ""},
-    {"write, status of the channel",     Set, Connected,             {refusal(259)},                   "software error: Channel disconnected",          StatusBarThenLog,    ""},
-    {"write, status without a text",     Set, Connected,             {refusal(300)},                   "N/A",                                           StatusBarThenLog,    ""},
+//   name                              call situation  answers                     reason                                         telling, packet
+    {"read, model device gone",        Get, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
+    {"read, channel not ready",        Get, NotReady,   {},                         "The device is offline",                       LogThenStatusBar},
+    {"read, null response",            Get, Connected,  {noResponse()},             "invalid response command model data",         LogThenStatusBar},
+    {"read, status of the device",     Get, Connected,  {refusal(1)},               "hardware error:1",                            LogThenStatusBar},
+    {"read, controlled by others",     Get, Connected,  {refusal(67)},              "The current device is already under control", LogThenStatusBar},
+    {"read, status 68 shows no box",   Get, Connected,  {refusal(68)},              "hardware error:68",                           LogThenStatusBar},
+    {"read, status of the channel",    Get, Connected,  {refusal(260)},             "software error: Request timed out",           LogThenStatusBar},
+    {"read, status of the decoder",    Get, Connected,  {refusal(361)},             "protocol error: Invalid checksum",            LogThenStatusBar},
+    {"read, status without a text",    Get, Connected,  {refusal(256)},             "N/A",                                         LogThenStatusBar},
+    {"read, lost behind first packet", Get, LostLater,  {firstOf(3)},               "The device is offline",                       LogThenStatusBar},
+    {"read, null second packet",       Get, Connected,  {firstOf(3), noResponse()}, "invalid response command model data",         LogThenStatusBar, 1},
+    {"read, refused second packet",    Get, Connected,  {firstOf(3), refusal(68)},  "hardware error:68",                           LogThenStatusBar, 1},
+    {"write, model device gone",       Set, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
+    {"write, channel not ready",       Set, NotReady,   {},                         "The device is offline",                       LogThenStatusBar},
+    {"write, null response",           Set, Connected,  {noResponse()},             "invalid response command model data",         LogThenStatusBar},
+    {"write, status of the device",    Set, Connected,  {refusal(255)},             "hardware error:255",                          StatusBarThenLog},
+    {"write, controlled by others",    Set, Connected,  {refusal(67)},              "The current device is already under control", StatusBarThenLog},
+    {"write, device data updated",     Set, Connected,  {refusal(68)},              "hardware error:68",                           StatusBarBoxThenLog},
+    {"write, status of the channel",   Set, Connected,  {refusal(259)},             "software error: Channel disconnected",        StatusBarThenLog},
+    {"write, status without a text",   Set, Connected,  {refusal(300)},             "N/A",                                         StatusBarThenLog},
 };
 // clang-format on
 
@@ -109,13 +109,13 @@ void tst_ControlHelper::failures()
     ScriptedChannel &channel = *path.device.channel;
     channel.ready = row->situation != NotReady;
     for (ScriptedAnswer answer : row->answers) {
-        if (row->situation == LostBehindFirstPacket)
+        if (row->situation == LostLater)
             answer.before = [&channel] {
                 channel.ready = false;
             };
         channel.answer(answer);
     }
-    const bool gone = row->situation == ModelDeviceGone;
+    const bool gone = row->situation == DeviceGone;
     if (gone)
         path.device.model.reset();
 
@@ -127,11 +127,13 @@ void tst_ControlHelper::failures()
             .arg(row->overload == Get ? QStringLiteral("Get device detail information")
                                       : QStringLiteral("Set device swap status information"),
                  QString::fromLatin1(row->reason));
+    const QString count = row->packet == 0
+        ? QString()
+        : QStringLiteral(R"( ",send count/total count:%1/3")").arg(row->packet);
     const QString logged =
         QStringLiteral(R"(warning: TavoroCmd %1"BC(11), FC(%2)." "%3" " lables: 7"%4)")
             .arg(gone ? QString() : QStringLiteral("{device} "),
-                 row->overload == Get ? QStringLiteral("0") : QStringLiteral("7"), sentence,
-                 QString::fromLatin1(row->count));
+                 row->overload == Get ? QStringLiteral("0") : QStringLiteral("7"), sentence, count);
     const QString shown = QStringLiteral("status bar 2 for 5000 ms: ") + sentence;
     const QString box =
         QStringLiteral("message box 1: Device data has been updated, please synchronize now.");

@@ -63,32 +63,42 @@ constexpr auto noArray  = "error at line :0 col :1 msg:array must start with [."
 
 using D = Control::Device;
 const ReportRow reportRows[] = {
-//   name                           handler                           body, effect                     held                bad body and text   device gone: text, log line
+//   name                           handler
+//   body
+//   effect
+//   held                bad body, text  device gone: text, log line
     {"updateDeviceGroupInfo",       &D::updateDeviceGroupInfo,
      R"({"groupInfos":[{"groupName":"hall","groupId":"1"},{"groupName":"foyer","groupId":"2"}]})",
-     R"([{"groupName":"hall","groupId":"1"},{"groupName":"foyer","groupId":"2"}])",                    heldGroups,         "[]", noObject,     "Device is null.", nullptr},
+     R"([{"groupName":"hall","groupId":"1"},{"groupName":"foyer","groupId":"2"}])",
+     heldGroups,         "[]", noObject,  "Device is null.", nullptr},
     {"updateGenlockStatus",         &D::updateGenlockStatus,
      R"({"genlockSignal":{"extSignalIn":1,"status":2}})",
-     R"({"extSignalIn":1,"status":2})",                                                                heldGenlock,        "[]", noObject,     "Device is null.", nullptr},
+     R"({"extSignalIn":1,"status":2})",
+     heldGenlock,        "[]", noObject,  "Device is null.", nullptr},
     {"updateTransferProgress",      &D::updateTransferProgress,
      R"({"status":1,"totalProcess":40,"processDetails":[{"fileType":6,"fileId":2,"process":30}]})",
-     R"({"status":1,"totalProcess":40,"processDetails":[{"fileType":6,"fileId":2,"process":30}]})",    heldProcess,        "[]", noObject,     "Device is null.", nullptr},
+     R"({"status":1,"totalProcess":40,"processDetails":[{"fileType":6,"fileId":2,"process":30}]})",
+     heldProcess,        "[]", noObject,  "Device is null.", nullptr},
     {"updateInterfaceRelationInfo", &D::updateInterfaceRelationInfo,
      R"({"interfaceRelation":{"enable":1,"relation":[{"type":1,"interfaceA":2,"interfaceB":3,"actualInterface":4}]}})",
-     R"([{"type":1,"interfaceA":2,"interfaceB":3,"actualInterface":4}])",                              heldRelations,      "[]", noObject,     "Device is null.", nullptr},
+     R"([{"type":1,"interfaceA":2,"interfaceB":3,"actualInterface":4}])",
+     heldRelations,      "[]", noObject,  "Device is null.", nullptr},
     {"updatePowerConfig",           &D::updatePowerConfig,
      R"({"powers":[{"powerId":1,"iSignal":2,"status":3},{"powerId":2,"iSignal":0,"status":0}]})",
-     R"([{"powerId":1,"iSignal":2,"status":3},{"powerId":2,"iSignal":0,"status":0}])",                 heldPowers,         "[]", noObject,     "Device is null.", nullptr},
+     R"([{"powerId":1,"iSignal":2,"status":3},{"powerId":2,"iSignal":0,"status":0}])",
+     heldPowers,         "[]", noObject,  "Device is null.", nullptr},
     {"updateScreenGenlockInfo",     &D::updateScreenGenlockInfo,
      R"([{"screenId":1,"screenType":2,"genlockSignal":{"status":3}},{"screenId":2}])",
      R"([{"screenId":1,"screenType":2,"genlockSignal":{"status":3}},{"screenId":2,"screenType":0,"genlockSignal":{"status":0}}])",
-                                                                                                       heldScreenGenlocks, "{}", noArray,      "Device is null.", nullptr},
+     heldScreenGenlocks, "{}", noArray,   "Device is null.", nullptr},
     {"updateSubcardsInfo",          &D::updateSubcardsInfo,
      R"({"subcards":[{"slotId":4,"modelId":5,"boardId":6,"cardType":7,"online":1,"connectors":[]}]})",
-     R"([{"slotId":4,"modelId":5,"boardId":6,"cardType":7,"online":1,"connectors":[]}])",              heldSubcards,       "[]", noObject,     nullptr,           nullptr},
+     R"([{"slotId":4,"modelId":5,"boardId":6,"cardType":7,"online":1,"connectors":[]}])",
+     heldSubcards,       "[]", noObject,  nullptr,           nullptr},
     {"updateCutoutRGB",             &D::updateCutoutRGB,
      R"({"R":1,"G":2,"B":3})",
-     R"({"R":1,"G":2,"B":3})",                                                                         heldCutout,         "[]", noObject,     nullptr,           "warning: Device is null"},
+     R"({"R":1,"G":2,"B":3})",
+     heldCutout,         "[]", noObject,  nullptr,           "warning: Device is null"},
 };
 // clang-format on
 

@@ -163,7 +163,8 @@ void tst_Translations::sentencesAreTranslatedAndLogWordsAreNot()
         failed.lines,
         textLines(
             {R"(info: TavoroCmd {device} "BC(11), FC(0)." "Get «device detail information».arg2 values:" 4 3 2 1 " lables: 7")",
-             R"(warning: TavoroCmd {device} "BC(11), FC(0)." "«Get «device detail information» failed: «hardware error:9» .»" " lables: 7" ",send count/total count:1/2")",
+             R"(warning: TavoroCmd {device} "BC(11), FC(0)." "«Get «device detail information» failed: )"
+             R"(«hardware error:9» .»" " lables: 7" ",send count/total count:1/2")",
              "status bar 2 for 5000 ms: «Get «device detail information» failed: «hardware "
              "error:9» .»"}));
 

@@ -22,11 +22,14 @@ struct Told {
     const char *body;
 };
 
+constexpr auto identityBody = R"({"protocolVersion":1,"modelId":30465,"sn":"0123456789ABCDEF",)"
+                              R"("mac":"02005E100001","maxPacketSize":10,"name":"wall"})";
+
 // clang-format off
 const Told toldFrames[] = {
 //   name                      kind lables status stream  type total send code    arg2        body
     {"identity-request",       4,   0,     0,     0,      0,   0,    0,   0,      0,          ""},
-    {"identity-answer",        5,   0,     0,     0,      0,   0,    0,   0,      0,          R"({"protocolVersion":1,"modelId":30465,"sn":"0123456789ABCDEF","mac":"02005E100001","maxPacketSize":10,"name":"wall"})"},
+    {"identity-answer",        5,   0,     0,     0,      0,   0,    0,   0,      0,          identityBody},
     {"write-request",          1,   1,     0,     1,      2,   0,    0,   0x1107, 0,          R"({"swap":1})"},
     {"write-response",         2,   1,     0,     1,      2,   1,    0,   0x1107, 0,          ""},
     {"write-refused",          2,   1,     4,     1,      2,   1,    0,   0x1107, 0,          ""},
