@@ -11,9 +11,6 @@
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicemanager.h>
 
-#include <QMap>
-#include <QSize>
-
 #include <algorithm>
 
 namespace Tavoro::Control::Internal {
@@ -28,7 +25,7 @@ constexpr int multiviewerScreens = 8;
 constexpr qint32 removedFileType = 15; ///< Listed by the device, but not there any more.
 constexpr int statusBarMilliseconds = 5000;
 
-using MultiviewerLayouts = QMap<int, QSize>;
+using MultiviewerLayouts = SyncDeviceTaskPrivate::MultiviewerLayouts;
 
 MultiviewerLayouts layoutsOf(const BizModel::Device &device)
 {
@@ -61,6 +58,18 @@ void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &lay
     if (device.activedMVRScreen().expired() && !multiviewers.isEmpty())
         device.setActivedScreen(multiviewers.first());
 }
+
+/// Keeps a device silent while it is filled: observers see the finished device, not its parts.
+class Silence {
+public:
+    explicit Silence(BizModel::Device &device) : m_device(device) { m_device.blockSignals(true); }
+    ~Silence() { m_device.blockSignals(false); }
+    Silence(const Silence &) = delete;
+    Silence &operator=(const Silence &) = delete;
+
+private:
+    BizModel::Device &m_device;
+};
 
 template <class Detail>
 bool feed(BizModel::Device &device, const Detail &detail, QString &error, const char *failed)
@@ -134,16 +143,22 @@ bool SyncDeviceTaskPrivate::initDeviceModelData()
 
     const auto channel = SSProxy::DeviceManager::instance()->findDeviceChannel(
         ip.toStdString(), q->deviceMAC().toStdString(), q->deviceSN().toStdString());
-    modelDevice->blockSignals(true); // observers see the finished device, not its parts
-    takeIdentity(*modelDevice, channel.get());
-    modelDevice->setSyncDataSuccess(q->isSyncSucess());
-    const bool layersFed = feedModel(*modelDevice, ip);
-    chooseActiveScreens(*modelDevice, layouts);
-    modelDevice->blockSignals(false);
-
+    const bool layersFed = fill(*modelDevice, ip, channel.get(), layouts);
     if (!known)
         DeviceList::instance()->append(modelDevice);
     qCInfo(controlLog) << "Sync device init model end.";
+    return layersFed;
+}
+
+bool SyncDeviceTaskPrivate::fill(BizModel::Device &modelDevice, const QString &ip,
+                                 const SSProxy::DeviceChannel *channel,
+                                 const MultiviewerLayouts &layouts)
+{
+    const Silence silence(modelDevice);
+    takeIdentity(modelDevice, channel);
+    modelDevice.setSyncDataSuccess(q->isSyncSucess());
+    const bool layersFed = feedModel(modelDevice, ip);
+    chooseActiveScreens(modelDevice, layouts);
     return layersFed;
 }
 

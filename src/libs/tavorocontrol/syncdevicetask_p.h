@@ -2,6 +2,9 @@
 
 #include <tavorocontrol/syncdevicetask.h>
 
+#include <QMap>
+#include <QSize>
+
 #include <atomic>
 
 namespace Tavoro::BizModel {
@@ -34,6 +37,8 @@ private:
 /// of a run; only \c runningStatus is shared.
 class SyncDeviceTaskPrivate {
 public:
+    using MultiviewerLayouts = QMap<int, QSize>; ///< By number of the screen.
+
     explicit SyncDeviceTaskPrivate(SyncDeviceTask *task);
     ~SyncDeviceTaskPrivate();
 
@@ -55,6 +60,8 @@ public:
     std::atomic<bool> runningStatus{false};
 
 private:
+    bool fill(BizModel::Device &modelDevice, const QString &ip,
+              const SSProxy::DeviceChannel *channel, const MultiviewerLayouts &layouts);
     void takeIdentity(BizModel::Device &modelDevice, const SSProxy::DeviceChannel *channel);
     bool feedModel(BizModel::Device &modelDevice, const QString &ip);
 

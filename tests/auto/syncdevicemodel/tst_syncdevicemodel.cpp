@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <stdexcept>
+
 using namespace Tavoro;
 
 /// What a synchronisation leaves in the model.
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void knownDeviceIsEmptiedBeforeTheFirstRequest();
     void unreadPartsOfAKnownDeviceAreGone();
     void knownDeviceIsSilentWhileItIsFilled();
+    void knownDeviceSpeaksAgainAfterAnException();
     void modelIsToldTheOutcomeOfTheReads();
     void identityComesFromTheChannel();
     void nameOfTheChannelStandsInForNone_data();
@@ -50,6 +53,20 @@ void loseChannelAtLastRequest(Synchronised &it)
     };
     it.channel->replyContent(12, 1, last);
 }
+
+/// A channel that runs out of memory as soon as the device is being filled.
+class FailingChannel : public WholeDeviceChannel {
+public:
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override
+    {
+        const auto device = watched.lock();
+        if (device && device->signalsBlocked())
+            throw std::runtime_error("out of memory");
+        return WholeDeviceChannel::deviceBaseInfo();
+    }
+
+    std::weak_ptr<BizModel::Device> watched;
+};
 
 } // namespace
 
@@ -143,6 +160,20 @@ void tst_SyncDeviceModel::knownDeviceIsSilentWhileItIsFilled()
     it.run();
     QVERIFY(!requestsBefore.isEmpty());
     QCOMPARE(requestsBefore.count(0), int(requestsBefore.size()));
+    QVERIFY(!it.device.model->signalsBlocked());
+}
+
+void tst_SyncDeviceModel::knownDeviceSpeaksAgainAfterAnException()
+{
+    const auto channel = std::make_shared<FailingChannel>();
+    Synchronised it;
+    it.makeKnown();
+    it.device.removeChannel();
+    channel->info = it.channel->info;
+    channel->watched = it.device.model;
+    SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
+    QVERIFY_EXCEPTION_THROWN(it.run(), std::runtime_error);
+    SSProxy::DeviceManager::instance()->removeDeviceChannel(channel);
     QVERIFY(!it.device.model->signalsBlocked());
 }
 
