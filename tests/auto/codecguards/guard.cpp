@@ -30,9 +30,18 @@ struct unsupportedType {
     TAVORO_FIELDS(a)
 };
 
-struct nothing {
+struct base {
     std::int32_t a;
     TAVORO_FIELDS(a)
+};
+
+struct inheritedList : base {
+    std::int32_t b;
+};
+
+struct nothing : base {
+    std::int32_t b;
+    TAVORO_FIELDS(a, b)
 };
 
 } // namespace Guards

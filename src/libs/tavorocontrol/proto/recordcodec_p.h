@@ -36,6 +36,8 @@ constexpr bool checkRecord()
     static_assert(HasFields<Record>::value, "a record declares its keys with TAVORO_FIELDS");
     if constexpr (HasFields<Record>::value) {
         using Fields = RecordFields<Record>;
+        static_assert(HasOwnFields<Record>::value,
+                      "a record that extends another declares its own keys");
         static_assert(Fields::count > 0, "a record has at least one field");
         static_assert(Fields::list.size() <= FieldList::maxSize, "a record has too many fields");
         static_assert(Fields::count == Fields::list.size(), "one member for each name of the list");

@@ -56,6 +56,17 @@ struct MemberTypesOf {
     }
 };
 
+/// The class that a member function belongs to, which for an inherited one is the base.
+template <class Class, class Result, class Argument>
+Class classOf(Result (Class::*member)(Argument) const);
+
+/// Whether a record declares its keys itself. One that inherits the list would travel without its
+/// own members.
+template <class Record>
+struct HasOwnFields
+    : std::is_same<Record,
+                   decltype(classOf(&Record::template visitFields<const MemberTypesOf &>))> { };
+
 template <class Record>
 struct RecordFields {
     using Types = decltype(std::declval<const Record &>().visitFields(MemberTypesOf()));
