@@ -130,6 +130,8 @@ private Q_SLOTS:
     void refusedWriteFails();
     void writeWithoutChannelIsDone_data() { addRows(recordWrites()); }
     void writeWithoutChannelIsDone();
+    void writeToADeviceThatIsGoneFails_data() { addRows(recordWrites()); }
+    void writeToADeviceThatIsGoneFails();
     void timeoutOfSaveDeviceDataIsOverridden();
     void pickCutoutPosReadsNothingFromTheAnswer();
 
@@ -143,6 +145,8 @@ private Q_SLOTS:
     void undecodableAnswerGivesTheCodecsText();
     void readWithoutChannelFailsToDecodeNothing_data() { addRows(recordReads()); }
     void readWithoutChannelFailsToDecodeNothing();
+    void readOfADeviceThatIsGoneFails_data() { addRows(recordReads()); }
+    void readOfADeviceThatIsGoneFails();
     void sourceLossResultsAreAppended();
     void undecodableSelfCheckTellsTheWholeBody();
     void loadProgressFailsWithoutAText();
@@ -166,6 +170,12 @@ void tst_Auxiliary::writeWithoutChannelIsDone()
 {
     QFETCH(int, row);
     verifyWriteWithoutChannel(recordWrite(row));
+}
+
+void tst_Auxiliary::writeToADeviceThatIsGoneFails()
+{
+    QFETCH(int, row);
+    verifyWriteOfAGoneDevice(recordWrite(row));
 }
 
 void tst_Auxiliary::timeoutOfSaveDeviceDataIsOverridden()
@@ -260,6 +270,22 @@ void tst_Auxiliary::readWithoutChannelFailsToDecodeNothing()
     it.device.removeChannel();
     std::string seen;
     QVERIFY(!recordRead(row).read(it.control, seen, it.error));
+}
+
+void tst_Auxiliary::readOfADeviceThatIsGoneFails()
+{
+    QFETCH(int, row);
+    const ReadRow &read = recordRead(row);
+    Controlled<Auxiliary> it;
+    it.device.model.reset();
+    std::string seen;
+    const QString sentence = QStringLiteral("Get %1 failed: invalid device model data .")
+                                 .arg(QString::fromLatin1(read.label));
+
+    QVERIFY(!read.read(it.control, seen, it.error));
+    QCOMPARE(it.error, toldToCaller(read, sentence));
+    QVERIFY(it.journal.lines().contains(QStringLiteral("status bar 2 for 5000 ms: ") + sentence));
+    QCOMPARE(it.sentCount(), std::size_t(0));
 }
 
 void tst_Auxiliary::sourceLossResultsAreAppended()

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void idleWorkerWakesAndGoesBackToWaiting();
     void resultIsFalseUntilTheWorkerHasEnded();
     void resultIsTrueAlthoughNothingCouldBeWritten();
+    void piecesForAFileThatWasClosedAreDropped();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromLatin1(name)); }
@@ -409,6 +410,31 @@ void tst_SaveFile::resultIsTrueAlthoughNothingCouldBeWritten()
     QVERIFY(file.waitForStop());
     QVERIFY(file.fileSaveResult());
     QCOMPARE(journal.lines().filter(QStringLiteral("warning: ")), QStringList());
+}
+
+// A start of a running writer closes its file; when the next one cannot be opened, none is left.
+void tst_SaveFile::piecesForAFileThatWasClosedAreDropped()
+{
+    if (!FastClock::isPossible())
+        QSKIP("nothing tells that the worker has taken the pieces");
+    const FastClock clock;
+    const MessageCatcher caught;
+    SaveFile file;
+    QVERIFY(file.startWrite(path("f"), m_error));
+    QVERIFY(!file.startWrite(path("no/f"), m_error));
+    file.append("dropped");
+    const int waits = clock.waitsThatRanOut();
+    QTRY_VERIFY(clock.waitsThatRanOut() > waits + 1); // the queue is empty again
+
+    QVERIFY(file.startWrite(path("next"), m_error));
+    file.append("written");
+    QTRY_COMPARE(contentOf(path("next")), QByteArray("written"));
+    QCOMPARE(contentOf(path("f")), QByteArray());
+    const auto lines = caught.messages();
+    for (const CaughtMessage &line : lines)
+        QVERIFY2(!line.text.contains(QLatin1String("device not open")), qPrintable(line.text));
+    file.stopWrite();
+    QVERIFY(file.fileSaveResult());
 }
 
 QTEST_GUILESS_MAIN(tst_SaveFile)
