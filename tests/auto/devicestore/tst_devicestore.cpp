@@ -1,5 +1,6 @@
 #include "messagecatcher.h"
 #include "storedmodel.h"
+#include "storefile.h"
 
 #include <tavorobizmodel/file.h>
 #include <tavorobizmodel/interface.h>
@@ -9,9 +10,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -32,21 +30,7 @@ std::string text(const Record &record)
 /// Looks into a file beside the store.
 QStringList query(const QString &fileName, const QString &statement)
 {
-    QStringList rows;
-    {
-        auto database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("look"));
-        database.setDatabaseName(fileName);
-        if (!database.open())
-            return {database.lastError().text()};
-        QSqlQuery query(database);
-        if (!query.exec(statement))
-            rows.append(query.lastError().text());
-        while (query.next())
-            rows.append(query.value(0).toString());
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("look"));
-    return rows;
+    return StoreFile(fileName).query(statement);
 }
 
 } // namespace
@@ -96,21 +80,14 @@ void tst_DeviceStore::init()
 
 QStringList tst_DeviceStore::written(const std::shared_ptr<BizModel::Device> &device) const
 {
-    for (const auto *event : {"INSERT", "UPDATE"})
-        query(file(),
-              QStringLiteral("CREATE TRIGGER IF NOT EXISTS log%1 AFTER %1 ON record BEGIN"
-                             " INSERT INTO log VALUES ('%1 ' || NEW.kind || ' ' || NEW.key); END")
-                  .arg(QLatin1String(event)));
-    query(file(),
-          QStringLiteral("CREATE TRIGGER IF NOT EXISTS logDELETE AFTER DELETE ON record BEGIN"
-                         " INSERT INTO log VALUES ('DELETE ' || OLD.kind || ' ' || OLD.key); END"));
-    query(file(), QStringLiteral("CREATE TABLE log (line TEXT)"));
+    const StoreFile store(file());
+    store.watchWrites();
     {
         const StoredModel model(file());
         model.save(device);
     }
-    const QStringList lines = query(file(), QStringLiteral("SELECT line FROM log ORDER BY rowid"));
-    query(file(), QStringLiteral("DROP TABLE log"));
+    const QStringList lines = store.writes();
+    store.ignoreWrites();
     return lines;
 }
 
