@@ -141,6 +141,7 @@ void tst_WireFormat::checksumsHaveTheirCheckValues()
 void tst_WireFormat::checksumOfABodyContinuesOverItsParts()
 {
     QCOMPARE(crc32("56789", crc32("1234")), quint32(0xCBF43926));
+    QCOMPARE(crc32({}, crc32("123456789")), quint32(0xCBF43926));
 }
 
 void tst_WireFormat::everyNamedByteStandsWhereThePageSays()

@@ -1,6 +1,6 @@
 #include <tavorossproxy/wire/checksums.h>
 
-#include <zlib.h>
+#include <libdeflate.h>
 
 #include <array>
 
@@ -33,8 +33,7 @@ quint16 crc16(std::string_view bytes)
 
 quint32 crc32(std::string_view bytes, quint32 before)
 {
-    return static_cast<quint32>(
-        crc32_z(before, reinterpret_cast<const Bytef *>(bytes.data()), bytes.size()));
+    return bytes.empty() ? before : libdeflate_crc32(before, bytes.data(), bytes.size());
 }
 
 } // namespace Tavoro::SSProxy::Wire
