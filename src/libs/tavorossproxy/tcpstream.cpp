@@ -8,7 +8,8 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-constexpr std::size_t receivedAtOnce = 64u << 10;
+/// Longer than the packets of common devices, which so come in one piece with their head.
+constexpr std::size_t receivedAtOnce = 128u << 10;
 
 } // namespace
 
@@ -27,7 +28,8 @@ void TcpStream::open(Events &events)
     m_socket = std::make_unique<QTcpSocket>();
     m_socket->setProxy(QNetworkProxy::NoProxy); // devices are near
     connectSignals(events);
-    m_socket->connectToHost(m_host, m_port);
+    // What is sent and received goes past the buffers of the socket: frames are long and whole.
+    m_socket->connectToHost(m_host, m_port, QIODevice::ReadWrite | QIODevice::Unbuffered);
 }
 
 /// May be called from a signal of the socket, so the socket itself goes later.
@@ -42,6 +44,7 @@ void TcpStream::close()
 
 void TcpStream::write(const QByteArray &bytes)
 {
+    // If the connection is lost, reading finds that out.
     if (m_socket)
         m_socket->write(bytes);
 }
@@ -71,11 +74,14 @@ void TcpStream::receive(Events &events)
 {
     const QTcpSocket *const socket = m_socket.get();
     while (m_socket && m_socket.get() == socket) {
-        const qint64 count =
-            m_socket->read(m_received.data(), static_cast<qint64>(m_received.size()));
-        if (count <= 0)
-            return;
-        events.streamReceived({m_received.data(), static_cast<std::size_t>(count)});
+        const auto room = static_cast<qint64>(m_received.size());
+        const qint64 count = m_socket->read(m_received.data(), room);
+        if (count < 0)
+            return fail(events); // the socket itself does not tell
+        if (count > 0)
+            events.streamReceived({m_received.data(), static_cast<std::size_t>(count)});
+        if (count < room)
+            return; // for now it is empty
     }
 }
 

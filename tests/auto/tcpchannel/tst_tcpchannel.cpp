@@ -51,8 +51,14 @@ public:
         for (auto *socket : m_server.findChildren<QTcpSocket *>())
             socket->abort();
     }
+    void endConnections()
+    {
+        for (auto *socket : m_server.findChildren<QTcpSocket *>())
+            socket->disconnectFromHost();
+    }
 
     int silentRequests = 0; ///< Requests without a body that have come.
+    qint64 receivedBytes = 0;
 
 private:
     void takeConnection()
@@ -62,6 +68,7 @@ private:
         auto parser = std::make_shared<Wire::FrameParser>();
         connect(socket, &QTcpSocket::readyRead, socket, [this, socket, parser] {
             const QByteArray received = socket->readAll();
+            receivedBytes += received.size();
             std::string_view bytes(received.constData(), std::size_t(received.size()));
             while (auto frame = parser->next(bytes))
                 socket->write(answerTo(*frame));
@@ -122,6 +129,8 @@ private Q_SLOTS:
     void manyThreadsGetTheirOwnAnswers();
     void unreachableHostIsNamedInTheSentence();
     void lostConnectionIsMadeAnew();
+    void connectionLostWhileARequestLeavesEndsIt();
+    void connectionThatTheDeviceEndsIsToldSo();
     void stopEndsTheRequestsAndTheConnection();
     void droppedChannelClosesItsConnection();
     void reportReachesOtherThreads();
@@ -229,6 +238,37 @@ void tst_TcpChannel::lostConnectionIsMadeAnew()
     channel->reconnectNow();
     QTRY_COMPARE(channel->statistics().connections, quint64(2));
     QVERIFY(channel->isHardwareReadFinished());
+}
+
+void tst_TcpChannel::connectionLostWhileARequestLeavesEndsIt()
+{
+    EchoDevice device;
+    const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
+    QTRY_VERIFY(channel->isHardwareReadFinished());
+    const qint64 before = device.receivedBytes;
+    auto answer = sendFromAThread(channel, std::string(16 << 20, 'x'));
+    QTRY_VERIFY(device.receivedBytes > before);
+    device.dropConnections();
+    QTRY_VERIFY(isDone(answer));
+    QCOMPARE(answer.get()->status, quint16(259));
+}
+
+void tst_TcpChannel::connectionThatTheDeviceEndsIsToldSo()
+{
+    EchoDevice device;
+    ChannelOptions options;
+    options.firstReconnectPause = std::chrono::hours(1);
+    options.longestReconnectPause = options.firstReconnectPause;
+    const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port(), options);
+    QTRY_VERIFY(channel->isHardwareReadFinished());
+    device.endConnections();
+    QTRY_VERIFY(!channel->isHardwareReadFinished());
+    QString error;
+    QVERIFY(!channel->waitUntilReady(0, error));
+    QCOMPARE(error,
+             QStringLiteral("The device at 127.0.0.1:%1 cannot be reached: "
+                            "The remote host closed the connection.")
+                 .arg(device.port()));
 }
 
 void tst_TcpChannel::stopEndsTheRequestsAndTheConnection()
