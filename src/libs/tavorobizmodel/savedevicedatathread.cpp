@@ -179,8 +179,10 @@ bool SaveDeviceDataThreadPrivate::work(const Job &job)
 {
     QString error;
     auto outcome = attempt(job, error);
-    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error))
+    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error)) {
         outcome = attempt(job, error);
+        askToSaveOthers(job);
+    }
     if (outcome != DeviceStore::Outcome::Done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);
@@ -189,6 +191,17 @@ bool SaveDeviceDataThreadPrivate::work(const Job &job)
     if (!job.device.expired())
         Q_EMIT DeviceList::instance()->signalDeviceDataSaved(job.device);
     return true;
+}
+
+/// The new file has nothing of what the damaged one held.
+void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
+{
+    const auto saved = job.device.lock();
+    const auto devices = DeviceList::instance()->devices();
+    for (const auto &device : devices) {
+        if (device.lock() != saved)
+            askToSave(device);
+    }
 }
 
 DeviceStore::Outcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)

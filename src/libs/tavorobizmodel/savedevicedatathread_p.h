@@ -64,6 +64,7 @@ private:
     void workOff(std::chrono::milliseconds retryDelay);
     bool mayTakeJob() const;
     bool work(const Job &job);
+    void askToSaveOthers(const Job &job);
     DeviceStore::Outcome attempt(const Job &job, QString &error);
 
     mutable std::mutex m_mutex;

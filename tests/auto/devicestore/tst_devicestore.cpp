@@ -62,6 +62,7 @@ private Q_SLOTS:
     void fileOfALaterVersionIsLeftAlone();
     void fileOfAnotherKindIsLeftAlone();
     void damagedFileIsSetAside();
+    void fileDamagedWhileItIsOpenIsWrittenAnew();
     void rowThatCannotBeReadCountsAsDamage();
     void folderThatCannotBeMadeIsTold();
 
@@ -365,6 +366,32 @@ void tst_DeviceStore::damagedFileIsSetAside()
         QCOMPARE(aside.readAll(), garbage);
         model.save(ModelRecords::device());
     }
+}
+
+void tst_DeviceStore::fileDamagedWhileItIsOpenIsWrittenAnew()
+{
+    const MessageCatcher quiet;
+    {
+        const StoredModel model(file());
+        const auto first = ModelRecords::device(1);
+        const auto second = ModelRecords::device(2);
+        model.list->append(first);
+        model.list->append(second);
+        model.save(first);
+        model.save(second);
+        QFile damaged(file());
+        QVERIFY(damaged.open(QIODevice::WriteOnly));
+        damaged.write(QByteArray(5000, 'x'));
+        damaged.close();
+
+        const StoreSignals told;
+        model.list->saveDeviceDataThread()->saveDevicesInfor(first);
+        QTRY_COMPARE(told.saved, (QList<std::shared_ptr<BizModel::Device>>{first, second}));
+        QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
+        QCOMPARE(told.failures, QStringList());
+    }
+    const StoredModel model(file());
+    QCOMPARE(model.list->devices().size(), 2);
 }
 
 void tst_DeviceStore::rowThatCannotBeReadCountsAsDamage()
