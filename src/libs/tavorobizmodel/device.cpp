@@ -114,8 +114,8 @@ std::weak_ptr<Layer> Device::findLayer(const ProtoModel::Layer::s_LayerIdentity 
 QList<std::weak_ptr<Screen>> Device::screens(int mask) const
 {
     QList<std::weak_ptr<Screen>> list;
-    const Screens all = d->contents.screens();
-    for (const auto &screen : all.values()) {
+    const auto all = d->contents.screens();
+    for (const auto &screen : all) {
         const int type = screen->screenType();
         if (type >= 0 && type < 31 && (mask & 1 << type) != 0)
             list.append(screen);
@@ -125,17 +125,17 @@ QList<std::weak_ptr<Screen>> Device::screens(int mask) const
 
 QList<std::weak_ptr<Interface>> Device::interfaces() const
 {
-    return weakList(d->contents.interfaces().values());
+    return weakList(d->contents.interfaces());
 }
 
 QList<std::weak_ptr<Layer>> Device::layers() const
 {
-    return weakList(d->contents.layers().values());
+    return weakList(d->contents.layers());
 }
 
 QList<std::weak_ptr<File>> Device::files() const
 {
-    return weakList(d->contents.files().values());
+    return weakList(d->contents.files());
 }
 
 std::weak_ptr<Screen> Device::activedScreen() const

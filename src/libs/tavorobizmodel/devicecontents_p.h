@@ -37,10 +37,13 @@ public:
     void take(Layers layers);
     void take(Files files);
 
-    Interfaces interfaces() const { return copyOf(m_interfaces); }
-    Screens screens() const { return copyOf(m_screens); }
-    Layers layers() const { return copyOf(m_layers); }
-    Files files() const { return copyOf(m_files); }
+    /// \name All of a kind, in the device's order
+    /// @{
+    auto interfaces() const { return listOf(m_interfaces); }
+    auto screens() const { return listOf(m_screens); }
+    auto layers() const { return listOf(m_layers); }
+    auto files() const { return listOf(m_files); }
+    /// @}
 
     // clang-format off
     std::shared_ptr<Interface> findInterface(const ObjectId &id) const { return find(m_interfaces, id); }
@@ -57,11 +60,11 @@ private:
     template <class Value>
     using Index = std::unordered_map<ObjectId, Value, ObjectIdHash>;
 
-    template <class Table>
-    Table copyOf(const Table &table) const
+    template <class Object>
+    std::vector<std::shared_ptr<Object>> listOf(const ObjectTable<Object> &table) const
     {
         const std::lock_guard lock(m_mutex);
-        return table;
+        return table.values();
     }
 
     template <class Object>

@@ -126,7 +126,7 @@ void visitRows(const Device &device, const std::function<void(const DeviceRow &)
         visit({RowKind::Layout, QString::number(screenId), body, {}});
     }
     const auto visitAll = [&](RowKind kind, const auto &objects, const auto &identityOf) {
-        for (const auto &object : objects.values()) {
+        for (const auto &object : objects) {
             const auto detail = object->detail();
             visit({kind, keyOf(objectId(identityOf(detail))), text(detail), {}});
         }
@@ -137,8 +137,8 @@ void visitRows(const Device &device, const std::function<void(const DeviceRow &)
              [](const auto &detail) { return ProtoModel::s_ScreenId(detail); });
     visitAll(RowKind::Layer, d.contents.layers(),
              [](const auto &detail) { return detail.layerIdenti; });
-    const Files files = d.contents.files();
-    for (const auto &file : files.values()) {
+    const auto files = d.contents.files();
+    for (const auto &file : files) {
         const auto detail = file->detail();
         visit({RowKind::File, keyOf(objectId(detail)), text(detail),
                QByteArray::fromStdString(detail.binary)});
