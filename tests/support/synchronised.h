@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <utility>
 
 /// The task, to be run on the thread of the test.
 class SyncTask : public Tavoro::Control::SyncDeviceTask {
@@ -44,6 +45,11 @@ inline QStringList modelStep(const QStringList &between = {})
 /// A device on the network, the list of the model, which does not know it yet, and the task.
 class Synchronised {
 public:
+    explicit Synchronised(
+        std::shared_ptr<WholeDeviceChannel> itsChannel = std::make_shared<WholeDeviceChannel>())
+        : channel(std::move(itsChannel))
+    { }
+
     ~Synchronised()
     {
         while (const auto left = listed())
@@ -75,7 +81,7 @@ public:
     QStringList asked() const { return channel->asked(); }
     QStringList lines() const { return syncLines(journal.lines()); }
 
-    const std::shared_ptr<WholeDeviceChannel> channel = std::make_shared<WholeDeviceChannel>();
+    const std::shared_ptr<WholeDeviceChannel> channel;
     ScriptedDevice device{7, channel};
     Journal journal;
     SyncTask task;

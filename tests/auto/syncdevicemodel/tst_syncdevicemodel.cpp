@@ -1,3 +1,4 @@
+#include <interferingchannel.h>
 #include <markingtranslator.h>
 #include <requestpath.h>
 #include <synchronised.h>
@@ -53,20 +54,6 @@ void loseChannelAtLastRequest(Synchronised &it)
     };
     it.channel->replyContent(12, 1, last);
 }
-
-/// A channel that runs out of memory as soon as the device is being filled.
-class FailingChannel : public WholeDeviceChannel {
-public:
-    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override
-    {
-        const auto device = watched.lock();
-        if (device && device->signalsBlocked())
-            throw std::runtime_error("out of memory");
-        return WholeDeviceChannel::deviceBaseInfo();
-    }
-
-    std::weak_ptr<BizModel::Device> watched;
-};
 
 } // namespace
 
@@ -165,15 +152,14 @@ void tst_SyncDeviceModel::knownDeviceIsSilentWhileItIsFilled()
 
 void tst_SyncDeviceModel::knownDeviceSpeaksAgainAfterAnException()
 {
-    const auto channel = std::make_shared<FailingChannel>();
-    Synchronised it;
+    const auto channel = std::make_shared<InterferingChannel>();
+    Synchronised it(channel);
     it.makeKnown();
-    it.device.removeChannel();
-    channel->info = it.channel->info;
     channel->watched = it.device.model;
-    SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
+    channel->interfere = [] {
+        throw std::runtime_error("out of memory");
+    };
     QVERIFY_EXCEPTION_THROWN(it.run(), std::runtime_error);
-    SSProxy::DeviceManager::instance()->removeDeviceChannel(channel);
     QVERIFY(!it.device.model->signalsBlocked());
 }
 
@@ -263,6 +249,7 @@ void tst_SyncDeviceModel::channelThatIsGoneLeavesTheNameAlone()
     it.run();
     QCOMPARE(it.task.deviceDetail().general.name, std::string("N/A"));
     QCOMPARE(it.listed()->name(), QStringLiteral("N/A"));
+    QCOMPARE(it.listed()->modelId(), quint16(0x7701)); // as it was before the reading
 }
 
 void tst_SyncDeviceModel::offlineMessageIsTranslated()

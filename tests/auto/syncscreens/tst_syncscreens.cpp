@@ -1,3 +1,4 @@
+#include <interferingchannel.h>
 #include <synchronised.h>
 
 #include <tavorobizmodel/mvrscreen.h>
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void withoutOrdinaryScreensNoneIsActive();
     void activeScreenThatIsStillHeldStays();
     void layoutsOfMultiviewersAreKeptById();
+    void layoutsAreKeptAlsoWhenTheModelForgetsThem();
 };
 
 namespace {
@@ -137,6 +139,31 @@ void tst_SyncScreens::layoutsOfMultiviewersAreKeptById()
     it.run();
     QCOMPARE(multiviewer(3)->rowColSpan(), users);
     QCOMPARE(multiviewer(4)->rowColSpan(), standard);
+}
+
+// The model of this repository remembers the layouts itself. Another one need not.
+void tst_SyncScreens::layoutsAreKeptAlsoWhenTheModelForgetsThem()
+{
+    const auto channel = std::make_shared<InterferingChannel>();
+    Synchronised it(channel);
+    it.makeKnown();
+    const QSize users(5, 2);
+    ScriptedAnswer last;
+    last.before = [&] {
+        QString error;
+        ProtoModel::Screen::s_ScreenFullDetail screen;
+        screen.screenId = 3;
+        screen.screenType = 3;
+        it.device.model->initModelData(std::vector{screen}, error);
+        multiviewer(3)->setRowColSpan(users);
+    };
+    channel->replyContent(12, 1, last);
+    channel->watched = it.device.model;
+    channel->interfere = [&] {
+        it.device.model->clearAll(false);
+    };
+    it.run();
+    QCOMPARE(multiviewer(3)->rowColSpan(), users);
 }
 
 QTEST_GUILESS_MAIN(tst_SyncScreens)
