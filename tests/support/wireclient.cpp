@@ -56,6 +56,11 @@ void WireClient::sendBytes(const QByteArray &bytes)
 WireFrame WireClient::exchange(const WireFrame &frame)
 {
     send(frame);
+    return receiveResponse();
+}
+
+WireFrame WireClient::receiveResponse()
+{
     while (auto received = receive()) {
         if (received->head.kind != static_cast<quint8>(FrameKind::Report))
             return *received;

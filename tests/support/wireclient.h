@@ -32,6 +32,9 @@ public:
     void sendBytes(const QByteArray &bytes);
     /// Sends \a frame and waits for its response; reports that come before are kept.
     WireFrame exchange(const WireFrame &frame);
+    /// The next frame that is no report; reports that come before are kept.
+    WireFrame receiveResponse();
+    int keptReports() const { return static_cast<int>(m_reports.size()); }
     WireFrame read(quint16 code, const std::array<quint8, 4> &arg2 = {});
     WireFrame write(quint16 code, const std::string &body);
 

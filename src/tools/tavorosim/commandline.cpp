@@ -1,6 +1,7 @@
 #include "commandline.h"
 
 #include "console.h"
+#include "faulttable.h"
 
 #include <QCommandLineParser>
 #include <QLoggingCategory>
@@ -64,6 +65,15 @@ bool setFilesFolder(SimOptions &options, const QString &value)
     return !value.isEmpty();
 }
 
+bool addFault(SimOptions &options, const QString &value)
+{
+    QString ignored;
+    const auto rule = parseFaultRule(value, ignored);
+    if (rule)
+        options.faults.push_back(*rule);
+    return rule.has_value();
+}
+
 // clang-format off
 constexpr OptionRow optionRows[] = {
 //   option               value      help                                                              setter
@@ -78,6 +88,8 @@ constexpr OptionRow optionRows[] = {
     {"latency",           "MS",      "Hold each answer back for MS milliseconds (0).",                 setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
     {"clock-speed",       "PERCENT", "Speed of the device's clock (100), 0: only \"pass\" moves it.",      setNumber<&SimOptions::clockSpeed, 0, 100000>},
     {"files",             "DIR",     "Keep the files in the folder DIR, not in memory only.",           setFilesFolder},
+    {"fault",             "RULE",    "Go wrong by RULE, see below; may be given several times.",        addFault},
+    {"seed",              "NUMBER",  "Makes what faults leave to chance (1).",                          setNumber<&SimOptions::seed, 0, 4294967295>},
     {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                               setNumber<&SimOptions::inputs, 1, 4096>},
     {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                               setNumber<&SimOptions::outputs, 1, 4096>},
     {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                            setNumber<&SimOptions::screens, 0, 255>},
@@ -92,7 +104,11 @@ void describe(QCommandLineParser &parser)
     parser.setApplicationDescription(
         QStringLiteral("A video processor that exists only here, for tests and demonstrations.\n\n"
                        "Console, one command per line on standard input or on the control port:\n")
-        + consoleHelp() + QStringLiteral("  help, quit (standard input only)"));
+        + consoleHelp()
+        + QStringLiteral("  help, quit (standard input only)\n\n"
+                         "RULE is FAULT[=VALUE][,code=CODE][,skip=N][,count=N][,share=PERCENT]. "
+                         "Faults:\n")
+        + faultHelp());
     parser.addHelpOption();
     parser.addVersionOption();
     for (const OptionRow &row : optionRows)
@@ -108,8 +124,11 @@ QString readOptions(const QCommandLineParser &parser, SimOptions &options)
 {
     for (const OptionRow &row : optionRows) {
         const QString name = QLatin1String(row.name);
-        if (parser.isSet(name) && !row.set(options, parser.value(name)))
-            return QStringLiteral("\"%1\" is not what --%2 takes.").arg(parser.value(name), name);
+        const QStringList values = parser.values(name);
+        for (const QString &value : values) {
+            if (!row.set(options, value))
+                return QStringLiteral("\"%1\" is not what --%2 takes.").arg(value, name);
+        }
     }
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("\"%1\" is not an option.").arg(parser.positionalArguments().at(0));

@@ -1,6 +1,7 @@
 #include "console.h"
 
 #include "devicecommands.h"
+#include "faultconsole.h"
 #include "handlers_p.h"
 #include "interfacecommands.h"
 #include "maintenancecommands.h"
@@ -193,12 +194,12 @@ constexpr Word words[] = {
     {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 numeric<onInput<pullCable>>},
     {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            numeric<setCard>},
     {"depth",    "SLOT CONNECTOR BITS",                   "the source of an input changes its depth",    numeric<onInput<setDepth>>},
-    {"fault",    "PERCENT",                               "an upgrade fails when it has come so far",    numeric<failUpgrade>},
     {"genlock",  "SIGNAL",                                "genlock comes (1) or is lost (0)",            numeric<setGenlock>},
     {"group",    "ID NAME",                               "names a group, a new one if need be",         setGroup},
     {"pass",     "MILLISECONDS",                          "so much time passes for the device",          numeric<passTime>},
     {"power",    "ID STATUS",                             "a power supply works (1) or fails (0)",       numeric<setPower>},
     {"relation", "INTERFACE",                             "a pair of interfaces changes over to this",   numeric<setRelation>},
+    {"spoil",    "PERCENT",                               "an upgrade fails when it has come so far",    numeric<failUpgrade>},
     {"switch",   "ON",                                    "switches the device off (0) or on (1)",       numeric<switchPower>},
     {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "the source of an input sends such a picture", numeric<onInput<setTiming>>},
 };
@@ -218,6 +219,8 @@ ConsoleAnswer executeConsole(SimState &state, const QString &line, Reports &repo
     const QString name = parts.takeFirst();
     if (name.isEmpty())
         return {};
+    if (name == QLatin1String("fault"))
+        return executeFault(state.faults, parts);
     const auto word = std::find_if(std::begin(words), std::end(words), [&](const Word &candidate) {
         return name == QLatin1String(candidate.name);
     });
@@ -238,7 +241,7 @@ QString consoleHelp()
             QStringLiteral("%1 %2").arg(QLatin1String(word.name), QLatin1String(word.usage));
         help += QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(word.effect));
     }
-    return help;
+    return help + faultConsoleHelp();
 }
 
 } // namespace Tavoro::Sim

@@ -37,14 +37,15 @@ const char *typeName(quint8 type)
 } // namespace
 
 SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
-                     PacketDesk::CarryOut carryOut, QObject *parent)
+                     FaultRules &faults, PacketDesk::CarryOut carryOut, QObject *parent)
     : QObject(parent),
       m_socket(socket),
       m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
       m_latency(options.latencyMilliseconds),
       m_identity(std::move(identity)),
       m_parser(longestBody),
-      m_desk(options.packetSize, std::move(carryOut))
+      m_desk(options.packetSize, std::move(carryOut)),
+      m_faults(faults)
 {
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -76,16 +77,29 @@ void SimClient::send(const Report &report)
 
 void SimClient::close()
 {
+    m_isEnding = true;
     m_socket->disconnectFromHost();
+}
+
+void SimClient::readOn()
+{
+    if (m_isReading)
+        return;
+    m_isReading = true;
+    m_socket->setReadBufferSize(0);
+    readFrames();
 }
 
 void SimClient::readFrames()
 {
-    while (m_socket->bytesAvailable() > 0 && m_socket->bytesToWrite() <= mostUnread) {
+    while (m_isReading && !m_isEnding && m_socket->bytesAvailable() > 0
+           && m_socket->bytesToWrite() <= mostUnread) {
         const QByteArray bytes = m_socket->read(readSize);
         std::string_view rest(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-        while (auto event = m_parser.next(rest))
-            take(std::move(*event));
+        while (auto event = m_parser.next(rest)) {
+            if (!m_isEnding)
+                take(std::move(*event));
+        }
     }
 }
 
@@ -115,6 +129,20 @@ void SimClient::take(FrameEvent event)
 
 void SimClient::answerRequest(FrameEvent event)
 {
+    if (m_faults.isIdle()) {
+        const PacketDesk::Packet answer = makeAnswer(std::move(event));
+        return sendLater(SSProxy::Wire::encodeFrame(answer.head, answer.body), m_latency);
+    }
+    const WireHead request = event.head;
+    const auto answerTo = [&](const WireHead &head) {
+        event.head = head;
+        return makeAnswer(std::move(event));
+    };
+    carryOut(m_faults.deliver(request, request.code(), answerTo));
+}
+
+PacketDesk::Packet SimClient::makeAnswer(FrameEvent event)
+{
     PacketDesk::Packet answer;
     if (event.status == 0) {
         const std::string body = simLog().isDebugEnabled() ? event.body : std::string();
@@ -125,7 +153,7 @@ void SimClient::answerRequest(FrameEvent event)
         answer.head.status = static_cast<quint8>(DeviceStatus::MalformedBody);
         log(event.head, {}, answer);
     }
-    sendLater(SSProxy::Wire::encodeFrame(answer.head, answer.body));
+    return answer;
 }
 
 void SimClient::answerIdentity()
@@ -133,17 +161,51 @@ void SimClient::answerIdentity()
     WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityAnswer);
     m_isIntroduced = true;
-    sendLater(SSProxy::Wire::encodeFrame(head, m_identity));
+    const auto answer = [&](const WireHead & /*request*/) {
+        return PacketDesk::Packet{head, m_identity};
+    };
+    carryOut(m_faults.deliver(head, identityCode, answer));
 }
 
-void SimClient::sendLater(QByteArray frame)
+void SimClient::carryOut(const Delivery &delivery)
 {
-    if (m_latency == 0) {
+    if (delivery.reports > 0)
+        Q_EMIT reportsDue(delivery.reports);
+    if (!delivery.bytes.isEmpty())
+        sendLater(delivery.bytes, m_latency + delivery.delay);
+    if (delivery.stopsReading)
+        stopReading(delivery.readingPause);
+    if (delivery.endsConnection)
+        endLater(m_latency + delivery.delay);
+    if (delivery.restarts)
+        Q_EMIT restartDue();
+}
+
+void SimClient::endLater(int delay)
+{
+    m_isEnding = true;
+    if (delay == 0)
+        return close();
+    QTimer::singleShot(delay, Qt::PreciseTimer, this, &SimClient::close);
+}
+
+void SimClient::stopReading(int milliseconds)
+{
+    m_isReading = false;
+    // With a limit the socket leaves the rest to the network, which then holds the sender up.
+    m_socket->setReadBufferSize(readSize);
+    if (milliseconds > 0)
+        QTimer::singleShot(milliseconds, Qt::PreciseTimer, this, &SimClient::readOn);
+}
+
+void SimClient::sendLater(QByteArray frame, int delay)
+{
+    if (delay == 0) {
         m_socket->write(frame);
         return;
     }
     // Precise timers of one length fire in the order in which they were started.
-    QTimer::singleShot(m_latency, Qt::PreciseTimer, this,
+    QTimer::singleShot(delay, Qt::PreciseTimer, this,
                        [this, frame = std::move(frame)] { m_socket->write(frame); });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "faultyanswers.h"
 #include "packetdesk.h"
 
 #include <tavorossproxy/wire/frameparser.h>
@@ -23,25 +24,35 @@ class SimClient : public QObject {
     Q_OBJECT
 
 public:
-    /// \a identity is the body of the identity answer.
+    /// \a identity is the body of the identity answer. \a faults outlive the client.
     SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
-              PacketDesk::CarryOut carryOut, QObject *parent);
+              FaultRules &faults, PacketDesk::CarryOut carryOut, QObject *parent);
     ~SimClient() override;
 
     /// Sends \a report if the client has introduced itself and keeps up with reading.
     void send(const Report &report);
     /// Ends the connection behind the answers that are under way.
     void close();
+    /// Ends the pause of a client that was not read from.
+    void readOn();
 
 Q_SIGNALS:
     void disconnected();
+    /// A fault wants \a count reports to be sent to this client.
+    void reportsDue(quint32 count);
+    /// A fault wants the device to restart.
+    void restartDue();
 
 private:
     void readFrames();
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
+    PacketDesk::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
     void answerIdentity();
-    void sendLater(QByteArray frame);
+    void carryOut(const Delivery &delivery);
+    void endLater(int delay);
+    void stopReading(int milliseconds);
+    void sendLater(QByteArray frame, int delay);
     void log(const SSProxy::Wire::WireHead &request, const std::string &body,
              const PacketDesk::Packet &answer) const;
 
@@ -56,6 +67,9 @@ private:
     const std::string m_identity;
     SSProxy::Wire::FrameParser m_parser;
     PacketDesk m_desk;
+    FaultyAnswers m_faults;
+    bool m_isReading = true;
+    bool m_isEnding = false; ///< What still comes is not looked at.
     bool m_isIntroduced = false; ///< The identity has been asked for.
 };
 

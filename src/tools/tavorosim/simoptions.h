@@ -1,10 +1,13 @@
 #pragma once
 
+#include "faultrules.h"
+
 #include <QHostAddress>
 #include <QString>
 #include <QtGlobal>
 
 #include <array>
+#include <vector>
 
 namespace Tavoro::Sim {
 
@@ -25,6 +28,9 @@ struct SimOptions {
     int clockSpeed = 100; ///< Of the device's clock, in percent; 0: only the console moves it.
 
     QString filesFolder; ///< Where the files are kept; empty: in memory, until the device ends.
+
+    std::vector<FaultRule> faults; ///< What goes wrong from the beginning.
+    quint32 seed = 1; ///< Makes what faults leave to chance.
 
     int inputs = 8; ///< Input connectors, 1 to 4096.
     int outputs = 8; ///< Output connectors, 1 to 4096.

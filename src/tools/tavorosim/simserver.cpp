@@ -2,6 +2,7 @@
 
 #include "chassis.h"
 #include "commandtable.h"
+#include "devicecommands.h"
 #include "maintenancecommands.h"
 #include "simclient.h"
 #include "simlog.h"
@@ -43,6 +44,9 @@ SimServer::SimServer(SimOptions options, QObject *parent)
       m_server(this),
       m_controlServer(this)
 {
+    m_state.faults.seed(m_options.seed);
+    for (const FaultRule &rule : m_options.faults)
+        m_state.faults.add(rule);
     m_state.factory = makeChassis(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
@@ -74,6 +78,8 @@ ConsoleAnswer SimServer::execute(const QString &line)
     catchUp();
     Reports reports;
     ConsoleAnswer answer = executeConsole(m_state, line, reports);
+    if (line.simplified() == QLatin1String("fault clear"))
+        readOn();
     tell(reports);
     followPower();
     return answer;
@@ -83,9 +89,12 @@ void SimServer::acceptClient()
 {
     while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
         auto *const client = new SimClient(
-            socket, m_options, identity(),
+            socket, m_options, identity(), m_state.faults,
             [this](const Request &request) { return carryOut(request); }, this);
         m_clients.push_back(client);
+        connect(client, &SimClient::restartDue, this, &SimServer::restart);
+        connect(client, &SimClient::reportsDue, this,
+                [this, client](quint32 count) { flood(*client, count); });
         connect(client, &SimClient::disconnected, this, [this, client] {
             m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client),
                             m_clients.end());
@@ -144,6 +153,26 @@ void SimServer::drop()
     const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
     for (SimClient *const client : clients)
         client->close();
+}
+
+void SimServer::readOn()
+{
+    const std::vector<SimClient *> clients = m_clients; // What is read then may end one.
+    for (SimClient *const client : clients)
+        client->readOn();
+}
+
+void SimServer::restart()
+{
+    switchOff(m_state, Power::Restarting);
+    followPower();
+}
+
+void SimServer::flood(SimClient &client, quint32 count) const
+{
+    const Report report = reportPowers(m_state);
+    for (quint32 i = 0; i < count; ++i)
+        client.send(report);
 }
 
 void SimServer::catchUp()

@@ -46,6 +46,9 @@ private:
     void followPower();
     void leave();
     void drop();
+    void readOn();
+    void restart();
+    void flood(SimClient &client, quint32 count) const;
     std::string identity() const;
 
     const SimOptions m_options;

@@ -356,7 +356,7 @@ void tst_TavoroSimMaintenance::anUpgradeChangesTheVersions()
 void tst_TavoroSimMaintenance::anUpgradeFailsWhenToldTo()
 {
     QCOMPARE(m_bench->write(upgradeDetail, upgradeCard1), 0);
-    run("fault 75");
+    run("spoil 75");
     run("pass 1000");
     QVERIFY(has(read(upgradePercent), R"({"result":0,"rate":50,)"));
     run("pass 10000");

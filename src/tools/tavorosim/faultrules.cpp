@@ -1,0 +1,157 @@
+#include "faultrules.h"
+
+#include "commandnames.h"
+#include "faulttable.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace Tavoro::Sim {
+
+namespace {
+
+/// What stands on the two sides of the first "="; the right one is null when there is none.
+struct Setting {
+    explicit Setting(const QString &text)
+        : name(text.section(QLatin1Char('='), 0, 0)),
+          value(text.contains(QLatin1Char('=')) ? text.section(QLatin1Char('='), 1) : QString())
+    { }
+
+    QString name;
+    QString value;
+};
+
+bool toNumber(const QString &text, quint32 least, quint32 most, quint32 &number)
+{
+    bool ok = false;
+    const qulonglong read = text.toULongLong(&ok, 0);
+    if (!ok || read < least || read > most)
+        return false;
+    number = static_cast<quint32>(read);
+    return true;
+}
+
+constexpr quint32 anyNumber = std::numeric_limits<quint32>::max();
+
+bool setCode(FaultRule &rule, const QString &value)
+{
+    rule.code = findCode(value);
+    return rule.code.has_value();
+}
+
+bool setSkip(FaultRule &rule, const QString &value)
+{
+    return toNumber(value, 0, anyNumber, rule.skip);
+}
+
+bool setCount(FaultRule &rule, const QString &value)
+{
+    return toNumber(value, 1, anyNumber, rule.count.emplace());
+}
+
+bool setShare(FaultRule &rule, const QString &value)
+{
+    return toNumber(value, 1, 100, rule.share);
+}
+
+struct LimitRow {
+    const char *name;
+    bool (*set)(FaultRule &rule, const QString &value);
+};
+
+constexpr LimitRow limitRows[] = {
+    {"code", setCode},
+    {"skip", setSkip},
+    {"count", setCount},
+    {"share", setShare},
+};
+
+bool setFault(FaultRule &rule, const Setting &setting, QString &error)
+{
+    rule.fault = findFault(setting.name);
+    if (!rule.fault) {
+        error = QStringLiteral("no such fault: %1").arg(setting.name);
+        return false;
+    }
+    const FaultRow &row = *rule.fault;
+    rule.value = row.usual;
+    if (setting.value.isNull() && !row.needsValue())
+        return true;
+    if (row.takesValue() && toNumber(setting.value, row.least, row.most, rule.value))
+        return true;
+    error = row.takesValue() ? QStringLiteral("%1 takes a number from %2 to %3")
+                                   .arg(setting.name)
+                                   .arg(row.least)
+                                   .arg(row.most)
+                             : QStringLiteral("%1 takes no value").arg(setting.name);
+    return false;
+}
+
+bool setLimit(FaultRule &rule, const Setting &setting, QString &error)
+{
+    const auto row =
+        std::find_if(std::begin(limitRows), std::end(limitRows), [&](const LimitRow &candidate) {
+            return setting.name == QLatin1String(candidate.name);
+        });
+    if (row != std::end(limitRows) && row->set(rule, setting.value))
+        return true;
+    error = row == std::end(limitRows)
+        ? QStringLiteral("a rule has no %1").arg(setting.name)
+        : QStringLiteral("\"%1\" is no %2").arg(setting.value, setting.name);
+    return false;
+}
+
+} // namespace
+
+std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
+{
+    QStringList parts = text.split(QLatin1Char(','));
+    FaultRule rule;
+    if (!setFault(rule, Setting(parts.takeFirst()), error))
+        return std::nullopt;
+    for (const QString &part : std::as_const(parts)) {
+        if (!setLimit(rule, Setting(part), error))
+            return std::nullopt;
+    }
+    return rule;
+}
+
+QString toText(const FaultRule &rule)
+{
+    QString text = QLatin1String(rule.fault->name);
+    if (rule.fault->takesValue())
+        text += QStringLiteral("=%1").arg(rule.value);
+    if (rule.code)
+        text += QStringLiteral(",code=%1").arg(nameOfCode(*rule.code));
+    if (rule.skip > 0)
+        text += QStringLiteral(",skip=%1").arg(rule.skip);
+    if (rule.count)
+        text += QStringLiteral(",count=%1").arg(*rule.count);
+    if (rule.share < 100)
+        text += QStringLiteral(",share=%1").arg(rule.share);
+    return text;
+}
+
+std::optional<FaultRule> FaultRules::next(quint16 code)
+{
+    for (auto rule = m_rules.begin(); rule != m_rules.end(); ++rule) {
+        if (rule->code ? *rule->code != code : code == identityCode)
+            continue;
+        if (rule->share < 100 && m_random() % 100 >= rule->share)
+            continue;
+        if (rule->skip > 0) {
+            --rule->skip;
+            continue;
+        }
+        FaultRule used = *rule;
+        if (rule->count && --*rule->count == 0)
+            m_rules.erase(rule);
+        return used;
+    }
+    return std::nullopt;
+}
+
+} // namespace Tavoro::Sim

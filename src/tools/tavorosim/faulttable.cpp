@@ -1,0 +1,253 @@
+// What a device can do wrong, and the bytes that leave for it.
+
+#include "faulttable.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <limits>
+
+namespace Tavoro::Sim {
+
+using SSProxy::Wire::WireHead;
+
+namespace {
+
+using Packet = PacketDesk::Packet;
+
+QByteArray frameOf(const Packet &packet)
+{
+    return SSProxy::Wire::encodeFrame(packet.head, packet.body);
+}
+
+WireHead headOf(const QByteArray &frame)
+{
+    WireHead head;
+    std::memcpy(static_cast<void *>(&head), frame.constData(), sizeof head);
+    return head;
+}
+
+/// The frame with another head, which is in order but for what was made wrong.
+QByteArray withHead(QByteArray frame, WireHead head)
+{
+    head.headChecksum = SSProxy::Wire::headChecksum(head);
+    std::memcpy(frame.data(), static_cast<const void *>(&head), sizeof head);
+    return frame;
+}
+
+void refuse(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet packet{SSProxy::Wire::responseHead(request.head), {}};
+    packet.head.status = static_cast<quint8>(request.value);
+    delivery.bytes = frameOf(packet);
+}
+
+void answerLate(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.delay = static_cast<int>(request.value);
+}
+
+void keepSilent(const FaultedRequest &request, Delivery & /*delivery*/)
+{
+    request.answer();
+}
+
+void ignore(const FaultedRequest & /*request*/, Delivery & /*delivery*/) { }
+
+void answerHalf(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.bytes.truncate(delivery.bytes.size() / 2);
+}
+
+void dropRequest(const FaultedRequest & /*request*/, Delivery &delivery)
+{
+    delivery.endsConnection = true;
+}
+
+void dropBefore(const FaultedRequest &request, Delivery &delivery)
+{
+    request.answer();
+    delivery.endsConnection = true;
+}
+
+void dropWithin(const FaultedRequest &request, Delivery &delivery)
+{
+    answerHalf(request, delivery);
+    delivery.endsConnection = true;
+}
+
+void dropAfter(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.endsConnection = true;
+}
+
+/// One byte of the head is another; the checksum of the head is right.
+template <std::size_t Position, quint8 Mask>
+void changeHead(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    WireHead head = headOf(delivery.bytes);
+    reinterpret_cast<quint8 *>(&head)[Position] ^= Mask;
+    delivery.bytes = withHead(delivery.bytes, head);
+}
+
+void spoilHeadChecksum(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    char &byte = delivery.bytes.data()[offsetof(WireHead, headChecksum)];
+    byte = static_cast<char>(~byte);
+}
+
+void claimMoreBytes(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    WireHead head = headOf(delivery.bytes);
+    head.bodyLength += request.value;
+    delivery.bytes = withHead(delivery.bytes, head);
+}
+
+void claimPackets(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet packet = request.answer();
+    packet.head.totalCount = request.value;
+    delivery.bytes = frameOf(packet);
+}
+
+void answerTwice(const FaultedRequest &request, Delivery &delivery)
+{
+    const QByteArray frame = frameOf(request.answer());
+    delivery.bytes = frame + frame;
+}
+
+void answerAnother(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet packet = request.answer();
+    if (request.past.unanswered.lables != 0) {
+        packet.head.lables = request.past.unanswered.lables;
+        packet.head.stream = request.past.unanswered.stream;
+    }
+    delivery.bytes = frameOf(packet);
+}
+
+/// The next packet in the place of this one, which is kept for the next request.
+void swapPackets(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet due = request.answer();
+    const quint32 next = due.head.sendCount + 1;
+    if (next >= due.head.totalCount) {
+        delivery.bytes = frameOf(due);
+        return;
+    }
+    WireHead head = request.head;
+    head.totalCount = due.head.totalCount;
+    head.sendCount = next;
+    delivery.bytes = frameOf(request.makeAnswer(head));
+    request.past.heldBack.push_back(std::move(due));
+}
+
+void cutBody(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet packet = request.answer();
+    packet.body.resize(request.value == 0
+                           ? packet.body.size() / 2
+                           : std::min<std::size_t>(request.value, packet.body.size()));
+    delivery.bytes = frameOf(packet);
+}
+
+void garbleBody(const FaultedRequest &request, Delivery &delivery)
+{
+    Packet packet = request.answer();
+    for (quint32 i = 0; i < request.value && !packet.body.empty(); ++i)
+        packet.body[request.random() % packet.body.size()] = '#';
+    delivery.bytes = frameOf(packet);
+}
+
+void stopReading(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.stopsReading = true;
+    delivery.readingPause = static_cast<int>(request.value);
+}
+
+void restart(const FaultedRequest & /*request*/, Delivery &delivery)
+{
+    delivery.restarts = true;
+    delivery.endsConnection = true;
+}
+
+void flood(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.reports = request.value;
+}
+
+constexpr quint32 tenMinutes = 600000;
+constexpr quint32 mostReports = 1000000;
+constexpr quint32 any = std::numeric_limits<quint32>::max();
+constexpr quint32 aboveEveryLimit = 0x10000000;
+
+// The device carries a request out unless the help says otherwise.
+// clang-format off
+constexpr FaultRow faultRows[] = {
+//   name                   value     least most         usual            help                                                           action
+    {"status",              "NUMBER", 1,    255,         0,               "refuses the request with this status",                        refuse},
+    {"late",                "MS",     1,    tenMinutes,  0,               "answers so much later",                                       answerLate},
+    {"silent",              "",       0,    0,           0,               "never answers",                                               keepSilent},
+    {"ignore",              "",       0,    0,           0,               "does not carry the request out and never answers",            ignore},
+    {"stall",               "",       0,    0,           0,               "sends half of the answer and never the rest",                 answerHalf},
+    {"drop-request",        "",       0,    0,           0,               "does not carry the request out and ends the connection",      dropRequest},
+    {"drop-before",         "",       0,    0,           0,               "ends the connection in front of the answer",                  dropBefore},
+    {"drop-within",         "",       0,    0,           0,               "ends the connection after half of the answer",                dropWithin},
+    {"drop-after",          "",       0,    0,           0,               "ends the connection behind the answer",                       dropAfter},
+    {"wrong-flag",          "",       0,    0,           0,               "answers with another flag (position 0)",                      changeHead<0, 0xFF>},
+    {"wrong-version",       "",       0,    0,           0,               "with another version (2)",                                    changeHead<2, 0x80>},
+    {"wrong-tag",           "",       0,    0,           0,               "with a tag that nobody waits for (3)",                        changeHead<3, 0x80>},
+    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "with a length of so much more than there is (4)",             claimMoreBytes},
+    {"wrong-index",         "",       0,    0,           0,               "with a checksum index that is not defined (9)",               changeHead<9, 0x80>},
+    {"wrong-kind",          "",       0,    0,           0,               "with a kind that is not defined (10)",                        changeHead<10, 0x80>},
+    {"wrong-head-checksum", "",       0,    0,           0,               "with another checksum of the head (12)",                      spoilHeadChecksum},
+    {"wrong-checksum",      "",       0,    0,           0,               "with another checksum of the body (14)",                      changeHead<14, 0xFF>},
+    {"wrong-stream",        "",       0,    0,           0,               "with another stream (18)",                                    changeHead<18, 0xFF>},
+    {"wrong-type",          "",       0,    0,           0,               "with another type (20)",                                      changeHead<20, 0x80>},
+    {"wrong-code",          "",       0,    0,           0,               "with another function code (29)",                             changeHead<29, 0x80>},
+    {"packets",             "NUMBER", 0,    any,         any,             "claims that the answer has so many packets",                  claimPackets},
+    {"swap-packets",        "",       0,    0,           0,               "the next packet comes first, then this one",                  swapPackets},
+    {"twice",               "",       0,    0,           0,               "answers two times",                                           answerTwice},
+    {"other-tag",           "",       0,    0,           0,               "answers with tag and stream of a request left unanswered",    answerAnother},
+    {"truncate",            "BYTES",  0,    any,         0,               "only so much of the body, 0: half; the frame is in order",    cutBody},
+    {"garble",              "BYTES",  1,    any,         1,               "so many bytes of the body are #; the frame is in order",      garbleBody},
+    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for so long, 0: until \"fault clear\"", stopReading},
+    {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
+    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends so many reports in front of the answer",                flood},
+};
+// clang-format on
+
+} // namespace
+
+const FaultRow *findFault(const QString &name)
+{
+    const auto row =
+        std::find_if(std::begin(faultRows), std::end(faultRows), [&](const FaultRow &candidate) {
+            return name == QLatin1String(candidate.name);
+        });
+    return row == std::end(faultRows) ? nullptr : row;
+}
+
+QString faultHelp()
+{
+    QString help;
+    for (const FaultRow &row : faultRows) {
+        QString call = QLatin1String(row.name);
+        if (row.takesValue())
+            call += (row.needsValue() ? QStringLiteral("=%1") : QStringLiteral("[=%1]"))
+                        .arg(QLatin1String(row.valueName));
+        help += QStringLiteral("  %1 %2\n").arg(call, -22).arg(QLatin1String(row.help));
+    }
+    return help;
+}
+
+} // namespace Tavoro::Sim

@@ -1,0 +1,46 @@
+#include "faultyanswers.h"
+
+#include "simlog.h"
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <algorithm>
+
+namespace Tavoro::Sim {
+
+using SSProxy::Wire::WireHead;
+
+Delivery FaultyAnswers::deliver(const WireHead &request, quint16 code, const MakeAnswer &makeAnswer)
+{
+    Delivery delivery;
+    if (takeHeldBack(request, delivery))
+        return delivery;
+    if (const auto rule = m_rules.next(code)) {
+        qCInfo(simLog, "fault %s", qUtf8Printable(toText(*rule)));
+        rule->fault->act({request, rule->value, makeAnswer, m_past, m_rules.random()}, delivery);
+    } else {
+        const PacketDesk::Packet answer = makeAnswer(request);
+        delivery.bytes = SSProxy::Wire::encodeFrame(answer.head, answer.body);
+    }
+    if (delivery.bytes.isEmpty())
+        m_past.unanswered = request;
+    return delivery;
+}
+
+/// The packet whose place was taken by the one that is asked for now.
+bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
+{
+    auto &heldBack = m_past.heldBack;
+    const auto held = std::find_if(heldBack.begin(), heldBack.end(), [&](const auto &packet) {
+        return packet.head.stream == request.stream
+            && packet.head.sendCount + 1 == request.sendCount;
+    });
+    if (held == heldBack.end())
+        return false;
+    held->head.lables = request.lables;
+    delivery.bytes = SSProxy::Wire::encodeFrame(held->head, held->body);
+    heldBack.erase(held);
+    return true;
+}
+
+} // namespace Tavoro::Sim
