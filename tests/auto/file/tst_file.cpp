@@ -87,6 +87,7 @@ private Q_SLOTS:
     void writeWithoutChannelIsDone();
     void writeToADeviceThatIsGoneFails_data() { addRows(fileWrites()); }
     void writeToADeviceThatIsGoneFails();
+    void deviceStaysForTheLengthOfAProjectApply();
     void deletedFileStaysInTheModel();
     void writeFileReturnsFalseAndSendsNothing_data();
     void writeFileReturnsFalseAndSendsNothing();
@@ -137,6 +138,22 @@ void tst_File::writeToADeviceThatIsGoneFails()
     QVERIFY2(it.error.endsWith(QStringLiteral(" failed: invalid device model data .")),
              qPrintable(it.error));
     QCOMPARE(it.sentCount(), std::size_t(0));
+}
+
+void tst_File::deviceStaysForTheLengthOfAProjectApply()
+{
+    Controlled<File> it;
+    const std::weak_ptr<Tavoro::BizModel::Device> device = it.device.model;
+    bool isThere = false;
+    ScriptedAnswer answer;
+    answer.before = [&] {
+        it.device.model.reset();
+        isThere = !device.expired();
+    };
+    it.device.channel->answer(answer);
+    QVERIFY(it.control.writeApplyProjectFile({{{3, 12}}}, it.error));
+    QVERIFY(isThere);
+    QVERIFY(device.expired());
 }
 
 void tst_File::deletedFileStaysInTheModel()

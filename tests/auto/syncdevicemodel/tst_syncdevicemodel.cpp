@@ -27,6 +27,7 @@ private Q_SLOTS:
     void identityComesFromTheChannel();
     void nameOfTheChannelStandsInForNone_data();
     void nameOfTheChannelStandsInForNone();
+    void deviceThatHasLostItsAddressGetsItBack();
     void channelThatIsGoneMakesTheDeviceOffline();
     void channelThatIsGoneLeavesTheNameAlone();
     void offlineMessageIsTranslated();
@@ -223,6 +224,20 @@ void tst_SyncDeviceModel::nameOfTheChannelStandsInForNone()
     it.run();
     QCOMPARE(it.task.deviceDetail().general.name, name.toStdString());
     QCOMPARE(it.listed()->name(), name);
+}
+
+void tst_SyncDeviceModel::deviceThatHasLostItsAddressGetsItBack()
+{
+    const auto channel = std::make_shared<InterferingChannel>();
+    Synchronised it(channel);
+    it.makeKnown();
+    channel->watched = it.device.model;
+    channel->interfere = [&] {
+        it.device.model->setIPAddress(QString());
+    };
+    it.run();
+    QCOMPARE(it.device.model->IPAddress(), it.ip());
+    QCOMPARE(it.listed(), it.device.model);
 }
 
 void tst_SyncDeviceModel::channelThatIsGoneMakesTheDeviceOffline()
