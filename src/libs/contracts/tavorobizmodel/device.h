@@ -147,8 +147,9 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// Data of the device itself changed, or objects of it came or went. Emitted on the thread that
-    /// changed it: connect with a context object to be told on the thread where that lives.
+    /// For applications: data of the device itself changed, or objects of it came or went. Emitted
+    /// on the thread that changed it: connect with a context object to be told on the thread where
+    /// that lives.
     void deviceDataChanged(Tavoro::BizModel::Enum::Device::DataPart part);
 
 private:

@@ -67,14 +67,6 @@ public:
     /// @}
 
 Q_SIGNALS:
-    void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
-    void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save has ended. Emitted on the saver's thread, like the next one.
-    void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save could not be done: the disk may be full. It is tried again later by itself.
-    void signalSaveDeviceDataFailed(QString text);
-    /// The file of the store was damaged and is kept under another name.
-    void signalDeviceStoreSetAside(QString fileName, QString keptAs);
     /// \a text stands in the status bar for \a ms milliseconds.
     void signalShowStatusBarMsg(Tavoro::BizModel::Enum::StatusBarMsgType type, QString text,
                                 int ms);
@@ -88,6 +80,19 @@ Q_SIGNALS:
     void signalFilesTransferProgressChanged(
         std::weak_ptr<Tavoro::BizModel::Device> device,
         std::vector<Tavoro::ProtoModel::File::s_FileTransPercent> percents);
+
+    /// \name For applications
+    /// What the control library itself does not emit.
+    /// @{
+    void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
+    void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
+    /// A save has ended. Emitted on the saver's thread, like the next one.
+    void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
+    /// A save could not be done: the disk may be full. It is tried again later by itself.
+    void signalSaveDeviceDataFailed(QString text);
+    /// The file of the store was damaged and is kept under another name.
+    void signalDeviceStoreSetAside(QString fileName, QString keptAs);
+    /// @}
 
 private:
     DeviceList();

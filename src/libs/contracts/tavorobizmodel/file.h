@@ -33,7 +33,7 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// Something of the file changed. Emitted on the thread that changed it.
+    /// For applications: something of the file changed. Emitted on the thread that changed it.
     void fileChanged();
 
 private:

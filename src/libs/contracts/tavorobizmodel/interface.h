@@ -49,11 +49,14 @@ public:
     /// @}
 
 Q_SIGNALS:
+    /// \name For applications
+    /// @{
     /// Something of the interface changed. Emitted on the thread that changed it.
     void interfaceChanged();
     /// The timing changed, so that crops shown in pixels may be out of date. Those of the layers
     /// have followed when this is emitted.
     void layerInputCropOutdated();
+    /// @}
 
 private:
     const std::unique_ptr<InterfacePrivate> d;

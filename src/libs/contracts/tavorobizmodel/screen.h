@@ -43,7 +43,7 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// Something of the screen changed. Emitted on the thread that changed it.
+    /// For applications: something of the screen changed. Emitted on the thread that changed it.
     void screenChanged();
 
 protected:
