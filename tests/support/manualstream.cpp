@@ -57,6 +57,13 @@ void ManualStream::close()
     m_peer.isOpen = false;
 }
 
+bool ManualStream::setPeer(const QString &host, quint16 port)
+{
+    const QString before = m_peer.place;
+    m_peer.place = QStringLiteral("%1:%2").arg(host).arg(port);
+    return m_peer.place != before;
+}
+
 void ManualStream::write(const QByteArray &bytes)
 {
     m_peer.m_unsent += bytes;

@@ -19,6 +19,7 @@ public:
     void setReading(bool isReading);
 
     int opened = 0; ///< Attempts to connect.
+    QString place; ///< Where attempts go: host and port; empty until the channel is told.
     bool isOpen = false; ///< The channel has an attempt or a connection.
     std::deque<Tavoro::SSProxy::Wire::FrameEvent> frames; ///< What has come from the channel.
 
@@ -41,6 +42,7 @@ public:
     void open(Events &events) override;
     void close() override;
     void write(const QByteArray &bytes) override;
+    bool setPeer(const QString &host, quint16 port) override;
     qint64 unsentBytes() const override { return m_peer.m_unsent.size(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QtGlobal>
 
 #include <string>
 #include <string_view>
@@ -31,6 +32,8 @@ public:
     /// Ends the connection or the attempt. No event follows.
     virtual void close() = 0;
     virtual void write(const QByteArray &bytes) = 0;
+    /// Where the next open() connects to. False when that is so already.
+    virtual bool setPeer(const QString &host, quint16 port) = 0;
     /// Bytes that were written and have not left yet.
     virtual qint64 unsentBytes() const = 0;
 };

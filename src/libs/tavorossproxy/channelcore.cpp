@@ -18,12 +18,17 @@ std::shared_ptr<DeviceResponseCommand> refused(const DeviceRequestCommand &reque
 
 } // namespace
 
+QString ChannelCore::peerNameOf(const QString &host, quint16 port)
+{
+    return QStringLiteral("%1:%2").arg(host).arg(port);
+}
+
 ChannelCore::ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,
                          const ChannelOptions &options)
-    : m_peerName(peerName),
-      m_loop(std::move(loop)),
+    : m_loop(std::move(loop)),
       m_options(options),
       m_exchanges(m_loop->clock()),
+      m_peerName(peerName),
       m_reason(tr("no connection yet"))
 { }
 
@@ -57,6 +62,21 @@ void ChannelCore::reconnectNow()
     m_loop->post([core = shared_from_this()] {
         if (core->m_link)
             core->m_link->refresh();
+    });
+}
+
+void ChannelCore::moveTo(const QString &host, quint16 port)
+{
+    m_loop->post([core = shared_from_this(), host, port] {
+        if (!core->m_link || !core->m_link->moveTo(host, port))
+            return;
+        const QString before = core->peerName();
+        const QString after = peerNameOf(host, port);
+        {
+            const std::lock_guard<std::mutex> lock(core->m_mutex);
+            core->m_peerName = after;
+        }
+        qCInfo(channelLog) << "The device at" << before << "has moved to" << after;
     });
 }
 
@@ -129,7 +149,7 @@ void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
     }
     m_stateChanged.notify_all();
     ++m_connections;
-    qCInfo(channelLog) << "Connected to" << m_peerName << name;
+    qCInfo(channelLog) << "Connected to" << peerName() << name;
 }
 
 void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenOff)
@@ -144,7 +164,7 @@ void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenO
         m_state = State::Waiting;
         m_reason = reason;
     }
-    qCWarning(channelLog) << "No connection to" << m_peerName << reason;
+    qCWarning(channelLog) << "No connection to" << peerName() << reason;
 }
 
 void ChannelCore::linkWritable()
@@ -156,7 +176,7 @@ void ChannelCore::linkReceived(Wire::FrameEvent &&event)
 {
     if (event.status != 0) {
         ++m_protocolErrors;
-        qCWarning(channelLog) << "Frame refused from" << m_peerName << "status" << event.status;
+        qCWarning(channelLog) << "Frame refused from" << peerName() << "status" << event.status;
         if (event.fatal)
             return;
     }
@@ -186,6 +206,12 @@ void ChannelCore::loopEnding()
 {
     shutForGood(ThreadNotRunning);
     endLink();
+}
+
+QString ChannelCore::peerName() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_peerName;
 }
 
 void ChannelCore::postSending()

@@ -21,7 +21,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | the public ones                | any                                        |
 /// | m_link, the link's events      | that of the loop                           |
 /// | m_exchanges                    | any, guards itself                         |
-/// | m_info, m_reason, m_state      | any, guarded by m_mutex                    |
+/// | m_state, m_peerName, m_reason, m_info | any, guarded by m_mutex             |
 /// | the counters                   | written by the loop's thread, read by any  |
 class ChannelCore final : public std::enable_shared_from_this<ChannelCore>,
                           public ChannelLoop::User,
@@ -32,6 +32,8 @@ public:
     /// Takes the reports, on the loop's thread.
     using ReportHandler = std::function<void(std::shared_ptr<IDeviceCommand>)>;
 
+    static QString peerNameOf(const QString &host, quint16 port);
+
     /// \a peerName is what users call the other end.
     ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,
                 const ChannelOptions &options);
@@ -40,6 +42,7 @@ public:
     void start(std::unique_ptr<ByteStream> stream, ReportHandler handler);
     void stop();
     void reconnectNow();
+    void moveTo(const QString &host, quint16 port);
     bool waitUntilReady(ChannelOptions::Milliseconds timeout, QString &error);
     bool isReady() const { return m_exchanges.refusal() == 0; }
     ProtoModel::DeviceBaseInfo info() const;
@@ -63,13 +66,13 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
+    QString peerName() const;
     void postSending();
     void sendUnsent();
     void takeReport(Wire::FrameEvent &&report);
     void shutForGood(quint16 refusal);
     void endLink();
 
-    const QString m_peerName;
     const std::shared_ptr<ChannelLoop> m_loop;
     const ChannelOptions m_options;
     ReportHandler m_handler;
@@ -80,6 +83,7 @@ private:
     mutable std::mutex m_mutex; // never held while anything but m_exchanges is called
     std::condition_variable m_stateChanged;
     State m_state = State::Waiting; // guarded by m_mutex
+    QString m_peerName; // guarded by m_mutex
     QString m_reason; // guarded by m_mutex: why the channel is not ready
     ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
 

@@ -4,6 +4,7 @@
 #include <tavorossproxy/devicechannel.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Tavoro::SSProxy::Internal {
 
@@ -19,6 +20,12 @@ bool hasIdentity(const DeviceChannel &channel, const std::string &ip, const std:
 
 } // namespace
 
+std::shared_ptr<ChannelIndex> ChannelIndex::ofManager()
+{
+    static const auto index = std::make_shared<ChannelIndex>();
+    return index;
+}
+
 void ChannelIndex::add(std::shared_ptr<DeviceChannel> channel)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -30,7 +37,12 @@ void ChannelIndex::remove(const std::shared_ptr<DeviceChannel> &channel)
 {
     // What is forgotten may be the last reference: it goes when the lock has gone.
     decltype(m_lastFound) forgotten;
+    decltype(m_moves) forgottenMoves;
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto moves = std::stable_partition(
+        m_moves.begin(), m_moves.end(), [&](const Move &move) { return move.channel != channel; });
+    forgottenMoves.assign(std::make_move_iterator(moves), std::make_move_iterator(m_moves.end()));
+    m_moves.erase(moves, m_moves.end());
     m_channels.erase(std::remove(m_channels.begin(), m_channels.end(), channel), m_channels.end());
     forgotten.swap(m_lastFound);
 }
@@ -51,6 +63,36 @@ std::shared_ptr<DeviceChannel> ChannelIndex::find(const std::string &ip, const s
             remember(sn, channel);
             return channel;
         }
+    }
+    return findMoved(ip, mac, sn);
+}
+
+void ChannelIndex::noteMove(const std::shared_ptr<DeviceChannel> &channel)
+{
+    const std::string ip = channel->deviceBaseInfo().ip;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool isIn = std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
+    const bool isNoted = std::any_of(m_moves.begin(), m_moves.end(), [&](const Move &move) {
+        return move.channel == channel && move.formerIp == ip;
+    });
+    if (isIn && !isNoted && !ip.empty())
+        m_moves.push_back({channel, ip});
+}
+
+std::shared_ptr<DeviceChannel>
+ChannelIndex::findMoved(const std::string &ip, const std::string &mac, const std::string &sn) const
+{
+    Channels candidates;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        for (const Move &move : m_moves) {
+            if (move.formerIp == ip)
+                candidates.push_back(move.channel);
+        }
+    }
+    for (const auto &channel : candidates) {
+        if (hasIdentity(*channel, channel->deviceBaseInfo().ip, mac, sn))
+            return channel;
     }
     return nullptr;
 }

@@ -19,21 +19,34 @@ namespace Tavoro::SSProxy::Internal {
 /// somebody else all are asked. No channel is called under the lock.
 class ChannelIndex {
 public:
+    /// That of the one manager.
+    static std::shared_ptr<ChannelIndex> ofManager();
+
     void add(std::shared_ptr<DeviceChannel> channel);
     void remove(const std::shared_ptr<DeviceChannel> &channel);
     std::vector<std::shared_ptr<DeviceChannel>> all() const;
+    /// The device of \a channel is about to be looked for elsewhere: from now on the channel is
+    /// found by the address of its connection before, too, unless another channel has it.
+    void noteMove(const std::shared_ptr<DeviceChannel> &channel);
 
     std::shared_ptr<DeviceChannel> find(const std::string &ip, const std::string &mac,
                                         const std::string &sn) const;
 
 private:
     using Channels = std::vector<std::shared_ptr<DeviceChannel>>;
+    struct Move {
+        std::shared_ptr<DeviceChannel> channel;
+        std::string formerIp;
+    };
 
+    std::shared_ptr<DeviceChannel> findMoved(const std::string &ip, const std::string &mac,
+                                             const std::string &sn) const;
     std::shared_ptr<DeviceChannel> guess(const std::string &sn) const;
     void remember(const std::string &sn, const std::shared_ptr<DeviceChannel> &channel) const;
 
     mutable std::mutex m_mutex;
     Channels m_channels; // guarded by m_mutex
+    std::vector<Move> m_moves; // guarded by m_mutex
     /// Who was last found by a serial number; guarded by m_mutex.
     mutable std::unordered_map<std::string, std::shared_ptr<DeviceChannel>> m_lastFound;
 };

@@ -38,6 +38,21 @@ void ChannelLink::refresh()
         connect();
 }
 
+bool ChannelLink::moveTo(const QString &host, quint16 port)
+{
+    if (m_phase == Phase::Ready || m_phase == Phase::Stopped)
+        return false;
+    if (!m_stream->setPeer(host, port)) {
+        refresh();
+        return false;
+    }
+    m_stream->close();
+    m_parser.reset();
+    m_pause = m_options.firstReconnectPause;
+    connect();
+    return true;
+}
+
 void ChannelLink::tick(Clock::TimePoint time)
 {
     if (time != m_tick)
@@ -189,6 +204,8 @@ void ChannelLink::takeIdentity(const std::string &body)
                     tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
     if (info.maxPacketSize == 0)
         return drop(WrongLength, tr("it takes packets of 0 bytes"));
+    if (!m_options.identity.empty() && Wire::identityKey(info) != m_options.identity)
+        return drop(Disconnected, tr("another device is there"));
     if (!m_peerAddress.empty())
         info.ip = m_peerAddress; // devices behind a translated address know only their own
     info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);

@@ -52,7 +52,11 @@ public:
 
     void start();
     void stop();
+    /// Ends a pause.
     void refresh();
+    /// The device was seen at \a host. Connects there at once unless there is a connection; true
+    /// when that is another place than before.
+    bool moveTo(const QString &host, quint16 port);
     void tick(Clock::TimePoint time);
     /// Gives the connection up; a new one is made.
     void drop(quint16 status, const QString &reason);

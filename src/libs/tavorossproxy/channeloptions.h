@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 #include <chrono>
+#include <string>
 
 namespace Tavoro::SSProxy {
 
@@ -34,6 +35,9 @@ struct ChannelOptions {
     /// Bytes that may wait in the socket before further requests are held back, in full, in the
     /// channel.
     quint32 maxUnsentBytes = 4u << 20;
+    /// Serial number of the only device that is taken at the other end, 16 upper-case hexadecimal
+    /// digits; of a device whose serial number is all zeros the 12 digits of its MAC. Empty: any.
+    std::string identity;
     /// The tag of a request that timed out stays taken, lest its late answer reach another request.
     /// When so many answers are owed, the connection is made anew, which frees their tags.
     int maxOwedAnswers = 128;

@@ -2,6 +2,7 @@
 
 #include "channelindex_p.h"
 #include "channelthread_p.h"
+#include "devicediscovery_p.h"
 
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicecommand.h>
@@ -11,7 +12,7 @@ namespace Tavoro::SSProxy {
 
 class DeviceManagerPrivate {
 public:
-    Internal::ChannelIndex channels;
+    const std::shared_ptr<Internal::ChannelIndex> channels = Internal::ChannelIndex::ofManager();
 };
 
 DeviceManager *DeviceManager::instance()
@@ -47,13 +48,13 @@ std::shared_ptr<DeviceChannel> DeviceManager::findDeviceChannel(const std::strin
                                                                 const std::string &mac,
                                                                 const std::string &sn) const
 {
-    return d->channels.find(ip, mac, sn);
+    return d->channels->find(ip, mac, sn);
 }
 
 QList<std::weak_ptr<DeviceChannel>> DeviceManager::tavoroDeviceChannels() const
 {
     QList<std::weak_ptr<DeviceChannel>> channels;
-    for (const auto &channel : d->channels.all())
+    for (const auto &channel : d->channels->all())
         channels.append(channel);
     return channels;
 }
@@ -61,20 +62,21 @@ QList<std::weak_ptr<DeviceChannel>> DeviceManager::tavoroDeviceChannels() const
 void DeviceManager::addDeviceChannel(std::shared_ptr<DeviceChannel> channel)
 {
     if (channel)
-        d->channels.add(std::move(channel));
+        d->channels->add(std::move(channel));
 }
 
 void DeviceManager::removeDeviceChannel(std::shared_ptr<DeviceChannel> channel)
 {
-    d->channels.remove(channel);
+    d->channels->remove(channel);
 }
 
 void DeviceManager::refreshDeviceChannel()
 {
-    for (const auto &channel : d->channels.all()) {
+    for (const auto &channel : d->channels->all()) {
         if (const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel))
             network->reconnectNow();
     }
+    Internal::refreshDiscovery();
 }
 
 bool DeviceManager::sendTavoroControlRequest(const QString &ip, const QString &mac,

@@ -32,6 +32,10 @@ public:
     /// Ends the pause between two attempts to connect, if the channel is in one.
     virtual void reconnectNow() = 0;
 
+    /// Tells the channel that its device was seen at \a host. A channel without a connection tries
+    /// there at once, and from then on; one with a connection keeps it.
+    virtual void moveTo(const QString &host, quint16 port) = 0;
+
     virtual ChannelStatistics statistics() const = 0;
 
 protected:

@@ -66,6 +66,11 @@ void StreamChannel::reconnectNow()
     m_core->reconnectNow();
 }
 
+void StreamChannel::moveTo(const QString &host, quint16 port)
+{
+    m_core->moveTo(host, port);
+}
+
 ChannelStatistics StreamChannel::statistics() const
 {
     return m_core->statistics();

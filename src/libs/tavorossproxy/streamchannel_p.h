@@ -37,6 +37,7 @@ public:
     void stopChannel() override;
     bool waitUntilReady(int milliseconds, QString &error) override;
     void reconnectNow() override;
+    void moveTo(const QString &host, quint16 port) override;
     ChannelStatistics statistics() const override;
 
 private:

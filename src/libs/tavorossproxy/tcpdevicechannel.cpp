@@ -1,5 +1,6 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
+#include "channelcore_p.h"
 #include "channelthread_p.h"
 #include "streamchannel_p.h"
 #include "tcpstream_p.h"
@@ -17,8 +18,7 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
                                               std::shared_ptr<IDeviceCommand> report) {
             Q_EMIT manager->parseDeviceAutoReportFinished(std::move(channel), std::move(report));
         };
-    const QString peerName = QStringLiteral("%1:%2").arg(host).arg(port);
-    return Internal::StreamChannel::open(peerName,
+    return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
                                          std::make_unique<Internal::TcpStream>(host, port),
                                          Internal::ChannelThread::instance(), options, emitReport);
 }

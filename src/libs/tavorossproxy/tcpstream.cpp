@@ -1,6 +1,7 @@
 #include "tcpstream_p.h"
 
-#include <QHostAddress>
+#include "addresstext_p.h"
+
 #include <QNetworkProxy>
 #include <QTcpSocket>
 
@@ -49,6 +50,15 @@ void TcpStream::write(const QByteArray &bytes)
         m_socket->write(bytes);
 }
 
+bool TcpStream::setPeer(const QString &host, quint16 port)
+{
+    if (host == m_host && port == m_port)
+        return false;
+    m_host = host;
+    m_port = port;
+    return true;
+}
+
 qint64 TcpStream::unsentBytes() const
 {
     return m_socket ? m_socket->bytesToWrite() : 0;
@@ -92,13 +102,9 @@ void TcpStream::fail(Events &events)
     events.streamClosed(reason);
 }
 
-/// As text, in the form of IPv4 where the address is one.
 std::string TcpStream::peerAddress() const
 {
-    const QHostAddress address = m_socket->peerAddress();
-    bool isIpv4 = false;
-    const quint32 ipv4 = address.toIPv4Address(&isIpv4);
-    return (isIpv4 ? QHostAddress(ipv4) : address).toString().toStdString();
+    return addressText(m_socket->peerAddress()).toStdString();
 }
 
 } // namespace Tavoro::SSProxy::Internal

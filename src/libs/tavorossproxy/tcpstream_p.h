@@ -21,6 +21,7 @@ public:
     void open(Events &events) override;
     void close() override;
     void write(const QByteArray &bytes) override;
+    bool setPeer(const QString &host, quint16 port) override;
     qint64 unsentBytes() const override;
 
 private:
@@ -29,8 +30,8 @@ private:
     void fail(Events &events);
     std::string peerAddress() const;
 
-    const QString m_host;
-    const quint16 m_port;
+    QString m_host;
+    quint16 m_port;
     std::unique_ptr<QTcpSocket> m_socket;
     std::vector<char> m_received; ///< What was read last; kept so that it stays in the cache.
 };

@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "batchline.h"
+#include "discover.h"
 #include "operation.h"
 #include "snapshot.h"
 
@@ -130,6 +131,7 @@ constexpr CommandRow commandRows[] = {
     {"call",  "HOST[:PORT] OPERATION [ARGUMENT ...]",  "Makes one call: the record of a write as JSON, the filters of a read as numbers.", runCall},
     {"batch", "[HOST[:PORT]]",                         "Makes one call per line of standard input; lines name the host unless batch does.", runBatch},
     {"list",  "[OPERATION]",                           "Lists all operations, or shows the record that one takes.",                        runList},
+    {"discover", "[ADDRESS[:PORT] ...]",               "Lists the devices of the local network, or those that answer at ADDRESS.",          runDiscover},
     {"show",  "HOST[:PORT]",                           "Shows the device, its interfaces, screens and layers; as JSON with --json.",        runShow},
 };
 // clang-format on

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tavorossproxy/channeloptions.h>
+
 #include <QString>
 
 #include <map>
@@ -21,8 +23,9 @@ struct Host {
     quint16 port = 0;
 };
 
-/// "HOST", "HOST:PORT" or "[IPV6]:PORT"; nothing if \a text is none of them.
-std::optional<Host> parseHost(const QString &text);
+/// "HOST", "HOST:PORT" or "[IPV6]:PORT"; nothing if \a text is none of them. \a usualPort is that
+/// of a text without one.
+std::optional<Host> parseHost(const QString &text, quint16 usualPort = SSProxy::defaultTcpPort);
 
 /// The connections of one run of the tool, each made when it is first needed.
 class Session {

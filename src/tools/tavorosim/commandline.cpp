@@ -80,6 +80,7 @@ constexpr OptionRow optionRows[] = {
     {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                 setAddress},
     {"port",              "PORT",    "Listen on PORT (6630), 0 for any free one.",                     setNumber<&SimOptions::port, 0, 65535>},
     {"control-port",      "PORT",    "Take console commands on PORT of this machine, 0 for any.",      setNumber<&SimOptions::controlPort, 0, 65535>},
+    {"discovery",         "PORT",    "Answer those who look for devices on this UDP port, 0 for any.", setNumber<&SimOptions::discoveryPort, 0, 65535>},
     {"name",              "NAME",    "Be called NAME.",                                                setName},
     {"sn",                "DIGITS",  "Have this serial number, 16 hexadecimal digits.",                setDigits<&SimOptions::sn>},
     {"mac",               "DIGITS",  "Have this MAC, 12 hexadecimal digits.",                          setDigits<&SimOptions::mac>},

@@ -74,6 +74,8 @@ int main(int argc, char *argv[])
     say(stdout, QStringLiteral("listening on %1:%2").arg(address).arg(server.port()));
     if (line.options.controlPort >= 0)
         say(stdout, QStringLiteral("control port %1").arg(server.controlPort()));
+    if (line.options.discoveryPort >= 0)
+        say(stdout, QStringLiteral("discovery port %1").arg(server.discoveryPort()));
 
     // Without a buffer, or a second line would wait in it unseen by the notifier.
     std::setvbuf(stdin, nullptr, _IONBF, 0);

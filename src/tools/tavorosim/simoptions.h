@@ -17,6 +17,8 @@ struct SimOptions {
     quint16 port = 0; ///< 0: any free one.
     int controlPort = -1; ///< Port for console commands, 0 for any free one, -1 for none.
 
+    int discoveryPort = -1; ///< UDP port to be found on, 0 for any free one, -1 for none.
+
     QString name = QStringLiteral("Simulated device");
     std::array<quint8, 8> sn = {0x53, 0x49, 0x4D, 0x00, 0x00, 0x00, 0x00, 0x01};
     std::array<quint8, 6> mac = {0x02, 0x00, 0x5E, 0x10, 0x00, 0x01};

@@ -42,7 +42,8 @@ SimServer::SimServer(SimOptions options, QObject *parent)
       m_options(std::move(options)),
       m_tick(this),
       m_server(this),
-      m_controlServer(this)
+      m_controlServer(this),
+      m_discovery([this] { return identity(); }, this)
 {
     m_state.faults.seed(m_options.seed);
     for (const FaultRule &rule : m_options.faults)
@@ -67,6 +68,10 @@ bool SimServer::listen(QString &error)
     if (!open(m_server, m_options.address, m_options.port, error))
         return false;
     m_port = m_server.serverPort();
+    if (m_options.discoveryPort >= 0
+        && !m_discovery.listen(m_options.address, static_cast<quint16>(m_options.discoveryPort),
+                               error))
+        return false;
     // Whoever reaches the control port may do with the device what he likes: this machine only.
     return m_options.controlPort < 0
         || open(m_controlServer, QHostAddress::LocalHost,
@@ -89,7 +94,7 @@ void SimServer::acceptClient()
 {
     while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
         auto *const client = new SimClient(
-            socket, m_options, identity(), m_state.faults,
+            socket, m_options, SSProxy::Wire::encodeIdentity(identity()), m_state.faults,
             [this](const Request &request) { return carryOut(request); }, this);
         m_clients.push_back(client);
         connect(client, &SimClient::restartDue, this, &SimServer::restart);
@@ -207,7 +212,7 @@ void SimServer::tell(const Reports &reports)
     }
 }
 
-std::string SimServer::identity() const
+ProtoModel::DeviceBaseInfo SimServer::identity() const
 {
     ProtoModel::DeviceBaseInfo info;
     info.protocolVersion = 1;
@@ -216,7 +221,7 @@ std::string SimServer::identity() const
     info.mac = m_options.mac;
     info.hardwareVersion = 1;
     info.firmwareVersion = 1;
-    info.tcpPort = m_port;
+    info.tcpPort = m_server.serverPort(); // 0 while the device is off
     const Maintenance &maintenance = m_state.maintenance;
     info.startTime = static_cast<quint64>(maintenance.clockAtStart + maintenance.switchedOn);
     info.slotCount = static_cast<quint16>(m_state.device.subcards.size());
@@ -226,7 +231,7 @@ std::string SimServer::identity() const
         info.slotModels.push_back(static_cast<quint16>(card.modelId));
     info.ip = m_server.serverAddress().toString().toStdString();
     info.hostName = "tavorosim";
-    return SSProxy::Wire::encodeIdentity(info);
+    return info;
 }
 
 } // namespace Tavoro::Sim

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console.h"
+#include "discoveryresponder.h"
 #include "request.h"
 #include "simoptions.h"
 
@@ -31,6 +32,7 @@ public:
     /// \a error if one cannot be had.
     bool listen(QString &error);
     quint16 port() const { return m_port; }
+    quint16 discoveryPort() const { return m_discovery.port(); }
     quint16 controlPort() const { return m_controlServer.serverPort(); }
 
     /// Carries out a line of the console. What the device has to tell about it goes to all clients.
@@ -49,7 +51,7 @@ private:
     void readOn();
     void restart();
     void flood(SimClient &client, quint32 count) const;
-    std::string identity() const;
+    ProtoModel::DeviceBaseInfo identity() const;
 
     const SimOptions m_options;
     SimState m_state;
@@ -60,6 +62,7 @@ private:
     quint16 m_port = 0; ///< Kept while the device is off.
     bool m_isLeaving = false; ///< It is off, but has answers to send.
     QTcpServer m_controlServer;
+    DiscoveryResponder m_discovery;
     std::vector<SimClient *> m_clients; ///< Owned as children.
 };
 

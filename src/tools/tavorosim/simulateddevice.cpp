@@ -19,6 +19,7 @@ bool SimulatedDevice::start(QString &error)
         isListening = m_server->listen(error);
         m_port = m_server->port();
         m_controlPort = m_server->controlPort();
+        m_discoveryPort = m_server->discoveryPort();
     });
     return isListening;
 }

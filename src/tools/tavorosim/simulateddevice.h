@@ -30,6 +30,7 @@ public:
     /// The ports that were opened.
     quint16 port() const { return m_port; }
     quint16 controlPort() const { return m_controlPort; }
+    quint16 discoveryPort() const { return m_discoveryPort; }
 
     /// Carries out a line of the console and waits until it has taken effect.
     ConsoleAnswer execute(const QString &line);
@@ -40,6 +41,7 @@ private:
     std::unique_ptr<SimServer> m_server; ///< Lives and dies on m_thread.
     quint16 m_port = 0;
     quint16 m_controlPort = 0;
+    quint16 m_discoveryPort = 0;
 };
 
 } // namespace Tavoro::Sim

@@ -34,6 +34,7 @@ public:
     void stopChannel() override { }
     bool waitUntilReady(int, QString &) override { return true; }
     void reconnectNow() override { ++refreshed; }
+    void moveTo(const QString &, quint16) override { }
     ChannelStatistics statistics() const override { return {}; }
 
     ProtoModel::DeviceBaseInfo info;

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void showPrintsTables();
     void showPrintsJson();
     void showMayHaveItsOptionBehindTheHost();
+    void discoverListsWhoAnswers();
+    void discoverEndsWithOneWhenNobodyAnswers();
     void helpAndVersion();
 
 private:
@@ -346,6 +348,27 @@ void tst_TavoroCtl::showPrintsJson()
 void tst_TavoroCtl::showMayHaveItsOptionBehindTheHost()
 {
     QVERIFY(run({"show", host(), "--json"}).output.startsWith("{\"device\":{"));
+}
+
+void tst_TavoroCtl::discoverListsWhoAnswers()
+{
+    SimOptions options;
+    options.discoveryPort = 0;
+    start(m_device, options);
+    const QByteArray target = "127.0.0.1:" + QByteArray::number(m_device->discoveryPort());
+    const Run discover = run({"discover", target});
+    QCOMPARE(discover.errors, QByteArray());
+    QCOMPARE(discover.output, host().leftJustified(21) + "  53494D0000000001  Simulated device\n");
+    QCOMPARE(discover.exitCode, 0);
+}
+
+void tst_TavoroCtl::discoverEndsWithOneWhenNobodyAnswers()
+{
+    const Run discover = run({"discover", "127.0.0.1:9"});
+    QCOMPARE(discover.errors, QByteArray("No device has answered.\n"));
+    QCOMPARE(discover.output, QByteArray());
+    QCOMPARE(discover.exitCode, 1);
+    QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);
 }
 
 void tst_TavoroCtl::helpAndVersion()

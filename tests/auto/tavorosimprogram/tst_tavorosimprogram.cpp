@@ -142,9 +142,10 @@ void tst_TavoroSimProgram::helpNamesEveryOption()
     QString output;
     QString errors;
     QCOMPARE(run({QStringLiteral("--help")}, output, errors), 0);
-    for (const char *option : {"--address", "--port", "--control-port", "--name", "--sn", "--mac",
-                               "--model", "--packet-size", "--latency", "--inputs", "--outputs",
-                               "--screens", "--layers-per-screen", "--log", "--log-bodies"})
+    for (const char *option :
+         {"--address", "--port", "--control-port", "--discovery", "--name", "--sn", "--mac",
+          "--model", "--packet-size", "--latency", "--inputs", "--outputs", "--screens",
+          "--layers-per-screen", "--log", "--log-bodies"})
         QVERIFY2(output.contains(QLatin1String(option)), option);
 }
 

@@ -43,7 +43,7 @@ public:
     void removeDeviceChannel(std::shared_ptr<DeviceChannel> channel);
 
     /// Looks at the network again: channels that lost their device try to reconnect now instead of
-    /// at their next turn.
+    /// at their next turn, and where the application looks for devices, they are asked for now.
     void refreshDeviceChannel();
 
     /// Asks a device for control, on behalf of the caller. \a ip, \a mac and \a sn name the device.
@@ -55,6 +55,10 @@ Q_SIGNALS:
     /// A device sent a command unasked. Emitted on the thread that received it.
     void parseDeviceAutoReportFinished(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
+
+    /// A device was found on the network, and a channel to it is in the manager now. It is about to
+    /// connect. Emitted on the channels' thread.
+    void deviceChannelFound(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel);
 
 private:
     DeviceManager();

@@ -63,4 +63,13 @@ bool decodeIdentity(const std::string &body, ProtoModel::DeviceBaseInfo &info, s
     return true;
 }
 
+std::string identityKey(const ProtoModel::DeviceBaseInfo &info)
+{
+    if (info.sn != decltype(info.sn){})
+        return ProtoModel::hexDigits(info.sn);
+    if (info.mac != decltype(info.mac){})
+        return ProtoModel::hexDigits(info.mac);
+    return {};
+}
+
 } // namespace Tavoro::SSProxy::Wire

@@ -13,4 +13,8 @@ std::string encodeIdentity(const ProtoModel::DeviceBaseInfo &info);
 /// alone.
 bool decodeIdentity(const std::string &body, ProtoModel::DeviceBaseInfo &info, std::string &error);
 
+/// What tells a device from all others, wherever it is: the digits of its serial number, or of its
+/// MAC where that is all zeros; empty when both are.
+std::string identityKey(const ProtoModel::DeviceBaseInfo &info);
+
 } // namespace Tavoro::SSProxy::Wire

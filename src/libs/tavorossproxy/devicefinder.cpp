@@ -1,0 +1,94 @@
+#include "devicefinder_p.h"
+
+#include "logging_p.h"
+
+#include <tavorossproxy/wire/discovery.h>
+
+namespace Tavoro::SSProxy::Internal {
+
+DeviceFinder::DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<DatagramPort> port,
+                           std::vector<DiscoveryTarget> targets, std::chrono::milliseconds interval)
+    : m_loop(std::move(loop)),
+      m_targets(std::move(targets)),
+      m_interval(interval),
+      m_port(std::move(port))
+{ }
+
+void DeviceFinder::start(Handler handler)
+{
+    m_handler = std::move(handler);
+    m_loop->post([finder = shared_from_this()] { finder->open(); });
+}
+
+void DeviceFinder::stop()
+{
+    m_loop->post([finder = shared_from_this()] {
+        finder->m_port.reset();
+        finder->m_loop->detach(finder.get());
+    });
+}
+
+void DeviceFinder::ask()
+{
+    m_loop->post([finder = shared_from_this()] {
+        if (finder->m_port)
+            finder->sendRequests();
+    });
+}
+
+void DeviceFinder::loopEnding()
+{
+    m_port.reset();
+}
+
+void DeviceFinder::open()
+{
+    QString error;
+    const auto receiver = [this](const QString &address, std::string_view datagram) {
+        receive(address, datagram);
+    };
+    if (!m_port->open(receiver, error)) {
+        qCWarning(channelLog) << "Devices cannot be looked for:" << error;
+        return m_port.reset();
+    }
+    m_loop->attach(shared_from_this());
+    sendRequests();
+    if (m_interval.count() > 0)
+        scheduleNext();
+}
+
+void DeviceFinder::sendRequests()
+{
+    const QByteArray request = Wire::encodeDiscoveryRequest();
+    for (const DiscoveryTarget &target : m_targets)
+        m_port->send(target.address, target.port, request);
+    if (!m_targets.empty())
+        return;
+    for (const QString &address : m_port->broadcastAddresses())
+        m_port->send(address, defaultDiscoveryPort, request);
+}
+
+void DeviceFinder::scheduleNext()
+{
+    m_loop->postAt(m_loop->clock().now() + m_interval, [weak = weak_from_this()] {
+        const auto finder = weak.lock();
+        if (!finder || !finder->m_port)
+            return;
+        finder->sendRequests();
+        finder->scheduleNext();
+    });
+}
+
+void DeviceFinder::receive(const QString &address, std::string_view datagram)
+{
+    ProtoModel::DeviceBaseInfo device;
+    std::string error;
+    if (!Wire::decodeDiscoveryAnswer(datagram, device, error)) {
+        qCDebug(channelLog) << "No device:" << address << error.c_str();
+        return;
+    }
+    device.ip = address.toStdString(); // behind a translated address a device knows only its own
+    m_handler(device);
+}
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "channelloop_p.h"
+#include "datagramport_p.h"
+
+#include <tavorossproxy/devicediscovery.h>
+
+#include <functional>
+#include <memory>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// Asks for devices and tells those who answer.
+///
+/// | member               | thread           |
+/// |----------------------|------------------|
+/// | start, stop, ask     | any              |
+/// | the rest             | that of the loop |
+class DeviceFinder final : public std::enable_shared_from_this<DeviceFinder>,
+                           public ChannelLoop::User {
+public:
+    /// Takes each answer, on the loop's thread. The device's \c ip is where the answer came from.
+    using Handler = std::function<void(const ProtoModel::DeviceBaseInfo &device)>;
+
+    DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<DatagramPort> port,
+                 std::vector<DiscoveryTarget> targets, std::chrono::milliseconds interval);
+
+    /// Asks for the first time.
+    void start(Handler handler);
+    void stop();
+    /// Asks now.
+    void ask();
+
+private:
+    void loopEnding() override;
+    void open();
+    void sendRequests();
+    void scheduleNext();
+    void receive(const QString &address, std::string_view datagram);
+
+    const std::shared_ptr<ChannelLoop> m_loop;
+    const std::vector<DiscoveryTarget> m_targets;
+    const std::chrono::milliseconds m_interval;
+    std::unique_ptr<DatagramPort> m_port; ///< Null when it has ended.
+    Handler m_handler;
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,46 @@
+#include "discover.h"
+
+#include <tavorocontrol/proto/hexdigits.h>
+#include <tavorossproxy/devicediscovery.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+constexpr int listeningTime = 1000; ///< Milliseconds.
+
+std::string lineOf(const ProtoModel::DeviceBaseInfo &device)
+{
+    const QString place =
+        QStringLiteral("%1:%2").arg(QString::fromStdString(device.ip)).arg(device.tcpPort);
+    return QStringLiteral("%1  %2  %3")
+        .arg(place, -21)
+        .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)),
+             QString::fromStdString(device.name))
+        .toStdString();
+}
+
+} // namespace
+
+ExitStatus runDiscover(Tool &tool, const QStringList &words)
+{
+    std::vector<SSProxy::DiscoveryTarget> targets;
+    for (const QString &word : words) {
+        const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
+        if (!host) {
+            tool.console.error(QStringLiteral("tavoroctl: \"%1\" is not ADDRESS[:PORT]").arg(word));
+            return UsageError;
+        }
+        targets.push_back({host->name, host->port});
+    }
+    const auto devices = SSProxy::findDevices(listeningTime, 0, targets);
+    for (const ProtoModel::DeviceBaseInfo &device : devices)
+        tool.console.answer(lineOf(device));
+    if (!devices.empty())
+        return Done;
+    tool.console.error(QStringLiteral("No device has answered."));
+    return Failed;
+}
+
+} // namespace Tavoro::Ctl

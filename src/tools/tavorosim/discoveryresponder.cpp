@@ -1,0 +1,46 @@
+#include "discoveryresponder.h"
+
+#include "simlog.h"
+
+#include <tavorossproxy/wire/discovery.h>
+
+#include <QNetworkDatagram>
+
+namespace Tavoro::Sim {
+
+DiscoveryResponder::DiscoveryResponder(Identity identity, QObject *parent)
+    : QObject(parent), m_identity(std::move(identity)), m_socket(this)
+{
+    connect(&m_socket, &QUdpSocket::readyRead, this, &DiscoveryResponder::answer);
+}
+
+bool DiscoveryResponder::listen(const QHostAddress &address, quint16 port, QString &error)
+{
+    if (m_socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
+        return true;
+    error = QStringLiteral("cannot be found on %1:%2: %3")
+                .arg(address.toString())
+                .arg(port)
+                .arg(m_socket.errorString());
+    return false;
+}
+
+void DiscoveryResponder::answer()
+{
+    while (m_socket.hasPendingDatagrams()) {
+        const QNetworkDatagram question = m_socket.receiveDatagram();
+        const QByteArray bytes = question.data();
+        const ProtoModel::DeviceBaseInfo device = m_identity();
+        if (device.tcpPort == 0
+            || !SSProxy::Wire::isDiscoveryRequest(
+                {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
+            continue;
+        m_socket.writeDatagram(SSProxy::Wire::encodeDiscoveryAnswer(device),
+                               question.senderAddress(),
+                               static_cast<quint16>(question.senderPort()));
+        qCInfo(simLog, "found by %s:%d", qUtf8Printable(question.senderAddress().toString()),
+               question.senderPort());
+    }
+}
+
+} // namespace Tavoro::Sim

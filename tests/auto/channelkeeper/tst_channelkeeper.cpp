@@ -1,0 +1,238 @@
+// What becomes of a device that is found: one channel each, wherever the device goes.
+
+#include <tavorossproxy/channelkeeper_p.h>
+#include <tavorossproxy/devicecommand.h>
+
+#include <QTest>
+
+using namespace Tavoro;
+using namespace Tavoro::SSProxy;
+using Internal::ChannelIndex;
+using Internal::ChannelKeeper;
+
+namespace {
+
+class QuietChannel : public NetworkChannel {
+public:
+    std::shared_ptr<DeviceResponseCommand>
+    sendSyncRequest(std::shared_ptr<DeviceRequestCommand>) override
+    {
+        return nullptr;
+    }
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override { return info; }
+    bool isHardwareReadFinished() override { return isReady; }
+    bool isMasterControl() override { return true; }
+    void stopChannel() override { }
+    bool waitUntilReady(int, QString &) override { return isReady; }
+    void reconnectNow() override { }
+    void moveTo(const QString &host, quint16 port) override
+    {
+        moves.append(QStringLiteral("%1:%2").arg(host).arg(port));
+    }
+    ChannelStatistics statistics() const override { return {}; }
+
+    ProtoModel::DeviceBaseInfo info;
+    bool isReady = false;
+    QStringList moves;
+};
+
+ProtoModel::DeviceBaseInfo device(const char *ip = "192.0.2.7", quint8 number = 7)
+{
+    ProtoModel::DeviceBaseInfo info;
+    info.ip = ip;
+    info.tcpPort = 6630;
+    info.sn = {0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, number};
+    info.mac = {0x02, 0x00, 0x5E, 0x10, 0x00, number};
+    return info;
+}
+
+const char mac[] = "02005E100007";
+const char sn[] = "0123456789ABCD07";
+
+} // namespace
+
+class tst_ChannelKeeper : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void foundDeviceGetsAChannelInTheManager();
+    void channelTakesOnlyTheDeviceThatWasFound();
+    void deviceThatIsFoundAgainGetsNoSecondChannel();
+    void channelWithoutAConnectionFollowsItsDevice();
+    void channelWithAConnectionStaysWhereItIs();
+    void channelOfSomebodyElseIsUsedToo();
+    void movedChannelIsFoundByTheFormerAddressToo();
+    void formerAddressBelongsToWhoeverIsThereNow();
+    void removedChannelIsNotFoundByItsFormerAddress();
+    void removedDeviceStaysAwayUntilItIsReadmitted();
+    void deviceWithoutASerialNumberIsKnownByItsMac();
+    void deviceWithoutAnyIdentityIsLeftAlone();
+    void devicesBeyondTheLimitAreLeftAlone();
+
+private:
+    std::shared_ptr<ChannelIndex> m_index;
+    std::unique_ptr<ChannelKeeper> m_keeper;
+    DiscoveryOptions m_options;
+    QStringList m_opened; ///< Where, and the identity that is due there.
+    std::vector<std::shared_ptr<QuietChannel>> m_channels;
+    int m_told = 0;
+
+    void restart();
+};
+
+void tst_ChannelKeeper::init()
+{
+    m_options = {};
+    restart();
+}
+
+void tst_ChannelKeeper::restart()
+{
+    m_index = std::make_shared<ChannelIndex>();
+    m_opened.clear();
+    m_channels.clear();
+    m_told = 0;
+    m_keeper = std::make_unique<ChannelKeeper>(
+        m_index, m_options,
+        [this](const auto &info, const auto &options) {
+            m_opened.append(QString::fromStdString(info.ip + ' ' + options.identity));
+            m_channels.push_back(std::make_shared<QuietChannel>());
+            return m_channels.back();
+        },
+        [this](const auto &channel) {
+            m_told += channel == m_channels.back() && !m_index->all().empty();
+        });
+}
+
+void tst_ChannelKeeper::foundDeviceGetsAChannelInTheManager()
+{
+    m_keeper->take(device());
+    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_index->all()[0].get(), static_cast<DeviceChannel *>(m_channels.at(0).get()));
+    QCOMPARE(m_told, 1);
+}
+
+void tst_ChannelKeeper::channelTakesOnlyTheDeviceThatWasFound()
+{
+    m_keeper->take(device());
+    QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD07")});
+}
+
+void tst_ChannelKeeper::deviceThatIsFoundAgainGetsNoSecondChannel()
+{
+    m_keeper->take(device());
+    m_keeper->take(device());
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_told, 1);
+    m_keeper->take(device("192.0.2.8", 8));
+    QCOMPARE(m_index->all().size(), std::size_t(2));
+    QCOMPARE(m_told, 2);
+}
+
+void tst_ChannelKeeper::channelWithoutAConnectionFollowsItsDevice()
+{
+    m_keeper->take(device());
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_channels.at(0)->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
+}
+
+void tst_ChannelKeeper::channelWithAConnectionStaysWhereItIs()
+{
+    m_keeper->take(device());
+    m_channels.at(0)->isReady = true;
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_channels.at(0)->moves, QStringList());
+}
+
+void tst_ChannelKeeper::channelOfSomebodyElseIsUsedToo()
+{
+    const auto mine = std::make_shared<QuietChannel>();
+    mine->info = device();
+    m_index->add(mine);
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(mine->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
+    QCOMPARE(m_told, 0);
+}
+
+void tst_ChannelKeeper::movedChannelIsFoundByTheFormerAddressToo()
+{
+    m_keeper->take(device());
+    m_channels.at(0)->info = device(); // has connected, and has lost its device
+    m_keeper->take(device("192.0.2.99"));
+    m_channels.at(0)->info = device("192.0.2.99");
+    const DeviceChannel *const channel = m_channels.at(0).get();
+    QCOMPARE(m_index->find("192.0.2.99", mac, sn).get(), channel);
+    QCOMPARE(m_index->find("192.0.2.7", mac, sn).get(), channel);
+    QVERIFY(!m_index->find("192.0.2.7", mac, "0123456789ABCD08"));
+    QVERIFY(!m_index->find("192.0.2.7", "02005E100008", sn));
+    QVERIFY(!m_index->find("192.0.2.8", mac, sn));
+}
+
+void tst_ChannelKeeper::formerAddressBelongsToWhoeverIsThereNow()
+{
+    movedChannelIsFoundByTheFormerAddressToo();
+    const auto twin = std::make_shared<QuietChannel>();
+    twin->info = device();
+    m_index->add(twin);
+    QCOMPARE(m_index->find("192.0.2.7", mac, sn).get(), static_cast<DeviceChannel *>(twin.get()));
+}
+
+void tst_ChannelKeeper::removedChannelIsNotFoundByItsFormerAddress()
+{
+    movedChannelIsFoundByTheFormerAddressToo();
+    m_index->remove(m_channels.at(0));
+    QVERIFY(!m_index->find("192.0.2.7", mac, sn));
+    QCOMPARE(m_channels.at(0).use_count(), 1L);
+}
+
+void tst_ChannelKeeper::removedDeviceStaysAwayUntilItIsReadmitted()
+{
+    m_keeper->take(device());
+    m_keeper->take(device("192.0.2.8", 8));
+    m_index->remove(m_channels.at(0));
+    m_keeper->take(device());
+    QCOMPARE(m_index->all().size(), std::size_t(1));
+    m_keeper->readmit();
+    m_keeper->take(device());
+    m_keeper->take(device("192.0.2.8", 8));
+    QCOMPARE(m_index->all().size(), std::size_t(2));
+    QCOMPARE(m_told, 3);
+}
+
+void tst_ChannelKeeper::deviceWithoutASerialNumberIsKnownByItsMac()
+{
+    auto info = device();
+    info.sn = {};
+    m_keeper->take(info);
+    info.ip = "192.0.2.99";
+    m_keeper->take(info);
+    QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 02005E100007")});
+}
+
+void tst_ChannelKeeper::deviceWithoutAnyIdentityIsLeftAlone()
+{
+    auto info = device();
+    info.sn = {};
+    info.mac = {};
+    m_keeper->take(info);
+    QVERIFY(m_index->all().empty());
+}
+
+void tst_ChannelKeeper::devicesBeyondTheLimitAreLeftAlone()
+{
+    m_options.maxChannels = 2;
+    restart();
+    for (quint8 number = 1; number <= 3; ++number)
+        m_keeper->take(device("192.0.2.7", number));
+    QCOMPARE(m_index->all().size(), std::size_t(2));
+    m_index->remove(m_channels.at(0));
+    m_keeper->take(device("192.0.2.7", 3)); // there is room now
+    QCOMPARE(m_index->all().size(), std::size_t(2));
+}
+
+QTEST_GUILESS_MAIN(tst_ChannelKeeper)
+#include "tst_channelkeeper.moc"

@@ -1,0 +1,169 @@
+// Devices that are looked for over loopback sockets, and the channels that this makes.
+
+#include <tavorosim/simulateddevice.h>
+#include <tavorossproxy/devicediscovery.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <QHostAddress>
+#include <QTest>
+
+#include <atomic>
+
+using namespace Tavoro;
+using namespace Tavoro::SSProxy;
+using Sim::SimOptions;
+using Sim::SimulatedDevice;
+
+namespace {
+
+SimOptions wall(quint8 number, const char *address = "127.0.0.1", int discoveryPort = 0)
+{
+    SimOptions options;
+    options.address = QHostAddress(QLatin1String(address));
+    options.discoveryPort = discoveryPort;
+    options.sn.back() = number;
+    options.mac.back() = number;
+    options.name = QStringLiteral("wall %1").arg(number);
+    return options;
+}
+
+std::unique_ptr<SimulatedDevice> start(const SimOptions &options)
+{
+    auto device = std::make_unique<SimulatedDevice>(options);
+    QString error;
+    if (!device->start(error))
+        qFatal("%s", qUtf8Printable(error));
+    return device;
+}
+
+DiscoveryTarget targetOf(const SimulatedDevice &device, const char *address = "127.0.0.1")
+{
+    return {QString::fromLatin1(address), device.discoveryPort()};
+}
+
+std::vector<std::shared_ptr<NetworkChannel>> channels()
+{
+    std::vector<std::shared_ptr<NetworkChannel>> found;
+    for (const auto &channel : DeviceManager::instance()->tavoroDeviceChannels())
+        found.push_back(std::dynamic_pointer_cast<NetworkChannel>(channel.lock()));
+    return found;
+}
+
+bool isConnected(std::size_t index = 0)
+{
+    return channels().size() > index && channels()[index]->isHardwareReadFinished();
+}
+
+} // namespace
+
+class tst_DeviceDiscovery : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void devicesAreFoundByWhoAsks();
+    void deviceThatIsSwitchedOffDoesNotAnswer();
+    void foundDeviceHasAChannel();
+    void deviceThatIsLookedForAgainIsFoundOnRefresh();
+    void deviceThatMovesKeepsItsChannel();
+};
+
+void tst_DeviceDiscovery::cleanup()
+{
+    stopDeviceDiscovery();
+    for (const auto &channel : channels()) {
+        channel->stopChannel();
+        DeviceManager::instance()->removeDeviceChannel(channel);
+    }
+}
+
+void tst_DeviceDiscovery::devicesAreFoundByWhoAsks()
+{
+    const auto first = start(wall(1));
+    const auto second = start(wall(2));
+    const auto devices = findDevices(60000, 2, {targetOf(*first), targetOf(*second)});
+    QCOMPARE(devices.size(), std::size_t(2));
+    for (const auto &device : devices) {
+        const SimulatedDevice &expected = device.sn.back() == 1 ? *first : *second;
+        QCOMPARE(device.tcpPort, expected.port());
+        QCOMPARE(device.name, "wall " + std::to_string(device.sn.back()));
+        QCOMPARE(device.ip, std::string("127.0.0.1"));
+    }
+    QVERIFY(channels().empty());
+}
+
+void tst_DeviceDiscovery::deviceThatIsSwitchedOffDoesNotAnswer()
+{
+    const auto off = start(wall(1));
+    const auto on = start(wall(2));
+    QVERIFY(off->execute(QStringLiteral("switch 0")).ok);
+    QCOMPARE(findDevices(60000, 1, {targetOf(*off), targetOf(*on)}).at(0).name,
+             std::string("wall 2"));
+    QVERIFY(off->execute(QStringLiteral("switch 1")).ok);
+    QCOMPARE(findDevices(60000, 1, {targetOf(*off)}).at(0).name, std::string("wall 1"));
+}
+
+void tst_DeviceDiscovery::foundDeviceHasAChannel()
+{
+    const auto device = start(wall(1));
+    std::atomic<int> told{0};
+    const auto connection = connect(
+        DeviceManager::instance(), &DeviceManager::deviceChannelFound, DeviceManager::instance(),
+        [&] { ++told; }, Qt::DirectConnection);
+    DiscoveryOptions options;
+    options.targets = {targetOf(*device)};
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected());
+    QCOMPARE(told.load(), 1);
+    QVERIFY(DeviceManager::instance()->findTavoroDeviceChannel("127.0.0.1", "02005E100001",
+                                                               "53494D0000000001"));
+    disconnect(connection);
+}
+
+void tst_DeviceDiscovery::deviceThatIsLookedForAgainIsFoundOnRefresh()
+{
+    const auto device = start(wall(1));
+    DiscoveryOptions options;
+    options.targets = {targetOf(*device)};
+    options.interval = std::chrono::milliseconds(0);
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected());
+    const auto channel = channels().at(0);
+    channel->stopChannel();
+    DeviceManager::instance()->removeDeviceChannel(channel);
+    QVERIFY(channels().empty());
+    DeviceManager::instance()->refreshDeviceChannel();
+    QTRY_VERIFY(isConnected());
+    QVERIFY(channels().at(0) != channel);
+}
+
+void tst_DeviceDiscovery::deviceThatMovesKeepsItsChannel()
+{
+    auto device = start(wall(1));
+    const quint16 discoveryPort = device->discoveryPort();
+    DiscoveryOptions options;
+    options.targets = {targetOf(*device), targetOf(*device, "127.0.0.2")};
+    options.interval = std::chrono::milliseconds(0);
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected());
+    const auto channel = channels().at(0);
+
+    device.reset();
+    QTRY_VERIFY(!channel->isHardwareReadFinished());
+    device = start(wall(1, "127.0.0.2", discoveryPort));
+    DeviceManager::instance()->refreshDeviceChannel();
+    QTRY_VERIFY(isConnected());
+    QCOMPARE(channels().size(), std::size_t(1));
+    QCOMPARE(channels().at(0), channel);
+    QCOMPARE(channel->deviceBaseInfo().ip, std::string("127.0.0.2"));
+    for (const char *ip : {"127.0.0.2", "127.0.0.1"}) {
+        QCOMPARE(DeviceManager::instance()->findTavoroDeviceChannel(ip, "02005E100001",
+                                                                    "53494D0000000001"),
+                 std::shared_ptr<DeviceChannel>(channel));
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_DeviceDiscovery)
+#include "tst_devicediscovery.moc"
