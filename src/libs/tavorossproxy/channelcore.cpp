@@ -4,6 +4,8 @@
 
 #include <tavorossproxy/wire/frame.h>
 
+#include <algorithm>
+
 namespace Tavoro::SSProxy::Internal {
 
 namespace {
@@ -36,6 +38,8 @@ ChannelCore::~ChannelCore() = default;
 
 void ChannelCore::start(std::unique_ptr<ByteStream> stream, ReportHandler handler)
 {
+    if (!stream)
+        return leaveClosed();
     m_handler = std::move(handler);
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
     linkConnecting(); // so that a request that comes at once hears the same as a later one
@@ -108,7 +112,8 @@ ChannelStatistics ChannelCore::statistics() const
 
 std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestCommand &request)
 {
-    const auto deadline = m_loop->clock().now() + ChannelOptions::Milliseconds(request.timeout());
+    const auto deadline = m_loop->clock().now()
+        + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
     if (m_loop->isCurrentThread())
         return refused(request, CalledOnChannelThread);
     const auto ticket = m_exchanges.begin(request);
@@ -120,12 +125,10 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
     postSending();
     auto response = m_exchanges.await(ticket.head, deadline);
 
-    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers) {
-        m_loop->post([core = shared_from_this()] {
-            if (core->m_link && core->m_exchanges.owedAnswers() >= core->m_options.maxOwedAnswers)
-                core->m_link->drop(Disconnected, tr("it owes too many answers"));
-        });
-    }
+    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
+        giveUpConnection(tr("it owes too many answers"));
+    else if (m_exchanges.isStalled(ticket.head.lables, m_options.stalledAnswerTimeout))
+        giveUpConnection(tr("it stopped in the middle of an answer"));
     return response;
 }
 
@@ -242,6 +245,31 @@ void ChannelCore::takeReport(Wire::FrameEvent &&report)
     ++m_reports;
     if (m_handler)
         m_handler(std::move(command));
+}
+
+void ChannelCore::leaveClosed()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_state = State::Stopped;
+    m_reason = tr("it has no address");
+}
+
+/// Called on the thread of a caller. The channel is not ready from here on, so that whoever waits
+/// until it is waits for the new connection.
+void ChannelCore::giveUpConnection(const QString &reason)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state != State::Ready)
+            return;
+        m_state = State::Waiting;
+        m_reason = reason;
+        m_exchanges.shut(Disconnected, Disconnected);
+    }
+    m_loop->post([core = shared_from_this(), reason] {
+        if (core->m_link)
+            core->m_link->drop(Disconnected, reason);
+    });
 }
 
 void ChannelCore::shutForGood(quint16 refusal)

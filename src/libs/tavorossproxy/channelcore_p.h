@@ -39,6 +39,7 @@ public:
                 const ChannelOptions &options);
     ~ChannelCore();
 
+    /// Without a stream the channel is never opened.
     void start(std::unique_ptr<ByteStream> stream, ReportHandler handler);
     void stop();
     void reconnectNow();
@@ -70,6 +71,8 @@ private:
     void postSending();
     void sendUnsent();
     void takeReport(Wire::FrameEvent &&report);
+    void leaveClosed();
+    void giveUpConnection(const QString &reason);
     void shutForGood(quint16 refusal);
     void endLink();
 

@@ -27,6 +27,13 @@ struct ChannelOptions {
     /// ... and the connection is given up when nothing came for so long.
     Milliseconds keepAliveTimeout{15000};
 
+    /// Longest time that a request may take, whatever it asks for. The further packets of a split
+    /// exchange ask for DeviceRequestCommand::defaultTimeout.
+    Milliseconds maxRequestTime = Milliseconds::max();
+    /// When the time of a request ends within its answer, and nothing more came for so long, the
+    /// connection is made anew: nobody knows where the next frame would begin.
+    Milliseconds stalledAnswerTimeout{2000};
+
     /// Longest body of a frame, in bytes. A longer one from the device ends the connection, and a
     /// device that would take longer ones is sent packets of this size.
     quint32 maxBodySize = 64u << 20;

@@ -18,8 +18,11 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
                                               std::shared_ptr<IDeviceCommand> report) {
             Q_EMIT manager->parseDeviceAutoReportFinished(std::move(channel), std::move(report));
         };
+    std::unique_ptr<Internal::TcpStream> stream;
+    if (!host.isEmpty() && port != 0)
+        stream = std::make_unique<Internal::TcpStream>(host, port);
     return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
-                                         std::make_unique<Internal::TcpStream>(host, port),
+                                         std::move(stream),
                                          Internal::ChannelThread::instance(), options, emitReport);
 }
 

@@ -9,6 +9,9 @@ namespace Tavoro::SSProxy {
 
 /// Begins to connect to a device and returns at once. A \c QCoreApplication must exist.
 ///
+/// Without a host or a port there is nothing to connect to: such a channel is never opened, and
+/// refuses requests as not initialised.
+///
 /// The channel is not known to the manager until it is added there:
 /// \code
 /// auto channel = openTcpDeviceChannel(QStringLiteral("192.0.2.7"));

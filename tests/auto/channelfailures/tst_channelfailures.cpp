@@ -42,6 +42,8 @@ private Q_SLOTS:
     void answerThatDoesNotFit_data();
     void answerThatDoesNotFit();
     void packetCountAtTheLimitPasses();
+    void anotherPacketOfAReadIsRefused();
+    void answersToWritesHaveNoIndex();
     void frameThatEndsTheConnection_data();
     void frameThatEndsTheConnection();
     void strayAnswersAreDroppedAndCounted();
@@ -49,8 +51,22 @@ private Q_SLOTS:
 
     void lostConnectionEndsAllRequests();
     void connectionThatEndsInAnAnswerIsToldSo();
+    void answerThatStopsEndsTheConnection();
+    void answerThatGoesOnKeepsTheConnection();
+    void noRequestTakesLongerThanTheChannelAllows();
     void stopEndsAllRequests();
     void endOfTheThreadEndsAllRequests();
+
+private:
+    /// A connected channel with other options than before.
+    void reopenChannel()
+    {
+        m_channel.reset();
+        m_loop->run();
+        m_peer->opened = 0;
+        openChannel();
+        connectChannel();
+    }
 };
 
 void tst_ChannelFailures::nullRequestIsInvalid()
@@ -167,6 +183,35 @@ void tst_ChannelFailures::packetCountAtTheLimitPasses()
     }
 }
 
+void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
+{
+    connectChannel();
+    for (const quint8 type : {quint8(1), quint8(3)}) {
+        auto command = request(0x1100, type);
+        command->head().totalCount = 3;
+        command->head().sendCount = 1;
+        auto caller = call(command);
+        auto head = Wire::responseHead(nextRequest());
+        head.totalCount = 3;
+        head.sendCount = 2;
+        m_peer->send(head, "later");
+        const auto response = caller.response();
+        QCOMPARE(int(response->status), 363);
+        QCOMPARE(response->body(), std::string());
+    }
+}
+
+void tst_ChannelFailures::answersToWritesHaveNoIndex()
+{
+    connectChannel();
+    auto command = request(0x1107, 2, "piece");
+    command->head().totalCount = 3;
+    command->head().sendCount = 1;
+    auto caller = call(command);
+    answer(nextRequest());
+    QCOMPARE(int(caller.response()->status), 0);
+}
+
 void tst_ChannelFailures::frameThatEndsTheConnection_data()
 {
     QTest::addColumn<int>("position");
@@ -255,6 +300,50 @@ void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
     m_peer->fail(QStringLiteral("cable pulled"));
     QCOMPARE(first.response()->status, quint16(358));
     QCOMPARE(second.response()->status, quint16(259));
+}
+
+void tst_ChannelFailures::answerThatStopsEndsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_loop->advance(200ms);
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_loop->advance(100ms);
+    QCOMPARE(caller.response()->status, quint16(365));
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    m_loop->run();
+    QVERIFY(!m_peer->isOpen);
+    m_loop->advance(250ms);
+    QCOMPARE(m_peer->opened, 2);
+}
+
+void tst_ChannelFailures::answerThatGoesOnKeepsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_loop->advance(100ms);
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_loop->advance(101ms);
+    m_peer->send(std::string_view(frame.constData() + 38, 1));
+    m_loop->advance(99ms);
+    QCOMPARE(caller.response()->status, quint16(365));
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_peer->send(std::string_view(frame.constData() + 39, 3));
+    QCOMPARE(m_channel->statistics().lateAnswers, quint64(1));
+}
+
+void tst_ChannelFailures::noRequestTakesLongerThanTheChannelAllows()
+{
+    m_options.maxRequestTime = 50ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 10000));
+    nextRequest();
+    m_loop->advance(50ms);
+    QCOMPARE(caller.response()->status, quint16(260));
 }
 
 void tst_ChannelFailures::stopEndsAllRequests()

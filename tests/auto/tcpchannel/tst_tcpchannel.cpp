@@ -128,6 +128,7 @@ private Q_SLOTS:
     void longBodiesTravelWhole();
     void manyThreadsGetTheirOwnAnswers();
     void unreachableHostIsNamedInTheSentence();
+    void channelWithoutAnAddressIsNotInitialised();
     void lostConnectionIsMadeAnew();
     void connectionLostWhileARequestLeavesEndsIt();
     void connectionThatTheDeviceEndsIsToldSo();
@@ -223,6 +224,22 @@ void tst_TcpChannel::unreachableHostIsNamedInTheSentence()
         QStringLiteral("The device at 127.0.0.1:%1 cannot be reached: Connection refused.")
             .arg(port);
     QTRY_VERIFY(!channel->waitUntilReady(1, error) && error == sentence);
+}
+
+void tst_TcpChannel::channelWithoutAnAddressIsNotInitialised()
+{
+    const auto withoutHost = openTcpDeviceChannel({}, 6630);
+    const auto withoutPort = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), 0);
+    for (const auto &channel : {withoutHost, withoutPort}) {
+        QCOMPARE(channel->sendSyncRequest(request("body"))->status, quint16(257));
+        QVERIFY(!channel->isHardwareReadFinished());
+    }
+    QString error;
+    QVERIFY(!withoutHost->waitUntilReady(60000, error));
+    QCOMPARE(error, QStringLiteral("The device at :6630 cannot be reached: it has no address."));
+    withoutHost->reconnectNow();
+    withoutHost->stopChannel();
+    QCOMPARE(withoutHost->sendSyncRequest(request("body"))->status, quint16(257));
 }
 
 void tst_TcpChannel::lostConnectionIsMadeAnew()

@@ -11,7 +11,7 @@ namespace Tavoro::SSProxy {
 // clang-format off
 enum ChannelStatus : quint16 {
     // The local channel.
-    NotInitialized        = 257, ///< The channel was never opened. Not sent.
+    NotInitialized        = 257, ///< The channel was never opened, having no address. Not sent.
     Connecting            = 258, ///< Connecting, or the identity is not read yet. Not sent.
     Disconnected          = 259, ///< No connection: not sent. Or it was lost while the answer was awaited.
     RequestTimedOut       = 260, ///< Nothing of the answer came in the request's time.
@@ -27,7 +27,7 @@ enum ChannelStatus : quint16 {
     UnknownChecksumIndex  = 360, ///< A way of guarding the body that nobody defined.
     WrongChecksum         = 361, ///< Of the body; or of the head, and then the connection is closed.
     WrongType             = 362, ///< A kind of frame or a type of answer that is not what was due; an unreadable identity.
-    WrongLength           = 363, ///< A body, packet count or packet size outside the limits.
+    WrongLength           = 363, ///< A body, packet count or packet size outside the limits; another packet than the one asked for.
     DeviceSilent          = 364, ///< The device stopped answering keep-alives; the connection is closed.
     AnswerIncomplete      = 365, ///< The answer had begun to arrive when the request's time ended.
 };
