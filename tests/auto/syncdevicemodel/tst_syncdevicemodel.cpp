@@ -160,7 +160,13 @@ void tst_SyncDeviceModel::knownDeviceSpeaksAgainAfterAnException()
     channel->interfere = [] {
         throw std::runtime_error("out of memory");
     };
-    QVERIFY_EXCEPTION_THROWN(it.run(), std::runtime_error);
+    bool isThrown = false;
+    try {
+        it.run();
+    } catch (const std::runtime_error &) {
+        isThrown = true;
+    }
+    QVERIFY(isThrown);
     QVERIFY(!it.device.model->signalsBlocked());
 }
 
