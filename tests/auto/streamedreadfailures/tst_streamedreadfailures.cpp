@@ -1,3 +1,4 @@
+#include <markingtranslator.h>
 #include <streampath.h>
 
 #include <QtTest>
@@ -115,6 +116,7 @@ private Q_SLOTS:
     void nullRequestComesBeforeMissingDevice();
     void deviceThatIsGoneIsToldToTheCallback();
     void cancelledStateStaysUntilItIsCleared();
+    void reasonsAreTranslated();
 
     void changesInFlightOfTheOnlyPacketComeTooLate_data();
     void changesInFlightOfTheOnlyPacketComeTooLate();
@@ -219,6 +221,23 @@ void tst_StreamedReadFailures::cancelledStateStaysUntilItIsCleared()
     QVERIFY(path.device.channel->sent().empty());
     path.helper.setCancelledState(false);
     QVERIFY(path.stream(exportRequest()).ok);
+}
+
+void tst_StreamedReadFailures::reasonsAreTranslated()
+{
+    MarkingTranslator translator("Tavoro::Control::ControlHelper");
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    StreamPath path;
+    path.make(ControlIsLost);
+    QCOMPARE(path.stream(exportRequest()).lines.mid(1),
+             (QStringList{QStringLiteral(R"(warning: "<The device is controlled by others.>")"),
+                          streamedCall(false, 0, {},
+                                       QStringLiteral("<The device is controlled by others.>"))}));
+    path.make(IsCancelled);
+    QCOMPARE(path.stream(exportRequest()).lines,
+             (QStringList{
+                 QStringLiteral(R"(warning: "<Operation has been cancelled.>")"),
+                 streamedCall(false, 0, {}, QStringLiteral("<Operation has been cancelled.>"))}));
 }
 
 void tst_StreamedReadFailures::changesInFlightOfTheOnlyPacketComeTooLate_data()
