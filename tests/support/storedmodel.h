@@ -5,10 +5,12 @@
 #include <tavorobizmodel/devicelist.h>
 #include <tavorobizmodel/savedevicedatathread.h>
 
+#include <QEventLoop>
 #include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -70,9 +72,18 @@ public:
     /// Asks for a save and waits until it was done.
     void save(const std::shared_ptr<Device> &device) const
     {
-        const StoreSignals told;
+        QEventLoop waiting;
+        bool isSaved = false;
+        QObject::connect(list, &DeviceList::signalDeviceDataSaved, &waiting,
+                         [&](const auto &saved) {
+                             isSaved = isSaved || saved.lock() == device;
+                             if (isSaved)
+                                 waiting.quit();
+                         });
+        QTimer::singleShot(10000, &waiting, &QEventLoop::quit);
         list->saveDeviceDataThread()->saveDevicesInfor(device);
-        QTRY_VERIFY(told.saved.contains(device));
+        waiting.exec();
+        QVERIFY(isSaved);
     }
 
     DeviceList *const list = DeviceList::instance();

@@ -80,8 +80,18 @@ DeviceStore::Outcome DeviceStore::open(const QString &fileName, QString &error)
         return outcome(false, error);
     }
     return outcome(run(QStringLiteral("PRAGMA foreign_keys = ON"))
-                       && run(QStringLiteral("PRAGMA synchronous = EXTRA")) && checkFile(),
+                       && run(QStringLiteral("PRAGMA synchronous = EXTRA")) && checkFile()
+                       && checkWritable(),
                    error);
+}
+
+/// SQLite opens a file for reading only when it cannot have it otherwise; then no save would ever
+/// succeed.
+bool DeviceStore::checkWritable()
+{
+    return run(QStringLiteral("BEGIN"))
+        && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion))
+        && run(QStringLiteral("ROLLBACK"));
 }
 
 void DeviceStore::close()

@@ -66,6 +66,7 @@ private:
     bool prepare(QSqlQuery &query, const QString &statement);
     bool number(const QString &statement, int &value);
     bool checkFile();
+    bool checkWritable();
     bool makeTables();
     bool loadDevices(std::vector<std::shared_ptr<Device>> &devices);
     bool findOrAdd(const Device &device, qlonglong &id);

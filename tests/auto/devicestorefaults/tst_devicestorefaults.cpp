@@ -1,7 +1,5 @@
 #include "faultyvfs.h"
-#include "storedmodel.h"
-
-#include <tavorobizmodel/interface.h>
+#include "storedstates.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -10,50 +8,16 @@
 
 #include <cstdio>
 
-using namespace ModelRecords;
-using namespace Tavoro;
+using namespace StoredStates;
 
 namespace {
-
-/// A device in an old and a new state, which differ in every kind of row.
-std::shared_ptr<BizModel::Device> device(int state)
-{
-    auto made = ModelRecords::device();
-    const std::string name = state == 0 ? "old" : "new";
-    QString error;
-    s_DeviceDetail detail;
-    detail.general.name = name;
-    made->initModelData(detail, error);
-    // Long enough that a save writes many pages.
-    std::vector<s_InterfaceDetail> interfaces;
-    for (int slot = 0; slot < 20; ++slot)
-        interfaces.push_back(interface({slot, 0, 0}, name));
-    made->initModelData(interfaces, error);
-    made->initModelData(std::vector{file(0, state, std::string(20000, name[0]))}, error);
-    return made;
-}
-
-/// 0 or 1 as for device(); -1 when it is neither one nor the other.
-int stateOf(const BizModel::Device &device)
-{
-    const std::string name = device.deviceDetail().general.name;
-    const auto interfaces = device.interfaces();
-    for (const auto &interface : interfaces) {
-        if (interface.lock()->detail().general.name != name)
-            return -1;
-    }
-    const int state = name == "old" ? 0 : 1;
-    const bool isWhole = interfaces.size() == 20 && device.files().size() == 1
-        && !device.findFile(BizModel::Enum::File::Background, state).expired();
-    return isWhole ? state : -1;
-}
 
 /// What a child process does: saves the new state and is killed at the \a number-th operation.
 /// Prints the count of operations when it outlives that.
 int saveAsChild(const QString &fileName, FaultyVfs::Fault fault, int number)
 {
     StoredModel model(fileName);
-    const auto changed = device(1);
+    const auto changed = deviceIn(New);
     FaultyVfs::arm(fault, number);
     model.save(changed);
     std::printf("%d\n", FaultyVfs::operations());
@@ -84,13 +48,13 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
 {
     QFETCH(int, fault);
     const QTemporaryDir folder;
-    int last = 0;
+    int last = Old;
     int killed = 0;
     for (int number = 1;; ++number) {
         const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
         {
             const StoredModel model(file);
-            model.save(device(0));
+            model.save(deviceIn(Old));
         }
         QProcess child;
         child.start(
@@ -106,15 +70,15 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
         QCoreApplication::processEvents();
         QCOMPARE(told.setAside, QStringList());
         QVERIFY(model.onlyDevice());
-        const int state = stateOf(*model.onlyDevice());
-        QVERIFY2(state == 0 || state == 1, qPrintable(QString::number(number)));
+        const State state = stateOf(*model.onlyDevice());
+        QVERIFY2(state == Old || state == New, qPrintable(QString::number(number)));
         QVERIFY(state >= last); // once a save is complete, it is there at every later moment
         last = state;
         const int operations = child.readAllStandardOutput().trimmed().toInt();
         if (!isKilled && number > operations)
             break;
     }
-    QCOMPARE(last, 1);
+    QCOMPARE(last, int(New));
     QVERIFY(killed > 10);
 }
 
@@ -123,7 +87,7 @@ void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
     const QTemporaryDir folder;
     const StoredModel model(folder.filePath(QStringLiteral("devices.sqlite")), 20);
     const StoreSignals told;
-    const auto changed = device(1);
+    const auto changed = deviceIn(New);
     FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
     model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
     QTRY_VERIFY(told.failures.size() >= 2);
@@ -139,9 +103,9 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
     {
         const StoredModel model(file);
-        model.save(device(0));
+        model.save(deviceIn(Old));
         const StoreSignals told;
-        const auto changed = device(1);
+        const auto changed = deviceIn(New);
         FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 5);
         model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
         QTRY_COMPARE(told.failures.size(), 1);
@@ -149,7 +113,7 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     }
     FaultyVfs::arm(FaultyVfs::Fault::None, 0);
     const StoredModel model(file);
-    QCOMPARE(stateOf(*model.onlyDevice()), 0);
+    QCOMPARE(stateOf(*model.onlyDevice()), Old);
     model.list->saveDeviceDataThread()->setTemporaryStop(false);
 }
 
