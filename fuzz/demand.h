@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+/// Ends the run as a finding unless \a holds.
+inline void demand(bool holds, const char *sentence)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "Broken: %s\n", sentence);
+    std::abort();
+}

@@ -1,0 +1,75 @@
+// However the network cuts a stream into pieces, the same frames come out of it.
+//
+// Input: the size of the pieces, whether frames that follow get a valid checksum of the head, then
+// the stream.
+
+#include "demand.h"
+#include "input.h"
+
+#include <tavorossproxy/wire/frame.h>
+#include <tavorossproxy/wire/frameparser.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+using namespace Tavoro::SSProxy::Wire;
+
+namespace {
+
+constexpr std::uint32_t maxBodySize = 4096;
+
+struct Seen {
+    std::uint16_t status;
+    bool fatal;
+    std::string body;
+};
+
+bool operator==(const Seen &one, const Seen &other)
+{
+    return one.status == other.status && one.fatal == other.fatal && one.body == other.body;
+}
+
+std::vector<Seen> parsed(std::string_view stream, std::size_t pieceSize)
+{
+    FrameParser parser(maxBodySize);
+    std::vector<Seen> seen;
+    while (!stream.empty()) {
+        std::string_view piece = stream.substr(0, pieceSize);
+        stream.remove_prefix(piece.size());
+        while (auto event = parser.next(piece)) {
+            demand(event->body.size() <= maxBodySize, "no body is longer than the limit");
+            demand(event->status == 0 || event->body.empty(), "a wrong frame has no body");
+            seen.push_back({event->status, event->fatal, std::move(event->body)});
+        }
+        demand(piece.empty(), "without an event, all bytes are used up");
+    }
+    return seen;
+}
+
+/// The stream with the checksum of the first head made right, so that what stands behind it counts.
+std::string withValidHead(std::string_view stream)
+{
+    std::string mended(stream);
+    WireHead head;
+    if (mended.size() < sizeof head)
+        return mended;
+    std::memcpy(&head, mended.data(), sizeof head);
+    head.flag = frameFlag;
+    head.version = frameVersion;
+    head.headChecksum = headChecksum(head);
+    std::memcpy(mended.data(), &head, sizeof head);
+    return mended;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    Input input(data, size);
+    const std::size_t pieceSize = input.byte() + std::size_t(1);
+    const bool isMended = input.flag();
+    const std::string stream = isMended ? withValidHead(input.rest()) : std::string(input.rest());
+    demand(parsed(stream, stream.size()) == parsed(stream, pieceSize), "the pieces do not matter");
+    return 0;
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <tavorossproxy/channelloop_p.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+
+/// The channels' thread and clock inside the caller's own thread: while a request waits, what was
+/// posted runs, then the device acts, and when it has nothing left to do the time moves on.
+class ScriptedLoop final : public Tavoro::SSProxy::Internal::ChannelLoop,
+                           public Tavoro::SSProxy::Internal::Clock {
+public:
+    using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
+
+    /// \a act lets the device do its next thing; false when there is none.
+    explicit ScriptedLoop(std::function<bool()> act) : m_act(std::move(act)) { }
+
+    Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }
+    bool isCurrentThread() const override { return m_isRunning; }
+    bool post(std::function<void()> call) override
+    {
+        m_calls.push_back(std::move(call));
+        return true;
+    }
+    void postAt(TimePoint time, std::function<void()> call) override
+    {
+        m_timed.emplace(time, std::move(call));
+    }
+    void attach(std::shared_ptr<User> user) override { m_users.insert(std::move(user)); }
+    void detach(const User *user) override
+    {
+        for (auto it = m_users.begin(); it != m_users.end();)
+            it = it->get() == user ? m_users.erase(it) : std::next(it);
+    }
+
+    TimePoint now() const override { return m_now; }
+    void waitUntil(std::condition_variable &, std::unique_lock<std::mutex> &lock,
+                   TimePoint deadline) override
+    {
+        lock.unlock();
+        run();
+        if (!m_act())
+            advanceTo(std::min(deadline, nextTime(deadline)));
+        run();
+        lock.lock();
+    }
+
+    /// Runs what was posted until nothing is left.
+    void run()
+    {
+        m_isRunning = true;
+        while (!m_calls.empty()) {
+            const auto call = std::move(m_calls.front());
+            m_calls.pop_front();
+            call();
+        }
+        m_isRunning = false;
+    }
+
+    void advanceTo(TimePoint time)
+    {
+        while (!m_timed.empty() && m_timed.begin()->first <= time) {
+            auto next = m_timed.extract(m_timed.begin());
+            m_now = std::max(m_now, next.key());
+            m_calls.push_back(std::move(next.mapped()));
+            run();
+        }
+        m_now = std::max(m_now, time);
+    }
+
+private:
+    TimePoint nextTime(TimePoint otherwise) const
+    {
+        return m_timed.empty() ? otherwise : m_timed.begin()->first;
+    }
+
+    const std::function<bool()> m_act;
+    std::deque<std::function<void()>> m_calls;
+    std::multimap<TimePoint, std::function<void()>> m_timed;
+    std::set<std::shared_ptr<User>> m_users;
+    bool m_isRunning = false;
+    TimePoint m_now{std::chrono::hours(1)};
+};

@@ -1,0 +1,111 @@
+// Whatever a device answers, each operation of the library ends in true, or in false with its
+// reason on the status bar.
+//
+// Input: operations by their place in the table, and behind each the packets that the device
+// answers with.
+
+#include "demand.h"
+#include "input.h"
+
+#include <synchronised.h>
+
+#include <tavorocontrol/device.h>
+#include <tavorocontrol/file.h>
+#include <tavorocontrol/screen.h>
+
+#include <QLoggingCategory>
+
+#include <iterator>
+#include <string>
+#include <vector>
+
+using namespace Tavoro;
+
+namespace {
+
+constexpr int maxPackets = 64;
+constexpr int maxOperations = 8;
+
+using Operation = bool (*)(const std::shared_ptr<BizModel::Device> &device, QString &error);
+
+bool readDevice(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    return Control::Device(device).readDeviceDetails(error);
+}
+
+bool readScreens(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    std::vector<ProtoModel::Screen::s_ScreenFullDetail> screens;
+    return Control::Screen(device).readDetails(-1, 0, -1, screens, error);
+}
+
+bool readFile(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    std::string content;
+    return Control::File(device).readBinary(1, 2, content, error);
+}
+
+bool streamFile(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    return Control::File(device).readBinary(
+        1, 2, [&error](bool ok, double, const std::string &, QString &reason) {
+            if (!ok)
+                error = reason;
+        });
+}
+
+bool writeLongName(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    ProtoModel::Device::s_General general;
+    general.general.name.assign(4000, 'n');
+    return Control::Device(device).writeDeviceGeneral(general, error);
+}
+
+bool writeContent(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    return Control::File(device).importFileBinary({}, std::string(3000, 'c'), error);
+}
+
+bool synchronise(const std::shared_ptr<BizModel::Device> &device, QString &error)
+{
+    SyncTask task;
+    task.setDevice(Synchronised::ip(), Synchronised::mac(), Synchronised::sn());
+    task.run();
+    error = task.errorMsg();
+    return task.isSyncSucess();
+}
+
+constexpr Operation operations[] = {readDevice,    readScreens,  readFile,   streamFile,
+                                    writeLongName, writeContent, synchronise};
+
+ScriptedAnswer nextAnswer(Input &input)
+{
+    ScriptedAnswer answer;
+    const std::uint8_t flags = input.byte();
+    answer.null = (flags & 1) != 0;
+    answer.status = (flags & 2) != 0 ? input.number() : quint16(0);
+    answer.type = (flags & 4) != 0 ? input.byte() : quint8(0);
+    answer.totalCount = (flags & 8) != 0 ? input.byte() : 1u;
+    answer.sendCount = (flags & 16) != 0 ? input.byte() : 0u;
+    answer.body = std::string(input.text());
+    return answer;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    Synchronised it;
+    it.makeKnown();
+    Input input(data, size);
+    for (int i = 0; i < maxOperations && !input.isEmpty(); ++i) {
+        const Operation operation = operations[input.byte() % std::size(operations)];
+        for (int packets = input.byte() % maxPackets; packets > 0 && !input.isEmpty(); --packets)
+            it.device.channel->answer(nextAnswer(input));
+        QString error;
+        const bool ok = operation(it.device.model, error);
+        demand(!ok || error.isEmpty(), "a success gives no reason");
+    }
+    return 0;
+}
