@@ -103,8 +103,8 @@ std::vector<BareExchange> cut(qint64 length, int packetSize, Make make)
 {
     std::vector<BareExchange> exchanges;
     for (qint64 done = 0; done < length; done += packetSize)
-        exchanges.push_back(make(
-            headSize + static_cast<int>(std::min<qint64>(packetSize, length - done))));
+        exchanges.push_back(
+            make(headSize + static_cast<int>(std::min<qint64>(packetSize, length - done))));
     return exchanges;
 }
 

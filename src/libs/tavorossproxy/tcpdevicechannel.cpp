@@ -22,8 +22,8 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
     if (!host.isEmpty() && port != 0)
         stream = std::make_unique<Internal::TcpStream>(host, port);
     return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
-                                         std::move(stream),
-                                         Internal::ChannelThread::instance(), options, emitReport);
+                                         std::move(stream), Internal::ChannelThread::instance(),
+                                         options, emitReport);
 }
 
 } // namespace Tavoro::SSProxy
