@@ -1,30 +1,48 @@
 #pragma once
 
-#include "console.h"
-#include "session.h"
+#include "tool.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
+
 namespace Tavoro::Ctl {
 
-/// What the commands of the tool work with.
-struct Tool {
-    Console console;
-    Session session;
-    bool asJson = false; ///< "show" prints JSON in place of tables.
+/// An option that one command takes, with a value unless \c value is empty.
+struct OptionRow {
+    const char *name;
+    const char *value; ///< What stands for its value in the help.
+    const char *effect;
+};
+
+/// The options of one command, none of them by default.
+struct OptionRange {
+    constexpr OptionRange() = default;
+    template <std::size_t count>
+    constexpr OptionRange(const OptionRow (&rows)[count]) : first(rows), last(rows + count)
+    { }
+    const OptionRow *begin() const { return first; }
+    const OptionRow *end() const { return last; }
+
+    const OptionRow *first = nullptr;
+    const OptionRow *last = nullptr;
 };
 
 /// One command of the tool.
 struct CommandRow {
-    const char *name;
-    const char *usage; ///< The words behind the name.
+    const char *name; ///< One word or two.
+    const char *usage; ///< The words behind the name; those that may be left out in brackets.
     const char *effect;
-    ExitStatus (*run)(Tool &tool, const QStringList &words);
+    ExitStatus (*run)(Tool &tool, const Arguments &arguments);
+    OptionRange options = {};
 };
 
-/// The row of this name, null when there is none.
-const CommandRow *findCommand(const QString &name);
+/// The command that \a words begin with, null when there is none.
+const CommandRow *findCommand(const QStringList &words);
+
+/// Whether so many words may stand behind the command.
+bool takesWords(const CommandRow &command, int count);
 
 /// All commands with their usage, for people.
 QString commandHelp();

@@ -4,7 +4,11 @@
 
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
+
+#include <unistd.h> // isatty
 
 namespace Tavoro::Ctl {
 
@@ -44,25 +48,60 @@ void writeLog(QtMsgType level, const QMessageLogContext &context, const QString 
 
 } // namespace
 
-Console::Console()
+Console::Console(bool mayDraw) : m_draws(mayDraw && isatty(fileno(stderr)) != 0)
 {
     connect(BizModel::DeviceList::instance(), &BizModel::DeviceList::signalShowStatusBarMsg, this,
-            [this](BizModel::Enum::StatusBarMsgType, const QString &text) {
+            [this](BizModel::Enum::StatusBarMsgType type, const QString &text) {
+                const bool isFailure = type == BizModel::Enum::StatusBarFailure;
+                if (m_statusBar == StatusBar::Nothing
+                    || (m_statusBar == StatusBar::Failures && !isFailure))
+                    return;
                 m_lastShown = text;
+                wipe();
                 writeLine(stderr, text.toStdString());
             });
 }
 
+Console::~Console()
+{
+    wipe();
+}
+
 void Console::answer(const std::string &text)
 {
+    wipe();
     writeLine(stdout, text);
 }
 
 void Console::error(const QString &text)
 {
+    wipe();
     if (text != m_lastShown)
         writeLine(stderr, text.toStdString());
     m_lastShown.clear();
+}
+
+void Console::progress(int percent, const QString &text)
+{
+    if (m_draws)
+        QMetaObject::invokeMethod(this, [this, percent, text] { draw(percent, text); });
+}
+
+void Console::draw(int percent, const QString &text)
+{
+    constexpr int width = 30;
+    const int full = std::clamp(percent, 0, 100) * width / 100;
+    const QString bar = QString(full, QLatin1Char('#')) + QString(width - full, QLatin1Char('-'));
+    const QString line = QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(text);
+    std::fputs(qUtf8Printable(line), stderr);
+    std::fflush(stderr);
+    m_isDrawn = true;
+}
+
+void Console::wipe()
+{
+    if (std::exchange(m_isDrawn, false))
+        std::fputs("\r\x1b[K", stderr);
 }
 
 void setLogShown(bool shown)

@@ -1,5 +1,7 @@
 #include "recordargument.h"
 
+#include "jsondiff.h"
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -27,18 +29,6 @@ Fault placedAt(const QByteArray &text, int offset, const QString &words)
     const QByteArray before = text.left(offset);
     const QByteArray line = before.mid(before.lastIndexOf('\n') + 1);
     return placed(before.count('\n') + 1, QString::fromUtf8(line).size() + 1, words);
-}
-
-/// A JSON value as it stands in a text.
-QJsonValue valueOf(const QByteArray &text)
-{
-    return QJsonDocument::fromJson('[' + text + ']').array().at(0);
-}
-
-QString textOf(const QJsonValue &value)
-{
-    const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(list.mid(1, list.size() - 2));
 }
 
 bool isSame(const QJsonValue &typed, const QJsonValue &sent)
@@ -99,7 +89,7 @@ private:
         while (!takeIf('}')) {
             peek();
             const int start = m_offset;
-            const QString key = valueOf(takeScalar()).toString();
+            const QString key = jsonValue(takeScalar().toStdString()).toString();
             if (!sent.contains(key)) {
                 const QStringList keys = sent.keys();
                 return placedAt(m_text, start,
@@ -131,11 +121,11 @@ private:
     {
         const int start = m_offset;
         const QByteArray typed = takeScalar();
-        if (isSame(valueOf(typed), sent))
+        if (isSame(jsonValue(typed.toStdString()), sent))
             return {};
         return placedAt(
             m_text, start,
-            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), textOf(sent)));
+            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent)));
     }
 
     const QByteArray m_text;
@@ -181,8 +171,7 @@ Fault faultOfCodec(const std::string &error)
 
 Fault faultOfMeaning(const std::string &text, const std::string &sent)
 {
-    return MeaningCheck(QByteArray::fromStdString(text))
-        .compare(valueOf(QByteArray::fromStdString(sent)));
+    return MeaningCheck(QByteArray::fromStdString(text)).compare(jsonValue(sent));
 }
 
 } // namespace Tavoro::Ctl

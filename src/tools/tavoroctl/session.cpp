@@ -61,4 +61,13 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
     return connection.device;
 }
 
+std::shared_ptr<SSProxy::NetworkChannel> Session::channel(const BizModel::Device &device) const
+{
+    for (const auto &[place, connection] : m_connections) {
+        if (connection.device.get() == &device)
+            return connection.channel;
+    }
+    return nullptr;
+}
+
 } // namespace Tavoro::Ctl

@@ -40,6 +40,8 @@ public:
     /// The device at \a host. Null with a sentence that names the host in \a error when it cannot
     /// be reached.
     std::shared_ptr<BizModel::Device> device(const Host &host, QString &error);
+    /// The channel of a device that device() gave.
+    std::shared_ptr<SSProxy::NetworkChannel> channel(const BizModel::Device &device) const;
 
 private:
     struct Connection {

@@ -1,5 +1,6 @@
 #include "snapshot.h"
 
+#include "labels.h"
 #include "texttable.h"
 
 #include <tavorocontrol/device.h>
@@ -23,58 +24,6 @@ std::string encoded(const Record &record)
     std::string text;
     ajson::encodeRecord(record, text);
     return text;
-}
-
-QString textOf(const std::string &text)
-{
-    return QString::fromStdString(text);
-}
-
-QString number(qint64 value)
-{
-    return QString::number(value);
-}
-
-QString idOf(const s_InterfaceID &id)
-{
-    return QStringLiteral("%1.%2.%3").arg(id.slotId).arg(id.connectorId).arg(id.splitId);
-}
-
-QString idOf(const s_ScreenId &id)
-{
-    return QStringLiteral("%1 (type %2)").arg(id.screenId).arg(id.screenType);
-}
-
-QString rectangle(const ProtoModel::Screen::s_Rect &rect)
-{
-    return QStringLiteral("%1x%2 at %3,%4")
-        .arg(rect.width)
-        .arg(rect.height)
-        .arg(rect.x)
-        .arg(rect.y);
-}
-
-QString timingOf(const s_TimingDetailBody &timing)
-{
-    if (timing.horizontal.addTime == 0)
-        return QStringLiteral("no signal");
-    return QStringLiteral("%1x%2%3%4")
-        .arg(timing.horizontal.addTime)
-        .arg(timing.vertical.addTime)
-        .arg(timing.interlaced != 0 ? QLatin1Char('i') : QLatin1Char('p'))
-        .arg(timing.refresh);
-}
-
-QString sceneOf(qint32 sceneType)
-{
-    switch (sceneType) {
-    case 2:
-        return QStringLiteral("preview");
-    case 4:
-        return QStringLiteral("programme");
-    default:
-        return number(sceneType);
-    }
 }
 
 QString outputsOf(const ProtoModel::Screen::s_Mosaic &mosaic)
@@ -104,14 +53,9 @@ QString deviceTable(const ProtoModel::Device::s_DeviceDetail &device)
     return table.text();
 }
 
-QStringList headings(const char *words)
-{
-    return QString::fromLatin1(words).split(QLatin1Char(' '));
-}
-
 QString tableOf(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &interfaces)
 {
-    TextTable table(headings("INTERFACE TYPE NAME TIMING DEPTH HDCP"));
+    TextTable table("INTERFACE TYPE NAME TIMING DEPTH HDCP");
     for (const ProtoModel::Interface::s_InterfaceDetail &interface : interfaces)
         table.addRow({idOf(interface.interfaceId), number(interface.general.type),
                       textOf(interface.general.name), timingOf(interface.actualTiming),
@@ -122,7 +66,7 @@ QString tableOf(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &int
 
 QString tableOf(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &screens)
 {
-    TextTable table(headings("SCREEN NAME WINDOW FREEZE FTB T-BAR OUTPUTS"));
+    TextTable table("SCREEN NAME WINDOW FREEZE FTB T-BAR OUTPUTS");
     for (const ProtoModel::Screen::s_ScreenFullDetail &screen : screens)
         table.addRow({idOf(screen), textOf(screen.general.name), rectangle(screen.mosaic.window),
                       number(screen.freeze), number(screen.FTB.enable), number(screen.tbar.percent),
@@ -139,14 +83,13 @@ QString tableOf(std::vector<ProtoModel::Layer::s_LayerFullDetail> layers)
     };
     std::stable_sort(layers.begin(), layers.end(),
                      [&](const auto &a, const auto &b) { return placeOf(a) < placeOf(b); });
-    TextTable table(headings("LAYER SCREEN SCENE TYPE Z NAME SOURCE WINDOW OPACITY"));
+    TextTable table("LAYER SCREEN SCENE TYPE Z NAME SOURCE WINDOW OPACITY");
     for (const ProtoModel::Layer::s_LayerFullDetail &layer : layers) {
-        const ProtoModel::Layer::s_SourceGeneral &source = layer.source.general;
         table.addRow({number(layer.layerIdenti.layerId), idOf(layer.layerIdenti),
                       sceneOf(layer.layerIdenti.sceneType), number(layer.layerIdenti.layerType),
                       number(layer.zorder), textOf(layer.general.name),
-                      QStringLiteral("%1:%2").arg(source.type).arg(source.id),
-                      rectangle(layer.window), number(layer.opacity)});
+                      sourceOf(layer.source.general), rectangle(layer.window),
+                      number(layer.opacity)});
     }
     return table.text();
 }

@@ -8,6 +8,8 @@ namespace Tavoro::Ctl {
 
 QString TextTable::text() const
 {
+    if (m_rows.isEmpty())
+        return {};
     QVector<int> widths(m_rows.at(0).size(), 0);
     for (const QStringList &row : m_rows) {
         for (int i = 0; i < row.size(); ++i)

@@ -9,7 +9,12 @@ namespace Tavoro::Ctl {
 /// A table for a terminal: columns as wide as their widest cell, two blanks apart.
 class TextTable {
 public:
+    TextTable() = default;
     explicit TextTable(const QStringList &headings) : m_rows{headings} { }
+    /// One column per word of \a headings.
+    explicit TextTable(const char *headings)
+        : TextTable(QString::fromLatin1(headings).split(QLatin1Char(' ')))
+    { }
 
     void addRow(const QStringList &cells) { m_rows.append(cells); }
     QString text() const;

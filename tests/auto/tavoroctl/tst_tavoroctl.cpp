@@ -1,15 +1,14 @@
 // The tool as a process against a simulated device: what it prints where, and how it ends.
 
-#include <tavorosim/simulateddevice.h>
+#include <toolbench.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTcpServer>
 #include <QTest>
 
 using Tavoro::Sim::SimOptions;
-using Tavoro::Sim::SimulatedDevice;
+using Run = ToolRun;
 
 class tst_TavoroCtl : public QObject {
     Q_OBJECT
@@ -45,61 +44,26 @@ private Q_SLOTS:
     void helpAndVersion();
 
 private:
-    struct Run {
-        int exitCode = -1;
-        QByteArray output;
-        QByteArray errors;
-    };
     static Run run(const QByteArrayList &arguments, const QByteArray &input = {});
-    Run call(const QByteArrayList &words) const;
-    QByteArray host() const;
+    Run call(const QByteArrayList &words) const { return m_bench->run("call", words); }
+    QByteArray host() const { return m_bench->host(); }
 
-    std::unique_ptr<SimulatedDevice> m_device;
+    std::unique_ptr<ToolBench> m_bench;
 };
-
-namespace {
-
-void start(std::unique_ptr<SimulatedDevice> &device, const SimOptions &options)
-{
-    device = std::make_unique<SimulatedDevice>(options);
-    QString error;
-    QVERIFY2(device->start(error), qPrintable(error));
-}
-
-} // namespace
 
 void tst_TavoroCtl::init()
 {
-    start(m_device, {});
+    m_bench = std::make_unique<ToolBench>();
 }
 
 void tst_TavoroCtl::cleanup()
 {
-    m_device.reset();
+    m_bench.reset();
 }
 
-QByteArray tst_TavoroCtl::host() const
+Run tst_TavoroCtl::run(const QByteArrayList &arguments, const QByteArray &input)
 {
-    return "127.0.0.1:" + QByteArray::number(m_device->port());
-}
-
-tst_TavoroCtl::Run tst_TavoroCtl::run(const QByteArrayList &arguments, const QByteArray &input)
-{
-    QStringList words;
-    for (const QByteArray &argument : arguments)
-        words += QString::fromUtf8(argument);
-    QProcess process;
-    process.start(QStringLiteral(TAVOROCTL), words);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-tst_TavoroCtl::Run tst_TavoroCtl::call(const QByteArrayList &words) const
-{
-    return run(QByteArrayList{"call", host()} + words);
+    return ToolBench::run(arguments, input);
 }
 
 void tst_TavoroCtl::aWriteReachesTheDevice()
@@ -139,7 +103,7 @@ void tst_TavoroCtl::readsAndWritesGoInPackets()
 {
     SimOptions options;
     options.packetSize = 16;
-    start(m_device, options);
+    m_bench = std::make_unique<ToolBench>(options);
     const QByteArray groups = R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})";
     QCOMPARE(call({"Device.writeDeviceGroupInfo", groups}).exitCode, 0);
     QCOMPARE(call({"Device.readDeviceGroupInfo"}).output, groups + '\n');
@@ -170,7 +134,7 @@ void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
 void tst_TavoroCtl::anUnreachableHostIsNamed()
 {
     const QByteArray gone = host();
-    m_device.reset();
+    m_bench->device.reset();
     const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", "{}"});
     QVERIFY2(write.errors.contains(gone), write.errors.constData());
     QCOMPARE(write.errors.count('\n'), 1);
@@ -200,9 +164,9 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "there is no command \"dance\"; --help tells what there is";
     QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
     QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not what --timeout takes.";
-    QTest::newRow("no host")           << QByteArrayList{"call"}                         << "HOST[:PORT] is missing";
+    QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
-    QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "an operation is missing";
+    QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"} << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
     QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
     QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"} << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
@@ -211,7 +175,8 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, "{}", "{}"} << "Device.writeSwap, argument 2: \"{}\" is one too many";
     QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"} << "Screen.readDetails, argument 2: \"all\" is not a number";
     QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "there is no operation \"Device.swap\"";
-    QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes one HOST[:PORT]";
+    QTest::newRow("list of two")       << QByteArrayList{"list", "a", "b"}               << "list takes [OPERATION]";
+    QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes HOST[:PORT]";
     // clang-format on
 }
 
@@ -309,8 +274,8 @@ void tst_TavoroCtl::showPrintsTables()
     options.outputs = 2;
     options.screens = 1;
     options.layersPerScreen = 2;
-    start(m_device, options);
-    QVERIFY(m_device->execute(QStringLiteral("cable 1 1")).ok);
+    m_bench = std::make_unique<ToolBench>(options);
+    m_bench->console(QStringLiteral("cable 1 1"));
     const Run show = run({"show", host()});
     QCOMPARE(show.output, QByteArray(R"(DEVICE          Simulated device
 status          1
@@ -354,8 +319,8 @@ void tst_TavoroCtl::discoverListsWhoAnswers()
 {
     SimOptions options;
     options.discoveryPort = 0;
-    start(m_device, options);
-    const QByteArray target = "127.0.0.1:" + QByteArray::number(m_device->discoveryPort());
+    m_bench = std::make_unique<ToolBench>(options);
+    const QByteArray target = "127.0.0.1:" + QByteArray::number(m_bench->device->discoveryPort());
     const Run discover = run({"discover", target});
     QCOMPARE(discover.errors, QByteArray());
     QCOMPARE(discover.output, host().leftJustified(21) + "  53494D0000000001  Simulated device\n");

@@ -1,4 +1,4 @@
-#include "discover.h"
+#include "commandlist.h"
 
 #include <tavorocontrol/proto/hexdigits.h>
 #include <tavorossproxy/devicediscovery.h>
@@ -23,24 +23,19 @@ std::string lineOf(const ProtoModel::DeviceBaseInfo &device)
 
 } // namespace
 
-ExitStatus runDiscover(Tool &tool, const QStringList &words)
+ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
 {
     std::vector<SSProxy::DiscoveryTarget> targets;
-    for (const QString &word : words) {
+    for (const QString &word : arguments.words) {
         const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
-        if (!host) {
-            tool.console.error(QStringLiteral("tavoroctl: \"%1\" is not ADDRESS[:PORT]").arg(word));
-            return UsageError;
-        }
+        if (!host)
+            return refuse(tool, QStringLiteral("\"%1\" is not ADDRESS[:PORT]").arg(word));
         targets.push_back({host->name, host->port});
     }
     const auto devices = SSProxy::findDevices(listeningTime, 0, targets);
     for (const ProtoModel::DeviceBaseInfo &device : devices)
         tool.console.answer(lineOf(device));
-    if (!devices.empty())
-        return Done;
-    tool.console.error(QStringLiteral("No device has answered."));
-    return Failed;
+    return devices.empty() ? fail(tool, QStringLiteral("No device has answered.")) : Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tool.h"
+
+/// What the rows of the table of commands run. Each takes as many words as its row tells.
+namespace Tavoro::Ctl {
+
+ExitStatus runBatch(Tool &tool, const Arguments &arguments);
+ExitStatus runCall(Tool &tool, const Arguments &arguments);
+ExitStatus runDiscover(Tool &tool, const Arguments &arguments);
+ExitStatus runFiles(Tool &tool, const Arguments &arguments);
+ExitStatus runList(Tool &tool, const Arguments &arguments);
+ExitStatus runPresetApply(Tool &tool, const Arguments &arguments);
+ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);
+ExitStatus runPull(Tool &tool, const Arguments &arguments);
+ExitStatus runPush(Tool &tool, const Arguments &arguments);
+ExitStatus runReboot(Tool &tool, const Arguments &arguments);
+ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments);
+ExitStatus runShow(Tool &tool, const Arguments &arguments);
+ExitStatus runSync(Tool &tool, const Arguments &arguments);
+ExitStatus runUpgrade(Tool &tool, const Arguments &arguments);
+ExitStatus runVersion(Tool &tool, const Arguments &arguments);
+ExitStatus runWatch(Tool &tool, const Arguments &arguments);
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,48 @@
+#include "modelreader.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+
+#include <QEventLoop>
+
+#include <utility>
+
+namespace Tavoro::Ctl {
+
+ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
+    : m_console(console), m_list(nullptr)
+{
+    const auto *const model = BizModel::DeviceList::instance();
+    connect(model, &BizModel::DeviceList::signalShowStatusBarMsg, this,
+            [this](BizModel::Enum::StatusBarMsgType, const QString &text) {
+                m_lastRead = text;
+                m_console.progress(0, text);
+            });
+    connect(
+        model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
+        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastRead); });
+    connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
+            [ended = std::move(ended)](bool success) { ended(success); });
+}
+
+bool ModelReader::start(const std::shared_ptr<BizModel::Device> &device)
+{
+    QString error;
+    return m_list.readDeviceDetail(device, error);
+}
+
+std::shared_ptr<BizModel::Device> listedDevice(const BizModel::Device &device)
+{
+    return BizModel::DeviceList::instance()
+        ->findDevice(device.IPAddress(), device.MAC(), device.sn())
+        .lock();
+}
+
+bool readModel(Console &console, const std::shared_ptr<BizModel::Device> &device)
+{
+    QEventLoop loop;
+    ModelReader reader(console, [&](bool success) { loop.exit(success ? 1 : 0); });
+    return reader.start(device) && loop.exec() == 1;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,21 @@
+#include "commandlist.h"
+#include "snapshot.h"
+
+namespace Tavoro::Ctl {
+
+ExitStatus runShow(Tool &tool, const Arguments &arguments)
+{
+    tool.console.showStatusBar(StatusBar::Everything);
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    QString error;
+    Snapshot snapshot;
+    if (!snapshot.read(device, error))
+        return fail(tool, error);
+    tool.console.answer(tool.asJson ? snapshot.json() : snapshot.tables().trimmed().toStdString());
+    return Done;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,39 @@
+#include "tool.h"
+
+namespace Tavoro::Ctl {
+
+ExitStatus refuse(Tool &tool, const QString &fault)
+{
+    tool.console.error(QStringLiteral("tavoroctl: ") + fault);
+    return UsageError;
+}
+
+ExitStatus fail(Tool &tool, const QString &error)
+{
+    tool.console.error(error);
+    return Failed;
+}
+
+std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
+                                             ExitStatus &status)
+{
+    const std::optional<Host> host = parseHost(hostText);
+    if (!host) {
+        status = refuse(tool, QStringLiteral("\"%1\" is not HOST[:PORT]").arg(hostText));
+        return nullptr;
+    }
+    QString error;
+    auto device = tool.session.device(*host, error);
+    if (!device)
+        status = fail(tool, error);
+    return device;
+}
+
+bool readNumber(const QString &text, int most, int &number)
+{
+    bool ok = false;
+    number = text.toInt(&ok);
+    return ok && number >= 0 && number <= most;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "console.h"
+#include "session.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+namespace Tavoro::Ctl {
+
+/// What the commands of the tool work with.
+struct Tool {
+    Console console;
+    Session session;
+    bool asJson = false; ///< Commands that show something print JSON in place of tables.
+    int timeout = 5000; ///< Milliseconds that a device may be away.
+};
+
+/// What stands behind a command.
+struct Arguments {
+    QStringList words;
+    QMap<QString, QString> options; ///< By name; only those that were given.
+};
+
+/// Tells what is wrong with the command line.
+ExitStatus refuse(Tool &tool, const QString &fault);
+/// Tells why something failed.
+ExitStatus fail(Tool &tool, const QString &error);
+
+/// The device at HOST[:PORT], connected. Null when it cannot be had: that has then been told, and
+/// \a status is what the command ends with.
+std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
+                                             ExitStatus &status);
+
+/// Takes a number from 0 to \a most out of \a text. False when it is none.
+bool readNumber(const QString &text, int most, int &number);
+
+} // namespace Tavoro::Ctl
