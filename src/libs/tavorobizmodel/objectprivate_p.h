@@ -24,8 +24,8 @@ inline void liveOnApplicationThread(QObject &object)
 template <class Detail>
 class ObjectPrivate {
 public:
-    ObjectPrivate(QObject &object, const Detail &read, std::weak_ptr<Device> owner)
-        : device(std::move(owner)), m_detail(read)
+    ObjectPrivate(QObject &object, Detail read, std::weak_ptr<Device> owner)
+        : device(std::move(owner)), m_detail(std::move(read))
     {
         liveOnApplicationThread(object);
     }
