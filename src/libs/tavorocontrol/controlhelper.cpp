@@ -3,9 +3,12 @@
 #include "exchange_p.h"
 #include "packet_p.h"
 #include "streamedread_p.h"
+#include "writepath_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
+
+#include <algorithm>
 
 namespace Tavoro::Control {
 
@@ -16,10 +19,14 @@ using BizModel::DeviceList;
 
 using RequestPtr = std::shared_ptr<SSProxy::DeviceRequestCommand>;
 
-/// Packets that a body takes. A channel that names no limit takes it in one.
-quint32 packetCount(std::size_t size, quint32 limit)
+/// Makes room for \a more bytes. What was announced is believed up to eight times of what has come:
+/// a true announcement then saves most of the copying, and a false one costs little.
+void makeRoom(std::string &result, std::size_t more, std::size_t announced)
 {
-    return limit == 0 ? 1 : static_cast<quint32>((size + limit - 1) / limit);
+    const std::size_t needed = result.size() + more;
+    const std::size_t believed = std::min(announced, 8 * result.size());
+    if (needed > result.capacity() && needed <= believed)
+        result.reserve(believed);
 }
 
 /// Fetches the packets behind the first one and appends them to \a result.
@@ -29,44 +36,16 @@ bool readFurtherPackets(const Exchange &exchange, SSProxy::DeviceChannel &channe
                         const SSProxy::PacketHead &first, quint32 totalCount, std::string &result,
                         QString &error)
 {
+    const std::size_t announced = result.size() * totalCount;
     for (quint32 i = 1; i < totalCount; ++i) {
         const Reply reply = exchangePacket(channel, packetRequest(first, totalCount, i));
         if (reply.failure == Failure::Offline)
             return exchange.fail(reply.failure, reply.status, error);
         if (reply.failure != Failure::None)
             return exchange.fail(reply.failure, reply.status, error, {i, totalCount});
+        makeRoom(result, reply.response->body().size(), announced);
         result += reply.response->body();
         Q_EMIT DeviceList::instance()->signalReadDataFromHWProgressChanged((i + 1.0) / totalCount);
-    }
-    return true;
-}
-
-bool writeOnePacket(const Exchange &exchange, SSProxy::DeviceChannel &channel, RequestPtr request,
-                    QString &error)
-{
-    const Reply reply = exchangePacket(channel, std::move(request));
-    if (reply.failure == Failure::Status)
-        return exchange.failWrite(reply.status, error);
-    return reply.failure == Failure::None || exchange.fail(reply.failure, reply.status, error);
-}
-
-/// Cuts the body into pieces of \a limit bytes. The caller's request itself is never sent.
-bool writeManyPackets(const Exchange &exchange, SSProxy::DeviceChannel &channel,
-                      const SSProxy::DeviceRequestCommand &whole, quint32 count, quint32 limit,
-                      QString &error)
-{
-    for (quint32 i = 0; i < count; ++i) {
-        const auto request = packetRequest(whole.head(), count, i);
-        request->body() = whole.body().substr(std::size_t(i) * limit, limit);
-        const Reply reply = exchangePacket(channel, request);
-        const PacketCount packet{i + 1, count};
-        if (reply.failure == Failure::Status)
-            return exchange.failSplitWrite(reply.status, error, packet);
-        if (reply.failure == Failure::Offline)
-            return exchange.fail(reply.failure, reply.status, error);
-        if (reply.failure != Failure::None)
-            return exchange.fail(reply.failure, reply.status, error, packet);
-        Q_EMIT DeviceList::instance()->signalSendData2HWProgressChanged((i + 1.0) / count);
     }
     return true;
 }
@@ -116,20 +95,7 @@ bool ControlHelper::sendSyncRequest(std::weak_ptr<BizModel::Device> device, Requ
 {
     if (!request)
         return refuseMissingRequest(error);
-    Exchange exchange(Verb::Set, *request);
-    Route route;
-    if (!openRoute(exchange, device, *request, error, route))
-        return false;
-    if (!route.channel)
-        return true; // Kept: a device that exists only in the model takes every write, and nothing
-                     // is said of it.
-
-    const quint32 limit = route.channel->deviceBaseInfo().maxPacketSize;
-    const quint32 count = packetCount(request->body().size(), limit);
-    const bool written = count < 2
-        ? writeOnePacket(exchange, *route.channel, request, error)
-        : writeManyPackets(exchange, *route.channel, *request, count, limit, error);
-    return written && exchange.succeedWrite(showSuccess);
+    return sendWrite(device, request, request->body(), error, showSuccess);
 }
 
 bool ControlHelper::sendSyncRequest(

@@ -1,6 +1,7 @@
 #include <tavorocontrol/file.h>
 
 #include "operation_p.h"
+#include "writepath_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -75,8 +76,7 @@ bool File::importFileBinary(const ProtoModel::s_FileIdentity &file, const std::s
 {
     const auto request =
         fileRequest(CommandType::BinaryWrite, Command::FileImport, file.fileType, file.fileId);
-    request->body() = content;
-    return m_helper->sendSyncRequest(m_device, request, error, true);
+    return sendWrite(m_device, request, content, error, true);
 }
 
 bool File::writeFileBinary(const std::string &content, BizModel::Enum::File::FileType fileType,
@@ -87,8 +87,7 @@ bool File::writeFileBinary(const std::string &content, BizModel::Enum::File::Fil
         fileRequest(CommandType::BinaryWrite, Command::FileImport, fileType, fileId);
     request->head().totalCount = totalCount;
     request->head().sendCount = packetIndex;
-    request->body() = content;
-    return m_helper->sendSyncRequest(m_device, request, error, showMessage);
+    return sendWrite(m_device, request, content, error, showMessage);
 }
 
 bool File::readDetails(int fileType, int fileId, List<s_FileDetail> &files, QString &error)
