@@ -4,10 +4,15 @@
 
 #include <algorithm>
 #include <atomic>
+#include <thread>
 
 namespace Tavoro::SSProxy::Internal {
 
 namespace {
+
+/// How long a caller looks out for its answer before it goes to sleep. To be woken takes as long as
+/// a near device takes to answer.
+constexpr std::chrono::microseconds lookout(200);
 
 /// Streams from here on belong to calling threads, those below to single requests.
 constexpr quint16 firstThreadStream = 0x8000;
@@ -115,14 +120,31 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
                                                             Clock::TimePoint deadline)
 {
+    const auto start = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[request.lables];
+    if (m_answersQuickly)
+        lookOut(lock, slot, deadline);
     while (slot.state != State::Settled && m_clock.now() < deadline)
         m_clock.waitUntil(slot.settled, lock, deadline);
+    m_answersQuickly = std::chrono::steady_clock::now() - start < lookout;
     if (slot.state != State::Settled)
         return giveUp(request.lables);
     slot.state = State::Free;
     return std::move(slot.response);
+}
+
+/// Called with the mutex held by \a lock. Whoever else has something to do is let go first.
+void ExchangeTable::lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                            Clock::TimePoint deadline) const
+{
+    const auto end = std::chrono::steady_clock::now() + lookout;
+    while (slot.state != State::Settled && std::chrono::steady_clock::now() < end
+           && m_clock.now() < deadline) {
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+    }
 }
 
 std::optional<QByteArray> ExchangeTable::takeUnsent()

@@ -97,6 +97,8 @@ private:
 
     quint8 freeTag();
     quint16 freshStream(const Wire::WireHead &head);
+    void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                 Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
 
@@ -107,6 +109,7 @@ private:
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
     int m_owed = 0;
+    bool m_answersQuickly = true; ///< The last answer came within the lookout.
     Counts m_counts;
     std::deque<quint8> m_unsent; ///< Tags in the state Unsent, in their order.
     std::array<Slot, 256> m_slots; ///< By tag; 0 is never given.
