@@ -33,8 +33,7 @@ WireHead headOf(const QByteArray &frame)
 QByteArray withHead(QByteArray frame, WireHead head)
 {
     head.headChecksum = SSProxy::Wire::headChecksum(head);
-    std::memcpy(frame.data(), static_cast<const void *>(&head), sizeof head);
-    return frame;
+    return frame.replace(0, sizeof head, reinterpret_cast<const char *>(&head), sizeof head);
 }
 
 void refuse(const FaultedRequest &request, Delivery &delivery)

@@ -1,5 +1,6 @@
 #include "packetdesk.h"
 
+#include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <algorithm>
@@ -30,16 +31,16 @@ bool areOfOneExchange(const WireHead &a, const WireHead &b)
 }
 
 template <class Streams>
-auto findStream(Streams &streams, const WireHead &head)
+auto findStream(Streams &streams, quint16 number)
 {
     return std::find_if(streams.begin(), streams.end(),
-                        [&](const auto &stream) { return stream.first.stream == head.stream; });
+                        [&](const auto &stream) { return stream.first.stream == number; });
 }
 
 template <class Streams>
 void forgetStream(Streams &streams, const WireHead &head)
 {
-    const auto stream = findStream(streams, head);
+    const auto stream = findStream(streams, head.stream);
     if (stream != streams.end())
         streams.erase(stream);
 }
@@ -90,14 +91,16 @@ PacketDesk::Packet PacketDesk::answerWhole(const WireHead &head, std::string bod
     if (length > m_packetSize)
         stream.totalCount = static_cast<quint32>((length + m_packetSize - 1) / m_packetSize);
     Packet first = piece(head, stream, 0);
-    if (stream.totalCount > 1)
+    if (stream.totalCount > 1) {
         keepStream(m_answers, std::move(stream));
+        m_handedOut = head.stream;
+    }
     return first;
 }
 
 PacketDesk::Packet PacketDesk::collect(const WireHead &head, std::string body)
 {
-    auto stream = findStream(m_writes, head);
+    auto stream = findStream(m_writes, head.stream);
     if (head.sendCount == 0) {
         forgetStream(m_writes, head);
         keepStream(m_writes, Stream{head, 1, head.totalCount, std::move(body), nullptr});
@@ -124,25 +127,44 @@ PacketDesk::Packet PacketDesk::collect(const WireHead &head, std::string body)
 
 PacketDesk::Packet PacketDesk::handOut(const WireHead &head)
 {
-    const auto stream = findStream(m_answers, head);
+    const auto stream = findStream(m_answers, head.stream);
     if (stream == m_answers.end() || !areOfOneExchange(head, stream->first))
         return emptyAnswer(head, DeviceStatus::NoSuchStream);
     if (head.sendCount != stream->next || head.totalCount != stream->totalCount)
         return emptyAnswer(head, DeviceStatus::WrongPacket);
     Packet packet = piece(head, *stream, stream->next);
+    m_handedOut = head.stream;
     if (++stream->next == stream->totalCount)
         m_answers.erase(stream);
     return packet;
 }
 
-PacketDesk::Packet PacketDesk::piece(const WireHead &request, const Stream &stream,
-                                     quint32 index) const
+PacketDesk::Packet PacketDesk::piece(const WireHead &request, Stream &stream, quint32 index) const
 {
-    Packet packet{SSProxy::Wire::responseHead(request),
-                  cut(stream, std::size_t{index} * m_packetSize)};
+    Packet packet{SSProxy::Wire::responseHead(request), {}};
     packet.head.totalCount = stream.totalCount;
     packet.head.sendCount = index;
+    if (stream.ahead) {
+        packet.body = std::move(stream.ahead->body);
+        packet.checksum = stream.ahead->checksum;
+        stream.ahead.reset();
+    } else {
+        packet.body = cut(stream, std::size_t{index} * m_packetSize);
+    }
     return packet;
+}
+
+void PacketDesk::readAhead()
+{
+    if (!m_handedOut)
+        return;
+    const auto stream = findStream(m_answers, *m_handedOut);
+    m_handedOut.reset();
+    if (stream == m_answers.end() || !stream->content || stream->ahead)
+        return;
+    std::string body = cut(*stream, std::size_t{stream->next} * m_packetSize);
+    const quint32 checksum = SSProxy::Wire::crc32(body);
+    stream->ahead = Piece{std::move(body), checksum};
 }
 
 std::size_t PacketDesk::lengthOf(const Stream &stream) const

@@ -3,10 +3,13 @@
 #include "simlog.h"
 #include "simoptions.h"
 
+#include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <QTcpSocket>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace Tavoro::Sim {
 
@@ -43,6 +46,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, std::string 
       m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
       m_latency(options.latencyMilliseconds),
       m_identity(std::move(identity)),
+      m_received(readSize),
       m_parser(longestBody),
       m_desk(options.packetSize, std::move(carryOut)),
       m_faults(faults)
@@ -94,13 +98,17 @@ void SimClient::readFrames()
 {
     while (m_isReading && !m_isEnding && m_socket->bytesAvailable() > 0
            && m_socket->bytesToWrite() <= mostUnread) {
-        const QByteArray bytes = m_socket->read(readSize);
-        std::string_view rest(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        const qint64 count = m_socket->read(m_received.data(), readSize);
+        std::string_view rest(m_received.data(),
+                              static_cast<std::size_t>(std::max(count, qint64{0})));
         while (auto event = m_parser.next(rest)) {
             if (!m_isEnding)
                 take(std::move(*event));
         }
     }
+    // Now, not when the event loop comes round to it; then there is time to look ahead.
+    m_socket->flush();
+    m_desk.readAhead();
 }
 
 void SimClient::take(FrameEvent event)
@@ -131,7 +139,10 @@ void SimClient::answerRequest(FrameEvent event)
 {
     if (m_faults.isIdle()) {
         const PacketDesk::Packet answer = makeAnswer(std::move(event));
-        return sendLater(SSProxy::Wire::encodeFrame(answer.head, answer.body), m_latency);
+        const quint32 checksum =
+            answer.checksum ? *answer.checksum : SSProxy::Wire::crc32(answer.body);
+        SSProxy::Wire::encodeFrame(answer.head, answer.body, checksum, m_frame);
+        return sendLater(m_frame, m_latency);
     }
     const WireHead request = event.head;
     const auto answerTo = [&](const WireHead &head) {
@@ -198,15 +209,14 @@ void SimClient::stopReading(int milliseconds)
         QTimer::singleShot(milliseconds, Qt::PreciseTimer, this, &SimClient::readOn);
 }
 
-void SimClient::sendLater(QByteArray frame, int delay)
+void SimClient::sendLater(const QByteArray &frame, int delay)
 {
     if (delay == 0) {
         m_socket->write(frame);
         return;
     }
     // Precise timers of one length fire in the order in which they were started.
-    QTimer::singleShot(delay, Qt::PreciseTimer, this,
-                       [this, frame = std::move(frame)] { m_socket->write(frame); });
+    QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, frame] { m_socket->write(frame); });
 }
 
 void SimClient::log(const WireHead &request, const std::string &body,

@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QTcpSocket;
@@ -52,7 +53,7 @@ private:
     void carryOut(const Delivery &delivery);
     void endLater(int delay);
     void stopReading(int milliseconds);
-    void sendLater(QByteArray frame, int delay);
+    void sendLater(const QByteArray &frame, int delay);
     void log(const SSProxy::Wire::WireHead &request, const std::string &body,
              const PacketDesk::Packet &answer) const;
 
@@ -65,6 +66,8 @@ private:
     const QString m_peer;
     const int m_latency;
     const std::string m_identity;
+    std::vector<char> m_received; ///< What was read last.
+    QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
     SSProxy::Wire::FrameParser m_parser;
     PacketDesk m_desk;
     FaultyAnswers m_faults;

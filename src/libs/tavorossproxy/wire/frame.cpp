@@ -11,6 +11,17 @@ std::string_view bytesOf(const WireHead &head)
     return {reinterpret_cast<const char *>(&head), sizeof head};
 }
 
+WireHead sealed(WireHead head, std::string_view body, quint32 bodyChecksum)
+{
+    head.flag = frameFlag;
+    head.version = frameVersion;
+    head.bodyLength = static_cast<quint32>(body.size());
+    head.checksumIndex = static_cast<quint8>(ChecksumIndex::Crc32);
+    head.bodyChecksum = bodyChecksum;
+    head.headChecksum = headChecksum(head);
+    return head;
+}
+
 } // namespace
 
 quint16 headChecksum(WireHead head)
@@ -21,23 +32,24 @@ quint16 headChecksum(WireHead head)
 
 WireHead sealed(WireHead head, std::string_view body)
 {
-    head.flag = frameFlag;
-    head.version = frameVersion;
-    head.bodyLength = static_cast<quint32>(body.size());
-    head.checksumIndex = static_cast<quint8>(ChecksumIndex::Crc32);
-    head.bodyChecksum = crc32(body);
-    head.headChecksum = headChecksum(head);
-    return head;
+    return sealed(head, body, crc32(body));
 }
 
 QByteArray encodeFrame(const WireHead &head, std::string_view body)
 {
-    const WireHead wire = sealed(head, body);
     QByteArray frame;
+    encodeFrame(head, body, crc32(body), frame);
+    return frame;
+}
+
+void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
+                 QByteArray &frame)
+{
+    const WireHead wire = sealed(head, body, bodyChecksum);
+    frame.resize(0);
     frame.reserve(static_cast<int>(sizeof wire + body.size()));
     frame.append(bytesOf(wire).data(), static_cast<int>(sizeof wire));
     frame.append(body.data(), static_cast<int>(body.size()));
-    return frame;
 }
 
 QByteArray encodeLinkFrame(FrameKind kind, quint8 lables)

@@ -13,6 +13,9 @@ WireHead sealed(WireHead head, std::string_view body);
 
 /// Head and body as the bytes that travel.
 QByteArray encodeFrame(const WireHead &head, std::string_view body = {});
+/// The same into \a frame, whose storage serves again, with a checksum that is known.
+void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
+                 QByteArray &frame);
 
 /// A frame of the connection itself: identity request, ping or pong. The tag of a ping comes back
 /// in its pong.
