@@ -24,6 +24,8 @@ struct Reason {
 constexpr Reason cancelled{"Operation has been cancelled.", WarningWithDevice};
 constexpr Reason controlled{"The device is controlled by others.", BareWarning};
 constexpr Reason offline{"The device is offline"};
+constexpr Reason underControl{"The current device is already under control"};
+constexpr Reason badRegister{"protocol error: Invalid register address"};
 constexpr Reason noObject{"invalid response command model data"};
 
 /// When a change comes: before the call, or while the packet with this index is in flight.
@@ -63,12 +65,12 @@ const FailureRow failureRows[] = {
     {"second: cancel before status",         IsCancelled,   1,             {one(), refusal(9)},          1,  third,     cancelled},
     {"second: cancel before no response",    IsCancelled,   1,             {one(), noResponse()},        1,  third,     cancelled},
     {"no response to the second packet",     Nothing,       beforeTheCall, {one(), noResponse()},        1,  third,     noObject, 1},
-    {"second packet refused",                Nothing,       beforeTheCall, {one(), refusal(67)},         1,  third,     {"The current device is already under control"}, 1},
+    {"second packet refused",                Nothing,       beforeTheCall, {one(), refusal(67)},         1,  third,     underControl, 1},
     {"offline behind the second packet",     GoesOffline,   1,             {one(), two()},               2,  twoThirds, offline},
     {"control lost in the last packet",      ControlIsLost, 2,             {one(), two(), three()},      2,  twoThirds, controlled},
     {"cancelled in the last packet",         IsCancelled,   2,             {one(), two(), three()},      2,  twoThirds, cancelled},
     {"no response to the last packet",       Nothing,       beforeTheCall, {one(), two(), noResponse()}, 2,  twoThirds, noObject, 2},
-    {"last packet refused",                  Nothing,       beforeTheCall, {one(), two(), refusal(357)}, 2,  twoThirds, {"protocol error: Invalid register address"}, 2},
+    {"last packet refused",                  Nothing,       beforeTheCall, {one(), two(), refusal(357)}, 2,  twoThirds, badRegister, 2},
 };
 // clang-format on
 

@@ -167,13 +167,18 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
-    QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"} << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
+    QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"}
+        << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
     QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
-    QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"} << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
-    QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"} << "Device.writeSwap, argument 1: line 1, column 1: an object is due here, {...}, not a list";
-    QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"} << "Device.writeSwap, argument 1: line 1, column 2: \"swop\" is none of the keys here: swap";
+    QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"}
+        << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
+    QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"}
+        << "Device.writeSwap, argument 1: line 1, column 1: an object is due here, {...}, not a list";
+    QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"}
+        << "Device.writeSwap, argument 1: line 1, column 2: \"swop\" is none of the keys here: swap";
     QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, "{}", "{}"} << "Device.writeSwap, argument 2: \"{}\" is one too many";
-    QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"} << "Screen.readDetails, argument 2: \"all\" is not a number";
+    QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"}
+        << "Screen.readDetails, argument 2: \"all\" is not a number";
     QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "there is no operation \"Device.swap\"";
     QTest::newRow("list of two")       << QByteArrayList{"list", "a", "b"}               << "list takes [OPERATION]";
     QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes HOST[:PORT]";

@@ -101,7 +101,8 @@ void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
     // clang-format off
     QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: a list is due here, [...], not an object";
     QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0";
-    QTest::newRow("negative id")     << R"([{"screenId":-1}])"               << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
+    QTest::newRow("negative id")     << R"([{"screenId":-1}])"
+        << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
     QTest::newRow("cut by an empty object") << R"([{"layout":{},"screenId":3}])" << "line 1, column 24: read object must start with {!";
     // clang-format on
 }

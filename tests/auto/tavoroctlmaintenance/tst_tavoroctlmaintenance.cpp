@@ -291,10 +291,13 @@ void tst_TavoroCtlMaintenance::wrongUsageEndsWithTwo_data()
     QTest::addColumn<QString>("words");
     const QByteArray host = "nowhere.invalid";
     // clang-format off
-    QTest::newRow("half a name")   << QByteArrayList{"preset", host, "1"}                                  << "there is no command \"preset\"; --help tells what there is";
+    QTest::newRow("half a name")   << QByteArrayList{"preset", host, "1"}
+        << "there is no command \"preset\"; --help tells what there is";
     QTest::newRow("no preset")     << QByteArrayList{"preset", "save", host}                               << "preset save takes HOST[:PORT] ID [SCREEN ...]";
-    QTest::newRow("bad preset")    << QByteArrayList{"preset", "apply", host, "first"}                     << "\"first\" is no number of a file, which is 0 to 254";
-    QTest::newRow("bad screen")    << QByteArrayList{"preset", "save", host, "1", "256"}                   << "\"256\" is no number of a screen, which is 0 to 255";
+    QTest::newRow("bad preset")    << QByteArrayList{"preset", "apply", host, "first"}
+        << "\"first\" is no number of a file, which is 0 to 254";
+    QTest::newRow("bad screen")    << QByteArrayList{"preset", "save", host, "1", "256"}
+        << "\"256\" is no number of a screen, which is 0 to 255";
     QTest::newRow("bad way")       << QByteArrayList{"preset", "apply", host, "1", "--apply-type", "soft"} << "\"soft\" is not a number";
     QTest::newRow("no package")    << QByteArrayList{"upgrade", host}                                      << "upgrade takes HOST[:PORT] PACKAGE";
     QTest::newRow("bad host")      << QByteArrayList{"reboot", "a:b:c"}                                    << "\"a:b:c\" is not HOST[:PORT]";

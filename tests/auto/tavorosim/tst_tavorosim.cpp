@@ -360,9 +360,11 @@ void tst_TavoroSim::consoleCommandsMakeReports_data()
     QTest::newRow("genlock") << "genlock 0"               << 0x1105 << R"({"genlockSignal":{"extSignalIn":0,"status":0}})";
     QTest::newRow("card")    << "card 2 0"                << 0x1102 << R"({"subcards":[{"slotId":2,"modelId":30480,"boardId":0,"cardType":1,"online":0,)";
     QTest::newRow("group")   << "group 9 West"            << 0x110A << R"({"groupInfos":[{"groupName":"West","groupId":"9"}]})";
-    QTest::newRow("cable")   << "cable 1 2"               << 0x1204 << R"([{"slotId":1,"connectorId":2,"splitId":0,"actualTiming":{"interlaced":0,"refresh":0,)";
+    QTest::newRow("cable")   << "cable 1 2"               << 0x1204
+        << R"([{"slotId":1,"connectorId":2,"splitId":0,"actualTiming":{"interlaced":0,"refresh":0,)";
     QTest::newRow("timing")  << "timing 1 2 1280 720 50"  << 0x1204 << R"("refresh":50,"compatMode":0,"horizontal":{"addTime":1280,)";
-    QTest::newRow("depth")   << "depth 1 2 12"            << 0x1209 << R"([{"slotId":1,"connectorId":2,"splitId":0,"colorDepths":{"actualColorDepth":12,"presetColorDepth":255}}])";
+    QTest::newRow("depth")   << "depth 1 2 12"            << 0x1209
+        << R"([{"slotId":1,"connectorId":2,"splitId":0,"colorDepths":{"actualColorDepth":12,"presetColorDepth":255}}])";
     // clang-format on
 }
 

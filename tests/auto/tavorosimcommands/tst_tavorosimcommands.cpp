@@ -165,10 +165,12 @@ void tst_TavoroSimCommands::writesAreReadBack_data()
     // clang-format off
     row(0x1101, R"({"general":{"name":"East","status":5}})",        device, whole, "general",               R"({"name":"East","status":1})");
     row(0x1102, R"({"subcards":[{"slotId":1,"connectors":[{"id":2,"workMode":3,"capacityMode":2,"copyId":9}]}]})",
-                                                                    device, whole, "subcards.0.connectors.1", R"({"capacityMode":2,"copyId":9,"id":2,"type":1,"workMode":3})");
+                                                                    device, whole, "subcards.0.connectors.1",
+        R"({"capacityMode":2,"copyId":9,"id":2,"type":1,"workMode":3})");
     row(0x1104, R"({"genlock":{"type":2,"interfaceId":65792}})",    device, whole, "genlock",               R"({"interfaceId":65792,"type":2})");
     row(0x1106, R"({"networks":[{"index":0,"MAC":"no","dhcp":1,"ip":"10.0.0.2","subnetMask":"255.0.0.0","gateway":"10.0.0.1"}]})",
-                                                                    device, whole, "networks.0",            R"({"MAC":"02:00:5E:10:00:01","dhcp":1,"gateway":"10.0.0.1","index":0,"ip":"10.0.0.2","subnetMask":"255.0.0.0"})");
+                                                                    device, whole, "networks.0",
+        R"({"MAC":"02:00:5E:10:00:01","dhcp":1,"gateway":"10.0.0.1","index":0,"ip":"10.0.0.2","subnetMask":"255.0.0.0"})");
     row(0x1107, R"({"swap":0})",                                    device, whole, "swap",                  "0");
     row(0x1108, R"({"general":{"type":2},"testPattern":{"enable":1,"grid":8}})",
                                                                     0x1108, whole, "testPattern.grid",      "8");
@@ -181,7 +183,8 @@ void tst_TavoroSimCommands::writesAreReadBack_data()
     row(0x110D, R"({"zeLKEnable":1})",                              device, whole, "zeLKEnable",            "1");
     row(0x110E, R"({"presetApplyType":1})",                         device, whole, "presetApplyType",       "1");
 
-    row(0x1201, onInput(R"("general":{"name":"Cam","nameGB2312":"Cam","type":2})"), interface, inputs, "0.general", R"({"name":"Cam","nameGB2312":"Cam","type":1})");
+    row(0x1201, onInput(R"("general":{"name":"Cam","nameGB2312":"Cam","type":2})"), interface, inputs, "0.general",
+        R"({"name":"Cam","nameGB2312":"Cam","type":1})");
     row(0x1202, onOutput(R"("testPattern":{"enable":1,"type":3})"), interface, outputs, "0.testPattern.type", "3");
     row(0x1203, onOutput(R"("presetTiming":{"refresh":50})"),       interface, outputs, "0.presetTiming.refresh", "50");
     row(0x1203, onOutput(R"("presetTiming":{"refresh":50})"),       interface, outputs, "0.actualTiming.refresh", "50");
@@ -189,7 +192,8 @@ void tst_TavoroSimCommands::writesAreReadBack_data()
     row(0x1206, onInput(R"("crop":{"enable":1,"xRatio":5000})"),    interface, inputs,  "0.crop.xRatio", "5000");
     row(0x1207, onInput(R"("cutoutGeneral":{"enable":1})"),         interface, inputs,  "0.cutoutGeneral.enable", "1");
     row(0x1208, onOutput(R"("hdcp":{"enable":1,"presetType":2})"),  interface, outputs, "0.HDCP", R"({"actualType":2,"enable":1,"presetType":2})");
-    row(0x1209, onOutput(R"("colorDepths":{"actualColorDepth":7,"presetColorDepth":10})"), interface, outputs, "0.colorDepths", R"({"actualColorDepth":10,"presetColorDepth":10})");
+    row(0x1209, onOutput(R"("colorDepths":{"actualColorDepth":7,"presetColorDepth":10})"), interface, outputs, "0.colorDepths",
+        R"({"actualColorDepth":10,"presetColorDepth":10})");
     row(0x1209, onOutput(R"("colorDepths":{"presetColorDepth":255})"), interface, outputs, "0.colorDepths", R"({"actualColorDepth":8,"presetColorDepth":255})");
     row(0x120A, onOutput(R"("colorSpaces":{"presetColorSpace":2})"), interface, outputs, "0.colorSpaces", R"({"actualColorSpace":2,"presetColorSpace":2})");
     row(0x120B, onOutput(R"("colorRanges":{"presetColorRange":1})"), interface, outputs, "0.colorRanges", R"({"actualColorRange":1,"presetColorRange":1})");
@@ -201,7 +205,8 @@ void tst_TavoroSimCommands::writesAreReadBack_data()
     row(0x1302, onScreen(R"("general":{"name":"Hall","index":3})"), screen, screen1, "0.general", R"({"index":3,"name":"Hall","nameGB2312":"N/A"})");
     row(0x1303, onScreen(R"("backgroundColor":{"R":1,"G":2,"B":3})"), screen, screen1, "0.backgroundColor", R"({"B":3,"G":2,"R":1})");
     row(0x1304, onScreen(R"("layout":{"x":-7,"y":8})"),             screen, screen1, "0.layout", R"({"x":-7,"y":8})");
-    row(0x1305, onScreen(R"("physicalSize":{"dotPitch":2,"unit":1,"width":3,"height":4})"), screen, screen1, "0.physicalSize", R"({"dotPitch":2,"height":4,"unit":1,"width":3})");
+    row(0x1305, onScreen(R"("physicalSize":{"dotPitch":2,"unit":1,"width":3,"height":4})"), screen, screen1, "0.physicalSize",
+        R"({"dotPitch":2,"height":4,"unit":1,"width":3})");
     row(0x1306, onScreen(R"("PGMEdit":1)"),                         screen, screen1, "0.PGMEdit", "1");
     row(0x1307, onScreen(R"("selected":1)"),                        screen, screen1, "0.selected", "1");
     row(0x1308, onScreen(R"("imageQuality":{"saturation":60})"),    screen, screen1, "0.imageQuality.saturation", "60");
