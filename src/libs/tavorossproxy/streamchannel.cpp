@@ -10,7 +10,9 @@ std::shared_ptr<StreamChannel> StreamChannel::open(const QString &peerName,
                                                    const ChannelOptions &options,
                                                    ReportHandler handler)
 {
-    const auto core = std::make_shared<ChannelCore>(peerName, std::move(loop), options);
+    // Not in one piece with its counts: timers still point weakly at a core that is gone, and would
+    // hold its memory until their time.
+    const std::shared_ptr<ChannelCore> core(new ChannelCore(peerName, std::move(loop), options));
     auto channel = std::make_shared<StreamChannel>(core);
     core->start(std::move(stream),
                 [weak = std::weak_ptr<DeviceChannel>(channel), handler = std::move(handler)](
