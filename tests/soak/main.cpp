@@ -1,0 +1,158 @@
+// Many devices at once: operations from several threads, synchronisations, reports, and devices
+// that go off and on. After each round, when all of it is taken down, the process holds what it
+// held after the first.
+//
+// soak [--devices N] [--rounds N] [--seconds N] [--seed N]
+
+#include "census.h"
+#include "fleet.h"
+#include "operators.h"
+
+#include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/autoreportmanager.h>
+#include <tavorocontrol/devicelist.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QTimer>
+
+#include <cstdio>
+
+using namespace Tavoro;
+
+namespace {
+
+constexpr int operatorThreads = 4;
+constexpr int restingThreads = 2; ///< The main one and that of all channels.
+constexpr std::size_t heapTolerance =
+    256 * 1024; ///< Of allocators and of Qt's own caches, which settle.
+
+struct Plan {
+    int devices;
+    int rounds;
+    int seconds;
+    unsigned seed;
+};
+
+struct Round {
+    Operators::Counts operations;
+    int synchronised = 0;
+    int notSynchronised = 0;
+};
+
+/// Reads one device after the other into the model, for as long as it lives.
+class Synchroniser : public QObject {
+public:
+    Synchroniser(const Fleet &fleet, Round &round) : m_fleet(fleet), m_round(round), m_list(nullptr)
+    {
+        connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
+                [this](bool success) {
+                    ++(success ? m_round.synchronised : m_round.notSynchronised);
+                    QTimer::singleShot(0, this, [this] { readNext(); });
+                });
+        readNext();
+    }
+
+private:
+    void readNext()
+    {
+        QString error;
+        if (!m_list.readDeviceDetail(m_fleet.model(m_next++), error))
+            QTimer::singleShot(1, this, [this] { readNext(); }); // it is off just now
+    }
+
+    const Fleet &m_fleet;
+    Round &m_round;
+    Control::DeviceList m_list;
+    std::size_t m_next = 0;
+};
+
+void run(const Plan &plan, unsigned seed, Round &round)
+{
+    Fleet fleet(plan.devices);
+    const Synchroniser synchroniser(fleet, round);
+    const Operators operators(fleet, operatorThreads, seed, round.operations);
+    std::mt19937 random(seed);
+    QTimer disturbing;
+    QObject::connect(&disturbing, &QTimer::timeout, [&] { fleet.disturb(random); });
+    disturbing.start(5);
+    QTimer switching;
+    QObject::connect(&switching, &QTimer::timeout, [&] { fleet.switchOne(random); });
+    switching.start(100);
+    QTimer::singleShot(plan.seconds * 1000, QCoreApplication::instance(), &QCoreApplication::quit);
+    QCoreApplication::exec();
+}
+
+bool hasWorked(const Round &round)
+{
+    return round.operations.done > 0 && round.operations.failed > 0 && round.operations.silent == 0
+        && round.synchronised > 0;
+}
+
+bool isFlat(const Census &before, const Census &now)
+{
+    return now.threads == before.threads && now.files == before.files
+        && now.heap <= before.heap + heapTolerance;
+}
+
+void print(int number, const Round &round, const Census &census)
+{
+    std::printf("round %d: %d operations done, %d failed in words, %d without; %d devices "
+                "synchronised, %d lost on the way;"
+                " then %d threads, %d files, %zu KiB of heap\n",
+                number, round.operations.done.load(), round.operations.failed.load(),
+                round.operations.silent.load(), round.synchronised, round.notSynchronised,
+                census.threads, census.files, census.heap / 1024);
+    std::fflush(stdout);
+}
+
+/// The number of the round in which something was wrong; 0 if nothing was.
+int soak(const Plan &plan)
+{
+    Census before{};
+    for (int number = 1; number <= plan.rounds; ++number) {
+        Round round;
+        run(plan, plan.seed + static_cast<unsigned>(number), round);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        const Census now = Census::takenAtRest(restingThreads);
+        print(number, round, now);
+        if (number == 1)
+            before = now;
+        if (!hasWorked(round) || !isFlat(before, now))
+            return number;
+    }
+    return 0;
+}
+
+Plan planOf(const QCoreApplication &application)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption devices(QStringLiteral("devices"), {}, QStringLiteral("N"),
+                                     QStringLiteral("50"));
+    const QCommandLineOption rounds(QStringLiteral("rounds"), {}, QStringLiteral("N"),
+                                    QStringLiteral("3"));
+    const QCommandLineOption seconds(QStringLiteral("seconds"), {}, QStringLiteral("N"),
+                                     QStringLiteral("2"));
+    const QCommandLineOption seed(QStringLiteral("seed"), {}, QStringLiteral("N"),
+                                  QStringLiteral("1"));
+    parser.addOptions({devices, rounds, seconds, seed});
+    parser.addHelpOption();
+    parser.process(application);
+    return {parser.value(devices).toInt(), parser.value(rounds).toInt(),
+            parser.value(seconds).toInt(), parser.value(seed).toUInt()};
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    Control::AutoReportManager::instance();
+    const int wrongRound = soak(planOf(application));
+    if (wrongRound != 0)
+        std::printf("Round %d left something behind, or did not do its work.\n", wrongRound);
+    return wrongRound == 0 ? 0 : 1;
+}
