@@ -1,4 +1,5 @@
 #include <messagecatcher.h>
+#include <modeltext.h>
 #include <simulatedsync.h>
 
 #include <tavorobizmodel/mvrscreen.h>
