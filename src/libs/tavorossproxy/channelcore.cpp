@@ -127,8 +127,9 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
 
     if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
         giveUpConnection(tr("it owes too many answers"));
-    else if (m_exchanges.isStalled(ticket.head.lables, m_options.stalledAnswerTimeout))
-        giveUpConnection(tr("it stopped in the middle of an answer"));
+    else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
+             && hasStalled())
+        giveUpConnection(tr("it stopped in the middle of a frame"));
     return response;
 }
 
@@ -166,6 +167,7 @@ void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenO
                          brokenOff);
         m_state = State::Waiting;
         m_reason = reason;
+        m_pausedWithinFrame = Clock::TimePoint();
     }
     qCWarning(channelLog) << "No connection to" << peerName() << reason;
 }
@@ -194,6 +196,11 @@ void ChannelCore::linkReceiving(const Wire::WireHead &head)
 {
     if (head.kind == quint8(Wire::FrameKind::Response))
         m_exchanges.noteBegun(head);
+}
+
+void ChannelCore::linkPaused(bool isWithinFrame)
+{
+    m_pausedWithinFrame = isWithinFrame ? m_loop->clock().now() : Clock::TimePoint();
 }
 
 void ChannelCore::linkWantsTick(Clock::TimePoint time)
@@ -252,6 +259,13 @@ void ChannelCore::leaveClosed()
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_state = State::Stopped;
     m_reason = tr("it has no address");
+}
+
+bool ChannelCore::hasStalled() const
+{
+    const Clock::TimePoint paused = m_pausedWithinFrame;
+    return paused != Clock::TimePoint()
+        && m_loop->clock().now() - paused >= m_options.stalledAnswerTimeout;
 }
 
 /// Called on the thread of a caller. The channel is not ready from here on, so that whoever waits

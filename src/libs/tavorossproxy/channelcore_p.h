@@ -64,6 +64,7 @@ private:
     void linkWritable() override;
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;
+    void linkPaused(bool isWithinFrame) override;
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
@@ -72,6 +73,7 @@ private:
     void sendUnsent();
     void takeReport(Wire::FrameEvent &&report);
     void leaveClosed();
+    bool hasStalled() const;
     void giveUpConnection(const QString &reason);
     void shutForGood(quint16 refusal);
     void endLink();
@@ -90,6 +92,8 @@ private:
     QString m_reason; // guarded by m_mutex: why the channel is not ready
     ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
 
+    /// When the last part of an unfinished frame came; the epoch when none is unfinished.
+    std::atomic<Clock::TimePoint> m_pausedWithinFrame{Clock::TimePoint()};
     std::atomic<quint64> m_connections{0};
     std::atomic<quint64> m_reports{0};
     std::atomic<quint64> m_protocolErrors{0};

@@ -148,6 +148,7 @@ void ChannelLink::streamReceived(std::string_view bytes)
     }
     if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
         m_events.linkReceiving(*head);
+    m_events.linkPaused(m_parser.isWithinFrame());
 }
 
 void ChannelLink::streamDrained()

@@ -40,6 +40,8 @@ public:
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
         /// A response has come in part.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
+        /// What came last has ended between two frames, or within one.
+        virtual void linkPaused(bool isWithinFrame) = 0;
         /// Asks for tick(time) when \a time has come.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
 

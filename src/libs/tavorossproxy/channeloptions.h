@@ -30,8 +30,8 @@ struct ChannelOptions {
     /// Longest time that a request may take, whatever it asks for. The further packets of a split
     /// exchange ask for DeviceRequestCommand::defaultTimeout.
     Milliseconds maxRequestTime = Milliseconds::max();
-    /// When the time of a request ends within its answer, and nothing more came for so long, the
-    /// connection is made anew: nobody knows where the next frame would begin.
+    /// When the time of a request ends, and the device stopped so long ago in the middle of a
+    /// frame, the connection is made anew: the next frames would be taken for the rest of that one.
     Milliseconds stalledAnswerTimeout{2000};
 
     /// Longest body of a frame, in bytes. A longer one from the device ends the connection, and a

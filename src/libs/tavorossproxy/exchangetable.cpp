@@ -38,7 +38,7 @@ quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quin
         return WrongType;
     const bool isRead = request.type == quint8(CommandType::Read)
         || request.type == quint8(CommandType::BinaryRead);
-    if (isRead && answer.sendCount != request.sendCount)
+    if (isRead && answer.status == 0 && answer.sendCount != request.sendCount)
         return WrongLength; // of another packet than the one that was asked for
     return answer.totalCount > maxPacketCount ? WrongLength : 0;
 }
@@ -162,10 +162,8 @@ void ExchangeTable::noteBegun(const Wire::WireHead &head)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[head.lables];
-    if (slot.state != State::Sent || slot.request.stream != head.stream)
-        return;
-    slot.begun = true;
-    slot.lastPart = m_clock.now();
+    if (slot.state == State::Sent && slot.request.stream == head.stream)
+        slot.begun = true;
 }
 
 void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
@@ -192,13 +190,6 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
         slot.response->body() = std::move(answer.body);
         slot.response->status = answer.head.status;
     }
-}
-
-bool ExchangeTable::isStalled(quint8 tag, std::chrono::milliseconds silence) const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const Slot &slot = m_slots[tag];
-    return slot.state == State::Owed && slot.begun && m_clock.now() - slot.lastPart >= silence;
 }
 
 int ExchangeTable::owedAnswers() const

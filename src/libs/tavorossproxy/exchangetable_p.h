@@ -64,10 +64,6 @@ public:
     /// Gives an answer, or what is wrong with it, to the request that waits for it.
     void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
 
-    /// The request with this tag timed out within its answer, of which nothing came for
-    /// \a silence before.
-    bool isStalled(quint8 tag, std::chrono::milliseconds silence) const;
-
     /// Requests that timed out and whose answers may still come.
     int owedAnswers() const;
 
@@ -88,7 +84,6 @@ private:
     struct Slot {
         State state = State::Free;
         bool begun = false; ///< A part of the answer has arrived.
-        Clock::TimePoint lastPart; ///< When the last such part came.
         Wire::WireHead request; ///< What the answer must fit.
         QByteArray frame; ///< In the state Unsent.
         std::shared_ptr<DeviceResponseCommand> response; ///< In the state Settled.

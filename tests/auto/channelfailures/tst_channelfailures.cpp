@@ -43,6 +43,7 @@ private Q_SLOTS:
     void answerThatDoesNotFit();
     void packetCountAtTheLimitPasses();
     void anotherPacketOfAReadIsRefused();
+    void refusalsHaveNoIndex();
     void answersToWritesHaveNoIndex();
     void frameThatEndsTheConnection_data();
     void frameThatEndsTheConnection();
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void lostConnectionEndsAllRequests();
     void connectionThatEndsInAnAnswerIsToldSo();
     void answerThatStopsEndsTheConnection();
+    void frameThatStopsInItsHeadEndsTheConnection();
     void answerThatGoesOnKeepsTheConnection();
     void noRequestTakesLongerThanTheChannelAllows();
     void stopEndsAllRequests();
@@ -201,6 +203,19 @@ void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
     }
 }
 
+void tst_ChannelFailures::refusalsHaveNoIndex()
+{
+    connectChannel();
+    auto command = request();
+    command->head().totalCount = 3;
+    command->head().sendCount = 1;
+    auto caller = call(command);
+    auto head = Wire::responseHead(nextRequest());
+    head.status = 8;
+    m_peer->send(head);
+    QCOMPARE(int(caller.response()->status), 8);
+}
+
 void tst_ChannelFailures::answersToWritesHaveNoIndex()
 {
     connectChannel();
@@ -315,6 +330,20 @@ void tst_ChannelFailures::answerThatStopsEndsTheConnection()
     QVERIFY(!m_channel->isHardwareReadFinished());
     m_loop->run();
     QVERIFY(!m_peer->isOpen);
+    m_loop->advance(250ms);
+    QCOMPARE(m_peer->opened, 2);
+}
+
+void tst_ChannelFailures::frameThatStopsInItsHeadEndsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    nextRequest();
+    m_peer->send(Wire::encodeLinkFrame(Wire::FrameKind::Ping).left(3).toStdString());
+    m_loop->advance(300ms);
+    QCOMPARE(caller.response()->status, quint16(260));
+    QVERIFY(!m_channel->isHardwareReadFinished());
     m_loop->advance(250ms);
     QCOMPARE(m_peer->opened, 2);
 }

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void resetStartsAnew();
     void bodyThatNeverComesYieldsNothing();
     void unfinishedHeadTellsWhoseBodyIsArriving();
+    void framesAreKnownToBeUnfinished();
     void anyGarbageEndsInEvents();
 };
 
@@ -223,6 +224,19 @@ void tst_FrameParser::bodyThatNeverComesYieldsNothing()
     const std::string bytes(reinterpret_cast<const char *>(&head), sizeof head);
     for (FrameParser &parser : parsers)
         QCOMPARE(eventsOf(parser, bytes + "x").size(), std::size_t(0));
+}
+
+void tst_FrameParser::framesAreKnownToBeUnfinished()
+{
+    const std::string frame = Wire::encodeLinkFrame(Wire::FrameKind::Ping).toStdString();
+    Wire::FrameParser parser;
+    QVERIFY(!parser.isWithinFrame());
+    std::string_view bytes = std::string_view(frame).substr(0, 1);
+    QVERIFY(!parser.next(bytes));
+    QVERIFY(parser.isWithinFrame());
+    bytes = std::string_view(frame).substr(1);
+    QVERIFY(parser.next(bytes));
+    QVERIFY(!parser.isWithinFrame());
 }
 
 void tst_FrameParser::unfinishedHeadTellsWhoseBodyIsArriving()

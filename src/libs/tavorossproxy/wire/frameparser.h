@@ -48,6 +48,9 @@ public:
     /// Forgets everything that was fed: for a new connection.
     void reset() { *this = FrameParser(m_maxBodySize); }
 
+    /// A part of a frame has been fed, and the rest is due.
+    bool isWithinFrame() const { return !m_dead && m_headTaken > 0; }
+
     /// The head of the frame whose body is still arriving, if there is one.
     std::optional<WireHead> unfinishedHead() const;
 
