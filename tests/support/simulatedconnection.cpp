@@ -5,14 +5,16 @@
 
 using namespace Tavoro;
 
-SimulatedConnection::SimulatedConnection(Sim::SimOptions options)
+SimulatedConnection::SimulatedConnection(Sim::SimOptions options,
+                                         const SSProxy::ChannelOptions &channelOptions)
     : simulator(std::make_unique<Sim::SimulatedDevice>(std::move(options))),
       model(std::make_shared<BizModel::Device>(65535, nullptr))
 {
     QString error;
     if (!simulator->start(error))
         qFatal("%s", qUtf8Printable(error));
-    channel = SSProxy::openTcpDeviceChannel(QStringLiteral("127.0.0.1"), simulator->port());
+    channel = SSProxy::openTcpDeviceChannel(QStringLiteral("127.0.0.1"), simulator->port(),
+                                            channelOptions);
     if (!channel->waitUntilReady(10000, error))
         qFatal("%s", qUtf8Printable(error));
     SSProxy::DeviceManager::instance()->addDeviceChannel(channel);

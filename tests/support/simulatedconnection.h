@@ -2,6 +2,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorosim/simulateddevice.h>
+#include <tavorossproxy/channeloptions.h>
 #include <tavorossproxy/networkchannel.h>
 
 #include <memory>
@@ -10,7 +11,8 @@
 /// that belongs to them. The model's list does not know the device.
 class SimulatedConnection {
 public:
-    explicit SimulatedConnection(Tavoro::Sim::SimOptions options = {});
+    explicit SimulatedConnection(Tavoro::Sim::SimOptions options = {},
+                                 const Tavoro::SSProxy::ChannelOptions &channelOptions = {});
     ~SimulatedConnection();
     SimulatedConnection(const SimulatedConnection &) = delete;
     SimulatedConnection &operator=(const SimulatedConnection &) = delete;

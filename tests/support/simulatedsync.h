@@ -15,7 +15,10 @@
 /// A simulated device that is read whole into the model's list, as an application does it.
 class SimulatedSync {
 public:
-    explicit SimulatedSync(const Tavoro::Sim::SimOptions &options = {}) : connection(options) { }
+    explicit SimulatedSync(const Tavoro::Sim::SimOptions &options = {},
+                           const Tavoro::SSProxy::ChannelOptions &channelOptions = {})
+        : connection(options, channelOptions)
+    { }
 
     /// Reads the device. Returns when that has ended, with its outcome.
     bool run()

@@ -1,0 +1,389 @@
+// Every fault of a device in every kind of operation: what the caller, the log, the status bar, the
+// model and the store show of it, and that all is well when the fault is over.
+
+#include "operations.h"
+
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto shortTime = 250ms; // of faults by which an answer fails to come
+constexpr auto longTime = 10s;
+
+struct FaultRow {
+    const char *fault;
+    bool isLost; ///< The connection ends.
+    std::chrono::milliseconds time;
+    const char *cells[operationCount];
+    const char *files; ///< What the next request of the synchronisation meets.
+};
+
+// A cell is what the caller gets:
+//
+// - ok; "short" when not all bytes of a content have come
+// - a status, or "offline"; with @ when another packet than the one with the fault meets it
+// - json: the answer is no record
+//
+// "|" parts what depends on whether the end of the connection is noticed before or behind the next
+// packet. Behind a blank stands whether the device has done a write, in spite of everything, and
+// how many screens a synchronisation has read before the fault.
+// clang-format off
+constexpr FaultRow faultRows[] = {
+//   fault                  lost   time       read    split read         write         split write   streamed read      synchronisation    its next
+    {"status=8",            false, longTime,  {"8",    "8",               "8 undone",   "8 undone",   "8",               "8"},               "ok"},
+    {"late=50",             false, longTime,  {"ok",   "ok",              "ok done",    "ok done",    "ok",              "ok"},              "ok"},
+    {"silent",              false, shortTime, {"260",  "260",             "260 done",   "260 done",   "260",             "260"},             "ok"},
+    {"ignore",              false, shortTime, {"260",  "260",             "260 undone", "260 undone", "260",             "260"},             "ok"},
+    {"stall",               true,  shortTime, {"260",  "365",             "260 done",   "260 done",   "365",             "365"},             "offline"},
+    {"drop-request",        true,  longTime,  {"259",  "259",             "259 undone", "259 undone", "259",             "259"},             "offline"},
+    {"drop-before",         true,  longTime,  {"259",  "259",             "259 done",   "259 done",   "259",             "259"},             "offline"},
+    {"drop-within",         true,  longTime,  {"259",  "358",             "259 done",   "259 done",   "358",             "358"},             "offline"},
+    {"drop-after",          true,  longTime,  {"ok",   "259@2/3|offline", "ok done",    "ok done",    "259@2/3|offline", "259@1/9|offline"}, "offline"},
+    {"wrong-flag",          true,  longTime,  {"359",  "359",             "359 done",   "359 done",   "359",             "359"},             "offline"},
+    {"wrong-version",       true,  longTime,  {"359",  "359",             "359 done",   "359 done",   "359",             "359"},             "offline"},
+    {"wrong-head-checksum", true,  longTime,  {"361",  "361",             "361 done",   "361 done",   "361",             "361"},             "offline"},
+    {"wrong-length",        true,  longTime,  {"363",  "363",             "363 done",   "363 done",   "363",             "363"},             "offline"},
+    {"wrong-length=1",      true,  shortTime, {"365",  "365",             "365 done",   "365 done",   "365",             "365"},             "offline"},
+    {"wrong-index",         false, longTime,  {"360",  "360",             "360 done",   "360 done",   "360",             "360"},             "ok"},
+    {"wrong-checksum",      false, longTime,  {"361",  "361",             "361 done",   "361 done",   "361",             "361"},             "ok"},
+    {"wrong-kind",          false, longTime,  {"362",  "362",             "362 done",   "362 done",   "362",             "362"},             "ok"},
+    {"wrong-type",          false, longTime,  {"362",  "362",             "362 done",   "362 done",   "362",             "362"},             "ok"},
+    {"wrong-code",          false, longTime,  {"357",  "357",             "357 done",   "357 done",   "357",             "357"},             "ok"},
+    {"wrong-tag",           false, shortTime, {"260",  "260",             "260 done",   "260 done",   "260",             "260"},             "ok"},
+    {"wrong-stream",        false, shortTime, {"260",  "260",             "260 done",   "260 done",   "260",             "260"},             "ok"},
+    {"packets",             false, longTime,  {"363",  "363",             "363 done",   "363 done",   "363",             "363"},             "ok"},
+    {"swap-packets",        false, longTime,  {"ok",   "363",             "ok done",    "ok done",    "363",             "363"},             "ok"},
+    {"twice",               false, longTime,  {"ok",   "ok",              "ok done",    "ok done",    "ok",              "ok"},              "ok"},
+    {"truncate",            false, longTime,  {"json", "json",            "ok done",    "ok done",    "short",           "json 1"},          "ok"},
+    {"garble=100000",       false, longTime,  {"json", "json",            "ok done",    "ok done",    "ok",              "json"},            "ok"},
+    {"stop-reading",        false, shortTime, {"260",  "260",             "260 undone", "260 undone", "260",             "260"},             "260"},
+    {"reboot",              true,  longTime,  {"259",  "259",             "259 undone", "259 undone", "259",             "259"},             "offline"},
+    {"flood=2000",          false, longTime,  {"ok",   "ok",              "ok done",    "ok done",    "ok",              "ok"},              "ok"},
+};
+
+/// What a cell says to the user.
+struct Words {
+    const char *cell;
+    const char *reason;
+};
+constexpr Words words[] = {
+    {"8",       "hardware error:8"},
+    {"259",     "software error: Channel disconnected"},
+    {"260",     "software error: Request timed out"},
+    {"357",     "protocol error: Invalid register address"},
+    {"358",     "protocol error: Return data is too short"},
+    {"359",     "protocol error: Invalid protocol header flag"},
+    {"360",     "protocol error: Invalid checksum index"},
+    {"361",     "protocol error: Invalid checksum"},
+    {"362",     "protocol error: Invalid type"},
+    {"363",     "protocol error: Invalid extended data length"},
+    {"365",     "protocol error: Device response decoding timed out"},
+    {"offline", "The device is offline"},
+};
+
+/// Why an answer is no record.
+struct NoRecord {
+    const char *fault;
+    const char *operation;
+    const char *error;
+};
+constexpr NoRecord noRecords[] = {
+    {"truncate",      "read",            "Decode json failed: error at line :0 col :8 msg:not a valid quote string!"},
+    {"truncate",      "split read",      "Decode json failed: error at line :0 col :629 msg:read object must start with {!"},
+    {"truncate",      "synchronisation", "Decode json failed: error at line :0 col :209 msg:invalid json document!"},
+    {"garble=100000", "read",            "Decode json failed: error at line :0 col :17 msg:not a valid string!"},
+    {"garble=100000", "split read",      "Decode json failed: error at line :0 col :800 msg:invalid json document!"},
+    {"garble=100000", "synchronisation", "Decode json failed: error at line :0 col :400 msg:array must start with [."},
+};
+// clang-format on
+
+QString reasonOf(const QString &cell)
+{
+    for (const Words &row : words) {
+        if (cell == QLatin1String(row.cell))
+            return QLatin1String(row.reason);
+    }
+    return {};
+}
+
+QString filled(const char *text, const QString &with)
+{
+    return QString::fromLatin1(text).replace(QLatin1String("%1"), with);
+}
+
+QString shownOn(int type, const QString &text)
+{
+    return QStringLiteral("status bar %1 for 5000 ms: %2").arg(type).arg(text);
+}
+
+QString logged(const QString &text)
+{
+    return QStringLiteral("warning: ") + text;
+}
+
+/// One outcome of a cell, in the words of an operation.
+class Outcome {
+public:
+    Outcome(const FaultRow &fault, const Operation &operation, const QString &cell)
+        : m_fault(fault),
+          m_operation(operation),
+          m_result(cell.section(QLatin1Char('@'), 0, 0)),
+          m_otherPacket(cell.section(QLatin1Char('@'), 1))
+    { }
+
+    bool isFailure() const { return !reasonOf(m_result).isEmpty(); }
+    bool isNoRecord() const { return m_result == QLatin1String("json"); }
+    bool isOk() const { return !isFailure() && !isNoRecord(); }
+    QString result() const { return m_result; }
+
+    QString error() const
+    {
+        if (isNoRecord())
+            return noRecord();
+        return isFailure() ? filled(m_operation.error, reasonOf(m_result))
+                           : QStringLiteral("text from before");
+    }
+    QString noRecord() const
+    {
+        for (const NoRecord &row : noRecords) {
+            if (qstrcmp(row.fault, m_fault.fault) == 0
+                && qstrcmp(row.operation, m_operation.name) == 0)
+                return QLatin1String(row.error);
+        }
+        return {};
+    }
+    /// The sentence on the status bar.
+    QString sentence() const { return filled(m_operation.failed, reasonOf(m_result)); }
+
+    QStringList warnings() const
+    {
+        if (!isFailure())
+            return {};
+        QString line = QStringLiteral("TavoroCmd {device} ")
+            + filled(m_operation.logged, isBare() ? reasonOf(m_result) : sentence());
+        const QString packet =
+            m_otherPacket.isEmpty() ? QLatin1String(m_operation.packet) : m_otherPacket;
+        if (!packet.isEmpty() && m_result != QLatin1String("offline"))
+            line += QStringLiteral(" \",send count/total count:%1\"").arg(packet);
+        QStringList lines{logged(line)};
+        if (m_operation.logsBesides[0] != '\0')
+            lines << logged(filled(m_operation.logsBesides, sentence()));
+        return lines;
+    }
+    QString shown() const
+    {
+        return isFailure() ? shownOn(2, sentence())
+                           : shownOn(0, QLatin1String(m_operation.succeeded));
+    }
+    /// Packets that a streamed read hands over.
+    int handedOver() const
+    {
+        if (isOk())
+            return 3;
+        return m_otherPacket.isEmpty() && m_result != QLatin1String("offline") ? 1 : 2;
+    }
+
+private:
+    bool isBare() const { return qstrcmp(m_operation.error, "%1") == 0; }
+
+    const FaultRow &m_fault;
+    const Operation &m_operation;
+    const QString m_result;
+    const QString m_otherPacket;
+};
+
+} // namespace
+
+class tst_FaultOperations : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyCell_data();
+    void everyCell();
+    void memoryIsBackAfterManyFaults_data();
+    void memoryIsBackAfterManyFaults();
+    void cleanupTestCase();
+
+private:
+    FaultBench &benchOf(int row);
+    void checkSingle(FaultBench &bench, const Shown &shown, const Outcome &outcome);
+    void checkStreamed(FaultBench &bench, const Shown &shown, const Outcome &outcome);
+    void checkSynchronisation(FaultBench &bench, const Shown &shown, const Outcome &outcome,
+                              const QString &files, int screens);
+
+    std::unique_ptr<FaultBench> m_bench;
+    int m_benchRow = -1;
+};
+
+FaultBench &tst_FaultOperations::benchOf(int row)
+{
+    if (row != m_benchRow) {
+        m_bench.reset();
+        m_bench = std::make_unique<FaultBench>(faultRows[row].time);
+        m_benchRow = row;
+        resetDevice(*m_bench);
+        m_bench->synchronise();
+        m_bench->remember();
+    }
+    return *m_bench;
+}
+
+void tst_FaultOperations::cleanupTestCase()
+{
+    m_bench.reset();
+}
+
+void tst_FaultOperations::everyCell_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    for (int row = 0; row < int(std::size(faultRows)); ++row) {
+        for (int column = 0; column < operationCount; ++column)
+            QTest::addRow("%s, %s", faultRows[row].fault, operations[column].name) << row << column;
+    }
+}
+
+void tst_FaultOperations::everyCell()
+{
+    QFETCH(int, row);
+    QFETCH(int, column);
+    const FaultRow &fault = faultRows[row];
+    const Operation &operation = operations[column];
+    FaultBench &bench = benchOf(row);
+    resetDevice(bench);
+    bench.addFault(QLatin1String(fault.fault) + QLatin1String(operation.rule));
+    const Shown shown = bench.run([&](QString &error) { return operation.run(bench, error); });
+    bench.checkTime(shown);
+
+    const QStringList cell = QString::fromLatin1(fault.cells[column]).split(QLatin1Char(' '));
+    const QStringList choice = cell.first().split(QLatin1Char('|'));
+    const bool isSecond =
+        choice.size() > 1 && shown.warnings.value(0).contains(reasonOf(choice.last()));
+    const Outcome outcome(fault, operation, isSecond ? choice.last() : choice.first());
+    if (operation.run == operations[5].run)
+        checkSynchronisation(bench, shown, outcome, QLatin1String(fault.files),
+                             cell.value(1).toInt());
+    else if (operation.run == operations[4].run)
+        checkStreamed(bench, shown, outcome);
+    else
+        checkSingle(bench, shown, outcome);
+
+    bench.lift(fault.isLost);
+    bench.checkNextExchange();
+    if (operation.hasHappened)
+        QCOMPARE(operation.hasHappened(bench), cell.last() == QLatin1String("done"));
+    if (operation.run == operations[5].run) {
+        resetDevice(bench);
+        QVERIFY(bench.synchronise());
+    }
+    bench.checkModelIsUnchanged();
+    bench.checkResources();
+}
+
+void tst_FaultOperations::checkSingle(FaultBench &bench, const Shown &shown, const Outcome &outcome)
+{
+    QCOMPARE(shown.error, outcome.error());
+    QCOMPARE(shown.ok, outcome.isOk());
+    QCOMPARE(shown.warnings, outcome.warnings());
+    QCOMPARE(shown.statusBar, QStringList(outcome.shown()));
+    bench.checkModelIsUnchanged();
+}
+
+void tst_FaultOperations::checkStreamed(FaultBench &bench, const Shown &shown,
+                                        const Outcome &outcome)
+{
+    const bool isShort = outcome.result() == QLatin1String("short");
+    const QStringList packets{
+        QStringLiteral("callback 1: 0.33, 400 bytes"),
+        QStringLiteral("callback 1: 0.67, %1 bytes").arg(isShort ? 200 : 400),
+        QStringLiteral("callback 1: 1.00, 200 bytes"),
+    };
+    QStringList lines = packets.mid(0, outcome.handedOver()) << outcome.shown();
+    if (outcome.isFailure())
+        lines << (outcome.handedOver() == 1 ? QStringLiteral("callback 0: 0.33, 0 bytes")
+                                            : QStringLiteral("callback 0: 0.67, 0 bytes"));
+    QCOMPARE(shown.error, outcome.error());
+    QCOMPARE(shown.ok, outcome.isOk());
+    QCOMPARE(shown.warnings, outcome.warnings());
+    QCOMPARE(shown.statusBar, lines);
+    bench.checkModelIsUnchanged();
+}
+
+/// The screens are not read, and thus no layers; what else can be read is in the model.
+void tst_FaultOperations::checkSynchronisation(FaultBench &bench, const Shown &shown,
+                                               const Outcome &outcome, const QString &files,
+                                               int screens)
+{
+    const QString noFiles =
+        QStringLiteral("Get file detail information failed: %1 .").arg(reasonOf(files));
+    const bool hasFiles = files == QLatin1String("ok");
+    QStringList warnings = outcome.warnings();
+    if (outcome.isNoRecord())
+        warnings << QStringLiteral("warning: Read screen details failed. \"%1\"")
+                        .arg(outcome.noRecord());
+    if (!outcome.isOk() && !hasFiles)
+        warnings << logged(
+            QStringLiteral("TavoroCmd {device} \"BC(fa), FC(0).\" \"%1\" {tag}").arg(noFiles))
+                 << QStringLiteral("warning: Read file details failed.");
+    QCOMPARE(shown.warnings, warnings);
+
+    QStringList lines{
+        shownOn(0, QStringLiteral("Set set device time information successfully.")),
+        shownOn(0, QStringLiteral("Get device detail information successfully.")),
+        shownOn(0, QStringLiteral("Get interface detail information successfully.")),
+        outcome.shown(),
+    };
+    if (outcome.isOk())
+        lines << shownOn(0, QStringLiteral("Get layer detail information successfully."));
+    if (outcome.isOk() || hasFiles)
+        lines << shownOn(0, QStringLiteral("Get file detail information successfully."))
+              << shownOn(0, QStringLiteral("Get file export information successfully."));
+    else
+        lines << shownOn(2, noFiles);
+    QCOMPARE(shown.statusBar, lines);
+
+    QVERIFY(shown.ok); // the outcome is that of filling in the layers
+    const auto device = bench.sync.listed();
+    QCOMPARE(device->isSyncDataSuccess(), outcome.isOk());
+    QCOMPARE(int(device->interfaces().size()), 4);
+    QCOMPARE(int(device->screens(30).size()), outcome.isOk() ? 2 : screens);
+    QCOMPARE(int(device->layers().size()), outcome.isOk() ? 4 : 0);
+    QCOMPARE(int(device->files().size()), outcome.isOk() || hasFiles ? 1 : 0);
+    bench.checkStoreIsTheModel();
+}
+
+void tst_FaultOperations::memoryIsBackAfterManyFaults_data()
+{
+    QTest::addColumn<int>("row");
+    for (int row = 0; row < int(std::size(faultRows)); ++row)
+        QTest::newRow(faultRows[row].fault) << row;
+}
+
+void tst_FaultOperations::memoryIsBackAfterManyFaults()
+{
+    QFETCH(int, row);
+    const FaultRow &fault = faultRows[row];
+    m_bench.reset();
+    m_benchRow = -1;
+    FaultBench bench(fault.time == longTime ? longTime : 50ms);
+    const auto goWrong = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            bench.addFault(QLatin1String(fault.fault) + QLatin1String(operations[1].rule));
+            bench.run([&](QString &error) { return operations[1].run(bench, error); });
+            bench.lift(fault.isLost);
+        }
+        bench.checkResources();
+        QCoreApplication::processEvents(); // the reports
+        bench.journal.clear();
+    };
+    goWrong(2); // whatever is made at the first need is there then
+    const qint64 before = Resources::heap();
+    goWrong(6);
+    const qint64 more = Resources::heap() - before;
+    QVERIFY2(more < 64 * 1024, qPrintable(QStringLiteral("%1 bytes more").arg(more)));
+}
+
+QTEST_GUILESS_MAIN(tst_FaultOperations)
+#include "tst_faultoperations.moc"

@@ -1,0 +1,163 @@
+#include "faultbench.h"
+
+#include "modeltext.h"
+
+#include <tavorocontrol/autoreportmanager.h>
+#include <tavorocontrol/device.h>
+
+#include <QRegularExpression>
+#include <QtTest>
+
+using namespace Tavoro;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto grace = 500ms;
+
+Sim::SimOptions deviceOptions()
+{
+    Sim::SimOptions options;
+    options.packetSize = 400;
+    options.inputs = 2;
+    options.outputs = 2;
+    options.screens = 2;
+    options.layersPerScreen = 1;
+    options.clockSpeed = 2000; // a restart takes 50 ms
+    return options;
+}
+
+SSProxy::ChannelOptions channelOptions(std::chrono::milliseconds requestTime)
+{
+    SSProxy::ChannelOptions options;
+    options.maxRequestTime = requestTime;
+    options.stalledAnswerTimeout = requestTime / 2;
+    options.firstReconnectPause = 60s; // it comes back when the bench says so
+    options.longestReconnectPause = 60s;
+    return options;
+}
+
+} // namespace
+
+FaultBench::FaultBench(std::chrono::milliseconds requestTime)
+    : sync(deviceOptions(), channelOptions(requestTime)),
+      m_requestTime(requestTime),
+      m_store(m_folder.filePath(QStringLiteral("devices.sqlite")))
+{
+    Control::AutoReportManager::instance();
+    QString error;
+    if (!m_store.isOpen || !sync.import(2, 1, std::string(1000, 'f')) || !synchronise())
+        qFatal("no bench: %s", qUtf8Printable(m_store.error));
+    remember();
+}
+
+void FaultBench::remember()
+{
+    m_modelBefore = ModelText(*sync.listed()).all();
+    m_storedBefore = storedRows();
+    m_resourcesBefore = Resources::now();
+}
+
+void FaultBench::addFault(const QString &rule)
+{
+    m_connections = sync.connection.channel->statistics().connections;
+    const auto answer = sync.connection.simulator->execute(QStringLiteral("fault add ") + rule);
+    QVERIFY2(answer.ok, qPrintable(answer.text));
+}
+
+Shown FaultBench::run(const std::function<bool(QString &error)> &operation)
+{
+    static const QRegularExpression tag(QStringLiteral("\" lables: \\d+\""));
+    const QString who = QStringLiteral("\"%1\" \"%2\"").arg(device()->name(), device()->ipMacSn());
+    const quint64 timeouts = sync.connection.channel->statistics().timeouts;
+    journal.clear();
+
+    Shown shown;
+    const auto begin = std::chrono::steady_clock::now();
+    shown.ok = operation(shown.error);
+    const auto end = std::chrono::steady_clock::now();
+    shown.time = std::chrono::duration_cast<std::chrono::milliseconds>(end - begin);
+    shown.timeouts = sync.connection.channel->statistics().timeouts - timeouts;
+    QStringList lines = journal.lines();
+    lines.replaceInStrings(who, QStringLiteral("{device}"));
+    lines.replaceInStrings(tag, QStringLiteral("{tag}"));
+    shown.warnings = lines.filter(QRegularExpression(QStringLiteral("^warning: ")));
+    shown.statusBar =
+        lines.filter(QRegularExpression(QStringLiteral("^(status bar|callback|message)")));
+    return shown;
+}
+
+void FaultBench::checkTime(const Shown &shown) const
+{
+    const auto allowed = m_requestTime * std::max<quint64>(shown.timeouts, 1) + grace;
+    QVERIFY2(shown.time <= allowed,
+             qPrintable(QStringLiteral("it took %1 ms").arg(shown.time.count())));
+}
+
+void FaultBench::lift(bool isLost)
+{
+    const auto &channel = *sync.connection.channel;
+    QVERIFY(sync.connection.simulator->execute(QStringLiteral("fault clear")).ok);
+    const quint64 wanted = m_connections + (isLost ? 1 : 0);
+    QTRY_VERIFY((sync.connection.channel->reconnectNow(),
+                 channel.statistics().connections == wanted
+                     && sync.connection.channel->isHardwareReadFinished()));
+}
+
+void FaultBench::checkNextExchange()
+{
+    ProtoModel::Device::s_DeviceDetail detail;
+    QString error;
+    QVERIFY2(Control::Device(device()).readDetails(detail, error), qPrintable(error));
+}
+
+void FaultBench::checkResources() const
+{
+    QTRY_COMPARE(Resources::now().text(), m_resourcesBefore.text());
+}
+
+void FaultBench::checkModelIsUnchanged() const
+{
+    QCOMPARE(ModelText(*sync.listed()).all(), m_modelBefore);
+    QCOMPARE(storedRows(), m_storedBefore);
+}
+
+void FaultBench::checkStoreIsTheModel() const
+{
+    const ModelText model(*sync.listed());
+    const QStringList counts{
+        QStringLiteral("interfaces %1").arg(model.interfaces.size()),
+        QStringLiteral("screens %1").arg(model.screens.size()),
+        QStringLiteral("layers %1").arg(model.layers.size()),
+        QStringLiteral("files %1").arg(model.files.size()),
+    };
+    QCOMPARE(storedCounts(), counts);
+}
+
+bool FaultBench::synchronise()
+{
+    const StoreSignals told;
+    const bool isRead = sync.run();
+    return QTest::qWaitFor([&] { return !told.saved.isEmpty(); }) && isRead;
+}
+
+QStringList FaultBench::storedRows() const
+{
+    return StoreFile(m_folder.filePath(QStringLiteral("devices.sqlite")))
+        .query(QStringLiteral("SELECT kind || ' ' || key || ' ' || hex(digest) FROM record"
+                              " WHERE kind > 0 ORDER BY kind, position"));
+}
+
+QStringList FaultBench::storedCounts() const
+{
+    const StoreFile file(m_folder.filePath(QStringLiteral("devices.sqlite")));
+    const char *const kinds[] = {"interfaces", "screens", "layers", "files"};
+    QStringList counts;
+    for (int i = 0; i < 4; ++i) {
+        const QString rows =
+            QStringLiteral("SELECT count(*) FROM record WHERE kind = %1").arg(i + 2);
+        counts << QStringLiteral("%1 %2").arg(QLatin1String(kinds[i]),
+                                              file.query(rows).join(QString()));
+    }
+    return counts;
+}

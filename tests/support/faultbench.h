@@ -1,0 +1,79 @@
+#pragma once
+
+#include "journal.h"
+#include "resources.h"
+#include "simulatedsync.h"
+#include "storedmodel.h"
+#include "storefile.h"
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <functional>
+
+/// What one operation showed to everybody.
+struct Shown {
+    bool ok = false;
+    QString error = QStringLiteral("text from before");
+    QStringList warnings; ///< Of the log, without the device's name and the tag.
+    QStringList statusBar; ///< And the calls of callbacks.
+    std::chrono::milliseconds time{0};
+    quint64 timeouts = 0; ///< Requests that ended by their time.
+};
+
+/// A simulated device that goes wrong when it is told to, in the model and in an open store, and
+/// the checks of what must hold after every fault:
+///
+/// - every caller is back within its timeout and half a second,
+/// - the device serves again when the fault is lifted, on the same connection or on a new one,
+/// - descriptors and threads are as many as before,
+/// - the model and the stored rows are those of before, or whole new ones.
+///
+/// The checks are test functions of Qt Test: look at QTest::currentTestFailed() behind them.
+class FaultBench {
+public:
+    /// The device has a file of 1000 bytes. No request takes longer than \a requestTime.
+    explicit FaultBench(std::chrono::milliseconds requestTime);
+
+    /// What model and store hold now is what they have to hold.
+    void remember();
+
+    void addFault(const QString &rule);
+    /// Runs \a operation, which tells its outcome by the result and in the text.
+    Shown run(const std::function<bool(QString &error)> &operation);
+
+    /// The caller waited no longer than it may.
+    void checkTime(const Shown &shown) const;
+    /// Ends the faults. \a isLost: the connection has ended, and a new one is waited for.
+    void lift(bool isLost);
+    /// The next exchange succeeds.
+    void checkNextExchange();
+    void checkResources() const;
+    /// Model and store hold what they held when the bench was told to remember it.
+    void checkModelIsUnchanged() const;
+    /// The store holds the rows of the model, after a synchronisation of whatever outcome.
+    void checkStoreIsTheModel() const;
+
+    /// A synchronisation and the save that ends it.
+    bool synchronise();
+
+    std::shared_ptr<Tavoro::BizModel::Device> device() const { return sync.connection.model; }
+
+    Journal journal;
+    SimulatedSync sync;
+
+private:
+    /// Of what the device has; its identity holds the time of its start.
+    QStringList storedRows() const;
+    QStringList storedCounts() const;
+
+    const std::chrono::milliseconds m_requestTime;
+    QTemporaryDir m_folder;
+    StoredModel m_store;
+    QStringList m_modelBefore;
+    QStringList m_storedBefore;
+    Resources m_resourcesBefore{};
+    quint64 m_connections = 0; ///< At the last fault.
+};
