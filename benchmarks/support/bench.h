@@ -27,7 +27,7 @@ public:
     Connection &operator=(const Connection &) = delete;
 
     std::weak_ptr<Tavoro::BizModel::Device> model() const { return m_model; }
-    Tavoro::Sim::SimulatedDevice &simulator() { return m_simulator; }
+    std::shared_ptr<Tavoro::SSProxy::NetworkChannel> channel() const { return m_channel; }
 
 private:
     Tavoro::Sim::SimulatedDevice m_simulator;
