@@ -132,8 +132,7 @@ void decodeAnswer(const RecordingChannel &channel, Command command, Record &reco
 {
     std::string error;
     const auto answer = channel.answers().find(static_cast<quint16>(command));
-    require(answer != channel.answers().end()
-                && ajson::decodeRecord(answer->second, record, error),
+    require(answer != channel.answers().end() && ajson::decodeRecord(answer->second, record, error),
             QStringLiteral("not decoded"));
 }
 
@@ -177,8 +176,7 @@ void runRound(const std::shared_ptr<RecordingChannel> &channel, const BizModel::
         file.binary.assign(fileSize, 'x');
     results.model.take(millisecondsOf([&] { feed(records, channel->deviceBaseInfo()); }));
     const std::string source(fileSize, 's');
-    results.bare.take(
-        millisecondsOf([&] { Bench::runBarePair(channel->exchanges(), source); }));
+    results.bare.take(millisecondsOf([&] { Bench::runBarePair(channel->exchanges(), source); }));
 }
 
 void print(const Results &results, const RecordingChannel &channel)
@@ -219,8 +217,10 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*=false"));
     QCommandLineParser parser;
-    parser.addOption({QStringLiteral("scale"), QString(), QStringLiteral("N"), QStringLiteral("1")});
-    parser.addOption({QStringLiteral("rounds"), QString(), QStringLiteral("N"), QStringLiteral("3")});
+    parser.addOption(
+        {QStringLiteral("scale"), QString(), QStringLiteral("N"), QStringLiteral("1")});
+    parser.addOption(
+        {QStringLiteral("rounds"), QString(), QStringLiteral("N"), QStringLiteral("3")});
     parser.process(application);
     const int scale = numberOf(parser, "scale");
 

@@ -186,10 +186,12 @@ void ChannelCore::linkReceived(Wire::FrameEvent &&event)
             return;
     }
     // What comes with a kind that a device does not send was probably meant as an answer.
-    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType)
+    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
         m_exchanges.settle(std::move(event), m_options.maxPacketCount);
-    else if (event.status == 0)
+        m_loop->expectCall();
+    } else if (event.status == 0) {
         takeReport(std::move(event));
+    }
 }
 
 void ChannelCore::linkReceiving(const Wire::WireHead &head)

@@ -29,6 +29,8 @@ public:
     virtual bool post(std::function<void()> call) = 0;
 
     // On the thread only.
+    /// Says that somebody has got an answer and may post the next request at once.
+    virtual void expectCall() { }
     /// Runs \a call when \a time has come.
     virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
     virtual void attach(std::shared_ptr<User> user) = 0;

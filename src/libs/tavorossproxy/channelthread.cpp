@@ -6,10 +6,15 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <thread>
+#include <utility>
 
 namespace Tavoro::SSProxy::Internal {
 
 namespace {
+
+/// How long the thread looks out for a call that it expects.
+constexpr std::chrono::microseconds lookoutTime(50);
 
 struct RunningThread {
     std::mutex mutex;
@@ -62,18 +67,42 @@ ChannelThread::~ChannelThread()
 
 bool ChannelThread::post(std::function<void()> call)
 {
-    bool isFirst = false;
+    bool mustWake = false;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_hasEnded)
             return false;
-        isFirst = m_calls.empty();
+        mustWake = m_calls.empty() && !m_lookout.isOn;
+        m_lookout.isWorthwhile = m_clock.now() - m_lookout.since < lookoutTime;
         m_calls.push_back(std::move(call));
     }
     // By name: the call carries no data past the mutex.
-    if (isFirst)
+    if (mustWake)
         QMetaObject::invokeMethod(this, "runCalls", Qt::QueuedConnection);
     return true;
+}
+
+void ChannelThread::expectCall()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_lookout.since = m_clock.now();
+    if (m_lookout.isWorthwhile && !std::exchange(m_lookout.isOn, true))
+        QMetaObject::invokeMethod(this, "lookOut", Qt::QueuedConnection);
+}
+
+void ChannelThread::lookOut()
+{
+    const auto end = m_clock.now() + lookoutTime;
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (m_calls.empty() && m_clock.now() < end) {
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+    }
+    m_lookout.isOn = false;
+    m_lookout.isWorthwhile = !m_calls.empty();
+    lock.unlock();
+    runCalls();
 }
 
 void ChannelThread::postAt(Clock::TimePoint time, std::function<void()> call)

@@ -19,6 +19,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | instance, stop      | any but the channels' own        |
 /// | post                | any                              |
 /// | m_calls, m_hasEnded | any, guarded by m_mutex          |
+/// | m_lookout           | any, guarded by m_mutex          |
 /// | m_users             | the channels' own                |
 class ChannelThread final : public QObject, public ChannelLoop {
     Q_OBJECT
@@ -36,18 +37,29 @@ public:
     Clock &clock() override { return m_clock; }
     bool isCurrentThread() const override { return QThread::currentThread() == &m_thread; }
     bool post(std::function<void()> call) override;
+    void expectCall() override;
     void postAt(Clock::TimePoint time, std::function<void()> call) override;
     void attach(std::shared_ptr<User> user) override;
     void detach(const User *user) override;
 
 private:
+    /// Whether the thread looks out for a call itself before it goes to sleep: to be woken takes as
+    /// long as many a caller takes from one request to the next.
+    struct Lookout {
+        bool isOn = false; ///< Whoever posts need not wake the thread.
+        bool isWorthwhile = true; ///< The last expected call came in time.
+        Clock::TimePoint since; ///< When a call was expected last.
+    };
+
     Q_INVOKABLE void runCalls();
+    Q_INVOKABLE void lookOut();
     void end();
 
     SteadyClock m_clock;
     QThread m_thread;
     std::mutex m_mutex; // never held while a call runs
     std::deque<std::function<void()>> m_calls; // guarded by m_mutex
+    Lookout m_lookout; // guarded by m_mutex
     bool m_hasEnded = false; // guarded by m_mutex
     std::vector<std::shared_ptr<User>> m_users;
 };
