@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 #include <atomic>
+#include <utility>
 
 #if defined(Q_OS_LINUX) && !defined(__SANITIZE_THREAD__)
 #define CAN_REPLACE_WAITS
@@ -11,6 +12,7 @@
 namespace {
 std::atomic<bool> isFast{false};
 std::atomic<int> ranOut{0};
+std::atomic<const NextSleep *> nextSleep{nullptr};
 } // namespace
 
 FastClock::FastClock()
@@ -38,6 +40,17 @@ int FastClock::waitsThatRanOut() const
     return ranOut;
 }
 
+NextSleep::NextSleep(std::function<void()> first, std::function<void()> second)
+    : before(std::move(first)), during(std::move(second))
+{
+    nextSleep = this;
+}
+
+NextSleep::~NextSleep()
+{
+    nextSleep = nullptr;
+}
+
 #ifdef CAN_REPLACE_WAITS
 
 #include <cerrno>
@@ -62,7 +75,16 @@ extern "C" Q_DECL_EXPORT int pthread_cond_timedwait(pthread_cond_t *condition,
 {
     using Wait = int (*)(pthread_cond_t *, pthread_mutex_t *, const timespec *);
     static const auto wait = reinterpret_cast<Wait>(dlsym(RTLD_NEXT, "pthread_cond_timedwait"));
-    if (!isFast || !isWriter())
+    if (!isWriter())
+        return wait(condition, mutex, until);
+    if (const NextSleep *sleep = nextSleep.exchange(nullptr)) {
+        pthread_mutex_unlock(mutex); // who wakes the thread takes it
+        sleep->before();
+        pthread_mutex_lock(mutex);
+        sleep->during();
+        return wait(condition, mutex, until);
+    }
+    if (!isFast)
         return wait(condition, mutex, until);
     const timespec past{};
     const int result = wait(condition, mutex, &past);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 /// For as long as it lives, timed waits of threads named "SaveFile" run out as soon as they begin:
 /// the ten seconds of the writer would make a slow test.
 ///
@@ -14,4 +16,18 @@ public:
     /// False where it changes nothing.
     static bool isPossible();
     int waitsThatRanOut() const;
+};
+
+/// Acts when a thread named "SaveFile" next goes to sleep: \a before while it is still awake and
+/// may be called, \a during when whatever wakes it waits until it sleeps. Where FastClock is
+/// possible.
+class NextSleep {
+public:
+    NextSleep(std::function<void()> before, std::function<void()> during);
+    ~NextSleep();
+    NextSleep(const NextSleep &) = delete;
+    NextSleep &operator=(const NextSleep &) = delete;
+
+    const std::function<void()> before;
+    const std::function<void()> during;
 };

@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <thread>
 
 using Tavoro::Control::SaveFile;
 
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void init() { m_it = std::make_unique<SaveFolder>(); }
 
     void stopInTheMiddleLeavesTheRestUnwritten();
+    void piecesThatComeWithTheStopStayQueued();
     void destructionInTheMiddleStopsAndClosesTheFile();
     void waitForStopMayLoseTheLastBatch();
     void waitForStopWaitsUntilTheQueueIsEmpty();
@@ -68,6 +70,23 @@ void tst_SaveFileStops::stopInTheMiddleLeavesTheRestUnwritten()
 
     QVERIFY(file.startWrite(path("next"), m_it->error));
     QTRY_COMPARE(contentOf(path("next")), QByteArray("queued behind the batch"));
+}
+
+void tst_SaveFileStops::piecesThatComeWithTheStopStayQueued()
+{
+    if (!FastClock::isPossible())
+        QSKIP("nothing tells that the worker goes to sleep");
+    SaveFile file;
+    std::thread stopper;
+    const NextSleep sleep([&file] { file.append("left"); },
+                          [&] { stopper = std::thread([&file] { file.stopWrite(); }); });
+    QVERIFY(file.startWrite(path("first"), m_it->error));
+    QTRY_VERIFY(file.fileSaveResult());
+    stopper.join();
+    QCOMPARE(contentOf(path("first")), QByteArray());
+
+    QVERIFY(file.startWrite(path("next"), m_it->error));
+    QTRY_COMPARE(contentOf(path("next")), QByteArray("left"));
 }
 
 void tst_SaveFileStops::destructionInTheMiddleStopsAndClosesTheFile()
