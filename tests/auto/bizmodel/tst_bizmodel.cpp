@@ -49,6 +49,7 @@ private Q_SLOTS:
     void outputThatIsNotThereIsToldAndTheScreenTaken();
     void layerOnAbsentScreenIsToldAndLeftOut();
     void manyFaultsAreCounted();
+    void reportedSlotsAreTakenFromTheDetail();
     void slotThatIsNotThereIsTold();
 
     void cropFollowsTheTimingOfTheInterface();
@@ -309,15 +310,31 @@ void tst_BizModel::manyFaultsAreCounted()
     QVERIFY(error.endsWith(QStringLiteral(" And 2 more.")));
 }
 
+void tst_BizModel::reportedSlotsAreTakenFromTheDetail()
+{
+    const auto device = ModelRecords::device();
+    s_DeviceDetail detail;
+    detail.subcards = {{2, 7, 0, 0, 0, {}}, {3, 8, 0, 0, 0, {}}};
+    ProtoModel::Device::s_subcards reported;
+    reported.subcards = {{2, 99, 0, 0, 0, {}}}; // of the report only the slot counts
+    QString error;
+    QVERIFY(device->updateSlotModelData(reported, detail, error));
+    QCOMPARE(device->findSubcard(2)->modelId, 7);
+    QVERIFY(!device->findSubcard(3));
+    QCOMPARE(error, QString());
+}
+
 void tst_BizModel::slotThatIsNotThereIsTold()
 {
     const auto device = ModelRecords::device();
-    QString error;
+    s_DeviceDetail detail;
+    detail.subcards = {{2, 7, 0, 0, 0, {}}};
     ProtoModel::Device::s_subcards reported;
-    reported.subcards.resize(1);
-    reported.subcards[0].slotId = 4;
-    QVERIFY(!device->updateSlotModelData(reported, s_DeviceDetail(), error));
+    reported.subcards = {{2, 0, 0, 0, 0, {}}, {4, 0, 0, 0, 0, {}}};
+    QString error;
+    QVERIFY(!device->updateSlotModelData(reported, detail, error));
     QCOMPARE(error, QStringLiteral("The device has no slot 4"));
+    QCOMPARE(device->findSubcard(2)->modelId, 0); // and nothing was changed
 }
 
 void tst_BizModel::cropFollowsTheTimingOfTheInterface()
