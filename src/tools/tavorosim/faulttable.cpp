@@ -30,10 +30,11 @@ WireHead headOf(const QByteArray &frame)
 }
 
 /// The frame with another head, which is in order but for what was made wrong.
-QByteArray withHead(QByteArray frame, WireHead head)
+QByteArray withHead(const QByteArray &frame, WireHead head)
 {
     head.headChecksum = SSProxy::Wire::headChecksum(head);
-    return frame.replace(0, sizeof head, reinterpret_cast<const char *>(&head), sizeof head);
+    constexpr int size = sizeof head;
+    return QByteArray(reinterpret_cast<const char *>(&head), size) + frame.mid(size);
 }
 
 void refuse(const FaultedRequest &request, Delivery &delivery)
