@@ -21,12 +21,11 @@ void require(bool ok, const QString &why)
         fail(why);
 }
 
-Connection::Connection(const Sim::SimOptions &options)
-    : m_simulator(options), m_model(std::make_shared<BizModel::Device>(1, nullptr))
+Route::Route(quint16 port)
+    : m_channel(SSProxy::openTcpDeviceChannel(QStringLiteral("127.0.0.1"), port)),
+      m_model(std::make_shared<BizModel::Device>(static_cast<unsigned short>(1), nullptr))
 {
     QString error;
-    require(m_simulator.start(error), error);
-    m_channel = SSProxy::openTcpDeviceChannel(QStringLiteral("127.0.0.1"), m_simulator.port());
     require(m_channel->waitUntilReady(patience, error), error);
     SSProxy::DeviceManager::instance()->addDeviceChannel(m_channel);
     const ProtoModel::DeviceBaseInfo info = m_channel->deviceBaseInfo();
@@ -34,10 +33,16 @@ Connection::Connection(const Sim::SimOptions &options)
     m_model->setIPAddress(QString::fromStdString(info.ip));
 }
 
-Connection::~Connection()
+Route::~Route()
 {
     m_channel->stopChannel();
     SSProxy::DeviceManager::instance()->removeDeviceChannel(m_channel);
+}
+
+LocalDevice::LocalDevice(const Sim::SimOptions &options) : m_simulator(options)
+{
+    QString error;
+    require(m_simulator.start(error), error);
 }
 
 } // namespace Bench

@@ -17,22 +17,32 @@ constexpr int patience = 30000; ///< Milliseconds.
 [[noreturn]] void fail(const QString &why);
 void require(bool ok, const QString &why);
 
-/// A simulated device on its own thread, a channel to it over loopback that the manager knows, and
-/// a device of the model that is reached through it.
-class Connection {
+/// A channel over loopback that the manager knows, and a device of the model that is reached
+/// through it.
+class Route {
 public:
-    explicit Connection(const Tavoro::Sim::SimOptions &options);
-    ~Connection();
-    Connection(const Connection &) = delete;
-    Connection &operator=(const Connection &) = delete;
+    explicit Route(quint16 port);
+    ~Route();
+    Route(const Route &) = delete;
+    Route &operator=(const Route &) = delete;
 
     std::weak_ptr<Tavoro::BizModel::Device> model() const { return m_model; }
     std::shared_ptr<Tavoro::SSProxy::NetworkChannel> channel() const { return m_channel; }
 
 private:
+    const std::shared_ptr<Tavoro::SSProxy::NetworkChannel> m_channel;
+    const std::shared_ptr<Tavoro::BizModel::Device> m_model;
+};
+
+/// A simulated device on a thread of its own.
+class LocalDevice {
+public:
+    explicit LocalDevice(const Tavoro::Sim::SimOptions &options);
+
+    quint16 port() const { return m_simulator.port(); }
+
+private:
     Tavoro::Sim::SimulatedDevice m_simulator;
-    std::shared_ptr<Tavoro::SSProxy::NetworkChannel> m_channel;
-    std::shared_ptr<Tavoro::BizModel::Device> m_model;
 };
 
 } // namespace Bench

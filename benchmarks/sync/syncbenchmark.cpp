@@ -224,13 +224,14 @@ int main(int argc, char *argv[])
     parser.process(application);
     const int scale = numberOf(parser, "scale");
 
-    Bench::Connection connection(largeDevice(scale));
-    const auto model = connection.model().lock();
+    const Bench::LocalDevice device(largeDevice(scale));
+    const Bench::Route route(device.port());
+    const auto model = route.model().lock();
     Control::File files(model, nullptr);
     importFiles(files, 500 * scale);
 
-    const auto channel = std::make_shared<RecordingChannel>(connection.channel());
-    DeviceManager::instance()->removeDeviceChannel(connection.channel());
+    const auto channel = std::make_shared<RecordingChannel>(route.channel());
+    DeviceManager::instance()->removeDeviceChannel(route.channel());
     DeviceManager::instance()->addDeviceChannel(channel);
     Results results;
     for (int round = 0; round < numberOf(parser, "rounds"); ++round)

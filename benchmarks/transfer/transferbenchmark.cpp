@@ -179,8 +179,9 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*=false"));
     const Wanted wanted = wantedOf(QCoreApplication::arguments());
-    Bench::Connection connection(simOptions(wanted));
-    Control::File file(connection.model(), nullptr);
+    const Bench::LocalDevice device(simOptions(wanted));
+    const Bench::Route route(device.port());
+    Control::File file(route.model(), nullptr);
     std::string content(static_cast<std::size_t>(wanted.length), 'x');
     for (std::size_t at = 0; at < content.size(); at += 4093)
         content[at] = static_cast<char>(at); // so that no piece is like the next

@@ -1,0 +1,165 @@
+// What a streamed read holds in memory, and what the simulated device holds that serves it.
+//
+//   transfermemory [--small MEBIBYTES] [--large MEBIBYTES]
+//
+// Starts tavorosim with a folder for its files. Then, first with a small and then with a large
+// file, 16 and 1024 MiB unless told: writes the file in pieces, reads it back streamed, compares
+// its checksum, and prints the peaks of the resident memory of both processes so far, in KiB. Ends
+// with 1 when the large file has raised a peak by more than a few packets. Linux only.
+
+#include <support/bench.h>
+
+#include <tavorocontrol/file.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/wire/checksums.h>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <string>
+
+using namespace Tavoro;
+using Bench::require;
+
+namespace {
+
+constexpr int fileType = 2;
+constexpr int fileId = 1;
+constexpr int packetSize = 64 * 1024;
+constexpr int packetsPerMebibyte = (1 << 20) / packetSize;
+constexpr qint64 allowedGrowth = 1024; ///< KiB: what an allocator may do with a few packets.
+
+/// The simulated device, as a process of its own.
+class Device {
+public:
+    Device()
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(QStringLiteral(TAVOROSIM),
+                        {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--files"),
+                         m_folder.path()});
+        require(m_process.waitForStarted() && m_process.waitForReadyRead(Bench::patience),
+                QStringLiteral("tavorosim does not start"));
+        const QByteArray line = m_process.readLine().trimmed(); // "listening on ADDRESS:PORT"
+        m_port = line.mid(line.lastIndexOf(':') + 1).toUShort();
+    }
+    ~Device()
+    {
+        m_process.write("quit\n");
+        m_process.waitForFinished();
+    }
+    Device(const Device &) = delete;
+    Device &operator=(const Device &) = delete;
+
+    quint16 port() const { return m_port; }
+    qint64 pid() const { return m_process.processId(); }
+
+private:
+    const QTemporaryDir m_folder;
+    QProcess m_process;
+    quint16 m_port = 0;
+};
+
+/// The highest resident memory of a process so far, in KiB.
+qint64 peakOf(qint64 pid)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
+    require(status.open(QIODevice::ReadOnly), status.errorString());
+    const QByteArray text = status.readAll();
+    const QByteArray line = text.mid(text.indexOf("VmHWM:"));
+    return line.left(line.indexOf('\n')).simplified().split(' ').value(1).toLongLong();
+}
+
+/// The piece of the file with this number; no two are alike.
+std::string pieceOf(quint32 number)
+{
+    std::string piece(packetSize, static_cast<char>(number));
+    piece.replace(0, sizeof number, reinterpret_cast<const char *>(&number), sizeof number);
+    return piece;
+}
+
+/// Writes the file and returns its checksum.
+quint32 writeFile(Control::File &file, int mebibytes)
+{
+    ProtoModel::File::s_FileInfo info;
+    info.fileType = fileType;
+    info.fileId = fileId;
+    info.general.name = "memory";
+    info.size.length = mebibytes << 20;
+    QString error;
+    require(file.importFile({info}, error), error);
+    const auto count = static_cast<quint32>(mebibytes * packetsPerMebibyte);
+    quint32 checksum = 0;
+    for (quint32 number = 0; number < count; ++number) {
+        const std::string piece = pieceOf(number);
+        checksum = SSProxy::Wire::crc32(piece, checksum);
+        require(file.writeFileBinary(piece, static_cast<BizModel::Enum::File::FileType>(fileType),
+                                     fileId, count, number, error, false),
+                error);
+    }
+    return checksum;
+}
+
+quint32 readFile(Control::File &file)
+{
+    quint32 checksum = 0;
+    const auto sum = [&checksum](bool ok, double, const std::string &data, QString &error) {
+        require(ok, error);
+        checksum = SSProxy::Wire::crc32(data, checksum);
+    };
+    require(file.readBinary(fileType, fileId, sum), QStringLiteral("not read"));
+    return checksum;
+}
+
+struct Peaks {
+    qint64 reader = 0;
+    qint64 device = 0;
+};
+
+Peaks transfer(Control::File &file, int mebibytes, const Device &device)
+{
+    const quint32 written = writeFile(file, mebibytes);
+    require(readFile(file) == written, QStringLiteral("not the same content"));
+    const Peaks peaks{peakOf(QCoreApplication::applicationPid()), peakOf(device.pid())};
+    std::printf("%5d MiB: peak of the reader %lld KiB, of the device %lld KiB\n", mebibytes,
+                static_cast<long long>(peaks.reader), static_cast<long long>(peaks.device));
+    std::fflush(stdout);
+    return peaks;
+}
+
+int sizeOf(const QCommandLineParser &parser, const char *option)
+{
+    const int size = parser.value(QLatin1String(option)).toInt();
+    require(size >= 1 && size <= 2047,
+            QStringLiteral("--%1 is between 1 and 2047").arg(QLatin1String(option)));
+    return size;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*=false"));
+    QCommandLineParser parser;
+    parser.addOption(
+        {QStringLiteral("small"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("16")});
+    parser.addOption(
+        {QStringLiteral("large"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("1024")});
+    parser.process(application);
+    const int small = sizeOf(parser, "small");
+    const int large = sizeOf(parser, "large");
+
+    const Device device;
+    const Bench::Route route(device.port());
+    Control::File file(route.model(), nullptr);
+    const Peaks before = transfer(file, small, device);
+    const Peaks after = transfer(file, large, device);
+    return after.reader - before.reader > allowedGrowth
+        || after.device - before.device > allowedGrowth;
+}
