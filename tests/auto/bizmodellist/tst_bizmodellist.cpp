@@ -1,6 +1,10 @@
 #include "modelrecords.h"
 
 #include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/file.h>
+#include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/screen.h>
 
 #include <QMetaMethod>
 #include <QSignalSpy>
@@ -33,6 +37,7 @@ private Q_SLOTS:
     void thereIsNoSaverWithoutAStore();
     void everyTypeInSignalsIsRegistered();
     void signalOfAnotherThreadArrivesOnThisOne();
+    void whatAnotherThreadMakesLivesOnTheApplicationsThread();
 };
 
 void tst_BizModelList::cleanup()
@@ -128,6 +133,20 @@ void tst_BizModelList::signalOfAnotherThreadArrivesOnThisOne()
     QCOMPARE(told, -1);
     QTRY_COMPARE(told, 1);
     QCOMPARE(thread, QThread::currentThread());
+}
+
+void tst_BizModelList::whatAnotherThreadMakesLivesOnTheApplicationsThread()
+{
+    std::shared_ptr<Device> device;
+    const std::unique_ptr<QThread> worker(
+        QThread::create([&] { device = ModelRecords::device(); }));
+    worker->start();
+    QVERIFY(worker->wait());
+    QCOMPARE(device->thread(), qApp->thread());
+    QCOMPARE(device->findInterface({1, 2, 3}).lock()->thread(), qApp->thread());
+    QCOMPARE(device->findScreen(1, 0).lock()->thread(), qApp->thread());
+    QCOMPARE(device->layers().first().lock()->thread(), qApp->thread());
+    QCOMPARE(device->files().first().lock()->thread(), qApp->thread());
 }
 
 QTEST_GUILESS_MAIN(tst_BizModelList)
