@@ -81,6 +81,13 @@ WireFrame WireClient::write(quint16 code, const std::string &body)
     return exchange(request(code, CommandType::Write, body));
 }
 
+int WireClient::control(quint8 action)
+{
+    WireFrame frame = request(0x0101, CommandType::Write);
+    frame.head.arg2[0] = action;
+    return exchange(frame).head.status;
+}
+
 WireFrame WireClient::waitForReport()
 {
     if (!m_reports.empty()) {

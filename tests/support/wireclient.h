@@ -38,6 +38,9 @@ public:
     WireFrame read(quint16 code, const std::array<quint8, 4> &arg2 = {});
     WireFrame write(quint16 code, const std::string &body);
 
+    /// Takes control of the device (1), gives it up (2) or forces it (3). The status of the answer.
+    int control(quint8 action);
+
     /// The next frame that is a report.
     WireFrame waitForReport();
     /// True once the device has closed the connection.

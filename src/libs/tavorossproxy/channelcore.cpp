@@ -3,6 +3,7 @@
 #include "logging_p.h"
 
 #include <tavorossproxy/wire/frame.h>
+#include <tavorossproxy/wire/linkcommands.h>
 
 #include <algorithm>
 
@@ -36,11 +37,11 @@ ChannelCore::ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> l
 
 ChannelCore::~ChannelCore() = default;
 
-void ChannelCore::start(std::unique_ptr<ByteStream> stream, ReportHandler handler)
+void ChannelCore::start(std::unique_ptr<ByteStream> stream, Handlers handlers)
 {
     if (!stream)
         return leaveClosed();
-    m_handler = std::move(handler);
+    m_handlers = std::move(handlers);
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
     linkConnecting(); // so that a request that comes at once hears the same as a later one
     const bool isPosted = m_loop->post([core = shared_from_this()] {
@@ -143,17 +144,20 @@ void ChannelCore::linkConnecting()
 void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
 {
     const QString name = QString::fromStdString(info.name);
+    bool isMaster = true;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
         m_exchanges.open(info.maxPacketSize);
+        isMaster = info.controlState == quint8(Wire::ControlState::Yours);
         m_info = std::move(info);
         m_state = State::Ready;
     }
     m_stateChanged.notify_all();
     ++m_connections;
     qCInfo(channelLog) << "Connected to" << peerName() << name;
+    takeControl(isMaster, {});
 }
 
 void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenOff)
@@ -185,11 +189,13 @@ void ChannelCore::linkReceived(Wire::FrameEvent &&event)
         if (event.fatal)
             return;
     }
+    if (event.status == 0 && hasCode(event.head, Wire::LinkCommand::Control))
+        noteControl(event);
     // What comes with a kind that a device does not send was probably meant as an answer.
     if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
         m_exchanges.settle(std::move(event), m_options.maxPacketCount);
         m_loop->expectCall();
-    } else if (event.status == 0) {
+    } else if (event.status == 0 && !hasCode(event.head, Wire::LinkCommand::Control)) {
         takeReport(std::move(event));
     }
 }
@@ -252,8 +258,7 @@ void ChannelCore::takeReport(Wire::FrameEvent &&report)
     command->head() = Wire::packetHead(report.head);
     command->body() = std::move(report.body);
     ++m_reports;
-    if (m_handler)
-        m_handler(std::move(command));
+    m_handlers.report(std::move(command));
 }
 
 void ChannelCore::leaveClosed()

@@ -29,8 +29,11 @@ class ChannelCore final : public std::enable_shared_from_this<ChannelCore>,
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::ChannelCore)
 
 public:
-    /// Takes the reports, on the loop's thread.
-    using ReportHandler = std::function<void(std::shared_ptr<IDeviceCommand>)>;
+    /// Called on the loop's thread.
+    struct Handlers {
+        std::function<void(std::shared_ptr<IDeviceCommand>)> report;
+        std::function<void(bool isMaster)> control; ///< May be empty.
+    };
 
     static QString peerNameOf(const QString &host, quint16 port);
 
@@ -40,12 +43,14 @@ public:
     ~ChannelCore();
 
     /// Without a stream the channel is never opened.
-    void start(std::unique_ptr<ByteStream> stream, ReportHandler handler);
+    void start(std::unique_ptr<ByteStream> stream, Handlers handlers);
     void stop();
     void reconnectNow();
     void moveTo(const QString &host, quint16 port);
     bool waitUntilReady(ChannelOptions::Milliseconds timeout, QString &error);
     bool isReady() const { return m_exchanges.refusal() == 0; }
+    bool isMaster() const { return m_isMaster; }
+    bool requestControl(ControlAction action, QString &error);
     ProtoModel::DeviceBaseInfo info() const;
     ChannelStatistics statistics() const;
 
@@ -71,6 +76,9 @@ private:
     QString peerName() const;
     void postSending();
     void sendUnsent();
+    void noteControl(const Wire::FrameEvent &event);
+    void takeControl(bool isMaster, const QString &holder);
+    QString holderOfControl();
     void takeReport(Wire::FrameEvent &&report);
     void leaveClosed();
     bool hasStalled() const;
@@ -80,10 +88,11 @@ private:
 
     const std::shared_ptr<ChannelLoop> m_loop;
     const ChannelOptions m_options;
-    ReportHandler m_handler;
+    Handlers m_handlers;
     std::unique_ptr<ChannelLink> m_link;
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};
+    std::atomic<bool> m_isMaster{true};
 
     mutable std::mutex m_mutex; // never held while anything but m_exchanges is called
     std::condition_variable m_stateChanged;

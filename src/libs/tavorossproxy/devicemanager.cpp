@@ -82,11 +82,20 @@ void DeviceManager::refreshDeviceChannel()
 bool DeviceManager::sendTavoroControlRequest(const QString &ip, const QString &mac,
                                              const QString &sn, QString &error)
 {
+    return sendTavoroControlRequest(ip, mac, sn, ControlAction::Take, error);
+}
+
+bool DeviceManager::sendTavoroControlRequest(const QString &ip, const QString &mac,
+                                             const QString &sn, ControlAction action,
+                                             QString &error)
+{
     const auto channel = findDeviceChannel(ip.toStdString(), mac.toStdString(), sn.toStdString());
     if (!channel || !channel->isHardwareReadFinished()) {
         error = tr("The device at %1 is not connected.").arg(ip);
         return false;
     }
+    if (const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel))
+        return network->requestControl(action, error);
     if (!channel->isMasterControl()) {
         error = tr("The device at %1 does not hand over control.").arg(ip);
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <tavorossproxy/channelstatus.h>
+#include <tavorossproxy/controlaction.h>
 #include <tavorossproxy/devicechannel.h>
 
 #include <QString>
@@ -35,6 +36,11 @@ public:
     /// Tells the channel that its device was seen at \a host. A channel without a connection tries
     /// there at once, and from then on; one with a connection keeps it.
     virtual void moveTo(const QString &host, quint16 port) = 0;
+
+    /// Asks the device for control, or to be rid of it. On failure \a error tells why, in words.
+    /// Blocks until the device answers, 10 s at the most; not for slots on the channels' thread. A
+    /// device that does not know about control grants everything.
+    virtual bool requestControl(ControlAction action, QString &error) = 0;
 
     virtual ChannelStatistics statistics() const = 0;
 

@@ -4,19 +4,25 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-std::shared_ptr<StreamChannel> StreamChannel::open(const QString &peerName,
-                                                   std::unique_ptr<ByteStream> stream,
-                                                   std::shared_ptr<ChannelLoop> loop,
-                                                   const ChannelOptions &options,
-                                                   ReportHandler handler)
+std::shared_ptr<StreamChannel>
+StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
+                    std::shared_ptr<ChannelLoop> loop, const ChannelOptions &options,
+                    ReportHandler handler, ControlHandler controlHandler)
 {
     // Not in one piece with its counts: timers still point weakly at a core that is gone, and would
     // hold its memory until their time.
     const std::shared_ptr<ChannelCore> core(new ChannelCore(peerName, std::move(loop), options));
     auto channel = std::make_shared<StreamChannel>(core);
-    core->start(std::move(stream),
-                [weak = std::weak_ptr<DeviceChannel>(channel), handler = std::move(handler)](
-                    std::shared_ptr<IDeviceCommand> report) { handler(weak, std::move(report)); });
+    const std::weak_ptr<DeviceChannel> weak = channel;
+    ChannelCore::Handlers handlers;
+    handlers.report = [weak, handler = std::move(handler)](std::shared_ptr<IDeviceCommand> report) {
+        handler(weak, std::move(report));
+    };
+    if (controlHandler)
+        handlers.control = [weak, handler = std::move(controlHandler)](bool isMaster) {
+            handler(weak, isMaster);
+        };
+    core->start(std::move(stream), std::move(handlers));
     return channel;
 }
 
@@ -47,10 +53,9 @@ bool StreamChannel::isHardwareReadFinished()
     return m_core->isReady();
 }
 
-/// Devices of this version of the wire do not hand out control: every client has it.
 bool StreamChannel::isMasterControl()
 {
-    return true;
+    return m_core->isMaster();
 }
 
 void StreamChannel::stopChannel()
@@ -71,6 +76,11 @@ void StreamChannel::reconnectNow()
 void StreamChannel::moveTo(const QString &host, quint16 port)
 {
     m_core->moveTo(host, port);
+}
+
+bool StreamChannel::requestControl(ControlAction action, QString &error)
+{
+    return m_core->requestControl(action, error);
 }
 
 ChannelStatistics StreamChannel::statistics() const

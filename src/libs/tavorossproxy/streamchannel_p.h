@@ -22,10 +22,15 @@ public:
     using ReportHandler =
         std::function<void(std::weak_ptr<DeviceChannel>, std::shared_ptr<IDeviceCommand>)>;
 
-    /// Begins to connect and returns at once. Reports go to \a handler, on the thread of \a loop.
-    static std::shared_ptr<StreamChannel>
-    open(const QString &peerName, std::unique_ptr<ByteStream> stream,
-         std::shared_ptr<ChannelLoop> loop, const ChannelOptions &options, ReportHandler handler);
+    using ControlHandler = std::function<void(std::weak_ptr<DeviceChannel>, bool isMaster)>;
+
+    /// Begins to connect and returns at once. Reports go to \a handler, and what isMasterControl()
+    /// has changed to goes to \a controlHandler, on the thread of \a loop.
+    static std::shared_ptr<StreamChannel> open(const QString &peerName,
+                                               std::unique_ptr<ByteStream> stream,
+                                               std::shared_ptr<ChannelLoop> loop,
+                                               const ChannelOptions &options, ReportHandler handler,
+                                               ControlHandler controlHandler = {});
     explicit StreamChannel(std::shared_ptr<ChannelCore> core);
     ~StreamChannel() override;
 
@@ -38,6 +43,7 @@ public:
     bool waitUntilReady(int milliseconds, QString &error) override;
     void reconnectNow() override;
     void moveTo(const QString &host, quint16 port) override;
+    bool requestControl(ControlAction action, QString &error) override;
     ChannelStatistics statistics() const override;
 
 private:

@@ -18,12 +18,16 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
                                               std::shared_ptr<IDeviceCommand> report) {
             Q_EMIT manager->parseDeviceAutoReportFinished(std::move(channel), std::move(report));
         };
+    const auto emitControl =
+        [manager = DeviceManager::instance()](std::weak_ptr<DeviceChannel> channel, bool isMaster) {
+            Q_EMIT manager->masterControlChanged(std::move(channel), isMaster);
+        };
     std::unique_ptr<Internal::TcpStream> stream;
     if (!host.isEmpty() && port != 0)
         stream = std::make_unique<Internal::TcpStream>(host, port);
     return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
                                          std::move(stream), Internal::ChannelThread::instance(),
-                                         options, emitReport);
+                                         options, emitReport, emitControl);
 }
 
 } // namespace Tavoro::SSProxy

@@ -5,6 +5,7 @@
 
 #include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
+#include <tavorossproxy/wire/linkcommands.h>
 
 #include <QTcpSocket>
 #include <QTimer>
@@ -13,6 +14,7 @@
 
 namespace Tavoro::Sim {
 
+using SSProxy::Wire::ControlState;
 using SSProxy::Wire::FrameEvent;
 using SSProxy::Wire::FrameKind;
 using SSProxy::Wire::WireHead;
@@ -39,8 +41,8 @@ const char *typeName(quint8 type)
 
 } // namespace
 
-SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
-                     FaultRules &faults, PacketDesk::CarryOut carryOut, QObject *parent)
+SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, Identity identity,
+                     FaultRules &faults, CarryOut carryOut, QObject *parent)
     : QObject(parent),
       m_socket(socket),
       m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
@@ -48,7 +50,10 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, std::string 
       m_identity(std::move(identity)),
       m_received(readSize),
       m_parser(longestBody),
-      m_desk(options.packetSize, std::move(carryOut)),
+      m_desk(options.packetSize,
+             [this, carryOut = std::move(carryOut)](const Request &request) {
+                 return carryOut(*this, request);
+             }),
       m_faults(faults)
 {
     socket->setParent(this);
@@ -77,6 +82,20 @@ void SimClient::send(const Report &report)
     m_socket->write(SSProxy::Wire::encodeFrame(head, report.body));
     qCInfo(simLog, "%s report 0x%04X", qUtf8Printable(m_peer), head.code());
     qCDebug(simLog, "%s", report.body.c_str());
+}
+
+void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
+{
+    if (!m_isIntroduced)
+        return;
+    const auto state = isHeldByOthers ? ControlState::Others : ControlState::Yours;
+    WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::Report);
+    head.type = static_cast<quint8>(CommandType::Read);
+    head.totalCount = 1;
+    setCode(head, SSProxy::Wire::LinkCommand::Control);
+    head.arg2[0] = static_cast<quint8>(state);
+    m_socket->write(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
 }
 
 void SimClient::close()
@@ -173,7 +192,7 @@ void SimClient::answerIdentity()
     head.kind = static_cast<quint8>(FrameKind::IdentityAnswer);
     m_isIntroduced = true;
     const auto answer = [&](const WireHead & /*request*/) {
-        return PacketDesk::Packet{head, m_identity};
+        return PacketDesk::Packet{head, m_identity(*this)};
     };
     carryOut(m_faults.deliver(head, identityCode, answer));
 }

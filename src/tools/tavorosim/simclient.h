@@ -9,7 +9,8 @@
 #include <QObject>
 #include <QString>
 
-#include <memory>
+#include <functional>
+#include <string>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -25,13 +26,23 @@ class SimClient : public QObject {
     Q_OBJECT
 
 public:
-    /// \a identity is the body of the identity answer. \a faults outlive the client.
-    SimClient(QTcpSocket *socket, const SimOptions &options, std::string identity,
-              FaultRules &faults, PacketDesk::CarryOut carryOut, QObject *parent);
+    /// Carries out a whole request of the client.
+    using CarryOut = std::function<Answer(const SimClient &client, const Request &request)>;
+    /// The body of the identity answer to the client.
+    using Identity = std::function<std::string(const SimClient &client)>;
+
+    /// \a faults outlive the client.
+    SimClient(QTcpSocket *socket, const SimOptions &options, Identity identity, FaultRules &faults,
+              CarryOut carryOut, QObject *parent);
     ~SimClient() override;
+
+    /// Where the client is.
+    const QString &peer() const { return m_peer; }
 
     /// Sends \a report if the client has introduced itself and keeps up with reading.
     void send(const Report &report);
+    /// Tells the client, if it has introduced itself, whether others hold control now, and who.
+    void sendControl(bool isHeldByOthers, const QString &holder);
     /// Ends the connection behind the answers that are under way.
     void close();
     /// Ends the pause of a client that was not read from.
@@ -65,7 +76,7 @@ private:
     QTcpSocket *const m_socket;
     const QString m_peer;
     const int m_latency;
-    const std::string m_identity;
+    const Identity m_identity;
     std::vector<char> m_received; ///< What was read last.
     QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
     SSProxy::Wire::FrameParser m_parser;

@@ -8,6 +8,7 @@
 #include "simlog.h"
 
 #include <tavorossproxy/wire/identity.h>
+#include <tavorossproxy/wire/linkcommands.h>
 
 #include <QDateTime>
 #include <QTcpSocket>
@@ -17,6 +18,9 @@
 #include <utility>
 
 namespace Tavoro::Sim {
+
+using SSProxy::Wire::ControlState;
+using SSProxy::Wire::LinkCommand;
 
 Q_LOGGING_CATEGORY(simLog, "tavoro.sim", QtWarningMsg)
 
@@ -94,8 +98,12 @@ void SimServer::acceptClient()
 {
     while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
         auto *const client = new SimClient(
-            socket, m_options, SSProxy::Wire::encodeIdentity(identity()), m_state.faults,
-            [this](const Request &request) { return carryOut(request); }, this);
+            socket, m_options, [this](const SimClient &asking) { return identityFor(asking); },
+            m_state.faults,
+            [this](const SimClient &asking, const Request &request) {
+                return carryOut(asking, request);
+            },
+            this);
         m_clients.push_back(client);
         connect(client, &SimClient::restartDue, this, &SimServer::restart);
         connect(client, &SimClient::reportsDue, this,
@@ -104,6 +112,8 @@ void SimServer::acceptClient()
             m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client),
                             m_clients.end());
             client->deleteLater();
+            m_control.leave(*client);
+            tellControl();
         });
     }
 }
@@ -124,11 +134,19 @@ void SimServer::serveControl(QTcpSocket *socket)
     }
 }
 
-Answer SimServer::carryOut(const Request &request)
+Answer SimServer::carryOut(const SimClient &client, const Request &request)
 {
     catchUp();
     if (m_state.maintenance.power != Power::On)
         return {DeviceStatus::Busy, {}, nullptr};
+    if (static_cast<LinkCommand>(request.command) == LinkCommand::Control)
+        return carryOutControl(client, request);
+    const bool isWrite =
+        request.type == CommandType::Write || request.type == CommandType::BinaryWrite;
+    if (isWrite && !m_control.letWrite(client))
+        return {DeviceStatus::ControlledByOthers, {}, nullptr};
+    if (isWrite)
+        tellControlLater();
     Reports reports;
     Answer answer = Sim::carryOut(m_state, request, reports);
     // The one who asked gets the answer first, then everyone the news.
@@ -138,6 +156,43 @@ Answer SimServer::carryOut(const Request &request)
         leave();
     followPower();
     return answer;
+}
+
+Answer SimServer::carryOutControl(const SimClient &client, const Request &request)
+{
+    Answer answer;
+    if (request.type == CommandType::Read)
+        answer.body = holderName().toStdString();
+    else if (request.type == CommandType::Write)
+        answer.status = m_control.carryOut(client, request.arg2[0]);
+    else
+        answer.status = DeviceStatus::UnknownCommand;
+    tellControlLater();
+    return answer;
+}
+
+/// Behind the answer, as with reports.
+void SimServer::tellControlLater()
+{
+    if (m_control.holder() != m_toldHolder)
+        QTimer::singleShot(0, this, &SimServer::tellControl);
+}
+
+/// Tells those whose own right to write has come or gone.
+void SimServer::tellControl()
+{
+    const SimClient *const before = std::exchange(m_toldHolder, m_control.holder());
+    const QString holder = holderName();
+    for (SimClient *const client : m_clients) {
+        const bool wasHeldByOthers = before && before != client;
+        if (m_control.isHeldByOthers(*client) != wasHeldByOthers)
+            client->sendControl(!wasHeldByOthers, holder);
+    }
+}
+
+QString SimServer::holderName() const
+{
+    return m_control.holder() ? m_control.holder()->peer() : QString();
 }
 
 void SimServer::leave()
@@ -210,6 +265,15 @@ void SimServer::tell(const Reports &reports)
         for (SimClient *const client : m_clients)
             client->send(report);
     }
+}
+
+std::string SimServer::identityFor(const SimClient &client) const
+{
+    ProtoModel::DeviceBaseInfo info = identity();
+    const auto state =
+        m_control.isHeldByOthers(client) ? ControlState::Others : ControlState::Yours;
+    info.controlState = static_cast<quint8>(state);
+    return SSProxy::Wire::encodeIdentity(info);
 }
 
 ProtoModel::DeviceBaseInfo SimServer::identity() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "console.h"
+#include "controldesk.h"
 #include "discoveryresponder.h"
 #include "request.h"
 #include "simoptions.h"
@@ -42,7 +43,11 @@ private:
     void acceptClient();
     void acceptControl();
     void serveControl(QTcpSocket *socket);
-    Answer carryOut(const Request &request);
+    Answer carryOut(const SimClient &client, const Request &request);
+    Answer carryOutControl(const SimClient &client, const Request &request);
+    void tellControlLater();
+    void tellControl();
+    QString holderName() const;
     void tell(const Reports &reports);
     void catchUp();
     void followPower();
@@ -51,6 +56,7 @@ private:
     void readOn();
     void restart();
     void flood(SimClient &client, quint32 count) const;
+    std::string identityFor(const SimClient &client) const;
     ProtoModel::DeviceBaseInfo identity() const;
 
     const SimOptions m_options;
@@ -63,6 +69,8 @@ private:
     bool m_isLeaving = false; ///< It is off, but has answers to send.
     QTcpServer m_controlServer;
     DiscoveryResponder m_discovery;
+    ControlDesk m_control;
+    const SimClient *m_toldHolder = nullptr; ///< Of whom the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.
 };
 

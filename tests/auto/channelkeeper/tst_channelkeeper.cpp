@@ -29,6 +29,7 @@ public:
     {
         moves.append(QStringLiteral("%1:%2").arg(host).arg(port));
     }
+    bool requestControl(ControlAction, QString &) override { return true; }
     ChannelStatistics statistics() const override { return {}; }
 
     ProtoModel::DeviceBaseInfo info;

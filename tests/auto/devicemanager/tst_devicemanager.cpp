@@ -35,6 +35,7 @@ public:
     bool waitUntilReady(int, QString &) override { return true; }
     void reconnectNow() override { ++refreshed; }
     void moveTo(const QString &, quint16) override { }
+    bool requestControl(ControlAction, QString &) override { return true; }
     ChannelStatistics statistics() const override { return {}; }
 
     ProtoModel::DeviceBaseInfo info;

@@ -354,6 +354,8 @@ void tst_TavoroSimCommands::writesTellEveryone()
     QFETCH(int, reported);
     QFETCH(QByteArray, report);
     const auto other = connectTo(*m_device);
+    QCOMPARE(m_client->control(1), 0);
+    QCOMPARE(int(other->waitForReport().head.code()), 0x0101); // who holds control now
     QCOMPARE(status(quint16(code), body), 0);
     for (WireClient *client : {m_client.get(), other.get()}) {
         const WireFrame frame = client->waitForReport();

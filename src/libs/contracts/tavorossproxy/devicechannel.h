@@ -31,7 +31,8 @@ public:
     /// as "offline" to the user.
     virtual bool isHardwareReadFinished() = 0;
 
-    /// True while this client holds control of the device.
+    /// True while this client holds control of the device, or no client does: it would get it by
+    /// its first write.
     virtual bool isMasterControl() = 0;
 
     /// Stops the channel and disconnects.

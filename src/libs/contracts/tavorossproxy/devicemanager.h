@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tavorossproxy/controlaction.h>
 #include <tavorossproxy/export.h>
 
 #include <QList>
@@ -46,15 +47,22 @@ public:
     /// at their next turn, and where the application looks for devices, they are asked for now.
     void refreshDeviceChannel();
 
-    /// Asks a device for control, on behalf of the caller. \a ip, \a mac and \a sn name the device.
-    /// On failure \a error tells why, in words.
+    /// Takes control of a device unless another client holds it. \a ip, \a mac and \a sn name the
+    /// device. On failure \a error tells why, in words. Blocks until the device answers.
     bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                   QString &error);
+    /// The same with an action of the caller's choice.
+    bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
+                                  ControlAction action, QString &error);
 
 Q_SIGNALS:
     /// A device sent a command unasked. Emitted on the thread that received it.
     void parseDeviceAutoReportFinished(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
+
+    /// Another client has got control of a device (false), or holds it no more (true): what \c
+    /// isMasterControl() of the channel says now. Emitted on the channels' thread.
+    void masterControlChanged(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel, bool isMaster);
 
     /// A device was found on the network, and a channel to it is in the manager now. It is about to
     /// connect. Emitted on the channels' thread.

@@ -1,0 +1,77 @@
+// Who holds control of the device: the part of ChannelCore that asks for it and follows it.
+
+#include "channelcore_p.h"
+#include "logging_p.h"
+
+#include <tavorossproxy/wire/devicestatus.h>
+#include <tavorossproxy/wire/linkcommands.h>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+DeviceRequestCommand controlRequest(CommandType type)
+{
+    Wire::WireHead head;
+    head.type = static_cast<quint8>(type);
+    setCode(head, Wire::LinkCommand::Control);
+    DeviceRequestCommand request;
+    request.head() = Wire::packetHead(head);
+    return request;
+}
+
+} // namespace
+
+bool ChannelCore::requestControl(ControlAction action, QString &error)
+{
+    auto request = controlRequest(CommandType::Write);
+    request.head().arg2[0] = static_cast<quint8>(action);
+    const quint16 status = exchange(request)->status;
+    // A device that does not hand out control lets everybody write.
+    if (status == quint16(Wire::DeviceStatus::Success)
+        || status == quint16(Wire::DeviceStatus::UnknownCommand))
+        return true;
+    if (status == quint16(Wire::DeviceStatus::ControlledByOthers))
+        error = tr("The device at %1 is controlled by %2.").arg(peerName(), holderOfControl());
+    else
+        error = tr("The device at %1 does not answer for its control (%2).")
+                    .arg(peerName())
+                    .arg(status);
+    return false;
+}
+
+QString ChannelCore::holderOfControl()
+{
+    auto request = controlRequest(CommandType::Read);
+    const auto response = exchange(request);
+    return response->status == 0 && !response->body().empty()
+        ? QString::fromStdString(response->body())
+        : tr("another client");
+}
+
+/// A report tells what has changed; the answer to a request, which comes before that, what the
+/// caller relies on when it has returned. Both on the loop's thread, in the order of the device.
+void ChannelCore::noteControl(const Wire::FrameEvent &event)
+{
+    const quint8 argument = event.head.arg2[0];
+    if (event.head.kind == quint8(Wire::FrameKind::Report))
+        takeControl(argument == quint8(Wire::ControlState::Yours),
+                    QString::fromStdString(event.body));
+    else if (event.head.status == 0 && event.head.type == quint8(CommandType::Write)
+             && argument != quint8(ControlAction::GiveUp))
+        takeControl(true, {});
+}
+
+void ChannelCore::takeControl(bool isMaster, const QString &holder)
+{
+    if (m_isMaster.exchange(isMaster) == isMaster)
+        return;
+    if (isMaster)
+        qCInfo(channelLog) << "Nobody else controls" << peerName();
+    else
+        qCWarning(channelLog) << "Others control" << peerName() << holder;
+    if (m_handlers.control)
+        m_handlers.control(isMaster);
+}
+
+} // namespace Tavoro::SSProxy::Internal
