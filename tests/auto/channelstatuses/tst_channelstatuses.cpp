@@ -1,0 +1,298 @@
+// Every status that is the channel's own, by its cause: a channel over TCP to a simulated device,
+// and what an application does with them.
+
+#include <tavorocontrol/controlhelper.h>
+#include <tavorosim/simulateddevice.h>
+#include <tavorossproxy/devicecommand.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+
+#include <QCoreApplication>
+#include <QTest>
+
+#include <atomic>
+#include <future>
+#include <memory>
+#include <string>
+
+using namespace Tavoro;
+using namespace Tavoro::SSProxy;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr quint16 detail = 0x1100;
+constexpr quint16 swapCode = 0x1107;
+
+std::shared_ptr<DeviceRequestCommand> request(quint16 code, int timeout = 20000)
+{
+    auto command = std::make_shared<DeviceRequestCommand>();
+    command->head().type = code == swapCode ? 2 : 1;
+    command->head().BC = static_cast<quint8>(code >> 8);
+    command->head().FC = static_cast<quint8>(code & 0xFF);
+    if (code == swapCode)
+        command->body() = R"({"swap":0})";
+    command->setTimeout(timeout);
+    return command;
+}
+
+/// A device that goes wrong by a rule from the beginning, and a channel to it.
+struct Line {
+    explicit Line(const char *rule = "", const ChannelOptions &channelOptions = {})
+    {
+        QString error;
+        if (!device->start(error))
+            qFatal("%s", qUtf8Printable(error));
+        if (*rule != '\0'
+            && !device->execute(QStringLiteral("fault add ") + QLatin1String(rule)).ok)
+            qFatal("no rule: %s", rule);
+        channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device->port(), channelOptions);
+    }
+    ~Line() { channel->stopChannel(); }
+
+    bool isReady()
+    {
+        QString error;
+        return channel->waitUntilReady(10000, error);
+    }
+    int ask(quint16 code = detail, int timeout = 20000)
+    {
+        return channel->sendSyncRequest(request(code, timeout))->status;
+    }
+    std::string swap()
+    {
+        const std::string body = channel->sendSyncRequest(request(detail))->body();
+        const auto at = body.find("\"swap\":");
+        return at == std::string::npos ? "unknown" : body.substr(at + 7, 1);
+    }
+
+    std::unique_ptr<Sim::SimulatedDevice> device = std::make_unique<Sim::SimulatedDevice>();
+    std::shared_ptr<NetworkChannel> channel;
+};
+
+QString textOf(int status)
+{
+    return Control::ControlHelper::errorText(static_cast<quint16>(status));
+}
+
+} // namespace
+
+class tst_ChannelStatuses : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void channelWithoutAnAddressIsNotInitialised();
+    void channelWhoseDeviceHasNotToldItsIdentityIsConnecting();
+    void connectionThatIsLostEndsTheRequest();
+    void lostConnectionRefusesRequests();
+    void answerThatDoesNotComeInTimeEndsTheRequest();
+    void requestFromAReportWouldWaitForItself();
+    void requestWithoutAFreeTagIsRefused();
+    void requestThatIsNoneIsRefused();
+    void requestBehindTheEndOfTheApplicationIsRefused();
+    void answerThatIsWrong_data();
+    void answerThatIsWrong();
+    void answerOfAnotherRequestIsFound();
+    void deviceThatIsSilentToPingsIsLeft();
+    void nothingIsSentTwice();
+
+private:
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char *m_argv[2] = {m_name, nullptr};
+    std::unique_ptr<QCoreApplication> m_application;
+};
+
+/// One application object for each test: the channels' thread ends with it.
+void tst_ChannelStatuses::init()
+{
+    m_application = std::make_unique<QCoreApplication>(m_argc, m_argv);
+}
+
+void tst_ChannelStatuses::cleanup()
+{
+    m_application.reset();
+}
+
+void tst_ChannelStatuses::channelWithoutAnAddressIsNotInitialised()
+{
+    const auto channel = openTcpDeviceChannel(QString());
+    QCOMPARE(int(channel->sendSyncRequest(request(detail))->status), 257);
+    QCOMPARE(textOf(257), QStringLiteral("software error: Channel is not initialized"));
+}
+
+void tst_ChannelStatuses::channelWhoseDeviceHasNotToldItsIdentityIsConnecting()
+{
+    Line line("ignore,code=identity");
+    QCOMPARE(line.ask(), 258);
+    QCOMPARE(textOf(258), QStringLiteral("software error: Channel is connecting"));
+}
+
+void tst_ChannelStatuses::connectionThatIsLostEndsTheRequest()
+{
+    Line line("drop-before,code=DeviceSwap,count=1");
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(swapCode), 259);
+    QCOMPARE(textOf(259), QStringLiteral("software error: Channel disconnected"));
+    line.channel->reconnectNow();
+    QVERIFY(line.isReady());
+    QCOMPARE(line.swap(), std::string("0")); // it has happened all the same
+}
+
+void tst_ChannelStatuses::lostConnectionRefusesRequests()
+{
+    ChannelOptions options;
+    options.firstReconnectPause = 60s;
+    Line line("drop-request,count=1", options);
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(), 259);
+    const quint64 requests = line.channel->statistics().requests;
+    QCOMPARE(line.ask(swapCode), 259);
+    QCOMPARE(line.channel->statistics().requests, requests); // it was not sent
+}
+
+void tst_ChannelStatuses::answerThatDoesNotComeInTimeEndsTheRequest()
+{
+    Line line("silent,code=DeviceSwap,count=1");
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(swapCode, 50), 260);
+    QCOMPARE(textOf(260), QStringLiteral("software error: Request timed out"));
+    QCOMPARE(line.swap(), std::string("0")); // it has happened all the same
+}
+
+void tst_ChannelStatuses::requestFromAReportWouldWaitForItself()
+{
+    Line line;
+    QVERIFY(line.isReady());
+    std::atomic<int> status{0};
+    const auto connection = QObject::connect(
+        DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished,
+        DeviceManager::instance(), [&] { status = line.ask(); }, Qt::DirectConnection);
+    QVERIFY(line.device->execute(QStringLiteral("genlock 0")).ok);
+    QTRY_COMPARE(status.load(), 261);
+    QObject::disconnect(connection);
+    QCOMPARE(textOf(261), QStringLiteral("software error: Asynchronous request is being executed"));
+}
+
+void tst_ChannelStatuses::requestWithoutAFreeTagIsRefused()
+{
+    ChannelOptions options;
+    options.maxOwedAnswers = 1000;
+    Line line("silent", options);
+    QVERIFY(line.isReady());
+    std::vector<std::future<int>> callers;
+    for (int i = 0; i < 255; ++i)
+        callers.push_back(std::async(std::launch::async, [&] { return line.ask(detail, 60000); }));
+    QTRY_COMPARE(line.channel->statistics().requests, quint64(255));
+    QCOMPARE(line.ask(), 262);
+    QCOMPARE(textOf(262), QStringLiteral("software error: Sync request is being executed"));
+    line.channel->stopChannel();
+    for (auto &caller : callers)
+        QCOMPARE(caller.get(), 259);
+}
+
+void tst_ChannelStatuses::requestThatIsNoneIsRefused()
+{
+    Line line;
+    QVERIFY(line.isReady());
+    QCOMPARE(int(line.channel->sendSyncRequest(nullptr)->status), 263);
+    auto ofNoType = request(detail);
+    ofNoType->head().type = 5;
+    QCOMPARE(int(line.channel->sendSyncRequest(ofNoType)->status), 263);
+    auto tooLong = request(swapCode);
+    tooLong->body() = std::string(64 * 1024 + 1, ' ');
+    QCOMPARE(int(line.channel->sendSyncRequest(tooLong)->status), 263);
+    QCOMPARE(textOf(263), QStringLiteral("software error: Invalid request command"));
+}
+
+void tst_ChannelStatuses::requestBehindTheEndOfTheApplicationIsRefused()
+{
+    Line line;
+    QVERIFY(line.isReady());
+    line.device.reset(); // it needs an application too
+    m_application.reset();
+    QCOMPARE(line.ask(), 264);
+    QCOMPARE(textOf(264),
+             QStringLiteral("software error: Sending thread is not initialized or not started"));
+}
+
+void tst_ChannelStatuses::answerThatIsWrong_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *fault, int status, const char *text) {
+        QTest::newRow(fault) << status << QString::fromLatin1(text);
+    };
+    row("wrong-code", 357, "protocol error: Invalid register address");
+    row("drop-within", 358, "protocol error: Return data is too short");
+    row("wrong-flag", 359, "protocol error: Invalid protocol header flag");
+    row("wrong-version", 359, "protocol error: Invalid protocol header flag");
+    row("wrong-index", 360, "protocol error: Invalid checksum index");
+    row("wrong-checksum", 361, "protocol error: Invalid checksum");
+    row("wrong-head-checksum", 361, "protocol error: Invalid checksum");
+    row("wrong-type", 362, "protocol error: Invalid type");
+    row("wrong-kind", 362, "protocol error: Invalid type");
+    row("wrong-length", 363, "protocol error: Invalid extended data length");
+    row("packets", 363, "protocol error: Invalid extended data length");
+    row("stall", 365, "protocol error: Device response decoding timed out");
+}
+
+void tst_ChannelStatuses::answerThatIsWrong()
+{
+    QFETCH(int, status);
+    QFETCH(QString, text);
+    Line line;
+    QVERIFY(line.isReady());
+    const QString rule = QLatin1String(QTest::currentDataTag());
+    QVERIFY(line.device->execute(QStringLiteral("fault add ") + rule).ok);
+    QCOMPARE(line.ask(detail, status == 365 ? 100 : 20000), status);
+    QCOMPARE(textOf(status), text);
+}
+
+/// The tag and the stream are those of the first request, the code is not.
+void tst_ChannelStatuses::answerOfAnotherRequestIsFound()
+{
+    Line line("silent,code=DeviceSwap,count=1");
+    QVERIFY(line.isReady());
+    auto first = std::async(std::launch::async, [&] { return line.ask(swapCode); });
+    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(line.device->execute(QStringLiteral("fault add other-tag")).ok);
+    QCOMPARE(line.ask(detail, 100), 260);
+    QCOMPARE(first.get(), 357);
+}
+
+void tst_ChannelStatuses::deviceThatIsSilentToPingsIsLeft()
+{
+    ChannelOptions options;
+    options.keepAliveInterval = 50ms;
+    options.keepAliveTimeout = 150ms;
+    Line line("stop-reading", options);
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(), 364);
+    QCOMPARE(textOf(364), QStringLiteral("protocol error: Device response timeout"));
+}
+
+/// Neither the time nor a lost connection makes the channel send a request again.
+void tst_ChannelStatuses::nothingIsSentTwice()
+{
+    Line line("ignore,code=DeviceSwap,count=1");
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(swapCode, 50), 260);
+    QVERIFY(
+        line.device->execute(QStringLiteral("fault add drop-request,code=DeviceSwap,count=1")).ok);
+    QCOMPARE(line.ask(swapCode), 259);
+    line.channel->reconnectNow();
+    QVERIFY(line.isReady());
+    QCOMPARE(line.swap(), std::string("1"));
+}
+
+int main(int argc, char *argv[])
+{
+    tst_ChannelStatuses test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_channelstatuses.moc"
