@@ -34,8 +34,7 @@ public:
     void send(int size)
     {
         m_packet.resize(size);
-        const auto length =
-            std::min(m_source.size(), static_cast<std::size_t>(size - std::min(headSize, size)));
+        const auto length = std::min(m_source.size(), static_cast<std::size_t>(size - headSize));
         if (m_source.size() - m_next < length)
             m_next = 0;
         std::memcpy(m_packet.data() + size - length, m_source.data() + m_next, length);
@@ -52,9 +51,48 @@ private:
     QByteArray m_packet;
 };
 
+/// Receives heads with what follows them, and throws that away or gathers it.
+class Receiver {
+public:
+    /// \a sink may be null. It gets room for \a length bytes.
+    Receiver(QTcpSocket &socket, std::string *sink, std::size_t length)
+        : m_socket(socket), m_sink(sink)
+    {
+        if (m_sink)
+            m_sink->reserve(length);
+    }
+
+    void receive(int size)
+    {
+        if (!m_sink) {
+            m_dropped.resize(size);
+            return take(m_socket, m_dropped.data(), size);
+        }
+        char head[headSize];
+        take(m_socket, head, headSize);
+        const std::size_t before = m_sink->size();
+        m_sink->resize(before + static_cast<std::size_t>(size - headSize));
+        take(m_socket, m_sink->data() + before, size - headSize);
+    }
+
+private:
+    QTcpSocket &m_socket;
+    std::string *const m_sink;
+    QByteArray m_dropped;
+};
+
+/// What travels behind the heads in one direction.
+std::size_t lengthOf(const std::vector<BareExchange> &exchanges, int BareExchange::*direction)
+{
+    std::size_t sum = 0;
+    for (const BareExchange &exchange : exchanges)
+        sum += static_cast<std::size_t>(exchange.*direction - headSize);
+    return sum;
+}
+
 /// The one that answers.
 void serve(std::promise<quint16> &port, const std::vector<BareExchange> &exchanges,
-           std::string_view source)
+           std::string_view source, std::string *store)
 {
     QTcpServer server;
     server.listen(QHostAddress::LocalHost);
@@ -64,37 +102,14 @@ void serve(std::promise<quint16> &port, const std::vector<BareExchange> &exchang
     QTcpSocket &socket = *server.nextPendingConnection();
     socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
     Sender sender(socket, source);
-    QByteArray request;
+    Receiver receiver(socket, store, lengthOf(exchanges, &BareExchange::request));
     for (const BareExchange &exchange : exchanges) {
-        request.resize(exchange.request);
-        take(socket, request.data(), exchange.request);
+        receiver.receive(exchange.request);
         sender.send(exchange.answer);
     }
     socket.disconnectFromHost();
     if (socket.state() != QAbstractSocket::UnconnectedState)
         socket.waitForDisconnected(patience);
-}
-
-/// Takes an answer; the place behind what \a sink has is for what follows the head.
-void takeAnswer(QTcpSocket &socket, int size, QByteArray &dropped, std::string *sink)
-{
-    if (!sink) {
-        dropped.resize(size);
-        return take(socket, dropped.data(), size);
-    }
-    char head[headSize];
-    take(socket, head, headSize);
-    const std::size_t before = sink->size();
-    sink->resize(before + static_cast<std::size_t>(size - headSize));
-    take(socket, sink->data() + before, size - headSize);
-}
-
-std::size_t answeredBytes(const std::vector<BareExchange> &exchanges)
-{
-    std::size_t sum = 0;
-    for (const BareExchange &exchange : exchanges)
-        sum += static_cast<std::size_t>(exchange.answer - headSize);
-    return sum;
 }
 
 /// Packets of \a length bytes; \a make tells the exchange that moves one of a given size.
@@ -111,22 +126,20 @@ std::vector<BareExchange> cut(qint64 length, int packetSize, Make make)
 } // namespace
 
 void runBarePair(const std::vector<BareExchange> &exchanges, std::string_view source,
-                 std::string *sink)
+                 std::string *sink, std::string *store)
 {
     std::promise<quint16> port;
-    std::thread device([&] { serve(port, exchanges, source); });
+    std::thread device([&] { serve(port, exchanges, source, store); });
     QTcpSocket socket;
     socket.connectToHost(QHostAddress::LocalHost, port.get_future().get());
     if (!socket.waitForConnected(patience))
         fail(socket.errorString());
     socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    if (sink)
-        sink->reserve(answeredBytes(exchanges));
     Sender sender(socket, source);
-    QByteArray dropped;
+    Receiver receiver(socket, sink, lengthOf(exchanges, &BareExchange::answer));
     for (const BareExchange &exchange : exchanges) {
         sender.send(exchange.request);
-        takeAnswer(socket, exchange.answer, dropped, sink);
+        receiver.receive(exchange.answer);
     }
     device.join();
 }

@@ -19,12 +19,14 @@ using BizModel::DeviceList;
 
 using RequestPtr = std::shared_ptr<SSProxy::DeviceRequestCommand>;
 
-/// Makes room for \a more bytes. What was announced is believed up to eight times of what has come:
-/// a true announcement then saves most of the copying, and a false one costs little.
+/// Makes room for \a more bytes. What was announced is believed up to the length of the longest
+/// packet, and then up to many times of what has come: a true announcement saves nearly all the
+/// copying, and a false one costs addresses, not memory.
 void makeRoom(std::string &result, std::size_t more, std::size_t announced)
 {
+    constexpr std::size_t believedAtOnce = 64u << 20;
     const std::size_t needed = result.size() + more;
-    const std::size_t believed = std::min(announced, 8 * result.size());
+    const std::size_t believed = std::min(announced, std::max(believedAtOnce, 16 * result.size()));
     if (needed > result.capacity() && needed <= believed)
         result.reserve(believed);
 }

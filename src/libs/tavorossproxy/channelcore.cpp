@@ -2,6 +2,7 @@
 
 #include "logging_p.h"
 
+#include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
 #include <tavorossproxy/wire/linkcommands.h>
 
@@ -122,7 +123,9 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
         return refused(request, ticket.refusal);
 
     request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
-    m_exchanges.submit(ticket.head.lables, Wire::encodeFrame(ticket.head, request.body()));
+    QByteArray frame = m_exchanges.takeStorage();
+    Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
+    m_exchanges.submit(ticket.head.lables, std::move(frame));
     postSending();
     auto response = m_exchanges.await(ticket.head, deadline);
 
@@ -245,10 +248,11 @@ void ChannelCore::postSending()
 void ChannelCore::sendUnsent()
 {
     while (m_link && m_link->canSend()) {
-        const auto frame = m_exchanges.takeUnsent();
+        auto frame = m_exchanges.takeUnsent();
         if (!frame)
             return;
         m_link->send(*frame);
+        m_exchanges.giveBack(std::move(*frame));
     }
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <thread>
+#include <utility>
 
 namespace Tavoro::SSProxy::Internal {
 
@@ -13,6 +14,9 @@ namespace {
 /// How long a caller looks out for its answer before it goes to sleep. To be woken takes as long as
 /// a near device takes to answer.
 constexpr std::chrono::microseconds lookout(200);
+
+/// Longest frame whose storage is kept, in bytes.
+constexpr int longestKept = 4 << 20;
 
 /// Streams from here on belong to calling threads, those below to single requests.
 constexpr quint16 firstThreadStream = 0x8000;
@@ -104,6 +108,21 @@ ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request)
     slot.request = ticket.head;
     ++m_counts.requests;
     return ticket;
+}
+
+/// The system would take the storage of a long frame back and clear it for the next one.
+QByteArray ExchangeTable::takeStorage()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_storage, {});
+}
+
+void ExchangeTable::giveBack(QByteArray frame)
+{
+    if (frame.capacity() > longestKept)
+        return;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_storage = std::move(frame);
 }
 
 void ExchangeTable::submit(quint8 tag, QByteArray frame)

@@ -23,6 +23,7 @@ namespace Tavoro::SSProxy::Internal {
 /// |-------------------------------------|------------------------------|
 /// | begin, submit, await                | that of the caller, in order |
 /// | takeUnsent, noteBegun, settle       | that of the channel's loop   |
+/// | takeStorage, giveBack               | any                          |
 /// | open, shut, refusal and the counts  | any                          |
 ///
 /// A tag goes round like this; shut() ends every request that is in flight and frees owed tags:
@@ -50,6 +51,8 @@ public:
     };
     /// Gives a request a tag and, where it has none, a stream.
     Ticket begin(const DeviceRequestCommand &request);
+    /// Storage for a frame, with any content.
+    QByteArray takeStorage();
     /// Hands over the frame that travels.
     void submit(quint8 tag, QByteArray frame);
     /// Blocks until the answer has come or \a deadline has passed, and gives the tag back. Never
@@ -59,6 +62,8 @@ public:
 
     /// The next frame to send, if there is one.
     std::optional<QByteArray> takeUnsent();
+    /// Takes the storage of a frame that was sent, for the next one.
+    void giveBack(QByteArray frame);
     /// The answer to \a head's tag has begun to arrive.
     void noteBegun(const Wire::WireHead &head);
     /// Gives an answer, or what is wrong with it, to the request that waits for it.
@@ -106,6 +111,7 @@ private:
     int m_owed = 0;
     bool m_answersQuickly = true; ///< The last answer came within the lookout.
     Counts m_counts;
+    QByteArray m_storage; ///< Of the frame that was sent last.
     std::deque<quint8> m_unsent; ///< Tags in the state Unsent, in their order.
     std::array<Slot, 256> m_slots; ///< By tag; 0 is never given.
 };
