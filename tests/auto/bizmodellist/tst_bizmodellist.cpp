@@ -30,6 +30,7 @@ class tst_BizModelList : public QObject {
 private Q_SLOTS:
     void cleanup();
     void deviceIsFoundByItsWholeIdentity();
+    void deviceIsFoundAsSoonAsItIsAppended();
     void deviceIsFoundByWhatItBecame();
     void deviceIsInTheListOnce();
     void nullIsNotTaken();
@@ -58,6 +59,15 @@ void tst_BizModelList::deviceIsFoundByItsWholeIdentity()
     QVERIFY(!found(QStringLiteral("192.0.2.172"), mac, sn));
     QVERIFY(!found(ip, QStringLiteral("0000000000AC"), sn));
     QVERIFY(!found(ip, mac, QStringLiteral("00000000000000AC")));
+}
+
+// Also when the list has been searched for it before.
+void tst_BizModelList::deviceIsFoundAsSoonAsItIsAppended()
+{
+    const auto device = ModelRecords::device();
+    QVERIFY(!found(device->IPAddress(), device->MAC(), device->sn()));
+    DeviceList::instance()->append(device);
+    QCOMPARE(found(device->IPAddress(), device->MAC(), device->sn()), device);
 }
 
 void tst_BizModelList::deviceIsFoundByWhatItBecame()

@@ -24,6 +24,19 @@ int saveAsChild(const QString &fileName, FaultyVfs::Fault fault, int number)
     return 0;
 }
 
+/// What another does: asks for a save of the new state, and ends without closing the store.
+int leaveAsChild(const QString &fileName)
+{
+    auto *const list = Tavoro::BizModel::DeviceList::instance();
+    Tavoro::BizModel::s_DeviceStoreOptions options;
+    options.fileName = fileName;
+    QString error;
+    if (!list->openDeviceStore(options, error))
+        return 1;
+    list->saveDeviceDataThread()->saveDevicesInfor(list->append(deviceIn(New)));
+    return 0;
+}
+
 } // namespace
 
 /// A disk that fails, and a process that ends in the middle of a save.
@@ -33,6 +46,7 @@ class tst_DeviceStoreFaults : public QObject {
 private Q_SLOTS:
     void killedSaveLeavesTheLastCompleteOne_data();
     void killedSaveLeavesTheLastCompleteOne();
+    void endOfTheApplicationDoesTheSaves();
     void fullDiskIsToldAndTriedAgain();
     void fullDiskLeavesTheLastCompleteSave();
 };
@@ -82,6 +96,21 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
     QVERIFY(killed > 10);
 }
 
+void tst_DeviceStoreFaults::endOfTheApplicationDoesTheSaves()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    QProcess child;
+    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--leave"), file});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), 0);
+    QCOMPARE(child.readAllStandardError(), QByteArray()); // nothing of the store is left open
+    const StoredModel model(file);
+    QVERIFY(model.onlyDevice());
+    QCOMPARE(stateOf(*model.onlyDevice()), New);
+}
+
 void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
 {
     const QTemporaryDir folder;
@@ -125,6 +154,8 @@ int main(int argc, char **argv)
     if (arguments.size() == 5 && arguments[1] == QLatin1String("--save"))
         return saveAsChild(arguments[2], FaultyVfs::Fault(arguments[3].toInt()),
                            arguments[4].toInt());
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("--leave"))
+        return leaveAsChild(arguments[2]);
     tst_DeviceStoreFaults test;
     return QTest::qExec(&test, argc, argv);
 }
