@@ -1,5 +1,7 @@
 #pragma once
 
+#include "faultrows.h"
+
 #include <faultbench.h>
 
 #include <QString>
@@ -21,7 +23,6 @@ struct Operation {
     bool (*hasHappened)(FaultBench &bench);
 };
 
-constexpr int operationCount = 6;
 extern const Operation operations[operationCount];
 
 /// Brings the device to the state in which no operation has happened.
