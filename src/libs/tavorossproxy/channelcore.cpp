@@ -43,6 +43,7 @@ void ChannelCore::start(std::unique_ptr<ByteStream> stream, Handlers handlers)
     if (!stream)
         return leaveClosed();
     m_handlers = std::move(handlers);
+    makeReportGate();
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
     linkConnecting(); // so that a request that comes at once hears the same as a later one
     const bool isPosted = m_loop->post([core = shared_from_this()] {
@@ -108,8 +109,8 @@ ProtoModel::DeviceBaseInfo ChannelCore::info() const
 ChannelStatistics ChannelCore::statistics() const
 {
     const auto counts = m_exchanges.counts();
-    return {m_connections,       counts.requests, counts.timeouts, counts.lateAnswers,
-            counts.strayAnswers, m_reports,       m_protocolErrors};
+    return {m_connections,       counts.requests, counts.timeouts,  counts.lateAnswers,
+            counts.strayAnswers, m_reports,       m_droppedReports, m_protocolErrors};
 }
 
 std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestCommand &request)
@@ -135,6 +136,21 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
              && hasStalled())
         giveUpConnection(tr("it stopped in the middle of a frame"));
     return response;
+}
+
+bool ChannelCore::linkMayConnect()
+{
+    if (!m_holdsConnection && m_loop->connections < m_options.maxConnections) {
+        ++m_loop->connections;
+        m_holdsConnection = true;
+    }
+    return m_holdsConnection;
+}
+
+void ChannelCore::releaseConnection()
+{
+    m_loop->connections -= m_holdsConnection;
+    m_holdsConnection = false;
 }
 
 void ChannelCore::linkConnecting()
@@ -165,6 +181,7 @@ void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
 
 void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenOff)
 {
+    releaseConnection();
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
@@ -256,13 +273,47 @@ void ChannelCore::sendUnsent()
     }
 }
 
+void ChannelCore::makeReportGate()
+{
+    const ReportGate::Limits limits{m_options.maxPendingReports, m_options.maxPendingReportBytes};
+    const auto receiver = [this](std::shared_ptr<IDeviceCommand> report) {
+        ++m_reports;
+        m_handlers.report(std::move(report));
+    };
+    const auto wake = [loop = m_loop, weak = weak_from_this()] {
+        loop->post([weak] {
+            if (const auto core = weak.lock())
+                core->m_reportGate->deliverWaiting();
+        });
+    };
+    m_reportGate = std::make_unique<ReportGate>(limits, receiver, wake);
+}
+
 void ChannelCore::takeReport(Wire::FrameEvent &&report)
 {
-    auto command = std::make_shared<DeviceResponseCommand>();
-    command->head() = Wire::packetHead(report.head);
-    command->body() = std::move(report.body);
-    ++m_reports;
-    m_handlers.report(std::move(command));
+    noteDropped(m_reportGate->take(Wire::packetHead(report.head), std::move(report.body)));
+}
+
+/// The log tells of it once a second at the most.
+void ChannelCore::noteDropped(int count)
+{
+    constexpr std::chrono::seconds pause(1);
+    if (count == 0)
+        return;
+    m_droppedReports += static_cast<quint64>(count);
+    if (m_droppedUntold == 0) {
+        m_loop->postAt(m_loop->clock().now() + pause, [weak = weak_from_this()] {
+            if (const auto core = weak.lock())
+                core->tellDropped();
+        });
+    }
+    m_droppedUntold += static_cast<quint64>(count);
+}
+
+void ChannelCore::tellDropped()
+{
+    qCWarning(channelLog) << "Too many reports from" << peerName() << "dropped" << m_droppedUntold;
+    m_droppedUntold = 0;
 }
 
 void ChannelCore::leaveClosed()
@@ -312,6 +363,9 @@ void ChannelCore::shutForGood(quint16 refusal)
 
 void ChannelCore::endLink()
 {
+    releaseConnection();
+    if (m_reportGate)
+        m_reportGate->forgetWaiting();
     if (m_link)
         m_link->stop();
     m_link.reset();

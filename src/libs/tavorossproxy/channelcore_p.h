@@ -3,6 +3,7 @@
 #include "channellink_p.h"
 #include "channelloop_p.h"
 #include "exchangetable_p.h"
+#include "reportgate_p.h"
 
 #include <tavorossproxy/networkchannel.h>
 
@@ -19,9 +20,9 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                         | thread                                     |
 /// |--------------------------------|--------------------------------------------|
 /// | the public ones                | any                                        |
-/// | m_link, the link's events      | that of the loop                           |
+/// | m_link, m_reportGate, events   | that of the loop                           |
 /// | m_exchanges                    | any, guards itself                         |
-/// | m_state, m_peerName, m_reason, m_info | any, guarded by m_mutex             |
+/// | m_state, m_info and the names  | any, guarded by m_mutex                    |
 /// | the counters                   | written by the loop's thread, read by any  |
 class ChannelCore final : public std::enable_shared_from_this<ChannelCore>,
                           public ChannelLoop::User,
@@ -63,6 +64,7 @@ private:
         Stopped
     };
 
+    bool linkMayConnect() override;
     void linkConnecting() override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
     void linkLost(quint16 status, const QString &reason, quint8 brokenOff) override;
@@ -79,7 +81,11 @@ private:
     void noteControl(const Wire::FrameEvent &event);
     void takeControl(bool isMaster, const QString &holder);
     QString holderOfControl();
+    void makeReportGate();
     void takeReport(Wire::FrameEvent &&report);
+    void noteDropped(int count);
+    void tellDropped();
+    void releaseConnection();
     void leaveClosed();
     bool hasStalled() const;
     void giveUpConnection(const QString &reason);
@@ -90,6 +96,9 @@ private:
     const ChannelOptions m_options;
     Handlers m_handlers;
     std::unique_ptr<ChannelLink> m_link;
+    std::unique_ptr<ReportGate> m_reportGate;
+    quint64 m_droppedUntold = 0; ///< Reports that were dropped since the log told of it.
+    bool m_holdsConnection = false; ///< Counts among those of the loop.
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<bool> m_isMaster{true};
@@ -105,6 +114,7 @@ private:
     std::atomic<Clock::TimePoint> m_pausedWithinFrame{Clock::TimePoint()};
     std::atomic<quint64> m_connections{0};
     std::atomic<quint64> m_reports{0};
+    std::atomic<quint64> m_droppedReports{0};
     std::atomic<quint64> m_protocolErrors{0};
 };
 

@@ -96,6 +96,8 @@ bool ChannelLink::canSend() const
 void ChannelLink::connect()
 {
     enter(Phase::Connecting, m_options.connectTimeout);
+    if (!m_events.linkMayConnect())
+        return drop(Disconnected, tr("there are too many connections"));
     m_events.linkConnecting();
     m_stream->open(*this);
 }

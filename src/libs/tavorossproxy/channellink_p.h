@@ -30,6 +30,8 @@ class ChannelLink final : private ByteStream::Events {
 public:
     class Events {
     public:
+        /// False when there are too many connections already.
+        virtual bool linkMayConnect() = 0;
         virtual void linkConnecting() = 0;
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
         /// The connection or the attempt has failed. \a brokenOff is the tag of the answer that was

@@ -33,6 +33,7 @@ public:
     virtual void expectCall() { }
     /// Runs \a call when \a time has come.
     virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
+    int connections = 0; ///< That channels have or try to make.
     virtual void attach(std::shared_ptr<User> user) = 0;
     virtual void detach(const User *user) = 0;
 };

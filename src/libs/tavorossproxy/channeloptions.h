@@ -42,6 +42,14 @@ struct ChannelOptions {
     /// Bytes that may wait in the socket before further requests are held back, in full, in the
     /// channel.
     quint32 maxUnsentBytes = 4u << 20;
+    /// Reports that may be on their way to those who take them, and as many that wait for that;
+    /// beyond it the oldest are dropped that have a newer one of the same code behind them.
+    int maxPendingReports = 1024;
+    /// Bytes of the bodies of such reports, in the same way.
+    qint64 maxPendingReportBytes = 16 << 20;
+    /// Channels of this process that may have a connection. One beyond them tries again later, as
+    /// after a failure.
+    int maxConnections = 1024;
     /// Serial number of the only device that is taken at the other end, 16 upper-case hexadecimal
     /// digits; of a device whose serial number is all zeros the 12 digits of its MAC. Empty: any.
     std::string identity;

@@ -16,6 +16,7 @@ struct ChannelStatistics {
     quint64 lateAnswers = 0; ///< Answers to such requests, dropped.
     quint64 strayAnswers = 0; ///< Answers to no request at all, dropped.
     quint64 reports = 0; ///< Reports handed to the manager.
+    quint64 droppedReports = 0; ///< Reports for which there was no room.
     quint64 protocolErrors = 0; ///< Frames that were refused.
 };
 

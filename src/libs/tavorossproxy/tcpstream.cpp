@@ -12,6 +12,9 @@ namespace {
 /// Longer than the packets of common devices, which so come in one piece with their head.
 constexpr std::size_t receivedAtOnce = 128u << 10;
 
+/// After so many reads it is the turn of others; the socket tells again that there is more.
+constexpr int mostRounds = 32;
+
 } // namespace
 
 TcpStream::TcpStream(const QString &host, quint16 port)
@@ -83,7 +86,7 @@ void TcpStream::connectSignals(Events &events)
 void TcpStream::receive(Events &events)
 {
     const QTcpSocket *const socket = m_socket.get();
-    while (m_socket && m_socket.get() == socket) {
+    for (int round = 0; round < mostRounds && m_socket && m_socket.get() == socket; ++round) {
         const auto room = static_cast<qint64>(m_received.size());
         const qint64 count = m_socket->read(m_received.data(), room);
         if (count < 0)

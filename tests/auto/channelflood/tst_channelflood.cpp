@@ -1,0 +1,143 @@
+// A device that floods its clients, and a process with too many connections.
+
+#include <tavorossproxy/wire/frame.h>
+
+#include <channeltest.h>
+#include <messagecatcher.h>
+
+#include <QTest>
+
+using namespace Tavoro::SSProxy;
+using namespace std::chrono_literals;
+
+class tst_ChannelFlood : public ChannelTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void answerBehindAFloodArrives();
+    void droppedReportsAreCountedAndToldOnceASecond();
+    void reportsThatAreTakenAreNotDropped();
+    void waitingReportsFollowWhenOthersAreTaken();
+    void stoppedChannelForgetsWaitingReports();
+    void connectionsBeyondTheLimitTryAgainLater();
+
+private:
+    void reopen();
+    void report(int count);
+};
+
+void tst_ChannelFlood::reopen()
+{
+    m_channel.reset();
+    m_loop->run();
+    openChannel();
+    connectChannel();
+}
+
+void tst_ChannelFlood::report(int count)
+{
+    Wire::WireHead head;
+    head.kind = 3;
+    head.type = 1;
+    head.BC = 0x11;
+    head.FC = 0x03;
+    for (int i = 0; i < count; ++i)
+        m_peer->send(head, R"({"powers":[]})");
+}
+
+void tst_ChannelFlood::answerBehindAFloodArrives()
+{
+    connectChannel();
+    auto caller = call(request());
+    const auto head = nextRequest();
+    report(100000); // nobody takes them
+    answer(head, "here");
+    QCOMPARE(caller.response()->body(), std::string("here"));
+    QCOMPARE(m_reports.size(), std::size_t(1024));
+    QCOMPARE(m_channel->statistics().reports, quint64(1024));
+    QCOMPARE(m_channel->statistics().droppedReports, quint64(100000 - 2048));
+}
+
+void tst_ChannelFlood::droppedReportsAreCountedAndToldOnceASecond()
+{
+    m_options.maxPendingReports = 1;
+    reopen();
+    MessageCatcher messages;
+    const auto lines = [&] {
+        return messages.texts("tavoro.channel", QtWarningMsg);
+    };
+    report(12);
+    m_loop->advance(999ms);
+    report(10);
+    QCOMPARE(lines(), QStringList());
+    m_loop->advance(1ms);
+    QStringList told{QStringLiteral("Too many reports from \"wall:6630\" dropped 20")};
+    QCOMPARE(lines(), told);
+    m_loop->advance(10s);
+    QCOMPARE(lines(), told);
+    report(1);
+    m_loop->advance(1s);
+    told.append(QStringLiteral("Too many reports from \"wall:6630\" dropped 1"));
+    QCOMPARE(lines(), told);
+    QCOMPARE(m_channel->statistics().droppedReports, quint64(21));
+}
+
+void tst_ChannelFlood::reportsThatAreTakenAreNotDropped()
+{
+    m_options.maxPendingReports = 1;
+    reopen();
+    for (int i = 0; i < 100; ++i) {
+        report(1);
+        QCOMPARE(m_reports.size(), std::size_t(1));
+        m_reports.clear();
+    }
+    QCOMPARE(m_channel->statistics().droppedReports, quint64(0));
+}
+
+void tst_ChannelFlood::waitingReportsFollowWhenOthersAreTaken()
+{
+    m_options.maxPendingReports = 2;
+    reopen();
+    report(4);
+    QCOMPARE(m_reports.size(), std::size_t(2));
+    m_reports.clear();
+    m_loop->run();
+    QCOMPARE(m_reports.size(), std::size_t(2));
+}
+
+void tst_ChannelFlood::stoppedChannelForgetsWaitingReports()
+{
+    m_options.maxPendingReports = 2;
+    reopen();
+    report(4);
+    m_channel->stopChannel();
+    m_loop->run();
+    m_reports.clear();
+    m_loop->run();
+    QVERIFY(m_reports.empty());
+}
+
+void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()
+{
+    m_options.maxConnections = 1;
+    reopen();
+    ManualPeer peer;
+    auto second = Internal::StreamChannel::open(QStringLiteral("second:6630"),
+                                                std::make_unique<ManualStream>(peer), m_loop,
+                                                m_options, [](auto, auto) {});
+    m_loop->run();
+    QCOMPARE(peer.opened, 0);
+    QString error;
+    QVERIFY(!second->waitUntilReady(0, error));
+    QCOMPARE(error,
+             QStringLiteral("The device at second:6630 cannot be reached: "
+                            "there are too many connections."));
+    m_channel->stopChannel();
+    m_loop->advance(250ms);
+    QCOMPARE(peer.opened, 1);
+    second.reset();
+    m_loop->run();
+}
+
+QTEST_APPLESS_MAIN(tst_ChannelFlood)
+#include "tst_channelflood.moc"
