@@ -66,7 +66,7 @@ bool writeContent(const std::shared_ptr<BizModel::Device> &device, QString &erro
     return Control::File(device).importFileBinary({}, std::string(3000, 'c'), error);
 }
 
-bool synchronise(const std::shared_ptr<BizModel::Device> &device, QString &error)
+bool synchronise(const std::shared_ptr<BizModel::Device> & /*device*/, QString &error)
 {
     SyncTask task;
     task.setDevice(Synchronised::ip(), Synchronised::mac(), Synchronised::sn());
