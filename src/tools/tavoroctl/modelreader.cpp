@@ -22,13 +22,21 @@ ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
         model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
         [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastRead); });
     connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
-            [ended = std::move(ended)](bool success) { ended(success); });
+            [this, ended = std::move(ended)](bool success) { ended(success && isReadWhole()); });
 }
 
 bool ModelReader::start(const std::shared_ptr<BizModel::Device> &device)
 {
     QString error;
+    m_device = device;
     return m_list.readDeviceDetail(device, error);
+}
+
+/// The signal tells what became of the model; the model knows what became of the reads.
+bool ModelReader::isReadWhole() const
+{
+    const auto listed = listedDevice(*m_device);
+    return listed && listed->isSyncDataSuccess();
 }
 
 std::shared_ptr<BizModel::Device> listedDevice(const BizModel::Device &device)

@@ -27,7 +27,10 @@ public:
     bool start(const std::shared_ptr<BizModel::Device> &device);
 
 private:
+    bool isReadWhole() const;
+
     Console &m_console;
+    std::shared_ptr<BizModel::Device> m_device; ///< That is read, or was the last one.
     QString m_lastRead; ///< What the status bar told of the read before.
     Control::DeviceList m_list;
 };

@@ -6,6 +6,7 @@
 #include "interruption.h"
 
 #include <tavorocontrol/file.h>
+#include <tavorossproxy/wire/checksums.h>
 
 #include <QFileInfo>
 #include <QSaveFile>
@@ -17,6 +18,18 @@ namespace {
 QString writeFault(const QSaveFile &target)
 {
     return QStringLiteral("%1 cannot be written: %2").arg(target.fileName(), target.errorString());
+}
+
+/// What the device says of the content; length and hash sum 0 are not checked.
+bool readSize(const std::shared_ptr<BizModel::Device> &device, const FilePlace &place,
+              ProtoModel::File::s_FileSize &size, QString &error)
+{
+    std::vector<ProtoModel::File::s_FileDetail> files;
+    if (!Control::File(device).readDetails(place.type, place.id, files, error))
+        return false;
+    if (!files.empty())
+        size = files.front().size;
+    return true; // That the file is not there is told when it is fetched.
 }
 
 /// Writes what arrives, until something goes wrong.
@@ -41,8 +54,19 @@ public:
             });
     }
 
-    /// Why it ended early; empty when all of it is written.
-    QString error() const { return m_error; }
+    /// Why it ended early, or what is wrong with what has come; empty when all of it is written.
+    QString error(const ProtoModel::File::s_FileSize &size) const
+    {
+        if (!m_error.isEmpty())
+            return m_error;
+        if (size.length != 0 && size.length != m_length)
+            return QStringLiteral("%1 bytes have come, but the device tells of %2.")
+                .arg(m_length)
+                .arg(size.length);
+        if (size.hashSum != 0 && static_cast<quint32>(size.hashSum) != m_hashSum)
+            return QStringLiteral("What has come has another hash sum than the device tells.");
+        return {};
+    }
 
 private:
     void write(double share, const std::string &data)
@@ -51,6 +75,8 @@ private:
             stop(writeFault(m_target));
             m_source.setCancelledState(true);
         }
+        m_length += static_cast<qint64>(data.size());
+        m_hashSum = SSProxy::Wire::crc32(data, m_hashSum);
         const int percent = static_cast<int>(share * 100);
         if (std::exchange(m_percent, percent) != percent)
             m_console.progress(percent, m_name);
@@ -80,6 +106,8 @@ private:
     Control::File &m_source;
     QSaveFile &m_target;
     const QString m_name;
+    qint64 m_length = 0;
+    quint32 m_hashSum = 0;
     int m_percent = -1;
     QString m_error;
 };
@@ -96,6 +124,10 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)
         return status;
+    QString error;
+    ProtoModel::File::s_FileSize size;
+    if (!readSize(device, place, size, error))
+        return fail(tool, error);
     // Nothing stands under its name before commit(), and nothing is left without it.
     QSaveFile target(arguments.words.at(3));
     if (!target.open(QIODevice::WriteOnly))
@@ -105,8 +137,9 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     const Interruption interruption([&] { source.setCancelledState(true); });
     Download download(tool.console, source, target);
     runInBackground([&] { download.run(place); });
-    if (!download.error().isEmpty())
-        return fail(tool, download.error());
+    error = download.error(size);
+    if (!error.isEmpty())
+        return fail(tool, error);
     // A signal that came with the last packet counts too.
     if (interruption.hasCome())
         return fail(tool, QStringLiteral("Interrupted."));

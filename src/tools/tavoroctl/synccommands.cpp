@@ -47,12 +47,14 @@ private:
 
     void read()
     {
+        m_isReading = true;
         m_connections = m_channel->statistics().connections;
         m_reader.start(m_device);
     }
 
     void take(bool success)
     {
+        m_isReading = false;
         if (!success)
             m_tool.console.error(notReadWhole);
         const auto device = listedDevice(*m_device);
@@ -67,7 +69,9 @@ private:
         const bool isConnected = m_channel->isHardwareReadFinished();
         if (std::exchange(m_isConnected, isConnected) && !isConnected)
             m_tool.console.error(QStringLiteral("The connection is lost."));
-        if (isConnected && m_channel->statistics().connections != m_connections) {
+        if (m_isReading || !isConnected)
+            return;
+        if (m_channel->statistics().connections != m_connections) {
             m_tool.console.error(QStringLiteral("Connected again."));
             read();
         }
@@ -78,6 +82,7 @@ private:
     const std::shared_ptr<SSProxy::NetworkChannel> m_channel;
     ModelWatch m_watch;
     ModelReader m_reader;
+    bool m_isReading = false;
     bool m_isConnected = true;
     quint64 m_connections = 0; ///< How many there had been when the device was read.
 };

@@ -30,6 +30,9 @@ private Q_SLOTS:
     void pullTakesThePlaceOfAFile();
     void pullOfAFileThatIsNotThereLeavesNothing();
     void failedPullKeepsTheFileThatIsThere();
+    void pullThatGoesWrongLeavesNothing_data();
+    void pullThatGoesWrongLeavesNothing();
+    void pushThatGoesWrongEndsWithOne();
     void pullInterruptedLeavesNothing_data();
     void pullInterruptedLeavesNothing();
     void pullInterruptedKeepsTheFileThatIsThere();
@@ -218,6 +221,59 @@ void tst_TavoroCtlFiles::failedPullKeepsTheFileThatIsThere()
     QCOMPARE(m_bench->run("pull", {"logo", "9", m_bench->path("target")}).exitCode, 1);
     QCOMPARE(m_bench->content("target"), QByteArray("old"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
+}
+
+void tst_TavoroCtlFiles::pullThatGoesWrongLeavesNothing_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QByteArray>("told");
+    const QByteArray failed = "Get file export information failed: ";
+    const QByteArray tooShort = "4500 bytes have come, but the device tells of 5000.\n";
+    const QByteArray other = "What has come has another hash sum than the device tells.\n";
+    const QByteArray noList = "Get file detail information failed: hardware error:9 .\n";
+    const auto inTheMiddle = [](const char *fault) {
+        return QLatin1String(fault) + QStringLiteral(",code=FileExport,skip=3,count=1");
+    };
+    // clang-format off
+    QTest::newRow("refused in the middle")   << inTheMiddle("status=9")                              << failed + "hardware error:9 .\n";
+    QTest::newRow("connection lost")         << inTheMiddle("drop-within")                           << failed;
+    QTest::newRow("broken packet")           << inTheMiddle("wrong-checksum")                        << failed;
+    QTest::newRow("half a packet")           << inTheMiddle("truncate")                              << tooShort;
+    QTest::newRow("half of the last packet") << QStringLiteral("truncate,code=FileExport,skip=4")    << tooShort;
+    QTest::newRow("other bytes")             << inTheMiddle("garble")                                << other;
+    QTest::newRow("no list of files")        << QStringLiteral("status=9,code=FileDetail")           << noList;
+    // clang-format on
+}
+
+void tst_TavoroCtlFiles::pullThatGoesWrongLeavesNothing()
+{
+    QFETCH(QString, fault);
+    QFETCH(QByteArray, told);
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    QCOMPARE(m_bench->run("push", {m_bench->makeFile("sent", bytes(5000))}).exitCode, 0);
+    m_bench->makeFile("target", "old");
+    m_bench->console(QStringLiteral("fault add ") + fault);
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("target")});
+    QVERIFY2(pull.errors.startsWith(told), pull.errors.constData());
+    QCOMPARE(pull.errors.count('\n'), 1);
+    QCOMPARE(pull.exitCode, 1);
+    QCOMPARE(m_bench->content("target"), QByteArray("old"));
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({"sent", "target"}));
+}
+
+void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
+{
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    m_bench->console(QStringLiteral("fault add status=10,code=FileImport,skip=3"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(5000))});
+    QCOMPARE(push.errors, QByteArray("Set file import information failed: hardware error:10 .\n"));
+    QCOMPARE(push.exitCode, 1);
+    m_bench->console(QStringLiteral("fault clear"));
+    QCOMPARE(m_bench->run("files", {}).output, QByteArray("TYPE  ID  NAME  BYTES  HASH  PIXELS\n"));
 }
 
 void tst_TavoroCtlFiles::pullInterruptedLeavesNothing_data()

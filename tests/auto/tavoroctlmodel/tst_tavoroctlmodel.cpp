@@ -22,6 +22,8 @@ private Q_SLOTS:
     void syncShowsTheModelAsJson();
     void syncShowsWhatCommandsChanged();
     void syncOfADeviceThatIsLostEndsWithOne();
+    void syncThatFailsInPartShowsTheRest();
+    void syncDrawsItsProgressOnATerminal();
 
     void watchTellsWhatReportsChange_data();
     void watchTellsWhatReportsChange();
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void watchEndsWithZero_data();
     void watchEndsWithZero();
     void watchReadsTheDeviceAgainAfterALoss();
+    void watchReadsTheDeviceAgainWhenItIsLostMeanwhile();
     void watchOfADeviceThatIsNotThere();
 
 private:
@@ -154,6 +157,29 @@ void tst_TavoroCtlModel::syncOfADeviceThatIsLostEndsWithOne()
     QCOMPARE(run.exitCode, 1);
 }
 
+void tst_TavoroCtlModel::syncThatFailsInPartShowsTheRest()
+{
+    m_bench->console(QStringLiteral("fault add status=9,code=LayerDetail"));
+    const ToolRun sync = m_bench->run("sync", {});
+    QVERIFY(sync.output.contains("  screen 1 (type 1)  Main"));
+    QVERIFY(!sync.output.contains("layer"));
+    QCOMPARE(sync.errors,
+             QByteArray("Get layer detail information failed: hardware error:9 .\n"
+                        "The device could not be read whole.\n"));
+    QCOMPARE(sync.exitCode, 1);
+}
+
+void tst_TavoroCtlModel::syncDrawsItsProgressOnATerminal()
+{
+    Terminal terminal;
+    RunningTool sync(m_bench->line("sync"), terminal.name());
+    QCOMPARE(sync.finish().exitCode, 0);
+    const QByteArray drawn = terminal.drawn();
+    QVERIFY2(drawn.contains("  0 %  Get screen detail information successfully.\x1b[K"),
+             drawn.constData());
+    QVERIFY(drawn.endsWith("\x1b[K\r\x1b[K"));
+}
+
 void tst_TavoroCtlModel::watchTellsWhatReportsChange_data()
 {
     QTest::addColumn<QString>("line");
@@ -237,6 +263,17 @@ void tst_TavoroCtlModel::watchReadsTheDeviceAgainAfterALoss()
     QVERIFY(watch.waitForErrors("Connected again.\n" + watching));
     const ToolRun run = stop(watch);
     QCOMPARE(run.output, QByteArray("file 0:0: gone\nfile 6:1: new\n"));
+    QCOMPARE(run.exitCode, 0);
+}
+
+void tst_TavoroCtlModel::watchReadsTheDeviceAgainWhenItIsLostMeanwhile()
+{
+    m_bench->console(QStringLiteral("fault add drop-before,code=ScreenDetail,count=1"));
+    RunningTool watch(m_bench->line("watch"));
+    QVERIFY(watch.waitForErrors("The device could not be read whole.\n"));
+    QVERIFY(watch.waitForErrors("Connected again.\n" + watching));
+    const ToolRun run = stop(watch);
+    QVERIFY2(run.output.contains("screen 1 (type 1): new\n"), run.output.constData());
     QCOMPARE(run.exitCode, 0);
 }
 
