@@ -84,10 +84,9 @@ RunningTool::~RunningTool()
     m_process.waitForFinished(patience);
 }
 
-void RunningTool::write(const QByteArray &input)
+void RunningTool::say(const QByteArray &input)
 {
     m_process.write(input);
-    m_process.closeWriteChannel();
 }
 
 void RunningTool::interrupt()
@@ -134,6 +133,7 @@ void RunningTool::collect()
 
 ToolRun RunningTool::finish()
 {
+    m_process.closeWriteChannel();
     const bool hasEnded =
         m_process.state() == QProcess::NotRunning || m_process.waitForFinished(patience);
     collect();
@@ -153,7 +153,7 @@ ToolBench::ToolBench(const Tavoro::Sim::SimOptions &options)
 ToolRun ToolBench::run(const QByteArrayList &arguments, const QByteArray &input)
 {
     RunningTool tool(arguments);
-    tool.write(input);
+    tool.say(input);
     return tool.finish();
 }
 

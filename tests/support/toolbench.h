@@ -44,7 +44,8 @@ public:
     explicit RunningTool(const QByteArrayList &arguments, const QString &errorFile = {});
     ~RunningTool();
 
-    void write(const QByteArray &input);
+    /// Writes to standard input, which stays open.
+    void say(const QByteArray &input);
     /// Sends the signal of Ctrl-C, or another one.
     void interrupt();
     void interrupt(int signalNumber);

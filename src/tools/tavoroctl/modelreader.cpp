@@ -2,6 +2,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
+#include <tavorossproxy/devicemanager.h>
 
 #include <QEventLoop>
 
@@ -10,33 +11,52 @@
 namespace Tavoro::Ctl {
 
 ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
-    : m_console(console), m_list(nullptr)
+    : m_console(console), m_ended(std::move(ended)), m_list(nullptr)
 {
     const auto *const model = BizModel::DeviceList::instance();
     connect(model, &BizModel::DeviceList::signalShowStatusBarMsg, this,
-            [this](BizModel::Enum::StatusBarMsgType, const QString &text) {
-                m_lastRead = text;
-                m_console.progress(0, text);
+            [this](BizModel::Enum::StatusBarMsgType type, const QString &text) {
+                follow(type == BizModel::Enum::StatusBarFailure, text);
             });
     connect(
         model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
-        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastRead); });
+        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastTold); });
     connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
-            [this, ended = std::move(ended)](bool success) { ended(success && isReadWhole()); });
+            [this](bool success) { finish(success); });
 }
 
 bool ModelReader::start(const std::shared_ptr<BizModel::Device> &device)
 {
-    QString error;
     m_device = device;
+    m_failures = 0;
+    m_failedWrites = 0;
+    QString error;
     return m_list.readDeviceDetail(device, error);
 }
 
-/// The signal tells what became of the model; the model knows what became of the reads.
+void ModelReader::follow(bool isFailure, const QString &text)
+{
+    m_lastTold = text;
+    m_failures += isFailure ? 1 : 0;
+    m_failedWrites += isFailure && text.startsWith(QLatin1String("Set ")) ? 1 : 0;
+    m_console.progress(0, text);
+}
+
+void ModelReader::finish(bool success)
+{
+    QString error; // A device that knows nothing of control refuses, and then there is none.
+    SSProxy::DeviceManager::instance()->sendTavoroControlRequest(
+        m_device->IPAddress(), m_device->MAC(), m_device->sn(), SSProxy::ControlAction::GiveUp,
+        error);
+    m_ended(success && isReadWhole());
+}
+
+/// The signal tells what became of the model; the model knows what became of the requests.
 bool ModelReader::isReadWhole() const
 {
     const auto listed = listedDevice(*m_device);
-    return listed && listed->isSyncDataSuccess();
+    return listed
+        && (listed->isSyncDataSuccess() || (m_failedWrites == 1 && m_failures == m_failedWrites));
 }
 
 std::shared_ptr<BizModel::Device> listedDevice(const BizModel::Device &device)

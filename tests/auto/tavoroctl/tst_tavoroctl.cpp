@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
 
 using Tavoro::Sim::SimOptions;
@@ -133,8 +134,10 @@ void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
 
 void tst_TavoroCtl::anUnreachableHostIsNamed()
 {
-    const QByteArray gone = host();
-    m_bench->device.reset();
+    QTcpSocket reserved; // A port that nobody listens on, and nobody else gets.
+    QVERIFY2(reserved.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress),
+             qPrintable(reserved.errorString()));
+    const QByteArray gone = "127.0.0.1:" + QByteArray::number(reserved.localPort());
     const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", "{}"});
     QVERIFY2(write.errors.contains(gone), write.errors.constData());
     QCOMPARE(write.errors.count('\n'), 1);
