@@ -93,7 +93,7 @@ PacketDesk::Packet PacketDesk::answerWhole(const WireHead &head, std::string bod
     Packet first = piece(head, stream, 0);
     if (stream.totalCount > 1) {
         keepStream(m_answers, std::move(stream));
-        m_handedOut = head.stream;
+        m_handedOut = quint16{head.stream}; // the field is packed: no reference to it
     }
     return first;
 }
@@ -133,7 +133,7 @@ PacketDesk::Packet PacketDesk::handOut(const WireHead &head)
     if (head.sendCount != stream->next || head.totalCount != stream->totalCount)
         return emptyAnswer(head, DeviceStatus::WrongPacket);
     Packet packet = piece(head, *stream, stream->next);
-    m_handedOut = head.stream;
+    m_handedOut = quint16{head.stream}; // the field is packed: no reference to it
     if (++stream->next == stream->totalCount)
         m_answers.erase(stream);
     return packet;
