@@ -168,7 +168,7 @@ void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
-        m_exchanges.open(info.maxPacketSize);
+        m_exchanges.open(info.maxPacketSize, m_link->connectionId());
         isMaster = info.controlState == quint8(Wire::ControlState::Yours);
         m_info = std::move(info);
         m_state = State::Ready;

@@ -51,6 +51,7 @@ public:
     bool waitUntilReady(ChannelOptions::Milliseconds timeout, QString &error);
     bool isReady() const { return m_exchanges.refusal() == 0; }
     bool isMaster() const { return m_isMaster; }
+    RequestOutcome requestOutcome(quint8 lables);
     bool requestControl(ControlAction action, QString &error);
     ProtoModel::DeviceBaseInfo info() const;
     ChannelStatistics statistics() const;

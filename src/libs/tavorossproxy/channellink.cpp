@@ -4,11 +4,27 @@
 #include <tavorossproxy/wire/frame.h>
 #include <tavorossproxy/wire/identity.h>
 
+#include <QRandomGenerator>
+
 #include <algorithm>
+#include <cstring>
 
 namespace Tavoro::SSProxy::Internal {
 
 using Wire::FrameKind;
+
+namespace {
+
+/// Tells a channel from all others that a device may hear of.
+std::string makeClientId()
+{
+    const quint64 number = QRandomGenerator::system()->generate64();
+    std::string id(sizeof number, '\0');
+    std::memcpy(id.data(), &number, sizeof number);
+    return id;
+}
+
+} // namespace
 
 ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
                          const ChannelOptions &options, Events &events)
@@ -18,7 +34,9 @@ ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
       m_events(events),
       m_parser(options.maxBodySize),
       m_pause(options.firstReconnectPause)
-{ }
+{
+    m_connection.client = makeClientId();
+}
 
 void ChannelLink::start()
 {
@@ -137,7 +155,10 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
 {
     m_peerAddress = peerAddress;
     enter(Phase::Identifying, m_options.identityTimeout);
-    send(Wire::encodeLinkFrame(FrameKind::IdentityRequest));
+    ++m_connection.number;
+    Wire::WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
+    send(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
 }
 
 void ChannelLink::streamReceived(std::string_view bytes)

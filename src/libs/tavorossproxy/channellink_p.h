@@ -6,6 +6,7 @@
 #include <tavorocontrol/proto/devicebaseinfo.h>
 #include <tavorossproxy/channeloptions.h>
 #include <tavorossproxy/wire/frameparser.h>
+#include <tavorossproxy/wire/outcomes.h>
 
 #include <QCoreApplication>
 #include <QString>
@@ -65,6 +66,9 @@ public:
     /// Gives the connection up; a new one is made.
     void drop(quint16 status, const QString &reason);
 
+    /// That of the connection, as the device was told.
+    const Wire::ConnectionId &connectionId() const { return m_connection; }
+
     bool canSend() const;
     void send(const QByteArray &frame) { m_stream->write(frame); }
 
@@ -97,6 +101,7 @@ private:
     Events &m_events;
     Wire::FrameParser m_parser;
     Phase m_phase = Phase::Idle;
+    Wire::ConnectionId m_connection;
     Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
     Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
     Clock::TimePoint m_lastHeard;

@@ -57,11 +57,13 @@ std::shared_ptr<DeviceResponseCommand> makeResponse(const Wire::WireHead &head, 
 
 } // namespace
 
-void ExchangeTable::open(quint32 maxBody)
+void ExchangeTable::open(quint32 maxBody, Wire::ConnectionId connection)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_refusal = 0;
     m_maxBody = maxBody;
+    m_connection = std::move(connection);
+    m_sent = 0;
 }
 
 void ExchangeTable::shut(quint16 refusal, quint16 status, quint8 brokenOff)
@@ -105,6 +107,7 @@ ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request)
     Slot &slot = m_slots[ticket.head.lables];
     slot.state = State::Taken;
     slot.begun = false;
+    slot.sent.reset();
     slot.request = ticket.head;
     ++m_counts.requests;
     return ticket;
@@ -174,6 +177,7 @@ std::optional<QByteArray> ExchangeTable::takeUnsent()
     Slot &slot = m_slots[m_unsent.front()];
     m_unsent.pop_front();
     slot.state = State::Sent;
+    slot.sent = Wire::RequestId{m_connection, ++m_sent};
     return std::move(slot.frame);
 }
 
@@ -209,6 +213,12 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
         slot.response->body() = std::move(answer.body);
         slot.response->status = answer.head.status;
     }
+}
+
+std::optional<Wire::RequestId> ExchangeTable::lastSent(quint8 tag) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_slots[tag].sent;
 }
 
 int ExchangeTable::owedAnswers() const

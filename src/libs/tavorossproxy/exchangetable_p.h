@@ -5,6 +5,7 @@
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/wire/frameparser.h>
+#include <tavorossproxy/wire/outcomes.h>
 
 #include <QByteArray>
 
@@ -37,8 +38,8 @@ class ExchangeTable {
 public:
     explicit ExchangeTable(Clock &clock) : m_clock(clock) { }
 
-    /// Lets requests in whose body is at most \a maxBody long.
-    void open(quint32 maxBody);
+    /// Lets requests in whose body is at most \a maxBody long, to be sent over \a connection.
+    void open(quint32 maxBody, Wire::ConnectionId connection = {});
     /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, the
     /// one with the tag \a brokenOff with AnswerTooShort.
     void shut(quint16 refusal, quint16 status, quint8 brokenOff = 0);
@@ -69,6 +70,9 @@ public:
     /// Gives an answer, or what is wrong with it, to the request that waits for it.
     void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
 
+    /// The request that was last sent with this tag; nothing when the last one was not sent at all.
+    std::optional<Wire::RequestId> lastSent(quint8 tag) const;
+
     /// Requests that timed out and whose answers may still come.
     int owedAnswers() const;
 
@@ -89,6 +93,7 @@ private:
     struct Slot {
         State state = State::Free;
         bool begun = false; ///< A part of the answer has arrived.
+        std::optional<Wire::RequestId> sent; ///< Which one it was, for the device.
         Wire::WireHead request; ///< What the answer must fit.
         QByteArray frame; ///< In the state Unsent.
         std::shared_ptr<DeviceResponseCommand> response; ///< In the state Settled.
@@ -106,6 +111,8 @@ private:
     mutable std::mutex m_mutex; // guards everything below
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
+    Wire::ConnectionId m_connection;
+    quint32 m_sent = 0; ///< Requests over this connection.
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
     int m_owed = 0;

@@ -8,6 +8,19 @@
 
 namespace Tavoro::SSProxy {
 
+/// What became of a request, as far as the device knows.
+struct RequestOutcome {
+    enum State : quint8 {
+        Unknown, ///< The device does not know or could not be asked: it may have happened or not.
+        NotArrived, ///< It has not happened and will not happen.
+        UnderWay, ///< It has come to the device, which has not answered it.
+        Done, ///< The device has answered it with \c status: 0 for success, else it changed
+              ///< nothing.
+    };
+    State state = Unknown;
+    quint16 status = 0; ///< Of Unknown: why the device could not be asked, or 0.
+};
+
 /// What a channel has counted since it was made.
 struct ChannelStatistics {
     quint64 connections = 0; ///< Times that the device told its identity.
@@ -42,6 +55,14 @@ public:
     /// Blocks until the device answers, 10 s at the most; not for slots on the channels' thread. A
     /// device that does not know about control grants everything.
     virtual bool requestControl(ControlAction action, QString &error) = 0;
+
+    /// Asks the device what became of the request that was last sent with the tag \a lables: after
+    /// a request that ended without an answer, its head holds the tag. A channel whose connection
+    /// was lost is asked when it is ready again; a tag is used again after 254 further requests.
+    ///
+    /// Nothing is sent again. Blocks until the device answers, 10 s at the most; not for slots on
+    /// the channels' thread.
+    virtual RequestOutcome requestOutcome(quint8 lables) = 0;
 
     virtual ChannelStatistics statistics() const = 0;
 

@@ -83,6 +83,11 @@ bool StreamChannel::requestControl(ControlAction action, QString &error)
     return m_core->requestControl(action, error);
 }
 
+RequestOutcome StreamChannel::requestOutcome(quint8 lables)
+{
+    return m_core->requestOutcome(lables);
+}
+
 ChannelStatistics StreamChannel::statistics() const
 {
     return m_core->statistics();

@@ -44,6 +44,7 @@ public:
     void reconnectNow() override;
     void moveTo(const QString &host, quint16 port) override;
     bool requestControl(ControlAction action, QString &error) override;
+    RequestOutcome requestOutcome(quint8 lables) override;
     ChannelStatistics statistics() const override;
 
 private:

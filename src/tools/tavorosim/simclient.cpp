@@ -41,19 +41,17 @@ const char *typeName(quint8 type)
 
 } // namespace
 
-SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, Identity identity,
-                     FaultRules &faults, CarryOut carryOut, QObject *parent)
+SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &faults,
+                     Services services, QObject *parent)
     : QObject(parent),
       m_socket(socket),
       m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
       m_latency(options.latencyMilliseconds),
-      m_identity(std::move(identity)),
+      m_services(std::move(services)),
       m_received(readSize),
       m_parser(longestBody),
       m_desk(options.packetSize,
-             [this, carryOut = std::move(carryOut)](const Request &request) {
-                 return carryOut(*this, request);
-             }),
+             [this](const Request &request) { return m_services.carryOut(*this, request); }),
       m_faults(faults)
 {
     socket->setParent(this);
@@ -96,6 +94,17 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
     m_socket->write(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
+}
+
+bool SimClient::isSameClient(const ConnectionId &id) const
+{
+    return m_outcomes && m_outcomes->id().client == id.client;
+}
+
+void SimClient::abandon()
+{
+    m_isEnding = true;
+    m_socket->abort();
 }
 
 void SimClient::close()
@@ -142,7 +151,7 @@ void SimClient::take(FrameEvent event)
     case FrameKind::Request:
         return answerRequest(std::move(event));
     case FrameKind::IdentityRequest:
-        return answerIdentity();
+        return answerIdentity(event.body);
     case FrameKind::Ping:
         m_socket->write(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
         return;
@@ -156,6 +165,8 @@ void SimClient::take(FrameEvent event)
 
 void SimClient::answerRequest(FrameEvent event)
 {
+    if (m_outcomes)
+        m_outcomes->arrive();
     if (m_faults.isIdle()) {
         const PacketDesk::Packet answer = makeAnswer(std::move(event));
         const quint32 checksum =
@@ -183,16 +194,20 @@ PacketDesk::Packet SimClient::makeAnswer(FrameEvent event)
         answer.head.status = static_cast<quint8>(DeviceStatus::MalformedBody);
         log(event.head, {}, answer);
     }
+    if (m_outcomes)
+        m_outcomes->finish(answer.head.status);
     return answer;
 }
 
-void SimClient::answerIdentity()
+void SimClient::answerIdentity(const std::string &connection)
 {
+    if (const auto id = SSProxy::Wire::decodeConnectionId(connection); id && !m_outcomes)
+        m_outcomes = m_services.introduce(*this, *id);
     WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityAnswer);
     m_isIntroduced = true;
     const auto answer = [&](const WireHead & /*request*/) {
-        return PacketDesk::Packet{head, m_identity(*this)};
+        return PacketDesk::Packet{head, m_services.identity(*this)};
     };
     carryOut(m_faults.deliver(head, identityCode, answer));
 }

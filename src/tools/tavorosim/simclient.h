@@ -1,6 +1,7 @@
 #pragma once
 
 #include "faultyanswers.h"
+#include "outcomelog.h"
 #include "packetdesk.h"
 
 #include <tavorossproxy/wire/frameparser.h>
@@ -10,6 +11,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,14 +28,23 @@ class SimClient : public QObject {
     Q_OBJECT
 
 public:
-    /// Carries out a whole request of the client.
-    using CarryOut = std::function<Answer(const SimClient &client, const Request &request)>;
-    /// The body of the identity answer to the client.
-    using Identity = std::function<std::string(const SimClient &client)>;
+    using ConnectionId = SSProxy::Wire::ConnectionId;
+
+    /// What the device does for its clients.
+    struct Services {
+        /// Carries out a whole request.
+        std::function<Answer(const SimClient &client, const Request &request)> carryOut;
+        /// The body of the identity answer.
+        std::function<std::string(const SimClient &client)> identity;
+        /// The client has told which connection this is. Where its outcomes are kept.
+        std::function<std::shared_ptr<ConnectionOutcomes>(const SimClient &client,
+                                                          const ConnectionId &id)>
+            introduce;
+    };
 
     /// \a faults outlive the client.
-    SimClient(QTcpSocket *socket, const SimOptions &options, Identity identity, FaultRules &faults,
-              CarryOut carryOut, QObject *parent);
+    SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &faults, Services services,
+              QObject *parent);
     ~SimClient() override;
 
     /// Where the client is.
@@ -43,6 +54,10 @@ public:
     void send(const Report &report);
     /// Tells the client, if it has introduced itself, whether others hold control now, and who.
     void sendControl(bool isHeldByOthers, const QString &holder);
+    /// True when \a id is of the same client.
+    bool isSameClient(const ConnectionId &id) const;
+    /// Ends the connection at once; what has come and is not read is not carried out.
+    void abandon();
     /// Ends the connection behind the answers that are under way.
     void close();
     /// Ends the pause of a client that was not read from.
@@ -60,7 +75,7 @@ private:
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
     PacketDesk::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
-    void answerIdentity();
+    void answerIdentity(const std::string &connection);
     void carryOut(const Delivery &delivery);
     void endLater(int delay);
     void stopReading(int milliseconds);
@@ -76,7 +91,8 @@ private:
     QTcpSocket *const m_socket;
     const QString m_peer;
     const int m_latency;
-    const Identity m_identity;
+    const Services m_services;
+    std::shared_ptr<ConnectionOutcomes> m_outcomes; ///< Null when the client has not told its id.
     std::vector<char> m_received; ///< What was read last.
     QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
     SSProxy::Wire::FrameParser m_parser;

@@ -97,13 +97,8 @@ ConsoleAnswer SimServer::execute(const QString &line)
 void SimServer::acceptClient()
 {
     while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
-        auto *const client = new SimClient(
-            socket, m_options, [this](const SimClient &asking) { return identityFor(asking); },
-            m_state.faults,
-            [this](const SimClient &asking, const Request &request) {
-                return carryOut(asking, request);
-            },
-            this);
+        auto *const client =
+            new SimClient(socket, m_options, m_state.faults, servicesForClients(), this);
         m_clients.push_back(client);
         connect(client, &SimClient::restartDue, this, &SimServer::restart);
         connect(client, &SimClient::reportsDue, this,
@@ -116,6 +111,27 @@ void SimServer::acceptClient()
             tellControl();
         });
     }
+}
+
+SimClient::Services SimServer::servicesForClients()
+{
+    SimClient::Services services;
+    services.carryOut = [this](const SimClient &client, const Request &request) {
+        return carryOut(client, request);
+    };
+    services.identity = [this](const SimClient &client) {
+        return identityFor(client);
+    };
+    services.introduce = [this](const SimClient &client, const SimClient::ConnectionId &id) {
+        // What an older connection of the client still holds must not happen behind its back.
+        const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+        for (SimClient *const other : clients) {
+            if (other != &client && other->isSameClient(id))
+                other->abandon();
+        }
+        return m_outcomes.open(id);
+    };
+    return services;
 }
 
 void SimServer::acceptControl()
@@ -141,6 +157,8 @@ Answer SimServer::carryOut(const SimClient &client, const Request &request)
         return {DeviceStatus::Busy, {}, nullptr};
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Control)
         return carryOutControl(client, request);
+    if (static_cast<LinkCommand>(request.command) == LinkCommand::Outcome)
+        return tellOutcome(request);
     const bool isWrite =
         request.type == CommandType::Write || request.type == CommandType::BinaryWrite;
     if (isWrite && !m_control.letWrite(client))
@@ -168,6 +186,19 @@ Answer SimServer::carryOutControl(const SimClient &client, const Request &reques
     else
         answer.status = DeviceStatus::UnknownCommand;
     tellControlLater();
+    return answer;
+}
+
+Answer SimServer::tellOutcome(const Request &request) const
+{
+    Answer answer;
+    const auto id = SSProxy::Wire::decodeRequestId(request.body);
+    if (request.type != CommandType::Read)
+        answer.status = DeviceStatus::UnknownCommand;
+    else if (!id)
+        answer.status = DeviceStatus::MalformedBody;
+    else
+        answer.body = m_outcomes.tell(*id);
     return answer;
 }
 
@@ -210,6 +241,7 @@ void SimServer::leave()
 void SimServer::drop()
 {
     m_server.close();
+    m_outcomes.forgetAll();
     const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
     for (SimClient *const client : clients)
         client->close();

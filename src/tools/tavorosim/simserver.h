@@ -3,7 +3,9 @@
 #include "console.h"
 #include "controldesk.h"
 #include "discoveryresponder.h"
+#include "outcomelog.h"
 #include "request.h"
+#include "simclient.h"
 #include "simoptions.h"
 
 #include <QElapsedTimer>
@@ -15,8 +17,6 @@
 #include <vector>
 
 namespace Tavoro::Sim {
-
-class SimClient;
 
 /// The simulated device on its sockets: serves any number of clients with one state, and console
 /// commands from a control port.
@@ -45,6 +45,8 @@ private:
     void serveControl(QTcpSocket *socket);
     Answer carryOut(const SimClient &client, const Request &request);
     Answer carryOutControl(const SimClient &client, const Request &request);
+    Answer tellOutcome(const Request &request) const;
+    SimClient::Services servicesForClients();
     void tellControlLater();
     void tellControl();
     QString holderName() const;
@@ -70,6 +72,7 @@ private:
     QTcpServer m_controlServer;
     DiscoveryResponder m_discovery;
     ControlDesk m_control;
+    OutcomeLog m_outcomes;
     const SimClient *m_toldHolder = nullptr; ///< Of whom the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.
 };

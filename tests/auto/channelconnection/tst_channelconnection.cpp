@@ -42,6 +42,13 @@ void tst_ChannelConnection::identityIsAskedForFirst()
     m_peer->accept();
     QCOMPARE(m_peer->frames.size(), std::size_t(1));
     QCOMPARE(m_peer->frames[0].head.kind, quint8(4));
+    const std::string connection = m_peer->frames[0].body;
+    QCOMPARE(connection.substr(8), std::string("\1\0\0\0", 4));
+    m_peer->fail(QStringLiteral("cable pulled"));
+    m_peer->frames.clear();
+    m_loop->advance(250ms);
+    m_peer->accept();
+    QCOMPARE(m_peer->frames[0].body, connection.substr(0, 8) + std::string("\2\0\0\0", 4));
     QVERIFY(!m_channel->isHardwareReadFinished());
 }
 

@@ -30,6 +30,7 @@ public:
         moves.append(QStringLiteral("%1:%2").arg(host).arg(port));
     }
     bool requestControl(ControlAction, QString &) override { return true; }
+    RequestOutcome requestOutcome(quint8) override { return {}; }
     ChannelStatistics statistics() const override { return {}; }
 
     ProtoModel::DeviceBaseInfo info;

@@ -36,6 +36,7 @@ public:
     void reconnectNow() override { ++refreshed; }
     void moveTo(const QString &, quint16) override { }
     bool requestControl(ControlAction, QString &) override { return true; }
+    RequestOutcome requestOutcome(quint8) override { return {}; }
     ChannelStatistics statistics() const override { return {}; }
 
     ProtoModel::DeviceBaseInfo info;

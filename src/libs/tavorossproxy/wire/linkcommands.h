@@ -8,6 +8,7 @@ namespace Tavoro::SSProxy::Wire {
 /// under them is in docs/wire.md.
 enum class LinkCommand : quint16 {
     Control = 0x0101, ///< Who holds control: read, written, and reported to those it concerns.
+    Outcome = 0x0102, ///< What became of an earlier request: read.
 };
 
 inline void setCode(WireHead &head, LinkCommand command)
