@@ -38,7 +38,9 @@ std::shared_ptr<DeviceRequestCommand> request(quint16 code, int timeout = 20000)
 
 /// A device that goes wrong by a rule from the beginning, and a channel to it.
 struct Line {
-    explicit Line(const char *rule = "", const ChannelOptions &channelOptions = {})
+    explicit Line(const char *rule = "", const ChannelOptions &channelOptions = {},
+                  const Sim::SimOptions &options = {})
+        : device(std::make_unique<Sim::SimulatedDevice>(options))
     {
         QString error;
         if (!device->start(error))
@@ -66,7 +68,7 @@ struct Line {
         return at == std::string::npos ? "unknown" : body.substr(at + 7, 1);
     }
 
-    std::unique_ptr<Sim::SimulatedDevice> device = std::make_unique<Sim::SimulatedDevice>();
+    std::unique_ptr<Sim::SimulatedDevice> device;
     std::shared_ptr<NetworkChannel> channel;
 };
 
@@ -98,6 +100,7 @@ private Q_SLOTS:
     void answerOfAnotherRequestIsFound();
     void deviceThatIsSilentToPingsIsLeft();
     void nothingIsSentTwice();
+    void requestsThatFoundNoRoomAreNotSentLater();
 
 private:
     int m_argc = 1;
@@ -287,6 +290,27 @@ void tst_ChannelStatuses::nothingIsSentTwice()
     line.channel->reconnectNow();
     QVERIFY(line.isReady());
     QCOMPARE(line.swap(), std::string("1"));
+}
+
+/// A device that does not read fills the buffers of the network; what does not fit waits in the
+/// channel and goes when its time is over.
+void tst_ChannelStatuses::requestsThatFoundNoRoomAreNotSentLater()
+{
+    constexpr int requests = 12;
+    Sim::SimOptions bigPackets;
+    bigPackets.packetSize = 4 << 20;
+    Line line("stop-reading,count=1", {}, bigPackets);
+    QVERIFY(line.isReady());
+    QCOMPARE(line.ask(detail, 20), 260);
+    auto long4MiB = request(swapCode, 20);
+    long4MiB->body() = std::string(4 << 20, ' ');
+    for (int i = 0; i < requests; ++i)
+        QCOMPARE(int(line.channel->sendSyncRequest(long4MiB)->status), 260);
+    QVERIFY(line.device->execute(QStringLiteral("fault clear")).ok);
+    QCOMPARE(line.ask(), 0);
+    QCOMPARE(line.channel->statistics().timeouts, quint64(requests + 1));
+    QVERIFY(line.channel->statistics().lateAnswers > 0);
+    QVERIFY(line.channel->statistics().lateAnswers < requests);
 }
 
 int main(int argc, char *argv[])
