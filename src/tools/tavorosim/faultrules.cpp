@@ -13,15 +13,17 @@ namespace Tavoro::Sim {
 
 namespace {
 
-/// What stands on the two sides of the first "="; the right one is null when there is none.
+/// What stands on the two sides of the first "=".
 struct Setting {
     explicit Setting(const QString &text)
         : name(text.section(QLatin1Char('='), 0, 0)),
-          value(text.contains(QLatin1Char('=')) ? text.section(QLatin1Char('='), 1) : QString())
+          value(text.section(QLatin1Char('='), 1)),
+          hasValue(text.contains(QLatin1Char('=')))
     { }
 
     QString name;
     QString value;
+    bool hasValue;
 };
 
 bool toNumber(const QString &text, quint32 least, quint32 most, quint32 &number)
@@ -78,7 +80,7 @@ bool setFault(FaultRule &rule, const Setting &setting, QString &error)
     }
     const FaultRow &row = *rule.fault;
     rule.value = row.usual;
-    if (setting.value.isNull() && !row.needsValue())
+    if (!setting.hasValue && !row.needsValue())
         return true;
     if (row.takesValue() && toNumber(setting.value, row.least, row.most, rule.value))
         return true;
