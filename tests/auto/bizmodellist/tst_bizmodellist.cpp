@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cleanup();
     void deviceIsFoundByItsWholeIdentity();
     void deviceIsFoundAsSoonAsItIsAppended();
+    void otherDevicesAreFoundWhileOneComesAndGoes();
     void deviceIsFoundByWhatItBecame();
     void deviceIsInTheListOnce();
     void nullIsNotTaken();
@@ -68,6 +69,23 @@ void tst_BizModelList::deviceIsFoundAsSoonAsItIsAppended()
     QVERIFY(!found(device->IPAddress(), device->MAC(), device->sn()));
     DeviceList::instance()->append(device);
     QCOMPARE(found(device->IPAddress(), device->MAC(), device->sn()), device);
+}
+
+void tst_BizModelList::otherDevicesAreFoundWhileOneComesAndGoes()
+{
+    const auto stays = ModelRecords::device(1);
+    const auto goes = ModelRecords::device(2);
+    const auto isFound = [](const std::shared_ptr<Device> &device) {
+        return found(device->IPAddress(), device->MAC(), device->sn()) == device;
+    };
+    DeviceList::instance()->append(stays);
+    QVERIFY(isFound(stays));
+    DeviceList::instance()->append(goes);
+    QVERIFY(isFound(stays));
+    QVERIFY(isFound(goes));
+    DeviceList::instance()->remove(goes);
+    QVERIFY(isFound(stays));
+    QVERIFY(!isFound(goes));
 }
 
 void tst_BizModelList::deviceIsFoundByWhatItBecame()
