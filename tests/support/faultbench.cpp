@@ -134,11 +134,21 @@ void FaultBench::checkStoreIsTheModel() const
     QCOMPARE(storedCounts(), counts);
 }
 
+bool FaultBench::readDevice()
+{
+    m_told = std::make_unique<StoreSignals>();
+    return sync.run();
+}
+
+bool FaultBench::awaitSave() const
+{
+    return QTest::qWaitFor([this] { return !m_told->saved.isEmpty(); });
+}
+
 bool FaultBench::synchronise()
 {
-    const StoreSignals told;
-    const bool isRead = sync.run();
-    return QTest::qWaitFor([&] { return !told.saved.isEmpty(); }) && isRead;
+    const bool isRead = readDevice();
+    return awaitSave() && isRead;
 }
 
 QStringList FaultBench::storedRows() const

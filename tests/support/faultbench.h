@@ -56,7 +56,10 @@ public:
     /// The store holds the rows of the model, after a synchronisation of whatever outcome.
     void checkStoreIsTheModel() const;
 
-    /// A synchronisation and the save that ends it.
+    /// A synchronisation, without the save that follows it.
+    bool readDevice();
+    /// Waits for that save, which no caller does.
+    bool awaitSave() const;
     bool synchronise();
 
     std::shared_ptr<Tavoro::BizModel::Device> device() const { return sync.connection.model; }
@@ -74,6 +77,7 @@ private:
     StoredModel m_store;
     QStringList m_modelBefore;
     QStringList m_storedBefore;
+    std::unique_ptr<StoreSignals> m_told; ///< Since the last synchronisation began.
     Resources m_resourcesBefore{};
     quint64 m_connections = 0; ///< At the last fault.
 };

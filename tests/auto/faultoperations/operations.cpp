@@ -79,7 +79,7 @@ bool readContent(FaultBench &bench, QString &error)
 
 bool synchronise(FaultBench &bench, QString & /*error*/)
 {
-    return bench.synchronise();
+    return bench.readDevice();
 }
 
 } // namespace
