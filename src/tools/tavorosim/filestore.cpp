@@ -40,15 +40,6 @@ std::set<std::string> contentNames(const FileIndex &index)
     return names;
 }
 
-bool writeWhole(const QString &path, const std::string &text)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly)
-        && file.write(text.data(), static_cast<qint64>(text.size()))
-        == static_cast<qint64>(text.size())
-        && file.commit();
-}
-
 /// The number in the name of a content, 0 in any other name.
 quint64 numberOf(const std::string &name)
 {
@@ -91,18 +82,14 @@ bool FileStore::open(const QString &folder, QString &error)
 
 bool FileStore::readIndex(QString &error)
 {
-    QFile file(QDir(m_folder).filePath(indexName));
-    if (!file.exists())
-        return true;
+    std::optional<std::string> text;
+    if (!fetchText(indexName, text, error))
+        return false;
     std::vector<StoredFile> list;
     std::string fault;
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("cannot read %1: %2").arg(file.fileName(), file.errorString());
-        return false;
-    }
-    if (!ajson::decodeRecord(file.readAll().toStdString(), list, fault)) {
-        error =
-            QStringLiteral("%1 is damaged: %2").arg(file.fileName(), QString::fromStdString(fault));
+    if (text && !ajson::decodeRecord(*text, list, fault)) {
+        error = QStringLiteral("%1 is damaged: %2")
+                    .arg(QDir(m_folder).filePath(indexName), QString::fromStdString(fault));
         return false;
     }
     for (const StoredFile &stored : list) {
@@ -132,7 +119,7 @@ bool FileStore::commit(FileIndex index)
     if (!m_folder.isEmpty()) {
         std::string text;
         ajson::encodeRecord(listOf(index), text);
-        if (!writeWhole(QDir(m_folder).filePath(indexName), text))
+        if (!keepText(indexName, text))
             return false;
         const std::set<std::string> names = contentNames(index);
         for (const auto &[key, file] : m_index) {
@@ -190,6 +177,30 @@ std::shared_ptr<QIODevice> FileStore::content(const StoredFile &file) const
         device = std::make_shared<QFile>(pathOf(file.contentName));
     }
     return device->open(QIODevice::ReadOnly) ? device : nullptr;
+}
+
+bool FileStore::keepText(const QString &name, const std::string &text) const
+{
+    if (m_folder.isEmpty())
+        return true;
+    QSaveFile file(QDir(m_folder).filePath(name));
+    const auto size = static_cast<qint64>(text.size());
+    return file.open(QIODevice::WriteOnly) && file.write(text.data(), size) == size
+        && file.commit();
+}
+
+bool FileStore::fetchText(const QString &name, std::optional<std::string> &text,
+                          QString &error) const
+{
+    QFile file(QDir(m_folder).filePath(name));
+    if (m_folder.isEmpty() || !file.exists())
+        return true;
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("cannot read %1: %2").arg(file.fileName(), file.errorString());
+        return false;
+    }
+    text = file.readAll().toStdString();
+    return true;
 }
 
 QString FileStore::pathOf(const std::string &name) const

@@ -9,6 +9,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -70,6 +71,13 @@ public:
     /// Reads the content as it is now, also when it is replaced meanwhile. Null when the folder has
     /// lost it.
     std::shared_ptr<QIODevice> content(const StoredFile &file) const;
+
+    /// Keeps a text in the folder, if there is one, under \a name. It replaces the one before as a
+    /// whole, or stays away: then false.
+    bool keepText(const QString &name, const std::string &text) const;
+    /// Reads a text that was kept; without one \a text stays without. False with a sentence in
+    /// \a error.
+    bool fetchText(const QString &name, std::optional<std::string> &text, QString &error) const;
 
 private:
     bool readIndex(QString &error);

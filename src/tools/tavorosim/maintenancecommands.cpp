@@ -3,6 +3,7 @@
 #include "filecommands.h"
 #include "handlers_p.h"
 #include "picture.h"
+#include "setupstore.h"
 #include "units.h"
 
 #include <QDateTime>
@@ -105,6 +106,8 @@ DeviceStatus writeFactoryReset(SimState &state, const Request &request, Reports 
     DeviceStatus status = readOption(request, SetupAndFiles, type);
     if (status == DeviceStatus::Success && type == SetupAndFiles)
         status = commit(state, {});
+    if (status == DeviceStatus::Success && !keepSetup(state.files, state.factory))
+        status = DeviceStatus::StorageFailed;
     if (status != DeviceStatus::Success)
         return status;
     state.saved = state.factory;
@@ -114,6 +117,8 @@ DeviceStatus writeFactoryReset(SimState &state, const Request &request, Reports 
 
 DeviceStatus writeSave(SimState &state, const Request & /*request*/, Reports & /*reports*/)
 {
+    if (!keepSetup(state.files, state))
+        return DeviceStatus::StorageFailed;
     state.saved = state;
     return DeviceStatus::Success;
 }

@@ -4,6 +4,7 @@
 #include "commandtable.h"
 #include "devicecommands.h"
 #include "maintenancecommands.h"
+#include "setupstore.h"
 #include "simclient.h"
 #include "simlog.h"
 
@@ -65,9 +66,18 @@ SimServer::SimServer(SimOptions options, QObject *parent)
 
 SimServer::~SimServer() = default;
 
+bool SimServer::openFolder(QString &error)
+{
+    if (!m_state.files.open(m_options.filesFolder, error)
+        || !fetchSetup(m_state.files, m_state.saved, error))
+        return false;
+    static_cast<Setup &>(m_state) = m_state.saved;
+    return true;
+}
+
 bool SimServer::listen(QString &error)
 {
-    if (!m_options.filesFolder.isEmpty() && !m_state.files.open(m_options.filesFolder, error))
+    if (!m_options.filesFolder.isEmpty() && !openFolder(error))
         return false;
     if (!open(m_server, m_options.address, m_options.port, error))
         return false;

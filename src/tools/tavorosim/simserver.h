@@ -40,6 +40,7 @@ public:
     ConsoleAnswer execute(const QString &line);
 
 private:
+    bool openFolder(QString &error);
     void acceptClient();
     void acceptControl();
     void serveControl(QTcpSocket *socket);
