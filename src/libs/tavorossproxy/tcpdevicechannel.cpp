@@ -1,5 +1,6 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
+#include "capturedstream_p.h"
 #include "channelcore_p.h"
 #include "channelthread_p.h"
 #include "streamchannel_p.h"
@@ -22,9 +23,11 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
         [manager = DeviceManager::instance()](std::weak_ptr<DeviceChannel> channel, bool isMaster) {
             Q_EMIT manager->masterControlChanged(std::move(channel), isMaster);
         };
-    std::unique_ptr<Internal::TcpStream> stream;
+    std::unique_ptr<Internal::ByteStream> stream;
     if (!host.isEmpty() && port != 0)
         stream = std::make_unique<Internal::TcpStream>(host, port);
+    if (const auto capture = Internal::CaptureFile::running(); capture && stream)
+        stream = std::make_unique<Internal::CapturedStream>(std::move(stream), capture);
     return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
                                          std::move(stream), Internal::ChannelThread::instance(),
                                          options, emitReport, emitControl);

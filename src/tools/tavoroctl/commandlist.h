@@ -15,6 +15,7 @@ ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);
 ExitStatus runPull(Tool &tool, const Arguments &arguments);
 ExitStatus runPush(Tool &tool, const Arguments &arguments);
 ExitStatus runReboot(Tool &tool, const Arguments &arguments);
+ExitStatus runReplay(Tool &tool, const Arguments &arguments);
 ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments);
 ExitStatus runShow(Tool &tool, const Arguments &arguments);
 ExitStatus runSync(Tool &tool, const Arguments &arguments);

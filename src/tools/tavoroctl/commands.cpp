@@ -53,6 +53,8 @@ constexpr CommandRow commandRows[] = {
      "Sends FILE to the device.",                                                           runPush,        pushOptions},
     {"reboot", "HOST[:PORT]",
      "Restarts the device.",                                                                runReboot},
+    {"replay", "FILE",
+     "Shows the frames of a capture of the wire.",                                          runReplay},
     {"selfcheck", "HOST[:PORT]",
      "Shows what the device measured of itself; ends with 1 if something is faulty.",       runSelfCheck},
     {"show", "HOST[:PORT]",

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void showMayHaveItsOptionBehindTheHost();
     void discoverListsWhoAnswers();
     void discoverEndsWithOneWhenNobodyAnswers();
+    void replayShowsTheFramesOfACapture();
     void helpAndVersion();
 
 private:
@@ -342,6 +343,26 @@ void tst_TavoroCtl::discoverEndsWithOneWhenNobodyAnswers()
     QCOMPARE(discover.output, QByteArray());
     QCOMPARE(discover.exitCode, 1);
     QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);
+}
+
+void tst_TavoroCtl::replayShowsTheFramesOfACapture()
+{
+    const Run replay = run({"replay", TEST_DATA_DIR "/captures/swap.txt"});
+    const QByteArrayList lines = replay.output.split('\n');
+    QCOMPARE(lines.size(), 9);
+    QCOMPARE(lines.at(0).mid(11), QByteArray("1 > identity request, 12 bytes"));
+    QCOMPARE(lines.at(2).mid(11),
+             QByteArray("1 > request 0x1107 type 2 tag 1 packet 0/0 status 0, "
+                        "10 bytes {\"swap\":0}"));
+    QCOMPARE(lines.at(5).mid(11),
+             QByteArray("1 < response 0x1107 type 2 tag 2 packet 0/1 status 4, "
+                        "0 bytes"));
+    QCOMPARE(replay.errors, QByteArray());
+    QCOMPARE(replay.exitCode, 0);
+
+    const Run missing = run({"replay", "/no/such/capture"});
+    QCOMPARE(missing.errors, QByteArray("/no/such/capture: No such file or directory\n"));
+    QCOMPARE(missing.exitCode, 1);
 }
 
 void tst_TavoroCtl::helpAndVersion()
