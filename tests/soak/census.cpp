@@ -24,11 +24,16 @@ Census Census::taken()
 
 Census Census::takenAtRest(int threads)
 {
-    constexpr int longest = 200; // the system lists a thread for a moment longer than it runs
+    constexpr int longest = 300;
+    constexpr int calm =
+        10; // looks in a row without a change: sockets close a moment after their owners
     Census census = taken();
-    for (int i = 0; i < longest && census.threads > threads; ++i) {
+    for (int i = 0, unchanged = 0; i < longest && unchanged < calm; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        census = taken();
+        const Census next = taken();
+        const bool isSame = next.threads <= threads && next.files == census.files;
+        unchanged = isSame ? unchanged + 1 : 0;
+        census = next;
     }
     return census;
 }

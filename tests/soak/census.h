@@ -5,7 +5,8 @@
 /// What a process holds at one moment.
 struct Census {
     static Census taken();
-    /// When no more than so many threads are left, at the latest after two seconds.
+    /// When no more than so many threads are left and nothing is being closed any more, at the
+    /// latest after three seconds.
     static Census takenAtRest(int threads);
 
     int threads;

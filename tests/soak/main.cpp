@@ -92,7 +92,7 @@ bool hasWorked(const Round &round)
 
 bool isFlat(const Census &before, const Census &now)
 {
-    return now.threads == before.threads && now.files == before.files
+    return now.threads <= before.threads && now.files <= before.files
         && now.heap <= before.heap + heapTolerance;
 }
 
