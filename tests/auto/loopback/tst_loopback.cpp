@@ -15,6 +15,7 @@
 
 #include <atomic>
 #include <thread>
+#include <vector>
 
 using namespace Tavoro;
 using Tavoro::BizModel::DeviceList;
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void removeAllReachesTheDevice();
     void aRefusalComesBackInWords();
     void threadsShareAChannelWithoutMixingAnswers();
+    void splitWritesOfThreadsStayInTheirOrder();
     void reportsReachTheModel();
     void aDeviceThatIsGoneFailsTheOperation();
 };
@@ -157,6 +159,39 @@ void tst_Loopback::threadsShareAChannelWithoutMixingAnswers()
     for (std::thread &thread : threads)
         thread.join();
     QCOMPARE(wrongAnswers.load(), 0);
+}
+
+/// A packet out of its order would be refused, and one in another's write would show in a name.
+void tst_Loopback::splitWritesOfThreadsStayInTheirOrder()
+{
+    constexpr int writers = 3;
+    SimulatedConnection connection(smallPackets(500));
+    std::atomic<int> failures{0};
+    const auto nameFor = [](int id) {
+        return std::string(4000, static_cast<char>('a' + id)); // In nine packets.
+    };
+    const auto rename = [&](int id) {
+        Control::Screen screen(connection.model);
+        ProtoModel::Screen::s_General general{{static_cast<quint8>(id), id}, {}};
+        general.general.name = nameFor(id);
+        for (int i = 0; i < 20; ++i) {
+            QString error;
+            failures += screen.writeScreenGeneral({general}, error) ? 0 : 1;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int id = 1; id <= writers; ++id)
+        threads.emplace_back(rename, id);
+    for (auto &thread : threads)
+        thread.join();
+    QCOMPARE(failures.load(), 0);
+    for (int id = 1; id <= writers; ++id) {
+        QString error;
+        std::vector<ProtoModel::Screen::s_ScreenFullDetail> screens;
+        QVERIFY(Control::Screen(connection.model).readDetails(id, 0, -1, screens, error));
+        QCOMPARE(screens.size(), std::size_t(1));
+        QCOMPARE(screens[0].general.name, nameFor(id));
+    }
 }
 
 void tst_Loopback::reportsReachTheModel()
