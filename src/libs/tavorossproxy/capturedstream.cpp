@@ -1,5 +1,7 @@
 #include "capturedstream_p.h"
 
+#include "logging_p.h"
+
 namespace Tavoro::SSProxy::Internal {
 
 using Wire::CaptureEvent;
@@ -35,8 +37,12 @@ void CaptureFile::write(int channel, CaptureEvent event, std::string_view bytes)
         return;
     const std::string line =
         Wire::encodeCaptureLine(channel, m_clock.nsecsElapsed() / 1000, event, bytes);
-    m_file.write(line.data(), static_cast<qint64>(line.size()));
-    m_file.flush();
+    const auto length = static_cast<qint64>(line.size());
+    if (m_file.write(line.data(), length) == length && m_file.flush())
+        return;
+    qCWarning(channelLog, "The capture %s ends here: %s", qUtf8Printable(m_file.fileName()),
+              qUtf8Printable(m_file.errorString()));
+    m_file.close();
 }
 
 CapturedStream::CapturedStream(std::unique_ptr<ByteStream> stream,

@@ -10,6 +10,8 @@ namespace Tavoro::SSProxy::Internal {
 RequestOutcome ChannelCore::requestOutcome(quint8 lables)
 {
     RequestOutcome outcome;
+    if (lables == 0)
+        return outcome; // the tags of a split write are those of its packets
     const auto sent = m_exchanges.lastSent(lables);
     if (!sent) {
         outcome.state = RequestOutcome::NotArrived; // it never left

@@ -60,6 +60,9 @@ public:
     /// a request that ended without an answer, its head holds the tag. A channel whose connection
     /// was lost is asked when it is ready again; a tag is used again after 254 further requests.
     ///
+    /// The packets of a split write have tags of their own, which their caller does not see: for
+    /// its head, with the tag 0, the outcome is unknown.
+    ///
     /// Nothing is sent again. Blocks until the device answers, 10 s at the most; not for slots on
     /// the channels' thread.
     virtual RequestOutcome requestOutcome(quint8 lables) = 0;

@@ -3,6 +3,7 @@
 
 #include <simulatedconnection.h>
 
+#include <tavorocontrol/controlhelper.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/networkchannel.h>
 
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void outcomeBehindATimeout();
     void outcomeOfAnAnsweredRequestIsKnownToo();
     void tagThatWasNeverSentHasNotArrived();
+    void splitWriteHasNoTagOfItsOwn();
     void restartedDeviceRemembersNothing();
     void channelWithoutAConnectionTellsWhyItIsUnknown();
     void olderUsesOfATagDoNotCount();
@@ -129,6 +131,20 @@ void tst_RequestOutcome::outcomeOfAnAnsweredRequestIsKnownToo()
 void tst_RequestOutcome::tagThatWasNeverSentHasNotArrived()
 {
     QCOMPARE(int(channel().requestOutcome(200).state), int(RequestOutcome::NotArrived));
+}
+
+/// The tags of its packets are not those of the caller's request.
+void tst_RequestOutcome::splitWriteHasNoTagOfItsOwn()
+{
+    const auto name =
+        request(2, 1, R"({"general":{"name":")" + std::string(100000, 'n') + R"("}})");
+    addFault(QStringLiteral("drop-before,code=DeviceGeneral,skip=1,count=1"));
+    QString error;
+    QVERIFY(!Control::ControlHelper().sendSyncRequest(m_connection->model, name, error, true));
+    waitUntilBack();
+    QCOMPARE(name->head().lables, quint8(0));
+    QCOMPARE(int(channel().requestOutcome(name->head().lables).state),
+             int(RequestOutcome::Unknown));
 }
 
 void tst_RequestOutcome::restartedDeviceRemembersNothing()

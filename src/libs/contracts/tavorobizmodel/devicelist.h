@@ -86,7 +86,7 @@ Q_SIGNALS:
     /// @{
     void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
     void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save has ended. Emitted on the saver's thread, like the next one.
+    /// A save has ended. Emitted on the saver's thread, like the next two.
     void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
     /// A save could not be done: the disk may be full. It is tried again later by itself.
     void signalSaveDeviceDataFailed(QString text);

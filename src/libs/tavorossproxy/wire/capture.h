@@ -16,8 +16,9 @@ namespace Tavoro::SSProxy::Wire {
 /// # tavoro wire capture 1
 /// CHANNEL SECONDS open ADDRESS      a connection stands
 /// CHANNEL SECONDS > BYTES           what was sent, hexadecimal digits
-/// CHANNEL SECONDS < BYTES           what was received at once, with whatever frames or parts of
-/// them CHANNEL SECONDS close             the connection has ended \endcode
+/// CHANNEL SECONDS < BYTES           what was received at once: frames, parts of frames
+/// CHANNEL SECONDS close             the connection has ended
+/// \endcode
 ///
 /// Channels count from 1; seconds, with six decimals, from the beginning of the capture. Other
 /// lines that begin with # are comments.
