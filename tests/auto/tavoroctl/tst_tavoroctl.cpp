@@ -43,6 +43,7 @@ private Q_SLOTS:
     void discoverListsWhoAnswers();
     void discoverEndsWithOneWhenNobodyAnswers();
     void replayShowsTheFramesOfACapture();
+    void environmentVariableCapturesTheWire();
     void helpAndVersion();
 
 private:
@@ -363,6 +364,20 @@ void tst_TavoroCtl::replayShowsTheFramesOfACapture()
     const Run missing = run({"replay", "/no/such/capture"});
     QCOMPARE(missing.errors, QByteArray("/no/such/capture: No such file or directory\n"));
     QCOMPARE(missing.exitCode, 1);
+}
+
+void tst_TavoroCtl::environmentVariableCapturesTheWire()
+{
+    const QByteArray capture = m_bench->path("capture.txt");
+    qputenv("TAVORO_CAPTURE", capture);
+    const Run write = call({"Device.writeSwap", R"({"swap":0})"});
+    qunsetenv("TAVORO_CAPTURE");
+    QCOMPARE(write.exitCode, 0);
+    const Run replay = run({"replay", capture});
+    QVERIFY(replay.output.contains("1 > request 0x1107 type 2 tag 1 packet 0/0 status 0, "
+                                   "10 bytes {\"swap\":0}\n"));
+    QVERIFY(
+        replay.output.contains("1 < response 0x1107 type 2 tag 1 packet 0/1 status 0, 0 bytes"));
 }
 
 void tst_TavoroCtl::helpAndVersion()
