@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QProcess>
 #include <QString>
 
@@ -10,6 +11,9 @@ public:
 
     /// Starts \a program and waits until it serves. False when it does not.
     bool start(const QString &program);
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
+    /// Types \a line into its console.
+    void execute(const QByteArray &line) { m_process.write(line + '\n'); }
     /// The UDP port on which it answers those who look for devices.
     quint16 discoveryPort() const { return m_discoveryPort; }
 
