@@ -49,7 +49,8 @@ private:
     {
         m_isReading = true;
         m_connections = m_channel->statistics().connections;
-        m_reader.start(m_device);
+        if (!m_reader.start(m_device))
+            take(false);
     }
 
     void take(bool success)
