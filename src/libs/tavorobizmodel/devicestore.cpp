@@ -75,14 +75,18 @@ DeviceStore::Outcome DeviceStore::open(const QString &fileName, QString &error)
     QDir().mkpath(QFileInfo(fileName).absolutePath());
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
     m_database.setDatabaseName(fileName);
-    if (!m_database.open()) {
-        fail(m_database.lastError().text());
-        return outcome(false, error);
-    }
-    return outcome(run(QStringLiteral("PRAGMA foreign_keys = ON"))
-                       && run(QStringLiteral("PRAGMA synchronous = EXTRA")) && checkFile()
-                       && checkWritable(),
-                   error);
+    const Outcome result = outcome(begin(), error);
+    if (result != Outcome::Done)
+        close();
+    return result;
+}
+
+bool DeviceStore::begin()
+{
+    if (!m_database.open())
+        return fail(m_database.lastError().text());
+    return run(QStringLiteral("PRAGMA foreign_keys = ON"))
+        && run(QStringLiteral("PRAGMA synchronous = EXTRA")) && checkFile() && checkWritable();
 }
 
 /// SQLite opens a file for reading only when it cannot have it otherwise; then no save would ever

@@ -41,8 +41,9 @@ public:
     DeviceStore &operator=(const DeviceStore &) = delete;
 
     /// Opens the file, made if there is none. A file of another kind or of a later version is left
-    /// alone: Failed.
+    /// alone: Failed. The store is closed unless this is Done.
     Outcome open(const QString &fileName, QString &error);
+    bool isOpen() const { return m_database.isValid(); }
     void close();
     Outcome load(std::vector<std::shared_ptr<Device>> &devices, QString &error);
     Outcome save(const Device &device, QString &error);
@@ -65,6 +66,7 @@ private:
     bool run(QSqlQuery &query);
     bool prepare(QSqlQuery &query, const QString &statement);
     bool number(const QString &statement, int &value);
+    bool begin();
     bool checkFile();
     bool checkWritable();
     bool makeTables();

@@ -103,6 +103,7 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
         m_opened = std::move(opened);
         m_isOpen = done;
         m_isClosing = false;
+        m_notBefore = {}; // a failure of the store that was open before delays nothing here
         m_changed.notify_all();
     }
     if (done)
@@ -125,7 +126,8 @@ SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const 
     return opened;
 }
 
-/// Sets the damaged file aside, with the reason in \a error, and begins a new one.
+/// Sets the damaged file aside, with the reason in \a error, and begins a new one. The store is
+/// closed when that fails; the next job tries again.
 bool SaveDeviceDataThreadPrivate::openAnew(QString &error)
 {
     m_store.close();
@@ -178,11 +180,18 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
 bool SaveDeviceDataThreadPrivate::work(const Job &job)
 {
     QString error;
-    auto outcome = attempt(job, error);
-    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error)) {
+    auto outcome = DeviceStore::Outcome::Done;
+    bool isAnew = !m_store.isOpen(); // a damaged file could not be replaced by an earlier job
+    if (isAnew)
+        outcome = m_store.open(m_fileName, error);
+    if (outcome == DeviceStore::Outcome::Done)
         outcome = attempt(job, error);
-        askToSaveOthers(job);
+    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error)) {
+        isAnew = true;
+        outcome = attempt(job, error);
     }
+    if (isAnew && m_store.isOpen())
+        askToSaveOthers(job);
     if (outcome != DeviceStore::Outcome::Done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);

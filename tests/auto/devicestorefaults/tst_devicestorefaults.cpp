@@ -1,7 +1,9 @@
 #include "faultyvfs.h"
+#include "messagecatcher.h"
 #include "storedstates.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void endOfTheApplicationDoesTheSaves();
     void fullDiskIsToldAndTriedAgain();
     void fullDiskLeavesTheLastCompleteSave();
+    void damagedFileIsReplacedOnceTheDiskHasRoom();
 };
 
 void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne_data()
@@ -128,22 +131,70 @@ void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
 
 void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
 {
+    const MessageCatcher quiet;
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
-    {
-        const StoredModel model(file);
-        model.save(deviceIn(Old));
+    int failed = 0;
+    int operations = 4; // those of a save, from the first round on
+    for (int number = 0; number <= operations; number += 4) {
+        const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
         const StoreSignals told;
-        const auto changed = deviceIn(New);
-        FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 5);
-        model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
-        QTRY_COMPARE(told.failures.size(), 1);
-        model.list->saveDeviceDataThread()->setTemporaryStop(true); // no second try when it closes
+        {
+            const StoredModel model(file);
+            model.save(deviceIn(Old));
+            QTRY_COMPARE(told.saved.size(), 1);
+            const auto changed = deviceIn(New);
+            FaultyVfs::arm(number ? FaultyVfs::Fault::DiskFull : FaultyVfs::Fault::None, number);
+            model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
+            QTRY_COMPARE(told.saved.size() + told.failures.size(), 2);
+            operations = number ? operations : FaultyVfs::operations();
+            model.list->saveDeviceDataThread()->setTemporaryStop(true); // no second try at the end
+        }
+        FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+        const StoredModel model(file);
+        model.list->saveDeviceDataThread()->setTemporaryStop(false);
+        QVERIFY(model.onlyDevice());
+        const State expected = told.failures.isEmpty() ? New : Old;
+        QVERIFY2(stateOf(*model.onlyDevice()) == expected, qPrintable(QString::number(number)));
+        failed += expected == Old;
     }
-    FaultyVfs::arm(FaultyVfs::Fault::None, 0);
-    const StoredModel model(file);
-    QCOMPARE(stateOf(*model.onlyDevice()), Old);
-    model.list->saveDeviceDataThread()->setTemporaryStop(false);
+    QVERIFY(failed > 3);
+}
+
+void tst_DeviceStoreFaults::damagedFileIsReplacedOnceTheDiskHasRoom()
+{
+    const MessageCatcher quiet;
+    const QTemporaryDir folder;
+    using Devices = QList<std::shared_ptr<StoredModel::Device>>;
+    const auto first = ModelRecords::device(1);
+    const auto second = ModelRecords::device(2);
+    // After the failures, the disk has room for some operations, then for all.
+    for (int number = 1; number < 40; number += 6) {
+        const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
+        {
+            const StoredModel model(file, 20);
+            auto *const saver = model.list->saveDeviceDataThread();
+            model.list->append(first);
+            model.list->append(second);
+            model.save(first);
+            model.save(second);
+            QFile damaged(file);
+            QVERIFY(damaged.open(QIODevice::WriteOnly));
+            damaged.write(QByteArray(5000, 'x'));
+            damaged.close();
+
+            const StoreSignals told;
+            FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
+            saver->saveDevicesInfor(first);
+            QTRY_VERIFY(told.failures.size() >= 2);
+            FaultyVfs::arm(FaultyVfs::Fault::DiskFull, number);
+            QTRY_VERIFY(told.saved.size() == 2 || FaultyVfs::operations() >= number);
+            FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+            QTRY_COMPARE(told.saved, (Devices{first, second}));
+            QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+        }
+        const StoredModel model(file);
+        QCOMPARE(model.list->devices().size(), 2);
+    }
 }
 
 int main(int argc, char **argv)
