@@ -70,14 +70,18 @@ DeviceStatus makePreset(const SimState &state, const s_CreatePresetFile &record,
 }
 
 /// Brings the stored screens back with their layers, into the places of those of the same names.
+/// These go first, all of them, as a screen may have now what another one had when it was stored.
 DeviceStatus restore(Setup &setup, const StoredScreens &stored)
 {
+    for (const Screen::s_ScreenFullDetail &screen : stored.screens) {
+        setup.screens.erase(keyOf(screen));
+        removeLayers(setup, screen);
+    }
     for (const Screen::s_ScreenFullDetail &screen : stored.screens) {
         const DeviceStatus status = checkOutputs(setup, screen, screen.mosaic);
         if (status != DeviceStatus::Success)
             return status;
         setup.screens[keyOf(screen)] = screen;
-        removeLayers(setup, screen);
     }
     for (const Layer::s_LayerFullDetail &layer : stored.layers)
         setup.layers[keyOf(layer.layerIdenti)] = layer;

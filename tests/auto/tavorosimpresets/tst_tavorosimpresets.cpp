@@ -19,6 +19,7 @@ private Q_SLOTS:
     void aPresetBringsScreensAndLayersBack();
     void aPresetLeavesOtherScreensAlone();
     void aPresetBringsADeletedScreenBack();
+    void aPresetBringsExchangedOutputsBack();
     void aPresetWhoseOutputsAreTakenIsRefused();
     void aPresetIntoPreviewLeavesTheProgramme();
     void aProjectMakesTheDeviceHaveItsScreensOnly();
@@ -65,6 +66,8 @@ constexpr quint16 deviceTime = 0xFC0C;
 
 const char *const presetOfScreen1 =
     R"([{"fileId":3,"fileType":6,"general":{"name":"Show"},"screens":[{"screenId":1,"screenType":1}]}])";
+const char *const presetOfBoth =
+    R"([{"fileId":3,"fileType":6,"screens":[{"screenId":1,"screenType":1},{"screenId":2,"screenType":2}]}])";
 const char *const applyPreset3 = R"([{"fileId":3,"fileType":6,"applyType":0}])";
 const char *const project1 =
     R"([{"fileId":1,"fileType":9,"general":{"name":"Tour"},"contain":{"other":0,"BKG":1,"logo":0,"preset":0}}])";
@@ -105,6 +108,28 @@ void tst_TavoroSimPresets::aPresetBringsADeletedScreenBack()
     const std::string before = screens() + layers();
     QCOMPARE(m_bench->write(createPreset, presetOfScreen1), 0);
     QCOMPARE(m_bench->write(screenDeleted, delete1), 0);
+    QCOMPARE(m_bench->write(presetApply, applyPreset3), 0);
+    QCOMPARE(screens() + layers(), before);
+}
+
+void tst_TavoroSimPresets::aPresetBringsExchangedOutputsBack()
+{
+    const std::string before = screens() + layers();
+    const QJsonArray list = QJsonDocument::fromJson(QByteArray::fromStdString(screens())).array();
+    const auto named = [&](int screen, int outputsOf) {
+        QJsonObject made{{QStringLiteral("mosaic"), list[outputsOf][QStringLiteral("mosaic")]}};
+        for (const auto &key : {QStringLiteral("screenId"), QStringLiteral("screenType")})
+            made[key] = list[screen][key];
+        return made;
+    };
+    const auto text = [](const QJsonArray &array) {
+        return QJsonDocument(array).toJson(QJsonDocument::Compact).toStdString();
+    };
+    const QJsonArray exchanged{named(0, 1), named(1, 0)};
+    QCOMPARE(m_bench->write(createPreset, presetOfBoth), 0);
+    QCOMPARE(m_bench->write(screenDeleted, text(exchanged)), 0);
+    QCOMPARE(m_bench->write(screenEnable, text(exchanged)), 0);
+    QVERIFY(screens() + layers() != before);
     QCOMPARE(m_bench->write(presetApply, applyPreset3), 0);
     QCOMPARE(screens() + layers(), before);
 }
