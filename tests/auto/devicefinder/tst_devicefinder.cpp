@@ -18,6 +18,7 @@ class tst_DeviceFinder : public QObject {
 
 private Q_SLOTS:
     void init();
+    void cleanup() { m_loop->end(); } // a finder that looks on belongs to the loop
 
     void datagramsAreAsDocumented();
     void targetsAreAskedAtOnceAndAfterEachInterval();
