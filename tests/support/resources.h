@@ -12,6 +12,12 @@ struct Resources {
     /// Bytes that are allocated; always 0 under a sanitizer, which has a heap of its own.
     static qint64 heap() { return static_cast<qint64>(mallinfo2().uordblks); }
 
+    /// Fewer is well too: what was counted before may have held a thread that had just ended.
+    bool isWithin(const Resources &limit) const
+    {
+        return descriptors <= limit.descriptors && threads <= limit.threads;
+    }
+
     /// For comparisons that tell in words what is too much.
     QString text() const
     {
