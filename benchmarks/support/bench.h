@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavorobizmodel/device.h>
-#include <tavorosim/simoptions.h>
+#include <tavorosim/server/simoptions.h>
 #include <tavorosim/simulateddevice.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 

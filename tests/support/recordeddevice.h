@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorosim/simthread.h>
+#include <tavorosim/server/simthread.h>
 #include <tavorossproxy/wire/capture.h>
 
 #include <QString>

@@ -1,7 +1,7 @@
 #include "commandline.h"
 
-#include "console.h"
-#include "faulttable.h"
+#include <tavorosim/console/console.h>
+#include <tavorosim/faults/faulttable.h>
 
 #include <QCommandLineParser>
 #include <QLoggingCategory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simoptions.h"
+#include <tavorosim/server/simoptions.h>
 
 #include <QString>
 #include <QStringList>

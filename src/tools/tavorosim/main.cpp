@@ -1,7 +1,8 @@
 // The simulated device as a program: tavorosim --help tells its options.
 
 #include "commandline.h"
-#include "simserver.h"
+
+#include <tavorosim/server/simserver.h>
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -1,6 +1,6 @@
 #include "simulateddevice.h"
 
-#include "simserver.h"
+#include <tavorosim/server/simserver.h>
 
 namespace Tavoro::Sim {
 

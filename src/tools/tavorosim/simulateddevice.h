@@ -1,8 +1,8 @@
 #pragma once
 
-#include "console.h"
-#include "simoptions.h"
-#include "simthread.h"
+#include <tavorosim/console/console.h>
+#include <tavorosim/server/simoptions.h>
+#include <tavorosim/server/simthread.h>
 
 #include <QString>
 

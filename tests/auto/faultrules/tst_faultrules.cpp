@@ -1,8 +1,8 @@
 // Faults of the simulated device: how rules are read and used, and the bytes that leave for each
 // fault.
 
-#include <tavorosim/commandnames.h>
-#include <tavorosim/faultyanswers.h>
+#include <tavorosim/commands/commandnames.h>
+#include <tavorosim/faults/faultyanswers.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <QFile>

@@ -1,7 +1,6 @@
 #include "discoveryresponder.h"
 
-#include "simlog.h"
-
+#include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/discovery.h>
 
 #include <QNetworkDatagram>

@@ -1,9 +1,10 @@
 #include "createcommands.h"
 
 #include "createhandlers_p.h"
-#include "edid.h"
 #include "maintenancecommands.h"
-#include "picture.h"
+
+#include <tavorosim/state/edid.h>
+#include <tavorosim/state/picture.h>
 
 #include <QDateTime>
 #include <QString>

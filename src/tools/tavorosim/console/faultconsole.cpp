@@ -1,6 +1,6 @@
 #include "faultconsole.h"
 
-#include "faultrules.h"
+#include <tavorosim/faults/faultrules.h>
 
 #include <algorithm>
 #include <iterator>

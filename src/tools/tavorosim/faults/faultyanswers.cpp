@@ -1,7 +1,6 @@
 #include "faultyanswers.h"
 
-#include "simlog.h"
-
+#include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <algorithm>

@@ -1,11 +1,12 @@
 #include "console.h"
 
-#include "devicecommands.h"
 #include "faultconsole.h"
-#include "handlers_p.h"
-#include "interfacecommands.h"
-#include "maintenancecommands.h"
-#include "screencommands.h"
+
+#include <tavorosim/commands/devicecommands.h>
+#include <tavorosim/commands/handlers_p.h>
+#include <tavorosim/commands/interfacecommands.h>
+#include <tavorosim/commands/maintenancecommands.h>
+#include <tavorosim/commands/screencommands.h>
 
 #include <QStringList>
 
@@ -213,14 +214,15 @@ QString ConsoleAnswer::line() const
     return text.isEmpty() ? verdict : verdict + QLatin1Char(' ') + text;
 }
 
-ConsoleAnswer executeConsole(SimState &state, const QString &line, Reports &reports)
+ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
+                             Reports &reports)
 {
     QStringList parts = line.simplified().split(QLatin1Char(' '));
     const QString name = parts.takeFirst();
     if (name.isEmpty())
         return {};
     if (name == QLatin1String("fault"))
-        return executeFault(state.faults, parts);
+        return executeFault(faults, parts);
     const auto word = std::find_if(std::begin(words), std::end(words), [&](const Word &candidate) {
         return name == QLatin1String(candidate.name);
     });

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "faultyanswers.h"
 #include "outcomelog.h"
-#include "packetdesk.h"
 
+#include <tavorosim/commands/packetdesk.h>
+#include <tavorosim/faults/faultyanswers.h>
 #include <tavorossproxy/wire/frameparser.h>
 
 #include <QByteArray>

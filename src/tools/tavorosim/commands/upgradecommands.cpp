@@ -1,7 +1,8 @@
 #include "upgradecommands.h"
 
 #include "handlers_p.h"
-#include "units.h"
+
+#include <tavorosim/state/units.h>
 
 #include <algorithm>
 #include <iterator>

@@ -2,9 +2,10 @@
 
 #include "filecommands.h"
 #include "handlers_p.h"
-#include "picture.h"
-#include "setupstore.h"
-#include "units.h"
+
+#include <tavorosim/state/picture.h>
+#include <tavorosim/state/setupstore.h>
+#include <tavorosim/state/units.h>
 
 #include <QDateTime>
 

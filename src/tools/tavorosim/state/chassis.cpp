@@ -71,7 +71,7 @@ void plugCards(Setup &setup, const CardKind &kind, int count)
     }
 }
 
-void setUpDevice(Device::s_DeviceDetail &device, const SimOptions &options)
+void setUpDevice(Device::s_DeviceDetail &device, const DeviceOptions &options)
 {
     device.general = {options.name.toStdString(), 1};
     device.swap = 1;
@@ -165,7 +165,7 @@ void addScreen(Setup &setup, FreeOutputs &outputs, int number)
 
 /// One layer of a row of equal windows; the lowest is the background.
 Layer::s_LayerFullDetail makeLayer(const Screen::s_ScreenFullDetail &screen, SceneType scene,
-                                   int number, const SimOptions &options)
+                                   int number, const DeviceOptions &options)
 {
     const Screen::s_Rect &whole = screen.mosaic.window;
     const bool isBackground = number == 0;
@@ -198,7 +198,7 @@ Layer::s_LayerFullDetail makeLayer(const Screen::s_ScreenFullDetail &screen, Sce
     return layer;
 }
 
-void addLayers(Setup &setup, const Screen::s_ScreenFullDetail &screen, const SimOptions &options)
+void addLayers(Setup &setup, const Screen::s_ScreenFullDetail &screen, const DeviceOptions &options)
 {
     for (const SceneType scene : {PreviewScene, ProgrammeScene}) {
         for (int number = 0; number < options.layersPerScreen; ++number) {
@@ -210,7 +210,7 @@ void addLayers(Setup &setup, const Screen::s_ScreenFullDetail &screen, const Sim
 
 } // namespace
 
-Setup makeChassis(const SimOptions &options)
+Setup makeChassis(const DeviceOptions &options)
 {
     Setup setup;
     setUpDevice(setup.device, options);

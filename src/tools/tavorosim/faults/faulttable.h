@@ -1,6 +1,6 @@
 #pragma once
 
-#include "packetdesk.h"
+#include <tavorosim/commands/packetdesk.h>
 
 #include <QByteArray>
 #include <QString>

@@ -1,13 +1,13 @@
 #include "simserver.h"
 
-#include "chassis.h"
-#include "commandtable.h"
-#include "devicecommands.h"
-#include "maintenancecommands.h"
-#include "setupstore.h"
 #include "simclient.h"
-#include "simlog.h"
 
+#include <tavorosim/commands/commandtable.h>
+#include <tavorosim/commands/devicecommands.h>
+#include <tavorosim/commands/maintenancecommands.h>
+#include <tavorosim/state/chassis.h>
+#include <tavorosim/state/setupstore.h>
+#include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/identity.h>
 #include <tavorossproxy/wire/linkcommands.h>
 
@@ -22,8 +22,6 @@ namespace Tavoro::Sim {
 
 using SSProxy::Wire::ControlState;
 using SSProxy::Wire::LinkCommand;
-
-Q_LOGGING_CATEGORY(simLog, "tavoro.sim", QtWarningMsg)
 
 namespace {
 
@@ -50,9 +48,9 @@ SimServer::SimServer(SimOptions options, QObject *parent)
       m_controlServer(this),
       m_discovery([this] { return identity(); }, this)
 {
-    m_state.faults.seed(m_options.seed);
+    m_faults.seed(m_options.seed);
     for (const FaultRule &rule : m_options.faults)
-        m_state.faults.add(rule);
+        m_faults.add(rule);
     m_state.factory = makeChassis(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
@@ -96,7 +94,7 @@ ConsoleAnswer SimServer::execute(const QString &line)
 {
     catchUp();
     Reports reports;
-    ConsoleAnswer answer = executeConsole(m_state, line, reports);
+    ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
     if (line.simplified() == QLatin1String("fault clear"))
         readOn();
     tell(reports);
@@ -107,8 +105,7 @@ ConsoleAnswer SimServer::execute(const QString &line)
 void SimServer::acceptClient()
 {
     while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
-        auto *const client =
-            new SimClient(socket, m_options, m_state.faults, servicesForClients(), this);
+        auto *const client = new SimClient(socket, m_options, m_faults, servicesForClients(), this);
         m_clients.push_back(client);
         connect(client, &SimClient::restartDue, this, &SimServer::restart);
         connect(client, &SimClient::reportsDue, this,

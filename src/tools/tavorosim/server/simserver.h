@@ -1,12 +1,13 @@
 #pragma once
 
-#include "console.h"
 #include "controldesk.h"
 #include "discoveryresponder.h"
 #include "outcomelog.h"
-#include "request.h"
 #include "simclient.h"
 #include "simoptions.h"
+
+#include <tavorosim/commands/request.h>
+#include <tavorosim/console/console.h>
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -64,6 +65,7 @@ private:
 
     const SimOptions m_options;
     SimState m_state;
+    FaultRules m_faults; ///< What it does wrong on purpose.
     QElapsedTimer m_elapsed; ///< Since the program began, by this machine's clock.
     qint64 m_passed = 0; ///< What of that has passed for the device.
     QTimer m_tick; ///< Runs while the device is at work.

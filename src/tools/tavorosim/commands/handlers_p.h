@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ranges.h"
 #include "request.h"
 
 #include <tavorocontrol/proto/codec.h>
+#include <tavorosim/state/ranges.h>
 
 #include <type_traits>
 

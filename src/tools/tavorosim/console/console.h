@@ -1,10 +1,12 @@
 #pragma once
 
-#include "request.h"
+#include <tavorosim/commands/request.h>
 
 #include <QString>
 
 namespace Tavoro::Sim {
+
+class FaultRules;
 
 /// What a line of the console led to.
 struct ConsoleAnswer {
@@ -18,7 +20,8 @@ struct ConsoleAnswer {
 /// Makes happen what the device does not do by command: cables, power supplies, signals. \a line is
 /// a word of the console's table and its arguments, blank-separated; an empty line does nothing.
 /// Adds to \a reports what the device has to tell everyone.
-ConsoleAnswer executeConsole(SimState &state, const QString &line, Reports &reports);
+ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
+                             Reports &reports);
 
 /// The console's words, one to a line, for people.
 QString consoleHelp();

@@ -1,7 +1,5 @@
 #include "commandnames.h"
 
-#include "faultrules.h"
-
 #include <tavorossproxy/commandcodes.h>
 
 #include <algorithm>

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "simstate.h"
-#include "upload.h"
-
+#include <tavorosim/state/simstate.h>
+#include <tavorosim/state/upload.h>
 #include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/packethead.h>
 #include <tavorossproxy/wire/devicestatus.h>

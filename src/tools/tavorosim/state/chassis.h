@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simoptions.h"
+#include "deviceoptions.h"
 #include "simstate.h"
 
 namespace Tavoro::Sim {
@@ -13,6 +13,6 @@ namespace Tavoro::Sim {
 /// outputs side by side, the second a blended mosaic of four, the third a multiviewer, the fourth
 /// an auxiliary screen; all others are ordinary ones over one output. When the outputs are used up,
 /// the remaining screens have none.
-Setup makeChassis(const SimOptions &options);
+Setup makeChassis(const DeviceOptions &options);
 
 } // namespace Tavoro::Sim

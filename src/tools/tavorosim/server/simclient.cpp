@@ -1,8 +1,9 @@
 #include "simclient.h"
 
-#include "simlog.h"
 #include "simoptions.h"
 
+#include <tavorosim/commands/commandnames.h>
+#include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
 #include <tavorossproxy/wire/linkcommands.h>

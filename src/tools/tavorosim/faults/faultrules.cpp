@@ -1,7 +1,8 @@
 #include "faultrules.h"
 
-#include "commandnames.h"
 #include "faulttable.h"
+
+#include <tavorosim/commands/commandnames.h>
 
 #include <QStringList>
 

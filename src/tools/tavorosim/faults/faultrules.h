@@ -11,9 +11,6 @@ namespace Tavoro::Sim {
 
 struct FaultRow;
 
-/// The code by which a rule names the identity answer; no command has it.
-constexpr quint16 identityCode = 0;
-
 /// Which exchanges go wrong, and how.
 struct FaultRule {
     const FaultRow *fault = nullptr; ///< A row of the table of faults.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "faultrules.h"
 #include "filestore.h"
 #include "maintenance.h"
 
@@ -78,7 +77,6 @@ struct SimState : Setup {
     FileStore files;
     std::map<FileKey, ProtoModel::File::s_FileInfo> announced; ///< Files whose content is due.
     Maintenance maintenance;
-    FaultRules faults; ///< What it does wrong on purpose.
 };
 
 template <class Map>
