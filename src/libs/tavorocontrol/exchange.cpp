@@ -7,6 +7,8 @@
 #include <tavorocontrol/controlhelper.h>
 #include <tavorossproxy/commandcodes.h>
 
+#include <QMetaMethod>
+
 namespace Tavoro::Control::Internal {
 
 namespace {
@@ -68,6 +70,18 @@ QString reasonOf(Failure failure, quint16 status)
     return {};
 }
 
+/// Lets others ask what only an object itself may ask of QObject.
+struct Asking : QObject {
+    static constexpr bool (QObject::*isConnected)(const QMetaMethod &) const =
+        &Asking::isSignalConnected;
+};
+
+bool hasStatusBar()
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&DeviceList::signalShowStatusBarMsg);
+    return (DeviceList::instance()->*Asking::isConnected)(signal);
+}
+
 void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
 {
     Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(type, text, statusBarMilliseconds);
@@ -101,14 +115,17 @@ bool refuseMissingRequest(QString &error)
 }
 
 Exchange::Exchange(Verb verb, const SSProxy::DeviceRequestCommand &request)
-    : m_verb(verb),
-      m_request(request),
-      m_label(ControlHelper::commandLabel(request.head().BC, request.head().FC))
+    : m_verb(verb), m_request(request)
 { }
+
+QString Exchange::label() const
+{
+    return ControlHelper::commandLabel(m_request.head().BC, m_request.head().FC);
+}
 
 QString Exchange::labelled(const char *words) const
 {
-    return QString::fromLatin1(words).arg(m_label);
+    return QString::fromLatin1(words).arg(label());
 }
 
 QString Exchange::codes() const
@@ -124,12 +141,12 @@ QString Exchange::lables() const
 
 QString Exchange::failureSentence(const QString &reason) const
 {
-    return ControlHelper::tr(rowOf(m_verb).failed).arg(m_label, reason);
+    return ControlHelper::tr(rowOf(m_verb).failed).arg(label(), reason);
 }
 
 QString Exchange::successSentence() const
 {
-    return ControlHelper::tr(rowOf(m_verb).succeeded).arg(m_label);
+    return ControlHelper::tr(rowOf(m_verb).succeeded).arg(label());
 }
 
 void Exchange::logRequest() const
@@ -202,6 +219,8 @@ bool Exchange::failSplitWrite(quint16 status, QString &error, PacketCount count)
 // both cases.
 bool Exchange::succeedRead(quint8 responseType, const std::string &content, bool onePacket) const
 {
+    if (!controlLog().isInfoEnabled() && !hasStatusBar())
+        return true;
     const QString text = successSentence();
     if (controlLog().isInfoEnabled()) {
         if (responseType == static_cast<quint8>(CommandType::Read)) {
@@ -218,6 +237,8 @@ bool Exchange::succeedRead(quint8 responseType, const std::string &content, bool
 
 bool Exchange::succeedWrite(bool show) const
 {
+    if (!controlLog().isInfoEnabled() && !(show && hasStatusBar()))
+        return true;
     const QString text = successSentence();
     qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables();
     if (show)

@@ -35,7 +35,8 @@ struct PacketCount {
     quint32 total = 0;
 };
 
-/// What one exchange says to the log and to the user. Makes each text once, shows it and logs it.
+/// What one exchange says to the log and to the user. Makes each text once, shows it and logs it; a
+/// success that neither listens to is not put into words.
 ///
 /// Lives on the stack of one call, on the caller's thread.
 class Exchange {
@@ -61,6 +62,7 @@ public:
     bool succeedWrite(bool show) const;
 
 private:
+    QString label() const;
     QString failureSentence(const QString &reason) const;
     QString successSentence() const;
     void logFailure(const QString &text, PacketCount count) const;
@@ -71,7 +73,6 @@ private:
 
     const Verb m_verb;
     const SSProxy::DeviceRequestCommand &m_request;
-    const QString m_label;
     const BizModel::Device *m_device = nullptr;
 };
 

@@ -38,18 +38,18 @@ makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters
 bool writeBody(Link link, SSProxy::Command command, std::string body, QString &error,
                Timeout timeout)
 {
-    const auto request = makeRequest(SSProxy::CommandType::Write, command);
+    auto request = makeRequest(SSProxy::CommandType::Write, command);
     askForTimeout(*request, timeout);
     request->body() = std::move(body);
-    return link.helper.sendSyncRequest(link.device, request, error, true);
+    return link.helper.sendSyncRequest(link.device, std::move(request), error, true);
 }
 
 bool read(Link link, SSProxy::Command command, Filters filters, std::string &answer, QString &error,
           Timeout timeout)
 {
-    const auto request = makeRequest(SSProxy::CommandType::Read, command, filters);
+    auto request = makeRequest(SSProxy::CommandType::Read, command, filters);
     askForTimeout(*request, timeout);
-    return link.helper.sendSyncRequest(link.device, request, answer, error);
+    return link.helper.sendSyncRequest(link.device, std::move(request), answer, error);
 }
 
 } // namespace Tavoro::Control::Internal

@@ -30,12 +30,29 @@ void setTableTimeout(BizModel::Device &device, SSProxy::DeviceRequestCommand &re
         static_cast<int>(std::min(tableTimeout(device.deviceConfig(), request.head()), longest)));
 }
 
+/// As QString::toStdString(), but with nothing in between for the plain characters that addresses
+/// and numbers are made of: this runs for every request.
+std::string toText(const QString &text)
+{
+    std::string plain(static_cast<std::size_t>(text.size()), '\0');
+    const QChar *next = text.constData();
+    char16_t seen = 0;
+    for (char &character : plain) {
+        const char16_t unicode = (next++)->unicode();
+        character = static_cast<char>(unicode);
+        seen = static_cast<char16_t>(seen | unicode);
+    }
+    if (seen >= 0x80)
+        plain = text.toStdString();
+    return plain;
+}
+
 } // namespace
 
 std::shared_ptr<SSProxy::DeviceChannel> channelOf(const BizModel::Device &device)
 {
     return SSProxy::DeviceManager::instance()->findTavoroDeviceChannel(
-        device.IPAddress().toStdString(), device.MAC().toStdString(), device.sn().toStdString());
+        toText(device.IPAddress()), toText(device.MAC()), toText(device.sn()));
 }
 
 bool openRoute(Exchange &exchange, const std::weak_ptr<BizModel::Device> &device,

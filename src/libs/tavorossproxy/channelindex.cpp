@@ -14,8 +14,8 @@ bool hasIdentity(const DeviceChannel &channel, const std::string &ip, const std:
                  const std::string &sn)
 {
     const auto info = channel.deviceBaseInfo();
-    return info.ip == ip && ProtoModel::hexDigits(info.sn) == sn
-        && ProtoModel::hexDigits(info.mac) == mac;
+    return info.ip == ip && ProtoModel::isHexDigits(sn, info.sn)
+        && ProtoModel::isHexDigits(mac, info.mac);
 }
 
 } // namespace

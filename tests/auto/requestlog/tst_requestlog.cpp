@@ -1,6 +1,11 @@
+#include <messagecatcher.h>
 #include <requestpath.h>
 
+#include <tavorobizmodel/devicelist.h>
+
+#include <QCoreApplication>
 #include <QLoggingCategory>
+#include <QTranslator>
 #include <QtTest>
 
 namespace {
@@ -26,6 +31,24 @@ public:
     FilterRules &operator=(const FilterRules &) = delete;
 };
 
+/// Counts the texts that are asked for.
+class CountingTranslator : public QTranslator {
+public:
+    CountingTranslator() { QCoreApplication::installTranslator(this); }
+    ~CountingTranslator() override { QCoreApplication::removeTranslator(this); }
+    CountingTranslator(const CountingTranslator &) = delete;
+    CountingTranslator &operator=(const CountingTranslator &) = delete;
+
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *, const char *, int) const override
+    {
+        ++count;
+        return {};
+    }
+
+    mutable int count = 0;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(const LogRow *)
@@ -48,6 +71,8 @@ private Q_SLOTS:
     void missingDeviceIsNotNamed();
     void levelsCanBeSilenced_data();
     void levelsCanBeSilenced();
+    void successIsPutIntoWordsForListenersOnly_data();
+    void successIsPutIntoWordsForListenersOnly();
 };
 
 namespace {
@@ -269,6 +294,44 @@ void tst_RequestLog::levelsCanBeSilenced()
     QTEST(int(lines.filter(QStringLiteral("debug: ")).size()), "debugs");
     QTEST(int(lines.filter(QStringLiteral("warning: ")).size()), "warnings");
     QCOMPARE(lines.filter(QStringLiteral("status bar ")).size(), 2); // told in any case
+}
+
+void tst_RequestLog::successIsPutIntoWordsForListenersOnly_data()
+{
+    QTest::addColumn<QByteArray>("rules");
+    QTest::addColumn<bool>("hasStatusBar");
+    QTest::addColumn<bool>("showsSuccess");
+    QTest::addColumn<int>("texts"); // sentences and labels; the write's and the read's
+
+    // clang-format off
+    QTest::newRow("nobody listens")          << QByteArray("tavoro.control=false") << false << true  << 0;
+    QTest::newRow("status bar")              << QByteArray("tavoro.control=false") << true  << true  << 4;
+    QTest::newRow("status bar, write quiet") << QByteArray("tavoro.control=false") << true  << false << 2;
+    QTest::newRow("log")                     << QByteArray("")                     << false << true  << 6;
+    // clang-format on
+}
+
+void tst_RequestLog::successIsPutIntoWordsForListenersOnly()
+{
+    QFETCH(const QByteArray, rules);
+    QFETCH(const bool, hasStatusBar);
+    QFETCH(const bool, showsSuccess);
+    const FilterRules silence(rules.constData());
+    const MessageCatcher catcher;
+    ScriptedDevice device;
+    QObject statusBar;
+    if (hasStatusBar)
+        QObject::connect(Tavoro::BizModel::DeviceList::instance(),
+                         &Tavoro::BizModel::DeviceList::signalShowStatusBarMsg, &statusBar, [] {});
+    Tavoro::Control::ControlHelper helper;
+    std::string result;
+    QString error;
+    const CountingTranslator translator;
+
+    QVERIFY(helper.sendSyncRequest(device.model, RequestPath::request(2, 0x1107, "{}"), error,
+                                   showsSuccess));
+    QVERIFY(helper.sendSyncRequest(device.model, RequestPath::request(1, 0x1100), result, error));
+    QTEST(translator.count, "texts");
 }
 
 QTEST_GUILESS_MAIN(tst_RequestLog)

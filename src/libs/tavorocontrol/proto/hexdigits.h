@@ -22,6 +22,20 @@ std::string hexDigits(const std::array<quint8, size> &bytes)
     return text;
 }
 
+/// True when \a text is hexDigits() of \a bytes; makes no text.
+template <std::size_t size>
+bool isHexDigits(const std::string &text, const std::array<quint8, size> &bytes)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    if (text.size() != 2 * size)
+        return false;
+    for (std::size_t i = 0; i < size; ++i) {
+        if (text[2 * i] != digits[bytes[i] >> 4] || text[2 * i + 1] != digits[bytes[i] & 0xF])
+            return false;
+    }
+    return true;
+}
+
 /// The value of a hexadecimal digit of either case, -1 for anything else.
 constexpr int hexValue(char digit)
 {
