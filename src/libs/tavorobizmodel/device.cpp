@@ -2,7 +2,6 @@
 #include "objectprivate_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>
-#include <tavorocontrol/proto/hexdigits.h>
 #include <tavorossproxy/commandcodes.h>
 
 #include <utility>
@@ -74,11 +73,7 @@ QString Device::ipMacSn() const
 
 void Device::updateDeviceBaseInfo(ProtoModel::DeviceBaseInfo info)
 {
-    d->set(DevicePrivate::Part::Identity, &DeviceState::mac,
-           QString::fromStdString(ProtoModel::hexDigits(info.mac)));
-    d->set(DevicePrivate::Part::Identity, &DeviceState::sn,
-           QString::fromStdString(ProtoModel::hexDigits(info.sn)));
-    d->write([&](DeviceState &state) { state.info = std::move(info); });
+    d->setIdentity(std::move(info));
 }
 
 unsigned short Device::tcpProtocolVersion() const

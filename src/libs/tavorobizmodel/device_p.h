@@ -5,6 +5,7 @@
 #include "mvrlayouts_p.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavorocontrol/proto/hexdigits.h>
 
 #include <QString>
 
@@ -87,8 +88,31 @@ public:
             m_state.*member = value;
         }
         if (part == Part::Identity)
-            ++identityChanges;
-        tell(part);
+            tellIdentity();
+        else
+            tell(part);
+    }
+
+    /// Stores MAC and serial number in one, so that nobody meets the one without the other.
+    void setIdentity(ProtoModel::DeviceBaseInfo info)
+    {
+        const QString mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
+        const QString sn = QString::fromStdString(ProtoModel::hexDigits(info.sn));
+        bool isOther = false;
+        write([&](DeviceState &state) {
+            isOther = state.mac != mac || state.sn != sn;
+            state.mac = mac;
+            state.sn = sn;
+            state.info = std::move(info);
+        });
+        if (isOther)
+            tellIdentity();
+    }
+
+    void tellIdentity() const
+    {
+        ++identityChanges;
+        tell(Part::Identity);
     }
 
     void tell(Part part) const { Q_EMIT q.deviceDataChanged(part); }

@@ -40,12 +40,21 @@ struct Fragile {
     TAVORO_FIELDS(a)
 };
 
+/// Throws what is no standard exception.
+struct Foreign {
+    Foreign() { throw 17; }
+    std::int32_t a;
+    TAVORO_FIELDS(a)
+};
+
 } // namespace CodecRecords
 
 TAVORO_CODEC(CodecRecords::Inner)
 TAVORO_CODEC(CodecRecords::Outer)
 TAVORO_CODEC(CodecRecords::Fragile)
+TAVORO_CODEC(CodecRecords::Foreign)
 
+using CodecRecords::Foreign;
 using CodecRecords::Fragile;
 using CodecRecords::Inner;
 using CodecRecords::Outer;
@@ -91,6 +100,7 @@ private Q_SLOTS:
     void successLeavesTheErrorAlone();
     void failureKeepsWhatWasRead();
     void otherStandardExceptionsBecomeTheErrorToo();
+    void whatIsNoStandardExceptionPassesThrough();
 };
 
 void tst_CodecRecords::emptyBodyFailsAtLineAndColumnZero()
@@ -450,6 +460,20 @@ void tst_CodecRecords::otherStandardExceptionsBecomeTheErrorToo()
     std::string error;
     QVERIFY(!ajson::decodeRecord("[{}]", list, error));
     QCOMPARE(error, std::string("cannot be made"));
+}
+
+void tst_CodecRecords::whatIsNoStandardExceptionPassesThrough()
+{
+    std::vector<Foreign> list;
+    std::string error = "text from before";
+    int caught = 0;
+    try {
+        ajson::decodeRecord("[{}]", list, error);
+    } catch (int thrown) {
+        caught = thrown;
+    }
+    QCOMPARE(caught, 17);
+    QCOMPARE(error, std::string("text from before"));
 }
 
 QTEST_APPLESS_MAIN(tst_CodecRecords)

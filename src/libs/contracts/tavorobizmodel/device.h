@@ -65,6 +65,8 @@ public:
     /// Version of the protocol that the device's connection speaks.
     unsigned short tcpProtocolVersion() const;
 
+    /// How long commands may take. A new device waits 5 s for most of them, and 20 s for its card
+    /// modes, 100 s for the interfaces, 15 s for a take, 200 s for a save.
     s_DeviceConfig &deviceConfig();
 
     /// Empties the device's interfaces, screens, layers and files. What the user set beside the

@@ -22,13 +22,13 @@ struct DeviceBaseInfo {
     quint16 tcpPort = 0;
     quint16 slotCount = 0;
     quint16 backupPort = 0;
-    quint32 maxPacketSize =
-        0; ///< Largest body of one request, in bytes; never 0 on a usable channel.
+    /// Largest body of one request, in bytes; never 0 on a usable channel.
+    quint32 maxPacketSize = 0;
     std::string name;
     std::vector<quint16> slotModels; ///< Model number of the card in each slot.
     quint32 features = 0;
-    quint64 startTime =
-        0; ///< When the device was switched on, milliseconds since 1970 by its own clock.
+    /// When the device was switched on, milliseconds since 1970 by its own clock.
+    quint64 startTime = 0;
     quint64 configTime = 0; ///< When its configuration last changed, in the same unit.
     quint8 controlState = 0;
     std::string ip;

@@ -39,7 +39,7 @@ bool startsWithKey(const char *at, const char *end) noexcept
 {
     using Key = KeyLiteral<Record, Field>;
     using Word =
-        std::conditional_t < Key::size<sizeof(std::uint64_t), std::uint32_t, std::uint64_t>;
+        std::conditional_t<(Key::size < sizeof(std::uint64_t)), std::uint32_t, std::uint64_t>;
     return static_cast<std::size_t>(end - at) >= Key::size && equalWords<Word>(at, Key::text);
 }
 

@@ -6,6 +6,7 @@
 // Kept: halves of surrogate pairs are not combined, each becomes a three-byte sequence of its own,
 // and \u0000 is an error.
 
+#include "hexdigits.h"
 #include "valuereader_p.h"
 
 #include <algorithm>
@@ -14,19 +15,6 @@ namespace ajson {
 
 namespace {
 
-constexpr int notHex = -1;
-
-constexpr int hexValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return notHex;
-}
-
 // 0, which is no legal escape, where there are fewer than four digits.
 unsigned hexQuad(const char *at, const char *end)
 {
@@ -34,8 +22,8 @@ unsigned hexQuad(const char *at, const char *end)
         return 0;
     unsigned unit = 0;
     for (int i = 0; i < 4; ++i) {
-        const int digit = hexValue(at[i]);
-        if (digit == notHex)
+        const int digit = Tavoro::ProtoModel::hexValue(at[i]);
+        if (digit < 0)
             return 0;
         unit = unit * 16 + static_cast<unsigned>(digit);
     }
