@@ -1,24 +1,18 @@
 // What each command does to the simulated device: every write is read back, every refusal leaves
 // the device as it was.
 
-#include <wireclient.h>
+#include <simreads.h>
 
-#include <tavorosim/simulateddevice.h>
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTest>
 
-using Tavoro::Sim::SimOptions;
-using Tavoro::Sim::SimulatedDevice;
+using namespace SimReads;
 
-class tst_TavoroSimCommands : public QObject {
+class tst_TavoroSimCommands : public QObject, private Fixture {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { start(); }
+    void cleanup() { stop(); }
 
     void writesAreReadBack_data();
     void writesAreReadBack();
@@ -33,108 +27,9 @@ private Q_SLOTS:
     void sizesAreOptions();
     void thousandsOfLayersAreAnswered();
     void theFactoryBlendsTheSecondScreen();
-
-    void enablingCreatesAScreen();
-    void anOutputServesOneScreenAtATime();
-    void deletingAScreenTakesItsLayersAndFreesItsOutputs();
-    void takeSwapsPreviewAndProgramme();
-    void takeCopiesWhileSwapIsOff();
-    void tBarTakesAtItsEndAndOnlyThere();
-    void enablingCreatesALayer();
-    void removeAllClearsOneScreen();
-    void removingAnEmptyListRemovesNothing();
-    void zOrderMakesRoom();
-    void inputsKeepTheirTimingWhateverIsPreset();
-
-private:
-    QByteArray list(quint16 code, const std::array<quint8, 4> &arg2);
-    /// The value at \a path, such as "0.freeze", of what a read answers; as JSON.
-    QByteArray valueAt(quint16 code, const std::array<quint8, 4> &arg2, const QString &path);
-    int status(quint16 code, const QByteArray &body);
-    /// All that the device answers to its four reads.
-    QByteArray everything();
-
-    std::unique_ptr<SimulatedDevice> m_device;
-    std::unique_ptr<WireClient> m_client;
 };
 
-namespace {
-
-using Filters = std::array<quint8, 4>; ///< Positions 31 to 34.
-
-constexpr quint16 device = 0x1100;
-constexpr quint16 interface = 0x1200;
-constexpr quint16 screen = 0x1300;
-constexpr quint16 layer = 0x1400;
-constexpr quint8 any = 0xFF;
-
-// What most rows look at: input 1, output 1, screen 1, layer 1 of its programme.
-constexpr Filters whole{};
-constexpr Filters inputs{0, 1, 1, 0};
-constexpr Filters outputs{0, 3, 2, 0};
-constexpr Filters screen1{0, any, 0, 1};
-constexpr Filters programme1{any, 4, 0, 1};
-constexpr Filters preview1{any, 2, 0, 1};
-
-QByteArray jsonOf(const QJsonValue &value)
-{
-    const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return json.mid(1, json.size() - 2);
-}
-
-std::unique_ptr<WireClient> connectTo(const SimulatedDevice &simulator)
-{
-    auto client = std::make_unique<WireClient>();
-    if (!client->connectTo(simulator.port()) || client->identity().empty())
-        qFatal("the device does not tell its identity");
-    return client;
-}
-
-} // namespace
-
 Q_DECLARE_METATYPE(Filters)
-
-void tst_TavoroSimCommands::init()
-{
-    SimOptions options;
-    options.packetSize = 1 << 20;
-    m_device = std::make_unique<SimulatedDevice>(options);
-    QString error;
-    QVERIFY2(m_device->start(error), qPrintable(error));
-    m_client = connectTo(*m_device);
-}
-
-void tst_TavoroSimCommands::cleanup()
-{
-    m_client.reset();
-    m_device.reset();
-}
-
-QByteArray tst_TavoroSimCommands::list(quint16 code, const Filters &arg2)
-{
-    return QByteArray::fromStdString(m_client->read(code, arg2).body);
-}
-
-QByteArray tst_TavoroSimCommands::valueAt(quint16 code, const Filters &arg2, const QString &path)
-{
-    const QJsonDocument document = QJsonDocument::fromJson(list(code, arg2));
-    QJsonValue value =
-        document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
-    for (const QString &step : path.split(QLatin1Char('.')))
-        value = value.isArray() ? value.toArray().at(step.toInt()) : value.toObject().value(step);
-    return jsonOf(value);
-}
-
-int tst_TavoroSimCommands::status(quint16 code, const QByteArray &body)
-{
-    return m_client->write(code, body.toStdString()).head.status;
-}
-
-QByteArray tst_TavoroSimCommands::everything()
-{
-    return list(device, whole) + list(interface, {0, any, 0, 0}) + list(screen, {0, any, 0, any})
-        + list(layer, {any, any, any, any});
-}
 
 void tst_TavoroSimCommands::writesAreReadBack_data()
 {
@@ -353,12 +248,14 @@ void tst_TavoroSimCommands::writesTellEveryone()
     QFETCH(QByteArray, body);
     QFETCH(int, reported);
     QFETCH(QByteArray, report);
-    const auto other = connectTo(*m_device);
-    QCOMPARE(m_client->control(1), 0);
-    QCOMPARE(int(other->waitForReport().head.code()), 0x0101); // who holds control now
+    WireClient other;
+    QVERIFY(other.connectTo(simulator().port()));
+    QVERIFY(!other.identity().empty());
+    QCOMPARE(client().control(1), 0);
+    QCOMPARE(int(other.waitForReport().head.code()), 0x0101); // who holds control now
     QCOMPARE(status(quint16(code), body), 0);
-    for (WireClient *client : {m_client.get(), other.get()}) {
-        const WireFrame frame = client->waitForReport();
+    for (WireClient *told : {&client(), &other}) {
+        const WireFrame frame = told->waitForReport();
         QCOMPARE(int(frame.head.code()), reported);
         QCOMPARE(QByteArray::fromStdString(frame.body), report);
     }
@@ -368,7 +265,7 @@ void tst_TavoroSimCommands::filtersRestrictReads_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<Filters>("filters");
-    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("found");
     const auto row = [](const char *what, int code, const Filters &filters, int count) {
         QTest::addRow("0x%04X %s", code, what) << code << filters << count;
     };
@@ -398,41 +295,33 @@ void tst_TavoroSimCommands::filtersRestrictReads()
 {
     QFETCH(int, code);
     QFETCH(Filters, filters);
-    QFETCH(int, count);
-    QCOMPARE(QJsonDocument::fromJson(list(quint16(code), filters)).array().size(), count);
+    QFETCH(int, found);
+    QCOMPARE(count(quint16(code), filters), found);
 }
 
 void tst_TavoroSimCommands::sizesAreOptions()
 {
-    SimOptions options;
-    options.packetSize = 1 << 24;
+    Tavoro::Sim::SimOptions options;
     options.inputs = 5;
     options.outputs = 3;
     options.screens = 6;
     options.layersPerScreen = 2;
-    SimulatedDevice small(options);
-    QString error;
-    QVERIFY2(small.start(error), qPrintable(error));
-    m_client = connectTo(small);
-    QCOMPARE(QJsonDocument::fromJson(list(interface, {0, any, 1, 0})).array().size(), 5);
-    QCOMPARE(QJsonDocument::fromJson(list(interface, {0, any, 2, 0})).array().size(), 3);
-    QCOMPARE(QJsonDocument::fromJson(list(screen, {0, any, 0, any})).array().size(), 6);
-    QCOMPARE(QJsonDocument::fromJson(list(layer, {any, any, any, any})).array().size(), 24);
+    start(options);
+    QCOMPARE(count(interface, {0, any, 1, 0}), 5);
+    QCOMPARE(count(interface, {0, any, 2, 0}), 3);
+    QCOMPARE(count(screen, {0, any, 0, any}), 6);
+    QCOMPARE(count(layer, {any, any, any, any}), 24);
     QCOMPARE(valueAt(device, whole, QStringLiteral("subcards.1.connectors")),
              QByteArray(R"([{"capacityMode":0,"copyId":0,"id":1,"type":1,"workMode":0}])"));
 }
 
 void tst_TavoroSimCommands::thousandsOfLayersAreAnswered()
 {
-    SimOptions options;
-    options.packetSize = 64 << 20;
+    Tavoro::Sim::SimOptions options;
     options.screens = 32;
     options.layersPerScreen = 128;
-    SimulatedDevice large(options);
-    QString error;
-    QVERIFY2(large.start(error), qPrintable(error));
-    m_client = connectTo(large);
-    QCOMPARE(QJsonDocument::fromJson(list(layer, {any, any, any, any})).array().size(), 8192);
+    start(options);
+    QCOMPARE(count(layer, {any, any, any, any}), 8192);
 }
 
 void tst_TavoroSimCommands::theFactoryBlendsTheSecondScreen()
@@ -446,140 +335,6 @@ void tst_TavoroSimCommands::theFactoryBlendsTheSecondScreen()
              QByteArray(R"({"x":1792,"y":952})"));
     QCOMPARE(valueAt(screen, screen2, QStringLiteral("0.mosaic.outputs.0.feather.2")),
              QByteArray(R"({"enable":1,"gamma":220,"type":2,"width":128})"));
-}
-
-void tst_TavoroSimCommands::enablingCreatesAScreen()
-{
-    QCOMPARE(status(0x1301, R"([{"screenId":9,"screenType":1,"general":{"name":"Stage"}}])"), 0);
-    QCOMPARE(valueAt(screen, {0, any, 1, 9}, QStringLiteral("0.general.name")),
-             QByteArray(R"("Stage")"));
-    QCOMPARE(valueAt(screen, {0, any, 1, 9}, QStringLiteral("0.switchEffect")),
-             QByteArray(R"({"direction":0,"time":5,"type":1})"));
-}
-
-void tst_TavoroSimCommands::anOutputServesOneScreenAtATime()
-{
-    const QByteArray outputOfScreen4 = R"([{"interfaceId":{"slotId":4,"connectorId":4}}])";
-    const QByteArray wanted =
-        R"([{"screenId":9,"screenType":1,"mosaic":{"outputs":)" + outputOfScreen4 + "}}]";
-    QCOMPARE(status(0x1301, wanted), 8);
-    QCOMPARE(status(0x1301, R"([{"screenId":4,"screenType":4}])"), 0); // Gives its output back.
-    QCOMPARE(status(0x1301, wanted), 0);
-}
-
-void tst_TavoroSimCommands::deletingAScreenTakesItsLayersAndFreesItsOutputs()
-{
-    QCOMPARE(status(0x130F, R"([{"screenId":1,"screenType":1}])"), 0);
-    QCOMPARE(list(screen, screen1), QByteArray("[]"));
-    QCOMPARE(list(layer, programme1), QByteArray("[]"));
-    QCOMPARE(QJsonDocument::fromJson(list(layer, {any, any, any, any})).array().size(), 24);
-    QCOMPARE(
-        status(
-            0x1301,
-            R"([{"screenId":9,"screenType":1,"mosaic":{"outputs":[{"interfaceId":{"slotId":3,"connectorId":1}}]}}])"),
-        0);
-}
-
-void tst_TavoroSimCommands::takeSwapsPreviewAndProgramme()
-{
-    const QByteArray programme = list(layer, programme1);
-    const QByteArray preview = list(layer, preview1);
-    QVERIFY(programme != preview);
-    QCOMPARE(status(0x130E, R"([{"screenId":1,"screenType":1,"switchEffect":{"time":5}}])"), 0);
-    QCOMPARE(list(layer, programme1),
-             QByteArray(preview).replace("\"sceneType\":2", "\"sceneType\":4"));
-    QCOMPARE(list(layer, preview1),
-             QByteArray(programme).replace("\"sceneType\":4", "\"sceneType\":2"));
-}
-
-void tst_TavoroSimCommands::takeCopiesWhileSwapIsOff()
-{
-    const QByteArray preview = list(layer, preview1);
-    QCOMPARE(status(0x1107, R"({"swap":0})"), 0);
-    QCOMPARE(status(0x130E, R"([{"screenId":1,"screenType":1}])"), 0);
-    QCOMPARE(list(layer, programme1),
-             QByteArray(preview).replace("\"sceneType\":2", "\"sceneType\":4"));
-    QCOMPARE(list(layer, preview1), preview);
-}
-
-void tst_TavoroSimCommands::tBarTakesAtItsEndAndOnlyThere()
-{
-    const auto move = [this](int percent) {
-        return status(0x130D,
-                      QStringLiteral(R"([{"screenId":1,"screenType":1,"tbar":{"percent":%1}}])")
-                          .arg(percent)
-                          .toLatin1());
-    };
-    const QByteArray programme = list(layer, programme1);
-    QCOMPARE(move(99), 0);
-    QCOMPARE(list(layer, programme1), programme);
-    QCOMPARE(move(100), 0);
-    QVERIFY(list(layer, programme1) != programme);
-    QCOMPARE(move(100), 0); // It has arrived already.
-    QVERIFY(list(layer, programme1) != programme);
-    QCOMPARE(move(0), 0);
-    QVERIFY(list(layer, programme1) != programme);
-    QCOMPARE(move(100), 0);
-    QCOMPARE(list(layer, programme1), programme);
-}
-
-void tst_TavoroSimCommands::enablingCreatesALayer()
-{
-    QCOMPARE(
-        status(
-            0x1401,
-            R"([{"layerIdenti":{"screenId":1,"screenType":1,"layerId":7,"layerType":1,"sceneType":4},"zorder":7,"source":{"general":{"type":3,"id":2}}}])"),
-        0);
-    QCOMPARE(valueAt(layer, programme1, QStringLiteral("3.layerIdenti.layerId")), QByteArray("7"));
-    QCOMPARE(valueAt(layer, programme1, QStringLiteral("3.opacity")), QByteArray("100"));
-    QCOMPARE(
-        status(
-            0x140E,
-            R"([{"layerIdenti":{"screenId":1,"screenType":1,"layerId":7,"layerType":1,"sceneType":4}}])"),
-        0);
-    QCOMPARE(QJsonDocument::fromJson(list(layer, programme1)).array().size(), 4);
-}
-
-void tst_TavoroSimCommands::removeAllClearsOneScreen()
-{
-    WireFrame request = WireClient::request(0x140E, Tavoro::SSProxy::CommandType::Write, "[]");
-    const Filters everyLayerOfScreen2{any, any, 2, 2};
-    std::copy(everyLayerOfScreen2.begin(), everyLayerOfScreen2.end(), request.head.arg2);
-    QCOMPARE(int(m_client->exchange(request).head.status), 0);
-    QCOMPARE(list(layer, {any, any, 2, 2}), QByteArray("[]"));
-    QCOMPARE(QJsonDocument::fromJson(list(layer, {any, any, any, any})).array().size(), 24);
-    request.head.arg2[3] = 77;
-    QCOMPARE(int(m_client->exchange(request).head.status), 3);
-}
-
-void tst_TavoroSimCommands::removingAnEmptyListRemovesNothing()
-{
-    const QByteArray before = everything();
-    QCOMPARE(status(0x140E, "[]"), 0);
-    QCOMPARE(everything(), before);
-}
-
-void tst_TavoroSimCommands::zOrderMakesRoom()
-{
-    // Stacked as 0 (background), 1, 2, 3; layer 1 goes where layer 3 is.
-    QCOMPARE(
-        status(
-            0x1402,
-            R"([{"layerIdenti":{"screenId":1,"screenType":1,"layerId":1,"layerType":1,"sceneType":4},"zorder":3}])"),
-        0);
-    QCOMPARE(valueAt(layer, programme1, QStringLiteral("0.zorder")), QByteArray("3"));
-    QCOMPARE(valueAt(layer, programme1, QStringLiteral("1.zorder")), QByteArray("2"));
-    QCOMPARE(valueAt(layer, programme1, QStringLiteral("2.zorder")), QByteArray("4"));
-    QCOMPARE(valueAt(layer, preview1, QStringLiteral("2.zorder")), QByteArray("3"));
-}
-
-void tst_TavoroSimCommands::inputsKeepTheirTimingWhateverIsPreset()
-{
-    QCOMPARE(status(0x1203, R"([{"slotId":1,"connectorId":1,"presetTiming":{"refresh":50}}])"), 0);
-    QCOMPARE(valueAt(interface, inputs, QStringLiteral("0.presetTiming.refresh")),
-             QByteArray("50"));
-    QCOMPARE(valueAt(interface, inputs, QStringLiteral("0.actualTiming.refresh")),
-             QByteArray("60"));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimCommands)
