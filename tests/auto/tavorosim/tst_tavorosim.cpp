@@ -1,12 +1,10 @@
-// The simulated device on its socket: packets, clients, reports, and what it refuses.
+// The simulated device on its socket: clients, reports, its console, and what it refuses.
 
-#include <wireclient.h>
+#include <simbench.h>
 
-#include <tavorosim/simulateddevice.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <QRegularExpression>
-#include <QTest>
 
 using Tavoro::Sim::ConsoleAnswer;
 using Tavoro::Sim::SimOptions;
@@ -19,15 +17,6 @@ class tst_TavoroSim : public QObject {
 
 private Q_SLOTS:
     void identityTellsWhatTheOptionsSay();
-    void aReadAnswersInOnePacketWhenItFits();
-    void aLongAnswerComesInPackets();
-    void anAnswerDoesNotChangeBetweenItsPackets();
-    void furtherPacketsAreGoneAfterTheLast();
-    void aPacketOutOfTurnIsRefused();
-    void streamsKeepTheirAnswersApart();
-    void aSplitWriteIsCarriedOutWithItsLastPacket();
-    void aSplitWriteOutOfTurnIsDropped();
-    void aPacketAboveTheLimitIsRefused();
     void anUnknownCommandIsRefused_data();
     void anUnknownCommandIsRefused();
     void aWrongBodyChecksumIsRefused();
@@ -51,35 +40,6 @@ namespace {
 constexpr quint16 deviceDetail = 0x1100;
 constexpr quint16 deviceSwap = 0x1107;
 constexpr quint16 groupInfo = 0x110A;
-
-/// A device on a free port and a client that has introduced itself.
-struct Pair {
-    explicit Pair(SimOptions options = {}) : device(std::move(options))
-    {
-        QString error;
-        if (!device.start(error))
-            qFatal("%s", qUtf8Printable(error));
-        if (!client.connectTo(device.port()) || client.identity().empty())
-            qFatal("the device does not tell its identity");
-    }
-
-    SimulatedDevice device;
-    WireClient client;
-};
-
-SimOptions smallPackets(quint32 size)
-{
-    SimOptions options;
-    options.packetSize = size;
-    return options;
-}
-
-WireFrame furtherPacket(WireFrame request, quint32 totalCount, quint32 sendCount)
-{
-    request.head.totalCount = totalCount;
-    request.head.sendCount = sendCount;
-    return request;
-}
 
 WireFrame readRequest(quint16 code)
 {
@@ -113,133 +73,6 @@ void tst_TavoroSim::identityTellsWhatTheOptionsSay()
         QVERIFY2(identity.find(part) != std::string::npos, part);
 }
 
-void tst_TavoroSim::aReadAnswersInOnePacketWhenItFits()
-{
-    Pair pair;
-    const WireFrame answer = pair.client.read(deviceDetail);
-    QCOMPARE(int(answer.head.kind), 2);
-    QCOMPARE(int(answer.head.status), 0);
-    QCOMPARE(answer.head.totalCount, 1u);
-    QCOMPARE(answer.head.sendCount, 0u);
-    QVERIFY(contains(answer, "{\"general\":{\"name\":\"Simulated device\",\"status\":1},"));
-}
-
-void tst_TavoroSim::aLongAnswerComesInPackets()
-{
-    Pair whole;
-    const std::string expected = whole.client.read(deviceDetail).body;
-    Pair split(smallPackets(500));
-    const WireFrame request = readRequest(deviceDetail);
-    WireFrame answer = split.client.exchange(request);
-    const quint32 count = answer.head.totalCount;
-    QCOMPARE(count, quint32((expected.size() + 499) / 500));
-    std::string joined = answer.body;
-    for (quint32 i = 1; i < count; ++i) {
-        QCOMPARE(answer.body.size(), std::size_t(500));
-        answer = split.client.exchange(furtherPacket(request, count, i));
-        QCOMPARE(int(answer.head.status), 0);
-        QCOMPARE(answer.head.totalCount, count);
-        QCOMPARE(answer.head.sendCount, i);
-        joined += answer.body;
-    }
-    QCOMPARE(joined, expected);
-}
-
-void tst_TavoroSim::anAnswerDoesNotChangeBetweenItsPackets()
-{
-    Pair pair(smallPackets(40));
-    const WireFrame request = readRequest(deviceDetail);
-    WireFrame answer = pair.client.exchange(request);
-    std::string joined = answer.body;
-    WireFrame change = WireClient::request(0x1104, CommandType::Write, R"({"genlock":{"type":1}})");
-    change.head.stream = 2;
-    QCOMPARE(int(pair.client.exchange(change).head.status), 0);
-    for (quint32 i = 1; i < answer.head.totalCount; ++i)
-        joined += pair.client.exchange(furtherPacket(request, answer.head.totalCount, i)).body;
-    QVERIFY(joined.find("\"genlock\":{\"type\":0,") != std::string::npos);
-}
-
-void tst_TavoroSim::furtherPacketsAreGoneAfterTheLast()
-{
-    Pair pair(smallPackets(1000));
-    const WireFrame request = readRequest(deviceDetail);
-    const quint32 count = pair.client.exchange(request).head.totalCount;
-    QCOMPARE(count, 2u);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(request, count, 1)).head.status), 0);
-    const WireFrame again = pair.client.exchange(furtherPacket(request, count, 1));
-    QCOMPARE(int(again.head.status), 6);
-    QCOMPARE(again.body, std::string());
-}
-
-void tst_TavoroSim::aPacketOutOfTurnIsRefused()
-{
-    Pair pair(smallPackets(500));
-    const WireFrame request = readRequest(deviceDetail);
-    const quint32 count = pair.client.exchange(request).head.totalCount;
-    QVERIFY(count > 2);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(request, count, 2)).head.status), 5);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(request, count + 1, 1)).head.status), 5);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(request, count, 1)).head.status), 0);
-}
-
-void tst_TavoroSim::streamsKeepTheirAnswersApart()
-{
-    Pair pair(smallPackets(100));
-    WireFrame details = readRequest(deviceDetail);
-    WireFrame mapping = readRequest(0x1108);
-    mapping.head.stream = 2;
-    const quint32 detailCount = pair.client.exchange(details).head.totalCount;
-    const quint32 mappingCount = pair.client.exchange(mapping).head.totalCount;
-    QCOMPARE(mappingCount, 2u);
-    const WireFrame end = pair.client.exchange(furtherPacket(mapping, mappingCount, 1));
-    QVERIFY(contains(end, "\"gridType\":0}}"));
-    QCOMPARE(int(pair.client.exchange(furtherPacket(details, detailCount, 1)).head.status), 0);
-}
-
-void tst_TavoroSim::aSplitWriteIsCarriedOutWithItsLastPacket()
-{
-    Pair pair(smallPackets(4));
-    const std::string body = R"({"swap":0})";
-    for (quint32 i = 0; i < 3; ++i) {
-        const WireFrame piece =
-            WireClient::request(deviceSwap, CommandType::Write, body.substr(4 * i, 4));
-        const WireFrame answer = pair.client.exchange(furtherPacket(piece, 3, i));
-        QCOMPARE(int(answer.head.status), 0);
-        QCOMPARE(answer.body, std::string());
-    }
-    Pair whole;
-    QVERIFY(contains(whole.client.read(deviceDetail), "\"swap\":1"));
-
-    WireFrame first = readRequest(deviceDetail);
-    const quint32 count = pair.client.exchange(first).head.totalCount;
-    std::string joined;
-    for (quint32 i = 1; i < count; ++i)
-        joined += pair.client.exchange(furtherPacket(first, count, i)).body;
-    QVERIFY(joined.find("\"swap\":0") != std::string::npos);
-}
-
-void tst_TavoroSim::aSplitWriteOutOfTurnIsDropped()
-{
-    Pair pair;
-    const WireFrame piece = WireClient::request(deviceSwap, CommandType::Write, "{\"swap\"");
-    QCOMPARE(int(pair.client.exchange(furtherPacket(piece, 3, 1)).head.status), 5);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(piece, 3, 0)).head.status), 0);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(piece, 3, 2)).head.status), 5);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(piece, 3, 1)).head.status), 5);
-
-    WireFrame other = furtherPacket(piece, 3, 1);
-    QCOMPARE(int(pair.client.exchange(furtherPacket(piece, 3, 0)).head.status), 0);
-    other.head.FC = 0x0D;
-    QCOMPARE(int(pair.client.exchange(other).head.status), 5);
-}
-
-void tst_TavoroSim::aPacketAboveTheLimitIsRefused()
-{
-    Pair pair(smallPackets(9));
-    QCOMPARE(int(pair.client.write(deviceSwap, R"({"swap":0})").head.status), 7);
-    QCOMPARE(int(pair.client.write(deviceSwap, R"({"swap":)").head.status), 2);
-}
-
 void tst_TavoroSim::anUnknownCommandIsRefused_data()
 {
     QTest::addColumn<int>("code");
@@ -258,66 +91,66 @@ void tst_TavoroSim::anUnknownCommandIsRefused()
 {
     QFETCH(int, code);
     QFETCH(int, type);
-    Pair pair;
-    const WireFrame answer = pair.client.exchange(
+    SimBench bench;
+    const WireFrame answer = bench.client->exchange(
         WireClient::request(quint16(code), static_cast<CommandType>(type), R"({"swap":0})"));
     QCOMPARE(int(answer.head.status), 1);
     QCOMPARE(answer.body, std::string());
-    QVERIFY(contains(pair.client.read(deviceDetail), "\"swap\":1"));
+    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":1"));
 }
 
 void tst_TavoroSim::aWrongBodyChecksumIsRefused()
 {
-    Pair pair;
+    SimBench bench;
     const WireFrame request = WireClient::request(deviceSwap, CommandType::Write, R"({"swap":0})");
     QByteArray bytes = Tavoro::SSProxy::Wire::encodeFrame(request.head, request.body);
     bytes[bytes.size() - 2] = '1';
-    pair.client.sendBytes(bytes);
-    const WireFrame answer = pair.client.read(deviceDetail);
+    bench.client->sendBytes(bytes);
+    const WireFrame answer = bench.client->read(deviceDetail);
     QCOMPARE(int(answer.head.status), 2);
 }
 
 void tst_TavoroSim::aWrongHeadEndsTheConnection()
 {
-    Pair pair;
+    SimBench bench;
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no frame: status 359")));
-    pair.client.sendBytes(QByteArray(36, 'x'));
-    QVERIFY(pair.client.waitForEnd());
+    bench.client->sendBytes(QByteArray(36, 'x'));
+    QVERIFY(bench.client->waitForEnd());
     WireClient other;
-    QVERIFY(other.connectTo(pair.device.port()));
+    QVERIFY(other.connectTo(bench.device->port()));
     QVERIFY(!other.identity().empty());
 }
 
 void tst_TavoroSim::aPingIsAnswered()
 {
-    Pair pair;
+    SimBench bench;
     WireFrame ping;
     ping.head.kind = static_cast<quint8>(FrameKind::Ping);
     ping.head.lables = 77;
-    const WireFrame pong = pair.client.exchange(ping);
+    const WireFrame pong = bench.client->exchange(ping);
     QCOMPARE(int(pong.head.kind), int(FrameKind::Pong));
     QCOMPARE(int(pong.head.lables), 77);
 }
 
 void tst_TavoroSim::clientsShareOneState()
 {
-    Pair pair;
+    SimBench bench;
     WireClient other;
-    QVERIFY(other.connectTo(pair.device.port()));
+    QVERIFY(other.connectTo(bench.device->port()));
     QCOMPARE(int(other.write(deviceSwap, R"({"swap":0})").head.status), 0);
-    QVERIFY(contains(pair.client.read(deviceDetail), "\"swap\":0"));
+    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":0"));
 }
 
 void tst_TavoroSim::reportsReachEveryClient()
 {
-    Pair pair;
+    SimBench bench;
     WireClient other;
-    QVERIFY(other.connectTo(pair.device.port()));
+    QVERIFY(other.connectTo(bench.device->port()));
     QVERIFY(!other.identity().empty());
-    QVERIFY(pair.device.execute(QStringLiteral("power 2 0")).ok);
+    QVERIFY(bench.device->execute(QStringLiteral("power 2 0")).ok);
     const std::string expected =
         R"({"powers":[{"powerId":1,"iSignal":1,"status":1},{"powerId":2,"iSignal":0,"status":0}]})";
-    for (WireClient *client : {&pair.client, &other}) {
+    for (WireClient *client : {bench.client.get(), &other}) {
         const WireFrame report = client->waitForReport();
         QCOMPARE(int(report.head.code()), 0x1103);
         QCOMPARE(int(report.head.type), 1);
@@ -329,25 +162,25 @@ void tst_TavoroSim::reportsReachEveryClient()
 
 void tst_TavoroSim::aClientThatDidNotIntroduceItselfGetsNoReports()
 {
-    Pair pair;
+    SimBench bench;
     WireClient stranger;
-    QVERIFY(stranger.connectTo(pair.device.port()));
+    QVERIFY(stranger.connectTo(bench.device->port()));
     QCOMPARE(int(stranger.read(groupInfo).head.status), 0);
-    QVERIFY(pair.device.execute(QStringLiteral("power 2 0")).ok);
+    QVERIFY(bench.device->execute(QStringLiteral("power 2 0")).ok);
     QVERIFY(!stranger.identity().empty()); // The next frame that comes, so no report came before.
-    QVERIFY(pair.device.execute(QStringLiteral("power 2 1")).ok);
+    QVERIFY(bench.device->execute(QStringLiteral("power 2 1")).ok);
     QVERIFY(contains(stranger.waitForReport(), "\"powerId\":2,\"iSignal\":1"));
 }
 
 void tst_TavoroSim::theWriterGetsItsAnswerBeforeTheReport()
 {
-    Pair pair;
+    SimBench bench;
     const std::string groups = R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})";
-    pair.client.send(WireClient::request(groupInfo, CommandType::Write, groups));
-    const WireFrame report = pair.client.waitForReport(); // Steps over the answer in front of it.
+    bench.client->send(WireClient::request(groupInfo, CommandType::Write, groups));
+    const WireFrame report = bench.client->waitForReport(); // Steps over the answer in front of it.
     QCOMPARE(int(report.head.code()), int(groupInfo));
     QCOMPARE(report.body, groups);
-    QCOMPARE(pair.client.read(groupInfo).body, groups);
+    QCOMPARE(bench.client->read(groupInfo).body, groups);
 }
 
 void tst_TavoroSim::consoleCommandsMakeReports_data()
@@ -373,10 +206,10 @@ void tst_TavoroSim::consoleCommandsMakeReports()
     QFETCH(QString, line);
     QFETCH(int, code);
     QFETCH(QString, part);
-    Pair pair;
-    const ConsoleAnswer answer = pair.device.execute(line);
+    SimBench bench;
+    const ConsoleAnswer answer = bench.device->execute(line);
     QVERIFY2(answer.ok, qPrintable(answer.text));
-    const WireFrame report = pair.client.waitForReport();
+    const WireFrame report = bench.client->waitForReport();
     QCOMPARE(int(report.head.code()), code);
     QVERIFY2(contains(report, qUtf8Printable(part)), report.body.c_str());
 }
@@ -401,47 +234,47 @@ void tst_TavoroSim::consoleRefusesInWords()
 {
     QFETCH(QString, line);
     QFETCH(QString, answer);
-    Pair pair;
-    QCOMPARE(pair.device.execute(line).line(), answer);
+    SimBench bench;
+    QCOMPARE(bench.device->execute(line).line(), answer);
 }
 
 void tst_TavoroSim::theControlPortTakesConsoleCommands()
 {
     SimOptions options;
     options.controlPort = 0;
-    Pair pair(options);
+    SimBench bench(options);
     QTcpSocket control;
-    control.connectToHost(QHostAddress::LocalHost, pair.device.controlPort());
+    control.connectToHost(QHostAddress::LocalHost, bench.device->controlPort());
     QVERIFY(control.waitForConnected(5000));
     control.write("genlock 0\nexplode\n");
     QByteArray answer;
     while (answer.count('\n') < 2 && control.waitForReadyRead(5000))
         answer += control.readAll();
     QCOMPARE(answer, QByteArray("ok\nerror no such word: explode\n"));
-    QCOMPARE(int(pair.client.waitForReport().head.code()), 0x1105);
-    QCOMPARE(int(pair.client.waitForReport().head.code()), 0x1313);
+    QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1105);
+    QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1313);
 }
 
 void tst_TavoroSim::latencyKeepsTheOrderOfAnswers()
 {
     SimOptions options;
     options.latencyMilliseconds = 20;
-    Pair pair(options);
+    SimBench bench(options);
     for (quint8 tag = 1; tag <= 8; ++tag) {
         WireFrame request = readRequest(groupInfo);
         request.head.lables = tag;
         if (tag < 8)
-            pair.client.send(request);
+            bench.client->send(request);
         else
-            QCOMPARE(int(pair.client.exchange(request).head.lables), 1);
+            QCOMPARE(int(bench.client->exchange(request).head.lables), 1);
     }
 }
 
 void tst_TavoroSim::aPortInUseIsToldInASentence()
 {
-    Pair pair;
+    SimBench bench;
     SimOptions options;
-    options.port = pair.device.port();
+    options.port = bench.device->port();
     SimulatedDevice second(options);
     QString error;
     QVERIFY(!second.start(error));

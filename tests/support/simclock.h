@@ -1,0 +1,41 @@
+#pragma once
+
+#include "simbench.h"
+
+#include <memory>
+#include <string>
+
+/// A base of tests of a small device whose time passes only when a test lets it; each test starts a
+/// device of its own.
+class SimClockFixture {
+protected:
+    void start() { m_bench = std::make_unique<SimBench>(options()); }
+    void stop() { m_bench.reset(); }
+
+    static Tavoro::Sim::SimOptions options()
+    {
+        Tavoro::Sim::SimOptions wanted;
+        wanted.clockSpeed = 0;
+        wanted.inputs = 4;
+        wanted.outputs = 4;
+        wanted.screens = 1;
+        return wanted;
+    }
+    std::string read(quint16 code) { return m_bench->client->read(code).body; }
+    /// A line of the device's console.
+    void run(const char *line)
+    {
+        const auto answer = m_bench->device->execute(QLatin1String(line));
+        QVERIFY2(answer.ok, qPrintable(answer.text));
+    }
+    void restart()
+    {
+        QCOMPARE(m_bench->write(0xFC01, R"({"type":0})"), 0);
+        QVERIFY(m_bench->client->waitForEnd());
+        run("pass 1000");
+        QVERIFY(m_bench->reconnect());
+    }
+    bool hasVersion(const char *text) { return read(0xFC0A).find(text) != std::string::npos; }
+
+    std::unique_ptr<SimBench> m_bench;
+};
