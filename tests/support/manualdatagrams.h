@@ -11,19 +11,24 @@ struct ManualNetwork {
 
     QStringList broadcasts; ///< Of the networks that there are.
     QStringList sent; ///< "ADDRESS:PORT BYTES" of each datagram, in order.
-    bool isOpen = false;
+    int ports = 0; ///< That are open.
+    QString failure; ///< Why no further port opens; empty: it does.
     Tavoro::SSProxy::Internal::DatagramPort::Receiver receiver;
 };
 
 class ManualDatagramPort final : public Tavoro::SSProxy::Internal::DatagramPort {
 public:
     explicit ManualDatagramPort(ManualNetwork &network) : m_network(network) { }
-    ~ManualDatagramPort() override { m_network.isOpen = false; }
+    ~ManualDatagramPort() override { m_network.ports -= m_isOpen; }
 
-    bool open(Receiver receiver, QString & /*error*/) override
+    bool open(Receiver receiver, QString &error) override
     {
+        error = m_network.failure;
+        if (!error.isEmpty())
+            return false;
         m_network.receiver = std::move(receiver);
-        m_network.isOpen = true;
+        m_isOpen = true;
+        ++m_network.ports;
         return true;
     }
     void send(const QString &address, quint16 port, const QByteArray &datagram) override
@@ -35,4 +40,5 @@ public:
 
 private:
     ManualNetwork &m_network;
+    bool m_isOpen = false;
 };

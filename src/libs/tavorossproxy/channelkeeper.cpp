@@ -8,13 +8,15 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-ChannelKeeper::ChannelKeeper(std::shared_ptr<ChannelIndex> channels,
-                             const DiscoveryOptions &options, Opener opener, Handler handler)
-    : m_channels(std::move(channels)),
-      m_options(options),
-      m_opener(std::move(opener)),
-      m_handler(std::move(handler))
+ChannelKeeper::ChannelKeeper(std::shared_ptr<ChannelIndex> channels, Opener opener, Handler handler)
+    : m_channels(std::move(channels)), m_opener(std::move(opener)), m_handler(std::move(handler))
 { }
+
+void ChannelKeeper::setOptions(const DiscoveryOptions &options)
+{
+    m_options = options;
+    m_hasWarned = false;
+}
 
 void ChannelKeeper::take(const ProtoModel::DeviceBaseInfo &device)
 {

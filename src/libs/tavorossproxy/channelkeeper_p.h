@@ -23,9 +23,9 @@ public:
     /// Told of each channel that was opened and is in the manager now.
     using Handler = std::function<void(const Channel &channel)>;
 
-    ChannelKeeper(std::shared_ptr<ChannelIndex> channels, const DiscoveryOptions &options,
-                  Opener opener, Handler handler);
+    ChannelKeeper(std::shared_ptr<ChannelIndex> channels, Opener opener, Handler handler);
 
+    void setOptions(const DiscoveryOptions &options);
     /// The device has answered.
     void take(const ProtoModel::DeviceBaseInfo &device);
     /// Lets devices in again whose channels were removed from the manager.
@@ -38,9 +38,9 @@ private:
     void open(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
 
     const std::shared_ptr<ChannelIndex> m_channels;
-    const DiscoveryOptions m_options;
     const Opener m_opener;
     const Handler m_handler;
+    DiscoveryOptions m_options;
     std::map<std::string, std::weak_ptr<NetworkChannel>> m_known; ///< By the keys of identities.
     bool m_hasWarned = false; ///< That there are too many devices.
 };

@@ -1,18 +1,15 @@
 #include <tavorossproxy/devicediscovery.h>
 
-#include "channelkeeper_p.h"
 #include "channelthread_p.h"
 #include "devicediscovery_p.h"
-#include "devicefinder_p.h"
+#include "devicesearch_p.h"
 #include "udpport_p.h"
 
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
-#include <tavorossproxy/wire/identity.h>
 
 #include <algorithm>
 #include <condition_variable>
-#include <map>
 #include <mutex>
 
 namespace Tavoro::SSProxy {
@@ -22,38 +19,11 @@ namespace {
 using Internal::ChannelKeeper;
 using Internal::ChannelThread;
 using Internal::DeviceFinder;
+using Internal::DeviceSearch;
 using Milliseconds = std::chrono::milliseconds;
 
 /// Pause between the requests of findDevices(): a datagram may be lost.
 constexpr Milliseconds briefInterval{250};
-
-struct Discovery {
-    std::shared_ptr<ChannelThread> thread;
-    std::shared_ptr<DeviceFinder> finder; ///< Null while nobody looks for devices.
-    std::shared_ptr<ChannelKeeper> keeper; ///< Lives on the channels' thread.
-};
-
-struct RunningDiscovery {
-    std::mutex mutex;
-    Discovery discovery; // guarded by mutex
-};
-
-/// Never destroyed, as the manager may be refreshed until the process ends.
-RunningDiscovery &running()
-{
-    static auto *const running = new RunningDiscovery;
-    return *running;
-}
-
-void run(Discovery next)
-{
-    {
-        const std::lock_guard<std::mutex> lock(running().mutex);
-        std::swap(running().discovery, next);
-    }
-    if (next.finder)
-        next.finder->stop();
-}
 
 std::shared_ptr<NetworkChannel> openChannel(const ProtoModel::DeviceBaseInfo &device,
                                             const ChannelOptions &options)
@@ -64,6 +34,44 @@ std::shared_ptr<NetworkChannel> openChannel(const ProtoModel::DeviceBaseInfo &de
 void tellFound(const std::shared_ptr<NetworkChannel> &channel)
 {
     Q_EMIT DeviceManager::instance()->deviceChannelFound(std::weak_ptr<DeviceChannel>(channel));
+}
+
+std::shared_ptr<DeviceSearch> makeSearch(const std::shared_ptr<ChannelThread> &thread)
+{
+    const auto makePort = [] {
+        return std::make_unique<Internal::UdpPort>();
+    };
+    const auto keeper = std::make_shared<ChannelKeeper>(Internal::ChannelIndex::ofManager(),
+                                                        &openChannel, &tellFound);
+    return std::make_shared<DeviceSearch>(thread, makePort, keeper);
+}
+
+struct RunningSearch {
+    std::mutex mutex;
+    std::shared_ptr<DeviceSearch> search; // guarded by mutex; null before the first
+};
+
+/// Never destroyed, as the manager may be refreshed until the process ends.
+RunningSearch &running()
+{
+    static auto *const running = new RunningSearch;
+    return *running;
+}
+
+std::shared_ptr<DeviceSearch> runningSearch()
+{
+    const std::lock_guard<std::mutex> lock(running().mutex);
+    return running().search;
+}
+
+/// That of the thread that runs now: the search before ended with the thread before.
+std::shared_ptr<DeviceSearch> searchOf(const std::shared_ptr<ChannelThread> &thread)
+{
+    const std::lock_guard<std::mutex> lock(running().mutex);
+    auto &search = running().search;
+    if (!search || search->loop() != thread)
+        search = makeSearch(thread);
+    return search;
 }
 
 /// What the channels' thread hands over to one that waits.
@@ -79,12 +87,22 @@ public:
             m_devices.push_back(device);
         m_changed.notify_all();
     }
-    std::vector<ProtoModel::DeviceBaseInfo> await(Milliseconds time, int enough)
+    void fail(const QString &error)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_error = error;
+        m_changed.notify_all();
+    }
+    /// On failure returns at once, with the sentence in \a error.
+    std::vector<ProtoModel::DeviceBaseInfo> await(Milliseconds time, int enough, QString &error)
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         m_changed.wait_for(lock, time, [this, enough] {
-            return enough > 0 && m_devices.size() >= static_cast<std::size_t>(enough);
+            return !m_error.isEmpty()
+                || (enough > 0 && m_devices.size() >= static_cast<std::size_t>(enough));
         });
+        if (!m_error.isEmpty())
+            error = m_error;
         return m_devices;
     }
 
@@ -92,6 +110,7 @@ private:
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_changed;
     std::vector<ProtoModel::DeviceBaseInfo> m_devices;
+    QString m_error;
 };
 
 } // namespace
@@ -99,46 +118,45 @@ private:
 void startDeviceDiscovery(const DiscoveryOptions &options)
 {
     DeviceManager::instance(); // made here at the latest, so that its end is also the thread's
-    Discovery discovery;
-    discovery.thread = ChannelThread::instance();
-    discovery.keeper = std::make_shared<ChannelKeeper>(Internal::ChannelIndex::ofManager(), options,
-                                                       &openChannel, &tellFound);
-    discovery.finder = std::make_shared<DeviceFinder>(
-        discovery.thread, std::make_unique<Internal::UdpPort>(), options.targets, options.interval);
-    discovery.finder->start(
-        [keeper = discovery.keeper](const auto &device) { keeper->take(device); });
-    run(std::move(discovery));
+    searchOf(ChannelThread::instance())->start(options);
 }
 
 void stopDeviceDiscovery()
 {
-    run({});
+    if (const auto search = runningSearch())
+        search->stop();
 }
 
 std::vector<ProtoModel::DeviceBaseInfo> findDevices(int milliseconds, int enough,
                                                     const std::vector<DiscoveryTarget> &targets)
 {
+    QString error;
+    return findDevices(milliseconds, enough, targets, error);
+}
+
+std::vector<ProtoModel::DeviceBaseInfo> findDevices(int milliseconds, int enough,
+                                                    const std::vector<DiscoveryTarget> &targets,
+                                                    QString &error)
+{
     DeviceManager::instance();
+    const auto thread = ChannelThread::instance();
     const auto findings = std::make_shared<Findings>();
     const auto finder = std::make_shared<DeviceFinder>(
-        ChannelThread::instance(), std::make_unique<Internal::UdpPort>(), targets, briefInterval);
-    finder->start([findings](const auto &device) { findings->add(device); });
-    auto devices = findings->await(Milliseconds(milliseconds), enough);
+        thread, std::make_unique<Internal::UdpPort>(), targets, briefInterval);
+    thread->post([findings, finder] {
+        QString reason;
+        if (!finder->start([findings](const auto &device) { findings->add(device); }, reason))
+            findings->fail(reason);
+    });
+    auto devices = findings->await(Milliseconds(milliseconds), enough, error);
     finder->stop();
     return devices;
 }
 
 void Internal::refreshDiscovery()
 {
-    Discovery discovery;
-    {
-        const std::lock_guard<std::mutex> lock(running().mutex);
-        discovery = running().discovery;
-    }
-    if (!discovery.finder)
-        return;
-    discovery.thread->post([keeper = discovery.keeper] { keeper->readmit(); });
-    discovery.finder->ask();
+    if (const auto search = runningSearch())
+        search->refresh();
 }
 
 } // namespace Tavoro::SSProxy

@@ -32,7 +32,8 @@ struct DiscoveryOptions {
 };
 
 /// Looks for devices from now on, and opens a channel in the manager for each that it finds. A
-/// \c QCoreApplication must exist. A second call goes on with \a options in place of those before.
+/// \c QCoreApplication must exist. A second call goes on with \a options in place of those before;
+/// when nothing can be asked, the log tells why, and a search from before goes on.
 ///
 /// Nothing is looked for until this is called. Each channel that is opened is told by the manager's
 /// \c deviceChannelFound. A device is known by its serial number, or where that is all zeros by its
@@ -55,5 +56,10 @@ TAVOROSSPROXY_EXPORT void stopDeviceDiscovery();
 /// thread. A \c QCoreApplication must exist.
 TAVOROSSPROXY_EXPORT std::vector<ProtoModel::DeviceBaseInfo>
 findDevices(int milliseconds, int enough = 0, const std::vector<DiscoveryTarget> &targets = {});
+/// The same. When nothing can be asked, as there are no more sockets, returns at once, with a
+/// sentence in \a error.
+TAVOROSSPROXY_EXPORT std::vector<ProtoModel::DeviceBaseInfo>
+findDevices(int milliseconds, int enough, const std::vector<DiscoveryTarget> &targets,
+            QString &error);
 
 } // namespace Tavoro::SSProxy

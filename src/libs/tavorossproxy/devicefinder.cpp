@@ -14,10 +14,23 @@ DeviceFinder::DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<Da
       m_port(std::move(port))
 { }
 
-void DeviceFinder::start(Handler handler)
+bool DeviceFinder::start(Handler handler, QString &error)
 {
     m_handler = std::move(handler);
-    m_loop->post([finder = shared_from_this()] { finder->open(); });
+    const auto receiver = [this](const QString &address, std::string_view datagram) {
+        receive(address, datagram);
+    };
+    QString reason;
+    if (!m_port->open(receiver, reason)) {
+        error = tr("Devices cannot be looked for: %1.").arg(reason);
+        m_port.reset();
+        return false;
+    }
+    m_loop->attach(shared_from_this());
+    sendRequests();
+    if (m_interval.count() > 0)
+        scheduleNext();
+    return true;
 }
 
 void DeviceFinder::stop()
@@ -39,22 +52,6 @@ void DeviceFinder::ask()
 void DeviceFinder::loopEnding()
 {
     m_port.reset();
-}
-
-void DeviceFinder::open()
-{
-    QString error;
-    const auto receiver = [this](const QString &address, std::string_view datagram) {
-        receive(address, datagram);
-    };
-    if (!m_port->open(receiver, error)) {
-        qCWarning(channelLog) << "Devices cannot be looked for:" << error;
-        return m_port.reset();
-    }
-    m_loop->attach(shared_from_this());
-    sendRequests();
-    if (m_interval.count() > 0)
-        scheduleNext();
 }
 
 void DeviceFinder::sendRequests()

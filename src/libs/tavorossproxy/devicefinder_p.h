@@ -5,6 +5,8 @@
 
 #include <tavorossproxy/devicediscovery.h>
 
+#include <QCoreApplication>
+
 #include <functional>
 #include <memory>
 
@@ -12,12 +14,14 @@ namespace Tavoro::SSProxy::Internal {
 
 /// Asks for devices and tells those who answer.
 ///
-/// | member               | thread           |
-/// |----------------------|------------------|
-/// | start, stop, ask     | any              |
-/// | the rest             | that of the loop |
+/// | member     | thread           |
+/// |------------|------------------|
+/// | stop, ask  | any              |
+/// | the rest   | that of the loop |
 class DeviceFinder final : public std::enable_shared_from_this<DeviceFinder>,
                            public ChannelLoop::User {
+    Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::DeviceFinder)
+
 public:
     /// Takes each answer, on the loop's thread. The device's \c ip is where the answer came from.
     using Handler = std::function<void(const ProtoModel::DeviceBaseInfo &device)>;
@@ -25,15 +29,14 @@ public:
     DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<DatagramPort> port,
                  std::vector<DiscoveryTarget> targets, std::chrono::milliseconds interval);
 
-    /// Asks for the first time.
-    void start(Handler handler);
+    /// Asks for the first time. False when nothing can be asked, with a sentence in \a error.
+    bool start(Handler handler, QString &error);
     void stop();
     /// Asks now.
     void ask();
 
 private:
     void loopEnding() override;
-    void open();
     void sendRequests();
     void scheduleNext();
     void receive(const QString &address, std::string_view datagram);

@@ -17,7 +17,8 @@ bool UdpPort::open(Receiver receiver, QString &error)
 {
     m_socket = std::make_unique<QUdpSocket>();
     m_socket->setProxy(QNetworkProxy::NoProxy);
-    if (!m_socket->bind(QHostAddress::AnyIPv4)) {
+    // Spelt out: of the bare enumerator Qt 5 makes a port number.
+    if (!m_socket->bind(QHostAddress(QHostAddress::AnyIPv4))) {
         error = m_socket->errorString();
         return false;
     }

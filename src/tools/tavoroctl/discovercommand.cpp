@@ -32,7 +32,10 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
             return refuse(tool, QStringLiteral("\"%1\" is not ADDRESS[:PORT]").arg(word));
         targets.push_back({host->name, host->port});
     }
-    const auto devices = SSProxy::findDevices(listeningTime, 0, targets);
+    QString error;
+    const auto devices = SSProxy::findDevices(listeningTime, 0, targets, error);
+    if (!error.isEmpty())
+        return fail(tool, error);
     for (const ProtoModel::DeviceBaseInfo &device : devices)
         tool.console.answer(lineOf(device));
     return devices.empty() ? fail(tool, QStringLiteral("No device has answered.")) : Done;

@@ -97,7 +97,7 @@ void tst_ChannelKeeper::restart()
     m_channels.clear();
     m_told = 0;
     m_keeper = std::make_unique<ChannelKeeper>(
-        m_index, m_options,
+        m_index,
         [this](const auto &info, const auto &options) {
             m_opened.append(QString::fromStdString(info.ip + ' ' + options.identity));
             m_channels.push_back(std::make_shared<QuietChannel>());
@@ -106,6 +106,7 @@ void tst_ChannelKeeper::restart()
         [this](const auto &channel) {
             m_told += channel == m_channels.back() && !m_index->all().empty();
         });
+    m_keeper->setOptions(m_options);
 }
 
 void tst_ChannelKeeper::foundDeviceGetsAChannelInTheManager()

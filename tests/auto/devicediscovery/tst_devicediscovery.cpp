@@ -5,8 +5,14 @@
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/networkchannel.h>
 
+#include <QElapsedTimer>
 #include <QHostAddress>
+#include <QNetworkDatagram>
 #include <QTest>
+#include <QUdpSocket>
+
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <atomic>
 
@@ -55,6 +61,25 @@ bool isConnected(std::size_t index = 0)
     return channels().size() > index && channels()[index]->isHardwareReadFinished();
 }
 
+/// For as long as it lives the process opens no further file or socket.
+class NoMoreFiles {
+public:
+    NoMoreFiles()
+    {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        const int next = dup(0);
+        close(next);
+        const rlimit full{static_cast<rlim_t>(next), m_before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &full);
+    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    NoMoreFiles(const NoMoreFiles &) = delete;
+    NoMoreFiles &operator=(const NoMoreFiles &) = delete;
+
+private:
+    rlimit m_before{};
+};
+
 } // namespace
 
 class tst_DeviceDiscovery : public QObject {
@@ -64,8 +89,12 @@ private Q_SLOTS:
     void cleanup();
 
     void devicesAreFoundByWhoAsks();
+    void requestsComeFromAPortThatUsersMayHave();
+    void searchWithoutASocketTellsWhyAtOnce();
     void deviceThatIsSwitchedOffDoesNotAnswer();
     void foundDeviceHasAChannel();
+    void devicesAreFoundBesideARunningDiscovery();
+    void discoveryThatIsStartedAgainGoesOn();
     void deviceThatIsLookedForAgainIsFoundOnRefresh();
     void deviceThatMovesKeepsItsChannel();
 };
@@ -77,6 +106,7 @@ void tst_DeviceDiscovery::cleanup()
         channel->stopChannel();
         DeviceManager::instance()->removeDeviceChannel(channel);
     }
+    DeviceManager::instance()->refreshDeviceChannel(); // lets the removed devices in again
 }
 
 void tst_DeviceDiscovery::devicesAreFoundByWhoAsks()
@@ -92,6 +122,35 @@ void tst_DeviceDiscovery::devicesAreFoundByWhoAsks()
         QCOMPARE(device.ip, std::string("127.0.0.1"));
     }
     QVERIFY(channels().empty());
+}
+
+/// Those below 1024 are kept for the system.
+void tst_DeviceDiscovery::requestsComeFromAPortThatUsersMayHave()
+{
+    QUdpSocket device;
+    QVERIFY(device.bind(QHostAddress(QHostAddress::LocalHost)));
+    findDevices(0, 0, {{QStringLiteral("127.0.0.1"), device.localPort()}});
+    QVERIFY(device.hasPendingDatagrams() || device.waitForReadyRead(60000));
+    const QNetworkDatagram request = device.receiveDatagram();
+    QCOMPARE(request.data(), QByteArray("reqKELVORIN:"));
+    QVERIFY2(request.senderPort() >= 1024, qPrintable(QString::number(request.senderPort())));
+}
+
+void tst_DeviceDiscovery::searchWithoutASocketTellsWhyAtOnce()
+{
+    const auto device = start(wall(1));
+    QString error;
+    QCOMPARE(findDevices(60000, 1, {targetOf(*device)}, error).size(), std::size_t(1));
+    QCOMPARE(error, QString());
+    const auto fails = [&] {
+        const NoMoreFiles noMoreFiles;
+        return findDevices(600000, 1, {targetOf(*device)}, error).empty();
+    };
+    QElapsedTimer time;
+    time.start();
+    QTRY_VERIFY(fails()); // the search before gives its socket back a little later
+    QVERIFY(time.elapsed() < 300000);
+    QVERIFY2(error.startsWith(QLatin1String("Devices cannot be looked for: ")), qPrintable(error));
 }
 
 void tst_DeviceDiscovery::deviceThatIsSwitchedOffDoesNotAnswer()
@@ -120,6 +179,30 @@ void tst_DeviceDiscovery::foundDeviceHasAChannel()
     QVERIFY(DeviceManager::instance()->findTavoroDeviceChannel("127.0.0.1", "02005E100001",
                                                                "53494D0000000001"));
     disconnect(connection);
+}
+
+void tst_DeviceDiscovery::devicesAreFoundBesideARunningDiscovery()
+{
+    const auto device = start(wall(1));
+    DiscoveryOptions options;
+    options.targets = {targetOf(*device)};
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected());
+    QCOMPARE(findDevices(60000, 1, options.targets).size(), std::size_t(1));
+}
+
+void tst_DeviceDiscovery::discoveryThatIsStartedAgainGoesOn()
+{
+    const auto first = start(wall(1));
+    const auto second = start(wall(2));
+    DiscoveryOptions options;
+    options.targets = {targetOf(*first)};
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected());
+    options.targets = {targetOf(*first), targetOf(*second)};
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected(1));
+    QCOMPARE(channels().size(), std::size_t(2));
 }
 
 void tst_DeviceDiscovery::deviceThatIsLookedForAgainIsFoundOnRefresh()

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void withoutTargetsAllNetworksOfTheTimeAreAsked();
     void withoutAnIntervalOnlyWhoAsksIsHeard();
     void stoppedFinderIsSilent();
+    void finderWithoutAPortTellsWhy();
     void endOfTheThreadClosesThePort();
     void answerTellsTheDeviceAndWhereItIs();
     void whatIsNoAnswerIsDropped_data();
@@ -37,6 +38,7 @@ private:
     std::shared_ptr<ManualLoop> m_loop;
     ManualNetwork m_network;
     std::vector<ProtoModel::DeviceBaseInfo> m_found;
+    QString m_error;
 };
 
 void tst_DeviceFinder::init()
@@ -51,8 +53,8 @@ std::shared_ptr<DeviceFinder> tst_DeviceFinder::start(const std::vector<Discover
 {
     auto finder = std::make_shared<DeviceFinder>(
         m_loop, std::make_unique<ManualDatagramPort>(m_network), targets, interval);
-    finder->start([this](const auto &device) { m_found.push_back(device); });
-    m_loop->run();
+    m_error.clear();
+    finder->start([this](const auto &device) { m_found.push_back(device); }, m_error);
     return finder;
 }
 
@@ -116,20 +118,31 @@ void tst_DeviceFinder::withoutAnIntervalOnlyWhoAsksIsHeard()
 void tst_DeviceFinder::stoppedFinderIsSilent()
 {
     const auto finder = start({{QStringLiteral("192.0.2.7")}}, 5s);
-    QVERIFY(m_network.isOpen);
+    QCOMPARE(m_network.ports, 1);
     finder->stop();
     finder->ask();
     m_loop->run();
     m_loop->advance(1min);
-    QVERIFY(!m_network.isOpen);
+    QCOMPARE(m_network.ports, 0);
     QCOMPARE(m_network.sent.size(), 1);
+}
+
+void tst_DeviceFinder::finderWithoutAPortTellsWhy()
+{
+    m_network.failure = QStringLiteral("no more sockets");
+    const auto finder = start({{QStringLiteral("192.0.2.7")}}, 5s);
+    QCOMPARE(m_error, QStringLiteral("Devices cannot be looked for: no more sockets."));
+    finder->ask();
+    finder->stop();
+    m_loop->advance(1min);
+    QCOMPARE(m_network.sent, QStringList());
 }
 
 void tst_DeviceFinder::endOfTheThreadClosesThePort()
 {
     const auto finder = start({}, 5s);
     m_loop->end();
-    QVERIFY(!m_network.isOpen);
+    QCOMPARE(m_network.ports, 0);
     finder->ask();
     finder->stop();
 }
