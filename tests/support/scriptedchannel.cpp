@@ -66,6 +66,8 @@ ScriptedChannel::sendSyncRequest(std::shared_ptr<SSProxy::DeviceRequestCommand> 
     response->head().sendCount = answer.sendCount;
     response->status = answer.status;
     response->body() = std::move(answer.body);
+    if (keepsResponses)
+        kept.push_back(response);
     return response;
 }
 

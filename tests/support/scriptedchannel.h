@@ -60,6 +60,9 @@ public:
     Tavoro::ProtoModel::DeviceBaseInfo info;
     bool ready = true;
     bool master = true;
+    /// Whether it holds on to the responses that it hands out.
+    bool keepsResponses = false;
+    std::vector<std::shared_ptr<Tavoro::SSProxy::DeviceResponseCommand>> kept;
 
 private:
     mutable std::mutex m_mutex;

@@ -83,7 +83,7 @@ bool ControlHelper::sendSyncRequest(std::weak_ptr<BizModel::Device> device, Requ
     if (reply.failure != Failure::None)
         return exchange.fail(reply.failure, reply.status, error);
     const SSProxy::PacketHead head = reply.response->head();
-    result = std::move(reply.response->body());
+    result = takeBody(reply);
     const bool onePacket = quint64(head.sendCount) + 1 == head.totalCount;
     if (!onePacket
         && !readFurtherPackets(exchange, *route.channel, request->head(), head.totalCount, result,

@@ -18,7 +18,7 @@ quint32 tableTimeout(const BizModel::s_DeviceConfig &config, const SSProxy::Pack
 {
     const auto entry =
         std::find_if(config.timeouts.begin(), config.timeouts.end(), [&](const auto &candidate) {
-            return candidate->BC == head.BC && candidate->FC == head.FC;
+            return candidate && candidate->BC == head.BC && candidate->FC == head.FC;
         });
     return entry == config.timeouts.end() ? config.defaultTimeout : (*entry)->timeout;
 }
@@ -78,6 +78,12 @@ std::shared_ptr<SSProxy::DeviceRequestCommand> packetRequest(const SSProxy::Pack
     head.totalCount = totalCount;
     head.sendCount = sendCount;
     return request;
+}
+
+std::string takeBody(const Reply &reply)
+{
+    std::string &body = reply.response->body();
+    return reply.response.use_count() == 1 ? std::move(body) : body;
 }
 
 Reply judge(std::shared_ptr<SSProxy::DeviceResponseCommand> response)

@@ -16,6 +16,9 @@ struct Reply {
     std::shared_ptr<SSProxy::DeviceResponseCommand> response;
 };
 
+/// The body of an answer: taken out of it, or a copy if the channel keeps the answer.
+std::string takeBody(const Reply &reply);
+
 /// Where an exchange goes. Holds the device for as long as the exchange lasts.
 struct Route {
     std::shared_ptr<BizModel::Device> device;

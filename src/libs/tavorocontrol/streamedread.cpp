@@ -70,7 +70,7 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     if (!mayGoOn(channel))
         return false;
     handOver(progress, reply.response->body());
-    return readFurtherPackets(channel, request->head(), answer, std::move(reply.response->body()));
+    return readFurtherPackets(channel, request->head(), answer, takeBody(reply));
 }
 
 bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead request,
@@ -89,7 +89,7 @@ bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::
         const Reply reply = judge(std::move(response));
         if (reply.failure != Failure::None)
             return fail(reply, {i, totalCount});
-        data = std::move(reply.response->body());
+        data = takeBody(reply);
         handOver((i + 1.0) / totalCount, data);
     }
     return m_exchange->succeedRead(answer.type, data, false);

@@ -107,8 +107,8 @@ void Console::wipe()
 void setLogShown(bool shown)
 {
     qInstallMessageHandler(writeLog);
-    if (!shown)
-        QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*=false"));
+    QLoggingCategory::setFilterRules(shown ? QStringLiteral("tavoro.*=true")
+                                           : QStringLiteral("tavoro.*=false"));
 }
 
 } // namespace Tavoro::Ctl

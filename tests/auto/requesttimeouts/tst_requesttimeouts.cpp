@@ -36,6 +36,7 @@ class tst_RequestTimeouts : public QObject {
 private Q_SLOTS:
     void timeoutComesFromTheTable_data();
     void timeoutComesFromTheTable();
+    void emptyEntriesArePassedOver();
     void timeoutIsSetWithoutAChannelToo();
     void furtherPacketsHaveTheConstructorsTimeout();
 };
@@ -69,6 +70,16 @@ void tst_RequestTimeouts::timeoutComesFromTheTable()
     QVERIFY(path.read(reading).ok);
     QVERIFY(path.write(writing).ok);
     QCOMPARE(timeoutsOf(path.device.channel->sent()), (std::vector<int>{timeout, timeout}));
+}
+
+void tst_RequestTimeouts::emptyEntriesArePassedOver()
+{
+    RequestPath path;
+    setTimeouts(*path.device.model, 4321, {{0x11, 0x07, 250}});
+    path.device.model->deviceConfig().timeouts.prepend(nullptr);
+    const auto request = RequestPath::request(1, 0x1107);
+    QVERIFY(path.read(request).ok);
+    QCOMPARE(request->timeout(), 250);
 }
 
 void tst_RequestTimeouts::timeoutIsSetWithoutAChannelToo()

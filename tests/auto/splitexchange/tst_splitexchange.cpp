@@ -45,6 +45,7 @@ private Q_SLOTS:
     void totalCountOf3CausesTwoFollowUpRequests();
     void countsOfFurtherAnswersAreNotExamined();
     void readJoinsRawBytes();
+    void readLeavesResponsesAloneThatTheChannelKeeps();
 
     void writeIsCutAtTheLimit_data();
     void writeIsCutAtTheLimit();
@@ -137,6 +138,18 @@ void tst_SplitExchange::readJoinsRawBytes()
     path.device.channel->answer(packet("\0\xFF"s, 2, 0));
     path.device.channel->answerBody("\n\0"s);
     QCOMPARE(path.read(RequestPath::request(3, 0xFA04)).result, "\0\xFF\n\0"s);
+}
+
+void tst_SplitExchange::readLeavesResponsesAloneThatTheChannelKeeps()
+{
+    RequestPath path;
+    path.device.channel->keepsResponses = true;
+    path.device.channel->answer(packet("one ", 2, 0));
+    path.device.channel->answerBody("two");
+    QCOMPARE(path.read(RequestPath::request(1, 0x1100)).result, std::string("one two"));
+    const auto &kept = path.device.channel->kept;
+    QCOMPARE(kept.at(0)->body(), std::string("one "));
+    QCOMPARE(kept.at(1)->body(), std::string("two"));
 }
 
 void tst_SplitExchange::writeIsCutAtTheLimit_data()

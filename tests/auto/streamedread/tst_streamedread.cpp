@@ -69,6 +69,7 @@ private Q_SLOTS:
     void countsOfFurtherAnswersAreNotExamined();
     void packetWithoutBytesIsHandedOver();
     void rawBytesAreHandedOverAsTheyAre();
+    void responsesThatTheChannelKeepsAreLeftAlone();
 
     void requestsRepeatTheHeadAndCountThePackets();
     void headIsTakenOnceBehindTheFirstCallback();
@@ -187,6 +188,18 @@ void tst_StreamedRead::rawBytesAreHandedOverAsTheyAre()
     path.stream(exportRequest(),
                 [&](bool, double, const std::string &data, QString &) { all += data; });
     QCOMPARE(all, "\0\xFF\n\0"s);
+}
+
+void tst_StreamedRead::responsesThatTheChannelKeepsAreLeftAlone()
+{
+    StreamPath path;
+    path.device.channel->keepsResponses = true;
+    path.answer({one(), two(), three()});
+    QVERIFY(path.stream(RequestPath::request(3, 0xFA04)).ok);
+    std::vector<std::string> bodies;
+    for (const auto &response : path.device.channel->kept)
+        bodies.push_back(response->body());
+    QCOMPARE(bodies, (std::vector<std::string>{"one", "two", "three"}));
 }
 
 void tst_StreamedRead::requestsRepeatTheHeadAndCountThePackets()
