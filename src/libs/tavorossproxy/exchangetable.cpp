@@ -18,6 +18,9 @@ constexpr std::chrono::microseconds lookout(200);
 /// Longest frame whose storage is kept, in bytes.
 constexpr int longestKept = 4 << 20;
 
+/// Split answers that a device keeps for a connection at the least; older ones it may forget.
+constexpr std::size_t keptAnswers = 16;
+
 /// Streams from here on belong to calling threads, those below to single requests.
 constexpr quint16 firstThreadStream = 0x8000;
 
@@ -71,6 +74,7 @@ void ExchangeTable::shut(quint16 refusal, quint16 status, quint8 brokenOff)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_refusal = refusal;
     m_unsent.clear();
+    m_handedOut.clear();
     m_owed = 0;
     for (Slot &slot : m_slots) {
         if (slot.state == State::Owed)
@@ -209,6 +213,7 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
         answer.status = misfit(slot.request, answer.head, maxPacketCount);
     end(slot, answer.status);
     if (answer.status == 0) {
+        noteStream(answer.head);
         slot.response->head() = Wire::packetHead(answer.head);
         slot.response->body() = std::move(answer.body);
         slot.response->status = answer.head.status;
@@ -252,8 +257,23 @@ quint16 ExchangeTable::freshStream(const Wire::WireHead &head)
 {
     if (head.totalCount > 1)
         return streamOfThisThread();
-    m_lastStream = static_cast<quint16>(m_lastStream % (firstThreadStream - 1) + 1);
+    do {
+        m_lastStream = static_cast<quint16>(m_lastStream % (firstThreadStream - 1) + 1);
+    } while (std::find(m_handedOut.begin(), m_handedOut.end(), m_lastStream) != m_handedOut.end());
     return m_lastStream;
+}
+
+/// Called with the mutex held. A device forgets a split answer when another request comes on its
+/// stream, and streams go round while a long read goes on.
+void ExchangeTable::noteStream(const Wire::WireHead &answer)
+{
+    m_handedOut.erase(std::remove(m_handedOut.begin(), m_handedOut.end(), answer.stream),
+                      m_handedOut.end());
+    if (quint64(answer.sendCount) + 1 >= answer.totalCount || answer.status != 0)
+        return;
+    m_handedOut.push_back(answer.stream);
+    if (m_handedOut.size() > keptAnswers)
+        m_handedOut.pop_front();
 }
 
 void ExchangeTable::end(Slot &slot, quint16 status)

@@ -102,6 +102,7 @@ private:
 
     quint8 freeTag();
     quint16 freshStream(const Wire::WireHead &head);
+    void noteStream(const Wire::WireHead &answer);
     void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
                  Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
@@ -115,6 +116,7 @@ private:
     quint32 m_sent = 0; ///< Requests over this connection.
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
+    std::deque<quint16> m_handedOut; ///< Streams of reads whose last packet is due.
     int m_owed = 0;
     bool m_answersQuickly = true; ///< The last answer came within the lookout.
     Counts m_counts;

@@ -47,6 +47,8 @@ private Q_SLOTS:
     void unsentFrameThatTimedOutFreesItsTag();
     void unsentFramesComeInTheirOrder();
     void readsGetStreamsOfTheirOwn();
+    void streamsOfLongReadsAreNotGivenAgain();
+    void streamsServeAgainBehindTheLastPacket();
     void packetsOfOneThreadShareAStream();
     void packetsOfTwoThreadsDoNot();
     void streamOfTheCallerIsKept();
@@ -56,6 +58,10 @@ private Q_SLOTS:
 private:
     /// Begins, hands over and takes a frame for sending.
     Wire::WireHead sent(const DeviceRequestCommand &command);
+    /// A whole exchange of one packet of a read; the stream on which it travelled.
+    quint16 readPacket(quint32 totalCount, quint32 sendCount, quint16 stream = 0);
+    /// Whether \a stream is given to one of as many reads as there are streams for reads.
+    bool isGivenAgain(quint16 stream);
 
     ManualLoop m_clock;
     std::unique_ptr<ExchangeTable> m_table;
@@ -152,6 +158,47 @@ void tst_ExchangeTable::readsGetStreamsOfTheirOwn()
     const quint16 second = m_table->begin(request()).head.stream;
     QCOMPARE(first, quint16(1));
     QCOMPARE(second, quint16(2));
+}
+
+quint16 tst_ExchangeTable::readPacket(quint32 totalCount, quint32 sendCount, quint16 stream)
+{
+    DeviceRequestCommand command = request(1, sendCount == 0 ? 0 : totalCount, stream);
+    command.head().sendCount = sendCount;
+    const auto head = sent(command);
+    auto answer = answerTo(head);
+    answer.head.totalCount = totalCount;
+    answer.head.sendCount = sendCount;
+    m_table->settle(std::move(answer), maxPackets);
+    m_table->await(head, m_clock.now());
+    return head.stream;
+}
+
+bool tst_ExchangeTable::isGivenAgain(quint16 stream)
+{
+    bool isGiven = false;
+    for (int i = 0; i < 0x7FFF; ++i)
+        isGiven |= readPacket(1, 0) == stream;
+    return isGiven;
+}
+
+void tst_ExchangeTable::streamsOfLongReadsAreNotGivenAgain()
+{
+    const quint16 first = readPacket(3, 0);
+    const quint16 second = readPacket(3, 0);
+    QVERIFY(!isGivenAgain(first));
+    QVERIFY(!isGivenAgain(second));
+}
+
+void tst_ExchangeTable::streamsServeAgainBehindTheLastPacket()
+{
+    const quint16 ended = readPacket(2, 0);
+    readPacket(2, 1, ended);
+    QVERIFY(isGivenAgain(ended));
+
+    const quint16 lost = readPacket(2, 0);
+    m_table->shut(259, 259);
+    m_table->open(1024);
+    QVERIFY(isGivenAgain(lost));
 }
 
 void tst_ExchangeTable::packetsOfOneThreadShareAStream()
