@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <array>
 #include <atomic>
 #include <memory>
 #include <vector>
@@ -15,9 +16,15 @@ class QTcpSocket;
 /// A device that answers as the one of a capture did, on a loopback socket and a thread of its own.
 ///
 /// A request is answered with what the first recorded request of the same type, code, filters,
-/// packet and body that was not played yet got, under its own tag and stream; reports that stood in
-/// front of that answer come before it. What stands nowhere in the capture is left without an
-/// answer and counted. One client at a time.
+/// packet and body that was not played yet got, under its own tag and stream; a clock may be set to
+/// any time. What the device sent
+/// of its own accord comes in front of or behind the answers that it stood between. What came wrong
+/// comes wrong again. What stands nowhere in the capture is left without an answer and counted. The
+/// identity is told again to those who connect more often than the recorded client.
+///
+/// When all requests were made that a connection of the capture was lost over, or the last one in
+/// front of that, the device sends what came of the next frame and ends the connection. It does not
+/// answer pings, and the times of the capture are not looked at. One client at a time.
 class RecordedDevice {
 public:
     /// Of the channel \a channel of the capture in the file \a path.
@@ -33,21 +40,45 @@ public:
     int unplayed() const { return m_unplayed; }
 
 private:
-    using Frame = Tavoro::SSProxy::Wire::CapturedFrame;
+    using Item = Tavoro::SSProxy::Wire::CapturedItem;
     using FrameEvent = Tavoro::SSProxy::Wire::FrameEvent;
 
     struct Exchange {
         FrameEvent request;
-        std::vector<FrameEvent> answers; ///< Reports, then the response.
+        std::vector<std::string> answers; ///< Frames as they travelled.
         bool isPlayed = false;
+        int end = -1; ///< Place in m_ends of the end that waits for this exchange.
     };
 
-    void addExchange(const std::vector<Frame> &frames, std::size_t index);
+    /// How a connection ends: when the exchanges that it waits for were played.
+    struct End {
+        int due = 0; ///< Exchanges that were not played yet.
+        std::vector<std::string> rest; ///< What is sent then.
+        bool isLoss = false; ///< The connection ends, behind that.
+    };
+
+    /// The tag that a recorded one stands for this time.
+    struct Tag {
+        quint16 recordedStream = 0;
+        quint16 stream = 0;
+        quint8 lables = 0; ///< 0: it was not played.
+    };
+
+    /// Takes the items of a capture in their order.
+    class Recorder;
+
     void serve();
     void answer(QTcpSocket &socket, const FrameEvent &request);
+    void play(QTcpSocket &socket, Exchange &exchange,
+              const Tavoro::SSProxy::Wire::WireHead &request);
+    void send(QTcpSocket &socket, const std::vector<std::string> &frames) const;
+    /// With the tag and the stream of this time.
+    std::string retagged(std::string frame) const;
 
     std::vector<Exchange> m_exchanges;
-    std::string m_identity;
+    std::vector<End> m_ends;
+    std::array<Tag, 256> m_tags; ///< By the recorded one.
+    std::string m_identity; ///< The last one of the capture, as it travelled.
     Tavoro::Sim::SimThread m_thread;
     std::unique_ptr<QTcpServer> m_server; ///< Lives and dies on m_thread.
     quint16 m_port = 0;

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "simulatedconnection.h"
+#include "wholeread.h"
 
-#include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/devicelist.h>
 #include <tavorocontrol/file.h>
 
-#include <QEventLoop>
 #include <QString>
 
 #include <memory>
@@ -21,32 +19,10 @@ public:
     { }
 
     /// Reads the device. Returns when that has ended, with its outcome.
-    bool run()
-    {
-        Tavoro::Control::DeviceList reader(nullptr);
-        QEventLoop untilFinished;
-        bool isRead = false;
-        QObject::connect(&reader, &Tavoro::Control::DeviceList::signalReadDeviceDetailFinished,
-                         &untilFinished, [&](bool success) {
-                             isRead = success;
-                             untilFinished.quit();
-                         });
-        const auto &identity = *connection.model;
-        QString error;
-        if (!reader.readDeviceDetail(identity.IPAddress(), identity.MAC(), identity.sn(), error))
-            return false;
-        untilFinished.exec();
-        return isRead;
-    }
+    bool run() { return readWhole(*connection.model); }
 
     /// The device as the model's list has it.
-    std::shared_ptr<Tavoro::BizModel::Device> listed() const
-    {
-        const auto &identity = *connection.model;
-        return Tavoro::BizModel::DeviceList::instance()
-            ->findDevice(identity.IPAddress(), identity.MAC(), identity.sn())
-            .lock();
-    }
+    std::shared_ptr<Tavoro::BizModel::Device> listed() const { return ::listed(*connection.model); }
 
     /// Puts a file onto the device.
     bool import(int type, int id, const std::string &content)

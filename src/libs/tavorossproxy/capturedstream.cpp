@@ -9,12 +9,12 @@ using Wire::CaptureEvent;
 bool CaptureFile::open(QString &error)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_file.open(QIODevice::WriteOnly)) {
-        error = QStringLiteral("%1: %2").arg(m_file.fileName(), m_file.errorString());
-        return false;
-    }
-    m_file.write(QByteArray::fromStdString(Wire::captureHeading()));
-    return true;
+    const QByteArray heading = QByteArray::fromStdString(Wire::captureHeading());
+    if (m_file.open(QIODevice::WriteOnly) && m_file.write(heading) == heading.size()
+        && m_file.flush())
+        return true;
+    error = QStringLiteral("%1: %2").arg(m_file.fileName(), m_file.errorString());
+    return false;
 }
 
 void CaptureFile::close()
@@ -58,7 +58,7 @@ void CapturedStream::open(ByteStream::Events &events)
 
 void CapturedStream::close()
 {
-    noteEnd();
+    noteEnd(CaptureEvent::Close);
     m_stream->close();
 }
 
@@ -89,14 +89,14 @@ void CapturedStream::streamReceived(std::string_view bytes)
 
 void CapturedStream::streamClosed(const QString &reason)
 {
-    noteEnd();
+    noteEnd(CaptureEvent::Lost, reason.toStdString());
     m_events->streamClosed(reason);
 }
 
-void CapturedStream::noteEnd()
+void CapturedStream::noteEnd(CaptureEvent event, std::string_view reason)
 {
     if (m_isOpen)
-        m_file->write(m_channel, CaptureEvent::Close);
+        m_file->write(m_channel, event, reason);
     m_isOpen = false;
 }
 

@@ -50,13 +50,13 @@ private:
     void streamReceived(std::string_view bytes) override;
     void streamDrained() override { m_events->streamDrained(); }
     void streamClosed(const QString &reason) override;
-    void noteEnd();
+    void noteEnd(Wire::CaptureEvent event, std::string_view reason = {});
 
     const std::unique_ptr<ByteStream> m_stream;
     const std::shared_ptr<CaptureFile> m_file;
     const int m_channel;
     ByteStream::Events *m_events = nullptr;
-    bool m_isOpen = false; ///< The capture holds an open without its close.
+    bool m_isOpen = false; ///< The capture holds an open without its end.
 };
 
 } // namespace Tavoro::SSProxy::Internal

@@ -54,7 +54,7 @@ constexpr CommandRow commandRows[] = {
     {"reboot", "HOST[:PORT]",
      "Restarts the device.",                                                                runReboot},
     {"replay", "FILE",
-     "Shows the frames of a capture of the wire.",                                          runReplay},
+     "Shows connections and frames of a capture.",                                          runReplay},
     {"selfcheck", "HOST[:PORT]",
      "Shows what the device measured of itself; ends with 1 if something is faulty.",       runSelfCheck},
     {"show", "HOST[:PORT]",

@@ -8,7 +8,8 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-using SSProxy::Wire::CapturedFrame;
+using SSProxy::Wire::CapturedItem;
+using SSProxy::Wire::CapturedKind;
 using SSProxy::Wire::WireHead;
 
 constexpr int longestShown = 200; ///< Bytes of a body.
@@ -47,18 +48,57 @@ QString tellBody(const std::string &body)
         + (text.size() > longestShown ? text.left(longestShown) + QStringLiteral(" ...") : text);
 }
 
-QString tell(const CapturedFrame &captured)
+QString tellFrame(const CapturedItem &item)
 {
-    const WireHead &head = captured.frame.head;
-    const QString place = QStringLiteral("%1 %2 %3 ")
-                              .arg(static_cast<double>(captured.microseconds) / 1e6, 10, 'f', 6)
-                              .arg(captured.channel)
-                              .arg(QLatin1Char(captured.isFromClient ? '>' : '<'));
-    if (captured.frame.status != 0)
-        return place + QStringLiteral("refused with status %1").arg(captured.frame.status);
+    if (item.frame.status != 0)
+        return QStringLiteral("refused with status %1").arg(item.frame.status);
+    const WireHead &head = item.frame.head;
     const bool isExchange = head.kind <= quint8(SSProxy::Wire::FrameKind::Report);
-    return place + kindName(head.kind) + (isExchange ? tellHead(head) : QString())
-        + tellBody(captured.frame.body);
+    return kindName(head.kind) + (isExchange ? tellHead(head) : QString());
+}
+
+QString tellPart(const CapturedItem &item)
+{
+    const auto size = item.bytes.size();
+    if (!item.hasWholeHead())
+        return QStringLiteral("part of a frame, %1 bytes").arg(size);
+    return QStringLiteral("part of a %1, %2 of %3 bytes")
+        .arg(tellFrame(item))
+        .arg(size - sizeof(WireHead))
+        .arg(item.frame.head.bodyLength);
+}
+
+QString tellWhatHappened(const CapturedItem &item)
+{
+    switch (item.kind) {
+    case CapturedKind::Opened:
+        return QStringLiteral("connected to %1").arg(QString::fromStdString(item.text));
+    case CapturedKind::Frame:
+        return tellFrame(item) + (item.frame.status == 0 ? tellBody(item.frame.body) : QString());
+    case CapturedKind::Part:
+        return tellPart(item);
+    case CapturedKind::Closed:
+        return QStringLiteral("closed");
+    case CapturedKind::Lost:
+        return QStringLiteral("lost: %1").arg(QString::fromStdString(item.text));
+    }
+    return {};
+}
+
+char directionOf(const CapturedItem &item)
+{
+    if (item.kind != CapturedKind::Frame && item.kind != CapturedKind::Part)
+        return '|';
+    return item.isFromClient ? '>' : '<';
+}
+
+QString tell(const CapturedItem &item)
+{
+    return QStringLiteral("%1 %2 %3 ")
+               .arg(static_cast<double>(item.microseconds) / 1e6, 10, 'f', 6)
+               .arg(item.channel)
+               .arg(QLatin1Char(directionOf(item)))
+        + tellWhatHappened(item);
 }
 
 } // namespace
@@ -69,11 +109,11 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()));
-    std::vector<CapturedFrame> frames;
+    std::vector<CapturedItem> items;
     std::string error;
-    const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), frames, error);
-    for (const CapturedFrame &frame : frames)
-        tool.console.answer(tell(frame).toStdString());
+    const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), items, error);
+    for (const CapturedItem &item : items)
+        tool.console.answer(tell(item).toStdString());
     return isRead ? Done
                   : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
 }

@@ -2,6 +2,7 @@
 
 #include <toolbench.h>
 
+#include <QDir>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTcpServer>
@@ -42,8 +43,12 @@ private Q_SLOTS:
     void showMayHaveItsOptionBehindTheHost();
     void discoverListsWhoAnswers();
     void discoverEndsWithOneWhenNobodyAnswers();
-    void replayShowsTheFramesOfACapture();
+    void replayShowsWhatACaptureHolds_data();
+    void replayShowsWhatACaptureHolds();
+    void replayOfNoFileFails();
     void environmentVariableCapturesTheWire();
+    void captureThatCannotBeWrittenIsALineOfTheLog_data();
+    void captureThatCannotBeWrittenIsALineOfTheLog();
     void helpAndVersion();
 
 private:
@@ -346,21 +351,29 @@ void tst_TavoroCtl::discoverEndsWithOneWhenNobodyAnswers()
     QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);
 }
 
-void tst_TavoroCtl::replayShowsTheFramesOfACapture()
+void tst_TavoroCtl::replayShowsWhatACaptureHolds_data()
 {
-    const Run replay = run({"replay", TEST_DATA_DIR "/captures/swap.txt"});
-    const QByteArrayList lines = replay.output.split('\n');
-    QCOMPARE(lines.size(), 9);
-    QCOMPARE(lines.at(0).mid(11), QByteArray("1 > identity request, 12 bytes"));
-    QCOMPARE(lines.at(2).mid(11),
-             QByteArray("1 > request 0x1107 type 2 tag 1 packet 0/0 status 0, "
-                        "10 bytes {\"swap\":0}"));
-    QCOMPARE(lines.at(5).mid(11),
-             QByteArray("1 < response 0x1107 type 2 tag 2 packet 0/1 status 4, "
-                        "0 bytes"));
+    QTest::addColumn<QString>("name");
+    const QStringList names =
+        QDir(QStringLiteral(TEST_DATA_DIR "/captures")).entryList(QDir::Files);
+    QCOMPARE(names.size(), 8);
+    for (const QString &name : names)
+        QTest::newRow(qUtf8Printable(name)) << name;
+}
+
+void tst_TavoroCtl::replayShowsWhatACaptureHolds()
+{
+    QFETCH(QString, name);
+    QFile shown(QStringLiteral(TEST_DATA_DIR "/replays/%1").arg(name));
+    QVERIFY(shown.open(QIODevice::ReadOnly));
+    const Run replay = run({"replay", TEST_DATA_DIR "/captures/" + name.toUtf8()});
+    QCOMPARE(replay.output.split('\n'), shown.readAll().split('\n'));
     QCOMPARE(replay.errors, QByteArray());
     QCOMPARE(replay.exitCode, 0);
+}
 
+void tst_TavoroCtl::replayOfNoFileFails()
+{
     const Run missing = run({"replay", "/no/such/capture"});
     QCOMPARE(missing.errors, QByteArray("/no/such/capture: No such file or directory\n"));
     QCOMPARE(missing.exitCode, 1);
@@ -378,6 +391,27 @@ void tst_TavoroCtl::environmentVariableCapturesTheWire()
                                    "10 bytes {\"swap\":0}\n"));
     QVERIFY(
         replay.output.contains("1 < response 0x1107 type 2 tag 1 packet 0/1 status 0, 0 bytes"));
+}
+
+void tst_TavoroCtl::captureThatCannotBeWrittenIsALineOfTheLog_data()
+{
+    QTest::addColumn<QByteArray>("capture");
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("no folder") << QByteArray("/no/such/folder/capture")
+                               << QByteArray("/no/such/folder/capture: No such file or directory");
+    QTest::newRow("no room") << QByteArray("/dev/full")
+                             << QByteArray("/dev/full: No space left on device");
+}
+
+void tst_TavoroCtl::captureThatCannotBeWrittenIsALineOfTheLog()
+{
+    QFETCH(QByteArray, capture);
+    QFETCH(QByteArray, line);
+    qputenv("TAVORO_CAPTURE", capture);
+    const Run write = run({"--verbose", "call", host(), "Device.writeSwap", R"({"swap":0})"});
+    qunsetenv("TAVORO_CAPTURE");
+    QCOMPARE(write.exitCode, 0);
+    QCOMPARE(write.errors.count(line), 1);
 }
 
 void tst_TavoroCtl::helpAndVersion()

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <tavorobizmodel/device.h>
+#include <tavorossproxy/channeloptions.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <memory>
+
+/// A channel over loopback that the manager knows, and the device of the model that belongs to it.
+/// The model's list does not know the device.
+class TcpConnection {
+public:
+    explicit TcpConnection(quint16 port, const Tavoro::SSProxy::ChannelOptions &options = {});
+    ~TcpConnection();
+    TcpConnection(const TcpConnection &) = delete;
+    TcpConnection &operator=(const TcpConnection &) = delete;
+
+    const std::shared_ptr<Tavoro::SSProxy::NetworkChannel> channel;
+    const std::shared_ptr<Tavoro::BizModel::Device> model;
+};
