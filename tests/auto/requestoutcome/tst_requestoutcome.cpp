@@ -48,6 +48,7 @@ private Q_SLOTS:
     void outcomeBehindALostConnection();
     void outcomeBehindATimeout();
     void outcomeOfAnAnsweredRequestIsKnownToo();
+    void refusalByAFaultIsTheOutcome();
     void tagThatWasNeverSentHasNotArrived();
     void splitWriteHasNoTagOfItsOwn();
     void restartedDeviceRemembersNothing();
@@ -126,6 +127,17 @@ void tst_RequestOutcome::outcomeOfAnAnsweredRequestIsKnownToo()
     const auto write = swapWrite(swapTo7);
     QCOMPARE(int(send(write)), 4);
     QCOMPARE(int(channel().requestOutcome(write->head().lables).status), 4);
+}
+
+void tst_RequestOutcome::refusalByAFaultIsTheOutcome()
+{
+    addFault(QStringLiteral("status=8,count=1"));
+    const auto write = swapWrite(swapOff);
+    QCOMPARE(int(send(write)), 8);
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), int(RequestOutcome::Done));
+    QCOMPARE(int(outcome.status), 8);
+    QVERIFY(!isSwapOff());
 }
 
 void tst_RequestOutcome::tagThatWasNeverSentHasNotArrived()

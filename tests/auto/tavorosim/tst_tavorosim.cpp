@@ -1,5 +1,6 @@
 // The simulated device on its socket: clients, reports, its console, and what it refuses.
 
+#include <messagecatcher.h>
 #include <simbench.h>
 
 #include <tavorossproxy/wire/frame.h>
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void clientsShareOneState();
     void reportsReachEveryClient();
     void aClientThatDidNotIntroduceItselfGetsNoReports();
+    void aClientThatDoesNotReadGetsNoMoreReportsWhichIsToldOnce();
     void theWriterGetsItsAnswerBeforeTheReport();
     void consoleCommandsMakeReports_data();
     void consoleCommandsMakeReports();
@@ -170,6 +172,39 @@ void tst_TavoroSim::aClientThatDidNotIntroduceItselfGetsNoReports()
     QVERIFY(!stranger.identity().empty()); // The next frame that comes, so no report came before.
     QVERIFY(bench.device->execute(QStringLiteral("power 2 1")).ok);
     QVERIFY(contains(stranger.waitForReport(), "\"powerId\":2,\"iSignal\":1"));
+}
+
+namespace {
+
+constexpr int longReports = 30;
+
+/// 120 MiB of reports: more than the device keeps and the network takes.
+void report(SimulatedDevice &device)
+{
+    const QString name(4 << 20, QLatin1Char('n'));
+    for (int i = 0; i < longReports; ++i)
+        QVERIFY(device.execute(QStringLiteral("group 1 ") + name).ok);
+}
+
+} // namespace
+
+void tst_TavoroSim::aClientThatDoesNotReadGetsNoMoreReportsWhichIsToldOnce()
+{
+    SimBench bench;
+    const MessageCatcher catcher;
+    const auto lines = [&catcher] {
+        return catcher.texts("tavoro.sim", QtWarningMsg)
+            .replaceInStrings(QRegularExpression(QStringLiteral("^127\\.0\\.0\\.1:\\d+")),
+                              QStringLiteral("PEER"));
+    };
+    const QString line = QStringLiteral("PEER does not read: reports are dropped");
+    report(*bench.device);
+    QCOMPARE(lines(), QStringList(line));
+    QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0); // behind all that was sent
+    const int kept = bench.client->keptReports();
+    QVERIFY(kept >= 4 && kept < longReports);
+    report(*bench.device);
+    QCOMPARE(lines(), (QStringList{line, line}));
 }
 
 void tst_TavoroSim::theWriterGetsItsAnswerBeforeTheReport()

@@ -52,6 +52,11 @@ private Q_SLOTS:
     void clientsThatTellNoIdAreServedAndForgotten();
     void newConnectionEndsTheOlderOneOfTheClient();
     void questionsThatAreNoneAreRefused();
+    void faultsThatAnswerAreDone_data();
+    void faultsThatAnswerAreDone();
+    void faultsThatDoNotAnswerLeaveItUnderWay_data();
+    void faultsThatDoNotAnswerLeaveItUnderWay();
+    void heldBackPacketIsDone();
 };
 
 void tst_TavoroSimOutcome::requestsAreCountedAsTheyCome()
@@ -136,6 +141,81 @@ void tst_TavoroSimOutcome::questionsThatAreNoneAreRefused()
     QCOMPARE(status(CommandType::Read, std::string()), 2);
     QCOMPARE(status(CommandType::Read, requestId('a', 1, 1) + "x"), 2);
     QCOMPARE(status(CommandType::Write, requestId('a', 1, 1)), 1);
+}
+
+namespace {
+
+void addFault(SimBench &bench, const QString &fault)
+{
+    QVERIFY(bench.device->execute(QStringLiteral("fault add %1,code=DeviceSwap").arg(fault)).ok);
+}
+
+void faultRows(const QList<QPair<const char *, const char *>> &rows)
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QByteArray>("outcome");
+    for (const auto &[fault, outcome] : rows)
+        QTest::newRow(fault) << QString::fromLatin1(fault) << QByteArray(outcome);
+}
+
+} // namespace
+
+void tst_TavoroSimOutcome::faultsThatAnswerAreDone_data()
+{
+    faultRows({{"status=8", "0308"},
+               {"status=67", "0343"},
+               {"twice", "0300"},
+               {"wrong-checksum", "0300"},
+               {"wrong-code", "0300"},
+               {"flood=2", "0300"}});
+}
+
+void tst_TavoroSimOutcome::faultsThatAnswerAreDone()
+{
+    QFETCH(QString, fault);
+    SimBench bench;
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    addFault(bench, fault);
+    bench.write(0x1107, swapOff);
+    WireClient again;
+    QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
+    QTEST(ask(again, 'a', 1, 1), "outcome");
+}
+
+void tst_TavoroSimOutcome::faultsThatDoNotAnswerLeaveItUnderWay_data()
+{
+    faultRows({{"ignore", "0200"}, {"drop-request", "0200"}, {"stop-reading=1", "0200"}});
+}
+
+void tst_TavoroSimOutcome::faultsThatDoNotAnswerLeaveItUnderWay()
+{
+    QFETCH(QString, fault);
+    SimBench bench;
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    addFault(bench, fault + QStringLiteral(",count=1"));
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapOff));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    WireClient again;
+    QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
+    QTEST(ask(again, 'a', 1, 1), "outcome");
+}
+
+/// The second packet comes first; the first one then answers the second request.
+void tst_TavoroSimOutcome::heldBackPacketIsDone()
+{
+    Sim::SimOptions options;
+    options.packetSize = 400;
+    SimBench bench(options);
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    QVERIFY(bench.device->execute(QStringLiteral("fault add swap-packets,count=1")).ok);
+    WireFrame request = WireClient::request(0x1100, CommandType::Read);
+    const WireFrame first = bench.client->exchange(request);
+    QCOMPARE(int(first.head.sendCount), 1);
+    request.head.sendCount = 1;
+    request.head.totalCount = first.head.totalCount;
+    QCOMPARE(int(bench.client->exchange(request).head.sendCount), 0);
+    QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0300"));
+    QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0300"));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimOutcome)

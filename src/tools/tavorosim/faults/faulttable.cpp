@@ -42,6 +42,7 @@ void refuse(const FaultedRequest &request, Delivery &delivery)
     Packet packet{SSProxy::Wire::responseHead(request.head), {}};
     packet.head.status = static_cast<quint8>(request.value);
     delivery.bytes = frameOf(packet);
+    delivery.unworked = std::move(packet);
 }
 
 void answerLate(const FaultedRequest &request, Delivery &delivery)

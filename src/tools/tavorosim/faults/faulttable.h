@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <random>
 
 namespace Tavoro::Sim {
@@ -14,6 +15,8 @@ namespace Tavoro::Sim {
 /// What goes back for one request, and what becomes of the connection.
 struct Delivery {
     QByteArray bytes;
+    /// What the bytes answer when it was not made by carrying the request out.
+    std::optional<PacketDesk::Packet> unworked = {};
     int delay = 0; ///< Milliseconds before the bytes leave.
     bool endsConnection = false; ///< Behind the bytes.
     bool stopsReading = false;

@@ -38,6 +38,7 @@ bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
         return false;
     held->head.lables = request.lables;
     delivery.bytes = SSProxy::Wire::encodeFrame(held->head, held->body);
+    delivery.unworked = std::move(*held);
     heldBack.erase(held);
     return true;
 }

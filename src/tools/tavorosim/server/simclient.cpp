@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tavoro::Sim {
 
@@ -70,7 +71,7 @@ SimClient::~SimClient()
 
 void SimClient::send(const Report &report)
 {
-    if (!m_isIntroduced || m_socket->bytesToWrite() > mostUnread)
+    if (!m_isIntroduced || !hasRoomForReport())
         return;
     WireHead head;
     head.kind = static_cast<quint8>(FrameKind::Report);
@@ -81,6 +82,18 @@ void SimClient::send(const Report &report)
     m_socket->write(SSProxy::Wire::encodeFrame(head, report.body));
     qCInfo(simLog, "%s report 0x%04X", qUtf8Printable(m_peer), head.code());
     qCDebug(simLog, "%s", report.body.c_str());
+}
+
+bool SimClient::hasRoomForReport()
+{
+    const qint64 unread = m_socket->bytesToWrite();
+    if (unread == 0)
+        m_dropsReports = false;
+    if (unread <= mostUnread)
+        return true;
+    if (!std::exchange(m_dropsReports, true))
+        qCWarning(simLog, "%s does not read: reports are dropped", qUtf8Printable(m_peer));
+    return false;
 }
 
 void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
@@ -180,7 +193,10 @@ void SimClient::answerRequest(FrameEvent event)
         event.head = head;
         return makeAnswer(std::move(event));
     };
-    carryOut(m_faults.deliver(request, request.code(), answerTo));
+    const Delivery delivery = m_faults.deliver(request, request.code(), answerTo);
+    if (delivery.unworked)
+        note(request, {}, *delivery.unworked);
+    carryOut(delivery);
 }
 
 PacketDesk::Packet SimClient::makeAnswer(FrameEvent event)
@@ -189,14 +205,12 @@ PacketDesk::Packet SimClient::makeAnswer(FrameEvent event)
     if (event.status == 0) {
         const std::string body = simLog().isDebugEnabled() ? event.body : std::string();
         answer = m_desk.answer(event.head, std::move(event.body));
-        log(event.head, body, answer);
+        note(event.head, body, answer);
     } else {
         answer.head = SSProxy::Wire::responseHead(event.head);
         answer.head.status = static_cast<quint8>(DeviceStatus::MalformedBody);
-        log(event.head, {}, answer);
+        note(event.head, {}, answer);
     }
-    if (m_outcomes)
-        m_outcomes->finish(answer.head.status);
     return answer;
 }
 
@@ -254,9 +268,11 @@ void SimClient::sendLater(const QByteArray &frame, int delay)
     QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, frame] { m_socket->write(frame); });
 }
 
-void SimClient::log(const WireHead &request, const std::string &body,
-                    const PacketDesk::Packet &answer) const
+void SimClient::note(const WireHead &request, const std::string &body,
+                     const PacketDesk::Packet &answer)
 {
+    if (m_outcomes)
+        m_outcomes->finish(answer.head.status);
     qCInfo(simLog, "%s %s 0x%04X [%d %d %d %d] packet %u/%u -> status %d, packet %u/%u, %zu bytes",
            qUtf8Printable(m_peer), typeName(request.type), request.code(), request.arg2[3],
            request.arg2[2], request.arg2[1], request.arg2[0], request.sendCount, request.totalCount,

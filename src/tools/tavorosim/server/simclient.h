@@ -80,8 +80,10 @@ private:
     void endLater(int delay);
     void stopReading(int milliseconds);
     void sendLater(const QByteArray &frame, int delay);
-    void log(const SSProxy::Wire::WireHead &request, const std::string &body,
-             const PacketDesk::Packet &answer) const;
+    /// Into the outcomes and the log.
+    void note(const SSProxy::Wire::WireHead &request, const std::string &body,
+              const PacketDesk::Packet &answer);
+    bool hasRoomForReport();
 
     /// A client that leaves more than this unread gets no further reports, and no answers until it
     /// reads on.
@@ -101,6 +103,7 @@ private:
     bool m_isReading = true;
     bool m_isEnding = false; ///< What still comes is not looked at.
     bool m_isIntroduced = false; ///< The identity has been asked for.
+    bool m_dropsReports = false; ///< The log says so, and the client has not caught up since.
 };
 
 } // namespace Tavoro::Sim
