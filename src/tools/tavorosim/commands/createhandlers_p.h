@@ -17,7 +17,7 @@ DeviceStatus createEach(SimState &state, const Request &request, FileMaker<Recor
     std::vector<Record> list;
     if (!decoded(request.body, list))
         return DeviceStatus::MalformedBody;
-    FileIndex index = state.files.index();
+    FileChanges changes = state.files.change();
     for (const Record &record : list) {
         if (!isFileIdentity(record) || !isFileName(record.general))
             return DeviceStatus::ValueOutOfRange;
@@ -28,10 +28,10 @@ DeviceStatus createEach(SimState &state, const Request &request, FileMaker<Recor
         const DeviceStatus status = make(state, record, detail, content);
         if (status != DeviceStatus::Success)
             return status;
-        if (!state.files.place(index, detail, content))
+        if (!state.files.place(changes, detail, content))
             return DeviceStatus::StorageFailed;
     }
-    return commit(state, std::move(index));
+    return commit(state, changes);
 }
 
 } // namespace Tavoro::Sim

@@ -79,10 +79,10 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
     static_cast<s_FileIdentity &>(detail) = announced;
     detail.general = announced.general;
     detail.size = size;
-    FileIndex index = state.files.index();
-    if (!state.files.place(index, detail, std::move(content)))
+    FileChanges changes = state.files.change();
+    if (!state.files.place(changes, detail, std::move(content)))
         return DeviceStatus::StorageFailed;
-    const DeviceStatus status = commit(state, std::move(index));
+    const DeviceStatus status = commit(state, changes);
     if (status == DeviceStatus::Success)
         state.announced.erase(keyOf(announced));
     return status;
@@ -116,10 +116,9 @@ bool isFileName(const s_FileGeneral &general)
     return !general.name.empty() && general.name.size() <= longestName;
 }
 
-DeviceStatus commit(SimState &state, FileIndex index)
+DeviceStatus commit(SimState &state, const FileChanges &changes)
 {
-    return state.files.commit(std::move(index)) ? DeviceStatus::Success
-                                                : DeviceStatus::StorageFailed;
+    return state.files.commit(changes) ? DeviceStatus::Success : DeviceStatus::StorageFailed;
 }
 
 std::string readFiles(const SimState &state, const Request &request)
@@ -137,12 +136,12 @@ DeviceStatus writeFileDelete(SimState &state, const Request &request, Reports & 
     std::vector<s_DeleteFile> list;
     if (!decoded(request.body, list))
         return DeviceStatus::MalformedBody;
-    FileIndex index = state.files.index();
+    FileChanges changes = state.files.change();
     for (const s_DeleteFile &file : list) {
-        if (index.erase(keyOf(file)) == 0)
+        if (!changes.remove(keyOf(file)))
             return DeviceStatus::NoSuchObject;
     }
-    return commit(state, std::move(index));
+    return commit(state, changes);
 }
 
 DeviceStatus writeFileGeneral(SimState &state, const Request &request, Reports & /*reports*/)
@@ -150,21 +149,23 @@ DeviceStatus writeFileGeneral(SimState &state, const Request &request, Reports &
     std::vector<s_ModifyFileInfo> list;
     if (!decoded(request.body, list))
         return DeviceStatus::MalformedBody;
-    FileIndex index = state.files.index();
+    FileChanges changes = state.files.change();
     for (const s_ModifyFileInfo &wanted : list) {
         const s_FileIdentity destination{wanted.desFileId, wanted.desFileType};
         if (!isFileIdentity(destination) || !isFileName(wanted.general))
             return DeviceStatus::ValueOutOfRange;
-        auto file = index.extract(keyOf(wanted));
+        const StoredFile *const file = changes.find(keyOf(wanted));
         if (!file)
             return DeviceStatus::NoSuchObject;
-        file.key() = keyOf(destination);
-        static_cast<s_FileIdentity &>(file.mapped()) = destination;
-        file.mapped().general = wanted.general;
-        if (!index.insert(std::move(file)).inserted)
+        StoredFile moved = *file;
+        static_cast<s_FileIdentity &>(moved) = destination;
+        moved.general = wanted.general;
+        changes.remove(keyOf(wanted));
+        if (changes.find(keyOf(destination)))
             return DeviceStatus::Busy;
+        changes.place(std::move(moved));
     }
-    return commit(state, std::move(index));
+    return commit(state, changes);
 }
 
 DeviceStatus writeFileAnnounced(SimState &state, const Request &request, Reports & /*reports*/)

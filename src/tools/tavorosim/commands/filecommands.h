@@ -13,7 +13,7 @@ bool isFileIdentity(const ProtoModel::s_FileIdentity &id);
 bool isFileName(const ProtoModel::File::s_FileGeneral &general);
 
 /// Makes \a index the one that counts.
-DeviceStatus commit(SimState &state, FileIndex index);
+DeviceStatus commit(SimState &state, const FileChanges &changes);
 
 /// Filters: position 31 the type, position 32 the number.
 std::string readFiles(const SimState &state, const Request &request);

@@ -105,8 +105,11 @@ DeviceStatus writeFactoryReset(SimState &state, const Request &request, Reports 
 {
     qint32 type = 0;
     DeviceStatus status = readOption(request, SetupAndFiles, type);
-    if (status == DeviceStatus::Success && type == SetupAndFiles)
-        status = commit(state, {});
+    if (status == DeviceStatus::Success && type == SetupAndFiles) {
+        FileChanges changes = state.files.change();
+        changes.removeAll();
+        status = commit(state, changes);
+    }
     if (status == DeviceStatus::Success && !keepSetup(state.files, state.factory))
         status = DeviceStatus::StorageFailed;
     if (status != DeviceStatus::Success)

@@ -150,7 +150,7 @@ bool copy(QIODevice &from, qint64 length, IncomingContent &to)
     return true;
 }
 
-bool makeProject(SimState &state, const s_CreateProjFile &record, FileIndex &index)
+bool makeProject(SimState &state, const s_CreateProjFile &record, FileChanges &changes)
 {
     StoredProject stored;
     for (const auto &[key, screen] : state.screens)
@@ -158,6 +158,7 @@ bool makeProject(SimState &state, const s_CreateProjFile &record, FileIndex &ind
     const auto isHeld = [&](const StoredFile &file) {
         return keyOf(file) != keyOf(record) && isContained(record.contain, file.fileType);
     };
+    const FileIndex index = changes.applied();
     for (const auto &[key, file] : index) {
         if (isHeld(file))
             stored.files.push_back(file);
@@ -172,10 +173,10 @@ bool makeProject(SimState &state, const s_CreateProjFile &record, FileIndex &ind
     s_FileDetail detail;
     static_cast<s_FileIdentity &>(detail) = record;
     detail.general = record.general;
-    return ok && state.files.place(index, detail, std::move(project));
+    return ok && state.files.place(changes, detail, std::move(project));
 }
 
-DeviceStatus applyProject(SimState &state, Setup &setup, FileIndex &index,
+DeviceStatus applyProject(SimState &state, Setup &setup, FileChanges &changes,
                           const s_ProjectFileApply &apply)
 {
     const StoredFile *const file = valueOf(state.files.index(), keyOf(apply));
@@ -189,7 +190,7 @@ DeviceStatus applyProject(SimState &state, Setup &setup, FileIndex &index,
         IncomingContent part = state.files.receive();
         if (!copy(*content, held.size.length, part))
             return DeviceStatus::WrongContent;
-        if (!state.files.place(index, held, std::move(part)))
+        if (!state.files.place(changes, held, std::move(part)))
             return DeviceStatus::StorageFailed;
     }
     setup.screens.clear();
@@ -224,14 +225,14 @@ DeviceStatus writeCreateProject(SimState &state, const Request &request, Reports
     std::vector<s_CreateProjFile> list;
     if (!decoded(request.body, list))
         return DeviceStatus::MalformedBody;
-    FileIndex index = state.files.index();
+    FileChanges changes = state.files.change();
     for (const s_CreateProjFile &record : list) {
         if (!isFileIdentity(record) || !isFileName(record.general))
             return DeviceStatus::ValueOutOfRange;
-        if (!makeProject(state, record, index))
+        if (!makeProject(state, record, changes))
             return DeviceStatus::StorageFailed;
     }
-    return commit(state, std::move(index));
+    return commit(state, changes);
 }
 
 DeviceStatus writeProjectApply(SimState &state, const Request &request, Reports & /*reports*/)
@@ -240,13 +241,13 @@ DeviceStatus writeProjectApply(SimState &state, const Request &request, Reports 
     if (!decoded(request.body, list))
         return DeviceStatus::MalformedBody;
     Setup setup = state;
-    FileIndex index = state.files.index();
+    FileChanges changes = state.files.change();
     for (const s_ProjectFileApply &apply : list) {
-        const DeviceStatus status = applyProject(state, setup, index, apply);
+        const DeviceStatus status = applyProject(state, setup, changes, apply);
         if (status != DeviceStatus::Success)
             return status;
     }
-    const DeviceStatus status = commit(state, std::move(index));
+    const DeviceStatus status = commit(state, changes);
     if (status == DeviceStatus::Success)
         static_cast<Setup &>(state) = std::move(setup);
     return status;

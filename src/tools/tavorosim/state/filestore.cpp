@@ -13,7 +13,19 @@
 #include <algorithm>
 #include <set>
 
+namespace Tavoro::Sim {
+
+/// One commit, as it is kept.
+struct StoredChange {
+    std::vector<StoredFile> placed;
+    std::vector<ProtoModel::s_FileIdentity> removed;
+    TAVORO_FIELDS(placed, removed)
+};
+
+} // namespace Tavoro::Sim
+
 TAVORO_CODEC(Tavoro::Sim::StoredFile)
+TAVORO_CODEC(Tavoro::Sim::StoredChange)
 
 namespace Tavoro::Sim {
 
@@ -22,7 +34,15 @@ using ProtoModel::File::s_FileDetail;
 namespace {
 
 const QString indexName = QStringLiteral("index.json");
-const QString contentPattern = QStringLiteral("content-*");
+const QString changePattern = QStringLiteral("change-*.json");
+
+/// Changes that are always kept beside the index, however few files there are.
+constexpr std::size_t fewestChanges = 64;
+
+QString changeName(quint64 number)
+{
+    return QStringLiteral("change-%1.json").arg(number);
+}
 
 std::vector<StoredFile> listOf(const FileIndex &index)
 {
@@ -32,26 +52,35 @@ std::vector<StoredFile> listOf(const FileIndex &index)
     return list;
 }
 
-std::set<std::string> contentNames(const FileIndex &index)
+/// The number in the name of a content or a change, 0 in any other name.
+quint64 numberOf(const QString &name)
 {
-    std::set<std::string> names;
-    for (const auto &[key, file] : index)
-        names.insert(file.contentName);
-    return names;
+    return name.section(QLatin1Char('-'), 1).section(QLatin1Char('.'), 0, 0).toULongLong();
 }
 
-/// The number in the name of a content, 0 in any other name.
-quint64 numberOf(const std::string &name)
+StoredChange recordOf(const FileChanges::Places &places)
 {
-    return QString::fromStdString(name).section(QLatin1Char('-'), 1).toULongLong();
+    StoredChange change;
+    for (const auto &[key, file] : places) {
+        if (file)
+            change.placed.push_back(*file);
+        else
+            change.removed.push_back({key.second, key.first});
+    }
+    return change;
+}
+
+FileChanges::Places placesOf(const StoredChange &change)
+{
+    FileChanges::Places places;
+    for (const StoredFile &file : change.placed)
+        places[keyOf(file)] = file;
+    for (const ProtoModel::s_FileIdentity &id : change.removed)
+        places[keyOf(id)].reset();
+    return places;
 }
 
 } // namespace
-
-FileKey keyOf(const ProtoModel::s_FileIdentity &id)
-{
-    return {id.fileType, id.fileId};
-}
 
 bool IncomingContent::append(std::string_view bytes)
 {
@@ -74,61 +103,118 @@ bool FileStore::open(const QString &folder, QString &error)
         return false;
     }
     m_folder = directory.absolutePath();
-    if (!readIndex(error))
+    if (!readFiles(error))
         return false;
+    dropLost();
+    if (!m_changes.empty())
+        keepIndex();
     sweep();
     return true;
 }
 
-bool FileStore::readIndex(QString &error)
+bool FileStore::readFiles(QString &error)
 {
-    std::optional<std::string> text;
-    if (!fetchText(indexName, text, error))
-        return false;
     std::vector<StoredFile> list;
-    std::string fault;
-    if (text && !ajson::decodeRecord(*text, list, fault)) {
-        error = QStringLiteral("%1 is damaged: %2")
-                    .arg(QDir(m_folder).filePath(indexName), QString::fromStdString(fault));
+    if (!fetchRecord(indexName, list, error))
         return false;
-    }
-    for (const StoredFile &stored : list) {
-        m_lastName = std::max(m_lastName, numberOf(stored.contentName));
-        if (QFile(pathOf(stored.contentName)).size() == stored.size.length)
-            m_index[keyOf(stored)] = stored;
-        else
-            qCWarning(simLog, "the content of file %d of type %d is lost", stored.fileId,
-                      stored.fileType);
+    makeChanges(placesOf({list, {}}), m_index);
+    for (const QString &name : QDir(m_folder).entryList({changePattern}, QDir::Files))
+        m_changes.push_back(numberOf(name));
+    std::sort(m_changes.begin(), m_changes.end());
+    for (const quint64 number : m_changes) {
+        StoredChange change;
+        if (!fetchRecord(changeName(number), change, error))
+            return false;
+        makeChanges(placesOf(change), m_index);
+        m_lastChange = number;
     }
     return true;
 }
 
+template <class Record>
+bool FileStore::fetchRecord(const QString &name, Record &record, QString &error) const
+{
+    std::optional<std::string> text;
+    if (!fetchText(name, text, error))
+        return false;
+    std::string fault;
+    if (!text || ajson::decodeRecord(*text, record, fault))
+        return true;
+    error = QStringLiteral("%1 is damaged: %2")
+                .arg(QDir(m_folder).filePath(name), QString::fromStdString(fault));
+    return false;
+}
+
+void FileStore::dropLost()
+{
+    for (auto file = m_index.begin(); file != m_index.end();) {
+        const StoredFile &stored = file->second;
+        m_lastName = std::max(m_lastName, numberOf(QString::fromStdString(stored.contentName)));
+        const bool isThere = QFile(pathOf(stored.contentName)).size() == stored.size.length;
+        if (!isThere)
+            qCWarning(simLog, "the content of file %d of type %d is lost", stored.fileId,
+                      stored.fileType);
+        file = isThere ? std::next(file) : m_index.erase(file);
+    }
+}
+
+/// What was cut off leaves contents and changes behind that nothing names.
 void FileStore::sweep() const
 {
-    // A change that was cut off leaves contents behind that nothing names.
-    const std::set<std::string> names = contentNames(m_index);
+    std::set<QString> names;
+    for (const auto &[key, file] : m_index)
+        names.insert(QString::fromStdString(file.contentName));
+    for (const quint64 number : m_changes)
+        names.insert(changeName(number));
     const QDir directory(m_folder);
-    for (const QString &name : directory.entryList({contentPattern}, QDir::Files)) {
-        if (names.count(name.toStdString()) == 0)
+    const QStringList patterns{QStringLiteral("content-*"), QStringLiteral("change-*")};
+    for (const QString &name : directory.entryList(patterns, QDir::Files)) {
+        if (names.count(name) == 0)
             QFile::remove(directory.filePath(name));
     }
 }
 
-bool FileStore::commit(FileIndex index)
+bool FileStore::commit(const FileChanges &changes)
 {
-    if (!m_folder.isEmpty()) {
+    const FileChanges::Places &places = changes.places();
+    if (!m_folder.isEmpty() && !places.empty()) {
         std::string text;
-        ajson::encodeRecord(listOf(index), text);
-        if (!keepText(indexName, text))
+        ajson::encodeRecord(recordOf(places), text);
+        if (!keepText(changeName(m_lastChange + 1), text))
             return false;
-        const std::set<std::string> names = contentNames(index);
-        for (const auto &[key, file] : m_index) {
-            if (names.count(file.contentName) == 0)
-                QFile::remove(pathOf(file.contentName));
-        }
+        m_changes.push_back(++m_lastChange);
+        removeUnnamed(places);
     }
-    m_index = std::move(index);
+    makeChanges(places, m_index);
+    if (m_changes.size() > std::max(fewestChanges, m_index.size()))
+        keepIndex();
     return true;
+}
+
+/// Takes the changes into the index. Where there is no room for that they stay.
+void FileStore::keepIndex()
+{
+    std::string text;
+    ajson::encodeRecord(listOf(m_index), text);
+    if (!keepText(indexName, text))
+        return;
+    for (; !m_changes.empty(); m_changes.pop_front())
+        QFile::remove(QDir(m_folder).filePath(changeName(m_changes.front())));
+}
+
+/// The contents that the index names, and no longer will.
+void FileStore::removeUnnamed(const FileChanges::Places &places) const
+{
+    std::set<std::string> names;
+    for (const auto &[key, file] : places) {
+        if (file)
+            names.insert(file->contentName);
+    }
+    for (const auto &[key, file] : places) {
+        const auto old = m_index.find(key);
+        if (old != m_index.end() && names.count(old->second.contentName) == 0)
+            QFile::remove(pathOf(old->second.contentName));
+    }
 }
 
 IncomingContent FileStore::receive()
@@ -143,7 +229,7 @@ IncomingContent FileStore::receive()
     return content;
 }
 
-bool FileStore::place(FileIndex &index, const s_FileDetail &detail, IncomingContent content)
+bool FileStore::place(FileChanges &changes, const s_FileDetail &detail, IncomingContent content)
 {
     StoredFile file;
     static_cast<s_FileDetail &>(file) = detail;
@@ -156,14 +242,14 @@ bool FileStore::place(FileIndex &index, const s_FileDetail &detail, IncomingCont
     } else {
         file.content = static_cast<QBuffer &>(*content.m_device).data();
     }
-    index[keyOf(detail)] = std::move(file);
+    changes.place(std::move(file));
     return true;
 }
 
-bool FileStore::place(FileIndex &index, const s_FileDetail &detail, std::string_view bytes)
+bool FileStore::place(FileChanges &changes, const s_FileDetail &detail, std::string_view bytes)
 {
     IncomingContent content = receive();
-    return content.append(bytes) && place(index, detail, std::move(content));
+    return content.append(bytes) && place(changes, detail, std::move(content));
 }
 
 std::shared_ptr<QIODevice> FileStore::content(const StoredFile &file) const

@@ -1,31 +1,18 @@
 #pragma once
 
-#include <tavorocontrol/proto/file.h>
+#include "filechanges.h"
 
-#include <QByteArray>
 #include <QIODevice>
 #include <QLockFile>
 #include <QString>
 
-#include <map>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace Tavoro::Sim {
-
-using FileKey = std::pair<qint32, qint32>; ///< Type, number.
-FileKey keyOf(const ProtoModel::s_FileIdentity &id);
-
-/// A file of the device: what is told of it, and where its content is.
-struct StoredFile : ProtoModel::File::s_FileDetail {
-    std::string contentName; ///< Name in the folder, if there is one.
-    QByteArray content; ///< The content itself, if there is none.
-    TAVORO_FIELDS(fileId, fileType, general, source, size, contentName)
-};
-using FileIndex = std::map<FileKey, StoredFile>;
 
 /// Content on its way into the store. What is never placed there is forgotten.
 class IncomingContent {
@@ -46,9 +33,18 @@ private:
 
 /// The files that the device stores, in memory or in a folder.
 ///
-/// In a folder the contents are files of their own, never changed once they are there, and
-/// \c index.json names those that count. It is replaced as a whole, by a rename: a store that was
-/// cut off in the middle of a change is found as it was before or after it.
+/// In a folder the contents are files of their own, never changed once they are there, and these
+/// name those that count:
+///
+/// \code
+/// index.json       all files as they were once: [file, ...]
+/// change-N.json    what has changed since, N from 1: {"placed":[file, ...],"removed":[id, ...]}
+/// \endcode
+///
+/// Each is there whole or not at all, by a rename, so that a store that was cut off in the middle
+/// of a change is found as it was before or after it. The changes are taken into the index when
+/// there are more of them than files, and when the folder is opened. They go in their order: those
+/// that are left when that is cut off lead to the same files once more.
 class FileStore {
 public:
     /// Keeps the files in \a folder from now on, beginning with those that are there. False with a
@@ -56,16 +52,18 @@ public:
     bool open(const QString &folder, QString &error);
 
     const FileIndex &index() const { return m_index; }
-    /// Makes \a index the one that counts. False when it cannot be written, and nothing changes.
-    bool commit(FileIndex index);
+    /// Changes of the files as they are now, to be made before any others.
+    FileChanges change() const { return FileChanges(m_index); }
+    /// Makes the changes. False when they cannot be written, and then nothing changes.
+    bool commit(const FileChanges &changes);
 
     IncomingContent receive();
-    /// Enters \a content in \a index as that of \a detail, with its length and hash sum, in the
+    /// Enters \a content in \a changes as that of \a detail, with its length and hash sum, in the
     /// place of one that is there. False when there is no room for it.
-    bool place(FileIndex &index, const ProtoModel::File::s_FileDetail &detail,
+    bool place(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
                IncomingContent content);
     /// The same with bytes that are there at once.
-    bool place(FileIndex &index, const ProtoModel::File::s_FileDetail &detail,
+    bool place(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
                std::string_view bytes);
 
     /// Reads the content as it is now, also when it is replaced meanwhile. Null when the folder has
@@ -80,7 +78,13 @@ public:
     bool fetchText(const QString &name, std::optional<std::string> &text, QString &error) const;
 
 private:
-    bool readIndex(QString &error);
+    bool readFiles(QString &error);
+    /// Reads the record that was kept under \a name; none leaves it as it is.
+    template <class Record>
+    bool fetchRecord(const QString &name, Record &record, QString &error) const;
+    void dropLost();
+    void keepIndex();
+    void removeUnnamed(const FileChanges::Places &places) const;
     void sweep() const;
     QString pathOf(const std::string &name) const;
 
@@ -88,6 +92,9 @@ private:
     std::unique_ptr<QLockFile> m_lock;
     FileIndex m_index;
     quint64 m_lastName = 0; ///< Number in the name of the newest content.
+    /// Numbers of the changes that are not in the index yet, in their order.
+    std::deque<quint64> m_changes;
+    quint64 m_lastChange = 0;
 };
 
 } // namespace Tavoro::Sim

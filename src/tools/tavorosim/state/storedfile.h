@@ -1,0 +1,24 @@
+#pragma once
+
+#include <tavorocontrol/proto/file.h>
+
+#include <QByteArray>
+
+#include <map>
+#include <string>
+#include <utility>
+
+namespace Tavoro::Sim {
+
+using FileKey = std::pair<qint32, qint32>; ///< Type, number.
+FileKey keyOf(const ProtoModel::s_FileIdentity &id);
+
+/// A file of the device: what is told of it, and where its content is.
+struct StoredFile : ProtoModel::File::s_FileDetail {
+    std::string contentName; ///< Name in the folder, if there is one.
+    QByteArray content; ///< The content itself, if there is none.
+    TAVORO_FIELDS(fileId, fileType, general, source, size, contentName)
+};
+using FileIndex = std::map<FileKey, StoredFile>;
+
+} // namespace Tavoro::Sim
