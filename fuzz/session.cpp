@@ -106,6 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         QString error;
         const bool ok = operation(it.device.model, error);
         demand(!ok || error.isEmpty(), "a success gives no reason");
+        demand(ok || !error.isEmpty(), "a failure gives its reason");
     }
     return 0;
 }
