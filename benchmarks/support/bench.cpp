@@ -2,6 +2,8 @@
 
 #include <tavorossproxy/devicemanager.h>
 
+#include <QCommandLineParser>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -19,6 +21,17 @@ void require(bool ok, const QString &why)
 {
     if (!ok)
         fail(why);
+}
+
+int numberOf(const QCommandLineParser &parser, const char *option, int least, int most)
+{
+    const int number = parser.value(QLatin1String(option)).toInt();
+    require(number >= least && number <= most,
+            QStringLiteral("--%1 is between %2 and %3")
+                .arg(QLatin1String(option))
+                .arg(least)
+                .arg(most));
+    return number;
 }
 
 Route::Route(quint16 port)

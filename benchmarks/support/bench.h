@@ -9,6 +9,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QCommandLineParser;
+QT_END_NAMESPACE
+
 namespace Bench {
 
 constexpr int patience = 30000; ///< Milliseconds.
@@ -16,6 +20,9 @@ constexpr int patience = 30000; ///< Milliseconds.
 /// Ends the program with a sentence.
 [[noreturn]] void fail(const QString &why);
 void require(bool ok, const QString &why);
+
+/// The value of an option, which the program does not run without when it is out of its range.
+int numberOf(const QCommandLineParser &parser, const char *option, int least, int most);
 
 /// A channel over loopback that the manager knows, and a device of the model that is reached
 /// through it.

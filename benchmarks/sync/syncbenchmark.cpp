@@ -38,6 +38,7 @@
 #include <cstdio>
 
 using namespace Tavoro;
+using Bench::numberOf;
 using Bench::require;
 using SSProxy::Command;
 using SSProxy::DeviceManager;
@@ -202,14 +203,6 @@ void print(const Results &results, const RecordingChannel &channel)
                 whole / (results.bare.value() + results.decode.value()));
 }
 
-int numberOf(const QCommandLineParser &parser, const char *option)
-{
-    const int number = parser.value(QLatin1String(option)).toInt();
-    require(number >= 1 && number <= 10,
-            QStringLiteral("--%1 is between 1 and 10").arg(QLatin1String(option)));
-    return number;
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -222,7 +215,8 @@ int main(int argc, char *argv[])
     parser.addOption(
         {QStringLiteral("rounds"), QString(), QStringLiteral("N"), QStringLiteral("3")});
     parser.process(application);
-    const int scale = numberOf(parser, "scale");
+    const int scale = numberOf(parser, "scale", 1, 10);
+    const int rounds = numberOf(parser, "rounds", 1, 10);
 
     const Bench::LocalDevice device(largeDevice(scale));
     const Bench::Route route(device.port());
@@ -234,7 +228,7 @@ int main(int argc, char *argv[])
     DeviceManager::instance()->removeDeviceChannel(route.channel());
     DeviceManager::instance()->addDeviceChannel(channel);
     Results results;
-    for (int round = 0; round < numberOf(parser, "rounds"); ++round)
+    for (int round = 0; round < rounds; ++round)
         runRound(channel, *model, results);
     print(results, *channel);
     DeviceManager::instance()->removeDeviceChannel(channel);

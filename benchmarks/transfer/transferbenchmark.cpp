@@ -32,6 +32,7 @@
 #include <vector>
 
 using namespace Tavoro;
+using Bench::numberOf;
 using Bench::require;
 
 namespace {
@@ -52,17 +53,6 @@ struct Workload {
     std::function<void()> run;
     double best = 0; ///< Seconds.
 };
-
-int numberOf(const QCommandLineParser &parser, const char *option, int least, int most)
-{
-    const int number = parser.value(QLatin1String(option)).toInt();
-    require(number >= least && number <= most,
-            QStringLiteral("--%1 is between %2 and %3")
-                .arg(QLatin1String(option))
-                .arg(least)
-                .arg(most));
-    return number;
-}
 
 Wanted wantedOf(const QStringList &arguments)
 {

@@ -24,6 +24,7 @@
 #include <string>
 
 using namespace Tavoro;
+using Bench::numberOf;
 using Bench::require;
 
 namespace {
@@ -132,14 +133,6 @@ Peaks transfer(Control::File &file, int mebibytes, const Device &device)
     return peaks;
 }
 
-int sizeOf(const QCommandLineParser &parser, const char *option)
-{
-    const int size = parser.value(QLatin1String(option)).toInt();
-    require(size >= 1 && size <= 2047,
-            QStringLiteral("--%1 is between 1 and 2047").arg(QLatin1String(option)));
-    return size;
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -152,8 +145,8 @@ int main(int argc, char *argv[])
     parser.addOption(
         {QStringLiteral("large"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("1024")});
     parser.process(application);
-    const int small = sizeOf(parser, "small");
-    const int large = sizeOf(parser, "large");
+    const int small = numberOf(parser, "small", 1, 2047);
+    const int large = numberOf(parser, "large", 1, 2047);
 
     const Device device;
     const Bench::Route route(device.port());
