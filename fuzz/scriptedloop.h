@@ -1,11 +1,12 @@
 #pragma once
 
 #include <tavorossproxy/channelloop_p.h>
+#include <tavorossproxy/postedcalls_p.h>
 
-#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <set>
 
 /// The channels' thread and clock inside the caller's own thread: while a request waits, what was
@@ -20,11 +21,7 @@ public:
 
     Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }
     bool isCurrentThread() const override { return m_isRunning; }
-    bool post(std::function<void()> call) override
-    {
-        m_calls.push_back(std::move(call));
-        return true;
-    }
+    bool post(std::function<void()> call) override { return m_calls.add(std::move(call)); }
     void postAt(TimePoint time, std::function<void()> call) override
     {
         m_timed.emplace(time, std::move(call));
@@ -52,11 +49,7 @@ public:
     void run()
     {
         m_isRunning = true;
-        while (!m_calls.empty()) {
-            const auto call = std::move(m_calls.front());
-            m_calls.pop_front();
-            call();
-        }
+        m_calls.run();
         m_isRunning = false;
     }
 
@@ -65,7 +58,7 @@ public:
         while (!m_timed.empty() && m_timed.begin()->first <= time) {
             auto next = m_timed.extract(m_timed.begin());
             m_now = std::max(m_now, next.key());
-            m_calls.push_back(std::move(next.mapped()));
+            m_calls.add(std::move(next.mapped()));
             run();
         }
         m_now = std::max(m_now, time);
@@ -78,7 +71,8 @@ private:
     }
 
     const std::function<bool()> m_act;
-    std::deque<std::function<void()>> m_calls;
+    std::mutex m_mutex; // guards m_calls, as in a loop of several threads
+    Tavoro::SSProxy::Internal::PostedCalls m_calls{m_mutex};
     std::multimap<TimePoint, std::function<void()>> m_timed;
     std::set<std::shared_ptr<User>> m_users;
     bool m_isRunning = false;

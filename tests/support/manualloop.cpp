@@ -7,9 +7,8 @@ constexpr std::chrono::seconds tooLong{60};
 bool ManualLoop::post(std::function<void()> call)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_hasEnded)
+    if (!m_calls.add(std::move(call)))
         return false;
-    m_calls.push_back(std::move(call));
     m_changed.notify_all();
     return true;
 }
@@ -46,21 +45,6 @@ void ManualLoop::waitUntil(std::condition_variable &condition, std::unique_lock<
     m_waiting.erase(std::this_thread::get_id());
 }
 
-void ManualLoop::run()
-{
-    while (true) {
-        std::function<void()> call;
-        {
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_calls.empty())
-                return;
-            call = std::move(m_calls.front());
-            m_calls.pop_front();
-        }
-        call();
-    }
-}
-
 void ManualLoop::wake()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -91,7 +75,7 @@ void ManualLoop::end()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_hasEnded = true;
+        m_calls.end();
     }
     run();
     for (const auto &user : m_users)
@@ -103,7 +87,7 @@ bool ManualLoop::waitForCalls()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     const bool isInTime =
-        m_changed.wait_for(lock, tooLong, [this] { return m_isWoken || !m_calls.empty(); });
+        m_changed.wait_for(lock, tooLong, [this] { return m_isWoken || !m_calls.isEmpty(); });
     m_isWoken = false;
     return isInTime;
 }

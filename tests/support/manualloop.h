@@ -1,10 +1,10 @@
 #pragma once
 
 #include <tavorossproxy/channelloop_p.h>
+#include <tavorossproxy/postedcalls_p.h>
 
 #include <atomic>
 #include <condition_variable>
-#include <deque>
 #include <map>
 #include <mutex>
 #include <set>
@@ -30,7 +30,7 @@ public:
                    TimePoint deadline) override;
 
     /// Runs what was posted until nothing is left.
-    void run();
+    void run() { m_calls.run(); }
     /// Runs what is posted, waiting for more, until \a isReached; false when that takes too long.
     template <class Condition>
     bool runUntil(Condition isReached)
@@ -67,9 +67,8 @@ private:
 
     mutable std::mutex m_mutex; // guards what follows
     std::condition_variable m_changed;
-    std::deque<std::function<void()>> m_calls;
+    Tavoro::SSProxy::Internal::PostedCalls m_calls{m_mutex};
     std::multimap<std::thread::id, Waiter> m_waiting;
     bool m_isWoken = false;
-    bool m_hasEnded = false;
     TimePoint m_now{std::chrono::hours(1)};
 };

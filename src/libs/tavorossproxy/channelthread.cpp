@@ -70,11 +70,10 @@ bool ChannelThread::post(std::function<void()> call)
     bool mustWake = false;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_hasEnded)
+        mustWake = m_calls.isEmpty() && !m_lookout.isOn;
+        if (!m_calls.add(std::move(call)))
             return false;
-        mustWake = m_calls.empty() && !m_lookout.isOn;
         m_lookout.isWorthwhile = m_clock.now() - m_lookout.since < lookoutTime;
-        m_calls.push_back(std::move(call));
     }
     // By name: the call carries no data past the mutex.
     if (mustWake)
@@ -94,13 +93,13 @@ void ChannelThread::lookOut()
 {
     const auto end = m_clock.now() + lookoutTime;
     std::unique_lock<std::mutex> lock(m_mutex);
-    while (m_calls.empty() && m_clock.now() < end) {
+    while (m_calls.isEmpty() && m_clock.now() < end) {
         lock.unlock();
         std::this_thread::yield();
         lock.lock();
     }
     m_lookout.isOn = false;
-    m_lookout.isWorthwhile = !m_calls.empty();
+    m_lookout.isWorthwhile = !m_calls.isEmpty();
     lock.unlock();
     runCalls();
 }
@@ -126,27 +125,12 @@ void ChannelThread::detach(const User *user)
                   m_users.end());
 }
 
-void ChannelThread::runCalls()
-{
-    while (true) {
-        std::function<void()> call;
-        {
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_calls.empty())
-                return;
-            call = std::move(m_calls.front());
-            m_calls.pop_front();
-        }
-        call();
-    }
-}
-
 /// Whatever was posted before has an effect, and nothing is taken after.
 void ChannelThread::end()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_hasEnded = true;
+        m_calls.end();
     }
     runCalls();
     for (const auto &user : m_users)

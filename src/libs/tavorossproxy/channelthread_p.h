@@ -1,11 +1,11 @@
 #pragma once
 
 #include "channelloop_p.h"
+#include "postedcalls_p.h"
 
 #include <QObject>
 #include <QThread>
 
-#include <deque>
 #include <mutex>
 #include <vector>
 
@@ -18,8 +18,7 @@ namespace Tavoro::SSProxy::Internal {
 /// |---------------------|----------------------------------|
 /// | instance, stop      | any but the channels' own        |
 /// | post                | any                              |
-/// | m_calls, m_hasEnded | any, guarded by m_mutex          |
-/// | m_lookout           | any, guarded by m_mutex          |
+/// | m_calls, m_lookout  | any, guarded by m_mutex          |
 /// | m_users             | the channels' own                |
 class ChannelThread final : public QObject, public ChannelLoop {
     Q_OBJECT
@@ -51,16 +50,15 @@ private:
         Clock::TimePoint since; ///< When a call was expected last.
     };
 
-    Q_INVOKABLE void runCalls();
+    Q_INVOKABLE void runCalls() { m_calls.run(); }
     Q_INVOKABLE void lookOut();
     void end();
 
     SteadyClock m_clock;
     QThread m_thread;
     std::mutex m_mutex; // never held while a call runs
-    std::deque<std::function<void()>> m_calls; // guarded by m_mutex
+    PostedCalls m_calls{m_mutex};
     Lookout m_lookout; // guarded by m_mutex
-    bool m_hasEnded = false; // guarded by m_mutex
     std::vector<std::shared_ptr<User>> m_users;
 };
 
