@@ -55,6 +55,8 @@ public:
     bool requestControl(ControlAction action, QString &error);
     ProtoModel::DeviceBaseInfo info() const;
     ChannelStatistics statistics() const;
+    QString peerName() const;
+    const std::string &expectedIdentity() const { return m_options.identity; }
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
 
@@ -76,7 +78,6 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    QString peerName() const;
     void postSending();
     void sendUnsent();
     void noteControl(const Wire::FrameEvent &event);

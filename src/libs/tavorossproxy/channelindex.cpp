@@ -29,7 +29,7 @@ std::shared_ptr<ChannelIndex> ChannelIndex::ofManager()
 void ChannelIndex::add(std::shared_ptr<DeviceChannel> channel)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (std::find(m_channels.begin(), m_channels.end(), channel) == m_channels.end())
+    if (!isIn(channel))
         m_channels.push_back(std::move(channel));
 }
 
@@ -53,6 +53,12 @@ ChannelIndex::Channels ChannelIndex::all() const
     return m_channels;
 }
 
+bool ChannelIndex::contains(const std::shared_ptr<DeviceChannel> &channel) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return isIn(channel);
+}
+
 std::shared_ptr<DeviceChannel> ChannelIndex::find(const std::string &ip, const std::string &mac,
                                                   const std::string &sn) const
 {
@@ -71,11 +77,10 @@ void ChannelIndex::noteMove(const std::shared_ptr<DeviceChannel> &channel)
 {
     const std::string ip = channel->deviceBaseInfo().ip;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const bool isIn = std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
     const bool isNoted = std::any_of(m_moves.begin(), m_moves.end(), [&](const Move &move) {
         return move.channel == channel && move.formerIp == ip;
     });
-    if (isIn && !isNoted && !ip.empty())
+    if (isIn(channel) && !isNoted && !ip.empty())
         m_moves.push_back({channel, ip});
 }
 
@@ -108,10 +113,14 @@ void ChannelIndex::remember(const std::string &sn,
                             const std::shared_ptr<DeviceChannel> &channel) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const bool isStillIn =
-        std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
-    if (isStillIn)
+    if (isIn(channel))
         m_lastFound[sn] = channel;
+}
+
+/// Called with the mutex held.
+bool ChannelIndex::isIn(const std::shared_ptr<DeviceChannel> &channel) const
+{
+    return std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
 }
 
 } // namespace Tavoro::SSProxy::Internal

@@ -25,6 +25,7 @@ public:
     void add(std::shared_ptr<DeviceChannel> channel);
     void remove(const std::shared_ptr<DeviceChannel> &channel);
     std::vector<std::shared_ptr<DeviceChannel>> all() const;
+    bool contains(const std::shared_ptr<DeviceChannel> &channel) const;
     /// The device of \a channel is about to be looked for elsewhere: from now on the channel is
     /// found by the address of its connection before, too, unless another channel has it.
     void noteMove(const std::shared_ptr<DeviceChannel> &channel);
@@ -43,6 +44,7 @@ private:
                                              const std::string &sn) const;
     std::shared_ptr<DeviceChannel> guess(const std::string &sn) const;
     void remember(const std::string &sn, const std::shared_ptr<DeviceChannel> &channel) const;
+    bool isIn(const std::shared_ptr<DeviceChannel> &channel) const;
 
     mutable std::mutex m_mutex;
     Channels m_channels; // guarded by m_mutex

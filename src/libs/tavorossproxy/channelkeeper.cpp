@@ -1,5 +1,6 @@
 #include "channelkeeper_p.h"
 
+#include "expecteddevice_p.h"
 #include "logging_p.h"
 
 #include <tavorossproxy/wire/identity.h>
@@ -7,6 +8,21 @@
 #include <algorithm>
 
 namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+/// The key of what the channel's device has told, or of what it must tell; empty while it may be
+/// any.
+std::string identityOf(const DeviceChannel &channel)
+{
+    std::string key = Wire::identityKey(channel.deviceBaseInfo());
+    if (!key.empty())
+        return key;
+    const auto *const expected = dynamic_cast<const ExpectedDevice *>(&channel);
+    return expected ? expected->expectedIdentity() : std::string();
+}
+
+} // namespace
 
 ChannelKeeper::ChannelKeeper(std::shared_ptr<ChannelIndex> channels, Opener opener, Handler handler)
     : m_channels(std::move(channels)), m_opener(std::move(opener)), m_handler(std::move(handler))
@@ -21,51 +37,72 @@ void ChannelKeeper::setOptions(const DiscoveryOptions &options)
 void ChannelKeeper::take(const ProtoModel::DeviceBaseInfo &device)
 {
     const std::string key = Wire::identityKey(device);
-    if (key.empty())
-        return; // it could not be told from others
-    if (const auto known = m_known.find(key); known != m_known.end()) {
-        const Channel channel = known->second.lock();
-        if (channel && isIn(channel))
-            follow(channel, device);
-        return;
-    }
-    if (const Channel channel = findInManager(key)) {
+    if (key.empty() || followKnown(key, device))
+        return; // without a key it could not be told from others
+    if (const AnyChannel channel = findInManager(key)) {
         m_known[key] = channel;
         follow(channel, device);
-        return;
+    } else if (const AnyChannel stranger = findBoundFor(device)) {
+        follow(stranger, device); // whose it is shows when it has connected
+    } else {
+        open(key, device);
     }
-    open(key, device);
 }
 
 void ChannelKeeper::readmit()
 {
-    for (auto known = m_known.begin(); known != m_known.end();) {
-        const Channel channel = known->second.lock();
-        known = channel && isIn(channel) ? std::next(known) : m_known.erase(known);
+    for (auto known = m_known.begin(); known != m_known.end();)
+        known =
+            m_channels->contains(known->second.lock()) ? std::next(known) : m_known.erase(known);
+}
+
+/// True when the device is known and gets no further channel.
+bool ChannelKeeper::followKnown(const std::string &key, const ProtoModel::DeviceBaseInfo &device)
+{
+    const auto known = m_known.find(key);
+    if (known == m_known.end())
+        return false;
+    const AnyChannel channel = known->second.lock();
+    if (!m_channels->contains(channel))
+        return true; // it was removed
+    if (const std::string identity = identityOf(*channel); !identity.empty() && identity != key) {
+        m_known.erase(known); // the channel has another device now
+        return false;
     }
+    follow(channel, device);
+    return true;
 }
 
-bool ChannelKeeper::isIn(const Channel &channel) const
+ChannelKeeper::AnyChannel ChannelKeeper::findInManager(const std::string &key) const
 {
-    const auto channels = m_channels->all();
-    return std::find(channels.begin(), channels.end(), channel) != channels.end();
-}
-
-ChannelKeeper::Channel ChannelKeeper::findInManager(const std::string &key) const
-{
-    for (const auto &channel : m_channels->all()) {
-        if (Wire::identityKey(channel->deviceBaseInfo()) == key)
-            return std::dynamic_pointer_cast<NetworkChannel>(channel);
+    for (const AnyChannel &channel : m_channels->all()) {
+        if (identityOf(*channel) == key)
+            return channel;
     }
     return nullptr;
 }
 
-void ChannelKeeper::follow(const Channel &channel, const ProtoModel::DeviceBaseInfo &device)
+/// A channel that waits for whatever device is at that place.
+ChannelKeeper::AnyChannel
+ChannelKeeper::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
 {
-    if (channel->isHardwareReadFinished())
+    const QString host = QString::fromStdString(device.ip);
+    for (const AnyChannel &channel : m_channels->all()) {
+        const auto *const expected = dynamic_cast<const ExpectedDevice *>(channel.get());
+        if (expected && expected->isBoundFor(host, device.tcpPort) && identityOf(*channel).empty())
+            return channel;
+    }
+    return nullptr;
+}
+
+void ChannelKeeper::follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device)
+{
+    const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel);
+    if (!network || network->isHardwareReadFinished())
         return; // a device with two addresses would be pulled to and fro
-    m_channels->noteMove(channel);
-    channel->moveTo(QString::fromStdString(device.ip), device.tcpPort);
+    if (network->deviceBaseInfo().ip != device.ip)
+        m_channels->noteMove(network);
+    network->moveTo(QString::fromStdString(device.ip), device.tcpPort);
 }
 
 void ChannelKeeper::open(const std::string &key, const ProtoModel::DeviceBaseInfo &device)

@@ -17,6 +17,7 @@ namespace Tavoro::SSProxy::Internal {
 class ChannelKeeper {
 public:
     using Channel = std::shared_ptr<NetworkChannel>;
+    using AnyChannel = std::shared_ptr<DeviceChannel>;
     /// Opens a channel to the device.
     using Opener =
         std::function<Channel(const ProtoModel::DeviceBaseInfo &device, const ChannelOptions &)>;
@@ -32,16 +33,17 @@ public:
     void readmit();
 
 private:
-    bool isIn(const Channel &channel) const;
-    Channel findInManager(const std::string &key) const;
-    void follow(const Channel &channel, const ProtoModel::DeviceBaseInfo &device);
+    bool followKnown(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
+    AnyChannel findInManager(const std::string &key) const;
+    AnyChannel findBoundFor(const ProtoModel::DeviceBaseInfo &device) const;
+    void follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device);
     void open(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
 
     const std::shared_ptr<ChannelIndex> m_channels;
     const Opener m_opener;
     const Handler m_handler;
     DiscoveryOptions m_options;
-    std::map<std::string, std::weak_ptr<NetworkChannel>> m_known; ///< By the keys of identities.
+    std::map<std::string, std::weak_ptr<DeviceChannel>> m_known; ///< By the keys of identities.
     bool m_hasWarned = false; ///< That there are too many devices.
 };
 

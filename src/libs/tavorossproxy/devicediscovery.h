@@ -38,10 +38,12 @@ struct DiscoveryOptions {
 /// Nothing is looked for until this is called. Each channel that is opened is told by the manager's
 /// \c deviceChannelFound. A device is known by its serial number, or where that is all zeros by its
 /// MAC:
-/// - One that has a channel in the manager, whoever opened it, gets no second one. When that
-///   channel has no connection, it tries where the device was seen; so a device that moves to
-///   another address keeps its channel. The manager finds it by the former address too, for as long
-///   as no other device is there.
+/// - One that has a channel in the manager, whoever opened it, gets no second one. A channel that
+///   has not told an identity yet is that of the device which ChannelOptions::identity names, or
+///   which was seen at the address that it was opened with (a name of a host is not looked up).
+///   When a \c NetworkChannel has no connection, it tries where the device was seen; so a device
+///   that moves to another address keeps its channel. The manager finds it by the former address
+///   too, for as long as no other device is there.
 /// - One whose channel was removed from the manager stays away until the manager is refreshed.
 ///
 /// Any thread; returns at once.

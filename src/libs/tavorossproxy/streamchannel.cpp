@@ -93,4 +93,14 @@ ChannelStatistics StreamChannel::statistics() const
     return m_core->statistics();
 }
 
+std::string StreamChannel::expectedIdentity() const
+{
+    return m_core->expectedIdentity();
+}
+
+bool StreamChannel::isBoundFor(const QString &host, quint16 port) const
+{
+    return m_core->peerName() == ChannelCore::peerNameOf(host, port);
+}
+
 } // namespace Tavoro::SSProxy::Internal

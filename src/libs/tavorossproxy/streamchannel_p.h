@@ -2,6 +2,7 @@
 
 #include "bytestream_p.h"
 #include "channelloop_p.h"
+#include "expecteddevice_p.h"
 
 #include <tavorossproxy/channeloptions.h>
 #include <tavorossproxy/networkchannel.h>
@@ -17,7 +18,7 @@ namespace Tavoro::SSProxy::Internal {
 class ChannelCore;
 
 /// A channel over any stream of bytes. Stops when it is destroyed.
-class StreamChannel final : public NetworkChannel {
+class StreamChannel final : public NetworkChannel, public ExpectedDevice {
 public:
     using ReportHandler =
         std::function<void(std::weak_ptr<DeviceChannel>, std::shared_ptr<IDeviceCommand>)>;
@@ -46,6 +47,8 @@ public:
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
     ChannelStatistics statistics() const override;
+    std::string expectedIdentity() const override;
+    bool isBoundFor(const QString &host, quint16 port) const override;
 
 private:
     const std::shared_ptr<ChannelCore> m_core;

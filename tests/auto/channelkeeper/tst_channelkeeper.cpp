@@ -2,6 +2,7 @@
 
 #include <tavorossproxy/channelkeeper_p.h>
 #include <tavorossproxy/devicecommand.h>
+#include <tavorossproxy/expecteddevice_p.h>
 
 #include <QTest>
 
@@ -38,6 +39,37 @@ public:
     QStringList moves;
 };
 
+/// One that was opened and has not connected yet.
+class YoungChannel : public QuietChannel, public Internal::ExpectedDevice {
+public:
+    explicit YoungChannel(const char *identity = "") : m_identity(identity) { }
+
+    std::string expectedIdentity() const override { return m_identity; }
+    bool isBoundFor(const QString &host, quint16 port) const override
+    {
+        return host == QLatin1String("192.0.2.7") && port == 6630;
+    }
+
+private:
+    const std::string m_identity;
+};
+
+/// A channel of an application that has its own way to a device.
+class ForeignChannel : public DeviceChannel {
+public:
+    std::shared_ptr<DeviceResponseCommand>
+    sendSyncRequest(std::shared_ptr<DeviceRequestCommand>) override
+    {
+        return nullptr;
+    }
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override { return info; }
+    bool isHardwareReadFinished() override { return false; }
+    bool isMasterControl() override { return true; }
+    void stopChannel() override { }
+
+    ProtoModel::DeviceBaseInfo info;
+};
+
 ProtoModel::DeviceBaseInfo device(const char *ip = "192.0.2.7", quint8 number = 7)
 {
     ProtoModel::DeviceBaseInfo info;
@@ -65,7 +97,12 @@ private Q_SLOTS:
     void channelWithoutAConnectionFollowsItsDevice();
     void channelWithAConnectionStaysWhereItIs();
     void channelOfSomebodyElseIsUsedToo();
+    void channelThatHasNotConnectedIsKnownByItsIdentity();
+    void channelThatHasNotConnectedIsKnownByItsPlace();
+    void channelWithoutANetworkIsUsedToo();
+    void deviceWhoseChannelHasAnotherDeviceNowGetsItsOwn();
     void movedChannelIsFoundByTheFormerAddressToo();
+    void sightingAtTheSamePlaceIsNoMove();
     void formerAddressBelongsToWhoeverIsThereNow();
     void removedChannelIsNotFoundByItsFormerAddress();
     void removedDeviceStaysAwayUntilItIsReadmitted();
@@ -159,6 +196,66 @@ void tst_ChannelKeeper::channelOfSomebodyElseIsUsedToo()
     QCOMPARE(m_index->all().size(), std::size_t(1));
     QCOMPARE(mine->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
     QCOMPARE(m_told, 0);
+}
+
+void tst_ChannelKeeper::channelThatHasNotConnectedIsKnownByItsIdentity()
+{
+    const auto young = std::make_shared<YoungChannel>(sn);
+    m_index->add(young);
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_opened, QStringList());
+    QCOMPARE(young->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
+    m_keeper->take(device("192.0.2.7", 8)); // it would not be let in there
+    QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD08")});
+}
+
+void tst_ChannelKeeper::channelThatHasNotConnectedIsKnownByItsPlace()
+{
+    const auto young = std::make_shared<YoungChannel>();
+    m_index->add(young);
+    m_keeper->take(device());
+    QCOMPARE(m_opened, QStringList());
+    QCOMPARE(young->moves, QStringList{QStringLiteral("192.0.2.7:6630")});
+
+    young->info = device("192.0.2.7", 8); // now it shows that another device is there too
+    m_keeper->take(device());
+    QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD07")});
+}
+
+void tst_ChannelKeeper::channelWithoutANetworkIsUsedToo()
+{
+    const auto foreign = std::make_shared<ForeignChannel>();
+    foreign->info = device();
+    m_index->add(foreign);
+    m_keeper->take(device());
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_opened, QStringList());
+    QCOMPARE(m_index->all().size(), std::size_t(1));
+    m_index->remove(foreign);
+    m_keeper->take(device()); // stays away like any other
+    QCOMPARE(m_opened, QStringList());
+}
+
+void tst_ChannelKeeper::deviceWhoseChannelHasAnotherDeviceNowGetsItsOwn()
+{
+    const auto mine = std::make_shared<QuietChannel>();
+    mine->info = device();
+    m_index->add(mine);
+    m_keeper->take(device());
+    mine->info = device("192.0.2.7", 8); // devices were exchanged
+    mine->isReady = true;
+    m_keeper->take(device("192.0.2.7", 8));
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.99 0123456789ABCD07")});
+}
+
+void tst_ChannelKeeper::sightingAtTheSamePlaceIsNoMove()
+{
+    m_keeper->take(device());
+    m_channels.at(0)->info = device();
+    m_keeper->take(device());
+    m_channels.at(0)->info = device("192.0.2.99");
+    QVERIFY(!m_index->find("192.0.2.7", mac, sn));
 }
 
 void tst_ChannelKeeper::movedChannelIsFoundByTheFormerAddressToo()

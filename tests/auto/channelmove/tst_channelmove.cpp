@@ -19,6 +19,7 @@ private Q_SLOTS:
     void sentenceNamesTheNewPlace();
     void onlyTheDeviceThatIsDueIsTaken();
     void anyDeviceIsTakenWhereNoneIsDue();
+    void placeAndDueDeviceAreKnownBeforeItConnects();
 
 private:
     void move(const char *host)
@@ -117,6 +118,23 @@ void tst_ChannelMove::anyDeviceIsTakenWhereNoneIsDue()
     QVERIFY(m_options.identity.empty());
     connectChannel();
     QVERIFY(m_channel->isHardwareReadFinished());
+}
+
+void tst_ChannelMove::placeAndDueDeviceAreKnownBeforeItConnects()
+{
+    QCOMPARE(m_channel->expectedIdentity(), std::string());
+    QVERIFY(m_channel->isBoundFor(QStringLiteral("wall"), 6630));
+    QVERIFY(!m_channel->isBoundFor(QStringLiteral("wall"), 6631));
+    QVERIFY(!m_channel->isBoundFor(QStringLiteral("192.0.2.99"), 6630));
+    move("192.0.2.99");
+    QVERIFY(m_channel->isBoundFor(QStringLiteral("192.0.2.99"), 6630));
+    QVERIFY(!m_channel->isBoundFor(QStringLiteral("wall"), 6630));
+
+    m_options.identity = "0123456789ABCDEF";
+    m_channel.reset();
+    m_loop->run();
+    openChannel();
+    QCOMPARE(m_channel->expectedIdentity(), std::string("0123456789ABCDEF"));
 }
 
 QTEST_APPLESS_MAIN(tst_ChannelMove)

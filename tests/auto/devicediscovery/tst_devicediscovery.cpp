@@ -4,6 +4,7 @@
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/networkchannel.h>
+#include <tavorossproxy/tcpdevicechannel.h>
 
 #include <QElapsedTimer>
 #include <QHostAddress>
@@ -95,6 +96,7 @@ private Q_SLOTS:
     void foundDeviceHasAChannel();
     void devicesAreFoundBesideARunningDiscovery();
     void discoveryThatIsStartedAgainGoesOn();
+    void channelThatWasOpenedBeforeIsTheOnlyOne();
     void deviceThatIsLookedForAgainIsFoundOnRefresh();
     void deviceThatMovesKeepsItsChannel();
 };
@@ -203,6 +205,22 @@ void tst_DeviceDiscovery::discoveryThatIsStartedAgainGoesOn()
     startDeviceDiscovery(options);
     QTRY_VERIFY(isConnected(1));
     QCOMPARE(channels().size(), std::size_t(2));
+}
+
+void tst_DeviceDiscovery::channelThatWasOpenedBeforeIsTheOnlyOne()
+{
+    const auto first = start(wall(1));
+    const auto second = start(wall(2));
+    ChannelOptions waiting;
+    waiting.maxConnections = 0; // it never connects, and so is never told who is there
+    DeviceManager::instance()->addDeviceChannel(
+        openTcpDeviceChannel(QStringLiteral("127.0.0.1"), first->port(), waiting));
+    DiscoveryOptions options;
+    options.targets = {targetOf(*first), targetOf(*second)};
+    startDeviceDiscovery(options);
+    QTRY_VERIFY(isConnected(1));
+    QCOMPARE(channels().size(), std::size_t(2));
+    QCOMPARE(channels()[1]->deviceBaseInfo().name, std::string("wall 2"));
 }
 
 void tst_DeviceDiscovery::deviceThatIsLookedForAgainIsFoundOnRefresh()
