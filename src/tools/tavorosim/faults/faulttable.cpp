@@ -148,7 +148,10 @@ void swapPackets(const FaultedRequest &request, Delivery &delivery)
     head.totalCount = due.head.totalCount;
     head.sendCount = next;
     delivery.bytes = frameOf(request.makeAnswer(head));
-    request.past.heldBack.push_back(std::move(due));
+    auto &heldBack = request.past.heldBack;
+    heldBack.push_back(std::move(due));
+    if (heldBack.size() > PacketDesk::mostStreams) // nobody will ask for the oldest any more
+        heldBack.pop_front();
 }
 
 void cutBody(const FaultedRequest &request, Delivery &delivery)
