@@ -1,7 +1,5 @@
 #include "faultbench.h"
 
-#include "modeltext.h"
-
 #include <tavorocontrol/autoreportmanager.h>
 #include <tavorocontrol/device.h>
 
@@ -48,13 +46,17 @@ FaultBench::FaultBench(std::chrono::milliseconds requestTime)
     QString error;
     if (!m_store.isOpen || !sync.import(2, 1, std::string(1000, 'f')) || !synchronise())
         qFatal("no bench: %s", qUtf8Printable(m_store.error));
+    // What comes by reports only is kept through synchronisations.
+    sync.listed()->updateCutoutRGB({1, 2, 3}, error);
+    sync.listed()->setScreenGenlocks({{{1, 1}, {}}});
+    if (!synchronise())
+        qFatal("no bench");
     remember();
 }
 
 void FaultBench::remember()
 {
-    m_modelBefore = ModelText(*sync.listed()).all();
-    m_storedBefore = storedRows();
+    m_rowsBefore = modelRows();
     m_resourcesBefore = Resources::now();
 }
 
@@ -99,9 +101,11 @@ void FaultBench::lift(bool isLost)
     const auto &channel = *sync.connection.channel;
     QVERIFY(sync.connection.simulator->execute(QStringLiteral("fault clear")).ok);
     const quint64 wanted = m_connections + (isLost ? 1 : 0);
-    QTRY_VERIFY((sync.connection.channel->reconnectNow(),
-                 channel.statistics().connections == wanted
-                     && sync.connection.channel->isHardwareReadFinished()));
+    QVERIFY(QTest::qWaitFor([&] {
+        sync.connection.channel->reconnectNow();
+        return channel.statistics().connections == wanted
+            && sync.connection.channel->isHardwareReadFinished();
+    }));
 }
 
 void FaultBench::checkNextExchange()
@@ -120,25 +124,41 @@ void FaultBench::checkResources() const
 
 void FaultBench::checkModelIsUnchanged() const
 {
-    QCOMPARE(ModelText(*sync.listed()).all(), m_modelBefore);
-    QCOMPARE(storedRows(), m_storedBefore);
+    QCOMPARE(modelRows(), m_rowsBefore);
+    QCOMPARE(storedRows(), m_rowsBefore);
 }
 
-void FaultBench::checkStoreIsTheModel() const
+QStringList FaultBench::rowsBefore(int kind) const
 {
-    const ModelText model(*sync.listed());
-    const QStringList counts{
-        QStringLiteral("interfaces %1").arg(model.interfaces.size()),
-        QStringLiteral("screens %1").arg(model.screens.size()),
-        QStringLiteral("layers %1").arg(model.layers.size()),
-        QStringLiteral("files %1").arg(model.files.size()),
-    };
-    QCOMPARE(storedCounts(), counts);
+    return StoreText::ofKind(m_rowsBefore, kind);
+}
+
+void FaultBench::checkModelHolds(const QStringList &rows) const
+{
+    QCOMPARE(modelRows(), rows);
+}
+
+void FaultBench::checkStoreFollowed() const
+{
+    for (const QStringList &meanwhile : m_storedMeanwhile)
+        QCOMPARE(meanwhile, m_rowsBefore);
+    QVERIFY(m_storedMeanwhile.size() > 3);
+    const QStringList held = modelRows();
+    const QStringList early = storedRows();
+    QVERIFY2(early == m_rowsBefore || early == held, qPrintable(early.join(QLatin1Char('\n'))));
+    QVERIFY(awaitSave());
+    QCOMPARE(storedRows(), held);
 }
 
 bool FaultBench::readDevice()
 {
+    using BizModel::DeviceList;
     m_told = std::make_unique<StoreSignals>();
+    m_storedMeanwhile.clear();
+    QObject watcher; // on the thread of the synchronisation, which waits meanwhile
+    QObject::connect(
+        DeviceList::instance(), &DeviceList::signalShowStatusBarMsg, &watcher,
+        [this] { m_storedMeanwhile << storedRows(); }, Qt::DirectConnection);
     return sync.run();
 }
 
@@ -153,23 +173,12 @@ bool FaultBench::synchronise()
     return awaitSave() && isRead;
 }
 
-QStringList FaultBench::storedRows() const
+QStringList FaultBench::modelRows() const
 {
-    return StoreFile(m_folder.filePath(QStringLiteral("devices.sqlite")))
-        .query(QStringLiteral("SELECT kind || ' ' || key || ' ' || hex(digest) FROM record"
-                              " WHERE kind > 0 ORDER BY kind, position"));
+    return StoreText::expectedOf(*sync.listed());
 }
 
-QStringList FaultBench::storedCounts() const
+QStringList FaultBench::storedRows() const
 {
-    const StoreFile file(m_folder.filePath(QStringLiteral("devices.sqlite")));
-    const char *const kinds[] = {"interfaces", "screens", "layers", "files"};
-    QStringList counts;
-    for (int i = 0; i < 4; ++i) {
-        const QString rows =
-            QStringLiteral("SELECT count(*) FROM record WHERE kind = %1").arg(i + 2);
-        counts << QStringLiteral("%1 %2").arg(QLatin1String(kinds[i]),
-                                              file.query(rows).join(QString()));
-    }
-    return counts;
+    return StoreText::storedIn(m_folder.filePath(QStringLiteral("devices.sqlite")));
 }

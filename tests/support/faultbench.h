@@ -4,8 +4,9 @@
 #include "resources.h"
 #include "simulatedsync.h"
 #include "storedmodel.h"
-#include "storefile.h"
+#include "storetext.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -53,10 +54,14 @@ public:
     void checkResources() const;
     /// Model and store hold what they held when the bench was told to remember it.
     void checkModelIsUnchanged() const;
-    /// The store holds the rows of the model, after a synchronisation of whatever outcome.
-    void checkStoreIsTheModel() const;
+    /// Of the rows that model and store held then those of a kind.
+    QStringList rowsBefore(int kind) const;
+    void checkModelHolds(const QStringList &rows) const;
+    /// The store held what it held then until the last synchronisation had ended, holds that or
+    /// what the model holds now, and the latter when the save is through.
+    void checkStoreFollowed() const;
 
-    /// A synchronisation, without the save that follows it.
+    /// A synchronisation, without the save that follows it. Looks at the store meanwhile.
     bool readDevice();
     /// Waits for that save, which no caller does.
     bool awaitSave() const;
@@ -68,15 +73,14 @@ public:
     SimulatedSync sync;
 
 private:
-    /// Of what the device has; its identity holds the time of its start.
+    QStringList modelRows() const;
     QStringList storedRows() const;
-    QStringList storedCounts() const;
 
     const std::chrono::milliseconds m_requestTime;
     QTemporaryDir m_folder;
     StoredModel m_store;
-    QStringList m_modelBefore;
-    QStringList m_storedBefore;
+    QStringList m_rowsBefore; ///< Of model and store.
+    QList<QStringList> m_storedMeanwhile; ///< At each line of the status bar.
     std::unique_ptr<StoreSignals> m_told; ///< Since the last synchronisation began.
     Resources m_resourcesBefore{};
     quint64 m_connections = 0; ///< At the last fault.

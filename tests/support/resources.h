@@ -3,14 +3,9 @@
 #include <QDir>
 #include <QString>
 
-#include <malloc.h>
-
 /// What the process holds of the system; counted on Linux only.
 struct Resources {
     static Resources now() { return {entriesOf("/proc/self/fd"), entriesOf("/proc/self/task")}; }
-
-    /// Bytes that are allocated; always 0 under a sanitizer, which has a heap of its own.
-    static qint64 heap() { return static_cast<qint64>(mallinfo2().uordblks); }
 
     /// Fewer is well too: what was counted before may have held a thread that had just ended.
     bool isWithin(const Resources &limit) const

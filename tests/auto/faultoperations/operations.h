@@ -21,6 +21,9 @@ struct Operation {
     bool (*run)(FaultBench &bench, QString &error);
     /// What the device has when the operation has happened; null for those that change nothing.
     bool (*hasHappened)(FaultBench &bench);
+
+    bool isSynchronisation() const { return qstrcmp(name, "synchronisation") == 0; }
+    bool isStreamed() const { return qstrcmp(name, "streamed read") == 0; }
 };
 
 extern const Operation operations[operationCount];
