@@ -3,8 +3,10 @@
 #include "storedstates.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -39,6 +41,29 @@ int leaveAsChild(const QString &fileName)
     return 0;
 }
 
+const QByteArray garbage(5000, 'x');
+
+void damage(const QString &fileName)
+{
+    QFile damaged(fileName);
+    QVERIFY(damaged.open(QIODevice::WriteOnly));
+    damaged.write(garbage);
+}
+
+QByteArray contentOf(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A name with room for "-journal" but not for ".damaged-1": no file system of Linux takes more
+/// than 255 bytes, whoever asks.
+const QString nameTooLongToBeKept(246, QLatin1Char('n'));
+
+/// What SQLite says of a file of garbage when it is opened, and when it was open.
+const QString notADatabase = QStringLiteral("file is not a database Unable to execute statement");
+const QString noDatabaseAnyMore = QStringLiteral("file is not a database Unable to fetch row");
+
 } // namespace
 
 /// A disk that fails, and a process that ends in the middle of a save.
@@ -52,6 +77,8 @@ private Q_SLOTS:
     void fullDiskIsToldAndTriedAgain();
     void fullDiskLeavesTheLastCompleteSave();
     void damagedFileIsReplacedOnceTheDiskHasRoom();
+    void damagedFileThatCannotBeRenamedIsLeftAlone();
+    void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
 };
 
 void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne_data()
@@ -177,10 +204,7 @@ void tst_DeviceStoreFaults::damagedFileIsReplacedOnceTheDiskHasRoom()
             model.list->append(second);
             model.save(first);
             model.save(second);
-            QFile damaged(file);
-            QVERIFY(damaged.open(QIODevice::WriteOnly));
-            damaged.write(QByteArray(5000, 'x'));
-            damaged.close();
+            damage(file);
 
             const StoreSignals told;
             FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
@@ -195,6 +219,60 @@ void tst_DeviceStoreFaults::damagedFileIsReplacedOnceTheDiskHasRoom()
         const StoredModel model(file);
         QCOMPARE(model.list->devices().size(), 2);
     }
+}
+
+void tst_DeviceStoreFaults::damagedFileThatCannotBeRenamedIsLeftAlone()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(nameTooLongToBeKept);
+    damage(file);
+    const StoreSignals told;
+    const MessageCatcher log;
+    const StoredModel model(file);
+    QVERIFY(!model.isOpen);
+    QCOMPARE(model.error, notADatabase);
+    QVERIFY(!model.list->saveDeviceDataThread());
+    QVERIFY(model.list->devices().isEmpty());
+    QCoreApplication::processEvents();
+    QCOMPARE(told.setAside, QStringList());
+    QCOMPARE(log.texts("tavoro.model", QtWarningMsg), QStringList());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(nameTooLongToBeKept));
+    QCOMPARE(contentOf(file), garbage);
+}
+
+void tst_DeviceStoreFaults::damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(nameTooLongToBeKept);
+    using Devices = QList<std::shared_ptr<StoredModel::Device>>;
+    const auto first = ModelRecords::device(1);
+    const auto second = ModelRecords::device(2);
+    {
+        const MessageCatcher log;
+        const StoredModel model(file, 20);
+        model.list->append(first);
+        model.list->append(second);
+        model.save(first);
+        damage(file);
+
+        const StoreSignals told;
+        model.list->saveDeviceDataThread()->saveDevicesInfor(first);
+        QTRY_VERIFY(told.failures.size() >= 3);
+        const QStringList reasons{noDatabaseAnyMore, notADatabase, notADatabase};
+        QCOMPARE(told.failures.mid(0, 3), reasons);
+        QStringList lines = reasons;
+        lines.replaceInStrings(QRegularExpression(QStringLiteral("^(.*)$")),
+                               QStringLiteral("Saving device data failed: \"\\1\""));
+        QCOMPARE(log.texts("tavoro.model", QtWarningMsg).mid(0, 3), lines);
+        QCOMPARE(contentOf(file), garbage);
+        QVERIFY(told.saved.isEmpty());
+
+        QVERIFY(QFile::remove(file));
+        QTRY_COMPARE(told.saved, (Devices{first, second}));
+        QCOMPARE(told.setAside, QStringList());
+    }
+    const StoredModel model(file);
+    QCOMPARE(model.list->devices().size(), 2);
 }
 
 int main(int argc, char **argv)
