@@ -267,11 +267,12 @@ quint16 ExchangeTable::freshStream(const Wire::WireHead &head)
 /// stream, and streams go round while a long read goes on.
 void ExchangeTable::noteStream(const Wire::WireHead &answer)
 {
-    m_handedOut.erase(std::remove(m_handedOut.begin(), m_handedOut.end(), answer.stream),
+    const quint16 stream = answer.stream; // the field is packed: no reference to it
+    m_handedOut.erase(std::remove(m_handedOut.begin(), m_handedOut.end(), stream),
                       m_handedOut.end());
     if (quint64(answer.sendCount) + 1 >= answer.totalCount || answer.status != 0)
         return;
-    m_handedOut.push_back(answer.stream);
+    m_handedOut.push_back(stream);
     if (m_handedOut.size() > keptAnswers)
         m_handedOut.pop_front();
 }
