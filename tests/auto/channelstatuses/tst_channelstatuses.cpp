@@ -129,7 +129,8 @@ void tst_ChannelStatuses::channelWithoutAnAddressIsNotInitialised()
 
 void tst_ChannelStatuses::channelWhoseDeviceHasNotToldItsIdentityIsConnecting()
 {
-    Line line("ignore,code=identity");
+    Line line("ignore,code=identity,count=1");
+    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString()); // was asked
     QCOMPARE(line.ask(), 258);
     QCOMPARE(textOf(258), QStringLiteral("software error: Channel is connecting"));
 }

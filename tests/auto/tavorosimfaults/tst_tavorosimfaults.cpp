@@ -3,6 +3,7 @@
 #include <simbench.h>
 
 #include <tavorosim/commandline.h>
+#include <tavorossproxy/wire/frame.h>
 
 using namespace Tavoro;
 using namespace Tavoro::Sim;
@@ -34,6 +35,7 @@ class tst_TavorosimFaults : public QObject {
 private Q_SLOTS:
     void consoleAddsListsAndClears();
     void commandLineTakesRulesAndTheSeed();
+    void seedDecidesWhichExchangesGoWrong();
     void rightAndWrongAnswersOnTheWire();
     void requestsThatAreNotCarriedOutChangeNothing_data();
     void requestsThatAreNotCarriedOutChangeNothing();
@@ -41,6 +43,7 @@ private Q_SLOTS:
     void requestsThatAreCarriedOutChangeTheDevice();
     void lateAnswersComeBehindOthers();
     void deviceThatStopsReadingReadsOnWhenCleared();
+    void deviceThatStopsReadingLeavesWhatCameAlong();
     void rebootedDeviceHasWhatWasSaved();
     void floodComesInFrontOfTheAnswer();
     void identityGoesWrongOnlyByItsName();
@@ -80,6 +83,22 @@ void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
         {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("loud")});
     QVERIFY(!wrong.isValid);
     QCOMPARE(wrong.text, QStringLiteral("tavorosim: \"loud\" is not what --fault takes."));
+}
+
+void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
+{
+    const auto statuses = [](quint32 seed) {
+        SimOptions options;
+        options.seed = seed;
+        options.faults = {rule("status=8,share=50")};
+        SimBench bench(options);
+        QList<int> seen;
+        for (int i = 0; i < 32; ++i)
+            seen.append(bench.write(0x1107, swapBody));
+        return seen;
+    };
+    QCOMPARE(statuses(7), statuses(7));
+    QVERIFY(statuses(7) != statuses(8));
 }
 
 void tst_TavorosimFaults::rightAndWrongAnswersOnTheWire()
@@ -156,6 +175,25 @@ void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
     const WireFrame answer = bench.client->receiveResponse();
     QCOMPARE(int(answer.head.lables), 9);
     QVERIFY(answer.body.find("\"swap\":1") != std::string::npos);
+}
+
+void tst_TavorosimFaults::deviceThatStopsReadingLeavesWhatCameAlong()
+{
+    using SSProxy::Wire::encodeFrame;
+    SimBench bench;
+    WireClient other;
+    QVERIFY(other.connectTo(bench.device->port()));
+    const auto swap = [&] {
+        return other.read(0x1100).body.find("\"swap\":1") != std::string::npos;
+    };
+    QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,code=0x1100,count=1")).ok);
+    const WireFrame read = WireClient::request(0x1100, CommandType::Read);
+    const WireFrame write = WireClient::request(0x1107, CommandType::Write, swapBody);
+    bench.client->sendBytes(encodeFrame(read.head, {}) + encodeFrame(write.head, write.body));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(swap());
+    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    QTRY_VERIFY(!swap());
 }
 
 void tst_TavorosimFaults::rebootedDeviceHasWhatWasSaved()

@@ -138,19 +138,22 @@ void SimClient::readOn()
 
 void SimClient::readFrames()
 {
-    while (m_isReading && !m_isEnding && m_socket->bytesAvailable() > 0
-           && m_socket->bytesToWrite() <= mostUnread) {
-        const qint64 count = m_socket->read(m_received.data(), readSize);
-        std::string_view rest(m_received.data(),
-                              static_cast<std::size_t>(std::max(count, qint64{0})));
-        while (auto event = m_parser.next(rest)) {
-            if (!m_isEnding)
-                take(std::move(*event));
-        }
+    while (m_isReading && !m_isEnding && (!m_rest.empty() || receive())) {
+        if (auto event = m_parser.next(m_rest))
+            take(std::move(*event));
     }
     // Now, not when the event loop comes round to it; then there is time to look ahead.
     m_socket->flush();
     m_desk.readAhead();
+}
+
+bool SimClient::receive()
+{
+    if (m_socket->bytesToWrite() > mostUnread)
+        return false;
+    const qint64 count = m_socket->read(m_received.data(), readSize);
+    m_rest = {m_received.data(), static_cast<std::size_t>(std::max(count, qint64{0}))};
+    return !m_rest.empty();
 }
 
 void SimClient::take(FrameEvent event)

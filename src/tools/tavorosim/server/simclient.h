@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -72,6 +73,7 @@ Q_SIGNALS:
 
 private:
     void readFrames();
+    bool receive();
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
     PacketDesk::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
@@ -96,6 +98,7 @@ private:
     const Services m_services;
     std::shared_ptr<ConnectionOutcomes> m_outcomes; ///< Null when the client has not told its id.
     std::vector<char> m_received; ///< What was read last.
+    std::string_view m_rest; ///< What of that has not been looked at.
     QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
     SSProxy::Wire::FrameParser m_parser;
     PacketDesk m_desk;
