@@ -62,14 +62,36 @@ void ChannelCore::noteControl(const Wire::FrameEvent &event)
         takeControl(true, {});
 }
 
+/// A device may let control change as often as it likes, faster than anybody takes it.
 void ChannelCore::takeControl(bool isMaster, const QString &holder)
 {
     if (m_isMaster.exchange(isMaster) == isMaster)
         return;
-    if (isMaster)
+    m_holderOfControl = holder;
+    if (m_controlLines->passes())
+        logControl(0);
+    if (m_controlChanges->passes())
+        tellControl(0);
+}
+
+void ChannelCore::logControl(quint64 changes)
+{
+    if (changes > 1)
+        qCWarning(channelLog) << "Control of" << peerName() << "has changed often, times"
+                              << changes;
+    if (m_isMaster)
         qCInfo(channelLog) << "Nobody else controls" << peerName();
     else
-        qCWarning(channelLog) << "Others control" << peerName() << holder;
+        qCWarning(channelLog) << "Others control" << peerName() << m_holderOfControl;
+}
+
+/// What has changed and changed back meanwhile is no change.
+void ChannelCore::tellControl(quint64 /*changes*/)
+{
+    const bool isMaster = m_isMaster;
+    if (m_toldMaster == isMaster)
+        return;
+    m_toldMaster = isMaster;
     if (m_handlers.control)
         m_handlers.control(isMaster);
 }

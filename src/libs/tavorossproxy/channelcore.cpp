@@ -12,6 +12,12 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
+/// Between two lines of the log about the same thing.
+constexpr std::chrono::seconds logPause(1);
+
+/// Between two changes of control that are told: those who take them may be slower than the device.
+constexpr std::chrono::milliseconds controlPause(100);
+
 std::shared_ptr<DeviceResponseCommand> refused(const DeviceRequestCommand &request, quint16 status)
 {
     auto response = std::make_shared<DeviceResponseCommand>();
@@ -44,6 +50,7 @@ void ChannelCore::start(std::unique_ptr<ByteStream> stream, Handlers handlers)
         return leaveClosed();
     m_handlers = std::move(handlers);
     makeReportGate();
+    makePacers();
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
     linkConnecting(); // so that a request that comes at once hears the same as a later one
     const bool isPosted = m_loop->post([core = shared_from_this()] {
@@ -204,8 +211,7 @@ void ChannelCore::linkWritable()
 void ChannelCore::linkReceived(Wire::FrameEvent &&event)
 {
     if (event.status != 0) {
-        ++m_protocolErrors;
-        qCWarning(channelLog) << "Frame refused from" << peerName() << "status" << event.status;
+        noteRefused(event.status);
         if (event.fatal)
             return;
     }
@@ -289,31 +295,46 @@ void ChannelCore::makeReportGate()
     m_reportGate = std::make_unique<ReportGate>(limits, receiver, wake);
 }
 
+void ChannelCore::makePacers()
+{
+    const auto make = [this](std::chrono::milliseconds pause,
+                             void (ChannelCore::*tell)(quint64 count)) {
+        const auto rest = [weak = weak_from_this(), tell](quint64 count) {
+            if (const auto core = weak.lock())
+                (core.get()->*tell)(count);
+        };
+        return std::make_unique<Pacer>(*m_loop, pause, rest);
+    };
+    m_drops = make(logPause, &ChannelCore::tellDropped);
+    m_refusals = make(logPause, &ChannelCore::tellRefused);
+    m_controlLines = make(logPause, &ChannelCore::logControl);
+    m_controlChanges = make(controlPause, &ChannelCore::tellControl);
+}
+
 void ChannelCore::takeReport(Wire::FrameEvent &&report)
 {
-    noteDropped(m_reportGate->take(Wire::packetHead(report.head), std::move(report.body)));
+    const int dropped = m_reportGate->take(Wire::packetHead(report.head), std::move(report.body));
+    m_droppedReports += static_cast<quint64>(dropped);
+    m_drops->count(static_cast<quint64>(dropped));
 }
 
-/// The log tells of it once a second at the most.
-void ChannelCore::noteDropped(int count)
+void ChannelCore::tellDropped(quint64 count)
 {
-    constexpr std::chrono::seconds pause(1);
-    if (count == 0)
-        return;
-    m_droppedReports += static_cast<quint64>(count);
-    if (m_droppedUntold == 0) {
-        m_loop->postAt(m_loop->clock().now() + pause, [weak = weak_from_this()] {
-            if (const auto core = weak.lock())
-                core->tellDropped();
-        });
-    }
-    m_droppedUntold += static_cast<quint64>(count);
+    qCWarning(channelLog) << "Too many reports from" << peerName() << "dropped" << count;
 }
 
-void ChannelCore::tellDropped()
+void ChannelCore::noteRefused(quint16 status)
 {
-    qCWarning(channelLog) << "Too many reports from" << peerName() << "dropped" << m_droppedUntold;
-    m_droppedUntold = 0;
+    ++m_protocolErrors;
+    m_lastRefusal = status;
+    if (m_refusals->passes())
+        qCWarning(channelLog) << "Frame refused from" << peerName() << "status" << status;
+}
+
+void ChannelCore::tellRefused(quint64 count)
+{
+    qCWarning(channelLog) << "Further frames refused from" << peerName() << "number" << count
+                          << "last status" << m_lastRefusal;
 }
 
 void ChannelCore::leaveClosed()
@@ -364,11 +385,13 @@ void ChannelCore::shutForGood(quint16 refusal)
 void ChannelCore::endLink()
 {
     releaseConnection();
-    if (m_reportGate)
-        m_reportGate->forgetWaiting();
-    if (m_link)
-        m_link->stop();
+    if (!m_link)
+        return;
+    m_reportGate->forgetWaiting();
+    m_link->stop();
     m_link.reset();
+    for (Pacer *lines : {m_drops.get(), m_refusals.get(), m_controlLines.get()})
+        lines->flush();
 }
 
 } // namespace Tavoro::SSProxy::Internal

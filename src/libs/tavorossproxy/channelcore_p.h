@@ -3,6 +3,7 @@
 #include "channellink_p.h"
 #include "channelloop_p.h"
 #include "exchangetable_p.h"
+#include "pacer_p.h"
 #include "reportgate_p.h"
 
 #include <tavorossproxy/networkchannel.h>
@@ -20,7 +21,8 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                         | thread                                     |
 /// |--------------------------------|--------------------------------------------|
 /// | the public ones                | any                                        |
-/// | m_link, m_reportGate, events   | that of the loop                           |
+/// | m_link, m_reportGate, events,  | that of the loop                           |
+/// | the pacers and what they tell  | that of the loop                           |
 /// | m_exchanges                    | any, guards itself                         |
 /// | m_state, m_info and the names  | any, guarded by m_mutex                    |
 /// | the counters                   | written by the loop's thread, read by any  |
@@ -82,11 +84,15 @@ private:
     void sendUnsent();
     void noteControl(const Wire::FrameEvent &event);
     void takeControl(bool isMaster, const QString &holder);
+    void tellControl(quint64 changes);
+    void logControl(quint64 changes);
     QString holderOfControl();
     void makeReportGate();
     void takeReport(Wire::FrameEvent &&report);
-    void noteDropped(int count);
-    void tellDropped();
+    void makePacers();
+    void noteRefused(quint16 status);
+    void tellRefused(quint64 count);
+    void tellDropped(quint64 count);
     void releaseConnection();
     void leaveClosed();
     bool hasStalled() const;
@@ -99,7 +105,13 @@ private:
     Handlers m_handlers;
     std::unique_ptr<ChannelLink> m_link;
     std::unique_ptr<ReportGate> m_reportGate;
-    quint64 m_droppedUntold = 0; ///< Reports that were dropped since the log told of it.
+    std::unique_ptr<Pacer> m_drops; ///< Of reports, in the log.
+    std::unique_ptr<Pacer> m_refusals; ///< Of frames, in the log.
+    quint16 m_lastRefusal = 0; ///< Of a frame.
+    std::unique_ptr<Pacer> m_controlChanges; ///< For those who are told of them.
+    std::unique_ptr<Pacer> m_controlLines; ///< In the log.
+    QString m_holderOfControl; ///< As the device told it last.
+    bool m_toldMaster = true; ///< What m_handlers.control has heard last.
     bool m_holdsConnection = false; ///< Counts among those of the loop.
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};

@@ -195,7 +195,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
             takeIdentity(event.body);
         return;
     case FrameKind::Ping:
-        return send(Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
+        return answerPing(event.head.lables);
     case FrameKind::Pong:
         return;
     case FrameKind::Response:
@@ -208,6 +208,13 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
         event.status = WrongType; // a device has no questions
         return refuse(std::move(event));
     }
+}
+
+/// Who sends pings and reads nothing gets no more pongs than there is room for.
+void ChannelLink::answerPing(quint8 lables)
+{
+    if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
+        send(Wire::encodeLinkFrame(FrameKind::Pong, lables));
 }
 
 void ChannelLink::refuse(Wire::FrameEvent &&event)

@@ -92,6 +92,7 @@ private:
     void wantTick(Clock::TimePoint time);
     void keepAlive();
     void handle(Wire::FrameEvent &&event);
+    void answerPing(quint8 lables);
     void refuse(Wire::FrameEvent &&event);
     void takeIdentity(const std::string &body);
 

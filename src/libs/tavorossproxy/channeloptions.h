@@ -40,7 +40,7 @@ struct ChannelOptions {
     /// Most packets that an answer may claim to have. One that claims more is refused.
     quint32 maxPacketCount = 65536;
     /// Bytes that may wait in the socket before further requests are held back, in full, in the
-    /// channel.
+    /// channel, and pings of the device get no pong.
     quint32 maxUnsentBytes = 4u << 20;
     /// Reports that may be on their way to those who take them, and as many that wait for that;
     /// beyond it the oldest are dropped that have a newer one of the same code behind them.

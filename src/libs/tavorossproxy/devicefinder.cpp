@@ -11,7 +11,10 @@ DeviceFinder::DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<Da
     : m_loop(std::move(loop)),
       m_targets(std::move(targets)),
       m_interval(interval),
-      m_port(std::move(port))
+      m_port(std::move(port)),
+      m_strangers(*m_loop, std::chrono::seconds(1), [](quint64 count) {
+          qCDebug(channelLog) << "No device: further datagrams" << count;
+      })
 { }
 
 bool DeviceFinder::start(Handler handler, QString &error)
@@ -81,7 +84,8 @@ void DeviceFinder::receive(const QString &address, std::string_view datagram)
     ProtoModel::DeviceBaseInfo device;
     std::string error;
     if (!Wire::decodeDiscoveryAnswer(datagram, device, error)) {
-        qCDebug(channelLog) << "No device:" << address << error.c_str();
+        if (m_strangers.passes())
+            qCDebug(channelLog) << "No device:" << address << error.c_str();
         return;
     }
     device.ip = address.toStdString(); // behind a translated address a device knows only its own

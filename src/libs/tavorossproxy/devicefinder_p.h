@@ -2,6 +2,7 @@
 
 #include "channelloop_p.h"
 #include "datagramport_p.h"
+#include "pacer_p.h"
 
 #include <tavorossproxy/devicediscovery.h>
 
@@ -46,6 +47,7 @@ private:
     const std::chrono::milliseconds m_interval;
     std::unique_ptr<DatagramPort> m_port; ///< Null when it has ended.
     Handler m_handler;
+    Pacer m_strangers; ///< Datagrams that are no answer of a device, in the log.
 };
 
 } // namespace Tavoro::SSProxy::Internal

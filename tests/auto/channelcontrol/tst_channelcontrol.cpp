@@ -38,6 +38,8 @@ private Q_SLOTS:
     void clientMayWriteUnlessOthersHoldControl();
     void identityTellsWhoHoldsControl();
     void lossAndReturnOfControlAreTold();
+    void controlThatChangesAllTheTimeIsToldNowAndThen();
+    void changeThatIsTakenBackAtOnceIsNotTold();
     void controlIsNotToldAsAReport();
     void connectionThatIsMadeAnewAsksAnew();
 
@@ -136,11 +138,48 @@ void tst_ChannelControl::lossAndReturnOfControlAreTold()
     m_peer->send(notice(1), "192.0.2.9:50000");
     m_peer->send(notice(1), "192.0.2.10:50000"); // another of the others: nothing new
     m_peer->send(notice(0));
+    QVERIFY(m_channel->isMasterControl());
+    m_loop->advance(1s);
     QCOMPARE(m_told, (std::vector<bool>{false, true}));
     QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg),
              QStringList{QStringLiteral("Others control \"wall:6630\" \"192.0.2.9:50000\"")});
     QCOMPARE(messages.texts("tavoro.channel", QtInfoMsg),
              QStringList{QStringLiteral("Nobody else controls \"wall:6630\"")});
+}
+
+void tst_ChannelControl::controlThatChangesAllTheTimeIsToldNowAndThen()
+{
+    reopen();
+    MessageCatcher messages;
+    for (int i = 0; i < 50000; ++i) {
+        m_peer->send(notice(1), "192.0.2.9:50000");
+        m_peer->send(notice(0));
+    }
+    QCOMPARE(m_told, (std::vector<bool>{false}));
+    m_loop->advance(99ms);
+    QCOMPARE(m_told, (std::vector<bool>{false}));
+    m_loop->advance(1ms);
+    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    m_loop->advance(10s);
+    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    const QStringList losses{
+        QStringLiteral("Others control \"wall:6630\" \"192.0.2.9:50000\""),
+        QStringLiteral("Control of \"wall:6630\" has changed often, times 99999")};
+    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), losses);
+    QCOMPARE(messages.texts("tavoro.channel", QtInfoMsg),
+             QStringList{QStringLiteral("Nobody else controls \"wall:6630\"")});
+}
+
+void tst_ChannelControl::changeThatIsTakenBackAtOnceIsNotTold()
+{
+    reopen();
+    m_peer->send(notice(1), "192.0.2.9:50000");
+    m_peer->send(notice(0));
+    m_peer->send(notice(1), "192.0.2.9:50000");
+    m_loop->advance(10s);
+    QCOMPARE(m_told, (std::vector<bool>{false}));
+    m_peer->send(notice(0)); // at once, as nothing was told for so long
+    QCOMPARE(m_told, (std::vector<bool>{false, true}));
 }
 
 void tst_ChannelControl::controlIsNotToldAsAReport()
@@ -198,6 +237,7 @@ void tst_ChannelControl::grantedControlCountsWhenTheCallReturns()
     answer(nextRequest());
     QVERIFY(resultOf(asked));
     QVERIFY(m_channel->isMasterControl());
+    m_loop->advance(100ms);
     QCOMPARE(m_told, (std::vector<bool>{false, true}));
 }
 

@@ -17,8 +17,11 @@ private Q_SLOTS:
     void answerBehindAFloodArrives();
     void droppedReportsAreCountedAndToldOnceASecond();
     void reportsThatAreTakenAreNotDropped();
+    void channelThatGoesTellsWhatWasDropped();
     void waitingReportsFollowWhenOthersAreTaken();
     void stoppedChannelForgetsWaitingReports();
+    void whoReadsNothingGetsNoFurtherPongs();
+    void refusedFramesAreToldOnceASecond();
     void connectionsBeyondTheLimitTryAgainLater();
 
 private:
@@ -94,6 +97,20 @@ void tst_ChannelFlood::reportsThatAreTakenAreNotDropped()
     QCOMPARE(m_channel->statistics().droppedReports, quint64(0));
 }
 
+void tst_ChannelFlood::channelThatGoesTellsWhatWasDropped()
+{
+    m_options.maxPendingReports = 1;
+    reopen();
+    MessageCatcher messages;
+    report(12);
+    m_channel->stopChannel();
+    m_loop->run();
+    const QStringList told{QStringLiteral("Too many reports from \"wall:6630\" dropped 10")};
+    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), told);
+    m_loop->advance(10s);
+    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), told);
+}
+
 void tst_ChannelFlood::waitingReportsFollowWhenOthersAreTaken()
 {
     m_options.maxPendingReports = 2;
@@ -115,6 +132,47 @@ void tst_ChannelFlood::stoppedChannelForgetsWaitingReports()
     m_reports.clear();
     m_loop->run();
     QVERIFY(m_reports.empty());
+}
+
+void tst_ChannelFlood::whoReadsNothingGetsNoFurtherPongs()
+{
+    m_options.maxUnsentBytes = 1000;
+    reopen();
+    Wire::WireHead ping;
+    ping.kind = 6;
+    m_peer->setReading(false);
+    for (int i = 0; i < 100000; ++i)
+        m_peer->send(ping);
+    m_peer->setReading(true);
+    QCOMPARE(m_peer->frames.size(), std::size_t(28)); // of 36 bytes: there is room for the 28th
+    m_peer->send(ping);
+    QCOMPARE(m_peer->frames.size(), std::size_t(29));
+    QCOMPARE(m_peer->frames.back().head.kind, quint8(7));
+}
+
+void tst_ChannelFlood::refusedFramesAreToldOnceASecond()
+{
+    connectChannel();
+    MessageCatcher messages;
+    const auto lines = [&] {
+        return messages.texts("tavoro.channel", QtWarningMsg);
+    };
+    Wire::WireHead question; // a device has none
+    question.kind = 1;
+    for (int i = 0; i < 100000; ++i)
+        m_peer->send(question);
+    QStringList told{QStringLiteral("Frame refused from \"wall:6630\" status %1").arg(WrongType)};
+    QCOMPARE(lines(), told);
+    m_loop->advance(1s);
+    told.append(QStringLiteral("Further frames refused from \"wall:6630\" number 99999 "
+                               "last status %1")
+                    .arg(WrongType));
+    QCOMPARE(lines(), told);
+    m_loop->advance(1s);
+    QCOMPARE(lines(), told);
+    m_peer->send(question);
+    QCOMPARE(lines().size(), 3);
+    QCOMPARE(m_channel->statistics().protocolErrors, quint64(100001));
 }
 
 void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()

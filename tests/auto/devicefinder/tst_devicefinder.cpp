@@ -5,6 +5,7 @@
 
 #include <manualdatagrams.h>
 #include <manualloop.h>
+#include <messagecatcher.h>
 
 #include <QTest>
 
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void answerTellsTheDeviceAndWhereItIs();
     void whatIsNoAnswerIsDropped_data();
     void whatIsNoAnswerIsDropped();
+    void floodOfThatIsToldOnceASecond();
 
 private:
     std::shared_ptr<DeviceFinder> start(const std::vector<DiscoveryTarget> &targets,
@@ -179,6 +181,19 @@ void tst_DeviceFinder::whatIsNoAnswerIsDropped()
     const auto finder = start({}, 0s);
     m_network.deliver(QStringLiteral("192.0.2.7"), datagram.toStdString());
     QVERIFY(m_found.empty());
+}
+
+void tst_DeviceFinder::floodOfThatIsToldOnceASecond()
+{
+    const auto finder = start({}, 0s);
+    MessageCatcher messages;
+    for (int i = 0; i < 100000; ++i)
+        m_network.deliver(QStringLiteral("192.0.2.7"), "hello");
+    QCOMPARE(messages.texts("tavoro.channel", QtDebugMsg).size(), 1);
+    m_loop->advance(10s);
+    QCOMPARE(messages.texts("tavoro.channel", QtDebugMsg).size(), 2);
+    QCOMPARE(messages.texts("tavoro.channel", QtDebugMsg).last(),
+             QStringLiteral("No device: further datagrams 99999"));
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceFinder)

@@ -61,7 +61,8 @@ Q_SIGNALS:
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
 
     /// Another client has got control of a device (false), or holds it no more (true): what \c
-    /// isMasterControl() of the channel says now. Emitted on the channels' thread.
+    /// isMasterControl() of the channel says now. Changes within 100 ms are told as one. Emitted on
+    /// the channels' thread.
     void masterControlChanged(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel, bool isMaster);
 
     /// A device was found on the network, and a channel to it is in the manager now. It is about to
