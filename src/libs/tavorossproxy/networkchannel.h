@@ -58,7 +58,10 @@ public:
 
     /// Asks the device what became of the request that was last sent with the tag \a lables: after
     /// a request that ended without an answer, its head holds the tag. A channel whose connection
-    /// was lost is asked when it is ready again; a tag is used again after 254 further requests.
+    /// was lost is asked when it is ready again. Do not wait long: the tag is used again after 254
+    /// further requests, these questions among them, and each other request that is under way or
+    /// timed out and owes its answer makes it one less. With one caller and the default of
+    /// ChannelOptions::maxOwedAnswers it lasts for 127 at least.
     ///
     /// The packets of a split write have tags of their own, which their caller does not see: for
     /// its head, with the tag 0, the outcome is unknown.

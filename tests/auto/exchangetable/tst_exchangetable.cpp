@@ -1,3 +1,4 @@
+#include <tavorossproxy/channeloptions.h>
 #include <tavorossproxy/exchangetable_p.h>
 
 #include <manualloop.h>
@@ -41,6 +42,7 @@ class tst_ExchangeTable : public QObject {
 private Q_SLOTS:
     void init();
     void everyTagServesBeforeOneServesAgain();
+    void tagLastsForFewerRequestsWhenAnswersAreOwed();
     void tagIsNeverZero();
     void requestWithoutAFreeTagIsRefused();
     void owedAnswerKeepsItsTag();
@@ -58,6 +60,8 @@ private Q_SLOTS:
 private:
     /// Begins, hands over and takes a frame for sending.
     Wire::WireHead sent(const DeviceRequestCommand &command);
+    /// A whole exchange; its tag.
+    quint8 exchanged();
     /// A whole exchange of one packet of a read; the stream on which it travelled.
     quint16 readPacket(quint32 totalCount, quint32 sendCount, quint16 stream = 0);
     /// Whether \a stream is given to one of as many reads as there are streams for reads.
@@ -81,27 +85,39 @@ Wire::WireHead tst_ExchangeTable::sent(const DeviceRequestCommand &command)
     return ticket.head;
 }
 
+quint8 tst_ExchangeTable::exchanged()
+{
+    const auto head = sent(request());
+    m_table->settle(answerTo(head), maxPackets);
+    m_table->await(head, m_clock.now());
+    return head.lables;
+}
+
 void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
 {
     std::set<quint8> tags;
-    for (int i = 0; i < 255; ++i) {
-        const auto head = sent(request());
-        tags.insert(head.lables);
-        m_table->settle(answerTo(head), maxPackets);
-        m_table->await(head, m_clock.now());
-    }
+    for (int i = 0; i < 255; ++i)
+        tags.insert(exchanged());
     QCOMPARE(tags.size(), std::size_t(255));
     QCOMPARE(m_table->begin(request()).head.lables, *tags.begin());
 }
 
+/// So many are owed at the most before a channel makes its connection anew.
+void tst_ExchangeTable::tagLastsForFewerRequestsWhenAnswersAreOwed()
+{
+    for (int i = 0; i < ChannelOptions().maxOwedAnswers - 1; ++i)
+        m_table->await(sent(request()), m_clock.now()); // times out
+    QCOMPARE(m_table->owedAnswers(), 127);
+    const quint8 tag = exchanged();
+    for (int i = 0; i < 127; ++i)
+        QVERIFY(exchanged() != tag);
+    QCOMPARE(exchanged(), tag);
+}
+
 void tst_ExchangeTable::tagIsNeverZero()
 {
-    for (int i = 0; i < 600; ++i) {
-        const auto head = sent(request());
-        QVERIFY(head.lables != 0);
-        m_table->settle(answerTo(head), maxPackets);
-        m_table->await(head, m_clock.now());
-    }
+    for (int i = 0; i < 600; ++i)
+        QVERIFY(exchanged() != 0);
 }
 
 void tst_ExchangeTable::requestWithoutAFreeTagIsRefused()
