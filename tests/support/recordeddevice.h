@@ -17,14 +17,14 @@ class QTcpSocket;
 ///
 /// A request is answered with what the first recorded request of the same type, code, filters,
 /// packet and body that was not played yet got, under its own tag and stream; a clock may be set to
-/// any time. What the device sent
-/// of its own accord comes in front of or behind the answers that it stood between. What came wrong
-/// comes wrong again. What stands nowhere in the capture is left without an answer and counted. The
-/// identity is told again to those who connect more often than the recorded client.
+/// any time. What the device sent of its own accord comes in front of or behind the answers that it
+/// stood between, and what came wrong comes wrong again. What stands nowhere in the capture is left
+/// without an answer and counted. Who connects more often than the recorded client is told the
+/// identity again.
 ///
-/// When all requests were made that a connection of the capture was lost over, or the last one in
-/// front of that, the device sends what came of the next frame and ends the connection. It does not
-/// answer pings, and the times of the capture are not looked at. One client at a time.
+/// A connection that was lost over requests ends when these were made, any other one that was lost
+/// when the last request in front of that was made; what came of the next frame is sent first.
+/// Pings are not answered, and the times of the capture are not looked at. One client at a time.
 class RecordedDevice {
 public:
     /// Of the channel \a channel of the capture in the file \a path.
