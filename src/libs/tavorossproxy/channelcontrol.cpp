@@ -1,30 +1,16 @@
 // Who holds control of the device: the part of ChannelCore that asks for it and follows it.
 
 #include "channelcore_p.h"
+#include "commands_p.h"
 #include "logging_p.h"
 
 #include <tavorossproxy/wire/devicestatus.h>
-#include <tavorossproxy/wire/linkcommands.h>
 
 namespace Tavoro::SSProxy::Internal {
 
-namespace {
-
-DeviceRequestCommand controlRequest(CommandType type)
-{
-    Wire::WireHead head;
-    head.type = static_cast<quint8>(type);
-    setCode(head, Wire::LinkCommand::Control);
-    DeviceRequestCommand request;
-    request.head() = Wire::packetHead(head);
-    return request;
-}
-
-} // namespace
-
 bool ChannelCore::requestControl(ControlAction action, QString &error)
 {
-    auto request = controlRequest(CommandType::Write);
+    auto request = makeLinkRequest(CommandType::Write, Wire::LinkCommand::Control);
     request.head().arg2[0] = static_cast<quint8>(action);
     const quint16 status = exchange(request)->status;
     // A device that does not hand out control lets everybody write.
@@ -33,16 +19,33 @@ bool ChannelCore::requestControl(ControlAction action, QString &error)
         return true;
     if (status == quint16(Wire::DeviceStatus::ControlledByOthers))
         error = tr("The device at %1 is controlled by %2.").arg(peerName(), holderOfControl());
-    else
-        error = tr("The device at %1 does not answer for its control (%2).")
-                    .arg(peerName())
+    else if (waitUntilReady(ChannelOptions::Milliseconds(0), error))
+        error = tr("The device at %1 does not answer for its control: %2 (%3).")
+                    .arg(peerName(), reasonOf(status))
                     .arg(status);
     return false;
 }
 
+QString ChannelCore::reasonOf(quint16 status)
+{
+    switch (status) {
+    case RequestTimedOut:
+    case AnswerIncomplete:
+        return tr("no answer in time");
+    case CalledOnChannelThread:
+        return tr("the thread that receives cannot ask");
+    case NoFreeTag:
+        return tr("too many requests are under way");
+    case Disconnected:
+        return tr("the connection was lost");
+    default:
+        return status < NotInitialized ? tr("it refuses") : tr("its answer is not valid");
+    }
+}
+
 QString ChannelCore::holderOfControl()
 {
-    auto request = controlRequest(CommandType::Read);
+    auto request = makeLinkRequest(CommandType::Read, Wire::LinkCommand::Control);
     const auto response = exchange(request);
     return response->status == 0 && !response->body().empty()
         ? QString::fromStdString(response->body())

@@ -1,5 +1,6 @@
 #include "channelcore_p.h"
 
+#include "commands_p.h"
 #include "logging_p.h"
 
 #include <tavorossproxy/wire/checksums.h>
@@ -18,12 +19,20 @@ constexpr std::chrono::seconds logPause(1);
 /// Between two changes of control that are told: those who take them may be slower than the device.
 constexpr std::chrono::milliseconds controlPause(100);
 
-std::shared_ptr<DeviceResponseCommand> refused(const DeviceRequestCommand &request, quint16 status)
+/// Longest body of a frame: a QByteArray of Qt 5 holds no frame of 2 GiB.
+constexpr quint32 mostBodySize = 1u << 30;
+
+/// With values in place of those that would let nothing through or leave no pause.
+ChannelOptions usable(ChannelOptions options)
 {
-    auto response = std::make_shared<DeviceResponseCommand>();
-    response->head() = request.head();
-    response->status = status;
-    return response;
+    constexpr ChannelOptions::Milliseconds leastPause(1);
+    options.firstReconnectPause = std::max(options.firstReconnectPause, leastPause);
+    options.longestReconnectPause = std::max(options.longestReconnectPause, leastPause);
+    options.keepAliveInterval = std::max(options.keepAliveInterval, leastPause);
+    options.maxBodySize = std::min(options.maxBodySize, mostBodySize);
+    options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);
+    options.maxOwedAnswers = std::max(options.maxOwedAnswers, 1);
+    return options;
 }
 
 } // namespace
@@ -36,7 +45,7 @@ QString ChannelCore::peerNameOf(const QString &host, quint16 port)
 ChannelCore::ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,
                          const ChannelOptions &options)
     : m_loop(std::move(loop)),
-      m_options(options),
+      m_options(usable(options)),
       m_exchanges(m_loop->clock()),
       m_peerName(peerName),
       m_reason(tr("no connection yet"))
@@ -125,10 +134,10 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
     if (m_loop->isCurrentThread())
-        return refused(request, CalledOnChannelThread);
+        return makeResponse(request.head(), CalledOnChannelThread);
     const auto ticket = m_exchanges.begin(request);
     if (ticket.refusal != 0)
-        return refused(request, ticket.refusal);
+        return makeResponse(request.head(), ticket.refusal);
 
     request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
     QByteArray frame = m_exchanges.takeStorage();

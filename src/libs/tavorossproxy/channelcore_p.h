@@ -87,6 +87,7 @@ private:
     void tellControl(quint64 changes);
     void logControl(quint64 changes);
     QString holderOfControl();
+    static QString reasonOf(quint16 status);
     void makeReportGate();
     void takeReport(Wire::FrameEvent &&report);
     void makePacers();

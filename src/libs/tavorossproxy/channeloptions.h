@@ -10,7 +10,8 @@ namespace Tavoro::SSProxy {
 /// Port on which a device listens unless it is told otherwise.
 constexpr quint16 defaultTcpPort = 6630;
 
-/// The limits of a channel over a network. The defaults suit a device on a local network.
+/// The limits of a channel over a network. The defaults suit a device on a local network. Pauses of
+/// less than 1 ms, and limits of less than 1 that would let nothing through, count as 1.
 struct ChannelOptions {
     using Milliseconds = std::chrono::milliseconds;
 
@@ -35,7 +36,7 @@ struct ChannelOptions {
     Milliseconds stalledAnswerTimeout{2000};
 
     /// Longest body of a frame, in bytes. A longer one from the device ends the connection, and a
-    /// device that would take longer ones is sent packets of this size.
+    /// device that would take longer ones is sent packets of this size. At most 1 GiB.
     quint32 maxBodySize = 64u << 20;
     /// Most packets that an answer may claim to have. One that claims more is refused.
     quint32 maxPacketCount = 65536;

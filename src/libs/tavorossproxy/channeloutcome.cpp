@@ -1,8 +1,8 @@
 // What became of a request: the part of ChannelCore that asks the device.
 
 #include "channelcore_p.h"
+#include "commands_p.h"
 
-#include <tavorossproxy/wire/linkcommands.h>
 #include <tavorossproxy/wire/outcomes.h>
 
 namespace Tavoro::SSProxy::Internal {
@@ -17,11 +17,7 @@ RequestOutcome ChannelCore::requestOutcome(quint8 lables)
         outcome.state = RequestOutcome::NotArrived; // it never left
         return outcome;
     }
-    Wire::WireHead head;
-    head.type = static_cast<quint8>(CommandType::Read);
-    setCode(head, Wire::LinkCommand::Outcome);
-    DeviceRequestCommand request;
-    request.head() = Wire::packetHead(head);
+    auto request = makeLinkRequest(CommandType::Read, Wire::LinkCommand::Outcome);
     request.body() = Wire::encodeRequestId(*sent);
     const auto response = exchange(request);
     const std::string &body = response->body();

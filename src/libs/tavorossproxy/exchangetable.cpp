@@ -1,5 +1,7 @@
 #include "exchangetable_p.h"
 
+#include "commands_p.h"
+
 #include <tavorossproxy/wire/frame.h>
 
 #include <algorithm>
@@ -48,14 +50,6 @@ quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quin
     if (isRead && answer.status == 0 && answer.sendCount != request.sendCount)
         return WrongLength; // of another packet than the one that was asked for
     return answer.totalCount > maxPacketCount ? WrongLength : 0;
-}
-
-std::shared_ptr<DeviceResponseCommand> makeResponse(const Wire::WireHead &head, quint16 status)
-{
-    auto response = std::make_shared<DeviceResponseCommand>();
-    response->head() = Wire::packetHead(head);
-    response->status = status;
-    return response;
 }
 
 } // namespace
@@ -281,7 +275,7 @@ void ExchangeTable::end(Slot &slot, quint16 status)
 {
     slot.state = State::Settled;
     slot.frame.clear();
-    slot.response = makeResponse(slot.request, status);
+    slot.response = makeResponse(Wire::packetHead(slot.request), status);
     slot.settled.notify_one();
 }
 
@@ -296,7 +290,7 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
     slot.frame.clear();
     m_owed += mayBeAnswered;
     ++m_counts.timeouts;
-    return makeResponse(slot.request,
+    return makeResponse(Wire::packetHead(slot.request),
                         mayBeAnswered && slot.begun ? AnswerIncomplete : RequestTimedOut);
 }
 

@@ -1,6 +1,7 @@
 #include "streamchannel_p.h"
 
 #include "channelcore_p.h"
+#include "commands_p.h"
 
 namespace Tavoro::SSProxy::Internal {
 
@@ -36,11 +37,7 @@ StreamChannel::~StreamChannel()
 std::shared_ptr<DeviceResponseCommand>
 StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
 {
-    if (request)
-        return m_core->exchange(*request);
-    auto response = std::make_shared<DeviceResponseCommand>();
-    response->status = InvalidRequest;
-    return response;
+    return request ? m_core->exchange(*request) : makeResponse({}, InvalidRequest);
 }
 
 ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const

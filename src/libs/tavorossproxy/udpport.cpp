@@ -10,6 +10,13 @@
 
 namespace Tavoro::SSProxy::Internal {
 
+namespace {
+
+/// After so many datagrams it is the turn of others; the socket tells again that there are more.
+constexpr int mostRounds = 32;
+
+} // namespace
+
 UdpPort::UdpPort() = default;
 UdpPort::~UdpPort() = default;
 
@@ -51,7 +58,7 @@ QStringList UdpPort::broadcastAddresses() const
 /// The receiver must not end the port.
 void UdpPort::receive(const Receiver &receiver)
 {
-    while (m_socket->hasPendingDatagrams()) {
+    for (int round = 0; round < mostRounds && m_socket->hasPendingDatagrams(); ++round) {
         const QNetworkDatagram datagram = m_socket->receiveDatagram();
         const QByteArray bytes = datagram.data();
         receiver(addressText(datagram.senderAddress()),

@@ -32,8 +32,17 @@ void run(std::shared_ptr<Internal::CaptureFile> file)
         file->close();
 }
 
+bool isRunning()
+{
+    const std::lock_guard<std::mutex> lock(running().mutex);
+    return running().file != nullptr;
+}
+
+/// What the application has started itself goes on.
 void startWhatTheEnvironmentNames()
 {
+    if (isRunning())
+        return;
     const QString path = qEnvironmentVariable("TAVORO_CAPTURE");
     QString error;
     if (!path.isEmpty() && !startWireCapture(path, error))

@@ -11,7 +11,8 @@ namespace Tavoro::SSProxy {
 /// first. It holds everything that travels, so it grows by more than twice of that.
 ///
 /// Where the environment variable TAVORO_CAPTURE names a file, a capture into it starts with the
-/// first channel. False with a sentence in \a error when the file cannot be written. Any thread.
+/// first channel, unless one runs already. False with a sentence in \a error when the file cannot
+/// be written. Any thread.
 TAVOROSSPROXY_EXPORT bool startWireCapture(const QString &path, QString &error);
 
 /// Ends the capture, if one runs, and closes its file. Any thread.

@@ -50,7 +50,10 @@ private Q_SLOTS:
     void refusalNamesTheHolder();
     void refusalWithoutANameNamesAnotherClient();
     void deviceWithoutControlGrantsIt();
+    void channelWithoutAConnectionTellsWhy();
+    void failureIsToldInASentence_data();
     void failureIsToldInASentence();
+    void silenceIsToldInASentence();
 
 private:
     /// A caller on a thread of its own.
@@ -289,13 +292,56 @@ void tst_ChannelControl::deviceWithoutControlGrantsIt()
     QCOMPARE(asked.error, QString());
 }
 
-void tst_ChannelControl::failureIsToldInASentence()
+void tst_ChannelControl::channelWithoutAConnectionTellsWhy()
 {
     Wish asked;
-    wish(asked, ControlAction::Take); // there is no connection yet
+    wish(asked, ControlAction::Take);
     QVERIFY(!resultOf(asked));
     QCOMPARE(asked.error,
-             QStringLiteral("The device at wall:6630 does not answer for its control (258)."));
+             QStringLiteral("The device at wall:6630 cannot be reached: no connection yet."));
+}
+
+void tst_ChannelControl::failureIsToldInASentence_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("status of the device")
+        << int(controlCode) << 5 << QStringLiteral("it refuses (5)");
+    QTest::newRow("answer to something else")
+        << 0x1100 << 0 << QStringLiteral("its answer is not valid (357)");
+}
+
+void tst_ChannelControl::failureIsToldInASentence()
+{
+    QFETCH(int, code);
+    QFETCH(int, status);
+    QFETCH(QString, reason);
+    connectChannel();
+    Wish asked;
+    wish(asked, ControlAction::Take);
+    Wire::WireHead head = nextRequest();
+    head.BC = static_cast<quint8>(code >> 8);
+    head.FC = static_cast<quint8>(code & 0xFF);
+    refuse(head, static_cast<quint8>(status));
+    QVERIFY(!resultOf(asked));
+    QCOMPARE(
+        asked.error,
+        QStringLiteral("The device at wall:6630 does not answer for its control: %1.").arg(reason));
+}
+
+void tst_ChannelControl::silenceIsToldInASentence()
+{
+    connectChannel();
+    Wish asked;
+    wish(asked, ControlAction::Take);
+    nextRequest();
+    m_loop->awaitWaiting(1);
+    m_loop->advance(10s);
+    QVERIFY(!resultOf(asked));
+    QCOMPARE(asked.error,
+             QStringLiteral("The device at wall:6630 does not answer for its control: "
+                            "no answer in time (260)."));
 }
 
 QTEST_APPLESS_MAIN(tst_ChannelControl)

@@ -23,6 +23,9 @@ private Q_SLOTS:
     void whoReadsNothingGetsNoFurtherPongs();
     void refusedFramesAreToldOnceASecond();
     void connectionsBeyondTheLimitTryAgainLater();
+    void limitsOfZeroLetRequestsThrough();
+    void pausesOfZeroArePauses();
+    void bodiesAreNeverLongerThanAFrameCanHold();
 
 private:
     void reopen();
@@ -195,6 +198,49 @@ void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()
     QCOMPARE(peer.opened, 1);
     second.reset();
     m_loop->run();
+}
+
+void tst_ChannelFlood::limitsOfZeroLetRequestsThrough()
+{
+    m_options.maxUnsentBytes = 0;
+    m_options.maxOwedAnswers = 0;
+    reopen();
+    auto caller = call(request());
+    answer(nextRequest(), "here");
+    QCOMPARE(caller.response()->body(), std::string("here"));
+    m_loop->run();
+    QVERIFY(m_channel->isHardwareReadFinished());
+}
+
+void tst_ChannelFlood::pausesOfZeroArePauses()
+{
+    m_options.firstReconnectPause = 0ms;
+    m_options.longestReconnectPause = 0ms;
+    m_options.keepAliveInterval = 0ms;
+    reopen();
+    m_loop->advance(10ms);
+    QCOMPARE(m_peer->frames.size(), std::size_t(10)); // pings
+    const int before = m_peer->opened;
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        m_peer->fail(QStringLiteral("cable pulled"));
+        m_loop->advance(0ms);
+        QCOMPARE(m_peer->opened, before + attempt - 1);
+        m_loop->advance(2ms);
+        QCOMPARE(m_peer->opened, before + attempt);
+    }
+}
+
+void tst_ChannelFlood::bodiesAreNeverLongerThanAFrameCanHold()
+{
+    m_options.maxBodySize = 0xFFFFFFFF;
+    m_channel.reset();
+    m_loop->run();
+    openChannel();
+    m_peer->accept();
+    Wire::WireHead head;
+    head.kind = 5;
+    m_peer->send(head, identity(0xFFFFFFFF));
+    QCOMPARE(m_channel->deviceBaseInfo().maxPacketSize, quint32(1) << 30);
 }
 
 QTEST_APPLESS_MAIN(tst_ChannelFlood)

@@ -16,6 +16,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <future>
 
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
@@ -91,6 +92,7 @@ private Q_SLOTS:
 
     void devicesAreFoundByWhoAsks();
     void requestsComeFromAPortThatUsersMayHave();
+    void manyDevicesThatAnswerAtOnceAreAllFound();
     void searchWithoutASocketTellsWhyAtOnce();
     void deviceThatIsSwitchedOffDoesNotAnswer();
     void foundDeviceHasAChannel();
@@ -136,6 +138,23 @@ void tst_DeviceDiscovery::requestsComeFromAPortThatUsersMayHave()
     const QNetworkDatagram request = device.receiveDatagram();
     QCOMPARE(request.data(), QByteArray("reqKELVORIN:"));
     QVERIFY2(request.senderPort() >= 1024, qPrintable(QString::number(request.senderPort())));
+}
+
+void tst_DeviceDiscovery::manyDevicesThatAnswerAtOnceAreAllFound()
+{
+    QUdpSocket crowd;
+    QVERIFY(crowd.bind(QHostAddress(QHostAddress::LocalHost)));
+    auto found = std::async(std::launch::async, [port = crowd.localPort()] {
+        return findDevices(60000, 100, {{QStringLiteral("127.0.0.1"), port}}).size();
+    });
+    QVERIFY(crowd.waitForReadyRead(60000));
+    const QNetworkDatagram request = crowd.receiveDatagram();
+    for (int device = 100; device < 200; ++device) {
+        const QByteArray number = QByteArray::number(device);
+        crowd.writeDatagram(request.makeReply("rspKELVORIN:{\"sn\":\"0123456789ABC" + number
+                                              + "\",\"mac\":\"02005E100001\",\"tcpPort\":6630}"));
+    }
+    QCOMPARE(found.get(), std::size_t(100));
 }
 
 void tst_DeviceDiscovery::searchWithoutASocketTellsWhyAtOnce()

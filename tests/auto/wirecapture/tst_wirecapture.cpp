@@ -69,6 +69,7 @@ class tst_WireCapture : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void captureThatWasStartedWinsOverTheEnvironment(); // before any channel was opened
     void linesAreAsDocumented();
     void framesAreCutFromWhatTravelled();
     void partsOfFramesAreShownWhereTheConnectionEnds();
@@ -234,6 +235,18 @@ std::vector<CapturedItem> framesOf(const QString &path)
 }
 
 } // namespace
+
+void tst_WireCapture::captureThatWasStartedWinsOverTheEnvironment()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("started"));
+    const QString other = folder.filePath(QStringLiteral("other"));
+    qputenv("TAVORO_CAPTURE", QFile::encodeName(other));
+    captureASwap(path);
+    qunsetenv("TAVORO_CAPTURE");
+    QCOMPARE(framesOf(path).size(), std::size_t(8));
+    QVERIFY(!QFileInfo::exists(other));
+}
 
 void tst_WireCapture::everyFrameOfAChannelIsCaptured()
 {
