@@ -89,6 +89,11 @@ Shown FaultBench::run(const std::function<bool(QString &error)> &operation)
     return shown;
 }
 
+void FaultBench::checkFaultStruck()
+{
+    QCOMPARE(sync.connection.simulator->execute(QStringLiteral("fault list")).text, QString());
+}
+
 void FaultBench::checkTime(const Shown &shown) const
 {
     const auto allowed = m_requestTime * std::max<quint64>(shown.timeouts, 1) + grace;

@@ -45,6 +45,8 @@ public:
     /// Runs \a operation, which tells its outcome by the result and in the text.
     Shown run(const std::function<bool(QString &error)> &operation);
 
+    /// The rule was used, as often as it tells.
+    void checkFaultStruck();
     /// The caller waited no longer than it may.
     void checkTime(const Shown &shown) const;
     /// Ends the faults. \a isLost: the connection has ended, and a new one is waited for.

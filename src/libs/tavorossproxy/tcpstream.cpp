@@ -29,6 +29,7 @@ TcpStream::~TcpStream()
 void TcpStream::open(Events &events)
 {
     close();
+    m_events = &events;
     m_socket = std::make_unique<QTcpSocket>();
     m_socket->setProxy(QNetworkProxy::NoProxy); // devices are near
     connectSignals(events);
@@ -46,11 +47,18 @@ void TcpStream::close()
     m_socket.release()->deleteLater();
 }
 
+/// An unbuffered socket that finds the connection lost while it sends tells nobody, and does not
+/// look for what comes any more either. Whoever is sending is not told in the middle of it.
 void TcpStream::write(const QByteArray &bytes)
 {
-    // If the connection is lost, reading finds that out.
-    if (m_socket)
-        m_socket->write(bytes);
+    if (!m_socket || m_socket->write(bytes) >= 0)
+        return;
+    QTcpSocket *const socket = m_socket.get();
+    const auto failLater = [this, socket] {
+        if (m_socket.get() == socket)
+            fail(*m_events);
+    };
+    QMetaObject::invokeMethod(socket, failLater, Qt::QueuedConnection);
 }
 
 bool TcpStream::setPeer(const QString &host, quint16 port)

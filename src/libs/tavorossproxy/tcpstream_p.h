@@ -32,6 +32,7 @@ private:
 
     QString m_host;
     quint16 m_port;
+    Events *m_events = nullptr; ///< Of the last connection; outlives it.
     std::unique_ptr<QTcpSocket> m_socket;
     std::vector<char> m_received; ///< What was read last; kept so that it stays in the cache.
 };

@@ -230,6 +230,7 @@ void tst_FaultOperations::everyCell()
     resetDevice(bench);
     bench.addFault(QLatin1String(fault.fault) + QLatin1String(operation.rule));
     const Shown shown = bench.run([&](QString &error) { return operation.run(bench, error); });
+    bench.checkFaultStruck();
     bench.checkTime(shown);
 
     const QStringList cell = QString::fromLatin1(fault.cells[column]).split(QLatin1Char(' '));
