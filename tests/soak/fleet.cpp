@@ -46,6 +46,14 @@ Fleet::~Fleet()
         BizModel::DeviceList::instance()->remove(device->model);
 }
 
+quint64 Fleet::reports() const
+{
+    quint64 count = 0;
+    for (const auto &device : m_devices)
+        count += device->channel->statistics().reports;
+    return count;
+}
+
 void Fleet::disturb(std::mt19937 &random)
 {
     const char *const line = disturbances[random() % std::size(disturbances)];

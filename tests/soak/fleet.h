@@ -18,6 +18,8 @@ public:
     {
         return m_devices[index % m_devices.size()]->model;
     }
+    /// Reports that came from all devices.
+    quint64 reports() const;
     /// Something happens to a device, of which it tells: a cable, a card, a power supply, a signal.
     void disturb(std::mt19937 &random);
     /// A device goes off, or on again.

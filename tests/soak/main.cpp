@@ -1,6 +1,6 @@
 // Many devices at once: operations from several threads, synchronisations, reports, and devices
-// that go off and on. After each round, when all of it is taken down, the process holds what it
-// held after the first.
+// that go off and on. While a long round lasts, its heap stops growing; after each round, when all
+// of it is taken down, the process holds what it held after the first.
 //
 // soak [--devices N] [--rounds N] [--seconds N] [--seed N]
 
@@ -17,7 +17,9 @@
 #include <QLoggingCategory>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 using namespace Tavoro;
 
@@ -27,6 +29,8 @@ constexpr int operatorThreads = 4;
 constexpr int restingThreads = 2; ///< The main one and that of all channels.
 constexpr std::size_t heapTolerance =
     256 * 1024; ///< Of allocators and of Qt's own caches, which settle.
+constexpr int longRound = 20; ///< Seconds, from which on the heap of a round has settled.
+constexpr std::size_t heapOfWork = 2 << 20; ///< What may come and go with what is under way.
 
 struct Plan {
     int devices;
@@ -39,6 +43,20 @@ struct Round {
     Operators::Counts operations;
     int synchronised = 0;
     int notSynchronised = 0;
+    quint64 reports = 0;
+    std::vector<std::size_t> heaps; ///< At one moment after the other.
+
+    /// By how much the heap of the last quarter exceeds that of the second.
+    std::size_t growth() const
+    {
+        const auto quarter = static_cast<std::ptrdiff_t>(heaps.size() / 4);
+        if (quarter == 0)
+            return 0;
+        const std::size_t early =
+            *std::max_element(heaps.begin() + quarter, heaps.begin() + 2 * quarter);
+        const std::size_t late = *std::max_element(heaps.end() - quarter, heaps.end());
+        return late > early ? late - early : 0;
+    }
 };
 
 /// Reads one device after the other into the model, for as long as it lives.
@@ -80,29 +98,36 @@ void run(const Plan &plan, unsigned seed, Round &round)
     QTimer switching;
     QObject::connect(&switching, &QTimer::timeout, [&] { fleet.switchOne(random); });
     switching.start(100);
+    QTimer looking;
+    QObject::connect(&looking, &QTimer::timeout,
+                     [&] { round.heaps.push_back(Census::taken().heap); });
+    looking.start(100);
     QTimer::singleShot(plan.seconds * 1000, QCoreApplication::instance(), &QCoreApplication::quit);
     QCoreApplication::exec();
+    round.reports = fleet.reports();
 }
 
 bool hasWorked(const Round &round)
 {
     return round.operations.done > 0 && round.operations.failed > 0 && round.operations.silent == 0
-        && round.synchronised > 0;
+        && round.synchronised > 0 && round.reports > 0;
 }
 
-bool isFlat(const Census &before, const Census &now)
+bool isFlat(const Plan &plan, const Round &round, const Census &before, const Census &now)
 {
-    return now.threads <= before.threads && now.files <= before.files
+    const bool stoppedGrowing = plan.seconds < longRound || round.growth() <= heapOfWork;
+    return stoppedGrowing && now.threads <= before.threads && now.files <= before.files
         && now.heap <= before.heap + heapTolerance;
 }
 
 void print(int number, const Round &round, const Census &census)
 {
     std::printf("round %d: %d operations done, %d failed in words, %d without; %d devices "
-                "synchronised, %d lost on the way;"
+                "synchronised, %d lost on the way; %llu reports; %zu KiB of heap more in the end;"
                 " then %d threads, %d files, %zu KiB of heap\n",
                 number, round.operations.done.load(), round.operations.failed.load(),
                 round.operations.silent.load(), round.synchronised, round.notSynchronised,
+                static_cast<unsigned long long>(round.reports), round.growth() / 1024,
                 census.threads, census.files, census.heap / 1024);
     std::fflush(stdout);
 }
@@ -120,7 +145,7 @@ int soak(const Plan &plan)
         print(number, round, now);
         if (number == 1)
             before = now;
-        if (!hasWorked(round) || !isFlat(before, now))
+        if (!hasWorked(round) || !isFlat(plan, round, before, now))
             return number;
     }
     return 0;
