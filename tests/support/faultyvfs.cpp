@@ -116,6 +116,9 @@ int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *ou
     static const sqlite3_io_methods table = methods();
     auto *const own = reinterpret_cast<File *>(file);
     own->real = reinterpret_cast<sqlite3_file *>(own + 1);
+    constexpr int toWrite = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    if (armed == Fault::ReadOnly)
+        flags = (flags & ~toWrite) | SQLITE_OPEN_READONLY;
     const int result = disk->xOpen(disk, name, own->real, flags, outFlags);
     own->head.pMethods = own->real->pMethods ? &table : nullptr;
     return result;

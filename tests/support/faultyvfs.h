@@ -9,6 +9,7 @@ enum class Fault {
     Kill, ///< The process ends as by SIGKILL, before the operation.
     KillHalfway, ///< As Kill, but half of the bytes are written before.
     DiskFull,
+    ReadOnly, ///< No operation: files are opened for reading only, as without the right to write.
 };
 
 /// Goes in as SQLite's default, once per process.

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void goneObjectsAreTakenOut();
     void orderOfTheDeviceIsKept();
     void removedDeviceIsForgotten();
+    void devicesThatShareANumberWithTheRemovedOneStay();
     void deviceThatMovedTakesThePlaceOfItsFormerSelf();
 
     void emptyPointerIsNothingToSave();
@@ -170,6 +171,13 @@ void tst_DeviceStore::onlyChangedRowsAreWritten()
     QString error;
     device->initModelData(std::vector{ModelRecords::file(2, 5, "other")}, error);
     QCOMPARE(written(device), QStringList(QStringLiteral("UPDATE 5 2/5/0/0/0")));
+    const StoredModel model(file());
+    const auto read = model.onlyDevice();
+    QVERIFY(read);
+    QCOMPARE(text(read->deviceDetail()), text(device->deviceDetail()));
+    QCOMPARE(text(read->interfaces()[1].lock()->detail()),
+             text(device->interfaces()[1].lock()->detail()));
+    QCOMPARE(read->files()[0].lock()->detail().binary, std::string("other"));
 }
 
 void tst_DeviceStore::goneObjectsAreTakenOut()
@@ -232,6 +240,31 @@ void tst_DeviceStore::removedDeviceIsForgotten()
     QVERIFY(model.list->devices().isEmpty());
     QCOMPARE(query(file(), QStringLiteral("SELECT count(*) FROM record")),
              QStringList(QStringLiteral("0")));
+}
+
+void tst_DeviceStore::devicesThatShareANumberWithTheRemovedOneStay()
+{
+    const auto sharing = [](quint8 sn, quint8 mac, quint8 address) {
+        const auto device = ModelRecords::device(address);
+        ProtoModel::DeviceBaseInfo info;
+        info.sn[7] = sn;
+        info.mac[5] = mac;
+        device->updateDeviceBaseInfo(info);
+        return device;
+    };
+    {
+        const StoredModel model(file());
+        const auto gone = sharing(1, 1, 1);
+        for (const auto &device : {gone, sharing(1, 2, 2), sharing(2, 1, 3)}) {
+            model.list->append(device);
+            model.save(device);
+        }
+        QVERIFY(model.list->remove(gone));
+    }
+    const StoredModel model(file());
+    QCOMPARE(model.list->devices().size(), 2);
+    for (const auto &device : model.list->devices())
+        QCOMPARE(device.lock()->interfaces().size(), 2);
 }
 
 void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()

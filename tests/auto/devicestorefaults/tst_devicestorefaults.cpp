@@ -1,6 +1,7 @@
 #include "faultyvfs.h"
 #include "messagecatcher.h"
 #include "storedstates.h"
+#include "storefile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -50,6 +51,25 @@ void damage(const QString &fileName)
     damaged.write(garbage);
 }
 
+/// Only the index of the devices, by which a save finds them and which loading does not read.
+void damageIndex(const QString &fileName)
+{
+    const StoreFile store(fileName);
+    const auto number = [&](const char *statement) {
+        return store.query(QLatin1String(statement)).value(0).toLongLong();
+    };
+    const qint64 size = number("PRAGMA page_size");
+    const qint64 page = number("SELECT rootpage FROM sqlite_master WHERE type = 'index'"
+                               " AND tbl_name = 'device'");
+    QVERIFY(page > 1);
+    QFile damaged(fileName);
+    QVERIFY(damaged.open(QIODevice::ReadWrite));
+    QVERIFY(damaged.seek(24)); // the count of changes, so that nobody trusts what was read before
+    damaged.write("xxxx");
+    QVERIFY(damaged.seek((page - 1) * size));
+    damaged.write(QByteArray(100, 'x'));
+}
+
 QByteArray contentOf(const QString &fileName)
 {
     QFile file(fileName);
@@ -77,6 +97,10 @@ private Q_SLOTS:
     void fullDiskIsToldAndTriedAgain();
     void fullDiskLeavesTheLastCompleteSave();
     void damagedFileIsReplacedOnceTheDiskHasRoom();
+    void damageThatLoadingDoesNotMeetIsFound();
+    void indexDamagedWhileItIsOpenIsWrittenAnew();
+    void journalOfADamagedFileGoesWithIt();
+    void fileThatCanOnlyBeReadIsRefused();
     void damagedFileThatCannotBeRenamedIsLeftAlone();
     void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
 };
@@ -219,6 +243,83 @@ void tst_DeviceStoreFaults::damagedFileIsReplacedOnceTheDiskHasRoom()
         const StoredModel model(file);
         QCOMPARE(model.list->devices().size(), 2);
     }
+}
+
+void tst_DeviceStoreFaults::damageThatLoadingDoesNotMeetIsFound()
+{
+    const MessageCatcher quiet;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    {
+        const StoredModel model(file);
+        model.save(deviceIn(New));
+    }
+    damageIndex(file);
+    const StoreSignals told;
+    const StoredModel model(file);
+    QVERIFY2(model.isOpen, qPrintable(model.error));
+    QVERIFY(model.list->devices().isEmpty());
+    QTRY_COMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+}
+
+void tst_DeviceStoreFaults::indexDamagedWhileItIsOpenIsWrittenAnew()
+{
+    const MessageCatcher log;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    {
+        const StoredModel model(file);
+        model.save(deviceIn(Old));
+        damageIndex(file);
+        const StoreSignals told;
+        model.save(deviceIn(New));
+        QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+        QCOMPARE(told.failures, QStringList());
+    }
+    const StoredModel model(file);
+    QVERIFY(model.onlyDevice());
+    QCOMPARE(stateOf(*model.onlyDevice()), New);
+}
+
+void tst_DeviceStoreFaults::journalOfADamagedFileGoesWithIt()
+{
+    const MessageCatcher quiet;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    damage(file);
+    const QByteArray overwritten(600, '\0'); // its head; SQLite leaves such a journal where it is
+    QFile journal(file + QStringLiteral("-journal"));
+    QVERIFY(journal.open(QIODevice::WriteOnly));
+    journal.write(overwritten);
+    journal.close();
+    const StoredModel model(file);
+    QVERIFY2(model.isOpen, qPrintable(model.error));
+    QVERIFY(!journal.exists());
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged-1")), garbage);
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged-1-journal")), overwritten);
+}
+
+void tst_DeviceStoreFaults::fileThatCanOnlyBeReadIsRefused()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    {
+        const StoredModel model(file);
+        model.save(deviceIn(New));
+    }
+    const QByteArray before = contentOf(file);
+    FaultyVfs::arm(FaultyVfs::Fault::ReadOnly, 0);
+    {
+        const StoredModel model(file);
+        FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+        QVERIFY(!model.isOpen);
+        QCOMPARE(model.error,
+                 QStringLiteral("attempt to write a readonly database Unable to fetch row"));
+        QVERIFY(model.list->devices().isEmpty());
+    }
+    QCOMPARE(contentOf(file), before);
+    const StoredModel model(file);
+    QVERIFY(model.onlyDevice());
 }
 
 void tst_DeviceStoreFaults::damagedFileThatCannotBeRenamedIsLeftAlone()
