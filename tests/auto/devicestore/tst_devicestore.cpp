@@ -52,10 +52,6 @@ private Q_SLOTS:
     void devicesThatShareANumberWithTheRemovedOneStay();
     void deviceThatMovedTakesThePlaceOfItsFormerSelf();
 
-    void emptyPointerIsNothingToSave();
-    void stoppedSaverKeepsItsJobs();
-    void waitingForAnIdleSaverReturnsAtOnce();
-    void closingDoesTheJobs();
     void secondStoreIsRefused();
     void defaultPlaceIsTheApplicationsDataFolder();
 
@@ -278,53 +274,6 @@ void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()
     moved->setIPAddress(QStringLiteral("198.51.100.7"));
     model.list->append(moved);
     QCOMPARE(model.onlyDevice(), moved);
-}
-
-void tst_DeviceStore::emptyPointerIsNothingToSave()
-{
-    const StoredModel model(file());
-    const StoreSignals told;
-    model.list->saveDeviceDataThread()->saveDevicesInfor({});
-    model.save(ModelRecords::device());
-    QCOMPARE(told.saved.size(), 1);
-}
-
-void tst_DeviceStore::stoppedSaverKeepsItsJobs()
-{
-    const StoredModel model(file());
-    auto *const saver = model.list->saveDeviceDataThread();
-    const auto first = ModelRecords::device(1);
-    const auto second = ModelRecords::device(2);
-    model.save(first);
-    saver->setTemporaryStop(true);
-    saver->waitForSavingDataFinished();
-    const StoreSignals told;
-    saver->saveDevicesInfor(second);
-    saver->saveDevicesInfor(second);
-    saver->saveDevicesInfor(first);
-    saver->waitForSavingDataFinished();
-    QCoreApplication::processEvents();
-    QVERIFY(told.saved.isEmpty());
-    saver->setTemporaryStop(false);
-    QTRY_COMPARE(told.saved, (QList<std::shared_ptr<BizModel::Device>>{second, first}));
-}
-
-void tst_DeviceStore::waitingForAnIdleSaverReturnsAtOnce()
-{
-    const StoredModel model(file());
-    model.list->saveDeviceDataThread()->waitForSavingDataFinished();
-    QVERIFY(model.list->saveDeviceDataThread());
-}
-
-void tst_DeviceStore::closingDoesTheJobs()
-{
-    const auto device = ModelRecords::device();
-    {
-        const StoredModel model(file());
-        model.list->saveDeviceDataThread()->saveDevicesInfor(device);
-    }
-    const StoredModel model(file());
-    QVERIFY(model.onlyDevice());
 }
 
 void tst_DeviceStore::secondStoreIsRefused()

@@ -95,6 +95,7 @@ private Q_SLOTS:
     void killedSaveLeavesTheLastCompleteOne();
     void endOfTheApplicationDoesTheSaves();
     void fullDiskIsToldAndTriedAgain();
+    void failedSaveWaitsForItsTimeOrTheEnd();
     void fullDiskLeavesTheLastCompleteSave();
     void damagedFileIsReplacedOnceTheDiskHasRoom();
     void damageThatLoadingDoesNotMeetIsFound();
@@ -173,11 +174,35 @@ void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
     const auto changed = deviceIn(New);
     FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
     model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
+    const auto other = ModelRecords::device(2);
+    model.list->saveDeviceDataThread()->saveDevicesInfor(other);
     QTRY_VERIFY(told.failures.size() >= 2);
     QVERIFY(told.failures[0].contains(QStringLiteral("full")));
     QVERIFY(told.saved.isEmpty());
     FaultyVfs::arm(FaultyVfs::Fault::None, 0);
-    QTRY_COMPARE(told.saved.size(), 1);
+    QTRY_COMPARE(told.saved, (QList<std::shared_ptr<StoredModel::Device>>{changed, other}));
+}
+
+void tst_DeviceStoreFaults::failedSaveWaitsForItsTimeOrTheEnd()
+{
+    const MessageCatcher quiet;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
+    const auto changed = deviceIn(New);
+    {
+        const StoredModel model(file, 600000);
+        const StoreSignals told;
+        FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
+        model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
+        QTRY_COMPARE(told.failures.size(), 1);
+        FaultyVfs::arm(FaultyVfs::Fault::None, 0);
+        QTest::qWait(100); // time for a saver that does not wait
+        QCOMPARE(told.failures.size(), 1);
+        QCOMPARE(FaultyVfs::operations(), 0);
+    }
+    const StoredModel model(file);
+    QVERIFY(model.onlyDevice());
+    QCOMPARE(stateOf(*model.onlyDevice()), New);
 }
 
 void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
