@@ -380,9 +380,10 @@ void tst_DeviceStore::rowThatCannotBeReadCountsAsDamage()
 {
     {
         const StoredModel model(file());
-        model.save(ModelRecords::device());
+        model.save(ModelRecords::device(1));
+        model.save(ModelRecords::device(2));
     }
-    query(file(), QStringLiteral("UPDATE record SET body = '[' WHERE kind = 3"));
+    query(file(), QStringLiteral("UPDATE record SET body = '[' WHERE kind = 3 AND device = 2"));
     const StoreSignals told;
     const StoredModel model(file());
     QVERIFY(model.isOpen);
