@@ -3,19 +3,20 @@
 //   encode             a small record is turned into its body
 //   send               a request is made and given to the channel
 //   encodeAndSend      both: what no road can do without
-//   writeQuietly       the same write as an operation, logging off
+//   writeQuietly       the same write as an operation, logging off and nobody at the status bar
+//   writeShown         the same with a status bar that does nothing
 //   writeLogged        the same with every line made and thrown away by the message handler
 //   readQuietly        a small read as an operation, logging off
 //   readLogged
 //   writeThroughFullManager   as writeQuietly, with as many channels as the argument tells
 //
-//   identityTexts      parts of the road: the model's address, MAC and serial number as texts
-//   findChannel        the search for the channel by them
+//   findChannel        parts of the road: the search for the channel of a device
 //   sentence           label and sentence for the status bar
 //
 // "writeQuietly" less "encodeAndSend" is the price of the road. It does not grow with the body.
 
 #include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
 #include <tavorocontrol/controlhelper.h>
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/proto/codec.h>
@@ -197,6 +198,15 @@ void writeQuietly(benchmark::State &state)
 }
 BENCHMARK(writeQuietly);
 
+void writeShown(benchmark::State &state)
+{
+    QObject statusBar;
+    QObject::connect(BizModel::DeviceList::instance(),
+                     &BizModel::DeviceList::signalShowStatusBarMsg, &statusBar, [] {});
+    write(state, false, 1);
+}
+BENCHMARK(writeShown);
+
 void writeLogged(benchmark::State &state)
 {
     write(state, true, 1);
@@ -220,17 +230,6 @@ void writeThroughFullManager(benchmark::State &state)
     write(state, false, static_cast<int>(state.range(0)));
 }
 BENCHMARK(writeThroughFullManager)->Arg(1)->Arg(10)->Arg(100);
-
-void identityTexts(benchmark::State &state)
-{
-    const Setup setup;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(setup.model().IPAddress().toStdString());
-        benchmark::DoNotOptimize(setup.model().MAC().toStdString());
-        benchmark::DoNotOptimize(setup.model().sn().toStdString());
-    }
-}
-BENCHMARK(identityTexts);
 
 void findChannel(benchmark::State &state)
 {
