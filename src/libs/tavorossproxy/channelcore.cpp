@@ -288,22 +288,6 @@ void ChannelCore::sendUnsent()
     }
 }
 
-void ChannelCore::makeReportGate()
-{
-    const ReportGate::Limits limits{m_options.maxPendingReports, m_options.maxPendingReportBytes};
-    const auto receiver = [this](std::shared_ptr<IDeviceCommand> report) {
-        ++m_reports;
-        m_handlers.report(std::move(report));
-    };
-    const auto wake = [loop = m_loop, weak = weak_from_this()] {
-        loop->post([weak] {
-            if (const auto core = weak.lock())
-                core->m_reportGate->deliverWaiting();
-        });
-    };
-    m_reportGate = std::make_unique<ReportGate>(limits, receiver, wake);
-}
-
 void ChannelCore::makePacers()
 {
     const auto make = [this](std::chrono::milliseconds pause,
@@ -318,18 +302,6 @@ void ChannelCore::makePacers()
     m_refusals = make(logPause, &ChannelCore::tellRefused);
     m_controlLines = make(logPause, &ChannelCore::logControl);
     m_controlChanges = make(controlPause, &ChannelCore::tellControl);
-}
-
-void ChannelCore::takeReport(Wire::FrameEvent &&report)
-{
-    const int dropped = m_reportGate->take(Wire::packetHead(report.head), std::move(report.body));
-    m_droppedReports += static_cast<quint64>(dropped);
-    m_drops->count(static_cast<quint64>(dropped));
-}
-
-void ChannelCore::tellDropped(quint64 count)
-{
-    qCWarning(channelLog) << "Too many reports from" << peerName() << "dropped" << count;
 }
 
 void ChannelCore::noteRefused(quint16 status)
