@@ -49,7 +49,7 @@ protected:
     }
     int count(quint16 code, const Filters &filters)
     {
-        return QJsonDocument::fromJson(list(code, filters)).array().size();
+        return static_cast<int>(QJsonDocument::fromJson(list(code, filters)).array().size());
     }
     /// The value at \a path, such as "0.freeze", of what a read answers; as JSON.
     QByteArray valueAt(quint16 code, const Filters &filters, const QString &path)
