@@ -2,14 +2,17 @@
 
 #include <QStringList>
 
-#include <atomic>
-
 namespace {
-std::atomic<MessageCatcher *> current{nullptr};
-}
+
+/// Held while a line is caught, so that no catcher goes in the middle of one.
+std::mutex currentMutex;
+MessageCatcher *current = nullptr; // guarded by currentMutex
+
+} // namespace
 
 MessageCatcher::MessageCatcher()
 {
+    const std::lock_guard<std::mutex> lock(currentMutex);
     Q_ASSERT_X(!current, "MessageCatcher", "one at a time");
     current = this;
     m_previous = qInstallMessageHandler(&MessageCatcher::handle);
@@ -17,6 +20,7 @@ MessageCatcher::MessageCatcher()
 
 MessageCatcher::~MessageCatcher()
 {
+    const std::lock_guard<std::mutex> lock(currentMutex);
     qInstallMessageHandler(m_previous);
     current = nullptr;
 }
@@ -46,10 +50,10 @@ void MessageCatcher::clear()
 
 void MessageCatcher::handle(QtMsgType level, const QMessageLogContext &context, const QString &text)
 {
-    MessageCatcher *catcher = current;
-    if (!catcher)
+    const std::lock_guard<std::mutex> currentLock(currentMutex);
+    if (!current)
         return;
     const bool hasLocation = context.file && context.line > 0 && context.function;
-    const std::lock_guard<std::mutex> lock(catcher->m_mutex);
-    catcher->m_messages.append({level, QString::fromLatin1(context.category), text, hasLocation});
+    const std::lock_guard<std::mutex> lock(current->m_mutex);
+    current->m_messages.append({level, QString::fromLatin1(context.category), text, hasLocation});
 }
