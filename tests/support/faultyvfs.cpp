@@ -68,7 +68,7 @@ int truncate(sqlite3_file *file, sqlite3_int64 size)
 
 int sync(sqlite3_file *file, int flags)
 {
-    return faultNow() == Fault::DiskFull ? SQLITE_FULL
+    return faultNow() == Fault::DiskFull ? SQLITE_IOERR_FSYNC
                                          : realOf(file)->pMethods->xSync(realOf(file), flags);
 }
 

@@ -210,8 +210,8 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     const MessageCatcher quiet;
     const QTemporaryDir folder;
     int failed = 0;
-    int operations = 4; // those of a save, from the first round on
-    for (int number = 0; number <= operations; number += 4) {
+    int operations = 1; // those of a save, from the first round on
+    for (int number = 0; number <= operations; ++number) {
         const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
         const StoreSignals told;
         {
