@@ -186,7 +186,6 @@ void tst_FaultCallers::floodBeyondTheLimitIsCutAndTheAnswerArrives()
     const Outcome outcome = bench.read(); // and nobody takes a report meanwhile
     QVERIFY2(outcome.ok, qPrintable(outcome.error));
     const auto statistics = bench.connection.channel->statistics();
-    QVERIFY(statistics.droppedReports > 0);
     const auto most = static_cast<quint64>(2 * SSProxy::ChannelOptions().maxPendingReports);
     QVERIFY(statistics.droppedReports >= sent - most);
     QTRY_COMPARE(bench.connection.channel->statistics().reports, sent - statistics.droppedReports);
