@@ -1,0 +1,3 @@
+// What CMake asks of a target that owns precompiled headers: a source.
+
+int main() { }
