@@ -146,11 +146,12 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
     postSending();
     auto response = m_exchanges.await(ticket.head, deadline);
 
+    const quint64 connection = m_connections; // before the looks at it: a new one is left alone
     if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
-        giveUpConnection(tr("it owes too many answers"));
+        giveUpConnection(connection, tr("it owes too many answers"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
              && hasStalled())
-        giveUpConnection(tr("it stopped in the middle of a frame"));
+        giveUpConnection(connection, tr("it stopped in the middle of a frame"));
     return response;
 }
 
@@ -188,9 +189,9 @@ void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
         isMaster = info.controlState == quint8(Wire::ControlState::Yours);
         m_info = std::move(info);
         m_state = State::Ready;
+        ++m_connections;
     }
     m_stateChanged.notify_all();
-    ++m_connections;
     qCInfo(channelLog) << "Connected to" << peerName() << name;
     takeControl(isMaster, {});
 }
@@ -334,18 +335,18 @@ bool ChannelCore::hasStalled() const
 
 /// Called on the thread of a caller. The channel is not ready from here on, so that whoever waits
 /// until it is waits for the new connection.
-void ChannelCore::giveUpConnection(const QString &reason)
+void ChannelCore::giveUpConnection(quint64 connection, const QString &reason)
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_state != State::Ready)
+        if (m_state != State::Ready || m_connections != connection)
             return;
         m_state = State::Waiting;
         m_reason = reason;
         m_exchanges.shut(Disconnected, Disconnected);
     }
-    m_loop->post([core = shared_from_this(), reason] {
-        if (core->m_link)
+    m_loop->post([core = shared_from_this(), connection, reason] {
+        if (core->m_link && core->m_connections == connection)
             core->m_link->drop(Disconnected, reason);
     });
 }

@@ -97,7 +97,7 @@ private:
     void releaseConnection();
     void leaveClosed();
     bool hasStalled() const;
-    void giveUpConnection(const QString &reason);
+    void giveUpConnection(quint64 connection, const QString &reason);
     void shutForGood(quint16 refusal);
     void endLink();
 

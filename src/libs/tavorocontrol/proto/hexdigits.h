@@ -7,17 +7,22 @@
 
 namespace Tavoro::ProtoModel {
 
+/// The upper-case digit of \a value, of 0 to 15.
+constexpr char hexDigit(int value)
+{
+    return "0123456789ABCDEF"[value];
+}
+
 /// The form in which devices are looked up by serial number and MAC: \a bytes as upper-case
 /// hexadecimal digits, two per byte, first byte first.
 template <std::size_t size>
 std::string hexDigits(const std::array<quint8, size> &bytes)
 {
-    constexpr char digits[] = "0123456789ABCDEF";
     std::string text;
     text.reserve(2 * size);
     for (const quint8 byte : bytes) {
-        text += digits[byte >> 4];
-        text += digits[byte & 0xF];
+        text += hexDigit(byte >> 4);
+        text += hexDigit(byte & 0xF);
     }
     return text;
 }
@@ -26,11 +31,10 @@ std::string hexDigits(const std::array<quint8, size> &bytes)
 template <std::size_t size>
 bool isHexDigits(const std::string &text, const std::array<quint8, size> &bytes)
 {
-    constexpr char digits[] = "0123456789ABCDEF";
     if (text.size() != 2 * size)
         return false;
     for (std::size_t i = 0; i < size; ++i) {
-        if (text[2 * i] != digits[bytes[i] >> 4] || text[2 * i + 1] != digits[bytes[i] & 0xF])
+        if (text[2 * i] != hexDigit(bytes[i] >> 4) || text[2 * i + 1] != hexDigit(bytes[i] & 0xF))
             return false;
     }
     return true;
