@@ -8,6 +8,16 @@
 #include <QCoreApplication>
 #include <QDebug>
 
+namespace {
+
+int fail(const QString &error)
+{
+    qCritical("%s", qUtf8Printable(error));
+    return 1;
+}
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
     using namespace Tavoro;
@@ -15,7 +25,7 @@ int main(int argc, char *argv[])
     const auto channel = SSProxy::openTcpDeviceChannel(QCoreApplication::arguments().value(1));
     QString error;
     if (!channel->waitUntilReady(5000, error))
-        qFatal("%s", qUtf8Printable(error));
+        return fail(error);
     SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
 
     const auto model = std::make_shared<BizModel::Device>(65535, nullptr);
@@ -24,7 +34,7 @@ int main(int argc, char *argv[])
 
     ProtoModel::Device::s_DeviceDetail detail;
     if (!Control::Device(model).readDetails(detail, error))
-        qFatal("%s", qUtf8Printable(error));
+        return fail(error);
     qInfo("%s has %zu cards", detail.general.name.c_str(), detail.subcards.size());
     return 0;
 }

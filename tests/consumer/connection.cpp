@@ -52,16 +52,16 @@ bool Connection::synchronise()
 {
     Control::DeviceList list(nullptr);
     bool hasEnded = false;
-    bool isWhole = false;
+    bool hasLayers = false;
     QObject::connect(&list, &Control::DeviceList::signalReadDeviceDetailFinished, &list,
                      [&](bool success) {
                          hasEnded = true;
-                         isWhole = success;
+                         hasLayers = success;
                      });
     QString error;
     const QString ip = QString::fromStdString(m_channel->deviceBaseInfo().ip);
     return list.readDeviceDetail(ip, m_mac, m_sn, error) && waitUntil([&] { return hasEnded; })
-        && isWhole;
+        && hasLayers && device() && device()->isSyncDataSuccess();
 }
 
 std::shared_ptr<BizModel::Device> Connection::device() const

@@ -37,7 +37,8 @@ class TAVOROCONTROL_EXPORT AutoReportManager : public QObject {
 public:
     /// The manager; made by the first call. Null after deleteInstance().
     static AutoReportManager *instance();
-    /// Ends the handling of reports for the rest of the process.
+    /// Ends the handling of reports for the rest of the process. To be called on the manager's
+    /// thread, when no other thread uses the manager any more.
     static void deleteInstance();
 
     /// While true, reports are dropped: not queued, not replayed. For the application, during a

@@ -24,14 +24,16 @@ struct Link;
 /// Commands the maintenance of a device: restart, factory settings, saving, clock, versions, self
 /// check, firmware.
 ///
-/// Cheap to make; never touches the model. An answer that cannot be decoded gives "Decode json
-/// failed: …" in \a error.
+/// Cheap to make; never touches the model.
 ///
 /// Every operation blocks its caller until the device has answered, at most for the time that the
 /// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread. It returns true for success. On failure it returns false, and \a
-/// error holds the sentence that was shown on the status bar; on success \a error is left alone. A
-/// device without a channel takes every write as done, and answers every read with nothing.
+/// be called from any thread but the channels' own, where it fails with status 261. It returns true
+/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
+/// status bar; for a packet of a split write that is refused, the reason alone; for an answer that
+/// cannot be decoded, "Decode json failed: …". On success \a error is left alone. A device without
+/// a channel takes every write as done, and answers every read with nothing, which then fails to
+/// decode.
 class TAVOROCONTROL_EXPORT Auxiliary : public QObject {
     Q_OBJECT
 

@@ -28,10 +28,10 @@ namespace Tavoro::Control {
 /// All three overloads of sendSyncRequest() block the caller until the device has answered or the
 /// time of the device's timeout table has run out; the further packets of a read and all packets of
 /// a split write have DeviceRequestCommand::defaultTimeout each. They may be called from any
-/// thread, several at once. They log each exchange under the category \c tavoro.control, and show
-/// its outcome on the status bar through the signals of BizModel::DeviceList. A device without a
-/// channel counts as done: true, and nothing is sent. Nothing is ever sent twice, and what was sent
-/// before a failure is not taken back.
+/// thread but the channels' own, several at once. They log each exchange under the category \c
+/// tavoro.control, and show its outcome on the status bar through the signals of
+/// BizModel::DeviceList. A device without a channel counts as done: true, and nothing is sent.
+/// Nothing is ever sent twice, and what was sent before a failure is not taken back.
 class TAVOROCONTROL_EXPORT ControlHelper : public QObject {
     Q_OBJECT
 
@@ -42,8 +42,9 @@ public:
     /// Reads: sends \a request and gathers the answer, of however many packets, in \a result.
     ///
     /// The timeout of \a request is overridden by the device's table. On failure \a error holds the
-    /// sentence shown to the user, and \a result what had arrived; on success \a error is left
-    /// alone. Without a channel \a result is empty.
+    /// sentence shown to the user, and \a result what had arrived; if not even the first packet
+    /// came, it is left alone. On success \a error is left alone. Without a channel \a result is
+    /// empty.
     bool sendSyncRequest(std::weak_ptr<BizModel::Device> device,
                          std::shared_ptr<SSProxy::DeviceRequestCommand> request,
                          std::string &result, QString &error);
@@ -62,8 +63,9 @@ public:
     /// and nothing is gathered.
     ///
     /// Its arguments: \c ok; the share done, from above 0 to 1; the packet's bytes; the error text.
-    /// \c ok false ends the read. The read ends too when control of the device is lost or
-    /// setCancelledState() was called. An empty \a callback throws \c std::bad_function_call.
+    /// \c ok false ends the read. The read ends too when another client gets control of the device
+    /// or setCancelledState() was called, and does not begin while one has it. An empty \a callback
+    /// throws \c std::bad_function_call.
     bool sendSyncRequest(
         std::weak_ptr<BizModel::Device> device,
         std::shared_ptr<SSProxy::DeviceRequestCommand> request,

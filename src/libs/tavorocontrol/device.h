@@ -28,11 +28,12 @@ struct Link;
 ///
 /// Every operation blocks its caller until the device has answered, at most for the time that the
 /// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread. It returns true for success. On failure it returns false, and \a
-/// error holds the sentence that was shown on the status bar; on success \a error is left alone, so
-/// that a text that is used again still holds what stood in it before. A device without a channel
-/// takes every write as done, and answers every read with nothing, which then fails to decode
-/// ("Decode json failed: …").
+/// be called from any thread but the channels' own, where it fails with status 261. It returns true
+/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
+/// status bar; for a packet of a split write that is refused, the reason alone; for an answer that
+/// cannot be decoded, "Decode json failed: …". On success \a error is left alone, so that a text
+/// that is used again still holds what stood in it before. A device without a channel takes every
+/// write as done, and answers every read with nothing, which then fails to decode.
 ///
 /// Writes do not touch the model: it follows by the device's own reports.
 class TAVOROCONTROL_EXPORT Device : public QObject, public std::enable_shared_from_this<Device> {
@@ -45,12 +46,13 @@ public:
     /// Reads the whole state of the device into \a detail (code 0x1100). False without a text if
     /// the model device is gone by the time of the answer.
     bool readDetails(ProtoModel::Device::s_DeviceDetail &detail, QString &error);
-    /// Reads the whole state of the device into the model (0x1100).
+    /// Reads the whole state of the device into the model (0x1100). False without a text if the
+    /// model device is gone by the time of the answer.
     bool readDeviceDetails(QString &error);
     /// Reads the whole state of the device as the JSON text that came (0x1100).
     bool sendReadDeviceDetailsCmd(std::string &detail, QString &error);
     /// Reads the whole state of the device (0x1100) and rebuilds the slots that \a reported names
-    /// in the model.
+    /// in the model. False without a text if the model device is gone by the time of the answer.
     bool readSubcardDetail(const ProtoModel::Device::s_subcards &reported, QString &error);
     /// Reads the groups that the device is in (0x110A). False without a text if the model device is
     /// gone.
@@ -66,7 +68,9 @@ public:
     bool writeGenlockConfig(const ProtoModel::Device::s_Genlock &genlock, QString &error);
     /// Changes the network ports (0x1106). For each port that gets an address other than the one in
     /// the model, the device's channel is stopped and forgotten, since the device will no longer be
-    /// found under the old one.
+    /// found under the old one. Open a channel to the new address, or call
+    /// SSProxy::DeviceManager::refreshDeviceChannel() where the application looks for devices;
+    /// until then the device has no channel.
     bool writeNetConfig(const ProtoModel::Device::s_Networks &networks, QString &error);
     /// Chooses whether preview and programme change places on a take (0x1107).
     bool writeSwap(const ProtoModel::Device::s_swap &swap, QString &error);
@@ -87,7 +91,7 @@ public:
     bool writeLoadToPGM(const BizModel::Enum::Device::LoadToPGMStatus &status, QString &error);
 
     /// Asks for control of the device with this identity. \a error gets the reason on failure.
-    /// Blocks for the exchange.
+    /// Blocks until the device answers, 20 s at the most.
     bool writeDeviceControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                    QString &error);
     /// Looks for devices on the network again. Returns at once.

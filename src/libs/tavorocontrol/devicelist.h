@@ -41,8 +41,11 @@ public:
 
 Q_SIGNALS:
     void signalReadDeviceDetailStarted(QString ip);
-    /// The model holds what could be read. \a success is false, and the identity empty, if the
-    /// device was lost on the way.
+    /// The model holds what could be read. \a success tells how filling in the layers went, or,
+    /// when the device's details, its status or its interfaces ended the reading, how the reads
+    /// went: so it can be true although screens or files could not be read.
+    /// BizModel::Device::isSyncDataSuccess() tells whether all reads went well. The identity is
+    /// empty, and \a success false, for a device without an address.
     void signalReadDeviceDetailFinished(bool success, QString ip, QString mac, QString sn);
 
 private:

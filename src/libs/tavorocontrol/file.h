@@ -32,9 +32,12 @@ struct Link;
 ///
 /// Every operation blocks its caller until the device has answered, at most for the time that the
 /// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread. It returns true for success. On failure it returns false, and \a
-/// error holds the sentence that was shown on the status bar; on success \a error is left alone. A
-/// device without a channel takes every write as done, and answers every read with nothing.
+/// be called from any thread but the channels' own, where it fails with status 261. It returns true
+/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
+/// status bar; for a packet of a split write that is refused, the reason alone; for an answer that
+/// cannot be decoded, "Decode json failed: …". On success \a error is left alone. A device without
+/// a channel takes every write as done, and answers every read with nothing: a list then fails to
+/// decode, a content is empty.
 class TAVOROCONTROL_EXPORT File : public QObject {
     Q_OBJECT
 
@@ -50,16 +53,18 @@ public:
                      QString &error);
 
     /// Fetches the content of \a file into its \c binary (0xFA04). After a failure it holds what
-    /// had arrived.
+    /// had arrived; if not even the first packet came, it is left alone.
     bool readBinary(ProtoModel::File::s_FileDetail &file, QString &error);
     /// Fetches the content of a file into \a content (0xFA04). After a failure it holds what had
-    /// arrived.
+    /// arrived; if not even the first packet came, it is left alone.
     bool readBinary(int fileType, int fileId, std::string &content, QString &error);
     /// Fetches the content of a file packet by packet (0xFA04) and holds no more than one packet.
     ///
     /// \a callback runs on the caller's thread: with \c ok true and the packet's bytes, and the
     /// share done; or once with \c ok false and the reason, and the read has ended.
-    /// setCancelledState() ends it too. An empty \a callback throws \c std::bad_function_call.
+    /// setCancelledState() ends it too. So does another client that gets control of the device, and
+    /// the read does not begin while one has it; the reads without a callback do not ask for that.
+    /// An empty \a callback throws \c std::bad_function_call.
     bool readBinary(
         int fileType, int fileId,
         std::function<void(bool ok, double progress, const std::string &data, QString &error)>

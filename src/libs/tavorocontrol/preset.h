@@ -28,9 +28,10 @@ struct Link;
 ///
 /// Every operation blocks its caller until the device has answered, at most for the time that the
 /// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread. It returns true for success. On failure it returns false, and \a
-/// error holds the sentence that was shown on the status bar; on success \a error is left alone. A
-/// device without a channel takes every write as done, and answers every read with nothing.
+/// be called from any thread but the channels' own, where it fails with status 261. It returns true
+/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
+/// status bar; for a packet of a split write that is refused, the reason alone. On success \a error
+/// is left alone. A device without a channel takes every write as done.
 class TAVOROCONTROL_EXPORT Preset : public QObject {
     Q_OBJECT
 

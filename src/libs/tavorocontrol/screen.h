@@ -29,10 +29,13 @@ struct Link;
 ///
 /// Every operation blocks its caller until the device has answered, at most for the time that the
 /// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread. It returns true for success. On failure it returns false, and \a
-/// error holds the sentence that was shown on the status bar; on success \a error is left alone. A
-/// device without a channel takes every write as done. Writes do not touch the model: it follows by
-/// the device's own reports and by the next synchronisation.
+/// be called from any thread but the channels' own, where it fails with status 261. It returns true
+/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
+/// status bar; for a packet of a split write that is refused, the reason alone; for an answer that
+/// cannot be decoded, "Decode json failed: …". On success \a error is left alone. A device without
+/// a channel takes every write as done, and answers every read with nothing, which then fails to
+/// decode. Writes do not touch the model: it follows by the device's own reports and by the next
+/// synchronisation.
 class TAVOROCONTROL_EXPORT Screen : public QObject, public std::enable_shared_from_this<Screen> {
     Q_OBJECT
 

@@ -30,6 +30,7 @@ ChannelOptions usable(ChannelOptions options)
     options.longestReconnectPause = std::max(options.longestReconnectPause, leastPause);
     options.keepAliveInterval = std::max(options.keepAliveInterval, leastPause);
     options.maxBodySize = std::min(options.maxBodySize, mostBodySize);
+    options.maxPacketCount = std::max(options.maxPacketCount, 1u);
     options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);
     options.maxOwedAnswers = std::max(options.maxOwedAnswers, 1);
     return options;

@@ -11,7 +11,8 @@ namespace Tavoro::SSProxy {
 constexpr quint16 defaultTcpPort = 6630;
 
 /// The limits of a channel over a network. The defaults suit a device on a local network. Pauses of
-/// less than 1 ms, and limits of less than 1 that would let nothing through, count as 1.
+/// less than 1 ms, and \c maxPacketCount, \c maxUnsentBytes and \c maxOwedAnswers of less than 1,
+/// count as 1.
 struct ChannelOptions {
     using Milliseconds = std::chrono::milliseconds;
 
@@ -36,7 +37,8 @@ struct ChannelOptions {
     Milliseconds stalledAnswerTimeout{2000};
 
     /// Longest body of a frame, in bytes. A longer one from the device ends the connection, and a
-    /// device that would take longer ones is sent packets of this size. At most 1 GiB.
+    /// device that would take longer ones is sent packets of this size. At most 1 GiB. The identity
+    /// of a device has to fit as well.
     quint32 maxBodySize = 64u << 20;
     /// Most packets that an answer may claim to have. One that claims more is refused.
     quint32 maxPacketCount = 65536;
@@ -49,7 +51,7 @@ struct ChannelOptions {
     /// Bytes of the bodies of such reports, in the same way.
     qint64 maxPendingReportBytes = 16 << 20;
     /// Channels of this process that may have a connection. One beyond them tries again later, as
-    /// after a failure.
+    /// after a failure; with 0 none ever connects.
     int maxConnections = 1024;
     /// Serial number of the only device that is taken at the other end, 16 upper-case hexadecimal
     /// digits; of a device whose serial number is all zeros the 12 digits of its MAC. Empty: any.

@@ -40,8 +40,9 @@ public:
     ~NetworkChannel() override;
 
     /// Blocks until the channel is ready, and returns true. When \a milliseconds are over or the
-    /// channel is stopped first, returns false, with a sentence in \a error that names the peer
-    /// and the last reason. The channel goes on trying after that.
+    /// channel is stopped first, returns false, with a sentence in \a error that names the peer and
+    /// the last reason. The channel goes on trying after that. On the channels' thread it does not
+    /// wait.
     virtual bool waitUntilReady(int milliseconds, QString &error) = 0;
 
     /// Ends the pause between two attempts to connect, if the channel is in one.
@@ -52,8 +53,9 @@ public:
     virtual void moveTo(const QString &host, quint16 port) = 0;
 
     /// Asks the device for control, or to be rid of it. On failure \a error tells why, in words.
-    /// Blocks until the device answers, 10 s at the most; not for slots on the channels' thread. A
-    /// device that does not know about control grants everything.
+    /// Blocks until the device answers, 20 s at the most: when another client holds control, the
+    /// device is asked who it is. Not for slots on the channels' thread. A device that does not
+    /// know about control grants everything.
     virtual bool requestControl(ControlAction action, QString &error) = 0;
 
     /// Asks the device what became of the request that was last sent with the tag \a lables: after

@@ -18,7 +18,7 @@ enum ChannelStatus : quint16 {
     CalledOnChannelThread = 261, ///< A call on the thread that receives would wait for itself. Not sent.
     NoFreeTag             = 262, ///< All tags are taken by requests in flight. Not sent.
     InvalidRequest        = 263, ///< Null, a type that does not exist, or a body above the device's limit. Not sent.
-    ThreadNotRunning      = 264, ///< The thread that sends has ended. Not sent.
+    ThreadNotRunning      = 264, ///< The thread that sends has ended: not sent. Or it ended while the answer was awaited.
 
     // The protocol decoder.
     WrongAnswerCode       = 357, ///< The answer carries another command's code.

@@ -48,7 +48,8 @@ public:
     void refreshDeviceChannel();
 
     /// Takes control of a device unless another client holds it. \a ip, \a mac and \a sn name the
-    /// device. On failure \a error tells why, in words. Blocks until the device answers.
+    /// device. On failure \a error tells why, in words. Blocks until the device answers, over a
+    /// network 20 s at the most: when another client holds control, the device is asked who it is.
     bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                   QString &error);
     /// The same with an action of the caller's choice.
@@ -56,7 +57,11 @@ public:
                                   ControlAction action, QString &error);
 
 Q_SIGNALS:
-    /// A device sent a command unasked. Emitted on the thread that received it.
+    /// A device sent a command unasked. Emitted on the thread that received it: the channels'
+    /// thread, for channels over a network.
+    ///
+    /// A slot without a context object runs on that thread. It must not block, and operations that
+    /// it calls fail with status 261. This goes for all signals of the manager.
     void parseDeviceAutoReportFinished(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
 

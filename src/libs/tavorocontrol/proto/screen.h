@@ -80,13 +80,13 @@ struct s_PhysicalSizeBody {
 /// Fade to black.
 struct s_FTBBody {
     qint32 enable = 0;
-    qint32 time = 0;
+    qint32 time = 0; ///< Duration, in the device's own unit.
     TAVORO_FIELDS(enable, time)
 };
 
 /// Transition between preview and programme.
 struct s_SwitchEffectBody {
-    qint32 time = 5;
+    qint32 time = 5; ///< Duration, in the device's own unit.
     qint32 direction = 0;
     qint32 type = 1;
     TAVORO_FIELDS(time, direction, type)

@@ -51,7 +51,7 @@ struct s_TimingAxisBody {
 /// A video timing.
 struct s_TimingDetailBody {
     qint32 interlaced = 0;
-    qint32 refresh = 0; ///< Refresh rate.
+    qint32 refresh = 0; ///< Refresh rate, in the device's own unit.
     qint32 compatMode = 0;
     s_TimingAxisBody horizontal;
     s_TimingAxisBody vertical;
