@@ -35,12 +35,17 @@ void ManualPeer::setReading(bool isReading)
     m_events->streamDrained();
 }
 
-void ManualPeer::takeUnsent()
+void ManualPeer::takePart(int count)
 {
-    std::string_view bytes(m_unsent.constData(), static_cast<std::size_t>(m_unsent.size()));
+    std::string_view bytes(m_unsent.constData(), static_cast<std::size_t>(count));
     while (auto frame = m_parser.next(bytes))
         frames.push_back(std::move(*frame));
-    m_unsent.clear();
+    m_unsent.remove(0, count);
+}
+
+void ManualPeer::takeUnsent()
+{
+    takePart(int(m_unsent.size()));
 }
 
 void ManualStream::open(Events &events)

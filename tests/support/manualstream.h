@@ -17,6 +17,8 @@ public:
     void fail(const QString &reason);
     /// Takes what the channel has written from now on at once (true), or leaves it unsent.
     void setReading(bool isReading);
+    /// Takes so many bytes of what is unsent.
+    void takePart(int count);
 
     int opened = 0; ///< Attempts to connect.
     QString place; ///< Where attempts go: host and port; empty until the channel is told.

@@ -91,7 +91,7 @@ public:
     bool writeLoadToPGM(const BizModel::Enum::Device::LoadToPGMStatus &status, QString &error);
 
     /// Asks for control of the device with this identity. \a error gets the reason on failure.
-    /// Blocks until the device answers, 20 s at the most.
+    /// Blocks until the device answers, 10 s at the most.
     bool writeDeviceControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                    QString &error);
     /// Looks for devices on the network again. Returns at once.

@@ -12,13 +12,15 @@ bool ChannelCore::requestControl(ControlAction action, QString &error)
 {
     auto request = makeLinkRequest(CommandType::Write, Wire::LinkCommand::Control);
     request.head().arg2[0] = static_cast<quint8>(action);
+    const auto deadline = m_loop->clock().now() + ChannelOptions::Milliseconds(request.timeout());
     const quint16 status = exchange(request)->status;
     // A device that does not hand out control lets everybody write.
     if (status == quint16(Wire::DeviceStatus::Success)
         || status == quint16(Wire::DeviceStatus::UnknownCommand))
         return true;
     if (status == quint16(Wire::DeviceStatus::ControlledByOthers))
-        error = tr("The device at %1 is controlled by %2.").arg(peerName(), holderOfControl());
+        error =
+            tr("The device at %1 is controlled by %2.").arg(peerName(), holderOfControl(deadline));
     else if (waitUntilReady(ChannelOptions::Milliseconds(0), error))
         error = tr("The device at %1 does not answer for its control: %2 (%3).")
                     .arg(peerName(), reasonOf(status))
@@ -43,9 +45,12 @@ QString ChannelCore::reasonOf(quint16 status)
     }
 }
 
-QString ChannelCore::holderOfControl()
+QString ChannelCore::holderOfControl(Clock::TimePoint deadline)
 {
     auto request = makeLinkRequest(CommandType::Read, Wire::LinkCommand::Control);
+    const auto rest = deadline - m_loop->clock().now();
+    request.setTimeout(
+        static_cast<int>(std::chrono::duration_cast<ChannelOptions::Milliseconds>(rest).count()));
     const auto response = exchange(request);
     return response->status == 0 && !response->body().empty()
         ? QString::fromStdString(response->body())

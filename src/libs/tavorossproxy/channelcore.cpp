@@ -19,20 +19,31 @@ constexpr std::chrono::seconds logPause(1);
 /// Between two changes of control that are told: those who take them may be slower than the device.
 constexpr std::chrono::milliseconds controlPause(100);
 
+/// As good as never, and far from the end of the clock.
+constexpr std::chrono::hours longestTime(24);
+
+/// Requests that can be told apart.
+constexpr int tagCount = 255;
+
 /// Longest body of a frame: a QByteArray of Qt 5 holds no frame of 2 GiB.
 constexpr quint32 mostBodySize = 1u << 30;
 
 /// With values in place of those that would let nothing through or leave no pause.
 ChannelOptions usable(ChannelOptions options)
 {
-    constexpr ChannelOptions::Milliseconds leastPause(1);
-    options.firstReconnectPause = std::max(options.firstReconnectPause, leastPause);
-    options.longestReconnectPause = std::max(options.longestReconnectPause, leastPause);
-    options.keepAliveInterval = std::max(options.keepAliveInterval, leastPause);
+    using Milliseconds = ChannelOptions::Milliseconds;
+    for (Milliseconds ChannelOptions::*time :
+         {&ChannelOptions::connectTimeout, &ChannelOptions::identityTimeout,
+          &ChannelOptions::firstReconnectPause, &ChannelOptions::longestReconnectPause,
+          &ChannelOptions::keepAliveInterval, &ChannelOptions::keepAliveTimeout,
+          &ChannelOptions::stalledAnswerTimeout})
+        options.*time = std::clamp(options.*time, Milliseconds(1), Milliseconds(longestTime));
+    // One ping at the least goes ahead of giving up.
+    options.keepAliveTimeout = std::max(options.keepAliveTimeout, 2 * options.keepAliveInterval);
     options.maxBodySize = std::min(options.maxBodySize, mostBodySize);
     options.maxPacketCount = std::max(options.maxPacketCount, 1u);
     options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);
-    options.maxOwedAnswers = std::max(options.maxOwedAnswers, 1);
+    options.maxOwedAnswers = std::clamp(options.maxOwedAnswers, 1, tagCount);
     return options;
 }
 
@@ -134,6 +145,7 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
 {
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
+    request.head().lables = 0; // that of an exchange before would be taken for this one's
     if (m_loop->isCurrentThread())
         return makeResponse(request.head(), CalledOnChannelThread);
     const auto ticket = m_exchanges.begin(request);

@@ -86,7 +86,7 @@ private:
     void takeControl(bool isMaster, const QString &holder);
     void tellControl(quint64 changes);
     void logControl(quint64 changes);
-    QString holderOfControl();
+    QString holderOfControl(Clock::TimePoint deadline);
     static QString reasonOf(quint16 status);
     void makeReportGate();
     void takeReport(Wire::FrameEvent &&report);

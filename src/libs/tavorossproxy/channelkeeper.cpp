@@ -63,8 +63,14 @@ bool ChannelKeeper::followKnown(const std::string &key, const ProtoModel::Device
     if (known == m_known.end())
         return false;
     const AnyChannel channel = known->second.lock();
-    if (!m_channels->contains(channel))
-        return true; // it was removed
+    if (!m_channels->contains(channel)) {
+        const AnyChannel other = findInManager(key);
+        if (!other)
+            return true; // it was removed
+        known->second = other; // the application's own
+        follow(other, device);
+        return true;
+    }
     if (const std::string identity = identityOf(*channel); !identity.empty() && identity != key) {
         m_known.erase(known); // the channel has another device now
         return false;

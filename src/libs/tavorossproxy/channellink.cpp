@@ -58,7 +58,7 @@ void ChannelLink::refresh()
 
 bool ChannelLink::moveTo(const QString &host, quint16 port)
 {
-    if (m_phase == Phase::Ready || m_phase == Phase::Stopped)
+    if (m_phase == Phase::Ready || m_phase == Phase::Identifying || m_phase == Phase::Stopped)
         return false;
     if (!m_stream->setPeer(host, port)) {
         refresh();
@@ -98,12 +98,13 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     if (m_phase == Phase::Idle || m_phase == Phase::Pausing || m_phase == Phase::Stopped)
         return;
     const auto unfinished = m_parser.unfinishedHead();
-    const bool isResponse = unfinished && unfinished->kind == quint8(FrameKind::Response);
+    const bool isBrokenOff =
+        status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
     m_parser.reset();
     m_stream->close();
     enter(Phase::Pausing, m_pause);
     m_pause = std::min(2 * m_pause, m_options.longestReconnectPause);
-    m_events.linkLost(status, reason, isResponse ? unfinished->lables : quint8(0));
+    m_events.linkLost(status, reason, isBrokenOff ? unfinished->lables : quint8(0));
 }
 
 bool ChannelLink::canSend() const
@@ -136,18 +137,23 @@ void ChannelLink::wantTick(Clock::TimePoint time)
     m_events.linkWantsTick(time);
 }
 
+/// While a long frame leaves, the device has nothing to say, and pings stand behind it: that it
+/// takes the frame is a sign of life, too.
 void ChannelLink::keepAlive()
 {
     const auto now = m_clock.now();
-    if (now >= m_lastHeard + m_options.keepAliveTimeout)
+    if (m_stream->unsentBytes() < m_unsentBefore)
+        m_lastSignOfLife = now;
+    if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
         return drop(DeviceSilent, tr("it stopped answering"));
-    if (now >= m_lastHeard + m_options.keepAliveInterval) {
+    if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
         send(Wire::encodeLinkFrame(FrameKind::Ping));
-        m_due =
-            std::min(now + m_options.keepAliveInterval, m_lastHeard + m_options.keepAliveTimeout);
+        m_due = std::min(now + m_options.keepAliveInterval,
+                         m_lastSignOfLife + m_options.keepAliveTimeout);
     } else {
-        m_due = m_lastHeard + m_options.keepAliveInterval;
+        m_due = m_lastSignOfLife + m_options.keepAliveInterval;
     }
+    m_unsentBefore = m_stream->unsentBytes();
     wantTick(m_due);
 }
 
@@ -156,6 +162,7 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
     m_peerAddress = peerAddress;
     enter(Phase::Identifying, m_options.identityTimeout);
     ++m_connection.number;
+    m_unsentBefore = 0;
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
     send(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
@@ -163,7 +170,7 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
 
 void ChannelLink::streamReceived(std::string_view bytes)
 {
-    m_lastHeard = m_clock.now();
+    m_lastSignOfLife = m_clock.now();
     while (auto event = m_parser.next(bytes)) {
         handle(std::move(*event));
         if (m_phase != Phase::Ready && m_phase != Phase::Identifying)
@@ -220,7 +227,8 @@ void ChannelLink::answerPing(quint8 lables)
 void ChannelLink::refuse(Wire::FrameEvent &&event)
 {
     const quint16 status = event.status;
-    const bool isOfNoUse = event.fatal || m_phase == Phase::Identifying;
+    const bool isIdentity = event.head.kind == quint8(FrameKind::IdentityAnswer);
+    const bool isOfNoUse = event.fatal || (m_phase == Phase::Identifying && isIdentity);
     m_events.linkReceived(std::move(event));
     if (isOfNoUse)
         drop(status, tr("it sent what is no valid frame (%1)").arg(status));

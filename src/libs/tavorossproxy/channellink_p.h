@@ -59,8 +59,8 @@ public:
     void stop();
     /// Ends a pause.
     void refresh();
-    /// The device was seen at \a host. Connects there at once unless there is a connection; true
-    /// when that is another place than before.
+    /// The device was seen at \a host. Connects there at once unless there is a connection, be it
+    /// without an identity yet; true when that is another place than before.
     bool moveTo(const QString &host, quint16 port);
     void tick(Clock::TimePoint time);
     /// Gives the connection up; a new one is made.
@@ -105,7 +105,8 @@ private:
     Wire::ConnectionId m_connection;
     Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
     Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
-    Clock::TimePoint m_lastHeard;
+    Clock::TimePoint m_lastSignOfLife;
+    qint64 m_unsentBefore = 0; ///< At the last look at the keep-alive.
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
     std::string m_peerAddress;
 };

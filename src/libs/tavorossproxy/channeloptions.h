@@ -10,9 +10,9 @@ namespace Tavoro::SSProxy {
 /// Port on which a device listens unless it is told otherwise.
 constexpr quint16 defaultTcpPort = 6630;
 
-/// The limits of a channel over a network. The defaults suit a device on a local network. Pauses of
+/// The limits of a channel over a network. The defaults suit a device on a local network. Times of
 /// less than 1 ms, and \c maxPacketCount, \c maxUnsentBytes and \c maxOwedAnswers of less than 1,
-/// count as 1.
+/// count as 1; times of more than a day, but \c maxRequestTime, count as a day.
 struct ChannelOptions {
     using Milliseconds = std::chrono::milliseconds;
 
@@ -26,7 +26,8 @@ struct ChannelOptions {
     Milliseconds longestReconnectPause{10000};
     /// The device is pinged when nothing came from it for so long ...
     Milliseconds keepAliveInterval{5000};
-    /// ... and the connection is given up when nothing came for so long.
+    /// ... and the connection is given up when nothing came for so long, and nothing of what was
+    /// sent was taken. At least twice the interval.
     Milliseconds keepAliveTimeout{15000};
 
     /// Longest time that a request may take, whatever it asks for. The further packets of a split
@@ -57,7 +58,8 @@ struct ChannelOptions {
     /// digits; of a device whose serial number is all zeros the 12 digits of its MAC. Empty: any.
     std::string identity;
     /// The tag of a request that timed out stays taken, lest its late answer reach another request.
-    /// When so many answers are owed, the connection is made anew, which frees their tags.
+    /// When so many answers are owed, the connection is made anew, which frees their tags. At most
+    /// 255, that is all.
     int maxOwedAnswers = 128;
 };
 

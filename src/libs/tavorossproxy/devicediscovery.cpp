@@ -25,6 +25,9 @@ using Milliseconds = std::chrono::milliseconds;
 /// Pause between the requests of findDevices(): a datagram may be lost.
 constexpr Milliseconds briefInterval{250};
 
+/// By findDevices(): anybody on the network may answer, under as many names as he likes.
+constexpr std::size_t mostFound = 1024;
+
 std::shared_ptr<NetworkChannel> openChannel(const ProtoModel::DeviceBaseInfo &device,
                                             const ChannelOptions &options)
 {
@@ -83,7 +86,8 @@ public:
         const auto isSame = [&](const auto &known) {
             return known.sn == device.sn && known.mac == device.mac;
         };
-        if (std::none_of(m_devices.begin(), m_devices.end(), isSame))
+        if (m_devices.size() < mostFound
+            && std::none_of(m_devices.begin(), m_devices.end(), isSame))
             m_devices.push_back(device);
         m_changed.notify_all();
     }

@@ -54,8 +54,8 @@ TAVOROSSPROXY_EXPORT void stopDeviceDiscovery();
 
 /// Asks every 250 ms for \a milliseconds, and returns the devices that have answered, each once:
 /// where it was first seen (\c ip and \c tcpPort) and who it is. No channel is opened. Returns
-/// early when \a enough devices have answered; 0: never. Blocks; not for slots on the channels'
-/// thread. A \c QCoreApplication must exist.
+/// early when \a enough devices have answered; 0: never. At most 1024 devices. Blocks; not for
+/// slots on the channels' thread. A \c QCoreApplication must exist.
 TAVOROSSPROXY_EXPORT std::vector<ProtoModel::DeviceBaseInfo>
 findDevices(int milliseconds, int enough = 0, const std::vector<DiscoveryTarget> &targets = {});
 /// The same. When nothing can be asked, as there are no more sockets, returns at once, with a

@@ -4,13 +4,15 @@
 
 #include <tavorossproxy/wire/discovery.h>
 
+#include <algorithm>
+
 namespace Tavoro::SSProxy::Internal {
 
 DeviceFinder::DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<DatagramPort> port,
                            std::vector<DiscoveryTarget> targets, std::chrono::milliseconds interval)
     : m_loop(std::move(loop)),
       m_targets(std::move(targets)),
-      m_interval(interval),
+      m_interval(std::min<std::chrono::milliseconds>(interval, std::chrono::hours(24))),
       m_port(std::move(port)),
       m_strangers(*m_loop, std::chrono::seconds(1), [](quint64 count) {
           qCDebug(channelLog) << "No device: further datagrams" << count;

@@ -53,17 +53,16 @@ public:
     virtual void moveTo(const QString &host, quint16 port) = 0;
 
     /// Asks the device for control, or to be rid of it. On failure \a error tells why, in words.
-    /// Blocks until the device answers, 20 s at the most: when another client holds control, the
-    /// device is asked who it is. Not for slots on the channels' thread. A device that does not
-    /// know about control grants everything.
+    /// Blocks until the device answers, 10 s at the most; not for slots on the channels' thread. A
+    /// device that does not know about control grants everything.
     virtual bool requestControl(ControlAction action, QString &error) = 0;
 
     /// Asks the device what became of the request that was last sent with the tag \a lables: after
-    /// a request that ended without an answer, its head holds the tag. A channel whose connection
-    /// was lost is asked when it is ready again. Do not wait long: the tag is used again after 254
-    /// further requests, these questions among them, and each other request that is under way or
-    /// timed out and owes its answer makes it one less. With one caller and the default of
-    /// ChannelOptions::maxOwedAnswers it lasts for 127 at least.
+    /// a request that ended without an answer, its head holds the tag, or 0 if it was not sent. A
+    /// channel whose connection was lost is asked when it is ready again. Do not wait long: the tag
+    /// is used again after 254 further requests, these questions among them, and each other request
+    /// that is under way or timed out and owes its answer makes it one less. With one caller and
+    /// the default of ChannelOptions::maxOwedAnswers it lasts for 127 at least.
     ///
     /// The packets of a split write have tags of their own, which their caller does not see: for
     /// its head, with the tag 0, the outcome is unknown.

@@ -30,6 +30,8 @@ void TcpStream::open(Events &events)
 {
     close();
     m_events = &events;
+    if (!m_presence)
+        m_presence = std::make_unique<QObject>();
     m_socket = std::make_unique<QTcpSocket>();
     m_socket->setProxy(QNetworkProxy::NoProxy); // devices are near
     connectSignals(events);
@@ -53,12 +55,11 @@ void TcpStream::write(const QByteArray &bytes)
 {
     if (!m_socket || m_socket->write(bytes) >= 0)
         return;
-    QTcpSocket *const socket = m_socket.get();
-    const auto failLater = [this, socket] {
+    const auto failLater = [this, socket = m_socket.get()] {
         if (m_socket.get() == socket)
             fail(*m_events);
     };
-    QMetaObject::invokeMethod(socket, failLater, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(m_presence.get(), failLater, Qt::QueuedConnection);
 }
 
 bool TcpStream::setPeer(const QString &host, quint16 port)

@@ -2,6 +2,7 @@
 
 #include "bytestream_p.h"
 
+#include <QObject>
 #include <QString>
 #include <QtGlobal>
 
@@ -34,6 +35,8 @@ private:
     quint16 m_port;
     Events *m_events = nullptr; ///< Of the last connection; outlives it.
     std::unique_ptr<QTcpSocket> m_socket;
+    /// What is to be told later goes with the stream: a socket that was closed stays for a while.
+    std::unique_ptr<QObject> m_presence;
     std::vector<char> m_received; ///< What was read last; kept so that it stays in the cache.
 };
 

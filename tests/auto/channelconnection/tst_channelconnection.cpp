@@ -20,6 +20,8 @@ private Q_SLOTS:
     void packetsAboveTheLimitAreNotUsed();
     void identityThatCannotBeUsed_data();
     void identityThatCannotBeUsed();
+    void identityInABrokenFrameEndsTheAttempt();
+    void frameOfALaterKindBeforeTheIdentityIsSkipped();
     void reportBeforeTheIdentityIsDropped();
 
     void failureToConnectIsToldInASentence();
@@ -31,6 +33,8 @@ private Q_SLOTS:
     void silenceIsBrokenByPings();
     void silentDeviceIsGivenUp();
     void anyByteIsASignOfLife();
+    void bytesThatAreTakenAreASignOfLife();
+    void givingUpFollowsAPing();
     void pingOfTheDeviceIsAnswered();
 
     void droppedChannelDisconnects();
@@ -111,6 +115,30 @@ void tst_ChannelConnection::identityThatCannotBeUsed()
     QString error;
     QVERIFY(!m_channel->waitUntilReady(0, error));
     QCOMPARE(error, sentence);
+}
+
+void tst_ChannelConnection::identityInABrokenFrameEndsTheAttempt()
+{
+    m_peer->accept();
+    Wire::WireHead head;
+    head.kind = 5;
+    QByteArray frame = Wire::encodeFrame(head, identity());
+    frame.back() = '?';
+    m_peer->send(frame.toStdString());
+    QVERIFY(!m_peer->isOpen);
+    QCOMPARE(int(call(request()).response()->status), 361);
+}
+
+void tst_ChannelConnection::frameOfALaterKindBeforeTheIdentityIsSkipped()
+{
+    m_peer->accept();
+    Wire::WireHead head;
+    head.kind = 8;
+    m_peer->send(head, "a greeting");
+    QVERIFY(m_peer->isOpen);
+    head.kind = 5;
+    m_peer->send(head, identity());
+    QVERIFY(m_channel->isHardwareReadFinished());
 }
 
 void tst_ChannelConnection::reportBeforeTheIdentityIsDropped()
@@ -201,7 +229,8 @@ void tst_ChannelConnection::silentDeviceIsGivenUp()
 {
     connectChannel();
     auto caller = call(request(0x1100, 1, {}, 60000));
-    nextRequest();
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_peer->send(std::string_view(frame.constData(), 38)); // and no more
     m_loop->advance(14999ms);
     QVERIFY(m_channel->isHardwareReadFinished());
     m_loop->advance(1ms);
@@ -219,6 +248,38 @@ void tst_ChannelConnection::anyByteIsASignOfLife()
         m_loop->advance(10s);
     }
     QVERIFY(m_channel->isHardwareReadFinished());
+}
+
+void tst_ChannelConnection::bytesThatAreTakenAreASignOfLife()
+{
+    connectChannel();
+    m_peer->setReading(false);
+    auto caller = call(request(0x1101, 2, std::string(50, 'x'), 600000));
+    QVERIFY(m_loop->runUntil([&] { return m_channel->statistics().requests == 1; }));
+    m_loop->run();
+    for (int i = 0; i < 40; ++i) {
+        m_peer->takePart(1);
+        m_loop->advance(10s);
+    }
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_loop->advance(20s);
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    QCOMPARE(int(caller.response()->status), 364);
+}
+
+void tst_ChannelConnection::givingUpFollowsAPing()
+{
+    m_options.keepAliveTimeout = 0ms;
+    m_channel.reset();
+    m_loop->run();
+    openChannel();
+    connectChannel();
+    m_peer->frames.clear();
+    m_loop->advance(5s);
+    QCOMPARE(m_peer->frames.size(), std::size_t(1));
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_loop->advance(5s);
+    QVERIFY(!m_channel->isHardwareReadFinished());
 }
 
 void tst_ChannelConnection::pingOfTheDeviceIsAnswered()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void givingUpLeavesTheStateToTheDevice();
     void refusalNamesTheHolder();
     void refusalWithoutANameNamesAnotherClient();
+    void wishAndTheNameOfTheHolderTakeTenSecondsTogether();
     void deviceWithoutControlGrantsIt();
     void channelWithoutAConnectionTellsWhy();
     void failureIsToldInASentence_data();
@@ -279,6 +280,23 @@ void tst_ChannelControl::refusalWithoutANameNamesAnotherClient()
     answer(nextRequest()); // who held it has gone meanwhile
     QVERIFY(!resultOf(asked));
     QCOMPARE(asked.error,
+             QStringLiteral("The device at wall:6630 is controlled by another client."));
+}
+
+void tst_ChannelControl::wishAndTheNameOfTheHolderTakeTenSecondsTogether()
+{
+    connectChannel();
+    Wish mine;
+    wish(mine, ControlAction::Take);
+    const auto request = nextRequest();
+    m_loop->advance(6s);
+    refuse(request, 67);
+    nextRequest();
+    m_loop->advance(3999ms);
+    QVERIFY(!mine.isDone);
+    m_loop->advance(1ms);
+    QVERIFY(!resultOf(mine));
+    QCOMPARE(mine.error,
              QStringLiteral("The device at wall:6630 is controlled by another client."));
 }
 

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void connectionsBeyondTheLimitTryAgainLater();
     void limitsOfZeroLetRequestsThrough();
     void pausesOfZeroArePauses();
+    void timesWithoutEndAreLong();
+    void allTagsMayBeOwedAtTheMost();
     void bodiesAreNeverLongerThanAFrameCanHold();
 
 private:
@@ -229,6 +231,51 @@ void tst_ChannelFlood::pausesOfZeroArePauses()
         m_loop->advance(2ms);
         QCOMPARE(m_peer->opened, before + attempt);
     }
+}
+
+void tst_ChannelFlood::timesWithoutEndAreLong()
+{
+    constexpr auto never = ChannelOptions::Milliseconds::max();
+    m_options.connectTimeout = never;
+    m_options.identityTimeout = never;
+    m_options.firstReconnectPause = never;
+    m_options.longestReconnectPause = never;
+    m_options.keepAliveInterval = never;
+    m_options.keepAliveTimeout = never;
+    m_options.stalledAnswerTimeout = never;
+    reopen();
+    auto caller = call(request(0x1100, 1, {}, 1000));
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_loop->advance(1h);
+    QCOMPARE(int(caller.response()->status), 365);
+    QVERIFY(m_channel->isHardwareReadFinished());
+    QVERIFY(m_peer->frames.empty());
+
+    const int before = m_peer->opened;
+    m_peer->fail(QStringLiteral("cable pulled"));
+    m_loop->advance(1h);
+    QCOMPARE(m_peer->opened, before);
+    m_loop->advance(23h);
+    QCOMPARE(m_peer->opened, before + 1);
+    m_loop->advance(1h);
+    m_peer->accept();
+    m_loop->advance(1h);
+    QVERIFY(m_peer->isOpen);
+}
+
+void tst_ChannelFlood::allTagsMayBeOwedAtTheMost()
+{
+    m_options.maxOwedAnswers = 1000;
+    reopen();
+    for (int owed = 0; owed < 255; ++owed) {
+        QVERIFY(m_channel->isHardwareReadFinished());
+        auto caller = call(request(0x1100, 1, {}, 1));
+        nextRequest();
+        m_loop->advance(1ms);
+        QCOMPARE(int(caller.response()->status), 260);
+    }
+    QVERIFY(!m_channel->isHardwareReadFinished());
 }
 
 void tst_ChannelFlood::bodiesAreNeverLongerThanAFrameCanHold()

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void formerAddressBelongsToWhoeverIsThereNow();
     void removedChannelIsNotFoundByItsFormerAddress();
     void removedDeviceStaysAwayUntilItIsReadmitted();
+    void channelThatTakesThePlaceOfARemovedOneIsFollowed();
     void deviceWithoutASerialNumberIsKnownByItsMac();
     void deviceWithoutAnyIdentityIsLeftAlone();
     void devicesBeyondTheLimitAreLeftAlone();
@@ -301,6 +302,18 @@ void tst_ChannelKeeper::removedDeviceStaysAwayUntilItIsReadmitted()
     m_keeper->take(device("192.0.2.8", 8));
     QCOMPARE(m_index->all().size(), std::size_t(2));
     QCOMPARE(m_told, 3);
+}
+
+void tst_ChannelKeeper::channelThatTakesThePlaceOfARemovedOneIsFollowed()
+{
+    m_keeper->take(device());
+    m_index->remove(m_channels.at(0));
+    const auto own = std::make_shared<QuietChannel>();
+    own->info = device();
+    m_index->add(own);
+    m_keeper->take(device("192.0.2.99"));
+    QCOMPARE(own->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
+    QCOMPARE(m_opened.size(), 1);
 }
 
 void tst_ChannelKeeper::deviceWithoutASerialNumberIsKnownByItsMac()

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void lossThatSendingMeetsFirstIsToldOnce();
     void lossIsNotToldWithinTheCallThatMeetsIt();
     void closedStreamTellsNothing();
+    void streamThatIsGoneTellsNothing();
 
 private:
     /// Ends the connection at the other end, and sends until the stream's end has noticed. No event
@@ -122,6 +123,15 @@ void tst_TcpStream::closedStreamTellsNothing()
 {
     sendIntoALostConnection();
     m_stream->close();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_told.closed, 0);
+}
+
+/// AddressSanitizer sees whether anything is left that would still look at the stream.
+void tst_TcpStream::streamThatIsGoneTellsNothing()
+{
+    sendIntoALostConnection();
+    m_stream.reset();
     QCoreApplication::processEvents();
     QCOMPARE(m_told.closed, 0);
 }

@@ -49,7 +49,7 @@ public:
 
     /// Takes control of a device unless another client holds it. \a ip, \a mac and \a sn name the
     /// device. On failure \a error tells why, in words. Blocks until the device answers, over a
-    /// network 20 s at the most: when another client holds control, the device is asked who it is.
+    /// network 10 s at the most.
     bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                   QString &error);
     /// The same with an action of the caller's choice.

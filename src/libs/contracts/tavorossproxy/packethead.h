@@ -19,8 +19,8 @@ enum class CommandType : quint8 {
 /// little-endian.
 ///
 /// The named members are what the control library reads and writes; the opaque ones belong to the
-/// channel. Bytes 18 to 35 of a request are copied unchanged into the requests for the further
-/// packets of a split exchange.
+/// channel. Bytes 18 to 20 and 29 to 35 of a request are copied unchanged into the requests for the
+/// further packets of a split exchange.
 struct PacketHead {
     quint8 opaque0[3];
     quint8 lables; ///< Tag of the exchange. "lables": the protocol spells it so.
