@@ -1,12 +1,9 @@
-// What travels goes to a capture, and a capture is played back as a device.
+// What travels goes to a capture: its lines, the frames in them, and the file.
 
+#include <capturedcalls.h>
 #include <messagecatcher.h>
-#include <recordeddevice.h>
 
 #include <tavorosim/simulateddevice.h>
-#include <tavorossproxy/devicecommand.h>
-#include <tavorossproxy/devicemanager.h>
-#include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorossproxy/wire/frame.h>
 #include <tavorossproxy/wirecapture.h>
 
@@ -15,9 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <algorithm>
-#include <atomic>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -25,30 +19,9 @@
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using Wire::CapturedItem;
-using Wire::CapturedKind;
 using Wire::CaptureEvent;
 
 namespace {
-
-std::shared_ptr<NetworkChannel> connectTo(quint16 port)
-{
-    auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), port);
-    QString error;
-    if (!channel->waitUntilReady(30000, error))
-        qFatal("%s", qUtf8Printable(error));
-    return channel;
-}
-
-std::shared_ptr<DeviceResponseCommand> send(NetworkChannel &channel, quint8 type, quint16 code,
-                                            const std::string &body = {})
-{
-    auto command = std::make_shared<DeviceRequestCommand>();
-    command->head().type = type;
-    command->head().BC = static_cast<quint8>(code >> 8);
-    command->head().FC = static_cast<quint8>(code & 0xFF);
-    command->body() = body;
-    return channel.sendSyncRequest(command);
-}
 
 std::string captureOf(std::initializer_list<std::string> lines)
 {
@@ -80,11 +53,6 @@ private Q_SLOTS:
     void fileThatCannotBeWrittenIsToldInASentence_data();
     void fileThatCannotBeWrittenIsToldInASentence();
     void captureThatCannotGoOnEndsWithALineOfTheLog();
-    void captureIsPlayedBackAsADevice();
-    void whatWentWrongGoesWrongAgain_data();
-    void whatWentWrongGoesWrongAgain();
-    void keptWritesArePlayedBack();
-    void keptSplitAnswerAndReportArePlayedBack();
 };
 
 void tst_WireCapture::linesAreAsDocumented()
@@ -200,42 +168,6 @@ void tst_WireCapture::whatIsNoCaptureIsToldByItsLine()
     QCOMPARE(QByteArray::fromStdString(told), error);
 }
 
-namespace {
-
-/// A device whose swap is read, written and read again, into a capture at \a path.
-void captureASwap(const QString &path)
-{
-    Sim::SimOptions options;
-    options.packetSize = 400;
-    Sim::SimulatedDevice device(options);
-    QString error;
-    QVERIFY2(device.start(error), qPrintable(error));
-    QVERIFY2(startWireCapture(path, error), qPrintable(error));
-    const auto channel = connectTo(device.port());
-    QCOMPARE(int(send(*channel, 1, 0x110A)->status), 0);
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":0})")->status), 0);
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":7})")->status), 4);
-    channel->stopChannel();
-    stopWireCapture();
-}
-
-std::vector<CapturedItem> framesOf(const QString &path)
-{
-    QFile file(path);
-    std::vector<CapturedItem> items;
-    std::string error;
-    if (!file.open(QIODevice::ReadOnly)
-        || !Wire::decodeCapture(file.readAll().toStdString(), items, error))
-        qFatal("%s: %s", qUtf8Printable(path), error.c_str());
-    items.erase(
-        std::remove_if(items.begin(), items.end(),
-                       [](const CapturedItem &item) { return item.kind != CapturedKind::Frame; }),
-        items.end());
-    return items;
-}
-
-} // namespace
-
 void tst_WireCapture::captureThatWasStartedWinsOverTheEnvironment()
 {
     QTemporaryDir folder;
@@ -326,128 +258,6 @@ void tst_WireCapture::captureThatCannotGoOnEndsWithALineOfTheLog()
     stopWireCapture();
     QCOMPARE(catcher.texts("tavoro.channel", QtWarningMsg),
              QStringList(QStringLiteral("The capture %1 ends here: Broken pipe").arg(path)));
-}
-
-void tst_WireCapture::captureIsPlayedBackAsADevice()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("capture"));
-    captureASwap(path);
-    RecordedDevice device(path);
-    const auto channel = connectTo(device.port());
-    QCOMPARE(device.unplayed(), 3);
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":7})")->status), 4);
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":0})")->status), 0);
-    QCOMPARE(send(*channel, 1, 0x110A)->body(), framesOf(path).at(3).frame.body);
-    QCOMPARE(device.unplayed(), 0);
-    QCOMPARE(device.surprises(), 0);
-}
-
-void tst_WireCapture::whatWentWrongGoesWrongAgain_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("connections");
-    QTest::addColumn<int>("reports");
-    // clang-format off
-    QTest::newRow("lost in front of the answer") << QStringLiteral("drop-before")         << 259 << 2 << 0;
-    QTest::newRow("lost within the answer")      << QStringLiteral("drop-within")         << 358 << 2 << 0;
-    QTest::newRow("lost behind the answer")      << QStringLiteral("drop-after")          << 0   << 2 << 0;
-    QTest::newRow("flag")                        << QStringLiteral("wrong-flag")          << 359 << 2 << 0;
-    QTest::newRow("version")                     << QStringLiteral("wrong-version")       << 359 << 2 << 0;
-    QTest::newRow("checksum of the head")        << QStringLiteral("wrong-head-checksum") << 361 << 2 << 0;
-    QTest::newRow("checksum index")              << QStringLiteral("wrong-index")         << 360 << 1 << 0;
-    QTest::newRow("checksum of the body")        << QStringLiteral("wrong-checksum")      << 361 << 1 << 0;
-    QTest::newRow("kind")                        << QStringLiteral("wrong-kind")          << 362 << 1 << 0;
-    QTest::newRow("type")                        << QStringLiteral("wrong-type")          << 362 << 1 << 0;
-    QTest::newRow("code")                        << QStringLiteral("wrong-code")          << 357 << 1 << 0;
-    QTest::newRow("answered twice")              << QStringLiteral("twice")               << 0   << 1 << 0;
-    QTest::newRow("reports")                     << QStringLiteral("flood=3")             << 0   << 1 << 3;
-    // clang-format on
-}
-
-namespace {
-
-/// Two reads; of the first one the status, and how often the channel was connected over it and how
-/// many reports came.
-void readTwice(quint16 port)
-{
-    QFETCH(int, status);
-    QFETCH(int, connections);
-    QFETCH(int, reports);
-    const auto channel = connectTo(port);
-    QCOMPARE(int(send(*channel, 1, 0x1100)->status), status);
-    QTRY_COMPARE(int(channel->statistics().connections), connections);
-    QTRY_COMPARE(int(channel->statistics().reports), reports);
-    QCOMPARE(int(send(*channel, 1, 0x1100)->status), 0);
-    channel->stopChannel();
-}
-
-} // namespace
-
-/// A read that falls under a fault and one behind it, on a device and then on its capture.
-void tst_WireCapture::whatWentWrongGoesWrongAgain()
-{
-    QFETCH(QString, fault);
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("capture"));
-    QString error;
-    Sim::SimOptions options;
-    options.faults.push_back(
-        *Sim::parseFaultRule(fault + QStringLiteral(",code=0x1100,count=1"), error));
-    {
-        Sim::SimulatedDevice device(options);
-        QVERIFY2(device.start(error), qPrintable(error));
-        QVERIFY2(startWireCapture(path, error), qPrintable(error));
-        readTwice(device.port());
-        stopWireCapture();
-    }
-    RecordedDevice device(path);
-    QCOMPARE(device.unplayed(), 2);
-    readTwice(device.port());
-    QCOMPARE(device.unplayed(), 0);
-    QCOMPARE(device.surprises(), 0);
-}
-
-void tst_WireCapture::keptWritesArePlayedBack()
-{
-    RecordedDevice device(QStringLiteral(TEST_DATA_DIR "/captures/swap.txt"));
-    const auto channel = connectTo(device.port());
-    QCOMPARE(channel->deviceBaseInfo().name, std::string("Simulated device"));
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":0})")->status), 0);
-    QCOMPARE(int(send(*channel, 2, 0x1107, R"({"swap":7})")->status), 4);
-    QCOMPARE(send(*channel, 1, 0x110A)->body(), std::string(R"({"groupInfos":[]})"));
-    QCOMPARE(device.unplayed(), 0);
-}
-
-void tst_WireCapture::keptSplitAnswerAndReportArePlayedBack()
-{
-    RecordedDevice device(QStringLiteral(TEST_DATA_DIR "/captures/splitanswer.txt"));
-    const auto channel = connectTo(device.port());
-    std::atomic<int> reports{0};
-    const auto connection = connect(
-        DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished,
-        DeviceManager::instance(),
-        [&](const auto &, const auto &report) { reports += report->head().BC == 0x12; },
-        Qt::DirectConnection);
-    const std::string input = R"([{"slotId":1,"connectorId":1,"splitId":0,)"
-                              R"("general":{"name":"Cam","nameGB2312":"N/A","type":0}}])";
-    QCOMPARE(int(send(*channel, 2, 0x1201, input)->status), 0);
-    const auto first = send(*channel, 1, 0x1100);
-    QCOMPARE(int(first->status), 0);
-    QCOMPARE(first->head().totalCount, quint32(2));
-    QCOMPARE(first->body().size(), std::size_t(500));
-    QTRY_COMPARE(reports.load(), 1);
-    disconnect(connection);
-
-    auto further = std::make_shared<DeviceRequestCommand>();
-    further->head() = first->head();
-    further->head().sendCount = 1;
-    const auto second = channel->sendSyncRequest(further);
-    QCOMPARE(int(second->status), 0);
-    QCOMPARE(second->body().size(), std::size_t(430));
-    QCOMPARE(device.surprises(), 0);
-    QCOMPARE(device.unplayed(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_WireCapture)
