@@ -1,6 +1,6 @@
-#include "messagecatcher.h"
 #include "storedmodel.h"
 #include "storefile.h"
+#include "storefolder.h"
 
 #include <tavorobizmodel/file.h>
 #include <tavorobizmodel/interface.h>
@@ -8,9 +8,7 @@
 #include <tavorobizmodel/mvrscreen.h>
 #include <tavorocontrol/proto/codec.h>
 
-#include <QDir>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -27,16 +25,10 @@ std::string text(const Record &record)
     return json;
 }
 
-/// Looks into a file beside the store.
-QStringList query(const QString &fileName, const QString &statement)
-{
-    return StoreFile(fileName).query(statement);
-}
-
 } // namespace
 
 /// Devices that are kept from one run to the next.
-class tst_DeviceStore : public QObject {
+class tst_DeviceStore : public QObject, private StoreFolder {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -52,23 +44,9 @@ private Q_SLOTS:
     void devicesThatShareANumberWithTheRemovedOneStay();
     void deviceThatMovedTakesThePlaceOfItsFormerSelf();
 
-    void secondStoreIsRefused();
-    void defaultPlaceIsTheApplicationsDataFolder();
-
-    void schemaVersionIsKept();
-    void fileOfALaterVersionIsLeftAlone();
-    void fileOfAnotherKindIsLeftAlone();
-    void damagedFileIsSetAside();
-    void fileDamagedWhileItIsOpenIsWrittenAnew();
-    void rowThatCannotBeReadCountsAsDamage();
-    void folderThatCannotBeMadeIsTold();
-
 private:
-    QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
     /// Rows that a save of \a device writes into the file.
     QStringList written(const std::shared_ptr<BizModel::Device> &device) const;
-
-    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 void tst_DeviceStore::init()
@@ -274,130 +252,6 @@ void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()
     moved->setIPAddress(QStringLiteral("198.51.100.7"));
     model.list->append(moved);
     QCOMPARE(model.onlyDevice(), moved);
-}
-
-void tst_DeviceStore::secondStoreIsRefused()
-{
-    const StoredModel model(file());
-    const StoredModel second(m_folder->filePath(QStringLiteral("other.sqlite")));
-    QVERIFY(!second.isOpen);
-    QCOMPARE(second.error, QStringLiteral("A store of devices is open already."));
-}
-
-void tst_DeviceStore::defaultPlaceIsTheApplicationsDataFolder()
-{
-    QStandardPaths::setTestModeEnabled(true);
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    {
-        const StoredModel model((QString()));
-        QVERIFY2(model.isOpen, qPrintable(model.error));
-        QVERIFY(QFile::exists(folder + QStringLiteral("/devices.sqlite")));
-    }
-    QDir(folder).removeRecursively();
-    QStandardPaths::setTestModeEnabled(false);
-}
-
-void tst_DeviceStore::schemaVersionIsKept()
-{
-    {
-        const StoredModel model(file());
-    }
-    QCOMPARE(query(file(), QStringLiteral("PRAGMA user_version")),
-             QStringList(QStringLiteral("1")));
-}
-
-void tst_DeviceStore::fileOfALaterVersionIsLeftAlone()
-{
-    {
-        const StoredModel model(file());
-    }
-    query(file(), QStringLiteral("PRAGMA user_version = 2"));
-    const StoredModel model(file());
-    QVERIFY(!model.isOpen);
-    QCOMPARE(model.error,
-             QStringLiteral("The file %1 was written by a later version.").arg(file()));
-    QVERIFY(!model.list->saveDeviceDataThread());
-    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
-}
-
-void tst_DeviceStore::fileOfAnotherKindIsLeftAlone()
-{
-    query(file(), QStringLiteral("CREATE TABLE recipes (title TEXT)"));
-    const StoredModel model(file());
-    QVERIFY(!model.isOpen);
-    QCOMPARE(model.error, QStringLiteral("The file %1 is no store of devices.").arg(file()));
-}
-
-void tst_DeviceStore::damagedFileIsSetAside()
-{
-    const QByteArray garbage(5000, 'x');
-    for (const char *kept : {"/devices.sqlite.damaged-1", "/devices.sqlite.damaged-2"}) {
-        QFile damaged(file());
-        QVERIFY(damaged.open(QIODevice::WriteOnly));
-        damaged.write(garbage);
-        damaged.close();
-        const StoreSignals told;
-        const MessageCatcher log;
-        const StoredModel model(file());
-        QVERIFY2(model.isOpen, qPrintable(model.error));
-        const QString keptAs = m_folder->path() + QLatin1String(kept);
-        QTRY_COMPARE(told.setAside, QStringList(file() + QStringLiteral(" as ") + keptAs));
-        QCOMPARE(log.texts("tavoro.model", QtWarningMsg).size(), 1);
-        QFile aside(keptAs);
-        QVERIFY(aside.open(QIODevice::ReadOnly));
-        QCOMPARE(aside.readAll(), garbage);
-        model.save(ModelRecords::device());
-    }
-}
-
-void tst_DeviceStore::fileDamagedWhileItIsOpenIsWrittenAnew()
-{
-    const MessageCatcher quiet;
-    {
-        const StoredModel model(file());
-        const auto first = ModelRecords::device(1);
-        const auto second = ModelRecords::device(2);
-        model.list->append(first);
-        model.list->append(second);
-        model.save(first);
-        model.save(second);
-        QFile damaged(file());
-        QVERIFY(damaged.open(QIODevice::WriteOnly));
-        damaged.write(QByteArray(5000, 'x'));
-        damaged.close();
-
-        const StoreSignals told;
-        model.list->saveDeviceDataThread()->saveDevicesInfor(first);
-        QTRY_COMPARE(told.saved, (QList<std::shared_ptr<BizModel::Device>>{first, second}));
-        QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
-        QCOMPARE(told.failures, QStringList());
-    }
-    const StoredModel model(file());
-    QCOMPARE(model.list->devices().size(), 2);
-}
-
-void tst_DeviceStore::rowThatCannotBeReadCountsAsDamage()
-{
-    {
-        const StoredModel model(file());
-        model.save(ModelRecords::device(1));
-        model.save(ModelRecords::device(2));
-    }
-    query(file(), QStringLiteral("UPDATE record SET body = '[' WHERE kind = 3 AND device = 2"));
-    const StoreSignals told;
-    const StoredModel model(file());
-    QVERIFY(model.isOpen);
-    QTRY_COMPARE(told.setAside.size(), 1);
-    QVERIFY(model.list->devices().isEmpty());
-}
-
-void tst_DeviceStore::folderThatCannotBeMadeIsTold()
-{
-    QFile inTheWay(file());
-    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-    const StoredModel model(file() + QStringLiteral("/below.sqlite"));
-    QVERIFY(!model.isOpen);
-    QVERIFY(!model.error.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceStore)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "storefile.h"
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+/// A base of tests with a folder for the file of a store.
+class StoreFolder {
+protected:
+    QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
+
+    /// Looks into a file beside the store.
+    static QStringList query(const QString &fileName, const QString &statement)
+    {
+        return StoreFile(fileName).query(statement);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
