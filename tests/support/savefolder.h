@@ -1,15 +1,9 @@
 #pragma once
 
-#include <QByteArray>
-#include <QFile>
+#include "filecontent.h"
+
 #include <QString>
 #include <QTemporaryDir>
-
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// Where one test of the queued writer keeps its files, and what it gets to know.
 struct SaveFolder {
