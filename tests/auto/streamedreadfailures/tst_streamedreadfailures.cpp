@@ -1,29 +1,12 @@
-#include <markingtranslator.h>
 #include <streampath.h>
+#include <streamreasons.h>
 
 #include <QtTest>
-
-#include <thread>
 
 using namespace Tavoro;
 
 namespace {
 
-/// What a failure tells, before the callback learns of it.
-enum Telling {
-    SentenceWithStatusBar,
-    BareWarning,
-    WarningWithDevice,
-};
-
-struct Reason {
-    const char *words;
-    Telling telling = SentenceWithStatusBar;
-};
-
-constexpr Reason cancelled{"Operation has been cancelled.", WarningWithDevice};
-constexpr Reason controlled{"The device is controlled by others.", BareWarning};
-constexpr Reason offline{"The device is offline"};
 constexpr Reason underControl{"The current device is already under control"};
 constexpr Reason badRegister{"protocol error: Invalid register address"};
 constexpr Reason noObject{"invalid response command model data"};
@@ -74,12 +57,6 @@ const FailureRow failureRows[] = {
 };
 // clang-format on
 
-QString sentence(const char *reason)
-{
-    return QStringLiteral("Get file export information failed: %1 .")
-        .arg(QString::fromLatin1(reason));
-}
-
 /// The lines of a failure, the callback's included.
 QStringList failureLines(const FailureRow &row)
 {
@@ -114,20 +91,8 @@ class tst_StreamedReadFailures : public QObject {
 private Q_SLOTS:
     void failures_data();
     void failures();
-    void cancelledBeforeTheCallComesBeforeEverythingElse();
     void nullRequestComesBeforeMissingDevice();
     void deviceThatIsGoneIsToldToTheCallback();
-    void cancelledStateStaysUntilItIsCleared();
-    void reasonsAreTranslated();
-
-    void changesInFlightOfTheOnlyPacketComeTooLate_data();
-    void changesInFlightOfTheOnlyPacketComeTooLate();
-    void controlLostBetweenPacketsStopsBeforeTheNextRequest();
-    void cancelBetweenPacketsStopsBeforeTheNextRequest();
-    void controlIsLookedAtBeforeTheCancelledState();
-    void offlineComesBeforeControlAtTheFirstPacket();
-    void controlComesBeforeOfflineAtFurtherPackets();
-    void cancelFromAnotherThreadDropsThePacketInFlight();
 
     void errorTextIsLocalToTheCall();
     void emptyCallbackThrowsAtTheFirstReport_data();
@@ -161,28 +126,6 @@ void tst_StreamedReadFailures::failures()
     QCOMPARE(path.device.channel->sent().size(), std::size_t(answers.size()));
 }
 
-void tst_StreamedReadFailures::cancelledBeforeTheCallComesBeforeEverythingElse()
-{
-    StreamPath path;
-    path.make(IsCancelled);
-    const QStringList lines{QStringLiteral(R"(warning: "Operation has been cancelled.")"),
-                            streamedCall(false, 0, {}, QString::fromLatin1(cancelled.words))};
-    const auto verifyStopped = [&](const StreamPath::Request &request) {
-        const auto outcome = path.stream(request);
-        QVERIFY(!outcome.ok);
-        QCOMPARE(outcome.lines, lines);
-    };
-    verifyStopped(exportRequest());
-    verifyStopped(nullptr);
-    path.make(GoesOffline);
-    verifyStopped(exportRequest());
-    path.device.removeChannel();
-    verifyStopped(exportRequest());
-    path.device.model.reset();
-    verifyStopped(exportRequest());
-    QVERIFY(path.device.channel->sent().empty());
-}
-
 void tst_StreamedReadFailures::nullRequestComesBeforeMissingDevice()
 {
     StreamPath path;
@@ -212,141 +155,6 @@ void tst_StreamedReadFailures::deviceThatIsGoneIsToldToTheCallback()
             QStringLiteral("status bar 2 for 5000 ms: ") + words,
             streamedCall(false, 0, {}, words)}));
     QVERIFY(path.device.channel->sent().empty());
-}
-
-void tst_StreamedReadFailures::cancelledStateStaysUntilItIsCleared()
-{
-    StreamPath path;
-    path.helper.setCancelledState(true);
-    QVERIFY(!path.stream(exportRequest()).ok);
-    QVERIFY(!path.stream(exportRequest()).ok);
-    QVERIFY(path.device.channel->sent().empty());
-    path.helper.setCancelledState(false);
-    QVERIFY(path.stream(exportRequest()).ok);
-}
-
-void tst_StreamedReadFailures::reasonsAreTranslated()
-{
-    MarkingTranslator translator("Tavoro::Control::ControlHelper");
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    StreamPath path;
-    path.make(ControlIsLost);
-    QCOMPARE(path.stream(exportRequest()).lines.mid(1),
-             (QStringList{QStringLiteral(R"(warning: "<The device is controlled by others.>")"),
-                          streamedCall(false, 0, {},
-                                       QStringLiteral("<The device is controlled by others.>"))}));
-    path.make(IsCancelled);
-    QCOMPARE(path.stream(exportRequest()).lines,
-             (QStringList{
-                 QStringLiteral(R"(warning: "<Operation has been cancelled.>")"),
-                 streamedCall(false, 0, {}, QStringLiteral("<Operation has been cancelled.>"))}));
-}
-
-void tst_StreamedReadFailures::changesInFlightOfTheOnlyPacketComeTooLate_data()
-{
-    QTest::addColumn<int>("change");
-    QTest::newRow("control lost") << int(ControlIsLost);
-    QTest::newRow("cancelled") << int(IsCancelled);
-    QTest::newRow("offline") << int(GoesOffline);
-}
-
-void tst_StreamedReadFailures::changesInFlightOfTheOnlyPacketComeTooLate()
-{
-    QFETCH(const int, change);
-    StreamPath path;
-    auto only = packet("all", 1, 0);
-    only.before = [&] {
-        path.make(Change(change));
-    };
-    path.answer({only});
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(outcome.ok);
-    QCOMPARE(outcome.lines.last(), streamedCall(true, 1, "all"));
-}
-
-void tst_StreamedReadFailures::controlLostBetweenPacketsStopsBeforeTheNextRequest()
-{
-    StreamPath path;
-    path.answer({one()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double, const std::string &, QString &) {
-            path.make(ControlIsLost);
-        });
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines.mid(2),
-             (QStringList{QStringLiteral(R"(warning: "The device is controlled by others.")"),
-                          streamedCall(false, third, {}, QString::fromLatin1(controlled.words))}));
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(1));
-}
-
-void tst_StreamedReadFailures::cancelBetweenPacketsStopsBeforeTheNextRequest()
-{
-    StreamPath path;
-    path.answer({one(), two()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double progress, const std::string &, QString &) {
-            if (progress > 0.5)
-                path.make(IsCancelled);
-        });
-    QVERIFY(!outcome.ok);
-    QCOMPARE(outcome.lines.last(),
-             streamedCall(false, twoThirds, {}, QString::fromLatin1(cancelled.words)));
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(2));
-}
-
-void tst_StreamedReadFailures::controlIsLookedAtBeforeTheCancelledState()
-{
-    for (int inFlight = 0; inFlight < 2; ++inFlight) {
-        StreamPath path;
-        Answers answers{one(), two()};
-        answers[inFlight].before = [&path] {
-            path.make(IsCancelled);
-            path.make(ControlIsLost);
-        };
-        path.answer(answers);
-        const auto outcome = path.stream(exportRequest());
-        QCOMPARE(outcome.lines.last(),
-                 streamedCall(false, third, {}, QString::fromLatin1(controlled.words)));
-    }
-}
-
-void tst_StreamedReadFailures::offlineComesBeforeControlAtTheFirstPacket()
-{
-    StreamPath path;
-    path.make(GoesOffline);
-    path.make(ControlIsLost);
-    QCOMPARE(path.stream(exportRequest()).lines.last(),
-             streamedCall(false, 0, {}, sentence(offline.words)));
-}
-
-void tst_StreamedReadFailures::controlComesBeforeOfflineAtFurtherPackets()
-{
-    StreamPath path;
-    path.answer({one()});
-    const auto outcome =
-        path.stream(exportRequest(), [&](bool, double, const std::string &, QString &) {
-            path.make(GoesOffline);
-            path.make(ControlIsLost);
-        });
-    QCOMPARE(outcome.lines.last(),
-             streamedCall(false, third, {}, QString::fromLatin1(controlled.words)));
-}
-
-void tst_StreamedReadFailures::cancelFromAnotherThreadDropsThePacketInFlight()
-{
-    StreamPath path;
-    auto second = two();
-    second.before = [&path] {
-        std::thread([&path] { path.helper.setCancelledState(true); }).join();
-    };
-    path.answer({one(), second, three()});
-    const auto outcome = path.stream(exportRequest());
-    QVERIFY(!outcome.ok);
-    QCOMPARE(
-        callbackLines(outcome.lines),
-        packetCalls(1) << streamedCall(false, third, {}, QString::fromLatin1(cancelled.words)));
-    QVERIFY(outcome.lines.filter(QStringLiteral("status bar ")).isEmpty());
-    QCOMPARE(path.device.channel->sent().size(), std::size_t(2));
 }
 
 void tst_StreamedReadFailures::errorTextIsLocalToTheCall()

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+// Why a streamed read fails, as it is told.
+
+/// What a failure tells, before the callback learns of it.
+enum Telling {
+    SentenceWithStatusBar,
+    BareWarning,
+    WarningWithDevice,
+};
+
+struct Reason {
+    const char *words;
+    Telling telling = SentenceWithStatusBar;
+};
+
+inline constexpr Reason cancelled{"Operation has been cancelled.", WarningWithDevice};
+inline constexpr Reason controlled{"The device is controlled by others.", BareWarning};
+inline constexpr Reason offline{"The device is offline"};
+
+inline QString sentence(const char *reason)
+{
+    return QStringLiteral("Get file export information failed: %1 .")
+        .arg(QString::fromLatin1(reason));
+}
