@@ -1,6 +1,7 @@
 #pragma once
 
 #include <journal.h>
+#include <recordjson.h>
 #include <scripteddevice.h>
 
 #include <tavorobizmodel/device.h>
@@ -8,7 +9,6 @@
 #include <tavorobizmodel/file.h>
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/screen.h>
-#include <tavorocontrol/proto/codec.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/devicemanager.h>
 
@@ -42,14 +42,6 @@ inline QString inQuotes(const std::string &text)
     QString quoted;
     QDebug(&quoted).nospace() << QString::fromStdString(text);
     return quoted;
-}
-
-template <class Record>
-std::string json(const Record &record)
-{
-    std::string text;
-    ajson::encodeRecord(record, text);
-    return text;
 }
 
 /// A device in the model's list, with one interface, one screen and one file.
