@@ -52,7 +52,6 @@ private Q_SLOTS:
 
     void lostConnectionEndsAllRequests();
     void connectionThatEndsInAnAnswerIsToldSo();
-    void requestThatIsRefusedHasNoTag();
     void answerThatStopsEndsTheConnection();
     void frameThatStopsInItsHeadEndsTheConnection();
     void answerThatGoesOnKeepsTheConnection();
@@ -316,20 +315,6 @@ void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
     m_peer->fail(QStringLiteral("cable pulled"));
     QCOMPARE(first.response()->status, quint16(358));
     QCOMPARE(second.response()->status, quint16(259));
-}
-
-/// Not that of its last exchange either: whose outcome would be taken for its own.
-void tst_ChannelFailures::requestThatIsRefusedHasNoTag()
-{
-    connectChannel();
-    const auto command = request();
-    auto caller = call(command);
-    answer(nextRequest());
-    QCOMPARE(int(caller.response()->status), 0);
-    QVERIFY(command->head().lables != 0);
-    m_peer->fail(QStringLiteral("cable pulled"));
-    QCOMPARE(int(call(command).response()->status), 259);
-    QCOMPARE(int(command->head().lables), 0);
 }
 
 void tst_ChannelFailures::answerThatStopsEndsTheConnection()

@@ -16,6 +16,7 @@ private Q_SLOTS:
     void requestTravelsAsTabled();
     void requestWithoutABodyHasLengthZero();
     void requestIsToldItsTagAndStream();
+    void requestThatIsRefusedHasNoTag();
     void responseCarriesHeadAndBody();
     void statusOfTheDeviceIsHandedOn();
     void callersAtOnceGetTheirOwnAnswers();
@@ -71,6 +72,20 @@ void tst_DeviceChannel::requestIsToldItsTagAndStream()
     QVERIFY(caller.response());
     QCOMPARE(command->head().lables, head.lables);
     QCOMPARE(Wire::wireHead(command->head()).stream, head.stream);
+}
+
+/// Not that of its last exchange either: whose outcome would be taken for its own.
+void tst_DeviceChannel::requestThatIsRefusedHasNoTag()
+{
+    connectChannel();
+    const auto command = request();
+    auto caller = call(command);
+    answer(nextRequest());
+    QCOMPARE(int(caller.response()->status), 0);
+    QVERIFY(command->head().lables != 0);
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QCOMPARE(int(call(command).response()->status), 259);
+    QCOMPARE(int(command->head().lables), 0);
 }
 
 void tst_DeviceChannel::responseCarriesHeadAndBody()
