@@ -1,6 +1,8 @@
 // Faults of the simulated device: how rules are read and used, and the bytes that leave for each
 // fault.
 
+#include <faultrule.h>
+
 #include <tavorosim/commands/commandnames.h>
 #include <tavorosim/faults/faultyanswers.h>
 #include <tavorossproxy/wire/frame.h>
@@ -100,22 +102,13 @@ QString effectOf(const Delivery &delivery)
     return words.join(QLatin1Char(' '));
 }
 
-FaultRule rule(const char *text)
-{
-    QString error;
-    const auto read = parseFaultRule(QLatin1String(text), error);
-    if (!read)
-        qFatal("%s", qUtf8Printable(error));
-    return *read;
-}
-
 /// One connection whose answers are all {"swap":1}, or with a split answer its packets "0", "1" ...
 struct Connection {
     explicit Connection(std::initializer_list<const char *> texts, quint32 packets = 1)
         : total(packets)
     {
         for (const char *text : texts)
-            rules.add(rule(text));
+            rules.add(faultRule(text));
     }
 
     Delivery ask(const WireHead &request, quint16 code = 0x1100)
@@ -290,7 +283,7 @@ void tst_FaultRules::rulesWithoutCodeSpareTheIdentity()
 {
     Connection connection{"silent"};
     QVERIFY(!connection.ask(readRequest(), identityCode).bytes.isEmpty());
-    connection.rules.add(rule("ignore,code=identity"));
+    connection.rules.add(faultRule("ignore,code=identity"));
     QVERIFY(connection.ask(readRequest(), identityCode).bytes.isEmpty());
 }
 

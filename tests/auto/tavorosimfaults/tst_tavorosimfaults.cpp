@@ -1,5 +1,6 @@
 // What a client on the wire sees of the faults of a simulated device.
 
+#include <faultrule.h>
 #include <simbench.h>
 
 #include <tavorosim/commandline.h>
@@ -10,15 +11,6 @@ using namespace Tavoro::Sim;
 using SSProxy::CommandType;
 
 namespace {
-
-FaultRule rule(const char *text)
-{
-    QString error;
-    const auto read = parseFaultRule(QLatin1String(text), error);
-    if (!read)
-        qFatal("%s", qUtf8Printable(error));
-    return *read;
-}
 
 constexpr char swapBody[] = "{\"swap\":0}"; // it is 1 in the factory
 
@@ -90,7 +82,7 @@ void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
     const auto statuses = [](quint32 seed) {
         SimOptions options;
         options.seed = seed;
-        options.faults = {rule("status=8,share=50")};
+        options.faults = {faultRule("status=8,share=50")};
         SimBench bench(options);
         QList<int> seen;
         for (int i = 0; i < 32; ++i)
@@ -104,7 +96,7 @@ void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
 void tst_TavorosimFaults::rightAndWrongAnswersOnTheWire()
 {
     SimOptions options;
-    options.faults = {rule("status=8,skip=1,count=1")};
+    options.faults = {faultRule("status=8,skip=1,count=1")};
     SimBench bench(options);
     QCOMPARE(bench.write(0x1107, swapBody), 0);
     QCOMPARE(bench.write(0x1107, swapBody), 8);

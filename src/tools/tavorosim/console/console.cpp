@@ -235,13 +235,18 @@ ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString 
     return {fault.isEmpty(), fault};
 }
 
+QString consoleHelpLine(const QString &call, const char *effect)
+{
+    return QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(effect));
+}
+
 QString consoleHelp()
 {
     QString help;
     for (const Word &word : words) {
         const QString call =
             QStringLiteral("%1 %2").arg(QLatin1String(word.name), QLatin1String(word.usage));
-        help += QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(word.effect));
+        help += consoleHelpLine(call, word.effect);
     }
     return help + faultConsoleHelp();
 }

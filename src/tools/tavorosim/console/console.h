@@ -23,6 +23,9 @@ struct ConsoleAnswer {
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports);
 
+/// A line of the console's help: how a word is called, and what it does.
+QString consoleHelpLine(const QString &call, const char *effect);
+
 /// The console's words, one to a line, for people.
 QString consoleHelp();
 

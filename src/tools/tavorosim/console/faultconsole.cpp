@@ -68,7 +68,7 @@ QString faultConsoleHelp()
     for (const FaultWord &word : words) {
         const QString call = QStringLiteral("fault %1 %2")
                                  .arg(QLatin1String(word.name), QLatin1String(word.argument));
-        help += QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(word.effect));
+        help += consoleHelpLine(call, word.effect);
     }
     return help;
 }

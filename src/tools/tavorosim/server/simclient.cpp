@@ -41,6 +41,16 @@ const char *typeName(quint8 type)
     return "unknown type";
 }
 
+/// The head of a report whose code is still to be set.
+WireHead reportHead()
+{
+    WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::Report);
+    head.type = static_cast<quint8>(CommandType::Read);
+    head.totalCount = 1;
+    return head;
+}
+
 } // namespace
 
 SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &faults,
@@ -73,10 +83,7 @@ void SimClient::send(const Report &report)
 {
     if (!m_isIntroduced || !hasRoomForReport())
         return;
-    WireHead head;
-    head.kind = static_cast<quint8>(FrameKind::Report);
-    head.type = static_cast<quint8>(CommandType::Read);
-    head.totalCount = 1;
+    WireHead head = reportHead();
     head.BC = SSProxy::baseCode(report.command);
     head.FC = SSProxy::functionCode(report.command);
     m_socket->write(SSProxy::Wire::encodeFrame(head, report.body));
@@ -101,10 +108,7 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     if (!m_isIntroduced)
         return;
     const auto state = isHeldByOthers ? ControlState::Others : ControlState::Yours;
-    WireHead head;
-    head.kind = static_cast<quint8>(FrameKind::Report);
-    head.type = static_cast<quint8>(CommandType::Read);
-    head.totalCount = 1;
+    WireHead head = reportHead();
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
     m_socket->write(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
