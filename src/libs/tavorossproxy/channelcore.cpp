@@ -5,6 +5,7 @@
 
 #include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
+#include <tavorossproxy/wire/hostandport.h>
 #include <tavorossproxy/wire/linkcommands.h>
 
 #include <algorithm>
@@ -51,7 +52,7 @@ ChannelOptions usable(ChannelOptions options)
 
 QString ChannelCore::peerNameOf(const QString &host, quint16 port)
 {
-    return QStringLiteral("%1:%2").arg(host).arg(port);
+    return Wire::hostAndPort(host, port);
 }
 
 ChannelCore::ChannelCore(const QString &peerName, std::shared_ptr<ChannelLoop> loop,

@@ -38,6 +38,7 @@ public:
         std::function<void(bool isMaster)> control; ///< May be empty.
     };
 
+    /// What users call the device at \a host.
     static QString peerNameOf(const QString &host, quint16 port);
 
     /// \a peerName is what users call the other end.

@@ -3,6 +3,7 @@
 #include "commandline.h"
 
 #include <tavorosim/server/simserver.h>
+#include <tavorossproxy/wire/hostandport.h>
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
@@ -15,6 +16,7 @@
 
 namespace {
 
+using namespace Tavoro;
 using namespace Tavoro::Sim;
 
 enum ExitStatus {
@@ -72,7 +74,8 @@ int main(int argc, char *argv[])
         return CannotServe;
     }
     const QString address = line.options.address.toString();
-    say(stdout, QStringLiteral("listening on %1:%2").arg(address).arg(server.port()));
+    say(stdout,
+        QStringLiteral("listening on ") + SSProxy::Wire::hostAndPort(address, server.port()));
     if (line.options.controlPort >= 0)
         say(stdout, QStringLiteral("control port %1").arg(server.controlPort()));
     if (line.options.discoveryPort >= 0)

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void channelWithAConnectionStaysWhereItIs();
     void stoppedChannelStaysStopped();
     void sentenceNamesTheNewPlace();
+    void addressesWithColonsStandInBrackets();
     void onlyTheDeviceThatIsDueIsTaken();
     void anyDeviceIsTakenWhereNoneIsDue();
     void placeAndDueDeviceAreKnownBeforeItConnects();
@@ -97,6 +98,17 @@ void tst_ChannelMove::sentenceNamesTheNewPlace()
     QVERIFY(!m_channel->waitUntilReady(0, error));
     QCOMPARE(error,
              QStringLiteral("The device at 192.0.2.99:6630 cannot be reached: "
+                            "Connection refused."));
+}
+
+void tst_ChannelMove::addressesWithColonsStandInBrackets()
+{
+    move("2001:db8::1");
+    m_peer->fail(QStringLiteral("Connection refused"));
+    QString error;
+    QVERIFY(!m_channel->waitUntilReady(0, error));
+    QCOMPARE(error,
+             QStringLiteral("The device at [2001:db8::1]:6630 cannot be reached: "
                             "Connection refused."));
 }
 

@@ -3,11 +3,14 @@
 #include <messagecatcher.h>
 #include <simbench.h>
 
+#include <tavorosim/server/discoveryresponder.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <QRegularExpression>
 
+using Tavoro::ProtoModel::DeviceBaseInfo;
 using Tavoro::Sim::ConsoleAnswer;
+using Tavoro::Sim::DiscoveryResponder;
 using Tavoro::Sim::SimOptions;
 using Tavoro::Sim::SimulatedDevice;
 using Tavoro::SSProxy::CommandType;
@@ -35,6 +38,7 @@ private Q_SLOTS:
     void theControlPortTakesConsoleCommands();
     void latencyKeepsTheOrderOfAnswers();
     void aPortInUseIsToldInASentence();
+    void addressesWithColonsStandInBrackets();
 };
 
 namespace {
@@ -314,6 +318,22 @@ void tst_TavoroSim::aPortInUseIsToldInASentence()
     QString error;
     QVERIFY(!second.start(error));
     QVERIFY2(error.startsWith(QStringLiteral("cannot listen on 127.0.0.1:%1: ").arg(options.port)),
+             qPrintable(error));
+}
+
+void tst_TavoroSim::addressesWithColonsStandInBrackets()
+{
+    SimOptions options;
+    options.address = QHostAddress(QStringLiteral("2001:db8::1")); // of no machine
+    options.port = 6630;
+    SimulatedDevice device(options);
+    QString error;
+    QVERIFY(!device.start(error));
+    QVERIFY2(error.startsWith(QStringLiteral("cannot listen on [2001:db8::1]:6630: ")),
+             qPrintable(error));
+    DiscoveryResponder responder([] { return DeviceBaseInfo(); });
+    QVERIFY(!responder.listen(options.address, 6631, error));
+    QVERIFY2(error.startsWith(QStringLiteral("cannot be found on [2001:db8::1]:6631: ")),
              qPrintable(error));
 }
 

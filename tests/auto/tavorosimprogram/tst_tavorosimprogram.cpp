@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -10,6 +11,7 @@ class tst_TavoroSimProgram : public QObject {
 
 private Q_SLOTS:
     void tellsWhereItListens();
+    void addressesWithColonsStandInBrackets();
     void standardInputIsItsConsole();
     void linesThatComeTogetherAreAllServed();
     void goesOnWithoutAConsole();
@@ -80,6 +82,25 @@ void tst_TavoroSimProgram::tellsWhereItListens()
     QTcpSocket socket;
     socket.connectToHost(QStringLiteral("127.0.0.1"), program.port());
     QVERIFY(socket.waitForConnected(patience));
+}
+
+void tst_TavoroSimProgram::addressesWithColonsStandInBrackets()
+{
+    if (!QTcpServer().listen(QHostAddress::LocalHostIPv6))
+        QSKIP("this machine has no IPv6");
+    Program program(
+        anyPort
+        + QStringList{QStringLiteral("--address"), QStringLiteral("::1"), QStringLiteral("--log")});
+    QCOMPARE(program.firstLine, QStringLiteral("listening on [::1]:%1").arg(program.port()));
+    QTcpSocket socket;
+    socket.connectToHost(QStringLiteral("::1"), program.port());
+    QVERIFY(socket.waitForConnected(patience));
+    QCOMPARE(program.ask("power 1 0"), QStringLiteral("ok"));
+    program.process.write("quit\n");
+    QVERIFY(program.process.waitForFinished(patience));
+    const QString log = QString::fromLocal8Bit(program.process.readAllStandardError());
+    const QString connected = QStringLiteral(" [::1]:%1 connected\n").arg(socket.localPort());
+    QVERIFY2(log.contains(connected), qPrintable(log));
 }
 
 void tst_TavoroSimProgram::standardInputIsItsConsole()

@@ -2,6 +2,7 @@
 
 #include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/discovery.h>
+#include <tavorossproxy/wire/hostandport.h>
 
 #include <QNetworkDatagram>
 
@@ -17,10 +18,8 @@ bool DiscoveryResponder::listen(const QHostAddress &address, quint16 port, QStri
 {
     if (m_socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
         return true;
-    error = QStringLiteral("cannot be found on %1:%2: %3")
-                .arg(address.toString())
-                .arg(port)
-                .arg(m_socket.errorString());
+    error = QStringLiteral("cannot be found on %1: %2")
+                .arg(SSProxy::Wire::hostAndPort(address.toString(), port), m_socket.errorString());
     return false;
 }
 
@@ -34,11 +33,11 @@ void DiscoveryResponder::answer()
             || !SSProxy::Wire::isDiscoveryRequest(
                 {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
             continue;
-        m_socket.writeDatagram(SSProxy::Wire::encodeDiscoveryAnswer(device),
-                               question.senderAddress(),
-                               static_cast<quint16>(question.senderPort()));
-        qCInfo(simLog, "found by %s:%d", qUtf8Printable(question.senderAddress().toString()),
-               question.senderPort());
+        const QHostAddress seeker = question.senderAddress();
+        const auto port = static_cast<quint16>(question.senderPort());
+        m_socket.writeDatagram(SSProxy::Wire::encodeDiscoveryAnswer(device), seeker, port);
+        qCInfo(simLog, "found by %s",
+               qUtf8Printable(SSProxy::Wire::hostAndPort(seeker.toString(), port)));
     }
 }
 

@@ -6,6 +6,7 @@
 #include <tavorosim/state/simlog.h>
 #include <tavorossproxy/wire/checksums.h>
 #include <tavorossproxy/wire/frame.h>
+#include <tavorossproxy/wire/hostandport.h>
 #include <tavorossproxy/wire/linkcommands.h>
 
 #include <QTcpSocket>
@@ -57,7 +58,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
                      Services services, QObject *parent)
     : QObject(parent),
       m_socket(socket),
-      m_peer(QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort())),
+      m_peer(SSProxy::Wire::hostAndPort(socket->peerAddress().toString(), socket->peerPort())),
       m_latency(options.latencyMilliseconds),
       m_services(std::move(services)),
       m_received(readSize),

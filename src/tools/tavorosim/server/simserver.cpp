@@ -8,6 +8,7 @@
 #include <tavorosim/state/chassis.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
+#include <tavorossproxy/wire/hostandport.h>
 #include <tavorossproxy/wire/identity.h>
 #include <tavorossproxy/wire/linkcommands.h>
 
@@ -31,10 +32,8 @@ bool open(QTcpServer &server, const QHostAddress &address, quint16 port, QString
 {
     if (server.listen(address, port))
         return true;
-    error = QStringLiteral("cannot listen on %1:%2: %3")
-                .arg(address.toString())
-                .arg(port)
-                .arg(server.errorString());
+    error = QStringLiteral("cannot listen on %1: %2")
+                .arg(SSProxy::Wire::hostAndPort(address.toString(), port), server.errorString());
     return false;
 }
 
