@@ -6,6 +6,8 @@
 #include <tavorosim/commandline.h>
 #include <tavorossproxy/wire/frame.h>
 
+#include <QElapsedTimer>
+
 using namespace Tavoro;
 using namespace Tavoro::Sim;
 using SSProxy::CommandType;
@@ -17,6 +19,15 @@ constexpr char swapBody[] = "{\"swap\":0}"; // it is 1 in the factory
 int swapOf(SimBench &bench)
 {
     return bench.client->read(0x1100).body.find("\"swap\":1") == std::string::npos ? 0 : 1;
+}
+
+/// Lets the device read nothing more from the client for so many milliseconds.
+void pauseReading(SimBench &bench, int milliseconds)
+{
+    const QString line = QStringLiteral("fault add stop-reading=%1,count=1").arg(milliseconds);
+    QVERIFY(bench.device->execute(line).ok);
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
 }
 
 } // namespace
@@ -36,6 +47,8 @@ private Q_SLOTS:
     void lateAnswersComeBehindOthers();
     void deviceThatStopsReadingReadsOnWhenCleared();
     void deviceThatStopsReadingLeavesWhatCameAlong();
+    void pauseWithATimeEndsByItself();
+    void timeOfAPauseThatWasEndedEndsNoLaterOne();
     void rebootedDeviceHasWhatWasSaved();
     void floodComesInFrontOfTheAnswer();
     void identityGoesWrongOnlyByItsName();
@@ -186,6 +199,28 @@ void tst_TavorosimFaults::deviceThatStopsReadingLeavesWhatCameAlong()
     QVERIFY(swap());
     QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
     QTRY_VERIFY(!swap());
+}
+
+void tst_TavorosimFaults::pauseWithATimeEndsByItself()
+{
+    SimBench bench;
+    QElapsedTimer time;
+    time.start();
+    pauseReading(bench, 100);
+    QCOMPARE(swapOf(bench), 1);
+    QVERIFY2(time.elapsed() >= 100, qPrintable(QString::number(time.elapsed())));
+}
+
+void tst_TavorosimFaults::timeOfAPauseThatWasEndedEndsNoLaterOne()
+{
+    SimBench bench;
+    pauseReading(bench, 200);
+    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    QElapsedTimer time;
+    time.start();
+    pauseReading(bench, 600);
+    QCOMPARE(swapOf(bench), 1);
+    QVERIFY2(time.elapsed() >= 600, qPrintable(QString::number(time.elapsed())));
 }
 
 void tst_TavorosimFaults::rebootedDeviceHasWhatWasSaved()

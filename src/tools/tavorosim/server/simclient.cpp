@@ -65,8 +65,12 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
       m_parser(longestBody),
       m_desk(options.packetSize,
              [this](const Request &request) { return m_services.carryOut(*this, request); }),
-      m_faults(faults)
+      m_faults(faults),
+      m_pause(this)
 {
+    m_pause.setSingleShot(true);
+    m_pause.setTimerType(Qt::PreciseTimer);
+    connect(&m_pause, &QTimer::timeout, this, &SimClient::readOn);
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
@@ -136,6 +140,7 @@ void SimClient::readOn()
 {
     if (m_isReading)
         return;
+    m_pause.stop(); // or it would end a later pause
     m_isReading = true;
     m_socket->setReadBufferSize(0);
     readFrames();
@@ -263,7 +268,7 @@ void SimClient::stopReading(int milliseconds)
     // With a limit the socket leaves the rest to the network, which then holds the sender up.
     m_socket->setReadBufferSize(readSize);
     if (milliseconds > 0)
-        QTimer::singleShot(milliseconds, Qt::PreciseTimer, this, &SimClient::readOn);
+        m_pause.start(milliseconds);
 }
 
 void SimClient::sendLater(const QByteArray &frame, int delay)

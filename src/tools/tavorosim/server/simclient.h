@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -103,6 +104,7 @@ private:
     SSProxy::Wire::FrameParser m_parser;
     PacketDesk m_desk;
     FaultyAnswers m_faults;
+    QTimer m_pause; ///< Runs while nothing is read for a time.
     bool m_isReading = true;
     bool m_isEnding = false; ///< What still comes is not looked at.
     bool m_isIntroduced = false; ///< The identity has been asked for.
