@@ -266,6 +266,19 @@ void tst_TavoroSim::consoleRefusesInWords_data()
     QTest::newRow("an output")      << "cable 3 1"   << "error there is no such thing";
     QTest::newRow("no relation")    << "relation 65792" << "error there is no such thing";
     QTest::newRow("no picture")     << "timing 1 1 0 0 60" << "error no source sends such a picture";
+    QTest::newRow("too wide")       << "timing 1 1 2147483647 1080 60" << "error no source sends such a picture";
+    QTest::newRow("too high")       << "timing 1 1 1920 2147483647 60" << "error no source sends such a picture";
+    QTest::newRow("one too wide")   << "timing 1 1 65536 1080 60" << "error no source sends such a picture";
+    QTest::newRow("status")         << "power 1 7"   << "error \"7\" is no STATUS";
+    QTest::newRow("no status")      << "power 1 on"  << "error a number is due";
+    QTest::newRow("online")         << "card 1 99"   << "error \"99\" is no ONLINE";
+    QTest::newRow("signal")         << "genlock 42"  << "error \"42\" is no SIGNAL";
+    QTest::newRow("on")             << "switch 7"    << "error \"7\" is no ON";
+    QTest::newRow("fewer bits")     << "depth 1 1 -5"    << "error \"-5\" is no BITS";
+    QTest::newRow("more bits")      << "depth 1 1 65536" << "error \"65536\" is no BITS";
+    QTest::newRow("less percent")   << "spoil -1"    << "error \"-1\" is no PERCENT";
+    QTest::newRow("more percent")   << "spoil 101"   << "error \"101\" is no PERCENT";
+    QTest::newRow("time")           << "pass -1"     << "error \"-1\" is no MILLISECONDS";
     // clang-format on
 }
 

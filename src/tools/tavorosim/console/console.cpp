@@ -7,6 +7,7 @@
 #include <tavorosim/commands/interfacecommands.h>
 #include <tavorosim/commands/maintenancecommands.h>
 #include <tavorosim/commands/screencommands.h>
+#include <tavorosim/state/ranges.h>
 
 #include <QStringList>
 
@@ -27,6 +28,7 @@ struct Word {
     const char *name;
     const char *usage;
     const char *effect;
+    bool (*takes)(const qint32 &value); ///< What the last argument may be where it is a number.
     QString (*handler)(SimState &state, const QStringList &arguments, Reports &reports);
 };
 
@@ -43,8 +45,25 @@ std::optional<Numbers> toNumbers(const QStringList &texts)
     return numbers;
 }
 
+bool isDuration(const qint32 &value)
+{
+    return value >= 0;
+}
+
+/// Why the last argument is none that the word takes, nothing when it is.
+QString refusalOfLast(const Word &word, const QStringList &arguments)
+{
+    bool isNumber = false;
+    const int value = arguments.last().toInt(&isNumber);
+    if (!isNumber || word.takes(value))
+        return {};
+    const QString name = QString::fromLatin1(word.usage).section(QLatin1Char(' '), -1);
+    return QStringLiteral("\"%1\" is no %2").arg(arguments.last(), name);
+}
+
 const QString notANumber = QStringLiteral("a number is due");
 const QString noSuchObject = QStringLiteral("there is no such thing");
+const QString noSuchPicture = QStringLiteral("no source sends such a picture");
 
 QString setPower(SimState &state, const Numbers &numbers, Reports &reports)
 {
@@ -116,16 +135,24 @@ Input *findInput(SimState &state, const Numbers &numbers)
     return interface && interface->general.type == InputInterface ? interface : nullptr;
 }
 
+/// A width or a height of a picture.
+bool isSide(int pixels)
+{
+    return pixels >= 1 && isCode(pixels);
+}
+
 QString setTiming(SimState & /*state*/, Input &input, const Numbers &numbers, Reports &reports)
 {
     const int width = numbers.at(2);
     const int height = numbers.at(3);
+    if (!isSide(width) || !isSide(height)) // and their sums are in order
+        return noSuchPicture;
     s_TimingDetailBody timing;
     timing.refresh = numbers.at(4);
     timing.horizontal = {width, 88, 44, 1, width + 280};
     timing.vertical = {height, 4, 5, 1, height + 45};
-    if (width < 1 || height < 1 || !isTiming(timing))
-        return QStringLiteral("no source sends such a picture");
+    if (!isTiming(timing))
+        return noSuchPicture;
     input.actualTiming = timing;
     reports.push_back(reportTiming(input));
     return {};
@@ -149,16 +176,12 @@ QString setDepth(SimState & /*state*/, Input &input, const Numbers &numbers, Rep
 
 QString failUpgrade(SimState &state, const Numbers &numbers, Reports & /*reports*/)
 {
-    if (numbers.at(0) < 0)
-        return notANumber;
     state.maintenance.upgrade.failAt(numbers.at(0));
     return {};
 }
 
 QString passTime(SimState &state, const Numbers &numbers, Reports &reports)
 {
-    if (numbers.at(0) < 0)
-        return notANumber;
     pass(state, numbers.at(0), reports);
     return {};
 }
@@ -191,18 +214,18 @@ QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
 
 // clang-format off
 constexpr Word words[] = {
-//   word        arguments                                effect                                         handler
-    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 numeric<onInput<pullCable>>},
-    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "the source of an input changes its depth",    numeric<onInput<setDepth>>},
-    {"genlock",  "SIGNAL",                                "genlock comes (1) or is lost (0)",            numeric<setGenlock>},
-    {"group",    "ID NAME",                               "names a group, a new one if need be",         setGroup},
-    {"pass",     "MILLISECONDS",                          "so much time passes for the device",          numeric<passTime>},
-    {"power",    "ID STATUS",                             "a power supply works (1) or fails (0)",       numeric<setPower>},
-    {"relation", "INTERFACE",                             "a pair of interfaces changes over to this",   numeric<setRelation>},
-    {"spoil",    "PERCENT",                               "an upgrade fails when it has come so far",    numeric<failUpgrade>},
-    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       numeric<switchPower>},
-    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "the source of an input sends such a picture", numeric<onInput<setTiming>>},
+//   word        arguments                                effect                                         takes               handler
+    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 isAnything<qint32>, numeric<onInput<pullCable>>},
+    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,             numeric<setCard>},
+    {"depth",    "SLOT CONNECTOR BITS",                   "the source of an input changes its depth",    isCode,             numeric<onInput<setDepth>>},
+    {"genlock",  "SIGNAL",                                "genlock comes (1) or is lost (0)",            isFlag,             numeric<setGenlock>},
+    {"group",    "ID NAME",                               "names a group, a new one if need be",         isAnything<qint32>, setGroup},
+    {"pass",     "MILLISECONDS",                          "so much time passes for the device",          isDuration,         numeric<passTime>},
+    {"power",    "ID STATUS",                             "a power supply works (1) or fails (0)",       isFlag,             numeric<setPower>},
+    {"relation", "INTERFACE",                             "a pair of interfaces changes over to this",   isAnything<qint32>, numeric<setRelation>},
+    {"spoil",    "PERCENT",                               "an upgrade fails when it has come so far",    isPercent,          numeric<failUpgrade>},
+    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,             numeric<switchPower>},
+    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "the source of an input sends such a picture", isAnything<qint32>, numeric<onInput<setTiming>>},
 };
 // clang-format on
 
@@ -231,7 +254,9 @@ ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString 
     const QString usage = QLatin1String(word->usage);
     if (parts.size() != usage.count(QLatin1Char(' ')) + 1)
         return {false, QStringLiteral("usage: %1 %2").arg(name, usage)};
-    const QString fault = word->handler(state, parts, reports);
+    QString fault = refusalOfLast(*word, parts);
+    if (fault.isEmpty())
+        fault = word->handler(state, parts, reports);
     return {fault.isEmpty(), fault};
 }
 
