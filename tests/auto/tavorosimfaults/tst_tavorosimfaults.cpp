@@ -51,6 +51,7 @@ private Q_SLOTS:
     void timeOfAPauseThatWasEndedEndsNoLaterOne();
     void rebootedDeviceHasWhatWasSaved();
     void floodComesInFrontOfTheAnswer();
+    void largestFloodComesWhole();
     void identityGoesWrongOnlyByItsName();
 };
 
@@ -243,6 +244,14 @@ void tst_TavorosimFaults::floodComesInFrontOfTheAnswer()
     QCOMPARE(bench.write(0x1107, swapBody), 0);
     QCOMPARE(bench.client->keptReports(), 100);
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1103);
+}
+
+void tst_TavorosimFaults::largestFloodComesWhole()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.client->keptReports(), 100000);
 }
 
 void tst_TavorosimFaults::identityGoesWrongOnlyByItsName()

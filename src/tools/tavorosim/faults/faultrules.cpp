@@ -107,6 +107,12 @@ bool setLimit(FaultRule &rule, const Setting &setting, QString &error)
     return false;
 }
 
+/// The answer that tells the identity is no response: it has no place for a status.
+bool isStatusOfIdentity(const FaultRule &rule)
+{
+    return rule.code == identityCode && rule.fault == findFault(QStringLiteral("status"));
+}
+
 } // namespace
 
 std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
@@ -118,6 +124,10 @@ std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
     for (const QString &part : std::as_const(parts)) {
         if (!setLimit(rule, Setting(part), error))
             return std::nullopt;
+    }
+    if (isStatusOfIdentity(rule)) {
+        error = QStringLiteral("the identity has no status");
+        return std::nullopt;
     }
     return rule;
 }

@@ -17,6 +17,8 @@ namespace {
 
 using Packet = PacketDesk::Packet;
 
+constexpr quint32 any = std::numeric_limits<quint32>::max();
+
 QByteArray frameOf(const Packet &packet)
 {
     return SSProxy::Wire::encodeFrame(packet.head, packet.body);
@@ -108,7 +110,7 @@ void claimMoreBytes(const FaultedRequest &request, Delivery &delivery)
 {
     delivery.bytes = frameOf(request.answer());
     WireHead head = headOf(delivery.bytes);
-    head.bodyLength += request.value;
+    head.bodyLength += std::min(request.value, any - head.bodyLength);
     delivery.bytes = withHead(delivery.bytes, head);
 }
 
@@ -163,11 +165,19 @@ void cutBody(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(packet);
 }
 
+/// Each byte is taken with the odds of what is still to take among the bytes that are left, so that
+/// as many different ones are as asked for, or all.
 void garbleBody(const FaultedRequest &request, Delivery &delivery)
 {
     Packet packet = request.answer();
-    for (quint32 i = 0; i < request.value && !packet.body.empty(); ++i)
-        packet.body[request.random() % packet.body.size()] = '#';
+    const std::size_t size = packet.body.size();
+    std::size_t due = std::min<std::size_t>(request.value, size);
+    for (std::size_t i = 0; due > 0; ++i) {
+        if (request.random() % (size - i) >= due)
+            continue;
+        packet.body[i] = '#';
+        --due;
+    }
     delivery.bytes = frameOf(packet);
 }
 
@@ -190,8 +200,7 @@ void flood(const FaultedRequest &request, Delivery &delivery)
 }
 
 constexpr quint32 tenMinutes = 600000;
-constexpr quint32 mostReports = 1000000;
-constexpr quint32 any = std::numeric_limits<quint32>::max();
+constexpr quint32 mostReports = 100000; ///< That a client has room for when it has read all before.
 constexpr quint32 aboveEveryLimit = 0x10000000;
 
 // The device carries a request out unless the help says otherwise.
@@ -226,7 +235,7 @@ constexpr FaultRow faultRows[] = {
     {"garble",              "BYTES",  1,    any,         1,               "so many bytes of the body are #; the frame is in order",      garbleBody},
     {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for so long, 0: until \"fault clear\"", stopReading},
     {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
-    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends so many reports in front of the answer",                flood},
+    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends so many reports in front of the answer, up to 100000",   flood},
 };
 // clang-format on
 
