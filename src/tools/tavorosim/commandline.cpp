@@ -2,6 +2,7 @@
 
 #include <tavorosim/console/console.h>
 #include <tavorosim/faults/faulttable.h>
+#include <tavorosim/state/numbers.h>
 
 #include <QCommandLineParser>
 #include <QLoggingCategory>
@@ -13,8 +14,8 @@ namespace Tavoro::Sim {
 
 namespace {
 
-/// Puts a value where it belongs; false when it is none.
-using Setter = bool (*)(SimOptions &options, const QString &value);
+/// Puts a value where it belongs; false when it is none, at best with the reason.
+using Setter = bool (*)(SimOptions &options, const QString &value, QString &reason);
 
 struct OptionRow {
     const char *name;
@@ -24,19 +25,18 @@ struct OptionRow {
 };
 
 template <auto Member, qint64 Least, qint64 Most>
-bool setNumber(SimOptions &options, const QString &value)
+bool setNumber(SimOptions &options, const QString &value, QString & /*reason*/)
 {
-    bool ok = false;
-    const qint64 number = value.toLongLong(&ok, 0);
-    if (!ok || number < Least || number > Most)
+    const std::optional<qint64> number = toNumber(value);
+    if (!number || *number < Least || *number > Most)
         return false;
     using Number = std::decay_t<decltype(options.*Member)>;
-    options.*Member = static_cast<Number>(number);
+    options.*Member = static_cast<Number>(*number);
     return true;
 }
 
 template <auto Member>
-bool setDigits(SimOptions &options, const QString &value)
+bool setDigits(SimOptions &options, const QString &value, QString & /*reason*/)
 {
     auto &bytes = options.*Member;
     const QByteArray digits = QString(value).remove(QLatin1Char(':')).toLatin1();
@@ -48,27 +48,26 @@ bool setDigits(SimOptions &options, const QString &value)
     return true;
 }
 
-bool setAddress(SimOptions &options, const QString &value)
+bool setAddress(SimOptions &options, const QString &value, QString & /*reason*/)
 {
     return options.address.setAddress(value);
 }
 
-bool setName(SimOptions &options, const QString &value)
+bool setName(SimOptions &options, const QString &value, QString & /*reason*/)
 {
     options.name = value;
     return !value.isEmpty();
 }
 
-bool setFilesFolder(SimOptions &options, const QString &value)
+bool setFilesFolder(SimOptions &options, const QString &value, QString & /*reason*/)
 {
     options.filesFolder = value;
     return !value.isEmpty();
 }
 
-bool addFault(SimOptions &options, const QString &value)
+bool addFault(SimOptions &options, const QString &value, QString &reason)
 {
-    QString ignored;
-    const auto rule = parseFaultRule(value, ignored);
+    const auto rule = parseFaultRule(value, reason);
     if (rule)
         options.faults.push_back(*rule);
     return rule.has_value();
@@ -127,8 +126,12 @@ QString readOptions(const QCommandLineParser &parser, SimOptions &options)
         const QString name = QLatin1String(row.name);
         const QStringList values = parser.values(name);
         for (const QString &value : values) {
-            if (!row.set(options, value))
-                return QStringLiteral("\"%1\" is not what --%2 takes.").arg(value, name);
+            QString reason;
+            if (row.set(options, value, reason))
+                continue;
+            if (!reason.isEmpty())
+                reason.prepend(QLatin1String(": "));
+            return QStringLiteral("\"%1\" is not what --%2 takes%3.").arg(value, name, reason);
         }
     }
     if (!parser.positionalArguments().isEmpty())

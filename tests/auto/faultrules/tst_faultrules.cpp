@@ -166,6 +166,7 @@ private Q_SLOTS:
     void rulesWithoutCodeSpareTheIdentity();
     void countAndSkipAreUsedUp();
     void shareGoesByTheSeed();
+    void shareIsDrawnBehindThoseThatAreSkipped();
     void anotherRequestsTagIsUsed();
     void swappedPacketsComeInEachOthersPlace();
 };
@@ -180,6 +181,10 @@ void tst_FaultRules::ruleIsReadAndTold_data()
     row("silent", "silent");
     row("status=255", "status=255");
     row("late=0x10,count=1", "late=16,count=1");
+    row("late=0X1f", "late=31");
+    row("late=010", "late=10");
+    row("silent,skip=08,count=09,share=010", "silent,skip=8,count=9,share=10");
+    row("silent,code=04423", "silent,code=0x1147");
     row("truncate", "truncate=0");
     row("wrong-length", "wrong-length=268435456");
     row("drop-within,code=0x1107", "drop-within,code=DeviceSwap");
@@ -220,6 +225,12 @@ void tst_FaultRules::whatIsNoRuleIsRefused_data()
     row("flood=100001", "flood takes a number from 1 to 100000");
     row("status=8,code=identity", "the identity has no status");
     row("status=8,skip=1,code=identity,count=2", "the identity has no status");
+    row("late=0b11", "late takes a number from 1 to 600000");
+    row("late=1f", "late takes a number from 1 to 600000");
+    row("silent,code=0x1107,code=0x1100", "code is given twice");
+    row("silent,skip=1,skip=1", "skip is given twice");
+    row("silent,count=1,share=5,count=2", "count is given twice");
+    row("silent,share=5,share=50", "share is given twice");
     row("silent,code=0", "\"0\" is no code");
     row("silent,code=0x10000", "\"0x10000\" is no code");
     row("silent,code=deviceSwap", "\"deviceSwap\" is no code");
@@ -318,6 +329,16 @@ void tst_FaultRules::shareGoesByTheSeed()
     QCOMPARE(sequence(1), QStringLiteral("---++-+-+-------"));
     QCOMPARE(sequence(1), sequence(1));
     QCOMPARE(sequence(2), QStringLiteral("-+--++--+-+-++++"));
+}
+
+void tst_FaultRules::shareIsDrawnBehindThoseThatAreSkipped()
+{
+    Connection connection{"silent,skip=3,share=50"};
+    QString answered;
+    for (int i = 0; i < 3 + 16; ++i)
+        answered +=
+            connection.ask(readRequest()).bytes.isEmpty() ? QLatin1Char('-') : QLatin1Char('+');
+    QCOMPARE(answered, QStringLiteral("+++---++-+-+-------"));
 }
 
 void tst_FaultRules::anotherRequestsTagIsUsed()

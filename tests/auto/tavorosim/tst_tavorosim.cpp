@@ -3,14 +3,17 @@
 #include <messagecatcher.h>
 #include <simbench.h>
 
+#include <tavorosim/commandline.h>
 #include <tavorosim/server/discoveryresponder.h>
 #include <tavorossproxy/wire/frame.h>
 
 #include <QRegularExpression>
 
 using Tavoro::ProtoModel::DeviceBaseInfo;
+using Tavoro::Sim::CommandLine;
 using Tavoro::Sim::ConsoleAnswer;
 using Tavoro::Sim::DiscoveryResponder;
+using Tavoro::Sim::parseCommandLine;
 using Tavoro::Sim::SimOptions;
 using Tavoro::Sim::SimulatedDevice;
 using Tavoro::SSProxy::CommandType;
@@ -20,6 +23,7 @@ class tst_TavoroSim : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void numbersOfOptionsAreDecimalUnlessBehind0x();
     void identityTellsWhatTheOptionsSay();
     void anUnknownCommandIsRefused_data();
     void anUnknownCommandIsRefused();
@@ -58,6 +62,21 @@ bool contains(const WireFrame &frame, const char *text)
 }
 
 } // namespace
+
+void tst_TavoroSim::numbersOfOptionsAreDecimalUnlessBehind0x()
+{
+    const auto latencyOf = [](const char *number) {
+        const CommandLine line = parseCommandLine(
+            {QStringLiteral("tavorosim"), QStringLiteral("--latency"), QLatin1String(number)});
+        return line.isValid ? line.options.latencyMilliseconds : -1;
+    };
+    QCOMPARE(latencyOf("010"), 10);
+    QCOMPARE(latencyOf("08"), 8);
+    QCOMPARE(latencyOf("0x10"), 16);
+    QCOMPARE(latencyOf("10h"), -1);
+    QCOMPARE(latencyOf("600001"), -1);
+    QCOMPARE(latencyOf("18446744073709551617"), -1);
+}
 
 void tst_TavoroSim::identityTellsWhatTheOptionsSay()
 {

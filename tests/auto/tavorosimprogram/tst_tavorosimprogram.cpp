@@ -182,6 +182,8 @@ void tst_TavoroSimProgram::wrongOptionsEndWithTwo_data()
     QTest::newRow("digits")      << QByteArrayList{"--mac", "0200ZZ100001"} << "tavorosim: \"0200ZZ100001\" is not what --mac takes.\n";
     QTest::newRow("screens")     << QByteArrayList{"--screens", "256"}   << "tavorosim: \"256\" is not what --screens takes.\n";
     QTest::newRow("address")     << QByteArrayList{"--address", "here"}  << "tavorosim: \"here\" is not what --address takes.\n";
+    QTest::newRow("fault")       << QByteArrayList{"--fault", "status=0"}
+        << "tavorosim: \"status=0\" is not what --fault takes: status takes a number from 1 to 255.\n";
     QTest::newRow("word")        << QByteArrayList{"now"}                << "tavorosim: \"now\" is not an option.\n";
     // clang-format on
 }

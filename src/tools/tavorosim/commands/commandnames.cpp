@@ -1,9 +1,11 @@
 #include "commandnames.h"
 
+#include <tavorosim/state/numbers.h>
 #include <tavorossproxy/commandcodes.h>
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 namespace Tavoro::Sim {
 
@@ -126,9 +128,10 @@ std::optional<quint16> findCode(const QString &text)
         });
     if (found != std::end(nameRows))
         return found->code;
-    bool ok = false;
-    const quint16 code = text.toUShort(&ok, 0);
-    return ok && code != identityCode ? std::make_optional(code) : std::nullopt;
+    const std::optional<qint64> code = toNumber(text);
+    if (!code || *code <= identityCode || *code > std::numeric_limits<quint16>::max())
+        return std::nullopt;
+    return static_cast<quint16>(*code);
 }
 
 QString nameOfCode(quint16 code)

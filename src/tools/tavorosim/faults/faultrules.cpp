@@ -3,12 +3,12 @@
 #include "faulttable.h"
 
 #include <tavorosim/commands/commandnames.h>
+#include <tavorosim/state/numbers.h>
 
 #include <QStringList>
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace Tavoro::Sim {
 
@@ -27,13 +27,12 @@ struct Setting {
     bool hasValue;
 };
 
-bool toNumber(const QString &text, quint32 least, quint32 most, quint32 &number)
+bool setNumber(const QString &text, quint32 least, quint32 most, quint32 &number)
 {
-    bool ok = false;
-    const qulonglong read = text.toULongLong(&ok, 0);
-    if (!ok || read < least || read > most)
+    const std::optional<qint64> read = toNumber(text);
+    if (!read || *read < least || *read > most)
         return false;
-    number = static_cast<quint32>(read);
+    number = static_cast<quint32>(*read);
     return true;
 }
 
@@ -47,17 +46,17 @@ bool setCode(FaultRule &rule, const QString &value)
 
 bool setSkip(FaultRule &rule, const QString &value)
 {
-    return toNumber(value, 0, anyNumber, rule.skip);
+    return setNumber(value, 0, anyNumber, rule.skip);
 }
 
 bool setCount(FaultRule &rule, const QString &value)
 {
-    return toNumber(value, 1, anyNumber, rule.count.emplace());
+    return setNumber(value, 1, anyNumber, rule.count.emplace());
 }
 
 bool setShare(FaultRule &rule, const QString &value)
 {
-    return toNumber(value, 1, 100, rule.share);
+    return setNumber(value, 1, 100, rule.share);
 }
 
 struct LimitRow {
@@ -83,7 +82,7 @@ bool setFault(FaultRule &rule, const Setting &setting, QString &error)
     rule.value = row.usual;
     if (!setting.hasValue && !row.needsValue())
         return true;
-    if (row.takesValue() && toNumber(setting.value, row.least, row.most, rule.value))
+    if (row.takesValue() && setNumber(setting.value, row.least, row.most, rule.value))
         return true;
     error = row.takesValue() ? QStringLiteral("%1 takes a number from %2 to %3")
                                    .arg(setting.name)
@@ -107,6 +106,22 @@ bool setLimit(FaultRule &rule, const Setting &setting, QString &error)
     return false;
 }
 
+bool setLimits(FaultRule &rule, const QStringList &parts, QString &error)
+{
+    QStringList given;
+    for (const QString &part : parts) {
+        const Setting setting(part);
+        if (given.contains(setting.name)) {
+            error = QStringLiteral("%1 is given twice").arg(setting.name);
+            return false;
+        }
+        if (!setLimit(rule, setting, error))
+            return false;
+        given.append(setting.name);
+    }
+    return true;
+}
+
 /// The answer that tells the identity is no response: it has no place for a status.
 bool isStatusOfIdentity(const FaultRule &rule)
 {
@@ -119,12 +134,8 @@ std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
 {
     QStringList parts = text.split(QLatin1Char(','));
     FaultRule rule;
-    if (!setFault(rule, Setting(parts.takeFirst()), error))
+    if (!setFault(rule, Setting(parts.takeFirst()), error) || !setLimits(rule, parts, error))
         return std::nullopt;
-    for (const QString &part : std::as_const(parts)) {
-        if (!setLimit(rule, Setting(part), error))
-            return std::nullopt;
-    }
     if (isStatusOfIdentity(rule)) {
         error = QStringLiteral("the identity has no status");
         return std::nullopt;
@@ -153,12 +164,12 @@ std::optional<FaultRule> FaultRules::next(quint16 code)
     for (auto rule = m_rules.begin(); rule != m_rules.end(); ++rule) {
         if (rule->code ? *rule->code != code : code == identityCode)
             continue;
-        if (rule->share < 100 && m_random() % 100 >= rule->share)
-            continue;
-        if (rule->skip > 0) {
+        if (rule->skip > 0) { // without a draw, or more would go right than are to be skipped
             --rule->skip;
             continue;
         }
+        if (rule->share < 100 && m_random() % 100 >= rule->share)
+            continue;
         FaultRule used = *rule;
         if (rule->count && --*rule->count == 0)
             m_rules.erase(rule);

@@ -25,8 +25,8 @@ struct FaultRule {
 /// \code
 /// FAULT[=VALUE][,code=CODE][,skip=N][,count=N][,share=PERCENT]
 /// \endcode
-/// CODE is a number (0x1107), the name of a command (DeviceSwap) or "identity". Nothing with the
-/// reason in \a error when \a text is no rule.
+/// CODE is a number (0x1107), the name of a command (DeviceSwap) or "identity". Each limit stands
+/// there once. Nothing with the reason in \a error when \a text is no rule.
 std::optional<FaultRule> parseFaultRule(const QString &text, QString &error);
 
 /// The rule as parseFaultRule() reads it, with what is left of its numbers.
