@@ -1,18 +1,16 @@
 // The simulated device as a program: tavorosim --help tells its options.
 
 #include "commandline.h"
+#include "inputlines.h"
 
 #include <tavorosim/server/simserver.h>
 #include <tavorossproxy/wire/hostandport.h>
 
 #include <QCoreApplication>
-#include <QSocketNotifier>
 #include <QTextStream>
 #include <QTime>
 
 #include <cstdio>
-#include <iostream>
-#include <string>
 
 namespace {
 
@@ -38,19 +36,18 @@ void logToStandardError(QtMsgType /*level*/, const QMessageLogContext & /*contex
     say(stderr, time + QLatin1Char(' ') + text);
 }
 
-/// Reads one line of the console. At the end of the input the device goes on without a console.
-void serveConsole(SimServer &server, QSocketNotifier &notifier)
+/// Serves a line of the console; false when it was the last one.
+bool serveConsole(SimServer &server, const QString &line)
 {
-    std::string line;
-    if (!std::getline(std::cin, line)) {
-        notifier.setEnabled(false);
-        return;
+    if (line == QLatin1String("quit")) {
+        QCoreApplication::quit();
+        return false;
     }
-    if (line == "quit")
-        return QCoreApplication::quit();
-    if (line == "help")
-        return say(stdout, consoleHelp() + QStringLiteral("  quit"));
-    say(stdout, server.execute(QString::fromStdString(line)).line());
+    if (line == QLatin1String("help"))
+        say(stdout, consoleHelp() + QStringLiteral("  quit"));
+    else
+        say(stdout, server.execute(line).line());
+    return true;
 }
 
 } // namespace
@@ -81,10 +78,7 @@ int main(int argc, char *argv[])
     if (line.options.discoveryPort >= 0)
         say(stdout, QStringLiteral("discovery port %1").arg(server.discoveryPort()));
 
-    // Without a buffer, or a second line would wait in it unseen by the notifier.
-    std::setvbuf(stdin, nullptr, _IONBF, 0);
-    QSocketNotifier notifier(fileno(stdin), QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, &server,
-                     [&] { serveConsole(server, notifier); });
+    // At the end of the input the device goes on without a console.
+    const InputLines console([&](const QString &input) { return serveConsole(server, input); });
     return QCoreApplication::exec();
 }

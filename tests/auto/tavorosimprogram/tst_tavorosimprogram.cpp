@@ -14,6 +14,9 @@ private Q_SLOTS:
     void addressesWithColonsStandInBrackets();
     void standardInputIsItsConsole();
     void linesThatComeTogetherAreAllServed();
+    void halfALineHoldsNobodyUp();
+    void theLastLineNeedsNoEnd();
+    void nothingIsServedBehindQuit();
     void goesOnWithoutAConsole();
     void logsExchangesOnlyWhenAsked();
     void tellsItsVersion();
@@ -33,8 +36,7 @@ public:
     explicit Program(const QStringList &arguments)
     {
         process.start(QStringLiteral(TAVOROSIM), arguments);
-        while (!process.canReadLine() && process.waitForReadyRead(patience)) { }
-        firstLine = QString::fromLocal8Bit(process.readLine()).trimmed();
+        firstLine = readLine();
     }
 
     ~Program()
@@ -48,6 +50,11 @@ public:
     QString ask(const QByteArray &line)
     {
         process.write(line + '\n');
+        return readLine();
+    }
+
+    QString readLine()
+    {
         while (!process.canReadLine() && process.waitForReadyRead(patience)) { }
         return QString::fromLocal8Bit(process.readLine()).trimmed();
     }
@@ -119,6 +126,41 @@ void tst_TavoroSimProgram::linesThatComeTogetherAreAllServed()
     program.process.write("power 1 0\npower 1 1\nquit\n");
     QVERIFY(program.process.waitForFinished(patience));
     QCOMPARE(program.process.readAllStandardOutput(), QByteArray("ok\nok\n"));
+}
+
+void tst_TavoroSimProgram::halfALineHoldsNobodyUp()
+{
+    Program program(anyPort + QStringList{QStringLiteral("--control-port"), QStringLiteral("0")});
+    const QString controlPort = program.readLine().section(QLatin1Char(' '), -1);
+    program.process.write("power");
+    QVERIFY(program.process.waitForBytesWritten(patience));
+    QTcpSocket control;
+    control.connectToHost(QStringLiteral("127.0.0.1"), controlPort.toUShort());
+    QVERIFY(control.waitForConnected(patience));
+    for (int i = 0; i < 3; ++i) { // the half line may come to the program behind the first
+        control.write("power 1 1\n");
+        while (!control.canReadLine() && control.waitForReadyRead(patience)) { }
+        QCOMPARE(control.readLine(), QByteArray("ok\n"));
+    }
+    QCOMPARE(program.ask(" 1 7"), QStringLiteral("error \"7\" is no STATUS"));
+}
+
+void tst_TavoroSimProgram::theLastLineNeedsNoEnd()
+{
+    Program program(anyPort);
+    program.process.write("power 1 0\nexplode");
+    program.process.closeWriteChannel();
+    QCOMPARE(program.readLine(), QStringLiteral("ok"));
+    QCOMPARE(program.readLine(), QStringLiteral("error no such word: explode"));
+    QCOMPARE(program.process.state(), QProcess::Running);
+}
+
+void tst_TavoroSimProgram::nothingIsServedBehindQuit()
+{
+    Program program(anyPort);
+    program.process.write("quit\npower 1 0\n");
+    QVERIFY(program.process.waitForFinished(patience));
+    QCOMPARE(program.process.readAllStandardOutput(), QByteArray());
 }
 
 void tst_TavoroSimProgram::goesOnWithoutAConsole()
