@@ -160,6 +160,7 @@ private Q_SLOTS:
     void whatIsNoRuleIsRefused_data();
     void whatIsNoRuleIsRefused();
     void everyCommandHasItsName();
+    void everyFaultHasACase();
     void eachFaultSendsItsBytes_data();
     void eachFaultSendsItsBytes();
     void firstRuleThatFitsIsTaken();
@@ -267,6 +268,20 @@ void tst_FaultRules::everyCommandHasItsName()
         QCOMPARE(nameOfCode(*code), match.captured(1));
     }
     QCOMPARE(count, 89);
+}
+
+void tst_FaultRules::everyFaultHasACase()
+{
+    QStringList cases;
+    for (const FaultCase &it : faultCases)
+        cases << QString::fromLatin1(it.rule).section(QLatin1Char('='), 0, 0);
+    cases.removeDuplicates();
+    static const QRegularExpression call(QStringLiteral("^  ([a-z-]+)"),
+                                         QRegularExpression::MultilineOption);
+    QStringList faults;
+    for (auto found = call.globalMatch(faultHelp()); found.hasNext();)
+        faults << found.next().captured(1);
+    QCOMPARE(cases.join(QLatin1Char(' ')), faults.join(QLatin1Char(' ')));
 }
 
 void tst_FaultRules::eachFaultSendsItsBytes_data()
