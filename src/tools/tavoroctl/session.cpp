@@ -22,6 +22,20 @@ std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &in
     return device;
 }
 
+QString textOf(const Host &host)
+{
+    const bool hasColons = host.name.contains(QLatin1Char(':'));
+    return (hasColons ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
+        .arg(host.name)
+        .arg(host.port);
+}
+
+/// Whether the request path takes the two for one device.
+bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::DeviceBaseInfo &other)
+{
+    return one.ip == other.ip && one.mac == other.mac && one.sn == other.sn;
+}
+
 } // namespace
 
 std::optional<Host> parseHost(const QString &text, quint16 usualPort)
@@ -55,10 +69,29 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
         channel->stopChannel();
         return nullptr;
     }
+    if (const auto twin = findTwin(host, *channel)) {
+        error = QStringLiteral("The devices at %1 and %2 tell the same identity; a batch cannot "
+                               "tell them apart.")
+                    .arg(textOf(*twin), textOf(host));
+        channel->stopChannel();
+        return nullptr;
+    }
     SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
     const Connection connection{channel, makeModel(channel->deviceBaseInfo())};
     m_connections[{host.name, host.port}] = connection;
     return connection.device;
+}
+
+/// On one port of one address it is the same device under another name.
+std::optional<Host> Session::findTwin(const Host &host,
+                                      const SSProxy::NetworkChannel &channel) const
+{
+    const ProtoModel::DeviceBaseInfo info = channel.deviceBaseInfo();
+    for (const auto &[place, connection] : m_connections) {
+        if (place.second != host.port && isSameIdentity(connection.channel->deviceBaseInfo(), info))
+            return Host{place.first, place.second};
+    }
+    return std::nullopt;
 }
 
 std::shared_ptr<SSProxy::NetworkChannel> Session::channel(const BizModel::Device &device) const

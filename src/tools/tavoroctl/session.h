@@ -38,7 +38,8 @@ public:
     Session &operator=(const Session &) = delete;
 
     /// The device at \a host. Null with a sentence that names the host in \a error when it cannot
-    /// be reached.
+    /// be reached, or when calls to it would reach another device of the session: the request path
+    /// finds a device by address, MAC and serial number.
     std::shared_ptr<BizModel::Device> device(const Host &host, QString &error);
     /// The channel of a device that device() gave.
     std::shared_ptr<SSProxy::NetworkChannel> channel(const BizModel::Device &device) const;
@@ -48,6 +49,9 @@ private:
         std::shared_ptr<SSProxy::NetworkChannel> channel;
         std::shared_ptr<BizModel::Device> device;
     };
+
+    /// Where a device is that the request path takes for that of \a channel at \a host.
+    std::optional<Host> findTwin(const Host &host, const SSProxy::NetworkChannel &channel) const;
 
     const int m_timeout;
     std::map<std::pair<QString, quint16>, Connection> m_connections;
