@@ -15,7 +15,7 @@ constexpr quint16 defaultDiscoveryPort = 6631;
 
 /// Somewhere to look for devices.
 struct DiscoveryTarget {
-    QString address; ///< IPv4, of one device or of a broadcast.
+    QString address; ///< IPv4, of one device or of a broadcast; anything else is not asked.
     quint16 port = defaultDiscoveryPort;
 };
 

@@ -36,7 +36,13 @@ bool UdpPort::open(Receiver receiver, QString &error)
 
 void UdpPort::send(const QString &address, quint16 port, const QByteArray &datagram)
 {
-    if (m_socket->writeDatagram(datagram, QHostAddress(address), port) < 0)
+    const QHostAddress target(address);
+    bool isIpv4 = false;
+    target.toIPv4Address(&isIpv4);
+    // Without an address the datagram would go to this machine.
+    if (!isIpv4)
+        qCDebug(channelLog) << "Cannot ask for devices at" << address << "as it is not IPv4";
+    else if (m_socket->writeDatagram(datagram, target, port) < 0)
         qCDebug(channelLog) << "Cannot ask for devices at" << address << m_socket->errorString();
 }
 

@@ -4,6 +4,8 @@
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
+#include <QHostAddress>
+
 namespace Tavoro::Ctl {
 
 namespace {
@@ -21,16 +23,25 @@ std::string lineOf(const ProtoModel::DeviceBaseInfo &device)
         .toStdString();
 }
 
+/// Names are not looked up, and only networks of IPv4 are asked.
+std::optional<Host> parseTarget(const QString &word)
+{
+    const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
+    const bool isAddress =
+        host && QHostAddress(host->name).protocol() == QAbstractSocket::IPv4Protocol;
+    return isAddress ? host : std::nullopt;
+}
+
 } // namespace
 
 ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
 {
     std::vector<SSProxy::DiscoveryTarget> targets;
     for (const QString &word : arguments.words) {
-        const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
-        if (!host)
+        const std::optional<Host> target = parseTarget(word);
+        if (!target)
             return refuse(tool, QStringLiteral("\"%1\" is not ADDRESS[:PORT]").arg(word));
-        targets.push_back({host->name, host->port});
+        targets.push_back({target->name, target->port});
     }
     QString error;
     const auto devices = SSProxy::findDevices(listeningTime, 0, targets, error);

@@ -94,6 +94,8 @@ private Q_SLOTS:
     void requestsComeFromAPortThatUsersMayHave();
     void manyDevicesThatAnswerAtOnceAreAllFound();
     void searchWithoutASocketTellsWhyAtOnce();
+    void whatIsNoAddressOfIpv4IsNotAsked_data();
+    void whatIsNoAddressOfIpv4IsNotAsked();
     void deviceThatIsSwitchedOffDoesNotAnswer();
     void foundDeviceHasAChannel();
     void devicesAreFoundBesideARunningDiscovery();
@@ -172,6 +174,28 @@ void tst_DeviceDiscovery::searchWithoutASocketTellsWhyAtOnce()
     QTRY_VERIFY(fails()); // the search before gives its socket back a little later
     QVERIFY(time.elapsed() < 300000);
     QVERIFY2(error.startsWith(QLatin1String("Devices cannot be looked for: ")), qPrintable(error));
+}
+
+void tst_DeviceDiscovery::whatIsNoAddressOfIpv4IsNotAsked_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("name") << "wall.invalid";
+    QTest::newRow("IPv6") << "::1";
+    QTest::newRow("nothing") << "";
+}
+
+/// It would be this machine that is asked in its place.
+void tst_DeviceDiscovery::whatIsNoAddressOfIpv4IsNotAsked()
+{
+    QFETCH(QString, address);
+    QUdpSocket bystander;
+    QVERIFY(bystander.bind(QHostAddress(QHostAddress::LocalHost)));
+    const auto device = start(wall(1));
+    // The device is asked behind the other: when it has answered, that has its request.
+    const auto devices =
+        findDevices(60000, 1, {{address, bystander.localPort()}, targetOf(*device)});
+    QCOMPARE(devices.size(), std::size_t(1));
+    QVERIFY(!bystander.hasPendingDatagrams());
 }
 
 void tst_DeviceDiscovery::deviceThatIsSwitchedOffDoesNotAnswer()
