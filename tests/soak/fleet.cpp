@@ -25,8 +25,8 @@ Sim::SimOptions optionsOf(int number)
 
 constexpr const char *disturbances[] = {
     "power 1 0",    "power 1 1",     "genlock 0",
-    "genlock 1",    "cable 1 0",     "timing 1 0 1920 1080 60",
-    "depth 1 0 10", "depth 1 0 8",   "card 1 0",
+    "genlock 1",    "cable 1 1",     "timing 1 1 1920 1080 60",
+    "depth 1 1 10", "depth 1 1 8",   "card 1 0",
     "card 1 1",     "group 3 stage",
 };
 
@@ -54,10 +54,11 @@ quint64 Fleet::reports() const
     return count;
 }
 
-void Fleet::disturb(std::mt19937 &random)
+bool Fleet::disturb(std::mt19937 &random)
 {
     const char *const line = disturbances[random() % std::size(disturbances)];
-    m_devices[random() % m_devices.size()]->simulator->execute(QString::fromLatin1(line));
+    const auto &device = m_devices[random() % m_devices.size()];
+    return device->simulator->execute(QString::fromLatin1(line)).ok;
 }
 
 void Fleet::switchOne(std::mt19937 &random)

@@ -21,7 +21,8 @@ public:
     /// Reports that came from all devices.
     quint64 reports() const;
     /// Something happens to a device, of which it tells: a cable, a card, a power supply, a signal.
-    void disturb(std::mt19937 &random);
+    /// False if the device knows no such thing.
+    bool disturb(std::mt19937 &random);
     /// A device goes off, or on again.
     void switchOne(std::mt19937 &random);
 

@@ -44,6 +44,7 @@ struct Round {
     int synchronised = 0;
     int notSynchronised = 0;
     quint64 reports = 0;
+    int refused = 0; ///< Disturbances that the device knew nothing of: they disturbed nothing.
     std::vector<std::size_t> heaps; ///< At one moment after the other.
 
     /// By how much the heap of the last quarter exceeds that of the second.
@@ -93,7 +94,8 @@ void run(const Plan &plan, unsigned seed, Round &round)
     const Operators operators(fleet, operatorThreads, seed, round.operations);
     std::mt19937 random(seed);
     QTimer disturbing;
-    QObject::connect(&disturbing, &QTimer::timeout, [&] { fleet.disturb(random); });
+    QObject::connect(&disturbing, &QTimer::timeout,
+                     [&] { round.refused += fleet.disturb(random) ? 0 : 1; });
     disturbing.start(5);
     QTimer switching;
     QObject::connect(&switching, &QTimer::timeout, [&] { fleet.switchOne(random); });
@@ -110,7 +112,7 @@ void run(const Plan &plan, unsigned seed, Round &round)
 bool hasWorked(const Round &round)
 {
     return round.operations.done > 0 && round.operations.failed > 0 && round.operations.silent == 0
-        && round.synchronised > 0 && round.reports > 0;
+        && round.synchronised > 0 && round.reports > 0 && round.refused == 0;
 }
 
 bool isFlat(const Plan &plan, const Round &round, const Census &before, const Census &now)
@@ -123,12 +125,13 @@ bool isFlat(const Plan &plan, const Round &round, const Census &before, const Ce
 void print(int number, const Round &round, const Census &census)
 {
     std::printf("round %d: %d operations done, %d failed in words, %d without; %d devices "
-                "synchronised, %d lost on the way; %llu reports; %zu KiB of heap more in the end;"
+                "synchronised, %d lost on the way; %llu reports; %d disturbances refused; %zu KiB "
+                "of heap more in the end;"
                 " then %d threads, %d files, %zu KiB of heap\n",
                 number, round.operations.done.load(), round.operations.failed.load(),
                 round.operations.silent.load(), round.synchronised, round.notSynchronised,
-                static_cast<unsigned long long>(round.reports), round.growth() / 1024,
-                census.threads, census.files, census.heap / 1024);
+                static_cast<unsigned long long>(round.reports), round.refused,
+                round.growth() / 1024, census.threads, census.files, census.heap / 1024);
     std::fflush(stdout);
 }
 
