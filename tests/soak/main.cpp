@@ -7,12 +7,12 @@
 #include "census.h"
 #include "fleet.h"
 #include "operators.h"
+#include "plan.h"
 
 #include <tavorobizmodel/devicelist.h>
 #include <tavorocontrol/autoreportmanager.h>
 #include <tavorocontrol/devicelist.h>
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QTimer>
@@ -31,13 +31,6 @@ constexpr std::size_t heapTolerance =
     256 * 1024; ///< Of allocators and of Qt's own caches, which settle.
 constexpr int longRound = 20; ///< Seconds, from which on the heap of a round has settled.
 constexpr std::size_t heapOfWork = 2 << 20; ///< What may come and go with what is under way.
-
-struct Plan {
-    int devices;
-    int rounds;
-    int seconds;
-    unsigned seed;
-};
 
 struct Round {
     Operators::Counts operations;
@@ -154,24 +147,6 @@ int soak(const Plan &plan)
     return 0;
 }
 
-Plan planOf(const QCoreApplication &application)
-{
-    QCommandLineParser parser;
-    const QCommandLineOption devices(QStringLiteral("devices"), {}, QStringLiteral("N"),
-                                     QStringLiteral("50"));
-    const QCommandLineOption rounds(QStringLiteral("rounds"), {}, QStringLiteral("N"),
-                                    QStringLiteral("3"));
-    const QCommandLineOption seconds(QStringLiteral("seconds"), {}, QStringLiteral("N"),
-                                     QStringLiteral("2"));
-    const QCommandLineOption seed(QStringLiteral("seed"), {}, QStringLiteral("N"),
-                                  QStringLiteral("1"));
-    parser.addOptions({devices, rounds, seconds, seed});
-    parser.addHelpOption();
-    parser.process(application);
-    return {parser.value(devices).toInt(), parser.value(rounds).toInt(),
-            parser.value(seconds).toInt(), parser.value(seed).toUInt()};
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -179,7 +154,13 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
     Control::AutoReportManager::instance();
-    const int wrongRound = soak(planOf(application));
+    QString fault;
+    const auto plan = readPlan(QCoreApplication::arguments(), fault);
+    if (!plan) {
+        std::fputs(qUtf8Printable(QStringLiteral("soak: %1\n").arg(fault)), stderr);
+        return 2;
+    }
+    const int wrongRound = soak(*plan);
     if (wrongRound != 0)
         std::printf("Round %d left something behind, or did not do its work.\n", wrongRound);
     return wrongRound == 0 ? 0 : 1;
