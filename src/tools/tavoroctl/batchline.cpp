@@ -4,39 +4,62 @@ namespace Tavoro::Ctl {
 
 namespace {
 
+constexpr QLatin1Char quote('\'');
+
+/// Takes the first \a length characters off \a rest.
+QString takeLeft(QString &rest, int length)
+{
+    QString left = rest.left(length);
+    rest.remove(0, length);
+    return left;
+}
+
+/// Takes a word with its quotes off \a rest, and returns what stands between them.
+QString takeQuoted(QString &rest, QString &fault)
+{
+    const auto length = static_cast<int>(rest.indexOf(quote, 1)) + 1;
+    if (length == 0) {
+        fault = QStringLiteral("a quote is not closed");
+        return takeLeft(rest, static_cast<int>(rest.size()));
+    }
+    const QString quoted = takeLeft(rest, length);
+    if (!rest.isEmpty() && !rest.at(0).isSpace())
+        fault = QStringLiteral("a blank is missing behind a quote");
+    return quoted.mid(1, length - 2);
+}
+
+QString takePlain(QString &rest)
+{
+    int length = 0;
+    while (length < rest.size() && !rest.at(length).isSpace())
+        ++length;
+    return takeLeft(rest, length);
+}
+
 /// Takes the first word off \a rest, which begins with it.
-QString takeWord(QString &rest)
+QString takeWord(QString &rest, QString &fault)
 {
     const QChar first = rest.at(0);
-    int end = 0; // Of the word in rest, what closes it included.
-    QString word;
-    if (first == QLatin1Char('\'')) {
-        const auto closing = static_cast<int>(rest.indexOf(QLatin1Char('\''), 1));
-        end = closing < 0 ? static_cast<int>(rest.size()) : closing + 1;
-        word = rest.mid(1, closing < 0 ? -1 : closing - 1);
-    } else if (first == QLatin1Char('{') || first == QLatin1Char('[')) {
-        end = static_cast<int>(rest.size());
-        word = rest;
-    } else {
-        while (end < rest.size() && !rest.at(end).isSpace())
-            ++end;
-        word = rest.left(end);
-    }
-    rest = rest.mid(end).trimmed();
-    return word;
+    if (first == quote)
+        return takeQuoted(rest, fault);
+    if (first == QLatin1Char('{') || first == QLatin1Char('['))
+        return takeLeft(rest, static_cast<int>(rest.size()));
+    return takePlain(rest);
 }
 
 } // namespace
 
-QStringList splitBatchLine(const QString &line)
+BatchLine splitBatchLine(const QString &line)
 {
-    QStringList words;
+    BatchLine split;
     QString rest = line.trimmed();
     if (rest.startsWith(QLatin1Char('#')))
-        return words;
-    while (!rest.isEmpty())
-        words += takeWord(rest);
-    return words;
+        return split;
+    while (!rest.isEmpty() && split.fault.isEmpty()) {
+        split.words += takeWord(rest, split.fault);
+        rest = rest.trimmed();
+    }
+    return split;
 }
 
 } // namespace Tavoro::Ctl

@@ -17,7 +17,7 @@ ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call
 {
     const std::optional<Host> host = parseHost(hostText);
     if (!host)
-        return refuse(tool, place + QStringLiteral("\"%1\" is not HOST[:PORT]").arg(hostText));
+        return refuseHost(tool, hostText, place);
     if (call.isEmpty())
         return refuse(tool, place + QStringLiteral("an operation is missing"));
     const Operation *const operation = findOperation(call.at(0));
@@ -45,6 +45,19 @@ ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call
     return Done;
 }
 
+/// Makes the call of one line; at \a batchHost unless that is empty.
+ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &line, int number)
+{
+    const QString place = QStringLiteral("line %1 of the batch: ").arg(number);
+    auto [call, fault] = splitBatchLine(line);
+    if (!fault.isEmpty())
+        return refuse(tool, place + fault);
+    if (call.isEmpty())
+        return Done;
+    const QString host = batchHost.isEmpty() ? call.takeFirst() : batchHost;
+    return makeCall(tool, host, call, place);
+}
+
 ExitStatus listOne(Tool &tool, const QString &name)
 {
     const Operation *const operation = findOperation(name);
@@ -67,16 +80,13 @@ ExitStatus runCall(Tool &tool, const Arguments &arguments)
 ExitStatus runBatch(Tool &tool, const Arguments &arguments)
 {
     tool.console.showStatusBar(StatusBar::Everything);
+    const QString host = arguments.words.value(0);
+    if (!arguments.words.isEmpty() && !parseHost(host))
+        return refuseHost(tool, host);
     ExitStatus worst = Done;
     std::string line;
-    for (int number = 1; std::getline(std::cin, line); ++number) {
-        QStringList call = splitBatchLine(QString::fromStdString(line));
-        if (call.isEmpty())
-            continue;
-        const QString host = arguments.words.isEmpty() ? call.takeFirst() : arguments.words.at(0);
-        const QString place = QStringLiteral("line %1 of the batch: ").arg(number);
-        worst = std::max(worst, makeCall(tool, host, call, place));
-    }
+    for (int number = 1; std::getline(std::cin, line); ++number)
+        worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), number));
     return worst;
 }
 

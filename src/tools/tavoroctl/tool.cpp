@@ -14,12 +14,17 @@ ExitStatus fail(Tool &tool, const QString &error)
     return Failed;
 }
 
+ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place)
+{
+    return refuse(tool, place + QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text));
+}
+
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
                                              ExitStatus &status)
 {
     const std::optional<Host> host = parseHost(hostText);
     if (!host) {
-        status = refuse(tool, QStringLiteral("\"%1\" is not HOST[:PORT]").arg(hostText));
+        status = refuseHost(tool, hostText);
         return nullptr;
     }
     QString error;

@@ -30,6 +30,9 @@ ExitStatus refuse(Tool &tool, const QString &fault);
 /// Tells why something failed.
 ExitStatus fail(Tool &tool, const QString &error);
 
+/// Tells that \a text is no HOST[:PORT]; \a place stands in front of it.
+ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place = {});
+
 /// The device at HOST[:PORT], connected. Null when it cannot be had: that has then been told, and
 /// \a status is what the command ends with.
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,

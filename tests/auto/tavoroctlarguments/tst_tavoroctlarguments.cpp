@@ -33,6 +33,8 @@ private Q_SLOTS:
 
     void batchLinesAreCutIntoWords_data();
     void batchLinesAreCutIntoWords();
+    void quotesOfABatchLineAreWhole_data();
+    void quotesOfABatchLineAreWhole();
     void hostsAreNamesWithAPort_data();
     void hostsAreNamesWithAPort();
 };
@@ -187,8 +189,8 @@ void tst_TavoroCtlArguments::batchLinesAreCutIntoWords_data()
     QTest::newRow("object")   << R"(a {"x": "y z"} )"                     << QByteArrayList{"a", R"({"x": "y z"})"};
     QTest::newRow("list")     << R"(a [1, 2])"                            << QByteArrayList{"a", "[1, 2]"};
     QTest::newRow("quoted")   << R"(a '{"x": 1}' 'b c' d)"                << QByteArrayList{"a", R"({"x": 1})", "b c", "d"};
-    QTest::newRow("unclosed") << "a 'b c"                                 << QByteArrayList{"a", "b c"};
-    QTest::newRow("no text")  << "a ''"                                   << QByteArrayList{"a", ""};
+    QTest::newRow("within")   << R"(a' b'c {"x": "don't"})"               << QByteArrayList{"a'", "b'c", R"({"x": "don't"})"};
+    QTest::newRow("no text")  << "a '' b ''"                              << QByteArrayList{"a", "", "b", ""};
     // clang-format on
 }
 
@@ -196,7 +198,32 @@ void tst_TavoroCtlArguments::batchLinesAreCutIntoWords()
 {
     QFETCH(QString, line);
     QFETCH(QByteArrayList, words);
-    QCOMPARE(splitBatchLine(line), toTexts(words));
+    const BatchLine split = splitBatchLine(line);
+    QCOMPARE(split.fault, QString());
+    QCOMPARE(split.words, toTexts(words));
+}
+
+void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("unclosed") << "a 'b c"
+                              << "a quote is not closed";
+    QTest::newRow("only opened") << "'"
+                                 << "a quote is not closed";
+    QTest::newRow("record behind") << R"('a'{"x":1})"
+                                   << "a blank is missing behind a quote";
+    QTest::newRow("word behind") << "a 'b'c"
+                                 << "a blank is missing behind a quote";
+    QTest::newRow("first of two") << "'a''b"
+                                  << "a blank is missing behind a quote";
+}
+
+void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, fault);
+    QCOMPARE(splitBatchLine(line).fault, fault);
 }
 
 void tst_TavoroCtlArguments::hostsAreNamesWithAPort_data()

@@ -13,6 +13,10 @@ private Q_SLOTS:
     void devicesOfOneAddressAreToldApart();
     void devicesOfOneIdentityAreRefused();
     void oneDeviceMayHaveTwoNames();
+    void linesThatCannotBeMeantAreRefused_data();
+    void linesThatCannotBeMeantAreRefused();
+    void hostOfTheBatchIsReadBeforeItsLines();
+    void hostOfALineIsNamedWithTheLine();
 };
 
 namespace {
@@ -67,6 +71,51 @@ void tst_TavoroCtlBatch::oneDeviceMayHaveTwoNames()
     QCOMPARE(batch.errors, swapDone + swapDone);
     QCOMPARE(batch.exitCode, 0);
     QVERIFY(!isSwapped(bench));
+}
+
+void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("words");
+    // clang-format off
+    QTest::newRow("unclosed")         << QByteArray(R"(Device.writeSwap '{"swap":1})")  << QByteArray("a quote is not closed");
+    QTest::newRow("quote alone")      << QByteArray("Device.writeSwap '")               << QByteArray("a quote is not closed");
+    QTest::newRow("closed too early") << QByteArray(R"('Device.writeSwap'{"swap":1})")  << QByteArray("a blank is missing behind a quote");
+    QTest::newRow("quote at quote")   << QByteArray(R"('Device.writeSwap''{"swap":1}')") << QByteArray("a blank is missing behind a quote");
+    // clang-format on
+}
+
+void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, words);
+    const ToolBench bench;
+    QCOMPARE(ToolBench::run({"batch"}, swapLine(bench.host(), 0)).exitCode, 0);
+    const ToolRun batch =
+        ToolBench::run({"batch", bench.host()},
+                       "# A comment's quote is none.\n" + line + "\nDevice.readDeviceGroupInfo\n");
+    QCOMPARE(batch.errors,
+             "tavoroctl: line 2 of the batch: " + words
+                 + "\nGet device group information successfully.\n");
+    QCOMPARE(batch.exitCode, 2);
+    QVERIFY(!isSwapped(bench));
+}
+
+void tst_TavoroCtlBatch::hostOfTheBatchIsReadBeforeItsLines()
+{
+    for (const QByteArray &input : {QByteArray(), QByteArray("Device.swap\n")}) {
+        const ToolRun batch = ToolBench::run({"batch", "a:99999"}, input);
+        QCOMPARE(batch.errors, QByteArray("tavoroctl: \"a:99999\" is not HOST[:PORT]\n"));
+        QCOMPARE(batch.exitCode, 2);
+    }
+}
+
+void tst_TavoroCtlBatch::hostOfALineIsNamedWithTheLine()
+{
+    const ToolRun batch = ToolBench::run({"batch"}, "\na:99999 Device.writeSwap {\"swap\":1}\n");
+    QCOMPARE(batch.errors,
+             QByteArray("tavoroctl: line 2 of the batch: \"a:99999\" is not HOST[:PORT]\n"));
+    QCOMPARE(batch.exitCode, 2);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlBatch)
