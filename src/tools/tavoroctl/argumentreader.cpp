@@ -1,6 +1,19 @@
 #include "argumentreader.h"
 
+#include <QRegularExpression>
+
 namespace Tavoro::Ctl {
+
+namespace {
+
+/// Also true of one that is too large for any type.
+bool isWholeNumber(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^[+-]?\\d+$"));
+    return form.match(text).hasMatch();
+}
+
+} // namespace
 
 void ArgumentReader::read(int &filter)
 {
@@ -40,10 +53,10 @@ qint64 ArgumentReader::takeNumber(qint64 least, qint64 most)
     const QString text = take(QStringLiteral("a number"));
     bool ok = false;
     const qint64 number = text.toLongLong(&ok);
-    if (!ok)
+    if (!ok && !isWholeNumber(text))
         tell(QStringLiteral("\"%1\" is not a number").arg(text));
-    else if (number < least || number > most)
-        tell(QStringLiteral("%1 is not between %2 and %3").arg(number).arg(least).arg(most));
+    else if (!ok || number < least || number > most)
+        tell(QStringLiteral("%1 is not between %2 and %3").arg(text).arg(least).arg(most));
     return number;
 }
 

@@ -108,7 +108,7 @@ void setLogShown(bool shown)
 {
     qInstallMessageHandler(writeLog);
     QLoggingCategory::setFilterRules(shown ? QStringLiteral("tavoro.*=true")
-                                           : QStringLiteral("tavoro.*=false"));
+                                           : QStringLiteral("*=false"));
 }
 
 } // namespace Tavoro::Ctl

@@ -120,6 +120,9 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     QString fault;
     if (!readFilePlace(arguments.words.at(1), arguments.words.at(2), place, fault))
         return refuse(tool, fault);
+    const QString path = arguments.words.at(3);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)
@@ -129,7 +132,7 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     if (!readSize(device, place, size, error))
         return fail(tool, error);
     // Nothing stands under its name before commit(), and nothing is left without it.
-    QSaveFile target(arguments.words.at(3));
+    QSaveFile target(path);
     if (!target.open(QIODevice::WriteOnly))
         return fail(tool, writeFault(target));
 

@@ -130,7 +130,10 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     QString fault;
     if (!readInfo(arguments, info, fault))
         return refuse(tool, fault);
-    QFile content(arguments.words.at(1));
+    const QString path = arguments.words.at(1);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
+    QFile content(path);
     if (!content.open(QIODevice::ReadOnly))
         return fail(
             tool,

@@ -106,6 +106,8 @@ QString tell(const CapturedItem &item)
 ExitStatus runReplay(Tool &tool, const Arguments &arguments)
 {
     const QString path = arguments.words.at(0);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()));

@@ -19,6 +19,11 @@ ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place)
     return refuse(tool, place + QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text));
 }
 
+ExitStatus refuseEmpty(Tool &tool, const QString &name)
+{
+    return refuse(tool, name + QStringLiteral(" is empty"));
+}
+
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
                                              ExitStatus &status)
 {

@@ -32,6 +32,8 @@ ExitStatus fail(Tool &tool, const QString &error);
 
 /// Tells that \a text is no HOST[:PORT]; \a place stands in front of it.
 ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place = {});
+/// Tells that the word in the place of \a name, such as FILE, is empty.
+ExitStatus refuseEmpty(Tool &tool, const QString &name);
 
 /// The device at HOST[:PORT], connected. Null when it cannot be had: that has then been told, and
 /// \a status is what the command ends with.

@@ -104,6 +104,9 @@ ExitStatus follow(Tool &tool, Follower &follower)
 ExitStatus runUpgrade(Tool &tool, const Arguments &arguments)
 {
     const bool reboot = arguments.options.contains(QStringLiteral("reboot"));
+    const QString package = arguments.words.at(1);
+    if (package.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("PACKAGE"));
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)
@@ -111,7 +114,7 @@ ExitStatus runUpgrade(Tool &tool, const Arguments &arguments)
     // Each failed look at a device that restarts would be told otherwise.
     tool.console.showStatusBar(StatusBar::Nothing);
     s_UpgradeDetail upgrade;
-    upgrade.filePath = arguments.words.at(1).toStdString();
+    upgrade.filePath = package.toStdString();
     upgrade.reboot = reboot ? 1 : 0;
     QString error;
     if (!Control::Auxiliary(device).setUgradeConfig(upgrade, error))

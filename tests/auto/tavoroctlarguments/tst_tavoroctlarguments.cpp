@@ -161,6 +161,11 @@ void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument_data()
     QTest::newRow("fraction")   << QByteArrayList{"1.5", "2"}          << R"(argument 1: "1.5" is not a number)";
     QTest::newRow("below")      << QByteArrayList{"-2", "2"}           << "argument 1: -2 is not between -1 and 255";
     QTest::newRow("above")      << QByteArrayList{"1", "256"}          << "argument 2: 256 is not between 0 and 255";
+    QTest::newRow("far below")  << QByteArrayList{"-99999999999999999999", "2"}
+        << "argument 1: -99999999999999999999 is not between -1 and 255";
+    QTest::newRow("far above")  << QByteArrayList{"1", "99999999999999999999"}
+        << "argument 2: 99999999999999999999 is not between 0 and 255";
+    QTest::newRow("no digits")  << QByteArrayList{"1", "-"}            << R"(argument 2: "-" is not a number)";
     QTest::newRow("first wins") << QByteArrayList{"x", "y", "z"}       << R"(argument 1: "x" is not a number)";
     // clang-format on
 }

@@ -171,7 +171,8 @@ void tst_TavoroCtlMaintenance::upgradeThatFailsEndsWithOne()
 
 void tst_TavoroCtlMaintenance::upgradeThatIsRefusedEndsWithOne()
 {
-    const ToolRun upgrade = m_bench->run("upgrade", {""});
+    m_bench->console(QStringLiteral("fault add status=4,code=0xFC08"));
+    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
     QCOMPARE(upgrade.output, QByteArray());
     QCOMPARE(upgrade.errors,
              QByteArray("Set upgrade detail information failed: hardware error:4 .\n"));
