@@ -22,12 +22,20 @@ constexpr std::uint32_t maxBodySize = 4096;
 struct Seen {
     std::uint16_t status;
     bool fatal;
+    WireHead head;
     std::string body;
 };
 
+bool isSame(const WireHead &one, const WireHead &other)
+{
+    return std::memcmp(&one, &other, sizeof one) == 0; // packed: every byte is one of a field
+}
+
+/// Of a fatal event it depends on the pieces how much of the head has come.
 bool operator==(const Seen &one, const Seen &other)
 {
-    return one.status == other.status && one.fatal == other.fatal && one.body == other.body;
+    return one.status == other.status && one.fatal == other.fatal && one.body == other.body
+        && (one.fatal || isSame(one.head, other.head));
 }
 
 std::vector<Seen> parsed(std::string_view stream, std::size_t pieceSize)
@@ -40,7 +48,7 @@ std::vector<Seen> parsed(std::string_view stream, std::size_t pieceSize)
         while (auto event = parser.next(piece)) {
             demand(event->body.size() <= maxBodySize, "no body is longer than the limit");
             demand(event->status == 0 || event->body.empty(), "a wrong frame has no body");
-            seen.push_back({event->status, event->fatal, std::move(event->body)});
+            seen.push_back({event->status, event->fatal, event->head, std::move(event->body)});
         }
         demand(piece.empty(), "without an event, all bytes are used up");
     }
