@@ -4,6 +4,7 @@
 #include "faultrows.h"
 
 #include <tavorocontrol/controlhelper.h>
+#include <tavorosim/faults/faulttable.h>
 
 #include <QFile>
 #include <QRegularExpression>
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void everyStatusOfTheChannelHasALine();
     void everyLineOfAStatusHasATest();
     void faultsAreThoseOfTheTable();
+    void everyFaultOfTheDeviceIsInTheTable();
 
 private:
     /// The cells of the table rows whose first cell fits \a first.
@@ -105,6 +107,22 @@ void tst_FailuresPage::faultsAreThoseOfTheTable()
         cells << (row.isLost ? QStringLiteral("anew") : QStringLiteral("same"));
         QCOMPARE(lines.at(i), cells);
     }
+}
+
+void tst_FailuresPage::everyFaultOfTheDeviceIsInTheTable()
+{
+    static const QRegularExpression name(QStringLiteral("^ *([a-z-]+)"),
+                                         QRegularExpression::MultilineOption);
+    QStringList ofDevice;
+    for (auto found = name.globalMatch(Tavoro::Sim::faultHelp()); found.hasNext();)
+        ofDevice << found.next().captured(1);
+    QStringList inTable{QStringLiteral("other-tag")}; // takes two requests: below the table
+    for (const FaultRow &row : faultRows)
+        inTable << QString::fromLatin1(row.fault).section(QLatin1Char('='), 0, 0);
+    inTable.removeDuplicates();
+    ofDevice.sort();
+    inTable.sort();
+    QCOMPARE(ofDevice.join(QLatin1Char(' ')), inTable.join(QLatin1Char(' ')));
 }
 
 QTEST_GUILESS_MAIN(tst_FailuresPage)
