@@ -3,10 +3,10 @@
 #include "commandlist.h"
 #include "fileplace.h"
 #include "labels.h"
+#include "recordtext.h"
 #include "texttable.h"
 
 #include <tavorocontrol/file.h>
-#include <tavorocontrol/proto/codec.h>
 
 namespace Tavoro::Ctl {
 
@@ -46,9 +46,7 @@ ExitStatus runFiles(Tool &tool, const Arguments &arguments)
     QString error;
     if (!Control::File(device).readDetails(place.type, all, files, error))
         return fail(tool, error);
-    std::string json;
-    ajson::encodeRecord(files, json);
-    tool.console.answer(tool.asJson ? json : tableOf(files).trimmed().toStdString());
+    show(tool, recordText(files), tableOf(files));
     return Done;
 }
 

@@ -2,24 +2,16 @@
 
 #include "commandlist.h"
 #include "labels.h"
+#include "recordtext.h"
 #include "texttable.h"
 
 #include <tavorocontrol/auxiliary.h>
-#include <tavorocontrol/proto/codec.h>
 
 namespace Tavoro::Ctl {
 
 using namespace ProtoModel::Auxiliary;
 
 namespace {
-
-template <class Record>
-void show(Tool &tool, const Record &record, QString (*tableOf)(const Record &))
-{
-    std::string json;
-    ajson::encodeRecord(record, json);
-    tool.console.answer(tool.asJson ? json : tableOf(record).trimmed().toStdString());
-}
 
 QString selfCheckTable(const s_DeviceSelfCheckDetail &detail)
 {
@@ -75,7 +67,7 @@ ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments)
     QString error;
     if (!Control::Auxiliary(device).readDeviceSelfCheckDetail(detail, error))
         return fail(tool, error);
-    show(tool, detail, selfCheckTable);
+    show(tool, recordText(detail), selfCheckTable(detail));
     const int faults = countFaults(detail);
     return faults == 0 ? Done
                        : fail(tool, QStringLiteral("The device finds %1 faulty.").arg(faults));
@@ -91,7 +83,7 @@ ExitStatus runVersion(Tool &tool, const Arguments &arguments)
     QString error;
     if (!Control::Auxiliary(device).readDeviceVersion(version, error))
         return fail(tool, error);
-    show(tool, version, versionTable);
+    show(tool, recordText(version), versionTable(version));
     return Done;
 }
 

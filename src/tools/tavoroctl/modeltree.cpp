@@ -2,6 +2,7 @@
 
 #include "fileplace.h"
 #include "labels.h"
+#include "recordtext.h"
 #include "texttable.h"
 
 #include <tavorobizmodel/device.h>
@@ -9,7 +10,6 @@
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
-#include <tavorocontrol/proto/codec.h>
 
 #include <algorithm>
 #include <vector>
@@ -146,12 +146,8 @@ std::string encodedList(const QList<std::weak_ptr<Object>> &objects)
 {
     std::string list;
     for (const auto &weak : objects) {
-        const auto object = weak.lock();
-        if (!object)
-            continue;
-        std::string text;
-        ajson::encodeRecord(object->detail(), text);
-        list += (list.empty() ? "" : ",") + text;
+        if (const auto object = weak.lock())
+            list += (list.empty() ? "" : ",") + recordText(object->detail());
     }
     return '[' + list + ']';
 }
@@ -180,11 +176,10 @@ QString modelTree(const BizModel::Device &device)
 
 std::string modelJson(const BizModel::Device &device)
 {
-    std::string detail;
-    ajson::encodeRecord(device.deviceDetail(), detail);
-    return R"({"device":)" + detail + R"(,"interfaces":)" + encodedList(device.interfaces())
-        + R"(,"screens":)" + encodedList(device.screens(allScreens)) + R"(,"layers":)"
-        + encodedList(device.layers()) + R"(,"files":)" + encodedList(device.files()) + '}';
+    return R"({"device":)" + recordText(device.deviceDetail()) + R"(,"interfaces":)"
+        + encodedList(device.interfaces()) + R"(,"screens":)"
+        + encodedList(device.screens(allScreens)) + R"(,"layers":)" + encodedList(device.layers())
+        + R"(,"files":)" + encodedList(device.files()) + '}';
 }
 
 } // namespace Tavoro::Ctl

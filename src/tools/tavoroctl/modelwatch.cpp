@@ -3,6 +3,7 @@
 #include "fileplace.h"
 #include "jsondiff.h"
 #include "labels.h"
+#include "recordtext.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -10,7 +11,6 @@
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
-#include <tavorocontrol/proto/codec.h>
 
 #include <QJsonObject>
 
@@ -21,9 +21,7 @@ namespace {
 template <class Record>
 QJsonObject jsonOf(const Record &record)
 {
-    std::string text;
-    ajson::encodeRecord(record, text);
-    return jsonValue(text).toObject();
+    return jsonValue(recordText(record)).toObject();
 }
 
 // What each object is called, and what is known of it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recordtext.h"
+
 #include <tavorocontrol/proto/codec.h>
 
 #include <QString>
@@ -46,9 +48,7 @@ Fault readRecord(const std::string &text, Record &record)
     std::string error;
     if (!ajson::decodeRecord(text, record, error))
         return faultOfCodec(error);
-    std::string sent;
-    ajson::encodeRecord(record, sent);
-    return faultOfMeaning(text, sent);
+    return faultOfMeaning(text, recordText(record));
 }
 
 } // namespace Tavoro::Ctl

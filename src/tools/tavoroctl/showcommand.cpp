@@ -14,7 +14,7 @@ ExitStatus runShow(Tool &tool, const Arguments &arguments)
     Snapshot snapshot;
     if (!snapshot.read(device, error))
         return fail(tool, error);
-    tool.console.answer(tool.asJson ? snapshot.json() : snapshot.tables().trimmed().toStdString());
+    show(tool, snapshot.json(), snapshot.tables());
     return Done;
 }
 

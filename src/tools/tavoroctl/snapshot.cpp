@@ -1,12 +1,12 @@
 #include "snapshot.h"
 
 #include "labels.h"
+#include "recordtext.h"
 #include "texttable.h"
 
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
-#include <tavorocontrol/proto/codec.h>
 #include <tavorocontrol/screen.h>
 
 #include <algorithm>
@@ -17,14 +17,6 @@ namespace Tavoro::Ctl {
 using namespace ProtoModel;
 
 namespace {
-
-template <class Record>
-std::string encoded(const Record &record)
-{
-    std::string text;
-    ajson::encodeRecord(record, text);
-    return text;
-}
 
 QString outputsOf(const ProtoModel::Screen::s_Mosaic &mosaic)
 {
@@ -106,8 +98,8 @@ bool Snapshot::read(const std::weak_ptr<BizModel::Device> &from, QString &error)
 
 std::string Snapshot::json() const
 {
-    return R"({"device":)" + encoded(device) + R"(,"interfaces":)" + encoded(interfaces)
-        + R"(,"screens":)" + encoded(screens) + R"(,"layers":)" + encoded(layers) + '}';
+    return R"({"device":)" + recordText(device) + R"(,"interfaces":)" + recordText(interfaces)
+        + R"(,"screens":)" + recordText(screens) + R"(,"layers":)" + recordText(layers) + '}';
 }
 
 QString Snapshot::tables() const

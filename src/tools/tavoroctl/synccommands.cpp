@@ -98,8 +98,7 @@ ExitStatus runSync(Tool &tool, const Arguments &arguments)
         return status;
     const bool isWhole = readModel(tool.console, device);
     if (const auto model = listedDevice(*device))
-        tool.console.answer(tool.asJson ? modelJson(*model)
-                                        : modelTree(*model).trimmed().toStdString());
+        show(tool, modelJson(*model), modelTree(*model));
     return isWhole ? Done : fail(tool, notReadWhole);
 }
 

@@ -39,6 +39,11 @@ std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText
     return device;
 }
 
+void show(Tool &tool, const std::string &json, const QString &table)
+{
+    tool.console.answer(tool.asJson ? json : table.trimmed().toStdString());
+}
+
 bool readNumber(const QString &text, int most, int &number)
 {
     bool ok = false;

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <string>
 
 namespace Tavoro::Ctl {
 
@@ -39,6 +40,9 @@ ExitStatus refuseEmpty(Tool &tool, const QString &name);
 /// \a status is what the command ends with.
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
                                              ExitStatus &status);
+
+/// Prints what a command shows: \a json or \a table, as the command line says.
+void show(Tool &tool, const std::string &json, const QString &table);
 
 /// Takes a number from 0 to \a most out of \a text. False when it is none.
 bool readNumber(const QString &text, int most, int &number);
