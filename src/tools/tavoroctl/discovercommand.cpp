@@ -3,6 +3,7 @@
 #include <tavorocontrol/proto/hexdigits.h>
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/tcpdevicechannel.h>
+#include <tavorossproxy/wire/hostandport.h>
 
 #include <QHostAddress>
 
@@ -15,7 +16,7 @@ constexpr int listeningTime = 1000; ///< Milliseconds.
 std::string lineOf(const ProtoModel::DeviceBaseInfo &device)
 {
     const QString place =
-        QStringLiteral("%1:%2").arg(QString::fromStdString(device.ip)).arg(device.tcpPort);
+        SSProxy::Wire::hostAndPort(QString::fromStdString(device.ip), device.tcpPort);
     return QStringLiteral("%1  %2  %3")
         .arg(place, -21)
         .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)),

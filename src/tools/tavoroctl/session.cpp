@@ -3,6 +3,7 @@
 #include <tavorobizmodel/device.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
+#include <tavorossproxy/wire/hostandport.h>
 
 #include <QRegularExpression>
 
@@ -24,10 +25,7 @@ std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &in
 
 QString textOf(const Host &host)
 {
-    const bool hasColons = host.name.contains(QLatin1Char(':'));
-    return (hasColons ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
-        .arg(host.name)
-        .arg(host.port);
+    return SSProxy::Wire::hostAndPort(host.name, host.port);
 }
 
 /// Whether the request path takes the two for one device.
