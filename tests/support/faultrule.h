@@ -1,6 +1,10 @@
 #pragma once
 
 #include <tavorosim/faults/faultrules.h>
+#include <tavorosim/faults/faulttable.h>
+
+#include <QRegularExpression>
+#include <QStringList>
 
 /// A rule of a test; one that is none ends the program.
 inline Tavoro::Sim::FaultRule faultRule(const char *text)
@@ -10,4 +14,15 @@ inline Tavoro::Sim::FaultRule faultRule(const char *text)
     if (!rule)
         qFatal("%s", qUtf8Printable(error));
     return *rule;
+}
+
+/// All faults, as the help tells them and in its order.
+inline QStringList faultNames()
+{
+    static const QRegularExpression name(QStringLiteral("^  ([a-z-]+)"),
+                                         QRegularExpression::MultilineOption);
+    QStringList names;
+    for (auto found = name.globalMatch(Tavoro::Sim::faultHelp()); found.hasNext();)
+        names << found.next().captured(1);
+    return names;
 }

@@ -48,9 +48,11 @@ QString ChannelCore::reasonOf(quint16 status)
 QString ChannelCore::holderOfControl(Clock::TimePoint deadline)
 {
     auto request = makeLinkRequest(CommandType::Read, Wire::LinkCommand::Control);
-    const auto rest = deadline - m_loop->clock().now();
-    request.setTimeout(
-        static_cast<int>(std::chrono::duration_cast<ChannelOptions::Milliseconds>(rest).count()));
+    const auto rest =
+        std::chrono::duration_cast<ChannelOptions::Milliseconds>(deadline - m_loop->clock().now());
+    if (rest.count() < 1)
+        return tr("another client");
+    request.setTimeout(static_cast<int>(rest.count()));
     const auto response = exchange(request);
     return response->status == 0 && !response->body().empty()
         ? QString::fromStdString(response->body())

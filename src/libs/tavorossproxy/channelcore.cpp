@@ -20,9 +20,6 @@ constexpr std::chrono::seconds logPause(1);
 /// Between two changes of control that are told: those who take them may be slower than the device.
 constexpr std::chrono::milliseconds controlPause(100);
 
-/// As good as never, and far from the end of the clock.
-constexpr std::chrono::hours longestTime(24);
-
 /// Requests that can be told apart.
 constexpr int tagCount = 255;
 
@@ -41,6 +38,7 @@ ChannelOptions usable(ChannelOptions options)
         options.*time = std::clamp(options.*time, Milliseconds(1), Milliseconds(longestTime));
     // One ping at the least goes ahead of giving up.
     options.keepAliveTimeout = std::max(options.keepAliveTimeout, 2 * options.keepAliveInterval);
+    options.maxRequestTime = std::max(options.maxRequestTime, Milliseconds(1));
     options.maxBodySize = std::min(options.maxBodySize, mostBodySize);
     options.maxPacketCount = std::max(options.maxPacketCount, 1u);
     options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);

@@ -58,7 +58,7 @@ void ChannelLink::refresh()
 
 bool ChannelLink::moveTo(const QString &host, quint16 port)
 {
-    if (m_phase == Phase::Ready || m_phase == Phase::Identifying || m_phase == Phase::Stopped)
+    if (m_phase == Phase::Ready || m_phase == Phase::Stopped)
         return false;
     if (!m_stream->setPeer(host, port)) {
         refresh();

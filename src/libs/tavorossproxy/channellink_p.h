@@ -59,8 +59,8 @@ public:
     void stop();
     /// Ends a pause.
     void refresh();
-    /// The device was seen at \a host. Connects there at once unless there is a connection, be it
-    /// without an identity yet; true when that is another place than before.
+    /// The device was seen at \a host. Connects there at once unless there is a connection; true
+    /// when that is another place than before.
     bool moveTo(const QString &host, quint16 port);
     void tick(Clock::TimePoint time);
     /// Gives the connection up; a new one is made.

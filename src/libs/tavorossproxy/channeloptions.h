@@ -26,8 +26,8 @@ struct ChannelOptions {
     Milliseconds longestReconnectPause{10000};
     /// The device is pinged when nothing came from it for so long ...
     Milliseconds keepAliveInterval{5000};
-    /// ... and the connection is given up when nothing came for so long, and nothing of what was
-    /// sent was taken. At least twice the interval.
+    /// ... and the connection is given up when nothing came for so long, and nothing went to the
+    /// system of what waits in the socket. At least twice the interval.
     Milliseconds keepAliveTimeout{15000};
 
     /// Longest time that a request may take, whatever it asks for. The further packets of a split

@@ -6,6 +6,9 @@
 
 namespace Tavoro::SSProxy::Internal {
 
+/// As good as never, and far from the end of the clock.
+constexpr std::chrono::hours longestTime(24);
+
 /// The time by which requests end. Any thread.
 class Clock {
 public:

@@ -23,7 +23,8 @@ struct DiscoveryTarget {
 struct DiscoveryOptions {
     /// Where to ask. Empty: every network that this machine has at the time, by broadcast.
     std::vector<DiscoveryTarget> targets;
-    /// Pause between two requests. 0: only at the start and when the manager is refreshed.
+    /// Pause between two requests. 0: only at the start and when the manager is refreshed. More
+    /// than a day counts as a day.
     std::chrono::milliseconds interval{5000};
     /// Devices that are found beyond so many channels in the manager are left alone.
     int maxChannels = 256;

@@ -12,7 +12,7 @@ DeviceFinder::DeviceFinder(std::shared_ptr<ChannelLoop> loop, std::unique_ptr<Da
                            std::vector<DiscoveryTarget> targets, std::chrono::milliseconds interval)
     : m_loop(std::move(loop)),
       m_targets(std::move(targets)),
-      m_interval(std::min<std::chrono::milliseconds>(interval, std::chrono::hours(24))),
+      m_interval(std::min<std::chrono::milliseconds>(interval, longestTime)),
       m_port(std::move(port)),
       m_strangers(*m_loop, std::chrono::seconds(1), [](quint64 count) {
           qCDebug(channelLog) << "No device: further datagrams" << count;

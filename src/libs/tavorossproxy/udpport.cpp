@@ -37,10 +37,8 @@ bool UdpPort::open(Receiver receiver, QString &error)
 void UdpPort::send(const QString &address, quint16 port, const QByteArray &datagram)
 {
     const QHostAddress target(address);
-    bool isIpv4 = false;
-    target.toIPv4Address(&isIpv4);
     // Without an address the datagram would go to this machine.
-    if (!isIpv4)
+    if (target.protocol() != QAbstractSocket::IPv4Protocol)
         qCDebug(channelLog) << "Cannot ask for devices at" << address << "as it is not IPv4";
     else if (m_socket->writeDatagram(datagram, target, port) < 0)
         qCDebug(channelLog) << "Cannot ask for devices at" << address << m_socket->errorString();

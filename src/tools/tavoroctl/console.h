@@ -52,8 +52,8 @@ private:
     QString m_lastShown;
 };
 
-/// Shows the log whole, or not at all, lines of Qt included. QT_LOGGING_RULES still has the last
-/// word.
+/// Shows all lines of this project's log and those of Qt as usual, or none at all.
+/// QT_LOGGING_RULES still has the last word.
 void setLogShown(bool shown);
 
 } // namespace Tavoro::Ctl

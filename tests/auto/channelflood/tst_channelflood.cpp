@@ -204,6 +204,7 @@ void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()
 
 void tst_ChannelFlood::limitsOfZeroLetRequestsThrough()
 {
+    m_options.maxRequestTime = 0ms;
     m_options.maxPacketCount = 0;
     m_options.maxUnsentBytes = 0;
     m_options.maxOwedAnswers = 0;

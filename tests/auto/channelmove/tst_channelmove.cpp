@@ -12,7 +12,6 @@ class tst_ChannelMove : public ChannelTest {
 
 private Q_SLOTS:
     void lostChannelConnectsWhereItsDeviceWasSeen();
-    void channelThatAwaitsAnIdentityStays();
     void channelThatConnectsTurnsToTheNewPlace();
     void sightingAtTheSamePlaceEndsThePause();
     void channelWithAConnectionStaysWhereItIs();
@@ -54,15 +53,6 @@ void tst_ChannelMove::channelThatConnectsTurnsToTheNewPlace()
     move("192.0.2.99"); // the attempt goes on
     QCOMPARE(m_peer->opened, 2);
     m_loop->advance(4999ms); // it has its whole time
-    QVERIFY(m_peer->isOpen);
-}
-
-void tst_ChannelMove::channelThatAwaitsAnIdentityStays()
-{
-    m_peer->accept();
-    m_channel->moveTo(QStringLiteral("192.0.2.8"), 6640);
-    m_loop->run();
-    QCOMPARE(m_peer->opened, 1);
     QVERIFY(m_peer->isOpen);
 }
 

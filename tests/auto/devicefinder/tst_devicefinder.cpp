@@ -25,6 +25,7 @@ private Q_SLOTS:
     void targetsAreAskedAtOnceAndAfterEachInterval();
     void withoutTargetsAllNetworksOfTheTimeAreAsked();
     void withoutAnIntervalOnlyWhoAsksIsHeard();
+    void intervalWithoutEndIsADay();
     void stoppedFinderIsSilent();
     void finderWithoutAPortTellsWhy();
     void endOfTheThreadClosesThePort();
@@ -114,6 +115,15 @@ void tst_DeviceFinder::withoutAnIntervalOnlyWhoAsksIsHeard()
     QCOMPARE(m_network.sent.size(), 1);
     finder->ask();
     m_loop->run();
+    QCOMPARE(m_network.sent.size(), 2);
+}
+
+void tst_DeviceFinder::intervalWithoutEndIsADay()
+{
+    const auto finder = start({{QStringLiteral("192.0.2.7")}}, std::chrono::milliseconds::max());
+    m_loop->advance(23h);
+    QCOMPARE(m_network.sent.size(), 1);
+    m_loop->advance(1h);
     QCOMPARE(m_network.sent.size(), 2);
 }
 

@@ -3,8 +3,9 @@
 
 #include "faultrows.h"
 
+#include <faultrule.h>
+
 #include <tavorocontrol/controlhelper.h>
-#include <tavorosim/faults/faulttable.h>
 
 #include <QFile>
 #include <QRegularExpression>
@@ -111,11 +112,7 @@ void tst_FailuresPage::faultsAreThoseOfTheTable()
 
 void tst_FailuresPage::everyFaultOfTheDeviceIsInTheTable()
 {
-    static const QRegularExpression name(QStringLiteral("^ *([a-z-]+)"),
-                                         QRegularExpression::MultilineOption);
-    QStringList ofDevice;
-    for (auto found = name.globalMatch(Tavoro::Sim::faultHelp()); found.hasNext();)
-        ofDevice << found.next().captured(1);
+    QStringList ofDevice = faultNames();
     QStringList inTable{QStringLiteral("other-tag")}; // takes two requests: below the table
     for (const FaultRow &row : faultRows)
         inTable << QString::fromLatin1(row.fault).section(QLatin1Char('='), 0, 0);
