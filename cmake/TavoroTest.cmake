@@ -1,12 +1,12 @@
 # tavoro_add_test(NAME [SOURCES ...] [LIBRARIES ...] [LABELS ...])
-# One Qt Test executable tst_NAME from auto/NAME/tst_NAME.cpp, run by CTest under the name NAME.
+# One Qt Test executable tst_NAME from NAME/tst_NAME.cpp below the calling folder, run by CTest under the name NAME.
 # Tests with the label "threads" are the ones that run again under ThreadSanitizer: the target threaded_tests
 # builds just those.
 add_custom_target(threaded_tests)
 
 function(tavoro_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;LABELS")
-    set(source ${CMAKE_CURRENT_SOURCE_DIR}/auto/${name}/tst_${name}.cpp)
+    set(source ${CMAKE_CURRENT_SOURCE_DIR}/${name}/tst_${name}.cpp)
     # moc by hand: automoc would start two more programs for each test, and compile one more file.
     set(moc ${CMAKE_CURRENT_BINARY_DIR}/moc/tst_${name}.moc)
     add_executable(tst_${name} ${source} ${moc} ${arg_SOURCES})

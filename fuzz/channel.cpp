@@ -6,11 +6,11 @@
 #include "input.h"
 #include "scriptedloop.h"
 
-#include <manualstream.h>
+#include <support/tavorossproxy/manualstream.h>
 
+#include <tavorossproxy/channel/streamchannel_p.h>
 #include <tavorossproxy/devicecommand.h>
-#include <tavorossproxy/streamchannel_p.h>
-#include <tavorossproxy/wire/frame.h>
+#include <tavorowire/frame.h>
 
 #include <cstring>
 #include <iterator>

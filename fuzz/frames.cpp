@@ -6,8 +6,8 @@
 #include "demand.h"
 #include "input.h"
 
-#include <tavorossproxy/wire/frame.h>
-#include <tavorossproxy/wire/frameparser.h>
+#include <tavorowire/frame.h>
+#include <tavorowire/frameparser.h>
 
 #include <cstring>
 #include <string>

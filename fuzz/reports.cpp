@@ -8,7 +8,7 @@
 #include "demand.h"
 #include "input.h"
 
-#include <reported.h>
+#include <support/tavorocontrol/reported.h>
 
 #include <tavorocontrol/autoreportmanager.h>
 #include <tavorossproxy/commandcodes.h>

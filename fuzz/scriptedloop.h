@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavorossproxy/channelloop_p.h>
-#include <tavorossproxy/postedcalls_p.h>
+#include <tavorossproxy/io/channelloop_p.h>
+#include <tavorossproxy/io/postedcalls_p.h>
 
 #include <functional>
 #include <map>

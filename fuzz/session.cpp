@@ -7,7 +7,7 @@
 #include "demand.h"
 #include "input.h"
 
-#include <synchronised.h>
+#include <support/tavorocontrol/synchronised.h>
 
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>

@@ -11,7 +11,7 @@
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/devicemanager.h>
-#include <tavorossproxy/wire/checksums.h>
+#include <tavorowire/checksums.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <simulatedconnection.h>
+#include <support/tavorosim/simulatedconnection.h>
 
 #include <memory>
 #include <random>

@@ -4,7 +4,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/proto/codec.h>
-#include <tavorossproxy/wire/identity.h>
+#include <tavorowire/identity.h>
 
 #include <QList>
 

@@ -1,9 +1,9 @@
 #include <tavorossproxy/devicediscovery.h>
 
-#include "channelthread_p.h"
-#include "devicediscovery_p.h"
-#include "devicesearch_p.h"
-#include "udpport_p.h"
+#include <tavorossproxy/discovery/devicediscovery_p.h>
+#include <tavorossproxy/discovery/devicesearch_p.h>
+#include <tavorossproxy/io/channelthread_p.h>
+#include <tavorossproxy/io/udpport_p.h>
 
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>

@@ -1,8 +1,8 @@
 #include <tavorossproxy/devicemanager.h>
 
-#include "channelindex_p.h"
-#include "channelthread_p.h"
-#include "devicediscovery_p.h"
+#include <tavorossproxy/channel/channelindex_p.h>
+#include <tavorossproxy/discovery/devicediscovery_p.h>
+#include <tavorossproxy/io/channelthread_p.h>
 
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicecommand.h>

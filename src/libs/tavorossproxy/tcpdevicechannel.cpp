@@ -1,10 +1,10 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
-#include "capturedstream_p.h"
-#include "channelcore_p.h"
-#include "channelthread_p.h"
-#include "streamchannel_p.h"
-#include "tcpstream_p.h"
+#include <tavorossproxy/channel/channelcore_p.h>
+#include <tavorossproxy/channel/streamchannel_p.h>
+#include <tavorossproxy/io/capturedstream_p.h>
+#include <tavorossproxy/io/channelthread_p.h>
+#include <tavorossproxy/io/tcpstream_p.h>
 
 #include <tavorossproxy/devicemanager.h>
 

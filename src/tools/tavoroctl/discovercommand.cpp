@@ -3,7 +3,7 @@
 #include <tavorocontrol/proto/hexdigits.h>
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/tcpdevicechannel.h>
-#include <tavorossproxy/wire/hostandport.h>
+#include <tavorowire/hostandport.h>
 
 #include <QHostAddress>
 

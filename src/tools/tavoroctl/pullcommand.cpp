@@ -6,7 +6,7 @@
 #include "interruption.h"
 
 #include <tavorocontrol/file.h>
-#include <tavorossproxy/wire/checksums.h>
+#include <tavorowire/checksums.h>
 
 #include <QFileInfo>
 #include <QSaveFile>

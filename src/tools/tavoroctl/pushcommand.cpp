@@ -7,7 +7,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/file.h>
-#include <tavorossproxy/wire/checksums.h>
+#include <tavorowire/checksums.h>
 
 #include <QFile>
 #include <QFileInfo>

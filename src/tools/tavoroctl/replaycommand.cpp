@@ -1,6 +1,6 @@
 #include "commandlist.h"
 
-#include <tavorossproxy/wire/capture.h>
+#include <tavorowire/capture.h>
 
 #include <QFile>
 

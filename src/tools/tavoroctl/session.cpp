@@ -3,7 +3,7 @@
 #include <tavorobizmodel/device.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
-#include <tavorossproxy/wire/hostandport.h>
+#include <tavorowire/hostandport.h>
 
 #include <QRegularExpression>
 

@@ -4,7 +4,7 @@
 #include "inputlines.h"
 
 #include <tavorosim/server/simserver.h>
-#include <tavorossproxy/wire/hostandport.h>
+#include <tavorowire/hostandport.h>
 
 #include <QCoreApplication>
 #include <QTextStream>

@@ -1,7 +1,7 @@
 #include "packetdesk.h"
 
-#include <tavorossproxy/wire/checksums.h>
-#include <tavorossproxy/wire/frame.h>
+#include <tavorowire/checksums.h>
+#include <tavorowire/frame.h>
 
 #include <algorithm>
 #include <cstring>

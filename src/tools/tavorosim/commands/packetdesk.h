@@ -2,7 +2,7 @@
 
 #include "request.h"
 
-#include <tavorossproxy/wire/wirehead.h>
+#include <tavorowire/wirehead.h>
 
 #include <deque>
 #include <functional>

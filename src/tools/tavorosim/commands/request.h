@@ -4,7 +4,7 @@
 #include <tavorosim/state/upload.h>
 #include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/packethead.h>
-#include <tavorossproxy/wire/devicestatus.h>
+#include <tavorowire/devicestatus.h>
 
 #include <array>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "faulttable.h"
 
-#include <tavorossproxy/wire/frame.h>
+#include <tavorowire/frame.h>
 
 #include <algorithm>
 #include <cstring>

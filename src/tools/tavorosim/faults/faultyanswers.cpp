@@ -1,7 +1,7 @@
 #include "faultyanswers.h"
 
 #include <tavorosim/state/simlog.h>
-#include <tavorossproxy/wire/frame.h>
+#include <tavorowire/frame.h>
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavorossproxy/controlaction.h>
-#include <tavorossproxy/wire/devicestatus.h>
+#include <tavorowire/devicestatus.h>
 
 namespace Tavoro::Sim {
 

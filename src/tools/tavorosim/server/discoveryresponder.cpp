@@ -1,8 +1,8 @@
 #include "discoveryresponder.h"
 
 #include <tavorosim/state/simlog.h>
-#include <tavorossproxy/wire/discovery.h>
-#include <tavorossproxy/wire/hostandport.h>
+#include <tavorowire/discovery.h>
+#include <tavorowire/hostandport.h>
 
 #include <QNetworkDatagram>
 

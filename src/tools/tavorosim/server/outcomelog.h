@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorossproxy/wire/outcomes.h>
+#include <tavorowire/outcomes.h>
 
 #include <array>
 #include <deque>

@@ -4,10 +4,10 @@
 
 #include <tavorosim/commands/commandnames.h>
 #include <tavorosim/state/simlog.h>
-#include <tavorossproxy/wire/checksums.h>
-#include <tavorossproxy/wire/frame.h>
-#include <tavorossproxy/wire/hostandport.h>
-#include <tavorossproxy/wire/linkcommands.h>
+#include <tavorowire/checksums.h>
+#include <tavorowire/frame.h>
+#include <tavorowire/hostandport.h>
+#include <tavorowire/linkcommands.h>
 
 #include <QTcpSocket>
 #include <QTimer>

@@ -4,7 +4,7 @@
 
 #include <tavorosim/commands/packetdesk.h>
 #include <tavorosim/faults/faultyanswers.h>
-#include <tavorossproxy/wire/frameparser.h>
+#include <tavorowire/frameparser.h>
 
 #include <QByteArray>
 #include <QObject>

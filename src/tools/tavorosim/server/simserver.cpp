@@ -8,9 +8,9 @@
 #include <tavorosim/state/chassis.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
-#include <tavorossproxy/wire/hostandport.h>
-#include <tavorossproxy/wire/identity.h>
-#include <tavorossproxy/wire/linkcommands.h>
+#include <tavorowire/hostandport.h>
+#include <tavorowire/identity.h>
+#include <tavorowire/linkcommands.h>
 
 #include <QDateTime>
 #include <QTcpSocket>

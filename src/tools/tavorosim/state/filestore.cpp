@@ -3,7 +3,7 @@
 #include "simlog.h"
 
 #include <tavorocontrol/proto/recordcodec_p.h>
-#include <tavorossproxy/wire/checksums.h>
+#include <tavorowire/checksums.h>
 
 #include <QBuffer>
 #include <QDir>

@@ -1,0 +1,256 @@
+#include "channellink_p.h"
+
+#include <tavorossproxy/channelstatus.h>
+#include <tavorowire/frame.h>
+#include <tavorowire/identity.h>
+
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <cstring>
+
+namespace Tavoro::SSProxy::Internal {
+
+using Wire::FrameKind;
+
+namespace {
+
+/// Tells a channel from all others that a device may hear of.
+std::string makeClientId()
+{
+    const quint64 number = QRandomGenerator::system()->generate64();
+    std::string id(sizeof number, '\0');
+    std::memcpy(id.data(), &number, sizeof number);
+    return id;
+}
+
+} // namespace
+
+ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
+                         const ChannelOptions &options, Events &events)
+    : m_stream(std::move(stream)),
+      m_clock(clock),
+      m_options(options),
+      m_events(events),
+      m_parser(options.maxBodySize),
+      m_pause(options.firstReconnectPause)
+{
+    m_connection.client = makeClientId();
+}
+
+void ChannelLink::start()
+{
+    if (m_phase == Phase::Idle)
+        connect();
+}
+
+void ChannelLink::stop()
+{
+    m_phase = Phase::Stopped;
+    m_stream->close();
+}
+
+void ChannelLink::refresh()
+{
+    if (m_phase == Phase::Pausing)
+        connect();
+}
+
+bool ChannelLink::moveTo(const QString &host, quint16 port)
+{
+    if (m_phase == Phase::Ready || m_phase == Phase::Stopped)
+        return false;
+    if (!m_stream->setPeer(host, port)) {
+        refresh();
+        return false;
+    }
+    m_stream->close();
+    m_parser.reset();
+    m_pause = m_options.firstReconnectPause;
+    connect();
+    return true;
+}
+
+void ChannelLink::tick(Clock::TimePoint time)
+{
+    if (time != m_tick)
+        return;
+    m_tick = Clock::TimePoint::max();
+    if (m_clock.now() < m_due)
+        return wantTick(m_due);
+    switch (m_phase) {
+    case Phase::Connecting:
+        return drop(Disconnected, tr("no connection in time"));
+    case Phase::Identifying:
+        return drop(Disconnected, tr("it did not tell its identity in time"));
+    case Phase::Ready:
+        return keepAlive();
+    case Phase::Pausing:
+        return connect();
+    case Phase::Idle:
+    case Phase::Stopped:
+        break;
+    }
+}
+
+void ChannelLink::drop(quint16 status, const QString &reason)
+{
+    if (m_phase == Phase::Idle || m_phase == Phase::Pausing || m_phase == Phase::Stopped)
+        return;
+    const auto unfinished = m_parser.unfinishedHead();
+    const bool isBrokenOff =
+        status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
+    m_parser.reset();
+    m_stream->close();
+    enter(Phase::Pausing, m_pause);
+    m_pause = std::min(2 * m_pause, m_options.longestReconnectPause);
+    m_events.linkLost(status, reason, isBrokenOff ? unfinished->lables : quint8(0));
+}
+
+bool ChannelLink::canSend() const
+{
+    return m_phase == Phase::Ready && m_stream->unsentBytes() < m_options.maxUnsentBytes;
+}
+
+void ChannelLink::connect()
+{
+    enter(Phase::Connecting, m_options.connectTimeout);
+    if (!m_events.linkMayConnect())
+        return drop(Disconnected, tr("there are too many connections"));
+    m_events.linkConnecting();
+    m_stream->open(*this);
+}
+
+void ChannelLink::enter(Phase phase, ChannelOptions::Milliseconds due)
+{
+    m_phase = phase;
+    m_due = m_clock.now() + due;
+    wantTick(m_due);
+}
+
+/// A tick can't be taken back. An earlier one that is on its way asks for the later one itself.
+void ChannelLink::wantTick(Clock::TimePoint time)
+{
+    if (time >= m_tick)
+        return;
+    m_tick = time;
+    m_events.linkWantsTick(time);
+}
+
+/// While a long frame leaves, the device has nothing to say, and pings stand behind it: that it
+/// takes the frame is a sign of life, too.
+void ChannelLink::keepAlive()
+{
+    const auto now = m_clock.now();
+    if (m_stream->unsentBytes() < m_unsentBefore)
+        m_lastSignOfLife = now;
+    if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
+        return drop(DeviceSilent, tr("it stopped answering"));
+    if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
+        send(Wire::encodeLinkFrame(FrameKind::Ping));
+        m_due = std::min(now + m_options.keepAliveInterval,
+                         m_lastSignOfLife + m_options.keepAliveTimeout);
+    } else {
+        m_due = m_lastSignOfLife + m_options.keepAliveInterval;
+    }
+    m_unsentBefore = m_stream->unsentBytes();
+    wantTick(m_due);
+}
+
+void ChannelLink::streamOpened(const std::string &peerAddress)
+{
+    m_peerAddress = peerAddress;
+    enter(Phase::Identifying, m_options.identityTimeout);
+    ++m_connection.number;
+    m_unsentBefore = 0;
+    Wire::WireHead head;
+    head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
+    send(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
+}
+
+void ChannelLink::streamReceived(std::string_view bytes)
+{
+    m_lastSignOfLife = m_clock.now();
+    while (auto event = m_parser.next(bytes)) {
+        handle(std::move(*event));
+        if (m_phase != Phase::Ready && m_phase != Phase::Identifying)
+            return; // the frame ended the connection
+    }
+    if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
+        m_events.linkReceiving(*head);
+    m_events.linkPaused(m_parser.isWithinFrame());
+}
+
+void ChannelLink::streamDrained()
+{
+    if (m_phase == Phase::Ready)
+        m_events.linkWritable();
+}
+
+void ChannelLink::streamClosed(const QString &reason)
+{
+    drop(Disconnected, reason);
+}
+
+void ChannelLink::handle(Wire::FrameEvent &&event)
+{
+    if (event.status != 0)
+        return refuse(std::move(event));
+    switch (static_cast<FrameKind>(event.head.kind)) {
+    case FrameKind::IdentityAnswer:
+        if (m_phase == Phase::Identifying)
+            takeIdentity(event.body);
+        return;
+    case FrameKind::Ping:
+        return answerPing(event.head.lables);
+    case FrameKind::Pong:
+        return;
+    case FrameKind::Response:
+    case FrameKind::Report:
+        if (m_phase == Phase::Ready)
+            m_events.linkReceived(std::move(event));
+        return;
+    case FrameKind::Request:
+    case FrameKind::IdentityRequest:
+        event.status = WrongType; // a device has no questions
+        return refuse(std::move(event));
+    }
+}
+
+/// Who sends pings and reads nothing gets no more pongs than there is room for.
+void ChannelLink::answerPing(quint8 lables)
+{
+    if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
+        send(Wire::encodeLinkFrame(FrameKind::Pong, lables));
+}
+
+void ChannelLink::refuse(Wire::FrameEvent &&event)
+{
+    const quint16 status = event.status;
+    const bool isIdentity = event.head.kind == quint8(FrameKind::IdentityAnswer);
+    const bool isOfNoUse = event.fatal || (m_phase == Phase::Identifying && isIdentity);
+    m_events.linkReceived(std::move(event));
+    if (isOfNoUse)
+        drop(status, tr("it sent what is no valid frame (%1)").arg(status));
+}
+
+void ChannelLink::takeIdentity(const std::string &body)
+{
+    ProtoModel::DeviceBaseInfo info;
+    std::string error;
+    if (!Wire::decodeIdentity(body, info, error))
+        return drop(WrongType,
+                    tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
+    if (info.maxPacketSize == 0)
+        return drop(WrongLength, tr("it takes packets of 0 bytes"));
+    if (!m_options.identity.empty() && Wire::identityKey(info) != m_options.identity)
+        return drop(Disconnected, tr("another device is there"));
+    if (!m_peerAddress.empty())
+        info.ip = m_peerAddress; // devices behind a translated address know only their own
+    info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);
+    m_pause = m_options.firstReconnectPause;
+    enter(Phase::Ready, m_options.keepAliveInterval);
+    m_events.linkReady(std::move(info));
+}
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <tavorossproxy/io/clock_p.h>
+
+#include <tavorossproxy/channelstatus.h>
+#include <tavorossproxy/devicecommand.h>
+#include <tavorowire/frameparser.h>
+#include <tavorowire/outcomes.h>
+
+#include <QByteArray>
+
+#include <array>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The requests in flight on one connection, by their tags.
+///
+/// | member                              | thread                       |
+/// |-------------------------------------|------------------------------|
+/// | begin, submit, await                | that of the caller, in order |
+/// | takeUnsent, noteBegun, settle       | that of the channel's loop   |
+/// | takeStorage, giveBack               | any                          |
+/// | open, shut, refusal and the counts  | any                          |
+///
+/// A tag goes round like this; shut() ends every request that is in flight and frees owed tags:
+/// \code
+/// Free --begin--> Taken --submit--> Unsent --takeUnsent--> Sent --settle--> Settled --await-->
+/// Free
+///                   |                 |                     |
+///                   +--- time out ----+---> Free            +--time out--> Owed --settle--> Free
+/// \endcode
+class ExchangeTable {
+public:
+    explicit ExchangeTable(Clock &clock) : m_clock(clock) { }
+
+    /// Lets requests in whose body is at most \a maxBody long, to be sent over \a connection.
+    void open(quint32 maxBody, Wire::ConnectionId connection = {});
+    /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, the
+    /// one with the tag \a brokenOff with AnswerTooShort.
+    void shut(quint16 refusal, quint16 status, quint8 brokenOff = 0);
+    /// Why a request is refused now; 0 when it is let in.
+    quint16 refusal() const;
+
+    struct Ticket {
+        quint16 refusal = 0; ///< 0, or why there is no tag.
+        Wire::WireHead head; ///< The request's, with its tag and its stream.
+    };
+    /// Gives a request a tag and, where it has none, a stream.
+    Ticket begin(const DeviceRequestCommand &request);
+    /// Storage for a frame, with any content.
+    QByteArray takeStorage();
+    /// Hands over the frame that travels.
+    void submit(quint8 tag, QByteArray frame);
+    /// Blocks until the answer has come or \a deadline has passed, and gives the tag back. Never
+    /// null.
+    std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
+                                                 Clock::TimePoint deadline);
+
+    /// The next frame to send, if there is one.
+    std::optional<QByteArray> takeUnsent();
+    /// Takes the storage of a frame that was sent, for the next one.
+    void giveBack(QByteArray frame);
+    /// The answer to \a head's tag has begun to arrive.
+    void noteBegun(const Wire::WireHead &head);
+    /// Gives an answer, or what is wrong with it, to the request that waits for it.
+    void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
+
+    /// The request that was last sent with this tag; nothing when the last one was not sent at all.
+    std::optional<Wire::RequestId> lastSent(quint8 tag) const;
+
+    /// Requests that timed out and whose answers may still come.
+    int owedAnswers() const;
+
+    struct Counts {
+        quint64 requests = 0, timeouts = 0, lateAnswers = 0, strayAnswers = 0;
+    };
+    Counts counts() const;
+
+private:
+    enum class State : quint8 {
+        Free,
+        Taken,
+        Unsent,
+        Sent,
+        Settled,
+        Owed
+    };
+    struct Slot {
+        State state = State::Free;
+        bool begun = false; ///< A part of the answer has arrived.
+        std::optional<Wire::RequestId> sent; ///< Which one it was, for the device.
+        Wire::WireHead request; ///< What the answer must fit.
+        QByteArray frame; ///< In the state Unsent.
+        std::shared_ptr<DeviceResponseCommand> response; ///< In the state Settled.
+        std::condition_variable settled;
+    };
+
+    quint8 freeTag();
+    quint16 freshStream(const Wire::WireHead &head);
+    void noteStream(const Wire::WireHead &answer);
+    void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                 Clock::TimePoint deadline) const;
+    void end(Slot &slot, quint16 status);
+    std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
+
+    Clock &m_clock;
+    mutable std::mutex m_mutex; // guards everything below
+    quint16 m_refusal = NotInitialized;
+    quint32 m_maxBody = 0;
+    Wire::ConnectionId m_connection;
+    quint32 m_sent = 0; ///< Requests over this connection.
+    quint8 m_lastTag = 0;
+    quint16 m_lastStream = 0;
+    std::deque<quint16> m_handedOut; ///< Streams of reads whose last packet is due.
+    int m_owed = 0;
+    bool m_answersQuickly = true; ///< The last answer came within the lookout.
+    Counts m_counts;
+    QByteArray m_storage; ///< Of the frame that was sent last.
+    std::deque<quint8> m_unsent; ///< Tags in the state Unsent, in their order.
+    std::array<Slot, 256> m_slots; ///< By tag; 0 is never given.
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,53 @@
+#include <tavorowire/discovery.h>
+
+#include <tavorowire/identity.h>
+
+namespace Tavoro::SSProxy::Wire {
+
+namespace {
+
+constexpr std::string_view requestPrefix = "reqKELVORIN:";
+constexpr std::string_view answerPrefix = "rspKELVORIN:";
+
+bool begins(std::string_view datagram, std::string_view prefix)
+{
+    return datagram.substr(0, prefix.size()) == prefix;
+}
+
+} // namespace
+
+QByteArray encodeDiscoveryRequest()
+{
+    return {requestPrefix.data(), static_cast<int>(requestPrefix.size())};
+}
+
+bool isDiscoveryRequest(std::string_view datagram)
+{
+    return begins(datagram, requestPrefix);
+}
+
+QByteArray encodeDiscoveryAnswer(ProtoModel::DeviceBaseInfo info)
+{
+    info.slotModels.clear(); // a large frame would not fit into a datagram
+    return QByteArray::fromStdString(std::string(answerPrefix) + encodeIdentity(info));
+}
+
+bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo &info,
+                           std::string &error)
+{
+    if (!begins(datagram, answerPrefix)) {
+        error = "it is no answer";
+        return false;
+    }
+    ProtoModel::DeviceBaseInfo decoded;
+    if (!decodeIdentity(std::string(datagram.substr(answerPrefix.size())), decoded, error))
+        return false;
+    if (decoded.tcpPort == 0) {
+        error = "it names no port";
+        return false;
+    }
+    info = std::move(decoded);
+    return true;
+}
+
+} // namespace Tavoro::SSProxy::Wire

@@ -1,0 +1,73 @@
+#include <tavorowire/frame.h>
+
+#include <tavorowire/checksums.h>
+
+namespace Tavoro::SSProxy::Wire {
+
+namespace {
+
+std::string_view bytesOf(const WireHead &head)
+{
+    return {reinterpret_cast<const char *>(&head), sizeof head};
+}
+
+WireHead sealed(WireHead head, std::string_view body, quint32 bodyChecksum)
+{
+    head.flag = frameFlag;
+    head.version = frameVersion;
+    head.bodyLength = static_cast<quint32>(body.size());
+    head.checksumIndex = static_cast<quint8>(ChecksumIndex::Crc32);
+    head.bodyChecksum = bodyChecksum;
+    head.headChecksum = headChecksum(head);
+    return head;
+}
+
+} // namespace
+
+quint16 headChecksum(WireHead head)
+{
+    head.headChecksum = 0;
+    return crc16(bytesOf(head));
+}
+
+WireHead sealed(WireHead head, std::string_view body)
+{
+    return sealed(head, body, crc32(body));
+}
+
+QByteArray encodeFrame(const WireHead &head, std::string_view body)
+{
+    QByteArray frame;
+    encodeFrame(head, body, crc32(body), frame);
+    return frame;
+}
+
+void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
+                 QByteArray &frame)
+{
+    const WireHead wire = sealed(head, body, bodyChecksum);
+    frame.resize(0);
+    frame.reserve(static_cast<int>(sizeof wire + body.size()));
+    frame.append(bytesOf(wire).data(), static_cast<int>(sizeof wire));
+    frame.append(body.data(), static_cast<int>(body.size()));
+}
+
+QByteArray encodeLinkFrame(FrameKind kind, quint8 lables)
+{
+    WireHead head;
+    head.kind = static_cast<quint8>(kind);
+    head.lables = lables;
+    return encodeFrame(head);
+}
+
+WireHead responseHead(const WireHead &request)
+{
+    WireHead head = request;
+    head.kind = static_cast<quint8>(FrameKind::Response);
+    head.status = 0;
+    head.totalCount = 1;
+    head.sendCount = 0;
+    return head;
+}
+
+} // namespace Tavoro::SSProxy::Wire

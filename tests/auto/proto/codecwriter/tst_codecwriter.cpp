@@ -1,0 +1,282 @@
+#include <support/proto/recordprobe.h>
+
+#include <tavorocontrol/proto/fields.h>
+#include <tavorocontrol/proto/recordcodec_p.h>
+
+#include <QtTest>
+
+#include <cstdint>
+#include <limits>
+
+namespace CodecWriter {
+
+struct Flag {
+    bool on = true;
+    TAVORO_FIELDS(on)
+};
+
+struct Numbers {
+    std::uint8_t u8 = 0;
+    std::int8_t i8 = 0;
+    std::uint32_t u32 = 0;
+    std::int32_t i32 = 0;
+    std::uint64_t u64 = 0;
+    std::int64_t i64 = 0;
+    TAVORO_FIELDS(u8, i8, u32, i32, u64, i64)
+};
+
+struct Text {
+    std::string s;
+    TAVORO_FIELDS(s)
+};
+
+/// The order in memory is not that of the list.
+struct Mixed {
+    std::vector<Flag> flags;
+    std::vector<std::vector<std::int32_t>> rows;
+    std::vector<std::string> words;
+    std::vector<bool> bits;
+    Flag flag;
+    std::int32_t type = 3;
+    TAVORO_FIELDS(type, flag, flags, rows, words, bits)
+};
+
+} // namespace CodecWriter
+
+TAVORO_CODEC(CodecWriter::Flag)
+TAVORO_CODEC(CodecWriter::Numbers)
+TAVORO_CODEC(CodecWriter::Text)
+TAVORO_CODEC(CodecWriter::Mixed)
+
+using CodecWriter::Flag;
+using CodecWriter::Mixed;
+using CodecWriter::Numbers;
+using CodecWriter::Text;
+
+namespace {
+
+/// What stands between the quotes.
+QByteArray written(const std::string &text)
+{
+    const QByteArray json = encoded(Text{text});
+    return json.mid(6, json.size() - 8);
+}
+
+} // namespace
+
+class tst_CodecWriter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyFieldIsWrittenInListOrderWithoutBlanks();
+    void emptyVectorsAreTwoBrackets();
+    void elementsStandApartByCommas();
+    void boolIsADigit();
+    void numbersArePlainDecimals();
+    void everyLengthOfNumberIsWritten();
+    void shortEscapesAreUsedWhereTheyExist();
+    void otherCharactersOutsidePrintableAsciiAreLongEscapes();
+    void everyPrintableAsciiCharacterStandsForItself();
+    void bigCodePointIsTwoEscapesOfItsHalvesAndNoSurrogatePair();
+    void textEndsAtTheFirstNul();
+    void malformedTextEndsSilently_data();
+    void malformedTextEndsSilently();
+    void everyLengthOfTextIsWrittenWhole();
+    void bufferGrowsInWholeStepsAndKeepsWhatWasWritten();
+    void writeThatFitsKeepsItsPlace();
+    void bigWriteIsGivenItsRoomAtOnce();
+    void oldTextIsReplaced();
+    void largeBodiesAreWrittenAndReadWhole();
+};
+
+void tst_CodecWriter::everyFieldIsWrittenInListOrderWithoutBlanks()
+{
+    QCOMPARE(encoded(Mixed()),
+             QByteArray(R"({"type":3,"flag":{"on":1},"flags":[],"rows":[],"words":[],"bits":[]})"));
+}
+
+void tst_CodecWriter::emptyVectorsAreTwoBrackets()
+{
+    QCOMPARE(encoded(std::vector<Flag>()), QByteArray("[]"));
+    Mixed record;
+    record.rows = {{}, {}};
+    QVERIFY(encoded(record).contains(R"("rows":[[],[]])"));
+}
+
+void tst_CodecWriter::elementsStandApartByCommas()
+{
+    Mixed record;
+    record.flags.resize(2);
+    record.rows = {{1}, {}, {-2, 3}};
+    record.words = {"a", ""};
+    record.bits = {true, false};
+    QCOMPARE(encoded(record),
+             QByteArray(R"({"type":3,"flag":{"on":1},"flags":[{"on":1},{"on":1}],)"
+                        R"("rows":[[1],[],[-2,3]],"words":["a",""],"bits":[1,0]})"));
+    QCOMPARE(encoded(std::vector<Flag>(3)), QByteArray(R"([{"on":1},{"on":1},{"on":1}])"));
+}
+
+void tst_CodecWriter::boolIsADigit()
+{
+    QCOMPARE(encoded(Flag{true}), QByteArray(R"({"on":1})"));
+    QCOMPARE(encoded(Flag{false}), QByteArray(R"({"on":0})"));
+}
+
+void tst_CodecWriter::numbersArePlainDecimals()
+{
+    QCOMPARE(encoded(Numbers()), QByteArray(R"({"u8":0,"i8":0,"u32":0,"i32":0,"u64":0,"i64":0})"));
+    const Numbers largest{
+        255, 127, 4294967295, 2147483647, 18446744073709551615U, 9223372036854775807};
+    QCOMPARE(encoded(largest),
+             QByteArray(R"({"u8":255,"i8":127,"u32":4294967295,"i32":2147483647,)"
+                        R"("u64":18446744073709551615,"i64":9223372036854775807})"));
+    const Numbers smallest{0, -128,
+                           0, std::numeric_limits<std::int32_t>::min(),
+                           0, std::numeric_limits<std::int64_t>::min()};
+    QCOMPARE(encoded(smallest),
+             QByteArray(R"({"u8":0,"i8":-128,"u32":0,"i32":-2147483648,)"
+                        R"("u64":0,"i64":-9223372036854775808})"));
+}
+
+void tst_CodecWriter::everyLengthOfNumberIsWritten()
+{
+    QByteArray digits;
+    for (int length = 1; length < 20; ++length) {
+        digits += static_cast<char>('0' + length % 10);
+        Numbers numbers;
+        numbers.u64 = digits.toULongLong();
+        QVERIFY(encoded(numbers).contains("\"u64\":" + digits + ','));
+        numbers.u64 = (digits[0] + QByteArray(length - 1, '0')).toULongLong();
+        QVERIFY(encoded(numbers).contains("\"u64\":1" + QByteArray(length - 1, '0') + ','));
+    }
+}
+
+void tst_CodecWriter::shortEscapesAreUsedWhereTheyExist()
+{
+    QCOMPARE(written("\b\t\n\f\r\"\\"), QByteArray(R"(\b\t\n\f\r\"\\)"));
+}
+
+void tst_CodecWriter::otherCharactersOutsidePrintableAsciiAreLongEscapes()
+{
+    QCOMPARE(written("\x01\x0B\x1F"), QByteArray(R"(\u0001\u000B\u001F)"));
+    QCOMPARE(written("\x7F"), QByteArray(R"(\u007F)"));
+    QCOMPARE(written("\xC3\xA9"), QByteArray(R"(\u00E9)"));
+    QCOMPARE(written("caf\xC3\xA9 \xE2\x82\xAC!"), QByteArray(R"(caf\u00E9 \u20AC!)"));
+    QCOMPARE(written("\xEF\xBF\xBF"), QByteArray(R"(\uFFFF)"));
+}
+
+void tst_CodecWriter::everyPrintableAsciiCharacterStandsForItself()
+{
+    for (char c = ' '; c <= '~'; ++c) {
+        if (c != '"' && c != '\\')
+            QCOMPARE(written(std::string(9, c)), QByteArray(9, c));
+    }
+    QCOMPARE(written("a/b"), QByteArray("a/b"));
+}
+
+void tst_CodecWriter::bigCodePointIsTwoEscapesOfItsHalvesAndNoSurrogatePair()
+{
+    QCOMPARE(written("\xF0\x9F\x98\x80"), QByteArray(R"(\u0001\uF600)"));
+    QCOMPARE(written("\xF0\x90\x80\x80"), QByteArray(R"(\u0001\u0000)"));
+    QCOMPARE(written("\xF4\x8F\xBF\xBF"), QByteArray(R"(\u0010\uFFFF)"));
+}
+
+void tst_CodecWriter::textEndsAtTheFirstNul()
+{
+    using namespace std::string_literals;
+    QCOMPARE(written("ab\0cd"s), QByteArray("ab"));
+    QCOMPARE(written("\0"s), QByteArray());
+    QCOMPARE(written("\xC3\xA9\0\xC3\xA9"s), QByteArray(R"(\u00E9)"));
+    QCOMPARE(written("eight or more\0plain characters"s), QByteArray("eight or more"));
+}
+
+void tst_CodecWriter::malformedTextEndsSilently_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    // clang-format off
+    QTest::newRow("continuation alone")      << QByteArray("\x80");
+    QTest::newRow("lead alone")              << QByteArray("\xC3");
+    QTest::newRow("lead before ASCII")       << QByteArray("\xC3(");
+    QTest::newRow("overlong of two")         << QByteArray("\xC0\x80");
+    QTest::newRow("overlong of two, C1")     << QByteArray("\xC1\xBF");
+    QTest::newRow("overlong of three")       << QByteArray("\xE0\x9F\xBF");
+    QTest::newRow("overlong of four")        << QByteArray("\xF0\x8F\xBF\xBF");
+    QTest::newRow("surrogate")               << QByteArray("\xED\xA0\x80");
+    QTest::newRow("beyond the last")         << QByteArray("\xF4\x90\x80\x80");
+    QTest::newRow("five bytes")              << QByteArray("\xF8\x88\x80\x80\x80");
+    QTest::newRow("cut after two of three")  << QByteArray("\xE2\x82");
+    QTest::newRow("cut after three of four") << QByteArray("\xF0\x9F\x98");
+    QTest::newRow("lead in third place")     << QByteArray("\xE2\x82\xC3\xA9");
+    // clang-format on
+}
+
+void tst_CodecWriter::malformedTextEndsSilently()
+{
+    QFETCH(QByteArray, bytes);
+    QCOMPARE(written("ok\xC3\xA9" + bytes.toStdString() + "lost"), QByteArray(R"(ok\u00E9)"));
+    QCOMPARE(written(bytes.toStdString()), QByteArray());
+}
+
+void tst_CodecWriter::everyLengthOfTextIsWrittenWhole()
+{
+    for (int length = 0; length < 50; ++length) {
+        const QByteArray plain(length, 'p');
+        QCOMPARE(written(plain.toStdString()), plain);
+        QCOMPARE(written((plain + '\n' + plain).toStdString()), plain + "\\n" + plain);
+    }
+}
+
+void tst_CodecWriter::bufferGrowsInWholeStepsAndKeepsWhatWasWritten()
+{
+    ajson::JsonWriter writer;
+    QCOMPARE(writer.capacity(), std::size_t(1024));
+    char *at = writer.begin(writer.start, 1024);
+    std::memset(at, 'x', 1024);
+    QCOMPARE(writer.capacity(), std::size_t(1024));
+    at = writer.begin(at + 1024, 1);
+    QCOMPARE(writer.capacity(), std::size_t(2048));
+    QCOMPARE(QByteArray(writer.start, 1024), QByteArray(1024, 'x'));
+    QVERIFY(at == writer.start + 1024);
+}
+
+void tst_CodecWriter::writeThatFitsKeepsItsPlace()
+{
+    ajson::JsonWriter writer;
+    char *const start = writer.start;
+    QVERIFY(writer.begin(start, 1000) == start);
+    QVERIFY(writer.begin(start + 1000, 24) == start + 1000);
+    QVERIFY(writer.limit == start + 1024);
+}
+
+void tst_CodecWriter::bigWriteIsGivenItsRoomAtOnce()
+{
+    ajson::JsonWriter writer;
+    char *at = writer.begin(writer.start, 10);
+    at = writer.begin(at + 10, 5000);
+    QCOMPARE(writer.capacity(), std::size_t(5 * 1024));
+    QVERIFY(at == writer.start + 10);
+}
+
+void tst_CodecWriter::oldTextIsReplaced()
+{
+    std::string text = "old text that is longer than the new one";
+    ajson::encodeRecord(Flag(), text);
+    QCOMPARE(text, std::string(R"({"on":1})"));
+}
+
+// Would take hours if a long body were copied for each step of the buffer.
+void tst_CodecWriter::largeBodiesAreWrittenAndReadWhole()
+{
+    const std::vector<Text> list(200000, Text{std::string(300, 't') + "\xC3\xA9"});
+    std::string json;
+    ajson::encodeRecord(list, json);
+    QCOMPARE(json.size(), 2 + list.size() * (8 + 300 + 6) + list.size() - 1);
+    std::vector<Text> read;
+    std::string error;
+    QVERIFY2(ajson::decodeRecord(json, read, error), error.c_str());
+    QCOMPARE(read.size(), list.size());
+    QCOMPARE(read.back().s, list.back().s);
+}
+
+QTEST_APPLESS_MAIN(tst_CodecWriter)
+#include "tst_codecwriter.moc"

@@ -1,0 +1,155 @@
+// The heap behind every fault of a device in every kind of operation.
+
+#include <support/common/allocated.h>
+#include <support/tavorosim/faultrows.h>
+#include <support/tavorosim/operations.h>
+
+#include <tavorocontrol/screen.h>
+
+#include <QtTest>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto requestTime = 90ms; // the slowest answer that is in time takes 50 ms
+
+// What the simulated device keeps, the oldest going first.
+constexpr int mostConnections = 64;
+constexpr int mostStreams = 16; // answers in several packets, of each connection
+
+// Faults that make it keep one more.
+constexpr FaultRow dropBefore{"drop-before", true, longTime, {}, ""};
+constexpr FaultRow wrongIndex{"wrong-index", false, longTime, {}, ""};
+
+/// An operation with a fault, and the end of the fault.
+void goWrong(FaultBench &bench, const FaultRow &fault, const Operation &operation)
+{
+    bench.addFault(QLatin1String(fault.fault) + QLatin1String(operation.rule));
+    bench.run([&](QString &error) { return operation.run(bench, error); });
+    bench.lift(fault.isLost);
+    if (operation.isSynchronisation())
+        QVERIFY(bench.awaitSave());
+}
+
+bool readScreens(FaultBench &bench, QString &error)
+{
+    std::vector<Tavoro::ProtoModel::Screen::s_ScreenFullDetail> screens;
+    return Tavoro::Control::Screen(bench.device()).readDetails(-1, 0, -1, screens, error);
+}
+
+/// Has the simulated device keep as many answers as it does, each like those that \a operation will
+/// leave.
+void fillStreams(FaultBench &bench, const Operation &operation)
+{
+    Operation leaving = operation;
+    if (operation.isSynchronisation()) { // of all that it reads, the screens go wrong
+        leaving.name = "read of screens";
+        leaving.run = readScreens;
+    }
+    for (int i = 0; i <= mostStreams; ++i)
+        goWrong(bench, wrongIndex, leaving);
+}
+
+/// What is allocated once all is at rest that the last exchange set going.
+Allocated allocatedAtRest(FaultBench &bench)
+{
+    constexpr int longest = 1000;
+    constexpr int calm = 3; // looks in a row without a change
+    const auto look = [&] {
+        QTest::qWait(2); // reports come, and log lines of them
+        bench.journal.clear();
+        return Allocated::now();
+    };
+    Allocated last = look();
+    for (int i = 0, unchanged = 0; i < longest && unchanged < calm; ++i) {
+        const Allocated now = look();
+        unchanged = now == last ? unchanged + 1 : 0;
+        last = now;
+    }
+    return last;
+}
+
+} // namespace
+
+class tst_FaultMemory : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void everyAllocationCounts();
+    void nothingIsLeftBehind_data();
+    void nothingIsLeftBehind();
+    void cleanupTestCase();
+
+private:
+    std::unique_ptr<FaultBench> m_bench;
+};
+
+void tst_FaultMemory::initTestCase()
+{
+    m_bench = std::make_unique<FaultBench>(requestTime);
+    for (int i = 0; i <= mostConnections; ++i)
+        goWrong(*m_bench, dropBefore, operations[0]);
+    m_bench->remember();
+}
+
+void tst_FaultMemory::cleanupTestCase()
+{
+    m_bench.reset();
+}
+
+void tst_FaultMemory::everyAllocationCounts()
+{
+    const Allocated before = allocatedAtRest(*m_bench);
+    auto own = std::make_unique<std::string>(1000, 'x');
+    const QByteArray ofALibrary(1000, 'x');
+    const Allocated with = Allocated::now();
+    QCOMPARE(with.blocks - before.blocks, qint64(3));
+    QVERIFY(with.bytes - before.bytes > 2000);
+    own.reset();
+    QCOMPARE(Allocated::now().blocks - before.blocks, qint64(1));
+}
+
+void tst_FaultMemory::nothingIsLeftBehind_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    for (int row = 0; row < int(std::size(faultRows)); ++row) {
+        for (int column = 0; column < operationCount; ++column)
+            QTest::addRow("%s, %s", faultRows[row].fault, operations[column].name) << row << column;
+    }
+}
+
+/// A round that leaves a block behind never comes back to what was allocated before. Some of those
+/// that leave none do not either, since queues grow and shrink; two are proof enough.
+void tst_FaultMemory::nothingIsLeftBehind()
+{
+    constexpr int mostRounds = 40;
+    QFETCH(int, row);
+    QFETCH(int, column);
+    const FaultRow &fault = faultRows[row];
+    const Operation &operation = operations[column];
+    if (!fault.isLost)
+        fillStreams(*m_bench, operation);
+    std::array<Allocated, mostRounds + 1> seen{allocatedAtRest(*m_bench)};
+    int back = 0; // rounds that came back
+    for (int round = 1; back < 2 && round <= mostRounds; ++round) {
+        goWrong(*m_bench, fault, operation);
+        m_bench->checkResources();
+        const auto here = seen.begin() + round;
+        *here = allocatedAtRest(*m_bench);
+        back += std::any_of(seen.begin(), here,
+                            [&](const Allocated &earlier) { return here->isAsIn(earlier); });
+    }
+    QVERIFY2(back == 2, qPrintable(seen[mostRounds].moreThan(seen[mostRounds - 1])));
+}
+
+QTEST_GUILESS_MAIN(tst_FaultMemory)
+#include "tst_faultmemory.moc"

@@ -1,0 +1,203 @@
+// What became of a request that ended without an answer: asked for by its tag, on the wire and of
+// the simulated device. Nothing is sent a second time.
+
+#include <support/tavorosim/simulatedconnection.h>
+
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/devicecommand.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <QTest>
+
+using namespace Tavoro;
+using namespace Tavoro::SSProxy;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr char swapOff[] = R"({"swap":0})";
+constexpr char swapTo7[] = R"({"swap":7})";
+
+std::shared_ptr<DeviceRequestCommand> request(quint8 type, quint8 functionCode,
+                                              const std::string &body = {}, int timeout = 10000)
+{
+    auto command = std::make_shared<DeviceRequestCommand>();
+    command->head().type = type;
+    command->head().BC = 0x11;
+    command->head().FC = functionCode;
+    command->body() = body;
+    command->setTimeout(timeout);
+    return command;
+}
+
+std::shared_ptr<DeviceRequestCommand> swapWrite(const char *body, int timeout = 10000)
+{
+    return request(2, 7, body, timeout);
+}
+
+} // namespace
+
+class tst_RequestOutcome : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_connection = std::make_unique<SimulatedConnection>(); }
+    void cleanup() { m_connection.reset(); }
+
+    void outcomeBehindALostConnection_data();
+    void outcomeBehindALostConnection();
+    void outcomeBehindATimeout();
+    void outcomeOfAnAnsweredRequestIsKnownToo();
+    void refusalByAFaultIsTheOutcome();
+    void tagThatWasNeverSentHasNotArrived();
+    void splitWriteHasNoTagOfItsOwn();
+    void restartedDeviceRemembersNothing();
+    void channelWithoutAConnectionTellsWhyItIsUnknown();
+    void olderUsesOfATagDoNotCount();
+
+private:
+    NetworkChannel &channel() { return *m_connection->channel; }
+    quint16 send(const std::shared_ptr<DeviceRequestCommand> &command)
+    {
+        return channel().sendSyncRequest(command)->status;
+    }
+    void addFault(const QString &rule)
+    {
+        QVERIFY(m_connection->simulator->execute(QStringLiteral("fault add ") + rule).ok);
+    }
+    void waitUntilBack()
+    {
+        QString error;
+        channel().reconnectNow();
+        QVERIFY2(channel().waitUntilReady(30000, error), qPrintable(error));
+    }
+    bool isSwapOff()
+    {
+        const auto response = channel().sendSyncRequest(request(1, 0));
+        return response->body().find("\"swap\":0") != std::string::npos;
+    }
+
+    std::unique_ptr<SimulatedConnection> m_connection;
+};
+
+void tst_RequestOutcome::outcomeBehindALostConnection_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("isDone");
+    // clang-format off
+    QTest::newRow("answer was lost")  << "drop-before,count=1"  << QByteArray(swapOff) << int(RequestOutcome::Done)     << 0 << true;
+    QTest::newRow("refusal was lost") << "drop-before,count=1"  << QByteArray(swapTo7) << int(RequestOutcome::Done)     << 4 << false;
+    QTest::newRow("not carried out")  << "drop-request,count=1" << QByteArray(swapOff) << int(RequestOutcome::UnderWay) << 0 << false;
+    // clang-format on
+}
+
+void tst_RequestOutcome::outcomeBehindALostConnection()
+{
+    QFETCH(QString, fault);
+    QFETCH(QByteArray, body);
+    QFETCH(int, state);
+    QFETCH(int, status);
+    QFETCH(bool, isDone);
+    addFault(fault);
+    const auto write = swapWrite(body.constData());
+    QCOMPARE(int(send(write)), 259);
+    waitUntilBack();
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), state);
+    QCOMPARE(int(outcome.status), status);
+    QCOMPARE(isSwapOff(), isDone);
+}
+
+void tst_RequestOutcome::outcomeBehindATimeout()
+{
+    addFault(QStringLiteral("silent,count=1"));
+    const auto write = swapWrite(swapOff, 200);
+    QCOMPARE(int(send(write)), 260);
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), int(RequestOutcome::Done));
+    QCOMPARE(int(outcome.status), 0);
+    QCOMPARE(channel().statistics().connections, quint64(1));
+}
+
+void tst_RequestOutcome::outcomeOfAnAnsweredRequestIsKnownToo()
+{
+    const auto write = swapWrite(swapTo7);
+    QCOMPARE(int(send(write)), 4);
+    QCOMPARE(int(channel().requestOutcome(write->head().lables).status), 4);
+}
+
+void tst_RequestOutcome::refusalByAFaultIsTheOutcome()
+{
+    addFault(QStringLiteral("status=8,count=1"));
+    const auto write = swapWrite(swapOff);
+    QCOMPARE(int(send(write)), 8);
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), int(RequestOutcome::Done));
+    QCOMPARE(int(outcome.status), 8);
+    QVERIFY(!isSwapOff());
+}
+
+void tst_RequestOutcome::tagThatWasNeverSentHasNotArrived()
+{
+    QCOMPARE(int(channel().requestOutcome(200).state), int(RequestOutcome::NotArrived));
+}
+
+/// The tags of its packets are not those of the caller's request.
+void tst_RequestOutcome::splitWriteHasNoTagOfItsOwn()
+{
+    const auto name =
+        request(2, 1, R"({"general":{"name":")" + std::string(100000, 'n') + R"("}})");
+    addFault(QStringLiteral("drop-before,code=DeviceGeneral,skip=1,count=1"));
+    QString error;
+    QVERIFY(!Control::ControlHelper().sendSyncRequest(m_connection->model, name, error, true));
+    waitUntilBack();
+    QCOMPARE(name->head().lables, quint8(0));
+    QCOMPARE(int(channel().requestOutcome(name->head().lables).state),
+             int(RequestOutcome::Unknown));
+}
+
+void tst_RequestOutcome::restartedDeviceRemembersNothing()
+{
+    const auto write = swapWrite(swapOff);
+    QCOMPARE(int(send(write)), 0);
+    QVERIFY(m_connection->simulator->execute(QStringLiteral("switch 0")).ok);
+    QTRY_VERIFY(!channel().isHardwareReadFinished());
+    QVERIFY(m_connection->simulator->execute(QStringLiteral("switch 1")).ok);
+    waitUntilBack();
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), int(RequestOutcome::Unknown));
+    QCOMPARE(int(outcome.status), 0);
+}
+
+void tst_RequestOutcome::channelWithoutAConnectionTellsWhyItIsUnknown()
+{
+    const auto write = swapWrite(swapOff);
+    QCOMPARE(int(send(write)), 0);
+    channel().stopChannel();
+    const RequestOutcome outcome = channel().requestOutcome(write->head().lables);
+    QCOMPARE(int(outcome.state), int(RequestOutcome::Unknown));
+    QCOMPARE(int(outcome.status), 259);
+}
+
+/// The same write, 255 requests later under the same tag, does not arrive: the answer to the first
+/// one must not be taken for its own.
+void tst_RequestOutcome::olderUsesOfATagDoNotCount()
+{
+    const auto first = swapWrite(swapOff);
+    QCOMPARE(int(send(first)), 0);
+    for (int i = 0; i < 254; ++i)
+        QCOMPARE(int(send(request(1, 0))), 0);
+    addFault(QStringLiteral("drop-request,count=1"));
+    const auto second = swapWrite(swapOff);
+    QCOMPARE(int(send(second)), 259);
+    QCOMPARE(second->head().lables, first->head().lables);
+    waitUntilBack();
+    QCOMPARE(int(channel().requestOutcome(second->head().lables).state),
+             int(RequestOutcome::UnderWay));
+}
+
+QTEST_GUILESS_MAIN(tst_RequestOutcome)
+#include "tst_requestoutcome.moc"

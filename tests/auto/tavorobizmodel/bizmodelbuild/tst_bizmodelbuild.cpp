@@ -1,0 +1,181 @@
+#include <support/tavorobizmodel/modelrecords.h>
+
+#include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/screen.h>
+
+#include <QtTest>
+
+using namespace ModelRecords;
+using namespace Tavoro;
+
+/// What a device is built of, what is wrong in its data, and what follows from its timings.
+class tst_BizModelBuild : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void soundDataLeaveTheErrorAlone();
+    void identityThatIsThereTwiceIsToldAndTheFirstTaken();
+    void outputThatIsNotThereIsToldAndTheScreenTaken();
+    void layerOnAbsentScreenIsToldAndLeftOut();
+    void manyFaultsAreCounted();
+    void reportedSlotsAreTakenFromTheDetail();
+    void slotThatIsNotThereIsTold();
+
+    void cropFollowsTheTimingOfTheInterface();
+    void cropStaysWithoutASignal();
+    void cropIsRoundedToTheNearestPixel();
+    void ownCropOfTheInterfaceFollowsToo();
+};
+
+void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
+{
+    const auto device = ModelRecords::device();
+    QString error = QStringLiteral("from before");
+    QVERIFY(device->initModelData(s_DeviceDetail(), error));
+    QVERIFY(device->initModelData(std::vector{interface({2, 0, 0})}, error));
+    QVERIFY(device->initModelData(std::vector{screen(1, 0, {{2, 0, 0}})}, error));
+    QVERIFY(device->initModelData(std::vector{layer(1, 0, 0, 0x090909)}, error));
+    QVERIFY(device->initModelData(std::vector<s_FileDetail>(), error));
+    QCOMPARE(error, QStringLiteral("from before"));
+}
+
+void tst_BizModelBuild::identityThatIsThereTwiceIsToldAndTheFirstTaken()
+{
+    const auto device = ModelRecords::device();
+    QString error;
+    QVERIFY(!device->initModelData(
+        std::vector{interface({1, 0, 0}, "first"), interface({1, 0, 0}, "second")}, error));
+    QCOMPARE(error, QStringLiteral("Interface 1/0/0 is there twice."));
+    QCOMPARE(device->interfaces().size(), 1);
+    QCOMPARE(device->findInterface({1, 0, 0}).lock()->detail().general.name, std::string("first"));
+
+    QVERIFY(!device->initModelData(std::vector{file(2, 5), file(2, 5)}, error));
+    QCOMPARE(error, QStringLiteral("File 5 of type 2 is there twice."));
+    QVERIFY(!device->initModelData(std::vector{screen(1, 0), screen(1, 0)}, error));
+    QCOMPARE(error, QStringLiteral("Screen 0 of type 1 is there twice."));
+    QVERIFY(!device->initModelData(std::vector{layer(1, 0, 9), layer(1, 0, 9)}, error));
+    QCOMPARE(error,
+             QStringLiteral("Layer 9 of type 1 in scene 4 on screen 0 of type 1 is there twice."));
+
+    s_DeviceDetail detail;
+    detail.subcards.resize(2);
+    detail.powers = {{3, 0, 0}, {3, 0, 1}};
+    detail.groupInfos = {{"a", "g"}, {"b", "g"}};
+    QVERIFY(!device->initModelData(detail, error));
+    QCOMPARE(error,
+             QStringLiteral("Subcard 0 is there twice. Power supply 3 is there twice. "
+                            "Device group g is there twice."));
+    QCOMPARE(device->findGroup("g")->groupName, std::string("a"));
+}
+
+void tst_BizModelBuild::outputThatIsNotThereIsToldAndTheScreenTaken()
+{
+    const auto device = ModelRecords::device();
+    QString error;
+    QVERIFY(!device->initModelData(std::vector{screen(1, 7, {{9, 8, 7}, {2, 0, 0}})}, error));
+    QCOMPARE(
+        error,
+        QStringLiteral("Screen 7 of type 1 has the output Interface 9/8/7, which is not there."));
+    QCOMPARE(device->findScreen(1, 7).lock()->outputs().size(), 1);
+}
+
+void tst_BizModelBuild::layerOnAbsentScreenIsToldAndLeftOut()
+{
+    const auto device = ModelRecords::device();
+    QString error;
+    QVERIFY(!device->initModelData(std::vector{layer(1, 9, 2), layer(1, 0, 2)}, error));
+    QCOMPARE(error,
+             QStringLiteral("Layer 2 of type 1 in scene 4 on screen 9 of type 1: "
+                            "the screen is not there."));
+    QCOMPARE(device->layers().size(), 1);
+    QCOMPARE(int(device->layers().first().lock()->identity().screenId), 0);
+}
+
+void tst_BizModelBuild::manyFaultsAreCounted()
+{
+    const auto device = ModelRecords::device();
+    const std::vector<s_FileDetail> files(8, file(2, 5));
+    QString error;
+    QVERIFY(!device->initModelData(files, error));
+    QCOMPARE(error.count(QStringLiteral("is there twice.")), 5);
+    QVERIFY(error.endsWith(QStringLiteral(" And 2 more.")));
+}
+
+void tst_BizModelBuild::reportedSlotsAreTakenFromTheDetail()
+{
+    const auto device = ModelRecords::device();
+    s_DeviceDetail detail;
+    detail.subcards = {{2, 7, 0, 0, 0, {}}, {3, 8, 0, 0, 0, {}}};
+    ProtoModel::Device::s_subcards reported;
+    reported.subcards = {{2, 99, 0, 0, 0, {}}}; // of the report only the slot counts
+    QString error;
+    QVERIFY(device->updateSlotModelData(reported, detail, error));
+    QCOMPARE(device->findSubcard(2)->modelId, 7);
+    QVERIFY(!device->findSubcard(3));
+    QCOMPARE(error, QString());
+}
+
+void tst_BizModelBuild::slotThatIsNotThereIsTold()
+{
+    const auto device = ModelRecords::device();
+    s_DeviceDetail detail;
+    detail.subcards = {{2, 7, 0, 0, 0, {}}};
+    ProtoModel::Device::s_subcards reported;
+    reported.subcards = {{2, 0, 0, 0, 0, {}}, {4, 0, 0, 0, 0, {}}};
+    QString error;
+    QVERIFY(!device->updateSlotModelData(reported, detail, error));
+    QCOMPARE(error, QStringLiteral("The device has no slot 4"));
+    QCOMPARE(device->findSubcard(2)->modelId, 0); // and nothing was changed
+}
+
+void tst_BizModelBuild::cropFollowsTheTimingOfTheInterface()
+{
+    const auto device = ModelRecords::device();
+    const auto input = device->findInterface({1, 2, 3}).lock();
+    const auto layer = device->layers().last().lock();
+    input->setActualTiming(timing(1280, 720));
+    QCOMPARE(layer->detail().source.crop[0].rect.width, 1920); // not asked for yet
+    input->updateLayerInputCrop();
+    const auto rect = layer->detail().source.crop[0].rect;
+    QCOMPARE(rect.x, 0);
+    QCOMPARE(rect.width, 640);
+    QCOMPARE(rect.height, 720);
+}
+
+void tst_BizModelBuild::cropStaysWithoutASignal()
+{
+    const auto device = ModelRecords::device();
+    const auto input = device->findInterface({1, 2, 3}).lock();
+    input->setActualTiming(timing(1280, 720));
+    input->updateLayerInputCrop();
+    input->setActualTiming(timing(0, 0));
+    input->updateLayerInputCrop();
+    QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 640);
+}
+
+void tst_BizModelBuild::cropIsRoundedToTheNearestPixel()
+{
+    const auto device = ModelRecords::device();
+    auto cropped = layer(1, 0, 0, 0x010203);
+    cropped.source.crop.resize(1);
+    cropped.source.crop[0].xRatio = 33333; // 426.66 pixels
+    cropped.source.crop[0].yRatio = 33333; // 239.998 pixels
+    const auto input = device->findInterface({1, 2, 3}).lock();
+    input->setActualTiming(timing(1280, 720));
+    QString error;
+    QVERIFY(device->initModelData(std::vector{cropped}, error));
+    QCOMPARE(device->layers().first().lock()->detail().source.crop[0].rect.x, 427);
+    QCOMPARE(device->layers().first().lock()->detail().source.crop[0].rect.y, 240);
+}
+
+void tst_BizModelBuild::ownCropOfTheInterfaceFollowsToo()
+{
+    const auto device = ModelRecords::device();
+    const auto input = device->findInterface({1, 2, 3}).lock();
+    input->setActualTiming(timing(3840, 2160));
+    QCOMPARE(input->detail().crop.rect.width, 3840);
+}
+
+QTEST_GUILESS_MAIN(tst_BizModelBuild)
+#include "tst_bizmodelbuild.moc"

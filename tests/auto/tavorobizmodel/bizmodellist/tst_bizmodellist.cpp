@@ -1,0 +1,181 @@
+#include <support/tavorobizmodel/modelrecords.h>
+
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/file.h>
+#include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/screen.h>
+
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QThread>
+#include <QtTest>
+
+using Tavoro::BizModel::Device;
+using Tavoro::BizModel::DeviceList;
+
+namespace {
+
+std::shared_ptr<Device> found(const QString &ip, const QString &mac, const QString &sn)
+{
+    return DeviceList::instance()->findDevice(ip, mac, sn).lock();
+}
+
+} // namespace
+
+/// The list of all devices.
+class tst_BizModelList : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void deviceIsFoundByItsWholeIdentity();
+    void deviceIsFoundAsSoonAsItIsAppended();
+    void otherDevicesAreFoundWhileOneComesAndGoes();
+    void deviceIsFoundByWhatItBecame();
+    void deviceIsInTheListOnce();
+    void nullIsNotTaken();
+    void removedDeviceIsGone();
+    void thereIsNoSaverWithoutAStore();
+    void everyTypeInSignalsIsRegistered();
+    void signalOfAnotherThreadArrivesOnThisOne();
+    void whatAnotherThreadMakesLivesOnTheApplicationsThread();
+};
+
+void tst_BizModelList::cleanup()
+{
+    const auto devices = DeviceList::instance()->devices();
+    for (const auto &device : devices)
+        DeviceList::instance()->remove(device);
+}
+
+void tst_BizModelList::deviceIsFoundByItsWholeIdentity()
+{
+    const auto device = ModelRecords::device(0xAB);
+    DeviceList::instance()->append(device);
+    const auto ip = QStringLiteral("192.0.2.171");
+    const auto mac = QStringLiteral("0000000000AB");
+    const auto sn = QStringLiteral("00000000000000AB");
+    QCOMPARE(found(ip, mac, sn), device);
+    QVERIFY(!found(QStringLiteral("192.0.2.172"), mac, sn));
+    QVERIFY(!found(ip, QStringLiteral("0000000000AC"), sn));
+    QVERIFY(!found(ip, mac, QStringLiteral("00000000000000AC")));
+}
+
+// Also when the list has been searched for it before.
+void tst_BizModelList::deviceIsFoundAsSoonAsItIsAppended()
+{
+    const auto device = ModelRecords::device();
+    QVERIFY(!found(device->IPAddress(), device->MAC(), device->sn()));
+    DeviceList::instance()->append(device);
+    QCOMPARE(found(device->IPAddress(), device->MAC(), device->sn()), device);
+}
+
+void tst_BizModelList::otherDevicesAreFoundWhileOneComesAndGoes()
+{
+    const auto stays = ModelRecords::device(1);
+    const auto goes = ModelRecords::device(2);
+    const auto isFound = [](const std::shared_ptr<Device> &device) {
+        return found(device->IPAddress(), device->MAC(), device->sn()) == device;
+    };
+    DeviceList::instance()->append(stays);
+    QVERIFY(isFound(stays));
+    DeviceList::instance()->append(goes);
+    QVERIFY(isFound(stays));
+    QVERIFY(isFound(goes));
+    DeviceList::instance()->remove(goes);
+    QVERIFY(isFound(stays));
+    QVERIFY(!isFound(goes));
+}
+
+void tst_BizModelList::deviceIsFoundByWhatItBecame()
+{
+    const auto device = ModelRecords::device(1);
+    DeviceList::instance()->append(device);
+    QVERIFY(found(QStringLiteral("192.0.2.1"), device->MAC(), device->sn()));
+    device->setIPAddress(QStringLiteral("192.0.2.99"));
+    QVERIFY(!found(QStringLiteral("192.0.2.1"), device->MAC(), device->sn()));
+    QCOMPARE(found(QStringLiteral("192.0.2.99"), device->MAC(), device->sn()), device);
+}
+
+void tst_BizModelList::deviceIsInTheListOnce()
+{
+    const QSignalSpy spy(DeviceList::instance(), &DeviceList::signalDeviceAppended);
+    const auto device = ModelRecords::device();
+    QCOMPARE(DeviceList::instance()->append(device).lock(), device);
+    QCOMPARE(DeviceList::instance()->append(device).lock(), device);
+    QCOMPARE(DeviceList::instance()->devices().size(), 1);
+    QCOMPARE(spy.size(), 1);
+}
+
+void tst_BizModelList::nullIsNotTaken()
+{
+    QVERIFY(DeviceList::instance()->append(nullptr).expired());
+    QVERIFY(DeviceList::instance()->devices().isEmpty());
+}
+
+void tst_BizModelList::removedDeviceIsGone()
+{
+    auto device = ModelRecords::device();
+    const std::weak_ptr<Device> weak = device;
+    DeviceList::instance()->append(device);
+    QVERIFY(found(device->IPAddress(), device->MAC(), device->sn()));
+    QVERIFY(DeviceList::instance()->remove(weak));
+    QVERIFY(!DeviceList::instance()->remove(weak));
+    QVERIFY(!found(device->IPAddress(), device->MAC(), device->sn()));
+    device.reset();
+    QVERIFY(weak.expired());
+    QVERIFY(!DeviceList::instance()->remove(weak));
+}
+
+void tst_BizModelList::thereIsNoSaverWithoutAStore()
+{
+    QVERIFY(!DeviceList::instance()->saveDeviceDataThread());
+}
+
+void tst_BizModelList::everyTypeInSignalsIsRegistered()
+{
+    for (const QMetaObject *meta : {&DeviceList::staticMetaObject, &Device::staticMetaObject}) {
+        for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+            const QMetaMethod method = meta->method(i);
+            for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
+                QVERIFY2(method.parameterType(parameter) != QMetaType::UnknownType,
+                         method.methodSignature().constData());
+        }
+    }
+}
+
+void tst_BizModelList::signalOfAnotherThreadArrivesOnThisOne()
+{
+    const auto device = ModelRecords::device();
+    int told = -1;
+    const QThread *thread = nullptr;
+    connect(device.get(), &Device::deviceDataChanged, this, [&](auto part) {
+        told = part;
+        thread = QThread::currentThread();
+    });
+    const std::unique_ptr<QThread> worker(
+        QThread::create([&] { device->setDeviceOnlineFlag(true); }));
+    worker->start();
+    QVERIFY(worker->wait());
+    QCOMPARE(told, -1);
+    QTRY_COMPARE(told, 1);
+    QCOMPARE(thread, QThread::currentThread());
+}
+
+void tst_BizModelList::whatAnotherThreadMakesLivesOnTheApplicationsThread()
+{
+    std::shared_ptr<Device> device;
+    const std::unique_ptr<QThread> worker(
+        QThread::create([&] { device = ModelRecords::device(); }));
+    worker->start();
+    QVERIFY(worker->wait());
+    QCOMPARE(device->thread(), qApp->thread());
+    QCOMPARE(device->findInterface({1, 2, 3}).lock()->thread(), qApp->thread());
+    QCOMPARE(device->findScreen(1, 0).lock()->thread(), qApp->thread());
+    QCOMPARE(device->layers().first().lock()->thread(), qApp->thread());
+    QCOMPARE(device->files().first().lock()->thread(), qApp->thread());
+}
+
+QTEST_GUILESS_MAIN(tst_BizModelList)
+#include "tst_bizmodellist.moc"

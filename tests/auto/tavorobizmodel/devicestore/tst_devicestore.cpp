@@ -1,0 +1,258 @@
+#include <support/tavorobizmodel/storedmodel.h>
+#include <support/tavorobizmodel/storefile.h>
+#include <support/tavorobizmodel/storefolder.h>
+
+#include <tavorobizmodel/file.h>
+#include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/mvrscreen.h>
+#include <tavorocontrol/proto/codec.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace ModelRecords;
+using namespace Tavoro;
+
+namespace {
+
+template <class Record>
+std::string text(const Record &record)
+{
+    std::string json;
+    ajson::encodeRecord(record, json);
+    return json;
+}
+
+} // namespace
+
+/// Devices that are kept from one run to the next.
+class tst_DeviceStore : public QObject, private StoreFolder {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void nothingIsTouchedUntilAStoreIsOpened();
+    void deviceOfTheLastRunIsOffline();
+    void everythingOfADeviceComesBack();
+    void onlyChangedRowsAreWritten();
+    void goneObjectsAreTakenOut();
+    void orderOfTheDeviceIsKept();
+    void removedDeviceIsForgotten();
+    void devicesThatShareANumberWithTheRemovedOneStay();
+    void deviceThatMovedTakesThePlaceOfItsFormerSelf();
+
+private:
+    /// Rows that a save of \a device writes into the file.
+    QStringList written(const std::shared_ptr<BizModel::Device> &device) const;
+};
+
+void tst_DeviceStore::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+QStringList tst_DeviceStore::written(const std::shared_ptr<BizModel::Device> &device) const
+{
+    const StoreFile store(file());
+    store.watchWrites();
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    const QStringList lines = store.writes();
+    store.ignoreWrites();
+    return lines;
+}
+
+void tst_DeviceStore::nothingIsTouchedUntilAStoreIsOpened()
+{
+    BizModel::DeviceList::instance()->append(ModelRecords::device());
+    QVERIFY(!BizModel::DeviceList::instance()->saveDeviceDataThread());
+    BizModel::DeviceList::instance()->remove(BizModel::DeviceList::instance()->devices().first());
+    QVERIFY(!QFile::exists(file()));
+}
+
+void tst_DeviceStore::deviceOfTheLastRunIsOffline()
+{
+    const auto device = ModelRecords::device();
+    device->setDeviceOnlineFlag(true);
+    {
+        const StoredModel model(file());
+        QVERIFY2(model.isOpen, qPrintable(model.error));
+        model.save(device);
+    }
+    const StoredModel model(file());
+    QVERIFY(model.onlyDevice());
+    QVERIFY(model.onlyDevice() != device);
+    QVERIFY(!model.onlyDevice()->isOnline());
+    QCOMPARE(model.list->findDevice(device->IPAddress(), device->MAC(), device->sn()).lock(),
+             model.onlyDevice());
+}
+
+void tst_DeviceStore::everythingOfADeviceComesBack()
+{
+    const auto device = ModelRecords::device();
+    device->setName(QString::fromUtf8("J\xC3\xBCrgen's \"box\"\\"));
+    device->setModelId(0x7701);
+    device->setScreenGenlocks({{}});
+    QString error;
+    device->updateCutoutRGB({1, 2, 3}, error);
+    device->setPower({{1, 2, 3}});
+    std::dynamic_pointer_cast<BizModel::MVRScreen>(device->findScreen(3, 0).lock())
+        ->setRowColSpan({6, 3});
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    const StoredModel model(file());
+    const auto read = model.onlyDevice();
+    QVERIFY(read);
+    QCOMPARE(read->name(), device->name());
+    QCOMPARE(int(read->modelId()), 0x7701);
+    QCOMPARE(read->ipMacSn(), device->ipMacSn());
+    QCOMPARE(text(read->deviceDetail()), text(device->deviceDetail()));
+    QCOMPARE(read->cutoutRGB().B, 3);
+    QCOMPARE(text(read->screenGenlocks()), text(device->screenGenlocks()));
+    QCOMPARE(read->interfaces().size(), 2);
+    QCOMPARE(text(read->interfaces()[0].lock()->detail()),
+             text(device->interfaces()[0].lock()->detail()));
+    QCOMPARE(read->screens(30).size(), 3);
+    QCOMPARE(text(read->screens(30)[0].lock()->detail()),
+             text(device->screens(30)[0].lock()->detail()));
+    QCOMPARE(read->layers().size(), 2);
+    QCOMPARE(text(read->layers()[1].lock()->detail()), text(device->layers()[1].lock()->detail()));
+    QCOMPARE(read->files()[0].lock()->detail().binary, std::string("a\0b", 3));
+    const auto multiviewer =
+        std::dynamic_pointer_cast<BizModel::MVRScreen>(read->findScreen(3, 0).lock());
+    QCOMPARE(multiviewer->rowColSpan(), QSize(6, 3));
+}
+
+void tst_DeviceStore::onlyChangedRowsAreWritten()
+{
+    const auto device = ModelRecords::device();
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    QCOMPARE(written(device), QStringList());
+    device->findInterface({2, 0, 0}).lock()->setColorDepth({1, 2});
+    QCOMPARE(written(device), QStringList(QStringLiteral("UPDATE 2 2/0/0/0/0")));
+    device->setPower({{1, 1, 1}});
+    QCOMPARE(written(device), QStringList(QStringLiteral("UPDATE 1 ")));
+    QString error;
+    device->initModelData(std::vector{ModelRecords::file(2, 5, "other")}, error);
+    QCOMPARE(written(device), QStringList(QStringLiteral("UPDATE 5 2/5/0/0/0")));
+    const StoredModel model(file());
+    const auto read = model.onlyDevice();
+    QVERIFY(read);
+    QCOMPARE(text(read->deviceDetail()), text(device->deviceDetail()));
+    QCOMPARE(text(read->interfaces()[1].lock()->detail()),
+             text(device->interfaces()[1].lock()->detail()));
+    QCOMPARE(read->files()[0].lock()->detail().binary, std::string("other"));
+}
+
+void tst_DeviceStore::goneObjectsAreTakenOut()
+{
+    const auto device = ModelRecords::device();
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    QString error;
+    device->initModelData(std::vector{layer(1, 0, 1, 0x010203)}, error);
+    device->initModelData(std::vector{layer(1, 0, 1, 0x010203), layer(1, 0, 2)}, error);
+    const QStringList lines = written(device);
+    QVERIFY(lines.contains(QStringLiteral("DELETE 4 1/0/4/1/0")));
+    QVERIFY(lines.contains(QStringLiteral("INSERT 4 1/0/4/1/2")));
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice()->layers().size(), 2);
+}
+
+void tst_DeviceStore::orderOfTheDeviceIsKept()
+{
+    const auto device = ModelRecords::device();
+    QString error;
+    const auto order = [](const BizModel::Device &of) {
+        QList<int> ids;
+        const auto files = of.files();
+        for (const auto &file : files)
+            ids.append(file.lock()->detail().fileId);
+        return ids;
+    };
+    device->initModelData(
+        std::vector{ModelRecords::file(0, 9), ModelRecords::file(0, 3), ModelRecords::file(0, 5)},
+        error);
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    device->initModelData(std::vector{ModelRecords::file(0, 9), ModelRecords::file(0, 4),
+                                      ModelRecords::file(0, 3), ModelRecords::file(0, 5)},
+                          error);
+    // The new one finds room between its neighbours, which stay as they are.
+    QCOMPARE(written(device), QStringList(QStringLiteral("INSERT 5 0/4/0/0/0")));
+    device->initModelData(std::vector{ModelRecords::file(0, 5), ModelRecords::file(0, 9)}, error);
+    QVERIFY(!written(device).isEmpty());
+    const StoredModel model(file());
+    QCOMPARE(order(*model.onlyDevice()), (QList<int>{5, 9}));
+}
+
+void tst_DeviceStore::removedDeviceIsForgotten()
+{
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    {
+        const StoredModel model(file());
+        QVERIFY(model.list->remove(model.onlyDevice()));
+    }
+    const StoredModel model(file());
+    QVERIFY(model.list->devices().isEmpty());
+    QCOMPARE(query(file(), QStringLiteral("SELECT count(*) FROM record")),
+             QStringList(QStringLiteral("0")));
+}
+
+void tst_DeviceStore::devicesThatShareANumberWithTheRemovedOneStay()
+{
+    const auto sharing = [](quint8 sn, quint8 mac, quint8 address) {
+        const auto device = ModelRecords::device(address);
+        ProtoModel::DeviceBaseInfo info;
+        info.sn[7] = sn;
+        info.mac[5] = mac;
+        device->updateDeviceBaseInfo(info);
+        return device;
+    };
+    {
+        const StoredModel model(file());
+        const auto gone = sharing(1, 1, 1);
+        for (const auto &device : {gone, sharing(1, 2, 2), sharing(2, 1, 3)}) {
+            model.list->append(device);
+            model.save(device);
+        }
+        QVERIFY(model.list->remove(gone));
+    }
+    const StoredModel model(file());
+    QCOMPARE(model.list->devices().size(), 2);
+    for (const auto &device : model.list->devices())
+        QCOMPARE(device.lock()->interfaces().size(), 2);
+}
+
+void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()
+{
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    const StoredModel model(file());
+    const auto moved = ModelRecords::device();
+    moved->setIPAddress(QStringLiteral("198.51.100.7"));
+    model.list->append(moved);
+    QCOMPARE(model.onlyDevice(), moved);
+}
+
+QTEST_GUILESS_MAIN(tst_DeviceStore)
+#include "tst_devicestore.moc"

@@ -1,0 +1,156 @@
+// What the operating system can do to a save: end the process at any of its system calls, and find
+// no space at any of them. strace does both, call by call.
+
+#include <support/tavorobizmodel/storedstates.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QMap>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace StoredStates;
+
+namespace {
+
+/// What a child process does: saves the new state over the old one, trying again soon if it must.
+int saveAsChild(const QString &fileName)
+{
+    const StoredModel model(fileName, 20);
+    if (!model.isOpen)
+        return 1;
+    model.save(deviceIn(New));
+    return 0;
+}
+
+} // namespace
+
+class tst_DeviceStoreSyscalls : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void saveKilledAtAnyCallLeavesAWholeState_data() { addCalls(); }
+    void saveKilledAtAnyCallLeavesAWholeState();
+    void saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState_data() { addCalls(); }
+    void saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState();
+
+private:
+    struct Outcome {
+        bool isKilled;
+        int exitCode;
+        State state;
+    };
+
+    void addCalls() const;
+    /// Saves over a fresh copy of the old state with \a options of strace.
+    Outcome saved(const QStringList &options);
+    State storedState() const;
+
+    const QTemporaryDir m_folder;
+    const QString m_old = m_folder.filePath(QStringLiteral("old.sqlite"));
+    const QString m_file = m_folder.filePath(QStringLiteral("devices.sqlite"));
+    QMap<QByteArray, int> m_calls; ///< How often an undisturbed save makes each system call.
+};
+
+void tst_DeviceStoreSyscalls::initTestCase()
+{
+    {
+        const StoredModel model(m_old);
+        model.save(deviceIn(Old));
+    }
+    const QString log = m_folder.filePath(QStringLiteral("calls"));
+    const Outcome outcome = saved({QStringLiteral("-o"), log});
+    QCOMPARE(outcome.exitCode, 0);
+    QCOMPARE(outcome.state, New);
+
+    QFile calls(log);
+    QVERIFY(calls.open(QIODevice::ReadOnly));
+    const QRegularExpression call(QStringLiteral("^\\d+ +(\\w+)\\("));
+    while (!calls.atEnd()) {
+        const auto match = call.match(QString::fromUtf8(calls.readLine()));
+        if (match.hasMatch())
+            ++m_calls[match.captured(1).toUtf8()];
+    }
+    QVERIFY(m_calls.value("pwrite64") > 10);
+    QVERIFY(m_calls.value("fdatasync") + m_calls.value("fsync") > 2);
+}
+
+void tst_DeviceStoreSyscalls::addCalls() const
+{
+    QTest::addColumn<int>("count");
+    for (auto call = m_calls.begin(); call != m_calls.end(); ++call)
+        QTest::newRow(call.key().constData()) << call.value();
+}
+
+void tst_DeviceStoreSyscalls::saveKilledAtAnyCallLeavesAWholeState()
+{
+    QFETCH(int, count);
+    const QString call = QString::fromUtf8(QTest::currentDataTag());
+    State last = Old;
+    for (int number = 1; number <= count; ++number) {
+        const Outcome outcome = saved({QStringLiteral("-e"),
+                                       QStringLiteral("inject=%1:signal=SIGKILL:when=%2")
+                                           .arg(call, QString::number(number))});
+        QVERIFY(outcome.isKilled);
+        QVERIFY2(outcome.state != Mixed, qPrintable(QString::number(number)));
+        QVERIFY(outcome.state >= last); // once a save is complete, it is there at every later call
+        last = outcome.state;
+    }
+}
+
+void tst_DeviceStoreSyscalls::saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState()
+{
+    QFETCH(int, count);
+    const QString call = QString::fromUtf8(QTest::currentDataTag());
+    for (int number = 1; number <= count; ++number) {
+        const Outcome outcome = saved(
+            {QStringLiteral("-e"),
+             QStringLiteral("inject=%1:error=ENOSPC:when=%2").arg(call, QString::number(number))});
+        QVERIFY(!outcome.isKilled);
+        QCOMPARE(outcome.state, outcome.exitCode == 0 ? New : Old);
+    }
+}
+
+tst_DeviceStoreSyscalls::Outcome tst_DeviceStoreSyscalls::saved(const QStringList &options)
+{
+    QFile::remove(m_file);
+    if (!QFile::copy(m_old, m_file))
+        return {false, -1, Mixed};
+    QStringList arguments{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-o"),
+                          QStringLiteral("/dev/null")};
+    const QStringList ofTheStore{
+        {}, QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
+    for (const QString &ending : ofTheStore)
+        arguments << QStringLiteral("-P") << m_file + ending;
+    arguments << QStringLiteral("-P") << m_folder.path() << options
+              << QCoreApplication::applicationFilePath() << QStringLiteral("--save") << m_file;
+    QProcess child;
+    child.start(QStringLiteral("strace"), arguments);
+    if (!child.waitForFinished())
+        return {false, -1, Mixed};
+    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), storedState()};
+}
+
+State tst_DeviceStoreSyscalls::storedState() const
+{
+    const StoreSignals told;
+    const StoredModel model(m_file);
+    QCoreApplication::processEvents();
+    const auto device = model.onlyDevice();
+    return model.isOpen && told.setAside.isEmpty() && device ? stateOf(*device) : Mixed;
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("--save"))
+        return saveAsChild(arguments[2]);
+    tst_DeviceStoreSyscalls test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_devicestoresyscalls.moc"

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <support/tavorocontrol/operationtest.h>
+
+#include <tavorocontrol/interface.h>
+
+/// Every write of the class that sends: its form, its code, and the body of a list whose fields are
+/// all off their defaults, worked out by hand.
+///
+/// Apart from the test itself, since moc loses its way in raw strings.
+const std::vector<WriteRow<Tavoro::Control::Interface>> &interfaceWrites();

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <support/tavorocontrol/operationtest.h>
+
+#include <tavorocontrol/layer.h>
+
+/// Every write of the class that takes a list: its form, its code, and the body of a list whose
+/// fields are all off their defaults, worked out by hand.
+///
+/// Apart from the test itself, since moc loses its way in raw strings.
+const std::vector<WriteRow<Tavoro::Control::Layer>> &layerWrites();

@@ -1,0 +1,248 @@
+// The tool as a process against a simulated device: its calls one by one and in a batch, what it
+// prints where, and how it ends.
+
+#include <support/tavoroctl/toolcalls.h>
+
+#include <QJsonDocument>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+
+using Tavoro::Sim::SimOptions;
+
+class tst_TavoroCtl : public QObject, private ToolCalls {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aWriteReachesTheDevice();
+    void aReadPrintsItsAnswerAsJson();
+    void aReadTakesFiltersBelowZero();
+    void readsAndWritesGoInPackets();
+    void operationsThatTakeNumbersAlone();
+    void aRefusalIsToldOnceAndEndsWithOne();
+    void anUnreachableHostIsNamed();
+    void aSilentHostIsNamed();
+    void wrongUsageEndsWithTwoAndSendsNothing_data();
+    void wrongUsageEndsWithTwoAndSendsNothing();
+    void verboseShowsTheLogWhole();
+    void withoutVerboseThereIsNoLog();
+
+    void batchMakesOneCallPerLine();
+    void batchLinesMayNameTheHost();
+    void batchGoesOnAfterAFailureAndTellsTheWorst();
+
+    void helpAndVersion();
+};
+
+void tst_TavoroCtl::init()
+{
+    m_bench = std::make_unique<ToolBench>();
+}
+
+void tst_TavoroCtl::cleanup()
+{
+    m_bench.reset();
+}
+
+void tst_TavoroCtl::aWriteReachesTheDevice()
+{
+    const Run write = call(
+        {"Device.writeDeviceGroupInfo", R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})"});
+    QCOMPARE(write.errors, QByteArray("Set device group information successfully.\n"));
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 0);
+    const Run read = call({"Device.readDeviceGroupInfo"});
+    QCOMPARE(read.output,
+             QByteArray(R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})"
+                        "\n"));
+    QCOMPARE(read.errors, QByteArray("Get device group information successfully.\n"));
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::aReadPrintsItsAnswerAsJson()
+{
+    QCOMPARE(call({"Device.readOutputMapping"}).output,
+             QByteArray(R"({"general":{"type":0},"testPattern":{"enable":0,"type":0,"bright":0,)"
+                        R"("grid":0,"speed":0,"gridLineWidth":0,"gridType":0}})"
+                        "\n"));
+    const QByteArray decoded = call({"Device.readDetails"}).output;
+    QVERIFY(QJsonDocument::fromJson(decoded).isObject());
+    QCOMPARE(call({"Device.sendReadDeviceDetailsCmd"}).output, decoded);
+}
+
+void tst_TavoroCtl::aReadTakesFiltersBelowZero()
+{
+    const Run read = call({"Layer.readDetails", "77", "-1", "-1", "-1"});
+    QCOMPARE(read.output, QByteArray("[]\n"));
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::readsAndWritesGoInPackets()
+{
+    SimOptions options;
+    options.packetSize = 16;
+    m_bench = std::make_unique<ToolBench>(options);
+    const QByteArray groups = R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})";
+    QCOMPARE(call({"Device.writeDeviceGroupInfo", groups}).exitCode, 0);
+    QCOMPARE(call({"Device.readDeviceGroupInfo"}).output, groups + '\n');
+}
+
+void tst_TavoroCtl::operationsThatTakeNumbersAlone()
+{
+    QCOMPARE(call({"Device.writeLoadToPGM", "1"}).exitCode, 0);
+    QVERIFY(call({"Device.readDetails"}).output.contains(R"("presetApplyType":1)"));
+    QCOMPARE(call({"Layer.writeRemovedAll", "1", "1"}).exitCode, 0);
+    QCOMPARE(call({"Layer.readDetails", "1", "1", "-1", "-1"}).output, QByteArray("[]\n"));
+}
+
+void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
+{
+    const Run write = call({"Device.writeSwap", R"({"swap":2})"});
+    QCOMPARE(write.errors,
+             QByteArray("Set device swap status information failed: hardware error:4 .\n"));
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 1);
+
+    // Nothing is sent and nothing is said: the tool does.
+    const Run silent = call({"Interface.writeActualTiming", "[]"});
+    QCOMPARE(silent.errors, QByteArray("Interface.writeActualTiming failed.\n"));
+    QCOMPARE(silent.exitCode, 1);
+}
+
+void tst_TavoroCtl::anUnreachableHostIsNamed()
+{
+    QTcpSocket reserved; // A port that nobody listens on, and nobody else gets.
+    QVERIFY2(reserved.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress),
+             qPrintable(reserved.errorString()));
+    const QByteArray gone = "127.0.0.1:" + QByteArray::number(reserved.localPort());
+    const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", "{}"});
+    QVERIFY2(write.errors.contains(gone), write.errors.constData());
+    QCOMPARE(write.errors.count('\n'), 1);
+    QCOMPARE(write.output, QByteArray());
+    QCOMPARE(write.exitCode, 1);
+}
+
+void tst_TavoroCtl::aSilentHostIsNamed()
+{
+    QTcpServer silent; // Takes the connection and says nothing.
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    const QByteArray place = "127.0.0.1:" + QByteArray::number(silent.serverPort());
+    const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", "{}"});
+    QVERIFY2(write.errors.contains(place), write.errors.constData());
+    QCOMPARE(write.exitCode, 1);
+}
+
+void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
+{
+    QTest::addColumn<QByteArrayList>("arguments");
+    QTest::addColumn<QString>("words");
+    const QByteArray swap = "Device.writeSwap";
+    // The host does not exist: whoever tried to send would end with 1.
+    const QByteArray nowhere = "nowhere.invalid";
+    // clang-format off
+    QTest::newRow("no command")        << QByteArrayList{}                               << "a command is missing; --help tells what there is";
+    QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "there is no command \"dance\"; --help tells what there is";
+    QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
+    QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not what --timeout takes.";
+    QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
+    QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
+    QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
+    QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"}
+        << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
+    QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
+    QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"}
+        << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
+    QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"}
+        << "Device.writeSwap, argument 1: line 1, column 1: an object is due here, {...}, not a list";
+    QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"}
+        << "Device.writeSwap, argument 1: line 1, column 2: \"swop\" is none of the keys here: swap";
+    QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, "{}", "{}"} << "Device.writeSwap, argument 2: \"{}\" is one too many";
+    QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"}
+        << "Screen.readDetails, argument 2: \"all\" is not a number";
+    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "there is no operation \"Device.swap\"";
+    QTest::newRow("list of two")       << QByteArrayList{"list", "a", "b"}               << "list takes [OPERATION]";
+    QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes HOST[:PORT]";
+    // clang-format on
+}
+
+void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing()
+{
+    QFETCH(QByteArrayList, arguments);
+    QFETCH(QString, words);
+    const Run result = run(arguments);
+    QCOMPARE(QString::fromUtf8(result.errors), QStringLiteral("tavoroctl: %1\n").arg(words));
+    QCOMPARE(result.output, QByteArray());
+    QCOMPARE(result.exitCode, 2);
+}
+
+void tst_TavoroCtl::verboseShowsTheLogWhole()
+{
+    const Run read = run({"--verbose", "call", host(), "Device.readDetails"});
+    QVERIFY2(read.errors.contains("[tavoro.control] info: TavoroCmd \"Simulated device\""),
+             read.errors.constData());
+    const QByteArray quoted = read.output.trimmed().replace("\"", "\\\"");
+    QVERIFY2(read.errors.contains('"' + quoted + "\"\n"), read.errors.constData());
+    QCOMPARE(read.exitCode, 0);
+}
+
+void tst_TavoroCtl::withoutVerboseThereIsNoLog()
+{
+    QVERIFY(!call({"Device.readDetails"}).errors.contains("TavoroCmd"));
+}
+
+void tst_TavoroCtl::batchMakesOneCallPerLine()
+{
+    const Run batch = run({"batch", host()},
+                          "# A comment and an empty line.\n\n"
+                          "Device.writeDeviceGroupInfo {\"groupInfos\":[{\"groupName\":\"a b\","
+                          "\"groupId\":\"7\"}]}\n"
+                          "Device.readDeviceGroupInfo\n"
+                          "Layer.readDetails 77 -1 -1 -1");
+    QCOMPARE(batch.output,
+             QByteArray("{\"groupInfos\":[{\"groupName\":\"a b\",\"groupId\":\"7\"}]}\n[]\n"));
+    QCOMPARE(batch.errors,
+             QByteArray("Set device group information successfully.\n"
+                        "Get device group information successfully.\n"
+                        "Get layer detail information successfully.\n"));
+    QCOMPARE(batch.exitCode, 0);
+}
+
+void tst_TavoroCtl::batchLinesMayNameTheHost()
+{
+    const Run batch =
+        run({"batch"},
+            host() + " Device.writeSwap '{\"swap\":0}'\n" + host() + " Device.readDetails\n");
+    QVERIFY2(batch.output.contains("\"swap\":0"), batch.output.constData());
+    QCOMPARE(batch.exitCode, 0);
+}
+
+void tst_TavoroCtl::batchGoesOnAfterAFailureAndTellsTheWorst()
+{
+    const Run failed =
+        run({"batch", host()}, "Device.writeSwap {\"swap\":2}\nDevice.writeSwap {\"swap\":0}\n");
+    QCOMPARE(failed.errors,
+             QByteArray("Set device swap status information failed: hardware error:4 .\n"
+                        "Set device swap status information successfully.\n"));
+    QCOMPARE(failed.exitCode, 1);
+    const Run wrong = run({"batch", host()}, "Device.swap\nDevice.writeSwap {\"swap\":2}\n");
+    QCOMPARE(wrong.errors,
+             QByteArray("tavoroctl: line 1 of the batch: there is no operation \"Device.swap\"; "
+                        "\"tavoroctl list\" tells what there is\n"
+                        "Set device swap status information failed: hardware error:4 .\n"));
+    QCOMPARE(wrong.exitCode, 2);
+}
+
+void tst_TavoroCtl::helpAndVersion()
+{
+    const Run help = run({"--help"});
+    QVERIFY(help.output.contains("Exit status: 0 done, 1 a device or an operation failed, "));
+    QCOMPARE(help.exitCode, 0);
+    QVERIFY(run({"--version"}).output.startsWith("tavoroctl 0."));
+    QCOMPARE(run({"call", "--help"}).exitCode, 0);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtl)
+#include "tst_tavoroctl.moc"

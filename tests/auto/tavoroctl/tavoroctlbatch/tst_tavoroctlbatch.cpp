@@ -1,0 +1,122 @@
+// Batches of the tool: which device a line reaches, and which lines are refused.
+
+#include <support/tavoroctl/toolbench.h>
+
+#include <QTest>
+
+using Tavoro::Sim::SimOptions;
+
+class tst_TavoroCtlBatch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void devicesOfOneAddressAreToldApart();
+    void devicesOfOneIdentityAreRefused();
+    void oneDeviceMayHaveTwoNames();
+    void linesThatCannotBeMeantAreRefused_data();
+    void linesThatCannotBeMeantAreRefused();
+    void hostOfTheBatchIsReadBeforeItsLines();
+    void hostOfALineIsNamedWithTheLine();
+};
+
+namespace {
+
+QByteArray swapLine(const QByteArray &host, int swap)
+{
+    return host + " Device.writeSwap {\"swap\":" + QByteArray::number(swap) + "}\n";
+}
+
+bool isSwapped(const ToolBench &bench)
+{
+    return bench.run("call", {"Device.readDetails"}).output.contains("\"swap\":1,");
+}
+
+const QByteArray swapDone = "Set device swap status information successfully.\n";
+
+} // namespace
+
+void tst_TavoroCtlBatch::devicesOfOneAddressAreToldApart()
+{
+    SimOptions options;
+    const ToolBench first(options);
+    options.sn.back() = 2;
+    const ToolBench second(options);
+    const ToolRun batch =
+        ToolBench::run({"batch"}, swapLine(second.host(), 1) + swapLine(first.host(), 0));
+    QCOMPARE(batch.errors, swapDone + swapDone);
+    QCOMPARE(batch.exitCode, 0);
+    QVERIFY(!isSwapped(first));
+    QVERIFY(isSwapped(second));
+}
+
+void tst_TavoroCtlBatch::devicesOfOneIdentityAreRefused()
+{
+    const ToolBench first;
+    const ToolBench second;
+    const ToolRun batch =
+        ToolBench::run({"batch"}, swapLine(first.host(), 0) + swapLine(second.host(), 1));
+    QCOMPARE(batch.errors,
+             swapDone + "The devices at " + first.host() + " and " + second.host()
+                 + " tell the same identity; a batch cannot tell them apart.\n");
+    QCOMPARE(batch.exitCode, 1);
+    QVERIFY(!isSwapped(first));
+}
+
+void tst_TavoroCtlBatch::oneDeviceMayHaveTwoNames()
+{
+    const ToolBench bench;
+    const QByteArray otherName = "127.1:" + QByteArray::number(bench.device->port());
+    const ToolRun batch =
+        ToolBench::run({"batch"}, swapLine(bench.host(), 1) + swapLine(otherName, 0));
+    QCOMPARE(batch.errors, swapDone + swapDone);
+    QCOMPARE(batch.exitCode, 0);
+    QVERIFY(!isSwapped(bench));
+}
+
+void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("words");
+    // clang-format off
+    QTest::newRow("unclosed")         << QByteArray(R"(Device.writeSwap '{"swap":1})")  << QByteArray("a quote is not closed");
+    QTest::newRow("quote alone")      << QByteArray("Device.writeSwap '")               << QByteArray("a quote is not closed");
+    QTest::newRow("closed too early") << QByteArray(R"('Device.writeSwap'{"swap":1})")  << QByteArray("a blank is missing behind a quote");
+    QTest::newRow("quote at quote")   << QByteArray(R"('Device.writeSwap''{"swap":1}')") << QByteArray("a blank is missing behind a quote");
+    // clang-format on
+}
+
+void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, words);
+    const ToolBench bench;
+    QCOMPARE(ToolBench::run({"batch"}, swapLine(bench.host(), 0)).exitCode, 0);
+    const ToolRun batch =
+        ToolBench::run({"batch", bench.host()},
+                       "# A comment's quote is none.\n" + line + "\nDevice.readDeviceGroupInfo\n");
+    QCOMPARE(batch.errors,
+             "tavoroctl: line 2 of the batch: " + words
+                 + "\nGet device group information successfully.\n");
+    QCOMPARE(batch.exitCode, 2);
+    QVERIFY(!isSwapped(bench));
+}
+
+void tst_TavoroCtlBatch::hostOfTheBatchIsReadBeforeItsLines()
+{
+    for (const QByteArray &input : {QByteArray(), QByteArray("Device.swap\n")}) {
+        const ToolRun batch = ToolBench::run({"batch", "a:99999"}, input);
+        QCOMPARE(batch.errors, QByteArray("tavoroctl: \"a:99999\" is not HOST[:PORT]\n"));
+        QCOMPARE(batch.exitCode, 2);
+    }
+}
+
+void tst_TavoroCtlBatch::hostOfALineIsNamedWithTheLine()
+{
+    const ToolRun batch = ToolBench::run({"batch"}, "\na:99999 Device.writeSwap {\"swap\":1}\n");
+    QCOMPARE(batch.errors,
+             QByteArray("tavoroctl: line 2 of the batch: \"a:99999\" is not HOST[:PORT]\n"));
+    QCOMPARE(batch.exitCode, 2);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtlBatch)
+#include "tst_tavoroctlbatch.moc"

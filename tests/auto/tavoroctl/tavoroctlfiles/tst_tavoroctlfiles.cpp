@@ -1,0 +1,224 @@
+// files and push, and pull of what was pushed: what reaches the device and the disk.
+
+#include <support/tavoroctl/tooltransfers.h>
+
+#include <QTest>
+
+using Tavoro::Sim::SimOptions;
+
+class tst_TavoroCtlFiles : public QObject, private ToolTransfers {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void filesShowsATable();
+    void filesOfOneType();
+    void filesPrintsJson();
+    void whatIsPushedIsPulledBackByteForByte_data();
+    void whatIsPushedIsPulledBackByteForByte();
+    void pushAnnouncesLengthAndHashSum();
+    void pushNamesTheFileAfterItself();
+    void pushOfAFileThatIsNotThere();
+    void pushThatTheDeviceRefuses();
+    void pushInterruptedLeavesTheDeviceWithoutTheFile();
+    void pushThatGoesWrongEndsWithOne();
+
+    void progressIsDrawnOnATerminal();
+    void progressIsNotDrawnInAPipe();
+    void wrongUsageEndsWithTwo_data();
+    void wrongUsageEndsWithTwo();
+};
+
+void tst_TavoroCtlFiles::init()
+{
+    m_bench = std::make_unique<ToolBench>();
+}
+
+void tst_TavoroCtlFiles::cleanup()
+{
+    m_bench.reset();
+}
+
+void tst_TavoroCtlFiles::filesShowsATable()
+{
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    QCOMPARE(m_bench->run("push", {file, "--type", "logo", "--id", "7", "--size", "3x4"}).exitCode,
+             0);
+    QCOMPARE(m_bench->run("push", {file, "--type", "12", "--name", "a b"}).exitCode, 0);
+    const ToolRun files = m_bench->run("files", {});
+    QCOMPARE(files.output,
+             QByteArray("TYPE  ID  NAME  BYTES  HASH      PIXELS\n"
+                        "logo  7   nine  9      cbf43926  3x4\n"
+                        "12    0   a b   9      cbf43926\n"));
+    QCOMPARE(files.errors, QByteArray());
+    QCOMPARE(files.exitCode, 0);
+}
+
+void tst_TavoroCtlFiles::filesOfOneType()
+{
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    QCOMPARE(m_bench->run("push", {file, "--type", "2"}).exitCode, 0);
+    QCOMPARE(m_bench->run("push", {file, "--type", "background"}).exitCode, 0);
+    QCOMPARE(m_bench->run("files", {"logo"}).output,
+             QByteArray("TYPE  ID  NAME  BYTES  HASH      PIXELS\n"
+                        "logo  0   nine  9      cbf43926\n"));
+    QCOMPARE(m_bench->run("files", {"6"}).output,
+             QByteArray("TYPE  ID  NAME  BYTES  HASH  PIXELS\n"));
+}
+
+void tst_TavoroCtlFiles::filesPrintsJson()
+{
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
+    QCOMPARE(m_bench->run("files", {"--json"}).output,
+             QByteArray(R"([{"fileId":0,"fileType":0,"general":{"name":"nine"},)"
+                        R"("source":{"id":0,"type":0,"zoomRatio":1},)"
+                        R"("size":{"length":9,"hashSum":-873187034,"width":0,"height":0}}])"
+                        "\n"));
+}
+
+void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::newRow("empty") << 0;
+    QTest::newRow("one byte") << 1;
+    QTest::newRow("one packet") << 1000;
+    QTest::newRow("one packet and a byte") << 1001;
+    QTest::newRow("many packets") << 123456;
+}
+
+void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte()
+{
+    QFETCH(int, length);
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    const QByteArray content = bytes(length);
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", content), "--id", "254"});
+    QCOMPARE(push.errors, QByteArray());
+    QCOMPARE(push.exitCode, 0);
+    const ToolRun pull = m_bench->run("pull", {"background", "254", m_bench->path("fetched")});
+    QCOMPARE(pull.errors, QByteArray());
+    QCOMPARE(pull.output, QByteArray());
+    QCOMPARE(pull.exitCode, 0);
+    QCOMPARE(m_bench->content("fetched"), content);
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({"fetched", "sent"}));
+}
+
+void tst_TavoroCtlFiles::pushAnnouncesLengthAndHashSum()
+{
+    // The device checks both, and refuses a content that is another.
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    const ToolRun push = m_bench->run("push", {file, "--verbose"});
+    const QByteArray announced = R"(\"size\":{\"length\":9,\"hashSum\":-873187034,)";
+    QVERIFY2(push.errors.contains(announced), push.errors.constData());
+}
+
+void tst_TavoroCtlFiles::pushNamesTheFileAfterItself()
+{
+    const QByteArray file = m_bench->makeFile("wall.png", "123456789");
+    QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
+    QVERIFY(m_bench->run("files", {}).output.contains("background  0   wall.png  9 "));
+}
+
+void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
+{
+    const QByteArray file = m_bench->path("nothing");
+    const ToolRun push = m_bench->run("push", {file});
+    QCOMPARE(push.errors, file + " cannot be read: No such file or directory\n");
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushThatTheDeviceRefuses()
+{
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    const ToolRun push = m_bench->run("push", {file, "--name", QByteArray(300, 'n')});
+    QCOMPARE(push.errors, QByteArray("Set file import information failed: hardware error:4 .\n"));
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushInterruptedLeavesTheDeviceWithoutTheFile()
+{
+    useSlowDevice();
+    const QByteArray file = m_bench->makeFile("long", bytes(400000));
+    Terminal terminal;
+    RunningTool push(m_bench->line("push", {file, "--id", "2"}), terminal.name());
+    QVERIFY(terminal.waitFor("]   1 %  long"));
+    push.interrupt();
+    QCOMPARE(push.finish().exitCode, 1);
+    QVERIFY(terminal.drawn().endsWith("\r\x1b[KInterrupted.\r\n"));
+    const QByteArray files = m_bench->run("files", {}).output;
+    QVERIFY2(files.contains("image"), files.constData());
+    QVERIFY2(!files.contains("long"), files.constData());
+}
+
+void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
+{
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    m_bench->console(QStringLiteral("fault add status=10,code=FileImport,skip=3"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(5000))});
+    QCOMPARE(push.errors, QByteArray("Set file import information failed: hardware error:10 .\n"));
+    QCOMPARE(push.exitCode, 1);
+    m_bench->console(QStringLiteral("fault clear"));
+    QCOMPARE(m_bench->run("files", {}).output, QByteArray("TYPE  ID  NAME  BYTES  HASH  PIXELS\n"));
+}
+
+void tst_TavoroCtlFiles::progressIsDrawnOnATerminal()
+{
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    const QByteArray file = m_bench->makeFile("wall", bytes(2000));
+    Terminal terminal;
+    RunningTool push(m_bench->line("push", {file}), terminal.name());
+    QCOMPARE(push.finish().exitCode, 0);
+    QCOMPARE(terminal.drawn(),
+             QByteArray("\r[###############---------------]  50 %  wall\x1b[K"
+                        "\r[##############################] 100 %  wall\x1b[K"
+                        "\r\x1b[K"));
+}
+
+void tst_TavoroCtlFiles::progressIsNotDrawnInAPipe()
+{
+    const QByteArray file = m_bench->makeFile("wall", bytes(200000));
+    const ToolRun push = m_bench->run("push", {file});
+    QCOMPARE(push.errors + push.output, QByteArray());
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("fetched")});
+    QCOMPARE(pull.errors + pull.output, QByteArray());
+}
+
+void tst_TavoroCtlFiles::wrongUsageEndsWithTwo_data()
+{
+    QTest::addColumn<QByteArrayList>("arguments");
+    QTest::addColumn<QString>("words");
+    const QByteArray host = "nowhere.invalid";
+    // clang-format off
+    QTest::newRow("no file")      << QByteArrayList{"pull", host, "0", "0"}                  << "pull takes HOST[:PORT] TYPE ID FILE";
+    QTest::newRow("type by word") << QByteArrayList{"pull", host, "movie", "0", "f"}         << "\"movie\" is no type of files, which is %1";
+    QTest::newRow("type 255")     << QByteArrayList{"pull", host, "255", "0", "f"}           << "\"255\" is no type of files, which is %1";
+    QTest::newRow("id 255")       << QByteArrayList{"pull", host, "0", "255", "f"}           << "\"255\" is no number of a file, which is 0 to 254";
+    QTest::newRow("id below 0")   << QByteArrayList{"push", host, "f", "--id", "-1"}         << "\"-1\" is no number of a file, which is 0 to 254";
+    QTest::newRow("size")         << QByteArrayList{"push", host, "f", "--size", "10"}       << "\"10\" is not WIDTHxHEIGHT";
+    QTest::newRow("foreign option") << QByteArrayList{"pull", host, "0", "0", "f", "--type", "1"} << "Unknown option 'type'.";
+    QTest::newRow("files of no type") << QByteArrayList{"files", host, "all"}                << "\"all\" is no type of files, which is %1";
+    // clang-format on
+}
+
+void tst_TavoroCtlFiles::wrongUsageEndsWithTwo()
+{
+    QFETCH(QByteArrayList, arguments);
+    QFETCH(QString, words);
+    words.replace(QStringLiteral("%1"),
+                  QStringLiteral("0 to 254 or one of: background, logo, "
+                                 "screen-preset, device-preset"));
+    const ToolRun run = ToolBench::run(arguments);
+    QCOMPARE(QString::fromUtf8(run.errors), QStringLiteral("tavoroctl: %1\n").arg(words));
+    QCOMPARE(run.exitCode, 2);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtlFiles)
+#include "tst_tavoroctlfiles.moc"

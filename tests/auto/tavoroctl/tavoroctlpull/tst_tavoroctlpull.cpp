@@ -1,0 +1,188 @@
+// pull: what reaches the disk, and what a transfer that ends early leaves.
+
+#include <support/tavoroctl/tooltransfers.h>
+
+#include <QProcess>
+#include <QTest>
+
+#include <csignal>
+
+using Tavoro::Sim::SimOptions;
+
+class tst_TavoroCtlPull : public QObject, private ToolTransfers {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void pullTakesThePlaceOfAFile();
+    void pullOfAFileThatIsNotThereLeavesNothing();
+    void failedPullKeepsTheFileThatIsThere();
+    void pullThatGoesWrongLeavesNothing_data();
+    void pullThatGoesWrongLeavesNothing();
+
+    void pullInterruptedLeavesNothing_data();
+    void pullInterruptedLeavesNothing();
+    void pullInterruptedKeepsTheFileThatIsThere();
+    void pullOfALostDeviceLeavesNothing();
+
+    void pullIntoAFolderThatIsNotThere();
+    void pullOntoAFullDiskLeavesNothing();
+};
+
+void tst_TavoroCtlPull::init()
+{
+    m_bench = std::make_unique<ToolBench>();
+}
+
+void tst_TavoroCtlPull::cleanup()
+{
+    m_bench.reset();
+}
+
+void tst_TavoroCtlPull::pullTakesThePlaceOfAFile()
+{
+    const QByteArray file = m_bench->makeFile("nine", "123456789");
+    QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
+    m_bench->makeFile("target", "old and longer than the new one");
+    QCOMPARE(m_bench->run("pull", {"0", "0", m_bench->path("target")}).exitCode, 0);
+    QCOMPARE(m_bench->content("target"), QByteArray("123456789"));
+}
+
+void tst_TavoroCtlPull::pullOfAFileThatIsNotThereLeavesNothing()
+{
+    const ToolRun pull = m_bench->run("pull", {"logo", "9", m_bench->path("target")});
+    QCOMPARE(pull.errors, QByteArray("Get file export information failed: hardware error:3 .\n"));
+    QCOMPARE(pull.exitCode, 1);
+    QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+void tst_TavoroCtlPull::failedPullKeepsTheFileThatIsThere()
+{
+    m_bench->makeFile("target", "old");
+    QCOMPARE(m_bench->run("pull", {"logo", "9", m_bench->path("target")}).exitCode, 1);
+    QCOMPARE(m_bench->content("target"), QByteArray("old"));
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
+}
+
+void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QByteArray>("told");
+    const QByteArray failed = "Get file export information failed: ";
+    const QByteArray tooShort = "4500 bytes have come, but the device tells of 5000.\n";
+    const QByteArray other = "What has come has another hash sum than the device tells.\n";
+    const QByteArray noList = "Get file detail information failed: hardware error:9 .\n";
+    const auto inTheMiddle = [](const char *fault) {
+        return QLatin1String(fault) + QStringLiteral(",code=FileExport,skip=3,count=1");
+    };
+    // clang-format off
+    QTest::newRow("refused in the middle")   << inTheMiddle("status=9")                              << failed + "hardware error:9 .\n";
+    QTest::newRow("connection lost")         << inTheMiddle("drop-within")                           << failed;
+    QTest::newRow("broken packet")           << inTheMiddle("wrong-checksum")                        << failed;
+    QTest::newRow("half a packet")           << inTheMiddle("truncate")                              << tooShort;
+    QTest::newRow("half of the last packet") << QStringLiteral("truncate,code=FileExport,skip=4")    << tooShort;
+    QTest::newRow("other bytes")             << inTheMiddle("garble")                                << other;
+    QTest::newRow("no list of files")        << QStringLiteral("status=9,code=FileDetail")           << noList;
+    // clang-format on
+}
+
+void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing()
+{
+    QFETCH(QString, fault);
+    QFETCH(QByteArray, told);
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    QCOMPARE(m_bench->run("push", {m_bench->makeFile("sent", bytes(5000))}).exitCode, 0);
+    m_bench->makeFile("target", "old");
+    m_bench->console(QStringLiteral("fault add ") + fault);
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("target")});
+    QVERIFY2(pull.errors.startsWith(told), pull.errors.constData());
+    QCOMPARE(pull.errors.count('\n'), 1);
+    QCOMPARE(pull.exitCode, 1);
+    QCOMPARE(m_bench->content("target"), QByteArray("old"));
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({"sent", "target"}));
+}
+
+void tst_TavoroCtlPull::pullInterruptedLeavesNothing_data()
+{
+    QTest::addColumn<int>("signalNumber");
+    QTest::newRow("Ctrl-C") << SIGINT;
+    QTest::newRow("end of the session") << SIGTERM;
+}
+
+void tst_TavoroCtlPull::pullInterruptedLeavesNothing()
+{
+    QFETCH(int, signalNumber);
+    useSlowDevice();
+    Terminal terminal;
+    RunningTool pull(m_bench->line("pull", {"background", "1", m_bench->path("target")}),
+                     terminal.name());
+    QVERIFY(terminal.waitFor("]   1 %  target"));
+    pull.interrupt(signalNumber);
+    QCOMPARE(pull.finish().exitCode, 1);
+    QVERIFY(terminal.drawn().endsWith("\r\x1b[KOperation has been cancelled.\r\n"));
+    QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+void tst_TavoroCtlPull::pullInterruptedKeepsTheFileThatIsThere()
+{
+    useSlowDevice();
+    m_bench->makeFile("target", "old");
+    Terminal terminal;
+    RunningTool pull(m_bench->line("pull", {"background", "1", m_bench->path("target")}),
+                     terminal.name());
+    QVERIFY(terminal.waitFor("]   1 %  target"));
+    pull.interrupt();
+    QCOMPARE(pull.finish().exitCode, 1);
+    QCOMPARE(m_bench->content("target"), QByteArray("old"));
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
+}
+
+void tst_TavoroCtlPull::pullOfALostDeviceLeavesNothing()
+{
+    useSlowDevice();
+    Terminal terminal;
+    RunningTool pull(m_bench->line("pull", {"background", "1", m_bench->path("target")}),
+                     terminal.name());
+    QVERIFY(terminal.waitFor("]   1 %  target"));
+    m_bench->device.reset();
+    QCOMPARE(pull.finish().exitCode, 1);
+    const QByteArray drawn = terminal.drawn();
+    QVERIFY2(drawn.contains("\x1b[KGet file export information failed: "), drawn.constData());
+    QCOMPARE(drawn.count('\n'), 1);
+    QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+void tst_TavoroCtlPull::pullIntoAFolderThatIsNotThere()
+{
+    const QByteArray target = m_bench->path("nowhere/target");
+    const ToolRun pull = m_bench->run("pull", {"0", "0", target});
+    QCOMPARE(pull.errors, target + " cannot be written: No such file or directory\n");
+    QCOMPARE(pull.exitCode, 1);
+}
+
+void tst_TavoroCtlPull::pullOntoAFullDiskLeavesNothing()
+{
+    QCOMPARE(m_bench->run("push", {m_bench->makeFile("long", bytes(400000))}).exitCode, 0);
+    m_bench->removeFile("long");
+    // A limit on the length of files stands in for the end of a disk.
+    QProcess shell;
+    const QStringList tool{QString::fromUtf8(m_bench->host()), QStringLiteral("0"),
+                           QStringLiteral("0"), QString::fromUtf8(m_bench->path("target"))};
+    shell.start(QStringLiteral("sh"),
+                QStringList{QStringLiteral("-c"),
+                            QStringLiteral("ulimit -f 100; trap '' XFSZ; exec \"$0\" pull \"$@\""),
+                            QStringLiteral(TAVOROCTL)}
+                    + tool);
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.readAllStandardError(),
+             m_bench->path("target") + " cannot be written: File too large\n");
+    QCOMPARE(shell.exitCode(), 1);
+    QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroCtlPull)
+#include "tst_tavoroctlpull.moc"

@@ -1,0 +1,377 @@
+// Faults of the simulated device: how rules are read and used, and the bytes that leave for each
+// fault.
+
+#include <support/tavorosim/faultrule.h>
+
+#include <tavorosim/commands/commandnames.h>
+#include <tavorosim/faults/faultyanswers.h>
+#include <tavorowire/frame.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <cstring>
+
+using namespace Tavoro;
+using namespace Tavoro::Sim;
+using SSProxy::Wire::WireHead;
+
+namespace {
+
+// The answer to a read of code 0x1100 with tag 2 on stream 2, and its first half.
+constexpr char rightAnswer[] =
+    "545601020A00000000010200B6FF1AF560BB0200010100000000000000001100000000007B2273776170223A317D";
+constexpr char halfAnswer[] = "545601020A00000000010200B6FF1AF560BB0200010100";
+
+struct FaultCase {
+    const char *rule;
+    const char *bytes;
+    int carriedOut; ///< How often.
+    const char *effect;
+};
+
+// clang-format off
+constexpr FaultCase faultCases[] = {
+    {"status=8",             "5456010200000000080102000FA400000000020001010000000000000000110000000000",                        0, ""},
+    {"late=200",             rightAnswer,                                                                                             1, "late 200"},
+    {"silent",               "",                                                                                                1, ""},
+    {"ignore",               "",                                                                                                0, ""},
+    {"stall",                halfAnswer,                                                                                              1, ""},
+    {"drop-request",         "",                                                                                                0, "ends"},
+    {"drop-before",          "",                                                                                                1, "ends"},
+    {"drop-within",          halfAnswer,                                                                                              1, "ends"},
+    {"drop-after",           rightAnswer,                                                                                             1, "ends"},
+    {"wrong-flag",           "AB5601020A00000000010200649F1AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-version",        "545681020A000000000102008F5B1AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-tag",            "545601820A0000000001020007C41AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-length",         "545601020A0000100001020059141AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-length=1",       "545601020B00000000010200D4881AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-length=4294967295", "54560102FFFFFFFF000102008A221AF560BB0200010100000000000000001100000000007B2273776170223A317D", 1, ""},
+    {"wrong-index",          "545601020A000000008102001E991AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-kind",           "545601020A0000000001820083791AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-head-checksum",  "545601020A0000000001020049FF1AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-checksum",       "545601020A00000000010200598AE5F560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-stream",         "545601020A00000000010200EEA71AF560BBFD00010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-type",           "545601020A00000000010200A3DB1AF560BB0200810100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"wrong-code",           "545601020A00000000010200AB791AF560BB0200010100000000000000801100000000007B2273776170223A317D",    1, ""},
+    {"packets",              "545601020A00000000010200FA441AF560BB020001FFFFFFFF00000000001100000000007B2273776170223A317D",    1, ""},
+    {"packets=3",            "545601020A00000000010200E26F1AF560BB0200010300000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"swap-packets",         rightAnswer,                                                                                             1, ""},
+    {"twice",                "545601020A00000000010200B6FF1AF560BB0200010100000000000000001100000000007B2273776170223A317D"
+                             "545601020A00000000010200B6FF1AF560BB0200010100000000000000001100000000007B2273776170223A317D",    1, ""},
+    {"other-tag",            rightAnswer,                                                                                             1, ""},
+    {"truncate",             "545601020500000000010200AE6C8029674E0200010100000000000000001100000000007B22737761",              1, ""},
+    {"truncate=2",           "5456010202000000000102001F1126F372580200010100000000000000001100000000007B22",                    1, ""},
+    {"truncate=99",          rightAnswer,                                                                                             1, ""},
+    {"garble",               "545601020A00000000010200E673E989B3370200010100000000000000001100000000007B2273776170223A3123",    1, ""},
+    {"garble=2",             "545601020A0000000001020057648E2223750200010100000000000000001100000000007B2273772370223A3123",    1, ""},
+    {"garble=10",            "545601020A00000000010200A4A441F42BE602000101000000000000000011000000000023232323232323232323",    1, ""},
+    {"garble=4294967295",    "545601020A00000000010200A4A441F42BE602000101000000000000000011000000000023232323232323232323",    1, ""},
+    {"stop-reading",         "",                                                                                                0, "reads on after 0"},
+    {"stop-reading=5",       "",                                                                                                0, "reads on after 5"},
+    {"reboot",               "",                                                                                                0, "ends restarts"},
+    {"flood=3",              rightAnswer,                                                                                             1, "3 reports"},
+};
+// clang-format on
+
+WireHead readRequest(quint8 tag = 2, quint16 stream = 2, quint32 total = 0, quint32 index = 0)
+{
+    WireHead head;
+    head.kind = 1;
+    head.type = 1;
+    head.BC = 0x11;
+    head.lables = tag;
+    head.stream = stream;
+    head.totalCount = total;
+    head.sendCount = index;
+    return head;
+}
+
+/// What becomes of the connection, in words.
+QString effectOf(const Delivery &delivery)
+{
+    QStringList words;
+    if (delivery.delay > 0)
+        words << QStringLiteral("late %1").arg(delivery.delay);
+    if (delivery.endsConnection)
+        words << QStringLiteral("ends");
+    if (delivery.stopsReading)
+        words << QStringLiteral("reads on after %1").arg(delivery.readingPause);
+    if (delivery.reports > 0)
+        words << QStringLiteral("%1 reports").arg(delivery.reports);
+    if (delivery.restarts)
+        words << QStringLiteral("restarts");
+    return words.join(QLatin1Char(' '));
+}
+
+/// One connection whose answers are all {"swap":1}, or with a split answer its packets "0", "1" ...
+struct Connection {
+    explicit Connection(std::initializer_list<const char *> texts, quint32 packets = 1)
+        : total(packets)
+    {
+        for (const char *text : texts)
+            rules.add(faultRule(text));
+    }
+
+    Delivery ask(const WireHead &request, quint16 code = 0x1100)
+    {
+        return answers.deliver(request, code, [this](const WireHead &head) {
+            ++carriedOut;
+            PacketDesk::Packet packet{SSProxy::Wire::responseHead(head), "{\"swap\":1}"};
+            packet.head.totalCount = total;
+            packet.head.sendCount = head.sendCount;
+            if (total > 1)
+                packet.body = std::to_string(head.sendCount);
+            return packet;
+        });
+    }
+
+    FaultRules rules;
+    FaultyAnswers answers{rules};
+    quint32 total;
+    int carriedOut = 0;
+};
+
+WireHead headOf(const Delivery &delivery)
+{
+    WireHead head;
+    std::memcpy(static_cast<void *>(&head), delivery.bytes.constData(), sizeof head);
+    return head;
+}
+
+/// "status/index/body" of the answer.
+QString packetOf(const Delivery &delivery)
+{
+    return QStringLiteral("%1/%2/%3")
+        .arg(headOf(delivery).lables)
+        .arg(headOf(delivery).sendCount)
+        .arg(QLatin1String(delivery.bytes.mid(36)));
+}
+
+} // namespace
+
+class tst_FaultRules : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ruleIsReadAndTold_data();
+    void ruleIsReadAndTold();
+    void whatIsNoRuleIsRefused_data();
+    void whatIsNoRuleIsRefused();
+    void everyCommandHasItsName();
+    void everyFaultHasACase();
+    void eachFaultSendsItsBytes_data();
+    void eachFaultSendsItsBytes();
+    void firstRuleThatFitsIsTaken();
+    void rulesWithoutCodeSpareTheIdentity();
+    void countAndSkipAreUsedUp();
+    void shareGoesByTheSeed();
+    void shareIsDrawnBehindThoseThatAreSkipped();
+    void anotherRequestsTagIsUsed();
+    void swappedPacketsComeInEachOthersPlace();
+};
+
+void tst_FaultRules::ruleIsReadAndTold_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("told");
+    const auto row = [](const char *text, const char *told) {
+        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(told);
+    };
+    row("silent", "silent");
+    row("status=255", "status=255");
+    row("late=0x10,count=1", "late=16,count=1");
+    row("late=0X1f", "late=31");
+    row("late=010", "late=10");
+    row("silent,skip=08,count=09,share=010", "silent,skip=8,count=9,share=10");
+    row("silent,code=04423", "silent,code=0x1147");
+    row("truncate", "truncate=0");
+    row("wrong-length", "wrong-length=268435456");
+    row("drop-within,code=0x1107", "drop-within,code=DeviceSwap");
+    row("drop-within,code=DeviceSwap", "drop-within,code=DeviceSwap");
+    row("drop-within,code=4423", "drop-within,code=0x1147");
+    row("ignore,code=identity", "ignore,code=identity");
+    row("ignore,share=25,count=3,skip=2", "ignore,skip=2,count=3,share=25");
+    row("ignore,share=100,skip=0", "ignore");
+}
+
+void tst_FaultRules::ruleIsReadAndTold()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, told);
+    QString error;
+    const auto read = parseFaultRule(text, error);
+    QVERIFY2(read, qPrintable(error));
+    QCOMPARE(toText(*read), told);
+}
+
+void tst_FaultRules::whatIsNoRuleIsRefused_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char *text, const char *reason) {
+        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(reason);
+    };
+    row("", "no such fault: ");
+    row("quiet", "no such fault: quiet");
+    row("Silent", "no such fault: Silent");
+    row("silent=1", "silent takes no value");
+    row("silent=", "silent takes no value");
+    row("status", "status takes a number from 1 to 255");
+    row("status=", "status takes a number from 1 to 255");
+    row("status=0", "status takes a number from 1 to 255");
+    row("status=256", "status takes a number from 1 to 255");
+    row("late=-1", "late takes a number from 1 to 600000");
+    row("flood=100001", "flood takes a number from 1 to 100000");
+    row("status=8,code=identity", "the identity has no status");
+    row("status=8,skip=1,code=identity,count=2", "the identity has no status");
+    row("late=0b11", "late takes a number from 1 to 600000");
+    row("late=1f", "late takes a number from 1 to 600000");
+    row("silent,code=0x1107,code=0x1100", "code is given twice");
+    row("silent,skip=1,skip=1", "skip is given twice");
+    row("silent,count=1,share=5,count=2", "count is given twice");
+    row("silent,share=5,share=50", "share is given twice");
+    row("silent,code=0", "\"0\" is no code");
+    row("silent,code=0x10000", "\"0x10000\" is no code");
+    row("silent,code=deviceSwap", "\"deviceSwap\" is no code");
+    row("silent,code", "\"\" is no code");
+    row("silent,count=0", "\"0\" is no count");
+    row("silent,share=0", "\"0\" is no share");
+    row("silent,share=101", "\"101\" is no share");
+    row("silent,skip=x", "\"x\" is no skip");
+    row("silent,", "a rule has no ");
+    row("silent,often=1", "a rule has no often");
+}
+
+void tst_FaultRules::whatIsNoRuleIsRefused()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, reason);
+    QString error;
+    QVERIFY(!parseFaultRule(text, error));
+    QCOMPARE(error, reason);
+}
+
+void tst_FaultRules::everyCommandHasItsName()
+{
+    QFile header(QStringLiteral(COMMAND_CODES));
+    QVERIFY(header.open(QIODevice::ReadOnly));
+    static const QRegularExpression line(QStringLiteral("(\\w+) += (0x[0-9A-F]{4}),"));
+    auto found = line.globalMatch(QString::fromUtf8(header.readAll()));
+    int count = 0;
+    for (; found.hasNext(); ++count) {
+        const QRegularExpressionMatch match = found.next();
+        const auto code = findCode(match.captured(1));
+        QVERIFY2(code, qPrintable(match.captured(1)));
+        QCOMPARE(*code, match.captured(2).toUShort(nullptr, 16));
+        QCOMPARE(nameOfCode(*code), match.captured(1));
+    }
+    QCOMPARE(count, 89);
+}
+
+void tst_FaultRules::everyFaultHasACase()
+{
+    QStringList cases;
+    for (const FaultCase &it : faultCases)
+        cases << QString::fromLatin1(it.rule).section(QLatin1Char('='), 0, 0);
+    cases.removeDuplicates();
+    QCOMPARE(cases.join(QLatin1Char(' ')), faultNames().join(QLatin1Char(' ')));
+}
+
+void tst_FaultRules::eachFaultSendsItsBytes_data()
+{
+    QTest::addColumn<int>("row");
+    for (std::size_t i = 0; i < std::size(faultCases); ++i)
+        QTest::newRow(faultCases[i].rule) << int(i);
+}
+
+void tst_FaultRules::eachFaultSendsItsBytes()
+{
+    QFETCH(int, row);
+    const FaultCase &it = faultCases[row];
+    Connection connection{it.rule};
+    const Delivery delivery = connection.ask(readRequest());
+    QCOMPARE(delivery.bytes.toHex().toUpper(), QByteArray(it.bytes));
+    QCOMPARE(connection.carriedOut, it.carriedOut);
+    QCOMPARE(effectOf(delivery), QString::fromLatin1(it.effect));
+    connection.rules.clear();
+    QCOMPARE(connection.ask(readRequest()).bytes.toHex().toUpper(), QByteArray(rightAnswer));
+}
+
+void tst_FaultRules::firstRuleThatFitsIsTaken()
+{
+    Connection connection{"status=3,code=0x1101", "status=4", "status=5"};
+    QCOMPARE(int(headOf(connection.ask(readRequest(), 0x1100)).status), 4);
+    QCOMPARE(int(headOf(connection.ask(readRequest(), 0x1101)).status), 3);
+}
+
+void tst_FaultRules::rulesWithoutCodeSpareTheIdentity()
+{
+    Connection connection{"silent"};
+    QVERIFY(!connection.ask(readRequest(), identityCode).bytes.isEmpty());
+    connection.rules.add(faultRule("ignore,code=identity"));
+    QVERIFY(connection.ask(readRequest(), identityCode).bytes.isEmpty());
+}
+
+void tst_FaultRules::countAndSkipAreUsedUp()
+{
+    Connection connection{"silent,skip=2,count=2"};
+    QString answered;
+    for (int i = 0; i < 6; ++i)
+        answered +=
+            connection.ask(readRequest()).bytes.isEmpty() ? QLatin1Char('-') : QLatin1Char('+');
+    QCOMPARE(answered, QStringLiteral("++--++"));
+    QVERIFY(connection.answers.isIdle());
+}
+
+void tst_FaultRules::shareGoesByTheSeed()
+{
+    const auto sequence = [](quint32 seed) {
+        Connection connection{"silent,share=50"};
+        connection.rules.seed(seed);
+        QString answered;
+        for (int i = 0; i < 16; ++i)
+            answered +=
+                connection.ask(readRequest()).bytes.isEmpty() ? QLatin1Char('-') : QLatin1Char('+');
+        return answered;
+    };
+    QCOMPARE(sequence(1), QStringLiteral("---++-+-+-------"));
+    QCOMPARE(sequence(1), sequence(1));
+    QCOMPARE(sequence(2), QStringLiteral("-+--++--+-+-++++"));
+}
+
+void tst_FaultRules::shareIsDrawnBehindThoseThatAreSkipped()
+{
+    Connection connection{"silent,skip=3,share=50"};
+    QString answered;
+    for (int i = 0; i < 3 + 16; ++i)
+        answered +=
+            connection.ask(readRequest()).bytes.isEmpty() ? QLatin1Char('-') : QLatin1Char('+');
+    QCOMPARE(answered, QStringLiteral("+++---++-+-+-------"));
+}
+
+void tst_FaultRules::anotherRequestsTagIsUsed()
+{
+    Connection connection{"silent,code=0x1101", "other-tag,code=0x1100"};
+    connection.ask(readRequest(7, 9), 0x1101);
+    const WireHead head = headOf(connection.ask(readRequest()));
+    QCOMPARE(int(head.lables), 7);
+    QCOMPARE(int(head.stream), 9);
+    QCOMPARE(int(head.code()), 0x1100);
+}
+
+void tst_FaultRules::swappedPacketsComeInEachOthersPlace()
+{
+    Connection connection({"swap-packets,skip=1,count=1"}, 4);
+    QCOMPARE(packetOf(connection.ask(readRequest(2))), QStringLiteral("2/0/0"));
+    QCOMPARE(packetOf(connection.ask(readRequest(3, 2, 4, 1))), QStringLiteral("3/2/2"));
+    QVERIFY(!connection.answers.isIdle());
+    QCOMPARE(packetOf(connection.ask(readRequest(4, 2, 4, 2))), QStringLiteral("4/1/1"));
+    QCOMPARE(packetOf(connection.ask(readRequest(5, 2, 4, 3))), QStringLiteral("5/3/3"));
+    QCOMPARE(connection.carriedOut, 4);
+    QVERIFY(connection.answers.isIdle());
+}
+
+QTEST_GUILESS_MAIN(tst_FaultRules)
+#include "tst_faultrules.moc"

@@ -1,0 +1,189 @@
+// The simulated device lets one client at a time write.
+
+#include <support/tavorosim/simbench.h>
+
+#include <QTest>
+
+using namespace Tavoro;
+using SSProxy::CommandType;
+
+namespace {
+
+constexpr quint16 controlCode = 0x0101;
+constexpr quint16 swapCode = 0x1107;
+constexpr char swapOff[] = R"({"swap":0})";
+
+/// A client that has introduced itself; \c state is what its identity tells.
+struct Client {
+    explicit Client(const SimBench &bench)
+    {
+        if (wire.connectTo(bench.device->port()))
+            identity = wire.identity();
+    }
+
+    int control(quint8 action) { return wire.control(action); }
+    int write() { return wire.write(swapCode, swapOff).head.status; }
+    bool isToldThatOthersHoldControl() const
+    {
+        return identity.find("\"controlState\":1") != std::string::npos;
+    }
+
+    WireClient wire;
+    std::string identity;
+};
+
+constexpr quint8 take = 1;
+constexpr quint8 giveUp = 2;
+constexpr quint8 force = 3;
+
+} // namespace
+
+class tst_TavoroSimControl : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstWriterGetsControl();
+    void everybodyMayRead();
+    void writesOfOthersChangeNothing();
+    void splitWritesOfOthersAreRefused();
+    void controlIsTakenGivenUpAndForced();
+    void controlEndsWithItsConnection();
+    void thoseWhomItConcernsAreTold();
+    void identityTellsWhetherOthersHoldControl();
+    void holderIsNamedToWhoAsks();
+    void unknownActionsAreOutOfRange();
+};
+
+void tst_TavoroSimControl::firstWriterGetsControl()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.write(), 0);
+    QCOMPARE(second.write(), 67);
+    QCOMPARE(first.write(), 0);
+}
+
+void tst_TavoroSimControl::everybodyMayRead()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.control(take), 0);
+    QCOMPARE(int(second.wire.read(0x1100).head.status), 0);
+    QCOMPARE(first.control(take), 0); // once more does no harm
+}
+
+void tst_TavoroSimControl::writesOfOthersChangeNothing()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.control(take), 0);
+    const std::string before = second.wire.read(0x1100).body;
+    QVERIFY(before.find("\"swap\":1") != std::string::npos);
+    QCOMPARE(second.write(), 67);
+    QCOMPARE(second.wire.read(0x1100).body, before);
+}
+
+void tst_TavoroSimControl::splitWritesOfOthersAreRefused()
+{
+    Sim::SimOptions options;
+    options.packetSize = 8;
+    SimBench bench(options);
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.control(take), 0);
+    WireFrame piece = WireClient::request(swapCode, CommandType::Write, R"({"swap")");
+    piece.head.totalCount = 2;
+    QCOMPARE(int(second.wire.exchange(piece).head.status), 0); // nothing is carried out yet
+    piece.head.sendCount = 1;
+    piece.body = ":0}";
+    QCOMPARE(int(second.wire.exchange(piece).head.status), 67);
+}
+
+void tst_TavoroSimControl::controlIsTakenGivenUpAndForced()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.control(take), 0);
+    QCOMPARE(second.control(take), 67);
+    QCOMPARE(second.control(giveUp), 0); // what it does not have
+    QCOMPARE(second.write(), 67);
+    QCOMPARE(first.control(giveUp), 0);
+    QCOMPARE(second.control(take), 0);
+    QCOMPARE(first.write(), 67);
+    QCOMPARE(first.control(force), 0);
+    QCOMPARE(second.write(), 67);
+    QCOMPARE(first.write(), 0);
+}
+
+void tst_TavoroSimControl::controlEndsWithItsConnection()
+{
+    SimBench bench;
+    Client second(bench);
+    {
+        Client first(bench);
+        QCOMPARE(first.write(), 0);
+        QCOMPARE(int(second.wire.waitForReport().head.arg2[0]), 1);
+    }
+    const WireFrame free = second.wire.waitForReport();
+    QCOMPARE(free.head.code(), controlCode);
+    QCOMPARE(int(free.head.arg2[0]), 0);
+    QCOMPARE(free.body, std::string());
+    QCOMPARE(second.write(), 0);
+}
+
+void tst_TavoroSimControl::thoseWhomItConcernsAreTold()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(first.write(), 0);
+    const WireFrame held = second.wire.waitForReport();
+    QCOMPARE(held.head.code(), controlCode);
+    QCOMPARE(int(held.head.arg2[0]), 1);
+    QVERIFY2(held.body.rfind("127.0.0.1:", 0) == 0, held.body.c_str());
+
+    QCOMPARE(second.control(force), 0);
+    const WireFrame lost = first.wire.waitForReport(); // of its own writes it heard nothing
+    QCOMPARE(lost.head.code(), controlCode);
+    QCOMPARE(int(lost.head.arg2[0]), 1);
+    QVERIFY(lost.body != held.body);
+    QCOMPARE(int(second.wire.waitForReport().head.arg2[0]), 0);
+}
+
+void tst_TavoroSimControl::identityTellsWhetherOthersHoldControl()
+{
+    SimBench bench;
+    Client first(bench);
+    QVERIFY(!first.isToldThatOthersHoldControl());
+    QCOMPARE(first.control(take), 0);
+    QVERIFY(Client(bench).isToldThatOthersHoldControl());
+    QVERIFY(first.wire.identity().find("\"controlState\":0") != std::string::npos);
+}
+
+void tst_TavoroSimControl::holderIsNamedToWhoAsks()
+{
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(second.wire.read(controlCode).body, std::string());
+    QCOMPARE(first.control(take), 0);
+    const std::string holder = second.wire.read(controlCode).body;
+    QVERIFY2(holder.rfind("127.0.0.1:", 0) == 0, holder.c_str());
+}
+
+void tst_TavoroSimControl::unknownActionsAreOutOfRange()
+{
+    SimBench bench;
+    Client client(bench);
+    for (const quint8 action : {quint8(0), quint8(4), quint8(255)})
+        QCOMPARE(client.control(action), 4);
+    WireFrame frame = WireClient::request(controlCode, CommandType::BinaryWrite);
+    QCOMPARE(int(client.wire.exchange(frame).head.status), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_TavoroSimControl)
+#include "tst_tavorosimcontrol.moc"

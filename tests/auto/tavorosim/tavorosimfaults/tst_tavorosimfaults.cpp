@@ -1,0 +1,269 @@
+// What a client on the wire sees of the faults of a simulated device.
+
+#include <support/tavorosim/faultrule.h>
+#include <support/tavorosim/simbench.h>
+
+#include <tavorosim/commandline.h>
+#include <tavorowire/frame.h>
+
+#include <QElapsedTimer>
+
+using namespace Tavoro;
+using namespace Tavoro::Sim;
+using SSProxy::CommandType;
+
+namespace {
+
+constexpr char swapBody[] = "{\"swap\":0}"; // it is 1 in the factory
+
+int swapOf(SimBench &bench)
+{
+    return bench.client->read(0x1100).body.find("\"swap\":1") == std::string::npos ? 0 : 1;
+}
+
+/// Lets the device read nothing more from the client for so many milliseconds.
+void pauseReading(SimBench &bench, int milliseconds)
+{
+    const QString line = QStringLiteral("fault add stop-reading=%1,count=1").arg(milliseconds);
+    QVERIFY(bench.device->execute(line).ok);
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+}
+
+} // namespace
+
+class tst_TavorosimFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void consoleAddsListsAndClears();
+    void commandLineTakesRulesAndTheSeed();
+    void seedDecidesWhichExchangesGoWrong();
+    void rightAndWrongAnswersOnTheWire();
+    void requestsThatAreNotCarriedOutChangeNothing_data();
+    void requestsThatAreNotCarriedOutChangeNothing();
+    void requestsThatAreCarriedOutChangeTheDevice_data();
+    void requestsThatAreCarriedOutChangeTheDevice();
+    void lateAnswersComeBehindOthers();
+    void deviceThatStopsReadingReadsOnWhenCleared();
+    void deviceThatStopsReadingLeavesWhatCameAlong();
+    void pauseWithATimeEndsByItself();
+    void timeOfAPauseThatWasEndedEndsNoLaterOne();
+    void rebootedDeviceHasWhatWasSaved();
+    void floodComesInFrontOfTheAnswer();
+    void largestFloodComesWhole();
+    void identityGoesWrongOnlyByItsName();
+};
+
+void tst_TavorosimFaults::consoleAddsListsAndClears()
+{
+    SimBench bench;
+    const auto line = [&](const char *text) {
+        return bench.device->execute(QLatin1String(text)).line();
+    };
+    QCOMPARE(line("fault list"), QStringLiteral("ok"));
+    QCOMPARE(line("fault add status=8,code=0x1107,count=2"), QStringLiteral("ok"));
+    QCOMPARE(line("fault add late=5,share=10"), QStringLiteral("ok"));
+    QCOMPARE(bench.write(0x1107, swapBody), 8);
+    QCOMPARE(line("fault list"),
+             QStringLiteral("ok status=8,code=DeviceSwap,count=1 late=5,share=10"));
+    QCOMPARE(line("fault add loud"), QStringLiteral("error no such fault: loud"));
+    QCOMPARE(line("fault clear"), QStringLiteral("ok"));
+    QCOMPARE(line("fault list"), QStringLiteral("ok"));
+    const QString usage = QStringLiteral("error usage: fault add RULE, fault clear, fault list");
+    for (const char *wrong : {"fault", "fault 50", "fault add", "fault list all", "fault drop x"})
+        QCOMPARE(line(wrong), usage);
+}
+
+void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
+{
+    const CommandLine line = parseCommandLine(
+        {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("silent,count=1"),
+         QStringLiteral("--fault=late=5"), QStringLiteral("--seed"), QStringLiteral("7")});
+    QVERIFY(line.isValid);
+    QCOMPARE(int(line.options.faults.size()), 2);
+    QCOMPARE(toText(line.options.faults[0]), QStringLiteral("silent,count=1"));
+    QCOMPARE(toText(line.options.faults[1]), QStringLiteral("late=5"));
+    QCOMPARE(line.options.seed, 7u);
+    const CommandLine wrong = parseCommandLine(
+        {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("loud")});
+    QVERIFY(!wrong.isValid);
+    QCOMPARE(wrong.text,
+             QStringLiteral("tavorosim: \"loud\" is not what --fault takes: no such fault: loud."));
+}
+
+void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
+{
+    const auto statuses = [](quint32 seed) {
+        SimOptions options;
+        options.seed = seed;
+        options.faults = {faultRule("status=8,share=50")};
+        SimBench bench(options);
+        QList<int> seen;
+        for (int i = 0; i < 32; ++i)
+            seen.append(bench.write(0x1107, swapBody));
+        return seen;
+    };
+    QCOMPARE(statuses(7), statuses(7));
+    QVERIFY(statuses(7) != statuses(8));
+}
+
+void tst_TavorosimFaults::rightAndWrongAnswersOnTheWire()
+{
+    SimOptions options;
+    options.faults = {faultRule("status=8,skip=1,count=1")};
+    SimBench bench(options);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.write(0x1107, swapBody), 8);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+}
+
+void tst_TavorosimFaults::requestsThatAreNotCarriedOutChangeNothing_data()
+{
+    QTest::addColumn<QString>("fault");
+    for (const char *fault : {"status=8", "ignore", "drop-request"})
+        QTest::newRow(fault) << QString::fromLatin1(fault);
+}
+
+void tst_TavorosimFaults::requestsThatAreNotCarriedOutChangeNothing()
+{
+    QFETCH(QString, fault);
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add %1,count=1").arg(fault)).ok);
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(bench.reconnect());
+    QCOMPARE(swapOf(bench), 1);
+}
+
+void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice_data()
+{
+    QTest::addColumn<QString>("fault");
+    for (const char *fault : {"silent", "stall", "drop-before", "drop-within", "drop-after"})
+        QTest::newRow(fault) << QString::fromLatin1(fault);
+}
+
+void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice()
+{
+    QFETCH(QString, fault);
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add %1,count=1").arg(fault)).ok);
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    if (fault.startsWith(QLatin1String("drop")))
+        QVERIFY(bench.client->waitForEnd());
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(bench.reconnect());
+    QCOMPARE(swapOf(bench), 0);
+}
+
+void tst_TavorosimFaults::lateAnswersComeBehindOthers()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
+    WireFrame late = WireClient::request(0x1107, CommandType::Write, swapBody);
+    late.head.lables = 1;
+    bench.client->send(late);
+    WireFrame prompt = WireClient::request(0x1100, CommandType::Read);
+    prompt.head.lables = 2;
+    QCOMPARE(int(bench.client->exchange(prompt).head.lables), 2);
+    QCOMPARE(int(bench.client->receiveResponse().head.lables), 1);
+}
+
+void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,count=1")).ok);
+    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    WireFrame read = WireClient::request(0x1100, CommandType::Read);
+    read.head.lables = 9;
+    bench.client->send(read);
+    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    const WireFrame answer = bench.client->receiveResponse();
+    QCOMPARE(int(answer.head.lables), 9);
+    QVERIFY(answer.body.find("\"swap\":1") != std::string::npos);
+}
+
+void tst_TavorosimFaults::deviceThatStopsReadingLeavesWhatCameAlong()
+{
+    using SSProxy::Wire::encodeFrame;
+    SimBench bench;
+    WireClient other;
+    QVERIFY(other.connectTo(bench.device->port()));
+    const auto swap = [&] {
+        return other.read(0x1100).body.find("\"swap\":1") != std::string::npos;
+    };
+    QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,code=0x1100,count=1")).ok);
+    const WireFrame read = WireClient::request(0x1100, CommandType::Read);
+    const WireFrame write = WireClient::request(0x1107, CommandType::Write, swapBody);
+    bench.client->sendBytes(encodeFrame(read.head, {}) + encodeFrame(write.head, write.body));
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(swap());
+    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    QTRY_VERIFY(!swap());
+}
+
+void tst_TavorosimFaults::pauseWithATimeEndsByItself()
+{
+    SimBench bench;
+    QElapsedTimer time;
+    time.start();
+    pauseReading(bench, 100);
+    QCOMPARE(swapOf(bench), 1);
+    QVERIFY2(time.elapsed() >= 100, qPrintable(QString::number(time.elapsed())));
+}
+
+void tst_TavorosimFaults::timeOfAPauseThatWasEndedEndsNoLaterOne()
+{
+    SimBench bench;
+    pauseReading(bench, 200);
+    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    QElapsedTimer time;
+    time.start();
+    pauseReading(bench, 600);
+    QCOMPARE(swapOf(bench), 1);
+    QVERIFY2(time.elapsed() >= 600, qPrintable(QString::number(time.elapsed())));
+}
+
+void tst_TavorosimFaults::rebootedDeviceHasWhatWasSaved()
+{
+    SimOptions options;
+    options.clockSpeed = 10000;
+    SimBench bench(options);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QVERIFY(bench.device->execute(QStringLiteral("fault add reboot,count=1")).ok);
+    bench.client->send(WireClient::request(0x1100, CommandType::Read));
+    QVERIFY(bench.client->waitForEnd());
+    QTRY_VERIFY(bench.reconnect());
+    QCOMPARE(swapOf(bench), 1);
+}
+
+void tst_TavorosimFaults::floodComesInFrontOfTheAnswer()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100,count=1")).ok);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.client->keptReports(), 100);
+    QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1103);
+}
+
+void tst_TavorosimFaults::largestFloodComesWhole()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);
+    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.client->keptReports(), 100000);
+}
+
+void tst_TavorosimFaults::identityGoesWrongOnlyByItsName()
+{
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add garble=400,code=identity,count=1")).ok);
+    WireClient client;
+    QVERIFY(client.connectTo(bench.device->port()));
+    QVERIFY(client.identity().find('#') != std::string::npos);
+    QVERIFY(client.identity().find('#') == std::string::npos);
+}
+
+QTEST_GUILESS_MAIN(tst_TavorosimFaults)
+#include "tst_tavorosimfaults.moc"

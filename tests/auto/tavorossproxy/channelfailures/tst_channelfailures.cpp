@@ -1,0 +1,397 @@
+// What the channel makes of requests that it cannot send, of answers that do not fit, and of
+// requests whose connection ends.
+
+#include <tavorowire/frame.h>
+
+#include <support/tavorossproxy/channeltest.h>
+
+#include <QTest>
+
+#include <cstring>
+
+using namespace Tavoro::SSProxy;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Makes the checksum that of the head again after a byte of it was changed.
+void renewHeadChecksum(QByteArray &frame)
+{
+    Wire::WireHead head;
+    std::memcpy(static_cast<void *>(&head), frame.constData(), sizeof head);
+    const quint16 checksum = Wire::headChecksum(head);
+    frame[12] = static_cast<char>(checksum & 0xFF);
+    frame[13] = static_cast<char>(checksum >> 8);
+}
+
+} // namespace
+
+class tst_ChannelFailures : public ChannelTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nullRequestIsInvalid();
+    void unknownTypeIsInvalid();
+    void bodyAboveThePacketSizeIsInvalid();
+    void channelThatConnectsRefuses();
+    void channelThatWasLostRefuses();
+    void stoppedChannelRefuses();
+    void callOnTheChannelsThreadIsRefused();
+    void callAfterTheThreadHasEndedIsRefused();
+
+    void answerThatDoesNotFit_data();
+    void answerThatDoesNotFit();
+    void packetCountAtTheLimitPasses();
+    void anotherPacketOfAReadIsRefused();
+    void refusalsHaveNoIndex();
+    void answersToWritesHaveNoIndex();
+    void frameThatEndsTheConnection_data();
+    void frameThatEndsTheConnection();
+    void strayAnswersAreDroppedAndCounted();
+    void secondAnswerReachesNobody();
+
+    void lostConnectionEndsAllRequests();
+    void connectionThatEndsInAnAnswerIsToldSo();
+    void answerThatStopsEndsTheConnection();
+    void frameThatStopsInItsHeadEndsTheConnection();
+    void answerThatGoesOnKeepsTheConnection();
+    void noRequestTakesLongerThanTheChannelAllows();
+    void stopEndsAllRequests();
+    void endOfTheThreadEndsAllRequests();
+
+private:
+    /// A connected channel with other options than before.
+    void reopenChannel()
+    {
+        m_channel.reset();
+        m_loop->run();
+        m_peer->opened = 0;
+        openChannel();
+        connectChannel();
+    }
+};
+
+void tst_ChannelFailures::nullRequestIsInvalid()
+{
+    connectChannel();
+    QCOMPARE(m_channel->sendSyncRequest(nullptr)->status, quint16(263));
+}
+
+void tst_ChannelFailures::unknownTypeIsInvalid()
+{
+    connectChannel();
+    for (const int type : {0, 5, 255})
+        QCOMPARE(call(request(0x1100, static_cast<quint8>(type))).response()->status, quint16(263));
+    QVERIFY(m_peer->frames.empty());
+}
+
+void tst_ChannelFailures::bodyAboveThePacketSizeIsInvalid()
+{
+    connectChannel();
+    QCOMPARE(call(request(0x1107, 2, std::string(65, 'x'))).response()->status, quint16(263));
+    auto caller = call(request(0x1107, 2, std::string(64, 'x')));
+    answer(nextRequest());
+    QCOMPARE(caller.response()->status, quint16(0));
+}
+
+void tst_ChannelFailures::channelThatConnectsRefuses()
+{
+    QCOMPARE(call(request()).response()->status, quint16(258));
+    m_peer->accept();
+    QCOMPARE(call(request()).response()->status, quint16(258));
+}
+
+void tst_ChannelFailures::channelThatWasLostRefuses()
+{
+    connectChannel();
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    QCOMPARE(call(request()).response()->status, quint16(259));
+    QCOMPARE(m_channel->deviceBaseInfo().name, std::string("wall")); // still to be found by it
+}
+
+void tst_ChannelFailures::stoppedChannelRefuses()
+{
+    connectChannel();
+    m_channel->stopChannel();
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    QCOMPARE(call(request()).response()->status, quint16(259));
+    m_loop->run();
+    QVERIFY(!m_peer->isOpen);
+    m_loop->advance(60s);
+    QCOMPARE(m_peer->opened, 1);
+}
+
+void tst_ChannelFailures::callOnTheChannelsThreadIsRefused()
+{
+    connectChannel();
+    QCOMPARE(m_channel->sendSyncRequest(request())->status, quint16(261));
+}
+
+void tst_ChannelFailures::callAfterTheThreadHasEndedIsRefused()
+{
+    connectChannel();
+    m_loop->end();
+    QVERIFY(!m_peer->isOpen);
+    QCOMPARE(call(request()).response()->status, quint16(264));
+}
+
+void tst_ChannelFailures::answerThatDoesNotFit_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("status");
+    QTest::newRow("function code") << 29 << 0x01 << 357;
+    QTest::newRow("base code") << 30 << 0x12 << 357;
+    QTest::newRow("type") << 20 << 2 << 362;
+    QTest::newRow("kind nobody knows") << 10 << 99 << 362;
+    QTest::newRow("kind of a client") << 10 << 1 << 362;
+    QTest::newRow("packet count") << 23 << 2 << 363; // 131072 and some
+    QTest::newRow("checksum index") << 9 << 7 << 360;
+    QTest::newRow("checksum of the body") << 36 << int('X') << 361;
+}
+
+void tst_ChannelFailures::answerThatDoesNotFit()
+{
+    QFETCH(int, position);
+    QFETCH(int, value);
+    QFETCH(int, status);
+    connectChannel();
+    auto caller = call(request());
+    QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "body");
+    frame[position] = static_cast<char>(value);
+    renewHeadChecksum(frame);
+    m_peer->send(frame.toStdString());
+
+    const auto response = caller.response();
+    QVERIFY(response);
+    QCOMPARE(int(response->status), status);
+    QCOMPARE(response->body(), std::string());
+    QVERIFY(m_channel->isHardwareReadFinished()); // the connection goes on
+    auto next = call(request());
+    answer(nextRequest(), "good");
+    QCOMPARE(next.response()->body(), std::string("good"));
+}
+
+void tst_ChannelFailures::packetCountAtTheLimitPasses()
+{
+    connectChannel();
+    for (const unsigned count : {65536u, 65537u}) {
+        auto caller = call(request());
+        auto head = Wire::responseHead(nextRequest());
+        head.totalCount = count;
+        m_peer->send(head);
+        QCOMPARE(int(caller.response()->status), count == 65536 ? 0 : 363);
+    }
+}
+
+void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
+{
+    connectChannel();
+    for (const quint8 type : {quint8(1), quint8(3)}) {
+        auto command = request(0x1100, type);
+        command->head().totalCount = 3;
+        command->head().sendCount = 1;
+        auto caller = call(command);
+        auto head = Wire::responseHead(nextRequest());
+        head.totalCount = 3;
+        head.sendCount = 2;
+        m_peer->send(head, "later");
+        const auto response = caller.response();
+        QCOMPARE(int(response->status), 363);
+        QCOMPARE(response->body(), std::string());
+    }
+}
+
+void tst_ChannelFailures::refusalsHaveNoIndex()
+{
+    connectChannel();
+    auto command = request();
+    command->head().totalCount = 3;
+    command->head().sendCount = 1;
+    auto caller = call(command);
+    auto head = Wire::responseHead(nextRequest());
+    head.status = 8;
+    m_peer->send(head);
+    QCOMPARE(int(caller.response()->status), 8);
+}
+
+void tst_ChannelFailures::answersToWritesHaveNoIndex()
+{
+    connectChannel();
+    auto command = request(0x1107, 2, "piece");
+    command->head().totalCount = 3;
+    command->head().sendCount = 1;
+    auto caller = call(command);
+    answer(nextRequest());
+    QCOMPARE(int(caller.response()->status), 0);
+}
+
+void tst_ChannelFailures::frameThatEndsTheConnection_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<bool>("withChecksum");
+    QTest::addColumn<int>("status");
+    QTest::newRow("flag") << 0 << 0 << true << 359;
+    QTest::newRow("version") << 2 << 2 << true << 359;
+    QTest::newRow("checksum of the head") << 30 << 0x12 << false << 361;
+    QTest::newRow("body above the limit") << 7 << 0x10 << true << 363;
+}
+
+void tst_ChannelFailures::frameThatEndsTheConnection()
+{
+    QFETCH(int, position);
+    QFETCH(int, value);
+    QFETCH(bool, withChecksum);
+    QFETCH(int, status);
+    connectChannel();
+    auto first = call(request());
+    auto second = call(request());
+    nextRequest();
+    QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()));
+    frame[position] = static_cast<char>(value);
+    if (withChecksum)
+        renewHeadChecksum(frame);
+    m_peer->send(frame.toStdString());
+    QCOMPARE(int(first.response()->status), status);
+    QCOMPARE(int(second.response()->status), status);
+    QVERIFY(!m_peer->isOpen);
+    QCOMPARE(m_channel->statistics().protocolErrors, quint64(1));
+    QCOMPARE(call(request()).response()->status, quint16(259));
+    m_loop->advance(250ms);
+    QCOMPARE(m_peer->opened, 2);
+}
+
+void tst_ChannelFailures::strayAnswersAreDroppedAndCounted()
+{
+    connectChannel();
+    auto caller = call(request());
+    const auto head = nextRequest();
+    auto otherTag = head;
+    otherTag.lables = static_cast<quint8>(head.lables + 1);
+    answer(otherTag, "other tag");
+    auto otherStream = head;
+    otherStream.stream = static_cast<quint16>(head.stream + 1);
+    answer(otherStream, "other stream");
+    QCOMPARE(m_channel->statistics().strayAnswers, quint64(2));
+    QVERIFY(!caller.isDone());
+    answer(head, "mine");
+    QCOMPARE(caller.response()->body(), std::string("mine"));
+}
+
+void tst_ChannelFailures::secondAnswerReachesNobody()
+{
+    connectChannel();
+    auto caller = call(request());
+    const auto head = nextRequest();
+    answer(head, "first");
+    answer(head, "second");
+    QCOMPARE(caller.response()->body(), std::string("first"));
+    QCOMPARE(m_channel->statistics().strayAnswers, quint64(1));
+}
+
+void tst_ChannelFailures::lostConnectionEndsAllRequests()
+{
+    connectChannel();
+    auto first = call(request());
+    auto second = call(request());
+    nextRequest();
+    nextRequest();
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QCOMPARE(first.response()->status, quint16(259));
+    QCOMPARE(second.response()->status, quint16(259));
+}
+
+void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
+{
+    connectChannel();
+    auto first = call(request(0x1101));
+    const auto head = nextRequest();
+    auto second = call(request(0x1102));
+    nextRequest();
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(head), "a body");
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QCOMPARE(first.response()->status, quint16(358));
+    QCOMPARE(second.response()->status, quint16(259));
+}
+
+void tst_ChannelFailures::answerThatStopsEndsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_loop->advance(200ms);
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_loop->advance(100ms);
+    QCOMPARE(caller.response()->status, quint16(365));
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    m_loop->run();
+    QVERIFY(!m_peer->isOpen);
+    m_loop->advance(250ms);
+    QCOMPARE(m_peer->opened, 2);
+}
+
+void tst_ChannelFailures::frameThatStopsInItsHeadEndsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    nextRequest();
+    m_peer->send(Wire::encodeLinkFrame(Wire::FrameKind::Ping).left(3).toStdString());
+    m_loop->advance(300ms);
+    QCOMPARE(caller.response()->status, quint16(260));
+    QVERIFY(!m_channel->isHardwareReadFinished());
+    m_loop->advance(250ms);
+    QCOMPARE(m_peer->opened, 2);
+}
+
+void tst_ChannelFailures::answerThatGoesOnKeepsTheConnection()
+{
+    m_options.stalledAnswerTimeout = 100ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 300));
+    const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
+    m_loop->advance(100ms);
+    m_peer->send(std::string_view(frame.constData(), 38));
+    m_loop->advance(101ms);
+    m_peer->send(std::string_view(frame.constData() + 38, 1));
+    m_loop->advance(99ms);
+    QCOMPARE(caller.response()->status, quint16(365));
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_peer->send(std::string_view(frame.constData() + 39, 3));
+    QCOMPARE(m_channel->statistics().lateAnswers, quint64(1));
+}
+
+void tst_ChannelFailures::noRequestTakesLongerThanTheChannelAllows()
+{
+    m_options.maxRequestTime = 50ms;
+    reopenChannel();
+    auto caller = call(request(0x1100, 1, {}, 10000));
+    nextRequest();
+    m_loop->advance(50ms);
+    QCOMPARE(caller.response()->status, quint16(260));
+}
+
+void tst_ChannelFailures::stopEndsAllRequests()
+{
+    connectChannel();
+    auto caller = call(request());
+    nextRequest();
+    m_channel->stopChannel();
+    QCOMPARE(caller.response()->status, quint16(259));
+}
+
+void tst_ChannelFailures::endOfTheThreadEndsAllRequests()
+{
+    connectChannel();
+    auto caller = call(request());
+    nextRequest();
+    m_loop->end();
+    QCOMPARE(caller.response()->status, quint16(264));
+}
+
+QTEST_APPLESS_MAIN(tst_ChannelFailures)
+#include "tst_channelfailures.moc"

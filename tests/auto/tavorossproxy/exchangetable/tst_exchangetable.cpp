@@ -1,0 +1,262 @@
+#include <tavorossproxy/channel/exchangetable_p.h>
+#include <tavorossproxy/channeloptions.h>
+
+#include <support/tavorossproxy/manualloop.h>
+
+#include <QTest>
+
+#include <set>
+
+using namespace Tavoro::SSProxy;
+using namespace Tavoro::SSProxy::Internal;
+
+namespace {
+
+constexpr quint32 maxPackets = 100;
+
+DeviceRequestCommand request(quint8 type = 1, quint32 totalCount = 0, quint16 stream = 0)
+{
+    Wire::WireHead head;
+    head.type = type;
+    head.BC = 0x11;
+    head.totalCount = totalCount;
+    head.stream = stream;
+    DeviceRequestCommand command;
+    command.head() = Wire::packetHead(head);
+    return command;
+}
+
+Wire::FrameEvent answerTo(const Wire::WireHead &head, const std::string &body = {})
+{
+    Wire::FrameEvent answer;
+    answer.head = head;
+    answer.body = body;
+    return answer;
+}
+
+} // namespace
+
+class tst_ExchangeTable : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void everyTagServesBeforeOneServesAgain();
+    void tagLastsForFewerRequestsWhenAnswersAreOwed();
+    void tagIsNeverZero();
+    void requestWithoutAFreeTagIsRefused();
+    void owedAnswerKeepsItsTag();
+    void unsentFrameThatTimedOutFreesItsTag();
+    void unsentFramesComeInTheirOrder();
+    void readsGetStreamsOfTheirOwn();
+    void streamsOfLongReadsAreNotGivenAgain();
+    void streamsServeAgainBehindTheLastPacket();
+    void packetsOfOneThreadShareAStream();
+    void packetsOfTwoThreadsDoNot();
+    void streamOfTheCallerIsKept();
+    void requestLostBeforeItWasHandedOverEnds();
+    void shutFreesOwedTags();
+
+private:
+    /// Begins, hands over and takes a frame for sending.
+    Wire::WireHead sent(const DeviceRequestCommand &command);
+    /// A whole exchange; its tag.
+    quint8 exchanged();
+    /// A whole exchange of one packet of a read; the stream on which it travelled.
+    quint16 readPacket(quint32 totalCount, quint32 sendCount, quint16 stream = 0);
+    /// Whether \a stream is given to one of as many reads as there are streams for reads.
+    bool isGivenAgain(quint16 stream);
+
+    ManualLoop m_clock;
+    std::unique_ptr<ExchangeTable> m_table;
+};
+
+void tst_ExchangeTable::init()
+{
+    m_table = std::make_unique<ExchangeTable>(m_clock);
+    m_table->open(1024);
+}
+
+Wire::WireHead tst_ExchangeTable::sent(const DeviceRequestCommand &command)
+{
+    const auto ticket = m_table->begin(command);
+    m_table->submit(ticket.head.lables, QByteArray("frame"));
+    m_table->takeUnsent();
+    return ticket.head;
+}
+
+quint8 tst_ExchangeTable::exchanged()
+{
+    const auto head = sent(request());
+    m_table->settle(answerTo(head), maxPackets);
+    m_table->await(head, m_clock.now());
+    return head.lables;
+}
+
+void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
+{
+    std::set<quint8> tags;
+    for (int i = 0; i < 255; ++i)
+        tags.insert(exchanged());
+    QCOMPARE(tags.size(), std::size_t(255));
+    QCOMPARE(m_table->begin(request()).head.lables, *tags.begin());
+}
+
+/// So many are owed at the most before a channel makes its connection anew.
+void tst_ExchangeTable::tagLastsForFewerRequestsWhenAnswersAreOwed()
+{
+    for (int i = 0; i < ChannelOptions().maxOwedAnswers - 1; ++i)
+        m_table->await(sent(request()), m_clock.now()); // times out
+    QCOMPARE(m_table->owedAnswers(), 127);
+    const quint8 tag = exchanged();
+    for (int i = 0; i < 127; ++i)
+        QVERIFY(exchanged() != tag);
+    QCOMPARE(exchanged(), tag);
+}
+
+void tst_ExchangeTable::tagIsNeverZero()
+{
+    for (int i = 0; i < 600; ++i)
+        QVERIFY(exchanged() != 0);
+}
+
+void tst_ExchangeTable::requestWithoutAFreeTagIsRefused()
+{
+    Wire::WireHead last;
+    for (int i = 0; i < 255; ++i)
+        last = sent(request());
+    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+
+    m_table->settle(answerTo(last), maxPackets);
+    m_table->await(last, m_clock.now());
+    const auto ticket = m_table->begin(request());
+    QCOMPARE(ticket.refusal, quint16(0));
+    QCOMPARE(ticket.head.lables, last.lables);
+}
+
+void tst_ExchangeTable::owedAnswerKeepsItsTag()
+{
+    const auto late = sent(request());
+    QCOMPARE(m_table->await(late, m_clock.now())->status, quint16(260));
+    QCOMPARE(m_table->owedAnswers(), 1);
+    for (int i = 0; i < 254; ++i)
+        QVERIFY(sent(request()).lables != late.lables);
+    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+
+    m_table->settle(answerTo(late, "late"), maxPackets);
+    QCOMPARE(m_table->owedAnswers(), 0);
+    QCOMPARE(m_table->counts().lateAnswers, quint64(1));
+    QCOMPARE(m_table->begin(request()).head.lables, late.lables);
+}
+
+void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
+{
+    const auto ticket = m_table->begin(request());
+    m_table->submit(ticket.head.lables, QByteArray("frame"));
+    QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(260));
+    QVERIFY(!m_table->takeUnsent().has_value());
+    QCOMPARE(m_table->owedAnswers(), 0);
+}
+
+void tst_ExchangeTable::unsentFramesComeInTheirOrder()
+{
+    for (const char *frame : {"one", "two", "three"})
+        m_table->submit(m_table->begin(request()).head.lables, QByteArray(frame));
+    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("one"));
+    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("two"));
+    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("three"));
+    QVERIFY(!m_table->takeUnsent().has_value());
+}
+
+void tst_ExchangeTable::readsGetStreamsOfTheirOwn()
+{
+    const quint16 first = m_table->begin(request()).head.stream;
+    const quint16 second = m_table->begin(request()).head.stream;
+    QCOMPARE(first, quint16(1));
+    QCOMPARE(second, quint16(2));
+}
+
+quint16 tst_ExchangeTable::readPacket(quint32 totalCount, quint32 sendCount, quint16 stream)
+{
+    DeviceRequestCommand command = request(1, sendCount == 0 ? 0 : totalCount, stream);
+    command.head().sendCount = sendCount;
+    const auto head = sent(command);
+    auto answer = answerTo(head);
+    answer.head.totalCount = totalCount;
+    answer.head.sendCount = sendCount;
+    m_table->settle(std::move(answer), maxPackets);
+    m_table->await(head, m_clock.now());
+    return head.stream;
+}
+
+bool tst_ExchangeTable::isGivenAgain(quint16 stream)
+{
+    bool isGiven = false;
+    for (int i = 0; i < 0x7FFF; ++i)
+        isGiven |= readPacket(1, 0) == stream;
+    return isGiven;
+}
+
+void tst_ExchangeTable::streamsOfLongReadsAreNotGivenAgain()
+{
+    const quint16 first = readPacket(3, 0);
+    const quint16 second = readPacket(3, 0);
+    QVERIFY(!isGivenAgain(first));
+    QVERIFY(!isGivenAgain(second));
+}
+
+void tst_ExchangeTable::streamsServeAgainBehindTheLastPacket()
+{
+    const quint16 ended = readPacket(2, 0);
+    readPacket(2, 1, ended);
+    QVERIFY(isGivenAgain(ended));
+
+    const quint16 lost = readPacket(2, 0);
+    m_table->shut(259, 259);
+    m_table->open(1024);
+    QVERIFY(isGivenAgain(lost));
+}
+
+void tst_ExchangeTable::packetsOfOneThreadShareAStream()
+{
+    const quint16 first = m_table->begin(request(2, 3)).head.stream;
+    const quint16 second = m_table->begin(request(2, 3)).head.stream;
+    QCOMPARE(first, second);
+    QVERIFY(first >= 0x8000);
+}
+
+void tst_ExchangeTable::packetsOfTwoThreadsDoNot()
+{
+    const quint16 here = m_table->begin(request(2, 3)).head.stream;
+    quint16 there = 0;
+    std::thread([&] { there = m_table->begin(request(2, 3)).head.stream; }).join();
+    QVERIFY(here != there);
+}
+
+void tst_ExchangeTable::streamOfTheCallerIsKept()
+{
+    QCOMPARE(m_table->begin(request(1, 3, 77)).head.stream, quint16(77));
+}
+
+void tst_ExchangeTable::requestLostBeforeItWasHandedOverEnds()
+{
+    const auto ticket = m_table->begin(request());
+    m_table->shut(Disconnected, Disconnected);
+    m_table->submit(ticket.head.lables, QByteArray("frame"));
+    QVERIFY(!m_table->takeUnsent().has_value());
+    QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(259));
+}
+
+void tst_ExchangeTable::shutFreesOwedTags()
+{
+    const auto late = sent(request());
+    m_table->await(late, m_clock.now());
+    m_table->shut(Disconnected, Disconnected);
+    QCOMPARE(m_table->owedAnswers(), 0);
+    m_table->open(1024);
+    m_table->settle(answerTo(late), maxPackets);
+    QCOMPARE(m_table->counts().strayAnswers, quint64(1));
+}
+
+QTEST_APPLESS_MAIN(tst_ExchangeTable)
+#include "tst_exchangetable.moc"

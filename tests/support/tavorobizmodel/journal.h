@@ -1,0 +1,40 @@
+#pragma once
+
+#include <support/common/messagecatcher.h>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <mutex>
+
+/// What the control library lets the outside see for as long as the journal lives, in its order:
+/// log lines and what the application's windows are told.
+///
+/// One text line each:
+/// \code
+/// warning: TavoroCmd …
+/// status bar 2 for 5000 ms: Get … failed: … .
+/// message box 1: …
+/// reading: 0.5
+/// sending: 1
+/// \endcode
+/// Lines may come from any thread. Log lines of other categories than tavoro.control are left out;
+/// one without source file, line and function is marked "(nowhere)".
+class Journal : public QObject {
+public:
+    Journal();
+
+    QStringList lines() const;
+    void clear();
+    /// Adds a line of the test's own, for what only the test sees.
+    void tell(const QString &line);
+
+private:
+    void fetchLogLines() const;
+
+    MessageCatcher m_catcher;
+    mutable std::mutex m_mutex;
+    mutable int m_fetched = 0; // guarded by m_mutex, as all below
+    mutable QStringList m_lines;
+};
