@@ -113,16 +113,15 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
 
 SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const QString &fileName)
 {
-    using Outcome = DeviceStore::Outcome;
     m_fileName = fileName;
     Opened opened;
-    Outcome outcome = m_store.open(fileName, opened.error);
-    if (outcome == Outcome::Done)
+    StoreOutcome outcome = m_store.open(fileName, opened.error);
+    if (outcome == StoreOutcome::Done)
         outcome = m_store.load(opened.devices, opened.error);
-    if (outcome != Outcome::Done)
+    if (outcome != StoreOutcome::Done)
         opened.devices.clear();
-    opened.done =
-        outcome == Outcome::Done || (outcome == Outcome::Damaged && openAnew(opened.error));
+    opened.done = outcome == StoreOutcome::Done
+        || (outcome == StoreOutcome::Damaged && openAnew(opened.error));
     return opened;
 }
 
@@ -131,12 +130,12 @@ SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const 
 bool SaveDeviceDataThreadPrivate::openAnew(QString &error)
 {
     m_store.close();
-    const QString kept = DeviceStore::setAside(m_fileName);
+    const QString kept = StoreDatabase::setAside(m_fileName);
     if (kept.isEmpty())
         return false;
     qCWarning(modelLog) << "The store of devices is damaged:" << error << "Kept as" << kept;
     Q_EMIT DeviceList::instance()->signalDeviceStoreSetAside(m_fileName, kept);
-    return m_store.open(m_fileName, error) == DeviceStore::Outcome::Done;
+    return m_store.open(m_fileName, error) == StoreOutcome::Done;
 }
 
 /// Whether it is time for the next job. While the saver closes a failed job is not waited for.
@@ -180,19 +179,19 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
 bool SaveDeviceDataThreadPrivate::work(const Job &job)
 {
     QString error;
-    auto outcome = DeviceStore::Outcome::Done;
+    auto outcome = StoreOutcome::Done;
     bool isAnew = !m_store.isOpen(); // a damaged file could not be replaced by an earlier job
     if (isAnew)
         outcome = m_store.open(m_fileName, error);
-    if (outcome == DeviceStore::Outcome::Done)
+    if (outcome == StoreOutcome::Done)
         outcome = attempt(job, error);
-    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error)) {
+    if (outcome == StoreOutcome::Damaged && openAnew(error)) {
         isAnew = true;
         outcome = attempt(job, error);
     }
     if (isAnew && m_store.isOpen())
         askToSaveOthers(job);
-    if (outcome != DeviceStore::Outcome::Done) {
+    if (outcome != StoreOutcome::Done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);
         return false;
@@ -213,12 +212,12 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
     }
 }
 
-DeviceStore::Outcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)
+StoreOutcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)
 {
     if (!job.sn.isEmpty())
         return m_store.remove(job.sn, job.mac, error);
     const auto device = job.device.lock();
-    return device ? m_store.save(*device, error) : DeviceStore::Outcome::Done;
+    return device ? m_store.save(*device, error) : StoreOutcome::Done;
 }
 
 SaveDeviceDataThread::SaveDeviceDataThread()

@@ -65,7 +65,7 @@ private:
     bool mayTakeJob() const;
     bool work(const Job &job);
     void askToSaveOthers(const Job &job);
-    DeviceStore::Outcome attempt(const Job &job, QString &error);
+    StoreOutcome attempt(const Job &job, QString &error);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
