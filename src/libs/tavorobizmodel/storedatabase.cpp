@@ -15,6 +15,8 @@ namespace {
 
 constexpr int schemaVersion = 2;
 constexpr int applicationId = 0x54565253; ///< Tells a store from other SQLite files.
+constexpr int lockWait =
+    10000; ///< Milliseconds until a file that another process uses is given up.
 constexpr int corruptFile = 11; ///< SQLite's own result codes.
 constexpr int notADatabase = 26;
 
@@ -40,6 +42,7 @@ StoreOutcome StoreDatabase::open(const QString &fileName, QString &error)
     QDir().mkpath(QFileInfo(fileName).absolutePath());
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
     m_database.setDatabaseName(fileName);
+    m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(lockWait));
     const StoreOutcome result = outcome(begin(), error);
     if (result != StoreOutcome::Done)
         close();
@@ -59,8 +62,11 @@ bool StoreDatabase::begin()
 {
     if (!m_database.open())
         return fail(m_database.lastError().text());
+    QString error;
     return run(QStringLiteral("PRAGMA foreign_keys = ON"))
-        && run(QStringLiteral("PRAGMA synchronous = EXTRA")) && checkFile() && checkWritable();
+        && run(QStringLiteral("PRAGMA synchronous = EXTRA"))
+        && transact([this] { return checkOrCreate(); }, error) == StoreOutcome::Done && checkPages()
+        && checkWritable();
 }
 
 /// SQLite opens a file read-only when it may not write; then no save would ever succeed.
@@ -71,7 +77,8 @@ bool StoreDatabase::checkWritable()
         && run(QStringLiteral("ROLLBACK"));
 }
 
-bool StoreDatabase::checkFile()
+/// Runs within a transaction: two processes that create one store wait for each other.
+bool StoreDatabase::checkOrCreate()
 {
     int version = 0;
     int id = 0;
@@ -80,10 +87,8 @@ bool StoreDatabase::checkFile()
         || !number(QStringLiteral("PRAGMA application_id"), id)
         || !number(QStringLiteral("SELECT count(*) FROM sqlite_master"), tables))
         return false;
-    if (tables == 0) {
-        QString error;
-        return transact([this] { return makeTables(); }, error) == StoreOutcome::Done;
-    }
+    if (tables == 0)
+        return makeTables();
     if (id != applicationId)
         return fail(DeviceList::tr("The file %1 is no store of devices.").arg(m_fileName));
     if (version > schemaVersion)
@@ -93,7 +98,7 @@ bool StoreDatabase::checkFile()
                                    " cannot read."),
                     true);
     }
-    return checkPages();
+    return true;
 }
 
 bool StoreDatabase::checkPages()

@@ -32,7 +32,8 @@ public:
     StoreDatabase(const StoreDatabase &) = delete;
     StoreDatabase &operator=(const StoreDatabase &) = delete;
 
-    /// Opens the file, and creates it if it does not exist. Leaves a file of another kind or of a
+    /// Opens the file, and creates it if it does not exist. Waits up to 10 s for another process
+    /// that uses it. Leaves a file of another kind or of a
     /// later version alone: Failed. The database is closed unless the result is Done.
     StoreOutcome open(const QString &fileName, QString &error);
     bool isOpen() const { return m_database.isValid(); }
@@ -80,9 +81,9 @@ private:
     };
 
     bool begin();
-    bool checkFile();
-    bool checkWritable();
+    bool checkOrCreate();
     bool checkPages();
+    bool checkWritable();
     bool makeTables();
     bool number(const QString &statement, int &value);
     StoreOutcome outcome(bool done, QString &error) const;
