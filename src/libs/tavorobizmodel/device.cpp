@@ -55,7 +55,7 @@ bool Device::isOnline() const                                           { return
 bool Device::isSyncDataSuccess() const                                  { return d->get(&DeviceState::syncSuccess); }
 ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->get(&DeviceState::info); }
 ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->get(&DeviceState::process); }
-ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->get(&DeviceState::cutout); }
+ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->settings->cutout(); }
 
 void Device::setIPAddress(QString ip)                 { d->set(DevicePrivate::Part::Identity,    &DeviceState::ip,          ip); }
 void Device::setName(const QString &name)             { d->set(DevicePrivate::Part::Identity,    &DeviceState::name,        name); }

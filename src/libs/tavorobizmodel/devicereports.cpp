@@ -49,7 +49,8 @@ void Device::setPower(const std::vector<ProtoModel::Device::s_PowerBody> &powers
 
 bool Device::updateCutoutRGB(const ProtoModel::s_RGB &color, QString & /*error*/)
 {
-    d->change(Part::CutoutRGB, [&](DeviceState &state) { state.cutout = color; });
+    d->settings->setCutout(color);
+    d->tell(Part::CutoutRGB);
     return true;
 }
 

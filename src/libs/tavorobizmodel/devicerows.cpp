@@ -39,7 +39,7 @@ void visitRows(const Device &device, const std::function<void(const DeviceRow &)
     visitRow(RowKind::CutoutRGB, onlyOne, device.cutoutRGB());
     for (const auto &genlock : device.screenGenlocks())
         visitRow(RowKind::ScreenGenlock, keyOf(objectId(genlock)), genlock);
-    for (const auto &[screenId, span] : d.layouts->all())
+    for (const auto &[screenId, span] : d.settings->layouts())
         visitRow(RowKind::Layout, QString::number(screenId),
                  s_StoredLayout{screenId, span.width(), span.height()});
     const auto visitAll = [&](RowKind kind, const auto &objects, const auto &identityOf) {

@@ -68,35 +68,36 @@ StoreOutcome DeviceStore::save(const Device &device, QString &error)
     return m_database.transact([&] { return writeChanges(device); }, error);
 }
 
-StoreOutcome DeviceStore::remove(const QString &sn, const QString &mac, QString &error)
+StoreOutcome DeviceStore::remove(const DeviceIdentity &identity, QString &error)
 {
     const auto steps = [&] {
         QSqlQuery query = m_database.query();
-        if (!m_database.prepare(query,
-                                QStringLiteral("DELETE FROM device WHERE sn = ? AND mac = ?")))
-            return false;
-        query.addBindValue(sn);
-        query.addBindValue(mac);
-        return m_database.run(query);
+        return m_database.prepare(
+                   query,
+                   QStringLiteral("DELETE FROM device WHERE sn = ? AND mac = ? AND address = ?"))
+            && run(query, identity);
     };
     return m_database.transact(steps, error);
 }
 
-bool DeviceStore::findOrAdd(const Device &device, qlonglong &id)
+/// Runs a statement on the device of this identity.
+bool DeviceStore::run(QSqlQuery &query, const DeviceIdentity &identity)
+{
+    for (const QString &value : {identity.sn, identity.mac, identity.address})
+        query.addBindValue(value);
+    return m_database.run(query);
+}
+
+bool DeviceStore::findOrAdd(const DeviceIdentity &identity, qlonglong &id)
 {
     QSqlQuery add = m_database.query();
     QSqlQuery find = m_database.query();
-    if (!m_database.prepare(add,
-                            QStringLiteral("INSERT OR IGNORE INTO device (sn, mac) VALUES (?, ?)"))
-        || !m_database.prepare(find,
-                               QStringLiteral("SELECT id FROM device WHERE sn = ? AND mac = ?")))
+    if (!m_database.prepare(
+            add, QStringLiteral("INSERT OR IGNORE INTO device (sn, mac, address) VALUES (?, ?, ?)"))
+        || !m_database.prepare(
+            find, QStringLiteral("SELECT id FROM device WHERE sn = ? AND mac = ? AND address = ?"))
+        || !run(add, identity) || !run(find, identity))
         return false;
-    for (QSqlQuery *query : {&add, &find}) {
-        query->addBindValue(device.sn());
-        query->addBindValue(device.MAC());
-        if (!m_database.run(*query))
-            return false;
-    }
     id = find.next() ? find.value(0).toLongLong() : 0;
     return true;
 }
@@ -123,7 +124,7 @@ bool DeviceStore::writeChanges(const Device &device)
     qlonglong id = 0;
     StoredRows stored;
     QSqlQuery write = m_database.query();
-    if (!findOrAdd(device, id) || !findRows(id, stored)
+    if (!findOrAdd(DeviceIdentity::of(device), id) || !findRows(id, stored)
         || !m_database.prepare(
             write,
             QStringLiteral("INSERT INTO record VALUES (?, ?, ?, ?, ?, ?, ?)"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deviceidentity_p.h"
 #include "storedatabase_p.h"
 
 #include <QByteArray>
@@ -30,7 +31,7 @@ public:
 
     StoreOutcome load(std::vector<std::shared_ptr<Device>> &devices, QString &error);
     StoreOutcome save(const Device &device, QString &error);
-    StoreOutcome remove(const QString &sn, const QString &mac, QString &error);
+    StoreOutcome remove(const DeviceIdentity &identity, QString &error);
 
 private:
     using RowId = QPair<int, QString>; ///< Kind and key.
@@ -41,7 +42,8 @@ private:
     using StoredRows = QHash<RowId, StoredRow>;
 
     bool loadDevices(std::vector<std::shared_ptr<Device>> &devices);
-    bool findOrAdd(const Device &device, qlonglong &id);
+    bool run(QSqlQuery &query, const DeviceIdentity &identity);
+    bool findOrAdd(const DeviceIdentity &identity, qlonglong &id);
     bool findRows(qlonglong id, StoredRows &rows);
     bool writeChanges(const Device &device);
     bool removeRows(qlonglong id, const StoredRows &gone);

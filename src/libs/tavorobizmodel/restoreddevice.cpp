@@ -81,10 +81,9 @@ std::shared_ptr<Device> RestoredDevice::make() const
     device->setName(QString::fromStdString(m_identity.name));
     device->setScreenGenlocks(m_genlocks);
     device->updateCutoutRGB(m_cutout, faults);
-    auto &d = DevicePrivate::of(*device);
+    const auto &d = DevicePrivate::of(*device);
     for (const s_StoredLayout &layout : m_layouts)
-        d.layouts->set(layout.screenId, QSize(layout.columns, layout.rows));
-    d.isRestored = true;
+        d.settings->setLayout(layout.screenId, QSize(layout.columns, layout.rows));
     return device;
 }
 

@@ -55,12 +55,12 @@ bool SaveDeviceDataThreadPrivate::isOpen() const
 void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &device)
 {
     if (!device.expired())
-        ask({device, {}, {}});
+        ask({device, {}});
 }
 
 void SaveDeviceDataThreadPrivate::askToForget(const Device &device)
 {
-    ask({{}, device.sn(), device.MAC()});
+    ask({{}, DeviceIdentity::of(device)});
 }
 
 void SaveDeviceDataThreadPrivate::ask(Job job)
@@ -70,7 +70,7 @@ void SaveDeviceDataThreadPrivate::ask(Job job)
         return;
     const auto isSame = [&](const Job &other) {
         return !other.device.owner_before(job.device) && !job.device.owner_before(other.device)
-            && other.sn == job.sn && other.mac == job.mac;
+            && other.identity == job.identity;
     };
     if (std::any_of(m_jobs.begin(), m_jobs.end(), isSame))
         return;
@@ -214,8 +214,8 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
 
 StoreOutcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)
 {
-    if (!job.sn.isEmpty())
-        return m_store.remove(job.sn, job.mac, error);
+    if (!job.identity.sn.isEmpty())
+        return m_store.remove(job.identity, error);
     const auto device = job.device.lock();
     return device ? m_store.save(*device, error) : StoreOutcome::Done;
 }

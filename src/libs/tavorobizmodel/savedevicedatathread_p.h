@@ -46,8 +46,7 @@ private:
 
     struct Job {
         std::weak_ptr<Device> device; ///< To save. None: forget the one with the identity below.
-        QString sn;
-        QString mac;
+        DeviceIdentity identity;
     };
 
     /// What the thread found when it opened the file.

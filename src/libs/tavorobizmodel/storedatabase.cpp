@@ -114,7 +114,8 @@ bool StoreDatabase::checkPages()
 bool StoreDatabase::makeTables()
 {
     return run(QStringLiteral("CREATE TABLE device (id INTEGER PRIMARY KEY, sn TEXT NOT NULL,"
-                              " mac TEXT NOT NULL, UNIQUE (sn, mac))"))
+                              " mac TEXT NOT NULL, address TEXT NOT NULL,"
+                              " UNIQUE (sn, mac, address))"))
         && run(QStringLiteral(
             "CREATE TABLE record (device INTEGER NOT NULL REFERENCES device ON DELETE CASCADE,"
             " kind INTEGER NOT NULL, key TEXT NOT NULL, position INTEGER NOT NULL,"

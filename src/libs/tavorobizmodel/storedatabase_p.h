@@ -19,7 +19,7 @@ enum class StoreOutcome {
 ///
 /// Schema, version 2 (\c user_version):
 ///
-///     device   id, sn, mac            one row per device, found by serial number and MAC
+///     device   id, sn, mac, address   one row per device, found by its DeviceIdentity
 ///     record   device, kind, key,     one row per record; kind as in RowKind, key unique in it
 ///              position,              order within the kind
 ///              digest,                of body and content
