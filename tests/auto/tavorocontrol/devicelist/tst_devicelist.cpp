@@ -102,12 +102,14 @@ public:
     {
         ScriptedAnswer last = ScriptedAnswer::packet("a picture");
         last.before = [this, interfere] {
-            m_interfere = interfere;
+            if (!std::exchange(m_hasInterfered, true))
+                m_interfere = interfere;
         };
         replyContent(12, 1, last);
     }
 
 private:
+    bool m_hasInterfered = false;
     mutable std::function<void()> m_interfere = [] {
     };
 };
