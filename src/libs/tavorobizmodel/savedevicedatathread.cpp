@@ -5,7 +5,6 @@
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tavoro::BizModel {
@@ -52,36 +51,33 @@ bool SaveDeviceDataThreadPrivate::isOpen() const
     return m_isOpen;
 }
 
-void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &device)
+void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &weakDevice)
 {
-    if (!device.expired())
-        ask({device, {}});
+    if (const auto device = weakDevice.lock())
+        ask({DeviceIdentity::of(*device), SaverJob::Kind::Save, device, false});
 }
 
 void SaveDeviceDataThreadPrivate::askToForget(const Device &device)
 {
-    ask({{}, DeviceIdentity::of(device)});
+    ask({DeviceIdentity::of(device), SaverJob::Kind::Forget, {}, false});
 }
 
-void SaveDeviceDataThreadPrivate::ask(Job job)
+void SaveDeviceDataThreadPrivate::ask(SaverJob job)
 {
     const std::lock_guard lock(m_mutex);
     if (!m_isOpen || m_isClosing)
         return;
-    const auto isSame = [&](const Job &other) {
-        return !other.device.owner_before(job.device) && !job.device.owner_before(other.device)
-            && other.identity == job.identity;
-    };
-    if (std::any_of(m_jobs.begin(), m_jobs.end(), isSame))
-        return;
-    m_jobs.push_back(std::move(job));
+    m_jobs.ask(std::move(job));
     m_changed.notify_all();
 }
 
 void SaveDeviceDataThreadPrivate::setStop(bool stop)
 {
     const std::lock_guard lock(m_mutex);
-    m_isStopped = stop;
+    if (stop)
+        ++m_pauses;
+    else if (m_pauses > 0)
+        --m_pauses;
     m_changed.notify_all();
 }
 
@@ -141,7 +137,7 @@ bool SaveDeviceDataThreadPrivate::openAnew(QString &error)
 /// Whether it is time for the next job. While the saver closes a failed job is not waited for.
 bool SaveDeviceDataThreadPrivate::mayTakeJob() const
 {
-    return !m_isStopped && !m_jobs.empty() && (m_isClosing || Clock::now() >= m_notBefore);
+    return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);
 }
 
 void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
@@ -151,23 +147,22 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
         const auto mayGoOn = [this] {
             return m_isClosing || mayTakeJob();
         };
-        if (m_jobs.empty() || m_isStopped)
+        if (m_jobs.isEmpty() || isPaused())
             m_changed.wait(lock, mayGoOn);
         else
             m_changed.wait_until(lock, m_notBefore, mayGoOn);
-        if (m_isClosing && (m_isStopped || m_jobs.empty()))
+        if (m_isClosing && (isPaused() || m_jobs.isEmpty()))
             break;
         if (!mayTakeJob())
             continue;
-        const Job job = std::move(m_jobs.front());
-        m_jobs.pop_front();
+        const SaverJob job = m_jobs.take();
         m_isWorking = true;
         lock.unlock();
         const bool done = work(job);
         lock.lock();
         m_isWorking = false;
         if (!done && !m_isClosing) {
-            m_jobs.push_front(job);
+            m_jobs.putBack(job);
             m_notBefore = Clock::now() + retryDelay;
         }
         m_changed.notify_all();
@@ -176,7 +171,7 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
     m_isOpen = false;
 }
 
-bool SaveDeviceDataThreadPrivate::work(const Job &job)
+bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
 {
     QString error;
     auto outcome = StoreOutcome::Done;
@@ -202,7 +197,7 @@ bool SaveDeviceDataThreadPrivate::work(const Job &job)
 }
 
 /// The new file has nothing of what the damaged one held.
-void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
+void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
 {
     const auto saved = job.device.lock();
     const auto devices = DeviceList::instance()->devices();
@@ -212,12 +207,14 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
     }
 }
 
-StoreOutcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)
+StoreOutcome SaveDeviceDataThreadPrivate::attempt(const SaverJob &job, QString &error)
 {
-    if (!job.identity.sn.isEmpty())
-        return m_store.remove(job.identity, error);
     const auto device = job.device.lock();
-    return device ? m_store.save(*device, error) : StoreOutcome::Done;
+    if (device)
+        return m_store.save(*device, error);
+    if (job.kind == SaverJob::Kind::Forget || job.forgetsIfGone)
+        return m_store.remove(job.identity, error);
+    return StoreOutcome::Done;
 }
 
 SaveDeviceDataThread::SaveDeviceDataThread()
