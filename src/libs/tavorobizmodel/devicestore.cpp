@@ -7,60 +7,75 @@
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
 
-#include <QCryptographicHash>
 #include <QVariant>
+
+#include <optional>
+#include <utility>
 
 namespace Tavoro::BizModel {
 
-namespace {
-
-QByteArray digestOf(const DeviceRow &row)
+StoreOutcome DeviceStore::load(Loaded &loaded, QString &error)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(QByteArray::number(row.body.size()) + ' ');
-    hash.addData(row.body);
-    hash.addData(row.content);
-    return hash.result();
+    std::vector<qlonglong> damaged;
+    const StoreOutcome outcome =
+        m_database.perform([&] { return loadDevices(loaded, damaged); }, error);
+    if (outcome != StoreOutcome::Done || damaged.empty())
+        return outcome;
+    QString moveError; // without room for it a damaged row stays, and is found again next time
+    m_database.transact([&] { return setAside(damaged); }, moveError);
+    return outcome;
 }
 
-} // namespace
-
-StoreOutcome DeviceStore::load(std::vector<std::shared_ptr<Device>> &devices, QString &error)
-{
-    return m_database.perform([&] { return loadDevices(devices); }, error);
-}
-
-bool DeviceStore::loadDevices(std::vector<std::shared_ptr<Device>> &devices)
+bool DeviceStore::loadDevices(Loaded &loaded, std::vector<qlonglong> &damaged)
 {
     QSqlQuery query = m_database.query();
     query.setForwardOnly(true);
-    if (!m_database.prepare(query,
-                            QStringLiteral("SELECT device, kind, key, body, content FROM record"
-                                           " ORDER BY device, kind, position"))
+    if (!m_database.prepare(
+            query,
+            QStringLiteral("SELECT device.id, sn, mac, address, record.rowid, kind, key, digest,"
+                           " body, content FROM record JOIN device ON device.id = record.device"
+                           " ORDER BY device.id, kind, position"))
         || !m_database.run(query))
         return false;
     qlonglong id = 0;
-    std::vector<DeviceRow> rows;
-    const auto takeDevice = [&] {
-        if (rows.empty())
-            return true;
-        RestoredDevice device;
-        for (const DeviceRow &row : rows) {
-            if (!device.take(row))
-                return m_database.fail(DeviceList::tr("A record cannot be read."), true);
-        }
-        rows.clear();
-        devices.push_back(device.make());
-        return true;
-    };
+    std::optional<RestoredDevice> device;
     while (query.next()) {
-        if (query.value(0).toLongLong() != id && !takeDevice())
-            return false;
-        id = query.value(0).toLongLong();
-        rows.push_back({static_cast<RowKind>(query.value(1).toInt()), query.value(2).toString(),
-                        query.value(3).toByteArray(), query.value(4).toByteArray()});
+        const DeviceIdentity identity{query.value(1).toString(), query.value(2).toString(),
+                                      query.value(3).toString()};
+        if (std::exchange(id, query.value(0).toLongLong()) != query.value(0).toLongLong()) {
+            if (device)
+                loaded.devices.push_back(device->make());
+            device.emplace(identity);
+        }
+        const DeviceRow row{static_cast<RowKind>(query.value(5).toInt()), query.value(6).toString(),
+                            query.value(8).toByteArray(), query.value(9).toByteArray()};
+        if (row.digest() == query.value(7).toByteArray() && device->take(row))
+            continue;
+        damaged.push_back(query.value(4).toLongLong());
+        loaded.setAside << DeviceList::tr("%1 of the device %2 %3 %4")
+                               .arg(row.name(), identity.sn, identity.mac, identity.address)
+                               .trimmed();
     }
-    return takeDevice();
+    if (device)
+        loaded.devices.push_back(device->make());
+    return true;
+}
+
+bool DeviceStore::setAside(const std::vector<qlonglong> &rows)
+{
+    for (const char *statement :
+         {"INSERT OR REPLACE INTO damaged SELECT * FROM record WHERE rowid = ?",
+          "DELETE FROM record WHERE rowid = ?"}) {
+        QSqlQuery query = m_database.query();
+        if (!m_database.prepare(query, QLatin1String(statement)))
+            return false;
+        for (const qlonglong row : rows) {
+            query.addBindValue(row);
+            if (!m_database.run(query))
+                return false;
+        }
+    }
+    return true;
 }
 
 StoreOutcome DeviceStore::save(const Device &device, QString &error)
@@ -137,7 +152,7 @@ bool DeviceStore::writeChanges(const Device &device)
     visitRows(device, [&](const DeviceRow &row) {
         const int kind = static_cast<int>(row.kind);
         const StoredRow old = stored.take({kind, row.key});
-        const StoredRow now{positions.next(kind, old.position), digestOf(row)};
+        const StoredRow now{positions.next(kind, old.position), row.digest()};
         if (!done || (now.position == old.position && now.digest == old.digest))
             return;
         for (const QVariant &value :

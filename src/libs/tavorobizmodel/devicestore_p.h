@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QPair>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -29,7 +30,14 @@ public:
     bool isOpen() const { return m_database.isOpen(); }
     void close() { m_database.close(); }
 
-    StoreOutcome load(std::vector<std::shared_ptr<Device>> &devices, QString &error);
+    /// What a file held.
+    struct Loaded {
+        std::vector<std::shared_ptr<Device>> devices;
+        /// The rows that were damaged, a line each. They are moved to the table of damaged rows.
+        QStringList setAside;
+    };
+
+    StoreOutcome load(Loaded &loaded, QString &error);
     StoreOutcome save(const Device &device, QString &error);
     StoreOutcome remove(const DeviceIdentity &identity, QString &error);
 
@@ -41,7 +49,8 @@ private:
     };
     using StoredRows = QHash<RowId, StoredRow>;
 
-    bool loadDevices(std::vector<std::shared_ptr<Device>> &devices);
+    bool loadDevices(Loaded &loaded, std::vector<qlonglong> &damaged);
+    bool setAside(const std::vector<qlonglong> &rows);
     bool run(QSqlQuery &query, const DeviceIdentity &identity);
     bool findOrAdd(const DeviceIdentity &identity, qlonglong &id);
     bool findRows(qlonglong id, StoredRows &rows);

@@ -25,7 +25,7 @@ bool SaveDeviceDataThreadPrivate::open(const s_DeviceStoreOptions &options,
         m_changed.wait(lock, [this] { return m_opened != nullptr; });
         opened = std::move(m_opened);
     }
-    devices = std::move(opened->devices);
+    devices = std::move(opened->loaded.devices);
     if (opened->done)
         return true;
     error = opened->error;
@@ -113,9 +113,10 @@ SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const 
     Opened opened;
     StoreOutcome outcome = m_store.open(fileName, opened.error);
     if (outcome == StoreOutcome::Done)
-        outcome = m_store.load(opened.devices, opened.error);
+        outcome = m_store.load(opened.loaded, opened.error);
     if (outcome != StoreOutcome::Done)
-        opened.devices.clear();
+        opened.loaded = {};
+    reportSetAside(opened.loaded.setAside);
     opened.done = outcome == StoreOutcome::Done
         || (outcome == StoreOutcome::Damaged && openAnew(opened.error));
     return opened;
@@ -204,6 +205,14 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
     for (const auto &device : devices) {
         if (device.lock() != saved)
             askToSave(device);
+    }
+}
+
+void SaveDeviceDataThreadPrivate::reportSetAside(const QStringList &rows) const
+{
+    for (const QString &row : rows) {
+        qCWarning(modelLog) << "A row in the store of devices is damaged and was set aside:" << row;
+        Q_EMIT DeviceList::instance()->signalStoredRecordSetAside(m_fileName, row);
     }
 }
 

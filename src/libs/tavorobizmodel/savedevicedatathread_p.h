@@ -47,13 +47,14 @@ private:
     /// What the thread found when it opened the file.
     struct Opened {
         bool done = false;
-        std::vector<std::shared_ptr<Device>> devices;
+        DeviceStore::Loaded loaded;
         QString error;
     };
 
     void ask(SaverJob job);
     void run(const QString &fileName, std::chrono::milliseconds retryDelay);
     Opened openFile(const QString &fileName);
+    void reportSetAside(const QStringList &rows) const;
     bool openAnew(QString &error);
     void workOff(std::chrono::milliseconds retryDelay);
     bool isPaused() const { return m_pauses > 0; }

@@ -113,13 +113,15 @@ bool StoreDatabase::checkPages()
 
 bool StoreDatabase::makeTables()
 {
+    const QString recordTable = QStringLiteral(
+        "CREATE TABLE %1 (device INTEGER NOT NULL REFERENCES device ON DELETE CASCADE,"
+        " kind INTEGER NOT NULL, key TEXT NOT NULL, position INTEGER NOT NULL,"
+        " digest BLOB NOT NULL, body BLOB, content BLOB, UNIQUE (device, kind, key))");
     return run(QStringLiteral("CREATE TABLE device (id INTEGER PRIMARY KEY, sn TEXT NOT NULL,"
                               " mac TEXT NOT NULL, address TEXT NOT NULL,"
                               " UNIQUE (sn, mac, address))"))
-        && run(QStringLiteral(
-            "CREATE TABLE record (device INTEGER NOT NULL REFERENCES device ON DELETE CASCADE,"
-            " kind INTEGER NOT NULL, key TEXT NOT NULL, position INTEGER NOT NULL,"
-            " digest BLOB NOT NULL, body BLOB, content BLOB, UNIQUE (device, kind, key))"))
+        && run(recordTable.arg(QStringLiteral("record")))
+        && run(recordTable.arg(QStringLiteral("damaged")))
         && run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId))
         && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
 }

@@ -22,9 +22,10 @@ enum class StoreOutcome {
 ///     device   id, sn, mac, address   one row per device, found by its DeviceIdentity
 ///     record   device, kind, key,     one row per record; kind as in RowKind, key unique in it
 ///              position,              order within the kind
-///              digest,                of body and content
+///              digest,                SHA-1, see DeviceRow::digest()
 ///              body,                  the record, as rowformat_p.h describes it
 ///              content                the bytes of a file
+///     damaged  as record              rows that were set aside, the last one of each key
 class StoreDatabase {
 public:
     StoreDatabase();
