@@ -16,6 +16,8 @@
 
 namespace Tavoro::BizModel {
 
+using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
+
 /// What is known of a device, beside its objects.
 struct DeviceState {
     unsigned short modelId = 0;
@@ -30,10 +32,8 @@ struct DeviceState {
     KeyedList<int, ProtoModel::Device::s_subcardBody> subcards;
     KeyedList<int, ProtoModel::Device::s_PowerBody> powers;
     KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody> groups;
-    KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash> screenGenlocks;
+    ScreenGenlocks screenGenlocks;
     ProtoModel::Auxiliary::s_DeviceProcess process;
-    std::weak_ptr<Screen> activeScreen;
-    std::weak_ptr<MVRScreen> activeMVRScreen;
 };
 
 class DevicePrivate {
