@@ -189,6 +189,13 @@ void ChannelCore::linkConnecting()
         m_exchanges.shut(Connecting, Disconnected);
 }
 
+void ChannelCore::linkIdentifying(const QString &reason)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_state != State::Stopped)
+        m_reason = reason;
+}
+
 void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
 {
     const QString name = QString::fromStdString(info.name);

@@ -72,6 +72,7 @@ private:
 
     bool linkMayConnect() override;
     void linkConnecting() override;
+    void linkIdentifying(const QString &reason) override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
     void linkLost(quint16 status, const QString &reason, quint8 brokenOff) override;
     void linkWritable() override;

@@ -82,7 +82,7 @@ void ChannelLink::tick(Clock::TimePoint time)
     case Phase::Connecting:
         return drop(Disconnected, tr("no connection in time"));
     case Phase::Identifying:
-        return drop(Disconnected, tr("it did not tell its identity in time"));
+        return drop(Disconnected, notIdentifiedReason());
     case Phase::Ready:
         return keepAlive();
     case Phase::Pausing:
@@ -161,6 +161,7 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
 {
     m_peerAddress = peerAddress;
     enter(Phase::Identifying, m_options.identityTimeout);
+    m_events.linkIdentifying(notIdentifiedReason());
     ++m_connection.number;
     m_unsentBefore = 0;
     Wire::WireHead head;
@@ -231,7 +232,12 @@ void ChannelLink::refuse(Wire::FrameEvent &&event)
     const bool isOfNoUse = event.fatal || (m_phase == Phase::Identifying && isIdentity);
     m_events.linkReceived(std::move(event));
     if (isOfNoUse)
-        drop(status, tr("it sent what is no valid frame (%1)").arg(status));
+        drop(status, tr("it sent an invalid frame (%1)").arg(status));
+}
+
+QString ChannelLink::notIdentifiedReason()
+{
+    return tr("it did not identify itself in time");
 }
 
 void ChannelLink::takeIdentity(const std::string &body)

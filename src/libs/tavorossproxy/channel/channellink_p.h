@@ -34,6 +34,9 @@ public:
         /// False when there are too many connections already.
         virtual bool linkMayConnect() = 0;
         virtual void linkConnecting() = 0;
+        /// The connection is established. \a reason says why the channel is not ready until
+        /// linkReady() or linkLost().
+        virtual void linkIdentifying(const QString &reason) = 0;
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
         /// The connection or the attempt has failed. \a brokenOff is the tag of the answer that was
         /// arriving, or 0.
@@ -93,6 +96,7 @@ private:
     void keepAlive();
     void handle(Wire::FrameEvent &&event);
     void answerPing(quint8 lables);
+    static QString notIdentifiedReason();
     void refuse(Wire::FrameEvent &&event);
     void takeIdentity(const std::string &body);
 
