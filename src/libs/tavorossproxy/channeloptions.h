@@ -20,8 +20,9 @@ struct ChannelOptions {
     Milliseconds connectTimeout{5000};
     /// How long the device may take to tell its identity after that.
     Milliseconds identityTimeout{5000};
-    /// Pause before the first attempt after a loss or a failure; each further pause is twice as
-    /// long, up to the longest. A device that told its identity begins anew.
+    /// Pause before the first attempt to reconnect after a loss or a failure. Each further pause is
+    /// twice as long as the one before, up to the longest. The first pause applies again after a
+    /// connection that answered a request or that lasted for the longest pause.
     Milliseconds firstReconnectPause{250};
     Milliseconds longestReconnectPause{10000};
     /// The device is pinged when nothing came from it for so long ...

@@ -100,6 +100,8 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     const auto unfinished = m_parser.unfinishedHead();
     const bool isBrokenOff =
         status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
+    if (m_phase == Phase::Ready && hasProvedGood())
+        m_pause = m_options.firstReconnectPause;
     m_parser.reset();
     m_stream->close();
     enter(Phase::Pausing, m_pause);
@@ -107,9 +109,22 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_events.linkLost(status, reason, isBrokenOff ? unfinished->lables : quint8(0));
 }
 
+/// A device that identifies itself and closes at once would otherwise be reconnected without end
+/// after the shortest pause.
+bool ChannelLink::hasProvedGood() const
+{
+    return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
+}
+
 bool ChannelLink::canSend() const
 {
     return m_phase == Phase::Ready && m_stream->unsentBytes() < m_options.maxUnsentBytes;
+}
+
+void ChannelLink::send(const QByteArray &frame)
+{
+    m_hasRequested = true;
+    m_stream->write(frame);
 }
 
 void ChannelLink::connect()
@@ -147,7 +162,7 @@ void ChannelLink::keepAlive()
     if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
         return drop(DeviceSilent, tr("it stopped answering"));
     if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
-        send(Wire::encodeLinkFrame(FrameKind::Ping));
+        m_stream->write(Wire::encodeLinkFrame(FrameKind::Ping));
         m_due = std::min(now + m_options.keepAliveInterval,
                          m_lastSignOfLife + m_options.keepAliveTimeout);
     } else {
@@ -166,7 +181,7 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
     m_unsentBefore = 0;
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
-    send(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
+    m_stream->write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
 }
 
 void ChannelLink::streamReceived(std::string_view bytes)
@@ -207,6 +222,8 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
     case FrameKind::Pong:
         return;
     case FrameKind::Response:
+        m_hasAnswered = m_hasRequested;
+        [[fallthrough]];
     case FrameKind::Report:
         if (m_phase == Phase::Ready)
             m_events.linkReceived(std::move(event));
@@ -222,7 +239,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
 void ChannelLink::answerPing(quint8 lables)
 {
     if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
-        send(Wire::encodeLinkFrame(FrameKind::Pong, lables));
+        m_stream->write(Wire::encodeLinkFrame(FrameKind::Pong, lables));
 }
 
 void ChannelLink::refuse(Wire::FrameEvent &&event)
@@ -254,7 +271,9 @@ void ChannelLink::takeIdentity(const std::string &body)
     if (!m_peerAddress.empty())
         info.ip = m_peerAddress; // devices behind a translated address know only their own
     info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);
-    m_pause = m_options.firstReconnectPause;
+    m_readySince = m_clock.now();
+    m_hasRequested = false;
+    m_hasAnswered = false;
     enter(Phase::Ready, m_options.keepAliveInterval);
     m_events.linkReady(std::move(info));
 }

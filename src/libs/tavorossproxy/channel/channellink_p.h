@@ -73,7 +73,8 @@ public:
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
     bool canSend() const;
-    void send(const QByteArray &frame) { m_stream->write(frame); }
+    /// Sends the frame of a request.
+    void send(const QByteArray &frame);
 
 private:
     enum class Phase {
@@ -91,6 +92,7 @@ private:
     void streamClosed(const QString &reason) override;
 
     void connect();
+    bool hasProvedGood() const;
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
     void keepAlive();
@@ -112,6 +114,9 @@ private:
     Clock::TimePoint m_lastSignOfLife;
     qint64 m_unsentBefore = 0; ///< At the last look at the keep-alive.
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
+    Clock::TimePoint m_readySince;
+    bool m_hasRequested = false; ///< A request was sent over this connection.
+    bool m_hasAnswered = false; ///< The device has answered a request of this connection.
     std::string m_peerAddress;
 };
 
