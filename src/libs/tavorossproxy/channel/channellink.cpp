@@ -33,6 +33,7 @@ ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
       m_options(options),
       m_events(events),
       m_parser(options.maxBodySize),
+      m_incoming(options.minTransferRate, options.stalledAnswerTimeout),
       m_pause(options.firstReconnectPause)
 {
     m_connection.client = makeClientId();
@@ -124,6 +125,12 @@ bool ChannelLink::canSend() const
 void ChannelLink::send(const QByteArray &frame)
 {
     m_hasRequested = true;
+    write(frame);
+}
+
+void ChannelLink::write(const QByteArray &frame)
+{
+    m_writtenSinceLastLook += frame.size();
     m_stream->write(frame);
 }
 
@@ -152,24 +159,36 @@ void ChannelLink::wantTick(Clock::TimePoint time)
     m_events.linkWantsTick(time);
 }
 
-/// While a long frame leaves, the device has nothing to say, and pings stand behind it: that it
-/// takes the frame is a sign of life, too.
 void ChannelLink::keepAlive()
 {
     const auto now = m_clock.now();
-    if (m_stream->unsentBytes() < m_unsentBefore)
+    if (isTakingBytes(now))
         m_lastSignOfLife = now;
     if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
         return drop(DeviceSilent, tr("it stopped answering"));
     if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
-        m_stream->write(Wire::encodeLinkFrame(FrameKind::Ping));
+        write(Wire::encodeLinkFrame(FrameKind::Ping));
         m_due = std::min(now + m_options.keepAliveInterval,
                          m_lastSignOfLife + m_options.keepAliveTimeout);
     } else {
         m_due = m_lastSignOfLife + m_options.keepAliveInterval;
     }
-    m_unsentBefore = m_stream->unsentBytes();
+    m_lastLook = now;
+    m_unsentAtLastLook = m_stream->unsentBytes();
+    m_writtenSinceLastLook = 0;
     wantTick(m_due);
+}
+
+/// While a long frame leaves, pings wait after it and the device has nothing to answer: that it
+/// takes the frame, at the minimum rate, is a sign of life too.
+bool ChannelLink::isTakingBytes(Clock::TimePoint now) const
+{
+    if (m_unsentAtLastLook == 0)
+        return false;
+    const qint64 unsent = m_stream->unsentBytes();
+    const qint64 taken = m_unsentAtLastLook + m_writtenSinceLastLook - unsent;
+    const std::chrono::duration<double> elapsed = now - m_lastLook;
+    return unsent == 0 || double(taken) >= m_options.minTransferRate * elapsed.count();
 }
 
 void ChannelLink::streamOpened(const std::string &peerAddress)
@@ -178,23 +197,39 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
     enter(Phase::Identifying, m_options.identityTimeout);
     m_events.linkIdentifying(notIdentifiedReason());
     ++m_connection.number;
-    m_unsentBefore = 0;
+    m_lastLook = m_clock.now();
+    m_unsentAtLastLook = 0;
+    m_writtenSinceLastLook = 0;
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
-    m_stream->write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
+    write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
 }
 
 void ChannelLink::streamReceived(std::string_view bytes)
 {
-    m_lastSignOfLife = m_clock.now();
+    const auto count = static_cast<qint64>(bytes.size());
+    bool isSameFrame = m_parser.isWithinFrame();
     while (auto event = m_parser.next(bytes)) {
+        isSameFrame = false;
         handle(std::move(*event));
         if (m_phase != Phase::Ready && m_phase != Phase::Identifying)
             return; // the frame ended the connection
     }
     if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
         m_events.linkReceiving(*head);
-    m_events.linkPaused(m_parser.isWithinFrame());
+    noteProgress(isSameFrame, count);
+}
+
+/// Complete frames are signs of life; single bytes of one are not.
+void ChannelLink::noteProgress(bool isSameFrame, qint64 bytes)
+{
+    const auto now = m_clock.now();
+    if (isSameFrame)
+        m_incoming.add(bytes, now);
+    else
+        m_incoming.begin(now);
+    m_lastSignOfLife = m_incoming.lastProgress();
+    m_events.linkProgressed(m_parser.isWithinFrame() ? m_lastSignOfLife : Clock::TimePoint());
 }
 
 void ChannelLink::streamDrained()
@@ -239,7 +274,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
 void ChannelLink::answerPing(quint8 lables)
 {
     if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
-        m_stream->write(Wire::encodeLinkFrame(FrameKind::Pong, lables));
+        write(Wire::encodeLinkFrame(FrameKind::Pong, lables));
 }
 
 void ChannelLink::refuse(Wire::FrameEvent &&event)

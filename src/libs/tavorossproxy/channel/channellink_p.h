@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frameprogress_p.h"
 #include <tavorossproxy/io/bytestream_p.h>
 #include <tavorossproxy/io/clock_p.h>
 
@@ -46,8 +47,9 @@ public:
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
         /// A response has come in part.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
-        /// What came last has ended between two frames, or within one.
-        virtual void linkPaused(bool isWithinFrame) = 0;
+        /// Bytes have arrived. \a lastProgress is when the frame that they end in last made
+        /// progress; the clock's epoch if they end between two frames.
+        virtual void linkProgressed(Clock::TimePoint lastProgress) = 0;
         /// Asks for tick(time) when \a time has come.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
 
@@ -95,7 +97,10 @@ private:
     bool hasProvedGood() const;
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
+    void write(const QByteArray &frame);
     void keepAlive();
+    bool isTakingBytes(Clock::TimePoint now) const;
+    void noteProgress(bool isSameFrame, qint64 bytes);
     void handle(Wire::FrameEvent &&event);
     void answerPing(quint8 lables);
     static QString notIdentifiedReason();
@@ -112,7 +117,10 @@ private:
     Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
     Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
     Clock::TimePoint m_lastSignOfLife;
-    qint64 m_unsentBefore = 0; ///< At the last look at the keep-alive.
+    FrameProgress m_incoming; ///< Of the frame that is arriving.
+    Clock::TimePoint m_lastLook; ///< When keepAlive() ran last.
+    qint64 m_unsentAtLastLook = 0;
+    qint64 m_writtenSinceLastLook = 0;
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
     Clock::TimePoint m_readySince;
     bool m_hasRequested = false; ///< A request was sent over this connection.
