@@ -1,8 +1,8 @@
 #include "channellink_p.h"
 
+#include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/channelstatus.h>
 #include <tavorowire/frame.h>
-#include <tavorowire/identity.h>
 
 #include <QRandomGenerator>
 
@@ -296,12 +296,12 @@ void ChannelLink::takeIdentity(const std::string &body)
 {
     ProtoModel::DeviceBaseInfo info;
     std::string error;
-    if (!Wire::decodeIdentity(body, info, error))
+    if (!ProtoModel::decodeIdentity(body, info, error))
         return drop(WrongType,
                     tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
     if (info.maxPacketSize == 0)
         return drop(WrongLength, tr("it takes packets of 0 bytes"));
-    if (!m_options.identity.empty() && Wire::identityKey(info) != m_options.identity)
+    if (!m_options.identity.empty() && ProtoModel::identityKey(info) != m_options.identity)
         return drop(Disconnected, tr("another device is there"));
     if (!m_peerAddress.empty())
         info.ip = m_peerAddress; // devices behind a translated address know only their own
