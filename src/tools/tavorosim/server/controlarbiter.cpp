@@ -1,17 +1,17 @@
-#include "controldesk.h"
+#include "controlarbiter.h"
 
 namespace Tavoro::Sim {
 
 using SSProxy::ControlAction;
 
-bool ControlDesk::letWrite(const SimClient &client)
+bool ControlArbiter::letWrite(const SimClient &client)
 {
     if (!m_holder)
         m_holder = &client;
     return m_holder == &client;
 }
 
-ControlDesk::DeviceStatus ControlDesk::carryOut(const SimClient &client, quint8 action)
+ControlArbiter::DeviceStatus ControlArbiter::carryOut(const SimClient &client, quint8 action)
 {
     switch (static_cast<ControlAction>(action)) {
     case ControlAction::Take:
@@ -26,7 +26,7 @@ ControlDesk::DeviceStatus ControlDesk::carryOut(const SimClient &client, quint8 
     return DeviceStatus::ValueOutOfRange;
 }
 
-void ControlDesk::leave(const SimClient &client)
+void ControlArbiter::leave(const SimClient &client)
 {
     if (m_holder == &client)
         m_holder = nullptr;

@@ -1,4 +1,4 @@
-#include "packetdesk.h"
+#include "packetassembler.h"
 
 #include <tavorowire/checksums.h>
 #include <tavorowire/frame.h>
@@ -12,9 +12,9 @@ using SSProxy::Wire::WireHead;
 
 namespace {
 
-PacketDesk::Packet emptyAnswer(const WireHead &request, DeviceStatus status)
+PacketAssembler::Packet emptyAnswer(const WireHead &request, DeviceStatus status)
 {
-    PacketDesk::Packet packet{SSProxy::Wire::responseHead(request), {}};
+    PacketAssembler::Packet packet{SSProxy::Wire::responseHead(request), {}};
     packet.head.status = static_cast<quint8>(status);
     return packet;
 }
@@ -49,17 +49,17 @@ template <class Streams, class Stream>
 void keepStream(Streams &streams, Stream stream)
 {
     streams.push_back(std::move(stream));
-    if (streams.size() > PacketDesk::mostStreams)
+    if (streams.size() > PacketAssembler::mostStreams)
         streams.pop_front();
 }
 
 } // namespace
 
-PacketDesk::PacketDesk(quint32 packetSize, CarryOut carryOut)
+PacketAssembler::PacketAssembler(quint32 packetSize, CarryOut carryOut)
     : m_packetSize(packetSize), m_carryOut(std::move(carryOut))
 { }
 
-PacketDesk::Packet PacketDesk::answer(const WireHead &head, std::string body)
+PacketAssembler::Packet PacketAssembler::answer(const WireHead &head, std::string body)
 {
     if (body.size() > m_packetSize)
         return emptyAnswer(head, DeviceStatus::BodyTooLong);
@@ -71,7 +71,7 @@ PacketDesk::Packet PacketDesk::answer(const WireHead &head, std::string body)
     return head.sendCount > 0 ? handOut(head) : answerWhole(head, std::move(body));
 }
 
-PacketDesk::Packet PacketDesk::answerWhole(const WireHead &head, std::string body)
+PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::string body)
 {
     Request request;
     request.command = static_cast<Command>(head.code());
@@ -98,7 +98,7 @@ PacketDesk::Packet PacketDesk::answerWhole(const WireHead &head, std::string bod
     return first;
 }
 
-PacketDesk::Packet PacketDesk::collect(const WireHead &head, std::string body)
+PacketAssembler::Packet PacketAssembler::collect(const WireHead &head, std::string body)
 {
     auto stream = findStream(m_writes, head.stream);
     if (head.sendCount == 0) {
@@ -125,7 +125,7 @@ PacketDesk::Packet PacketDesk::collect(const WireHead &head, std::string body)
     return answerWhole(head, std::move(whole));
 }
 
-PacketDesk::Packet PacketDesk::handOut(const WireHead &head)
+PacketAssembler::Packet PacketAssembler::handOut(const WireHead &head)
 {
     const auto stream = findStream(m_answers, head.stream);
     if (stream == m_answers.end() || !areOfOneExchange(head, stream->first))
@@ -139,7 +139,8 @@ PacketDesk::Packet PacketDesk::handOut(const WireHead &head)
     return packet;
 }
 
-PacketDesk::Packet PacketDesk::piece(const WireHead &request, Stream &stream, quint32 index) const
+PacketAssembler::Packet PacketAssembler::piece(const WireHead &request, Stream &stream,
+                                               quint32 index) const
 {
     Packet packet{SSProxy::Wire::responseHead(request), {}};
     packet.head.totalCount = stream.totalCount;
@@ -154,7 +155,7 @@ PacketDesk::Packet PacketDesk::piece(const WireHead &request, Stream &stream, qu
     return packet;
 }
 
-void PacketDesk::readAhead()
+void PacketAssembler::readAhead()
 {
     if (!m_handedOut)
         return;
@@ -167,12 +168,12 @@ void PacketDesk::readAhead()
     stream->ahead = Piece{std::move(body), checksum};
 }
 
-std::size_t PacketDesk::lengthOf(const Stream &stream) const
+std::size_t PacketAssembler::lengthOf(const Stream &stream) const
 {
     return stream.content ? static_cast<std::size_t>(stream.content->size()) : stream.body.size();
 }
 
-std::string PacketDesk::cut(const Stream &stream, std::size_t offset) const
+std::string PacketAssembler::cut(const Stream &stream, std::size_t offset) const
 {
     if (!stream.content)
         return stream.body.substr(offset, m_packetSize);

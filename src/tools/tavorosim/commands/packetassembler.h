@@ -15,7 +15,7 @@ namespace Tavoro::Sim {
 /// Turns the request frames of one connection into whole requests, and answers into packets: joins
 /// split writes and cuts long answers. Contents of files, which may be longer than the memory, pass
 /// packet by packet. Pure: no socket and no state of the device.
-class PacketDesk {
+class PacketAssembler {
 public:
     using CarryOut = std::function<Answer(const Request &request)>;
     struct Packet {
@@ -30,7 +30,7 @@ public:
     static constexpr std::size_t longestWrite = std::size_t{64} << 20;
 
     /// \a packetSize is the longest body of a packet in either direction.
-    PacketDesk(quint32 packetSize, CarryOut carryOut);
+    PacketAssembler(quint32 packetSize, CarryOut carryOut);
 
     /// The one response to a request frame.
     Packet answer(const SSProxy::Wire::WireHead &head, std::string body);

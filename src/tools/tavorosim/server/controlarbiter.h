@@ -8,7 +8,7 @@ namespace Tavoro::Sim {
 class SimClient;
 
 /// Who of the clients holds control of the device. Clients are compared and never called.
-class ControlDesk {
+class ControlArbiter {
 public:
     using DeviceStatus = SSProxy::Wire::DeviceStatus;
 
