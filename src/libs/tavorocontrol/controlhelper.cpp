@@ -31,11 +31,12 @@ void makeRoom(std::string &result, std::size_t more, std::size_t announced)
         result.reserve(believed);
 }
 
-/// Fetches the packets behind the first one and appends them to \a result.
+/// Reads the packets after the first one and appends them to \a result. \a first is the head of the
+/// caller's request, copied once: a channel or a slot may change the request meanwhile.
 ///
 /// Kept: the counts of the further answers are not examined.
 bool readFurtherPackets(const Exchange &exchange, SSProxy::DeviceChannel &channel,
-                        const SSProxy::PacketHead &first, quint32 totalCount, std::string &result,
+                        const SSProxy::PacketHead first, quint32 totalCount, std::string &result,
                         QString &error)
 {
     const std::size_t announced = result.size() * totalCount;

@@ -105,6 +105,11 @@ QDebug operator<<(QDebug line, PacketCount count)
         << QStringLiteral(",send count/total count:%1/%2").arg(count.packet).arg(count.total);
 }
 
+std::array<quint8, 4> argumentsOf(const SSProxy::PacketHead &head)
+{
+    return {head.arg2[0], head.arg2[1], head.arg2[2], head.arg2[3]};
+}
+
 } // namespace
 
 bool refuseMissingRequest(QString &error)
@@ -115,12 +120,16 @@ bool refuseMissingRequest(QString &error)
 }
 
 Exchange::Exchange(Verb verb, const SSProxy::DeviceRequestCommand &request)
-    : m_verb(verb), m_request(request)
+    : m_verb(verb),
+      m_request(request),
+      m_BC(request.head().BC),
+      m_FC(request.head().FC),
+      m_arg2(argumentsOf(request.head()))
 { }
 
 QString Exchange::label() const
 {
-    return ControlHelper::commandLabel(m_request.head().BC, m_request.head().FC);
+    return ControlHelper::commandLabel(m_BC, m_FC);
 }
 
 QString Exchange::labelled(const char *words) const
@@ -130,8 +139,7 @@ QString Exchange::labelled(const char *words) const
 
 QString Exchange::codes() const
 {
-    const SSProxy::PacketHead &head = m_request.head();
-    return QStringLiteral("BC(%1), FC(%2).").arg(head.BC, 0, 16).arg(head.FC, 0, 16);
+    return QStringLiteral("BC(%1), FC(%2).").arg(m_BC, 0, 16).arg(m_FC, 0, 16);
 }
 
 QString Exchange::lables() const
@@ -153,15 +161,14 @@ void Exchange::logRequest() const
 {
     if (!controlLog().isInfoEnabled())
         return;
-    const SSProxy::PacketHead &head = m_request.head();
     const VerbRow &row = rowOf(m_verb);
-    if (head.type == static_cast<quint8>(CommandType::Write)) {
+    if (m_request.head().type == static_cast<quint8>(CommandType::Write)) {
         qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.request)
                            << lables() << QString::fromStdString(m_request.body());
     } else if (m_verb == Verb::Get) {
         qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
-                           << int(head.arg2[3]) << int(head.arg2[2]) << int(head.arg2[1])
-                           << int(head.arg2[0]) << lables();
+                           << int(m_arg2[3]) << int(m_arg2[2]) << int(m_arg2[1]) << int(m_arg2[0])
+                           << lables();
     } else {
         qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
                            << lables();

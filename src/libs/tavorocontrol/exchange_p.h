@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -41,7 +42,12 @@ struct PacketCount {
 /// Lives on the stack of one call, on the caller's thread.
 class Exchange {
 public:
+    /// Reads the codes and the argument bytes of \a request once: a channel may change it. The tag
+    /// is read anew for each line, since a channel assigns it when it sends.
     Exchange(Verb verb, const SSProxy::DeviceRequestCommand &request);
+
+    quint8 baseCode() const { return m_BC; }
+    quint8 functionCode() const { return m_FC; }
 
     /// Names the device in every line from now on.
     void setDevice(const BizModel::Device &device) { m_device = &device; }
@@ -73,6 +79,9 @@ private:
 
     const Verb m_verb;
     const SSProxy::DeviceRequestCommand &m_request;
+    const quint8 m_BC;
+    const quint8 m_FC;
+    const std::array<quint8, 4> m_arg2;
     const BizModel::Device *m_device = nullptr;
 };
 

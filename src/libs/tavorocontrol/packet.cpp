@@ -14,20 +14,22 @@ namespace {
 constexpr std::size_t repeatedFirst = 18;
 constexpr std::size_t repeatedSize = 18; // positions 18 to 35
 
-quint32 tableTimeout(const BizModel::s_DeviceConfig &config, const SSProxy::PacketHead &head)
+quint32 tableTimeout(const BizModel::s_DeviceConfig &config, const Exchange &exchange)
 {
     const auto entry =
         std::find_if(config.timeouts.begin(), config.timeouts.end(), [&](const auto &candidate) {
-            return candidate && candidate->BC == head.BC && candidate->FC == head.FC;
+            return candidate && candidate->BC == exchange.baseCode()
+                && candidate->FC == exchange.functionCode();
         });
     return entry == config.timeouts.end() ? config.defaultTimeout : (*entry)->timeout;
 }
 
-void setTableTimeout(BizModel::Device &device, SSProxy::DeviceRequestCommand &request)
+void setTableTimeout(BizModel::Device &device, const Exchange &exchange,
+                     SSProxy::DeviceRequestCommand &request)
 {
     constexpr quint32 longest = std::numeric_limits<int>::max();
     request.setTimeout(
-        static_cast<int>(std::min(tableTimeout(device.deviceConfig(), request.head()), longest)));
+        static_cast<int>(std::min(tableTimeout(device.deviceConfig(), exchange), longest)));
 }
 
 /// As QString::toStdString(), but with nothing in between for the plain characters that addresses
@@ -63,7 +65,7 @@ bool openRoute(Exchange &exchange, const std::weak_ptr<BizModel::Device> &device
         return exchange.fail(Failure::NoDevice, 0, error);
     exchange.setDevice(*route.device);
     exchange.logRequest();
-    setTableTimeout(*route.device, request);
+    setTableTimeout(*route.device, exchange, request);
     route.channel = channelOf(*route.device);
     return true;
 }

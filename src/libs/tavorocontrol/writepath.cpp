@@ -31,9 +31,10 @@ bool writeOnePacket(const Exchange &exchange, SSProxy::DeviceChannel &channel,
     return reply.failure == Failure::None || exchange.fail(reply.failure, reply.status, error);
 }
 
-/// Cuts the body into pieces of \a limit bytes. The caller's request itself is never sent.
+/// Cuts the body into pieces of \a limit bytes. The caller's request itself is never sent. \a whole
+/// is its head, copied once: a channel or a slot may change the request meanwhile.
 bool writeManyPackets(const Exchange &exchange, SSProxy::DeviceChannel &channel,
-                      const SSProxy::PacketHead &whole, const std::string &body, quint32 limit,
+                      const SSProxy::PacketHead whole, const std::string &body, quint32 limit,
                       QString &error)
 {
     const quint32 count = packetCount(body.size(), limit);
