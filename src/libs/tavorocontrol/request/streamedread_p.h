@@ -9,7 +9,13 @@
 #include <memory>
 #include <string>
 
+namespace Tavoro::BizModel {
+class Device;
+}
+
 namespace Tavoro::Control::Internal {
+
+class ExchangeReporter;
 
 /// A read that hands each packet to a callback and holds no more than that packet.
 ///
@@ -34,17 +40,17 @@ private:
     bool readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead request,
                             const SSProxy::PacketHead &answer, std::string data);
 
-    bool mayGoOn(SSProxy::DeviceChannel &channel);
+    bool mayContinue(SSProxy::DeviceChannel &channel);
     bool isStillMaster(SSProxy::DeviceChannel &channel);
     bool isNotCancelled();
 
     void handOver(double progress, const std::string &data);
     bool fail(const Reply &reply, PacketCount count = {});
-    bool tellFailure();
+    bool callWithFailure();
 
     const std::atomic<bool> &m_cancelled;
     const Callback m_callback;
-    const Exchange *m_exchange = nullptr;
+    const ExchangeReporter *m_reporter = nullptr;
     const BizModel::Device *m_device = nullptr;
     QString m_error; ///< Given to the callback, which may write to it.
     double m_progress = 0.0;

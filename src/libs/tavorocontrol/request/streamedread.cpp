@@ -1,9 +1,12 @@
 #include "streamedread_p.h"
 
-#include "logging_p.h"
+#include "exchangereporter_p.h"
+#include "packet_p.h"
+#include "requestpath_p.h"
+#include "translation_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorocontrol/controlhelper.h>
+#include <tavorocontrol/logging_p.h>
 
 namespace Tavoro::Control::Internal {
 
@@ -24,28 +27,28 @@ bool StreamedRead::run(const std::weak_ptr<BizModel::Device> &device,
                        const std::shared_ptr<SSProxy::DeviceRequestCommand> &request)
 {
     if (m_cancelled) {
-        m_error = ControlHelper::tr(cancelledText);
+        m_error = translated(cancelledText);
         qCWarning(controlLog) << m_error;
-        return tellFailure();
+        return callWithFailure();
     }
     if (!request) {
         refuseMissingRequest(m_error);
-        return tellFailure();
+        return callWithFailure();
     }
-    Exchange exchange(Verb::Get, *request);
-    m_exchange = &exchange;
-    Route route;
-    if (!openRoute(exchange, device, *request, m_error, route))
-        return tellFailure();
-    m_device = route.device.get();
-    if (!route.channel) {
+    ExchangeReporter reporter(Verb::Get, *request);
+    m_reporter = &reporter;
+    RequestPath path;
+    if (!openRequestPath(reporter, device, *request, m_error, path))
+        return callWithFailure();
+    m_device = path.device.get();
+    if (!path.channel) {
         // Kept: a device that exists only in the model has nothing to hand over, and that counts as
         // done.
-        exchange.logMissingChannel();
+        reporter.logMissingChannel();
         handOver(1.0, {});
         return true;
     }
-    return readPackets(*route.channel, request);
+    return readPackets(*path.channel, request);
 }
 
 bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
@@ -53,7 +56,7 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
 {
     if (!channel.isHardwareReadFinished())
         return fail({Failure::Offline, 0, nullptr});
-    if (!mayGoOn(channel))
+    if (!mayContinue(channel))
         return false;
     const Reply reply = judge(channel.sendSyncRequest(request));
     if (reply.failure != Failure::None)
@@ -62,12 +65,12 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     const SSProxy::PacketHead answer = reply.response->head();
     const double progress = (answer.sendCount + 1.0) / answer.totalCount;
     if (quint64(answer.sendCount) + 1 == answer.totalCount) {
-        m_exchange->succeedRead(answer.type, reply.response->body(), true);
+        m_reporter->succeedRead(answer.type, reply.response->body(), true);
         handOver(progress, reply.response->body());
         return true;
     }
     m_progress = progress;
-    if (!mayGoOn(channel))
+    if (!mayContinue(channel))
         return false;
     handOver(progress, reply.response->body());
     return readFurtherPackets(channel, request->head(), answer, takeBody(reply));
@@ -78,13 +81,13 @@ bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::
 {
     const quint32 totalCount = answer.totalCount;
     for (quint32 i = 1; i < totalCount; ++i) {
-        if (!mayGoOn(channel))
+        if (!mayContinue(channel))
             return false;
         if (!channel.isHardwareReadFinished())
             return fail({Failure::Offline, 0, nullptr});
         data = std::string(); // so that no more than the packet on its way is held
         auto response = channel.sendSyncRequest(packetRequest(request, totalCount, i));
-        if (!mayGoOn(channel))
+        if (!mayContinue(channel))
             return false;
         const Reply reply = judge(std::move(response));
         if (reply.failure != Failure::None)
@@ -92,10 +95,10 @@ bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::
         data = takeBody(reply);
         handOver((i + 1.0) / totalCount, data);
     }
-    return m_exchange->succeedRead(answer.type, data, false);
+    return m_reporter->succeedRead(answer.type, data, false);
 }
 
-bool StreamedRead::mayGoOn(SSProxy::DeviceChannel &channel)
+bool StreamedRead::mayContinue(SSProxy::DeviceChannel &channel)
 {
     return isStillMaster(channel) && isNotCancelled();
 }
@@ -104,20 +107,20 @@ bool StreamedRead::isStillMaster(SSProxy::DeviceChannel &channel)
 {
     if (channel.isMasterControl())
         return true;
-    m_error = ControlHelper::tr(controlledByOthers);
+    m_error = translated(controlledByOthers);
     qCWarning(controlLog) << m_error;
-    return tellFailure();
+    return callWithFailure();
 }
 
 bool StreamedRead::isNotCancelled()
 {
     if (!m_cancelled)
         return true;
-    m_error = ControlHelper::tr(cancelledText);
+    m_error = translated(cancelledText);
     qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd stopped :"),
                                                         m_error)
                           << m_device->name() << m_device->ipMacSn();
-    return tellFailure();
+    return callWithFailure();
 }
 
 void StreamedRead::handOver(double progress, const std::string &data)
@@ -128,11 +131,11 @@ void StreamedRead::handOver(double progress, const std::string &data)
 
 bool StreamedRead::fail(const Reply &reply, PacketCount count)
 {
-    m_exchange->fail(reply.failure, reply.status, m_error, count);
-    return tellFailure();
+    m_reporter->fail(reply, m_error, count);
+    return callWithFailure();
 }
 
-bool StreamedRead::tellFailure()
+bool StreamedRead::callWithFailure()
 {
     m_callback(false, m_progress, {}, m_error);
     return false;
