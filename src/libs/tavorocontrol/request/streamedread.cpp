@@ -29,23 +29,22 @@ bool StreamedRead::run(const std::weak_ptr<BizModel::Device> &device,
     if (m_cancelled) {
         m_error = translated(cancelledText);
         qCWarning(controlLog) << m_error;
-        return callWithFailure();
+        return passOnFailure();
     }
     if (!request) {
         refuseMissingRequest(m_error);
-        return callWithFailure();
+        return passOnFailure();
     }
     ExchangeReporter reporter(Verb::Get, *request);
     m_reporter = &reporter;
     RequestPath path;
     if (!openRequestPath(reporter, device, *request, m_error, path))
-        return callWithFailure();
+        return passOnFailure();
     m_device = path.device.get();
     if (!path.channel) {
-        // Kept: a device that exists only in the model has nothing to hand over, and that counts as
-        // done.
+        // Kept: a device that exists only in the model has no data, and that counts as done.
         reporter.logMissingChannel();
-        handOver(1.0, {});
+        passOn(1.0, {});
         return true;
     }
     return readPackets(*path.channel, request);
@@ -58,7 +57,7 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
         return fail({Failure::Offline, 0, nullptr});
     if (!mayContinue(channel))
         return false;
-    const Reply reply = judge(channel.sendSyncRequest(request));
+    Reply reply = judge(channel.sendSyncRequest(request));
     if (reply.failure != Failure::None)
         return fail(reply);
 
@@ -66,18 +65,22 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     const double progress = (answer.sendCount + 1.0) / answer.totalCount;
     if (quint64(answer.sendCount) + 1 == answer.totalCount) {
         m_reporter->succeedRead(answer.type, reply.response->body(), true);
-        handOver(progress, reply.response->body());
+        passOn(progress, reply.response->body());
         return true;
     }
     m_progress = progress;
     if (!mayContinue(channel))
         return false;
-    handOver(progress, reply.response->body());
-    return readFurtherPackets(channel, request->head(), answer, takeBody(reply));
+    passOn(progress, reply.response->body());
+    return readFurtherPackets(channel, request->head(), answer, std::move(reply));
 }
 
-bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead request,
-                                      const SSProxy::PacketHead &answer, std::string data)
+/// Reads the packets after the first one, whose head and outcome are \a answer and
+/// \a reply. \a head is that of the
+/// caller's request, copied once after the first call of the callback, which may change the
+/// request.
+bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead head,
+                                      const SSProxy::PacketHead &answer, Reply reply)
 {
     const quint32 totalCount = answer.totalCount;
     for (quint32 i = 1; i < totalCount; ++i) {
@@ -85,17 +88,16 @@ bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::
             return false;
         if (!channel.isHardwareReadFinished())
             return fail({Failure::Offline, 0, nullptr});
-        data = std::string(); // so that no more than the packet on its way is held
-        auto response = channel.sendSyncRequest(packetRequest(request, totalCount, i));
+        reply = {}; // frees the last packet before the next one arrives
+        auto response = channel.sendSyncRequest(packetRequest(head, totalCount, i));
         if (!mayContinue(channel))
             return false;
-        const Reply reply = judge(std::move(response));
+        reply = judge(std::move(response));
         if (reply.failure != Failure::None)
             return fail(reply, {i, totalCount});
-        data = takeBody(reply);
-        handOver((i + 1.0) / totalCount, data);
+        passOn((i + 1.0) / totalCount, reply.response->body());
     }
-    return m_reporter->succeedRead(answer.type, data, false);
+    return m_reporter->succeedRead(answer.type, reply.response->body(), false);
 }
 
 bool StreamedRead::mayContinue(SSProxy::DeviceChannel &channel)
@@ -109,7 +111,7 @@ bool StreamedRead::isStillMaster(SSProxy::DeviceChannel &channel)
         return true;
     m_error = translated(controlledByOthers);
     qCWarning(controlLog) << m_error;
-    return callWithFailure();
+    return passOnFailure();
 }
 
 bool StreamedRead::isNotCancelled()
@@ -120,10 +122,10 @@ bool StreamedRead::isNotCancelled()
     qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd stopped :"),
                                                         m_error)
                           << m_device->name() << m_device->ipMacSn();
-    return callWithFailure();
+    return passOnFailure();
 }
 
-void StreamedRead::handOver(double progress, const std::string &data)
+void StreamedRead::passOn(double progress, const std::string &data)
 {
     m_progress = progress;
     m_callback(true, progress, data, m_error);
@@ -132,10 +134,10 @@ void StreamedRead::handOver(double progress, const std::string &data)
 bool StreamedRead::fail(const Reply &reply, PacketCount count)
 {
     m_reporter->fail(reply, m_error, count);
-    return callWithFailure();
+    return passOnFailure();
 }
 
-bool StreamedRead::callWithFailure()
+bool StreamedRead::passOnFailure()
 {
     m_callback(false, m_progress, {}, m_error);
     return false;
