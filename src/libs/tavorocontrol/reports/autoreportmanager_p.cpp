@@ -1,15 +1,13 @@
-// The road of a report: from the channel to the control class that knows its record.
-
 #include "autoreportmanager_p.h"
-#include "logging_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/controlhelper.h>
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/interface.h>
+#include <tavorocontrol/logging_p.h>
 #include <tavorocontrol/proto/hexdigits.h>
+#include <tavorocontrol/request/commandlabels_p.h>
 #include <tavorocontrol/screen.h>
 #include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/devicechannel.h>
@@ -63,7 +61,7 @@ public:
     explicit ReportLine(SSProxy::IDeviceCommand &command)
         : m_base(twoDigits(command.head().BC)),
           m_function(twoDigits(command.head().FC)),
-          m_label(ControlHelper::commandLabel(command.head().BC, command.head().FC)),
+          m_label(commandLabel(command.head().BC, command.head().FC)),
           m_body(command.body())
     { }
 
@@ -162,7 +160,7 @@ bool Reports::receiveAutoReportDeviceTransferProgress(WeakDevice device, const s
 
 bool Reports::receiveAutoReportFileTransferProgress(WeakDevice device, const std::string &body)
 {
-    Percents percents;
+    std::vector<ProtoModel::File::s_FileTransPercent> percents;
     QString error;
     if (!File(device, nullptr).updateTransferProgress(body, percents, error))
         qCWarning(controlLog) << "Process file transfer progress auto report info failed " << error;

@@ -1,13 +1,10 @@
-// Pouring what was read of a device into the model.
-
-#include "logging_p.h"
 #include "syncdevicetask_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
 #include <tavorobizmodel/mvrscreen.h>
-#include <tavorobizmodel/savedevicedatathread.h>
 #include <tavorobizmodel/screen.h>
+#include <tavorocontrol/logging_p.h>
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicemanager.h>
 
@@ -81,26 +78,6 @@ bool feed(BizModel::Device &device, const Detail &detail, QString &error, const 
 }
 
 } // namespace
-
-SavePause::SavePause(const BizModel::Device &device)
-    : m_thread(DeviceList::instance()->saveDeviceDataThread())
-{
-    if (m_thread) {
-        m_thread->setTemporaryStop(true);
-        m_thread->waitForSavingDataFinished();
-    }
-    m_ip = device.IPAddress();
-    m_mac = device.MAC();
-    m_sn = device.sn();
-}
-
-SavePause::~SavePause()
-{
-    if (!m_thread)
-        return;
-    m_thread->setTemporaryStop(false);
-    m_thread->saveDevicesInfor(DeviceList::instance()->findDevice(m_ip, m_mac, m_sn));
-}
 
 SyncDeviceTaskPrivate::SyncDeviceTaskPrivate(SyncDeviceTask *task)
     : deviceDetail(std::make_unique<ProtoModel::Device::s_DeviceDetail>()),

@@ -1,14 +1,17 @@
 // What the statuses of responses mean: 1 to 255 come from the device itself, 257 to 264 from the
 // local channel, 357 to 365 from the local decoder of the protocol.
 
-#include <tavorocontrol/controlhelper.h>
+#include "errortexts_p.h"
+
+#include "translation_p.h"
+
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/commandcodes.h>
 
 #include <algorithm>
 #include <iterator>
 
-namespace Tavoro::Control {
+namespace Tavoro::Control::Internal {
 
 namespace {
 
@@ -48,16 +51,16 @@ constexpr quint16 lastHardwareStatus = 255;
 
 } // namespace
 
-QString ControlHelper::errorText(quint16 status)
+QString errorText(quint16 status)
 {
     const auto row =
         std::find_if(std::begin(errorRows), std::end(errorRows),
                      [&](const ErrorRow &candidate) { return candidate.status == status; });
     if (row != std::end(errorRows))
-        return tr(row->text);
+        return translated(row->text);
     if (status >= 1 && status <= lastHardwareStatus)
-        return tr(hardwareError).arg(status);
+        return translated(hardwareError).arg(status);
     return QStringLiteral("N/A");
 }
 
-} // namespace Tavoro::Control
+} // namespace Tavoro::Control::Internal

@@ -7,31 +7,11 @@
 
 #include <atomic>
 
-namespace Tavoro::BizModel {
-class SaveDeviceDataThread;
-}
-
 namespace Tavoro::SSProxy {
 class DeviceChannel;
 }
 
 namespace Tavoro::Control::Internal {
-
-/// Keeps the model's saver quiet while a device is read, and has the device saved afterwards,
-/// however the reading ends.
-class SavePause {
-public:
-    explicit SavePause(const BizModel::Device &device);
-    ~SavePause();
-    SavePause(const SavePause &) = delete;
-    SavePause &operator=(const SavePause &) = delete;
-
-private:
-    BizModel::SaveDeviceDataThread *const m_thread;
-    QString m_ip;
-    QString m_mac;
-    QString m_sn;
-};
 
 /// State of the task. Handed over between its owner's thread and its own by the start and the end
 /// of a run; only \c runningStatus is shared.

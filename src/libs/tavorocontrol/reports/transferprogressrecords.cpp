@@ -1,10 +1,7 @@
-// The latest transfer figures of each device. A record stays once it is made, also when its device
-// is gone.
-
-#include "autoreportmanager_p.h"
-#include "logging_p.h"
+#include "transferprogressrecords_p.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavorocontrol/logging_p.h>
 
 #include <QMutexLocker>
 
@@ -22,7 +19,7 @@ qint64 steadyMilliseconds()
         / nanosecondsPerMillisecond;
 }
 
-// Kept: all three operations word it so, whatever they were about to do.
+// Kept: all three operations log this text, although two of them update nothing.
 std::shared_ptr<BizModel::Device> lockOrWarn(const std::weak_ptr<BizModel::Device> &weakDevice)
 {
     auto device = weakDevice.lock();
@@ -33,23 +30,23 @@ std::shared_ptr<BizModel::Device> lockOrWarn(const std::weak_ptr<BizModel::Devic
 
 } // namespace
 
-/// To be called with the mutex held.
+/// Call it with the mutex held.
 s_DeviceFileTransferProgress *
-AutoReportManagerPrivate::recordOf(const std::shared_ptr<BizModel::Device> &device)
+TransferProgressRecords::recordOf(const std::shared_ptr<BizModel::Device> &device)
 {
     const auto record =
-        std::find_if(transferProgressRecords.begin(), transferProgressRecords.end(),
+        std::find_if(m_records.begin(), m_records.end(),
                      [&](const auto &candidate) { return candidate.device.lock() == device; });
-    return record == transferProgressRecords.end() ? nullptr : &*record;
+    return record == m_records.end() ? nullptr : &*record;
 }
 
-bool AutoReportManagerPrivate::findRecord(const WeakDevice &weakDevice,
-                                          s_DeviceFileTransferProgress &record)
+bool TransferProgressRecords::find(const WeakDevice &weakDevice,
+                                   s_DeviceFileTransferProgress &record)
 {
     const auto device = lockOrWarn(weakDevice);
     if (!device)
         return false;
-    const QMutexLocker lock(&transferProgressMutex);
+    const QMutexLocker lock(&m_mutex);
     const auto *known = recordOf(device);
     if (!known)
         return false;
@@ -57,24 +54,24 @@ bool AutoReportManagerPrivate::findRecord(const WeakDevice &weakDevice,
     return true;
 }
 
-void AutoReportManagerPrivate::updateRecord(const WeakDevice &weakDevice, Percents percents)
+void TransferProgressRecords::update(const WeakDevice &weakDevice, Percents percents)
 {
     const auto device = lockOrWarn(weakDevice);
     if (!device)
         return;
-    const QMutexLocker lock(&transferProgressMutex);
+    const QMutexLocker lock(&m_mutex);
     auto *record = recordOf(device);
     if (!record)
-        record = &transferProgressRecords.emplace_back();
+        record = &m_records.emplace_back();
     *record = {device, std::move(percents), steadyMilliseconds(), true};
 }
 
-void AutoReportManagerPrivate::resetRecord(const WeakDevice &weakDevice)
+void TransferProgressRecords::reset(const WeakDevice &weakDevice)
 {
     const auto device = lockOrWarn(weakDevice);
     if (!device)
         return;
-    const QMutexLocker lock(&transferProgressMutex);
+    const QMutexLocker lock(&m_mutex);
     auto *record = recordOf(device);
     if (!record)
         return;

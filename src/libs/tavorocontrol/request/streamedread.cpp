@@ -1,9 +1,12 @@
 #include "streamedread_p.h"
 
-#include "logging_p.h"
+#include "exchangereporter_p.h"
+#include "packet_p.h"
+#include "requestpath_p.h"
+#include "translation_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorocontrol/controlhelper.h>
+#include <tavorocontrol/logging_p.h>
 
 namespace Tavoro::Control::Internal {
 
@@ -24,28 +27,27 @@ bool StreamedRead::run(const std::weak_ptr<BizModel::Device> &device,
                        const std::shared_ptr<SSProxy::DeviceRequestCommand> &request)
 {
     if (m_cancelled) {
-        m_error = ControlHelper::tr(cancelledText);
+        m_error = translated(cancelledText);
         qCWarning(controlLog) << m_error;
-        return tellFailure();
+        return passOnFailure();
     }
     if (!request) {
         refuseMissingRequest(m_error);
-        return tellFailure();
+        return passOnFailure();
     }
-    Exchange exchange(Verb::Get, *request);
-    m_exchange = &exchange;
-    Route route;
-    if (!openRoute(exchange, device, *request, m_error, route))
-        return tellFailure();
-    m_device = route.device.get();
-    if (!route.channel) {
-        // Kept: a device that exists only in the model has nothing to hand over, and that counts as
-        // done.
-        exchange.logMissingChannel();
-        handOver(1.0, {});
+    ExchangeReporter reporter(Verb::Get, *request);
+    m_reporter = &reporter;
+    RequestPath path;
+    if (!openRequestPath(reporter, device, *request, m_error, path))
+        return passOnFailure();
+    m_device = path.device.get();
+    if (!path.channel) {
+        // Kept: a device that exists only in the model has no data, and that counts as done.
+        reporter.logMissingChannel();
+        passOn(1.0, {});
         return true;
     }
-    return readPackets(*route.channel, request);
+    return readPackets(*path.channel, request);
 }
 
 bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
@@ -53,49 +55,52 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
 {
     if (!channel.isHardwareReadFinished())
         return fail({Failure::Offline, 0, nullptr});
-    if (!mayGoOn(channel))
+    if (!mayContinue(channel))
         return false;
-    const Reply reply = judge(channel.sendSyncRequest(request));
+    Reply reply = judge(channel.sendSyncRequest(request));
     if (reply.failure != Failure::None)
         return fail(reply);
 
     const SSProxy::PacketHead answer = reply.response->head();
     const double progress = (answer.sendCount + 1.0) / answer.totalCount;
     if (quint64(answer.sendCount) + 1 == answer.totalCount) {
-        m_exchange->succeedRead(answer.type, reply.response->body(), true);
-        handOver(progress, reply.response->body());
+        m_reporter->succeedRead(answer.type, reply.response->body(), true);
+        passOn(progress, reply.response->body());
         return true;
     }
     m_progress = progress;
-    if (!mayGoOn(channel))
+    if (!mayContinue(channel))
         return false;
-    handOver(progress, reply.response->body());
-    return readFurtherPackets(channel, request->head(), answer, takeBody(reply));
+    passOn(progress, reply.response->body());
+    return readFurtherPackets(channel, request->head(), answer, std::move(reply));
 }
 
-bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead request,
-                                      const SSProxy::PacketHead &answer, std::string data)
+/// Reads the packets after the first one, whose head and outcome are \a answer and
+/// \a reply. \a head is that of the
+/// caller's request, copied once after the first call of the callback, which may change the
+/// request.
+bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead head,
+                                      const SSProxy::PacketHead &answer, Reply reply)
 {
     const quint32 totalCount = answer.totalCount;
     for (quint32 i = 1; i < totalCount; ++i) {
-        if (!mayGoOn(channel))
+        if (!mayContinue(channel))
             return false;
         if (!channel.isHardwareReadFinished())
             return fail({Failure::Offline, 0, nullptr});
-        data = std::string(); // so that no more than the packet on its way is held
-        auto response = channel.sendSyncRequest(packetRequest(request, totalCount, i));
-        if (!mayGoOn(channel))
+        reply = {}; // frees the last packet before the next one arrives
+        auto response = channel.sendSyncRequest(packetRequest(head, totalCount, i));
+        if (!mayContinue(channel))
             return false;
-        const Reply reply = judge(std::move(response));
+        reply = judge(std::move(response));
         if (reply.failure != Failure::None)
             return fail(reply, {i, totalCount});
-        data = takeBody(reply);
-        handOver((i + 1.0) / totalCount, data);
+        passOn((i + 1.0) / totalCount, reply.response->body());
     }
-    return m_exchange->succeedRead(answer.type, data, false);
+    return m_reporter->succeedRead(answer.type, reply.response->body(), false);
 }
 
-bool StreamedRead::mayGoOn(SSProxy::DeviceChannel &channel)
+bool StreamedRead::mayContinue(SSProxy::DeviceChannel &channel)
 {
     return isStillMaster(channel) && isNotCancelled();
 }
@@ -104,23 +109,23 @@ bool StreamedRead::isStillMaster(SSProxy::DeviceChannel &channel)
 {
     if (channel.isMasterControl())
         return true;
-    m_error = ControlHelper::tr(controlledByOthers);
+    m_error = translated(controlledByOthers);
     qCWarning(controlLog) << m_error;
-    return tellFailure();
+    return passOnFailure();
 }
 
 bool StreamedRead::isNotCancelled()
 {
     if (!m_cancelled)
         return true;
-    m_error = ControlHelper::tr(cancelledText);
+    m_error = translated(cancelledText);
     qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd stopped :"),
                                                         m_error)
                           << m_device->name() << m_device->ipMacSn();
-    return tellFailure();
+    return passOnFailure();
 }
 
-void StreamedRead::handOver(double progress, const std::string &data)
+void StreamedRead::passOn(double progress, const std::string &data)
 {
     m_progress = progress;
     m_callback(true, progress, data, m_error);
@@ -128,11 +133,11 @@ void StreamedRead::handOver(double progress, const std::string &data)
 
 bool StreamedRead::fail(const Reply &reply, PacketCount count)
 {
-    m_exchange->fail(reply.failure, reply.status, m_error, count);
-    return tellFailure();
+    m_reporter->fail(reply, m_error, count);
+    return passOnFailure();
 }
 
-bool StreamedRead::tellFailure()
+bool StreamedRead::passOnFailure()
 {
     m_callback(false, m_progress, {}, m_error);
     return false;

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "transferprogressrecords_p.h"
+
 #include <tavorocontrol/autoreportmanager.h>
 
 #include <QMap>
-#include <QMutex>
 #include <QObject>
 
 #include <functional>
@@ -18,25 +19,24 @@ class IDeviceCommand;
 
 namespace Tavoro::Control::Internal {
 
-/// | member                                            | thread                    |
-/// |---------------------------------------------------|---------------------------|
-/// | findRecord(), updateRecord(), resetRecord()       | any                       |
-/// | all others                                        | that of the manager       |
+/// Receives the reports of all channels and passes each to the control class that knows its record.
+///
+/// | member                  | thread              |
+/// |-------------------------|---------------------|
+/// | transferProgressRecords | any                 |
+/// | all others              | that of the manager |
 class AutoReportManagerPrivate : public QObject {
     Q_OBJECT
 
 public:
     using WeakDevice = std::weak_ptr<BizModel::Device>;
-    using Percents = std::vector<ProtoModel::File::s_FileTransPercent>;
 
     explicit AutoReportManagerPrivate(AutoReportManager *manager);
     ~AutoReportManagerPrivate() override;
 
     void setStopped(bool stop) { isStopAutoReport = stop; }
 
-    bool findRecord(const WeakDevice &device, s_DeviceFileTransferProgress &record);
-    void updateRecord(const WeakDevice &device, Percents percents);
-    void resetRecord(const WeakDevice &device);
+    TransferProgressRecords transferProgressRecords;
 
 private Q_SLOTS:
     void slotReceiveDeviceAutoReportInfo(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
@@ -46,7 +46,6 @@ private:
     using Handler = std::function<bool(WeakDevice, const std::string &)>;
 
     void fillReportHandlers();
-    s_DeviceFileTransferProgress *recordOf(const std::shared_ptr<BizModel::Device> &device);
 
     bool receiveAutoReportSubcards(WeakDevice device, const std::string &body);
     bool receiveAutoReportPowerInfo(WeakDevice device, const std::string &body);
@@ -68,9 +67,6 @@ private:
     AutoReportManager *const q;
     QMap<quint16, Handler> reportHandlers; ///< Read-only after construction.
     bool isStopAutoReport = false;
-    std::vector<s_DeviceFileTransferProgress>
-        transferProgressRecords; // guarded by transferProgressMutex
-    QMutex transferProgressMutex;
 };
 
 } // namespace Tavoro::Control::Internal

@@ -9,13 +9,19 @@
 #include <memory>
 #include <string>
 
+namespace Tavoro::BizModel {
+class Device;
+}
+
 namespace Tavoro::Control::Internal {
 
-/// A read that hands each packet to a callback and holds no more than that packet.
+class ExchangeReporter;
+
+/// A read that passes each packet to a callback and holds at most one packet.
 ///
-/// Lives on the stack of one call, on the caller's thread. Only the cancelled flag is shared with
-/// other threads. It is looked at, and so is the control of the device, before each packet is asked
-/// for and again before its answer is judged.
+/// Lives on the stack of one call, on the caller's thread; only the cancelled flag is shared with
+/// other threads. The read checks that flag and the control of the device before it requests a
+/// packet, and again before it examines the response.
 class StreamedRead {
 public:
     using Callback =
@@ -29,24 +35,22 @@ public:
 private:
     bool readPackets(SSProxy::DeviceChannel &channel,
                      const std::shared_ptr<SSProxy::DeviceRequestCommand> &request);
-    /// \a request by value: the head is taken once, behind the first call of the callback, which
-    /// may hold the request and change it later.
-    bool readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead request,
-                            const SSProxy::PacketHead &answer, std::string data);
+    bool readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead head,
+                            const SSProxy::PacketHead &answer, Reply reply);
 
-    bool mayGoOn(SSProxy::DeviceChannel &channel);
+    bool mayContinue(SSProxy::DeviceChannel &channel);
     bool isStillMaster(SSProxy::DeviceChannel &channel);
     bool isNotCancelled();
 
-    void handOver(double progress, const std::string &data);
+    void passOn(double progress, const std::string &data);
     bool fail(const Reply &reply, PacketCount count = {});
-    bool tellFailure();
+    bool passOnFailure();
 
     const std::atomic<bool> &m_cancelled;
     const Callback m_callback;
-    const Exchange *m_exchange = nullptr;
+    const ExchangeReporter *m_reporter = nullptr;
     const BizModel::Device *m_device = nullptr;
-    QString m_error; ///< Given to the callback, which may write to it.
+    QString m_error; ///< Passed to the callback, which may write to it.
     double m_progress = 0.0;
 };
 

@@ -1,10 +1,12 @@
-#include "exchange_p.h"
+#include "exchangereporter_p.h"
 
-#include "logging_p.h"
+#include "commandlabels_p.h"
+#include "errortexts_p.h"
+#include "translation_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/controlhelper.h>
+#include <tavorocontrol/logging_p.h>
 #include <tavorossproxy/commandcodes.h>
 
 #include <QMetaMethod>
@@ -52,34 +54,34 @@ const VerbRow &rowOf(Verb verb)
     return verb == Verb::Get ? getRow : setRow;
 }
 
-QString reasonOf(Failure failure, quint16 status)
+QString reasonOf(const Reply &reply)
 {
-    switch (failure) {
+    switch (reply.failure) {
     case Failure::NoDevice:
-        return ControlHelper::tr(invalidDevice);
+        return translated(invalidDevice);
     case Failure::Offline:
-        return ControlHelper::tr(deviceOffline);
+        return translated(deviceOffline);
     case Failure::NullResponse:
-        return ControlHelper::tr(invalidResponse);
+        return translated(invalidResponse);
     case Failure::Status:
-        return ControlHelper::errorText(status);
+        return errorText(reply.status);
     case Failure::None:
         break;
     }
-    Q_ASSERT_X(false, "Exchange", "a success has no reason");
+    Q_ASSERT_X(false, "ExchangeReporter", "a success has no reason");
     return {};
 }
 
-/// Lets others ask what only an object itself may ask of QObject.
-struct Asking : QObject {
+/// Makes QObject's protected isSignalConnected() callable for other objects.
+struct Connections : QObject {
     static constexpr bool (QObject::*isConnected)(const QMetaMethod &) const =
-        &Asking::isSignalConnected;
+        &Connections::isSignalConnected;
 };
 
 bool hasStatusBar()
 {
     static const QMetaMethod signal = QMetaMethod::fromSignal(&DeviceList::signalShowStatusBarMsg);
-    return (DeviceList::instance()->*Asking::isConnected)(signal);
+    return (DeviceList::instance()->*Connections::isConnected)(signal);
 }
 
 void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
@@ -87,14 +89,14 @@ void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
     Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(type, text, statusBarMilliseconds);
 }
 
-/// Device of a log line; streams nothing while the device is not known.
-struct Who {
+/// Name and identity of the device in a log line; empty while the device is not known.
+struct DeviceName {
     const BizModel::Device *device;
 };
 
-QDebug operator<<(QDebug line, Who who)
+QDebug operator<<(QDebug line, DeviceName name)
 {
-    return who.device ? line << who.device->name() << who.device->ipMacSn() : line;
+    return name.device ? line << name.device->name() << name.device->ipMacSn() : line;
 }
 
 QDebug operator<<(QDebug line, PacketCount count)
@@ -105,119 +107,127 @@ QDebug operator<<(QDebug line, PacketCount count)
         << QStringLiteral(",send count/total count:%1/%2").arg(count.packet).arg(count.total);
 }
 
+std::array<quint8, 4> argumentsOf(const SSProxy::PacketHead &head)
+{
+    return {head.arg2[0], head.arg2[1], head.arg2[2], head.arg2[3]};
+}
+
 } // namespace
 
 bool refuseMissingRequest(QString &error)
 {
-    error = ControlHelper::tr(invalidRequest);
+    error = translated(invalidRequest);
     qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd :"), error);
     return false;
 }
 
-Exchange::Exchange(Verb verb, const SSProxy::DeviceRequestCommand &request)
-    : m_verb(verb), m_request(request)
+ExchangeReporter::ExchangeReporter(Verb verb, const SSProxy::DeviceRequestCommand &request)
+    : m_verb(verb),
+      m_request(request),
+      m_BC(request.head().BC),
+      m_FC(request.head().FC),
+      m_arg2(argumentsOf(request.head()))
 { }
 
-QString Exchange::label() const
+QString ExchangeReporter::label() const
 {
-    return ControlHelper::commandLabel(m_request.head().BC, m_request.head().FC);
+    return commandLabel(m_BC, m_FC);
 }
 
-QString Exchange::labelled(const char *words) const
+QString ExchangeReporter::labelled(const char *words) const
 {
     return QString::fromLatin1(words).arg(label());
 }
 
-QString Exchange::codes() const
+QString ExchangeReporter::codes() const
 {
-    const SSProxy::PacketHead &head = m_request.head();
-    return QStringLiteral("BC(%1), FC(%2).").arg(head.BC, 0, 16).arg(head.FC, 0, 16);
+    return QStringLiteral("BC(%1), FC(%2).").arg(m_BC, 0, 16).arg(m_FC, 0, 16);
 }
 
-QString Exchange::lables() const
+QString ExchangeReporter::lables() const
 {
     return QStringLiteral(" lables: %1").arg(m_request.head().lables);
 }
 
-QString Exchange::failureSentence(const QString &reason) const
+QString ExchangeReporter::failureSentence(const QString &reason) const
 {
-    return ControlHelper::tr(rowOf(m_verb).failed).arg(label(), reason);
+    return translated(rowOf(m_verb).failed).arg(label(), reason);
 }
 
-QString Exchange::successSentence() const
+QString ExchangeReporter::successSentence() const
 {
-    return ControlHelper::tr(rowOf(m_verb).succeeded).arg(label());
+    return translated(rowOf(m_verb).succeeded).arg(label());
 }
 
-void Exchange::logRequest() const
+void ExchangeReporter::logRequest() const
 {
     if (!controlLog().isInfoEnabled())
         return;
-    const SSProxy::PacketHead &head = m_request.head();
     const VerbRow &row = rowOf(m_verb);
-    if (head.type == static_cast<quint8>(CommandType::Write)) {
-        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.request)
+    if (m_request.head().type == static_cast<quint8>(CommandType::Write)) {
+        qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << labelled(row.request)
                            << lables() << QString::fromStdString(m_request.body());
     } else if (m_verb == Verb::Get) {
-        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
-                           << int(head.arg2[3]) << int(head.arg2[2]) << int(head.arg2[1])
-                           << int(head.arg2[0]) << lables();
+        qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes()
+                           << labelled(row.rawRequest) << int(m_arg2[3]) << int(m_arg2[2])
+                           << int(m_arg2[1]) << int(m_arg2[0]) << lables();
     } else {
-        qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << labelled(row.rawRequest)
-                           << lables();
+        qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes()
+                           << labelled(row.rawRequest) << lables();
     }
 }
 
-void Exchange::logMissingChannel() const
+void ExchangeReporter::logMissingChannel() const
 {
     qCDebug(controlLog) << "find Tavoro Device Channel false. ip address is :"
                         << m_device->IPAddress();
 }
 
-void Exchange::logFailure(const QString &text, PacketCount count) const
+void ExchangeReporter::logFailure(const QString &text, PacketCount count) const
 {
-    qCWarning(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables() << count;
+    qCWarning(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << text << lables()
+                          << count;
 }
 
-bool Exchange::fail(Failure failure, quint16 status, QString &error, PacketCount count) const
+bool ExchangeReporter::fail(const Reply &reply, QString &error, PacketCount count) const
 {
-    error = failureSentence(reasonOf(failure, status));
+    error = failureSentence(reasonOf(reply));
     logFailure(error, count);
     showOnStatusBar(BizModel::Enum::StatusBarFailure, error);
     return false;
 }
 
-void Exchange::reportWriteFailure(const QString &reason, quint16 status) const
+void ExchangeReporter::showWriteFailure(const QString &reason, quint16 status) const
 {
     showOnStatusBar(BizModel::Enum::StatusBarFailure, failureSentence(reason));
     if (status == SSProxy::statusDataUpdated)
         Q_EMIT DeviceList::instance()->signalShowFramelessMessageBoxMsg(
-            BizModel::Enum::MessageBoxWarning, ControlHelper::tr(dataUpdated));
+            BizModel::Enum::MessageBoxWarning, translated(dataUpdated));
 }
 
-bool Exchange::failWrite(quint16 status, QString &error) const
+bool ExchangeReporter::failWrite(quint16 status, QString &error) const
 {
-    const QString reason = ControlHelper::errorText(status);
-    reportWriteFailure(reason, status);
+    const QString reason = errorText(status);
+    showWriteFailure(reason, status);
     error = failureSentence(reason);
     logFailure(error, {});
     return false;
 }
 
-// Kept: the user sees the whole sentence on the status bar, the caller of a split write gets the
-// reason alone.
-bool Exchange::failSplitWrite(quint16 status, QString &error, PacketCount count) const
+// Kept: the status bar shows the whole sentence, the caller of a split write gets the reason alone.
+bool ExchangeReporter::failSplitWrite(quint16 status, QString &error, PacketCount count) const
 {
-    const QString reason = ControlHelper::errorText(status);
-    reportWriteFailure(reason, status);
+    const QString reason = errorText(status);
+    showWriteFailure(reason, status);
     error = reason;
     logFailure(error, count);
     return false;
 }
 
-// Kept: ", content:" is announced for an answer of one packet only, although the content follows in
-// both cases.
-bool Exchange::succeedRead(quint8 responseType, const std::string &content, bool onePacket) const
+// Kept: ", content:" precedes the content of an answer of one packet only, although the content is
+// logged in both cases.
+bool ExchangeReporter::succeedRead(quint8 responseType, const std::string &content,
+                                   bool onePacket) const
 {
     if (!controlLog().isInfoEnabled() && !hasStatusBar())
         return true;
@@ -225,22 +235,22 @@ bool Exchange::succeedRead(quint8 responseType, const std::string &content, bool
     if (controlLog().isInfoEnabled()) {
         if (responseType == static_cast<quint8>(CommandType::Read)) {
             const QString tag = onePacket ? lables() + QStringLiteral(", content:") : lables();
-            qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << tag
+            qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << text << tag
                                << QString::fromStdString(content);
         } else {
-            qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables();
+            qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << text << lables();
         }
     }
     showOnStatusBar(BizModel::Enum::StatusBarSuccess, text);
     return true;
 }
 
-bool Exchange::succeedWrite(bool show) const
+bool ExchangeReporter::succeedWrite(bool show) const
 {
     if (!controlLog().isInfoEnabled() && !(show && hasStatusBar()))
         return true;
     const QString text = successSentence();
-    qCInfo(controlLog) << tavoroCmd << Who{m_device} << codes() << text << lables();
+    qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << text << lables();
     if (show)
         showOnStatusBar(BizModel::Enum::StatusBarSuccess, text);
     return true;

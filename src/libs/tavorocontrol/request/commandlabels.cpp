@@ -1,13 +1,16 @@
 // Names of the device's commands. A label names the slot of the protocol, not the operation that
 // uses it.
 
-#include <tavorocontrol/controlhelper.h>
+#include "commandlabels_p.h"
+
+#include "translation_p.h"
+
 #include <tavorossproxy/commandcodes.h>
 
 #include <algorithm>
 #include <iterator>
 
-namespace Tavoro::Control {
+namespace Tavoro::Control::Internal {
 
 namespace {
 
@@ -123,7 +126,7 @@ static_assert(standInOrder(), "labels are looked up by bisection");
 
 } // namespace
 
-QString ControlHelper::commandLabel(quint8 BC, quint8 FC)
+QString commandLabel(quint8 BC, quint8 FC)
 {
     const auto command = static_cast<Command>(BC << 8 | FC);
     const auto row = std::lower_bound(
@@ -131,7 +134,7 @@ QString ControlHelper::commandLabel(quint8 BC, quint8 FC)
         [](const LabelRow &candidate, Command wanted) { return candidate.command < wanted; });
     if (row == std::end(labelRows) || row->command != command)
         return QStringLiteral("N/A");
-    return tr(row->label);
+    return translated(row->label);
 }
 
-} // namespace Tavoro::Control
+} // namespace Tavoro::Control::Internal

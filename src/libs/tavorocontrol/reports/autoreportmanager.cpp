@@ -41,20 +41,20 @@ void AutoReportManager::setIsStopAutoReport(bool stop)
 bool AutoReportManager::findDeviceFileTransferProgressRecord(std::weak_ptr<BizModel::Device> device,
                                                              s_DeviceFileTransferProgress &record)
 {
-    return d->findRecord(device, record);
+    return d->transferProgressRecords.find(device, record);
 }
 
 void AutoReportManager::updateDeviceFileTransferProgressRecord(
     std::weak_ptr<BizModel::Device> device,
     std::vector<ProtoModel::File::s_FileTransPercent> percents)
 {
-    d->updateRecord(device, std::move(percents));
+    d->transferProgressRecords.update(device, std::move(percents));
 }
 
 void AutoReportManager::resetDeviceFileTransferProgressRecord(
     std::weak_ptr<BizModel::Device> device)
 {
-    d->resetRecord(device);
+    d->transferProgressRecords.reset(device);
 }
 
 } // namespace Tavoro::Control

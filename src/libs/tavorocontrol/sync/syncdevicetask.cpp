@@ -2,18 +2,18 @@
 
 #include <tavorocontrol/syncdevicetask.h>
 
-#include "logging_p.h"
+#include "savepause_p.h"
 #include "syncdevicetask_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorobizmodel/savedevicedatathread.h>
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/auxiliary.h>
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
+#include <tavorocontrol/logging_p.h>
 #include <tavorocontrol/screen.h>
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicemanager.h>
