@@ -2,10 +2,10 @@
 
 // Puts numbers and strings into a buffer of JSON text. Each returns the place behind what it put.
 
-#include "textscan_p.h"
+#include <tavorocontrol/proto/json/textscan.h>
 
 #include <tavorocontrol/proto/export.h>
-#include <tavorocontrol/proto/jsonwriter.h>
+#include <tavorocontrol/proto/json/jsonwriter.h>
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "valuereader_p.h"
+#include "valuereader.h"
 
 #include <cstdlib>
 #include <limits>

@@ -3,7 +3,7 @@
 // The exact road: records and values by their tokens.
 
 #include <tavorocontrol/proto/export.h>
-#include <tavorocontrol/proto/jsonreader.h>
+#include <tavorocontrol/proto/json/jsonreader.h>
 
 #include <cstdint>
 #include <string>

@@ -6,8 +6,9 @@
 // Kept: halves of surrogate pairs are not combined, each becomes a three-byte sequence of its own,
 // and \u0000 is an error.
 
-#include "hexdigits.h"
-#include "valuereader_p.h"
+#include "valuereader.h"
+
+#include <tavorocontrol/proto/hexdigits.h>
 
 #include <algorithm>
 

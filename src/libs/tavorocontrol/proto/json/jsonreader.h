@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavorocontrol/proto/export.h>
-#include <tavorocontrol/proto/jsontoken.h>
+#include <tavorocontrol/proto/json/jsontoken.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -7,7 +7,7 @@
 // Nothing stands before a symbol that begins no value, and before the end of the input. An array
 // that holds such a thing, other than a comma, could neither go on nor end: that is an error.
 
-#include "valuereader_p.h"
+#include "valuereader.h"
 
 #include <vector>
 

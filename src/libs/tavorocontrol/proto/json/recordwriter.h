@@ -1,7 +1,7 @@
 #pragma once
 
-#include "recordfields_p.h"
-#include "textwriter_p.h"
+#include <tavorocontrol/proto/json/recordfields.h>
+#include <tavorocontrol/proto/json/textwriter.h>
 
 #include <limits>
 

@@ -3,8 +3,8 @@
 // Reads records and vectors: straight from the text while it has the expected form, and through the
 // reader's tokens wherever it has not. Either can go on at any place where the other stopped.
 
-#include "plainreader_p.h"
-#include "valuereader_p.h"
+#include <tavorocontrol/proto/json/plainreader.h>
+#include <tavorocontrol/proto/json/valuereader.h>
 
 #include <QtGlobal>
 

@@ -7,7 +7,7 @@
 // Kept: a code point above U+FFFF becomes two long escapes, of its bits 31 to 16 and 15 to 0, which
 // is no surrogate pair. The content ends silently at a NUL and at malformed UTF-8.
 
-#include "textwriter_p.h"
+#include "textwriter.h"
 
 #include "utf8_p.h"
 

@@ -3,8 +3,8 @@
 // The fast road: values and keys in the form in which devices and this library write them, without
 // blanks, escapes, points or exponents. What has another form is left to the tokens.
 
-#include "recordfields_p.h"
-#include "textscan_p.h"
+#include <tavorocontrol/proto/json/recordfields.h>
+#include <tavorocontrol/proto/json/textscan.h>
 
 #include <QtGlobal>
 
