@@ -1,12 +1,12 @@
 // Sends a file to a device: the announcement, then the content in pieces of the channel's size.
 
-#include "background.h"
 #include "commandlist.h"
-#include "fileplace.h"
-#include "interruption.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/file.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/session/background.h>
+#include <tavoroctl/session/interruption.h>
 #include <tavorowire/checksums.h>
 
 #include <QFile>

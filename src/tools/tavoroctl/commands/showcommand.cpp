@@ -1,5 +1,6 @@
 #include "commandlist.h"
-#include "snapshot.h"
+
+#include <tavoroctl/model/snapshot.h>
 
 namespace Tavoro::Ctl {
 

@@ -1,13 +1,13 @@
 // Reads a whole device into the model; shows the model, or follows it.
 
 #include "commandlist.h"
-#include "interruption.h"
-#include "modelreader.h"
-#include "modeltree.h"
-#include "modelwatch.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/autoreportmanager.h>
+#include <tavoroctl/model/modelreader.h>
+#include <tavoroctl/model/modelwatch.h>
+#include <tavoroctl/output/modeltree.h>
+#include <tavoroctl/session/interruption.h>
 #include <tavorossproxy/networkchannel.h>
 
 #include <QEventLoop>

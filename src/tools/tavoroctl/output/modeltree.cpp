@@ -1,8 +1,6 @@
 #include "modeltree.h"
 
-#include "fileplace.h"
 #include "labels.h"
-#include "recordtext.h"
 #include "texttable.h"
 
 #include <tavorobizmodel/device.h>
@@ -10,6 +8,8 @@
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/operations/recordtext.h>
 
 #include <algorithm>
 #include <vector>

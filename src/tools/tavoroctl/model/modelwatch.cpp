@@ -1,9 +1,6 @@
 #include "modelwatch.h"
 
-#include "fileplace.h"
 #include "jsondiff.h"
-#include "labels.h"
-#include "recordtext.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -11,6 +8,10 @@
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/operations/jsontext.h>
+#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/labels.h>
 
 #include <QJsonObject>
 

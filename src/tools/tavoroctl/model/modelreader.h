@@ -1,8 +1,7 @@
 #pragma once
 
-#include "console.h"
-
 #include <tavorocontrol/devicelist.h>
+#include <tavoroctl/output/console.h>
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorossproxy/channeloptions.h>
+#include <tavoroctl/arguments/host.h>
 
 #include <QString>
 
@@ -16,16 +16,6 @@ class NetworkChannel;
 }
 
 namespace Tavoro::Ctl {
-
-/// Where a device listens.
-struct Host {
-    QString name;
-    quint16 port = 0;
-};
-
-/// "HOST", "HOST:PORT" or "[IPV6]:PORT"; nothing if \a text is none of them. \a usualPort is that
-/// of a text without one.
-std::optional<Host> parseHost(const QString &text, quint16 usualPort = SSProxy::defaultTcpPort);
 
 /// The connections of one run of the tool, each made when it is first needed.
 class Session {

@@ -1,13 +1,12 @@
 #include "snapshot.h"
 
-#include "labels.h"
-#include "recordtext.h"
-#include "texttable.h"
-
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
+#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/texttable.h>
 
 #include <algorithm>
 #include <tuple>

@@ -1,11 +1,11 @@
 // What a device tells of its units, and its restart.
 
 #include "commandlist.h"
-#include "labels.h"
-#include "recordtext.h"
-#include "texttable.h"
 
 #include <tavorocontrol/auxiliary.h>
+#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/texttable.h>
 
 namespace Tavoro::Ctl {
 

@@ -1,7 +1,8 @@
 #include "jsondiff.h"
 
+#include <tavoroctl/operations/jsontext.h>
+
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
@@ -55,18 +56,6 @@ void compare(const QString &path, const QJsonValue &before, const QJsonValue &af
 }
 
 } // namespace
-
-QString jsonText(const QJsonValue &value)
-{
-    const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(list.mid(1, list.size() - 2));
-}
-
-QJsonValue jsonValue(const std::string &text)
-{
-    const QByteArray list = '[' + QByteArray::fromStdString(text) + ']';
-    return QJsonDocument::fromJson(list).array().at(0);
-}
 
 QStringList differences(const QJsonValue &before, const QJsonValue &after)
 {

@@ -44,11 +44,4 @@ void show(Tool &tool, const std::string &json, const QString &table)
     tool.console.answer(tool.asJson ? json : table.trimmed().toStdString());
 }
 
-bool readNumber(const QString &text, int most, int &number)
-{
-    bool ok = false;
-    number = text.toInt(&ok);
-    return ok && number >= 0 && number <= most;
-}
-
 } // namespace Tavoro::Ctl

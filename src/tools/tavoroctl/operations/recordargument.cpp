@@ -1,6 +1,6 @@
 #include "recordargument.h"
 
-#include "jsondiff.h"
+#include "jsontext.h"
 
 #include <QByteArray>
 #include <QJsonArray>

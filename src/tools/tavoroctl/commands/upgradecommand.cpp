@@ -1,10 +1,10 @@
 // Starts a firmware upgrade and follows it to its end.
 
 #include "commandlist.h"
-#include "interruption.h"
-#include "labels.h"
 
 #include <tavorocontrol/auxiliary.h>
+#include <tavoroctl/output/labels.h>
+#include <tavoroctl/session/interruption.h>
 
 #include <QElapsedTimer>
 #include <QEventLoop>

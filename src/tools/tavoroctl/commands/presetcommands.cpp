@@ -1,9 +1,10 @@
 #include "commandlist.h"
-#include "fileplace.h"
 
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/preset.h>
 #include <tavorocontrol/screen.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/number.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "fileplace.h"
 
-#include "tool.h"
+#include "number.h"
 
 #include <tavorobizmodel/enums.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "console.h"
-#include "session.h"
+#include <tavoroctl/output/console.h>
+#include <tavoroctl/session/session.h>
 
 #include <QMap>
 #include <QString>
@@ -43,8 +43,5 @@ std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText
 
 /// Prints what a command shows: \a json or \a table, as the command line says.
 void show(Tool &tool, const std::string &json, const QString &table);
-
-/// Takes a number from 0 to \a most out of \a text. False when it is none.
-bool readNumber(const QString &text, int most, int &number);
 
 } // namespace Tavoro::Ctl

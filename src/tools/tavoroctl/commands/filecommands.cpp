@@ -1,12 +1,12 @@
 // Lists the files of a device.
 
 #include "commandlist.h"
-#include "fileplace.h"
-#include "labels.h"
-#include "recordtext.h"
-#include "texttable.h"
 
 #include <tavorocontrol/file.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/texttable.h>
 
 namespace Tavoro::Ctl {
 

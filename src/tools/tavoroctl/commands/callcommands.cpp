@@ -1,8 +1,9 @@
 // The operations of the library by their names: call, batch, list.
 
-#include "batchline.h"
 #include "commandlist.h"
-#include "operation.h"
+
+#include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/operations/operation.h>
 
 #include <algorithm>
 #include <iostream>

@@ -1,4 +1,4 @@
-#include "commands.h"
+#include "commandtable.h"
 
 #include "commandlist.h"
 

@@ -1,11 +1,11 @@
 // Fetches a file of a device, packet by packet.
 
-#include "background.h"
 #include "commandlist.h"
-#include "fileplace.h"
-#include "interruption.h"
 
 #include <tavorocontrol/file.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/session/background.h>
+#include <tavoroctl/session/interruption.h>
 #include <tavorowire/checksums.h>
 
 #include <QFileInfo>
