@@ -100,7 +100,8 @@ ExitStatus runBatch(Tool &tool, const Arguments &arguments)
     CallSource source = sourceOf(arguments);
     ExitStatus worst = Done;
     std::string line;
-    for (int number = 1; std::getline(std::cin, line); ++number) {
+    for (int number = 1; !tool.console.hasOutputFailed() && std::getline(std::cin, line);
+         ++number) {
         source.place = QStringLiteral("line %1 of the batch: ").arg(number);
         worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), source));
     }

@@ -31,13 +31,18 @@ public:
           m_reader(tool.console, [this](bool success) { take(success); })
     { }
 
-    /// Watches until \a loop is left.
+    /// Watches until \a loop is left, or until standard output cannot be written.
     void run(QEventLoop &loop)
     {
         read();
         QTimer timer;
         timer.setInterval(lookInterval);
-        QObject::connect(&timer, &QTimer::timeout, &loop, [this] { lookAtConnection(); });
+        QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+            if (m_tool.console.hasOutputFailed())
+                loop.quit();
+            else
+                lookAtConnection();
+        });
         timer.start();
         loop.exec();
     }

@@ -1,5 +1,7 @@
 #include "console.h"
 
+#include "standardstreams.h"
+
 #include <tavorobizmodel/devicelist.h>
 
 #include <QLoggingCategory>
@@ -14,11 +16,11 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-void writeLine(FILE *stream, const std::string &text)
+void writeErrorLine(const QString &text)
 {
-    std::fwrite(text.data(), 1, text.size(), stream);
-    std::fputc('\n', stream);
-    std::fflush(stream);
+    QString ignored; // There is no place left to report it.
+    const std::string line = text.toStdString() + '\n';
+    writeBytes(stderr, line.data(), line.size(), ignored);
 }
 
 const char *levelName(QtMsgType level)
@@ -37,13 +39,12 @@ const char *levelName(QtMsgType level)
     return "critical";
 }
 
-/// Writes to standard error in any case: the library's own handler may choose the system's journal.
+/// Writes to standard error. Qt's own handler may choose the system's journal instead.
 void writeLog(QtMsgType level, const QMessageLogContext &context, const QString &text)
 {
-    writeLine(stderr,
-              QStringLiteral("[%1] %2: %3")
-                  .arg(QLatin1String(context.category), QLatin1String(levelName(level)), text)
-                  .toStdString());
+    writeErrorLine(
+        QStringLiteral("[%1] %2: %3")
+            .arg(QLatin1String(context.category), QLatin1String(levelName(level)), text));
 }
 
 } // namespace
@@ -58,7 +59,7 @@ Console::Console(bool mayDraw) : m_draws(mayDraw && isatty(fileno(stderr)) != 0)
                     return;
                 m_lastShown = text;
                 wipe();
-                writeLine(stderr, text.toStdString());
+                writeErrorLine(text);
             });
 }
 
@@ -69,15 +70,27 @@ Console::~Console()
 
 void Console::answer(const std::string &text)
 {
+    if (m_hasOutputFailed)
+        return;
     wipe();
-    writeLine(stdout, text);
+    QString reason;
+    const std::string line = text + '\n';
+    if (writeBytes(stdout, line.data(), line.size(), reason))
+        return;
+    m_hasOutputFailed = true;
+    error(QStringLiteral("tavoroctl: cannot write to standard output: ") + reason);
+}
+
+ExitStatus Console::statusWithOutput(ExitStatus status) const
+{
+    return m_hasOutputFailed ? std::max(status, Failed) : status;
 }
 
 void Console::error(const QString &text)
 {
     wipe();
     if (text != m_lastShown)
-        writeLine(stderr, text.toStdString());
+        writeErrorLine(text);
     m_lastShown.clear();
 }
 

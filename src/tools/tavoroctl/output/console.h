@@ -7,10 +7,10 @@
 
 namespace Tavoro::Ctl {
 
-/// What a run of the tool ends with. The larger one counts.
+/// The exit status of the tool. Of several calls the highest counts.
 enum ExitStatus {
     Done = 0,
-    Failed = 1, ///< A device could not be reached, an operation failed or was interrupted.
+    Failed = 1, ///< A device could not be reached, or an operation failed or was interrupted.
     UsageError = 2, ///< The command line is wrong; nothing was sent for it.
 };
 
@@ -34,8 +34,16 @@ public:
 
     void showStatusBar(StatusBar which) { m_statusBar = which; }
 
+    /// Writes a line to standard output. The first write that fails is reported as an error, and
+    /// nothing is written after it.
     void answer(const std::string &text);
-    /// Shows why something failed, unless the status bar has just said so.
+    /// Whether a write of standard output has failed. Commands that run until they are interrupted
+    /// end then.
+    bool hasOutputFailed() const { return m_hasOutputFailed; }
+    /// The exit status of a command that ended with \a status: failed at least, if its output is
+    /// incomplete.
+    ExitStatus statusWithOutput(ExitStatus status) const;
+    /// Shows why something failed, unless the status bar has just shown the same text.
     void error(const QString &text);
 
     /// Draws a bar that is \a percent full, with \a text behind it, in the place of the one before.
@@ -48,6 +56,7 @@ private:
 
     const bool m_draws;
     bool m_isDrawn = false;
+    bool m_hasOutputFailed = false;
     StatusBar m_statusBar = StatusBar::Failures;
     QString m_lastShown;
 };
