@@ -20,6 +20,6 @@ int main(int argc, char *argv[])
         return refuse(tool, line.text);
     if (line.text.isEmpty())
         return tool.console.statusWithOutput(line.command->run(tool, line.arguments));
-    tool.console.answer(line.text.toStdString());
+    tool.console.answer(line.text);
     return tool.console.statusWithOutput(Done);
 }

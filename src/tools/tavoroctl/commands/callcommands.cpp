@@ -55,7 +55,7 @@ ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call
                     result.error.isEmpty() ? QStringLiteral("%1 failed.").arg(call.at(0))
                                            : result.error);
     if (!result.answer.empty())
-        tool.console.answer(result.answer);
+        tool.console.answerJson(result.answer);
     return Done;
 }
 
@@ -79,7 +79,7 @@ ExitStatus listOne(Tool &tool, const QString &name)
         return refuse(tool, QStringLiteral("unknown operation \"%1\"").arg(name));
     const OperationForm form = operation->calls.form();
     if (!form.sample.empty())
-        tool.console.answer(form.sample);
+        tool.console.answerJson(form.sample);
     return Done;
 }
 
@@ -120,8 +120,7 @@ ExitStatus runList(Tool &tool, const Arguments &arguments)
         tool.console.answer(QStringLiteral("%1 0x%2  %3")
                                 .arg(QLatin1String(operation.name), -42)
                                 .arg(static_cast<uint>(operation.command), 4, 16, QLatin1Char('0'))
-                                .arg(usage.trimmed())
-                                .toStdString());
+                                .arg(usage.trimmed()));
     }
     return Done;
 }

@@ -27,7 +27,7 @@ public:
         : m_tool(tool),
           m_device(std::move(device)),
           m_channel(tool.session.channel(*m_device)),
-          m_watch([this](const QString &line) { m_tool.console.answer(line.toStdString()); }),
+          m_watch([this](const QString &line) { m_tool.console.answer(line); }),
           m_reader(tool.console, [this](bool success) { take(success); })
     { }
 

@@ -1,5 +1,6 @@
 #include "console.h"
 
+#include "printable.h"
 #include "standardstreams.h"
 
 #include <tavorobizmodel/devicelist.h>
@@ -19,7 +20,7 @@ namespace {
 void writeErrorLine(const QString &text)
 {
     QString ignored; // There is no place left to report it.
-    const std::string line = text.toStdString() + '\n';
+    const std::string line = printable(text).toStdString() + '\n';
     writeBytes(stderr, line.data(), line.size(), ignored);
 }
 
@@ -68,7 +69,12 @@ Console::~Console()
     wipe();
 }
 
-void Console::answer(const std::string &text)
+void Console::answer(const QString &text)
+{
+    answerJson(printableLines(text).toStdString());
+}
+
+void Console::answerJson(const std::string &text)
 {
     if (m_hasOutputFailed)
         return;
@@ -105,7 +111,8 @@ void Console::draw(int percent, const QString &text)
     constexpr int width = 30;
     const int full = std::clamp(percent, 0, 100) * width / 100;
     const QString bar = QString(full, QLatin1Char('#')) + QString(width - full, QLatin1Char('-'));
-    const QString line = QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(text);
+    const QString line =
+        QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(printable(text));
     std::fputs(qUtf8Printable(line), stderr);
     std::fflush(stderr);
     m_isDrawn = true;

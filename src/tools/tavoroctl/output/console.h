@@ -22,7 +22,8 @@ enum class StatusBar {
 };
 
 /// Where the tool writes. Answers go to standard output; errors, messages of the status bar, the
-/// progress and the log go to standard error.
+/// progress and the log go to standard error. Control characters are escaped in everything but
+/// JSON.
 ///
 /// Belongs to the main thread, except progress(), which any thread may call.
 class Console : public QObject {
@@ -34,9 +35,11 @@ public:
 
     void showStatusBar(StatusBar which) { m_statusBar = which; }
 
-    /// Writes a line to standard output. The first write that fails is reported as an error, and
-    /// nothing is written after it.
-    void answer(const std::string &text);
+    /// Writes lines to standard output, control characters escaped. The first write that fails is
+    /// reported as an error, and nothing is written after it.
+    void answer(const QString &text);
+    /// Writes JSON to standard output as it is.
+    void answerJson(const std::string &text);
     /// Whether a write of standard output has failed. Commands that run until they are interrupted
     /// end then.
     bool hasOutputFailed() const { return m_hasOutputFailed; }
