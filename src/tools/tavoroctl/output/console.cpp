@@ -84,7 +84,7 @@ void Console::answerJson(const std::string &text)
     if (writeBytes(stdout, line.data(), line.size(), reason))
         return;
     m_hasOutputFailed = true;
-    error(QStringLiteral("tavoroctl: cannot write to standard output: ") + reason);
+    error(QStringLiteral("Cannot write standard output: %1.").arg(reason));
 }
 
 ExitStatus Console::statusWithOutput(ExitStatus status) const

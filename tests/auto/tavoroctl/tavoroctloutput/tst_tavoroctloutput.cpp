@@ -29,8 +29,7 @@ private:
 
 namespace {
 
-const QByteArray diskFull =
-    "tavoroctl: cannot write to standard output: No space left on device\n";
+const QByteArray diskFull = "Cannot write standard output: No space left on device.\n";
 const QByteArray fullDisk = R"(exec "$0" "$@" >/dev/full)";
 
 QStringList shellLine(const QByteArray &script, const QByteArrayList &words)
@@ -121,9 +120,9 @@ void tst_TavoroCtlOutput::fullDiskKeepsTheStatusOfAUsageError()
 
 void tst_TavoroCtlOutput::fullDiskEndsABatch()
 {
-    const Run full = runInShell(R"(printf '%s\n' "$@" | "$0" batch >/dev/full)",
-                                {host() + " Device.readDeviceGroupInfo",
-                                 host() + R"( Device.writeSwap {"swap":0})"});
+    const Run full = runInShell(
+        R"(printf '%s\n' "$@" | "$0" batch >/dev/full)",
+        {host() + " Device.readDeviceGroupInfo", host() + R"( Device.writeSwap {"swap":0})"});
     QCOMPARE(full.errors, "Get device group information successfully.\n" + diskFull);
     QCOMPARE(full.exitCode, 1);
     QVERIFY(call({"Device.readDetails"}).output.contains(R"("swap":1)"));
@@ -146,19 +145,18 @@ void tst_TavoroCtlOutput::fullDiskEndsAWatch()
 void tst_TavoroCtlOutput::closedStandardOutputEndsWithOne()
 {
     const Run closed = runInShell(R"(exec "$0" "$@" >&-)", {"list"});
-    QCOMPARE(closed.errors,
-             QByteArray("tavoroctl: cannot write to standard output: Bad file descriptor\n"));
+    QCOMPARE(closed.errors, QByteArray("Cannot write standard output: Bad file descriptor.\n"));
     QCOMPARE(closed.exitCode, 1);
 }
 
 void tst_TavoroCtlOutput::closedStandardOutputIsNotADeviceConnection()
 {
     // The number of a closed descriptor would go to the next one that is opened.
-    const Run closed = runInShell(R"(exec "$0" "$@" <&- >&-)",
-                                  {"call", host(), "Device.readDeviceGroupInfo"});
+    const Run closed =
+        runInShell(R"(exec "$0" "$@" <&- >&-)", {"call", host(), "Device.readDeviceGroupInfo"});
     QCOMPARE(closed.errors,
              QByteArray("Get device group information successfully.\n"
-                        "tavoroctl: cannot write to standard output: Bad file descriptor\n"));
+                        "Cannot write standard output: Bad file descriptor.\n"));
     QCOMPARE(closed.exitCode, 1);
 }
 
@@ -178,7 +176,7 @@ void tst_TavoroCtlOutput::closedPipeEndsWithOne()
     QVERIFY(shell.waitForFinished());
     QCOMPARE(shell.readAllStandardError(),
              QByteArray("closed\n"
-                        "tavoroctl: cannot write to standard output: Broken pipe\n"
+                        "Cannot write standard output: Broken pipe.\n"
                         "status 1\n"));
 }
 
