@@ -73,7 +73,7 @@ private:
     bool linkMayConnect() override;
     void linkConnecting() override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
-    void linkLost(quint16 status, const QString &reason, quint8 brokenOff) override;
+    void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
     void linkWritable() override;
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;

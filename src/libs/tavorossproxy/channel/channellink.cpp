@@ -104,7 +104,7 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_stream->close();
     enter(Phase::Pausing, m_pause);
     m_pause = std::min(2 * m_pause, m_options.longestReconnectPause);
-    m_events.linkLost(status, reason, isBrokenOff ? unfinished->lables : quint8(0));
+    m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
 }
 
 bool ChannelLink::canSend() const

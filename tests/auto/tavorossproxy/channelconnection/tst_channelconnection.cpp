@@ -243,7 +243,7 @@ void tst_ChannelConnection::anyByteIsASignOfLife()
 {
     connectChannel();
     const QByteArray frame = Wire::encodeLinkFrame(Wire::FrameKind::Pong);
-    for (int i = 0; i < 36; ++i) {
+    for (int i = 0; i < 40; ++i) {
         m_peer->send(std::string_view(frame.constData() + i, 1));
         m_loop->advance(10s);
     }
