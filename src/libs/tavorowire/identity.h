@@ -6,6 +6,9 @@
 
 namespace Tavoro::SSProxy::Wire {
 
+/// The version of the protocol that docs/wire.md describes: \c protocolVersion of an identity.
+constexpr quint16 protocolVersion = 1;
+
 /// The body of an identity answer.
 std::string encodeIdentity(const ProtoModel::DeviceBaseInfo &info);
 

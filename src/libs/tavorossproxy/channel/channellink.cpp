@@ -241,6 +241,11 @@ void ChannelLink::takeIdentity(const std::string &body)
     if (!Wire::decodeIdentity(body, info, error))
         return drop(WrongType,
                     tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
+    if (info.protocolVersion != Wire::protocolVersion)
+        return drop(WrongFlag,
+                    tr("it speaks protocol version %1, and only version %2 is supported")
+                        .arg(info.protocolVersion)
+                        .arg(Wire::protocolVersion));
     if (info.maxPacketSize == 0)
         return drop(WrongLength, tr("it takes packets of 0 bytes"));
     if (!m_options.identity.empty() && Wire::identityKey(info) != m_options.identity)
