@@ -71,6 +71,14 @@ bool isRightPacket(const Wire::WireHead &request, const Wire::WireHead &answer)
         && (request.sendCount == 0 || answer.totalCount == request.totalCount);
 }
 
+/// A device may count the one packet of an answer as none: then callers get packet 1 of 1.
+Wire::WireHead countedOnce(Wire::WireHead answer)
+{
+    if (answer.totalCount == 0 && answer.sendCount == 0)
+        answer.totalCount = 1;
+    return answer;
+}
+
 /// What is wrong with an answer that reads well in itself.
 quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quint32 maxPacketCount)
 {
@@ -81,6 +89,8 @@ quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quin
         return WrongType;
     if (isRead(request) && answer.status == 0 && !isRightPacket(request, answer))
         return WrongLength;
+    if (answer.status == 0 && answer.totalCount == 0)
+        return WrongLength; // an index without a count
     return answer.totalCount > maxPacketCount ? WrongLength : 0;
 }
 
@@ -258,6 +268,7 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
         ++m_counts.lateAnswers;
         return;
     }
+    answer.head = countedOnce(answer.head);
     if (answer.status == 0)
         answer.status = misfit(slot.request, answer.head, maxPacketCount);
     notePacket(slot.request, answer.head, answer.status);
