@@ -23,7 +23,7 @@
 #include "rowreader_p.h"
 #include "rowwriter_p.h"
 
-#include <tavorocontrol/proto/fieldlist.h>
+#include <tavorocontrol/proto/json/fieldlist.h>
 #include <tavorocontrol/proto/signalbodies.h>
 
 #include <QByteArray>
