@@ -48,7 +48,7 @@ ListedDevices::Appended ListedDevices::append(const DevicePtr &device)
     m_devices.erase(end, m_devices.end());
     m_devices.insert(m_devices.begin() + index, device);
     for (const DevicePtr &former : result.former)
-        DevicePrivate::of(*device).settings->adopt(*DevicePrivate::of(*former).settings);
+        DevicePrivate::of(*device).adopt(DevicePrivate::of(*former));
     if (result.former.empty())
         addToIndex(device);
     else
@@ -61,7 +61,7 @@ bool ListedDevices::appendRestored(const DevicePtr &device)
     const std::lock_guard lock(m_mutex);
     const auto listed = std::find_if(m_devices.begin(), m_devices.end(), sameAs(*device));
     if (listed != m_devices.end()) {
-        DevicePrivate::of(**listed).settings->adopt(*DevicePrivate::of(*device).settings);
+        DevicePrivate::of(**listed).adopt(DevicePrivate::of(*device));
         return false;
     }
     m_devices.push_back(device);
