@@ -19,31 +19,35 @@ class DeviceListPrivate;
 
 /// Synchronises devices: reads a whole device into the model, one at a time.
 ///
-/// Belongs to the thread that made it, which needs an event loop; both signals are emitted there.
-/// The devices themselves are in BizModel::DeviceList. Destroying the list waits, without limit,
-/// for a synchronisation that runs.
+/// Belongs to the thread that created it, which needs an event loop; both signals are emitted there.
+/// The devices themselves are in BizModel::DeviceList. The destructor blocks, without limit, until a
+/// running synchronisation has ended. Several lists may run synchronisations at the same time.
 class TAVOROCONTROL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
 public:
+    /// The list lives on the calling thread.
     explicit DeviceList(QObject *parent);
     ~DeviceList() override;
 
-    /// Starts to read the device with this identity. Returns at once.
+    /// Starts a synchronisation of the device with this address, MAC and serial number, and returns
+    /// at once.
     ///
-    /// True: signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow. Also
-    /// true, but without signals of its own, while another synchronisation runs: that one goes on.
-    /// False if the device has no channel; \a error is then left alone, the reason is logged.
+    /// After true, signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow.
+    /// The result is also true while another synchronisation of this list runs; that one continues,
+    /// and the call has no signals of its own. False if the device has no channel: \a error stays
+    /// unchanged, the reason is logged.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
     /// The same for a device of the model. False with "Device model is nullptr" in \a error if it
     /// is gone.
     bool readDeviceDetail(std::weak_ptr<BizModel::Device> device, QString &error);
 
 Q_SIGNALS:
+    /// The synchronisation of the device at this address has started.
     void signalReadDeviceDetailStarted(QString ip);
-    /// The model holds what could be read. \a success tells how filling in the layers went, or,
-    /// when the device's details, its status or its interfaces ended the reading, how the reads
-    /// went: so it can be true although screens or files could not be read.
+    /// The model holds what could be read. \a success is the result of building the layers, or the
+    /// result of the reads if the device's details, its status or its interfaces ended the
+    /// synchronisation. So it can be true although screens or files could not be read.
     /// BizModel::Device::isSyncDataSuccess() says whether the clock was set and all reads
     /// succeeded. The identity is empty, and \a success false, for a device without an address.
     void signalReadDeviceDetailFinished(bool success, QString ip, QString mac, QString sn);
