@@ -19,9 +19,10 @@ class DeviceListPrivate;
 
 /// Synchronises devices: reads a whole device into the model, one at a time.
 ///
-/// Belongs to the thread that created it, which needs an event loop; both signals are emitted there.
-/// The devices themselves are in BizModel::DeviceList. The destructor blocks, without limit, until a
-/// running synchronisation has ended. Several lists may run synchronisations at the same time.
+/// Belongs to the thread that created it, which needs an event loop; both signals are emitted
+/// there. The devices themselves are in BizModel::DeviceList. The destructor blocks, without limit,
+/// until a running synchronisation has ended. Several lists may run synchronisations at the same
+/// time.
 class TAVOROCONTROL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
@@ -33,10 +34,10 @@ public:
     /// Starts a synchronisation of the device with this address, MAC and serial number, and returns
     /// at once.
     ///
-    /// After true, signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow.
-    /// The result is also true while another synchronisation of this list runs; that one continues,
-    /// and the call has no signals of its own. False if the device has no channel: \a error stays
-    /// unchanged, the reason is logged.
+    /// After true, signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished()
+    /// follow. The result is also true while another synchronisation of this list runs; that one
+    /// continues, and the call has no signals of its own. False if the device has no channel: \a
+    /// error stays unchanged, the reason is logged.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
     /// The same for a device of the model. False with "Device model is nullptr" in \a error if it
     /// is gone.
