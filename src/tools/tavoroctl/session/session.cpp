@@ -53,8 +53,8 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
         return nullptr;
     }
     if (const auto twin = findTwin(host, *channel)) {
-        error = QStringLiteral("The devices at %1 and %2 tell the same identity; a batch cannot "
-                               "tell them apart.")
+        error = QStringLiteral("The devices at %1 and %2 report the same identity; a batch cannot "
+                               "use both.")
                     .arg(textOf(*twin), textOf(host));
         channel->stopChannel();
         return nullptr;

@@ -134,7 +134,7 @@ void tst_TavoroCtlMaintenance::selfCheckEndsWithOneWhenSomethingIsFaulty()
     const ToolRun check = m_bench->run("selfcheck", {});
     QVERIFY(
         check.output.contains("0     1     0x7701  Power        0.0 V  11.4 V  12.6 V  faulty"));
-    QCOMPARE(check.errors, QByteArray("The device finds 2 faulty.\n"));
+    QCOMPARE(check.errors, QByteArray("The self check reports a fault in 2.\n"));
     QCOMPARE(check.exitCode, 1);
     const ToolRun json = m_bench->run("selfcheck", {"--json"});
     QVERIFY(json.output.startsWith(R"({"parts":[{"type":1,"slotId":0,)"));
@@ -293,12 +293,12 @@ void tst_TavoroCtlMaintenance::wrongUsageEndsWithTwo_data()
     const QByteArray host = "nowhere.invalid";
     // clang-format off
     QTest::newRow("half a name")   << QByteArrayList{"preset", host, "1"}
-        << "there is no command \"preset\"; --help tells what there is";
+        << "unknown command \"preset\"; --help lists all commands";
     QTest::newRow("no preset")     << QByteArrayList{"preset", "save", host}                               << "preset save takes HOST[:PORT] ID [SCREEN ...]";
     QTest::newRow("bad preset")    << QByteArrayList{"preset", "apply", host, "first"}
-        << "\"first\" is no number of a file, which is 0 to 254";
+        << "\"first\" is not a valid file ID (0 to 254)";
     QTest::newRow("bad screen")    << QByteArrayList{"preset", "save", host, "1", "256"}
-        << "\"256\" is no number of a screen, which is 0 to 255";
+        << "\"256\" is not a valid screen ID (0 to 255)";
     QTest::newRow("bad way")       << QByteArrayList{"preset", "apply", host, "1", "--apply-type", "soft"} << "\"soft\" is not a number";
     QTest::newRow("no package")    << QByteArrayList{"upgrade", host}                                      << "upgrade takes HOST[:PORT] PACKAGE";
     QTest::newRow("bad host")      << QByteArrayList{"reboot", "a:b:c"}                                    << "\"a:b:c\" is not HOST[:PORT]";
