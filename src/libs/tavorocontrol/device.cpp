@@ -2,7 +2,7 @@
 
 #include "logging_p.h"
 #include "operation_p.h"
-#include "packet_p.h"
+#include "request/requestpath_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/controlhelper.h>
@@ -43,7 +43,7 @@ bool update(const std::weak_ptr<BizModel::Device> &weakDevice, const std::string
         return false;
     const auto device = weakDevice.lock();
     if (!device) {
-        error = QStringLiteral("Device is null.");
+        error = missingDevice();
         return false;
     }
     applyReport(*device, report);
