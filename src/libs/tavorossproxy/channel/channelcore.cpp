@@ -216,7 +216,7 @@ void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
     takeControl(isMaster, {});
 }
 
-void ChannelCore::linkLost(quint16 status, const QString &reason, quint8 brokenOff)
+void ChannelCore::linkLost(quint16 status, const QString &reason, quint32 brokenOff)
 {
     releaseConnection();
     {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <thread>
 #include <utility>
 
@@ -38,17 +39,35 @@ bool isKnownType(quint8 type)
     return type >= quint8(CommandType::Read) && type <= quint8(CommandType::BinaryWrite);
 }
 
+bool isRead(const Wire::WireHead &request)
+{
+    return request.type == quint8(CommandType::Read)
+        || request.type == quint8(CommandType::BinaryRead);
+}
+
+/// Tags and streams come round, numbers do not. The tags are equal already.
+bool isAnswerTo(const Wire::WireHead &request, const Wire::WireHead &answer)
+{
+    return answer.number == request.number && answer.stream == request.stream;
+}
+
+/// The answer carries the packet that \a request asks for.
+bool isRightPacket(const Wire::WireHead &request, const Wire::WireHead &answer)
+{
+    return answer.sendCount == request.sendCount
+        && (request.sendCount == 0 || answer.totalCount == request.totalCount);
+}
+
 /// What is wrong with an answer that reads well in itself.
 quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quint32 maxPacketCount)
 {
-    if (answer.code() != request.code())
+    if (answer.code() != request.code()
+        || std::memcmp(answer.arg2, request.arg2, sizeof answer.arg2) != 0)
         return WrongAnswerCode;
     if (answer.type != request.type)
         return WrongType;
-    const bool isRead = request.type == quint8(CommandType::Read)
-        || request.type == quint8(CommandType::BinaryRead);
-    if (isRead && answer.status == 0 && answer.sendCount != request.sendCount)
-        return WrongLength; // of another packet than the one that was asked for
+    if (isRead(request) && answer.status == 0 && !isRightPacket(request, answer))
+        return WrongLength;
     return answer.totalCount > maxPacketCount ? WrongLength : 0;
 }
 
@@ -60,21 +79,23 @@ void ExchangeTable::open(quint32 maxBody, Wire::ConnectionId connection)
     m_refusal = 0;
     m_maxBody = maxBody;
     m_connection = std::move(connection);
-    m_sent = 0;
 }
 
-void ExchangeTable::shut(quint16 refusal, quint16 status, quint8 brokenOff)
+void ExchangeTable::shut(quint16 refusal, quint16 status, quint32 brokenOff)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_refusal = refusal;
     m_unsent.clear();
     m_handedOut.clear();
     m_owed = 0;
+    const auto isBrokenOff = [brokenOff](const Slot &slot) {
+        return brokenOff != 0 && slot.request.number == brokenOff;
+    };
     for (Slot &slot : m_slots) {
         if (slot.state == State::Owed)
             slot.state = State::Free;
         else if (slot.state != State::Free && slot.state != State::Settled)
-            end(slot, slot.request.lables == brokenOff ? quint16(AnswerTooShort) : status);
+            end(slot, isBrokenOff(slot) ? quint16(AnswerTooShort) : status);
     }
 }
 
@@ -175,7 +196,9 @@ std::optional<QByteArray> ExchangeTable::takeUnsent()
     Slot &slot = m_slots[m_unsent.front()];
     m_unsent.pop_front();
     slot.state = State::Sent;
-    slot.sent = Wire::RequestId{m_connection, ++m_sent};
+    slot.request.number = m_lastNumber = std::max(m_lastNumber + 1, 1u);
+    slot.sent = Wire::RequestId{m_connection, slot.request.number};
+    Wire::setNumber(slot.frame, slot.request.number);
     return std::move(slot.frame);
 }
 
@@ -183,7 +206,7 @@ void ExchangeTable::noteBegun(const Wire::WireHead &head)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[head.lables];
-    if (slot.state == State::Sent && slot.request.stream == head.stream)
+    if (slot.state == State::Sent && isAnswerTo(slot.request, head))
         slot.begun = true;
 }
 
@@ -193,7 +216,7 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
     Slot &slot = m_slots[answer.head.lables];
     const bool isWaiting = slot.state == State::Sent;
     const bool isOwed = slot.state == State::Owed;
-    if ((!isWaiting && !isOwed) || slot.request.stream != answer.head.stream) {
+    if ((!isWaiting && !isOwed) || !isAnswerTo(slot.request, answer.head)) {
         ++m_counts.strayAnswers;
         return;
     }

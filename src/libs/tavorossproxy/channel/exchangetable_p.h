@@ -41,8 +41,8 @@ public:
     /// Lets requests in whose body is at most \a maxBody long, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
     /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, the
-    /// one with the tag \a brokenOff with AnswerTooShort.
-    void shut(quint16 refusal, quint16 status, quint8 brokenOff = 0);
+    /// one with the number \a brokenOff with AnswerTooShort.
+    void shut(quint16 refusal, quint16 status, quint32 brokenOff = 0);
     /// Why a request is refused now; 0 when it is let in.
     quint16 refusal() const;
 
@@ -61,7 +61,7 @@ public:
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
                                                  Clock::TimePoint deadline);
 
-    /// The next frame to send, if there is one.
+    /// The next frame to send, if there is one, with its number.
     std::optional<QByteArray> takeUnsent();
     /// Takes the storage of a frame that was sent, for the next one.
     void giveBack(QByteArray frame);
@@ -113,7 +113,9 @@ private:
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
     Wire::ConnectionId m_connection;
-    quint32 m_sent = 0; ///< Requests over this connection.
+    /// The number of the request that was sent last. It continues over all connections, so that an
+    /// answer which a device repeats from an earlier one matches no request.
+    quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
     std::deque<quint16> m_handedOut; ///< Streams of reads whose last packet is due.
