@@ -53,6 +53,9 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     m_state.factory = makeChassis(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
+    // What is stored can be given back: clients take only so many packets of one answer.
+    const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::mostPackets;
+    m_state.files.setLongestContent(std::min(longest, m_state.files.longestContent()));
     m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
     m_elapsed.start();
     m_tick.setInterval(tick);
