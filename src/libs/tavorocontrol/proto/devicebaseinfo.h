@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tavorocontrol/proto/fields.h>
+
 #include <QtGlobal>
 
 #include <array>
@@ -34,6 +36,9 @@ struct DeviceBaseInfo {
     std::string ip;
     std::string hostName;
     quint32 extension = 0;
+    TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
+                  slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
+                  configTime, controlState, ip, hostName, extension)
 };
 
 } // namespace Tavoro::ProtoModel

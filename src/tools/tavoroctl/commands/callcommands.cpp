@@ -1,0 +1,128 @@
+// Calls operations of the library by their names: call, batch, list.
+
+#include "commandlist.h"
+
+#include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/operations/operation.h>
+
+#include <algorithm>
+#include <iostream>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+/// Where the calls of a command come from, and how they are made.
+struct CallSource {
+    MissingKeys missing = MissingKeys::Refused;
+    QString place; ///< Precedes each message about a fault; empty for a call of its own.
+};
+
+CallSource sourceOf(const Arguments &arguments)
+{
+    CallSource source;
+    if (arguments.options.contains(QStringLiteral("defaults")))
+        source.missing = MissingKeys::SentAsDefaults;
+    return source;
+}
+
+ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call,
+                    const CallSource &source)
+{
+    const std::optional<Host> host = parseHost(hostText);
+    if (!host)
+        return refuseHost(tool, hostText, source.place);
+    if (call.isEmpty())
+        return refuse(tool, source.place + QStringLiteral("expected an operation"));
+    const Operation *const operation = findOperation(call.at(0));
+    if (!operation)
+        return refuse(tool,
+                      source.place
+                          + QStringLiteral("unknown operation \"%1\"; \"tavoroctl list\" lists "
+                                           "all operations")
+                                .arg(call.at(0)));
+    const PreparedCall prepared = operation->calls.prepare(call.mid(1), source.missing);
+    if (!prepared.fault.isEmpty())
+        return refuse(tool, source.place + call.at(0) + QStringLiteral(", ") + prepared.fault);
+
+    QString error;
+    const auto device = tool.session.device(*host, error);
+    if (!device)
+        return fail(tool, error);
+    const CallResult result = prepared.run(device);
+    if (!result.ok)
+        return fail(tool,
+                    result.error.isEmpty() ? QStringLiteral("%1 failed.").arg(call.at(0))
+                                           : result.error);
+    if (!result.answer.empty())
+        tool.console.answerJson(result.answer);
+    return Done;
+}
+
+/// Makes the call of one line. The line begins with the host if \a batchHost is empty.
+ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &line,
+                          const CallSource &source)
+{
+    auto [call, fault] = splitBatchLine(line);
+    if (!fault.isEmpty())
+        return refuse(tool, source.place + fault);
+    if (call.isEmpty())
+        return Done;
+    const QString host = batchHost.isEmpty() ? call.takeFirst() : batchHost;
+    return makeCall(tool, host, call, source);
+}
+
+ExitStatus listOne(Tool &tool, const QString &name)
+{
+    const Operation *const operation = findOperation(name);
+    if (!operation)
+        return refuse(tool, QStringLiteral("unknown operation \"%1\"").arg(name));
+    const OperationForm form = operation->calls.form();
+    if (!form.sample.empty())
+        tool.console.answerJson(form.sample);
+    return Done;
+}
+
+} // namespace
+
+ExitStatus runCall(Tool &tool, const Arguments &arguments)
+{
+    tool.console.showStatusBar(StatusBar::Everything);
+    return makeCall(tool, arguments.words.at(0), arguments.words.mid(1), sourceOf(arguments));
+}
+
+ExitStatus runBatch(Tool &tool, const Arguments &arguments)
+{
+    tool.console.showStatusBar(StatusBar::Everything);
+    const QString host = arguments.words.value(0);
+    if (!arguments.words.isEmpty() && !parseHost(host))
+        return refuseHost(tool, host);
+    CallSource source = sourceOf(arguments);
+    ExitStatus worst = Done;
+    std::string line;
+    for (int number = 1; !tool.console.hasOutputFailed() && std::getline(std::cin, line);
+         ++number) {
+        source.place = QStringLiteral("line %1 of the batch: ").arg(number);
+        worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), source));
+    }
+    return worst;
+}
+
+ExitStatus runList(Tool &tool, const Arguments &arguments)
+{
+    if (!arguments.words.isEmpty())
+        return listOne(tool, arguments.words.at(0));
+    for (const Operation &operation : allOperations()) {
+        const OperationForm form = operation.calls.form();
+        QString usage = form.arguments.join(QLatin1Char(' '));
+        if (!form.answer.isEmpty())
+            usage += QStringLiteral(" -> ") + form.answer;
+        tool.console.answer(QStringLiteral("%1 0x%2  %3")
+                                .arg(QLatin1String(operation.name), -42)
+                                .arg(static_cast<uint>(operation.command), 4, 16, QLatin1Char('0'))
+                                .arg(usage.trimmed()));
+    }
+    return Done;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,55 @@
+#include "commandlist.h"
+
+#include <tavorocontrol/proto/hexdigits.h>
+#include <tavoroctl/output/labels.h>
+#include <tavorossproxy/devicediscovery.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+#include <tavorowire/hostandport.h>
+
+#include <QHostAddress>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+constexpr int listeningTime = 1000; ///< Milliseconds.
+
+QString lineOf(const ProtoModel::DeviceBaseInfo &device)
+{
+    const QString place =
+        SSProxy::Wire::hostAndPort(QString::fromStdString(device.ip), device.tcpPort);
+    return QStringLiteral("%1  %2  %3")
+        .arg(place, -21)
+        .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)), textOf(device.name));
+}
+
+/// Names are not looked up, and only networks of IPv4 are asked.
+std::optional<Host> parseTarget(const QString &word)
+{
+    const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
+    const bool isAddress =
+        host && QHostAddress(host->name).protocol() == QAbstractSocket::IPv4Protocol;
+    return isAddress ? host : std::nullopt;
+}
+
+} // namespace
+
+ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
+{
+    std::vector<SSProxy::DiscoveryTarget> targets;
+    for (const QString &word : arguments.words) {
+        const std::optional<Host> target = parseTarget(word);
+        if (!target)
+            return refuse(tool, QStringLiteral("\"%1\" is not ADDRESS[:PORT]").arg(word));
+        targets.push_back({target->name, target->port});
+    }
+    QString error;
+    const auto devices = SSProxy::findDevices(listeningTime, 0, targets, error);
+    if (!error.isEmpty())
+        return fail(tool, error);
+    for (const ProtoModel::DeviceBaseInfo &device : devices)
+        tool.console.answer(lineOf(device));
+    return devices.empty() ? fail(tool, QStringLiteral("No device has answered.")) : Done;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,62 @@
+// Fetches a file of a device.
+
+#include "commandlist.h"
+
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/session/background.h>
+#include <tavoroctl/session/interruption.h>
+#include <tavoroctl/transfers/download.h>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+/// Reads what the device's record says of the file. Succeeds without a record: the fetch itself
+/// reports a missing file.
+bool readSize(const std::shared_ptr<BizModel::Device> &device, const FilePlace &place,
+              ProtoModel::File::s_FileSize &size, QString &error)
+{
+    std::vector<ProtoModel::File::s_FileDetail> files;
+    if (!Control::File(device).readDetails(place.type, place.id, files, error))
+        return false;
+    if (!files.empty())
+        size = files.front().size;
+    return true;
+}
+
+} // namespace
+
+ExitStatus runPull(Tool &tool, const Arguments &arguments)
+{
+    FilePlace place;
+    QString fault;
+    if (!readFilePlace(arguments.words.at(1), arguments.words.at(2), place, fault))
+        return refuse(tool, fault);
+    const QString path = arguments.words.at(3);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    QString error;
+    ProtoModel::File::s_FileSize size;
+    if (!readSize(device, place, size, error))
+        return fail(tool, error);
+    ContentTarget target(path);
+    if (!target.open(error))
+        return fail(tool, error);
+
+    Download download(tool.console, device, target, size);
+    const Interruption interruption([&] { download.cancel(); });
+    runInBackground([&] { download.run(place); });
+    error = download.error();
+    if (!error.isEmpty())
+        return fail(tool, error);
+    // A signal that arrived with the last packet counts too.
+    if (interruption.hasCome())
+        return fail(tool, QStringLiteral("Interrupted."));
+    return target.commit(error) ? Done : fail(tool, error);
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,80 @@
+// Sends a file to a device.
+
+#include "commandlist.h"
+
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/session/background.h>
+#include <tavoroctl/session/interruption.h>
+#include <tavoroctl/transfers/upload.h>
+
+#include <QRegularExpression>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+using ProtoModel::File::s_FileInfo;
+using ProtoModel::File::s_FileSize;
+
+bool readPixels(const QString &text, s_FileSize &size)
+{
+    static const QRegularExpression form(QStringLiteral("^([1-9]\\d{0,5})x([1-9]\\d{0,5})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    size.width = match.captured(1).toInt();
+    size.height = match.captured(2).toInt();
+    return match.hasMatch();
+}
+
+/// Reads the options into the announcement. False with the fault of the command line.
+bool readOptions(const QMap<QString, QString> &options, s_FileInfo &info, QString &fault)
+{
+    FilePlace place;
+    const QString type = options.value(QStringLiteral("type"), QStringLiteral("background"));
+    if (!readFilePlace(type, options.value(QStringLiteral("id"), QStringLiteral("0")), place,
+                       fault))
+        return false;
+    info.fileType = place.type;
+    info.fileId = place.id;
+    const QString size = options.value(QStringLiteral("size"));
+    if (!size.isNull() && !readPixels(size, info.size))
+        fault = QStringLiteral("\"%1\" is not WIDTHxHEIGHT").arg(size);
+    return fault.isEmpty();
+}
+
+/// The device computes the checksum as a CRC-32 and reports it as a signed number.
+void announce(const ContentSource &content, const QMap<QString, QString> &options, s_FileInfo &info)
+{
+    info.general.name = options.value(QStringLiteral("name"), content.fileName()).toStdString();
+    info.size.length = content.length();
+    info.size.hashSum = static_cast<qint32>(content.checksum());
+}
+
+} // namespace
+
+ExitStatus runPush(Tool &tool, const Arguments &arguments)
+{
+    s_FileInfo info;
+    QString fault;
+    if (!readOptions(arguments.options, info, fault))
+        return refuse(tool, fault);
+    const QString path = arguments.words.at(1);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
+    ContentSource content(path);
+    QString error;
+    if (!content.open(error))
+        return fail(tool, error);
+    announce(content, arguments.options, info);
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+
+    Upload upload(tool.console, device, info);
+    const Interruption interruption([&] { upload.cancel(); });
+    bool isDone = false;
+    runInBackground([&] { isDone = upload.run(content); });
+    return isDone ? Done : fail(tool, upload.error());
+}
+
+} // namespace Tavoro::Ctl

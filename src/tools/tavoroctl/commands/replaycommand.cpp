@@ -1,0 +1,124 @@
+#include "commandlist.h"
+
+#include <tavoroctl/output/printable.h>
+#include <tavorowire/capture.h>
+
+#include <QFile>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+using SSProxy::Wire::CapturedItem;
+using SSProxy::Wire::CapturedKind;
+using SSProxy::Wire::WireHead;
+
+constexpr int longestShown = 200; ///< Bytes of a body.
+
+// By FrameKind.
+constexpr const char *kindNames[] = {"kind 0",           "request",         "response", "report",
+                                     "identity request", "identity answer", "ping",     "pong"};
+
+QString kindName(quint8 kind)
+{
+    return kind < std::size(kindNames) ? QLatin1String(kindNames[kind])
+                                       : QStringLiteral("kind %1").arg(kind);
+}
+
+/// What the head of a request, response or report tells beyond its kind.
+QString tellHead(const WireHead &head)
+{
+    const QString code = QStringLiteral("%1").arg(head.code(), 4, 16, QLatin1Char('0')).toUpper();
+    return QStringLiteral(" 0x%1 type %2 tag %3 packet %4/%5 status %6")
+        .arg(code)
+        .arg(head.type)
+        .arg(head.lables)
+        .arg(head.sendCount)
+        .arg(head.totalCount)
+        .arg(head.status);
+}
+
+/// JSON as it stands; of other bodies only the length is told.
+QString tellBody(const std::string &body)
+{
+    QString length = QStringLiteral(", %1 bytes").arg(body.size());
+    if (body.empty() || (body.front() != '{' && body.front() != '['))
+        return length;
+    const QString text = QString::fromUtf8(body.data(), static_cast<int>(body.size()));
+    return length + QLatin1Char(' ')
+        + (text.size() > longestShown ? text.left(longestShown) + QStringLiteral(" ...") : text);
+}
+
+QString tellFrame(const CapturedItem &item)
+{
+    if (item.frame.status != 0)
+        return QStringLiteral("refused with status %1").arg(item.frame.status);
+    const WireHead &head = item.frame.head;
+    const bool isExchange = head.kind <= quint8(SSProxy::Wire::FrameKind::Report);
+    return kindName(head.kind) + (isExchange ? tellHead(head) : QString());
+}
+
+QString tellPart(const CapturedItem &item)
+{
+    const auto size = item.bytes.size();
+    if (!item.hasWholeHead())
+        return QStringLiteral("part of a frame, %1 bytes").arg(size);
+    return QStringLiteral("part of a %1, %2 of %3 bytes")
+        .arg(tellFrame(item))
+        .arg(size - sizeof(WireHead))
+        .arg(item.frame.head.bodyLength);
+}
+
+QString tellWhatHappened(const CapturedItem &item)
+{
+    switch (item.kind) {
+    case CapturedKind::Opened:
+        return QStringLiteral("connected to %1").arg(QString::fromStdString(item.text));
+    case CapturedKind::Frame:
+        return tellFrame(item) + (item.frame.status == 0 ? tellBody(item.frame.body) : QString());
+    case CapturedKind::Part:
+        return tellPart(item);
+    case CapturedKind::Closed:
+        return QStringLiteral("closed");
+    case CapturedKind::Lost:
+        return QStringLiteral("lost: %1").arg(QString::fromStdString(item.text));
+    }
+    return {};
+}
+
+char directionOf(const CapturedItem &item)
+{
+    if (item.kind != CapturedKind::Frame && item.kind != CapturedKind::Part)
+        return '|';
+    return item.isFromClient ? '>' : '<';
+}
+
+QString tell(const CapturedItem &item)
+{
+    return QStringLiteral("%1 %2 %3 ")
+               .arg(static_cast<double>(item.microseconds) / 1e6, 10, 'f', 6)
+               .arg(item.channel)
+               .arg(QLatin1Char(directionOf(item)))
+        + tellWhatHappened(item);
+}
+
+} // namespace
+
+ExitStatus runReplay(Tool &tool, const Arguments &arguments)
+{
+    const QString path = arguments.words.at(0);
+    if (path.isEmpty())
+        return refuseEmpty(tool, QStringLiteral("FILE"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()));
+    std::vector<CapturedItem> items;
+    std::string error;
+    const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), items, error);
+    for (const CapturedItem &item : items)
+        tool.console.answer(printable(tell(item)));
+    return isRead ? Done
+                  : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace Tavoro::Ctl {
+
+/// A table for a terminal: columns as wide as their widest cell, two blanks apart.
+class TextTable {
+public:
+    TextTable() = default;
+    explicit TextTable(const QStringList &headings) { addRow(headings); }
+    /// One column per word of \a headings.
+    explicit TextTable(const char *headings)
+        : TextTable(QString::fromLatin1(headings).split(QLatin1Char(' ')))
+    { }
+
+    /// Escapes the control characters of the cells.
+    void addRow(const QStringList &cells);
+    QString text() const;
+
+private:
+    QList<QStringList> m_rows;
+};
+
+} // namespace Tavoro::Ctl
