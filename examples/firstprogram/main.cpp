@@ -10,6 +10,7 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 using namespace Tavoro;
@@ -52,6 +53,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("tavoro.*=false")); // Without a line per request.
 
     // Reports that the device sends change the model from now on.
     Control::AutoReportManager::instance();

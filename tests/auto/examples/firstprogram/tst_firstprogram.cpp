@@ -64,6 +64,7 @@ void tst_FirstProgram::readsTheDeviceTakesAndPrintsReports()
     QVERIFY(program.readLine().startsWith(QStringLiteral("Wall has ")));
     QCOMPARE(program.readLine(), QStringLiteral("The take is done."));
     device.process.write("power 1 0\n");
+    QVERIFY(device.process.waitForBytesWritten(patience));
     QCOMPARE(program.readLine(), QStringLiteral("The device reports a change of part 5."));
 }
 
