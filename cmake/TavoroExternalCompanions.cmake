@@ -1,6 +1,6 @@
-# Companions that somebody else built: found by name on CMAKE_PREFIX_PATH, used through the contract headers.
+# Links companions that were built elsewhere: found by name on CMAKE_PREFIX_PATH, used through the contract headers.
 foreach(companion tavorossproxy tavorobizmodel)
-    find_library(TAVORO_${companion}_LIBRARY ${companion} REQUIRED)
+    find_library(TAVORO_${companion}_LIBRARY ${companion}${TAVORO_SUFFIX} REQUIRED)
     add_library(${companion} SHARED IMPORTED GLOBAL)
     set_target_properties(${companion} PROPERTIES IMPORTED_LOCATION ${TAVORO_${companion}_LIBRARY})
     target_link_libraries(${companion} INTERFACE Tavoro::Contracts)

@@ -7,7 +7,7 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_INSTALL_RPATH $ORIGIN/../lib)
+set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 
 set(TAVORO_SANITIZE "" CACHE STRING "Sanitizers to compile with, as for -fsanitize=")
 
@@ -45,16 +45,9 @@ function(tavoro_library name alias)
     add_library(Tavoro::${alias} ALIAS ${name})
     set_target_properties(${name} PROPERTIES
         EXPORT_NAME ${alias}
+        OUTPUT_NAME ${name}${TAVORO_SUFFIX}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:tavoro_settings>)
     target_precompile_headers(${name} REUSE_FROM tavoro_coreheaders)
-endfunction()
-
-# tavoro_install(NAME): to be called behind the target's sources, when its header sets are known.
-function(tavoro_install name)
-    install(TARGETS ${name} EXPORT TavoroControlTargets
-        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Devel
-        ARCHIVE COMPONENT Devel
-        FILE_SET HEADERS COMPONENT Devel)
 endfunction()

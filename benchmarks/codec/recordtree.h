@@ -3,7 +3,7 @@
 // Records as the peers see them: a table of fields for those that report events, visitors for the
 // others. Key literals come from the records' own lists, parsed at compile time.
 
-#include <tavorocontrol/proto/recordfields_p.h>
+#include <tavorocontrol/proto/json/recordfields.h>
 
 #include <cstdint>
 #include <string>

@@ -36,6 +36,7 @@ constexpr Step steps[] = {
     {"reads the new version", readsTheNewVersion},
     {"sees a report change the model", followsReports},
     {"prints records", printsRecords},
+    {"sends records of its own", sendsRecordsOfItsOwn},
 };
 
 bool connectTo(const QStringList &arguments, Simulator &simulator, Connection &connection)

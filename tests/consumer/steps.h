@@ -19,6 +19,7 @@ bool followsAnUpgrade(Connection &connection);
 bool readsTheNewVersion(Connection &connection);
 bool followsReports(Connection &connection);
 bool printsRecords(Connection &connection);
+bool sendsRecordsOfItsOwn(Connection &connection);
 
 /// A power supply fails and a source changes; the device reports both of its own accord.
 bool followsWhatHappensThere(Connection &connection, Simulator &simulator);

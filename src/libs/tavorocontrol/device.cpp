@@ -2,7 +2,7 @@
 
 #include "logging_p.h"
 #include "operation_p.h"
-#include "packet_p.h"
+#include "request/requestpath_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/controlhelper.h>

@@ -1,7 +1,7 @@
 #include <tavorocontrol/file.h>
 
 #include "operation_p.h"
-#include "writepath_p.h"
+#include "request/sendwrite_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>

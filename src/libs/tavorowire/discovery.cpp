@@ -1,6 +1,6 @@
 #include <tavorowire/discovery.h>
 
-#include <tavorowire/identity.h>
+#include <tavorocontrol/proto/deviceidentity.h>
 
 namespace Tavoro::SSProxy::Wire {
 
@@ -29,7 +29,7 @@ bool isDiscoveryRequest(std::string_view datagram)
 QByteArray encodeDiscoveryAnswer(ProtoModel::DeviceBaseInfo info)
 {
     info.slotModels.clear(); // a large frame would not fit into a datagram
-    return QByteArray::fromStdString(std::string(answerPrefix) + encodeIdentity(info));
+    return QByteArray::fromStdString(std::string(answerPrefix) + ProtoModel::encodeIdentity(info));
 }
 
 bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo &info,
@@ -40,7 +40,8 @@ bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo
         return false;
     }
     ProtoModel::DeviceBaseInfo decoded;
-    if (!decodeIdentity(std::string(datagram.substr(answerPrefix.size())), decoded, error))
+    if (!ProtoModel::decodeIdentity(std::string(datagram.substr(answerPrefix.size())), decoded,
+                                    error))
         return false;
     if (decoded.tcpPort == 0) {
         error = "it names no port";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands.h"
+#include <tavoroctl/commands/commandtable.h>
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <tavorocontrol/proto/fields.h>
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <cstdint>
 #include <string>

@@ -7,7 +7,7 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/proto/codec.h>
-#include <tavorowire/identity.h>
+#include <tavorocontrol/proto/deviceidentity.h>
 
 #include <QByteArray>
 #include <QCryptographicHash>
@@ -77,7 +77,7 @@ QByteArray identityOf(const BizModel::Device &device)
     info.ip = device.IPAddress().toStdString();
     info.name = device.name().toStdString();
     info.modelId = device.modelId();
-    return QByteArray::fromStdString(SSProxy::Wire::encodeIdentity(info));
+    return QByteArray::fromStdString(ProtoModel::encodeIdentity(info));
 }
 
 /// Collects the lines of one device.

@@ -2,7 +2,7 @@
 
 #include <tavorocontrol/proto/auxiliary.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::Auxiliary::s_AuxiliaryOpt)
 TAVORO_CODEC(Tavoro::ProtoModel::Auxiliary::s_CutoutPoint)

@@ -1,38 +1,36 @@
 #pragma once
 
+#include <tavorocontrol/proto/devicebaseinfo.h>
+#include <tavorocontrol/proto/export.h>
 #include <tavorocontrol/proto/fields.h>
 
-#include <QtGlobal>
-
 #include <string>
-#include <vector>
 
 namespace Tavoro::ProtoModel {
 
-/// The identity of a device as it travels: \c DeviceBaseInfo with its bytes as hexadecimal digits.
-struct s_DeviceIdentity {
-    quint16 protocolVersion = 0;
-    quint16 modelId = 0;
-    std::string sn; ///< 16 digits.
-    std::string mac; ///< 12 digits.
-    quint16 hardwareVersion = 0;
-    quint32 firmwareVersion = 0;
-    quint16 tcpPort = 0;
-    quint16 slotCount = 0;
-    quint16 backupPort = 0;
-    quint32 maxPacketSize = 0;
-    std::string name;
-    std::vector<quint16> slotModels;
-    quint32 features = 0;
-    quint64 startTime = 0;
-    quint64 configTime = 0;
-    quint8 controlState = 0;
-    std::string ip;
-    std::string hostName;
-    quint32 extension = 0;
+/// The identity of a device as it travels: the fields of \c DeviceBaseInfo, with its bytes as
+/// hexadecimal digits.
+struct s_DeviceIdentity : DeviceBaseInfo {
+    std::string sn; ///< 16 digits; travels instead of the bytes of the same name.
+    std::string mac; ///< 12 digits; travels instead of the bytes of the same name.
     TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
                   slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
                   configTime, controlState, ip, hostName, extension)
 };
+
+/// Returns the identity as JSON, as it travels over TCP and in discovery answers. Any thread.
+TAVOROPROTO_EXPORT std::string encodeIdentity(const DeviceBaseInfo &info);
+
+/// Reads what encodeIdentity() wrote. Missing keys count as 0 or as empty, unknown ones are
+/// skipped; \c sn and \c mac must be 16 and 12 hexadecimal digits of either case. Returns false
+/// with the reason in \a error, and leaves \a info unchanged, if \a body is not such an identity.
+/// Any thread.
+TAVOROPROTO_EXPORT bool decodeIdentity(const std::string &body, DeviceBaseInfo &info,
+                                       std::string &error);
+
+/// Returns the key by which a device is recognised at any address: the upper-case hexadecimal
+/// digits of its serial number, or of its MAC address if the serial number is all zeros. Empty if
+/// both are all zeros. Any thread.
+TAVOROPROTO_EXPORT std::string identityKey(const DeviceBaseInfo &info);
 
 } // namespace Tavoro::ProtoModel

@@ -2,7 +2,7 @@
 
 #include <tavorocontrol/proto/device.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::Device::s_GeneralBody)
 TAVORO_CODEC(Tavoro::ProtoModel::Device::s_General)

@@ -1,8 +1,8 @@
 #pragma once
 
-/// Declares the keys of a record, once, in the order in which they travel.
+/// Declares the keys of a record, once, in the order in which they are written.
 ///
-/// Stands inside the struct, behind its members:
+/// Stands inside the struct, after its members:
 /// \code
 /// struct s_FTBBody {
 ///     qint32 enable = 0;
@@ -11,10 +11,10 @@
 /// };
 /// \endcode
 ///
-/// The keys are the names of the members. The order of the members in memory is free, members that
-/// are not listed never travel, and members of a base class may be listed. Nothing is generated
-/// here: the readers and writers are compiled once, in the library, and whoever includes a record
-/// pays for the struct alone.
+/// The keys are the names of the members. The members may be declared in any order, members that
+/// are not listed are neither written nor read, and members of a base class may be listed. The
+/// macro generates no reader or writer: TAVORO_CODEC() compiles those in one source file, so that
+/// including a record costs the struct alone.
 #define TAVORO_FIELDS(...)                                        \
     static constexpr const char *fieldList() noexcept             \
     {                                                             \

@@ -3,7 +3,7 @@
 #include <tavorocontrol/proto/file.h>
 #include <tavorocontrol/proto/preset.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::File::s_FileGeneral)
 TAVORO_CODEC(Tavoro::ProtoModel::File::s_FileSource)

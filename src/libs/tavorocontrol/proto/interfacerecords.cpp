@@ -2,7 +2,7 @@
 
 #include <tavorocontrol/proto/interface.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::Interface::s_InterfaceGeneralBody)
 TAVORO_CODEC(Tavoro::ProtoModel::Interface::s_HDCPBody)

@@ -2,7 +2,7 @@
 
 #include <tavorocontrol/proto/layer.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_LayerIdentity)
 TAVORO_CODEC(Tavoro::ProtoModel::Layer::s_CutFillBody)

@@ -2,7 +2,7 @@
 
 #include <tavorocontrol/proto/screen.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_ScreenGeneralBody)
 TAVORO_CODEC(Tavoro::ProtoModel::Screen::s_Splice)

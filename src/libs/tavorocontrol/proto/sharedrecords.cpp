@@ -6,7 +6,7 @@
 #include <tavorocontrol/proto/rgb.h>
 #include <tavorocontrol/proto/signalbodies.h>
 
-#include "recordcodec_p.h"
+#include "recordcodec.h"
 
 TAVORO_CODEC(Tavoro::ProtoModel::s_DeviceIdentity)
 TAVORO_CODEC(Tavoro::ProtoModel::s_RGB)

@@ -42,6 +42,7 @@ ChannelOptions usable(ChannelOptions options)
     options.maxBodySize = std::min(options.maxBodySize, mostBodySize);
     options.maxPacketCount = std::max(options.maxPacketCount, 1u);
     options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);
+    options.minTransferRate = std::max(options.minTransferRate, 1u);
     options.maxOwedAnswers = std::clamp(options.maxOwedAnswers, 1, tagCount);
     return options;
 }
@@ -189,6 +190,13 @@ void ChannelCore::linkConnecting()
         m_exchanges.shut(Connecting, Disconnected);
 }
 
+void ChannelCore::linkIdentifying(const QString &reason)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_state != State::Stopped)
+        m_reason = reason;
+}
+
 void ChannelCore::linkReady(ProtoModel::DeviceBaseInfo info)
 {
     const QString name = QString::fromStdString(info.name);
@@ -220,7 +228,7 @@ void ChannelCore::linkLost(quint16 status, const QString &reason, quint32 broken
                          brokenOff);
         m_state = State::Waiting;
         m_reason = reason;
-        m_pausedWithinFrame = Clock::TimePoint();
+        m_lastFrameProgress = Clock::TimePoint();
     }
     qCWarning(channelLog) << "No connection to" << peerName() << reason;
 }
@@ -254,9 +262,9 @@ void ChannelCore::linkReceiving(const Wire::WireHead &head)
         m_exchanges.noteBegun(head);
 }
 
-void ChannelCore::linkPaused(bool isWithinFrame)
+void ChannelCore::linkProgressed(Clock::TimePoint lastProgress)
 {
-    m_pausedWithinFrame = isWithinFrame ? m_loop->clock().now() : Clock::TimePoint();
+    m_lastFrameProgress = lastProgress;
 }
 
 void ChannelCore::linkWantsTick(Clock::TimePoint time)
@@ -340,9 +348,9 @@ void ChannelCore::leaveClosed()
 
 bool ChannelCore::hasStalled() const
 {
-    const Clock::TimePoint paused = m_pausedWithinFrame;
-    return paused != Clock::TimePoint()
-        && m_loop->clock().now() - paused >= m_options.stalledAnswerTimeout;
+    const Clock::TimePoint progress = m_lastFrameProgress;
+    return progress != Clock::TimePoint()
+        && m_loop->clock().now() - progress >= m_options.stalledAnswerTimeout;
 }
 
 /// Called on the thread of a caller. The channel is not ready from here on, so that whoever waits

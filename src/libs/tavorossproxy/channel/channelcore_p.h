@@ -72,12 +72,13 @@ private:
 
     bool linkMayConnect() override;
     void linkConnecting() override;
+    void linkIdentifying(const QString &reason) override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
     void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
     void linkWritable() override;
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;
-    void linkPaused(bool isWithinFrame) override;
+    void linkProgressed(Clock::TimePoint lastProgress) override;
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
@@ -126,8 +127,8 @@ private:
     QString m_reason; // guarded by m_mutex: why the channel is not ready
     ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
 
-    /// When the last part of an unfinished frame came; the epoch when none is unfinished.
-    std::atomic<Clock::TimePoint> m_pausedWithinFrame{Clock::TimePoint()};
+    /// When the frame that is arriving last made progress; the epoch when none is arriving.
+    std::atomic<Clock::TimePoint> m_lastFrameProgress{Clock::TimePoint()};
     std::atomic<quint64> m_connections{0};
     std::atomic<quint64> m_reports{0};
     std::atomic<quint64> m_droppedReports{0};

@@ -1,5 +1,6 @@
 #include "channellink_p.h"
 
+#include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/channelstatus.h>
 #include <tavorowire/frame.h>
 #include <tavorowire/identity.h>
@@ -33,6 +34,7 @@ ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
       m_options(options),
       m_events(events),
       m_parser(options.maxBodySize),
+      m_incoming(options.minTransferRate, options.stalledAnswerTimeout),
       m_pause(options.firstReconnectPause)
 {
     m_connection.client = makeClientId();
@@ -82,7 +84,7 @@ void ChannelLink::tick(Clock::TimePoint time)
     case Phase::Connecting:
         return drop(Disconnected, tr("no connection in time"));
     case Phase::Identifying:
-        return drop(Disconnected, tr("it did not tell its identity in time"));
+        return drop(Disconnected, notIdentifiedReason());
     case Phase::Ready:
         return keepAlive();
     case Phase::Pausing:
@@ -100,6 +102,8 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     const auto unfinished = m_parser.unfinishedHead();
     const bool isBrokenOff =
         status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
+    if (m_phase == Phase::Ready && hasProvedGood())
+        m_pause = m_options.firstReconnectPause;
     m_parser.reset();
     m_stream->close();
     enter(Phase::Pausing, m_pause);
@@ -107,9 +111,28 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
 }
 
+/// A device that identifies itself and closes at once would otherwise be reconnected without end
+/// after the shortest pause.
+bool ChannelLink::hasProvedGood() const
+{
+    return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
+}
+
 bool ChannelLink::canSend() const
 {
     return m_phase == Phase::Ready && m_stream->unsentBytes() < m_options.maxUnsentBytes;
+}
+
+void ChannelLink::send(const QByteArray &frame)
+{
+    m_hasRequested = true;
+    write(frame);
+}
+
+void ChannelLink::write(const QByteArray &frame)
+{
+    m_writtenSinceLastLook += frame.size();
+    m_stream->write(frame);
 }
 
 void ChannelLink::connect()
@@ -137,48 +160,77 @@ void ChannelLink::wantTick(Clock::TimePoint time)
     m_events.linkWantsTick(time);
 }
 
-/// While a long frame leaves, the device has nothing to say, and pings stand behind it: that it
-/// takes the frame is a sign of life, too.
 void ChannelLink::keepAlive()
 {
     const auto now = m_clock.now();
-    if (m_stream->unsentBytes() < m_unsentBefore)
+    if (isTakingBytes(now))
         m_lastSignOfLife = now;
     if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
         return drop(DeviceSilent, tr("it stopped answering"));
     if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
-        send(Wire::encodeLinkFrame(FrameKind::Ping));
+        write(Wire::encodeLinkFrame(FrameKind::Ping));
         m_due = std::min(now + m_options.keepAliveInterval,
                          m_lastSignOfLife + m_options.keepAliveTimeout);
     } else {
         m_due = m_lastSignOfLife + m_options.keepAliveInterval;
     }
-    m_unsentBefore = m_stream->unsentBytes();
+    m_lastLook = now;
+    m_unsentAtLastLook = m_stream->unsentBytes();
+    m_writtenSinceLastLook = 0;
     wantTick(m_due);
+}
+
+/// While a long frame leaves, pings wait after it and the device has nothing to answer: that it
+/// takes the frame, at the minimum rate, is a sign of life too.
+bool ChannelLink::isTakingBytes(Clock::TimePoint now) const
+{
+    if (m_unsentAtLastLook == 0)
+        return false;
+    const qint64 unsent = m_stream->unsentBytes();
+    const qint64 taken = m_unsentAtLastLook + m_writtenSinceLastLook - unsent;
+    const std::chrono::duration<double> elapsed = now - m_lastLook;
+    return unsent == 0 || double(taken) >= m_options.minTransferRate * elapsed.count();
 }
 
 void ChannelLink::streamOpened(const std::string &peerAddress)
 {
     m_peerAddress = peerAddress;
     enter(Phase::Identifying, m_options.identityTimeout);
+    m_events.linkIdentifying(notIdentifiedReason());
     ++m_connection.number;
-    m_unsentBefore = 0;
+    m_lastLook = m_clock.now();
+    m_unsentAtLastLook = 0;
+    m_writtenSinceLastLook = 0;
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
-    send(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
+    write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
 }
 
 void ChannelLink::streamReceived(std::string_view bytes)
 {
-    m_lastSignOfLife = m_clock.now();
+    const auto count = static_cast<qint64>(bytes.size());
+    bool isSameFrame = m_parser.isWithinFrame();
     while (auto event = m_parser.next(bytes)) {
+        isSameFrame = false;
         handle(std::move(*event));
         if (m_phase != Phase::Ready && m_phase != Phase::Identifying)
             return; // the frame ended the connection
     }
     if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
         m_events.linkReceiving(*head);
-    m_events.linkPaused(m_parser.isWithinFrame());
+    noteProgress(isSameFrame, count);
+}
+
+/// Complete frames are signs of life; single bytes of one are not.
+void ChannelLink::noteProgress(bool isSameFrame, qint64 bytes)
+{
+    const auto now = m_clock.now();
+    if (isSameFrame)
+        m_incoming.add(bytes, now);
+    else
+        m_incoming.begin(now);
+    m_lastSignOfLife = m_incoming.lastProgress();
+    m_events.linkProgressed(m_parser.isWithinFrame() ? m_lastSignOfLife : Clock::TimePoint());
 }
 
 void ChannelLink::streamDrained()
@@ -206,6 +258,8 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
     case FrameKind::Pong:
         return;
     case FrameKind::Response:
+        m_hasAnswered = m_hasRequested;
+        [[fallthrough]];
     case FrameKind::Report:
         if (m_phase == Phase::Ready)
             m_events.linkReceived(std::move(event));
@@ -221,7 +275,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
 void ChannelLink::answerPing(quint8 lables)
 {
     if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
-        send(Wire::encodeLinkFrame(FrameKind::Pong, lables));
+        write(Wire::encodeLinkFrame(FrameKind::Pong, lables));
 }
 
 void ChannelLink::refuse(Wire::FrameEvent &&event)
@@ -231,14 +285,19 @@ void ChannelLink::refuse(Wire::FrameEvent &&event)
     const bool isOfNoUse = event.fatal || (m_phase == Phase::Identifying && isIdentity);
     m_events.linkReceived(std::move(event));
     if (isOfNoUse)
-        drop(status, tr("it sent what is no valid frame (%1)").arg(status));
+        drop(status, tr("it sent an invalid frame (%1)").arg(status));
+}
+
+QString ChannelLink::notIdentifiedReason()
+{
+    return tr("it did not identify itself in time");
 }
 
 void ChannelLink::takeIdentity(const std::string &body)
 {
     ProtoModel::DeviceBaseInfo info;
     std::string error;
-    if (!Wire::decodeIdentity(body, info, error))
+    if (!ProtoModel::decodeIdentity(body, info, error))
         return drop(WrongType,
                     tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
     if (info.protocolVersion != Wire::protocolVersion)
@@ -248,12 +307,14 @@ void ChannelLink::takeIdentity(const std::string &body)
                         .arg(Wire::protocolVersion));
     if (info.maxPacketSize == 0)
         return drop(WrongLength, tr("it takes packets of 0 bytes"));
-    if (!m_options.identity.empty() && Wire::identityKey(info) != m_options.identity)
+    if (!m_options.identity.empty() && ProtoModel::identityKey(info) != m_options.identity)
         return drop(Disconnected, tr("another device is there"));
     if (!m_peerAddress.empty())
         info.ip = m_peerAddress; // devices behind a translated address know only their own
     info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);
-    m_pause = m_options.firstReconnectPause;
+    m_readySince = m_clock.now();
+    m_hasRequested = false;
+    m_hasAnswered = false;
     enter(Phase::Ready, m_options.keepAliveInterval);
     m_events.linkReady(std::move(info));
 }

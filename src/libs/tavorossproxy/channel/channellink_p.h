@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frameprogress_p.h"
 #include <tavorossproxy/io/bytestream_p.h>
 #include <tavorossproxy/io/clock_p.h>
 
@@ -34,6 +35,9 @@ public:
         /// False when there are too many connections already.
         virtual bool linkMayConnect() = 0;
         virtual void linkConnecting() = 0;
+        /// The connection is established. \a reason says why the channel is not ready until
+        /// linkReady() or linkLost().
+        virtual void linkIdentifying(const QString &reason) = 0;
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
         /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
         /// was arriving, or 0.
@@ -43,8 +47,9 @@ public:
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
         /// A response has come in part.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
-        /// What came last has ended between two frames, or within one.
-        virtual void linkPaused(bool isWithinFrame) = 0;
+        /// Bytes have arrived. \a lastProgress is when the frame that they end in last made
+        /// progress; the clock's epoch if they end between two frames.
+        virtual void linkProgressed(Clock::TimePoint lastProgress) = 0;
         /// Asks for tick(time) when \a time has come.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
 
@@ -70,7 +75,8 @@ public:
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
     bool canSend() const;
-    void send(const QByteArray &frame) { m_stream->write(frame); }
+    /// Sends the frame of a request.
+    void send(const QByteArray &frame);
 
 private:
     enum class Phase {
@@ -88,11 +94,16 @@ private:
     void streamClosed(const QString &reason) override;
 
     void connect();
+    bool hasProvedGood() const;
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
+    void write(const QByteArray &frame);
     void keepAlive();
+    bool isTakingBytes(Clock::TimePoint now) const;
+    void noteProgress(bool isSameFrame, qint64 bytes);
     void handle(Wire::FrameEvent &&event);
     void answerPing(quint8 lables);
+    static QString notIdentifiedReason();
     void refuse(Wire::FrameEvent &&event);
     void takeIdentity(const std::string &body);
 
@@ -106,8 +117,14 @@ private:
     Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
     Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
     Clock::TimePoint m_lastSignOfLife;
-    qint64 m_unsentBefore = 0; ///< At the last look at the keep-alive.
+    FrameProgress m_incoming; ///< Of the frame that is arriving.
+    Clock::TimePoint m_lastLook; ///< When keepAlive() ran last.
+    qint64 m_unsentAtLastLook = 0;
+    qint64 m_writtenSinceLastLook = 0;
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
+    Clock::TimePoint m_readySince;
+    bool m_hasRequested = false; ///< A request was sent over this connection.
+    bool m_hasAnswered = false; ///< The device has answered a request of this connection.
     std::string m_peerAddress;
 };
 

@@ -3,7 +3,7 @@
 #include <tavorossproxy/channel/expecteddevice_p.h>
 #include <tavorossproxy/logging_p.h>
 
-#include <tavorowire/identity.h>
+#include <tavorocontrol/proto/deviceidentity.h>
 
 #include <algorithm>
 
@@ -15,7 +15,7 @@ namespace {
 /// any.
 std::string identityOf(const DeviceChannel &channel)
 {
-    std::string key = Wire::identityKey(channel.deviceBaseInfo());
+    std::string key = ProtoModel::identityKey(channel.deviceBaseInfo());
     if (!key.empty())
         return key;
     const auto *const expected = dynamic_cast<const ExpectedDevice *>(&channel);
@@ -36,7 +36,7 @@ void ChannelKeeper::setOptions(const DiscoveryOptions &options)
 
 void ChannelKeeper::take(const ProtoModel::DeviceBaseInfo &device)
 {
-    const std::string key = Wire::identityKey(device);
+    const std::string key = ProtoModel::identityKey(device);
     if (key.empty() || followKnown(key, device))
         return; // without a key it could not be told from others
     if (const AnyChannel channel = findInManager(key)) {

@@ -9,10 +9,11 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Longer than the packets of common devices, which so come in one piece with their head.
+/// Longer than the packets of common devices, so that a packet is read in one piece with its head.
 constexpr std::size_t receivedAtOnce = 128u << 10;
 
-/// After so many reads it is the turn of others; the socket tells again that there is more.
+/// Most reads in a row before other sockets are served. The socket emits readyRead() again if more
+/// is left.
 constexpr int mostRounds = 32;
 
 } // namespace
@@ -33,13 +34,14 @@ void TcpStream::open(Events &events)
     if (!m_presence)
         m_presence = std::make_unique<QObject>();
     m_socket = std::make_unique<QTcpSocket>();
-    m_socket->setProxy(QNetworkProxy::NoProxy); // devices are near
+    m_hasFailed = false;
+    m_socket->setProxy(QNetworkProxy::NoProxy); // devices are on the local network
     connectSignals(events);
-    // What is sent and received goes past the buffers of the socket: frames are long and whole.
+    // Unbuffered: frames are long and complete, so a buffer would only copy them once more.
     m_socket->connectToHost(m_host, m_port, QIODevice::ReadWrite | QIODevice::Unbuffered);
 }
 
-/// May be called from a signal of the socket, so the socket itself goes later.
+/// May be called from a signal of the socket, so the socket itself is deleted later.
 void TcpStream::close()
 {
     if (!m_socket)
@@ -49,12 +51,14 @@ void TcpStream::close()
     m_socket.release()->deleteLater();
 }
 
-/// An unbuffered socket that finds the connection lost while it sends tells nobody, and does not
-/// look for what comes any more either. Whoever is sending is not told in the middle of it.
+/// An unbuffered socket that meets a lost connection while it sends emits no signal, stops reading,
+/// and logs a warning for each further write. The caller gets streamClosed() later, not within
+/// its call.
 void TcpStream::write(const QByteArray &bytes)
 {
-    if (!m_socket || m_socket->write(bytes) >= 0)
+    if (!m_socket || m_hasFailed || m_socket->write(bytes) >= 0)
         return;
+    m_hasFailed = true;
     const auto failLater = [this, socket = m_socket.get()] {
         if (m_socket.get() == socket)
             fail(*m_events);
@@ -95,15 +99,18 @@ void TcpStream::connectSignals(Events &events)
 void TcpStream::receive(Events &events)
 {
     const QTcpSocket *const socket = m_socket.get();
-    for (int round = 0; round < mostRounds && m_socket && m_socket.get() == socket; ++round) {
+    const auto isOpen = [this, socket] {
+        return m_socket && m_socket.get() == socket && !m_hasFailed;
+    };
+    for (int round = 0; round < mostRounds && isOpen(); ++round) {
         const auto room = static_cast<qint64>(m_received.size());
         const qint64 count = m_socket->read(m_received.data(), room);
         if (count < 0)
-            return fail(events); // the socket itself does not tell
+            return fail(events); // the socket emits no signal for this
         if (count > 0)
             events.streamReceived({m_received.data(), static_cast<std::size_t>(count)});
         if (count < room)
-            return; // for now it is empty
+            return; // nothing more has arrived yet
     }
 }
 

@@ -13,7 +13,7 @@ class QTcpSocket;
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A stream over a TCP socket, which is made anew for each connection.
+/// A stream over TCP. Each connection has a socket of its own.
 class TcpStream final : public ByteStream {
 public:
     TcpStream(const QString &host, quint16 port);
@@ -33,11 +33,12 @@ private:
 
     QString m_host;
     quint16 m_port;
-    Events *m_events = nullptr; ///< Of the last connection; outlives it.
-    std::unique_ptr<QTcpSocket> m_socket;
-    /// What is to be told later goes with the stream: a socket that was closed stays for a while.
+    Events *m_events = nullptr; ///< Receiver of the last connection's events; outlives it.
+    std::unique_ptr<QTcpSocket> m_socket; ///< Null when there is neither connection nor attempt.
+    bool m_hasFailed = false; ///< A write has failed; streamClosed() follows.
+    /// Context of delayed calls, which must end with the stream: a closed socket lives longer.
     std::unique_ptr<QObject> m_presence;
-    std::vector<char> m_received; ///< What was read last; kept so that it stays in the cache.
+    std::vector<char> m_received; ///< Receive buffer, reused so that it stays in the cache.
 };
 
 } // namespace Tavoro::SSProxy::Internal

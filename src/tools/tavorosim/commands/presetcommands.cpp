@@ -5,7 +5,7 @@
 #include "screencommands.h"
 
 #include <tavorocontrol/proto/preset.h>
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <algorithm>
 

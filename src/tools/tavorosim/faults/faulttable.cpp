@@ -15,7 +15,7 @@ using SSProxy::Wire::WireHead;
 
 namespace {
 
-using Packet = PacketDesk::Packet;
+using Packet = PacketAssembler::Packet;
 
 constexpr quint32 any = std::numeric_limits<quint32>::max();
 
@@ -153,7 +153,7 @@ void swapPackets(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(request.makeAnswer(head));
     auto &heldBack = request.past.heldBack;
     heldBack.push_back(std::move(due));
-    if (heldBack.size() > PacketDesk::mostStreams) // nobody will ask for the oldest any more
+    if (heldBack.size() > PacketAssembler::mostStreams) // nobody will ask for the oldest any more
         heldBack.pop_front();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorosim/commands/packetdesk.h>
+#include <tavorosim/commands/packetassembler.h>
 
 #include <QByteArray>
 #include <QString>
@@ -16,7 +16,7 @@ namespace Tavoro::Sim {
 struct Delivery {
     QByteArray bytes;
     /// What the bytes answer when it was not made by carrying the request out.
-    std::optional<PacketDesk::Packet> unworked = {};
+    std::optional<PacketAssembler::Packet> unworked = {};
     int delay = 0; ///< Milliseconds before the bytes leave.
     bool endsConnection = false; ///< Behind the bytes.
     bool stopsReading = false;
@@ -30,11 +30,11 @@ struct ConnectionPast {
     /// A request that is without an answer; its tag is 0 when there is none.
     SSProxy::Wire::WireHead unanswered;
     /// Answers that wait for the request whose place was taken by theirs.
-    std::deque<PacketDesk::Packet> heldBack;
+    std::deque<PacketAssembler::Packet> heldBack;
 };
 
 /// Carries out a request and makes its answer. The body belongs to the first call.
-using MakeAnswer = std::function<PacketDesk::Packet(const SSProxy::Wire::WireHead &request)>;
+using MakeAnswer = std::function<PacketAssembler::Packet(const SSProxy::Wire::WireHead &request)>;
 
 /// A request that falls under a rule.
 struct FaultedRequest {
@@ -44,7 +44,7 @@ struct FaultedRequest {
     ConnectionPast &past;
     std::mt19937 &random;
 
-    PacketDesk::Packet answer() const { return makeAnswer(head); }
+    PacketAssembler::Packet answer() const { return makeAnswer(head); }
 };
 
 /// A fault that the device can have.

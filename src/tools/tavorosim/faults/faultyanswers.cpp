@@ -18,7 +18,7 @@ Delivery FaultyAnswers::deliver(const WireHead &request, quint16 code, const Mak
         qCInfo(simLog, "fault %s", qUtf8Printable(toText(*rule)));
         rule->fault->act({request, rule->value, makeAnswer, m_past, m_rules.random()}, delivery);
     } else {
-        const PacketDesk::Packet answer = makeAnswer(request);
+        const PacketAssembler::Packet answer = makeAnswer(request);
         delivery.bytes = SSProxy::Wire::encodeFrame(answer.head, answer.body);
     }
     if (delivery.bytes.isEmpty())

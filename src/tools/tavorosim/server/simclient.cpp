@@ -63,8 +63,8 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
       m_services(std::move(services)),
       m_received(readSize),
       m_parser(longestBody),
-      m_desk(options.packetSize,
-             [this](const Request &request) { return m_services.carryOut(*this, request); }),
+      m_assembler(options.packetSize,
+                  [this](const Request &request) { return m_services.carryOut(*this, request); }),
       m_faults(faults),
       m_pause(this)
 {
@@ -154,7 +154,7 @@ void SimClient::readFrames()
     }
     // Now, not when the event loop comes round to it; then there is time to look ahead.
     m_socket->flush();
-    m_desk.readAhead();
+    m_assembler.readAhead();
 }
 
 bool SimClient::receive()
@@ -195,7 +195,7 @@ void SimClient::answerRequest(FrameEvent event)
     if (m_outcomes)
         m_outcomes->arrive(event.head.number);
     if (m_faults.isIdle()) {
-        const PacketDesk::Packet answer = makeAnswer(std::move(event));
+        const PacketAssembler::Packet answer = makeAnswer(std::move(event));
         const quint32 checksum =
             answer.checksum ? *answer.checksum : SSProxy::Wire::crc32(answer.body);
         SSProxy::Wire::encodeFrame(answer.head, answer.body, checksum, m_frame);
@@ -212,12 +212,12 @@ void SimClient::answerRequest(FrameEvent event)
     carryOut(delivery);
 }
 
-PacketDesk::Packet SimClient::makeAnswer(FrameEvent event)
+PacketAssembler::Packet SimClient::makeAnswer(FrameEvent event)
 {
-    PacketDesk::Packet answer;
+    PacketAssembler::Packet answer;
     if (event.status == 0) {
         const std::string body = simLog().isDebugEnabled() ? event.body : std::string();
-        answer = m_desk.answer(event.head, std::move(event.body));
+        answer = m_assembler.answer(event.head, std::move(event.body));
         note(event.head, body, answer);
     } else {
         answer.head = SSProxy::Wire::responseHead(event.head);
@@ -235,7 +235,7 @@ void SimClient::answerIdentity(const std::string &connection)
     head.kind = static_cast<quint8>(FrameKind::IdentityAnswer);
     m_isIntroduced = true;
     const auto answer = [&](const WireHead & /*request*/) {
-        return PacketDesk::Packet{head, m_services.identity(*this)};
+        return PacketAssembler::Packet{head, m_services.identity(*this)};
     };
     carryOut(m_faults.deliver(head, identityCode, answer));
 }
@@ -282,7 +282,7 @@ void SimClient::sendLater(const QByteArray &frame, int delay)
 }
 
 void SimClient::note(const WireHead &request, const std::string &body,
-                     const PacketDesk::Packet &answer)
+                     const PacketAssembler::Packet &answer)
 {
     if (m_outcomes)
         m_outcomes->finish(request.number, answer.head.status);

@@ -2,7 +2,7 @@
 
 #include "outcomelog.h"
 
-#include <tavorosim/commands/packetdesk.h>
+#include <tavorosim/commands/packetassembler.h>
 #include <tavorosim/faults/faultyanswers.h>
 #include <tavorowire/frameparser.h>
 
@@ -77,7 +77,7 @@ private:
     bool receive();
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
-    PacketDesk::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
+    PacketAssembler::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
     void answerIdentity(const std::string &connection);
     void carryOut(const Delivery &delivery);
     void endLater(int delay);
@@ -85,7 +85,7 @@ private:
     void sendLater(const QByteArray &frame, int delay);
     /// Into the outcomes and the log.
     void note(const SSProxy::Wire::WireHead &request, const std::string &body,
-              const PacketDesk::Packet &answer);
+              const PacketAssembler::Packet &answer);
     bool hasRoomForReport();
 
     /// A client that leaves more than this unread gets no further reports, and no answers until it
@@ -102,7 +102,7 @@ private:
     std::string_view m_rest; ///< What of that has not been looked at.
     QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
     SSProxy::Wire::FrameParser m_parser;
-    PacketDesk m_desk;
+    PacketAssembler m_assembler;
     FaultyAnswers m_faults;
     QTimer m_pause; ///< Runs while nothing is read for a time.
     bool m_isReading = true;

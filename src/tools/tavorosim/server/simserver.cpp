@@ -2,6 +2,7 @@
 
 #include "simclient.h"
 
+#include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorosim/commands/commandtable.h>
 #include <tavorosim/commands/devicecommands.h>
 #include <tavorosim/commands/maintenancecommands.h>
@@ -9,7 +10,6 @@
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
 #include <tavorowire/hostandport.h>
-#include <tavorowire/identity.h>
 #include <tavorowire/linkcommands.h>
 
 #include <QDateTime>
@@ -311,7 +311,7 @@ std::string SimServer::identityFor(const SimClient &client) const
     const auto state =
         m_control.isHeldByOthers(client) ? ControlState::Others : ControlState::Yours;
     info.controlState = static_cast<quint8>(state);
-    return SSProxy::Wire::encodeIdentity(info);
+    return ProtoModel::encodeIdentity(info);
 }
 
 ProtoModel::DeviceBaseInfo SimServer::identity() const

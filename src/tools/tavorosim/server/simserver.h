@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controldesk.h"
+#include "controlarbiter.h"
 #include "discoveryresponder.h"
 #include "outcomelog.h"
 #include "simclient.h"
@@ -74,7 +74,7 @@ private:
     bool m_isLeaving = false; ///< It is off, but has answers to send.
     QTcpServer m_controlServer;
     DiscoveryResponder m_discovery;
-    ControlDesk m_control;
+    ControlArbiter m_control;
     OutcomeLog m_outcomes;
     const SimClient *m_toldHolder = nullptr; ///< Of whom the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.

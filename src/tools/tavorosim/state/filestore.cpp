@@ -2,7 +2,7 @@
 
 #include "simlog.h"
 
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 #include <tavorowire/checksums.h>
 
 #include <QBuffer>

@@ -2,7 +2,7 @@
 
 #include "simlog.h"
 
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "samplerecords.h"
 
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 TAVORO_CODEC(Sample::Point)
 TAVORO_CODEC(Sample::Identity)

@@ -1,5 +1,5 @@
-#include <tavorocontrol/proto/codec.h>
 #include <tavorocontrol/proto/fields.h>
+#include <tavorocontrol/proto/json/fieldlist.h>
 
 #include <QtTest>
 

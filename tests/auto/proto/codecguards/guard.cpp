@@ -1,5 +1,5 @@
 #include <tavorocontrol/proto/fields.h>
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <cstdint>
 

@@ -1,4 +1,5 @@
-#include <tavorocontrol/proto/codec.h>
+#include <tavorocontrol/proto/json/jsonexception.h>
+#include <tavorocontrol/proto/json/jsonreader.h>
 
 #include <QtTest>
 

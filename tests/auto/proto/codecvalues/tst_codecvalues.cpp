@@ -1,7 +1,7 @@
 #include <support/proto/recordprobe.h>
 
 #include <tavorocontrol/proto/fields.h>
-#include <tavorocontrol/proto/recordcodec_p.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <QtTest>
 

@@ -1,10 +1,9 @@
 #include <tavorocontrol/proto/deviceidentity.h>
-#include <tavorowire/identity.h>
 
 #include <support/proto/recordtest.h>
 
 using namespace Tavoro;
-using namespace Tavoro::SSProxy::Wire;
+using namespace Tavoro::ProtoModel;
 
 namespace {
 

@@ -1,6 +1,8 @@
-// The page that tells applications what happens when something goes wrong: what it says is what the
-// tests check.
+// docs/failures.md tells applications what happens when something goes wrong.
+// tests/data/failures.tsv names the test behind each statement of the page: a passage of the page,
+// then the test.
 
+#include <support/common/datatable.h>
 #include <support/tavorosim/faultrows.h>
 
 #include <support/tavorosim/faultrule.h>
@@ -12,6 +14,9 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <algorithm>
+#include <utility>
+
 using Tavoro::Control::ControlHelper;
 
 class tst_FailuresPage : public QObject {
@@ -19,9 +24,12 @@ class tst_FailuresPage : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void namedTestsAreThere();
+    void namedTestsExist_data();
+    void namedTestsExist();
+    void testsNameAPassageOfThePage_data();
+    void testsNameAPassageOfThePage();
     void everyStatusOfTheChannelHasALine();
-    void everyLineOfAStatusHasATest();
+    void everyStatementHasATest();
     void faultsAreThoseOfTheTable();
     void everyFaultOfTheDeviceIsInTheTable();
 
@@ -30,6 +38,7 @@ private:
     QList<QStringList> rows(const QString &first) const;
 
     QString m_page;
+    QList<QStringList> m_tests; ///< A passage of the page, and the test that checks it.
 };
 
 void tst_FailuresPage::initTestCase()
@@ -37,6 +46,8 @@ void tst_FailuresPage::initTestCase()
     QFile page(QStringLiteral(FAILURES_PAGE));
     QVERIFY(page.open(QIODevice::ReadOnly));
     m_page = QString::fromUtf8(page.readAll());
+    m_tests = dataTable(QStringLiteral("failures.tsv"));
+    QVERIFY(m_tests.size() > 30);
 }
 
 QList<QStringList> tst_FailuresPage::rows(const QString &first) const
@@ -55,7 +66,7 @@ QList<QStringList> tst_FailuresPage::rows(const QString &first) const
     return rows;
 }
 
-/// The source file of the test program \a suite, in the folder of whichever library it tests.
+/// The source file of the test program \a suite, in the folder of the library that it tests.
 QString sourceOf(const QString &suite)
 {
     const QDir tests(QStringLiteral(TESTS_DIR));
@@ -68,20 +79,45 @@ QString sourceOf(const QString &suite)
     return {};
 }
 
-void tst_FailuresPage::namedTestsAreThere()
+/// \a text on one line, so that a passage is found across the ends of lines.
+QString unwrapped(const QString &text)
 {
-    static const QRegularExpression name(QStringLiteral("`([a-z0-9]+)::(\\w+)`"));
-    int count = 0;
-    for (auto found = name.globalMatch(m_page); found.hasNext(); ++count) {
-        const QRegularExpressionMatch match = found.next();
-        const QString suite = match.captured(1);
-        QFile source(sourceOf(suite));
-        QVERIFY2(source.open(QIODevice::ReadOnly), qPrintable(suite));
-        const QString function = QStringLiteral("::%1()\n").arg(match.captured(2));
-        QVERIFY2(QString::fromUtf8(source.readAll()).contains(function),
-                 qPrintable(match.captured()));
-    }
-    QVERIFY(count > 30);
+    return text.simplified();
+}
+
+void tst_FailuresPage::namedTestsExist_data()
+{
+    QTest::addColumn<QString>("test");
+    QStringList tests;
+    for (const QStringList &row : std::as_const(m_tests))
+        tests << row.value(1);
+    tests.removeDuplicates();
+    for (const QString &test : std::as_const(tests))
+        QTest::newRow(qPrintable(test)) << test;
+}
+
+void tst_FailuresPage::namedTestsExist()
+{
+    QFETCH(const QString, test);
+    const QStringList names = test.split(QStringLiteral("::"));
+    QCOMPARE(names.size(), 2);
+    QFile source(sourceOf(names.first()));
+    QVERIFY(source.open(QIODevice::ReadOnly));
+    const QString function = QStringLiteral("::%1()\n").arg(names.last());
+    QVERIFY(QString::fromUtf8(source.readAll()).contains(function));
+}
+
+void tst_FailuresPage::testsNameAPassageOfThePage_data()
+{
+    QTest::addColumn<QString>("passage");
+    for (const QStringList &row : std::as_const(m_tests))
+        QTest::addRow("%s %s", qPrintable(row.value(1)), qPrintable(row.value(0))) << row.value(0);
+}
+
+void tst_FailuresPage::testsNameAPassageOfThePage()
+{
+    QFETCH(const QString, passage);
+    QVERIFY(unwrapped(m_page).contains(passage));
 }
 
 void tst_FailuresPage::everyStatusOfTheChannelHasALine()
@@ -97,13 +133,31 @@ void tst_FailuresPage::everyStatusOfTheChannelHasALine()
              QStringLiteral("257 258 259 260 261 262 263 264 357 358 359 360 361 362 363 364 365"));
 }
 
-void tst_FailuresPage::everyLineOfAStatusHasATest()
+/// The bullets of the first section, and the rows of the tables of reports, reasons and statuses.
+QStringList statements(const QString &page)
 {
-    const auto lines = rows(QStringLiteral("\\d+"));
-    for (const QStringList &line : lines) {
-        QCOMPARE(line.size(), 5);
-        QVERIFY2(line.last().startsWith(QLatin1String("`channelstatuses::")),
-                 qPrintable(line.at(0)));
+    static const QRegularExpression bullet(QStringLiteral("\n- ((?:.|\n  )+)"));
+    static const QRegularExpression row(
+        QStringLiteral("\n(\\|(?! (?:operation|reason|status) \\|)[^-].*)"));
+    const QString always = page.section(QStringLiteral("\n## "), 1, 1);
+    const QString reported = page.section(QStringLiteral("\n## "), 2, 3);
+    QStringList found;
+    for (auto match = bullet.globalMatch(always); match.hasNext();)
+        found << unwrapped(match.next().captured(1));
+    for (auto match = row.globalMatch(reported); match.hasNext();)
+        found << unwrapped(match.next().captured(1));
+    return found;
+}
+
+void tst_FailuresPage::everyStatementHasATest()
+{
+    const QStringList all = statements(m_page);
+    QCOMPARE(all.size(), 9 + 7 + 8 + 18);
+    for (const QString &statement : all) {
+        const bool isTested =
+            std::any_of(m_tests.cbegin(), m_tests.cend(),
+                        [&](const QStringList &row) { return statement.contains(row.value(0)); });
+        QVERIFY2(isTested, qPrintable(statement));
     }
 }
 
@@ -119,7 +173,7 @@ void tst_FailuresPage::faultsAreThoseOfTheTable()
             cells << QString::fromLatin1(cell)
                          .replace(QLatin1String("|"), QLatin1String(" or "))
                          .remove(packet);
-        cells << (row.isLost ? QStringLiteral("anew") : QStringLiteral("same"));
+        cells << (row.isLost ? QStringLiteral("new") : QStringLiteral("same"));
         QCOMPARE(lines.at(i), cells);
     }
 }

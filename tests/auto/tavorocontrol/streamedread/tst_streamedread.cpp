@@ -1,6 +1,5 @@
 #include <support/tavorocontrol/streampath.h>
 
-#include <QFile>
 #include <QtTest>
 
 #include <cmath>
@@ -14,44 +13,6 @@ constexpr char successLine[] =
     R"(info: TavoroCmd {device} "BC(fa), FC(4)." "Get file export information successfully." " lables: 7")";
 constexpr char successShown[] =
     "status bar 0 for 5000 ms: Get file export information successfully.";
-
-/// Makes each packet when it is asked for, so that nobody but the reader can hold the object.
-class LargeObject : public ScriptedChannel {
-public:
-    static constexpr std::size_t packetSize = 4 << 20;
-
-    std::shared_ptr<SSProxy::DeviceResponseCommand>
-    sendSyncRequest(std::shared_ptr<SSProxy::DeviceRequestCommand> request) override
-    {
-        auto response = std::make_shared<SSProxy::DeviceResponseCommand>();
-        response->head() = request->head();
-        response->head().totalCount = packets;
-        response->body().assign(packetSize, 'x');
-        return response;
-    }
-
-    quint32 packets = 1;
-};
-
-/// Most memory that the process has held so far, 0 where the system does not tell.
-qint64 peakResidentBytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = status.readAll();
-    const auto line = text.indexOf("VmHWM:");
-    const QByteArray kibibytes = text.mid(line).split('\n').first().simplified().split(' ').at(1);
-    return kibibytes.toLongLong() * 1024;
-}
-
-/// Sanitizers keep freed memory aside, which is not the reader's.
-constexpr bool hasSanitizer =
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    true;
-#else
-    false;
-#endif
 
 } // namespace
 
@@ -79,8 +40,6 @@ private Q_SLOTS:
 
     void callbackRunsOnTheCallersThread();
     void callbackIsReleasedBeforeReturn();
-
-    void oneGibibyteTakesTheMemoryOfAFewPackets();
 };
 
 void tst_StreamedRead::deviceWithoutChannelCountsAsDone()
@@ -343,30 +302,6 @@ void tst_StreamedRead::callbackIsReleasedBeforeReturn()
     const long before = token.use_count();
     QVERIFY(path.helper.sendSyncRequest(path.device.model, exportRequest(), callback));
     QCOMPARE(token.use_count(), before);
-}
-
-void tst_StreamedRead::oneGibibyteTakesTheMemoryOfAFewPackets()
-{
-    if (hasSanitizer || peakResidentBytes() == 0)
-        QSKIP("the process's peak memory tells nothing here");
-    const MessageCatcher quiet;
-    const auto object = std::make_shared<LargeObject>();
-    const ScriptedDevice device(7, object);
-    Control::ControlHelper helper;
-    const auto peakOfReading = [&](std::size_t size) {
-        object->packets = quint32(size / LargeObject::packetSize);
-        std::size_t got = 0;
-        const bool ok = helper.sendSyncRequest(
-            device.model, exportRequest(),
-            [&](bool, double, const std::string &data, QString &) { got += data.size(); });
-        return ok && got == size ? peakResidentBytes() : -1;
-    };
-    const qint64 small = peakOfReading(3 * LargeObject::packetSize);
-    const qint64 large = peakOfReading(std::size_t(1) << 30);
-    QVERIFY(small > 0);
-    QVERIFY(large > 0);
-    QVERIFY2(large - small < 4 * qint64(LargeObject::packetSize),
-             qPrintable(QStringLiteral("small %1, large %2").arg(small).arg(large)));
 }
 
 QTEST_GUILESS_MAIN(tst_StreamedRead)

@@ -1,9 +1,9 @@
 // What a person types behind an operation: records, numbers, lines of a batch.
 
-#include <tavoroctl/argumentreader.h>
-#include <tavoroctl/batchline.h>
-#include <tavoroctl/recordargument.h>
-#include <tavoroctl/session.h>
+#include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/arguments/host.h>
+#include <tavoroctl/operations/argumentreader.h>
+#include <tavoroctl/operations/recordargument.h>
 
 #include <tavorobizmodel/enums.h>
 #include <tavorocontrol/proto/device.h>

@@ -1,6 +1,7 @@
 // What is other in one record than in another, as the tool tells it.
 
-#include <tavoroctl/jsondiff.h>
+#include <tavoroctl/model/jsondiff.h>
+#include <tavoroctl/operations/jsontext.h>
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // Whose lines the tool shows on standard error.
 
-#include <tavoroctl/console.h>
+#include <tavoroctl/output/console.h>
 
 #include <QLoggingCategory>
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #include <support/tavorocontrol/scripteddevice.h>
 
-#include <tavoroctl/operation.h>
+#include <tavoroctl/operations/operation.h>
 
 #include <QTest>
 

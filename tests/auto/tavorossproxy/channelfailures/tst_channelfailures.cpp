@@ -405,6 +405,7 @@ void tst_ChannelFailures::frameThatStopsInItsHeadEndsTheConnection()
 void tst_ChannelFailures::answerThatGoesOnKeepsTheConnection()
 {
     m_options.stalledAnswerTimeout = 100ms;
+    m_options.minTransferRate = 10; // one byte in that time
     reopenChannel();
     auto caller = call(request(0x1100, 1, {}, 300));
     const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <tavorocontrol/proto/export.h>
+#include <tavorocontrol/proto/json/jsontoken.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace ajson {
+
+/// Cuts a text into tokens.
+///
+/// The state is the cursor and the current token. Line and column are worked out when they are
+/// asked for, by going over the text once more, so that they cost nothing while all is well.
+class TAVOROPROTO_EXPORT JsonReader {
+public:
+    /// A length by which only the terminating NUL ends the input.
+    static constexpr std::size_t untilNul = std::numeric_limits<std::size_t>::max();
+
+    /// Stands before the first token of \a text, which must outlive the reader and end with a NUL.
+    /// A smaller \a length ends the input before that NUL; a null \a text is an empty one.
+    explicit JsonReader(const char *text, std::size_t length = untilNul) noexcept;
+
+    /// Makes the next token current.
+    ///
+    /// Kept: a block comment that runs into the end of the input leaves the previous token current.
+    void next();
+
+    /// Makes the token at \a place current. The token before it, whether or not it was read with
+    /// this reader, ends right there.
+    void nextAt(const char *place);
+
+    /// Throws \a words with the line and the column of the cursor.
+    [[noreturn]] void fail(const char *words) const;
+
+    /// Lines and columns both count from 0.
+    std::uint64_t line() const noexcept;
+    std::uint64_t column() const noexcept;
+
+    /// Offset of the cursor, which stands behind the current token.
+    std::size_t position() const noexcept { return static_cast<std::size_t>(m_cursor - input); }
+    std::size_t length() const noexcept { return static_cast<std::size_t>(m_end - input); }
+    /// The cursor and the end of the input, as places in the text.
+    const char *place() const noexcept { return m_cursor; }
+    const char *end() const noexcept { return m_end; }
+    bool atEnd() const noexcept { return current() == '\0'; }
+
+    JsonToken token;
+    const char *const input;
+    double decimal = 0.1; ///< Weight of the next digit behind the point.
+    std::int32_t exponent = 0; ///< 0 between numbers.
+
+private:
+    char current() const noexcept { return m_cursor == m_end ? '\0' : *m_cursor; }
+    void take() noexcept
+    {
+        if (!atEnd())
+            ++m_cursor;
+    }
+
+    void skipBlanks() noexcept;
+    bool skipComment();
+    void readSymbol() noexcept;
+    void scanQuotedString();
+    void scanBareWord();
+    void scanNumber(JsonTokenKind kind);
+    bool scanFraction();
+    bool scanExponent();
+    void becomeFloat() noexcept;
+    void scale(double factor) noexcept;
+
+    const char *m_cursor;
+    const char *m_end;
+};
+
+} // namespace ajson

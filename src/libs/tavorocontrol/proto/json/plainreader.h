@@ -1,0 +1,87 @@
+#pragma once
+
+// The fast road: values and keys in the form in which devices and this library write them, without
+// blanks, escapes, points or exponents. What has another form is left to the tokens.
+
+#include <tavorocontrol/proto/json/recordfields.h>
+#include <tavorocontrol/proto/json/textscan.h>
+
+#include <QtGlobal>
+
+#include <cstdint>
+#include <cstring>
+
+namespace ajson {
+
+template <class Word>
+Word loadWord(const char *at) noexcept
+{
+    Word word;
+    std::memcpy(&word, at, sizeof word);
+    return word;
+}
+
+/// Compares \a text, which has at least the size of a word, in words of which the last may overlap
+/// the one before.
+template <class Word, std::size_t Size>
+bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
+{
+    constexpr std::size_t last = Size - sizeof(Word);
+    Word difference = loadWord<Word>(at + last) ^ loadWord<Word>(text.data() + last);
+    for (std::size_t i = 0; i < last; i += sizeof(Word))
+        difference |= loadWord<Word>(at + i) ^ loadWord<Word>(text.data() + i);
+    return difference == 0;
+}
+
+/// Whether the key of the field stands at \a at.
+template <class Record, std::size_t Field>
+bool startsWithKey(const char *at, const char *end) noexcept
+{
+    using Key = KeyLiteral<Record, Field>;
+    using Word =
+        std::conditional_t<(Key::size < sizeof(std::uint64_t)), std::uint32_t, std::uint64_t>;
+    return static_cast<std::size_t>(end - at) >= Key::size && equalWords<Word>(at, Key::text);
+}
+
+/// Each reads the value at \a at and returns the place behind it, or null without having touched
+/// \a value. They rely on the NUL behind the input.
+
+template <class Integer>
+Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &value) noexcept
+{
+    using Bits = std::conditional_t<std::is_same_v<Integer, bool> || sizeof(Integer) == 8,
+                                    std::uint64_t, std::uint32_t>;
+    const auto digitAt = [&at] {
+        return static_cast<Bits>(static_cast<unsigned char>(*at)) - '0';
+    };
+
+    const bool negative = std::is_signed_v<Integer> && *at == '-';
+    if (negative)
+        ++at;
+    Bits bits = digitAt();
+    if (bits > 9)
+        return nullptr;
+    ++at;
+    for (Bits digit = digitAt(); digit <= 9; digit = digitAt()) {
+        bits = bits * 10 + digit; // low bits only, as with tokens
+        ++at;
+    }
+    if (*at == '.' || *at == 'e' || *at == 'E')
+        return nullptr;
+    value = static_cast<Integer>(negative ? 0 - bits : bits);
+    return at;
+}
+
+inline const char *readPlain(const char *at, const char *end, std::string &value)
+{
+    if (*at != '"')
+        return nullptr;
+    const char *const begin = at + 1;
+    const char *const behind = findSpecial(begin, end);
+    if (behind == end || *behind != '"')
+        return nullptr;
+    value.assign(begin, static_cast<std::size_t>(behind - begin));
+    return behind + 1;
+}
+
+} // namespace ajson

@@ -1,0 +1,106 @@
+// Goes past the value of a key that the record does not have.
+//
+//   value  = word | number | array | object | nothing
+//   array  = "[" { value [ "," ] } "]"
+//   object = "{" { ( word | number ) ":" value [ "," ] } "}"
+//
+// Nothing stands before a symbol that begins no value, and before the end of the input. An array
+// that holds such a thing, other than a comma, could neither go on nor end: that is an error.
+
+#include "valuereader.h"
+
+#include <vector>
+
+namespace ajson {
+
+namespace {
+
+constexpr char badDocument[] = "invalid json document!";
+
+// Which of the open containers are objects, one bit each, so that depth costs next to nothing and
+// the usual few levels take no memory of their own.
+class Nesting {
+public:
+    bool isEmpty() const { return m_depth == 0; }
+    bool isInArray() const { return m_depth != 0 && (m_innermost & 1) == 0; }
+    bool isInObject() const { return (m_innermost & 1) != 0; }
+
+    void open(bool object)
+    {
+        if (m_depth != 0 && m_depth % 64 == 0)
+            m_outer.push_back(m_innermost);
+        m_innermost = m_innermost << 1 | (object ? 1 : 0);
+        ++m_depth;
+    }
+
+    void close()
+    {
+        m_innermost >>= 1;
+        --m_depth;
+        if (m_depth != 0 && m_depth % 64 == 0) {
+            m_innermost = m_outer.back();
+            m_outer.pop_back();
+        }
+    }
+
+private:
+    std::uint64_t m_innermost = 0;
+    std::vector<std::uint64_t> m_outer;
+    std::size_t m_depth = 0;
+};
+
+void skipKey(JsonReader &reader)
+{
+    if (reader.token.kind >= JsonTokenKind::symbol)
+        reader.fail(badDocument);
+    reader.next();
+    if (!reader.token.isSymbol(':'))
+        reader.fail(badDocument);
+    reader.next();
+}
+
+void skipComma(JsonReader &reader, const Nesting &nesting)
+{
+    if (!nesting.isEmpty() && reader.token.isSymbol(','))
+        reader.next();
+}
+
+// The values that hold no others, among them the one that is missing.
+void skipScalar(JsonReader &reader, const Nesting &nesting)
+{
+    if (reader.token.kind < JsonTokenKind::symbol)
+        reader.next();
+    else if (nesting.isInArray() && !reader.token.isSymbol(','))
+        reader.fail(badDocument);
+    skipComma(reader, nesting);
+}
+
+bool closes(const JsonToken &token, const Nesting &nesting)
+{
+    return !nesting.isEmpty() && token.isSymbol(nesting.isInObject() ? '}' : ']');
+}
+
+} // namespace
+
+void skipValue(JsonReader &reader)
+{
+    Nesting nesting;
+    do {
+        const bool object = reader.token.isSymbol('{');
+        if (object || reader.token.isSymbol('[')) {
+            nesting.open(object);
+            reader.next();
+        } else {
+            skipScalar(reader, nesting);
+        }
+        while (closes(reader.token, nesting)) {
+            nesting.close();
+            reader.next();
+            skipComma(reader, nesting);
+        }
+        if (nesting.isInObject())
+            skipKey(reader);
+    } while (!nesting.isEmpty());
+}
+
+} // namespace ajson

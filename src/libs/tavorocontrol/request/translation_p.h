@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+namespace Tavoro::Control::Internal {
+
+/// Translates a text of the request path. All of them stand in the context of ControlHelper.
+inline QString translated(const char *text)
+{
+    return QCoreApplication::translate("Tavoro::Control::ControlHelper", text);
+}
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,174 @@
+#include "syncdevicetask_p.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/mvrscreen.h>
+#include <tavorobizmodel/screen.h>
+#include <tavorocontrol/logging_p.h>
+#include <tavorossproxy/devicechannel.h>
+#include <tavorossproxy/devicemanager.h>
+
+#include <algorithm>
+
+namespace Tavoro::Control::Internal {
+
+namespace {
+
+using BizModel::DeviceList;
+using BizModel::MVRScreen;
+
+constexpr int ordinaryScreens = 6;
+constexpr int multiviewerScreens = 8;
+constexpr qint32 removedFileType = 15; ///< Listed by the device, but not there any more.
+constexpr int statusBarMilliseconds = 5000;
+
+using MultiviewerLayouts = SyncDeviceTaskPrivate::MultiviewerLayouts;
+
+MultiviewerLayouts layoutsOf(const BizModel::Device &device)
+{
+    MultiviewerLayouts layouts;
+    const auto screens = device.screens(multiviewerScreens);
+    for (const auto &screen : screens) {
+        if (const auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen.lock()))
+            layouts.insert(multiviewer->screenId(), multiviewer->rowColSpan());
+    }
+    return layouts;
+}
+
+void restoreLayouts(const QList<std::weak_ptr<BizModel::Screen>> &screens,
+                    const MultiviewerLayouts &layouts)
+{
+    for (const auto &screen : screens) {
+        const auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen.lock());
+        if (multiviewer && layouts.contains(multiviewer->screenId()))
+            multiviewer->setRowColSpan(layouts.value(multiviewer->screenId()));
+    }
+}
+
+void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &layouts)
+{
+    const auto ordinary = device.screens(ordinaryScreens);
+    if (device.activedScreen().expired() && !ordinary.isEmpty())
+        device.setActivedScreen(ordinary.first());
+    const auto multiviewers = device.screens(multiviewerScreens);
+    restoreLayouts(multiviewers, layouts);
+    if (device.activedMVRScreen().expired() && !multiviewers.isEmpty())
+        device.setActivedScreen(multiviewers.first());
+}
+
+/// Keeps a device silent while it is filled: observers see the finished device, not its parts.
+class Silence {
+public:
+    explicit Silence(BizModel::Device &device) : m_device(device) { m_device.blockSignals(true); }
+    ~Silence() { m_device.blockSignals(false); }
+    Silence(const Silence &) = delete;
+    Silence &operator=(const Silence &) = delete;
+
+private:
+    BizModel::Device &m_device;
+};
+
+template <class Detail>
+bool feed(BizModel::Device &device, const Detail &detail, QString &error, const char *failed)
+{
+    if (device.initModelData(detail, error))
+        return true;
+    qCWarning(controlLog) << failed << error;
+    return false;
+}
+
+} // namespace
+
+SyncDeviceTaskPrivate::SyncDeviceTaskPrivate(SyncDeviceTask *task)
+    : deviceDetail(std::make_unique<ProtoModel::Device::s_DeviceDetail>()),
+      interfaceDetail(std::make_unique<std::vector<ProtoModel::Interface::s_InterfaceDetail>>()),
+      screenDetail(std::make_unique<std::vector<ProtoModel::Screen::s_ScreenFullDetail>>()),
+      layerDetail(std::make_unique<std::vector<ProtoModel::Layer::s_LayerFullDetail>>()),
+      fileDetail(std::make_unique<std::vector<ProtoModel::File::s_FileDetail>>()),
+      q(task)
+{ }
+
+SyncDeviceTaskPrivate::~SyncDeviceTaskPrivate() = default;
+
+void SyncDeviceTaskPrivate::clearKnownDevice() const
+{
+    const auto known =
+        DeviceList::instance()->findDevice(device->IPAddress(), device->MAC(), device->sn()).lock();
+    if (known)
+        known->clearAll(true);
+}
+
+void SyncDeviceTaskPrivate::dropRemovedFiles()
+{
+    fileDetail->erase(
+        std::remove_if(fileDetail->begin(), fileDetail->end(),
+                       [](const auto &file) { return file.fileType == removedFileType; }),
+        fileDetail->end());
+}
+
+bool SyncDeviceTaskPrivate::initDeviceModelData()
+{
+    qCInfo(controlLog) << "Sync device init model begin.";
+    const QString ip = q->deviceIp();
+    if (ip.isEmpty()) {
+        qCWarning(controlLog) << "Sync device model failed,Device ip invalid.";
+        return false;
+    }
+    const auto known = DeviceList::instance()->findDevice(ip, q->deviceMAC(), q->deviceSN()).lock();
+    const auto modelDevice = known ? known : device;
+    const MultiviewerLayouts layouts = known ? layoutsOf(*known) : MultiviewerLayouts();
+
+    const auto channel = SSProxy::DeviceManager::instance()->findDeviceChannel(
+        ip.toStdString(), q->deviceMAC().toStdString(), q->deviceSN().toStdString());
+    const bool layersFed = fill(*modelDevice, ip, channel.get(), layouts);
+    if (!known)
+        DeviceList::instance()->append(modelDevice);
+    qCInfo(controlLog) << "Sync device init model end.";
+    return layersFed;
+}
+
+bool SyncDeviceTaskPrivate::fill(BizModel::Device &modelDevice, const QString &ip,
+                                 const SSProxy::DeviceChannel *channel,
+                                 const MultiviewerLayouts &layouts)
+{
+    const Silence silence(modelDevice);
+    takeIdentity(modelDevice, channel);
+    modelDevice.setSyncDataSuccess(q->isSyncSucess());
+    const bool layersFed = feedModel(modelDevice, ip);
+    chooseActiveScreens(modelDevice, layouts);
+    return layersFed;
+}
+
+void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
+                                         const SSProxy::DeviceChannel *channel)
+{
+    if (!channel) {
+        qCWarning(controlLog) << "Sync device model failed, device offline";
+        modelDevice.setDeviceOnlineFlag(false);
+        Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(BizModel::Enum::StatusBarFailure,
+                                                              SyncDeviceTask::tr("Device offline"),
+                                                              statusBarMilliseconds);
+        return;
+    }
+    const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
+    modelDevice.setName(QString::fromStdString(info.name));
+    modelDevice.setModelId(info.modelId);
+    modelDevice.setDeviceOnlineFlag(true);
+    modelDevice.updateDeviceBaseInfo(info);
+    if (deviceDetail->general.name == "N/A" && !info.name.empty())
+        deviceDetail->general.name = info.name;
+}
+
+/// A failed step does not stop the next one.
+bool SyncDeviceTaskPrivate::feedModel(BizModel::Device &modelDevice, const QString &ip)
+{
+    feed(modelDevice, *deviceDetail, errorMsg, "Create device model failed,");
+    if (modelDevice.IPAddress().isEmpty())
+        modelDevice.setIPAddress(ip);
+    feed(modelDevice, *interfaceDetail, errorMsg, "Create interface model failed,");
+    feed(modelDevice, *fileDetail, errorMsg, "Create file model failed,");
+    feed(modelDevice, *screenDetail, errorMsg, "Create screen model failed,");
+    return feed(modelDevice, *layerDetail, errorMsg, "Create layer model failed,");
+}
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <tavorocontrol/syncdevicetask.h>
+
+#include <QMap>
+#include <QSize>
+
+#include <atomic>
+
+namespace Tavoro::SSProxy {
+class DeviceChannel;
+}
+
+namespace Tavoro::Control::Internal {
+
+/// State of the task. Handed over between its owner's thread and its own by the start and the end
+/// of a run; only \c runningStatus is shared.
+class SyncDeviceTaskPrivate {
+public:
+    using MultiviewerLayouts = QMap<int, QSize>; ///< By number of the screen.
+
+    explicit SyncDeviceTaskPrivate(SyncDeviceTask *task);
+    ~SyncDeviceTaskPrivate();
+
+    /// Empties the device that the model already has under the identity of the one being read.
+    void clearKnownDevice() const;
+    void dropRemovedFiles();
+
+    /// Pours what was read into the model; the result is that of the layers.
+    bool initDeviceModelData();
+
+    std::shared_ptr<BizModel::Device> device; ///< Empty between runs.
+    QString errorMsg = QStringLiteral("");
+    std::unique_ptr<ProtoModel::Device::s_DeviceDetail> deviceDetail;
+    std::unique_ptr<std::vector<ProtoModel::Interface::s_InterfaceDetail>> interfaceDetail;
+    std::unique_ptr<std::vector<ProtoModel::Screen::s_ScreenFullDetail>> screenDetail;
+    std::unique_ptr<std::vector<ProtoModel::Layer::s_LayerFullDetail>> layerDetail;
+    std::unique_ptr<std::vector<ProtoModel::File::s_FileDetail>> fileDetail;
+    bool syncSuccess = false;
+    std::atomic<bool> runningStatus{false};
+
+private:
+    bool fill(BizModel::Device &modelDevice, const QString &ip,
+              const SSProxy::DeviceChannel *channel, const MultiviewerLayouts &layouts);
+    void takeIdentity(BizModel::Device &modelDevice, const SSProxy::DeviceChannel *channel);
+    bool feedModel(BizModel::Device &modelDevice, const QString &ip);
+
+    SyncDeviceTask *const q;
+};
+
+} // namespace Tavoro::Control::Internal

@@ -1,0 +1,80 @@
+#include "fileplace.h"
+
+#include "number.h"
+
+#include <tavorobizmodel/enums.h>
+
+#include <QStringList>
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+namespace Type = BizModel::Enum::File;
+
+struct TypeRow {
+    const char *name;
+    Type::FileType type;
+};
+constexpr TypeRow typeRows[] = {
+    {"background", Type::Background},
+    {"logo", Type::Logo},
+    {"screen-preset", Type::ScreenPreset},
+    {"device-preset", Type::DevicePreset},
+};
+
+constexpr int mostNumber = 254; ///< Of types and files.
+
+QString typeNames()
+{
+    QStringList names;
+    for (const TypeRow &row : typeRows)
+        names += QLatin1String(row.name);
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+std::optional<int> parseFileType(const QString &text)
+{
+    const auto named =
+        std::find_if(std::begin(typeRows), std::end(typeRows),
+                     [&](const TypeRow &row) { return text == QLatin1String(row.name); });
+    if (named != std::end(typeRows))
+        return named->type;
+    int type = 0;
+    return readNumber(text, mostNumber, type) ? std::optional(type) : std::nullopt;
+}
+
+QString fileTypeName(int type)
+{
+    const auto named = std::find_if(std::begin(typeRows), std::end(typeRows),
+                                    [=](const TypeRow &row) { return row.type == type; });
+    return named == std::end(typeRows) ? QString::number(type) : QLatin1String(named->name);
+}
+
+bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QString &fault)
+{
+    const std::optional<int> known = parseFileType(type);
+    if (!known)
+        fault = QStringLiteral("\"%1\" is no type of files, which is 0 to %2 or one of: %3")
+                    .arg(type)
+                    .arg(mostNumber)
+                    .arg(typeNames());
+    else if (!readNumber(id, mostNumber, place.id))
+        fault = QStringLiteral("\"%1\" is no number of a file, which is 0 to %2")
+                    .arg(id)
+                    .arg(mostNumber);
+    place.type = known.value_or(0);
+    return fault.isEmpty();
+}
+
+QString placeName(const FilePlace &place)
+{
+    return QStringLiteral("%1:%2").arg(place.type).arg(place.id);
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,111 @@
+#include "commandtable.h"
+
+#include "commandlist.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+// clang-format off
+constexpr OptionRow pushOptions[] = {
+//   name          value           effect
+    {"type",       "TYPE",         "Type of the file on the device (background)."},
+    {"id",         "ID",           "Its number there (0)."},
+    {"name",       "NAME",         "Its name there (that of FILE)."},
+    {"size",       "WIDTHxHEIGHT", "Its size in pixels, if it is an image."},
+};
+constexpr OptionRow upgradeOptions[] = {
+    {"reboot",     "",             "Have the device restart, and wait until it is back."},
+};
+constexpr OptionRow saveOptions[] = {
+    {"type",       "TYPE",         "Type of the preset (screen-preset)."},
+    {"name",       "NAME",         "Its name (\"Preset ID\")."},
+};
+constexpr OptionRow applyOptions[] = {
+    {"type",       "TYPE",         "Type of the preset (screen-preset)."},
+    {"apply-type", "NUMBER",       "How, a number of the device (0)."},
+};
+
+// In alphabetical order.
+constexpr CommandRow commandRows[] = {
+//   name, words behind it
+//   effect                                                                               function        options
+    {"batch", "[HOST[:PORT]]",
+     "Makes one call per line of standard input; lines name the host unless batch does.",   runBatch},
+    {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
+     "Makes one call: the record of a write as JSON, the filters of a read as numbers.",    runCall},
+    {"discover", "[ADDRESS[:PORT] ...]",
+     "Lists the devices of the local network, or those that answer at ADDRESS.",            runDiscover},
+    {"files", "HOST[:PORT] [TYPE]",
+     "Lists the files of the device.",                                                      runFiles},
+    {"list", "[OPERATION]",
+     "Lists all operations, or shows the record that one takes.",                           runList},
+    {"preset apply", "HOST[:PORT] ID",
+     "Applies a preset.",                                                                   runPresetApply, applyOptions},
+    {"preset save", "HOST[:PORT] ID [SCREEN ...]",
+     "Stores the screens of these numbers as a preset, all without a number.",              runPresetSave,  saveOptions},
+    {"pull", "HOST[:PORT] TYPE ID FILE",
+     "Fetches a file of the device into FILE, whole or not at all.",                        runPull},
+    {"push", "HOST[:PORT] FILE",
+     "Sends FILE to the device.",                                                           runPush,        pushOptions},
+    {"reboot", "HOST[:PORT]",
+     "Restarts the device.",                                                                runReboot},
+    {"replay", "FILE",
+     "Shows connections and frames of a capture.",                                          runReplay},
+    {"selfcheck", "HOST[:PORT]",
+     "Shows what the device measured of itself; ends with 1 if something is faulty.",       runSelfCheck},
+    {"show", "HOST[:PORT]",
+     "Shows the device, its interfaces, screens and layers as it answers them.",            runShow},
+    {"sync", "HOST[:PORT]",
+     "Reads the whole device into the model, and shows the model.",                         runSync},
+    {"upgrade", "HOST[:PORT] PACKAGE",
+     "Starts an upgrade from a package on the device and follows it to its end.",           runUpgrade,     upgradeOptions},
+    {"version", "HOST[:PORT]",
+     "Shows the versions of the device and its units.",                                     runVersion},
+    {"watch", "HOST[:PORT]",
+     "Reads the device as sync does, then shows what changes in the model until Ctrl-C.",   runWatch},
+};
+// clang-format on
+
+bool beginsWith(const QStringList &words, const QStringList &name)
+{
+    return words.mid(0, name.size()) == name;
+}
+
+} // namespace
+
+const CommandRow *findCommand(const QStringList &words)
+{
+    const auto found =
+        std::find_if(std::begin(commandRows), std::end(commandRows), [&](const CommandRow &row) {
+            return beginsWith(words, QString::fromLatin1(row.name).split(QLatin1Char(' ')));
+        });
+    return found == std::end(commandRows) ? nullptr : found;
+}
+
+bool takesWords(const CommandRow &command, int count)
+{
+    const QString usage = QString::fromLatin1(command.usage);
+    const QString due = usage.section(QStringLiteral(" ["), 0, 0);
+    const bool allInBrackets = due.startsWith(QLatin1Char('['));
+    const int least = allInBrackets ? 0 : static_cast<int>(due.count(QLatin1Char(' '))) + 1;
+    const bool hasOptional = allInBrackets || due != usage;
+    if (usage.contains(QLatin1String("...")))
+        return count >= least;
+    return count == least || (hasOptional && count == least + 1);
+}
+
+QString commandHelp()
+{
+    QString help;
+    for (const CommandRow &row : commandRows)
+        help +=
+            QStringLiteral("  %1 %2\n      %3\n")
+                .arg(QLatin1String(row.name), QLatin1String(row.usage), QLatin1String(row.effect));
+    return help;
+}
+
+} // namespace Tavoro::Ctl

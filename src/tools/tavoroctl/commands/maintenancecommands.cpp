@@ -1,0 +1,102 @@
+// What a device tells of its units, and its restart.
+
+#include "commandlist.h"
+
+#include <tavorocontrol/auxiliary.h>
+#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/texttable.h>
+
+namespace Tavoro::Ctl {
+
+using namespace ProtoModel::Auxiliary;
+
+namespace {
+
+QString selfCheckTable(const s_DeviceSelfCheckDetail &detail)
+{
+    TextTable table("SLOT TYPE MODEL MEASURED VALUE LEAST MOST STATE");
+    for (const s_SelfCheckPart &part : detail.parts) {
+        for (const s_SelfCheckItem &item : part.section)
+            table.addRow({number(part.slotId), number(part.type), modelName(part.modelId),
+                          textOf(item.name), textOf(item.value), textOf(item.min), textOf(item.max),
+                          item.state == 0 ? QStringLiteral("good") : QStringLiteral("faulty")});
+    }
+    return table.text();
+}
+
+int countFaults(const s_DeviceSelfCheckDetail &detail)
+{
+    int faults = 0;
+    for (const s_SelfCheckPart &part : detail.parts) {
+        for (const s_SelfCheckItem &item : part.section)
+            faults += item.state == 0 ? 0 : 1;
+    }
+    return faults;
+}
+
+QString versionTable(const s_DeviceVersion &version)
+{
+    TextTable table("SLOT TYPE MODEL SECTION VERSION");
+    table.addRow({QStringLiteral("device"), {}, {}, {}, textOf(version.version)});
+    for (const s_VersionPart &part : version.parts) {
+        table.addRow({number(part.slotId),
+                      number(part.type),
+                      modelName(part.modelId),
+                      {},
+                      textOf(part.version)});
+        for (const s_VersionSection &section : part.section)
+            table.addRow({{},
+                          {},
+                          {},
+                          QStringLiteral("%1 %2").arg(section.code).arg(textOf(section.brief)),
+                          textOf(section.version)});
+    }
+    return table.text();
+}
+
+} // namespace
+
+ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments)
+{
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    s_DeviceSelfCheckDetail detail;
+    QString error;
+    if (!Control::Auxiliary(device).readDeviceSelfCheckDetail(detail, error))
+        return fail(tool, error);
+    show(tool, recordText(detail), selfCheckTable(detail));
+    const int faults = countFaults(detail);
+    return faults == 0 ? Done
+                       : fail(tool, QStringLiteral("The device finds %1 faulty.").arg(faults));
+}
+
+ExitStatus runVersion(Tool &tool, const Arguments &arguments)
+{
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    s_DeviceVersion version;
+    QString error;
+    if (!Control::Auxiliary(device).readDeviceVersion(version, error))
+        return fail(tool, error);
+    show(tool, recordText(version), versionTable(version));
+    return Done;
+}
+
+ExitStatus runReboot(Tool &tool, const Arguments &arguments)
+{
+    constexpr qint32 restart = 0; // 1 shuts the device down.
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    QString error;
+    return Control::Auxiliary(device).writeRestartShutdown({restart}, error) ? Done
+                                                                             : fail(tool, error);
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,105 @@
+#include "commandlist.h"
+
+#include <tavorocontrol/file.h>
+#include <tavorocontrol/preset.h>
+#include <tavorocontrol/screen.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/number.h>
+
+#include <algorithm>
+#include <limits>
+#include <set>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+bool readPresetPlace(const Arguments &arguments, FilePlace &place, QString &fault)
+{
+    const QString type =
+        arguments.options.value(QStringLiteral("type"), QStringLiteral("screen-preset"));
+    return readFilePlace(type, arguments.words.at(1), place, fault);
+}
+
+/// The numbers of screens that were named, of any kind; none for all.
+bool readScreenNumbers(const QStringList &words, std::set<int> &numbers, QString &fault)
+{
+    for (const QString &word : words) {
+        int number = 0;
+        if (!readNumber(word, std::numeric_limits<quint8>::max(), number)) {
+            fault = QStringLiteral("\"%1\" is no number of a screen, which is 0 to 255").arg(word);
+            return false;
+        }
+        numbers.insert(number);
+    }
+    return true;
+}
+
+/// The screens of \a device that \a numbers name. False if one of them is not there.
+bool findScreens(const std::shared_ptr<BizModel::Device> &device, std::set<int> numbers,
+                 std::vector<ProtoModel::s_ScreenId> &screens, QString &error)
+{
+    std::vector<ProtoModel::Screen::s_ScreenFullDetail> details;
+    if (!Control::Screen(device).readDetails(-1, 0, -1, details, error))
+        return false;
+    const bool all = numbers.empty();
+    for (const ProtoModel::Screen::s_ScreenFullDetail &screen : details) {
+        if (all || numbers.count(screen.screenId) != 0)
+            screens.push_back(screen);
+    }
+    for (const ProtoModel::s_ScreenId &screen : screens)
+        numbers.erase(screen.screenId);
+    if (!numbers.empty())
+        error = QStringLiteral("The device has no screen %1.").arg(*numbers.begin());
+    return numbers.empty();
+}
+
+} // namespace
+
+ExitStatus runPresetSave(Tool &tool, const Arguments &arguments)
+{
+    FilePlace place;
+    std::set<int> numbers;
+    QString fault;
+    if (!readPresetPlace(arguments, place, fault)
+        || !readScreenNumbers(arguments.words.mid(2), numbers, fault))
+        return refuse(tool, fault);
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    ProtoModel::File::s_CreatePresetFile preset;
+    preset.fileType = place.type;
+    preset.fileId = place.id;
+    preset.general.name =
+        arguments.options.value(QStringLiteral("name"), QStringLiteral("Preset %1").arg(place.id))
+            .toStdString();
+    QString error;
+    if (!findScreens(device, numbers, preset.screens, error)
+        || !Control::File(device).writeCreatePresetFile({preset}, error))
+        return fail(tool, error);
+    return Done;
+}
+
+ExitStatus runPresetApply(Tool &tool, const Arguments &arguments)
+{
+    FilePlace place;
+    QString fault;
+    ProtoModel::Preset::s_PresetPlay play;
+    const QString applyType =
+        arguments.options.value(QStringLiteral("apply-type"), QStringLiteral("0"));
+    if (!readPresetPlace(arguments, place, fault))
+        return refuse(tool, fault);
+    if (!readNumber(applyType, std::numeric_limits<qint32>::max(), play.applyType))
+        return refuse(tool, QStringLiteral("\"%1\" is not a number").arg(applyType));
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, arguments.words.at(0), status);
+    if (!device)
+        return status;
+    play.fileType = place.type;
+    play.fileId = place.id;
+    QString error;
+    return Control::Preset(device).presetApply({play}, error) ? Done : fail(tool, error);
+}
+
+} // namespace Tavoro::Ctl

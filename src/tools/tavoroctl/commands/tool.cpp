@@ -1,0 +1,47 @@
+#include "tool.h"
+
+namespace Tavoro::Ctl {
+
+ExitStatus refuse(Tool &tool, const QString &fault)
+{
+    tool.console.error(QStringLiteral("tavoroctl: ") + fault);
+    return UsageError;
+}
+
+ExitStatus fail(Tool &tool, const QString &error)
+{
+    tool.console.error(error);
+    return Failed;
+}
+
+ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place)
+{
+    return refuse(tool, place + QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text));
+}
+
+ExitStatus refuseEmpty(Tool &tool, const QString &name)
+{
+    return refuse(tool, name + QStringLiteral(" is empty"));
+}
+
+std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
+                                             ExitStatus &status)
+{
+    const std::optional<Host> host = parseHost(hostText);
+    if (!host) {
+        status = refuseHost(tool, hostText);
+        return nullptr;
+    }
+    QString error;
+    auto device = tool.session.device(*host, error);
+    if (!device)
+        status = fail(tool, error);
+    return device;
+}
+
+void show(Tool &tool, const std::string &json, const QString &table)
+{
+    tool.console.answer(tool.asJson ? json : table.trimmed().toStdString());
+}
+
+} // namespace Tavoro::Ctl

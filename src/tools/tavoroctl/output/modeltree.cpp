@@ -1,0 +1,185 @@
+#include "modeltree.h"
+
+#include "labels.h"
+#include "texttable.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/file.h>
+#include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/screen.h>
+#include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/operations/recordtext.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+constexpr qint32 input = 1; ///< Kind of an interface; all others are outputs.
+
+QString indented(const QString &text, int depth)
+{
+    QString lines;
+    for (const QString &line : text.trimmed().split(QLatin1Char('\n')))
+        lines += QStringLiteral("  ").repeated(depth) + line + QLatin1Char('\n');
+    return lines;
+}
+
+/// \a table under its heading; nothing at all of a table without rows.
+QString branch(const QString &heading, const TextTable &table, int depth = 1)
+{
+    const QString text = table.text();
+    return text.isEmpty() ? text : indented(heading, depth) + indented(text, depth + 1);
+}
+
+QString cardBranch(const ProtoModel::Device::s_DeviceDetail &device)
+{
+    TextTable table;
+    for (const ProtoModel::Device::s_subcardBody &card : device.subcards)
+        table.addRow({QStringLiteral("slot %1").arg(card.slotId),
+                      modelName(static_cast<quint32>(card.modelId)),
+                      QStringLiteral("%1 connectors").arg(card.connectors.size()),
+                      card.online != 0 ? QStringLiteral("online") : QStringLiteral("offline")});
+    return branch(QStringLiteral("cards"), table);
+}
+
+QString powerBranch(const ProtoModel::Device::s_DeviceDetail &device)
+{
+    TextTable table;
+    for (const ProtoModel::Device::s_PowerBody &power : device.powers)
+        table.addRow({number(power.powerId),
+                      power.status != 0 ? QStringLiteral("works") : QStringLiteral("fails")});
+    return branch(QStringLiteral("power supplies"), table);
+}
+
+QString groupBranch(const ProtoModel::Device::s_DeviceDetail &device)
+{
+    TextTable table;
+    for (const ProtoModel::Device::s_DeviceGroupInfoBody &group : device.groupInfos)
+        table.addRow({textOf(group.groupId), textOf(group.groupName)});
+    return branch(QStringLiteral("groups"), table);
+}
+
+QString interfaceBranch(const BizModel::Device &device, const QString &heading, bool inputs)
+{
+    TextTable table;
+    for (const auto &weak : device.interfaces()) {
+        const auto interface = weak.lock();
+        if (!interface || (interface->detail().general.type == input) != inputs)
+            continue;
+        const auto detail = interface->detail();
+        const auto screen = interface->screen().lock();
+        table.addRow({idOf(detail.interfaceId), textOf(detail.general.name),
+                      timingOf(detail.actualTiming),
+                      screen ? QStringLiteral("on screen ") + idOf(screen->detail()) : QString()});
+    }
+    return branch(heading, table);
+}
+
+QString sourceName(const BizModel::Layer &layer)
+{
+    const auto interface = layer.source().lock();
+    if (!interface)
+        return sourceOf(layer.detail().source.general);
+    const auto detail = interface->detail();
+    return idOf(detail.interfaceId) + QLatin1Char(' ') + textOf(detail.general.name);
+}
+
+/// The layers of one scene as they are stacked, lowest first.
+QString sceneBranch(const BizModel::Screen &screen, qint32 sceneType)
+{
+    std::vector<std::shared_ptr<BizModel::Layer>> layers;
+    for (const auto &weak : screen.layers()) {
+        const auto layer = weak.lock();
+        if (layer && layer->identity().sceneType == sceneType)
+            layers.push_back(layer);
+    }
+    std::stable_sort(layers.begin(), layers.end(), [](const auto &a, const auto &b) {
+        return a->detail().zorder < b->detail().zorder;
+    });
+    TextTable table;
+    for (const auto &layer : layers) {
+        const auto detail = layer->detail();
+        table.addRow({QStringLiteral("layer %1").arg(detail.layerIdenti.layerId),
+                      QStringLiteral("z %1").arg(detail.zorder), textOf(detail.general.name),
+                      sourceName(*layer), rectangle(detail.window),
+                      QStringLiteral("opacity %1").arg(detail.opacity)});
+    }
+    return branch(sceneOf(sceneType), table, 2);
+}
+
+QString screenBranch(const BizModel::Screen &screen)
+{
+    constexpr qint32 preview = 2;
+    constexpr qint32 programme = 4;
+    const auto detail = screen.detail();
+    QStringList words{QStringLiteral("screen ") + idOf(detail), textOf(detail.general.name),
+                      rectangle(detail.mosaic.window)};
+    if (detail.freeze != 0)
+        words += QStringLiteral("frozen");
+    if (detail.FTB.enable != 0)
+        words += QStringLiteral("faded to black");
+    return indented(words.join(QStringLiteral("  ")), 1) + sceneBranch(screen, preview)
+        + sceneBranch(screen, programme);
+}
+
+QString fileBranch(const BizModel::Device &device)
+{
+    TextTable table;
+    for (const auto &weak : device.files()) {
+        const auto file = weak.lock();
+        if (!file)
+            continue;
+        const auto detail = file->detail();
+        table.addRow({fileTypeName(detail.fileType), number(detail.fileId),
+                      textOf(detail.general.name),
+                      QStringLiteral("%1 bytes").arg(detail.size.length)});
+    }
+    return branch(QStringLiteral("files"), table);
+}
+
+template <class Object>
+std::string encodedList(const QList<std::weak_ptr<Object>> &objects)
+{
+    std::string list;
+    for (const auto &weak : objects) {
+        if (const auto object = weak.lock())
+            list += (list.empty() ? "" : ",") + recordText(object->detail());
+    }
+    return '[' + list + ']';
+}
+
+constexpr int allScreens = 0x1E; ///< A bit for each kind.
+
+} // namespace
+
+QString modelTree(const BizModel::Device &device)
+{
+    const auto detail = device.deviceDetail();
+    QString tree =
+        QStringLiteral("%1  %2  MAC %3  serial number %4  model %5  %6\n")
+            .arg(textOf(detail.general.name), device.IPAddress(), device.MAC(), device.sn(),
+                 modelName(device.modelId()),
+                 device.isOnline() ? QStringLiteral("online") : QStringLiteral("offline"));
+    tree += cardBranch(detail) + powerBranch(detail) + groupBranch(detail);
+    tree += interfaceBranch(device, QStringLiteral("inputs"), true);
+    tree += interfaceBranch(device, QStringLiteral("outputs"), false);
+    for (const auto &weak : device.screens(allScreens)) {
+        if (const auto screen = weak.lock())
+            tree += screenBranch(*screen);
+    }
+    return tree + fileBranch(device);
+}
+
+std::string modelJson(const BizModel::Device &device)
+{
+    return R"({"device":)" + recordText(device.deviceDetail()) + R"(,"interfaces":)"
+        + encodedList(device.interfaces()) + R"(,"screens":)"
+        + encodedList(device.screens(allScreens)) + R"(,"layers":)" + encodedList(device.layers())
+        + R"(,"files":)" + encodedList(device.files()) + '}';
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,89 @@
+#include "session.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+#include <tavorowire/hostandport.h>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+/// A model of the device that the request path can find the channel by.
+std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
+{
+    constexpr unsigned short withoutNumber = 65535;
+    auto device = std::make_shared<BizModel::Device>(withoutNumber, nullptr);
+    device->setModelId(info.modelId);
+    device->setIPAddress(QString::fromStdString(info.ip));
+    device->setName(QString::fromStdString(info.name));
+    device->updateDeviceBaseInfo(info);
+    return device;
+}
+
+QString textOf(const Host &host)
+{
+    return SSProxy::Wire::hostAndPort(host.name, host.port);
+}
+
+/// Whether the request path takes the two for one device.
+bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::DeviceBaseInfo &other)
+{
+    return one.ip == other.ip && one.mac == other.mac && one.sn == other.sn;
+}
+
+} // namespace
+
+Session::~Session()
+{
+    for (const auto &[place, connection] : m_connections) {
+        connection.channel->stopChannel();
+        SSProxy::DeviceManager::instance()->removeDeviceChannel(connection.channel);
+    }
+}
+
+std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &error)
+{
+    const auto known = m_connections.find({host.name, host.port});
+    if (known != m_connections.end())
+        return known->second.device;
+    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port);
+    if (!channel->waitUntilReady(m_timeout, error)) {
+        channel->stopChannel();
+        return nullptr;
+    }
+    if (const auto twin = findTwin(host, *channel)) {
+        error = QStringLiteral("The devices at %1 and %2 tell the same identity; a batch cannot "
+                               "tell them apart.")
+                    .arg(textOf(*twin), textOf(host));
+        channel->stopChannel();
+        return nullptr;
+    }
+    SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
+    const Connection connection{channel, makeModel(channel->deviceBaseInfo())};
+    m_connections[{host.name, host.port}] = connection;
+    return connection.device;
+}
+
+/// On one port of one address it is the same device under another name.
+std::optional<Host> Session::findTwin(const Host &host,
+                                      const SSProxy::NetworkChannel &channel) const
+{
+    const ProtoModel::DeviceBaseInfo info = channel.deviceBaseInfo();
+    for (const auto &[place, connection] : m_connections) {
+        if (place.second != host.port && isSameIdentity(connection.channel->deviceBaseInfo(), info))
+            return Host{place.first, place.second};
+    }
+    return std::nullopt;
+}
+
+std::shared_ptr<SSProxy::NetworkChannel> Session::channel(const BizModel::Device &device) const
+{
+    for (const auto &[place, connection] : m_connections) {
+        if (connection.device.get() == &device)
+            return connection.channel;
+    }
+    return nullptr;
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <tavoroctl/arguments/host.h>
+
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace Tavoro::BizModel {
+class Device;
+}
+namespace Tavoro::SSProxy {
+class NetworkChannel;
+}
+
+namespace Tavoro::Ctl {
+
+/// The connections of one run of the tool, each made when it is first needed.
+class Session {
+public:
+    /// \a timeout in milliseconds is how long a device may take to be ready.
+    explicit Session(int timeout) : m_timeout(timeout) { }
+    /// Closes all connections.
+    ~Session();
+    Session(const Session &) = delete;
+    Session &operator=(const Session &) = delete;
+
+    /// The device at \a host. Null with a sentence that names the host in \a error when it cannot
+    /// be reached, or when calls to it would reach another device of the session: the request path
+    /// finds a device by address, MAC and serial number.
+    std::shared_ptr<BizModel::Device> device(const Host &host, QString &error);
+    /// The channel of a device that device() gave.
+    std::shared_ptr<SSProxy::NetworkChannel> channel(const BizModel::Device &device) const;
+
+private:
+    struct Connection {
+        std::shared_ptr<SSProxy::NetworkChannel> channel;
+        std::shared_ptr<BizModel::Device> device;
+    };
+
+    /// Where a device is that the request path takes for that of \a channel at \a host.
+    std::optional<Host> findTwin(const Host &host, const SSProxy::NetworkChannel &channel) const;
+
+    const int m_timeout;
+    std::map<std::pair<QString, quint16>, Connection> m_connections;
+};
+
+} // namespace Tavoro::Ctl
