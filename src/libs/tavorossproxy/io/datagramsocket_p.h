@@ -9,19 +9,18 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Where datagrams go out and come in. On the thread of the channels' loop, where it is destroyed
-/// too.
-class DatagramPort {
+/// Sends and receives datagrams. Used and destroyed on the loop's thread.
+class DatagramSocket {
 public:
-    /// \a address is the sender's, as text.
+    /// Gets each datagram. \a address is the sender's, as text.
     using Receiver = std::function<void(const QString &address, std::string_view datagram)>;
 
-    virtual ~DatagramPort() = default;
+    virtual ~DatagramSocket() = default;
 
-    /// False with the reason in \a error.
+    /// Starts to receive on any free port. Returns false, with the reason in \a error, on failure.
     virtual bool open(Receiver receiver, QString &error) = 0;
     virtual void send(const QString &address, quint16 port, const QByteArray &datagram) = 0;
-    /// The broadcast addresses of the networks that this machine has now.
+    /// Returns the broadcast addresses of the networks to which this machine is connected now.
     virtual QStringList broadcastAddresses() const = 0;
 };
 

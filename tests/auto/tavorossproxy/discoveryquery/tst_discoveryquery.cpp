@@ -1,6 +1,6 @@
-// What is sent to find devices, and when; and what is made of the answers.
+// When discovery requests are sent, to which addresses, and how answers are read.
 
-#include <tavorossproxy/discovery/devicefinder_p.h>
+#include <tavorossproxy/discovery/discoveryquery_p.h>
 #include <tavorowire/discovery.h>
 
 #include <support/common/messagecatcher.h>
@@ -12,31 +12,31 @@
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using namespace std::chrono_literals;
-using Internal::DeviceFinder;
+using Internal::DiscoveryQuery;
 
-class tst_DeviceFinder : public QObject {
+class tst_DiscoveryQuery : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup() { m_loop->end(); } // a finder that looks on belongs to the loop
+    void cleanup() { m_loop->end(); } // the loop owns a query that is still running
 
     void datagramsAreAsDocumented();
-    void targetsAreAskedAtOnceAndAfterEachInterval();
-    void withoutTargetsAllNetworksOfTheTimeAreAsked();
-    void withoutAnIntervalOnlyWhoAsksIsHeard();
-    void intervalWithoutEndIsADay();
-    void stoppedFinderIsSilent();
-    void finderWithoutAPortTellsWhy();
-    void endOfTheThreadClosesThePort();
-    void answerTellsTheDeviceAndWhereItIs();
-    void whatIsNoAnswerIsDropped_data();
-    void whatIsNoAnswerIsDropped();
-    void floodOfThatIsToldOnceASecond();
+    void targetsGetARequestAtOnceAndAfterEachInterval();
+    void withoutTargetsEachCurrentNetworkGetsARequest();
+    void withoutAnIntervalRequestsAreSentOnDemandOnly();
+    void longestIntervalIsADay();
+    void stoppedQuerySendsNothing();
+    void queryWithoutASocketReportsWhy();
+    void endOfTheThreadClosesTheSocket();
+    void answerYieldsTheDeviceAndItsAddress();
+    void invalidAnswerIsDropped_data();
+    void invalidAnswerIsDropped();
+    void invalidAnswersAreLoggedOnceASecond();
 
 private:
-    std::shared_ptr<DeviceFinder> start(const std::vector<DiscoveryTarget> &targets,
-                                        std::chrono::milliseconds interval);
+    std::shared_ptr<DiscoveryQuery> start(const std::vector<DiscoveryTarget> &targets,
+                                          std::chrono::milliseconds interval);
 
     std::shared_ptr<ManualLoop> m_loop;
     ManualNetwork m_network;
@@ -44,24 +44,25 @@ private:
     QString m_error;
 };
 
-void tst_DeviceFinder::init()
+void tst_DiscoveryQuery::init()
 {
     m_loop = std::make_shared<ManualLoop>();
     m_network = {};
     m_found.clear();
 }
 
-std::shared_ptr<DeviceFinder> tst_DeviceFinder::start(const std::vector<DiscoveryTarget> &targets,
-                                                      std::chrono::milliseconds interval)
+std::shared_ptr<DiscoveryQuery>
+tst_DiscoveryQuery::start(const std::vector<DiscoveryTarget> &targets,
+                          std::chrono::milliseconds interval)
 {
-    auto finder = std::make_shared<DeviceFinder>(
-        m_loop, std::make_unique<ManualDatagramPort>(m_network), targets, interval);
+    auto query = std::make_shared<DiscoveryQuery>(
+        m_loop, std::make_unique<ManualDatagramSocket>(m_network), targets, interval);
     m_error.clear();
-    finder->start([this](const auto &device) { m_found.push_back(device); }, m_error);
-    return finder;
+    query->start([this](const auto &device) { m_found.push_back(device); }, m_error);
+    return query;
 }
 
-void tst_DeviceFinder::datagramsAreAsDocumented()
+void tst_DiscoveryQuery::datagramsAreAsDocumented()
 {
     QCOMPARE(Wire::encodeDiscoveryRequest(), QByteArray("reqKELVORIN:"));
     QVERIFY(Wire::isDiscoveryRequest("reqKELVORIN:"));
@@ -79,9 +80,9 @@ void tst_DeviceFinder::datagramsAreAsDocumented()
     QVERIFY2(answer.contains("\"slotModels\":[]"), answer.constData());
 }
 
-void tst_DeviceFinder::targetsAreAskedAtOnceAndAfterEachInterval()
+void tst_DiscoveryQuery::targetsGetARequestAtOnceAndAfterEachInterval()
 {
-    const auto finder =
+    const auto query =
         start({{QStringLiteral("192.0.2.7")}, {QStringLiteral("192.0.2.8"), 77}}, 5s);
     const QStringList round = {QStringLiteral("192.0.2.7:6631 reqKELVORIN:"),
                                QStringLiteral("192.0.2.8:77 reqKELVORIN:")};
@@ -92,15 +93,15 @@ void tst_DeviceFinder::targetsAreAskedAtOnceAndAfterEachInterval()
     QCOMPARE(m_network.sent, round + round);
     m_loop->advance(5s);
     QCOMPARE(m_network.sent, round + round + round);
-    finder->ask();
+    query->sendNow();
     m_loop->run();
     QCOMPARE(m_network.sent, round + round + round + round);
 }
 
-void tst_DeviceFinder::withoutTargetsAllNetworksOfTheTimeAreAsked()
+void tst_DiscoveryQuery::withoutTargetsEachCurrentNetworkGetsARequest()
 {
     m_network.broadcasts = QStringList{QStringLiteral("192.0.2.255")};
-    const auto finder = start({}, 5s);
+    const auto query = start({}, 5s);
     QCOMPARE(m_network.sent, QStringList{QStringLiteral("192.0.2.255:6631 reqKELVORIN:")});
     m_network.broadcasts = QStringList{QStringLiteral("198.51.100.255")};
     m_loop->advance(5s);
@@ -108,71 +109,71 @@ void tst_DeviceFinder::withoutTargetsAllNetworksOfTheTimeAreAsked()
     QCOMPARE(m_network.sent.last(), QStringLiteral("198.51.100.255:6631 reqKELVORIN:"));
 }
 
-void tst_DeviceFinder::withoutAnIntervalOnlyWhoAsksIsHeard()
+void tst_DiscoveryQuery::withoutAnIntervalRequestsAreSentOnDemandOnly()
 {
-    const auto finder = start({{QStringLiteral("192.0.2.7")}}, 0s);
+    const auto query = start({{QStringLiteral("192.0.2.7")}}, 0s);
     m_loop->advance(1h);
     QCOMPARE(m_network.sent.size(), 1);
-    finder->ask();
+    query->sendNow();
     m_loop->run();
     QCOMPARE(m_network.sent.size(), 2);
 }
 
-void tst_DeviceFinder::intervalWithoutEndIsADay()
+void tst_DiscoveryQuery::longestIntervalIsADay()
 {
-    const auto finder = start({{QStringLiteral("192.0.2.7")}}, std::chrono::milliseconds::max());
+    const auto query = start({{QStringLiteral("192.0.2.7")}}, std::chrono::milliseconds::max());
     m_loop->advance(23h);
     QCOMPARE(m_network.sent.size(), 1);
     m_loop->advance(1h);
     QCOMPARE(m_network.sent.size(), 2);
 }
 
-void tst_DeviceFinder::stoppedFinderIsSilent()
+void tst_DiscoveryQuery::stoppedQuerySendsNothing()
 {
-    const auto finder = start({{QStringLiteral("192.0.2.7")}}, 5s);
-    QCOMPARE(m_network.ports, 1);
-    finder->stop();
-    finder->ask();
+    const auto query = start({{QStringLiteral("192.0.2.7")}}, 5s);
+    QCOMPARE(m_network.sockets, 1);
+    query->stop();
+    query->sendNow();
     m_loop->run();
     m_loop->advance(1min);
-    QCOMPARE(m_network.ports, 0);
+    QCOMPARE(m_network.sockets, 0);
     QCOMPARE(m_network.sent.size(), 1);
 }
 
-void tst_DeviceFinder::finderWithoutAPortTellsWhy()
+void tst_DiscoveryQuery::queryWithoutASocketReportsWhy()
 {
     m_network.failure = QStringLiteral("no more sockets");
-    const auto finder = start({{QStringLiteral("192.0.2.7")}}, 5s);
-    QCOMPARE(m_error, QStringLiteral("Devices cannot be looked for: no more sockets."));
-    finder->ask();
-    finder->stop();
+    const auto query = start({{QStringLiteral("192.0.2.7")}}, 5s);
+    QCOMPARE(m_error, QStringLiteral("Cannot search for devices: no more sockets."));
+    query->sendNow();
+    query->stop();
     m_loop->advance(1min);
     QCOMPARE(m_network.sent, QStringList());
 }
 
-void tst_DeviceFinder::endOfTheThreadClosesThePort()
+void tst_DiscoveryQuery::endOfTheThreadClosesTheSocket()
 {
-    const auto finder = start({}, 5s);
+    const auto query = start({}, 5s);
     m_loop->end();
-    QCOMPARE(m_network.ports, 0);
-    finder->ask();
-    finder->stop();
+    QCOMPARE(m_network.sockets, 0);
+    query->sendNow();
+    query->stop();
 }
 
-void tst_DeviceFinder::answerTellsTheDeviceAndWhereItIs()
+void tst_DiscoveryQuery::answerYieldsTheDeviceAndItsAddress()
 {
-    const auto finder = start({}, 0s);
+    const auto query = start({}, 0s);
     m_network.deliver(QStringLiteral("192.0.2.7"),
                       R"(rspKELVORIN:{"sn":"0123456789ABCDEF","mac":"02005E100001",)"
                       R"("tcpPort":6630,"name":"wall","ip":"10.9.9.9"})");
     QCOMPARE(m_found.size(), std::size_t(1));
-    QCOMPARE(m_found[0].ip, std::string("192.0.2.7")); // not what the device takes for its own
+    QCOMPARE(m_found[0].ip, std::string("192.0.2.7")); // not the address that the device reports
     QCOMPARE(m_found[0].tcpPort, quint16(6630));
     QCOMPARE(m_found[0].name, std::string("wall"));
     QCOMPARE(m_found[0].sn[7], quint8(0xEF));
 }
 
-void tst_DeviceFinder::whatIsNoAnswerIsDropped_data()
+void tst_DiscoveryQuery::invalidAnswerIsDropped_data()
 {
     QTest::addColumn<QByteArray>("datagram");
     QTest::newRow("nothing") << QByteArray();
@@ -185,17 +186,17 @@ void tst_DeviceFinder::whatIsNoAnswerIsDropped_data()
         << QByteArray("rspKELVORIN:{\"mac\":\"02005E100001\",\"tcpPort\":6630}");
 }
 
-void tst_DeviceFinder::whatIsNoAnswerIsDropped()
+void tst_DiscoveryQuery::invalidAnswerIsDropped()
 {
     QFETCH(QByteArray, datagram);
-    const auto finder = start({}, 0s);
+    const auto query = start({}, 0s);
     m_network.deliver(QStringLiteral("192.0.2.7"), datagram.toStdString());
     QVERIFY(m_found.empty());
 }
 
-void tst_DeviceFinder::floodOfThatIsToldOnceASecond()
+void tst_DiscoveryQuery::invalidAnswersAreLoggedOnceASecond()
 {
-    const auto finder = start({}, 0s);
+    const auto query = start({}, 0s);
     MessageCatcher messages;
     for (int i = 0; i < 100000; ++i)
         m_network.deliver(QStringLiteral("192.0.2.7"), "hello");
@@ -203,8 +204,8 @@ void tst_DeviceFinder::floodOfThatIsToldOnceASecond()
     m_loop->advance(10s);
     QCOMPARE(messages.texts("tavoro.channel", QtDebugMsg).size(), 2);
     QCOMPARE(messages.texts("tavoro.channel", QtDebugMsg).last(),
-             QStringLiteral("No device: further datagrams 99999"));
+             QStringLiteral("Ignored further discovery answers 99999"));
 }
 
-QTEST_GUILESS_MAIN(tst_DeviceFinder)
-#include "tst_devicefinder.moc"
+QTEST_GUILESS_MAIN(tst_DiscoveryQuery)
+#include "tst_discoveryquery.moc"

@@ -12,24 +12,25 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Turns devices that are found into channels of the manager. Lives on the thread of the channels'
-/// loop.
-class ChannelKeeper {
+/// Opens a channel in the manager for each device that discovery finds, one per device, and moves a
+/// channel without a connection to the address at which its device was seen. On the loop's thread.
+class DeviceTracker {
 public:
     using Channel = std::shared_ptr<NetworkChannel>;
     using AnyChannel = std::shared_ptr<DeviceChannel>;
     /// Opens a channel to the device.
     using Opener =
         std::function<Channel(const ProtoModel::DeviceBaseInfo &device, const ChannelOptions &)>;
-    /// Told of each channel that was opened and is in the manager now.
-    using Handler = std::function<void(const Channel &channel)>;
+    /// Gets each channel that was opened, after it was added to the manager.
+    using OpenedHandler = std::function<void(const Channel &channel)>;
 
-    ChannelKeeper(std::shared_ptr<ChannelIndex> channels, Opener opener, Handler handler);
+    DeviceTracker(std::shared_ptr<ChannelIndex> channels, Opener opener, OpenedHandler handler);
 
     void setOptions(const DiscoveryOptions &options);
-    /// The device has answered.
-    void take(const ProtoModel::DeviceBaseInfo &device);
-    /// Lets devices in again whose channels were removed from the manager.
+    /// The device was seen at the address \c ip.
+    void noteSeen(const ProtoModel::DeviceBaseInfo &device);
+    /// Lets noteSeen() open channels again for devices whose channels were removed from the
+    /// manager.
     void readmit();
 
 private:
@@ -41,10 +42,10 @@ private:
 
     const std::shared_ptr<ChannelIndex> m_channels;
     const Opener m_opener;
-    const Handler m_handler;
+    const OpenedHandler m_handler;
     DiscoveryOptions m_options;
-    std::map<std::string, std::weak_ptr<DeviceChannel>> m_known; ///< By the keys of identities.
-    bool m_hasWarned = false; ///< That there are too many devices.
+    std::map<std::string, std::weak_ptr<DeviceChannel>> m_known; ///< By identityKey().
+    bool m_hasWarned = false; ///< The warning about too many devices was logged.
 };
 
 } // namespace Tavoro::SSProxy::Internal

@@ -1,4 +1,4 @@
-#include "channelkeeper_p.h"
+#include "devicetracker_p.h"
 
 #include <tavorossproxy/channel/expecteddevice_p.h>
 #include <tavorossproxy/logging_p.h>
@@ -11,8 +11,8 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// The key of what the channel's device has told, or of what it must tell; empty while it may be
-/// any.
+/// The key of the channel's device, or of the only device that the channel accepts. Empty if the
+/// channel has not connected yet and accepts any device.
 std::string identityOf(const DeviceChannel &channel)
 {
     std::string key = ProtoModel::identityKey(channel.deviceBaseInfo());
@@ -24,40 +24,41 @@ std::string identityOf(const DeviceChannel &channel)
 
 } // namespace
 
-ChannelKeeper::ChannelKeeper(std::shared_ptr<ChannelIndex> channels, Opener opener, Handler handler)
+DeviceTracker::DeviceTracker(std::shared_ptr<ChannelIndex> channels, Opener opener,
+                             OpenedHandler handler)
     : m_channels(std::move(channels)), m_opener(std::move(opener)), m_handler(std::move(handler))
 { }
 
-void ChannelKeeper::setOptions(const DiscoveryOptions &options)
+void DeviceTracker::setOptions(const DiscoveryOptions &options)
 {
     m_options = options;
     m_hasWarned = false;
 }
 
-void ChannelKeeper::take(const ProtoModel::DeviceBaseInfo &device)
+void DeviceTracker::noteSeen(const ProtoModel::DeviceBaseInfo &device)
 {
     const std::string key = ProtoModel::identityKey(device);
     if (key.empty() || followKnown(key, device))
-        return; // without a key it could not be told from others
+        return; // without a key it cannot be distinguished from others
     if (const AnyChannel channel = findInManager(key)) {
         m_known[key] = channel;
         follow(channel, device);
-    } else if (const AnyChannel stranger = findBoundFor(device)) {
-        follow(stranger, device); // whose it is shows when it has connected
+    } else if (const AnyChannel unidentified = findBoundFor(device)) {
+        follow(unidentified, device); // which device it has is known once it has connected
     } else {
         open(key, device);
     }
 }
 
-void ChannelKeeper::readmit()
+void DeviceTracker::readmit()
 {
     for (auto known = m_known.begin(); known != m_known.end();)
         known =
             m_channels->contains(known->second.lock()) ? std::next(known) : m_known.erase(known);
 }
 
-/// True when the device is known and gets no further channel.
-bool ChannelKeeper::followKnown(const std::string &key, const ProtoModel::DeviceBaseInfo &device)
+/// Returns true if the device is known and gets no further channel.
+bool DeviceTracker::followKnown(const std::string &key, const ProtoModel::DeviceBaseInfo &device)
 {
     const auto known = m_known.find(key);
     if (known == m_known.end())
@@ -66,20 +67,20 @@ bool ChannelKeeper::followKnown(const std::string &key, const ProtoModel::Device
     if (!m_channels->contains(channel)) {
         const AnyChannel other = findInManager(key);
         if (!other)
-            return true; // it was removed
-        known->second = other; // the application's own
+            return true; // the channel was removed, so the device stays away
+        known->second = other; // the application has opened its own
         follow(other, device);
         return true;
     }
     if (const std::string identity = identityOf(*channel); !identity.empty() && identity != key) {
-        m_known.erase(known); // the channel has another device now
+        m_known.erase(known); // the channel is connected to another device now
         return false;
     }
     follow(channel, device);
     return true;
 }
 
-ChannelKeeper::AnyChannel ChannelKeeper::findInManager(const std::string &key) const
+DeviceTracker::AnyChannel DeviceTracker::findInManager(const std::string &key) const
 {
     for (const AnyChannel &channel : m_channels->all()) {
         if (identityOf(*channel) == key)
@@ -88,9 +89,9 @@ ChannelKeeper::AnyChannel ChannelKeeper::findInManager(const std::string &key) c
     return nullptr;
 }
 
-/// A channel that waits for whatever device is at that place.
-ChannelKeeper::AnyChannel
-ChannelKeeper::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
+/// Returns a channel that connects to the device's address and accepts any device there.
+DeviceTracker::AnyChannel
+DeviceTracker::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
 {
     const QString host = QString::fromStdString(device.ip);
     for (const AnyChannel &channel : m_channels->all()) {
@@ -101,21 +102,22 @@ ChannelKeeper::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
     return nullptr;
 }
 
-void ChannelKeeper::follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device)
+void DeviceTracker::follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device)
 {
     const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel);
     if (!network || network->isHardwareReadFinished())
-        return; // a device with two addresses would be pulled to and fro
+        return; // a device with two addresses would move to and fro
     if (network->deviceBaseInfo().ip != device.ip)
         m_channels->noteMove(network);
     network->moveTo(QString::fromStdString(device.ip), device.tcpPort);
 }
 
-void ChannelKeeper::open(const std::string &key, const ProtoModel::DeviceBaseInfo &device)
+void DeviceTracker::open(const std::string &key, const ProtoModel::DeviceBaseInfo &device)
 {
     if (m_channels->all().size() >= static_cast<std::size_t>(std::max(m_options.maxChannels, 0))) {
         if (!m_hasWarned)
-            qCWarning(channelLog) << "There are too many devices. Left alone:" << device.ip.c_str();
+            qCWarning(channelLog) << "Too many channels. Ignored the device at"
+                                  << device.ip.c_str();
         m_hasWarned = true;
         return;
     }

@@ -1,4 +1,4 @@
-#include "channelthread_p.h"
+#include "eventloopthread_p.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -13,15 +13,15 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// How long the thread looks out for a call that it expects.
-constexpr std::chrono::microseconds lookoutTime(50);
+/// How long the thread spins for an expected call.
+constexpr std::chrono::microseconds spinTime(50);
 
 struct RunningThread {
     std::mutex mutex;
-    std::shared_ptr<ChannelThread> thread; // guarded by mutex
+    std::shared_ptr<EventLoopThread> thread; // guarded by mutex
 };
 
-/// Never destroyed: whoever stops the thread at the end of the process finds it in order.
+/// Never destroyed: the thread may be stopped as late as at the end of the process.
 RunningThread &running()
 {
     static auto *const running = new RunningThread;
@@ -30,19 +30,20 @@ RunningThread &running()
 
 } // namespace
 
-std::shared_ptr<ChannelThread> ChannelThread::instance()
+std::shared_ptr<EventLoopThread> EventLoopThread::instance()
 {
     const std::lock_guard<std::mutex> lock(running().mutex);
     if (!running().thread) {
-        running().thread = std::make_shared<ChannelThread>();
-        qAddPostRoutine(&ChannelThread::stop); // sockets should not outlive the application object
+        running().thread = std::make_shared<EventLoopThread>();
+        qAddPostRoutine(
+            &EventLoopThread::stop); // sockets should not outlive the application object
     }
     return running().thread;
 }
 
-void ChannelThread::stop()
+void EventLoopThread::stop()
 {
-    std::shared_ptr<ChannelThread> thread;
+    std::shared_ptr<EventLoopThread> thread;
     {
         const std::lock_guard<std::mutex> lock(running().mutex);
         thread.swap(running().thread);
@@ -53,58 +54,58 @@ void ChannelThread::stop()
     thread->m_thread.wait();
 }
 
-ChannelThread::ChannelThread()
+EventLoopThread::EventLoopThread()
 {
     m_thread.setObjectName(QStringLiteral("tavoro-channels"));
     moveToThread(&m_thread);
     m_thread.start();
 }
 
-ChannelThread::~ChannelThread()
+EventLoopThread::~EventLoopThread()
 {
-    Q_ASSERT_X(!m_thread.isRunning(), "ChannelThread", "destroyed before it was stopped");
+    Q_ASSERT_X(!m_thread.isRunning(), "EventLoopThread", "destroyed before it was stopped");
 }
 
-bool ChannelThread::post(std::function<void()> call)
+bool EventLoopThread::post(std::function<void()> call)
 {
     bool mustWake = false;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        mustWake = m_calls.isEmpty() && !m_lookout.isOn;
+        mustWake = m_calls.isEmpty() && !m_spinWait.isActive;
         if (!m_calls.add(std::move(call)))
             return false;
-        m_lookout.isWorthwhile = m_clock.now() - m_lookout.since < lookoutTime;
+        m_spinWait.isWorthwhile = m_clock.now() - m_spinWait.since < spinTime;
     }
-    // By name: the call carries no data past the mutex.
+    // Invoked by name: all data is passed under the mutex.
     if (mustWake)
         QMetaObject::invokeMethod(this, "runCalls", Qt::QueuedConnection);
     return true;
 }
 
-void ChannelThread::expectCall()
+void EventLoopThread::expectCall()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_lookout.since = m_clock.now();
-    if (m_lookout.isWorthwhile && !std::exchange(m_lookout.isOn, true))
-        QMetaObject::invokeMethod(this, "lookOut", Qt::QueuedConnection);
+    m_spinWait.since = m_clock.now();
+    if (m_spinWait.isWorthwhile && !std::exchange(m_spinWait.isActive, true))
+        QMetaObject::invokeMethod(this, "spin", Qt::QueuedConnection);
 }
 
-void ChannelThread::lookOut()
+void EventLoopThread::spin()
 {
-    const auto end = m_clock.now() + lookoutTime;
+    const auto end = m_clock.now() + spinTime;
     std::unique_lock<std::mutex> lock(m_mutex);
     while (m_calls.isEmpty() && m_clock.now() < end) {
         lock.unlock();
         std::this_thread::yield();
         lock.lock();
     }
-    m_lookout.isOn = false;
-    m_lookout.isWorthwhile = !m_calls.isEmpty();
+    m_spinWait.isActive = false;
+    m_spinWait.isWorthwhile = !m_calls.isEmpty();
     lock.unlock();
     runCalls();
 }
 
-void ChannelThread::postAt(Clock::TimePoint time, std::function<void()> call)
+void EventLoopThread::postAt(Clock::TimePoint time, std::function<void()> call)
 {
     using Milliseconds = std::chrono::milliseconds;
     const auto wait = std::chrono::ceil<Milliseconds>(time - m_clock.now());
@@ -113,20 +114,20 @@ void ChannelThread::postAt(Clock::TimePoint time, std::function<void()> call)
                        Qt::PreciseTimer, this, std::move(call));
 }
 
-void ChannelThread::attach(std::shared_ptr<User> user)
+void EventLoopThread::attach(std::shared_ptr<User> user)
 {
     m_users.push_back(std::move(user));
 }
 
-void ChannelThread::detach(const User *user)
+void EventLoopThread::detach(const User *user)
 {
     m_users.erase(std::remove_if(m_users.begin(), m_users.end(),
                                  [user](const auto &attached) { return attached.get() == user; }),
                   m_users.end());
 }
 
-/// Whatever was posted before has an effect, and nothing is taken after.
-void ChannelThread::end()
+/// Calls that were posted before still run; later ones are refused.
+void EventLoopThread::end()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datagramport_p.h"
+#include "datagramsocket_p.h"
 
 #include <memory>
 
@@ -8,11 +8,11 @@ class QUdpSocket;
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Datagrams over UDP and IPv4, from any free port.
-class UdpPort final : public DatagramPort {
+/// Datagrams over UDP and IPv4.
+class UdpSocket final : public DatagramSocket {
 public:
-    UdpPort();
-    ~UdpPort() override;
+    UdpSocket();
+    ~UdpSocket() override;
 
     bool open(Receiver receiver, QString &error) override;
     void send(const QString &address, quint16 port, const QByteArray &datagram) override;

@@ -1,4 +1,4 @@
-#include "udpport_p.h"
+#include "udpsocket_p.h"
 
 #include "addresstext_p.h"
 #include <tavorossproxy/logging_p.h>
@@ -12,19 +12,20 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// After so many datagrams it is the turn of others; the socket tells again that there are more.
+/// Most datagrams in a row before other sockets are served. The socket emits readyRead() again if
+/// more are left.
 constexpr int mostRounds = 32;
 
 } // namespace
 
-UdpPort::UdpPort() = default;
-UdpPort::~UdpPort() = default;
+UdpSocket::UdpSocket() = default;
+UdpSocket::~UdpSocket() = default;
 
-bool UdpPort::open(Receiver receiver, QString &error)
+bool UdpSocket::open(Receiver receiver, QString &error)
 {
     m_socket = std::make_unique<QUdpSocket>();
     m_socket->setProxy(QNetworkProxy::NoProxy);
-    // Spelt out: of the bare enumerator Qt 5 makes a port number.
+    // QHostAddress spelled out: Qt 5 converts the bare enumerator to a port number.
     if (!m_socket->bind(QHostAddress(QHostAddress::AnyIPv4))) {
         error = m_socket->errorString();
         return false;
@@ -34,17 +35,19 @@ bool UdpPort::open(Receiver receiver, QString &error)
     return true;
 }
 
-void UdpPort::send(const QString &address, quint16 port, const QByteArray &datagram)
+void UdpSocket::send(const QString &address, quint16 port, const QByteArray &datagram)
 {
     const QHostAddress target(address);
-    // Without an address the datagram would go to this machine.
+    // Qt would send a datagram without a valid address to this machine.
     if (target.protocol() != QAbstractSocket::IPv4Protocol)
-        qCDebug(channelLog) << "Cannot ask for devices at" << address << "as it is not IPv4";
+        qCDebug(channelLog) << "Cannot send a discovery request to" << address
+                            << "as it is not an IPv4 address";
     else if (m_socket->writeDatagram(datagram, target, port) < 0)
-        qCDebug(channelLog) << "Cannot ask for devices at" << address << m_socket->errorString();
+        qCDebug(channelLog) << "Cannot send a discovery request to" << address
+                            << m_socket->errorString();
 }
 
-QStringList UdpPort::broadcastAddresses() const
+QStringList UdpSocket::broadcastAddresses() const
 {
     QStringList addresses;
     for (const QNetworkInterface &network : QNetworkInterface::allInterfaces()) {
@@ -59,8 +62,8 @@ QStringList UdpPort::broadcastAddresses() const
     return addresses;
 }
 
-/// The receiver must not end the port.
-void UdpPort::receive(const Receiver &receiver)
+/// \a receiver must not destroy the socket.
+void UdpSocket::receive(const Receiver &receiver)
 {
     for (int round = 0; round < mostRounds && m_socket->hasPendingDatagrams(); ++round) {
         const QNetworkDatagram datagram = m_socket->receiveDatagram();

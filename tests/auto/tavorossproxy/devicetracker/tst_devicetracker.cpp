@@ -1,15 +1,15 @@
-// What becomes of a device that is found: one channel each, wherever the device goes.
+// Each device that is found gets one channel, which follows it to new addresses.
 
 #include <tavorossproxy/channel/expecteddevice_p.h>
 #include <tavorossproxy/devicecommand.h>
-#include <tavorossproxy/discovery/channelkeeper_p.h>
+#include <tavorossproxy/discovery/devicetracker_p.h>
 
 #include <QTest>
 
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using Internal::ChannelIndex;
-using Internal::ChannelKeeper;
+using Internal::DeviceTracker;
 
 namespace {
 
@@ -39,10 +39,10 @@ public:
     QStringList moves;
 };
 
-/// One that was opened and has not connected yet.
-class YoungChannel : public QuietChannel, public Internal::ExpectedDevice {
+/// A channel that was opened and has not connected yet.
+class ConnectingChannel : public QuietChannel, public Internal::ExpectedDevice {
 public:
-    explicit YoungChannel(const char *identity = "") : m_identity(identity) { }
+    explicit ConnectingChannel(const char *identity = "") : m_identity(identity) { }
 
     std::string expectedIdentity() const override { return m_identity; }
     bool isBoundFor(const QString &host, quint16 port) const override
@@ -54,7 +54,7 @@ private:
     const std::string m_identity;
 };
 
-/// A channel of an application that has its own way to a device.
+/// A channel that an application implements itself.
 class ForeignChannel : public DeviceChannel {
 public:
     std::shared_ptr<DeviceResponseCommand>
@@ -85,56 +85,56 @@ const char sn[] = "0123456789ABCD07";
 
 } // namespace
 
-class tst_ChannelKeeper : public QObject {
+class tst_DeviceTracker : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
 
     void foundDeviceGetsAChannelInTheManager();
-    void channelTakesOnlyTheDeviceThatWasFound();
+    void channelAcceptsOnlyTheDeviceThatWasFound();
     void deviceThatIsFoundAgainGetsNoSecondChannel();
     void channelWithoutAConnectionFollowsItsDevice();
     void channelWithAConnectionStaysWhereItIs();
-    void channelOfSomebodyElseIsUsedToo();
-    void channelThatHasNotConnectedIsKnownByItsIdentity();
-    void channelThatHasNotConnectedIsKnownByItsPlace();
-    void channelWithoutANetworkIsUsedToo();
-    void deviceWhoseChannelHasAnotherDeviceNowGetsItsOwn();
+    void channelOfTheApplicationIsUsedToo();
+    void connectingChannelIsRecognisedByItsIdentity();
+    void connectingChannelIsRecognisedByItsAddress();
+    void channelOfAnotherKindIsUsedToo();
+    void deviceWhoseChannelReachedAnotherDeviceGetsANewOne();
     void movedChannelIsFoundByTheFormerAddressToo();
-    void sightingAtTheSamePlaceIsNoMove();
-    void formerAddressBelongsToWhoeverIsThereNow();
+    void deviceSeenAtTheSameAddressHasNotMoved();
+    void formerAddressFindsTheDeviceThatIsThereNow();
     void removedChannelIsNotFoundByItsFormerAddress();
     void removedDeviceStaysAwayUntilItIsReadmitted();
-    void channelThatTakesThePlaceOfARemovedOneIsFollowed();
-    void deviceWithoutASerialNumberIsKnownByItsMac();
-    void deviceWithoutAnyIdentityIsLeftAlone();
-    void devicesBeyondTheLimitAreLeftAlone();
+    void channelThatReplacesARemovedOneIsMoved();
+    void deviceWithoutASerialNumberIsRecognisedByItsMac();
+    void deviceWithoutAnyIdentityIsIgnored();
+    void devicesBeyondTheLimitAreIgnored();
 
 private:
     std::shared_ptr<ChannelIndex> m_index;
-    std::unique_ptr<ChannelKeeper> m_keeper;
+    std::unique_ptr<DeviceTracker> m_tracker;
     DiscoveryOptions m_options;
-    QStringList m_opened; ///< Where, and the identity that is due there.
+    QStringList m_opened; ///< Address and expected identity of each.
     std::vector<std::shared_ptr<QuietChannel>> m_channels;
-    int m_told = 0;
+    int m_reported = 0;
 
     void restart();
 };
 
-void tst_ChannelKeeper::init()
+void tst_DeviceTracker::init()
 {
     m_options = {};
     restart();
 }
 
-void tst_ChannelKeeper::restart()
+void tst_DeviceTracker::restart()
 {
     m_index = std::make_shared<ChannelIndex>();
     m_opened.clear();
     m_channels.clear();
-    m_told = 0;
-    m_keeper = std::make_unique<ChannelKeeper>(
+    m_reported = 0;
+    m_tracker = std::make_unique<DeviceTracker>(
         m_index,
         [this](const auto &info, const auto &options) {
             m_opened.append(QString::fromStdString(info.ip + ' ' + options.identity));
@@ -142,128 +142,128 @@ void tst_ChannelKeeper::restart()
             return m_channels.back();
         },
         [this](const auto &channel) {
-            m_told += channel == m_channels.back() && !m_index->all().empty();
+            m_reported += channel == m_channels.back() && !m_index->all().empty();
         });
-    m_keeper->setOptions(m_options);
+    m_tracker->setOptions(m_options);
 }
 
-void tst_ChannelKeeper::foundDeviceGetsAChannelInTheManager()
+void tst_DeviceTracker::foundDeviceGetsAChannelInTheManager()
 {
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     QCOMPARE(m_index->all().size(), std::size_t(1));
     QCOMPARE(m_index->all()[0].get(), static_cast<DeviceChannel *>(m_channels.at(0).get()));
-    QCOMPARE(m_told, 1);
+    QCOMPARE(m_reported, 1);
 }
 
-void tst_ChannelKeeper::channelTakesOnlyTheDeviceThatWasFound()
+void tst_DeviceTracker::channelAcceptsOnlyTheDeviceThatWasFound()
 {
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD07")});
 }
 
-void tst_ChannelKeeper::deviceThatIsFoundAgainGetsNoSecondChannel()
+void tst_DeviceTracker::deviceThatIsFoundAgainGetsNoSecondChannel()
 {
-    m_keeper->take(device());
-    m_keeper->take(device());
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_index->all().size(), std::size_t(1));
-    QCOMPARE(m_told, 1);
-    m_keeper->take(device("192.0.2.8", 8));
+    QCOMPARE(m_reported, 1);
+    m_tracker->noteSeen(device("192.0.2.8", 8));
     QCOMPARE(m_index->all().size(), std::size_t(2));
-    QCOMPARE(m_told, 2);
+    QCOMPARE(m_reported, 2);
 }
 
-void tst_ChannelKeeper::channelWithoutAConnectionFollowsItsDevice()
+void tst_DeviceTracker::channelWithoutAConnectionFollowsItsDevice()
 {
-    m_keeper->take(device());
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_channels.at(0)->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
 }
 
-void tst_ChannelKeeper::channelWithAConnectionStaysWhereItIs()
+void tst_DeviceTracker::channelWithAConnectionStaysWhereItIs()
 {
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     m_channels.at(0)->isReady = true;
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_channels.at(0)->moves, QStringList());
 }
 
-void tst_ChannelKeeper::channelOfSomebodyElseIsUsedToo()
+void tst_DeviceTracker::channelOfTheApplicationIsUsedToo()
 {
     const auto mine = std::make_shared<QuietChannel>();
     mine->info = device();
     m_index->add(mine);
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_index->all().size(), std::size_t(1));
     QCOMPARE(mine->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
-    QCOMPARE(m_told, 0);
+    QCOMPARE(m_reported, 0);
 }
 
-void tst_ChannelKeeper::channelThatHasNotConnectedIsKnownByItsIdentity()
+void tst_DeviceTracker::connectingChannelIsRecognisedByItsIdentity()
 {
-    const auto young = std::make_shared<YoungChannel>(sn);
-    m_index->add(young);
-    m_keeper->take(device("192.0.2.99"));
+    const auto connecting = std::make_shared<ConnectingChannel>(sn);
+    m_index->add(connecting);
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_opened, QStringList());
-    QCOMPARE(young->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
-    m_keeper->take(device("192.0.2.7", 8)); // it would not be let in there
+    QCOMPARE(connecting->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
+    m_tracker->noteSeen(device("192.0.2.7", 8)); // the channel would not accept it
     QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD08")});
 }
 
-void tst_ChannelKeeper::channelThatHasNotConnectedIsKnownByItsPlace()
+void tst_DeviceTracker::connectingChannelIsRecognisedByItsAddress()
 {
-    const auto young = std::make_shared<YoungChannel>();
-    m_index->add(young);
-    m_keeper->take(device());
+    const auto connecting = std::make_shared<ConnectingChannel>();
+    m_index->add(connecting);
+    m_tracker->noteSeen(device());
     QCOMPARE(m_opened, QStringList());
-    QCOMPARE(young->moves, QStringList{QStringLiteral("192.0.2.7:6630")});
+    QCOMPARE(connecting->moves, QStringList{QStringLiteral("192.0.2.7:6630")});
 
-    young->info = device("192.0.2.7", 8); // now it shows that another device is there too
-    m_keeper->take(device());
+    connecting->info = device("192.0.2.7", 8); // another device has answered there
+    m_tracker->noteSeen(device());
     QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 0123456789ABCD07")});
 }
 
-void tst_ChannelKeeper::channelWithoutANetworkIsUsedToo()
+void tst_DeviceTracker::channelOfAnotherKindIsUsedToo()
 {
     const auto foreign = std::make_shared<ForeignChannel>();
     foreign->info = device();
     m_index->add(foreign);
-    m_keeper->take(device());
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_opened, QStringList());
     QCOMPARE(m_index->all().size(), std::size_t(1));
     m_index->remove(foreign);
-    m_keeper->take(device()); // stays away like any other
+    m_tracker->noteSeen(device()); // stays away like other removed devices
     QCOMPARE(m_opened, QStringList());
 }
 
-void tst_ChannelKeeper::deviceWhoseChannelHasAnotherDeviceNowGetsItsOwn()
+void tst_DeviceTracker::deviceWhoseChannelReachedAnotherDeviceGetsANewOne()
 {
     const auto mine = std::make_shared<QuietChannel>();
     mine->info = device();
     m_index->add(mine);
-    m_keeper->take(device());
-    mine->info = device("192.0.2.7", 8); // devices were exchanged
+    m_tracker->noteSeen(device());
+    mine->info = device("192.0.2.7", 8); // the devices have changed places
     mine->isReady = true;
-    m_keeper->take(device("192.0.2.7", 8));
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device("192.0.2.7", 8));
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.99 0123456789ABCD07")});
 }
 
-void tst_ChannelKeeper::sightingAtTheSamePlaceIsNoMove()
+void tst_DeviceTracker::deviceSeenAtTheSameAddressHasNotMoved()
 {
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     m_channels.at(0)->info = device();
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     m_channels.at(0)->info = device("192.0.2.99");
     QVERIFY(!m_index->find("192.0.2.7", mac, sn));
 }
 
-void tst_ChannelKeeper::movedChannelIsFoundByTheFormerAddressToo()
+void tst_DeviceTracker::movedChannelIsFoundByTheFormerAddressToo()
 {
-    m_keeper->take(device());
-    m_channels.at(0)->info = device(); // has connected, and has lost its device
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device());
+    m_channels.at(0)->info = device(); // was connected, and has lost its device
+    m_tracker->noteSeen(device("192.0.2.99"));
     m_channels.at(0)->info = device("192.0.2.99");
     const DeviceChannel *const channel = m_channels.at(0).get();
     QCOMPARE(m_index->find("192.0.2.99", mac, sn).get(), channel);
@@ -273,7 +273,7 @@ void tst_ChannelKeeper::movedChannelIsFoundByTheFormerAddressToo()
     QVERIFY(!m_index->find("192.0.2.8", mac, sn));
 }
 
-void tst_ChannelKeeper::formerAddressBelongsToWhoeverIsThereNow()
+void tst_DeviceTracker::formerAddressFindsTheDeviceThatIsThereNow()
 {
     movedChannelIsFoundByTheFormerAddressToo();
     const auto twin = std::make_shared<QuietChannel>();
@@ -282,7 +282,7 @@ void tst_ChannelKeeper::formerAddressBelongsToWhoeverIsThereNow()
     QCOMPARE(m_index->find("192.0.2.7", mac, sn).get(), static_cast<DeviceChannel *>(twin.get()));
 }
 
-void tst_ChannelKeeper::removedChannelIsNotFoundByItsFormerAddress()
+void tst_DeviceTracker::removedChannelIsNotFoundByItsFormerAddress()
 {
     movedChannelIsFoundByTheFormerAddressToo();
     m_index->remove(m_channels.at(0));
@@ -290,62 +290,62 @@ void tst_ChannelKeeper::removedChannelIsNotFoundByItsFormerAddress()
     QCOMPARE(m_channels.at(0).use_count(), 1L);
 }
 
-void tst_ChannelKeeper::removedDeviceStaysAwayUntilItIsReadmitted()
+void tst_DeviceTracker::removedDeviceStaysAwayUntilItIsReadmitted()
 {
-    m_keeper->take(device());
-    m_keeper->take(device("192.0.2.8", 8));
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device("192.0.2.8", 8));
     m_index->remove(m_channels.at(0));
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     QCOMPARE(m_index->all().size(), std::size_t(1));
-    m_keeper->readmit();
-    m_keeper->take(device());
-    m_keeper->take(device("192.0.2.8", 8));
+    m_tracker->readmit();
+    m_tracker->noteSeen(device());
+    m_tracker->noteSeen(device("192.0.2.8", 8));
     QCOMPARE(m_index->all().size(), std::size_t(2));
-    QCOMPARE(m_told, 3);
+    QCOMPARE(m_reported, 3);
 }
 
-void tst_ChannelKeeper::channelThatTakesThePlaceOfARemovedOneIsFollowed()
+void tst_DeviceTracker::channelThatReplacesARemovedOneIsMoved()
 {
-    m_keeper->take(device());
+    m_tracker->noteSeen(device());
     m_index->remove(m_channels.at(0));
     const auto own = std::make_shared<QuietChannel>();
     own->info = device();
     m_index->add(own);
-    m_keeper->take(device("192.0.2.99"));
+    m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(own->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
     QCOMPARE(m_opened.size(), 1);
 }
 
-void tst_ChannelKeeper::deviceWithoutASerialNumberIsKnownByItsMac()
+void tst_DeviceTracker::deviceWithoutASerialNumberIsRecognisedByItsMac()
 {
     auto info = device();
     info.sn = {};
-    m_keeper->take(info);
+    m_tracker->noteSeen(info);
     info.ip = "192.0.2.99";
-    m_keeper->take(info);
+    m_tracker->noteSeen(info);
     QCOMPARE(m_opened, QStringList{QStringLiteral("192.0.2.7 02005E100007")});
 }
 
-void tst_ChannelKeeper::deviceWithoutAnyIdentityIsLeftAlone()
+void tst_DeviceTracker::deviceWithoutAnyIdentityIsIgnored()
 {
     auto info = device();
     info.sn = {};
     info.mac = {};
-    m_keeper->take(info);
+    m_tracker->noteSeen(info);
     QVERIFY(m_index->all().empty());
 }
 
-void tst_ChannelKeeper::devicesBeyondTheLimitAreLeftAlone()
+void tst_DeviceTracker::devicesBeyondTheLimitAreIgnored()
 {
     m_options.maxChannels = 2;
     restart();
     for (quint8 number = 1; number <= 3; ++number)
-        m_keeper->take(device("192.0.2.7", number));
+        m_tracker->noteSeen(device("192.0.2.7", number));
     QCOMPARE(m_index->all().size(), std::size_t(2));
     m_index->remove(m_channels.at(0));
-    m_keeper->take(device("192.0.2.7", 3)); // there is room now
+    m_tracker->noteSeen(device("192.0.2.7", 3)); // there is room now
     QCOMPARE(m_index->all().size(), std::size_t(2));
 }
 
-QTEST_GUILESS_MAIN(tst_ChannelKeeper)
-#include "tst_channelkeeper.moc"
+QTEST_GUILESS_MAIN(tst_DeviceTracker)
+#include "tst_devicetracker.moc"
