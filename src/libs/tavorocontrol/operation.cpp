@@ -1,5 +1,7 @@
 #include "operation_p.h"
 
+#include "request/translation_p.h"
+
 #include <tavorocontrol/controlhelper.h>
 
 #include <cstddef>
@@ -8,18 +10,33 @@ namespace Tavoro::Control::Internal {
 
 namespace {
 
+constexpr char decodeFailed[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Decode json failed: ");
+constexpr char deviceIsNull[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Device is null.");
+
 constexpr quint8 lowByte(int value)
 {
     return static_cast<quint8>(value & 0xFF);
 }
 
-void askForTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
+void requestTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
 {
     if (timeout.milliseconds > 0)
         request.setTimeout(timeout.milliseconds);
 }
 
 } // namespace
+
+QString decodeFailure(const std::string &reason)
+{
+    return translated(decodeFailed) + QString::fromStdString(reason);
+}
+
+QString missingDevice()
+{
+    return translated(deviceIsNull);
+}
 
 std::shared_ptr<SSProxy::DeviceRequestCommand>
 makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters)
@@ -35,21 +52,21 @@ makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters
     return request;
 }
 
-bool writeBody(Link link, SSProxy::Command command, std::string body, QString &error,
+bool writeBody(OperationTarget target, SSProxy::Command command, std::string body, QString &error,
                Timeout timeout)
 {
     auto request = makeRequest(SSProxy::CommandType::Write, command);
-    askForTimeout(*request, timeout);
+    requestTimeout(*request, timeout);
     request->body() = std::move(body);
-    return link.helper.sendSyncRequest(link.device, std::move(request), error, true);
+    return target.helper.sendSyncRequest(target.device, std::move(request), error, true);
 }
 
-bool read(Link link, SSProxy::Command command, Filters filters, std::string &answer, QString &error,
-          Timeout timeout)
+bool read(OperationTarget target, SSProxy::Command command, Filters filters, std::string &answer,
+          QString &error, Timeout timeout)
 {
     auto request = makeRequest(SSProxy::CommandType::Read, command, filters);
-    askForTimeout(*request, timeout);
-    return link.helper.sendSyncRequest(link.device, std::move(request), answer, error);
+    requestTimeout(*request, timeout);
+    return target.helper.sendSyncRequest(target.device, std::move(request), answer, error);
 }
 
 } // namespace Tavoro::Control::Internal

@@ -14,13 +14,14 @@ class tst_DeviceReports : public QObject {
 private Q_SLOTS:
     void reportsReachTheModel_data();
     void reportsReachTheModel();
-    void reportsThatDoNotDecode_data();
-    void reportsThatDoNotDecode();
-    void reportsOfAGoneDevice_data();
-    void reportsOfAGoneDevice();
+    void undecodableReportsFail_data();
+    void undecodableReportsFail();
+    void reportsOnAMissingDeviceFail_data();
+    void reportsOnAMissingDeviceFail();
     void decodingComesBeforeTheDevice_data();
     void decodingComesBeforeTheDevice();
-    void everyGroupIsToldToTheModel();
+    void everyGroupReachesTheModel();
+    void switchOfTheRelationsIsNotApplied();
     void missingCutoutChannelsKeepTheirDefaults();
 };
 
@@ -40,12 +41,12 @@ struct ReportRow {
     const char *name;
     Handler handler;
     const char *body;
-    const char *effect; ///< What the model then holds, as JSON.
+    const char *effect; ///< What the model holds then, as JSON.
     std::string (*held)(const BizModel::Device &);
     const char *badBody;
-    const char *badText; ///< Behind "Decode json failed: ".
-    const char *goneText; ///< Told to the caller. Null: nothing.
-    const char *goneLine; ///< Logged. Null: nothing.
+    const char *badText; ///< After "Decode json failed: ".
+    const char *goneText; ///< The caller's error text; null for none.
+    const char *goneLine; ///< The log line; null for none.
 };
 
 // clang-format off
@@ -136,12 +137,12 @@ void tst_DeviceReports::reportsReachTheModel()
     QVERIFY(path.device.channel->sent().empty());
 }
 
-void tst_DeviceReports::reportsThatDoNotDecode_data()
+void tst_DeviceReports::undecodableReportsFail_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::reportsThatDoNotDecode()
+void tst_DeviceReports::undecodableReportsFail()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;
@@ -154,12 +155,12 @@ void tst_DeviceReports::reportsThatDoNotDecode()
     QVERIFY(path.takeLines().isEmpty());
 }
 
-void tst_DeviceReports::reportsOfAGoneDevice_data()
+void tst_DeviceReports::reportsOnAMissingDeviceFail_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::reportsOfAGoneDevice()
+void tst_DeviceReports::reportsOnAMissingDeviceFail()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;
@@ -187,7 +188,7 @@ void tst_DeviceReports::decodingComesBeforeTheDevice()
     QVERIFY(path.takeLines().isEmpty());
 }
 
-void tst_DeviceReports::everyGroupIsToldToTheModel()
+void tst_DeviceReports::everyGroupReachesTheModel()
 {
     RequestPath path;
     const QSignalSpy changes(path.device.model.get(), &BizModel::Device::deviceDataChanged);
@@ -198,6 +199,19 @@ void tst_DeviceReports::everyGroupIsToldToTheModel()
     QVERIFY(device.updateDeviceGroupInfo(
         R"({"groupInfos":[{"groupId":"1"},{"groupId":"2"},{"groupId":"3"}]})", error));
     QCOMPARE(changes.size(), 3);
+}
+
+// Kept: a report changes the relations alone.
+void tst_DeviceReports::switchOfTheRelationsIsNotApplied()
+{
+    RequestPath path;
+    Control::Device device(path.device.model, nullptr);
+    QString error;
+    QVERIFY(device.updateInterfaceRelationInfo(
+        R"({"interfaceRelation":{"enable":1,"relation":[{"type":1}]}})", error));
+    const auto held = path.device.model->deviceDetail().interfaceRelation;
+    QCOMPARE(held.relation.size(), std::size_t(1));
+    QCOMPARE(held.enable, 0);
 }
 
 void tst_DeviceReports::missingCutoutChannelsKeepTheirDefaults()

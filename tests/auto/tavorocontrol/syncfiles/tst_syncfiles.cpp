@@ -6,7 +6,7 @@
 using namespace Tavoro;
 using FileDetail = ProtoModel::File::s_FileDetail;
 
-/// Which of the files that a device lists are kept, and of which the content is fetched.
+/// Which of the listed files are kept, and of which the content is read.
 class tst_SyncFiles : public QObject {
     Q_OBJECT
 
@@ -15,7 +15,8 @@ private Q_SLOTS:
     void contentIsFetchedByFileType();
     void removedFilesAreNotKept();
     void failedContentDoesNotStopTheNext();
-    void filesOfAFailedReadAreFetchedAllTheSame();
+    void contentsWithoutAChannelCountAsRead();
+    void filesOfAFailedReadAreStillFetched();
 };
 
 namespace {
@@ -31,7 +32,7 @@ QStringList fileList(const std::vector<FileDetail> &files)
     return list;
 }
 
-/// The answer to the file list that names these files.
+/// An answer to the read of the file list, with these files.
 std::string fileListBody(std::initializer_list<std::pair<int, int>> typesAndIds)
 {
     std::string body;
@@ -111,8 +112,23 @@ void tst_SyncFiles::failedContentDoesNotStopTheNext()
     QVERIFY(it.task.isSyncSucess());
 }
 
-// What decoded before the fault is there, and is treated like any other file.
-void tst_SyncFiles::filesOfAFailedReadAreFetchedAllTheSame()
+// Kept: a device without a channel answers every read with an empty body.
+void tst_SyncFiles::contentsWithoutAChannelCountAsRead()
+{
+    Synchronised it;
+    ScriptedAnswer list = ScriptedAnswer::packet(fileListBody({{2, 1}, {2, 2}}));
+    list.before = [&] {
+        it.device.removeChannel();
+    };
+    it.channel->reply(0xFA00, list);
+    it.run();
+    QCOMPARE(fileList(it.task.fileDetail()), textLines({"2/1 ", "2/2 "}));
+    QVERIFY(it.listed()->isSyncDataSuccess());
+    QVERIFY(!it.listed()->isOnline());
+}
+
+// Files that were decoded before the error are treated like any other file.
+void tst_SyncFiles::filesOfAFailedReadAreStillFetched()
 {
     Synchronised it;
     it.channel->replyBody(0xFA00, R"([{"fileType":15,"fileId":9},{"fileType":6,"fileId":4},3])");
