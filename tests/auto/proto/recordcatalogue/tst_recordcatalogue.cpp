@@ -76,7 +76,7 @@ QStringList declaredRecords()
     return inFolder(QStringLiteral("*.h"), &recordsOfHeader);
 }
 
-/// Names that one list has and the other lacks, or has twice; empty when they agree.
+/// Names that only one of the lists has, or that one has twice; empty if the lists are equal.
 QString differences(QStringList names)
 {
     QStringList different;
@@ -90,7 +90,7 @@ QString differences(QStringList names)
 
 } // namespace
 
-/// Nothing that a new record needs can be forgotten: its codec and its rows of test data.
+/// A new record needs a codec and its rows of test data; these tests find a missing one.
 class tst_RecordCatalogue : public QObject {
     Q_OBJECT
 
@@ -103,7 +103,7 @@ private Q_SLOTS:
 
 void tst_RecordCatalogue::headersDeclareRecords()
 {
-    // A guard of this test itself: a change of layout must not make it blind.
+    // Checks the test itself: after a change of layout it must still find all records.
     QCOMPARE(declaredRecords().size(), 165);
 }
 
