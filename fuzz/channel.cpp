@@ -56,8 +56,8 @@ private:
         Wire::WireHead head;
         head.kind = static_cast<quint8>(Wire::FrameKind::IdentityAnswer);
         peer.send(head,
-                  R"({"modelId":30465,"sn":"0123456789ABCDEF","mac":"02005E100001",)"
-                  R"("maxPacketSize":64,"name":"wall","ip":"192.0.2.7"})");
+                  R"({"protocolVersion":1,"modelId":30465,"sn":"0123456789ABCDEF",)"
+                  R"("mac":"02005E100001","maxPacketSize":64,"name":"wall","ip":"192.0.2.7"})");
     }
     Wire::WireHead nextResponse()
     {

@@ -14,7 +14,7 @@ namespace Bench {
 
 namespace {
 
-constexpr int headSize = 36;
+constexpr int headSize = 40;
 
 /// Takes \a size bytes off the socket as soon as they are there.
 void take(QTcpSocket &socket, char *bytes, int size)

@@ -2,6 +2,8 @@
 
 #include <tavorowire/checksums.h>
 
+#include <cstring>
+
 namespace Tavoro::SSProxy::Wire {
 
 namespace {
@@ -50,6 +52,15 @@ void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecks
     frame.reserve(static_cast<int>(sizeof wire + body.size()));
     frame.append(bytesOf(wire).data(), static_cast<int>(sizeof wire));
     frame.append(body.data(), static_cast<int>(body.size()));
+}
+
+void setNumber(QByteArray &frame, quint32 number)
+{
+    WireHead head;
+    std::memcpy(static_cast<void *>(&head), frame.constData(), sizeof head);
+    head.number = number;
+    head.headChecksum = headChecksum(head);
+    std::memcpy(frame.data(), &head, sizeof head);
 }
 
 QByteArray encodeLinkFrame(FrameKind kind, quint8 lables)

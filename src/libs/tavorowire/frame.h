@@ -17,12 +17,15 @@ QByteArray encodeFrame(const WireHead &head, std::string_view body = {});
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame);
 
+/// Gives an encoded frame its number, with the checksum of the head that follows from it.
+void setNumber(QByteArray &frame, quint32 number);
+
 /// A frame of the connection itself: identity request, ping or pong. The tag of a ping comes back
 /// in its pong.
 QByteArray encodeLinkFrame(FrameKind kind, quint8 lables = 0);
 
-/// The head of the response to \a request: its tag, stream, type, code and filters, status 0, one
-/// packet of one.
+/// The head of the response to \a request: its number, tag, stream, type, code and filters, status
+/// 0, one packet of one.
 WireHead responseHead(const WireHead &request);
 
 /// The checksum that the head of a frame should carry.

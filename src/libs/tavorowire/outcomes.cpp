@@ -41,7 +41,7 @@ std::optional<ConnectionId> decodeConnectionId(const std::string &body)
 
 std::string encodeRequestId(const RequestId &id)
 {
-    return encodeConnectionId(id.connection) + bytesOf(id.ordinal);
+    return encodeConnectionId(id.connection) + bytesOf(id.number);
 }
 
 std::optional<RequestId> decodeRequestId(const std::string &body)

@@ -22,11 +22,11 @@ std::string encodeConnectionId(const ConnectionId &id);
 /// Nothing when \a body is no such thing, as that of clients that do not tell.
 std::optional<ConnectionId> decodeConnectionId(const std::string &body);
 
-/// Which request an outcome is asked for: the \c ordinal-th of a connection, from 1. Its bytes are
-/// those of the connection and a u32.
+/// Which request an outcome is asked for: the one that was sent with \c number over \c connection.
+/// Its bytes are those of the connection and a u32.
 struct RequestId {
     ConnectionId connection;
-    quint32 ordinal = 0;
+    quint32 number = 0;
 };
 std::string encodeRequestId(const RequestId &id);
 std::optional<RequestId> decodeRequestId(const std::string &body);

@@ -39,7 +39,7 @@ enum class ChecksumIndex : quint8 {
 ///  9  u8   checksumIndex   ChecksumIndex
 /// 10  u8   kind            FrameKind
 /// 11  u8   reserved11      0
-/// 12  u16  headChecksum    CRC-16 of the 36 bytes, these two as 0
+/// 12  u16  headChecksum    CRC-16 of the 40 bytes, these two as 0
 /// 14  u32  bodyChecksum    by checksumIndex
 /// 18  u16  stream          what the packets of one split exchange have in common
 /// 20  u8   type            CommandType
@@ -49,6 +49,7 @@ enum class ChecksumIndex : quint8 {
 /// 30  u8   BC              base code
 /// 31  u8   arg2[4]         filters
 /// 35  u8   reserved35      0
+/// 36  u32  number          of the request, counted from 1; echoed in its response, else 0
 /// \endcode
 struct WireHead {
     quint16 flag = frameFlag;
@@ -69,6 +70,7 @@ struct WireHead {
     quint8 BC = 0;
     quint8 arg2[4] = {};
     quint8 reserved35 = 0;
+    quint32 number = 0;
 
     quint16 code() const { return static_cast<quint16>(BC << 8 | FC); }
 };
@@ -82,9 +84,10 @@ static_assert(offsetof(WireHead, bodyChecksum) == 14);
 static_assert(offsetof(WireHead, stream) == 18);
 static_assert(offsetof(WireHead, type) == offsetof(PacketHead, type));
 static_assert(offsetof(WireHead, arg2) == offsetof(PacketHead, arg2));
-static_assert(sizeof(WireHead) == 36 && sizeof(WireHead) == sizeof(PacketHead));
+static_assert(offsetof(WireHead, number) == 36);
+static_assert(sizeof(WireHead) == 40 && sizeof(WireHead) == sizeof(PacketHead));
 
-/// The two views of the same 36 bytes.
+/// The two views of the same 40 bytes.
 inline WireHead wireHead(const PacketHead &head)
 {
     WireHead wire;

@@ -218,7 +218,8 @@ void RecordedDevice::answer(QTcpSocket &socket, const FrameEvent &request)
 void RecordedDevice::play(QTcpSocket &socket, Exchange &exchange, const WireHead &request)
 {
     const WireHead &recorded = exchange.request.head;
-    m_tags[recorded.lables] = {recorded.stream, request.stream, request.lables};
+    m_tags[recorded.lables] = {recorded.stream, request.stream, request.lables, recorded.number,
+                               request.number};
     exchange.isPlayed = true;
     if (isOfKind(exchange.request, FrameKind::Request))
         --m_unplayed;
@@ -255,6 +256,8 @@ std::string RecordedDevice::retagged(std::string frame) const
     head.lables = tag.lables;
     if (head.stream == tag.recordedStream)
         head.stream = tag.stream;
+    if (head.number == tag.recordedNumber)
+        head.number = tag.number;
     if (isInOrder)
         head.headChecksum = Wire::headChecksum(head);
     std::memcpy(frame.data(), &head, sizeof head);

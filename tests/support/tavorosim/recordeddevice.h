@@ -62,6 +62,8 @@ private:
         quint16 recordedStream = 0;
         quint16 stream = 0;
         quint8 lables = 0; ///< 0: it was not played.
+        quint32 recordedNumber = 0;
+        quint32 number = 0;
     };
 
     /// Takes the items of a capture in their order.

@@ -28,7 +28,8 @@ ChannelTest::Response ChannelTest::Call::response()
 
 std::string ChannelTest::identity(unsigned maxPacketSize)
 {
-    return R"({"modelId":30465,"sn":"0123456789ABCDEF","mac":"02005E100001","maxPacketSize":)"
+    return R"({"protocolVersion":1,"modelId":30465,"sn":"0123456789ABCDEF",)"
+           R"("mac":"02005E100001","maxPacketSize":)"
         + std::to_string(maxPacketSize) + R"(,"name":"wall","ip":"10.9.9.9"})";
 }
 

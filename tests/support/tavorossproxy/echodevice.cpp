@@ -9,7 +9,7 @@ using namespace Tavoro::SSProxy;
 
 namespace {
 
-constexpr char identity[] = R"({"sn":"0123456789ABCDEF","mac":"02005E100001",)"
+constexpr char identity[] = R"({"protocolVersion":1,"sn":"0123456789ABCDEF","mac":"02005E100001",)"
                             R"("maxPacketSize":16777216,"name":"wall"})";
 
 } // namespace

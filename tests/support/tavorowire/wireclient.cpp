@@ -42,9 +42,17 @@ WireFrame WireClient::request(quint16 code, CommandType type, const std::string 
     return frame;
 }
 
+WireFrame WireClient::numbered(WireFrame frame)
+{
+    if (frame.head.kind == static_cast<quint8>(FrameKind::Request) && frame.head.number == 0)
+        frame.head.number = ++m_lastNumber;
+    return frame;
+}
+
 void WireClient::send(const WireFrame &frame)
 {
-    sendBytes(Tavoro::SSProxy::Wire::encodeFrame(frame.head, frame.body));
+    const WireFrame sent = numbered(frame);
+    sendBytes(Tavoro::SSProxy::Wire::encodeFrame(sent.head, sent.body));
 }
 
 void WireClient::sendBytes(const QByteArray &bytes)

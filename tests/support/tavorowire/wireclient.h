@@ -28,6 +28,9 @@ public:
     static WireFrame request(quint16 code, Tavoro::SSProxy::CommandType type,
                              const std::string &body = {});
 
+    /// \a frame with the next number, if it is a request without one.
+    WireFrame numbered(WireFrame frame);
+    /// Numbers \a frame and sends it.
     void send(const WireFrame &frame);
     void sendBytes(const QByteArray &bytes);
     /// Sends \a frame and waits for its response; reports that come before are kept.
@@ -50,6 +53,7 @@ private:
     std::optional<WireFrame> receive();
 
     QTcpSocket m_socket;
+    quint32 m_lastNumber = 0;
     Tavoro::SSProxy::Wire::FrameParser m_parser;
     std::deque<WireFrame> m_frames;
     std::deque<WireFrame> m_reports;

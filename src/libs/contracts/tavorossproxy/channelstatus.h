@@ -23,7 +23,7 @@ enum ChannelStatus : quint16 {
     // The protocol decoder.
     WrongAnswerCode       = 357, ///< The answer carries another command's code.
     AnswerTooShort        = 358, ///< The connection ended in the middle of the answer.
-    WrongFlag             = 359, ///< Flag or version of a frame; the connection is closed.
+    WrongFlag             = 359, ///< Flag or version of a frame, or version of the protocol; the connection is closed.
     UnknownChecksumIndex  = 360, ///< A way of guarding the body that nobody defined.
     WrongChecksum         = 361, ///< Of the body; or of the head, and then the connection is closed.
     WrongType             = 362, ///< A kind of frame or a type of answer that is not what was due; an unreadable identity.

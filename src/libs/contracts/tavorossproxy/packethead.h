@@ -33,6 +33,7 @@ struct PacketHead {
     quint8 BC; ///< Base code: the high byte of the command code.
     quint8 arg2[4]; ///< Filters of a detail read; the selector of a remove-all.
     quint8 opaque35;
+    quint8 opaque36[4];
 };
 #pragma pack(pop)
 
@@ -46,7 +47,8 @@ static_assert(offsetof(PacketHead, FC) == 29);
 static_assert(offsetof(PacketHead, BC) == 30);
 static_assert(offsetof(PacketHead, arg2) == 31);
 static_assert(offsetof(PacketHead, opaque35) == 35);
-static_assert(sizeof(PacketHead) >= 36);
+static_assert(offsetof(PacketHead, opaque36) == 36);
+static_assert(sizeof(PacketHead) == 40);
 static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN,
               "the head is used in place, so the host must have the wire's byte order");
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tavorocontrol/proto/fields.h>
+
 #include <QtGlobal>
 
 #include <array>
@@ -38,6 +40,9 @@ struct DeviceBaseInfo {
     std::string hostName; ///< Host name of the device.
     /// Further data, as the device reports it; passed to the model unchanged.
     quint32 extension = 0;
+    TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
+                  slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
+                  configTime, controlState, ip, hostName, extension)
 };
 
 } // namespace Tavoro::ProtoModel

@@ -74,7 +74,7 @@ private:
     void linkConnecting() override;
     void linkIdentifying(const QString &reason) override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
-    void linkLost(quint16 status, const QString &reason, quint8 brokenOff) override;
+    void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
     void linkWritable() override;
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;

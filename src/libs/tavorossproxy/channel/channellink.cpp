@@ -107,7 +107,7 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_stream->close();
     enter(Phase::Pausing, m_pause);
     m_pause = std::min(2 * m_pause, m_options.longestReconnectPause);
-    m_events.linkLost(status, reason, isBrokenOff ? unfinished->lables : quint8(0));
+    m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
 }
 
 /// A device that identifies itself and closes at once would otherwise be reconnected without end
@@ -299,6 +299,11 @@ void ChannelLink::takeIdentity(const std::string &body)
     if (!ProtoModel::decodeIdentity(body, info, error))
         return drop(WrongType,
                     tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
+    if (info.protocolVersion != Wire::protocolVersion)
+        return drop(WrongFlag,
+                    tr("it speaks protocol version %1, and only version %2 is supported")
+                        .arg(info.protocolVersion)
+                        .arg(Wire::protocolVersion));
     if (info.maxPacketSize == 0)
         return drop(WrongLength, tr("it takes packets of 0 bytes"));
     if (!m_options.identity.empty() && ProtoModel::identityKey(info) != m_options.identity)

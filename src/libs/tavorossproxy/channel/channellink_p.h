@@ -39,9 +39,9 @@ public:
         /// linkReady() or linkLost().
         virtual void linkIdentifying(const QString &reason) = 0;
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
-        /// The connection or the attempt has failed. \a brokenOff is the tag of the answer that was
-        /// arriving, or 0.
-        virtual void linkLost(quint16 status, const QString &reason, quint8 brokenOff) = 0;
+        /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
+        /// was arriving, or 0.
+        virtual void linkLost(quint16 status, const QString &reason, quint32 brokenOff) = 0;
         virtual void linkWritable() = 0;
         /// A frame that is not the link's own business has come, or one that is wrong.
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "splitplaces_p.h"
 #include <tavorossproxy/io/clock_p.h>
 
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorowire/frameparser.h>
 #include <tavorowire/outcomes.h>
+#include <tavorowire/splitlimits.h>
 
 #include <QByteArray>
 
@@ -41,8 +43,8 @@ public:
     /// Lets requests in whose body is at most \a maxBody long, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
     /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, the
-    /// one with the tag \a brokenOff with AnswerTooShort.
-    void shut(quint16 refusal, quint16 status, quint8 brokenOff = 0);
+    /// one with the number \a brokenOff with AnswerTooShort.
+    void shut(quint16 refusal, quint16 status, quint32 brokenOff = 0);
     /// Why a request is refused now; 0 when it is let in.
     quint16 refusal() const;
 
@@ -50,8 +52,9 @@ public:
         quint16 refusal = 0; ///< 0, or why there is no tag.
         Wire::WireHead head; ///< The request's, with its tag and its stream.
     };
-    /// Gives a request a tag and, where it has none, a stream.
-    Ticket begin(const DeviceRequestCommand &request);
+    /// Gives a request a tag and, where it has none, a stream. A request that may begin a split
+    /// exchange waits until the device has a place for it, until \a deadline at the latest.
+    Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
     /// Storage for a frame, with any content.
     QByteArray takeStorage();
     /// Hands over the frame that travels.
@@ -61,7 +64,7 @@ public:
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
                                                  Clock::TimePoint deadline);
 
-    /// The next frame to send, if there is one.
+    /// The next frame to send, if there is one, with its number.
     std::optional<QByteArray> takeUnsent();
     /// Takes the storage of a frame that was sent, for the next one.
     void giveBack(QByteArray frame);
@@ -100,9 +103,12 @@ private:
         std::condition_variable settled;
     };
 
+    quint16 refusalOf(const Wire::WireHead &head, std::size_t bodySize) const;
+    SplitPlaces *placesFor(const Wire::WireHead &head);
+    void assignStream(Wire::WireHead &head, SplitPlaces *places);
     quint8 freeTag();
-    quint16 freshStream(const Wire::WireHead &head);
-    void noteStream(const Wire::WireHead &answer);
+    quint16 freshStream();
+    void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
     void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
                  Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
@@ -113,10 +119,13 @@ private:
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
     Wire::ConnectionId m_connection;
-    quint32 m_sent = 0; ///< Requests over this connection.
+    /// The number of the request that was sent last. It continues over all connections, so that an
+    /// answer which a device repeats from an earlier one matches no request.
+    quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
-    std::deque<quint16> m_handedOut; ///< Streams of reads whose last packet is due.
+    SplitPlaces m_splitReads{Wire::keptAnswers};
+    SplitPlaces m_splitWrites{Wire::collectedWrites};
     int m_owed = 0;
     bool m_answersQuickly = true; ///< The last answer came within the lookout.
     Counts m_counts;

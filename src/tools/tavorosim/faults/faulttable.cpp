@@ -133,6 +133,7 @@ void answerAnother(const FaultedRequest &request, Delivery &delivery)
     if (request.past.unanswered.lables != 0) {
         packet.head.lables = request.past.unanswered.lables;
         packet.head.stream = request.past.unanswered.stream;
+        packet.head.number = request.past.unanswered.number;
     }
     delivery.bytes = frameOf(packet);
 }
@@ -230,7 +231,7 @@ constexpr FaultRow faultRows[] = {
     {"packets",             "NUMBER", 0,    any,         any,             "claims that the answer has so many packets",                  claimPackets},
     {"swap-packets",        "",       0,    0,           0,               "the next packet comes first, then this one",                  swapPackets},
     {"twice",               "",       0,    0,           0,               "answers two times",                                           answerTwice},
-    {"other-tag",           "",       0,    0,           0,               "answers with tag and stream of a request left unanswered",    answerAnother},
+    {"other-tag",           "",       0,    0,           0,               "answers to a request that was left unanswered",               answerAnother},
     {"truncate",            "BYTES",  0,    any,         0,               "only so much of the body, 0: half; the frame is in order",    cutBody},
     {"garble",              "BYTES",  1,    any,         1,               "so many bytes of the body are #; the frame is in order",      garbleBody},
     {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for so long, 0: until \"fault clear\"", stopReading},

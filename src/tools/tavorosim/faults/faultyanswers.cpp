@@ -37,6 +37,7 @@ bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
     if (held == heldBack.end())
         return false;
     held->head.lables = request.lables;
+    held->head.number = request.number;
     delivery.bytes = SSProxy::Wire::encodeFrame(held->head, held->body);
     delivery.unworked = std::move(*held);
     heldBack.erase(held);

@@ -14,24 +14,32 @@ std::string bytes(OutcomeState state, quint8 status = 0)
 
 } // namespace
 
-void ConnectionOutcomes::arrive()
+void ConnectionOutcomes::arrive(quint32 number)
 {
-    m_outcomes[++m_arrived % mostRequests] = {};
+    if (number == 0)
+        return;
+    m_lastArrived = number;
+    m_outcomes[number % mostRequests] = {number, OutcomeState::UnderWay, 0};
 }
 
-void ConnectionOutcomes::finish(quint8 status)
+void ConnectionOutcomes::finish(quint32 number, quint8 status)
 {
-    m_outcomes[m_arrived % mostRequests] = {OutcomeState::Done, status};
+    Outcome &outcome = m_outcomes[number % mostRequests];
+    if (number != 0 && outcome.number == number)
+        outcome = {number, OutcomeState::Done, status};
 }
 
-std::string ConnectionOutcomes::tell(quint32 ordinal) const
+/// A client numbers its requests in the order in which it sends them: one that is not remembered
+/// has been forgotten if it is much older than the last one, and has not arrived otherwise.
+std::string ConnectionOutcomes::tell(quint32 number) const
 {
-    if (ordinal > m_arrived)
-        return bytes(OutcomeState::NotArrived);
-    if (ordinal == 0 || m_arrived - ordinal >= mostRequests)
+    const Outcome &outcome = m_outcomes[number % mostRequests];
+    if (number == 0)
         return bytes(OutcomeState::Unknown);
-    const Outcome &outcome = m_outcomes[ordinal % mostRequests];
-    return bytes(outcome.state, outcome.status);
+    if (outcome.number == number)
+        return bytes(outcome.state, outcome.status);
+    const bool isForgotten = m_lastArrived > number && m_lastArrived - number >= mostRequests;
+    return bytes(isForgotten ? OutcomeState::Unknown : OutcomeState::NotArrived);
 }
 
 std::shared_ptr<ConnectionOutcomes> OutcomeLog::open(const ConnectionId &id)
@@ -47,7 +55,7 @@ std::string OutcomeLog::tell(const SSProxy::Wire::RequestId &request) const
     for (const auto &connection : m_connections) {
         if (connection->id().client == request.connection.client
             && connection->id().number == request.connection.number)
-            return connection->tell(request.ordinal);
+            return connection->tell(request.number);
     }
     return bytes(OutcomeState::Unknown);
 }

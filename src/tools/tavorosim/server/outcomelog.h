@@ -9,7 +9,7 @@
 
 namespace Tavoro::Sim {
 
-/// What became of the requests of one connection: of the last ones, by their numbers from 1.
+/// What became of the last requests of one connection, by the numbers that the client gave them.
 class ConnectionOutcomes {
 public:
     static constexpr quint32 mostRequests = 256;
@@ -17,21 +17,22 @@ public:
     explicit ConnectionOutcomes(SSProxy::Wire::ConnectionId id) : m_id(std::move(id)) { }
 
     const SSProxy::Wire::ConnectionId &id() const { return m_id; }
-    /// A request has come.
-    void arrive();
-    /// The one that came last was answered.
-    void finish(quint8 status);
+    /// A request has arrived. Without a number (0) nothing is remembered.
+    void arrive(quint32 number);
+    /// It was answered.
+    void finish(quint32 number, quint8 status);
     /// State and status of a request, as they travel.
-    std::string tell(quint32 ordinal) const;
+    std::string tell(quint32 number) const;
 
 private:
     struct Outcome {
+        quint32 number = 0;
         SSProxy::Wire::OutcomeState state = SSProxy::Wire::OutcomeState::UnderWay;
         quint8 status = 0;
     };
 
     const SSProxy::Wire::ConnectionId m_id;
-    quint32 m_arrived = 0;
+    quint32 m_lastArrived = 0; ///< 0: none.
     std::array<Outcome, mostRequests> m_outcomes;
 };
 

@@ -193,7 +193,7 @@ void SimClient::take(FrameEvent event)
 void SimClient::answerRequest(FrameEvent event)
 {
     if (m_outcomes)
-        m_outcomes->arrive();
+        m_outcomes->arrive(event.head.number);
     if (m_faults.isIdle()) {
         const PacketAssembler::Packet answer = makeAnswer(std::move(event));
         const quint32 checksum =
@@ -285,7 +285,7 @@ void SimClient::note(const WireHead &request, const std::string &body,
                      const PacketAssembler::Packet &answer)
 {
     if (m_outcomes)
-        m_outcomes->finish(answer.head.status);
+        m_outcomes->finish(request.number, answer.head.status);
     qCInfo(simLog, "%s %s 0x%04X [%d %d %d %d] packet %u/%u -> status %d, packet %u/%u, %zu bytes",
            qUtf8Printable(m_peer), typeName(request.type), request.code(), request.arg2[3],
            request.arg2[2], request.arg2[1], request.arg2[0], request.sendCount, request.totalCount,

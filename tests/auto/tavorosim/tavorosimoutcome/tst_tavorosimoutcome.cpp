@@ -15,11 +15,11 @@ constexpr quint16 outcomeCode = 0x0102;
 constexpr char swapOff[] = R"({"swap":0})";
 
 /// 8 bytes of the client, the number of the connection and that of the request.
-std::string requestId(char client, char connection, int ordinal)
+std::string requestId(char client, char connection, int number)
 {
     std::string id(8, client);
     id += {connection, 0, 0, 0};
-    id += {static_cast<char>(ordinal & 0xFF), static_cast<char>(ordinal >> 8), 0, 0};
+    id += {static_cast<char>(number & 0xFF), static_cast<char>(number >> 8), 0, 0};
     return id;
 }
 
@@ -32,10 +32,10 @@ bool introduce(WireClient &client, char name, char connection)
 }
 
 /// State and status as hexadecimal digits.
-QByteArray ask(WireClient &client, char name, char connection, int ordinal)
+QByteArray ask(WireClient &client, char name, char connection, int number)
 {
     const WireFrame answer = client.exchange(
-        WireClient::request(outcomeCode, CommandType::Read, requestId(name, connection, ordinal)));
+        WireClient::request(outcomeCode, CommandType::Read, requestId(name, connection, number)));
     return QByteArray::fromStdString(answer.body).toHex();
 }
 
@@ -69,7 +69,8 @@ void tst_TavoroSimOutcome::requestsAreCountedAsTheyCome()
     QCOMPARE(ask(client, 'a', 1, 1), QByteArray("0300"));
     QCOMPARE(ask(client, 'a', 1, 2), QByteArray("0304"));
 
-    const WireFrame broken = WireClient::request(0x1107, CommandType::Write, swapOff);
+    const WireFrame broken =
+        client.numbered(WireClient::request(0x1107, CommandType::Write, swapOff));
     QByteArray bytes = SSProxy::Wire::encodeFrame(broken.head, broken.body);
     bytes[bytes.size() - 1] = 'X';
     client.sendBytes(bytes); // the fifth, with the questions

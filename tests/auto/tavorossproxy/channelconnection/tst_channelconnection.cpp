@@ -95,6 +95,17 @@ void tst_ChannelConnection::identityThatCannotBeUsed_data()
         << QByteArray("{\"maxPacketSize\":64}") << 362
         << QStringLiteral("The device at wall:6630 cannot be reached: its identity cannot be read: "
                           "the serial number is not 16 hexadecimal digits.");
+    const QByteArray version1 = QByteArray::fromStdString(identity());
+    QTest::newRow("another protocol version")
+        << QByteArray(version1).replace("\"protocolVersion\":1", "\"protocolVersion\":2") << 359
+        << QStringLiteral(
+               "The device at wall:6630 cannot be reached: it speaks protocol version 2, "
+               "and only version 1 is supported.");
+    QTest::newRow("no protocol version")
+        << QByteArray(version1).replace("\"protocolVersion\":1,", "") << 359
+        << QStringLiteral(
+               "The device at wall:6630 cannot be reached: it speaks protocol version 0, "
+               "and only version 1 is supported.");
 }
 
 void tst_ChannelConnection::identityThatCannotBeUsed()

@@ -43,6 +43,9 @@ private Q_SLOTS:
     void answerThatDoesNotFit();
     void packetCountAtTheLimitPasses();
     void anotherPacketOfAReadIsRefused();
+    void furtherPacketWithAnotherTotalIsRefused();
+    void countsOfZeroAreOnePacket_data();
+    void countsOfZeroAreOnePacket();
     void refusalsHaveNoIndex();
     void answersToWritesHaveNoIndex();
     void frameThatEndsTheConnection_data();
@@ -143,12 +146,13 @@ void tst_ChannelFailures::answerThatDoesNotFit_data()
     QTest::addColumn<int>("status");
     QTest::newRow("function code") << 29 << 0x01 << 357;
     QTest::newRow("base code") << 30 << 0x12 << 357;
+    QTest::newRow("filter") << 33 << 0x01 << 357;
     QTest::newRow("type") << 20 << 2 << 362;
     QTest::newRow("kind nobody knows") << 10 << 99 << 362;
     QTest::newRow("kind of a client") << 10 << 1 << 362;
     QTest::newRow("packet count") << 23 << 2 << 363; // 131072 and some
     QTest::newRow("checksum index") << 9 << 7 << 360;
-    QTest::newRow("checksum of the body") << 36 << int('X') << 361;
+    QTest::newRow("checksum of the body") << 40 << int('X') << 361;
 }
 
 void tst_ChannelFailures::answerThatDoesNotFit()
@@ -201,6 +205,56 @@ void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
         QCOMPARE(int(response->status), 363);
         QCOMPARE(response->body(), std::string());
     }
+}
+
+void tst_ChannelFailures::furtherPacketWithAnotherTotalIsRefused()
+{
+    connectChannel();
+    auto command = request();
+    command->head().totalCount = 3;
+    command->head().sendCount = 1;
+    auto caller = call(command);
+    auto head = Wire::responseHead(nextRequest());
+    head.totalCount = 4;
+    head.sendCount = 1;
+    m_peer->send(head, "of another answer");
+    const auto response = caller.response();
+    QCOMPARE(int(response->status), 363);
+    QCOMPARE(response->body(), std::string());
+}
+
+void tst_ChannelFailures::countsOfZeroAreOnePacket_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<unsigned>("sendCount");
+    QTest::addColumn<int>("status");
+    QTest::newRow("read, index 0") << 1 << 0u << 0;
+    QTest::newRow("binary read, index 0") << 3 << 0u << 0;
+    QTest::newRow("write, index 0") << 2 << 0u << 0;
+    QTest::newRow("read, index 1") << 1 << 1u << 363;
+    QTest::newRow("write, index 1") << 2 << 1u << 363;
+    QTest::newRow("binary write, last index") << 4 << 4294967295u << 363;
+}
+
+/// A caller that divides by the count gets no infinite progress.
+void tst_ChannelFailures::countsOfZeroAreOnePacket()
+{
+    QFETCH(int, type);
+    QFETCH(unsigned, sendCount);
+    connectChannel();
+    auto caller = call(request(0x1100, static_cast<quint8>(type)));
+    auto head = Wire::responseHead(nextRequest());
+    head.totalCount = 0;
+    head.sendCount = sendCount;
+    m_peer->send(head, "body");
+    const auto response = caller.response();
+    QTEST(int(response->status), "status");
+    if (response->status != 0)
+        return;
+    const PacketHead answer = response->head();
+    QCOMPARE(quint32{answer.totalCount}, 1u);
+    QCOMPARE(quint32{answer.sendCount}, 0u);
+    QCOMPARE(response->body(), std::string("body"));
 }
 
 void tst_ChannelFailures::refusalsHaveNoIndex()
@@ -311,7 +365,7 @@ void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
     auto second = call(request(0x1102));
     nextRequest();
     const QByteArray frame = Wire::encodeFrame(Wire::responseHead(head), "a body");
-    m_peer->send(std::string_view(frame.constData(), 38));
+    m_peer->send(std::string_view(frame.constData(), 42));
     m_peer->fail(QStringLiteral("cable pulled"));
     QCOMPARE(first.response()->status, quint16(358));
     QCOMPARE(second.response()->status, quint16(259));
@@ -324,7 +378,7 @@ void tst_ChannelFailures::answerThatStopsEndsTheConnection()
     auto caller = call(request(0x1100, 1, {}, 300));
     const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
     m_loop->advance(200ms);
-    m_peer->send(std::string_view(frame.constData(), 38));
+    m_peer->send(std::string_view(frame.constData(), 42));
     m_loop->advance(100ms);
     QCOMPARE(caller.response()->status, quint16(365));
     QVERIFY(!m_channel->isHardwareReadFinished());
@@ -356,13 +410,13 @@ void tst_ChannelFailures::answerThatGoesOnKeepsTheConnection()
     auto caller = call(request(0x1100, 1, {}, 300));
     const QByteArray frame = Wire::encodeFrame(Wire::responseHead(nextRequest()), "a body");
     m_loop->advance(100ms);
-    m_peer->send(std::string_view(frame.constData(), 38));
+    m_peer->send(std::string_view(frame.constData(), 42));
     m_loop->advance(101ms);
-    m_peer->send(std::string_view(frame.constData() + 38, 1));
+    m_peer->send(std::string_view(frame.constData() + 42, 1));
     m_loop->advance(99ms);
     QCOMPARE(caller.response()->status, quint16(365));
     QVERIFY(m_channel->isHardwareReadFinished());
-    m_peer->send(std::string_view(frame.constData() + 39, 3));
+    m_peer->send(std::string_view(frame.constData() + 43, 3));
     QCOMPARE(m_channel->statistics().lateAnswers, quint64(1));
 }
 

@@ -22,7 +22,7 @@ void tst_DeviceCommand::freshRequestIsAllZeroAndEmpty()
 {
     const DeviceRequestCommand request;
     const auto *bytes = reinterpret_cast<const char *>(&request.head());
-    QCOMPARE(QByteArray(bytes, sizeof request.head()), QByteArray(36, '\0'));
+    QCOMPARE(QByteArray(bytes, sizeof request.head()), QByteArray(40, '\0'));
     QVERIFY(request.body().empty());
     QVERIFY(request.buffer().empty());
     QCOMPARE(request.bufferLen(), std::size_t(0));
@@ -60,9 +60,9 @@ void tst_DeviceCommand::headStandsAtItsPositions()
     for (int i = 0; i < 4; ++i)
         head.arg2[i] = static_cast<quint8>(13 + i);
     const auto *bytes = reinterpret_cast<const char *>(&head);
-    QCOMPARE(QByteArray(bytes, 36).toHex(' '),
+    QCOMPARE(QByteArray(bytes, 40).toHex(' '),
              QByteArray("00 00 00 01 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 02 03 04 05 "
-                        "06 07 08 09 0a 0b 0c 0d 0e 0f 10 00"));
+                        "06 07 08 09 0a 0b 0c 0d 0e 0f 10 00 00 00 00 00"));
 }
 
 void tst_DeviceCommand::codeIsStoredLowByteFirst()

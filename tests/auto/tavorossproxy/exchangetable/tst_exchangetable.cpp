@@ -1,10 +1,12 @@
 #include <tavorossproxy/channel/exchangetable_p.h>
 #include <tavorossproxy/channeloptions.h>
+#include <tavorowire/frame.h>
 
 #include <support/tavorossproxy/manualloop.h>
 
 #include <QTest>
 
+#include <cstring>
 #include <set>
 
 using namespace Tavoro::SSProxy;
@@ -24,6 +26,19 @@ DeviceRequestCommand request(quint8 type = 1, quint32 totalCount = 0, quint16 st
     DeviceRequestCommand command;
     command.head() = Wire::packetHead(head);
     return command;
+}
+
+Wire::WireHead headOf(const QByteArray &frame)
+{
+    Wire::WireHead head;
+    std::memcpy(static_cast<void *>(&head), frame.constData(), sizeof head);
+    return head;
+}
+
+/// By value: the field is packed.
+quint32 numberOf(const Wire::WireHead &head)
+{
+    return head.number;
 }
 
 Wire::FrameEvent answerTo(const Wire::WireHead &head, const std::string &body = {})
@@ -48,6 +63,9 @@ private Q_SLOTS:
     void owedAnswerKeepsItsTag();
     void unsentFrameThatTimedOutFreesItsTag();
     void unsentFramesComeInTheirOrder();
+    void requestsAreNumberedInTheOrderOfSending();
+    void numbersContinueOnTheNextConnection();
+    void answerWithAnotherNumberIsStray();
     void readsGetStreamsOfTheirOwn();
     void streamsOfLongReadsAreNotGivenAgain();
     void streamsServeAgainBehindTheLastPacket();
@@ -58,6 +76,11 @@ private Q_SLOTS:
     void shutFreesOwedTags();
 
 private:
+    /// Begins without waiting.
+    ExchangeTable::Ticket begin(const DeviceRequestCommand &command)
+    {
+        return m_table->begin(command, m_clock.now());
+    }
     /// Begins, hands over and takes a frame for sending.
     Wire::WireHead sent(const DeviceRequestCommand &command);
     /// A whole exchange; its tag.
@@ -79,10 +102,9 @@ void tst_ExchangeTable::init()
 
 Wire::WireHead tst_ExchangeTable::sent(const DeviceRequestCommand &command)
 {
-    const auto ticket = m_table->begin(command);
-    m_table->submit(ticket.head.lables, QByteArray("frame"));
-    m_table->takeUnsent();
-    return ticket.head;
+    const auto ticket = begin(command);
+    m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
+    return headOf(*m_table->takeUnsent());
 }
 
 quint8 tst_ExchangeTable::exchanged()
@@ -99,7 +121,7 @@ void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
     for (int i = 0; i < 255; ++i)
         tags.insert(exchanged());
     QCOMPARE(tags.size(), std::size_t(255));
-    QCOMPARE(m_table->begin(request()).head.lables, *tags.begin());
+    QCOMPARE(begin(request()).head.lables, *tags.begin());
 }
 
 /// So many are owed at the most before a channel makes its connection anew.
@@ -124,12 +146,12 @@ void tst_ExchangeTable::requestWithoutAFreeTagIsRefused()
 {
     Wire::WireHead last;
     for (int i = 0; i < 255; ++i)
-        last = sent(request());
-    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+        last = sent(request(2)); // more reads would wait
+    QCOMPARE(begin(request()).refusal, quint16(262));
 
     m_table->settle(answerTo(last), maxPackets);
     m_table->await(last, m_clock.now());
-    const auto ticket = m_table->begin(request());
+    const auto ticket = begin(request());
     QCOMPARE(ticket.refusal, quint16(0));
     QCOMPARE(ticket.head.lables, last.lables);
 }
@@ -140,19 +162,19 @@ void tst_ExchangeTable::owedAnswerKeepsItsTag()
     QCOMPARE(m_table->await(late, m_clock.now())->status, quint16(260));
     QCOMPARE(m_table->owedAnswers(), 1);
     for (int i = 0; i < 254; ++i)
-        QVERIFY(sent(request()).lables != late.lables);
-    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+        QVERIFY(sent(request(2)).lables != late.lables);
+    QCOMPARE(begin(request()).refusal, quint16(262));
 
     m_table->settle(answerTo(late, "late"), maxPackets);
     QCOMPARE(m_table->owedAnswers(), 0);
     QCOMPARE(m_table->counts().lateAnswers, quint64(1));
-    QCOMPARE(m_table->begin(request()).head.lables, late.lables);
+    QCOMPARE(begin(request()).head.lables, late.lables);
 }
 
 void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
 {
-    const auto ticket = m_table->begin(request());
-    m_table->submit(ticket.head.lables, QByteArray("frame"));
+    const auto ticket = begin(request());
+    m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(260));
     QVERIFY(!m_table->takeUnsent().has_value());
     QCOMPARE(m_table->owedAnswers(), 0);
@@ -160,18 +182,59 @@ void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
 
 void tst_ExchangeTable::unsentFramesComeInTheirOrder()
 {
-    for (const char *frame : {"one", "two", "three"})
-        m_table->submit(m_table->begin(request()).head.lables, QByteArray(frame));
-    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("one"));
-    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("two"));
-    QCOMPARE(m_table->takeUnsent(), std::optional<QByteArray>("three"));
+    for (const char *body : {"one", "two", "three"}) {
+        const auto head = begin(request()).head;
+        m_table->submit(head.lables, Wire::encodeFrame(head, body));
+    }
+    constexpr int headSize = sizeof(Wire::WireHead);
+    QCOMPARE(m_table->takeUnsent()->mid(headSize), QByteArray("one"));
+    QCOMPARE(m_table->takeUnsent()->mid(headSize), QByteArray("two"));
+    QCOMPARE(m_table->takeUnsent()->mid(headSize), QByteArray("three"));
     QVERIFY(!m_table->takeUnsent().has_value());
+}
+
+void tst_ExchangeTable::requestsAreNumberedInTheOrderOfSending()
+{
+    const auto first = begin(request()).head;
+    const auto second = begin(request()).head;
+    const auto third = begin(request()).head;
+    m_table->submit(third.lables, Wire::encodeFrame(third));
+    m_table->submit(second.lables, Wire::encodeFrame(second));
+    m_table->await(second, m_clock.now()); // times out before it is sent
+    m_table->submit(first.lables, Wire::encodeFrame(first));
+    QCOMPARE(numberOf(headOf(*m_table->takeUnsent())), quint32(1));
+    const QByteArray last = *m_table->takeUnsent();
+    QCOMPARE(numberOf(headOf(last)), quint32(2));
+    Wire::FrameParser parser;
+    std::string_view bytes(last.constData(), static_cast<std::size_t>(last.size()));
+    QCOMPARE(parser.next(bytes)->status, quint16(0)); // the checksum is that of the numbered head
+    QCOMPARE(m_table->lastSent(first.lables)->number, quint32(2));
+    QVERIFY(!m_table->lastSent(second.lables).has_value());
+}
+
+void tst_ExchangeTable::numbersContinueOnTheNextConnection()
+{
+    QCOMPARE(numberOf(sent(request())), quint32(1));
+    m_table->shut(Disconnected, Disconnected);
+    m_table->open(1024);
+    QCOMPARE(numberOf(sent(request())), quint32(2));
+}
+
+void tst_ExchangeTable::answerWithAnotherNumberIsStray()
+{
+    const auto head = sent(request());
+    auto other = head;
+    ++other.number;
+    m_table->settle(answerTo(other), maxPackets);
+    QCOMPARE(m_table->counts().strayAnswers, quint64(1));
+    m_table->settle(answerTo(head, "own"), maxPackets);
+    QCOMPARE(m_table->await(head, m_clock.now())->body(), std::string("own"));
 }
 
 void tst_ExchangeTable::readsGetStreamsOfTheirOwn()
 {
-    const quint16 first = m_table->begin(request()).head.stream;
-    const quint16 second = m_table->begin(request()).head.stream;
+    const quint16 first = begin(request()).head.stream;
+    const quint16 second = begin(request()).head.stream;
     QCOMPARE(first, quint16(1));
     QCOMPARE(second, quint16(2));
 }
@@ -219,30 +282,30 @@ void tst_ExchangeTable::streamsServeAgainBehindTheLastPacket()
 
 void tst_ExchangeTable::packetsOfOneThreadShareAStream()
 {
-    const quint16 first = m_table->begin(request(2, 3)).head.stream;
-    const quint16 second = m_table->begin(request(2, 3)).head.stream;
+    const quint16 first = begin(request(2, 3)).head.stream;
+    const quint16 second = begin(request(2, 3)).head.stream;
     QCOMPARE(first, second);
     QVERIFY(first >= 0x8000);
 }
 
 void tst_ExchangeTable::packetsOfTwoThreadsDoNot()
 {
-    const quint16 here = m_table->begin(request(2, 3)).head.stream;
+    const quint16 here = begin(request(2, 3)).head.stream;
     quint16 there = 0;
-    std::thread([&] { there = m_table->begin(request(2, 3)).head.stream; }).join();
+    std::thread([&] { there = begin(request(2, 3)).head.stream; }).join();
     QVERIFY(here != there);
 }
 
 void tst_ExchangeTable::streamOfTheCallerIsKept()
 {
-    QCOMPARE(m_table->begin(request(1, 3, 77)).head.stream, quint16(77));
+    QCOMPARE(begin(request(1, 3, 77)).head.stream, quint16(77));
 }
 
 void tst_ExchangeTable::requestLostBeforeItWasHandedOverEnds()
 {
-    const auto ticket = m_table->begin(request());
+    const auto ticket = begin(request());
     m_table->shut(Disconnected, Disconnected);
-    m_table->submit(ticket.head.lables, QByteArray("frame"));
+    m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QVERIFY(!m_table->takeUnsent().has_value());
     QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(259));
 }

@@ -118,9 +118,9 @@ void tst_WireCapture::framesAreCutFromWhatTravelled()
     QCOMPARE(
         itemsOf(text),
         (QStringList{QStringLiteral("1 1 opened < 0 0 0 127.0.0.1"),
-                     QStringLiteral("2 3 frame < 6 0 36"), QStringLiteral("2 3 frame < 7 0 36"),
-                     QStringLiteral("1 4 frame < 6 0 36"), QStringLiteral("1 5 frame > 7 0 36"),
-                     QStringLiteral("2 6 closed < 0 0 0"), QStringLiteral("2 7 frame < 7 0 36")}));
+                     QStringLiteral("2 3 frame < 6 0 40"), QStringLiteral("2 3 frame < 7 0 40"),
+                     QStringLiteral("1 4 frame < 6 0 40"), QStringLiteral("1 5 frame > 7 0 40"),
+                     QStringLiteral("2 6 closed < 0 0 0"), QStringLiteral("2 7 frame < 7 0 40")}));
 }
 
 void tst_WireCapture::partsOfFramesAreShownWhereTheConnectionEnds()
@@ -129,19 +129,19 @@ void tst_WireCapture::partsOfFramesAreShownWhereTheConnectionEnds()
     head.kind = static_cast<quint8>(Wire::FrameKind::Report);
     const std::string report = bytesOf(Wire::encodeFrame(head, "[1,2,3]"));
     const std::string text = captureOf(
-        {line(1, 1, CaptureEvent::Received, report + report.substr(0, 35)),
+        {line(1, 1, CaptureEvent::Received, report + report.substr(0, 39)),
          line(1, 2, CaptureEvent::Lost, "The remote host closed the connection"),
-         line(1, 3, CaptureEvent::Received, report.substr(0, 36)),
+         line(1, 3, CaptureEvent::Received, report.substr(0, 40)),
          line(1, 4, CaptureEvent::Sent, report.substr(0, 1)), line(1, 5, CaptureEvent::Close),
-         line(2, 6, CaptureEvent::Received, report.substr(0, 42)),
+         line(2, 6, CaptureEvent::Received, report.substr(0, 46)),
          line(1, 7, CaptureEvent::Open, "127.0.0.1")});
     QCOMPARE(itemsOf(text),
-             (QStringList{QStringLiteral("1 1 frame < 3 0 43"), QStringLiteral("1 1 part < 0 0 35"),
+             (QStringList{QStringLiteral("1 1 frame < 3 0 47"), QStringLiteral("1 1 part < 0 0 39"),
                           QStringLiteral("1 2 lost < 0 0 0 The remote host closed the connection"),
-                          QStringLiteral("1 4 part > 0 0 1"), QStringLiteral("1 3 part < 3 0 36"),
+                          QStringLiteral("1 4 part > 0 0 1"), QStringLiteral("1 3 part < 3 0 40"),
                           QStringLiteral("1 5 closed < 0 0 0"),
                           QStringLiteral("1 7 opened < 0 0 0 127.0.0.1"),
-                          QStringLiteral("2 6 part < 3 0 42")}));
+                          QStringLiteral("2 6 part < 3 0 46")}));
 }
 
 void tst_WireCapture::whatIsNoCaptureIsToldByItsLine_data()

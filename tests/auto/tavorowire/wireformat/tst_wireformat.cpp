@@ -18,7 +18,7 @@ namespace {
 struct Told {
     const char *name;
     int kind, lables, status, stream, type;
-    unsigned totalCount, sendCount, code, arg2;
+    unsigned totalCount, sendCount, code, arg2, number;
     const char *body;
 };
 
@@ -27,23 +27,23 @@ constexpr auto identityBody = R"({"protocolVersion":1,"modelId":30465,"sn":"0123
 
 // clang-format off
 const Told toldFrames[] = {
-//   name                      kind lables status stream  type total send code    arg2        body
-    {"identity-request",       4,   0,     0,     0,      0,   0,    0,   0,      0,          ""},
-    {"identity-answer",        5,   0,     0,     0,      0,   0,    0,   0,      0,          identityBody},
-    {"write-request",          1,   1,     0,     1,      2,   0,    0,   0x1107, 0,          R"({"swap":1})"},
-    {"write-response",         2,   1,     0,     1,      2,   1,    0,   0x1107, 0,          ""},
-    {"write-refused",          2,   1,     4,     1,      2,   1,    0,   0x1107, 0,          ""},
-    {"read-request",           1,   2,     0,     2,      3,   0,    0,   0xFA04, 0x00000703, ""},
-    {"read-response",          2,   2,     0,     2,      3,   2,    0,   0xFA04, 0x00000703, "hello, wal"},
-    {"read-request-1",         1,   3,     0,     2,      3,   2,    1,   0xFA04, 0x00000703, ""},
-    {"read-response-1",        2,   3,     0,     2,      3,   2,    1,   0xFA04, 0x00000703, "l"},
-    {"split-write-request-0",  1,   4,     0,     0x8001, 4,   2,    0,   0xFA03, 0x00000703, "hello, wal"},
-    {"split-write-response-0", 2,   4,     0,     0x8001, 4,   1,    0,   0xFA03, 0x00000703, ""},
-    {"split-write-request-1",  1,   5,     0,     0x8001, 4,   2,    1,   0xFA03, 0x00000703, "l"},
-    {"split-write-response-1", 2,   5,     0,     0x8001, 4,   1,    0,   0xFA03, 0x00000703, ""},
-    {"report",                 3,   0,     0,     0,      1,   1,    0,   0x1103, 0,          R"({"powers":[{"powerId":0,"iSignal":1,"status":1}]})"},
-    {"ping",                   6,   0,     0,     0,      0,   0,    0,   0,      0,          ""},
-    {"pong",                   7,   0,     0,     0,      0,   0,    0,   0,      0,          ""},
+//   name                      kind lables status stream  type total send code    arg2        number body
+    {"identity-request",       4,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
+    {"identity-answer",        5,   0,     0,     0,      0,   0,    0,   0,      0,          0,     identityBody},
+    {"write-request",          1,   1,     0,     1,      2,   0,    0,   0x1107, 0,          1,     R"({"swap":1})"},
+    {"write-response",         2,   1,     0,     1,      2,   1,    0,   0x1107, 0,          1,     ""},
+    {"write-refused",          2,   1,     4,     1,      2,   1,    0,   0x1107, 0,          1,     ""},
+    {"read-request",           1,   2,     0,     2,      3,   0,    0,   0xFA04, 0x00000703, 2,     ""},
+    {"read-response",          2,   2,     0,     2,      3,   2,    0,   0xFA04, 0x00000703, 2,     "hello, wal"},
+    {"read-request-1",         1,   3,     0,     2,      3,   2,    1,   0xFA04, 0x00000703, 3,     ""},
+    {"read-response-1",        2,   3,     0,     2,      3,   2,    1,   0xFA04, 0x00000703, 3,     "l"},
+    {"split-write-request-0",  1,   4,     0,     0x8001, 4,   2,    0,   0xFA03, 0x00000703, 4,     "hello, wal"},
+    {"split-write-response-0", 2,   4,     0,     0x8001, 4,   1,    0,   0xFA03, 0x00000703, 4,     ""},
+    {"split-write-request-1",  1,   5,     0,     0x8001, 4,   2,    1,   0xFA03, 0x00000703, 5,     "l"},
+    {"split-write-response-1", 2,   5,     0,     0x8001, 4,   1,    0,   0xFA03, 0x00000703, 5,     ""},
+    {"report",                 3,   0,     0,     0,      1,   1,    0,   0x1103, 0,          0,     R"({"powers":[{"powerId":0,"iSignal":1,"status":1}]})"},
+    {"ping",                   6,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
+    {"pong",                   7,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
 };
 // clang-format on
 
@@ -61,6 +61,7 @@ WireHead headOf(const Told &told)
     head.FC = static_cast<quint8>(told.code & 0xFF);
     for (int i = 0; i < 4; ++i)
         head.arg2[i] = static_cast<quint8>(told.arg2 >> 8 * i & 0xFF);
+    head.number = told.number;
     return head;
 }
 
@@ -97,6 +98,7 @@ private Q_SLOTS:
     void checksumOfABodyContinuesOverItsParts();
     void everyNamedByteStandsWhereThePageSays();
     void responseHeadEchoesTheRequest();
+    void numberIsPutIntoAnEncodedFrame();
 };
 
 void tst_WireFormat::everyDumpOfThePageIsTold()
@@ -166,8 +168,9 @@ void tst_WireFormat::everyNamedByteStandsWhereThePageSays()
     const quint8 filters[] = {0x20, 0x21, 0x22, 0x23};
     std::copy(std::begin(filters), std::end(filters), head.arg2);
     head.reserved35 = 0x24;
+    head.number = 0x28272625;
     const auto *bytes = reinterpret_cast<const quint8 *>(&head);
-    for (int i = 0; i < 36; ++i)
+    for (int i = 0; i < 40; ++i)
         QCOMPARE(int(bytes[i]), i + 1);
     QCOMPARE(head.code(), quint16(0x1F1E));
 }
@@ -181,6 +184,15 @@ void tst_WireFormat::responseHeadEchoesTheRequest()
     WireHead expected = headOf(toldFrames[6]);
     expected.totalCount = 1;
     QCOMPARE(encodeFrame(response).toHex(), encodeFrame(expected).toHex());
+}
+
+void tst_WireFormat::numberIsPutIntoAnEncodedFrame()
+{
+    Told told = toldFrames[2];
+    told.number = 0;
+    QByteArray frame = encodeFrame(headOf(told), told.body);
+    setNumber(frame, 1);
+    QCOMPARE(frame.toHex(), dumpsOfPage().value("write-request").toHex());
 }
 
 QTEST_APPLESS_MAIN(tst_WireFormat)
