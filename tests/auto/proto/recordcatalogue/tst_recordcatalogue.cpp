@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <utility>
+
 namespace {
 
 QStringList linesOf(const QString &path)
@@ -20,21 +22,22 @@ QString captured(const QString &line, const QString &pattern)
     return QRegularExpression(pattern).match(line).captured(1);
 }
 
-/// Full names of the records that a header declares, in its order.
+/// Full names of the records that a header declares, in its order. Their names begin with s_.
 QStringList recordsOfHeader(const QString &path)
 {
+    const QRegularExpression fields(QStringLiteral("^    TAVORO_\\w*FIELDS\\("));
     QString space;
     QString record;
     QStringList names;
     for (const QString &line : linesOf(path)) {
         const QString newSpace = captured(line, QStringLiteral("^namespace ([\\w:]+) \\{"));
-        const QString newRecord = captured(line, QStringLiteral("^struct (\\w+)"));
+        const QString newRecord = captured(line, QStringLiteral("^struct (s_\\w+)"));
         if (!newSpace.isEmpty())
             space = newSpace;
         if (!newRecord.isEmpty())
             record = newRecord;
-        if (line.startsWith(QLatin1String("    TAVORO_FIELDS(")))
-            names << space + QStringLiteral("::") + record;
+        if (!record.isEmpty() && line.contains(fields))
+            names << space + QStringLiteral("::") + std::exchange(record, QString());
     }
     return names;
 }
