@@ -148,7 +148,7 @@ std::shared_ptr<DeviceResponseCommand> ChannelCore::exchange(DeviceRequestComman
     request.head().lables = 0; // that of an exchange before would be taken for this one's
     if (m_loop->isCurrentThread())
         return makeResponse(request.head(), CalledOnChannelThread);
-    const auto ticket = m_exchanges.begin(request);
+    const auto ticket = m_exchanges.begin(request, deadline);
     if (ticket.refusal != 0)
         return makeResponse(request.head(), ticket.refusal);
 

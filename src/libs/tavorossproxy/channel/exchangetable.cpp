@@ -21,17 +21,17 @@ constexpr std::chrono::microseconds lookout(200);
 /// Longest frame whose storage is kept, in bytes.
 constexpr int longestKept = 4 << 20;
 
-/// Split answers that a device keeps for a connection at the least; older ones it may forget.
-constexpr std::size_t keptAnswers = 16;
+/// Streams from here on belong to writes, those below to reads.
+constexpr quint16 firstWriteStream = 0x8000;
 
-/// Streams from here on belong to calling threads, those below to single requests.
-constexpr quint16 firstThreadStream = 0x8000;
-
-quint16 streamOfThisThread()
+/// Contents of files are collected by the file, not by the stream: each calling thread has a stream
+/// for them, which keeps its packets in order.
+quint16 contentStreamOfThisThread()
 {
     static std::atomic<unsigned> threads{0};
     thread_local const unsigned number = threads++;
-    return static_cast<quint16>(firstThreadStream | (number & 0x7FFF));
+    constexpr unsigned first = firstWriteStream + Wire::collectedWrites;
+    return static_cast<quint16>(first + number % (0x10000 - first));
 }
 
 bool isKnownType(quint8 type)
@@ -43,6 +43,19 @@ bool isRead(const Wire::WireHead &request)
 {
     return request.type == quint8(CommandType::Read)
         || request.type == quint8(CommandType::BinaryRead);
+}
+
+/// The device keeps a long answer to \a head and hands it out by packets.
+bool mayBeSplitRead(const Wire::WireHead &head)
+{
+    constexpr quint8 linkCommands = 0x01; // base code; their answers are short
+    return isRead(head) && head.BC != linkCommands;
+}
+
+/// The device collects the packets of the write.
+bool isSplitWrite(const Wire::WireHead &head)
+{
+    return head.type == quint8(CommandType::Write) && head.totalCount > 1;
 }
 
 /// Tags and streams come round, numbers do not. The tags are equal already.
@@ -58,6 +71,14 @@ bool isRightPacket(const Wire::WireHead &request, const Wire::WireHead &answer)
         && (request.sendCount == 0 || answer.totalCount == request.totalCount);
 }
 
+/// A device may count the one packet of an answer as none: then callers get packet 1 of 1.
+Wire::WireHead countedOnce(Wire::WireHead answer)
+{
+    if (answer.totalCount == 0 && answer.sendCount == 0)
+        answer.totalCount = 1;
+    return answer;
+}
+
 /// What is wrong with an answer that reads well in itself.
 quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quint32 maxPacketCount)
 {
@@ -68,6 +89,8 @@ quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quin
         return WrongType;
     if (isRead(request) && answer.status == 0 && !isRightPacket(request, answer))
         return WrongLength;
+    if (answer.status == 0 && answer.totalCount == 0)
+        return WrongLength; // an index without a count
     return answer.totalCount > maxPacketCount ? WrongLength : 0;
 }
 
@@ -86,7 +109,8 @@ void ExchangeTable::shut(quint16 refusal, quint16 status, quint32 brokenOff)
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_refusal = refusal;
     m_unsent.clear();
-    m_handedOut.clear();
+    for (SplitPlaces *const places : {&m_splitReads, &m_splitWrites})
+        places->shut(refusal);
     m_owed = 0;
     const auto isBrokenOff = [brokenOff](const Slot &slot) {
         return brokenOff != 0 && slot.request.number == brokenOff;
@@ -105,24 +129,25 @@ quint16 ExchangeTable::refusal() const
     return m_refusal;
 }
 
-ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request)
+ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request,
+                                           Clock::TimePoint deadline)
 {
     Ticket ticket;
     ticket.head = Wire::wireHead(request.head());
     ticket.head.kind = static_cast<quint8>(Wire::FrameKind::Request);
 
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_refusal != 0)
-        ticket.refusal = m_refusal;
-    else if (!isKnownType(ticket.head.type) || request.body().size() > m_maxBody)
-        ticket.refusal = InvalidRequest;
-    else if (ticket.head.lables = freeTag(); ticket.head.lables == 0)
+    std::unique_lock<std::mutex> lock(m_mutex);
+    SplitPlaces *const places = placesFor(ticket.head);
+    ticket.refusal = refusalOf(ticket.head, request.body().size());
+    if (ticket.refusal == 0 && places)
+        ticket.refusal = places->await(m_clock, lock, deadline);
+    m_counts.timeouts += ticket.refusal == RequestTimedOut;
+    if (ticket.refusal == 0 && (ticket.head.lables = freeTag()) == 0)
         ticket.refusal = NoFreeTag;
     if (ticket.refusal != 0)
         return ticket;
 
-    if (ticket.head.stream == 0)
-        ticket.head.stream = freshStream(ticket.head);
+    assignStream(ticket.head, places);
     Slot &slot = m_slots[ticket.head.lables];
     slot.state = State::Taken;
     slot.begun = false;
@@ -130,6 +155,23 @@ ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request)
     slot.request = ticket.head;
     ++m_counts.requests;
     return ticket;
+}
+
+quint16 ExchangeTable::refusalOf(const Wire::WireHead &head, std::size_t bodySize) const
+{
+    if (m_refusal != 0)
+        return m_refusal;
+    return isKnownType(head.type) && bodySize <= m_maxBody ? quint16(0) : quint16(InvalidRequest);
+}
+
+/// Where a request that needs a place waits for it; null when it needs none, or has one already.
+SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
+{
+    if (isSplitWrite(head) && m_splitWrites.streamOfThisThread() == 0)
+        return &m_splitWrites;
+    if (mayBeSplitRead(head) && head.sendCount == 0 && !m_splitReads.holds(head.stream))
+        return &m_splitReads;
+    return nullptr;
 }
 
 /// The system would take the storage of a long frame back and clear it for the next one.
@@ -226,11 +268,12 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
         ++m_counts.lateAnswers;
         return;
     }
+    answer.head = countedOnce(answer.head);
     if (answer.status == 0)
         answer.status = misfit(slot.request, answer.head, maxPacketCount);
+    notePacket(slot.request, answer.head, answer.status);
     end(slot, answer.status);
     if (answer.status == 0) {
-        noteStream(answer.head);
         slot.response->head() = Wire::packetHead(answer.head);
         slot.response->body() = std::move(answer.body);
         slot.response->status = answer.head.status;
@@ -270,28 +313,42 @@ quint8 ExchangeTable::freeTag()
 /// The packets of a split write reach the channel without a stream in common, one after the other
 /// from one thread. A read gets a stream of its own, which its further packets inherit: the caller
 /// may read something else between two of them.
-quint16 ExchangeTable::freshStream(const Wire::WireHead &head)
+void ExchangeTable::assignStream(Wire::WireHead &head, SplitPlaces *places)
 {
-    if (head.totalCount > 1)
-        return streamOfThisThread();
+    const auto place = places ? places->freePlace(m_clock.now()) : std::nullopt;
+    if (isSplitWrite(head)) {
+        if (place)
+            places->take(*place, static_cast<quint16>(firstWriteStream + *place));
+        head.stream = m_splitWrites.streamOfThisThread();
+        m_splitWrites.resume(head.stream);
+        return;
+    }
+    if (head.stream == 0)
+        head.stream = head.totalCount > 1 ? contentStreamOfThisThread() : freshStream();
+    if (place)
+        places->take(*place, head.stream);
+    m_splitReads.resume(head.stream);
+}
+
+quint16 ExchangeTable::freshStream()
+{
     do {
-        m_lastStream = static_cast<quint16>(m_lastStream % (firstThreadStream - 1) + 1);
-    } while (std::find(m_handedOut.begin(), m_handedOut.end(), m_lastStream) != m_handedOut.end());
+        m_lastStream = static_cast<quint16>(m_lastStream % (firstWriteStream - 1) + 1);
+    } while (m_splitReads.holds(m_lastStream));
     return m_lastStream;
 }
 
-/// Called with the mutex held. A device forgets a split answer when another request comes on its
-/// stream, and streams go round while a long read goes on.
-void ExchangeTable::noteStream(const Wire::WireHead &answer)
+/// Called with the mutex held, when the packet \a request was answered, or \a failure ended it.
+void ExchangeTable::notePacket(const Wire::WireHead &request, const Wire::WireHead &answer,
+                               quint16 failure)
 {
-    const quint16 stream = answer.stream; // the field is packed: no reference to it
-    m_handedOut.erase(std::remove(m_handedOut.begin(), m_handedOut.end(), stream),
-                      m_handedOut.end());
-    if (quint64(answer.sendCount) + 1 >= answer.totalCount || answer.status != 0)
-        return;
-    m_handedOut.push_back(stream);
-    if (m_handedOut.size() > keptAnswers)
-        m_handedOut.pop_front();
+    SplitPlaces &places = isRead(request) ? m_splitReads : m_splitWrites;
+    const Wire::WireHead &counted = isRead(request) ? answer : request;
+    const bool isLast = quint64(counted.sendCount) + 1 >= counted.totalCount;
+    if (isLast || answer.status != 0 || failure != 0)
+        places.release(request.stream);
+    else
+        places.pause(request.stream, m_clock.now());
 }
 
 void ExchangeTable::end(Slot &slot, quint16 status)
@@ -307,6 +364,7 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
 {
     Slot &slot = m_slots[tag];
     const bool mayBeAnswered = slot.state == State::Sent;
+    notePacket(slot.request, slot.request, RequestTimedOut);
     if (!mayBeAnswered)
         m_unsent.erase(std::remove(m_unsent.begin(), m_unsent.end(), tag), m_unsent.end());
     slot.state = mayBeAnswered ? State::Owed : State::Free;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "splitplaces_p.h"
 #include <tavorossproxy/io/clock_p.h>
 
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorowire/frameparser.h>
 #include <tavorowire/outcomes.h>
+#include <tavorowire/splitlimits.h>
 
 #include <QByteArray>
 
@@ -50,8 +52,9 @@ public:
         quint16 refusal = 0; ///< 0, or why there is no tag.
         Wire::WireHead head; ///< The request's, with its tag and its stream.
     };
-    /// Gives a request a tag and, where it has none, a stream.
-    Ticket begin(const DeviceRequestCommand &request);
+    /// Gives a request a tag and, where it has none, a stream. A request that may begin a split
+    /// exchange waits until the device has a place for it, until \a deadline at the latest.
+    Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
     /// Storage for a frame, with any content.
     QByteArray takeStorage();
     /// Hands over the frame that travels.
@@ -100,9 +103,12 @@ private:
         std::condition_variable settled;
     };
 
+    quint16 refusalOf(const Wire::WireHead &head, std::size_t bodySize) const;
+    SplitPlaces *placesFor(const Wire::WireHead &head);
+    void assignStream(Wire::WireHead &head, SplitPlaces *places);
     quint8 freeTag();
-    quint16 freshStream(const Wire::WireHead &head);
-    void noteStream(const Wire::WireHead &answer);
+    quint16 freshStream();
+    void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
     void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
                  Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
@@ -118,7 +124,8 @@ private:
     quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
-    std::deque<quint16> m_handedOut; ///< Streams of reads whose last packet is due.
+    SplitPlaces m_splitReads{Wire::keptAnswers};
+    SplitPlaces m_splitWrites{Wire::collectedWrites};
     int m_owed = 0;
     bool m_answersQuickly = true; ///< The last answer came within the lookout.
     Counts m_counts;

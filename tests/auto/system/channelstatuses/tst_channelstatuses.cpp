@@ -189,7 +189,8 @@ void tst_ChannelStatuses::requestWithoutAFreeTagIsRefused()
     QVERIFY(line.isReady());
     std::vector<std::future<int>> callers;
     for (int i = 0; i < 255; ++i)
-        callers.push_back(std::async(std::launch::async, [&] { return line.ask(detail, 60000); }));
+        callers.push_back(
+            std::async(std::launch::async, [&] { return line.ask(swapCode, 60000); }));
     QTRY_COMPARE(line.channel->statistics().requests, quint64(255));
     QCOMPARE(line.ask(), 262);
     QCOMPARE(textOf(262), QStringLiteral("software error: Sync request is being executed"));

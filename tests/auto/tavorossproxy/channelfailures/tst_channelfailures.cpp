@@ -44,6 +44,8 @@ private Q_SLOTS:
     void packetCountAtTheLimitPasses();
     void anotherPacketOfAReadIsRefused();
     void furtherPacketWithAnotherTotalIsRefused();
+    void countsOfZeroAreOnePacket_data();
+    void countsOfZeroAreOnePacket();
     void refusalsHaveNoIndex();
     void answersToWritesHaveNoIndex();
     void frameThatEndsTheConnection_data();
@@ -219,6 +221,40 @@ void tst_ChannelFailures::furtherPacketWithAnotherTotalIsRefused()
     const auto response = caller.response();
     QCOMPARE(int(response->status), 363);
     QCOMPARE(response->body(), std::string());
+}
+
+void tst_ChannelFailures::countsOfZeroAreOnePacket_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<unsigned>("sendCount");
+    QTest::addColumn<int>("status");
+    QTest::newRow("read, index 0") << 1 << 0u << 0;
+    QTest::newRow("binary read, index 0") << 3 << 0u << 0;
+    QTest::newRow("write, index 0") << 2 << 0u << 0;
+    QTest::newRow("read, index 1") << 1 << 1u << 363;
+    QTest::newRow("write, index 1") << 2 << 1u << 363;
+    QTest::newRow("binary write, last index") << 4 << 4294967295u << 363;
+}
+
+/// A caller that divides by the count gets no infinite progress.
+void tst_ChannelFailures::countsOfZeroAreOnePacket()
+{
+    QFETCH(int, type);
+    QFETCH(unsigned, sendCount);
+    connectChannel();
+    auto caller = call(request(0x1100, static_cast<quint8>(type)));
+    auto head = Wire::responseHead(nextRequest());
+    head.totalCount = 0;
+    head.sendCount = sendCount;
+    m_peer->send(head, "body");
+    const auto response = caller.response();
+    QTEST(int(response->status), "status");
+    if (response->status != 0)
+        return;
+    const PacketHead answer = response->head();
+    QCOMPARE(quint32{answer.totalCount}, 1u);
+    QCOMPARE(quint32{answer.sendCount}, 0u);
+    QCOMPARE(response->body(), std::string("body"));
 }
 
 void tst_ChannelFailures::refusalsHaveNoIndex()

@@ -76,6 +76,11 @@ private Q_SLOTS:
     void shutFreesOwedTags();
 
 private:
+    /// Begins without waiting.
+    ExchangeTable::Ticket begin(const DeviceRequestCommand &command)
+    {
+        return m_table->begin(command, m_clock.now());
+    }
     /// Begins, hands over and takes a frame for sending.
     Wire::WireHead sent(const DeviceRequestCommand &command);
     /// A whole exchange; its tag.
@@ -97,7 +102,7 @@ void tst_ExchangeTable::init()
 
 Wire::WireHead tst_ExchangeTable::sent(const DeviceRequestCommand &command)
 {
-    const auto ticket = m_table->begin(command);
+    const auto ticket = begin(command);
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     return headOf(*m_table->takeUnsent());
 }
@@ -116,7 +121,7 @@ void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
     for (int i = 0; i < 255; ++i)
         tags.insert(exchanged());
     QCOMPARE(tags.size(), std::size_t(255));
-    QCOMPARE(m_table->begin(request()).head.lables, *tags.begin());
+    QCOMPARE(begin(request()).head.lables, *tags.begin());
 }
 
 /// So many are owed at the most before a channel makes its connection anew.
@@ -141,12 +146,12 @@ void tst_ExchangeTable::requestWithoutAFreeTagIsRefused()
 {
     Wire::WireHead last;
     for (int i = 0; i < 255; ++i)
-        last = sent(request());
-    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+        last = sent(request(2)); // more reads would wait
+    QCOMPARE(begin(request()).refusal, quint16(262));
 
     m_table->settle(answerTo(last), maxPackets);
     m_table->await(last, m_clock.now());
-    const auto ticket = m_table->begin(request());
+    const auto ticket = begin(request());
     QCOMPARE(ticket.refusal, quint16(0));
     QCOMPARE(ticket.head.lables, last.lables);
 }
@@ -157,18 +162,18 @@ void tst_ExchangeTable::owedAnswerKeepsItsTag()
     QCOMPARE(m_table->await(late, m_clock.now())->status, quint16(260));
     QCOMPARE(m_table->owedAnswers(), 1);
     for (int i = 0; i < 254; ++i)
-        QVERIFY(sent(request()).lables != late.lables);
-    QCOMPARE(m_table->begin(request()).refusal, quint16(262));
+        QVERIFY(sent(request(2)).lables != late.lables);
+    QCOMPARE(begin(request()).refusal, quint16(262));
 
     m_table->settle(answerTo(late, "late"), maxPackets);
     QCOMPARE(m_table->owedAnswers(), 0);
     QCOMPARE(m_table->counts().lateAnswers, quint64(1));
-    QCOMPARE(m_table->begin(request()).head.lables, late.lables);
+    QCOMPARE(begin(request()).head.lables, late.lables);
 }
 
 void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
 {
-    const auto ticket = m_table->begin(request());
+    const auto ticket = begin(request());
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(260));
     QVERIFY(!m_table->takeUnsent().has_value());
@@ -178,7 +183,7 @@ void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
 void tst_ExchangeTable::unsentFramesComeInTheirOrder()
 {
     for (const char *body : {"one", "two", "three"}) {
-        const auto head = m_table->begin(request()).head;
+        const auto head = begin(request()).head;
         m_table->submit(head.lables, Wire::encodeFrame(head, body));
     }
     constexpr int headSize = sizeof(Wire::WireHead);
@@ -190,9 +195,9 @@ void tst_ExchangeTable::unsentFramesComeInTheirOrder()
 
 void tst_ExchangeTable::requestsAreNumberedInTheOrderOfSending()
 {
-    const auto first = m_table->begin(request()).head;
-    const auto second = m_table->begin(request()).head;
-    const auto third = m_table->begin(request()).head;
+    const auto first = begin(request()).head;
+    const auto second = begin(request()).head;
+    const auto third = begin(request()).head;
     m_table->submit(third.lables, Wire::encodeFrame(third));
     m_table->submit(second.lables, Wire::encodeFrame(second));
     m_table->await(second, m_clock.now()); // times out before it is sent
@@ -228,8 +233,8 @@ void tst_ExchangeTable::answerWithAnotherNumberIsStray()
 
 void tst_ExchangeTable::readsGetStreamsOfTheirOwn()
 {
-    const quint16 first = m_table->begin(request()).head.stream;
-    const quint16 second = m_table->begin(request()).head.stream;
+    const quint16 first = begin(request()).head.stream;
+    const quint16 second = begin(request()).head.stream;
     QCOMPARE(first, quint16(1));
     QCOMPARE(second, quint16(2));
 }
@@ -277,28 +282,28 @@ void tst_ExchangeTable::streamsServeAgainBehindTheLastPacket()
 
 void tst_ExchangeTable::packetsOfOneThreadShareAStream()
 {
-    const quint16 first = m_table->begin(request(2, 3)).head.stream;
-    const quint16 second = m_table->begin(request(2, 3)).head.stream;
+    const quint16 first = begin(request(2, 3)).head.stream;
+    const quint16 second = begin(request(2, 3)).head.stream;
     QCOMPARE(first, second);
     QVERIFY(first >= 0x8000);
 }
 
 void tst_ExchangeTable::packetsOfTwoThreadsDoNot()
 {
-    const quint16 here = m_table->begin(request(2, 3)).head.stream;
+    const quint16 here = begin(request(2, 3)).head.stream;
     quint16 there = 0;
-    std::thread([&] { there = m_table->begin(request(2, 3)).head.stream; }).join();
+    std::thread([&] { there = begin(request(2, 3)).head.stream; }).join();
     QVERIFY(here != there);
 }
 
 void tst_ExchangeTable::streamOfTheCallerIsKept()
 {
-    QCOMPARE(m_table->begin(request(1, 3, 77)).head.stream, quint16(77));
+    QCOMPARE(begin(request(1, 3, 77)).head.stream, quint16(77));
 }
 
 void tst_ExchangeTable::requestLostBeforeItWasHandedOverEnds()
 {
-    const auto ticket = m_table->begin(request());
+    const auto ticket = begin(request());
     m_table->shut(Disconnected, Disconnected);
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QVERIFY(!m_table->takeUnsent().has_value());
