@@ -1,5 +1,5 @@
-// Any text may come from a device: reading it ends in a record or in a sentence, and a record that
-// was read is written as a text that reads as the same record.
+// A device may send any text: reading it gives a record or an error text, and a record that was
+// read is written as a text that reads as the same record.
 //
 // Input: the number of a record in two bytes, then the text.
 
@@ -28,14 +28,15 @@ void readAndWrite(const std::string &json)
     Record record;
     std::string error;
     if (!ajson::decodeRecord(json, record, error))
-        return demand(error.compare(0, 15, "error at line :") == 0, "a failure tells its place");
+        return demand(error.compare(0, 15, "error at line :") == 0,
+                      "an error text begins with its place");
     std::string text;
     ajson::encodeRecord(record, text);
     Record again;
-    demand(ajson::decodeRecord(text, again, error), "what was written can be read");
+    demand(ajson::decodeRecord(text, again, error), "a written record can be read");
     std::string textAgain;
     ajson::encodeRecord(again, textAgain);
-    demand(text == textAgain, "a record that was written reads as the same record");
+    demand(text == textAgain, "a written record reads as the same record");
 }
 
 template <class Record>
@@ -47,7 +48,9 @@ void readOneAndMany(const std::string &json)
 
 using Check = void (*)(const std::string &json);
 constexpr Check checks[] = {
-#include "recordchecks.inc" // one line per record that has a codec, made by CMakeLists.txt
+#define TAVORO_RECORD(Record) readOneAndMany<Record>,
+#include "records.inc" // one line per record that has a codec, made by CMake
+#undef TAVORO_RECORD
 };
 
 } // namespace

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <tavorocontrol/proto/devicebaseinfo.h>
+#include <tavorocontrol/proto/fields.h>
+
 #include <QByteArray>
 #include <QString>
+#include <QtGlobal>
 
 #include <functional>
-#include <memory>
-#include <vector>
+#include <string>
 
 namespace Tavoro::BizModel {
 
@@ -13,29 +16,43 @@ class Device;
 
 /// What a row of a stored device holds. The numbers stand in files: never change one.
 enum class RowKind : int {
-    Identity = 0, ///< Of the device, with the name and address that the model has.
-    Detail = 1,
-    Interface = 2,
-    Screen = 3,
-    Layer = 4,
-    File = 5,
-    ScreenGenlock = 6,
-    CutoutRGB = 7,
-    Layout = 8, ///< Of a multiviewer screen: columns and rows, divided by a comma.
+    Identity = 0, ///< s_StoredIdentity
+    Detail = 1, ///< s_DeviceDetail
+    Interface = 2, ///< s_InterfaceDetail
+    Screen = 3, ///< s_ScreenFullDetail
+    Layer = 4, ///< s_LayerFullDetail
+    File = 5, ///< s_FileDetail, with the file's bytes as the content of the row
+    ScreenGenlock = 6, ///< s_ScreenGenlockBody
+    CutoutRGB = 7, ///< s_RGB
+    Layout = 8, ///< s_StoredLayout
+};
+
+/// What identifies a device, and what the model knows it by, which may differ.
+struct s_StoredIdentity {
+    ProtoModel::DeviceBaseInfo info;
+    std::string ip;
+    std::string name;
+    quint16 modelId = 0;
+    TAVORO_FIELDS(info, ip, name, modelId)
+};
+
+/// The user's layout of one multiviewer screen.
+struct s_StoredLayout {
+    qint32 screenId = 0;
+    qint32 columns = 0;
+    qint32 rows = 0;
+    TAVORO_FIELDS(screenId, columns, rows)
 };
 
 /// One record of a device as it is stored.
 struct DeviceRow {
     RowKind kind;
     QString key; ///< Identity within the kind.
-    QByteArray body; ///< The record's text.
-    QByteArray content; ///< Of a file.
+    QByteArray body; ///< The record, as rowformat_p.h describes it.
+    QByteArray content; ///< The bytes of a file; empty for other kinds.
 };
 
-/// Shows each row of a device to \a visit, one at a time, in the order in which they are read back.
+/// Passes each row of \a device to \a visit, one at a time, ordered by position within each kind.
 void visitRows(const Device &device, const std::function<void(const DeviceRow &)> &visit);
-
-/// An offline device made of its rows; null when a row does not hold what it should.
-std::shared_ptr<Device> deviceOfRows(const std::vector<DeviceRow> &rows);
 
 } // namespace Tavoro::BizModel

@@ -1,6 +1,7 @@
 #include "devicestore_p.h"
 
 #include "devicerows_p.h"
+#include "restoreddevice_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -17,7 +18,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-constexpr int schemaVersion = 1;
+constexpr int schemaVersion = 2;
 constexpr int applicationId =
     0x54565253; ///< Marks the file, so that no other file is taken for one.
 constexpr int corruptFile = 11; ///< SQLite's own result codes.
@@ -124,6 +125,11 @@ bool DeviceStore::checkFile()
     if (version > schemaVersion) {
         return fail(DeviceList::tr("The file %1 was written by a later version.").arg(m_fileName));
     }
+    if (version < schemaVersion) {
+        return fail(DeviceList::tr("The file was written by an earlier version, which this one"
+                                   " cannot read."),
+                    true);
+    }
     QSqlQuery check(m_database);
     if (!prepare(check, QStringLiteral("PRAGMA quick_check(1)")) || !run(check))
         return false;
@@ -169,11 +175,13 @@ bool DeviceStore::loadDevices(std::vector<std::shared_ptr<Device>> &devices)
     const auto takeDevice = [&] {
         if (rows.empty())
             return true;
-        auto device = deviceOfRows(rows);
+        RestoredDevice device;
+        for (const DeviceRow &row : rows) {
+            if (!device.take(row))
+                return fail(DeviceList::tr("A record cannot be read."), true);
+        }
         rows.clear();
-        if (!device)
-            return fail(DeviceList::tr("A record cannot be read."), true);
-        devices.push_back(std::move(device));
+        devices.push_back(device.make());
         return true;
     };
     while (query.next()) {

@@ -17,13 +17,14 @@ class Device;
 
 /// Devices in an SQLite file. Used by one thread.
 ///
-/// Schema, version 1 (\c user_version):
+/// Schema, version 2 (\c user_version):
 ///
 ///     device   id, sn, mac            one row per device, found by serial number and MAC
 ///     record   device, kind, key,     one row per record; kind as in RowKind, key unique in it
 ///              position,              order within the kind
 ///              digest,                of body and content
-///              body, content
+///              body,                 the record, as rowformat_p.h describes it
+///              content               the bytes of a file
 ///
 /// A save is one transaction. What is stored is compared by digest: only rows that are new, other
 /// than before or gone are written.

@@ -18,42 +18,48 @@ namespace Internal {
 class AutoReportManagerPrivate;
 }
 
-/// How far the file transfers to one device are, as its latest report told.
+/// The latest report of file transfers to one device.
 struct s_DeviceFileTransferProgress {
-    std::weak_ptr<BizModel::Device> device;
+    std::weak_ptr<BizModel::Device> device; ///< The device that reported.
+    /// Progress of each file in the latest report, in percent. Empty after a reset.
     std::vector<ProtoModel::File::s_FileTransPercent> percents;
-    qint64 lastTime = 0; ///< Of the latest report or reset: milliseconds of the steady clock.
-    bool isTransferring = false;
+    qint64 lastTime = 0; ///< Time of the latest report or reset, in ms of the steady clock.
+    bool isTransferring = false; ///< True after a report, false after a reset.
 };
 
-/// Hands the reports that devices send of their own accord to the model. One per process.
+/// Applies the unsolicited reports of all devices to the model. One object per process.
 ///
-/// Call instance() once on the application's main thread, when it has begun to use channels:
-/// reports are handled on the thread that made the manager, which needs an event loop. Every
-/// outcome ends in a log line of the category \c tavoro.control; a report never fails a channel.
+/// Call instance() once, on the application's main thread, before channels are used: the manager
+/// handles reports on the thread that created it, which needs an event loop. Each report ends in a
+/// log line of the category \c tavoro.control; a report cannot fail a channel. A report of a device
+/// that is not in BizModel::DeviceList is dropped.
 class TAVOROCONTROL_EXPORT AutoReportManager : public QObject {
     Q_OBJECT
 
 public:
-    /// The manager; made by the first call. Null after deleteInstance().
+    /// The manager; the first call creates it. Null after deleteInstance(). Any thread, but the
+    /// first caller's thread handles the reports.
     static AutoReportManager *instance();
-    /// Ends the handling of reports for the rest of the process. To be called on the manager's
-    /// thread, when no other thread uses the manager any more.
+    /// Ends the handling of reports for the rest of the process. Call it on the manager's thread,
+    /// when no other thread uses the manager.
     static void deleteInstance();
 
-    /// While true, reports are dropped: not queued, not replayed. For the application, during a
-    /// task of its own. To be called on the manager's thread.
+    /// While \a stop is true, reports are dropped; they are neither queued nor replayed. For the
+    /// application, during a task of its own. Call it on the manager's thread.
     void setIsStopAutoReport(bool stop);
 
-    /// Copies what is known of the transfers to \a device into \a record. False, and \a record left
-    /// alone, if the device never reported or is gone. From any thread.
+    /// Copies the latest transfer report of \a device to \a record. False, with \a record
+    /// unchanged, if the device has not reported any transfer or is gone. Any thread; does not
+    /// block.
     bool findDeviceFileTransferProgressRecord(std::weak_ptr<BizModel::Device> device,
                                               s_DeviceFileTransferProgress &record);
-    /// Stores the latest report, in place of the one before. From any thread.
+    /// Replaces the transfer report of \a device by \a percents. The manager calls it for each
+    /// report. Any thread; does not block.
     void updateDeviceFileTransferProgressRecord(
         std::weak_ptr<BizModel::Device> device,
         std::vector<ProtoModel::File::s_FileTransPercent> percents);
-    /// Forgets the figures of a device, but not the device. From any thread.
+    /// Empties the transfer report of \a device. Does nothing if the device has not reported any
+    /// transfer. Any thread; does not block.
     void resetDeviceFileTransferProgressRecord(std::weak_ptr<BizModel::Device> device);
 
 private:

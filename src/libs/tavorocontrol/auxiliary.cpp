@@ -1,6 +1,7 @@
 #include <tavorocontrol/auxiliary.h>
 
 #include "operation_p.h"
+#include "request/translation_p.h"
 
 #include <tavorocontrol/controlhelper.h>
 
@@ -9,6 +10,13 @@ namespace Tavoro::Control {
 using namespace Internal;
 using namespace ProtoModel::Auxiliary;
 using SSProxy::Command;
+
+namespace {
+
+constexpr char undecodedBody[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", " error json is : ");
+
+} // namespace
 
 template <class Record>
 using List = std::vector<Record>;
@@ -51,7 +59,7 @@ bool Auxiliary::readDeviceSelfCheckDetail(s_DeviceSelfCheckDetail &detail, QStri
         return false;
     if (decode(answer, detail, error))
         return true;
-    error += QStringLiteral(" error json is : ") + QString::fromStdString(answer);
+    error += translated(undecodedBody) + QString::fromStdString(answer);
     return false;
 }
 

@@ -43,7 +43,7 @@ bool update(const std::weak_ptr<BizModel::Device> &weakDevice, const std::string
         return false;
     const auto device = weakDevice.lock();
     if (!device) {
-        error = QStringLiteral("Device is null.");
+        error = missingDevice();
         return false;
     }
     applyReport(*device, report);

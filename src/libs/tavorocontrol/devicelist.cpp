@@ -9,6 +9,14 @@
 
 namespace Tavoro::Control {
 
+namespace {
+
+// Named with its context: lupdate does not find the class when it sees this library alone.
+constexpr char missingDevice[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::DeviceList", "Device model is nullptr");
+
+} // namespace
+
 DeviceList::DeviceList(QObject *parent)
     : QObject(parent), d(std::make_unique<Internal::DeviceListPrivate>(this))
 { }
@@ -25,7 +33,7 @@ bool DeviceList::readDeviceDetail(std::weak_ptr<BizModel::Device> weakDevice, QS
 {
     const auto device = weakDevice.lock();
     if (!device) {
-        error = QStringLiteral("Device model is nullptr");
+        error = tr(missingDevice);
         return false;
     }
     const QString sn = device->sn();

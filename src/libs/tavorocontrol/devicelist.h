@@ -44,8 +44,8 @@ Q_SIGNALS:
     /// The model holds what could be read. \a success tells how filling in the layers went, or,
     /// when the device's details, its status or its interfaces ended the reading, how the reads
     /// went: so it can be true although screens or files could not be read.
-    /// BizModel::Device::isSyncDataSuccess() tells whether all reads went well. The identity is
-    /// empty, and \a success false, for a device without an address.
+    /// BizModel::Device::isSyncDataSuccess() says whether the clock was set and all reads
+    /// succeeded. The identity is empty, and \a success false, for a device without an address.
     void signalReadDeviceDetailFinished(bool success, QString ip, QString mac, QString sn);
 
 private:

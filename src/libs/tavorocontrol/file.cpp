@@ -133,7 +133,7 @@ bool File::updateTransferProgress(const std::string &body, List<s_FileTransPerce
     percents = report;
     const auto device = m_device.lock();
     if (!device) {
-        error = QStringLiteral("Device is null.");
+        error = missingDevice();
         return false;
     }
     for (const s_FileTransPercent &percent : report) {

@@ -22,44 +22,41 @@ namespace Internal {
 struct Link;
 }
 
-/// Commands the interfaces of one device: the connectors of its inputs and outputs.
+/// Controls the interfaces of one device: the connectors of its inputs and outputs.
 ///
-/// Cheap to make; holds no state of the interfaces. Every list may name many interfaces: they
-/// travel in one command and get one answer. An empty list is sent as it stands.
+/// The device reports changes of name and kind, of the measured timing, and of colour depth, space,
+/// range and HDR; these reports change the model. Whatever else is written (test pattern, image
+/// quality, crop, cutout, HDCP, format mapping) is in the model after the next synchronisation.
 ///
-/// Every operation blocks its caller until the device has answered, at most for the time that the
-/// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread but the channels' own, where it fails with status 261. It returns true
-/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
-/// status bar; for a packet of a split write that is refused, the reason alone; for an answer that
-/// cannot be decoded, "Decode json failed: …". On success \a error is left alone. A device without
-/// a channel takes every write as done, and answers every read with nothing, which then fails to
-/// decode. Writes do not touch the model: it follows by the device's own reports.
+/// \ingroup operations
 class TAVOROCONTROL_EXPORT Interface : public QObject,
                                        public std::enable_shared_from_this<Interface> {
     Q_OBJECT
 
 public:
+    /// Creates a control object for \a device, which may already be gone. Any thread.
     explicit Interface(std::weak_ptr<BizModel::Device> device, QObject *parent = nullptr);
     ~Interface() override;
 
-    /// Reads interfaces (code 0x1200) and appends them to \a result. \a first restricts the kind of
-    /// interface, 0 restricts nothing; the meaning of \a second belongs to the device: pass -1. Of
-    /// each filter only the low byte travels. An answer that cannot be decoded gives "Decode json
-    /// failed: …" in \a error.
+    /// Reads interfaces and appends them to \a result (code 0x1200).
+    ///
+    /// \a first filters by the kind of interface; 0 does not filter. Pass -1 as \a second: its
+    /// meaning belongs to the device. Only the low byte of each filter is sent. After a decoding
+    /// error \a result holds what was decoded before it. Blocks for at most 100 s, unless the
+    /// application changed the timeout table.
     bool readDetails(int first, int second,
                      std::vector<ProtoModel::Interface::s_InterfaceDetail> &result, QString &error);
 
-    /// Names interfaces and sets their kind (0x1201).
+    /// Sets name and kind of interfaces (0x1201).
     bool writeInterfaceGeneral(const std::vector<ProtoModel::Interface::s_General> &interfaces,
                                QString &error);
-    /// The same command as writeInterfaceGeneral(), under a second name (0x1201).
+    /// Sends the same command as writeInterfaceGeneral() (0x1201).
     bool writeInterfaceName(const std::vector<ProtoModel::Interface::s_General> &interfaces,
                             QString &error);
     /// Shows or hides a test pattern (0x1202).
     bool writeTestPattern(const std::vector<ProtoModel::Interface::s_TestPattern> &interfaces,
                           QString &error);
-    /// Asks for a video timing (0x1203).
+    /// Requests a video timing (0x1203). The timing that results is reported (0x1204).
     bool
     writePresetTiming(const std::vector<ProtoModel::Interface::s_PresetTimingDetail> &interfaces,
                       QString &error);
@@ -69,48 +66,57 @@ public:
     /// Crops inputs, in hundred-thousandths of their size (0x1206).
     bool writeCrop(const std::vector<ProtoModel::Interface::s_CropDetail> &interfaces,
                    QString &error);
-    /// Keys a colour or a brightness out of inputs (0x1207).
+    /// Cuts a colour or a brightness out of inputs (0x1207).
     bool writeCutoutGeneral(const std::vector<ProtoModel::Interface::s_CutoutGeneral> &interfaces,
                             QString &error);
-    /// Switches copy protection (0x1208).
+    /// Switches copy protection on or off (0x1208).
     bool writeHDCP(const std::vector<ProtoModel::Interface::s_HDCP> &interfaces, QString &error);
-    /// Asks for a colour depth (0x1209).
+    /// Requests a colour depth (0x1209).
     bool
     writeInterfaceColorDepth(const std::vector<ProtoModel::Interface::s_ColorDepth> &interfaces,
                              QString &error);
-    /// Asks for a colour space (0x120A).
+    /// Requests a colour space (0x120A).
     bool
     writeInterfaceColorSpace(const std::vector<ProtoModel::Interface::s_ColorSpace> &interfaces,
                              QString &error);
-    /// Asks for a colour range (0x120B).
+    /// Requests a colour range (0x120B).
     bool
     writeInterfaceColorRange(const std::vector<ProtoModel::Interface::s_ColorRange> &interfaces,
                              QString &error);
-    /// Chooses the format mapping (0x120C).
+    /// Selects the format mapping (0x120C).
     bool writeInterfaceFormatMapping(
         const std::vector<ProtoModel::Interface::s_FormatMapping> &interfaces, QString &error);
     /// Sets gamut and dynamic range (0x120D).
     bool writeInterfaceHDR(const std::vector<ProtoModel::Interface::s_DHR> &interfaces,
                            QString &error);
-    /// Sends nothing and returns false, with \a error left alone: timings are measured by the
-    /// device.
+    /// Sends nothing and returns false, with \a error unchanged: the device measures timings.
     bool
     writeActualTiming(const std::vector<ProtoModel::Interface::s_ActualTimingDetail> &interfaces,
                       QString &error);
 
     /// \name Reports
-    /// Apply what the device told of its own accord to the model. \a body is the report's JSON. An
-    /// interface that the model does not have is logged and passed over. False with "Decode json
-    /// failed: …" for a body that cannot be decoded, false without a text if the model device is
-    /// gone.
+    /// AutoReportManager calls these to apply the device's reports to the model. \a body is the
+    /// JSON of the report.
+    ///
+    /// An interface that the model does not have is logged and skipped. False with "Decode json
+    /// failed: …" in \a error for a body that cannot be decoded, and false with \a error unchanged
+    /// if the model device is gone. Any thread; none blocks.
     /// @{
-    /// Also brings the crops of the layers that show the interface up to date.
+
+    /// Applies measured timings (0x1204), and updates the crops of the layers that show the
+    /// interfaces.
     bool updateActualTiming(const std::string &body, QString &error);
+    /// Applies names and kinds (0x1201).
     bool updateInterfaceGeneralInfo(const std::string &body, QString &error);
+    /// Applies colour depths (0x1209).
     bool updateInterfaceBitDepthInfo(const std::string &body, QString &error);
+    /// Applies colour spaces (0x120A).
     bool updateInterfaceColorSpacesInfo(const std::string &body, QString &error);
+    /// Applies colour ranges (0x120B).
     bool updateInterfaceColorRangesInfo(const std::string &body, QString &error);
+    /// Applies gamuts and dynamic ranges (0x120D).
     bool updateInterfaceHDRInfo(const std::string &body, QString &error);
+
     /// @}
 
 private:

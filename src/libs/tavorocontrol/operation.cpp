@@ -1,5 +1,7 @@
 #include "operation_p.h"
 
+#include "request/translation_p.h"
+
 #include <tavorocontrol/controlhelper.h>
 
 #include <cstddef>
@@ -7,6 +9,11 @@
 namespace Tavoro::Control::Internal {
 
 namespace {
+
+constexpr char decodeFailed[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Decode json failed: ");
+constexpr char deviceIsNull[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::ControlHelper", "Device is null.");
 
 constexpr quint8 lowByte(int value)
 {
@@ -20,6 +27,16 @@ void askForTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
 }
 
 } // namespace
+
+QString decodeFailure(const std::string &reason)
+{
+    return translated(decodeFailed) + QString::fromStdString(reason);
+}
+
+QString missingDevice()
+{
+    return translated(deviceIsNull);
+}
 
 std::shared_ptr<SSProxy::DeviceRequestCommand>
 makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters)

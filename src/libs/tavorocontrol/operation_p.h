@@ -43,14 +43,19 @@ struct Filter {
 };
 using Filters = std::initializer_list<Filter>;
 
-/// False with "Decode json failed: " and the codec's text in \a error.
+/// Text for an answer or a report that the codec could not decode, for the given reason.
+QString decodeFailure(const std::string &reason);
+/// Text for a report on a device that is no longer in the model.
+QString missingDevice();
+
+/// Decodes a body. On failure \a error holds decodeFailure().
 template <class Record>
 bool decode(const std::string &body, Record &record, QString &error)
 {
     std::string reason;
     if (ajson::decodeRecord(body, record, reason))
         return true;
-    error = QStringLiteral("Decode json failed: ") + QString::fromStdString(reason);
+    error = decodeFailure(reason);
     return false;
 }
 

@@ -23,23 +23,18 @@ struct Link;
 
 /// Applies the presets that a device stores.
 ///
-/// Cheap to make. What a preset changes on the device comes back by the device's reports and the
-/// next synchronisation.
-///
-/// Every operation blocks its caller until the device has answered, at most for the time that the
-/// device's timeout table has for the command, plus 10 s per packet where it takes several. It may
-/// be called from any thread but the channels' own, where it fails with status 261. It returns true
-/// for success. On failure it returns false, and \a error holds the sentence that was shown on the
-/// status bar; for a packet of a split write that is refused, the reason alone. On success \a error
-/// is left alone. A device without a channel takes every write as done.
+/// \ingroup operations
 class TAVOROCONTROL_EXPORT Preset : public QObject {
     Q_OBJECT
 
 public:
+    /// Creates a control object for \a device, which may already be gone. Any thread.
     explicit Preset(std::weak_ptr<BizModel::Device> device, QObject *parent = nullptr);
     ~Preset() override;
 
-    /// Applies presets (code 0x1501). An empty list is sent as it stands.
+    /// Applies presets (code 0x1501). Each record names a preset file and how to apply it; the
+    /// values of \c applyType are the device's own. What the presets change reaches the model by
+    /// reports and by the next synchronisation.
     bool presetApply(const std::vector<ProtoModel::Preset::s_PresetPlay> &presets, QString &error);
 
 private:

@@ -10,41 +10,42 @@ namespace Tavoro::Control {
 
 class SaveFilePrivate;
 
-/// Writes a stream of pieces to one file on a thread of its own, so that whoever receives data
-/// never waits for the disk.
+/// Writes data to a file on a thread of its own: the thread that receives the data never waits for
+/// the disk.
 ///
-/// startWrite(), any number of append(), then waitForStop() to drain the queue or stopWrite() to
-/// cancel, then fileSaveResult(). append() may be called from any thread, several at once; the
-/// other members belong to one thread.
+/// Call startWrite(), then append() any number of times, then waitForStop() to write everything or
+/// stopWrite() to cancel, then fileSaveResult(). append() may be called from any thread, several at
+/// once. All other members belong to one thread.
 ///
-/// What it does not promise: results of writing are not looked at, so a full disk shows up nowhere;
-/// the queue has no limit; and the pieces that the thread has taken but not yet written when it is
-/// told to stop are lost, also by waitForStop(). Where every byte counts, write with \c QSaveFile
-/// instead.
+/// Limits: the class ignores the results of writing, so a full disk is not reported. The queue has
+/// no limit. Pieces that the thread has taken but not yet written when it stops are lost, also in
+/// waitForStop(). Use \c QSaveFile where every byte counts.
 class TAVOROCONTROL_EXPORT SaveFile {
 public:
+    /// Creates a writer without a file. Starts no thread.
     SaveFile();
     /// Stops the thread as stopWrite() does, and closes the file.
     ~SaveFile();
 
     SaveFile(const SaveFile &) = delete;
-    /// Shares the other's thread and file, which the destructors of both then delete. Do not use.
+    /// Do not use. Shares the thread and the file of \a other; both destructors then delete them.
     SaveFile &operator=(const SaveFile &other);
 
-    /// Opens the file and starts the thread. Data goes behind what the file already holds. Not to
-    /// be called while the thread runs.
+    /// Opens the file \a path and starts the thread. Appends to a file that exists. Do not call it
+    /// while the thread runs.
     ///
-    /// False if the file cannot be opened; the reason is logged. \a error gets the reason of the \e
-    /// previous failure.
+    /// False if the file cannot be opened; the log holds the reason. \a error gets the reason of
+    /// the \e previous failure, or becomes empty.
     bool startWrite(const QString &path, QString &error);
-    /// Queues a piece and returns true, at once and always.
+    /// Queues \a data. Returns at once, always with true.
     bool append(std::string data);
-    /// Ends the thread and waits for it. What is still queued is not written.
+    /// Stops the thread, waits for it without a limit, and closes the file. Queued data is not
+    /// written.
     void stopWrite();
-    /// Waits until the thread has taken all pieces, then ends it. Always true. Does not return
-    /// while pieces are queued and no thread runs that could take them.
+    /// Waits until the thread has taken all queued data, then stops it as stopWrite() does. Always
+    /// true. Does not return while data is queued and no thread is running.
     bool waitForStop();
-    /// True when the thread has run to its end.
+    /// True if the thread has ended. Says nothing about the results of writing.
     bool fileSaveResult();
 
 private:

@@ -24,46 +24,63 @@ namespace Internal {
 class SyncDeviceTaskPrivate;
 }
 
-/// Reads one whole device into the model, on a thread of its own. Applications use DeviceList,
-/// which owns one.
+/// Reads one whole device into the model, on its own thread. Applications use DeviceList, which
+/// owns a task.
 ///
-/// setDevice(), then setRunningStatus(true) and start(); after QThread::finished the results may be
-/// read, then resetDevice() and setRunningStatus(false). All members belong to the owner's thread
-/// and are not to be called while the task runs, except isRunningStatus(), which any thread may
-/// call at any time.
+/// Call setDevice(), setRunningStatus(true) and start(). After QThread::finished read the results,
+/// then call resetDevice() and setRunningStatus(false). All members belong to the owner's thread;
+/// do not call them while the task runs, except isRunningStatus(), which any thread may call at any
+/// time. None of them blocks.
 class TAVOROCONTROL_EXPORT SyncDeviceTask : public QThread {
     Q_OBJECT
 
 public:
+    /// Creates an idle task.
     explicit SyncDeviceTask(QObject *parent);
+    /// The task must not run any more.
     ~SyncDeviceTask() override;
 
-    /// Prepares the reading of the device with this identity. False if it has no channel; its
-    /// device in the model then counts as offline.
+    /// Prepares the task to read the device with this identity. False if the device has no channel;
+    /// the model then shows it offline.
     bool setDevice(const QString &ip, const QString &mac, const QString &sn);
-    /// Forgets the device and all that was read.
+    /// Releases the device and all records that were read.
     void resetDevice();
 
+    /// Marks the task as busy or idle. The owner sets it before start() and after it has handled
+    /// QThread::finished.
     void setRunningStatus(bool running);
+    /// What setRunningStatus() set last. Any thread.
     bool isRunningStatus() const;
-    /// Outcome of the last run. "Sucess": the interface spells it so.
+    /// Result of the last run; false before the first. The interface spells it "Sucess".
+    ///
+    /// It says whether the layers could be added to the model or, if the details, the status or the
+    /// interfaces of the device ended the run, whether the reads succeeded. A device with a status
+    /// other than 0 (down) and 1 (ready) counts as read.
     bool isSyncSucess() const;
-    /// Text of the last failure of the last run.
+    /// Text of the last failure of the last run, translated; empty if there was none.
     QString errorMsg() const;
 
-    /// Identity of the device being read; empty without one.
+    /// Address of the device to read; empty without a device.
     QString deviceIp() const;
+    /// MAC of the device to read, as upper-case hexadecimal digits; empty without a device.
     QString deviceMAC() const;
+    /// Serial number of the device to read, as upper-case hexadecimal digits; empty without a
+    /// device.
     QString deviceSN() const;
 
-    /// What was read.
+    /// The device as read by the last run, until resetDevice().
     const ProtoModel::Device::s_DeviceDetail &deviceDetail() const;
+    /// The interfaces read by the last run, until resetDevice().
     const std::vector<ProtoModel::Interface::s_InterfaceDetail> &interfaceDetail() const;
+    /// The screens read by the last run, until resetDevice().
     const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &screenDetail() const;
+    /// The layers read by the last run, until resetDevice().
     const std::vector<ProtoModel::Layer::s_LayerFullDetail> &layerDetail() const;
+    /// The files read by the last run, with the contents that were fetched, until resetDevice().
     const std::vector<ProtoModel::File::s_FileDetail> &fileDetail() const;
 
 protected:
+    /// Reads the device and fills the model. Blocks in each read; runs on the task's own thread.
     void run() override;
 
 private:

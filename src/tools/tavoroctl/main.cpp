@@ -1,27 +1,25 @@
-// The command-line tool: tavoroctl --help tells its commands.
+// The command-line tool. tavoroctl --help lists its commands.
 
 #include "commandline.h"
 
-#include <QCoreApplication>
+#include <tavoroctl/output/standardstreams.h>
 
-#include <cstdio>
+#include <QCoreApplication>
 
 int main(int argc, char *argv[])
 {
     using namespace Tavoro::Ctl;
+    protectStandardStreams();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tavoroctl"));
 
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
-    if (!line.isValid) {
-        std::fputs(qUtf8Printable(QStringLiteral("tavoroctl: %1\n").arg(line.text)), stderr);
-        return UsageError;
-    }
-    if (!line.text.isEmpty()) {
-        std::puts(qUtf8Printable(line.text));
-        return Done;
-    }
     setLogShown(line.isVerbose);
     Tool tool{Console(!line.isVerbose), Session(line.timeout), line.asJson, line.timeout};
-    return line.command->run(tool, line.arguments);
+    if (!line.isValid)
+        return refuse(tool, line.text);
+    if (line.text.isEmpty())
+        return tool.console.statusWithOutput(line.command->run(tool, line.arguments));
+    tool.console.answer(line.text);
+    return tool.console.statusWithOutput(Done);
 }

@@ -9,7 +9,7 @@ namespace {
 
 const QByteArray sharedNamespace = QByteArrayLiteral("Tavoro::ProtoModel::");
 
-/// The lines of a data file, cut at their tabs, the shared namespace off.
+/// The rows of a data file, with names that lack the shared namespace.
 QList<QByteArrayList> dataRows(const char *fileName)
 {
     QFile file(QStringLiteral(TEST_DATA_DIR "/") + QLatin1String(fileName));
@@ -47,6 +47,7 @@ void RecordTest::initTestCase()
         m_expected[row[0]].fullText = row[2];
     }
     QVERIFY(!m_expected.isEmpty());
+    QVERIFY(m_schema.isValid());
 }
 
 void RecordTest::everyRecordOfTheDomainIsTested()
@@ -116,4 +117,31 @@ void RecordTest::listsTravelAsArrays()
     const QByteArray list = '[' + texts.fullText + ',' + texts.defaultText + ']';
     QCOMPARE(probe().rewrittenList("[]"), QByteArray("[]"));
     QCOMPARE(probe().rewrittenList(list), list);
+}
+
+void RecordTest::schemaHasTheFieldsInOrderWithTheirTypesAndDefaults()
+{
+    const QByteArray name = QTest::currentDataTag();
+    QCOMPARE(m_schema.fieldTypes(name), expected().fieldTypes);
+    QCOMPARE(m_schema.text(name, RecordSchema::Choice::Default), probe().defaultText());
+}
+
+/// Integers up to the bounds survive; one more wraps around to the other end of the range.
+void RecordTest::schemaBoundsAreThoseOfTheCodec()
+{
+    const QByteArray name = QTest::currentDataTag();
+    const QByteArray minimum = m_schema.text(name, RecordSchema::Choice::Minimum);
+    const QByteArray maximum = m_schema.text(name, RecordSchema::Choice::Maximum);
+    const QByteArray beyond = m_schema.text(name, RecordSchema::Choice::BeyondMaximum);
+    QCOMPARE(probe().rewritten(minimum), minimum);
+    QCOMPARE(probe().rewritten(maximum), maximum);
+    QCOMPARE(probe().rewritten(beyond), minimum);
+}
+
+void RecordTest::schemaAcceptsWhatIsWritten()
+{
+    const QByteArray name = QTest::currentDataTag();
+    QCOMPARE(m_schema.error(name, probe().defaultText()), QString());
+    QCOMPARE(m_schema.error(name, probe().rewritten(expected().fullText)), QString());
+    QVERIFY(!m_schema.error(name, "{}").isEmpty());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "recordprobe.h"
+#include "recordschema.h"
 
 #include <QMap>
 #include <QObject>
@@ -13,12 +14,12 @@ struct RecordRow {
     RecordProbe probe;
 };
 
-/// The tests that hold for the records of every domain. The test of a domain derives from it with a
+/// The tests that apply to the records of every domain. The test of a domain derives from it with a
 /// list of its records.
 ///
-/// What is expected was worked out by hand from the protocol and stands in two files: records.tsv
-/// has the name of each record and the text of its default value, recordvalues.tsv its name, the
-/// types of its fields and a text in which no field is at its default.
+/// The expected texts were written by hand from the protocol. records.tsv has the name of each
+/// record and the text of its default value; recordvalues.tsv has its name, the types of its fields
+/// and a text in which no field has its default.
 class RecordTest : public QObject {
     Q_OBJECT
 
@@ -41,6 +42,12 @@ private Q_SLOTS:
     void recordWithNoFieldAtItsDefaultSurvives();
     void listsTravelAsArrays_data() { addRows(); }
     void listsTravelAsArrays();
+    void schemaHasTheFieldsInOrderWithTheirTypesAndDefaults_data() { addRows(); }
+    void schemaHasTheFieldsInOrderWithTheirTypesAndDefaults();
+    void schemaBoundsAreThoseOfTheCodec_data() { addRows(); }
+    void schemaBoundsAreThoseOfTheCodec();
+    void schemaAcceptsWhatIsWritten_data() { addRows(); }
+    void schemaAcceptsWhatIsWritten();
 
 private:
     struct Expected {
@@ -50,11 +57,12 @@ private:
     };
 
     void addRows() const;
-    /// Of the row that runs.
+    /// The probe and the expected texts of the current row.
     const RecordProbe &probe() const;
     Expected expected() const;
 
     const QByteArrayList m_domains;
     const std::vector<RecordRow> m_rows;
     QMap<QByteArray, Expected> m_expected; // by name, without the shared namespace
+    const RecordSchema m_schema;
 };

@@ -1,5 +1,6 @@
 #include "storetext.h"
 
+#include "rowtext.h"
 #include "storefile.h"
 
 #include <tavorobizmodel/file.h>
@@ -7,7 +8,6 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/proto/codec.h>
-#include <tavorocontrol/proto/deviceidentity.h>
 
 #include <QByteArray>
 #include <QCryptographicHash>
@@ -21,17 +21,15 @@ constexpr int everyScreen = 0x7FFFFFFF;
 
 QString withoutTimes(const QString &identity)
 {
-    static const QRegularExpression time(
-        QStringLiteral("\"(startTime|configTime)\":(\"[^\"]*\"|[^,}]*)"));
+    static const QRegularExpression time(QStringLiteral("\"(startTime|configTime)\":[0-9]*"));
     return QString(identity).replace(time, QStringLiteral("\"\\1\":?"));
 }
 
-QString line(const QString &owner, int kind, const QString &key, const QByteArray &body,
+QString line(const QString &owner, int kind, const QString &key, const QString &record,
              const QByteArray &content)
 {
-    const QString text = QString::fromUtf8(body);
     return QStringLiteral("%1 %2 %3 %4 %5")
-        .arg(owner, QString::number(kind), key, kind == 0 ? withoutTimes(text) : text,
+        .arg(owner, QString::number(kind), key, kind == 0 ? withoutTimes(record) : record,
              QString::fromLatin1(content.toHex()));
 }
 
@@ -48,17 +46,17 @@ QString lineOf(const QString &row)
     const QByteArray content = bytes(6);
     const QByteArray digest = QCryptographicHash::hash(
         QByteArray::number(body.size()) + ' ' + body + content, QCryptographicHash::Sha1);
-    const QString text =
-        line(fields[0] + QLatin1Char(' ') + fields[1], fields[2].toInt(), fields[3], body, content);
+    const QString text = line(fields[0] + QLatin1Char(' ') + fields[1], fields[2].toInt(),
+                              fields[3], RowText::of(body), content);
     return bytes(4) == digest ? text : text + QStringLiteral(" (not its digest)");
 }
 
 template <class Record>
-QByteArray json(const Record &record)
+QString json(const Record &record)
 {
     std::string text;
     ajson::encodeRecord(record, text);
-    return QByteArray::fromStdString(text);
+    return QString::fromStdString(text);
 }
 
 QString key(std::initializer_list<int> numbers)
@@ -71,13 +69,52 @@ QString key(std::initializer_list<int> numbers)
     return texts.join(QLatin1Char('/'));
 }
 
-QByteArray identityOf(const BizModel::Device &device)
+/// Bytes that are all ASCII, of which RowText makes a string.
+template <std::size_t size>
+QString rawBytes(const std::array<quint8, size> &bytes)
 {
-    ProtoModel::DeviceBaseInfo info = device.deviceBaseInfo();
-    info.ip = device.IPAddress().toStdString();
-    info.name = device.name().toStdString();
-    info.modelId = device.modelId();
-    return QByteArray::fromStdString(ProtoModel::encodeIdentity(info));
+    return QString::fromUtf8(reinterpret_cast<const char *>(bytes.data()), int(size));
+}
+
+QString identityOf(const BizModel::Device &device)
+{
+    const ProtoModel::DeviceBaseInfo info = device.deviceBaseInfo();
+    QStringList slotModels;
+    for (const quint16 model : info.slotModels)
+        slotModels << QString::number(model);
+    QString text = QStringLiteral("{\"info\":{");
+    const auto number = [&](const char *name, quint64 value) {
+        text += QStringLiteral("\"%1\":%2,").arg(QLatin1String(name)).arg(value);
+    };
+    const auto quoted = [&](const char *name, const QString &value) {
+        text += QStringLiteral("\"%1\":\"%2\",").arg(QLatin1String(name), value);
+    };
+    number("protocolVersion", info.protocolVersion);
+    number("modelId", info.modelId);
+    quoted("sn", rawBytes(info.sn));
+    quoted("mac", rawBytes(info.mac));
+    number("hardwareVersion", info.hardwareVersion);
+    number("firmwareVersion", info.firmwareVersion);
+    number("tcpPort", info.tcpPort);
+    number("slotCount", info.slotCount);
+    number("backupPort", info.backupPort);
+    number("maxPacketSize", info.maxPacketSize);
+    quoted("name", QString::fromStdString(info.name));
+    text += QStringLiteral("\"slotModels\":[%1],").arg(slotModels.join(QLatin1Char(',')));
+    number("features", info.features);
+    number("startTime", info.startTime);
+    number("configTime", info.configTime);
+    number("controlState", info.controlState);
+    quoted("ip", QString::fromStdString(info.ip));
+    quoted("hostName", QString::fromStdString(info.hostName));
+    number("extension", info.extension);
+    text.chop(1);
+    text += QStringLiteral("},");
+    quoted("ip", device.IPAddress());
+    quoted("name", device.name());
+    number("modelId", device.modelId());
+    text.chop(1);
+    return text + QLatin1Char('}');
 }
 
 /// Collects the lines of one device.
@@ -85,9 +122,9 @@ struct Lines {
     const QString owner;
     QStringList lines;
 
-    void add(int kind, const QString &key, const QByteArray &body, const QByteArray &content = {})
+    void add(int kind, const QString &key, const QString &record, const QByteArray &content = {})
     {
-        lines << line(owner, kind, key, body, content);
+        lines << line(owner, kind, key, record, content);
     }
     template <class Objects, class Key>
     void addAll(int kind, const Objects &objects, const Key &keyOf)

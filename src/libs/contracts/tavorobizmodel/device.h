@@ -126,7 +126,9 @@ public:
     /// @{
     unsigned short modelId() const;
     bool isOnline() const;
-    /// How the last read of the whole device ended; false before the first.
+    /// True if the last synchronisation set the device's clock and all its reads succeeded; false
+    /// before the first. A channel that is removed before the contents of the files are read does
+    /// not make it false: the contents are then empty.
     bool isSyncDataSuccess() const;
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const;
     /// What is known of the device as a whole.

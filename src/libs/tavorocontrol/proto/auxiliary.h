@@ -7,57 +7,61 @@
 #include <string>
 #include <vector>
 
-/// Records of the device's maintenance functions. Flags travel as plain numbers; numbers such as
-/// \c type, \c result and \c state are the device's own codes and pass through unchanged.
+/// Records of the maintenance functions. Flags are plain numbers.
+///
+/// Codes such as \c type, \c result and \c state are defined by the device and pass through
+/// unchanged. The ranges and codes given here are those of the simulated device.
 namespace Tavoro::ProtoModel::Auxiliary {
 
-/// One option; each command gives the number its own meaning.
+/// One option, whose meaning depends on the command.
 struct s_AuxiliaryOpt {
+    /// Restart and shutdown: 0 restart, 1 shut down. Factory reset: 0 keeps the files, 1 removes
+    /// them. Loss counts: 0 stop, 1 start, 2 clear.
     qint32 type = 0;
     TAVORO_FIELDS(type)
 };
 
+/// A point of a picture.
 struct s_CutoutPoint {
-    qint32 x = 0;
-    qint32 y = 0;
+    qint32 x = 0; ///< Pixels from the left, from 0.
+    qint32 y = 0; ///< Pixels from the top, from 0.
     TAVORO_FIELDS(x, y)
 };
 
-/// A point of an input or a screen at which the device is to pick a colour.
+/// A point of an input or a screen at which the device picks a colour.
 struct s_CutoutPos {
-    qint32 enable = 0;
-    qint32 type = 0; ///< Kind of the object picked on.
-    quint32 id = 0;
-    s_CutoutPoint pos;
+    qint32 enable = 0; ///< 1 to pick a colour, 0 to stop.
+    qint32 type = 0; ///< Kind of object: 1 an input, 3 a screen.
+    quint32 id = 0; ///< Number of the object; of an input slot << 16 | connector << 8 | split.
+    s_CutoutPoint pos; ///< The point.
     TAVORO_FIELDS(enable, type, id, pos)
 };
 
-/// The device's clock, in numbers as the calendar writes them.
+/// Time of the device's clock.
 struct s_DeviceTime {
-    qint32 year = 0;
-    qint32 month = 0;
-    qint32 day = 0;
-    qint32 hour = 0;
-    qint32 minute = 0;
-    qint32 second = 0;
-    qint32 millisecond = 0;
+    qint32 year = 0; ///< Year, such as 2024.
+    qint32 month = 0; ///< 1 to 12.
+    qint32 day = 0; ///< 1 to 31.
+    qint32 hour = 0; ///< 0 to 23.
+    qint32 minute = 0; ///< 0 to 59.
+    qint32 second = 0; ///< 0 to 59.
+    qint32 millisecond = 0; ///< 0 to 999.
     TAVORO_FIELDS(year, month, day, hour, minute, second, millisecond)
 };
 
-/// Progress of one file that the device loads. Unlike in the records of files, the type stands
-/// first.
+/// Load progress of one file. Kept: the type precedes the number, unlike in the records of files.
 struct s_DeviceProcessDetail {
-    quint32 fileType = 0;
-    quint32 fileId = 0;
-    quint8 process = 0;
+    quint32 fileType = 0; ///< A value of the model's \c FileType.
+    quint32 fileId = 0; ///< Number of the file within its type.
+    quint8 process = 0; ///< Progress in percent, 0 to 100.
     TAVORO_FIELDS(fileType, fileId, process)
 };
 
-/// How far the device is with loading what it stores.
+/// How far the device has loaded its stored files.
 struct s_DeviceProcess {
-    quint8 status = 0;
-    quint8 totalProcess = 0; ///< Progress of the load as a whole.
-    std::vector<s_DeviceProcessDetail> processDetails;
+    quint8 status = 0; ///< 1 while the device loads, 0 otherwise.
+    quint8 totalProcess = 0; ///< Progress of all files in percent, 0 to 100.
+    std::vector<s_DeviceProcessDetail> processDetails; ///< Progress of each file.
     TAVORO_FIELDS(status, totalProcess, processDetails)
 };
 
@@ -66,27 +70,28 @@ struct s_DeviceProcess {
 
 /// One measured value, as text.
 struct s_SelfCheckItem {
-    quint8 sequence = 0; ///< Position in the list.
-    std::string name = "-";
-    std::string value = "-";
-    std::string max = "-";
-    std::string min = "-";
-    quint8 state = 0;
-    quint8 showBrief = 0; ///< Not zero: shown in the brief list too.
+    quint8 sequence = 0; ///< Position in the list, from 0.
+    std::string name = "-"; ///< What was measured.
+    std::string value = "-"; ///< The value with its unit.
+    std::string max = "-"; ///< Upper limit with its unit.
+    std::string min = "-"; ///< Lower limit with its unit.
+    quint8 state = 0; ///< 0 when the value is good, 1 for a fault.
+    quint8 showBrief = 0; ///< Not 0: the item is part of the brief list.
     TAVORO_FIELDS(sequence, name, value, max, min, state, showBrief)
 };
 
-/// One unit of the device with its measured values.
+/// One unit of the device, with its measured values.
 struct s_SelfCheckPart {
-    quint8 type = 1;
-    quint8 slotId = 0;
-    quint16 modelId = 0x7701;
-    std::vector<s_SelfCheckItem> section;
+    quint8 type = 1; ///< Kind of unit: 1 the device as a whole, 2 a card.
+    quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
+    quint16 modelId = 0x7701; ///< Model of the unit.
+    std::vector<s_SelfCheckItem> section; ///< The measured values.
     TAVORO_FIELDS(type, slotId, modelId, section)
 };
 
+/// Result of the self check.
 struct s_DeviceSelfCheckDetail {
-    std::vector<s_SelfCheckPart> parts;
+    std::vector<s_SelfCheckPart> parts; ///< All units.
     TAVORO_FIELDS(parts)
 };
 
@@ -96,27 +101,28 @@ struct s_DeviceSelfCheckDetail {
 
 /// Version of one program section of a unit.
 struct s_VersionSection {
-    quint16 code = 0;
-    std::string version;
-    std::string brief;
+    quint16 code = 0; ///< Code of the section.
+    std::string version; ///< Version as text.
+    std::string brief; ///< Short description.
     TAVORO_FIELDS(code, version, brief)
 };
 
-/// Version of one unit. Kept: the model is 32 bits wide here, and 16 in s_SelfCheckPart.
+/// Version of one unit.
 struct s_VersionPart {
-    quint8 type = 1;
-    quint8 slotId = 0;
-    quint32 modelId = 0x7701;
-    std::string version = "N/A";
-    std::string brief = "N/A";
-    std::vector<s_VersionSection> section;
+    quint8 type = 1; ///< Kind of unit: 1 the device as a whole, 2 a card.
+    quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
+    quint32 modelId = 0x7701; ///< Model of the unit. Kept: 32 bits here, 16 in s_SelfCheckPart.
+    std::string version = "N/A"; ///< Version of the unit as text.
+    std::string brief = "N/A"; ///< Short description.
+    std::vector<s_VersionSection> section; ///< Versions of the program sections.
     TAVORO_FIELDS(type, slotId, modelId, version, brief, section)
 };
 
+/// Versions of the device and its units.
 struct s_DeviceVersion {
-    std::string version;
-    std::string brief;
-    std::vector<s_VersionPart> parts;
+    std::string version; ///< Version of the device as text.
+    std::string brief; ///< Short description.
+    std::vector<s_VersionPart> parts; ///< Versions of the units.
     TAVORO_FIELDS(version, brief, parts)
 };
 
@@ -124,61 +130,63 @@ struct s_DeviceVersion {
 /// \name Firmware upgrade
 /// @{
 
-/// A program section that is to be written.
+/// A program section to write.
 struct s_UpgradeSection {
-    quint16 code = 0;
+    quint16 code = 0; ///< Code of the section.
     TAVORO_FIELDS(code)
 };
 
-/// A unit that is to be upgraded.
+/// A unit to upgrade.
 struct s_UpgradePart {
-    qint32 type = 0;
-    quint8 slotId = 0;
-    quint8 boardId = 0;
-    std::vector<s_UpgradeSection> section;
+    qint32 type = 0; ///< Kind of unit: 1 the device as a whole, 2 a card.
+    quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
+    quint8 boardId = 0; ///< Board of the unit.
+    std::vector<s_UpgradeSection> section; ///< The sections to write.
     TAVORO_FIELDS(type, slotId, boardId, section)
 };
 
-/// What an upgrade is to do.
+/// Starts a firmware upgrade.
 struct s_UpgradeDetail {
-    qint32 upgradeType = 0;
+    qint32 upgradeType = 0; ///< Kind of upgrade.
     std::string filePath; ///< Path of the upgrade package.
-    qint32 reboot = 0; ///< Not zero: the device restarts afterwards.
-    qint32 deleteUpgradeFile = 0; ///< Not zero: the device deletes the package afterwards.
-    std::vector<s_UpgradePart> parts;
+    qint32 reboot = 0; ///< 1 to restart after the upgrade, 0 otherwise.
+    qint32 deleteUpgradeFile = 0; ///< 1 to delete the package after the upgrade, 0 otherwise.
+    std::vector<s_UpgradePart> parts; ///< The units to upgrade; empty for all units.
     TAVORO_FIELDS(upgradeType, filePath, reboot, deleteUpgradeFile, parts)
 };
 
-/// Progress of the current step. Kept: the name is in the plural, and it is one object.
+/// Progress of the current step of an upgrade.
 struct s_UpgradeSubSections {
-    quint8 rate = 0;
+    quint8 rate = 0; ///< Progress in percent, 0 to 100.
     TAVORO_FIELDS(rate)
 };
 
 /// Progress of one program section.
 struct s_UpgradeSectionPercent {
-    quint16 code = 0x0102;
-    quint8 rate = 0;
-    qint32 result = 0;
+    quint16 code = 0x0102; ///< Code of the section.
+    quint8 rate = 0; ///< Progress in percent, 0 to 100.
+    qint32 result = 0; ///< 0 without a failure, 1 when the section failed.
     TAVORO_FIELDS(code, rate, result)
 };
 
-/// Progress of one unit. Kept: the outcome is 8 bits wide here, and 32 in the records around it.
+/// Progress of one unit.
 struct s_UpgradePartPercent {
-    qint32 type = 1;
-    quint8 slotId = 0;
-    quint8 rate = 0;
+    qint32 type = 1; ///< Kind of unit: 1 the device as a whole, 2 a card.
+    quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
+    quint8 rate = 0; ///< Progress in percent, 0 to 100.
+    /// 0 without a failure, 1 when the unit failed. Kept: 8 bits here, 32 in the records around it.
     quint8 result = 0;
-    std::vector<s_UpgradeSectionPercent> section;
+    std::vector<s_UpgradeSectionPercent> section; ///< Progress of each section.
     TAVORO_FIELDS(type, slotId, rate, result, section)
 };
 
 /// Progress of an upgrade.
 struct s_UpgradePercent {
-    qint32 result = 0;
-    quint8 rate = 0;
+    qint32 result = 0; ///< 0 without a failure, 1 when the upgrade failed.
+    quint8 rate = 0; ///< Progress of the whole in percent, 0 to 100.
+    /// Progress of the current step. Kept: the key is plural and holds one object.
     s_UpgradeSubSections subSections;
-    std::vector<s_UpgradePartPercent> parts;
+    std::vector<s_UpgradePartPercent> parts; ///< Progress of each unit.
     TAVORO_FIELDS(result, rate, subSections, parts)
 };
 
@@ -186,16 +194,17 @@ struct s_UpgradePercent {
 /// \name Source loss
 /// @{
 
+/// Loss count of one connector.
 struct s_SourceLossConnector {
-    quint8 index = 0;
+    quint8 index = 0; ///< Connector on the card.
     quint32 times = 0; ///< How often the connector lost its source.
     TAVORO_FIELDS(index, times)
 };
 
 /// Loss counts of one slot.
 struct s_SourceLossStat {
-    quint8 slotId = 0;
-    std::vector<s_SourceLossConnector> connectors;
+    quint8 slotId = 0; ///< Slot of the card.
+    std::vector<s_SourceLossConnector> connectors; ///< Counts of the connectors.
     TAVORO_FIELDS(slotId, connectors)
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tavorocontrol/proto/fields.h>
+
 #include <QtGlobal>
 
 #include <array>
@@ -8,32 +10,39 @@
 
 namespace Tavoro::ProtoModel {
 
-/// Identity of a device, as its channel found it at connection.
+/// Identity of a device, as it reported it when the channel connected.
 ///
-/// The control library looks devices up by \c ip, \c mac and \c sn, splits bodies by \c
-/// maxPacketSize, and hands the rest to the device model as it came.
+/// The control library looks up devices by \c ip, \c mac and \c sn, splits bodies by \c
+/// maxPacketSize, and passes the rest to the device model unchanged.
 struct DeviceBaseInfo {
-    quint16 protocolVersion = 0; ///< Version of the wire protocol that the device speaks.
+    quint16 protocolVersion = 0; ///< Version of the wire protocol: 1.
     quint16 modelId = 0; ///< Model number of the device.
-    std::array<quint8, 8> sn{}; ///< Serial number.
-    std::array<quint8, 6> mac{};
-    quint16 hardwareVersion = 0;
-    quint32 firmwareVersion = 0;
-    quint16 tcpPort = 0;
-    quint16 slotCount = 0;
+    std::array<quint8, 8> sn{}; ///< Serial number; all zeros if the device has none.
+    std::array<quint8, 6> mac{}; ///< MAC address; all zeros if the device has none.
+    quint16 hardwareVersion = 0; ///< Version of the hardware, as the device counts it.
+    quint32 firmwareVersion = 0; ///< Version of the firmware, as the device counts it.
+    quint16 tcpPort = 0; ///< Port on which the device listens.
+    quint16 slotCount = 0; ///< Number of slots for cards.
+    /// Backup port, as the device reports it; passed to the model unchanged.
     quint16 backupPort = 0;
-    /// Largest body of one request, in bytes; never 0 on a usable channel.
+    /// Longest body of one request, in bytes; never 0 on a usable channel.
     quint32 maxPacketSize = 0;
-    std::string name;
+    std::string name; ///< Name of the device.
     std::vector<quint16> slotModels; ///< Model number of the card in each slot.
-    quint32 features = 0;
-    /// When the device was switched on, milliseconds since 1970 by its own clock.
+    quint32 features = 0; ///< Features, as the device reports them; passed to the model unchanged.
+    /// When the device was switched on: milliseconds since 1970 by the device's clock.
     quint64 startTime = 0;
-    quint64 configTime = 0; ///< When its configuration last changed, in the same unit.
+    /// When the configuration last changed: milliseconds since 1970 by the device's clock.
+    quint64 configTime = 0;
+    /// 1 when another client held control at the time of the answer, 0 otherwise.
     quint8 controlState = 0;
-    std::string ip;
-    std::string hostName;
+    std::string ip; ///< IP address as text.
+    std::string hostName; ///< Host name of the device.
+    /// Further data, as the device reports it; passed to the model unchanged.
     quint32 extension = 0;
+    TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
+                  slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
+                  configTime, controlState, ip, hostName, extension)
 };
 
 } // namespace Tavoro::ProtoModel

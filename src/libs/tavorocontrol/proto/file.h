@@ -8,117 +8,124 @@
 #include <string>
 #include <vector>
 
-/// Records of the files that a device stores: pictures, presets, projects, logs and others. Each
-/// travels as an element of an array, also when only one file is meant.
+/// Records of the files that a device stores: images, presets, projects, logs and others.
+///
+/// Each is sent as an element of an array, even for one file. The ranges and codes given here are
+/// those of the simulated device; another device may use others.
 namespace Tavoro::ProtoModel::File {
 
+/// Name of a file.
 struct s_FileGeneral {
-    std::string name = "N/A";
+    std::string name = "N/A"; ///< Name for display, 1 to 255 bytes of UTF-8.
     TAVORO_FIELDS(name)
 };
 
-/// What an image was or is to be made from.
+/// What an image is captured from.
 struct s_FileSource {
-    quint32 id = 0;
-    qint32 type = 0; ///< Kind of the source.
-    qint32 zoomRatio = 1;
+    quint32 id = 0; ///< Number of the source; of an input slot << 16 | connector << 8 | split.
+    qint32 type = 0; ///< Kind of source: 1 an input, 3 a screen.
+    qint32 zoomRatio = 1; ///< Of an image to be captured: every n-th pixel is stored, from 1.
     TAVORO_FIELDS(id, type, zoomRatio)
 };
 
-/// Length and hash sum of a file's content, and its size in pixels if it is an image.
+/// Length and hash sum of the content of a file, and the size of an image.
 struct s_FileSize {
-    qint32 length = 0; ///< Bytes.
-    qint32 hashSum = 0; ///< As the device states it; passed on, never computed or compared.
-    qint32 width = 0;
-    qint32 height = 0;
+    qint32 length = 0; ///< Length of the content in bytes.
+    /// Hash sum of the content as the device reports it. The library neither computes nor compares
+    /// it.
+    qint32 hashSum = 0;
+    qint32 width = 0; ///< Width in pixels of an image, 0 for other files.
+    qint32 height = 0; ///< Height in pixels of an image, 0 for other files.
     TAVORO_FIELDS(length, hashSum, width, height)
 };
 
-/// Which files a project holds: those whose key is not zero.
+/// Which files a project contains.
 struct s_FileContain {
-    quint8 other = 0;
-    quint8 BKG = 0;
-    quint8 logo = 0;
-    quint8 preset = 0;
+    quint8 other = 0; ///< Not 0: the project contains the files of all other types.
+    quint8 BKG = 0; ///< Not 0: the project contains the backgrounds.
+    quint8 logo = 0; ///< Not 0: the project contains the logos.
+    quint8 preset = 0; ///< Not 0: the project contains the presets.
     TAVORO_FIELDS(other, BKG, logo, preset)
 };
 
-/// A unit of the device whose log is wanted.
+/// A unit of the device whose log is collected.
 struct s_LogPart {
-    qint32 type = 0;
-    quint8 slotId = 0;
+    qint32 type = 0; ///< Kind of unit.
+    quint8 slotId = 0; ///< Slot of the unit.
     TAVORO_FIELDS(type, slotId)
 };
 
 /// A file on the device: one element of the answer to the file list.
 struct s_FileDetail : s_FileIdentity {
-    s_FileGeneral general;
-    s_FileSource source;
-    s_FileSize size;
-    std::string binary; ///< The file's content once it was read. Never travels in a body.
+    s_FileGeneral general; ///< Name of the file.
+    s_FileSource source; ///< What an image was captured from.
+    s_FileSize size; ///< Length, hash sum, and size of an image.
+    std::string binary; ///< Content of the file after it was read. Not part of a body.
     TAVORO_FIELDS(fileId, fileType, general, source, size)
 };
 
-/// A file that is announced to the device before its content follows.
+/// Announces a file to the device before its content is sent.
 struct s_FileInfo : s_FileIdentity {
-    s_FileGeneral general;
-    s_FileSize size;
-    s_InterfaceID interfaceIds; ///< Kept: the key is in the plural and holds one object.
+    s_FileGeneral general; ///< Name of the file.
+    s_FileSize size; ///< Length, hash sum and image size of the content that follows.
+    /// Interface to which the file belongs. Kept: the key is plural and holds one object.
+    s_InterfaceID interfaceIds;
     TAVORO_FIELDS(fileId, fileType, general, size, interfaceIds)
 };
 
-/// A file that the device is to make from an interface.
+/// Makes a file from an interface.
 struct s_CreateFileInfo : s_FileIdentity {
-    s_FileGeneral general;
-    s_InterfaceID interfaceId;
+    s_FileGeneral general; ///< Name of the file.
+    s_InterfaceID interfaceId; ///< Interface from which the file is made.
     TAVORO_FIELDS(fileId, fileType, general, interfaceId)
 };
 
-/// An image that the device is to capture.
+/// Captures an image into a file.
 struct s_CreateImageFile : s_FileIdentity {
-    s_FileGeneral general;
-    s_FileSource source;
+    s_FileGeneral general; ///< Name of the file.
+    s_FileSource source; ///< What to capture.
     TAVORO_FIELDS(fileId, fileType, general, source)
 };
 
-/// A preset that the device is to store from its state.
+/// Stores the present state of screens as a preset.
 struct s_CreatePresetFile : s_FileIdentity {
-    s_FileGeneral general;
-    std::vector<s_ScreenId> screens; ///< The screens that the preset covers.
+    s_FileGeneral general; ///< Name of the file.
+    std::vector<s_ScreenId> screens; ///< Screens that the preset covers.
     TAVORO_FIELDS(fileId, fileType, general, screens)
 };
 
-/// A project that the device is to store.
+/// Stores a project.
 struct s_CreateProjFile : s_FileIdentity {
-    s_FileGeneral general;
-    s_FileContain contain;
+    s_FileGeneral general; ///< Name of the file.
+    s_FileContain contain; ///< Files that the project contains.
     TAVORO_FIELDS(fileId, fileType, general, contain)
 };
 
-/// A log that the device is to collect.
+/// Collects a log into a file.
 struct s_CreateLogFile : s_FileIdentity {
-    s_FileGeneral general;
-    std::vector<s_LogPart> parts;
+    s_FileGeneral general; ///< Name of the file.
+    std::vector<s_LogPart> parts; ///< Units whose logs are collected.
     TAVORO_FIELDS(fileId, fileType, general, parts)
 };
 
-/// Renames or moves the file of the identity.
+/// Renames the file, or moves it to another number and type.
 struct s_ModifyFileInfo : s_FileIdentity {
     s_FileGeneral general; ///< The new name.
-    qint32 desFileId = 0;
-    qint32 desFileType = 0;
+    qint32 desFileId = 0; ///< The new number, 0 to 254.
+    qint32 desFileType = 0; ///< The new type, 0 to 254.
     TAVORO_FIELDS(fileId, fileType, general, desFileId, desFileType)
 };
 
+/// Deletes the file.
 struct s_DeleteFile : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType)
 };
 
-/// Progress of one file's transfer, reported by the device. Five plain integers, cheap to copy.
+/// Progress of one file transfer, reported by the device.
 struct s_FileTransPercent : s_FileIdentity {
-    qint32 type = 0; ///< Kind of transfer.
-    qint32 percent = 0;
-    qint32 status = 0;
+    qint32 type = 0; ///< Kind of transfer: 1 to the device.
+    qint32 percent = 0; ///< Progress, 0 to 100.
+    qint32 status = 0; ///< 0 in progress, 1 complete, 2 failed.
     TAVORO_FIELDS(fileId, fileType, type, percent, status)
 };
 
@@ -126,7 +133,7 @@ struct s_FileTransPercent : s_FileIdentity {
 
 namespace Tavoro::ProtoModel::ProjectFile {
 
-/// A project that is to be applied.
+/// Applies the project.
 struct s_ProjectFileApply : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType)
 };

@@ -9,136 +9,153 @@
 
 #include <string>
 
-/// Records of the interfaces, the video connectors of a device. Bodies that screens and layers use
-/// as well stand in signalbodies.h.
+/// Records of the interfaces, the video connectors of a device. signalbodies.h has the records that
+/// screens and layers share with them.
+///
+/// The ranges given here are those that the simulated device accepts.
 namespace Tavoro::ProtoModel::Interface {
 
-/// Name and kind of an interface. On the wire the kind comes last, in memory first.
+/// Names and kind of an interface.
 struct s_InterfaceGeneralBody {
-    qint32 type = 0;
-    std::string name = "N/A";
-    std::string nameGB2312 = "N/A"; ///< The name for a display with that character set.
+    qint32 type = 0; ///< Kind of interface. Ignored in a write. Last key when written.
+    std::string name = "N/A"; ///< Name for display.
+    std::string nameGB2312 = "N/A"; ///< Name for a display with the character set GB2312.
     TAVORO_FIELDS(name, nameGB2312, type)
 };
 
-/// Copy protection: asked version and version in force.
+/// Copy protection: version requested and version in force.
 struct s_HDCPBody {
-    bool enable = false;
-    qint32 presetType = 1;
-    qint32 actualType = 1;
+    bool enable = false; ///< True when HDCP is on.
+    qint32 presetType = 1; ///< Version requested, 0 to 65535.
+    qint32 actualType = 1; ///< Version in force. Ignored in a write.
     TAVORO_FIELDS(enable, presetType, actualType)
 };
 
+/// Cutout by brightness.
 struct s_CutoutBrightness {
-    qint32 threshold = 0;
-    qint32 gain = 0;
+    qint32 threshold = 0; ///< 0 to 65535.
+    qint32 gain = 0; ///< 0 to 65535.
     TAVORO_FIELDS(threshold, gain)
 };
 
+/// Cutout by hue.
 struct s_CutoutHue {
-    qint32 background = 0;
-    qint32 foreground = 0;
-    s_RGB color;
+    qint32 background = 0; ///< 0 to 65535.
+    qint32 foreground = 0; ///< 0 to 65535.
+    s_RGB color; ///< Colour that is cut out.
     TAVORO_FIELDS(background, foreground, color)
 };
 
 /// What is cut out of the picture of an interface, by brightness or by hue.
 struct s_CutoutBody {
-    qint32 enable = 0;
-    qint32 type = 0;
-    s_CutoutBrightness brightness;
-    s_CutoutHue hue;
+    qint32 enable = 0; ///< 0 or 1.
+    qint32 type = 0; ///< Kind of cutout, 0 to 65535.
+    s_CutoutBrightness brightness; ///< Settings of the cutout by brightness.
+    s_CutoutHue hue; ///< Settings of the cutout by hue.
     TAVORO_FIELDS(enable, type, brightness, hue)
 };
 
 /// The whole state of an interface: one element of the answer to the read.
 struct s_InterfaceDetail {
-    s_InterfaceID interfaceId;
-    s_InterfaceGeneralBody general;
-    s_ColorDepthBody colorDepths;
-    s_ColorSpaceBody colorSpaces;
-    s_ColorRangeBody colorRanges;
-    qint32 formatMapping = 0;
-    s_HDRBody HDR;
-    s_HDCPBody HDCP;
-    s_TestPatternBody testPattern;
-    s_TimingDetailBody presetTiming;
-    s_TimingDetailBody actualTiming;
-    s_ImageQualityBody imageQuality;
-    s_CropBody crop;
-    s_CutoutBody cutoutGeneral;
+    s_InterfaceID interfaceId; ///< Identity of the interface.
+    s_InterfaceGeneralBody general; ///< Names and kind.
+    s_ColorDepthBody colorDepths; ///< Colour depth, measured and requested.
+    s_ColorSpaceBody colorSpaces; ///< Colour space, measured and requested.
+    s_ColorRangeBody colorRanges; ///< Colour range, measured and requested.
+    qint32 formatMapping = 0; ///< Format mapping, 0 to 65535.
+    s_HDRBody HDR; ///< Colour gamut and dynamic range.
+    s_HDCPBody HDCP; ///< Copy protection.
+    s_TestPatternBody testPattern; ///< Test pattern.
+    s_TimingDetailBody presetTiming; ///< Timing requested.
+    s_TimingDetailBody actualTiming; ///< Timing measured.
+    s_ImageQualityBody imageQuality; ///< Image quality.
+    s_CropBody crop; ///< Part of the picture that is shown.
+    s_CutoutBody cutoutGeneral; ///< What is cut out of the picture.
     TAVORO_FIELDS(interfaceId, general, colorDepths, colorSpaces, colorRanges, formatMapping, HDR,
                   HDCP, testPattern, presetTiming, actualTiming, imageQuality, crop, cutoutGeneral)
 };
 
 /// \name Write records
-/// The identity of the interface, flat, and what is written.
+/// The keys of the identity of the interface, followed by what is written or reported.
 /// @{
 
+/// Renames an interface; reported when the names change.
 struct s_General : s_InterfaceID {
-    s_InterfaceGeneralBody general;
+    s_InterfaceGeneralBody general; ///< The new names.
     TAVORO_FIELDS(slotId, connectorId, splitId, general)
 };
 
+/// Sets the test pattern.
 struct s_TestPattern : s_InterfaceID {
-    s_TestPatternBody testPattern;
+    s_TestPatternBody testPattern; ///< Test pattern.
     TAVORO_FIELDS(slotId, connectorId, splitId, testPattern)
 };
 
+/// Requests a timing.
 struct s_PresetTimingDetail : s_InterfaceID {
-    s_TimingDetailBody presetTiming;
+    s_TimingDetailBody presetTiming; ///< Timing requested.
     TAVORO_FIELDS(slotId, connectorId, splitId, presetTiming)
 };
 
+/// Reported when the measured timing changes.
 struct s_ActualTimingDetail : s_InterfaceID {
-    s_TimingDetailBody actualTiming;
+    s_TimingDetailBody actualTiming; ///< Timing measured.
     TAVORO_FIELDS(slotId, connectorId, splitId, actualTiming)
 };
 
+/// Sets the image quality.
 struct s_ImageQuality : s_InterfaceID {
-    s_ImageQualityBody imageQuality;
+    s_ImageQualityBody imageQuality; ///< Image quality.
     TAVORO_FIELDS(slotId, connectorId, splitId, imageQuality)
 };
 
+/// Sets the crop.
 struct s_CropDetail : s_InterfaceID {
-    s_CropBody crop;
+    s_CropBody crop; ///< Part of the picture that is shown.
     TAVORO_FIELDS(slotId, connectorId, splitId, crop)
 };
 
+/// Sets the cutout.
 struct s_CutoutGeneral : s_InterfaceID {
-    s_CutoutBody cutoutGeneral;
+    s_CutoutBody cutoutGeneral; ///< What is cut out of the picture.
     TAVORO_FIELDS(slotId, connectorId, splitId, cutoutGeneral)
 };
 
-/// Kept: the key is in lower case here and in upper case in s_InterfaceDetail.
+/// Sets the copy protection.
 struct s_HDCP : s_InterfaceID {
+    /// Kept: the key is in lower case here, and in upper case in s_InterfaceDetail.
     s_HDCPBody hdcp;
     TAVORO_FIELDS(slotId, connectorId, splitId, hdcp)
 };
 
+/// Requests a colour depth; reported when it changes.
 struct s_ColorDepth : s_InterfaceID {
-    s_ColorDepthBody colorDepths;
+    s_ColorDepthBody colorDepths; ///< Colour depth. A write takes the requested value only.
     TAVORO_FIELDS(slotId, connectorId, splitId, colorDepths)
 };
 
+/// Requests a colour space; reported when it changes.
 struct s_ColorSpace : s_InterfaceID {
-    s_ColorSpaceBody colorSpaces;
+    s_ColorSpaceBody colorSpaces; ///< Colour space. A write takes the requested value only.
     TAVORO_FIELDS(slotId, connectorId, splitId, colorSpaces)
 };
 
+/// Requests a colour range; reported when it changes.
 struct s_ColorRange : s_InterfaceID {
-    s_ColorRangeBody colorRanges;
+    s_ColorRangeBody colorRanges; ///< Colour range. A write takes the requested value only.
     TAVORO_FIELDS(slotId, connectorId, splitId, colorRanges)
 };
 
+/// Sets the format mapping.
 struct s_FormatMapping : s_InterfaceID {
-    qint32 formatMapping = 0;
+    qint32 formatMapping = 0; ///< Format mapping, 0 to 65535.
     TAVORO_FIELDS(slotId, connectorId, splitId, formatMapping)
 };
 
-/// "DHR": the protocol spells it so.
+/// Requests colour gamut and dynamic range; reported when they change. Kept: the protocol spells it
+/// "DHR".
 struct s_DHR : s_InterfaceID {
-    s_HDRBody HDR;
+    s_HDRBody HDR; ///< Colour gamut and dynamic range.
     TAVORO_FIELDS(slotId, connectorId, splitId, HDR)
 };
 

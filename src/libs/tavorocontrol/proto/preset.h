@@ -7,9 +7,10 @@
 
 namespace Tavoro::ProtoModel::Preset {
 
-/// A preset that is to be applied.
+/// Applies a preset. The identity is that of the preset file.
 struct s_PresetPlay : s_FileIdentity {
-    qint32 applyType = 0; ///< How. No relation to the device's \c presetApplyType.
+    /// 0: as stored. 1: into the preview. Not related to the device's \c presetApplyType.
+    qint32 applyType = 0;
     TAVORO_FIELDS(fileId, fileType, applyType)
 };
 

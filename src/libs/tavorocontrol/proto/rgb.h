@@ -6,11 +6,11 @@
 
 namespace Tavoro::ProtoModel {
 
-/// A colour, each channel in the device's own scale.
+/// A colour.
 struct s_RGB {
-    qint32 R = 50;
-    qint32 G = 50;
-    qint32 B = 50;
+    qint32 R = 50; ///< Red, 0 to 255.
+    qint32 G = 50; ///< Green, 0 to 255.
+    qint32 B = 50; ///< Blue, 0 to 255.
     TAVORO_FIELDS(R, G, B)
 };
 

@@ -75,10 +75,9 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     return readFurtherPackets(channel, request->head(), answer, std::move(reply));
 }
 
-/// Reads the packets after the first one, whose head and outcome are \a answer and
-/// \a reply. \a head is that of the
-/// caller's request, copied once after the first call of the callback, which may change the
-/// request.
+/// Reads the packets after the first one, whose head is \a answer and whose outcome is \a reply. \a
+/// head is that of the caller's request, copied once after the first call of the callback, which
+/// may change the request.
 bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead head,
                                       const SSProxy::PacketHead &answer, Reply reply)
 {

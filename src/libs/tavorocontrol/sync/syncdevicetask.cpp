@@ -28,6 +28,10 @@ using Internal::controlLog;
 namespace {
 
 constexpr qint32 readyStatus = 1; ///< Of a device that may be read.
+// Named with its context: lupdate does not find the class when it sees this library alone.
+constexpr char deviceNotReady[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device not ready.");
+
 constexpr int allScreenTypes = 30;
 constexpr int programmeScene = 4;
 constexpr int previewScene = 2;
@@ -157,7 +161,7 @@ bool SyncDeviceTask::readEssentials(WeakDevice device)
     }
     const qint32 status = d->deviceDetail->general.status;
     if (status != readyStatus) {
-        d->errorMsg = tr("Device not ready.");
+        d->errorMsg = tr(deviceNotReady);
         qCWarning(controlLog) << d->errorMsg;
         d->syncSuccess = status != 0; // Kept: a device that is busy, but not down, counts as read.
         return false;

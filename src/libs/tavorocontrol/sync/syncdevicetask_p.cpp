@@ -17,6 +17,10 @@ namespace {
 using BizModel::DeviceList;
 using BizModel::MVRScreen;
 
+// Named with its context: lupdate does not find the class when it sees this library alone.
+constexpr char deviceOffline[] =
+    QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device offline");
+
 constexpr int ordinaryScreens = 6;
 constexpr int multiviewerScreens = 8;
 constexpr qint32 removedFileType = 15; ///< Listed by the device, but not there any more.
@@ -146,7 +150,7 @@ void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
         qCWarning(controlLog) << "Sync device model failed, device offline";
         modelDevice.setDeviceOnlineFlag(false);
         Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(BizModel::Enum::StatusBarFailure,
-                                                              SyncDeviceTask::tr("Device offline"),
+                                                              SyncDeviceTask::tr(deviceOffline),
                                                               statusBarMilliseconds);
         return;
     }

@@ -1,4 +1,4 @@
-// The operations of the library by their names: call, batch, list.
+// Calls operations of the library by their names: call, batch, list.
 
 #include "commandlist.h"
 
@@ -12,25 +12,38 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-/// Makes one call; \a place stands in front of what is said about a fault.
+/// Where the calls of a command come from, and how they are made.
+struct CallSource {
+    MissingKeys missing = MissingKeys::Refused;
+    QString place; ///< Precedes each message about a fault; empty for a call of its own.
+};
+
+CallSource sourceOf(const Arguments &arguments)
+{
+    CallSource source;
+    if (arguments.options.contains(QStringLiteral("defaults")))
+        source.missing = MissingKeys::SentAsDefaults;
+    return source;
+}
+
 ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call,
-                    const QString &place)
+                    const CallSource &source)
 {
     const std::optional<Host> host = parseHost(hostText);
     if (!host)
-        return refuseHost(tool, hostText, place);
+        return refuseHost(tool, hostText, source.place);
     if (call.isEmpty())
-        return refuse(tool, place + QStringLiteral("an operation is missing"));
+        return refuse(tool, source.place + QStringLiteral("expected an operation"));
     const Operation *const operation = findOperation(call.at(0));
     if (!operation)
         return refuse(tool,
-                      place
-                          + QStringLiteral("there is no operation \"%1\"; \"tavoroctl list\" "
-                                           "tells what there is")
+                      source.place
+                          + QStringLiteral("unknown operation \"%1\"; \"tavoroctl list\" lists "
+                                           "all operations")
                                 .arg(call.at(0)));
-    const PreparedCall prepared = operation->calls.prepare(call.mid(1));
+    const PreparedCall prepared = operation->calls.prepare(call.mid(1), source.missing);
     if (!prepared.fault.isEmpty())
-        return refuse(tool, place + call.at(0) + QStringLiteral(", ") + prepared.fault);
+        return refuse(tool, source.place + call.at(0) + QStringLiteral(", ") + prepared.fault);
 
     QString error;
     const auto device = tool.session.device(*host, error);
@@ -42,31 +55,31 @@ ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call
                     result.error.isEmpty() ? QStringLiteral("%1 failed.").arg(call.at(0))
                                            : result.error);
     if (!result.answer.empty())
-        tool.console.answer(result.answer);
+        tool.console.answerJson(result.answer);
     return Done;
 }
 
-/// Makes the call of one line; at \a batchHost unless that is empty.
-ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &line, int number)
+/// Makes the call of one line. The line begins with the host if \a batchHost is empty.
+ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &line,
+                          const CallSource &source)
 {
-    const QString place = QStringLiteral("line %1 of the batch: ").arg(number);
     auto [call, fault] = splitBatchLine(line);
     if (!fault.isEmpty())
-        return refuse(tool, place + fault);
+        return refuse(tool, source.place + fault);
     if (call.isEmpty())
         return Done;
     const QString host = batchHost.isEmpty() ? call.takeFirst() : batchHost;
-    return makeCall(tool, host, call, place);
+    return makeCall(tool, host, call, source);
 }
 
 ExitStatus listOne(Tool &tool, const QString &name)
 {
     const Operation *const operation = findOperation(name);
     if (!operation)
-        return refuse(tool, QStringLiteral("there is no operation \"%1\"").arg(name));
+        return refuse(tool, QStringLiteral("unknown operation \"%1\"").arg(name));
     const OperationForm form = operation->calls.form();
     if (!form.sample.empty())
-        tool.console.answer(form.sample);
+        tool.console.answerJson(form.sample);
     return Done;
 }
 
@@ -75,7 +88,7 @@ ExitStatus listOne(Tool &tool, const QString &name)
 ExitStatus runCall(Tool &tool, const Arguments &arguments)
 {
     tool.console.showStatusBar(StatusBar::Everything);
-    return makeCall(tool, arguments.words.at(0), arguments.words.mid(1), {});
+    return makeCall(tool, arguments.words.at(0), arguments.words.mid(1), sourceOf(arguments));
 }
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments)
@@ -84,10 +97,14 @@ ExitStatus runBatch(Tool &tool, const Arguments &arguments)
     const QString host = arguments.words.value(0);
     if (!arguments.words.isEmpty() && !parseHost(host))
         return refuseHost(tool, host);
+    CallSource source = sourceOf(arguments);
     ExitStatus worst = Done;
     std::string line;
-    for (int number = 1; std::getline(std::cin, line); ++number)
-        worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), number));
+    for (int number = 1; !tool.console.hasOutputFailed() && std::getline(std::cin, line);
+         ++number) {
+        source.place = QStringLiteral("line %1 of the batch: ").arg(number);
+        worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), source));
+    }
     return worst;
 }
 
@@ -103,8 +120,7 @@ ExitStatus runList(Tool &tool, const Arguments &arguments)
         tool.console.answer(QStringLiteral("%1 0x%2  %3")
                                 .arg(QLatin1String(operation.name), -42)
                                 .arg(static_cast<uint>(operation.command), 4, 16, QLatin1Char('0'))
-                                .arg(usage.trimmed())
-                                .toStdString());
+                                .arg(usage.trimmed()));
     }
     return Done;
 }

@@ -10,8 +10,11 @@ namespace Tavoro::Ctl {
 namespace {
 
 // clang-format off
-constexpr OptionRow pushOptions[] = {
+constexpr OptionRow callOptions[] = {
 //   name          value           effect
+    {"defaults",   "",             "Send missing keys of a record at their defaults."},
+};
+constexpr OptionRow pushOptions[] = {
     {"type",       "TYPE",         "Type of the file on the device (background)."},
     {"id",         "ID",           "Its number there (0)."},
     {"name",       "NAME",         "Its name there (that of FILE)."},
@@ -34,9 +37,9 @@ constexpr CommandRow commandRows[] = {
 //   name, words behind it
 //   effect                                                                               function        options
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input; lines name the host unless batch does.",   runBatch},
+     "Makes one call per line of standard input; lines name the host unless batch does.",   runBatch,       callOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
-     "Makes one call: the record of a write as JSON, the filters of a read as numbers.",    runCall},
+     "Makes one call: the record of a write as JSON, the filters of a read as numbers.",    runCall,        callOptions},
     {"discover", "[ADDRESS[:PORT] ...]",
      "Lists the devices of the local network, or those that answer at ADDRESS.",            runDiscover},
     {"files", "HOST[:PORT] [TYPE]",

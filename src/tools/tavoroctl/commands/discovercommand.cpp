@@ -1,6 +1,7 @@
 #include "commandlist.h"
 
 #include <tavorocontrol/proto/hexdigits.h>
+#include <tavoroctl/output/labels.h>
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorowire/hostandport.h>
@@ -13,15 +14,13 @@ namespace {
 
 constexpr int listeningTime = 1000; ///< Milliseconds.
 
-std::string lineOf(const ProtoModel::DeviceBaseInfo &device)
+QString lineOf(const ProtoModel::DeviceBaseInfo &device)
 {
     const QString place =
         SSProxy::Wire::hostAndPort(QString::fromStdString(device.ip), device.tcpPort);
     return QStringLiteral("%1  %2  %3")
         .arg(place, -21)
-        .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)),
-             QString::fromStdString(device.name))
-        .toStdString();
+        .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)), textOf(device.name));
 }
 
 /// Names are not looked up, and only networks of IPv4 are asked.

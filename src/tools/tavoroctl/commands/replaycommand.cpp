@@ -1,5 +1,6 @@
 #include "commandlist.h"
 
+#include <tavoroctl/output/printable.h>
 #include <tavorowire/capture.h>
 
 #include <QFile>
@@ -115,7 +116,7 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
     std::string error;
     const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), items, error);
     for (const CapturedItem &item : items)
-        tool.console.answer(tell(item).toStdString());
+        tool.console.answer(printable(tell(item)));
     return isRead ? Done
                   : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
 }

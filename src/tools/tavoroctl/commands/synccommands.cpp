@@ -27,17 +27,22 @@ public:
         : m_tool(tool),
           m_device(std::move(device)),
           m_channel(tool.session.channel(*m_device)),
-          m_watch([this](const QString &line) { m_tool.console.answer(line.toStdString()); }),
+          m_watch([this](const QString &line) { m_tool.console.answer(line); }),
           m_reader(tool.console, [this](bool success) { take(success); })
     { }
 
-    /// Watches until \a loop is left.
+    /// Watches until \a loop is left, or until standard output cannot be written.
     void run(QEventLoop &loop)
     {
         read();
         QTimer timer;
         timer.setInterval(lookInterval);
-        QObject::connect(&timer, &QTimer::timeout, &loop, [this] { lookAtConnection(); });
+        QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+            if (m_tool.console.hasOutputFailed())
+                loop.quit();
+            else
+                lookAtConnection();
+        });
         timer.start();
         loop.exec();
     }

@@ -41,7 +41,10 @@ std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText
 
 void show(Tool &tool, const std::string &json, const QString &table)
 {
-    tool.console.answer(tool.asJson ? json : table.trimmed().toStdString());
+    if (tool.asJson)
+        tool.console.answerJson(json);
+    else
+        tool.console.answer(table.trimmed());
 }
 
 } // namespace Tavoro::Ctl

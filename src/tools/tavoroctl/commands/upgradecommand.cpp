@@ -47,7 +47,7 @@ public:
             return fail(m_tool, QStringLiteral("The upgrade failed at %1 %.").arg(progress.rate));
         if (progress.rate < whole)
             return std::nullopt;
-        m_tool.console.answer("The upgrade is done.");
+        m_tool.console.answer(QStringLiteral("The upgrade is done."));
         return Done;
     }
 
@@ -71,8 +71,7 @@ private:
             const QString outcome = part.result == 0
                 ? QStringLiteral("written")
                 : QStringLiteral("failed with result %1").arg(part.result);
-            m_tool.console.answer(
-                QStringLiteral("%1: %2").arg(unitName(part), outcome).toStdString());
+            m_tool.console.answer(QStringLiteral("%1: %2").arg(unitName(part), outcome));
         }
     }
 

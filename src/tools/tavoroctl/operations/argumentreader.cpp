@@ -6,7 +6,7 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-/// Also true of one that is too large for any type.
+/// Also true for a number that is too large for any type.
 bool isWholeNumber(const QString &text)
 {
     static const QRegularExpression form(QStringLiteral("^[+-]?\\d+$"));
@@ -34,17 +34,17 @@ QString ArgumentReader::fault() const
 {
     if (!m_fault.isEmpty() || m_taken == m_arguments.size())
         return m_fault;
-    return QStringLiteral("argument %1: \"%2\" is one too many")
+    return QStringLiteral("argument %1: unexpected \"%2\"")
         .arg(m_taken + 1)
         .arg(m_arguments.at(m_taken));
 }
 
-QString ArgumentReader::take(const QString &due)
+QString ArgumentReader::take(const QString &expected)
 {
     ++m_taken;
     if (m_taken <= m_arguments.size())
         return m_arguments.at(m_taken - 1);
-    tell(due + QStringLiteral(" is missing"));
+    setFault(expected + QStringLiteral(" is missing"));
     return {};
 }
 
@@ -54,13 +54,13 @@ qint64 ArgumentReader::takeNumber(qint64 least, qint64 most)
     bool ok = false;
     const qint64 number = text.toLongLong(&ok);
     if (!ok && !isWholeNumber(text))
-        tell(QStringLiteral("\"%1\" is not a number").arg(text));
+        setFault(QStringLiteral("\"%1\" is not a number").arg(text));
     else if (!ok || number < least || number > most)
-        tell(QStringLiteral("%1 is not between %2 and %3").arg(text).arg(least).arg(most));
+        setFault(QStringLiteral("%1 is not between %2 and %3").arg(text).arg(least).arg(most));
     return number;
 }
 
-void ArgumentReader::tell(const Fault &fault)
+void ArgumentReader::setFault(const Fault &fault)
 {
     if (m_fault.isEmpty() && !fault.isEmpty())
         m_fault = QStringLiteral("argument %1: %2").arg(m_taken).arg(fault);

@@ -10,12 +10,14 @@
 
 namespace Tavoro::Ctl {
 
-/// Reads the words of a call, one after the other.
+/// Reads the arguments of a call, one after the other.
 class ArgumentReader {
 public:
-    explicit ArgumentReader(const QStringList &arguments) : m_arguments(arguments) { }
+    ArgumentReader(const QStringList &arguments, MissingKeys missing)
+        : m_arguments(arguments), m_missing(missing)
+    { }
 
-    /// A filter of a read: -1, which restricts nothing, or a byte.
+    /// A filter of a read: a byte, or -1 for no restriction.
     void read(int &filter);
     void read(quint8 &number);
     void read(QString &text);
@@ -32,19 +34,20 @@ public:
     {
         const std::string text = take(QStringLiteral("a record")).toStdString();
         if (m_fault.isEmpty())
-            tell(readRecord(text, record));
+            setFault(readRecord(text, record, m_missing));
     }
 
-    /// The first thing that was wrong, words that are left over included; empty if nothing was.
+    /// The first fault, arguments that are left over included; empty if there is none.
     QString fault() const;
 
 private:
-    /// The next word, empty if there is none; \a due is what should stand there.
-    QString take(const QString &due);
+    /// The next argument. If there is none, reports that \a expected is missing.
+    QString take(const QString &expected);
     qint64 takeNumber(qint64 least, qint64 most);
-    void tell(const Fault &fault);
+    void setFault(const Fault &fault);
 
     const QStringList &m_arguments;
+    const MissingKeys m_missing;
     int m_taken = 0;
     QString m_fault;
 };

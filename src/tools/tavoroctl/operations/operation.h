@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recordargument.h"
+
 #include <tavorossproxy/commandcodes.h>
 
 #include <QString>
@@ -15,40 +17,41 @@ class Device;
 
 namespace Tavoro::Ctl {
 
-/// What came of a call.
+/// The result of a call.
 struct CallResult {
     bool ok = true;
-    QString error; ///< Why it failed; may be empty, since some operations fail without a word.
-    std::string answer; ///< What a read brought: JSON.
+    QString error; ///< Why the call failed. May be empty: some operations fail without a text.
+    std::string answer; ///< The answer of a read as JSON; empty for a write.
 };
 
-/// A call whose arguments have been read and found good, but which has not been made.
+/// A call whose arguments are valid, or the reason why they are not. Nothing has been sent yet.
 struct PreparedCall {
-    QString fault; ///< What is wrong with the arguments, with its place; empty if nothing is.
+    QString fault; ///< What is wrong with the arguments, and where; empty if they are valid.
     std::function<CallResult(std::weak_ptr<BizModel::Device> device)> run;
 };
 
-/// What an operation takes and gives, for people.
+/// The arguments and the answer of an operation, for display.
 struct OperationForm {
-    QStringList arguments; ///< What stands for each argument of a call: "FILTER", "TEXT", a record.
-    QString answer; ///< The record that is printed, empty for writes.
-    std::string sample; ///< The record that is taken, every key at its default; empty if none is.
+    QStringList arguments; ///< One word per argument: "FILTER", "NUMBER", "TEXT" or a record.
+    QString answer; ///< The record that a read prints; empty for a write.
+    std::string
+        sample; ///< The record that the operation takes, every key at its default; or empty.
 };
 
-/// How an operation is called and told; the same for all that look alike.
+/// How an operation is called and described. Operations with the same parameters share the code.
 struct OperationCalls {
-    PreparedCall (*prepare)(const QStringList &arguments);
+    PreparedCall (*prepare)(const QStringList &arguments, MissingKeys missing);
     OperationForm (*form)();
 };
 
 /// One operation of one control class.
 struct Operation {
     const char *name; ///< Class and member: "Device.writeSwap".
-    SSProxy::Command command; ///< The code that it sends.
+    SSProxy::Command command; ///< The code that the request carries.
     OperationCalls calls;
 };
 
-/// All operations, those of one class together.
+/// All operations, grouped by class.
 struct OperationRange {
     const Operation *first;
     const Operation *last;
@@ -57,7 +60,7 @@ struct OperationRange {
 };
 OperationRange allOperations();
 
-/// The operation of this name, null when there is none.
+/// The operation with this name; null if there is none.
 const Operation *findOperation(const QString &name);
 
 } // namespace Tavoro::Ctl

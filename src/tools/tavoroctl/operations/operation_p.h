@@ -11,11 +11,11 @@
 #include <utility>
 #include <vector>
 
-/// Makes the rows of the operation table from the member functions themselves: the parameters of a
-/// member tell what words a call takes and what it prints.
+/// Derives the rows of the operation table from the member functions: the parameters of a member
+/// determine the arguments of a call and what it prints.
 namespace Tavoro::Ctl {
 
-/// A record that is not constant is where a read puts its answer; a write takes it as any other.
+/// A read stores its answer in its non-constant record. A write takes every record as an argument.
 enum class Direction {
     Read,
     Write,
@@ -24,14 +24,14 @@ enum class Direction {
 template <class Parameter>
 constexpr bool isChanged =
     std::is_lvalue_reference_v<Parameter> && !std::is_const_v<std::remove_reference_t<Parameter>>;
-/// Texts that an operation takes are constant; one operation has its error text by value.
+/// A text argument is constant. One operation takes its error text by value.
 template <class Parameter>
 constexpr bool isError = std::is_same_v<Parameter, QString &> || std::is_same_v<Parameter, QString>;
 template <class Parameter, Direction direction>
 constexpr bool isAnswer =
     direction == Direction::Read &&isChanged<Parameter> && !isError<Parameter>;
 
-/// The name of a record without what all names have in common: "Device::s_swap".
+/// The name of a record without the common namespace: "Device::s_swap".
 QString recordName(const std::type_info &type);
 
 template <class Value>
@@ -39,7 +39,7 @@ struct FormOfValue {
     static QString name() { return recordName(typeid(Value)); }
     static Value sample() { return {}; }
 };
-/// A list is shown with one element.
+/// The sample of a list has one element.
 template <class Element>
 struct FormOfValue<std::vector<Element>> {
     static QString name()
@@ -91,10 +91,11 @@ void describe(OperationForm &form)
 }
 
 template <Direction direction, class Control, class... Parameters>
-PreparedCall prepareCall(bool (Control::*member)(Parameters...), const QStringList &arguments)
+PreparedCall prepareCall(bool (Control::*member)(Parameters...), const QStringList &arguments,
+                         MissingKeys missing)
 {
     std::tuple<std::decay_t<Parameters>...> values;
-    ArgumentReader reader(arguments);
+    ArgumentReader reader(arguments, missing);
     std::apply([&](auto &...value) { (readParameter<Parameters, direction>(reader, value), ...); },
                values);
     const auto run = [member, values](const std::weak_ptr<BizModel::Device> &device) mutable {
@@ -120,9 +121,9 @@ OperationForm describeCall(bool (Control::* /*member*/)(Parameters...))
 }
 
 template <Direction direction, auto member>
-PreparedCall prepare(const QStringList &arguments)
+PreparedCall prepare(const QStringList &arguments, MissingKeys missing)
 {
-    return prepareCall<direction>(member, arguments);
+    return prepareCall<direction>(member, arguments, missing);
 }
 
 template <Direction direction, auto member>

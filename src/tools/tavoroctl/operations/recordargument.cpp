@@ -23,7 +23,7 @@ Fault placed(qint64 line, qint64 column, const QString &words)
     return QStringLiteral("line %1, column %2: %3").arg(line).arg(column).arg(words);
 }
 
-/// The same for the byte at \a offset of \a text.
+/// A fault at the byte \a offset of \a text.
 Fault placedAt(const QByteArray &text, int offset, const QString &words)
 {
     const QByteArray before = text.left(offset);
@@ -36,23 +36,29 @@ bool isSame(const QJsonValue &typed, const QJsonValue &sent)
     return typed.isBool() ? sent.toInt(-1) == (typed.toBool() ? 1 : 0) : typed == sent;
 }
 
-/// Walks through a valid JSON text beside the value that would be sent.
-class MeaningCheck {
+/// Compares a valid JSON text with the record that it would be sent as, value by value.
+class RecordComparison {
 public:
-    explicit MeaningCheck(QByteArray text) : m_text(std::move(text)) { }
+    explicit RecordComparison(QByteArray text) : m_text(std::move(text)) { }
 
-    /// The first difference, empty if there is none. The text stands before a value.
-    Fault compare(const QJsonValue &sent)
+    /// The first difference, empty if there is none. Collects the keys that the text lacks.
+    Fault compare(const QJsonValue &sent) { return compareValue(sent, {}); }
+
+    /// The keys of \c sent that the text lacks, by their paths: "[0].window.y".
+    const QStringList &missingKeys() const { return m_missing; }
+
+private:
+    /// The text stands before a value, whose place in the record is \a path.
+    Fault compareValue(const QJsonValue &sent, const QString &path)
     {
         const char first = peek();
         if (first == '{' && sent.isObject())
-            return compareObject(sent.toObject());
+            return compareObject(sent.toObject(), path);
         if (first == '[' && sent.isArray())
-            return compareArray(sent.toArray());
+            return compareArray(sent.toArray(), path);
         return compareScalar(sent);
     }
 
-private:
     /// The next character that is not a blank.
     char peek()
     {
@@ -61,7 +67,7 @@ private:
         return m_offset < m_text.size() ? m_text[m_offset] : '\0';
     }
 
-    /// Steps over the next character and tells whether it was \a expected.
+    /// Steps over the next character if it is \a expected.
     bool takeIf(char expected)
     {
         const bool isIt = peek() == expected;
@@ -83,33 +89,37 @@ private:
         return m_text.mid(start, m_offset - start);
     }
 
-    Fault compareObject(const QJsonObject &sent)
+    Fault compareObject(const QJsonObject &sent, const QString &path)
     {
+        const QString prefix = path.isEmpty() ? path : path + QLatin1Char('.');
+        QStringList missing = sent.keys();
         takeIf('{');
         while (!takeIf('}')) {
             peek();
             const int start = m_offset;
             const QString key = jsonValue(takeScalar().toStdString()).toString();
             if (!sent.contains(key)) {
-                const QStringList keys = sent.keys();
                 return placedAt(m_text, start,
-                                QStringLiteral("\"%1\" is none of the keys here: %2")
-                                    .arg(key, keys.join(QStringLiteral(", "))));
+                                QStringLiteral("unknown key \"%1\"; the keys here are: %2")
+                                    .arg(key, sent.keys().join(QStringLiteral(", "))));
             }
+            missing.removeOne(key);
             takeIf(':');
-            Fault fault = compare(sent.value(key));
+            Fault fault = compareValue(sent.value(key), prefix + key);
             if (!fault.isEmpty())
                 return fault;
             takeIf(',');
         }
+        for (const QString &key : qAsConst(missing))
+            m_missing += prefix + key;
         return {};
     }
 
-    Fault compareArray(const QJsonArray &sent)
+    Fault compareArray(const QJsonArray &sent, const QString &path)
     {
         takeIf('[');
         for (int i = 0; !takeIf(']'); ++i) {
-            Fault fault = compare(sent.at(i));
+            Fault fault = compareValue(sent.at(i), QStringLiteral("%1[%2]").arg(path).arg(i));
             if (!fault.isEmpty())
                 return fault;
             takeIf(',');
@@ -130,6 +140,7 @@ private:
 
     const QByteArray m_text;
     int m_offset = 0;
+    QStringList m_missing;
 };
 
 } // namespace
@@ -145,15 +156,15 @@ Fault faultOfSyntax(const std::string &text)
                     error.errorString());
 }
 
-Fault faultOfShape(const std::string &text, bool isListDue)
+Fault faultOfShape(const std::string &text, bool expectsList)
 {
     const QByteArray bytes = QByteArray::fromStdString(text);
     const std::size_t start = text.find_first_of("{[");
-    if (start == std::string::npos || (text[start] == '[') == isListDue)
+    if (start == std::string::npos || (text[start] == '[') == expectsList)
         return {};
     return placedAt(bytes, static_cast<int>(start),
-                    isListDue ? QStringLiteral("a list is due here, [...], not an object")
-                              : QStringLiteral("an object is due here, {...}, not a list"));
+                    expectsList ? QStringLiteral("expected a list [...], found an object")
+                                : QStringLiteral("expected an object {...}, found a list"));
 }
 
 Fault faultOfCodec(const std::string &error)
@@ -164,14 +175,20 @@ Fault faultOfCodec(const std::string &error)
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return text;
-    // The codec counts from 0 and stands just behind what it found.
+    // The codec counts from 0, and its column is the one after the fault.
     const qint64 column = std::max<qint64>(1, match.captured(2).toLongLong());
     return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
 }
 
-Fault faultOfMeaning(const std::string &text, const std::string &sent)
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing)
 {
-    return MeaningCheck(QByteArray::fromStdString(text)).compare(jsonValue(sent));
+    RecordComparison comparison(QByteArray::fromStdString(text));
+    Fault fault = comparison.compare(jsonValue(sent));
+    const QStringList &keys = comparison.missingKeys();
+    if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)
+        return fault;
+    return QStringLiteral("missing keys: %1; give them, or send their defaults with --defaults")
+        .arg(keys.join(QStringLiteral(", ")));
 }
 
 } // namespace Tavoro::Ctl

@@ -12,33 +12,41 @@
 
 namespace Tavoro::Ctl {
 
-/// What is wrong with a record that a person typed: a sentence with its place, lines and columns
-/// counted from 1. Empty if nothing is.
+/// What is wrong with a record that a person typed: a sentence with its place. Lines and columns
+/// count from 1. Empty if the record is valid.
 using Fault = QString;
 
-/// Whether \a text is JSON at all.
+/// What becomes of a record in which keys are missing. The codec leaves their fields at the
+/// defaults, so a device would take values that nobody typed.
+enum class MissingKeys {
+    Refused,
+    SentAsDefaults,
+};
+
+/// Checks that \a text is JSON.
 Fault faultOfSyntax(const std::string &text);
 
-/// Whether \a text, which is JSON, is a list or an object as is due.
-Fault faultOfShape(const std::string &text, bool isListDue);
+/// Checks that \a text, which is JSON, is a list or an object as \a expectsList says.
+Fault faultOfShape(const std::string &text, bool expectsList);
 
-/// The codec's error text in the form of this tool.
+/// Converts the codec's error text to the form that this tool shows.
 Fault faultOfCodec(const std::string &error);
 
-/// Whether \a sent, which is what the record read from \a text would be sent as, says the same as
-/// \a text. The codec is lax: it skips keys that it does not know, cuts numbers to the width of
-/// their field and takes words for numbers. What a person types should reach the device, or not be
-/// sent.
-Fault faultOfMeaning(const std::string &text, const std::string &sent);
+/// Compares \a text with \a sent, the record that was decoded from it and would be sent.
+///
+/// The codec is lax: it skips unknown keys, truncates numbers to the width of their field, takes
+/// words for numbers and leaves missing keys at their defaults. A record is sent as it was typed,
+/// or not at all.
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing);
 
 template <class Record>
 struct IsList : std::false_type { };
 template <class Record>
 struct IsList<std::vector<Record>> : std::true_type { };
 
-/// Reads \a text, which must be JSON, into \a record.
+/// Decodes \a text into \a record.
 template <class Record>
-Fault readRecord(const std::string &text, Record &record)
+Fault readRecord(const std::string &text, Record &record, MissingKeys missing)
 {
     Fault fault = faultOfSyntax(text);
     if (fault.isEmpty())
@@ -48,7 +56,7 @@ Fault readRecord(const std::string &text, Record &record)
     std::string error;
     if (!ajson::decodeRecord(text, record, error))
         return faultOfCodec(error);
-    return faultOfMeaning(text, recordText(record));
+    return faultOfMeaning(text, recordText(record), missing);
 }
 
 } // namespace Tavoro::Ctl

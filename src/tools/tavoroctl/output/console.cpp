@@ -1,5 +1,8 @@
 #include "console.h"
 
+#include "printable.h"
+#include "standardstreams.h"
+
 #include <tavorobizmodel/devicelist.h>
 
 #include <QLoggingCategory>
@@ -14,11 +17,11 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-void writeLine(FILE *stream, const std::string &text)
+void writeErrorLine(const QString &text)
 {
-    std::fwrite(text.data(), 1, text.size(), stream);
-    std::fputc('\n', stream);
-    std::fflush(stream);
+    QString ignored; // There is no place left to report it.
+    const std::string line = printable(text).toStdString() + '\n';
+    writeBytes(stderr, line.data(), line.size(), ignored);
 }
 
 const char *levelName(QtMsgType level)
@@ -37,13 +40,12 @@ const char *levelName(QtMsgType level)
     return "critical";
 }
 
-/// Writes to standard error in any case: the library's own handler may choose the system's journal.
+/// Writes to standard error. Qt's own handler may choose the system's journal instead.
 void writeLog(QtMsgType level, const QMessageLogContext &context, const QString &text)
 {
-    writeLine(stderr,
-              QStringLiteral("[%1] %2: %3")
-                  .arg(QLatin1String(context.category), QLatin1String(levelName(level)), text)
-                  .toStdString());
+    writeErrorLine(
+        QStringLiteral("[%1] %2: %3")
+            .arg(QLatin1String(context.category), QLatin1String(levelName(level)), text));
 }
 
 } // namespace
@@ -58,7 +60,7 @@ Console::Console(bool mayDraw) : m_draws(mayDraw && isatty(fileno(stderr)) != 0)
                     return;
                 m_lastShown = text;
                 wipe();
-                writeLine(stderr, text.toStdString());
+                writeErrorLine(text);
             });
 }
 
@@ -67,17 +69,34 @@ Console::~Console()
     wipe();
 }
 
-void Console::answer(const std::string &text)
+void Console::answer(const QString &text)
 {
+    answerJson(printableLines(text).toStdString());
+}
+
+void Console::answerJson(const std::string &text)
+{
+    if (m_hasOutputFailed)
+        return;
     wipe();
-    writeLine(stdout, text);
+    QString reason;
+    const std::string line = text + '\n';
+    if (writeBytes(stdout, line.data(), line.size(), reason))
+        return;
+    m_hasOutputFailed = true;
+    error(QStringLiteral("Cannot write standard output: %1.").arg(reason));
+}
+
+ExitStatus Console::statusWithOutput(ExitStatus status) const
+{
+    return m_hasOutputFailed ? std::max(status, Failed) : status;
 }
 
 void Console::error(const QString &text)
 {
     wipe();
     if (text != m_lastShown)
-        writeLine(stderr, text.toStdString());
+        writeErrorLine(text);
     m_lastShown.clear();
 }
 
@@ -92,7 +111,8 @@ void Console::draw(int percent, const QString &text)
     constexpr int width = 30;
     const int full = std::clamp(percent, 0, 100) * width / 100;
     const QString bar = QString(full, QLatin1Char('#')) + QString(width - full, QLatin1Char('-'));
-    const QString line = QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(text);
+    const QString line =
+        QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(printable(text));
     std::fputs(qUtf8Printable(line), stderr);
     std::fflush(stderr);
     m_isDrawn = true;

@@ -7,10 +7,10 @@
 
 namespace Tavoro::Ctl {
 
-/// What a run of the tool ends with. The larger one counts.
+/// The exit status of the tool. Of several calls the highest counts.
 enum ExitStatus {
     Done = 0,
-    Failed = 1, ///< A device could not be reached, an operation failed or was interrupted.
+    Failed = 1, ///< A device could not be reached, or an operation failed or was interrupted.
     UsageError = 2, ///< The command line is wrong; nothing was sent for it.
 };
 
@@ -22,7 +22,8 @@ enum class StatusBar {
 };
 
 /// Where the tool writes. Answers go to standard output; errors, messages of the status bar, the
-/// progress and the log go to standard error.
+/// progress and the log go to standard error. Control characters are escaped in everything but
+/// JSON.
 ///
 /// Belongs to the main thread, except progress(), which any thread may call.
 class Console : public QObject {
@@ -34,8 +35,18 @@ public:
 
     void showStatusBar(StatusBar which) { m_statusBar = which; }
 
-    void answer(const std::string &text);
-    /// Shows why something failed, unless the status bar has just said so.
+    /// Writes lines to standard output, control characters escaped. The first write that fails is
+    /// reported as an error, and nothing is written after it.
+    void answer(const QString &text);
+    /// Writes JSON to standard output as it is.
+    void answerJson(const std::string &text);
+    /// Whether a write of standard output has failed. Commands that run until they are interrupted
+    /// end then.
+    bool hasOutputFailed() const { return m_hasOutputFailed; }
+    /// The exit status of a command that ended with \a status: failed at least, if its output is
+    /// incomplete.
+    ExitStatus statusWithOutput(ExitStatus status) const;
+    /// Shows why something failed, unless the status bar has just shown the same text.
     void error(const QString &text);
 
     /// Draws a bar that is \a percent full, with \a text behind it, in the place of the one before.
@@ -48,6 +59,7 @@ private:
 
     const bool m_draws;
     bool m_isDrawn = false;
+    bool m_hasOutputFailed = false;
     StatusBar m_statusBar = StatusBar::Failures;
     QString m_lastShown;
 };

@@ -1,12 +1,14 @@
 #include "labels.h"
 
+#include "printable.h"
+
 namespace Tavoro::Ctl {
 
 using namespace ProtoModel;
 
 QString textOf(const std::string &text)
 {
-    return QString::fromStdString(text);
+    return printable(QString::fromStdString(text));
 }
 
 QString number(qint64 value)

@@ -12,6 +12,7 @@
 /// How identities and values are told to people.
 namespace Tavoro::Ctl {
 
+/// A text of a record, control characters escaped.
 QString textOf(const std::string &text);
 QString number(qint64 value);
 

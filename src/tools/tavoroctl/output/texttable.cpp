@@ -1,10 +1,20 @@
 #include "texttable.h"
 
+#include "printable.h"
+
 #include <QVector>
 
 #include <algorithm>
 
 namespace Tavoro::Ctl {
+
+void TextTable::addRow(const QStringList &cells)
+{
+    QStringList row;
+    for (const QString &cell : cells)
+        row += printable(cell);
+    m_rows.append(row);
+}
 
 QString TextTable::text() const
 {

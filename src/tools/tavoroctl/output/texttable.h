@@ -10,13 +10,14 @@ namespace Tavoro::Ctl {
 class TextTable {
 public:
     TextTable() = default;
-    explicit TextTable(const QStringList &headings) : m_rows{headings} { }
+    explicit TextTable(const QStringList &headings) { addRow(headings); }
     /// One column per word of \a headings.
     explicit TextTable(const char *headings)
         : TextTable(QString::fromLatin1(headings).split(QLatin1Char(' ')))
     { }
 
-    void addRow(const QStringList &cells) { m_rows.append(cells); }
+    /// Escapes the control characters of the cells.
+    void addRow(const QStringList &cells);
     QString text() const;
 
 private:

@@ -1,5 +1,6 @@
 #include <support/common/messagecatcher.h>
 #include <support/tavorobizmodel/modeltext.h>
+#include <support/tavorobizmodel/rowtext.h>
 #include <support/tavorobizmodel/storedmodel.h>
 #include <support/tavorobizmodel/storefile.h>
 #include <support/tavorosim/simulatedsync.h>
@@ -30,8 +31,10 @@ private Q_SLOTS:
 
 private:
     QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
-    /// One column of the rows of the store that \a where leaves, in the order of the model.
-    QStringList column(const QString &name, const QString &where) const;
+    /// One column of the rows of a kind, in hexadecimal digits, in the order of the model.
+    QStringList column(const QString &name, int kind) const;
+    /// The records of a kind, in the order of the model.
+    QStringList records(int kind) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -62,10 +65,21 @@ void tst_SyncStore::init()
     m_folder = std::make_unique<QTemporaryDir>();
 }
 
-QStringList tst_SyncStore::column(const QString &name, const QString &where) const
+QStringList tst_SyncStore::column(const QString &name, int kind) const
 {
     return StoreFile(file()).query(
-        QStringLiteral("SELECT %1 FROM record WHERE %2 ORDER BY kind, position").arg(name, where));
+        QStringLiteral("SELECT lower(hex(%1)) FROM record WHERE kind = %2 ORDER BY position")
+            .arg(name)
+            .arg(kind));
+}
+
+QStringList tst_SyncStore::records(int kind) const
+{
+    QStringList texts;
+    const auto bodies = column(QStringLiteral("body"), kind);
+    for (const QString &body : bodies)
+        texts << RowText::of(QByteArray::fromHex(body.toLatin1()));
+    return texts;
 }
 
 void tst_SyncStore::storedRowsAreWhatTheModelHolds()
@@ -83,14 +97,12 @@ void tst_SyncStore::storedRowsAreWhatTheModelHolds()
     QCOMPARE(held->interfaces.size(), 16);
     QCOMPARE(held->screens.size(), 4);
     QCOMPARE(held->layers.size(), 32);
-    const QString body = QStringLiteral("body");
-    QCOMPARE(column(body, QStringLiteral("kind = 1")), QStringList(held->detail));
-    QCOMPARE(column(body, QStringLiteral("kind = 2")), held->interfaces);
-    QCOMPARE(column(body, QStringLiteral("kind = 3")), held->screens);
-    QCOMPARE(column(body, QStringLiteral("kind = 4")), held->layers);
-    QCOMPARE(column(body, QStringLiteral("kind = 5")), held->files);
-    QCOMPARE(column(QStringLiteral("lower(hex(content))"), QStringLiteral("kind = 5")),
-             held->contents);
+    QCOMPARE(records(1), QStringList(held->detail));
+    QCOMPARE(records(2), held->interfaces);
+    QCOMPARE(records(3), held->screens);
+    QCOMPARE(records(4), held->layers);
+    QCOMPARE(records(5), held->files);
+    QCOMPARE(column(QStringLiteral("content"), 5), held->contents);
 }
 
 void tst_SyncStore::nextRunHasWhatTheModelHeld()

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void nothingIsTouchedUntilAStoreIsOpened();
     void deviceOfTheLastRunIsOffline();
     void everythingOfADeviceComesBack();
+    void everyByteOfARecordComesBack();
     void onlyChangedRowsAreWritten();
     void goneObjectsAreTakenOut();
     void orderOfTheDeviceIsKept();
@@ -128,6 +129,42 @@ void tst_DeviceStore::everythingOfADeviceComesBack()
     const auto multiviewer =
         std::dynamic_pointer_cast<BizModel::MVRScreen>(read->findScreen(3, 0).lock());
     QCOMPARE(multiviewer->rowColSpan(), QSize(6, 3));
+}
+
+// Text of a device is bytes: it need not be valid UTF-8.
+void tst_DeviceStore::everyByteOfARecordComesBack()
+{
+    const std::string screen = "Wall \xF0\x9F\x93\xBA north";
+    std::string everyByte;
+    for (int byte = 0; byte < 256; ++byte)
+        everyByte += char(byte);
+    const auto device = ModelRecords::device();
+    QString error;
+    auto detail = device->deviceDetail();
+    detail.general.name = screen;
+    detail.groupInfos = {{everyByte, "\xC3("}};
+    device->initModelData(detail, error);
+    device->initModelData(std::vector{interface({1, 2, 3}, everyByte)}, error);
+    auto info = device->deviceBaseInfo();
+    info.name = "\xFF" + screen;
+    info.hostName = everyByte;
+    info.startTime = ~quint64(0);
+    device->updateDeviceBaseInfo(info);
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    const StoredModel model(file());
+    const auto read = model.onlyDevice();
+    QVERIFY(read);
+    QVERIFY(read->deviceDetail().general.name == screen);
+    QCOMPARE(read->name(), QString::fromStdString(screen));
+    QVERIFY(read->deviceDetail().groupInfos.at(0).groupName == everyByte);
+    QVERIFY(read->deviceDetail().groupInfos.at(0).groupId == "\xC3(");
+    QVERIFY(read->interfaces().first().lock()->detail().general.name == everyByte);
+    QVERIFY(read->deviceBaseInfo().name == info.name);
+    QVERIFY(read->deviceBaseInfo().hostName == everyByte);
+    QCOMPARE(read->deviceBaseInfo().startTime, ~quint64(0));
 }
 
 void tst_DeviceStore::onlyChangedRowsAreWritten()

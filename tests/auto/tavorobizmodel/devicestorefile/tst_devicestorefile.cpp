@@ -22,7 +22,9 @@ private Q_SLOTS:
     void folderThatCannotBeMadeIsTold();
 
     void schemaVersionIsKept();
+    void rowIsTheRecordInItsOwnFormat();
     void fileOfALaterVersionIsLeftAlone();
+    void fileOfAnEarlierVersionIsSetAside();
     void fileOfAnotherKindIsLeftAlone();
 
     void damagedFileIsSetAside();
@@ -71,7 +73,25 @@ void tst_DeviceStoreFile::schemaVersionIsKept()
         const StoredModel model(file());
     }
     QCOMPARE(query(file(), QStringLiteral("PRAGMA user_version")),
-             QStringList(QStringLiteral("1")));
+             QStringList(QStringLiteral("2")));
+}
+
+void tst_DeviceStoreFile::rowIsTheRecordInItsOwnFormat()
+{
+    const auto device = ModelRecords::device();
+    QString error;
+    device->updateCutoutRGB({1, -2, 300}, error);
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    QCOMPARE(query(file(), QStringLiteral("SELECT hex(body) FROM record WHERE kind = 7")),
+             QStringList(QStringLiteral("01"
+                                        "72"
+                                        "01527501"
+                                        "01476E01"
+                                        "014275AC02"
+                                        "00")));
 }
 
 void tst_DeviceStoreFile::fileOfALaterVersionIsLeftAlone()
@@ -79,13 +99,26 @@ void tst_DeviceStoreFile::fileOfALaterVersionIsLeftAlone()
     {
         const StoredModel model(file());
     }
-    query(file(), QStringLiteral("PRAGMA user_version = 2"));
+    query(file(), QStringLiteral("PRAGMA user_version = 3"));
     const StoredModel model(file());
     QVERIFY(!model.isOpen);
     QCOMPARE(model.error,
              QStringLiteral("The file %1 was written by a later version.").arg(file()));
     QVERIFY(!model.list->saveDeviceDataThread());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
+}
+
+void tst_DeviceStoreFile::fileOfAnEarlierVersionIsSetAside()
+{
+    {
+        const StoredModel model(file());
+    }
+    query(file(), QStringLiteral("PRAGMA user_version = 1"));
+    const MessageCatcher quiet;
+    const StoreSignals caught;
+    const StoredModel model(file());
+    QVERIFY2(model.isOpen, qPrintable(model.error));
+    QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
 }
 
 void tst_DeviceStoreFile::fileOfAnotherKindIsLeftAlone()

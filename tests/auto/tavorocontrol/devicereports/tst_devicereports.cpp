@@ -20,7 +20,8 @@ private Q_SLOTS:
     void reportsOfAGoneDevice();
     void decodingComesBeforeTheDevice_data();
     void decodingComesBeforeTheDevice();
-    void everyGroupIsToldToTheModel();
+    void everyGroupReachesTheModel();
+    void switchOfTheRelationsIsNotApplied();
     void missingCutoutChannelsKeepTheirDefaults();
 };
 
@@ -187,7 +188,7 @@ void tst_DeviceReports::decodingComesBeforeTheDevice()
     QVERIFY(path.takeLines().isEmpty());
 }
 
-void tst_DeviceReports::everyGroupIsToldToTheModel()
+void tst_DeviceReports::everyGroupReachesTheModel()
 {
     RequestPath path;
     const QSignalSpy changes(path.device.model.get(), &BizModel::Device::deviceDataChanged);
@@ -198,6 +199,19 @@ void tst_DeviceReports::everyGroupIsToldToTheModel()
     QVERIFY(device.updateDeviceGroupInfo(
         R"({"groupInfos":[{"groupId":"1"},{"groupId":"2"},{"groupId":"3"}]})", error));
     QCOMPARE(changes.size(), 3);
+}
+
+// Kept: a report changes the relations alone.
+void tst_DeviceReports::switchOfTheRelationsIsNotApplied()
+{
+    RequestPath path;
+    Control::Device device(path.device.model, nullptr);
+    QString error;
+    QVERIFY(device.updateInterfaceRelationInfo(
+        R"({"interfaceRelation":{"enable":1,"relation":[{"type":1}]}})", error));
+    const auto held = path.device.model->deviceDetail().interfaceRelation;
+    QCOMPARE(held.relation.size(), std::size_t(1));
+    QCOMPARE(held.enable, 0);
 }
 
 void tst_DeviceReports::missingCutoutChannelsKeepTheirDefaults()

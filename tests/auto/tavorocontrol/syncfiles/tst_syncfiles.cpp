@@ -15,6 +15,7 @@ private Q_SLOTS:
     void contentIsFetchedByFileType();
     void removedFilesAreNotKept();
     void failedContentDoesNotStopTheNext();
+    void contentsWithoutAChannelCountAsRead();
     void filesOfAFailedReadAreFetchedAllTheSame();
 };
 
@@ -109,6 +110,21 @@ void tst_SyncFiles::failedContentDoesNotStopTheNext()
     QCOMPARE(it.listed()->files().size(), 4);
     QVERIFY(!it.listed()->isSyncDataSuccess());
     QVERIFY(it.task.isSyncSucess());
+}
+
+// Kept: a device without a channel answers every read with an empty body.
+void tst_SyncFiles::contentsWithoutAChannelCountAsRead()
+{
+    Synchronised it;
+    ScriptedAnswer list = ScriptedAnswer::packet(fileListBody({{2, 1}, {2, 2}}));
+    list.before = [&] {
+        it.device.removeChannel();
+    };
+    it.channel->reply(0xFA00, list);
+    it.run();
+    QCOMPARE(fileList(it.task.fileDetail()), textLines({"2/1 ", "2/2 "}));
+    QVERIFY(it.listed()->isSyncDataSuccess());
+    QVERIFY(!it.listed()->isOnline());
 }
 
 // What decoded before the fault is there, and is treated like any other file.

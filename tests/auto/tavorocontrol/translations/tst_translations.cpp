@@ -1,5 +1,11 @@
 #include <support/common/datatable.h>
+#include <support/tavorocontrol/operationtest.h>
 #include <support/tavorocontrol/requestpath.h>
+
+#include <tavorocontrol/auxiliary.h>
+#include <tavorocontrol/device.h>
+#include <tavorocontrol/devicelist.h>
+#include <tavorocontrol/file.h>
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -8,13 +14,20 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <utility>
+
+using namespace Tavoro;
 using Tavoro::Control::ControlHelper;
 
 namespace {
 
 constexpr auto context = "Tavoro::Control::ControlHelper";
+constexpr auto listContext = "Tavoro::Control::DeviceList";
+constexpr auto syncContext = "Tavoro::Control::SyncDeviceTask";
+constexpr auto saveContext = "Tavoro::Control::SaveFilePrivate";
 
-/// Puts every text of the request path into marks. One sentence gets another word order.
+/// Puts every text of the request path and of the device list into marks. One sentence gets another
+/// word order.
 class Marks : public QTranslator {
 public:
     Marks() { QCoreApplication::installTranslator(this); }
@@ -26,7 +39,7 @@ public:
     QString translate(const char *textContext, const char *sourceText, const char *,
                       int) const override
     {
-        if (qstrcmp(textContext, context) != 0)
+        if (qstrcmp(textContext, context) != 0 && qstrcmp(textContext, listContext) != 0)
             return {};
         if (qstrcmp(sourceText, "Set %1 failed: %2 .") == 0)
             return QStringLiteral("«%2: %1»");
@@ -34,13 +47,13 @@ public:
     }
 };
 
-/// Source texts of one context in a file of lupdate.
-QStringList sourcesOf(const QString &fileName)
+/// Context and source of each text in a file of lupdate, with a tab between them.
+QStringList textsOf(const QString &fileName)
 {
-    QStringList sources;
+    QStringList texts;
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return sources;
+        return texts;
     QXmlStreamReader xml(&file);
     QString currentContext;
     while (!xml.atEnd()) {
@@ -48,10 +61,15 @@ QStringList sourcesOf(const QString &fileName)
             continue;
         if (xml.name() == QLatin1String("name"))
             currentContext = xml.readElementText();
-        else if (xml.name() == QLatin1String("source") && currentContext == QLatin1String(context))
-            sources.append(xml.readElementText());
+        else if (xml.name() == QLatin1String("source"))
+            texts.append(currentContext + QLatin1Char('\t') + xml.readElementText());
     }
-    return sources;
+    return texts;
+}
+
+bool hasLupdate()
+{
+    return !QStringLiteral(LUPDATE).endsWith(QLatin1String("NOTFOUND"));
 }
 
 } // namespace
@@ -63,11 +81,16 @@ private Q_SLOTS:
     void initTestCase();
     void lupdateFindsTheText_data();
     void lupdateFindsTheText();
+    void lupdateFindsNoOtherContext();
     void labelsAndErrorTextsAreTranslated();
     void missingLabelsAndTextsStayUntranslated();
     void sentencesAreTranslatedAndLogWordsAreNot();
     void translationMayReorderTheSentence();
-    void missingRequestIsToldInTranslation();
+    void missingRequestIsReportedInTranslation();
+    void decodingFailureIsTranslated();
+    void decodingFailureOfTheSelfCheckIsTranslated();
+    void missingDeviceOfAReportIsTranslated();
+    void missingDeviceOfASynchronisationIsTranslated();
 
 private:
     QTemporaryDir m_dir;
@@ -76,51 +99,71 @@ private:
 
 void tst_Translations::initTestCase()
 {
-    const QString lupdate = QStringLiteral(LUPDATE);
-    if (lupdate.endsWith(QLatin1String("NOTFOUND")))
+    if (!hasLupdate())
         return;
     const QString catalogue = m_dir.filePath(QStringLiteral("found.ts"));
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(lupdate, {QStringLiteral(CONTROL_SOURCE_DIR), QStringLiteral("-ts"), catalogue});
+    process.start(QStringLiteral(LUPDATE),
+                  {QStringLiteral(CONTROL_SOURCE_DIR), QStringLiteral("-ts"), catalogue});
     QVERIFY2(process.waitForFinished(), qPrintable(process.errorString()));
     QVERIFY2(process.exitCode() == 0, process.readAll().constData());
-    m_found = sourcesOf(catalogue);
+    m_found = textsOf(catalogue);
 }
 
 void tst_Translations::lupdateFindsTheText_data()
 {
+    QTest::addColumn<QString>("textContext");
     QTest::addColumn<QString>("text");
 
     const auto labels = dataTable(QStringLiteral("commandlabels.tsv"));
     for (const QStringList &row : labels)
-        QTest::addRow("label %s %s", qPrintable(row.at(0)), qPrintable(row.at(1))) << row.at(2);
+        QTest::addRow("label %s %s", qPrintable(row.at(0)), qPrintable(row.at(1)))
+            << context << row.at(2);
     const auto errors = dataTable(QStringLiteral("errortexts.tsv"));
     for (const QStringList &row : errors)
-        QTest::addRow("status %s", qPrintable(row.at(0))) << row.at(1);
+        QTest::addRow("status %s", qPrintable(row.at(0))) << context << row.at(1);
 
     // clang-format off
-    QTest::newRow("status of the device")  << "hardware error:%1";
-    QTest::newRow("read failed")           << "Get %1 failed: %2 .";
-    QTest::newRow("write failed")          << "Set %1 failed: %2 .";
-    QTest::newRow("read done")             << "Get %1 successfully.";
-    QTest::newRow("write done")            << "Set %1 successfully.";
-    QTest::newRow("null request")          << "Invalid request command";
-    QTest::newRow("model device gone")     << "invalid device model data";
-    QTest::newRow("channel not ready")     << "The device is offline";
-    QTest::newRow("null response")         << "invalid response command model data";
-    QTest::newRow("message box")           << "Device data has been updated, please synchronize now.";
-    QTest::newRow("cancelled")             << "Operation has been cancelled.";
-    QTest::newRow("controlled by others")  << "The device is controlled by others.";
+    QTest::newRow("status of the device")  << context << "hardware error:%1";
+    QTest::newRow("read failed")           << context << "Get %1 failed: %2 .";
+    QTest::newRow("write failed")          << context << "Set %1 failed: %2 .";
+    QTest::newRow("read done")             << context << "Get %1 successfully.";
+    QTest::newRow("write done")            << context << "Set %1 successfully.";
+    QTest::newRow("null request")          << context << "Invalid request command";
+    QTest::newRow("model device gone")     << context << "invalid device model data";
+    QTest::newRow("channel not ready")     << context << "The device is offline";
+    QTest::newRow("null response")         << context << "invalid response command model data";
+    QTest::newRow("message box")           << context << "Device data has been updated, please synchronize now.";
+    QTest::newRow("cancelled")             << context << "Operation has been cancelled.";
+    QTest::newRow("controlled by others")  << context << "The device is controlled by others.";
+    QTest::newRow("decoding failed")       << context << "Decode json failed: ";
+    QTest::newRow("body not decoded")      << context << " error json is : ";
+    QTest::newRow("device of a report")    << context << "Device is null.";
+    QTest::newRow("device to read")        << listContext << "Device model is nullptr";
+    QTest::newRow("device busy")           << syncContext << "Device not ready.";
+    QTest::newRow("device gone")           << syncContext << "Device offline";
+    QTest::newRow("file not opened")       << saveContext << "File open failed. file path: %1";
     // clang-format on
 }
 
 void tst_Translations::lupdateFindsTheText()
 {
-    if (QStringLiteral(LUPDATE).endsWith(QLatin1String("NOTFOUND")))
+    if (!hasLupdate())
         QSKIP("lupdate is not installed");
+    QFETCH(const QString, textContext);
     QFETCH(const QString, text);
-    QVERIFY2(m_found.contains(text), qPrintable(text));
+    QVERIFY(m_found.contains(textContext + QLatin1Char('\t') + text));
+}
+
+void tst_Translations::lupdateFindsNoOtherContext()
+{
+    if (!hasLupdate())
+        QSKIP("lupdate is not installed");
+    const QStringList contexts{QLatin1String(context), QLatin1String(listContext),
+                               QLatin1String(syncContext), QLatin1String(saveContext)};
+    for (const QString &text : std::as_const(m_found))
+        QVERIFY2(contexts.contains(text.section(QLatin1Char('\t'), 0, 0)), qPrintable(text));
 }
 
 void tst_Translations::labelsAndErrorTextsAreTranslated()
@@ -187,13 +230,55 @@ void tst_Translations::translationMayReorderTheSentence()
         QStringLiteral("message box 1: «Device data has been updated, please synchronize now.»")));
 }
 
-void tst_Translations::missingRequestIsToldInTranslation()
+void tst_Translations::missingRequestIsReportedInTranslation()
 {
     const Marks marks;
     RequestPath path;
     const auto outcome = path.read(nullptr);
     QCOMPARE(outcome.error, QStringLiteral("«Invalid request command»"));
     QCOMPARE(outcome.lines, textLines({R"(warning: "TavoroCmd :«Invalid request command»")"}));
+}
+
+void tst_Translations::decodingFailureIsTranslated()
+{
+    const Marks marks;
+    Controlled<Control::Device> it;
+    it.device.channel->answerBody("");
+    ProtoModel::Device::s_DeviceDetail detail;
+    QVERIFY(!it.control.readDetails(detail, it.error));
+    QVERIFY2(it.error.startsWith(QStringLiteral("«Decode json failed: »")), qPrintable(it.error));
+}
+
+void tst_Translations::decodingFailureOfTheSelfCheckIsTranslated()
+{
+    const Marks marks;
+    Controlled<Control::Auxiliary> it;
+    it.device.channel->answerBody("broken");
+    ProtoModel::Auxiliary::s_DeviceSelfCheckDetail detail;
+    QVERIFY(!it.control.readDeviceSelfCheckDetail(detail, it.error));
+    QVERIFY2(it.error.startsWith(QStringLiteral("«Decode json failed: »")), qPrintable(it.error));
+    QVERIFY2(it.error.endsWith(QStringLiteral("« error json is : »broken")), qPrintable(it.error));
+}
+
+void tst_Translations::missingDeviceOfAReportIsTranslated()
+{
+    const Marks marks;
+    QString error;
+    QVERIFY(!Control::Device({}, nullptr).updatePowerConfig("{}", error));
+    QCOMPARE(error, QStringLiteral("«Device is null.»"));
+    std::vector<ProtoModel::File::s_FileTransPercent> percents;
+    error.clear();
+    QVERIFY(!Control::File({}, nullptr).updateTransferProgress("[]", percents, error));
+    QCOMPARE(error, QStringLiteral("«Device is null.»"));
+}
+
+void tst_Translations::missingDeviceOfASynchronisationIsTranslated()
+{
+    const Marks marks;
+    Control::DeviceList list(nullptr);
+    QString error;
+    QVERIFY(!list.readDeviceDetail({}, error));
+    QCOMPARE(error, QStringLiteral("«Device model is nullptr»"));
 }
 
 QTEST_GUILESS_MAIN(tst_Translations)

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void aRefusalIsToldOnceAndEndsWithOne();
     void anUnreachableHostIsNamed();
     void aSilentHostIsNamed();
+    void recordWithMissingKeysIsRefused();
+    void defaultsSendsMissingKeysAtTheirDefaults();
     void wrongUsageEndsWithTwoAndSendsNothing_data();
     void wrongUsageEndsWithTwoAndSendsNothing();
     void verboseShowsTheLogWhole();
@@ -36,6 +38,14 @@ private Q_SLOTS:
 
     void helpAndVersion();
 };
+
+namespace {
+
+const QByteArray partialWindow =
+    R"([{"layerIdenti":{"screenId":1,"screenType":1,"layerId":1,"layerType":1,"sceneType":2},)"
+    R"("window":{"x":100}}])";
+
+} // namespace
 
 void tst_TavoroCtl::init()
 {
@@ -118,7 +128,7 @@ void tst_TavoroCtl::anUnreachableHostIsNamed()
     QVERIFY2(reserved.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress),
              qPrintable(reserved.errorString()));
     const QByteArray gone = "127.0.0.1:" + QByteArray::number(reserved.localPort());
-    const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", "{}"});
+    const Run write = run({"--timeout", "2000", "call", gone, "Device.writeSwap", R"({"swap":0})"});
     QVERIFY2(write.errors.contains(gone), write.errors.constData());
     QCOMPARE(write.errors.count('\n'), 1);
     QCOMPARE(write.output, QByteArray());
@@ -130,9 +140,34 @@ void tst_TavoroCtl::aSilentHostIsNamed()
     QTcpServer silent; // Takes the connection and says nothing.
     QVERIFY(silent.listen(QHostAddress::LocalHost));
     const QByteArray place = "127.0.0.1:" + QByteArray::number(silent.serverPort());
-    const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", "{}"});
+    const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", R"({"swap":0})"});
     QVERIFY2(write.errors.contains(place), write.errors.constData());
     QCOMPARE(write.exitCode, 1);
+}
+
+void tst_TavoroCtl::recordWithMissingKeysIsRefused()
+{
+    const QByteArray layers = call({"Layer.readDetails", "1", "1", "2", "-1"}).output;
+    const Run write = call({"Layer.writeWindow", partialWindow});
+    QCOMPARE(write.errors,
+             QByteArray("tavoroctl: Layer.writeWindow, argument 1: missing keys: "
+                        "[0].window.height, [0].window.width, [0].window.y; give them, or send "
+                        "their defaults with --defaults\n"));
+    QCOMPARE(write.exitCode, 2);
+    QCOMPARE(call({"Layer.readDetails", "1", "1", "2", "-1"}).output, layers);
+}
+
+void tst_TavoroCtl::defaultsSendsMissingKeysAtTheirDefaults()
+{
+    const Run write =
+        run({"--verbose", "call", "--defaults", host(), "Layer.writeWindow", partialWindow});
+    QVERIFY2(
+        write.errors.contains(R"(\"window\":{\"x\":100,\"y\":0,\"width\":1920,\"height\":1080})"),
+        write.errors.constData());
+    const Run batch = run({"batch", "--defaults", host()},
+                          "Device.writeDeviceGeneral {\"general\":{\"name\":\"East\"}}\n");
+    QCOMPARE(batch.errors, QByteArray("Set device general information successfully.\n"));
+    QCOMPARE(batch.exitCode, 0);
 }
 
 void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
@@ -151,18 +186,18 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"}
-        << "there is no operation \"Device.swap\"; \"tavoroctl list\" tells what there is";
+        << "unknown operation \"Device.swap\"; \"tavoroctl list\" lists all operations";
     QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
     QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"}
         << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
     QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"}
-        << "Device.writeSwap, argument 1: line 1, column 1: an object is due here, {...}, not a list";
+        << "Device.writeSwap, argument 1: line 1, column 1: expected an object {...}, found a list";
     QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"}
-        << "Device.writeSwap, argument 1: line 1, column 2: \"swop\" is none of the keys here: swap";
-    QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, "{}", "{}"} << "Device.writeSwap, argument 2: \"{}\" is one too many";
+        << "Device.writeSwap, argument 1: line 1, column 2: unknown key \"swop\"; the keys here are: swap";
+    QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, R"({"swap":1})", "{}"} << "Device.writeSwap, argument 2: unexpected \"{}\"";
     QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"}
         << "Screen.readDetails, argument 2: \"all\" is not a number";
-    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "there is no operation \"Device.swap\"";
+    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "unknown operation \"Device.swap\"";
     QTest::newRow("list of two")       << QByteArrayList{"list", "a", "b"}               << "list takes [OPERATION]";
     QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes HOST[:PORT]";
     // clang-format on
@@ -229,8 +264,8 @@ void tst_TavoroCtl::batchGoesOnAfterAFailureAndTellsTheWorst()
     QCOMPARE(failed.exitCode, 1);
     const Run wrong = run({"batch", host()}, "Device.swap\nDevice.writeSwap {\"swap\":2}\n");
     QCOMPARE(wrong.errors,
-             QByteArray("tavoroctl: line 1 of the batch: there is no operation \"Device.swap\"; "
-                        "\"tavoroctl list\" tells what there is\n"
+             QByteArray("tavoroctl: line 1 of the batch: unknown operation \"Device.swap\"; "
+                        "\"tavoroctl list\" lists all operations\n"
                         "Set device swap status information failed: hardware error:4 .\n"));
     QCOMPARE(wrong.exitCode, 2);
 }

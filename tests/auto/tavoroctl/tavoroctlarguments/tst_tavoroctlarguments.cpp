@@ -25,6 +25,8 @@ private Q_SLOTS:
     void faultsOfARecordNameTheirPlace();
     void faultsOfAListNameTheirPlace_data();
     void faultsOfAListNameTheirPlace();
+    void missingKeysAreListed_data();
+    void missingKeysAreListed();
     void codecFaultsCountFromOne();
 
     void argumentsAreReadInTheirOrder();
@@ -64,7 +66,7 @@ void tst_TavoroCtlArguments::goodRecordsHaveNoFault()
 {
     QFETCH(QString, text);
     ProtoModel::Device::s_swap record;
-    QCOMPARE(readRecord(text.toStdString(), record), QString());
+    QCOMPARE(readRecord(text.toStdString(), record, MissingKeys::SentAsDefaults), QString());
 }
 
 void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace_data()
@@ -74,16 +76,16 @@ void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace_data()
     // clang-format off
     QTest::newRow("empty")           << ""                                   << "line 1, column 1: illegal value";
     QTest::newRow("cut off")         << R"({"general":)"                     << "line 1, column 12: unterminated object";
-    QTest::newRow("list")            << R"( [{"general":{}}])"               << "line 1, column 2: an object is due here, {...}, not a list";
-    QTest::newRow("unknown key")     << R"({"genral":{}})"                   << R"(line 1, column 2: "genral" is none of the keys here: general)";
-    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"      << R"(line 2, column 4: "nme" is none of the keys here: name, status)";
+    QTest::newRow("list")            << R"( [{"general":{}}])"               << "line 1, column 2: expected an object {...}, found a list";
+    QTest::newRow("unknown key")     << R"({"genral":{}})"                   << R"(line 1, column 2: unknown key "genral"; the keys here are: general)";
+    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"      << R"(line 2, column 4: unknown key "nme"; the keys here are: name, status)";
     QTest::newRow("word for number") << R"({"general":{"status":"on"}})"     << R"(line 1, column 22: "on" would be sent as 0)";
     QTest::newRow("too large")       << R"({"general":{"status":4294967297}})" << "line 1, column 22: 4294967297 would be sent as 1";
     QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"      << "line 1, column 22: 1.5 would be sent as 1";
     QTest::newRow("null")            << R"({"general":{"status":null}})"     << "line 1, column 22: null would be sent as 0";
     QTest::newRow("number for text") << R"({"general":{"name":5}})"          << "line 1, column 20: not a valid string.";
     QTest::newRow("object for list") << R"({"general":[]})"                  << "line 1, column 12: read object must start with {!";
-    QTest::newRow("after the empty") << R"({"general":{},"x":1})"            << R"(line 1, column 15: "x" is none of the keys here: general)";
+    QTest::newRow("after the empty") << R"({"general":{},"x":1})"            << R"(line 1, column 15: unknown key "x"; the keys here are: general)";
     QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})" << "line 1, column 33: 7.5 would be sent as 7";
     // clang-format on
 }
@@ -93,7 +95,7 @@ void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace()
     QFETCH(QString, text);
     QFETCH(QString, fault);
     ProtoModel::Device::s_General record;
-    QCOMPARE(readRecord(text.toStdString(), record), fault);
+    QCOMPARE(readRecord(text.toStdString(), record, MissingKeys::SentAsDefaults), fault);
 }
 
 void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
@@ -101,7 +103,7 @@ void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("fault");
     // clang-format off
-    QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: a list is due here, [...], not an object";
+    QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: expected a list [...], found an object";
     QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0";
     QTest::newRow("negative id")     << R"([{"screenId":-1}])"
         << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
@@ -114,7 +116,35 @@ void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace()
     QFETCH(QString, text);
     QFETCH(QString, fault);
     std::vector<ProtoModel::Screen::s_Layout> list;
-    QCOMPARE(readRecord(text.toStdString(), list), fault);
+    QCOMPARE(readRecord(text.toStdString(), list, MissingKeys::SentAsDefaults), fault);
+}
+
+void tst_TavoroCtlArguments::missingKeysAreListed_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QByteArray>("fault");
+    const QByteArray advice = QByteArray("; give them, or send their defaults with --defaults");
+    const QByteArray whole = QByteArray(R"("layerIdenti":{"screenId":1,"screenType":1,)"
+                                        R"("layerId":1,"layerType":1,"sceneType":2})");
+    const QByteArray window = QByteArray(R"("window":{"x":0,"y":0,"width":9,"height":9})");
+    // clang-format off
+    QTest::newRow("empty list")     << QByteArray("[]")                                               << QByteArray();
+    QTest::newRow("whole")          << "[{" + whole + "," + window + "}]"                  << QByteArray();
+    QTest::newRow("whole object")   << "[{" + whole + "}]"                                 << "missing keys: [0].window" + advice;
+    QTest::newRow("in an object")   << "[{" + whole + R"(,"window":{"x":100}}])"
+        << "missing keys: [0].window.height, [0].window.width, [0].window.y" + advice;
+    QTest::newRow("second element") << "[{" + whole + "," + window + "},{" + window + "}]" << "missing keys: [1].layerIdenti" + advice;
+    QTest::newRow("typing error")   << QByteArray(R"([{"windo":{}}])")
+        << QByteArray(R"(line 1, column 3: unknown key "windo"; the keys here are: layerIdenti, window)");
+    // clang-format on
+}
+
+void tst_TavoroCtlArguments::missingKeysAreListed()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QByteArray, fault);
+    std::vector<ProtoModel::Layer::s_LayerWindow> list;
+    QCOMPARE(readRecord(text.toStdString(), list, MissingKeys::Refused), QString::fromUtf8(fault));
 }
 
 void tst_TavoroCtlArguments::codecFaultsCountFromOne()
@@ -130,7 +160,7 @@ void tst_TavoroCtlArguments::argumentsAreReadInTheirOrder()
 {
     const QStringList arguments =
         toTexts({"-1", "255", "wall", "1", R"([{"cutFill":{"enable":true}}])"});
-    ArgumentReader reader(arguments);
+    ArgumentReader reader(arguments, MissingKeys::SentAsDefaults);
     int filter = 0;
     quint8 number = 0;
     QString text;
@@ -156,7 +186,7 @@ void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument_data()
     // clang-format off
     QTest::newRow("missing")    << QByteArrayList{"1"}                 << "argument 2: a number is missing";
     QTest::newRow("all missing")<< QByteArrayList{}                    << "argument 1: a number is missing";
-    QTest::newRow("too many")   << QByteArrayList{"1", "2", "3"}       << R"(argument 3: "3" is one too many)";
+    QTest::newRow("too many")   << QByteArrayList{"1", "2", "3"}       << R"(argument 3: unexpected "3")";
     QTest::newRow("no number")  << QByteArrayList{"1", "two"}          << R"(argument 2: "two" is not a number)";
     QTest::newRow("fraction")   << QByteArrayList{"1.5", "2"}          << R"(argument 1: "1.5" is not a number)";
     QTest::newRow("below")      << QByteArrayList{"-2", "2"}           << "argument 1: -2 is not between -1 and 255";
@@ -175,7 +205,7 @@ void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument()
     QFETCH(QByteArrayList, arguments);
     QFETCH(QString, fault);
     const QStringList words = toTexts(arguments);
-    ArgumentReader reader(words);
+    ArgumentReader reader(words, MissingKeys::Refused);
     int filter = 0;
     quint8 number = 0;
     reader.read(filter);

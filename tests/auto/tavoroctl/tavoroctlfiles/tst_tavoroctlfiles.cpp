@@ -20,6 +20,8 @@ private Q_SLOTS:
     void whatIsPushedIsPulledBackByteForByte();
     void pushAnnouncesLengthAndHashSum();
     void pushNamesTheFileAfterItself();
+    void pushReadsStandardInput();
+    void pushReadsAPipe();
     void pushOfAFileThatIsNotThere();
     void pushThatTheDeviceRefuses();
     void pushInterruptedLeavesTheDeviceWithoutTheFile();
@@ -123,11 +125,29 @@ void tst_TavoroCtlFiles::pushNamesTheFileAfterItself()
     QVERIFY(m_bench->run("files", {}).output.contains("background  0   wall.png  9 "));
 }
 
+void tst_TavoroCtlFiles::pushReadsStandardInput()
+{
+    const QByteArray content = bytes(300000);
+    const ToolRun push = ToolBench::run(m_bench->line("push", {"-", "--type", "logo"}), content);
+    QCOMPARE(push.errors, QByteArray());
+    QCOMPARE(push.exitCode, 0);
+    QVERIFY(m_bench->run("files", {}).output.contains("logo  0   stdin  300000 "));
+    QCOMPARE(m_bench->run("pull", {"logo", "0", "-"}).output, content);
+}
+
+void tst_TavoroCtlFiles::pushReadsAPipe()
+{
+    const ToolRun push =
+        ToolBench::run(m_bench->line("push", {"/dev/stdin", "--name", "piped"}), "123456789");
+    QCOMPARE(push.errors, QByteArray());
+    QVERIFY(m_bench->run("files", {}).output.contains("piped  9      cbf43926"));
+}
+
 void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
 {
     const QByteArray file = m_bench->path("nothing");
     const ToolRun push = m_bench->run("push", {file});
-    QCOMPARE(push.errors, file + " cannot be read: No such file or directory\n");
+    QCOMPARE(push.errors, "Cannot read " + file + ": No such file or directory.\n");
     QCOMPARE(push.exitCode, 1);
 }
 

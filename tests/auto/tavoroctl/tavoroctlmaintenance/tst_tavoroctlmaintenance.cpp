@@ -47,7 +47,9 @@ private:
 
 namespace {
 
-const QByteArray name = R"({"general":{"name":"Main hall"}})";
+const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
+const QByteArray take = R"([{"screenId":1,"screenType":1,)"
+                        R"("switchEffect":{"time":5,"direction":0,"type":1}}])";
 const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
                                    "slot 1, type 2: written\n"
                                    "slot 2, type 2: written\n"
@@ -228,9 +230,7 @@ void tst_TavoroCtlMaintenance::presetBringsScreensBack()
     const ToolRun save = m_bench->run("preset save", {"3", "--name", "Opening"});
     QCOMPARE(save.errors + save.output, QByteArray());
     QCOMPARE(save.exitCode, 0);
-    QCOMPARE(
-        m_bench->run("call", {"Screen.writeTake", R"([{"screenId":1,"screenType":1}])"}).exitCode,
-        0);
+    QCOMPARE(m_bench->run("call", {"Screen.writeTake", take}).exitCode, 0);
     QVERIFY(read("Layer.readDetails", {"1", "1", "-1", "-1"}) != before);
     const ToolRun apply = m_bench->run("preset apply", {"3"});
     QCOMPARE(apply.errors + apply.output, QByteArray());

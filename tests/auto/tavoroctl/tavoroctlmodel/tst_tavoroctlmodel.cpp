@@ -139,7 +139,8 @@ void tst_TavoroCtlModel::syncShowsTheModelAsJson()
 
 void tst_TavoroCtlModel::syncShowsWhatCommandsChanged()
 {
-    const QByteArray take = R"([{"screenId":1,"screenType":1}])";
+    const QByteArray take = R"([{"screenId":1,"screenType":1,)"
+                            R"("switchEffect":{"time":5,"direction":0,"type":1}}])";
     QCOMPARE(m_bench->run("call", {"Screen.writeTake", take}).exitCode, 0);
     const QByteArray after = m_bench->run("sync", {}).output;
     QVERIFY2(after.contains("    programme\n      layer 0  z 0  Background  1.2.0 Input 2"),

@@ -145,7 +145,7 @@ CallResult call(ScriptedDevice &device, const char *name, const QStringList &wor
     const Operation *const operation = findOperation(QLatin1String(name));
     if (!operation)
         return {false, QStringLiteral("no such operation"), {}};
-    const PreparedCall prepared = operation->calls.prepare(words);
+    const PreparedCall prepared = operation->calls.prepare(words, MissingKeys::Refused);
     if (!prepared.fault.isEmpty())
         return {false, prepared.fault, {}};
     return prepared.run(device.model);
@@ -233,7 +233,7 @@ void tst_TavoroCtlOperations::faultyArgumentsAreToldBeforeTheCall()
     const CallResult result = call(device, "Device.writeSwap", {QStringLiteral("[]")});
     QCOMPARE(
         result.error,
-        QStringLiteral("argument 1: line 1, column 1: an object is due here, {...}, not a list"));
+        QStringLiteral("argument 1: line 1, column 1: expected an object {...}, found a list"));
     QVERIFY(device.channel->sent().empty());
 }
 

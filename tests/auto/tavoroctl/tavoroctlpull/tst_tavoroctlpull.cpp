@@ -7,7 +7,17 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 using Tavoro::Sim::SimOptions;
+
+namespace {
+
+constexpr unsigned nullDevice = 3; ///< Minor numbers of memory devices.
+constexpr unsigned fullDevice = 7;
+
+} // namespace
 
 class tst_TavoroCtlPull : public QObject, private ToolTransfers {
     Q_OBJECT
@@ -29,7 +39,48 @@ private Q_SLOTS:
 
     void pullIntoAFolderThatIsNotThere();
     void pullOntoAFullDiskLeavesNothing();
+
+    void pullWritesIntoAFifo();
+    void pullWritesIntoADevice();
+    void pullWritesThroughALinkToADevice();
+    void pullIntoASocketFails();
+    void failedPullKeepsTheDevice();
+    void pullWritesToStandardOutput();
+    void pullToAFullStandardOutputEndsWithOne();
+
+private:
+    /// Pushes a file of a few packets and returns its content.
+    QByteArray pushContent();
+    /// Makes a node of a character device in the folder; false if that takes more rights.
+    bool makeDevice(const QByteArray &name, unsigned minor) const;
+    bool isKind(const QByteArray &name, mode_t kind) const;
 };
+
+QByteArray tst_TavoroCtlPull::pushContent()
+{
+    SimOptions options;
+    options.packetSize = 1000;
+    m_bench = std::make_unique<ToolBench>(options);
+    QByteArray content = bytes(2500);
+    if (m_bench->run("push", {m_bench->makeFile("sent", content)}).exitCode != 0)
+        content.clear();
+    m_bench->removeFile("sent");
+    return content;
+}
+
+bool tst_TavoroCtlPull::makeDevice(const QByteArray &name, unsigned minor) const
+{
+    constexpr unsigned memoryDevices = 1;
+    return ::mknod(m_bench->path(name).constData(), S_IFCHR | 0666, makedev(memoryDevices, minor))
+        == 0;
+}
+
+bool tst_TavoroCtlPull::isKind(const QByteArray &name, mode_t kind) const
+{
+    struct stat status { };
+    return ::lstat(m_bench->path(name).constData(), &status) == 0
+        && (status.st_mode & S_IFMT) == kind;
+}
 
 void tst_TavoroCtlPull::init()
 {
@@ -71,8 +122,9 @@ void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing_data()
     QTest::addColumn<QString>("fault");
     QTest::addColumn<QByteArray>("told");
     const QByteArray failed = "Get file export information failed: ";
-    const QByteArray tooShort = "4500 bytes have come, but the device tells of 5000.\n";
-    const QByteArray other = "What has come has another hash sum than the device tells.\n";
+    const QByteArray tooShort = "Received 4500 bytes, but the device announced 5000.\n";
+    const QByteArray other =
+        "The checksum of the received file does not match the one the device reports.\n";
     const QByteArray noList = "Get file detail information failed: hardware error:9 .\n";
     const auto inTheMiddle = [](const char *fault) {
         return QLatin1String(fault) + QStringLiteral(",code=FileExport,skip=3,count=1");
@@ -160,7 +212,7 @@ void tst_TavoroCtlPull::pullIntoAFolderThatIsNotThere()
 {
     const QByteArray target = m_bench->path("nowhere/target");
     const ToolRun pull = m_bench->run("pull", {"0", "0", target});
-    QCOMPARE(pull.errors, target + " cannot be written: No such file or directory\n");
+    QCOMPARE(pull.errors, "Cannot write " + target + ": No such file or directory.\n");
     QCOMPARE(pull.exitCode, 1);
 }
 
@@ -179,9 +231,90 @@ void tst_TavoroCtlPull::pullOntoAFullDiskLeavesNothing()
                     + tool);
     QVERIFY(shell.waitForFinished());
     QCOMPARE(shell.readAllStandardError(),
-             m_bench->path("target") + " cannot be written: File too large\n");
+             "Cannot write " + m_bench->path("target") + ": File too large.\n");
     QCOMPARE(shell.exitCode(), 1);
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+void tst_TavoroCtlPull::pullWritesIntoAFifo()
+{
+    const QByteArray content = pushContent();
+    QCOMPARE(::mkfifo(m_bench->path("fifo").constData(), 0600), 0);
+    QProcess reader;
+    reader.start(QStringLiteral("cat"), {QString::fromUtf8(m_bench->path("fifo"))});
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("fifo")});
+    QCOMPARE(pull.errors + pull.output, QByteArray());
+    QCOMPARE(pull.exitCode, 0);
+    QVERIFY(isKind("fifo", S_IFIFO));
+    QVERIFY(reader.waitForFinished());
+    QCOMPARE(reader.readAllStandardOutput(), content);
+    QCOMPARE(m_bench->fileNames(), QByteArrayList({}));
+}
+
+void tst_TavoroCtlPull::pullWritesIntoADevice()
+{
+    pushContent();
+    if (!makeDevice("null", nullDevice))
+        QSKIP("device nodes take more rights");
+    QCOMPARE(m_bench->run("pull", {"0", "0", m_bench->path("null")}).exitCode, 0);
+    QVERIFY(isKind("null", S_IFCHR));
+}
+
+void tst_TavoroCtlPull::pullWritesThroughALinkToADevice()
+{
+    pushContent();
+    if (!makeDevice("null", nullDevice))
+        QSKIP("device nodes take more rights");
+    QVERIFY(QFile::link(QString::fromUtf8(m_bench->path("null")),
+                        QString::fromUtf8(m_bench->path("link"))));
+    QCOMPARE(m_bench->run("pull", {"0", "0", m_bench->path("link")}).exitCode, 0);
+    QVERIFY(isKind("null", S_IFCHR));
+    QVERIFY(isKind("link", S_IFLNK));
+}
+
+void tst_TavoroCtlPull::pullIntoASocketFails()
+{
+    pushContent();
+    QCOMPARE(::mknod(m_bench->path("socket").constData(), S_IFSOCK | 0600, 0), 0);
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("socket")});
+    QCOMPARE(pull.errors,
+             "Cannot write " + m_bench->path("socket") + ": No such device or address.\n");
+    QCOMPARE(pull.exitCode, 1);
+    QVERIFY(isKind("socket", S_IFSOCK));
+}
+
+void tst_TavoroCtlPull::failedPullKeepsTheDevice()
+{
+    pushContent();
+    if (!makeDevice("full", fullDevice))
+        QSKIP("device nodes take more rights");
+    const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("full")});
+    QCOMPARE(pull.errors, "Cannot write " + m_bench->path("full") + ": No space left on device.\n");
+    QCOMPARE(pull.exitCode, 1);
+    QVERIFY(isKind("full", S_IFCHR));
+}
+
+void tst_TavoroCtlPull::pullWritesToStandardOutput()
+{
+    const QByteArray content = pushContent();
+    const ToolRun pull = m_bench->run("pull", {"0", "0", "-"});
+    QCOMPARE(pull.output, content);
+    QCOMPARE(pull.errors, QByteArray());
+    QCOMPARE(pull.exitCode, 0);
+}
+
+void tst_TavoroCtlPull::pullToAFullStandardOutputEndsWithOne()
+{
+    pushContent();
+    QProcess tool;
+    tool.setStandardOutputFile(QStringLiteral("/dev/full"));
+    tool.start(QStringLiteral(TAVOROCTL),
+               {QStringLiteral("pull"), QString::fromUtf8(m_bench->host()), QStringLiteral("0"),
+                QStringLiteral("0"), QStringLiteral("-")});
+    QVERIFY(tool.waitForFinished());
+    QCOMPARE(tool.readAllStandardError(),
+             QByteArray("Cannot write standard output: No space left on device.\n"));
+    QCOMPARE(tool.exitCode(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlPull)

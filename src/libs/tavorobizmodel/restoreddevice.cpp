@@ -1,0 +1,91 @@
+#include "restoreddevice_p.h"
+
+#include "device_p.h"
+#include "rowformat_p.h"
+
+#include <tavorobizmodel/device.h>
+
+#include <QSize>
+
+#include <utility>
+
+namespace Tavoro::BizModel {
+
+namespace {
+
+constexpr unsigned short unnumbered = 65535;
+
+template <class Record>
+bool readInto(Record &record, const DeviceRow &row)
+{
+    Record read;
+    if (!RowFormat::decode(row.body, read))
+        return false;
+    record = std::move(read);
+    return true;
+}
+
+/// Appends the record of a row.
+template <class Record>
+bool readInto(std::vector<Record> &records, const DeviceRow &row)
+{
+    Record read;
+    if (!readInto(read, row))
+        return false;
+    records.push_back(std::move(read));
+    return true;
+}
+
+} // namespace
+
+bool RestoredDevice::take(const DeviceRow &row)
+{
+    switch (row.kind) {
+    case RowKind::Identity:
+        return readInto(m_identity, row);
+    case RowKind::Detail:
+        return readInto(m_detail, row);
+    case RowKind::Interface:
+        return readInto(m_interfaces, row);
+    case RowKind::Screen:
+        return readInto(m_screens, row);
+    case RowKind::Layer:
+        return readInto(m_layers, row);
+    case RowKind::File:
+        if (!readInto(m_files, row))
+            return false;
+        m_files.back().binary = row.content.toStdString();
+        return true;
+    case RowKind::ScreenGenlock:
+        return readInto(m_genlocks, row);
+    case RowKind::CutoutRGB:
+        return readInto(m_cutout, row);
+    case RowKind::Layout:
+        return readInto(m_layouts, row);
+    }
+    return false;
+}
+
+std::shared_ptr<Device> RestoredDevice::make() const
+{
+    auto device = std::make_shared<Device>(unnumbered, nullptr);
+    device->setIPAddress(QString::fromStdString(m_identity.ip));
+    device->setModelId(m_identity.modelId);
+    device->updateDeviceBaseInfo(m_identity.info);
+    QString faults; // reported when the device was read
+    device->initModelData(m_detail, faults);
+    device->initModelData(m_interfaces, faults);
+    device->initModelData(m_files, faults);
+    device->initModelData(m_screens, faults);
+    device->initModelData(m_layers, faults);
+    device->setName(QString::fromStdString(m_identity.name));
+    device->setScreenGenlocks(m_genlocks);
+    device->updateCutoutRGB(m_cutout, faults);
+    auto &d = DevicePrivate::of(*device);
+    for (const s_StoredLayout &layout : m_layouts)
+        d.layouts->set(layout.screenId, QSize(layout.columns, layout.rows));
+    d.isRestored = true;
+    return device;
+}
+
+} // namespace Tavoro::BizModel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QFileDevice>
+#include <QString>
+
+#include <memory>
+#include <string>
+
+namespace Tavoro::Ctl {
+
+/// Where the content of a fetched file goes.
+///
+/// A regular file appears under its name when it is complete: commit() replaces the one that was
+/// there, and without it nothing changes. A device, a FIFO or the standard output receives the
+/// content as it arrives.
+class ContentTarget {
+public:
+    /// \a path is "-" for standard output.
+    explicit ContentTarget(const QString &path);
+
+    /// For messages and the progress bar.
+    QString name() const;
+
+    /// Opens the target. For a FIFO blocks until it has a reader.
+    bool open(QString &error);
+    /// Writes all of \a bytes. Blocks while a FIFO is full.
+    bool write(const std::string &bytes, QString &error);
+    bool commit(QString &error);
+
+private:
+    bool isStandardOutput() const { return m_path == QLatin1String("-"); }
+    bool openDevice();
+    QString fault() const;
+
+    const QString m_path;
+    std::unique_ptr<QFileDevice> m_device;
+};
+
+} // namespace Tavoro::Ctl
