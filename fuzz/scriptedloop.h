@@ -9,14 +9,14 @@
 #include <mutex>
 #include <set>
 
-/// The channels' thread and clock inside the caller's own thread: while a request waits, what was
-/// posted runs, then the device acts, and when it has nothing left to do the time moves on.
+/// The channels' thread and clock inside the caller's own thread. While a request waits, posted
+/// calls run, then the device acts; when it has nothing left to do, the time advances.
 class ScriptedLoop final : public Tavoro::SSProxy::Internal::ChannelLoop,
                            public Tavoro::SSProxy::Internal::Clock {
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
 
-    /// \a act lets the device do its next thing; false when there is none.
+    /// \a act performs the next step of the device; it returns false after the last one.
     explicit ScriptedLoop(std::function<bool()> act) : m_act(std::move(act)) { }
 
     Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }
@@ -45,7 +45,7 @@ public:
         lock.lock();
     }
 
-    /// Runs what was posted until nothing is left.
+    /// Runs posted calls until none is left.
     void run()
     {
         m_isRunning = true;
