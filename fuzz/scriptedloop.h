@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavorossproxy/io/channelloop_p.h>
-#include <tavorossproxy/io/postedcalls_p.h>
+#include <tavorossproxy/io/callqueue_p.h>
+#include <tavorossproxy/io/eventloop_p.h>
 
 #include <functional>
 #include <map>
@@ -11,7 +11,7 @@
 
 /// The channels' thread and clock inside the caller's own thread. While a request waits, posted
 /// calls run, then the device acts; when it has nothing left to do, the time advances.
-class ScriptedLoop final : public Tavoro::SSProxy::Internal::ChannelLoop,
+class ScriptedLoop final : public Tavoro::SSProxy::Internal::EventLoop,
                            public Tavoro::SSProxy::Internal::Clock {
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
@@ -72,7 +72,7 @@ private:
 
     const std::function<bool()> m_act;
     std::mutex m_mutex; // guards m_calls, as in a loop of several threads
-    Tavoro::SSProxy::Internal::PostedCalls m_calls{m_mutex};
+    Tavoro::SSProxy::Internal::CallQueue m_calls{m_mutex};
     std::multimap<TimePoint, std::function<void()>> m_timed;
     std::set<std::shared_ptr<User>> m_users;
     bool m_isRunning = false;

@@ -55,7 +55,7 @@ bool Device::isOnline() const                                           { return
 bool Device::isSyncDataSuccess() const                                  { return d->get(&DeviceState::syncSuccess); }
 ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->get(&DeviceState::info); }
 ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->get(&DeviceState::process); }
-ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->get(&DeviceState::cutout); }
+ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->settings->cutout(); }
 
 void Device::setIPAddress(QString ip)                 { d->set(DevicePrivate::Part::Identity,    &DeviceState::ip,          ip); }
 void Device::setName(const QString &name)             { d->set(DevicePrivate::Part::Identity,    &DeviceState::name,        name); }
@@ -135,23 +135,18 @@ QList<std::weak_ptr<File>> Device::files() const
 
 std::weak_ptr<Screen> Device::activedScreen() const
 {
-    return d->get(&DeviceState::activeScreen);
+    return d->contents.activeScreen();
 }
 
 std::weak_ptr<MVRScreen> Device::activedMVRScreen() const
 {
-    return d->get(&DeviceState::activeMVRScreen);
+    return d->contents.activeMultiviewer();
 }
 
 void Device::setActivedScreen(std::weak_ptr<Screen> screen)
 {
-    const auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen.lock());
-    d->change(DevicePrivate::Part::ActiveScreens, [&](DeviceState &state) {
-        if (multiviewer)
-            state.activeMVRScreen = multiviewer;
-        else
-            state.activeScreen = std::move(screen);
-    });
+    if (d->contents.setActive(screen.lock()))
+        d->tell(DevicePrivate::Part::ActiveScreens);
 }
 
 } // namespace Tavoro::BizModel

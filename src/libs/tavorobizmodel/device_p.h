@@ -2,7 +2,7 @@
 
 #include "devicecontents_p.h"
 #include "keyedlist_p.h"
-#include "mvrlayouts_p.h"
+#include "usersettings_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/proto/hexdigits.h>
@@ -15,6 +15,8 @@
 #include <string>
 
 namespace Tavoro::BizModel {
+
+using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
 
 /// What is known of a device, beside its objects.
 struct DeviceState {
@@ -30,11 +32,8 @@ struct DeviceState {
     KeyedList<int, ProtoModel::Device::s_subcardBody> subcards;
     KeyedList<int, ProtoModel::Device::s_PowerBody> powers;
     KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody> groups;
-    KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash> screenGenlocks;
+    ScreenGenlocks screenGenlocks;
     ProtoModel::Auxiliary::s_DeviceProcess process;
-    ProtoModel::s_RGB cutout;
-    std::weak_ptr<Screen> activeScreen;
-    std::weak_ptr<MVRScreen> activeMVRScreen;
 };
 
 class DevicePrivate {
@@ -124,8 +123,7 @@ public:
     Device &q;
     const unsigned short id;
     DeviceContents contents;
-    bool isRestored = false; ///< Came from the store of the last run. Set before it is shared.
-    const std::shared_ptr<MVRLayouts> layouts = std::make_shared<MVRLayouts>();
+    const std::shared_ptr<UserSettings> settings = std::make_shared<UserSettings>();
     s_DeviceConfig config; // filled at construction
 
 private:

@@ -133,11 +133,13 @@ bool Device::initModelData(const std::vector<s_ScreenFullDetail> &details, QStri
                                .arg(quoted(identityOf(detail)), quoted(output.interfaceId)));
         }
         if (detail.screenType == Enum::Screen::MultiviewerScreen)
-            return std::make_shared<MVRScreen>(detail, weak_from_this(), d->layouts);
+            return std::make_shared<MVRScreen>(detail, weak_from_this(), d->settings);
         return std::make_shared<Screen>(detail, weak_from_this());
     };
-    d->contents.take(build<Screen>(details, faults, make));
+    const bool wasActive = d->contents.take(build<Screen>(details, faults, make));
     d->tell(DevicePrivate::Part::Screens);
+    if (wasActive)
+        d->tell(DevicePrivate::Part::ActiveScreens);
     return faults.report(error);
 }
 
@@ -163,13 +165,15 @@ void Device::clearAll(bool keepUserSettings)
 {
     d->contents.take(Interfaces());
     d->contents.take(Layers());
-    d->contents.take(Screens());
+    const bool wasActive = d->contents.take(Screens());
     d->contents.take(Files());
     if (!keepUserSettings)
-        d->layouts->clear();
+        d->settings->clear();
     using Part = DevicePrivate::Part;
     for (const Part part : {Part::Interfaces, Part::Screens, Part::Layers, Part::Files})
         d->tell(part);
+    if (wasActive)
+        d->tell(Part::ActiveScreens);
 }
 
 } // namespace Tavoro::BizModel

@@ -2,11 +2,28 @@
 
 #include "device_p.h"
 
+#include <optional>
 #include <utility>
 
 namespace Tavoro::BizModel {
 
 using Part = DevicePrivate::Part;
+
+namespace {
+
+using ProtoModel::Screen::s_ScreenGenlockBody;
+
+/// A screen without a record has the default one.
+bool isOther(const std::optional<s_ScreenGenlockBody> &before,
+             const std::optional<s_ScreenGenlockBody> &now)
+{
+    const auto status = [](const std::optional<s_ScreenGenlockBody> &genlock) {
+        return genlock.value_or(s_ScreenGenlockBody()).genlockSignal.status;
+    };
+    return status(before) != status(now);
+}
+
+} // namespace
 
 void Device::setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process)
 {
@@ -49,21 +66,26 @@ void Device::setPower(const std::vector<ProtoModel::Device::s_PowerBody> &powers
 
 bool Device::updateCutoutRGB(const ProtoModel::s_RGB &color, QString & /*error*/)
 {
-    d->change(Part::CutoutRGB, [&](DeviceState &state) { state.cutout = color; });
+    d->settings->setCutout(color);
+    d->tell(Part::CutoutRGB);
     return true;
 }
 
 void Device::setScreenGenlocks(const std::vector<ProtoModel::Screen::s_ScreenGenlockBody> &genlocks)
 {
-    d->change(Part::ScreenGenlocks, [&](DeviceState &state) {
-        state.screenGenlocks.clear();
-        for (const auto &genlock : genlocks)
-            state.screenGenlocks.assign(objectId(genlock), genlock);
-    });
+    ScreenGenlocks now;
+    for (const auto &genlock : genlocks)
+        now.assign(objectId(genlock), genlock);
+    ScreenGenlocks before;
+    d->change(Part::ScreenGenlocks,
+              [&](DeviceState &state) { before = std::exchange(state.screenGenlocks, now); });
     if (signalsBlocked())
         return;
-    for (const auto &genlock : genlocks) {
-        if (const auto screen = d->contents.findScreen(objectId(genlock)))
+    const auto screens = d->contents.screens();
+    for (const auto &screen : screens) {
+        const ObjectId id =
+            objectId(ProtoModel::s_ScreenId{screen->screenId(), screen->screenType()});
+        if (isOther(before.find(id), now.find(id)))
             Q_EMIT screen->screenChanged();
     }
 }

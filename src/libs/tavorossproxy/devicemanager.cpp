@@ -1,8 +1,8 @@
 #include <tavorossproxy/devicemanager.h>
 
 #include <tavorossproxy/channel/channelindex_p.h>
-#include <tavorossproxy/discovery/devicediscovery_p.h>
-#include <tavorossproxy/io/channelthread_p.h>
+#include <tavorossproxy/discovery/runningdiscovery_p.h>
+#include <tavorossproxy/io/eventloopthread_p.h>
 
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicecommand.h>
@@ -33,7 +33,7 @@ DeviceManager::DeviceManager() : d(std::make_unique<DeviceManagerPrivate>())
 /// The channels' thread emits the manager's signal, so it must have ended by now.
 DeviceManager::~DeviceManager()
 {
-    Internal::ChannelThread::stop();
+    Internal::EventLoopThread::stop();
 }
 
 /// All channels of this library are of one kind.

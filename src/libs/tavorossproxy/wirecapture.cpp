@@ -1,7 +1,7 @@
 #include <tavorossproxy/wirecapture.h>
 
 #include "logging_p.h"
-#include <tavorossproxy/io/capturedstream_p.h>
+#include <tavorossproxy/io/capturefile_p.h>
 
 #include <mutex>
 #include <utility>

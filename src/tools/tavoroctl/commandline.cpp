@@ -64,7 +64,8 @@ void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
         bool ok = false;
         line.timeout = value.toInt(&ok);
         if (!ok || line.timeout <= 0)
-            refuse(line, QStringLiteral("\"%1\" is not what --timeout takes.").arg(value));
+            refuse(line,
+                   QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
     }
     if (parser.isSet(QStringLiteral("help")))
         line.text = parser.helpText();
@@ -122,11 +123,11 @@ CommandLine parseCommandLine(const QStringList &arguments)
     if (line.command)
         parseArguments(arguments.at(0), words, line);
     else if (words.isEmpty())
-        refuse(line, QStringLiteral("a command is missing; --help tells what there is"));
+        refuse(line, QStringLiteral("expected a command; --help lists all commands"));
     else
-        refuse(line,
-               QStringLiteral("there is no command \"%1\"; --help tells what there is")
-                   .arg(words.at(0)));
+        refuse(
+            line,
+            QStringLiteral("unknown command \"%1\"; --help lists all commands").arg(words.at(0)));
     return line;
 }
 

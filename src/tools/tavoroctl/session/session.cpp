@@ -34,6 +34,12 @@ bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::Dev
 
 } // namespace
 
+Session::Session(int timeout) : m_timeout(timeout)
+{
+    // A person waits at the terminal while a device restarts.
+    m_options.longestReconnectPause = std::chrono::seconds(1);
+}
+
 Session::~Session()
 {
     for (const auto &[place, connection] : m_connections) {
@@ -47,14 +53,14 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
     const auto known = m_connections.find({host.name, host.port});
     if (known != m_connections.end())
         return known->second.device;
-    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port);
+    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port, m_options);
     if (!channel->waitUntilReady(m_timeout, error)) {
         channel->stopChannel();
         return nullptr;
     }
     if (const auto twin = findTwin(host, *channel)) {
-        error = QStringLiteral("The devices at %1 and %2 tell the same identity; a batch cannot "
-                               "tell them apart.")
+        error = QStringLiteral("The devices at %1 and %2 report the same identity; a batch cannot "
+                               "use both.")
                     .arg(textOf(*twin), textOf(host));
         channel->stopChannel();
         return nullptr;

@@ -21,7 +21,7 @@ namespace Tavoro::Ctl {
 class Session {
 public:
     /// \a timeout in milliseconds is how long a device may take to be ready.
-    explicit Session(int timeout) : m_timeout(timeout) { }
+    explicit Session(int timeout);
     /// Closes all connections.
     ~Session();
     Session(const Session &) = delete;
@@ -44,6 +44,7 @@ private:
     std::optional<Host> findTwin(const Host &host, const SSProxy::NetworkChannel &channel) const;
 
     const int m_timeout;
+    SSProxy::ChannelOptions m_options;
     std::map<std::pair<QString, quint16>, Connection> m_connections;
 };
 

@@ -85,6 +85,8 @@ FileChanges::Places placesOf(const StoredChange &change)
 bool IncomingContent::append(std::string_view bytes)
 {
     const auto size = static_cast<qint64>(bytes.size());
+    if (size > m_longest - m_length)
+        return false;
     m_length += size;
     m_crc = SSProxy::Wire::crc32(bytes, m_crc);
     return m_device->write(bytes.data(), size) == size;
@@ -220,6 +222,7 @@ void FileStore::removeUnnamed(const FileChanges::Places &places) const
 IncomingContent FileStore::receive()
 {
     IncomingContent content;
+    content.m_longest = m_longestContent;
     content.m_name = "content-" + std::to_string(++m_lastName);
     if (m_folder.isEmpty())
         content.m_device = std::make_unique<QBuffer>();

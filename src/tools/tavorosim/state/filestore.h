@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <deque>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,7 +18,7 @@ namespace Tavoro::Sim {
 /// Content on its way into the store. What is never placed there is forgotten.
 class IncomingContent {
 public:
-    /// False when there is no room for it.
+    /// False when the store has no room for it, or takes no content of that length.
     bool append(std::string_view bytes);
     qint64 length() const { return m_length; }
     /// The CRC-32 of the bytes so far, the device's hash sum.
@@ -27,6 +28,7 @@ private:
     friend class FileStore;
     std::string m_name;
     std::unique_ptr<QIODevice> m_device;
+    qint64 m_longest = 0;
     qint64 m_length = 0;
     quint32 m_crc = 0;
 };
@@ -50,6 +52,11 @@ public:
     /// Keeps the files in \a folder from now on, beginning with those that are there. False with a
     /// sentence in \a error.
     bool open(const QString &folder, QString &error);
+
+    /// Bytes of the longest content that the store takes; at first as many as the length of a file
+    /// can express.
+    qint64 longestContent() const { return m_longestContent; }
+    void setLongestContent(qint64 bytes) { m_longestContent = bytes; }
 
     const FileIndex &index() const { return m_index; }
     /// Changes of the files as they are now, to be made before any others.
@@ -88,6 +95,7 @@ private:
     void sweep() const;
     QString pathOf(const std::string &name) const;
 
+    qint64 m_longestContent = std::numeric_limits<qint32>::max();
     QString m_folder; ///< Empty: in memory.
     std::unique_ptr<QLockFile> m_lock;
     FileIndex m_index;

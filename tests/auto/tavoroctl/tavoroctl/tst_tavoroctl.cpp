@@ -178,10 +178,10 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     // The host does not exist: whoever tried to send would end with 1.
     const QByteArray nowhere = "nowhere.invalid";
     // clang-format off
-    QTest::newRow("no command")        << QByteArrayList{}                               << "a command is missing; --help tells what there is";
-    QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "there is no command \"dance\"; --help tells what there is";
+    QTest::newRow("no command")        << QByteArrayList{}                               << "expected a command; --help lists all commands";
+    QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "unknown command \"dance\"; --help lists all commands";
     QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
-    QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not what --timeout takes.";
+    QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not a number of milliseconds above 0";
     QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";

@@ -218,13 +218,13 @@ void tst_TavoroCtlFiles::wrongUsageEndsWithTwo_data()
     const QByteArray host = "nowhere.invalid";
     // clang-format off
     QTest::newRow("no file")      << QByteArrayList{"pull", host, "0", "0"}                  << "pull takes HOST[:PORT] TYPE ID FILE";
-    QTest::newRow("type by word") << QByteArrayList{"pull", host, "movie", "0", "f"}         << "\"movie\" is no type of files, which is %1";
-    QTest::newRow("type 255")     << QByteArrayList{"pull", host, "255", "0", "f"}           << "\"255\" is no type of files, which is %1";
-    QTest::newRow("id 255")       << QByteArrayList{"pull", host, "0", "255", "f"}           << "\"255\" is no number of a file, which is 0 to 254";
-    QTest::newRow("id below 0")   << QByteArrayList{"push", host, "f", "--id", "-1"}         << "\"-1\" is no number of a file, which is 0 to 254";
+    QTest::newRow("type by word") << QByteArrayList{"pull", host, "movie", "0", "f"}         << "\"movie\" is not a file type; use %1";
+    QTest::newRow("type 255")     << QByteArrayList{"pull", host, "255", "0", "f"}           << "\"255\" is not a file type; use %1";
+    QTest::newRow("id 255")       << QByteArrayList{"pull", host, "0", "255", "f"}           << "\"255\" is not a valid file ID (0 to 254)";
+    QTest::newRow("id below 0")   << QByteArrayList{"push", host, "f", "--id", "-1"}         << "\"-1\" is not a valid file ID (0 to 254)";
     QTest::newRow("size")         << QByteArrayList{"push", host, "f", "--size", "10"}       << "\"10\" is not WIDTHxHEIGHT";
     QTest::newRow("foreign option") << QByteArrayList{"pull", host, "0", "0", "f", "--type", "1"} << "Unknown option 'type'.";
-    QTest::newRow("files of no type") << QByteArrayList{"files", host, "all"}                << "\"all\" is no type of files, which is %1";
+    QTest::newRow("files of no type") << QByteArrayList{"files", host, "all"}                << "\"all\" is not a file type; use %1";
     // clang-format on
 }
 
