@@ -20,6 +20,7 @@ private Q_SLOTS:
     void frameAtTheMinimumRateIsASignOfLife();
     void requestThatIsTakenTooSlowlyEndsTheConnection();
     void requestThatIsTakenAtTheMinimumRateKeepsTheConnection();
+    void progressOfARequestCountsWhileAFrameTrickles();
 
 private:
     /// The answer to the next request, with a body of \a size bytes.
@@ -133,6 +134,27 @@ void tst_SlowDevice::requestThatIsTakenAtTheMinimumRateKeepsTheConnection()
     m_loop->advance(20s);
     QVERIFY(!m_channel->isHardwareReadFinished());
     QCOMPARE(int(caller.response()->status), 364);
+}
+
+void tst_SlowDevice::progressOfARequestCountsWhileAFrameTrickles()
+{
+    m_peer->accept();
+    Wire::WireHead head;
+    head.kind = 5;
+    m_peer->send(head, identity(1 << 20));
+    m_peer->setReading(false);
+    auto caller = call(request(0x1101, 2, std::string(1 << 20, 'x'), 600000));
+    QVERIFY(m_loop->runUntil([&] { return m_channel->statistics().requests == 1; }));
+    m_loop->run();
+    const QByteArray frame = Wire::encodeLinkFrame(Wire::FrameKind::Pong);
+    for (int position = 0; position < 39;) {
+        m_peer->takePart(1024);
+        sendPart(frame, position, 1);
+        m_loop->advance(1s);
+    }
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QCOMPARE(int(caller.response()->status), 259);
 }
 
 QTEST_APPLESS_MAIN(tst_SlowDevice)
