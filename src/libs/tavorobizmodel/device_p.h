@@ -1,8 +1,9 @@
 #pragma once
 
+#include "devicebuilder_p.h"
 #include "devicecontents_p.h"
-#include "keyedlist_p.h"
-#include "mvrlayouts_p.h"
+#include "devicerecords_p.h"
+#include "usersettings_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/proto/hexdigits.h>
@@ -16,7 +17,7 @@
 
 namespace Tavoro::BizModel {
 
-/// What is known of a device, beside its objects.
+/// Identity and state of a device.
 struct DeviceState {
     unsigned short modelId = 0;
     QString ip;
@@ -26,15 +27,6 @@ struct DeviceState {
     ProtoModel::DeviceBaseInfo info;
     bool online = false;
     bool syncSuccess = false;
-    ProtoModel::Device::s_DeviceDetail detail; ///< The lists below are empty in it.
-    KeyedList<int, ProtoModel::Device::s_subcardBody> subcards;
-    KeyedList<int, ProtoModel::Device::s_PowerBody> powers;
-    KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody> groups;
-    KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash> screenGenlocks;
-    ProtoModel::Auxiliary::s_DeviceProcess process;
-    ProtoModel::s_RGB cutout;
-    std::weak_ptr<Screen> activeScreen;
-    std::weak_ptr<MVRScreen> activeMVRScreen;
 };
 
 class DevicePrivate {
@@ -109,6 +101,14 @@ public:
             tellIdentity();
     }
 
+    template <class Details>
+    bool build(const Details &details, QString &error)
+    {
+        DeviceBuilder builder(q);
+        builder.build(details);
+        return builder.report(error);
+    }
+
     void tellIdentity() const
     {
         ++identityChanges;
@@ -124,8 +124,8 @@ public:
     Device &q;
     const unsigned short id;
     DeviceContents contents;
-    bool isRestored = false; ///< Came from the store of the last run. Set before it is shared.
-    const std::shared_ptr<MVRLayouts> layouts = std::make_shared<MVRLayouts>();
+    DeviceRecords records;
+    const std::shared_ptr<UserSettings> settings = std::make_shared<UserSettings>();
     s_DeviceConfig config; // filled at construction
 
 private:

@@ -2,6 +2,8 @@
 
 #include <tavorobizmodel/enums.h>
 
+#include <utility>
+
 namespace Tavoro::BizModel {
 
 std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetail &layer)
@@ -22,8 +24,10 @@ void DeviceContents::take(Interfaces interfaces)
     std::swap(m_interfaces, interfaces);
 }
 
-void DeviceContents::take(Screens screens)
+bool DeviceContents::take(Screens screens)
 {
+    std::shared_ptr<Screen> activeScreen;
+    std::shared_ptr<MVRScreen> activeMultiviewer;
     Index<std::shared_ptr<Screen>> screenOfOutput;
     for (const auto &screen : screens.values()) {
         for (const auto &output : screen->detail().mosaic.outputs)
@@ -32,6 +36,9 @@ void DeviceContents::take(Screens screens)
     const std::lock_guard lock(m_mutex);
     std::swap(m_screens, screens);
     m_screenOfOutput.swap(screenOfOutput);
+    m_activeScreen.swap(activeScreen);
+    m_activeMultiviewer.swap(activeMultiviewer);
+    return activeScreen || activeMultiviewer;
 }
 
 void DeviceContents::take(Layers layers)
@@ -54,6 +61,34 @@ void DeviceContents::take(Files files)
 {
     const std::lock_guard lock(m_mutex);
     std::swap(m_files, files);
+}
+
+bool DeviceContents::setActive(const std::shared_ptr<Screen> &screen)
+{
+    auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen);
+    const std::lock_guard lock(m_mutex);
+    if (screen) {
+        const ProtoModel::s_ScreenId id{screen->screenId(), screen->screenType()};
+        if (m_screens.find(objectId(id)) != screen)
+            return false;
+    }
+    if (multiviewer)
+        m_activeMultiviewer = std::move(multiviewer);
+    else
+        m_activeScreen = screen;
+    return true;
+}
+
+std::shared_ptr<Screen> DeviceContents::activeScreen() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_activeScreen;
+}
+
+std::shared_ptr<MVRScreen> DeviceContents::activeMultiviewer() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_activeMultiviewer;
 }
 
 std::shared_ptr<Screen> DeviceContents::screenOfOutput(const ObjectId &interface) const

@@ -6,6 +6,7 @@
 #include <tavorobizmodel/file.h>
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
+#include <tavorobizmodel/mvrscreen.h>
 #include <tavorobizmodel/screen.h>
 
 #include <memory>
@@ -33,7 +34,8 @@ public:
     using LayerList = std::vector<std::shared_ptr<Layer>>;
 
     void take(Interfaces interfaces);
-    void take(Screens screens);
+    /// The active screens are none afterwards. Returns whether there was one.
+    bool take(Screens screens);
     void take(Layers layers);
     void take(Files files);
 
@@ -51,6 +53,16 @@ public:
     std::shared_ptr<Layer>     findLayer(const ObjectId &id) const     { return find(m_layers, id); }
     std::shared_ptr<File>      findFile(const ObjectId &id) const      { return find(m_files, id); }
     // clang-format on
+
+    /// \name Active screens
+    /// Always screens of the device, or null.
+    /// @{
+    /// Makes \a screen the active multiviewer if it is one, otherwise the active screen; null makes
+    /// no screen active. False, and nothing changes, for a screen that is not one of the device.
+    bool setActive(const std::shared_ptr<Screen> &screen);
+    std::shared_ptr<Screen> activeScreen() const;
+    std::shared_ptr<MVRScreen> activeMultiviewer() const;
+    /// @}
 
     std::shared_ptr<Screen> screenOfOutput(const ObjectId &interface) const;
     LayerList layersOfScreen(const ObjectId &screen) const;
@@ -79,6 +91,8 @@ private:
     Screens m_screens;
     Layers m_layers;
     Files m_files;
+    std::shared_ptr<Screen> m_activeScreen;
+    std::shared_ptr<MVRScreen> m_activeMultiviewer;
     Index<std::shared_ptr<Screen>> m_screenOfOutput;
     Index<LayerList> m_layersOfScreen;
     Index<LayerList> m_layersOfInterface;

@@ -1,4 +1,5 @@
 #include "device_p.h"
+#include "deviceidentity_p.h"
 #include "savedevicedatathread_p.h"
 
 #include <tavorobizmodel/devicelist.h>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <mutex>
 #include <tuple>
 #include <unordered_map>
@@ -60,12 +62,46 @@ public:
         return place == m_index.end() ? nullptr : place->second;
     }
 
-    /// False when it is in the list already.
-    bool append(const DevicePtr &device)
+    /// How a device came into the list.
+    struct Appended {
+        bool isNew = false; ///< It was not in the list before.
+        std::vector<DevicePtr> former; ///< Taken out, as they are the same device.
+    };
+
+    /// Takes \a device into the list, in the place of one with the same identity, whose settings it
+    /// adopts.
+    Appended append(const DevicePtr &device)
     {
         const std::lock_guard lock(m_mutex);
         if (std::find(m_devices.begin(), m_devices.end(), device) != m_devices.end())
+            return {};
+        Appended result{true, {}};
+        const auto isSame = sameAs(*device);
+        const auto place = std::find_if(m_devices.begin(), m_devices.end(), isSame);
+        const auto index = std::distance(m_devices.begin(), place);
+        const auto end = std::stable_partition(place, m_devices.end(), std::not_fn(isSame));
+        result.former.assign(end, m_devices.end());
+        m_devices.erase(end, m_devices.end());
+        m_devices.insert(m_devices.begin() + index, device);
+        for (const DevicePtr &former : result.former)
+            DevicePrivate::of(*device).settings->adopt(*DevicePrivate::of(*former).settings);
+        if (result.former.empty())
+            addToIndex(device);
+        else
+            forgetIndex();
+        return result;
+    }
+
+    /// Takes a device of the last run into the list. One of this run stays, and adopts its
+    /// settings: the result is false then.
+    bool appendRestored(const DevicePtr &device)
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto listed = std::find_if(m_devices.begin(), m_devices.end(), sameAs(*device));
+        if (listed != m_devices.end()) {
+            DevicePrivate::of(**listed).settings->adopt(*DevicePrivate::of(*device).settings);
             return false;
+        }
         m_devices.push_back(device);
         addToIndex(device);
         return true;
@@ -78,8 +114,7 @@ public:
         if (place == m_devices.end())
             return false;
         m_devices.erase(place);
-        m_index.clear();
-        m_indexed = outOfDate;
+        forgetIndex();
         return true;
     }
 
@@ -89,25 +124,6 @@ public:
         return m_devices;
     }
 
-    /// Takes the offline devices of the last run out of which \a device is one, come back at
-    /// another address.
-    std::vector<DevicePtr> removeFormer(const Device &device)
-    {
-        const auto isFormer = [&](const DevicePtr &other) {
-            return DevicePrivate::of(*other).isRestored && !other->isOnline()
-                && other.get() != &device && other->sn() == device.sn()
-                && other->MAC() == device.MAC();
-        };
-        const std::lock_guard lock(m_mutex);
-        const auto end =
-            std::stable_partition(m_devices.begin(), m_devices.end(), std::not_fn(isFormer));
-        std::vector<DevicePtr> former(end, m_devices.end());
-        m_devices.erase(end, m_devices.end());
-        m_index.clear();
-        m_indexed = outOfDate;
-        return former;
-    }
-
     /// A function of this class, since it is the saver's friend.
     static SaveDeviceDataThreadPrivate &partOf(SaveDeviceDataThread &saver) { return *saver.d; }
 
@@ -115,6 +131,20 @@ public:
 
 private:
     static constexpr quint64 outOfDate = ~quint64(0);
+
+    static std::function<bool(const DevicePtr &)> sameAs(const Device &device)
+    {
+        return [identity = DeviceIdentity::of(device)](const DevicePtr &other) {
+            return DeviceIdentity::of(*other) == identity;
+        };
+    }
+
+    /// Has the next lookup make the index again.
+    void forgetIndex()
+    {
+        m_index.clear();
+        m_indexed = outOfDate;
+    }
 
     void addToIndex(const DevicePtr &device)
     {
@@ -158,9 +188,10 @@ std::weak_ptr<Device> DeviceList::append(std::shared_ptr<Device> device)
 {
     if (!device)
         return {};
-    for (const auto &former : d->removeFormer(*device))
+    const auto appended = d->append(device);
+    for (const DevicePtr &former : appended.former)
         Q_EMIT signalDeviceRemoved(former);
-    if (d->append(device))
+    if (appended.isNew)
         Q_EMIT signalDeviceAppended(device);
     return device;
 }
@@ -196,8 +227,10 @@ bool DeviceList::openDeviceStore(const s_DeviceStoreOptions &options, QString &e
         return false;
     // The connection to the file must be gone before the application is.
     qAddPostRoutine(closeStoreOfApplication);
-    for (const DevicePtr &device : devices)
-        append(device);
+    for (const DevicePtr &device : devices) {
+        if (d->appendRestored(device))
+            Q_EMIT signalDeviceAppended(device);
+    }
     return true;
 }
 

@@ -5,11 +5,21 @@
 
 #include <tavorobizmodel/device.h>
 
+#include <QCryptographicHash>
 #include <QStringList>
+
+#include <array>
+#include <cstddef>
 
 namespace Tavoro::BizModel {
 
 namespace {
+
+/// In the order of RowKind.
+constexpr std::array<const char *, 9> kindNames{
+    "Identity", "Detail",        "Interface", "Screen", "Layer",
+    "File",     "ScreenGenlock", "CutoutRGB", "Layout",
+};
 
 QString keyOf(const ObjectId &id)
 {
@@ -27,6 +37,25 @@ s_StoredIdentity identityOf(const Device &device)
 
 } // namespace
 
+QByteArray DeviceRow::digest() const
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    hash.addData(QByteArray::number(static_cast<int>(kind)) + ' ' + key.toUtf8() + ' '
+                 + QByteArray::number(body.size()) + ' ');
+    hash.addData(body);
+    hash.addData(content);
+    return hash.result();
+}
+
+QString DeviceRow::name() const
+{
+    const auto number = static_cast<std::size_t>(kind);
+    const QString kindName = number < kindNames.size()
+        ? QLatin1String(kindNames[number])
+        : QStringLiteral("Record of kind %1").arg(static_cast<int>(kind));
+    return key.isEmpty() ? kindName : kindName + QLatin1Char(' ') + key;
+}
+
 void visitRows(const Device &device, const std::function<void(const DeviceRow &)> &visit)
 {
     const auto &d = DevicePrivate::of(device);
@@ -39,7 +68,7 @@ void visitRows(const Device &device, const std::function<void(const DeviceRow &)
     visitRow(RowKind::CutoutRGB, onlyOne, device.cutoutRGB());
     for (const auto &genlock : device.screenGenlocks())
         visitRow(RowKind::ScreenGenlock, keyOf(objectId(genlock)), genlock);
-    for (const auto &[screenId, span] : d.layouts->all())
+    for (const auto &[screenId, span] : d.settings->layouts())
         visitRow(RowKind::Layout, QString::number(screenId),
                  s_StoredLayout{screenId, span.width(), span.height()});
     const auto visitAll = [&](RowKind kind, const auto &objects, const auto &identityOf) {

@@ -50,6 +50,13 @@ struct DeviceRow {
     QString key; ///< Identity within the kind.
     QByteArray body; ///< The record, as rowformat_p.h describes it.
     QByteArray content; ///< The bytes of a file; empty for other kinds.
+
+    /// Covers everything in the row, so that it tells changed rows from unchanged ones, and damaged
+    /// rows from sound ones: the SHA-1 of "kind key size ", where size is that of the body,
+    /// followed by body and content.
+    QByteArray digest() const;
+    /// Names the row in a message, as "File 2/5/0/0/0".
+    QString name() const;
 };
 
 /// Passes each row of \a device to \a visit, one at a time, ordered by position within each kind.

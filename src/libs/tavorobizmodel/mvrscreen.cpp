@@ -1,4 +1,4 @@
-#include "mvrlayouts_p.h"
+#include "usersettings_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>
 
@@ -7,20 +7,20 @@
 namespace Tavoro::BizModel {
 
 MVRScreen::MVRScreen(const ProtoModel::Screen::s_ScreenFullDetail &detail,
-                     std::weak_ptr<Device> device, std::shared_ptr<MVRLayouts> layouts)
-    : Screen(detail, std::move(device)), m_layouts(std::move(layouts))
+                     std::weak_ptr<Device> device, std::shared_ptr<UserSettings> settings)
+    : Screen(detail, std::move(device)), m_settings(std::move(settings))
 { }
 
 MVRScreen::~MVRScreen() = default;
 
 QSize MVRScreen::rowColSpan() const
 {
-    return m_layouts->find(screenId());
+    return m_settings->layout(screenId());
 }
 
 void MVRScreen::setRowColSpan(QSize span)
 {
-    m_layouts->set(screenId(), span);
+    m_settings->setLayout(screenId(), span);
     tellChange();
 }
 

@@ -4,6 +4,7 @@
 #include "rowformat_p.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavorocontrol/proto/hexdigits.h>
 
 #include <QSize>
 
@@ -38,11 +39,19 @@ bool readInto(std::vector<Record> &records, const DeviceRow &row)
 
 } // namespace
 
+RestoredDevice::RestoredDevice(const DeviceIdentity &identity)
+{
+    ProtoModel::bytesOfHexDigits(identity.sn.toStdString(), m_identity.info.sn);
+    ProtoModel::bytesOfHexDigits(identity.mac.toStdString(), m_identity.info.mac);
+    m_identity.ip = identity.address.toStdString();
+}
+
 bool RestoredDevice::take(const DeviceRow &row)
 {
     switch (row.kind) {
     case RowKind::Identity:
-        return readInto(m_identity, row);
+        m_hasIdentityRow = readInto(m_identity, row);
+        return m_hasIdentityRow;
     case RowKind::Detail:
         return readInto(m_detail, row);
     case RowKind::Interface:
@@ -78,13 +87,13 @@ std::shared_ptr<Device> RestoredDevice::make() const
     device->initModelData(m_files, faults);
     device->initModelData(m_screens, faults);
     device->initModelData(m_layers, faults);
-    device->setName(QString::fromStdString(m_identity.name));
+    if (m_hasIdentityRow)
+        device->setName(QString::fromStdString(m_identity.name));
     device->setScreenGenlocks(m_genlocks);
     device->updateCutoutRGB(m_cutout, faults);
-    auto &d = DevicePrivate::of(*device);
+    const auto &d = DevicePrivate::of(*device);
     for (const s_StoredLayout &layout : m_layouts)
-        d.layouts->set(layout.screenId, QSize(layout.columns, layout.rows));
-    d.isRestored = true;
+        d.settings->setLayout(layout.screenId, QSize(layout.columns, layout.rows));
     return device;
 }
 

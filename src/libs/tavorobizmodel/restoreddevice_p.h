@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deviceidentity_p.h"
 #include "devicerows_p.h"
 
 #include <tavorocontrol/proto/device.h>
@@ -19,13 +20,16 @@ class Device;
 /// Collects the rows of one stored device, then makes the device.
 class RestoredDevice {
 public:
+    explicit RestoredDevice(const DeviceIdentity &identity);
+
     /// False when the row does not hold what its kind says; it is then left out.
     bool take(const DeviceRow &row);
     /// The device, offline, of the rows that were taken.
     std::shared_ptr<Device> make() const;
 
 private:
-    s_StoredIdentity m_identity;
+    s_StoredIdentity m_identity; ///< Without the row only what the device is found by.
+    bool m_hasIdentityRow = false;
     ProtoModel::Device::s_DeviceDetail m_detail;
     std::vector<ProtoModel::Interface::s_InterfaceDetail> m_interfaces;
     std::vector<ProtoModel::Screen::s_ScreenFullDetail> m_screens;

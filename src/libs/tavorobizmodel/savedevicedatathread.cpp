@@ -5,7 +5,6 @@
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace Tavoro::BizModel {
@@ -26,7 +25,7 @@ bool SaveDeviceDataThreadPrivate::open(const s_DeviceStoreOptions &options,
         m_changed.wait(lock, [this] { return m_opened != nullptr; });
         opened = std::move(m_opened);
     }
-    devices = std::move(opened->devices);
+    devices = std::move(opened->loaded.devices);
     if (opened->done)
         return true;
     error = opened->error;
@@ -52,36 +51,33 @@ bool SaveDeviceDataThreadPrivate::isOpen() const
     return m_isOpen;
 }
 
-void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &device)
+void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &weakDevice)
 {
-    if (!device.expired())
-        ask({device, {}, {}});
+    if (const auto device = weakDevice.lock())
+        ask({DeviceIdentity::of(*device), SaverJob::Kind::Save, device, false});
 }
 
 void SaveDeviceDataThreadPrivate::askToForget(const Device &device)
 {
-    ask({{}, device.sn(), device.MAC()});
+    ask({DeviceIdentity::of(device), SaverJob::Kind::Forget, {}, false});
 }
 
-void SaveDeviceDataThreadPrivate::ask(Job job)
+void SaveDeviceDataThreadPrivate::ask(SaverJob job)
 {
     const std::lock_guard lock(m_mutex);
     if (!m_isOpen || m_isClosing)
         return;
-    const auto isSame = [&](const Job &other) {
-        return !other.device.owner_before(job.device) && !job.device.owner_before(other.device)
-            && other.sn == job.sn && other.mac == job.mac;
-    };
-    if (std::any_of(m_jobs.begin(), m_jobs.end(), isSame))
-        return;
-    m_jobs.push_back(std::move(job));
+    m_jobs.ask(std::move(job));
     m_changed.notify_all();
 }
 
 void SaveDeviceDataThreadPrivate::setStop(bool stop)
 {
     const std::lock_guard lock(m_mutex);
-    m_isStopped = stop;
+    if (stop)
+        ++m_pauses;
+    else if (m_pauses > 0)
+        --m_pauses;
     m_changed.notify_all();
 }
 
@@ -113,16 +109,16 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
 
 SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const QString &fileName)
 {
-    using Outcome = DeviceStore::Outcome;
     m_fileName = fileName;
     Opened opened;
-    Outcome outcome = m_store.open(fileName, opened.error);
-    if (outcome == Outcome::Done)
-        outcome = m_store.load(opened.devices, opened.error);
-    if (outcome != Outcome::Done)
-        opened.devices.clear();
-    opened.done =
-        outcome == Outcome::Done || (outcome == Outcome::Damaged && openAnew(opened.error));
+    StoreOutcome outcome = m_store.open(fileName, opened.error);
+    if (outcome == StoreOutcome::Done)
+        outcome = m_store.load(opened.loaded, opened.error);
+    if (outcome != StoreOutcome::Done)
+        opened.loaded = {};
+    reportSetAside(opened.loaded.setAside);
+    opened.done = outcome == StoreOutcome::Done
+        || (outcome == StoreOutcome::Damaged && openAnew(opened.error));
     return opened;
 }
 
@@ -131,18 +127,18 @@ SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const 
 bool SaveDeviceDataThreadPrivate::openAnew(QString &error)
 {
     m_store.close();
-    const QString kept = DeviceStore::setAside(m_fileName);
+    const QString kept = StoreDatabase::setAside(m_fileName);
     if (kept.isEmpty())
         return false;
     qCWarning(modelLog) << "The store of devices is damaged:" << error << "Kept as" << kept;
     Q_EMIT DeviceList::instance()->signalDeviceStoreSetAside(m_fileName, kept);
-    return m_store.open(m_fileName, error) == DeviceStore::Outcome::Done;
+    return m_store.open(m_fileName, error) == StoreOutcome::Done;
 }
 
 /// Whether it is time for the next job. While the saver closes a failed job is not waited for.
 bool SaveDeviceDataThreadPrivate::mayTakeJob() const
 {
-    return !m_isStopped && !m_jobs.empty() && (m_isClosing || Clock::now() >= m_notBefore);
+    return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);
 }
 
 void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
@@ -152,23 +148,22 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
         const auto mayGoOn = [this] {
             return m_isClosing || mayTakeJob();
         };
-        if (m_jobs.empty() || m_isStopped)
+        if (m_jobs.isEmpty() || isPaused())
             m_changed.wait(lock, mayGoOn);
         else
             m_changed.wait_until(lock, m_notBefore, mayGoOn);
-        if (m_isClosing && (m_isStopped || m_jobs.empty()))
+        if (m_isClosing && (isPaused() || m_jobs.isEmpty()))
             break;
         if (!mayTakeJob())
             continue;
-        const Job job = std::move(m_jobs.front());
-        m_jobs.pop_front();
+        const SaverJob job = m_jobs.take();
         m_isWorking = true;
         lock.unlock();
         const bool done = work(job);
         lock.lock();
         m_isWorking = false;
         if (!done && !m_isClosing) {
-            m_jobs.push_front(job);
+            m_jobs.putBack(job);
             m_notBefore = Clock::now() + retryDelay;
         }
         m_changed.notify_all();
@@ -177,22 +172,22 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
     m_isOpen = false;
 }
 
-bool SaveDeviceDataThreadPrivate::work(const Job &job)
+bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
 {
     QString error;
-    auto outcome = DeviceStore::Outcome::Done;
+    auto outcome = StoreOutcome::Done;
     bool isAnew = !m_store.isOpen(); // a damaged file could not be replaced by an earlier job
     if (isAnew)
         outcome = m_store.open(m_fileName, error);
-    if (outcome == DeviceStore::Outcome::Done)
+    if (outcome == StoreOutcome::Done)
         outcome = attempt(job, error);
-    if (outcome == DeviceStore::Outcome::Damaged && openAnew(error)) {
+    if (outcome == StoreOutcome::Damaged && openAnew(error)) {
         isAnew = true;
         outcome = attempt(job, error);
     }
     if (isAnew && m_store.isOpen())
         askToSaveOthers(job);
-    if (outcome != DeviceStore::Outcome::Done) {
+    if (outcome != StoreOutcome::Done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);
         return false;
@@ -203,7 +198,7 @@ bool SaveDeviceDataThreadPrivate::work(const Job &job)
 }
 
 /// The new file has nothing of what the damaged one held.
-void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
+void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
 {
     const auto saved = job.device.lock();
     const auto devices = DeviceList::instance()->devices();
@@ -213,12 +208,22 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const Job &job)
     }
 }
 
-DeviceStore::Outcome SaveDeviceDataThreadPrivate::attempt(const Job &job, QString &error)
+void SaveDeviceDataThreadPrivate::reportSetAside(const QStringList &rows) const
 {
-    if (!job.sn.isEmpty())
-        return m_store.remove(job.sn, job.mac, error);
+    for (const QString &row : rows) {
+        qCWarning(modelLog) << "A row in the store of devices is damaged and was set aside:" << row;
+        Q_EMIT DeviceList::instance()->signalStoredRecordSetAside(m_fileName, row);
+    }
+}
+
+StoreOutcome SaveDeviceDataThreadPrivate::attempt(const SaverJob &job, QString &error)
+{
     const auto device = job.device.lock();
-    return device ? m_store.save(*device, error) : DeviceStore::Outcome::Done;
+    if (device)
+        return m_store.save(*device, error);
+    if (job.kind == SaverJob::Kind::Forget || job.forgetsIfGone)
+        return m_store.remove(job.identity, error);
+    return StoreOutcome::Done;
 }
 
 SaveDeviceDataThread::SaveDeviceDataThread()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devicestore_p.h"
+#include "saverqueue_p.h"
 
 #include <tavorobizmodel/savedevicedatathread.h>
 
@@ -9,7 +10,6 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -44,34 +44,30 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    struct Job {
-        std::weak_ptr<Device> device; ///< To save. None: forget the one with the identity below.
-        QString sn;
-        QString mac;
-    };
-
     /// What the thread found when it opened the file.
     struct Opened {
         bool done = false;
-        std::vector<std::shared_ptr<Device>> devices;
+        DeviceStore::Loaded loaded;
         QString error;
     };
 
-    void ask(Job job);
+    void ask(SaverJob job);
     void run(const QString &fileName, std::chrono::milliseconds retryDelay);
     Opened openFile(const QString &fileName);
+    void reportSetAside(const QStringList &rows) const;
     bool openAnew(QString &error);
     void workOff(std::chrono::milliseconds retryDelay);
+    bool isPaused() const { return m_pauses > 0; }
     bool mayTakeJob() const;
-    bool work(const Job &job);
-    void askToSaveOthers(const Job &job);
-    DeviceStore::Outcome attempt(const Job &job, QString &error);
+    bool work(const SaverJob &job);
+    void askToSaveOthers(const SaverJob &job);
+    StoreOutcome attempt(const SaverJob &job, QString &error);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<Job> m_jobs; // guarded by m_mutex, as all down to m_opened
+    SaverQueue m_jobs; // guarded by m_mutex, as all down to m_opened
     bool m_isOpen = false;
-    bool m_isStopped = false;
+    int m_pauses = 0; ///< Calls of setStop(true) that no call of setStop(false) has ended.
     bool m_isWorking = false;
     bool m_isClosing = false;
     Clock::time_point m_notBefore; ///< No job is taken before, since one failed.

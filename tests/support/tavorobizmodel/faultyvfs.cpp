@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
+#include <utility>
 
 namespace FaultyVfs {
 
@@ -15,6 +17,9 @@ namespace {
 std::atomic<Fault> armed = Fault::None;
 std::atomic<int> countdown = 0;
 std::atomic<int> count = 0;
+
+std::mutex waitMutex;
+std::function<void()> onWait; // guarded by waitMutex
 
 sqlite3_vfs *disk = nullptr;
 
@@ -72,6 +77,19 @@ int sync(sqlite3_file *file, int flags)
                                          : realOf(file)->pMethods->xSync(realOf(file), flags);
 }
 
+int lock(sqlite3_file *file, int level)
+{
+    const int result = realOf(file)->pMethods->xLock(realOf(file), level);
+    std::function<void()> whenBusy;
+    if (result == SQLITE_BUSY) {
+        const std::lock_guard<std::mutex> guard(waitMutex);
+        std::swap(whenBusy, onWait);
+    }
+    if (whenBusy)
+        whenBusy();
+    return result;
+}
+
 int remove(sqlite3_vfs *, const char *name, int syncDir)
 {
     faultNow();
@@ -82,7 +100,6 @@ int remove(sqlite3_vfs *, const char *name, int syncDir)
 int close(sqlite3_file *f)                                         { return realOf(f)->pMethods->xClose(realOf(f)); }
 int read(sqlite3_file *f, void *data, int size, sqlite3_int64 at)  { return realOf(f)->pMethods->xRead(realOf(f), data, size, at); }
 int fileSize(sqlite3_file *f, sqlite3_int64 *size)                 { return realOf(f)->pMethods->xFileSize(realOf(f), size); }
-int lock(sqlite3_file *f, int level)                               { return realOf(f)->pMethods->xLock(realOf(f), level); }
 int unlock(sqlite3_file *f, int level)                             { return realOf(f)->pMethods->xUnlock(realOf(f), level); }
 int checkReservedLock(sqlite3_file *f, int *result)                { return realOf(f)->pMethods->xCheckReservedLock(realOf(f), result); }
 int fileControl(sqlite3_file *f, int operation, void *argument)    { return realOf(f)->pMethods->xFileControl(realOf(f), operation, argument); }
@@ -142,6 +159,12 @@ void arm(Fault fault, int number)
     armed = fault;
     countdown = number;
     count = 0;
+}
+
+void catchWait(const std::function<void()> &whenBusy)
+{
+    const std::lock_guard<std::mutex> guard(waitMutex);
+    onWait = whenBusy;
 }
 
 int operations()

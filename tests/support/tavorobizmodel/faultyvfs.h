@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 /// Stands between SQLite and the disk, for all databases of the process, and makes one operation go
 /// wrong.
 namespace FaultyVfs {
@@ -17,6 +19,9 @@ void install();
 /// Lets the \a number-th write, sync, truncation or deletion from now go wrong; a full disk stays
 /// full until the next call. Numbers begin at 1.
 void arm(Fault fault, int number);
+/// Calls \a whenBusy, once, when a connection finds the file locked by another; on the thread of
+/// the one that waits.
+void catchWait(const std::function<void()> &whenBusy);
 /// Operations since the last call of arm().
 int operations();
 

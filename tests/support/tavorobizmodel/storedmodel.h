@@ -26,6 +26,10 @@ public:
                 [this](const auto &device) { saved.append(device.lock()); });
         connect(list, &DeviceList::signalSaveDeviceDataFailed, this,
                 [this](const QString &text) { failures.append(text); });
+        connect(list, &DeviceList::signalStoredRecordSetAside, this,
+                [this](const QString &fileName, const QString &record) {
+                    damagedRecords.append(fileName + QStringLiteral(": ") + record);
+                });
         connect(list, &DeviceList::signalDeviceStoreSetAside, this,
                 [this](const QString &fileName, const QString &keptAs) {
                     setAside.append(fileName + QStringLiteral(" as ") + keptAs);
@@ -35,6 +39,7 @@ public:
     QList<std::shared_ptr<Tavoro::BizModel::Device>> saved;
     QStringList failures;
     QStringList setAside;
+    QStringList damagedRecords;
 };
 
 /// The list of devices with an open store, as one run of an application after the other sees it.

@@ -44,8 +44,10 @@ QString lineOf(const QString &row)
     };
     const QByteArray body = bytes(5);
     const QByteArray content = bytes(6);
-    const QByteArray digest = QCryptographicHash::hash(
-        QByteArray::number(body.size()) + ' ' + body + content, QCryptographicHash::Sha1);
+    const QByteArray digest =
+        QCryptographicHash::hash(fields[2].toLatin1() + ' ' + fields[3].toLatin1() + ' '
+                                     + QByteArray::number(body.size()) + ' ' + body + content,
+                                 QCryptographicHash::Sha1);
     const QString text = line(fields[0] + QLatin1Char(' ') + fields[1], fields[2].toInt(),
                               fields[3], RowText::of(body), content);
     return bytes(4) == digest ? text : text + QStringLiteral(" (not its digest)");

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Why a streamed read fails, as it is told.
+// Why a streamed read fails, as it is reported.
 
-/// What a failure tells, before the callback learns of it.
+/// What a failure reports before it calls the callback.
 enum Telling {
     SentenceWithStatusBar,
     BareWarning,

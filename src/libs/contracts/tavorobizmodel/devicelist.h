@@ -86,12 +86,16 @@ Q_SIGNALS:
     /// @{
     void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
     void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save has ended. Emitted on the saver's thread, like the next two.
+    /// A save has ended. Emitted on the saver's thread, like the next three.
     void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
     /// A save could not be done: the disk may be full. It is tried again later by itself.
     void signalSaveDeviceDataFailed(QString text);
     /// The file of the store was damaged and is kept under another name.
     void signalDeviceStoreSetAside(QString fileName, QString keptAs);
+    /// One record in the store was damaged, and was left out when the store was opened. \a record
+    /// names it and its device. The row is kept in the table \c damaged of the file; the next save
+    /// of the device writes the record again.
+    void signalStoredRecordSetAside(QString fileName, QString record);
     /// @}
 
 private:

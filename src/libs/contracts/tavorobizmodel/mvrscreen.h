@@ -6,7 +6,7 @@
 
 namespace Tavoro::BizModel {
 
-class MVRLayouts;
+class UserSettings;
 
 /// A screen that shows many sources at once, for the operator's eyes. The only screens of the type
 /// \c MultiviewerScreen.
@@ -15,7 +15,7 @@ class TAVOROBIZMODEL_EXPORT MVRScreen : public Screen {
 
 public:
     MVRScreen(const ProtoModel::Screen::s_ScreenFullDetail &detail, std::weak_ptr<Device> device,
-              std::shared_ptr<MVRLayouts> layouts);
+              std::shared_ptr<UserSettings> settings);
     ~MVRScreen() override;
 
     /// Columns, as width, and rows, as height, in which the user arranged the sources; 4 by 4 until
@@ -24,7 +24,7 @@ public:
     void setRowColSpan(QSize span);
 
 private:
-    const std::shared_ptr<MVRLayouts> m_layouts;
+    const std::shared_ptr<UserSettings> m_settings;
 };
 
 } // namespace Tavoro::BizModel

@@ -21,14 +21,15 @@ class TAVOROBIZMODEL_EXPORT SaveDeviceDataThread : public QObject {
 public:
     ~SaveDeviceDataThread() override;
 
-    /// With true no new job is taken until a call with false. Jobs asked for meanwhile are kept and
-    /// done afterwards.
+    /// With true, begins a pause: no new job is taken until every pause has ended. With false, ends
+    /// one; without a pause that does nothing. Jobs asked for meanwhile are kept and done
+    /// afterwards.
     void setTemporaryStop(bool stop);
     /// Blocks until a save that runs now has ended. Jobs that wait are not waited for.
     void waitForSavingDataFinished();
-    /// Asks for a save of this device's data. A device that is asked for again before its save
-    /// began is saved once. An empty pointer, and a device that is gone when its turn comes, is
-    /// nothing to save.
+    /// Asks for a save of this device's data and returns at once. The last request for a device
+    /// wins: it replaces an earlier one that has not begun, also one to forget the device. Does
+    /// nothing for an empty pointer, and for a device that is gone by the time of its turn.
     void saveDevicesInfor(std::weak_ptr<Device> device);
 
 private:

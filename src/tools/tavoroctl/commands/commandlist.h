@@ -12,6 +12,8 @@ ExitStatus runFiles(Tool &tool, const Arguments &arguments);
 ExitStatus runList(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetApply(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);
+ExitStatus runProjectApply(Tool &tool, const Arguments &arguments);
+ExitStatus runProjectSave(Tool &tool, const Arguments &arguments);
 ExitStatus runPull(Tool &tool, const Arguments &arguments);
 ExitStatus runPush(Tool &tool, const Arguments &arguments);
 ExitStatus runReboot(Tool &tool, const Arguments &arguments);

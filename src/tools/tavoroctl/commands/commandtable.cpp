@@ -31,6 +31,14 @@ constexpr OptionRow applyOptions[] = {
     {"type",       "TYPE",         "Type of the preset (screen-preset)."},
     {"apply-type", "NUMBER",       "How, a number of the device (0)."},
 };
+constexpr OptionRow projectSaveOptions[] = {
+    {"type",       "TYPE",         "Type of the file (10)."},
+    {"name",       "NAME",         "Name of the project (\"Project ID\")."},
+    {"contain",    "KINDS",        "Kinds of files that it contains, such as logo,preset; or none (all)."},
+};
+constexpr OptionRow projectApplyOptions[] = {
+    {"type",       "TYPE",         "Type of the file (10)."},
+};
 
 // In alphabetical order.
 constexpr CommandRow commandRows[] = {
@@ -50,6 +58,10 @@ constexpr CommandRow commandRows[] = {
      "Applies a preset.",                                                                   runPresetApply, applyOptions},
     {"preset save", "HOST[:PORT] ID [SCREEN ...]",
      "Stores the screens of these numbers as a preset, all without a number.",              runPresetSave,  saveOptions},
+    {"project apply", "HOST[:PORT] ID",
+     "Applies a project.",                                                                  runProjectApply, projectApplyOptions},
+    {"project save", "HOST[:PORT] ID",
+     "Stores all screens, with all files or some kinds of them, as a project.",             runProjectSave, projectSaveOptions},
     {"pull", "HOST[:PORT] TYPE ID FILE",
      "Fetches a file of the device into FILE, whole or not at all.",                        runPull},
     {"push", "HOST[:PORT] FILE",

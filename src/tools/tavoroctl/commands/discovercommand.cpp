@@ -49,7 +49,7 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
         return fail(tool, error);
     for (const ProtoModel::DeviceBaseInfo &device : devices)
         tool.console.answer(lineOf(device));
-    return devices.empty() ? fail(tool, QStringLiteral("No device has answered.")) : Done;
+    return devices.empty() ? fail(tool, QStringLiteral("No device answered.")) : Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -69,8 +69,9 @@ ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments)
         return fail(tool, error);
     show(tool, recordText(detail), selfCheckTable(detail));
     const int faults = countFaults(detail);
-    return faults == 0 ? Done
-                       : fail(tool, QStringLiteral("The device finds %1 faulty.").arg(faults));
+    return faults == 0
+        ? Done
+        : fail(tool, QStringLiteral("The self check reports a fault in %1.").arg(faults));
 }
 
 ExitStatus runVersion(Tool &tool, const Arguments &arguments)

@@ -27,7 +27,7 @@ bool readScreenNumbers(const QStringList &words, std::set<int> &numbers, QString
     for (const QString &word : words) {
         int number = 0;
         if (!readNumber(word, std::numeric_limits<quint8>::max(), number)) {
-            fault = QStringLiteral("\"%1\" is no number of a screen, which is 0 to 255").arg(word);
+            fault = QStringLiteral("\"%1\" is not a valid screen ID (0 to 255)").arg(word);
             return false;
         }
         numbers.insert(number);

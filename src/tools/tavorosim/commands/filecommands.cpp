@@ -3,7 +3,6 @@
 #include "handlers_p.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace Tavoro::Sim {
 
@@ -14,7 +13,6 @@ namespace {
 
 constexpr std::size_t longestName = 255; ///< Bytes.
 constexpr std::size_t mostUploads = 16; ///< At a time on one connection.
-constexpr qint64 longestContent = std::numeric_limits<qint32>::max();
 
 /// What a progress report says of a transfer.
 enum TransferType : qint32 {
@@ -36,6 +34,8 @@ DeviceStatus checkAnnounced(const SimState &state, const s_FileInfo &file)
 {
     if (!isFileIdentity(file) || !isFileName(file.general) || file.size.length < 0)
         return DeviceStatus::ValueOutOfRange;
+    if (file.size.length > state.files.longestContent())
+        return DeviceStatus::BodyTooLong;
     const bool hasInterface = keyOf(file.interfaceIds) != InterfaceKey{};
     return hasInterface && !find(state, file.interfaceIds) ? DeviceStatus::NoSuchObject
                                                            : DeviceStatus::Success;
@@ -92,7 +92,8 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
 DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
                   const Request &request)
 {
-    const qint64 limit = announced.size.length != 0 ? announced.size.length : longestContent;
+    const qint64 limit =
+        announced.size.length != 0 ? announced.size.length : state.files.longestContent();
     const auto length = static_cast<qint64>(request.body.size());
     if (upload.content.length() + length > limit)
         return announced.size.length != 0 ? DeviceStatus::WrongContent : DeviceStatus::BodyTooLong;

@@ -2,6 +2,7 @@
 
 #include "controlarbiter.h"
 #include "discoveryresponder.h"
+#include "listener.h"
 #include "outcomelog.h"
 #include "simclient.h"
 #include "simoptions.h"
@@ -12,10 +13,13 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
-#include <QTcpServer>
 #include <QTimer>
 
 #include <vector>
+
+QT_BEGIN_NAMESPACE
+class QTcpSocket;
+QT_END_NAMESPACE
 
 namespace Tavoro::Sim {
 
@@ -35,16 +39,16 @@ public:
     bool listen(QString &error);
     quint16 port() const { return m_port; }
     quint16 discoveryPort() const { return m_discovery.port(); }
-    quint16 controlPort() const { return m_controlServer.serverPort(); }
+    quint16 controlPort() const { return m_consoleListener.port(); }
 
     /// Carries out a line of the console. What the device has to tell about it goes to all clients.
     ConsoleAnswer execute(const QString &line);
 
 private:
     bool openFolder(QString &error);
-    void acceptClient();
-    void acceptControl();
-    void serveControl(QTcpSocket *socket);
+    void acceptClient(QTcpSocket *socket);
+    void acceptConsole(QTcpSocket *socket);
+    void serveConsole(QTcpSocket &socket);
     Answer carryOut(const SimClient &client, const Request &request);
     Answer carryOutControl(const SimClient &client, const Request &request);
     Answer tellOutcome(const Request &request) const;
@@ -57,7 +61,7 @@ private:
     void followPower();
     void leave();
     void drop();
-    void readOn();
+    void resumeReading();
     void restart();
     void flood(SimClient &client, quint32 count) const;
     std::string identityFor(const SimClient &client) const;
@@ -69,12 +73,12 @@ private:
     QElapsedTimer m_elapsed; ///< Since the program began, by this machine's clock.
     qint64 m_passed = 0; ///< What of that has passed for the device.
     QTimer m_tick; ///< Runs while the device is at work.
-    QTcpServer m_server;
+    Listener m_listener;
     quint16 m_port = 0; ///< Kept while the device is off.
     bool m_isLeaving = false; ///< It is off, but has answers to send.
-    QTcpServer m_controlServer;
+    Listener m_consoleListener;
     DiscoveryResponder m_discovery;
-    ControlArbiter m_control;
+    ControlArbiter m_arbiter;
     OutcomeLog m_outcomes;
     const SimClient *m_toldHolder = nullptr; ///< Of whom the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.

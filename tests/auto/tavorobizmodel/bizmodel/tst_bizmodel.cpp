@@ -40,6 +40,7 @@ private Q_SLOTS:
     void objectsThatOutliveTheirDeviceKnowNothingMore();
 
     void activeScreenGoesWithItsScreen();
+    void activeScreenIsAlwaysOneOfTheDevice();
     void multiviewerScreenBecomesTheActiveMultiviewer();
     void layoutOfMultiviewerOutlivesClearing();
     void layoutOfNewMultiviewerIsTheDefault();
@@ -205,6 +206,27 @@ void tst_BizModel::activeScreenGoesWithItsScreen()
     device->setActivedScreen(device->findScreen(1, 0));
     QCOMPARE(device->activedScreen().lock(), device->findScreen(1, 0).lock());
     device->clearAll(true);
+    QVERIFY(device->activedScreen().expired());
+}
+
+void tst_BizModel::activeScreenIsAlwaysOneOfTheDevice()
+{
+    const auto device = ModelRecords::device();
+    const auto held = device->findScreen(1, 0).lock();
+    const auto heldMultiviewer = multiviewer(*device, 0);
+    device->setActivedScreen(held);
+    device->setActivedScreen(heldMultiviewer);
+    device->clearAll(true);
+    QVERIFY(device->activedScreen().expired());
+    QVERIFY(device->activedMVRScreen().expired());
+
+    QString error;
+    device->initModelData(std::vector{screen(1, 0), screen(3, 0)}, error);
+    device->setActivedScreen(held); // of before
+    QVERIFY(device->activedScreen().expired());
+    const auto current = device->findScreen(1, 0).lock();
+    device->setActivedScreen(current);
+    device->initModelData(std::vector{screen(1, 0), screen(3, 0)}, error);
     QVERIFY(device->activedScreen().expired());
 }
 

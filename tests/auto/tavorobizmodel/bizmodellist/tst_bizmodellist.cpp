@@ -34,6 +34,8 @@ private Q_SLOTS:
     void otherDevicesAreFoundWhileOneComesAndGoes();
     void deviceIsFoundByWhatItBecame();
     void deviceIsInTheListOnce();
+    void deviceOfTheSameIdentityIsReplaced();
+    void devicesWithoutNumbersAreToldApartByAddress();
     void nullIsNotTaken();
     void removedDeviceIsGone();
     void thereIsNoSaverWithoutAStore();
@@ -106,6 +108,51 @@ void tst_BizModelList::deviceIsInTheListOnce()
     QCOMPARE(DeviceList::instance()->append(device).lock(), device);
     QCOMPARE(DeviceList::instance()->devices().size(), 1);
     QCOMPARE(spy.size(), 1);
+}
+
+void tst_BizModelList::deviceOfTheSameIdentityIsReplaced()
+{
+    auto *const list = DeviceList::instance();
+    const auto readFirst = ModelRecords::device(1);
+    const auto other = ModelRecords::device(2);
+    const auto readLast = ModelRecords::device(1);
+    const auto moved = ModelRecords::device(1);
+    moved->setIPAddress(QStringLiteral("198.51.100.7"));
+    list->append(readFirst);
+    list->append(other);
+    QStringList signalLines;
+    const auto log = [&](const char *what, const std::weak_ptr<Device> &device) {
+        signalLines << QLatin1String(what)
+                + (device.lock() == readFirst ? QStringLiteral("first") : QStringLiteral("last"));
+    };
+    QObject context;
+    connect(list, &DeviceList::signalDeviceRemoved, &context,
+            [&](const auto &device) { log("removed ", device); });
+    connect(list, &DeviceList::signalDeviceAppended, &context,
+            [&](const auto &device) { log("appended ", device); });
+    QCOMPARE(list->append(readLast).lock(), readLast);
+    const auto devices = list->devices();
+    QCOMPARE(devices.size(), 2);
+    QCOMPARE(devices.first().lock(), readLast);
+    QCOMPARE(devices.last().lock(), other);
+    QCOMPARE(found(readFirst->IPAddress(), readFirst->MAC(), readFirst->sn()), readLast);
+    QCOMPARE(signalLines,
+             (QStringList{QStringLiteral("removed first"), QStringLiteral("appended last")}));
+
+    list->append(moved); // it was online at its old address until now
+    QCOMPARE(list->devices().size(), 2);
+    QCOMPARE(list->devices().first().lock(), moved);
+}
+
+void tst_BizModelList::devicesWithoutNumbersAreToldApartByAddress()
+{
+    auto *const list = DeviceList::instance();
+    for (const int address : {1, 2, 2}) {
+        const auto device = ModelRecords::device(quint8(address));
+        device->updateDeviceBaseInfo({});
+        list->append(device);
+    }
+    QCOMPARE(list->devices().size(), 2);
 }
 
 void tst_BizModelList::nullIsNotTaken()

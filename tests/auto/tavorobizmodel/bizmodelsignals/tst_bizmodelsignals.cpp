@@ -27,6 +27,7 @@ private Q_SLOTS:
     void eachChangeOfAnInterfaceIsTold_data();
     void eachChangeOfAnInterfaceIsTold();
     void screenTellsItsChanges();
+    void eachScreenWhoseGenlockChangesEmits();
     void fileTellsItsProgress();
     void layerTellsThatItsCropFollowed();
     void blockedDeviceKeepsItsObjectsSilent();
@@ -152,6 +153,34 @@ void tst_BizModelSignals::screenTellsItsChanges()
     QCOMPARE(spy.size(), 3);
     QCOMPARE(screen->genlockStatus(), 5);
     QCOMPARE(silent.size(), 0);
+}
+
+// A screen that is missing from a report has no genlock any more.
+void tst_BizModelSignals::eachScreenWhoseGenlockChangesEmits()
+{
+    const auto genlock = [](int screenType, quint8 screenId, int status) {
+        ProtoModel::Screen::s_ScreenGenlockBody body;
+        body.screenType = screenType;
+        body.screenId = screenId;
+        body.genlockSignal.status = status;
+        return body;
+    };
+    const auto device = ModelRecords::device();
+    device->setScreenGenlocks({genlock(1, 0, 5), genlock(3, 0, 5), genlock(4, 1, 5)});
+    const auto missing = device->findScreen(1, 0).lock();
+    const QSignalSpy missingSpy(missing.get(), &BizModel::Screen::screenChanged);
+    const QSignalSpy changed(device->findScreen(3, 0).lock().get(),
+                             &BizModel::Screen::screenChanged);
+    const QSignalSpy same(device->findScreen(4, 1).lock().get(), &BizModel::Screen::screenChanged);
+    device->setScreenGenlocks({genlock(3, 0, 6), genlock(4, 1, 5)});
+    QCOMPARE(missingSpy.size(), 1);
+    QCOMPARE(missing->genlockStatus(), 0);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(same.size(), 0);
+    device->setScreenGenlocks({});
+    QCOMPARE(missingSpy.size(), 1);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(same.size(), 1);
 }
 
 void tst_BizModelSignals::fileTellsItsProgress()

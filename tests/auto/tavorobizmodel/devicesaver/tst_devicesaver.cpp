@@ -24,6 +24,11 @@ private Q_SLOTS:
     void closingDoesTheJobs();
     void closingDropsTheJobsOfAStoppedSaver();
     void devicesThatAreRemovedTogetherAreForgotten();
+    void deviceRemovedAndAppendedAgainWhilePausedIsSaved();
+    void deviceAppendedAndRemovedAgainWhilePausedIsForgotten();
+    void deviceThatIsGoneBeforeItsSaveStaysForgotten();
+    void saverResumesWhenEveryPauseHasEnded();
+    void endOfAPauseThatNeverBeganChangesNothing();
 
 private:
     QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
@@ -158,6 +163,91 @@ void tst_DeviceSaver::devicesThatAreRemovedTogetherAreForgotten()
     }
     const StoredModel model(file());
     QVERIFY(model.list->devices().isEmpty());
+}
+
+void tst_DeviceSaver::deviceRemovedAndAppendedAgainWhilePausedIsSaved()
+{
+    const auto device = ModelRecords::device();
+    {
+        const StoredModel model(file());
+        auto *const saver = model.list->saveDeviceDataThread();
+        saver->setTemporaryStop(true);
+        model.list->append(device);
+        saver->saveDevicesInfor(device);
+        QVERIFY(model.list->remove(device));
+        model.list->append(device);
+        saver->saveDevicesInfor(device);
+        saver->setTemporaryStop(false);
+    }
+    const StoredModel model(file());
+    QVERIFY(model.onlyDevice());
+}
+
+void tst_DeviceSaver::deviceAppendedAndRemovedAgainWhilePausedIsForgotten()
+{
+    const auto device = ModelRecords::device();
+    {
+        const StoredModel model(file());
+        auto *const saver = model.list->saveDeviceDataThread();
+        model.list->append(device);
+        model.save(device);
+        saver->setTemporaryStop(true);
+        QVERIFY(model.list->remove(device));
+        model.list->append(device);
+        saver->saveDevicesInfor(device);
+        QVERIFY(model.list->remove(device));
+        saver->setTemporaryStop(false);
+    }
+    const StoredModel model(file());
+    QVERIFY(model.list->devices().isEmpty());
+}
+
+void tst_DeviceSaver::deviceThatIsGoneBeforeItsSaveStaysForgotten()
+{
+    {
+        const StoredModel model(file());
+        auto *const saver = model.list->saveDeviceDataThread();
+        auto device = ModelRecords::device();
+        model.list->append(device);
+        model.save(device);
+        saver->setTemporaryStop(true);
+        QVERIFY(model.list->remove(device));
+        saver->saveDevicesInfor(device);
+        device.reset();
+        saver->setTemporaryStop(false);
+    }
+    const StoredModel model(file());
+    QVERIFY(model.list->devices().isEmpty());
+}
+
+void tst_DeviceSaver::saverResumesWhenEveryPauseHasEnded()
+{
+    const StoredModel model(file());
+    auto *const saver = model.list->saveDeviceDataThread();
+    const auto device = ModelRecords::device();
+    saver->setTemporaryStop(true);
+    saver->setTemporaryStop(true);
+    saver->saveDevicesInfor(device);
+    saver->setTemporaryStop(false);
+    model.list->closeDeviceStore(); // drops the jobs of a paused saver
+    saver->setTemporaryStop(false);
+    const StoredModel next(file());
+    QVERIFY(next.list->devices().isEmpty());
+    next.save(device);
+}
+
+void tst_DeviceSaver::endOfAPauseThatNeverBeganChangesNothing()
+{
+    const StoredModel model(file());
+    auto *const saver = model.list->saveDeviceDataThread();
+    const auto device = ModelRecords::device();
+    saver->setTemporaryStop(false);
+    saver->setTemporaryStop(true);
+    saver->saveDevicesInfor(device);
+    model.list->closeDeviceStore();
+    saver->setTemporaryStop(false);
+    const StoredModel next(file());
+    QVERIFY(next.list->devices().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceSaver)

@@ -44,6 +44,9 @@ private Q_SLOTS:
     void removedDeviceIsForgotten();
     void devicesThatShareANumberWithTheRemovedOneStay();
     void deviceThatMovedTakesThePlaceOfItsFormerSelf();
+    void deviceThatMovedKeepsItsUserSettings();
+    void deviceOfThisRunStaysWhenTheStoreIsOpened();
+    void devicesWithoutNumbersAreStoredByAddress();
 
 private:
     /// Rows that a save of \a device writes into the file.
@@ -289,6 +292,74 @@ void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()
     moved->setIPAddress(QStringLiteral("198.51.100.7"));
     model.list->append(moved);
     QCOMPARE(model.onlyDevice(), moved);
+}
+
+void tst_DeviceStore::deviceThatMovedKeepsItsUserSettings()
+{
+    const auto multiviewer = [](const BizModel::Device &device) {
+        return std::dynamic_pointer_cast<BizModel::MVRScreen>(device.findScreen(3, 0).lock());
+    };
+    QString error;
+    {
+        const auto device = ModelRecords::device();
+        multiviewer(*device)->setRowColSpan({6, 3});
+        device->updateCutoutRGB({1, 2, 3}, error);
+        const StoredModel model(file());
+        model.save(device);
+    }
+    const auto moved = ModelRecords::device();
+    moved->setIPAddress(QStringLiteral("198.51.100.7"));
+    {
+        const StoredModel model(file());
+        model.list->append(moved);
+        QCOMPARE(multiviewer(*moved)->rowColSpan(), QSize(6, 3));
+        QCOMPARE(moved->cutoutRGB().B, 3);
+        model.save(moved);
+    }
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice()->IPAddress(), QStringLiteral("198.51.100.7"));
+    QCOMPARE(multiviewer(*model.onlyDevice())->rowColSpan(), QSize(6, 3));
+    QCOMPARE(model.onlyDevice()->cutoutRGB().B, 3);
+}
+
+void tst_DeviceStore::deviceOfThisRunStaysWhenTheStoreIsOpened()
+{
+    const auto multiviewer = [](const BizModel::Device &device) {
+        return std::dynamic_pointer_cast<BizModel::MVRScreen>(device.findScreen(3, 0).lock());
+    };
+    {
+        const auto device = ModelRecords::device();
+        multiviewer(*device)->setRowColSpan({6, 3});
+        const StoredModel model(file());
+        model.save(device);
+    }
+    const auto readBefore = ModelRecords::device();
+    BizModel::DeviceList::instance()->append(readBefore);
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice(), readBefore);
+    QCOMPARE(multiviewer(*readBefore)->rowColSpan(), QSize(6, 3));
+}
+
+void tst_DeviceStore::devicesWithoutNumbersAreStoredByAddress()
+{
+    const auto at = [](quint8 address) {
+        auto device = ModelRecords::device(address);
+        device->updateDeviceBaseInfo({});
+        return device;
+    };
+    {
+        const StoredModel model(file());
+        for (const auto &device : {at(1), at(2), at(3)}) {
+            model.list->append(device);
+            model.save(device);
+        }
+        model.list->remove(model.list->devices().at(1));
+    }
+    const StoredModel model(file());
+    QStringList addresses;
+    for (const auto &device : model.list->devices())
+        addresses << device.lock()->IPAddress();
+    QCOMPARE(addresses, (QStringList{QStringLiteral("192.0.2.1"), QStringLiteral("192.0.2.3")}));
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceStore)

@@ -2,6 +2,10 @@
 #include <support/tavorobizmodel/storedmodel.h>
 #include <support/tavorobizmodel/storefolder.h>
 
+#include <tavorobizmodel/file.h>
+#include <tavorobizmodel/interface.h>
+
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
@@ -29,7 +33,17 @@ private Q_SLOTS:
 
     void damagedFileIsSetAside();
     void fileDamagedWhileItIsOpenIsWrittenAnew();
-    void rowThatCannotBeReadCountsAsDamage();
+    void damagedRowIsSetAsideAndTheOthersLoad();
+    void damagedRowIsWrittenAgainByTheNextSave();
+    void rowThatIsNotARecordIsSetAside_data();
+    void rowThatIsNotARecordIsSetAside();
+    void fieldThatIsNotKnownIsSkipped();
+    void fieldThatIsMissingKeepsItsDefault();
+    void deviceWhoseIdentityIsDamagedKeepsTheRest();
+
+private:
+    /// Replaces the body of a row, with the digest that fits it.
+    void writeBody(int kind, const QString &key, const QByteArray &body) const;
 };
 
 void tst_DeviceStoreFile::init()
@@ -177,19 +191,182 @@ void tst_DeviceStoreFile::fileDamagedWhileItIsOpenIsWrittenAnew()
     QCOMPARE(model.list->devices().size(), 2);
 }
 
-void tst_DeviceStoreFile::rowThatCannotBeReadCountsAsDamage()
+void tst_DeviceStoreFile::writeBody(int kind, const QString &key, const QByteArray &body) const
+{
+    const QByteArray digest =
+        QCryptographicHash::hash(QByteArray::number(kind) + ' ' + key.toUtf8() + ' '
+                                     + QByteArray::number(body.size()) + ' ' + body,
+                                 QCryptographicHash::Sha1);
+    const auto result =
+        query(file(),
+              QStringLiteral(
+                  "UPDATE record SET body = X'%1', digest = X'%2' WHERE kind = %3 AND key = '%4'")
+                  .arg(QString::fromLatin1(body.toHex()), QString::fromLatin1(digest.toHex()),
+                       QString::number(kind), key));
+    QCOMPARE(result, QStringList());
+}
+
+void tst_DeviceStoreFile::damagedRowIsSetAsideAndTheOthersLoad()
 {
     {
         const StoredModel model(file());
         model.save(ModelRecords::device(1));
         model.save(ModelRecords::device(2));
     }
-    query(file(), QStringLiteral("UPDATE record SET body = '[' WHERE kind = 3 AND device = 2"));
-    const StoreSignals told;
+    // One bit of the content of a file is flipped.
+    query(file(),
+          QStringLiteral("UPDATE record SET content = X'610063' WHERE kind = 5 AND device = 2"));
+    const StoreSignals caught;
+    const MessageCatcher log;
     const StoredModel model(file());
-    QVERIFY(model.isOpen);
-    QTRY_COMPARE(told.setAside.size(), 1);
-    QVERIFY(model.list->devices().isEmpty());
+    QVERIFY2(model.isOpen, qPrintable(model.error));
+    QCOMPARE(model.list->devices().size(), 2);
+    QCOMPARE(model.list->devices().first().lock()->files().size(), 1);
+    const auto second = model.list->devices().last().lock();
+    QVERIFY(second->files().isEmpty());
+    QCOMPARE(second->interfaces().size(), 2);
+
+    const QString record =
+        QStringLiteral("File 2/5/0/0/0 of the device 0000000000000002 000000000002");
+    QTRY_COMPARE(caught.damagedRecords, QStringList(file() + QStringLiteral(": ") + record));
+    QCOMPARE(
+        log.texts("tavoro.model", QtWarningMsg),
+        QStringList(QStringLiteral("A row in the store of devices is damaged and was set aside:"
+                                   " \"%1\"")
+                        .arg(record)));
+    QCOMPARE(caught.setAside, QStringList());
+    QCOMPARE(query(file(), QStringLiteral("SELECT hex(content) FROM damaged")),
+             QStringList(QStringLiteral("610063")));
+}
+
+void tst_DeviceStoreFile::damagedRowIsWrittenAgainByTheNextSave()
+{
+    const auto device = ModelRecords::device();
+    {
+        const StoredModel model(file());
+        model.save(device);
+    }
+    query(file(), QStringLiteral("UPDATE record SET content = X'610063' WHERE kind = 5"));
+    const MessageCatcher quiet;
+    {
+        const StoredModel model(file());
+        QVERIFY(model.onlyDevice()->files().isEmpty());
+        model.save(device);
+    }
+    const StoreSignals caught;
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice()->files().first().lock()->detail().binary, std::string("a\0b", 3));
+    QCoreApplication::processEvents();
+    QCOMPARE(caught.damagedRecords, QStringList());
+}
+
+void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    const QByteArray sound = QByteArray::fromHex("017201527501014775010142750100");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("text") << QByteArray("{\"R\":1}");
+    QTest::newRow("another version") << "\x02" + sound.mid(1);
+    QTest::newRow("end is missing") << sound.left(sound.size() - 1);
+    QTest::newRow("bytes after the end") << sound + "x";
+    QTest::newRow("list instead of a number") << QByteArray::fromHex("01720152"
+                                                                     "6C00"
+                                                                     "00");
+    QTest::newRow("number too large") << QByteArray::fromHex("01720152"
+                                                             "75FFFFFFFF0F"
+                                                             "00");
+    QTest::newRow("number without an end") << QByteArray::fromHex("01720152"
+                                                                  "75FFFFFFFFFFFFFFFFFFFF"
+                                                                  "00");
+    QTest::newRow("unknown tag") << QByteArray::fromHex("01720158"
+                                                        "78"
+                                                        "00");
+    QTest::newRow("endless list") << QByteArray::fromHex("01720158"
+                                                         "6CFFFFFFFFFFFFFFFF7F"
+                                                         "00");
+    QTest::newRow("nested without end")
+        << QByteArray::fromHex("0172") + QByteArray::fromHex("017872").repeated(100000);
+}
+
+void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside()
+{
+    QFETCH(QByteArray, body);
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    writeBody(7, {}, body);
+    const MessageCatcher quiet;
+    const StoreSignals caught;
+    const StoredModel model(file());
+    QVERIFY(model.onlyDevice());
+    QCOMPARE(model.onlyDevice()->interfaces().size(), 2);
+    QTRY_COMPARE(caught.damagedRecords,
+                 QStringList(file()
+                             + QStringLiteral(": CutoutRGB of the device 0000000000000001"
+                                              " 000000000001")));
+}
+
+// A later version of the records has fields that this one has not.
+void tst_DeviceStoreFile::fieldThatIsNotKnownIsSkipped()
+{
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    writeBody(7, {},
+              QByteArray::fromHex("0172"
+                                  "0158"
+                                  "72"
+                                  "0141"
+                                  "6C02"
+                                  "74"
+                                  "6E05"
+                                  "00"
+                                  "0159"
+                                  "62"
+                                  "03"
+                                  "FF0061"
+                                  "0147"
+                                  "7507"
+                                  "00"));
+    const StoreSignals caught;
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice()->cutoutRGB().G, 7);
+    QCoreApplication::processEvents();
+    QCOMPARE(caught.damagedRecords, QStringList());
+}
+
+void tst_DeviceStoreFile::fieldThatIsMissingKeepsItsDefault()
+{
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    writeBody(7, {},
+              QByteArray::fromHex("0172"
+                                  "0147"
+                                  "7507"
+                                  "00"));
+    const StoredModel model(file());
+    QCOMPARE(model.onlyDevice()->cutoutRGB().R, 50);
+    QCOMPARE(model.onlyDevice()->cutoutRGB().G, 7);
+}
+
+void tst_DeviceStoreFile::deviceWhoseIdentityIsDamagedKeepsTheRest()
+{
+    {
+        const StoredModel model(file());
+        model.save(ModelRecords::device());
+    }
+    query(file(), QStringLiteral("UPDATE record SET body = X'00' WHERE kind = 0"));
+    const MessageCatcher quiet;
+    const StoredModel model(file());
+    QVERIFY(model.onlyDevice());
+    QCOMPARE(model.onlyDevice()->sn(), QStringLiteral("0000000000000001"));
+    QCOMPARE(model.onlyDevice()->MAC(), QStringLiteral("000000000001"));
+    QCOMPARE(model.onlyDevice()->name(), QStringLiteral("box"));
+    QCOMPARE(model.onlyDevice()->layers().size(), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceStoreFile)

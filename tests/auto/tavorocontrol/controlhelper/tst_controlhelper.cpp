@@ -16,7 +16,7 @@ enum Situation {
     DeviceGone,
 };
 
-/// What a refused exchange tells, and in which order.
+/// What a refused exchange reports, and in which order.
 enum Telling {
     LogThenStatusBar,
     StatusBarThenLog,
@@ -30,7 +30,7 @@ struct FailureRow {
     QList<ScriptedAnswer> answers;
     const char *reason;
     Telling telling;
-    int packet = 0; ///< Of 3, at the end of the log line.
+    int packet = 0; ///< Index of the packet, of 3, at the end of the log line.
 };
 
 constexpr auto refusal = &ScriptedAnswer::refusal;
@@ -81,15 +81,15 @@ class tst_ControlHelper : public QObject {
 private Q_SLOTS:
     void failures_data();
     void failures();
-    void failedReadKeepsWhatHadArrived();
+    void failedReadKeepsReceivedData();
     void nullRequestNeverReachesTheStatusBar();
-    void nullRequestComesBeforeMissingDevice();
+    void nullRequestIsCheckedBeforeTheDevice();
     void readWithoutChannelIsTrueAndEmpty();
     void writeWithoutChannelIsTrueAndSilent();
-    void successLeavesTheErrorAlone();
-    void writeShowsSuccessOnlyWhenAsked_data();
-    void writeShowsSuccessOnlyWhenAsked();
-    void writeFailureIsShownInAnyCase();
+    void successDoesNotChangeTheError();
+    void writeShowsSuccessOnRequest_data();
+    void writeShowsSuccessOnRequest();
+    void writeFailureIsAlwaysShown();
     void messageBoxComesOnlyFromStatus68OfWrites();
     void nothingIsSentTwice();
     void cancelledStateDoesNotStopPlainExchanges();
@@ -157,7 +157,7 @@ void tst_ControlHelper::failures()
     QCOMPARE(channel.sent().size(), std::size_t(row->answers.size()));
 }
 
-void tst_ControlHelper::failedReadKeepsWhatHadArrived()
+void tst_ControlHelper::failedReadKeepsReceivedData()
 {
     RequestPath path;
     path.device.channel->answer(refusal(9));
@@ -181,7 +181,7 @@ void tst_ControlHelper::nullRequestNeverReachesTheStatusBar()
     QVERIFY(path.device.channel->sent().empty());
 }
 
-void tst_ControlHelper::nullRequestComesBeforeMissingDevice()
+void tst_ControlHelper::nullRequestIsCheckedBeforeTheDevice()
 {
     RequestPath path;
     path.device.model.reset();
@@ -214,7 +214,7 @@ void tst_ControlHelper::writeWithoutChannelIsTrueAndSilent()
     QVERIFY(outcome.lines.first().startsWith(QStringLiteral("info: ")));
 }
 
-void tst_ControlHelper::successLeavesTheErrorAlone()
+void tst_ControlHelper::successDoesNotChangeTheError()
 {
     RequestPath path;
     const auto readOutcome = path.read(RequestPath::request(1, 0x1100));
@@ -225,7 +225,7 @@ void tst_ControlHelper::successLeavesTheErrorAlone()
     QCOMPARE(writeOutcome.error, QString::fromLatin1(before));
 }
 
-void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked_data()
+void tst_ControlHelper::writeShowsSuccessOnRequest_data()
 {
     QTest::addColumn<bool>("showSuccess");
     QTest::addColumn<std::string>("body");
@@ -236,7 +236,7 @@ void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked_data()
     QTest::newRow("split, not shown") << false << std::string("abcdefgh");
 }
 
-void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked()
+void tst_ControlHelper::writeShowsSuccessOnRequest()
 {
     QFETCH(const bool, showSuccess);
     QFETCH(const std::string, body);
@@ -251,7 +251,7 @@ void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked()
     QCOMPARE(outcome.lines.filter(QStringLiteral("info: ")).size(), 2);
 }
 
-void tst_ControlHelper::writeFailureIsShownInAnyCase()
+void tst_ControlHelper::writeFailureIsAlwaysShown()
 {
     RequestPath path;
     path.device.channel->answer(refusal(5));

@@ -8,7 +8,9 @@
 #include <QThread>
 #include <QtTest>
 
+#include <functional>
 #include <thread>
+#include <utility>
 
 using namespace Tavoro;
 
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void destructionWaitsForTheSynchronisation();
     void destructionWithoutSynchronisationReturnsAtOnce();
     void twoListsReadTwoDevicesAtOnce();
+    void twoListsThatReadOneNewDeviceLeaveItInTheModelOnce();
 };
 
 namespace {
@@ -84,6 +87,32 @@ private:
 
 const QStringList readWell =
     textLines({"started 192.0.2.7", "finished 1 '192.0.2.7' '02005E100007' '0123456789ABCD07'"});
+
+/// Calls a function of the test's choice when a synchronisation has looked for the device in the
+/// model and has not filled it yet.
+class ChannelWithModelStep : public WholeDeviceChannel {
+public:
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override
+    {
+        std::exchange(m_interfere, [] {})();
+        return WholeDeviceChannel::deviceBaseInfo();
+    }
+
+    void interfereAtModelStep(const std::function<void()> &interfere)
+    {
+        ScriptedAnswer last = ScriptedAnswer::packet("a picture");
+        last.before = [this, interfere] {
+            if (!std::exchange(m_hasInterfered, true))
+                m_interfere = interfere;
+        };
+        replyContent(12, 1, last);
+    }
+
+private:
+    bool m_hasInterfered = false;
+    mutable std::function<void()> m_interfere = [] {
+    };
+};
 
 ScriptedAnswer heldBack(Gate &gate)
 {
@@ -343,6 +372,25 @@ void tst_DeviceList::twoListsReadTwoDevicesAtOnce()
     auto *list = BizModel::DeviceList::instance();
     QCOMPARE(list->devices().size(), 2);
     list->remove(list->findDevice(other.model->IPAddress(), other.model->MAC(), other.model->sn()));
+}
+
+void tst_DeviceList::twoListsThatReadOneNewDeviceLeaveItInTheModelOnce()
+{
+    const auto channel = std::make_shared<ChannelWithModelStep>();
+    Synchronised it(channel);
+    std::shared_ptr<BizModel::Device> readFirst;
+    SyncTask other;
+    channel->interfereAtModelStep([&] {
+        other.setDevice(it.ip(), it.mac(), it.sn());
+        other.run();
+        readFirst = it.listed();
+    });
+    it.run();
+    QVERIFY(readFirst);
+    const auto devices = BizModel::DeviceList::instance()->devices();
+    QCOMPARE(devices.size(), 1);
+    QCOMPARE(devices.first().lock(), it.listed());
+    QVERIFY(it.listed() != readFirst);
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceList)

@@ -18,7 +18,7 @@ private Q_SLOTS:
 private:
     QString expected(int status) const;
 
-    QMap<int, QString> m_texts; ///< By status, those with a text of their own.
+    QMap<int, QString> m_texts; ///< The key is the status; only statuses with a text of their own.
 };
 
 void tst_ErrorTexts::initTestCase()

@@ -54,7 +54,7 @@ const WriteRow<File> &fileWrite(int row)
     return fileWrites()[std::size_t(row)];
 }
 
-/// What the caller of readDetails() has after it.
+/// What the caller of readDetails() gets.
 struct Listing {
     bool ok;
     QStringList names;
@@ -99,7 +99,7 @@ private Q_SLOTS:
     void readDetailsAppends();
     void undecodableAnswerKeepsWhatWasDecoded();
     void undecodableAnswerIsNeitherLoggedNorShown();
-    void readWithoutChannelFailsToDecodeNothing();
+    void readWithoutChannelFailsToDecode();
     void failedReadReturnsTheSentence();
     void readHasTheTimeoutOfTheTable();
     void cancelledStateStopsNeitherReadsNorWrites();
@@ -227,7 +227,7 @@ void tst_File::readDetailsDecodesEveryField()
     std::string read;
     ajson::encodeRecord(files, read);
     QCOMPARE(asText(read), asText(body));
-    QCOMPARE(files.front().binary, std::string()); // the content is fetched apart
+    QCOMPARE(files.front().binary, std::string()); // the content is read separately
 }
 
 void tst_File::emptyAnswerListIsASuccess()
@@ -274,7 +274,7 @@ void tst_File::undecodableAnswerIsNeitherLoggedNorShown()
                  "status bar 0 for 5000 ms: Get file detail information successfully.")));
 }
 
-void tst_File::readWithoutChannelFailsToDecodeNothing()
+void tst_File::readWithoutChannelFailsToDecode()
 {
     Controlled<File> it;
     it.device.removeChannel();

@@ -11,7 +11,7 @@ constexpr Reason underControl{"The current device is already under control"};
 constexpr Reason badRegister{"protocol error: Invalid register address"};
 constexpr Reason noObject{"invalid response command model data"};
 
-/// When a change comes: before the call, or while the packet with this index is in flight.
+/// When a change happens: before the call, or while the packet with this index is in flight.
 constexpr int beforeTheCall = -1;
 
 struct FailureRow {
@@ -19,10 +19,10 @@ struct FailureRow {
     Change change;
     int when;
     Answers answers;
-    int handedOver; ///< Packets that the callback has had.
-    double progress; ///< Told with the failure.
+    int handedOver; ///< Packets passed to the callback.
+    double progress; ///< Reported with the failure.
     Reason reason;
-    int count = 0; ///< Of 3 packets, at the end of the log line.
+    int count = 0; ///< Index of the packet, of 3, at the end of the log line.
 };
 
 // clang-format off
@@ -91,8 +91,8 @@ class tst_StreamedReadFailures : public QObject {
 private Q_SLOTS:
     void failures_data();
     void failures();
-    void nullRequestComesBeforeMissingDevice();
-    void deviceThatIsGoneIsToldToTheCallback();
+    void nullRequestIsCheckedBeforeTheDevice();
+    void missingDeviceIsReportedToTheCallback();
 
     void errorTextIsLocalToTheCall();
     void emptyCallbackThrowsAtTheFirstReport_data();
@@ -126,7 +126,7 @@ void tst_StreamedReadFailures::failures()
     QCOMPARE(path.device.channel->sent().size(), std::size_t(answers.size()));
 }
 
-void tst_StreamedReadFailures::nullRequestComesBeforeMissingDevice()
+void tst_StreamedReadFailures::nullRequestIsCheckedBeforeTheDevice()
 {
     StreamPath path;
     const QStringList lines{QStringLiteral(R"(warning: "TavoroCmd :Invalid request command")"),
@@ -141,7 +141,7 @@ void tst_StreamedReadFailures::nullRequestComesBeforeMissingDevice()
     QCOMPARE(refusedWithoutDevice.lines, lines);
 }
 
-void tst_StreamedReadFailures::deviceThatIsGoneIsToldToTheCallback()
+void tst_StreamedReadFailures::missingDeviceIsReportedToTheCallback()
 {
     StreamPath path;
     path.device.model.reset();

@@ -243,15 +243,15 @@ void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("fault");
     QTest::newRow("unclosed") << "a 'b c"
-                              << "a quote is not closed";
+                              << "the closing quote is missing";
     QTest::newRow("only opened") << "'"
-                                 << "a quote is not closed";
+                                 << "the closing quote is missing";
     QTest::newRow("record behind") << R"('a'{"x":1})"
-                                   << "a blank is missing behind a quote";
+                                   << "expected a space after the closing quote";
     QTest::newRow("word behind") << "a 'b'c"
-                                 << "a blank is missing behind a quote";
+                                 << "expected a space after the closing quote";
     QTest::newRow("first of two") << "'a''b"
-                                  << "a blank is missing behind a quote";
+                                  << "expected a space after the closing quote";
 }
 
 void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole()

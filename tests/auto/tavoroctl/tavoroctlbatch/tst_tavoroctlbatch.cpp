@@ -57,7 +57,7 @@ void tst_TavoroCtlBatch::devicesOfOneIdentityAreRefused()
         ToolBench::run({"batch"}, swapLine(first.host(), 0) + swapLine(second.host(), 1));
     QCOMPARE(batch.errors,
              swapDone + "The devices at " + first.host() + " and " + second.host()
-                 + " tell the same identity; a batch cannot tell them apart.\n");
+                 + " report the same identity; a batch cannot use both.\n");
     QCOMPARE(batch.exitCode, 1);
     QVERIFY(!isSwapped(first));
 }
@@ -78,10 +78,10 @@ void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused_data()
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QByteArray>("words");
     // clang-format off
-    QTest::newRow("unclosed")         << QByteArray(R"(Device.writeSwap '{"swap":1})")  << QByteArray("a quote is not closed");
-    QTest::newRow("quote alone")      << QByteArray("Device.writeSwap '")               << QByteArray("a quote is not closed");
-    QTest::newRow("closed too early") << QByteArray(R"('Device.writeSwap'{"swap":1})")  << QByteArray("a blank is missing behind a quote");
-    QTest::newRow("quote at quote")   << QByteArray(R"('Device.writeSwap''{"swap":1}')") << QByteArray("a blank is missing behind a quote");
+    QTest::newRow("unclosed")         << QByteArray(R"(Device.writeSwap '{"swap":1})")  << QByteArray("the closing quote is missing");
+    QTest::newRow("quote alone")      << QByteArray("Device.writeSwap '")               << QByteArray("the closing quote is missing");
+    QTest::newRow("closed too early") << QByteArray(R"('Device.writeSwap'{"swap":1})")  << QByteArray("expected a space after the closing quote");
+    QTest::newRow("quote at quote")   << QByteArray(R"('Device.writeSwap''{"swap":1}')") << QByteArray("expected a space after the closing quote");
     // clang-format on
 }
 

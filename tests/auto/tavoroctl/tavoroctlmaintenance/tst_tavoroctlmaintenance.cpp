@@ -1,4 +1,4 @@
-// preset, reboot, selfcheck, upgrade and version on a simulated device.
+// preset, reboot, selfcheck and version on a simulated device.
 
 #include <support/tavoroctl/toolbench.h>
 
@@ -19,13 +19,6 @@ private Q_SLOTS:
     void selfCheckEndsWithOneWhenSomethingIsFaulty();
     void rebootBringsBackWhatWasSaved();
 
-    void upgradeIsFollowedToItsEnd();
-    void upgradeThatFailsEndsWithOne();
-    void upgradeThatIsRefusedEndsWithOne();
-    void upgradeWithRebootWaitsForTheDevice();
-    void upgradeOfADeviceThatStaysAwayEndsWithOne();
-    void upgradeInterruptedGoesOnWithoutTheTool();
-
     void presetBringsScreensBack();
     void presetCoversTheScreensThatAreNamed();
     void presetOfAllScreensHasADefaultName();
@@ -38,8 +31,6 @@ private Q_SLOTS:
 private:
     /// A device of two inputs and three outputs, the clock of which runs at \a speed percent.
     void useDevice(int speed);
-    /// Waits until an upgrade has begun.
-    void waitForStart() const;
     QByteArray read(const QByteArray &operation, const QByteArrayList &filters) const;
 
     std::unique_ptr<ToolBench> m_bench;
@@ -50,10 +41,6 @@ namespace {
 const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
 const QByteArray take = R"([{"screenId":1,"screenType":1,)"
                         R"("switchEffect":{"time":5,"direction":0,"type":1}}])";
-const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
-                                   "slot 1, type 2: written\n"
-                                   "slot 2, type 2: written\n"
-                                   "The upgrade is done.\n";
 
 } // namespace
 
@@ -75,11 +62,6 @@ void tst_TavoroCtlMaintenance::useDevice(int speed)
     options.outputs = 3;
     options.clockSpeed = speed;
     m_bench = std::make_unique<ToolBench>(options);
-}
-
-void tst_TavoroCtlMaintenance::waitForStart() const
-{
-    QTRY_VERIFY(read("Auxiliary.readUpgradeProgress", {}).contains(R"("parts":[{)"));
 }
 
 QByteArray tst_TavoroCtlMaintenance::read(const QByteArray &operation,
@@ -134,7 +116,7 @@ void tst_TavoroCtlMaintenance::selfCheckEndsWithOneWhenSomethingIsFaulty()
     const ToolRun check = m_bench->run("selfcheck", {});
     QVERIFY(
         check.output.contains("0     1     0x7701  Power        0.0 V  11.4 V  12.6 V  faulty"));
-    QCOMPARE(check.errors, QByteArray("The device finds 2 faulty.\n"));
+    QCOMPARE(check.errors, QByteArray("The self check reports a fault in 2.\n"));
     QCOMPARE(check.exitCode, 1);
     const ToolRun json = m_bench->run("selfcheck", {"--json"});
     QVERIFY(json.output.startsWith(R"({"parts":[{"type":1,"slotId":0,)"));
@@ -149,79 +131,6 @@ void tst_TavoroCtlMaintenance::rebootBringsBackWhatWasSaved()
     QCOMPARE(reboot.exitCode, 0);
     const QByteArray details = read("Device.readDetails", {});
     QVERIFY2(details.contains("\"name\":\"Simulated device\""), details.constData());
-}
-
-void tst_TavoroCtlMaintenance::upgradeIsFollowedToItsEnd()
-{
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output, allUnitsWritten);
-    QCOMPARE(upgrade.errors, QByteArray());
-    QCOMPARE(upgrade.exitCode, 0);
-    QVERIFY(m_bench->run("version", {}).output.contains("258 logic    1.0.1"));
-}
-
-void tst_TavoroCtlMaintenance::upgradeThatFailsEndsWithOne()
-{
-    m_bench->console(QStringLiteral("spoil 50"));
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output,
-             QByteArray("slot 0, type 1: written\n"
-                        "slot 1, type 2: failed with result 1\n"));
-    QCOMPARE(upgrade.errors, QByteArray("The upgrade failed at 50 %.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeThatIsRefusedEndsWithOne()
-{
-    m_bench->console(QStringLiteral("fault add status=4,code=0xFC08"));
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output, QByteArray());
-    QCOMPARE(upgrade.errors,
-             QByteArray("Set upgrade detail information failed: hardware error:4 .\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeWithRebootWaitsForTheDevice()
-{
-    QCOMPARE(m_bench->run("call", {"Device.writeDeviceGeneral", name}).exitCode, 0);
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin", "--reboot"});
-    QCOMPARE(upgrade.output, allUnitsWritten);
-    QCOMPARE(upgrade.errors, QByteArray());
-    QCOMPARE(upgrade.exitCode, 0);
-    QVERIFY(!read("Device.readDetails", {}).contains("Main hall")); // It did restart.
-}
-
-void tst_TavoroCtlMaintenance::upgradeOfADeviceThatStaysAwayEndsWithOne()
-{
-    constexpr int stopped = 0;
-    useDevice(stopped);
-    RunningTool tool(m_bench->line("upgrade", {"/firmware/2.bin", "--reboot", "--timeout", "500"}));
-    waitForStart();
-    m_bench->console(QStringLiteral("pass 2000"));
-    QVERIFY(tool.waitForOutput("slot 0, type 1: written\n"));
-    m_bench->console(QStringLiteral("switch 0"));
-    const ToolRun upgrade = tool.finish();
-    QVERIFY2(upgrade.errors.startsWith("Get upgrade percent information failed: "),
-             upgrade.errors.constData());
-    QCOMPARE(upgrade.errors.count('\n'), 1);
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeInterruptedGoesOnWithoutTheTool()
-{
-    constexpr int stopped = 0;
-    useDevice(stopped);
-    RunningTool tool(m_bench->line("upgrade", {"/firmware/2.bin"}));
-    waitForStart();
-    m_bench->console(QStringLiteral("pass 3000"));
-    QVERIFY(tool.waitForOutput("slot 0, type 1: written\n"));
-    tool.interrupt();
-    const ToolRun upgrade = tool.finish();
-    QCOMPARE(upgrade.output, QByteArray("slot 0, type 1: written\n"));
-    QCOMPARE(upgrade.errors, QByteArray("Interrupted. The device goes on with the upgrade.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-    m_bench->console(QStringLiteral("pass 3000"));
-    QVERIFY(read("Auxiliary.readUpgradeProgress", {}).startsWith(R"({"result":0,"rate":100,)"));
 }
 
 void tst_TavoroCtlMaintenance::presetBringsScreensBack()
@@ -293,12 +202,12 @@ void tst_TavoroCtlMaintenance::wrongUsageEndsWithTwo_data()
     const QByteArray host = "nowhere.invalid";
     // clang-format off
     QTest::newRow("half a name")   << QByteArrayList{"preset", host, "1"}
-        << "there is no command \"preset\"; --help tells what there is";
+        << "unknown command \"preset\"; --help lists all commands";
     QTest::newRow("no preset")     << QByteArrayList{"preset", "save", host}                               << "preset save takes HOST[:PORT] ID [SCREEN ...]";
     QTest::newRow("bad preset")    << QByteArrayList{"preset", "apply", host, "first"}
-        << "\"first\" is no number of a file, which is 0 to 254";
+        << "\"first\" is not a valid file ID (0 to 254)";
     QTest::newRow("bad screen")    << QByteArrayList{"preset", "save", host, "1", "256"}
-        << "\"256\" is no number of a screen, which is 0 to 255";
+        << "\"256\" is not a valid screen ID (0 to 255)";
     QTest::newRow("bad way")       << QByteArrayList{"preset", "apply", host, "1", "--apply-type", "soft"} << "\"soft\" is not a number";
     QTest::newRow("no package")    << QByteArrayList{"upgrade", host}                                      << "upgrade takes HOST[:PORT] PACKAGE";
     QTest::newRow("bad host")      << QByteArrayList{"reboot", "a:b:c"}                                    << "\"a:b:c\" is not HOST[:PORT]";

@@ -113,6 +113,7 @@ const Row rows[] = {
     {"File.writeCreateProjectFile",              0xFA08, "[File::s_CreateProjFile]",          ""},
     {"File.writeCreateLogFile",                  0xFA09, "[File::s_CreateLogFile]",           ""},
     {"File.edidCreateFileBinary",                0xFA0B, "[File::s_CreateFileInfo]",          ""},
+    {"File.writeApplyProjectFile",               0x1601, "[ProjectFile::s_ProjectFileApply]", ""},
     {"Auxiliary.writeRestartShutdown",           0xFC01, "Auxiliary::s_AuxiliaryOpt",         ""},
     {"Auxiliary.writeFactoryType",               0xFC02, "Auxiliary::s_AuxiliaryOpt",         ""},
     {"Auxiliary.saveDeviceData",                 0xFC03, "",                                  ""},

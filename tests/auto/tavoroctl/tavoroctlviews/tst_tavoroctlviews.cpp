@@ -128,7 +128,7 @@ void tst_TavoroCtlViews::discoverListsWhoAnswers()
 void tst_TavoroCtlViews::discoverEndsWithOneWhenNobodyAnswers()
 {
     const Run discover = run({"discover", "127.0.0.1:9"});
-    QCOMPARE(discover.errors, QByteArray("No device has answered.\n"));
+    QCOMPARE(discover.errors, QByteArray("No device answered.\n"));
     QCOMPARE(discover.output, QByteArray());
     QCOMPARE(discover.exitCode, 1);
     QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);

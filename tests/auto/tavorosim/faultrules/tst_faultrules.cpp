@@ -119,7 +119,7 @@ struct Connection {
     {
         return answers.deliver(request, code, [this](const WireHead &head) {
             ++carriedOut;
-            PacketDesk::Packet packet{SSProxy::Wire::responseHead(head), "{\"swap\":1}"};
+            PacketAssembler::Packet packet{SSProxy::Wire::responseHead(head), "{\"swap\":1}"};
             packet.head.totalCount = total;
             packet.head.sendCount = head.sendCount;
             if (total > 1)

@@ -52,6 +52,9 @@ private Q_SLOTS:
     void identityTellsWhetherOthersHoldControl();
     void holderIsNamedToWhoAsks();
     void unknownActionsAreOutOfRange();
+    void refusedWriteDoesNotTakeControl_data();
+    void refusedWriteDoesNotTakeControl();
+    void settingTheClockNeedsNoControlAndDoesNotTakeIt();
 };
 
 void tst_TavoroSimControl::firstWriterGetsControl()
@@ -183,6 +186,45 @@ void tst_TavoroSimControl::unknownActionsAreOutOfRange()
         QCOMPARE(client.control(action), 4);
     WireFrame frame = WireClient::request(controlCode, CommandType::BinaryWrite);
     QCOMPARE(int(client.wire.exchange(frame).head.status), 1);
+}
+
+void tst_TavoroSimControl::refusedWriteDoesNotTakeControl_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("status");
+    QTest::newRow("no such command") << 0x9900 << QByteArray("{}") << 1;
+    QTest::newRow("body") << int(swapCode) << QByteArray("{") << 2;
+    QTest::newRow("value") << int(swapCode) << QByteArray(R"({"swap":7})") << 4;
+}
+
+void tst_TavoroSimControl::refusedWriteDoesNotTakeControl()
+{
+    QFETCH(int, code);
+    QFETCH(QByteArray, body);
+    QFETCH(int, status);
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    QCOMPARE(int(first.wire.write(quint16(code), body.toStdString()).head.status), status);
+    QCOMPARE(second.wire.read(controlCode).body, std::string());
+    QCOMPARE(second.write(), 0);
+    QCOMPARE(first.write(), 67);
+}
+
+void tst_TavoroSimControl::settingTheClockNeedsNoControlAndDoesNotTakeIt()
+{
+    constexpr quint16 deviceTime = 0xFC0C;
+    SimBench bench;
+    Client first(bench);
+    Client second(bench);
+    const std::string time = R"({"year":2024,"month":5,"day":6,"hour":7})";
+    QCOMPARE(int(first.wire.write(deviceTime, time).head.status), 0);
+    QCOMPARE(second.wire.read(controlCode).body, std::string());
+    QCOMPARE(second.control(take), 0);
+    QCOMPARE(int(first.wire.write(deviceTime, time).head.status), 0);
+    QCOMPARE(first.write(), 67);
+    QCOMPARE(second.write(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimControl)

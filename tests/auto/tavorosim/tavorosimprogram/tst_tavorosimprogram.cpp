@@ -6,6 +6,8 @@
 #include <QTcpSocket>
 #include <QTest>
 
+#include <array>
+
 class tst_TavoroSimProgram : public QObject {
     Q_OBJECT
 
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void wrongOptionsEndWithTwo_data();
     void wrongOptionsEndWithTwo();
     void aPortInUseEndsWithOne();
+    void outOfDescriptorsItPausesAcceptingAndLogsItOnce();
 };
 
 namespace {
@@ -33,9 +36,10 @@ constexpr int patience = 10000; ///< Milliseconds.
 /// The program with the first line that it printed.
 class Program {
 public:
-    explicit Program(const QStringList &arguments)
+    explicit Program(const QStringList &arguments,
+                     const QString &program = QStringLiteral(TAVOROSIM))
     {
-        process.start(QStringLiteral(TAVOROSIM), arguments);
+        process.start(program, arguments);
         firstLine = readLine();
     }
 
@@ -253,6 +257,29 @@ void tst_TavoroSimProgram::aPortInUseEndsWithOne()
     QVERIFY2(errors.startsWith(
                  QStringLiteral("tavorosim: cannot listen on 127.0.0.1:%1: ").arg(program.port())),
              qPrintable(errors));
+}
+
+void tst_TavoroSimProgram::outOfDescriptorsItPausesAcceptingAndLogsItOnce()
+{
+    Program program({QStringLiteral("-c"), QStringLiteral("ulimit -n 32; exec \"$0\" --port 0"),
+                     QStringLiteral(TAVOROSIM)},
+                    QStringLiteral("sh"));
+    std::array<QTcpSocket, 40> sockets;
+    for (QTcpSocket &socket : sockets) {
+        socket.connectToHost(QHostAddress::LocalHost, program.port());
+        QVERIFY(socket.waitForConnected(patience));
+    }
+    program.process.setReadChannel(QProcess::StandardError);
+    const QString paused = QStringLiteral("cannot accept connections: Too many open files;"
+                                          " trying again every second");
+    QCOMPARE(program.readLine().section(QLatin1Char(' '), 1), paused);
+    program.process.setReadChannel(QProcess::StandardOutput);
+    QCOMPARE(program.ask("power 1 0"), QStringLiteral("ok"));
+    for (std::size_t i = 0; i < 30; ++i)
+        sockets[i].abort();
+    program.process.setReadChannel(QProcess::StandardError);
+    QCOMPARE(program.readLine().section(QLatin1Char(' '), 1),
+             QStringLiteral("accepting connections again"));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimProgram)

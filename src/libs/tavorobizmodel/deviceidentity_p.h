@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace Tavoro::BizModel {
+
+class Device;
+
+/// What makes two device objects the same device, wherever it is: serial number and MAC address, or
+/// the network address of a device that has neither.
+struct DeviceIdentity {
+    static DeviceIdentity of(const Device &device);
+    /// \a sn and \a mac are upper-case hexadecimal digits.
+    static DeviceIdentity of(const QString &sn, const QString &mac, const QString &ip);
+
+    bool operator==(const DeviceIdentity &other) const
+    {
+        return sn == other.sn && mac == other.mac && address == other.address;
+    }
+
+    QString sn;
+    QString mac;
+    QString address; ///< Empty for a device with a serial number or a MAC address.
+};
+
+} // namespace Tavoro::BizModel
