@@ -9,14 +9,15 @@
 #include <mutex>
 #include <set>
 
-/// The channels' thread and clock inside the caller's own thread. While a request waits, posted
-/// calls run, then the device acts; when it has nothing left to do, the time advances.
+/// An event loop and a clock on the caller's own thread: while a request waits, the loop runs
+/// posted calls, then lets the device act, and advances the time once the device has nothing left
+/// to do.
 class ScriptedLoop final : public Tavoro::SSProxy::Internal::EventLoop,
                            public Tavoro::SSProxy::Internal::Clock {
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
 
-    /// \a act performs the next step of the device; it returns false after the last one.
+    /// \a act runs the device's next action and returns false if there is none.
     explicit ScriptedLoop(std::function<bool()> act) : m_act(std::move(act)) { }
 
     Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }
@@ -71,7 +72,7 @@ private:
     }
 
     const std::function<bool()> m_act;
-    std::mutex m_mutex; // guards m_calls, as in a loop of several threads
+    std::mutex m_mutex; // guards m_calls, as CallQueue requires
     Tavoro::SSProxy::Internal::CallQueue m_calls{m_mutex};
     std::multimap<TimePoint, std::function<void()>> m_timed;
     std::set<std::shared_ptr<User>> m_users;

@@ -9,6 +9,7 @@ namespace {
 const QString verboseOption = QStringLiteral("verbose");
 const QString jsonOption = QStringLiteral("json");
 const QString timeoutOption = QStringLiteral("timeout");
+const QString requestTimeoutOption = QStringLiteral("request-timeout");
 
 QString exitStatusHelp()
 {
@@ -24,6 +25,10 @@ void addCommonOptions(QCommandLineParser &parser)
         {verboseOption, QStringLiteral("Show the log on standard error.")},
         {jsonOption, QStringLiteral("Show JSON in place of tables.")},
         {timeoutOption, QStringLiteral("Wait MS milliseconds for a device to be ready (5000)."),
+         QStringLiteral("MS")},
+        {requestTimeoutOption,
+         QStringLiteral("Wait at most MS milliseconds for each answer (as long as the library "
+                        "waits, up to 200 s)."),
          QStringLiteral("MS")},
     });
 }
@@ -55,18 +60,24 @@ void refuse(CommandLine &line, const QString &fault)
     line.text = fault;
 }
 
+void readMilliseconds(const QCommandLineParser &parser, const QString &option, CommandLine &line,
+                      int &milliseconds)
+{
+    if (!parser.isSet(option))
+        return;
+    const QString value = parser.value(option);
+    bool ok = false;
+    milliseconds = value.toInt(&ok);
+    if (!ok || milliseconds <= 0)
+        refuse(line, QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
+}
+
 void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
 {
     line.isVerbose |= parser.isSet(verboseOption);
     line.asJson |= parser.isSet(jsonOption);
-    if (parser.isSet(timeoutOption)) {
-        const QString value = parser.value(timeoutOption);
-        bool ok = false;
-        line.timeout = value.toInt(&ok);
-        if (!ok || line.timeout <= 0)
-            refuse(line,
-                   QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
-    }
+    readMilliseconds(parser, timeoutOption, line, line.limits.ready);
+    readMilliseconds(parser, requestTimeoutOption, line, line.limits.request);
     if (parser.isSet(QStringLiteral("help")))
         line.text = parser.helpText();
     if (parser.isSet(QStringLiteral("version")))

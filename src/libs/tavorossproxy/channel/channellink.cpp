@@ -3,7 +3,6 @@
 #include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/channelstatus.h>
 #include <tavorowire/frame.h>
-#include <tavorowire/identity.h>
 
 #include <QRandomGenerator>
 

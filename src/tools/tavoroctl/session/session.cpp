@@ -5,6 +5,9 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorowire/hostandport.h>
 
+#include <chrono>
+#include <limits>
+
 namespace Tavoro::Ctl {
 
 namespace {
@@ -34,8 +37,10 @@ bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::Dev
 
 } // namespace
 
-Session::Session(int timeout) : m_timeout(timeout)
+Session::Session(const Limits &limits) : m_limits(limits)
 {
+    if (limits.request > 0)
+        m_options.maxRequestTime = std::chrono::milliseconds(limits.request);
     // A person waits at the terminal while a device restarts.
     m_options.longestReconnectPause = std::chrono::seconds(1);
 }
@@ -48,13 +53,19 @@ Session::~Session()
     }
 }
 
+void Session::acceptAnyPacketCount()
+{
+    m_options.maxPacketCount =
+        std::numeric_limits<qint32>::max(); // The longest file, byte by byte.
+}
+
 std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &error)
 {
     const auto known = m_connections.find({host.name, host.port});
     if (known != m_connections.end())
         return known->second.device;
     const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port, m_options);
-    if (!channel->waitUntilReady(m_timeout, error)) {
+    if (!channel->waitUntilReady(m_limits.ready, error)) {
         channel->stopChannel();
         return nullptr;
     }

@@ -69,7 +69,7 @@ SimServer::~SimServer() = default;
 bool SimServer::openFolder(QString &error)
 {
     if (!m_state.files.open(m_options.filesFolder, error)
-        || !fetchSetup(m_state.files, m_state.saved, error))
+        || !readSetup(m_state.files, m_state.saved, error))
         return false;
     static_cast<Setup &>(m_state) = m_state.saved;
     return true;

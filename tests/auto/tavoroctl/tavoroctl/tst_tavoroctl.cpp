@@ -3,6 +3,7 @@
 
 #include <support/tavoroctl/toolcalls.h>
 
+#include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void defaultsSendsMissingKeysAtTheirDefaults();
     void wrongUsageEndsWithTwoAndSendsNothing_data();
     void wrongUsageEndsWithTwoAndSendsNothing();
+    void requestTimeoutLimitsEachRequest();
     void verboseShowsTheLogWhole();
     void withoutVerboseThereIsNoLog();
 
@@ -182,6 +184,7 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "unknown command \"dance\"; --help lists all commands";
     QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
     QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not a number of milliseconds above 0";
+    QTest::newRow("bad request timeout") << QByteArrayList{"list", "--request-timeout", "0"} << "\"0\" is not a number of milliseconds above 0";
     QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
@@ -211,6 +214,20 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing()
     QCOMPARE(QString::fromUtf8(result.errors), QStringLiteral("tavoroctl: %1\n").arg(words));
     QCOMPARE(result.output, QByteArray());
     QCOMPARE(result.exitCode, 2);
+}
+
+void tst_TavoroCtl::requestTimeoutLimitsEachRequest()
+{
+    // By itself this read may take 100 s.
+    m_bench->console(QStringLiteral("fault add silent,code=InterfaceDetail"));
+    QElapsedTimer asked;
+    asked.start();
+    const Run read =
+        run({"call", "--request-timeout", "300", host(), "Interface.readDetails", "0", "-1"});
+    QVERIFY2(read.errors.startsWith("Get interface detail information failed: "),
+             read.errors.constData());
+    QCOMPARE(read.exitCode, 1);
+    QVERIFY(asked.elapsed() < 20000);
 }
 
 void tst_TavoroCtl::verboseShowsTheLogWhole()

@@ -27,10 +27,21 @@ private Q_SLOTS:
     void pushInterruptedLeavesTheDeviceWithoutTheFile();
     void pushThatGoesWrongEndsWithOne();
 
+    void pushWhoseLastAnswerIsLostSucceeds_data();
+    void pushWhoseLastAnswerIsLostSucceeds();
+    void pushWhoseLastAnswerIsLostFailsIfTheDeviceRefusedIt();
+    void pushWhoseLastPacketIsLostFails();
+    void pushWhoseLastAnswerIsLostForGoodFails();
+    void pushOfMorePacketsThanAClientTakesIsRefused();
+
     void progressIsDrawnOnATerminal();
     void progressIsNotDrawnInAPipe();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
+
+private:
+    /// A device with packets of \a size bytes.
+    void usePacketsOf(quint32 size);
 };
 
 void tst_TavoroCtlFiles::init()
@@ -185,6 +196,82 @@ void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
     QCOMPARE(push.exitCode, 1);
     m_bench->console(QStringLiteral("fault clear"));
     QCOMPARE(m_bench->run("files", {}).output, QByteArray("TYPE  ID  NAME  BYTES  HASH  PIXELS\n"));
+}
+
+void tst_TavoroCtlFiles::usePacketsOf(quint32 size)
+{
+    SimOptions options;
+    options.packetSize = size;
+    m_bench = std::make_unique<ToolBench>(options);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostSucceeds_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("connection lost before it") << QStringLiteral("drop-before");
+    QTest::newRow("connection lost within it") << QStringLiteral("drop-within");
+    QTest::newRow("no answer") << QStringLiteral("silent");
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostSucceeds()
+{
+    QFETCH(QString, fault);
+    usePacketsOf(1000);
+    // The announcement, then three packets.
+    m_bench->console(QStringLiteral("fault add %1,code=FileImport,skip=3,count=1").arg(fault));
+    const ToolRun push =
+        m_bench->run("push", {m_bench->makeFile("sent", bytes(3000)), "--request-timeout", "1000"});
+    QCOMPARE(push.errors, QByteArray());
+    QCOMPARE(push.exitCode, 0);
+    QCOMPARE(m_bench->run("pull", {"0", "0", "-"}).output, bytes(3000));
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostFailsIfTheDeviceRefusedIt()
+{
+    usePacketsOf(1000);
+    // A packet that is swallowed leaves the content incomplete, which the device notices at the
+    // end.
+    m_bench->console(QStringLiteral("fault add status=9,code=FileImport,skip=3,count=1"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(3000))});
+    QCOMPARE(push.errors, QByteArray("Set file import information failed: hardware error:9 .\n"));
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastPacketIsLostFails()
+{
+    usePacketsOf(1000);
+    m_bench->console(QStringLiteral("fault add drop-request,code=FileImport,skip=3,count=1"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(3000))});
+    QVERIFY2(push.errors.startsWith("Set file import information failed: "),
+             push.errors.constData());
+    QCOMPARE(push.errors.count('\n'), 1);
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostForGoodFails()
+{
+    usePacketsOf(1000);
+    m_bench->console(QStringLiteral("fault add drop-before,code=FileImport,skip=3,count=1"));
+    m_bench->console(QStringLiteral("fault add drop-before,code=identity,skip=1"));
+    const ToolRun push =
+        m_bench->run("push", {m_bench->makeFile("sent", bytes(3000)), "--timeout", "500"});
+    QVERIFY2(push.errors.startsWith("Set file import information failed: "),
+             push.errors.constData());
+    QVERIFY2(push.errors.endsWith("The device may have the file.\n"), push.errors.constData());
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushOfMorePacketsThanAClientTakesIsRefused()
+{
+    usePacketsOf(1);
+    const QByteArray file = m_bench->makeFile("long", bytes(65537));
+    const ToolRun push = m_bench->run("push", {file});
+    QCOMPARE(push.errors,
+             file
+                 + " has 65537 bytes. The device could not return more than 65536: a client takes "
+                   "at most 65536 packets, and the packets of this device have 1 bytes.\n");
+    QCOMPARE(push.exitCode, 1);
+    QCOMPARE(m_bench->run("files", {"--json"}).output, QByteArray("[]\n"));
 }
 
 void tst_TavoroCtlFiles::progressIsDrawnOnATerminal()
