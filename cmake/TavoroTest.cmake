@@ -3,6 +3,10 @@
 # Tests with the label "threads" also run under ThreadSanitizer. The target threaded_tests builds only these.
 add_custom_target(threaded_tests)
 
+# The longest tests start first, so that both cores are busy until the end.
+set(tavoro_long_tests
+    codecequivalence devicestorefaults devicestoresyscalls faultmemory faultoperations tavorosimfoldercalls)
+
 function(tavoro_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;LABELS")
     set(source ${CMAKE_CURRENT_SOURCE_DIR}/${name}/tst_${name}.cpp)
@@ -22,4 +26,7 @@ function(tavoro_add_test name)
     endif()
     add_test(NAME ${name} COMMAND tst_${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300)
+    if(name IN_LIST tavoro_long_tests)
+        set_tests_properties(${name} PROPERTIES COST 100)
+    endif()
 endfunction()
