@@ -1,6 +1,6 @@
 #include <tavorossproxy/devicemanager.h>
 
-#include <tavorossproxy/channel/channelindex_p.h>
+#include <tavorossproxy/channel/channelregistry_p.h>
 #include <tavorossproxy/discovery/runningdiscovery_p.h>
 #include <tavorossproxy/io/eventloopthread_p.h>
 
@@ -12,7 +12,8 @@ namespace Tavoro::SSProxy {
 
 class DeviceManagerPrivate {
 public:
-    const std::shared_ptr<Internal::ChannelIndex> channels = Internal::ChannelIndex::ofManager();
+    const std::shared_ptr<Internal::ChannelRegistry> channels =
+        Internal::ChannelRegistry::ofManager();
 };
 
 DeviceManager *DeviceManager::instance()

@@ -24,7 +24,7 @@ std::string identityOf(const DeviceChannel &channel)
 
 } // namespace
 
-DeviceTracker::DeviceTracker(std::shared_ptr<ChannelIndex> channels, Opener opener,
+DeviceTracker::DeviceTracker(std::shared_ptr<ChannelRegistry> channels, Opener opener,
                              OpenedHandler handler)
     : m_channels(std::move(channels)), m_opener(std::move(opener)), m_handler(std::move(handler))
 { }
@@ -96,7 +96,7 @@ DeviceTracker::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
     const QString host = QString::fromStdString(device.ip);
     for (const AnyChannel &channel : m_channels->all()) {
         const auto *const expected = dynamic_cast<const ExpectedDevice *>(channel.get());
-        if (expected && expected->isBoundFor(host, device.tcpPort) && identityOf(*channel).empty())
+        if (expected && expected->connectsTo(host, device.tcpPort) && identityOf(*channel).empty())
             return channel;
     }
     return nullptr;

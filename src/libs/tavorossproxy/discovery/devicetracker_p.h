@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorossproxy/channel/channelindex_p.h>
+#include <tavorossproxy/channel/channelregistry_p.h>
 
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/networkchannel.h>
@@ -24,7 +24,7 @@ public:
     /// Gets each channel that was opened, after it was added to the manager.
     using OpenedHandler = std::function<void(const Channel &channel)>;
 
-    DeviceTracker(std::shared_ptr<ChannelIndex> channels, Opener opener, OpenedHandler handler);
+    DeviceTracker(std::shared_ptr<ChannelRegistry> channels, Opener opener, OpenedHandler handler);
 
     void setOptions(const DiscoveryOptions &options);
     /// The device was seen at the address \c ip.
@@ -40,7 +40,7 @@ private:
     void follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device);
     void open(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
 
-    const std::shared_ptr<ChannelIndex> m_channels;
+    const std::shared_ptr<ChannelRegistry> m_channels;
     const Opener m_opener;
     const OpenedHandler m_handler;
     DiscoveryOptions m_options;

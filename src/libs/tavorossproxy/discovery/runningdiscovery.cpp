@@ -29,7 +29,7 @@ std::shared_ptr<DiscoveryService> makeService(const std::shared_ptr<EventLoop> &
         return std::make_unique<UdpSocket>();
     };
     const auto tracker =
-        std::make_shared<DeviceTracker>(ChannelIndex::ofManager(), &openChannel, &emitFound);
+        std::make_shared<DeviceTracker>(ChannelRegistry::ofManager(), &openChannel, &emitFound);
     return std::make_shared<DiscoveryService>(loop, makeSocket, tracker);
 }
 

@@ -325,7 +325,7 @@ void tst_ChannelControl::failureIsToldInASentence_data()
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("reason");
     QTest::newRow("status of the device")
-        << int(controlCode) << 5 << QStringLiteral("it refuses (5)");
+        << int(controlCode) << 5 << QStringLiteral("the device refuses (5)");
     QTest::newRow("answer to something else")
         << 0x1100 << 0 << QStringLiteral("its answer is not valid (357)");
 }
@@ -343,9 +343,8 @@ void tst_ChannelControl::failureIsToldInASentence()
     head.FC = static_cast<quint8>(code & 0xFF);
     refuse(head, static_cast<quint8>(status));
     QVERIFY(!resultOf(asked));
-    QCOMPARE(
-        asked.error,
-        QStringLiteral("The device at wall:6630 does not answer for its control: %1.").arg(reason));
+    QCOMPARE(asked.error,
+             QStringLiteral("Could not take control of the device at wall:6630: %1.").arg(reason));
 }
 
 void tst_ChannelControl::silenceIsToldInASentence()
@@ -358,7 +357,7 @@ void tst_ChannelControl::silenceIsToldInASentence()
     m_loop->advance(10s);
     QVERIFY(!resultOf(asked));
     QCOMPARE(asked.error,
-             QStringLiteral("The device at wall:6630 does not answer for its control: "
+             QStringLiteral("Could not take control of the device at wall:6630: "
                             "no answer in time (260)."));
 }
 

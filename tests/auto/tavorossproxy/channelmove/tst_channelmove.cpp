@@ -135,12 +135,12 @@ void tst_ChannelMove::anyDeviceIsTakenWhereNoneIsDue()
 void tst_ChannelMove::placeAndDueDeviceAreKnownBeforeItConnects()
 {
     QCOMPARE(m_channel->expectedIdentity(), std::string());
-    QVERIFY(m_channel->isBoundFor(QStringLiteral("wall"), 6630));
-    QVERIFY(!m_channel->isBoundFor(QStringLiteral("wall"), 6631));
-    QVERIFY(!m_channel->isBoundFor(QStringLiteral("192.0.2.99"), 6630));
+    QVERIFY(m_channel->connectsTo(QStringLiteral("wall"), 6630));
+    QVERIFY(!m_channel->connectsTo(QStringLiteral("wall"), 6631));
+    QVERIFY(!m_channel->connectsTo(QStringLiteral("192.0.2.99"), 6630));
     move("192.0.2.99");
-    QVERIFY(m_channel->isBoundFor(QStringLiteral("192.0.2.99"), 6630));
-    QVERIFY(!m_channel->isBoundFor(QStringLiteral("wall"), 6630));
+    QVERIFY(m_channel->connectsTo(QStringLiteral("192.0.2.99"), 6630));
+    QVERIFY(!m_channel->connectsTo(QStringLiteral("wall"), 6630));
 
     m_options.identity = "0123456789ABCDEF";
     m_channel.reset();

@@ -8,7 +8,7 @@
 
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
-using Internal::ChannelIndex;
+using Internal::ChannelRegistry;
 using Internal::DeviceTracker;
 
 namespace {
@@ -45,7 +45,7 @@ public:
     explicit ConnectingChannel(const char *identity = "") : m_identity(identity) { }
 
     std::string expectedIdentity() const override { return m_identity; }
-    bool isBoundFor(const QString &host, quint16 port) const override
+    bool connectsTo(const QString &host, quint16 port) const override
     {
         return host == QLatin1String("192.0.2.7") && port == 6630;
     }
@@ -112,7 +112,7 @@ private Q_SLOTS:
     void devicesBeyondTheLimitAreIgnored();
 
 private:
-    std::shared_ptr<ChannelIndex> m_index;
+    std::shared_ptr<ChannelRegistry> m_registry;
     std::unique_ptr<DeviceTracker> m_tracker;
     DiscoveryOptions m_options;
     QStringList m_opened; ///< Address and expected identity of each.
@@ -130,19 +130,19 @@ void tst_DeviceTracker::init()
 
 void tst_DeviceTracker::restart()
 {
-    m_index = std::make_shared<ChannelIndex>();
+    m_registry = std::make_shared<ChannelRegistry>();
     m_opened.clear();
     m_channels.clear();
     m_reported = 0;
     m_tracker = std::make_unique<DeviceTracker>(
-        m_index,
+        m_registry,
         [this](const auto &info, const auto &options) {
             m_opened.append(QString::fromStdString(info.ip + ' ' + options.identity));
             m_channels.push_back(std::make_shared<QuietChannel>());
             return m_channels.back();
         },
         [this](const auto &channel) {
-            m_reported += channel == m_channels.back() && !m_index->all().empty();
+            m_reported += channel == m_channels.back() && !m_registry->all().empty();
         });
     m_tracker->setOptions(m_options);
 }
@@ -150,8 +150,8 @@ void tst_DeviceTracker::restart()
 void tst_DeviceTracker::foundDeviceGetsAChannelInTheManager()
 {
     m_tracker->noteSeen(device());
-    QCOMPARE(m_index->all().size(), std::size_t(1));
-    QCOMPARE(m_index->all()[0].get(), static_cast<DeviceChannel *>(m_channels.at(0).get()));
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
+    QCOMPARE(m_registry->all()[0].get(), static_cast<DeviceChannel *>(m_channels.at(0).get()));
     QCOMPARE(m_reported, 1);
 }
 
@@ -166,10 +166,10 @@ void tst_DeviceTracker::deviceThatIsFoundAgainGetsNoSecondChannel()
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device("192.0.2.99"));
-    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
     QCOMPARE(m_reported, 1);
     m_tracker->noteSeen(device("192.0.2.8", 8));
-    QCOMPARE(m_index->all().size(), std::size_t(2));
+    QCOMPARE(m_registry->all().size(), std::size_t(2));
     QCOMPARE(m_reported, 2);
 }
 
@@ -192,9 +192,9 @@ void tst_DeviceTracker::channelOfTheApplicationIsUsedToo()
 {
     const auto mine = std::make_shared<QuietChannel>();
     mine->info = device();
-    m_index->add(mine);
+    m_registry->add(mine);
     m_tracker->noteSeen(device("192.0.2.99"));
-    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
     QCOMPARE(mine->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
     QCOMPARE(m_reported, 0);
 }
@@ -202,7 +202,7 @@ void tst_DeviceTracker::channelOfTheApplicationIsUsedToo()
 void tst_DeviceTracker::connectingChannelIsRecognisedByItsIdentity()
 {
     const auto connecting = std::make_shared<ConnectingChannel>(sn);
-    m_index->add(connecting);
+    m_registry->add(connecting);
     m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_opened, QStringList());
     QCOMPARE(connecting->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
@@ -213,7 +213,7 @@ void tst_DeviceTracker::connectingChannelIsRecognisedByItsIdentity()
 void tst_DeviceTracker::connectingChannelIsRecognisedByItsAddress()
 {
     const auto connecting = std::make_shared<ConnectingChannel>();
-    m_index->add(connecting);
+    m_registry->add(connecting);
     m_tracker->noteSeen(device());
     QCOMPARE(m_opened, QStringList());
     QCOMPARE(connecting->moves, QStringList{QStringLiteral("192.0.2.7:6630")});
@@ -227,12 +227,12 @@ void tst_DeviceTracker::channelOfAnotherKindIsUsedToo()
 {
     const auto foreign = std::make_shared<ForeignChannel>();
     foreign->info = device();
-    m_index->add(foreign);
+    m_registry->add(foreign);
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(m_opened, QStringList());
-    QCOMPARE(m_index->all().size(), std::size_t(1));
-    m_index->remove(foreign);
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
+    m_registry->remove(foreign);
     m_tracker->noteSeen(device()); // stays away like other removed devices
     QCOMPARE(m_opened, QStringList());
 }
@@ -241,7 +241,7 @@ void tst_DeviceTracker::deviceWhoseChannelReachedAnotherDeviceGetsANewOne()
 {
     const auto mine = std::make_shared<QuietChannel>();
     mine->info = device();
-    m_index->add(mine);
+    m_registry->add(mine);
     m_tracker->noteSeen(device());
     mine->info = device("192.0.2.7", 8); // the devices have changed places
     mine->isReady = true;
@@ -256,7 +256,7 @@ void tst_DeviceTracker::deviceSeenAtTheSameAddressHasNotMoved()
     m_channels.at(0)->info = device();
     m_tracker->noteSeen(device());
     m_channels.at(0)->info = device("192.0.2.99");
-    QVERIFY(!m_index->find("192.0.2.7", mac, sn));
+    QVERIFY(!m_registry->find("192.0.2.7", mac, sn));
 }
 
 void tst_DeviceTracker::movedChannelIsFoundByTheFormerAddressToo()
@@ -266,11 +266,11 @@ void tst_DeviceTracker::movedChannelIsFoundByTheFormerAddressToo()
     m_tracker->noteSeen(device("192.0.2.99"));
     m_channels.at(0)->info = device("192.0.2.99");
     const DeviceChannel *const channel = m_channels.at(0).get();
-    QCOMPARE(m_index->find("192.0.2.99", mac, sn).get(), channel);
-    QCOMPARE(m_index->find("192.0.2.7", mac, sn).get(), channel);
-    QVERIFY(!m_index->find("192.0.2.7", mac, "0123456789ABCD08"));
-    QVERIFY(!m_index->find("192.0.2.7", "02005E100008", sn));
-    QVERIFY(!m_index->find("192.0.2.8", mac, sn));
+    QCOMPARE(m_registry->find("192.0.2.99", mac, sn).get(), channel);
+    QCOMPARE(m_registry->find("192.0.2.7", mac, sn).get(), channel);
+    QVERIFY(!m_registry->find("192.0.2.7", mac, "0123456789ABCD08"));
+    QVERIFY(!m_registry->find("192.0.2.7", "02005E100008", sn));
+    QVERIFY(!m_registry->find("192.0.2.8", mac, sn));
 }
 
 void tst_DeviceTracker::formerAddressFindsTheDeviceThatIsThereNow()
@@ -278,15 +278,16 @@ void tst_DeviceTracker::formerAddressFindsTheDeviceThatIsThereNow()
     movedChannelIsFoundByTheFormerAddressToo();
     const auto twin = std::make_shared<QuietChannel>();
     twin->info = device();
-    m_index->add(twin);
-    QCOMPARE(m_index->find("192.0.2.7", mac, sn).get(), static_cast<DeviceChannel *>(twin.get()));
+    m_registry->add(twin);
+    QCOMPARE(m_registry->find("192.0.2.7", mac, sn).get(),
+             static_cast<DeviceChannel *>(twin.get()));
 }
 
 void tst_DeviceTracker::removedChannelIsNotFoundByItsFormerAddress()
 {
     movedChannelIsFoundByTheFormerAddressToo();
-    m_index->remove(m_channels.at(0));
-    QVERIFY(!m_index->find("192.0.2.7", mac, sn));
+    m_registry->remove(m_channels.at(0));
+    QVERIFY(!m_registry->find("192.0.2.7", mac, sn));
     QCOMPARE(m_channels.at(0).use_count(), 1L);
 }
 
@@ -294,23 +295,23 @@ void tst_DeviceTracker::removedDeviceStaysAwayUntilItIsReadmitted()
 {
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device("192.0.2.8", 8));
-    m_index->remove(m_channels.at(0));
+    m_registry->remove(m_channels.at(0));
     m_tracker->noteSeen(device());
-    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
     m_tracker->readmit();
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device("192.0.2.8", 8));
-    QCOMPARE(m_index->all().size(), std::size_t(2));
+    QCOMPARE(m_registry->all().size(), std::size_t(2));
     QCOMPARE(m_reported, 3);
 }
 
 void tst_DeviceTracker::channelThatReplacesARemovedOneIsMoved()
 {
     m_tracker->noteSeen(device());
-    m_index->remove(m_channels.at(0));
+    m_registry->remove(m_channels.at(0));
     const auto own = std::make_shared<QuietChannel>();
     own->info = device();
-    m_index->add(own);
+    m_registry->add(own);
     m_tracker->noteSeen(device("192.0.2.99"));
     QCOMPARE(own->moves, QStringList{QStringLiteral("192.0.2.99:6630")});
     QCOMPARE(m_opened.size(), 1);
@@ -332,7 +333,7 @@ void tst_DeviceTracker::deviceWithoutAnyIdentityIsIgnored()
     info.sn = {};
     info.mac = {};
     m_tracker->noteSeen(info);
-    QVERIFY(m_index->all().empty());
+    QVERIFY(m_registry->all().empty());
 }
 
 void tst_DeviceTracker::devicesBeyondTheLimitAreIgnored()
@@ -341,10 +342,10 @@ void tst_DeviceTracker::devicesBeyondTheLimitAreIgnored()
     restart();
     for (quint8 number = 1; number <= 3; ++number)
         m_tracker->noteSeen(device("192.0.2.7", number));
-    QCOMPARE(m_index->all().size(), std::size_t(2));
-    m_index->remove(m_channels.at(0));
+    QCOMPARE(m_registry->all().size(), std::size_t(2));
+    m_registry->remove(m_channels.at(0));
     m_tracker->noteSeen(device("192.0.2.7", 3)); // there is room now
-    QCOMPARE(m_index->all().size(), std::size_t(2));
+    QCOMPARE(m_registry->all().size(), std::size_t(2));
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceTracker)

@@ -12,7 +12,7 @@
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using namespace std::chrono_literals;
-using Internal::ChannelIndex;
+using Internal::ChannelRegistry;
 using Internal::DeviceTracker;
 using Internal::DiscoveryService;
 
@@ -38,7 +38,7 @@ private:
 
     std::shared_ptr<ManualLoop> m_loop;
     ManualNetwork m_network;
-    std::shared_ptr<ChannelIndex> m_index;
+    std::shared_ptr<ChannelRegistry> m_registry;
     std::shared_ptr<DiscoveryService> m_service;
     DiscoveryOptions m_options;
     int m_opened = 0;
@@ -48,7 +48,7 @@ void tst_DiscoveryService::init()
 {
     m_loop = std::make_shared<ManualLoop>();
     m_network = {};
-    m_index = std::make_shared<ChannelIndex>();
+    m_registry = std::make_shared<ChannelRegistry>();
     m_options = {};
     m_opened = 0;
     const auto open = [this](const auto &, const ChannelOptions &options) {
@@ -57,7 +57,7 @@ void tst_DiscoveryService::init()
     };
     m_service = std::make_shared<DiscoveryService>(
         m_loop, [this] { return std::make_unique<ManualDatagramSocket>(m_network); },
-        std::make_shared<DeviceTracker>(m_index, open, [](const auto &) {}));
+        std::make_shared<DeviceTracker>(m_registry, open, [](const auto &) {}));
 }
 
 void tst_DiscoveryService::start(const char *target)
@@ -136,14 +136,14 @@ void tst_DiscoveryService::deviceKeepsItsChannelWhenDiscoveryIsRestarted()
     start("192.0.2.7");
     answer(); // the channel has not connected, so its device is not identified
     QCOMPARE(m_opened, 1);
-    QCOMPARE(m_index->all().size(), std::size_t(1));
+    QCOMPARE(m_registry->all().size(), std::size_t(1));
 }
 
 void tst_DiscoveryService::removedDeviceStaysAwayWhenDiscoveryIsRestarted()
 {
     start("192.0.2.7");
     answer();
-    m_index->remove(m_index->all().at(0));
+    m_registry->remove(m_registry->all().at(0));
     start("192.0.2.7");
     answer();
     QCOMPARE(m_opened, 1);
@@ -157,7 +157,7 @@ void tst_DiscoveryService::refreshReadmitsDevicesWhileDiscoveryIsStopped()
 {
     start("192.0.2.7");
     answer();
-    m_index->remove(m_index->all().at(0));
+    m_registry->remove(m_registry->all().at(0));
     stop();
     m_service->refresh();
     start("192.0.2.7");

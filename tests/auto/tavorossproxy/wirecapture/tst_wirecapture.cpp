@@ -149,9 +149,9 @@ void tst_WireCapture::whatIsNoCaptureIsToldByItsLine_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("error");
     const QByteArray heading = QByteArray::fromStdString(Wire::captureHeading());
-    QTest::newRow("empty") << QByteArray() << QByteArray("line 1: this is no capture");
-    QTest::newRow("other") << QByteArray("hello\n") << QByteArray("line 1: this is no capture");
-    const QByteArray second("line 2: this is no line of a capture");
+    QTest::newRow("empty") << QByteArray() << QByteArray("line 1: not a capture");
+    QTest::newRow("other") << QByteArray("hello\n") << QByteArray("line 1: not a capture");
+    const QByteArray second("line 2: not a line of a capture");
     QTest::newRow("word") << heading + "1 0.0 fly 00\n" << second;
     QTest::newRow("digits") << heading + "1 0.0 > 0G\n" << second;
     QTest::newRow("half a byte") << heading + "1 0.0 > 000\n" << second;

@@ -1,44 +1,44 @@
-#include "reportgate_p.h"
+#include "reportqueue_p.h"
 
 #include <algorithm>
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A report that is on its way, and counts as such until it is destroyed.
-class ReportGate::Passed {
+/// A report that was delivered and counts as pending until it is destroyed.
+class ReportQueue::PendingReport {
 public:
-    Passed(Report &&report, std::shared_ptr<Underway> underway)
-        : m_size(report.size()), m_underway(std::move(underway))
+    PendingReport(Report &&report, std::shared_ptr<Pending> pending)
+        : m_size(report.size()), m_pending(std::move(pending))
     {
         command.head() = report.head;
         command.body() = std::move(report.body);
-        m_underway->bytes += m_size;
-        ++m_underway->count;
+        m_pending->bytes += m_size;
+        ++m_pending->count;
     }
-    ~Passed()
+    ~PendingReport()
     {
-        m_underway->bytes -= m_size;
-        --m_underway->count;
-        if (m_underway->isAwaited.exchange(false))
-            m_underway->wake();
+        m_pending->bytes -= m_size;
+        --m_pending->count;
+        if (m_pending->isAwaited.exchange(false))
+            m_pending->wake();
     }
-    Passed(const Passed &) = delete;
-    Passed &operator=(const Passed &) = delete;
+    PendingReport(const PendingReport &) = delete;
+    PendingReport &operator=(const PendingReport &) = delete;
 
     DeviceResponseCommand command;
 
 private:
     const qint64 m_size;
-    const std::shared_ptr<Underway> m_underway;
+    const std::shared_ptr<Pending> m_pending;
 };
 
-ReportGate::ReportGate(const Limits &limits, Receiver receiver, std::function<void()> wake)
-    : m_limits(limits), m_receiver(std::move(receiver)), m_underway(std::make_shared<Underway>())
+ReportQueue::ReportQueue(const Limits &limits, Receiver receiver, std::function<void()> wake)
+    : m_limits(limits), m_receiver(std::move(receiver)), m_pending(std::make_shared<Pending>())
 {
-    m_underway->wake = std::move(wake);
+    m_pending->wake = std::move(wake);
 }
 
-int ReportGate::take(const PacketHead &head, std::string body)
+int ReportQueue::take(const PacketHead &head, std::string body)
 {
     Report report{head, std::move(body)};
     if (m_waiting.empty() && hasRoom()) {
@@ -53,11 +53,11 @@ int ReportGate::take(const PacketHead &head, std::string body)
     return dropped;
 }
 
-void ReportGate::deliverWaiting()
+void ReportQueue::deliverWaiting()
 {
     while (!m_waiting.empty()) {
-        // First this, then the look for room: whoever makes room in between sees it.
-        m_underway->isAwaited = true;
+        // Set before the check for room: a thread that makes room in between sees it.
+        m_pending->isAwaited = true;
         if (!hasRoom())
             return;
         Report report = std::move(m_waiting.front());
@@ -66,30 +66,30 @@ void ReportGate::deliverWaiting()
         --m_waitingOfCode[report.code()];
         deliver(std::move(report));
     }
-    m_underway->isAwaited = false;
+    m_pending->isAwaited = false;
 }
 
-void ReportGate::forgetWaiting()
+void ReportQueue::dropWaiting()
 {
     m_waiting.clear();
     m_waitingOfCode.clear();
     m_waitingBytes = 0;
 }
 
-/// One report may always be on its way, however long it is.
-bool ReportGate::hasRoom() const
+/// One report may always be pending, however long it is.
+bool ReportQueue::hasRoom() const
 {
-    return m_underway->count == 0
-        || (m_underway->count < m_limits.count && m_underway->bytes < m_limits.bytes);
+    return m_pending->count == 0
+        || (m_pending->count < m_limits.count && m_pending->bytes < m_limits.bytes);
 }
 
-void ReportGate::deliver(Report &&report)
+void ReportQueue::deliver(Report &&report)
 {
-    const auto passed = std::make_shared<Passed>(std::move(report), m_underway);
-    m_receiver(std::shared_ptr<IDeviceCommand>(passed, &passed->command));
+    const auto pending = std::make_shared<PendingReport>(std::move(report), m_pending);
+    m_receiver(std::shared_ptr<IDeviceCommand>(pending, &pending->command));
 }
 
-int ReportGate::dropExcess()
+int ReportQueue::dropExcess()
 {
     int dropped = 0;
     while (m_waiting.size() > 1

@@ -1,4 +1,4 @@
-#include "channelindex_p.h"
+#include "channelregistry_p.h"
 
 #include <tavorocontrol/proto/hexdigits.h>
 #include <tavorossproxy/devicechannel.h>
@@ -20,22 +20,22 @@ bool hasIdentity(const DeviceChannel &channel, const std::string &ip, const std:
 
 } // namespace
 
-std::shared_ptr<ChannelIndex> ChannelIndex::ofManager()
+std::shared_ptr<ChannelRegistry> ChannelRegistry::ofManager()
 {
-    static const auto index = std::make_shared<ChannelIndex>();
-    return index;
+    static const auto registry = std::make_shared<ChannelRegistry>();
+    return registry;
 }
 
-void ChannelIndex::add(std::shared_ptr<DeviceChannel> channel)
+void ChannelRegistry::add(std::shared_ptr<DeviceChannel> channel)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (!isIn(channel))
+    if (!isRegistered(channel))
         m_channels.push_back(std::move(channel));
 }
 
-void ChannelIndex::remove(const std::shared_ptr<DeviceChannel> &channel)
+void ChannelRegistry::remove(const std::shared_ptr<DeviceChannel> &channel)
 {
-    // What is forgotten may be the last reference: it goes when the lock has gone.
+    // Each may be the last reference to its channel: they are destroyed after the lock.
     decltype(m_lastFound) forgotten;
     decltype(m_moves) forgottenMoves;
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -47,22 +47,22 @@ void ChannelIndex::remove(const std::shared_ptr<DeviceChannel> &channel)
     forgotten.swap(m_lastFound);
 }
 
-ChannelIndex::Channels ChannelIndex::all() const
+ChannelRegistry::Channels ChannelRegistry::all() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_channels;
 }
 
-bool ChannelIndex::contains(const std::shared_ptr<DeviceChannel> &channel) const
+bool ChannelRegistry::contains(const std::shared_ptr<DeviceChannel> &channel) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return isIn(channel);
+    return isRegistered(channel);
 }
 
-std::shared_ptr<DeviceChannel> ChannelIndex::find(const std::string &ip, const std::string &mac,
-                                                  const std::string &sn) const
+std::shared_ptr<DeviceChannel> ChannelRegistry::find(const std::string &ip, const std::string &mac,
+                                                     const std::string &sn) const
 {
-    if (auto channel = guess(sn); channel && hasIdentity(*channel, ip, mac, sn))
+    if (auto channel = lastFound(sn); channel && hasIdentity(*channel, ip, mac, sn))
         return channel;
     for (const auto &channel : all()) {
         if (hasIdentity(*channel, ip, mac, sn)) {
@@ -73,19 +73,20 @@ std::shared_ptr<DeviceChannel> ChannelIndex::find(const std::string &ip, const s
     return findMoved(ip, mac, sn);
 }
 
-void ChannelIndex::noteMove(const std::shared_ptr<DeviceChannel> &channel)
+void ChannelRegistry::noteMove(const std::shared_ptr<DeviceChannel> &channel)
 {
     const std::string ip = channel->deviceBaseInfo().ip;
     const std::lock_guard<std::mutex> lock(m_mutex);
     const bool isNoted = std::any_of(m_moves.begin(), m_moves.end(), [&](const Move &move) {
         return move.channel == channel && move.formerIp == ip;
     });
-    if (isIn(channel) && !isNoted && !ip.empty())
+    if (isRegistered(channel) && !isNoted && !ip.empty())
         m_moves.push_back({channel, ip});
 }
 
-std::shared_ptr<DeviceChannel>
-ChannelIndex::findMoved(const std::string &ip, const std::string &mac, const std::string &sn) const
+std::shared_ptr<DeviceChannel> ChannelRegistry::findMoved(const std::string &ip,
+                                                          const std::string &mac,
+                                                          const std::string &sn) const
 {
     Channels candidates;
     {
@@ -102,23 +103,23 @@ ChannelIndex::findMoved(const std::string &ip, const std::string &mac, const std
     return nullptr;
 }
 
-std::shared_ptr<DeviceChannel> ChannelIndex::guess(const std::string &sn) const
+std::shared_ptr<DeviceChannel> ChannelRegistry::lastFound(const std::string &sn) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto found = m_lastFound.find(sn);
     return found == m_lastFound.end() ? nullptr : found->second;
 }
 
-void ChannelIndex::remember(const std::string &sn,
-                            const std::shared_ptr<DeviceChannel> &channel) const
+void ChannelRegistry::remember(const std::string &sn,
+                               const std::shared_ptr<DeviceChannel> &channel) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (isIn(channel))
+    if (isRegistered(channel))
         m_lastFound[sn] = channel;
 }
 
 /// Called with the mutex held.
-bool ChannelIndex::isIn(const std::shared_ptr<DeviceChannel> &channel) const
+bool ChannelRegistry::isRegistered(const std::shared_ptr<DeviceChannel> &channel) const
 {
     return std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();
 }
