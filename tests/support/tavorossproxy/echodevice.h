@@ -25,7 +25,7 @@ public:
     void dropConnections();
     void endConnections();
 
-    int silentRequests = 0; ///< Requests without a body that have come.
+    int silentRequests = 0; ///< Requests without a body that were received.
     bool dropsNextRequest = false; ///< Ends the connection on the first bytes of it.
 
 private:
