@@ -1,4 +1,5 @@
 #include "device_p.h"
+#include "inputcrop_p.h"
 #include "objectprivate_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>
@@ -47,6 +48,34 @@ bool isOther(const std::optional<s_ScreenGenlockBody> &before,
 }
 
 } // namespace
+
+void DevicePrivate::keepInterfaceCrops()
+{
+    for (const auto &interface : contents.interfaces())
+        settings->keepCrops(UserSettings::CropOwner::Interface, objectId(interface->interfaceId()),
+                            {interface->detail().crop});
+}
+
+void DevicePrivate::keepLayerCrops()
+{
+    for (const auto &layer : contents.layers())
+        settings->keepCrops(UserSettings::CropOwner::Layer, objectId(layer->identity()),
+                            layer->detail().source.crop);
+}
+
+void DevicePrivate::adopt(DevicePrivate &former)
+{
+    former.keepInterfaceCrops();
+    former.keepLayerCrops();
+    settings->adopt(*former.settings);
+    for (const auto &interface : contents.interfaces())
+        interface->restoreCrop(*settings);
+    for (const auto &layer : contents.layers()) {
+        layer->restoreCrops(*settings);
+        if (const auto source = layer->source().lock())
+            layer->fitCrops(pictureSize(source->detail().actualTiming));
+    }
+}
 
 Device::Device(unsigned short id, QObject *parent)
     : QObject(parent), d(std::make_unique<DevicePrivate>(*this, id))
@@ -128,6 +157,8 @@ Device::findGroup(const std::string &groupId) const
 
 void Device::clearAll(bool keepUserSettings)
 {
+    d->keepInterfaceCrops();
+    d->keepLayerCrops();
     d->contents.take(Interfaces());
     d->contents.take(Layers());
     const bool wasActive = d->contents.take(Screens());

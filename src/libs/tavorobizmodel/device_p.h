@@ -109,6 +109,12 @@ public:
         return builder.report(error);
     }
 
+    /// Keep the crops of objects that are about to be replaced.
+    void keepInterfaceCrops();
+    void keepLayerCrops();
+    /// Takes over the settings of \a former, which is the same device.
+    void adopt(DevicePrivate &former);
+
     void tellIdentity() const
     {
         ++identityChanges;

@@ -98,9 +98,12 @@ void DeviceBuilder::build(const s_DeviceDetail &detail)
 
 void DeviceBuilder::build(const std::vector<s_InterfaceDetail> &details)
 {
+    m_d.keepInterfaceCrops();
     const auto interfaces =
         makeObjects<Interface>(details, m_faults, [this](const s_InterfaceDetail &detail) {
-            return std::make_shared<Interface>(detail, m_device.weak_from_this());
+            auto interface = std::make_shared<Interface>(detail, m_device.weak_from_this());
+            interface->restoreCrop(*m_d.settings);
+            return interface;
         });
     m_d.contents.take(interfaces);
     for (const auto &interface : interfaces.values())
@@ -142,11 +145,12 @@ void DeviceBuilder::build(const std::vector<s_LayerFullDetail> &details)
                 Device::tr("%1: the screen is not there.").arg(quoted(detail.layerIdenti)));
             return nullptr;
         }
-        s_LayerFullDetail fitted = detail;
-        for (auto &crop : fitted.source.crop)
-            fitCrop(crop, pictureOf(m_d.contents, detail));
-        return std::make_shared<Layer>(fitted, m_device.weak_from_this());
+        auto layer = std::make_shared<Layer>(detail, m_device.weak_from_this());
+        layer->restoreCrops(*m_d.settings);
+        layer->fitCrops(pictureOf(m_d.contents, detail));
+        return layer;
     };
+    m_d.keepLayerCrops();
     m_d.contents.take(makeObjects<Layer>(details, m_faults, make));
     m_d.tell(DevicePrivate::Part::Layers);
 }

@@ -13,8 +13,8 @@ const QString requestTimeoutOption = QStringLiteral("request-timeout");
 
 QString exitStatusHelp()
 {
-    return QStringLiteral("Exit status: 0 done, 1 a device or an operation failed, 2 the command "
-                          "line is wrong and nothing was sent for it.");
+    return QStringLiteral("Exit status: 0 done, 1 a device, an operation or the output failed, 2 "
+                          "the command line is wrong and nothing was sent for it.");
 }
 
 void addCommonOptions(QCommandLineParser &parser)
@@ -23,7 +23,7 @@ void addCommonOptions(QCommandLineParser &parser)
     parser.addVersionOption();
     parser.addOptions({
         {verboseOption, QStringLiteral("Show the log on standard error.")},
-        {jsonOption, QStringLiteral("Show JSON in place of tables.")},
+        {jsonOption, QStringLiteral("Print JSON instead of tables.")},
         {timeoutOption, QStringLiteral("Wait MS milliseconds for a device to be ready (5000)."),
          QStringLiteral("MS")},
         {requestTimeoutOption,
@@ -36,10 +36,10 @@ void addCommonOptions(QCommandLineParser &parser)
 void describeAll(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
-        QStringLiteral("Commands a device from a terminal.\n\nCommands:\n") + commandHelp()
-        + QStringLiteral("\n\"tavoroctl COMMAND --help\" tells the options of a command.\n")
+        QStringLiteral("Controls a device from a terminal.\n\nCommands:\n") + commandHelp()
+        + QStringLiteral("\n\"tavoroctl COMMAND --help\" lists the options of a command.\n")
         + exitStatusHelp());
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("What to do."),
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("The command."),
                                  QStringLiteral("COMMAND [WORD ...]"));
 }
 
@@ -84,7 +84,7 @@ void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
         line.text = QStringLiteral("tavoroctl " TAVORO_VERSION);
 }
 
-/// Reads the options that \a parser knows and returns the words that are none.
+/// Reads the options that \a parser knows and returns the other words.
 QStringList parseWith(QCommandLineParser &parser, const QStringList &words, CommandLine &line)
 {
     addCommonOptions(parser);
@@ -95,8 +95,8 @@ QStringList parseWith(QCommandLineParser &parser, const QStringList &words, Comm
     return parser.positionalArguments();
 }
 
-/// What stands behind the name of the command. Behind the host of a call everything belongs to the
-/// call, since -1 is a filter there.
+/// Parses the words after the name of the command. Everything after the host of a call belongs to
+/// the call, since -1 is a filter there.
 void parseArguments(const QString &program, const QStringList &words, CommandLine &line)
 {
     const CommandRow &command = *line.command;

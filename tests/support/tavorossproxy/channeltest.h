@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-/// What the tests of the channel share: a channel over a stream and a clock in the hand of the
-/// test, anew for each test function. It has begun its first attempt to connect.
+/// Base of the channel's tests: for each test function a new channel, with a stream and a clock
+/// that the test controls. The channel has begun its first attempt to connect.
 class ChannelTest : public QObject {
     Q_OBJECT
 

@@ -55,7 +55,7 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     if (!error.isEmpty())
         return fail(tool, error);
     // A signal that arrived with the last packet counts too.
-    if (interruption.hasCome())
+    if (interruption.isInterrupted())
         return fail(tool, QStringLiteral("Interrupted."));
     return target.commit(error) ? Done : fail(tool, error);
 }

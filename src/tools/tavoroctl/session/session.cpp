@@ -12,7 +12,7 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-/// A model of the device that the request path can find the channel by.
+/// A model device by which the request path finds the channel.
 std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
 {
     constexpr unsigned short withoutNumber = 65535;
@@ -29,7 +29,7 @@ QString textOf(const Host &host)
     return SSProxy::Wire::hostAndPort(host.name, host.port);
 }
 
-/// Whether the request path takes the two for one device.
+/// Whether the request path would confuse the two devices.
 bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::DeviceBaseInfo &other)
 {
     return one.ip == other.ip && one.mac == other.mac && one.sn == other.sn;
@@ -82,7 +82,7 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
     return connection.device;
 }
 
-/// On one port of one address it is the same device under another name.
+/// The same identity at the same port is the same device under another host name.
 std::optional<Host> Session::findTwin(const Host &host,
                                       const SSProxy::NetworkChannel &channel) const
 {

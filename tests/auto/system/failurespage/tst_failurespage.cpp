@@ -1,4 +1,4 @@
-// docs/failures.md tells applications what happens when something goes wrong.
+// docs/failures.md says what applications see when something goes wrong.
 // tests/data/failures.tsv names the test behind each statement of the page: a passage of the page,
 // then the test.
 

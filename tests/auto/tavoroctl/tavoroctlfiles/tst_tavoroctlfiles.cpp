@@ -1,4 +1,4 @@
-// files and push, and pull of what was pushed: what reaches the device and the disk.
+// files and push, and pull of pushed files.
 
 #include <support/tavoroctl/tooltransfers.h>
 
@@ -16,20 +16,20 @@ private Q_SLOTS:
     void filesShowsATable();
     void filesOfOneType();
     void filesPrintsJson();
-    void whatIsPushedIsPulledBackByteForByte_data();
-    void whatIsPushedIsPulledBackByteForByte();
-    void pushAnnouncesLengthAndHashSum();
-    void pushNamesTheFileAfterItself();
+    void pulledContentEqualsPushedContent_data();
+    void pulledContentEqualsPushedContent();
+    void pushAnnouncesLengthAndChecksum();
+    void pushUsesTheNameOfTheFile();
     void pushReadsStandardInput();
     void pushReadsAPipe();
-    void pushOfAFileThatIsNotThere();
-    void pushThatTheDeviceRefuses();
-    void pushInterruptedLeavesTheDeviceWithoutTheFile();
-    void pushThatGoesWrongEndsWithOne();
+    void pushOfAMissingFileFails();
+    void refusedPushEndsWithOne();
+    void interruptedPushLeavesNoFileOnTheDevice();
+    void faultyPushEndsWithOne();
 
     void pushWhoseLastAnswerIsLostSucceeds_data();
     void pushWhoseLastAnswerIsLostSucceeds();
-    void pushWhoseLastAnswerIsLostFailsIfTheDeviceRefusedIt();
+    void refusalOfTheLastPacketIsReported();
     void pushWhoseLastPacketIsLostFails();
     void pushWhoseLastAnswerIsLostForGoodFails();
     void pushOfMorePacketsThanAClientTakesIsRefused();
@@ -92,7 +92,7 @@ void tst_TavoroCtlFiles::filesPrintsJson()
                         "\n"));
 }
 
-void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte_data()
+void tst_TavoroCtlFiles::pulledContentEqualsPushedContent_data()
 {
     QTest::addColumn<int>("length");
     QTest::newRow("empty") << 0;
@@ -102,7 +102,7 @@ void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte_data()
     QTest::newRow("many packets") << 123456;
 }
 
-void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte()
+void tst_TavoroCtlFiles::pulledContentEqualsPushedContent()
 {
     QFETCH(int, length);
     SimOptions options;
@@ -120,16 +120,16 @@ void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte()
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"fetched", "sent"}));
 }
 
-void tst_TavoroCtlFiles::pushAnnouncesLengthAndHashSum()
+void tst_TavoroCtlFiles::pushAnnouncesLengthAndChecksum()
 {
-    // The device checks both, and refuses a content that is another.
+    // The device checks both, and refuses other content.
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     const ToolRun push = m_bench->run("push", {file, "--verbose"});
     const QByteArray announced = R"(\"size\":{\"length\":9,\"hashSum\":-873187034,)";
     QVERIFY2(push.errors.contains(announced), push.errors.constData());
 }
 
-void tst_TavoroCtlFiles::pushNamesTheFileAfterItself()
+void tst_TavoroCtlFiles::pushUsesTheNameOfTheFile()
 {
     const QByteArray file = m_bench->makeFile("wall.png", "123456789");
     QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
@@ -154,7 +154,7 @@ void tst_TavoroCtlFiles::pushReadsAPipe()
     QVERIFY(m_bench->run("files", {}).output.contains("piped  9      cbf43926"));
 }
 
-void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
+void tst_TavoroCtlFiles::pushOfAMissingFileFails()
 {
     const QByteArray file = m_bench->path("nothing");
     const ToolRun push = m_bench->run("push", {file});
@@ -162,7 +162,7 @@ void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
     QCOMPARE(push.exitCode, 1);
 }
 
-void tst_TavoroCtlFiles::pushThatTheDeviceRefuses()
+void tst_TavoroCtlFiles::refusedPushEndsWithOne()
 {
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     const ToolRun push = m_bench->run("push", {file, "--name", QByteArray(300, 'n')});
@@ -170,7 +170,7 @@ void tst_TavoroCtlFiles::pushThatTheDeviceRefuses()
     QCOMPARE(push.exitCode, 1);
 }
 
-void tst_TavoroCtlFiles::pushInterruptedLeavesTheDeviceWithoutTheFile()
+void tst_TavoroCtlFiles::interruptedPushLeavesNoFileOnTheDevice()
 {
     useSlowDevice();
     const QByteArray file = m_bench->makeFile("long", bytes(400000));
@@ -185,7 +185,7 @@ void tst_TavoroCtlFiles::pushInterruptedLeavesTheDeviceWithoutTheFile()
     QVERIFY2(!files.contains("long"), files.constData());
 }
 
-void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
+void tst_TavoroCtlFiles::faultyPushEndsWithOne()
 {
     SimOptions options;
     options.packetSize = 1000;
@@ -226,7 +226,7 @@ void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostSucceeds()
     QCOMPARE(m_bench->run("pull", {"0", "0", "-"}).output, bytes(3000));
 }
 
-void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostFailsIfTheDeviceRefusedIt()
+void tst_TavoroCtlFiles::refusalOfTheLastPacketIsReported()
 {
     usePacketsOf(1000);
     // A packet that is swallowed leaves the content incomplete, which the device notices at the
