@@ -1,6 +1,7 @@
-// Whatever the other end of a connection does, every request ends, in an answer or in a status.
+// Every request ends, with an answer or a status, whatever the other end of the connection does.
 //
-// Input: requests of the application (flags, code, body) and, while each waits, acts of the device.
+// Input: requests of the application (type, code, counts, body, timeout) and, while each waits,
+// actions of the device.
 
 #include "demand.h"
 #include "input.h"
@@ -22,7 +23,7 @@ namespace {
 
 constexpr int maxRequests = 16;
 
-/// The device's end of the connection, and what it does next.
+/// The device's end of the connection.
 class Device {
 public:
     explicit Device(Input &input) : m_input(input) { }
@@ -31,13 +32,13 @@ public:
     {
         if (m_input.isEmpty())
             return false;
-        using Act = void (Device::*)();
-        constexpr Act acts[] = {
-            &Device::becomeReady, &Device::answer,    &Device::answerInDisorder,
-            &Device::sendHead,    &Device::sendBytes, &Device::breakAway,
+        using Action = void (Device::*)();
+        constexpr Action actions[] = {
+            &Device::becomeReady, &Device::answer,    &Device::answerWithOtherHead,
+            &Device::sendHead,    &Device::sendBytes, &Device::loseConnection,
             &Device::stopReading, &Device::readAll,   &Device::letTimePass,
         };
-        (this->*acts[m_input.byte() % std::size(acts)])();
+        (this->*actions[m_input.byte() % std::size(actions)])();
         return true;
     }
 
@@ -62,12 +63,12 @@ private:
     Wire::WireHead nextResponse()
     {
         while (peer.frames.size() > 1)
-            peer.frames.pop_front(); // what the application sent last
+            peer.frames.pop_front(); // the device answers the latest request
         return peer.frames.empty() ? Wire::WireHead()
                                    : Wire::responseHead(peer.frames.front().head);
     }
     void answer() { send(nextResponse(), m_input.text()); }
-    void answerInDisorder()
+    void answerWithOtherHead()
     {
         Wire::WireHead head = nextResponse();
         head.status = m_input.byte();
@@ -94,7 +95,7 @@ private:
         if (isConnected())
             peer.send(bytes);
     }
-    void breakAway()
+    void loseConnection()
     {
         if (peer.isOpen)
             peer.fail(QStringLiteral("connection refused"));
@@ -144,10 +145,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const auto request = nextRequest(input);
         const auto response = channel->sendSyncRequest(request);
         demand(response != nullptr, "every request has a response");
-        demand(loop->now() - begin <= std::chrono::minutes(3), "a request ends in its time");
+        demand(loop->now() - begin <= std::chrono::minutes(3), "a request ends within its timeout");
     }
     channel.reset();
     loop->run();
-    demand(!device.peer.isOpen, "a channel that is gone has no connection");
+    demand(!device.peer.isOpen, "a destroyed channel has no connection");
     return 0;
 }

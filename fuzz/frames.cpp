@@ -1,7 +1,6 @@
-// However the network cuts a stream into pieces, the same frames come out of it.
+// The parser finds the same frames, however the network cuts the stream into pieces.
 //
-// Input: the size of the pieces, whether frames that follow get a valid checksum of the head, then
-// the stream.
+// Input: the size of the pieces, whether the first head gets a valid checksum, then the stream.
 
 #include "demand.h"
 #include "input.h"
@@ -28,10 +27,10 @@ struct Seen {
 
 bool isSame(const WireHead &one, const WireHead &other)
 {
-    return std::memcmp(&one, &other, sizeof one) == 0; // packed: every byte is one of a field
+    return std::memcmp(&one, &other, sizeof one) == 0; // packed: there are no padding bytes
 }
 
-/// Of a fatal event it depends on the pieces how much of the head has come.
+/// How much of the head a fatal event holds depends on the pieces.
 bool operator==(const Seen &one, const Seen &other)
 {
     return one.status == other.status && one.fatal == other.fatal && one.body == other.body
@@ -47,27 +46,28 @@ std::vector<Seen> parsed(std::string_view stream, std::size_t pieceSize)
         stream.remove_prefix(piece.size());
         while (auto event = parser.next(piece)) {
             demand(event->body.size() <= maxBodySize, "no body is longer than the limit");
-            demand(event->status == 0 || event->body.empty(), "a wrong frame has no body");
+            demand(event->status == 0 || event->body.empty(), "an invalid frame has no body");
             seen.push_back({event->status, event->fatal, event->head, std::move(event->body)});
         }
-        demand(piece.empty(), "without an event, all bytes are used up");
+        demand(piece.empty(), "without an event, all bytes are consumed");
     }
     return seen;
 }
 
-/// The stream with the checksum of the first head made right, so that what stands behind it counts.
+/// Returns the stream with a valid checksum in the first head, so that the bytes after it are
+/// parsed.
 std::string withValidHead(std::string_view stream)
 {
-    std::string mended(stream);
+    std::string repaired(stream);
     WireHead head;
-    if (mended.size() < sizeof head)
-        return mended;
-    std::memcpy(&head, mended.data(), sizeof head);
+    if (repaired.size() < sizeof head)
+        return repaired;
+    std::memcpy(&head, repaired.data(), sizeof head);
     head.flag = frameFlag;
     head.version = frameVersion;
     head.headChecksum = headChecksum(head);
-    std::memcpy(mended.data(), &head, sizeof head);
-    return mended;
+    std::memcpy(repaired.data(), &head, sizeof head);
+    return repaired;
 }
 
 } // namespace
@@ -76,8 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     Input input(data, size);
     const std::size_t pieceSize = input.byte() + std::size_t(1);
-    const bool isMended = input.flag();
-    const std::string stream = isMended ? withValidHead(input.rest()) : std::string(input.rest());
+    const bool isRepaired = input.flag();
+    const std::string stream = isRepaired ? withValidHead(input.rest()) : std::string(input.rest());
     demand(parsed(stream, stream.size()) == parsed(stream, pieceSize), "the pieces do not matter");
     return 0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavorossproxy/io/channelloop_p.h>
-#include <tavorossproxy/io/postedcalls_p.h>
+#include <tavorossproxy/io/callqueue_p.h>
+#include <tavorossproxy/io/eventloop_p.h>
 
 #include <functional>
 #include <map>
@@ -9,14 +9,15 @@
 #include <mutex>
 #include <set>
 
-/// The channels' thread and clock inside the caller's own thread: while a request waits, what was
-/// posted runs, then the device acts, and when it has nothing left to do the time moves on.
-class ScriptedLoop final : public Tavoro::SSProxy::Internal::ChannelLoop,
+/// An event loop and a clock on the caller's own thread: while a request waits, the loop runs
+/// posted calls, then lets the device act, and advances the time once the device has nothing left
+/// to do.
+class ScriptedLoop final : public Tavoro::SSProxy::Internal::EventLoop,
                            public Tavoro::SSProxy::Internal::Clock {
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
 
-    /// \a act lets the device do its next thing; false when there is none.
+    /// \a act runs the device's next action and returns false if there is nothing left to do.
     explicit ScriptedLoop(std::function<bool()> act) : m_act(std::move(act)) { }
 
     Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }
@@ -45,7 +46,7 @@ public:
         lock.lock();
     }
 
-    /// Runs what was posted until nothing is left.
+    /// Runs posted calls until none is left.
     void run()
     {
         m_isRunning = true;
@@ -71,8 +72,8 @@ private:
     }
 
     const std::function<bool()> m_act;
-    std::mutex m_mutex; // guards m_calls, as in a loop of several threads
-    Tavoro::SSProxy::Internal::PostedCalls m_calls{m_mutex};
+    std::mutex m_mutex; // guards m_calls, as CallQueue requires
+    Tavoro::SSProxy::Internal::CallQueue m_calls{m_mutex};
     std::multimap<TimePoint, std::function<void()>> m_timed;
     std::set<std::shared_ptr<User>> m_users;
     bool m_isRunning = false;

@@ -18,8 +18,7 @@ constexpr char undecodedBody[] =
 
 } // namespace
 
-template <class Record>
-using List = std::vector<Record>;
+using LossStats = std::vector<s_SourceLossStat>;
 
 Auxiliary::Auxiliary(std::weak_ptr<BizModel::Device> device, QObject *parent)
     : QObject(parent), m_device(std::move(device)), m_helper(std::make_shared<ControlHelper>())
@@ -27,35 +26,35 @@ Auxiliary::Auxiliary(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 Auxiliary::~Auxiliary() = default;
 
-Link Auxiliary::link() const
+OperationTarget Auxiliary::target() const
 {
     return {m_device, *m_helper};
 }
 
 // clang-format off
-// Every row: encode the record, send it as a write, report success on the status bar.
-bool Auxiliary::writeRestartShutdown(const s_AuxiliaryOpt &r,  QString &error) { return write(link(), Command::AuxiliaryRestartShutdown, r, error); }
-bool Auxiliary::writeFactoryType    (const s_AuxiliaryOpt &r,  QString &error) { return write(link(), Command::AuxiliaryFactoryReset,    r, error); }
-bool Auxiliary::writeSourceLostCnt  (const s_AuxiliaryOpt &r,  QString &error) { return write(link(), Command::AuxiliarySourceLossCount, r, error); }
-bool Auxiliary::pickCutoutPos       (const s_CutoutPos &r,     QString &error) { return write(link(), Command::AuxiliaryCutoutPosition,  r, error); }
-bool Auxiliary::setUgradeConfig     (const s_UpgradeDetail &r, QString &error) { return write(link(), Command::AuxiliaryUpgradeDetail,   r, error); }
-bool Auxiliary::setDeviceTime       (const s_DeviceTime &r,    QString &error) { return write(link(), Command::AuxiliaryDeviceTime,      r, error); }
+// Each row encodes the record and sends it as a write; the status bar shows a success.
+bool Auxiliary::writeRestartShutdown(const s_AuxiliaryOpt &r,  QString &error) { return write(target(), Command::AuxiliaryRestartShutdown, r, error); }
+bool Auxiliary::writeFactoryType    (const s_AuxiliaryOpt &r,  QString &error) { return write(target(), Command::AuxiliaryFactoryReset,    r, error); }
+bool Auxiliary::writeSourceLostCnt  (const s_AuxiliaryOpt &r,  QString &error) { return write(target(), Command::AuxiliarySourceLossCount, r, error); }
+bool Auxiliary::pickCutoutPos       (const s_CutoutPos &r,     QString &error) { return write(target(), Command::AuxiliaryCutoutPosition,  r, error); }
+bool Auxiliary::setUgradeConfig     (const s_UpgradeDetail &r, QString &error) { return write(target(), Command::AuxiliaryUpgradeDetail,   r, error); }
+bool Auxiliary::setDeviceTime       (const s_DeviceTime &r,    QString &error) { return write(target(), Command::AuxiliaryDeviceTime,      r, error); }
 
-// Every row: ask without filters, read the answer into the record.
-bool Auxiliary::readSourceLossStatResult(List<s_SourceLossStat> &r, QString &error) { return readRecord(link(), Command::AuxiliarySourceLossResult, r, error); }
-bool Auxiliary::readUpgradeProgress     (s_UpgradePercent &r,       QString &error) { return readRecord(link(), Command::AuxiliaryUpgradePercent,   r, error); }
-bool Auxiliary::readDeviceVersion       (s_DeviceVersion &r,        QString &error) { return readRecord(link(), Command::AuxiliaryDeviceVersion,    r, error); }
+// Each row reads without filters and decodes the answer into the record.
+bool Auxiliary::readSourceLossStatResult(LossStats &r,        QString &error) { return readRecord(target(), Command::AuxiliarySourceLossResult, r, error); }
+bool Auxiliary::readUpgradeProgress     (s_UpgradePercent &r, QString &error) { return readRecord(target(), Command::AuxiliaryUpgradePercent,   r, error); }
+bool Auxiliary::readDeviceVersion       (s_DeviceVersion &r,  QString &error) { return readRecord(target(), Command::AuxiliaryDeviceVersion,    r, error); }
 // clang-format on
 
 bool Auxiliary::saveDeviceData(QString &error)
 {
-    return writeBody(link(), Command::AuxiliarySave, {}, error, Timeout{200000});
+    return writeBody(target(), Command::AuxiliarySave, {}, error, Timeout{200000});
 }
 
 bool Auxiliary::readDeviceSelfCheckDetail(s_DeviceSelfCheckDetail &detail, QString &error)
 {
     std::string answer;
-    if (!read(link(), Command::AuxiliarySelfCheck, {}, answer, error))
+    if (!read(target(), Command::AuxiliarySelfCheck, {}, answer, error))
         return false;
     if (decode(answer, detail, error))
         return true;
@@ -63,13 +62,13 @@ bool Auxiliary::readDeviceSelfCheckDetail(s_DeviceSelfCheckDetail &detail, QStri
     return false;
 }
 
-// Kept: the text is the call's own, so that a failure is told by the bool alone.
+// Kept: the text is local to the call. Only the result reports a failure.
 bool Auxiliary::readDeviceLoadTransferProgress(s_DeviceProcess &progress, QString error)
 {
-    return readRecord(link(), Command::AuxiliaryLoadProgress, progress, error);
+    return readRecord(target(), Command::AuxiliaryLoadProgress, progress, error);
 }
 
-// Kept: the colour is applied by the handler of the device's report.
+// Kept: Device::updateCutoutRGB() applies the reported colour.
 bool Auxiliary::updateCutoutRGB()
 {
     return false;

@@ -18,7 +18,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Maintains a device: restart, factory settings, saving, clock, versions, self check, firmware.
@@ -75,7 +75,7 @@ public:
     bool updateCutoutRGB();
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

@@ -20,7 +20,7 @@ using SSProxy::Command;
 using SSProxy::DeviceManager;
 
 // clang-format off
-// Every row: what one kind of report changes in the model.
+// Each row applies one kind of report to the model.
 void applyReport(BizModel::Device &d, const s_GenlockSignal &report)                  { d.setGenlockOnStatus(report.genlockSignal); }
 void applyReport(BizModel::Device &d, const s_InterfaceRelation &report)              { d.updateInterfaceRelation(report.interfaceRelation.relation); }
 void applyReport(BizModel::Device &d, const s_Powers &report)                         { d.setPower(report.powers); }
@@ -50,8 +50,7 @@ bool update(const std::weak_ptr<BizModel::Device> &weakDevice, const std::string
     return true;
 }
 
-/// Kept: some operations look for the device themselves, and then there is no sentence for the
-/// user.
+/// Kept: some operations lock the device themselves. If it is gone, the caller gets no text.
 std::shared_ptr<BizModel::Device> lockOrWarn(const std::weak_ptr<BizModel::Device> &weakDevice)
 {
     auto device = weakDevice.lock();
@@ -61,13 +60,13 @@ std::shared_ptr<BizModel::Device> lockOrWarn(const std::weak_ptr<BizModel::Devic
 }
 
 template <class Record>
-bool readOfPresentDevice(Link link, Command command, Record &record, QString &error)
+bool readOfPresentDevice(OperationTarget target, Command command, Record &record, QString &error)
 {
-    const auto device = lockOrWarn(link.device);
+    const auto device = lockOrWarn(target.device);
     if (!device)
         return false;
     std::string answer;
-    if (!read(link, command, {}, answer, error)) {
+    if (!read(target, command, {}, answer, error)) {
         qCWarning(controlLog) << "Failed to SendSyncRequest";
         return false;
     }
@@ -91,21 +90,21 @@ Device::Device(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 Device::~Device() = default;
 
-Link Device::link() const
+OperationTarget Device::target() const
 {
     return {m_device, *m_helper};
 }
 
 // clang-format off
-// Every row: encode the record, send it as a write, report success on the status bar.
-bool Device::writeDeviceGeneral        (const s_General &r,         QString &error) { return write(link(), Command::DeviceGeneral,               r, error); }
-bool Device::writeGenlockConfig        (const s_Genlock &r,         QString &error) { return write(link(), Command::DeviceGenlockConfig,         r, error); }
-bool Device::writeSwap                 (const s_swap &r,            QString &error) { return write(link(), Command::DeviceSwap,                  r, error); }
-bool Device::writeOutputMapping        (s_InterfaceMapping &r,      QString &error) { return write(link(), Command::DeviceOutputMapping,         r, error); }
-bool Device::writeDynamicRangConversion(s_DynamicRangConversion &r, QString &error) { return write(link(), Command::DeviceDynamicRangConversion, r, error); }
-bool Device::writeZelk                 (s_DeviceZelk &r,            QString &error) { return write(link(), Command::DeviceZelk,                  r, error); }
+// Each row encodes the record and sends it as a write; the status bar shows a success.
+bool Device::writeDeviceGeneral        (const s_General &r,         QString &error) { return write(target(), Command::DeviceGeneral,               r, error); }
+bool Device::writeGenlockConfig        (const s_Genlock &r,         QString &error) { return write(target(), Command::DeviceGenlockConfig,         r, error); }
+bool Device::writeSwap                 (const s_swap &r,            QString &error) { return write(target(), Command::DeviceSwap,                  r, error); }
+bool Device::writeOutputMapping        (s_InterfaceMapping &r,      QString &error) { return write(target(), Command::DeviceOutputMapping,         r, error); }
+bool Device::writeDynamicRangConversion(s_DynamicRangConversion &r, QString &error) { return write(target(), Command::DeviceDynamicRangConversion, r, error); }
+bool Device::writeZelk                 (s_DeviceZelk &r,            QString &error) { return write(target(), Command::DeviceZelk,                  r, error); }
 
-// Every row: decode the report, apply it to the model.
+// Each row decodes a report and applies it to the model.
 bool Device::updateDeviceGroupInfo      (const std::string &body, QString &error) { return update<s_DeviceGroupInfos>              (m_device, body, error); }
 bool Device::updateGenlockStatus        (const std::string &body, QString &error) { return update<s_GenlockSignal>                 (m_device, body, error); }
 bool Device::updateTransferProgress     (const std::string &body, QString &error) { return update<s_DeviceProcess>                 (m_device, body, error); }
@@ -116,7 +115,7 @@ bool Device::updateScreenGenlockInfo    (const std::string &body, QString &error
 
 bool Device::writeSubcardMode(const s_subcards &subcards, QString &error)
 {
-    return write(link(), Command::DeviceCardMode, subcards, error, Timeout{20000});
+    return write(target(), Command::DeviceCardMode, subcards, error, Timeout{20000});
 }
 
 bool Device::readDetails(s_DeviceDetail &detail, QString &error)
@@ -134,7 +133,7 @@ bool Device::readDetails(s_DeviceDetail &detail, QString &error)
 bool Device::readDeviceDetails(QString &error)
 {
     s_DeviceDetail detail;
-    if (!readRecord(link(), Command::DeviceDetail, detail, error))
+    if (!readRecord(target(), Command::DeviceDetail, detail, error))
         return false;
     const auto device = m_device.lock();
     return device && device->initModelData(detail, error);
@@ -142,13 +141,13 @@ bool Device::readDeviceDetails(QString &error)
 
 bool Device::sendReadDeviceDetailsCmd(std::string &detail, QString &error)
 {
-    return read(link(), Command::DeviceDetail, {}, detail, error);
+    return read(target(), Command::DeviceDetail, {}, detail, error);
 }
 
 bool Device::readSubcardDetail(const s_subcards &reported, QString &error)
 {
     s_DeviceDetail detail;
-    if (!readRecord(link(), Command::DeviceDetail, detail, error))
+    if (!readRecord(target(), Command::DeviceDetail, detail, error))
         return false;
     const auto device = m_device.lock();
     return device && device->updateSlotModelData(reported, detail, error);
@@ -156,17 +155,17 @@ bool Device::readSubcardDetail(const s_subcards &reported, QString &error)
 
 bool Device::readDeviceGroupInfo(s_DeviceGroupInfos &groups, QString &error)
 {
-    return readOfPresentDevice(link(), Command::DeviceGroupInfo, groups, error);
+    return readOfPresentDevice(target(), Command::DeviceGroupInfo, groups, error);
 }
 
 bool Device::readOutputMapping(s_InterfaceMapping &mapping, QString &error)
 {
-    return readOfPresentDevice(link(), Command::DeviceOutputMapping, mapping, error);
+    return readOfPresentDevice(target(), Command::DeviceOutputMapping, mapping, error);
 }
 
 bool Device::writeNetConfig(const s_Networks &networks, QString &error)
 {
-    const bool sent = write(link(), Command::DeviceNetConfig, networks, error);
+    const bool sent = write(target(), Command::DeviceNetConfig, networks, error);
     const auto device = m_device.lock();
     if (!sent || !device)
         return sent;
@@ -181,19 +180,19 @@ bool Device::writeNetConfig(const s_Networks &networks, QString &error)
 bool Device::writeDeviceGroupInfo(const s_DeviceGroupInfos &groups, QString &error)
 {
     const auto device = lockOrWarn(m_device);
-    return device && write(link(), Command::DeviceGroupInfo, groups, error);
+    return device && write(target(), Command::DeviceGroupInfo, groups, error);
 }
 
 bool Device::writeInterfaceRelationInfo(const s_InterfaceRelation &relation, QString &error)
 {
     const auto device = lockOrWarn(m_device);
-    return device && write(link(), Command::DeviceInterfaceRelation, relation, error);
+    return device && write(target(), Command::DeviceInterfaceRelation, relation, error);
 }
 
 bool Device::writeLoadToPGM(const BizModel::Enum::Device::LoadToPGMStatus &status, QString &error)
 {
     const s_PresetApplyType applyType{status};
-    return write(link(), Command::DeviceLoadToPGM, applyType, error);
+    return write(target(), Command::DeviceLoadToPGM, applyType, error);
 }
 
 bool Device::writeDeviceControlRequest(const QString &ip, const QString &mac, const QString &sn,
@@ -234,7 +233,7 @@ bool Device::updateCutoutRGB(const std::string &body, QString &error)
         return false;
     const auto device = m_device.lock();
     if (!device) {
-        qCWarning(controlLog) << "Device is null"; // Kept: logged only, the caller gets no text.
+        qCWarning(controlLog) << "Device is null"; // Kept: logged only; the caller gets no text.
         return false;
     }
     return device->updateCutoutRGB(report, error);

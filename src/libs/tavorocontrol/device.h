@@ -19,7 +19,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Controls the device as a whole: name, cards, genlock, networks, groups, backup relations.
@@ -135,7 +135,7 @@ public:
     /// @}
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

@@ -17,7 +17,7 @@ namespace Internal {
 class DeviceListPrivate;
 }
 
-/// Synchronises devices: reads a whole device into the model, one at a time.
+/// Synchronises devices with the model: reads one whole device at a time.
 ///
 /// Belongs to the thread that created it, which needs an event loop; both signals are emitted
 /// there. The devices themselves are in BizModel::DeviceList. The destructor blocks, without limit,
@@ -27,8 +27,9 @@ class TAVOROCONTROL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
 public:
-    /// The list lives on the calling thread.
+    /// Creates a list on the calling thread.
     explicit DeviceList(QObject *parent);
+    /// Waits, without a limit, for a synchronisation that is running.
     ~DeviceList() override;
 
     /// Starts a synchronisation of the device with this address, MAC and serial number, and returns
@@ -39,18 +40,20 @@ public:
     /// continues, and the call has no signals of its own. False if the device has no channel: \a
     /// error stays unchanged, the reason is logged.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
-    /// The same for a device of the model. False with "Device model is nullptr" in \a error if it
-    /// is gone.
+    /// The same for a device of the model. False with "Device model is nullptr", translated, in \a
+    /// error if it is gone.
     bool readDeviceDetail(std::weak_ptr<BizModel::Device> device, QString &error);
 
 Q_SIGNALS:
-    /// The synchronisation of the device at this address has started.
+    /// The synchronisation of the device at the address \a ip has started.
     void signalReadDeviceDetailStarted(QString ip);
-    /// The model holds what could be read. \a success is the result of building the layers, or the
-    /// result of the reads if the device's details, its status or its interfaces ended the
-    /// synchronisation. So it can be true although screens or files could not be read.
+    /// The synchronisation has ended; the model holds what could be read.
+    ///
+    /// \a success says whether the layers could be added to the model or, if the details, the
+    /// status or the interfaces of the device ended the synchronisation, whether the reads
+    /// succeeded. So it can be true although screens or files could not be read.
     /// BizModel::Device::isSyncDataSuccess() says whether the clock was set and all reads
-    /// succeeded. The identity is empty, and \a success false, for a device without an address.
+    /// succeeded. For a device without an address the identity is empty and \a success false.
     void signalReadDeviceDetailFinished(bool success, QString ip, QString mac, QString sn);
 
 private:

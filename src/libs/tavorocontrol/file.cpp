@@ -20,8 +20,8 @@ using SSProxy::CommandType;
 template <class Record>
 using List = std::vector<Record>;
 
-// A command head names a file by its type and then its id, one byte each, behind the command code.
-// In JSON the id comes first.
+// The head of a request names a file by its type and then its ID, one byte each, after the command
+// code. In JSON the ID comes first.
 constexpr int typePosition = 31;
 constexpr int idPosition = 32;
 
@@ -39,31 +39,31 @@ File::File(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 File::~File() = default;
 
-Link File::link() const
+OperationTarget File::target() const
 {
     return {m_device, *m_helper};
 }
 
 // clang-format off
-// Every row: encode the list, send it as a write, report success on the status bar.
-bool File::writeDeleteFiles      (const List<s_DeleteFile> &l,       QString &error) { return write(link(), Command::FileDelete,        l, error); }
-bool File::writeFilesInfo        (const List<s_ModifyFileInfo> &l,   QString &error) { return write(link(), Command::FileGeneral,       l, error); }
-bool File::importFile            (const List<s_FileInfo> &l,         QString &error) { return write(link(), Command::FileImport,        l, error); }
-bool File::writeCreateImageFile  (const List<s_CreateImageFile> &l,  QString &error) { return write(link(), Command::FileCreateImage,   l, error); }
-bool File::writeCreatePresetFile (const List<s_CreatePresetFile> &l, QString &error) { return write(link(), Command::FileCreatePreset,  l, error); }
-bool File::writeCreateProjectFile(const List<s_CreateProjFile> &l,   QString &error) { return write(link(), Command::FileCreateProject, l, error); }
-bool File::writeCreateLogFile    (const List<s_CreateLogFile> &l,    QString &error) { return write(link(), Command::FileCreateLog,     l, error); }
-bool File::edidCreateFileBinary  (const List<s_CreateFileInfo> &l,   QString &error) { return write(link(), Command::FileCreateEdid,    l, error); }
+// Each row encodes the list and sends it as a write; the status bar shows a success.
+bool File::writeDeleteFiles      (const List<s_DeleteFile> &l,       QString &error) { return write(target(), Command::FileDelete,        l, error); }
+bool File::writeFilesInfo        (const List<s_ModifyFileInfo> &l,   QString &error) { return write(target(), Command::FileGeneral,       l, error); }
+bool File::importFile            (const List<s_FileInfo> &l,         QString &error) { return write(target(), Command::FileImport,        l, error); }
+bool File::writeCreateImageFile  (const List<s_CreateImageFile> &l,  QString &error) { return write(target(), Command::FileCreateImage,   l, error); }
+bool File::writeCreatePresetFile (const List<s_CreatePresetFile> &l, QString &error) { return write(target(), Command::FileCreatePreset,  l, error); }
+bool File::writeCreateProjectFile(const List<s_CreateProjFile> &l,   QString &error) { return write(target(), Command::FileCreateProject, l, error); }
+bool File::writeCreateLogFile    (const List<s_CreateLogFile> &l,    QString &error) { return write(target(), Command::FileCreateLog,     l, error); }
+bool File::edidCreateFileBinary  (const List<s_CreateFileInfo> &l,   QString &error) { return write(target(), Command::FileCreateEdid,    l, error); }
 // clang-format on
 
 bool File::writeApplyProjectFile(const List<ProtoModel::ProjectFile::s_ProjectFileApply> &files,
                                  QString &error)
 {
-    const auto held = m_device.lock(); // the device stays for the length of the command
-    return write(link(), Command::ProjectApply, files, error);
+    const auto held = m_device.lock(); // keeps the device for the length of the command
+    return write(target(), Command::ProjectApply, files, error);
 }
 
-// Kept: encodes, drops the text, sends nothing and fails without a word.
+// Kept: encodes the list, drops the body, sends nothing and fails without a text.
 bool File::writeFile(const List<s_FileInfo> &files, QString &)
 {
     std::string body;
@@ -92,7 +92,7 @@ bool File::writeFileBinary(const std::string &content, BizModel::Enum::File::Fil
 
 bool File::readDetails(int fileType, int fileId, List<s_FileDetail> &files, QString &error)
 {
-    return readRecord(link(), Command::FileDetail, files, error,
+    return readRecord(target(), Command::FileDetail, files, error,
                       {{typePosition, fileType}, {idPosition, fileId}});
 }
 
@@ -111,7 +111,7 @@ bool File::readBinary(int fileType, int fileId, std::string &content, QString &e
 bool File::readBinary(int fileType, int fileId,
                       std::function<void(bool, double, const std::string &, QString &)> callback)
 {
-    const auto held = m_device.lock(); // the device stays for the length of the transfer
+    const auto held = m_device.lock(); // keeps the device for the length of the transfer
     const auto request =
         fileRequest(CommandType::BinaryRead, Command::FileExport, fileType, fileId);
     return m_helper->sendSyncRequest(m_device, request, std::move(callback));
@@ -128,7 +128,7 @@ bool File::updateTransferProgress(const std::string &body, List<s_FileTransPerce
     List<s_FileTransPercent> report;
     if (!decode(body, report, error))
         return false;
-    // Kept: announced before the device is looked at, so also for a device that is gone.
+    // Kept: emitted before the device is locked, so also for a device that is gone.
     Q_EMIT BizModel::DeviceList::instance()->signalFilesTransferProgressChanged(m_device, report);
     percents = report;
     const auto device = m_device.lock();

@@ -21,7 +21,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Manages the files that a device stores: lists, creates, deletes, renames and transfers them.
@@ -122,7 +122,7 @@ public:
                                 QString &error);
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

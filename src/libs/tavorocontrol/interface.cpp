@@ -19,7 +19,7 @@ using ProtoModel::s_InterfaceID;
 using SSProxy::Command;
 
 // clang-format off
-// Every row: what one kind of report changes in the model.
+// Each row applies one kind of report to the model.
 void applyReport(BizModel::Interface &interface, const s_General &report)    { interface.setGeneral(report.general); }
 void applyReport(BizModel::Interface &interface, const s_ColorDepth &report) { interface.setColorDepth(report.colorDepths); }
 void applyReport(BizModel::Interface &interface, const s_ColorSpace &report) { interface.setColorSpace(report.colorSpaces); }
@@ -33,13 +33,13 @@ void applyReport(BizModel::Interface &interface, const s_ActualTimingDetail &rep
     interface.updateLayerInputCrop();
 }
 
-/// An identity as one number, for the log.
+/// Packs an identity into one number, for the log.
 quint32 packed(const s_InterfaceID &id)
 {
     return (quint32(id.slotId) << 8 | quint32(id.connectorId)) << 8 | quint32(id.splitId);
 }
 
-/// Applies a report to each interface that it names. \a what names the report in the log.
+/// Applies a report to each interface in it. \a what names the report in the log.
 template <class Report>
 bool update(const std::weak_ptr<BizModel::Device> &weakDevice, const std::string &body,
             QString &error, const char *what)
@@ -79,29 +79,29 @@ Interface::Interface(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 Interface::~Interface() = default;
 
-Link Interface::link() const
+OperationTarget Interface::target() const
 {
     return {m_device, *m_helper};
 }
 
 // clang-format off
-// Every row: encode the list, send it as a write, report success on the status bar.
-// Kept: the first two are one command under two names.
-bool Interface::writeInterfaceGeneral      (List<s_General> l,            QString &error) { return write(link(), Command::InterfaceGeneral,       l, error); }
-bool Interface::writeInterfaceName         (List<s_General> l,            QString &error) { return write(link(), Command::InterfaceGeneral,       l, error); }
-bool Interface::writeTestPattern           (List<s_TestPattern> l,        QString &error) { return write(link(), Command::InterfaceTestPattern,   l, error); }
-bool Interface::writePresetTiming          (List<s_PresetTimingDetail> l, QString &error) { return write(link(), Command::InterfacePresetTiming,  l, error); }
-bool Interface::writeImageQuality          (List<s_ImageQuality> l,       QString &error) { return write(link(), Command::InterfaceImageQuality,  l, error); }
-bool Interface::writeCrop                  (List<s_CropDetail> l,         QString &error) { return write(link(), Command::InterfaceCrop,          l, error); }
-bool Interface::writeCutoutGeneral         (List<s_CutoutGeneral> l,      QString &error) { return write(link(), Command::InterfaceCutoutGeneral, l, error); }
-bool Interface::writeHDCP                  (List<s_HDCP> l,               QString &error) { return write(link(), Command::InterfaceHDCP,          l, error); }
-bool Interface::writeInterfaceColorDepth   (List<s_ColorDepth> l,         QString &error) { return write(link(), Command::InterfaceColorDepth,    l, error); }
-bool Interface::writeInterfaceColorSpace   (List<s_ColorSpace> l,         QString &error) { return write(link(), Command::InterfaceColorSpace,    l, error); }
-bool Interface::writeInterfaceColorRange   (List<s_ColorRange> l,         QString &error) { return write(link(), Command::InterfaceColorRange,    l, error); }
-bool Interface::writeInterfaceFormatMapping(List<s_FormatMapping> l,      QString &error) { return write(link(), Command::InterfaceFormatMapping, l, error); }
-bool Interface::writeInterfaceHDR          (List<s_DHR> l,                QString &error) { return write(link(), Command::InterfaceHDR,           l, error); }
+// Each row encodes the list and sends it as a write; the status bar shows a success.
+// Kept: the first two send the same command.
+bool Interface::writeInterfaceGeneral      (List<s_General> l,            QString &error) { return write(target(), Command::InterfaceGeneral,       l, error); }
+bool Interface::writeInterfaceName         (List<s_General> l,            QString &error) { return write(target(), Command::InterfaceGeneral,       l, error); }
+bool Interface::writeTestPattern           (List<s_TestPattern> l,        QString &error) { return write(target(), Command::InterfaceTestPattern,   l, error); }
+bool Interface::writePresetTiming          (List<s_PresetTimingDetail> l, QString &error) { return write(target(), Command::InterfacePresetTiming,  l, error); }
+bool Interface::writeImageQuality          (List<s_ImageQuality> l,       QString &error) { return write(target(), Command::InterfaceImageQuality,  l, error); }
+bool Interface::writeCrop                  (List<s_CropDetail> l,         QString &error) { return write(target(), Command::InterfaceCrop,          l, error); }
+bool Interface::writeCutoutGeneral         (List<s_CutoutGeneral> l,      QString &error) { return write(target(), Command::InterfaceCutoutGeneral, l, error); }
+bool Interface::writeHDCP                  (List<s_HDCP> l,               QString &error) { return write(target(), Command::InterfaceHDCP,          l, error); }
+bool Interface::writeInterfaceColorDepth   (List<s_ColorDepth> l,         QString &error) { return write(target(), Command::InterfaceColorDepth,    l, error); }
+bool Interface::writeInterfaceColorSpace   (List<s_ColorSpace> l,         QString &error) { return write(target(), Command::InterfaceColorSpace,    l, error); }
+bool Interface::writeInterfaceColorRange   (List<s_ColorRange> l,         QString &error) { return write(target(), Command::InterfaceColorRange,    l, error); }
+bool Interface::writeInterfaceFormatMapping(List<s_FormatMapping> l,      QString &error) { return write(target(), Command::InterfaceFormatMapping, l, error); }
+bool Interface::writeInterfaceHDR          (List<s_DHR> l,                QString &error) { return write(target(), Command::InterfaceHDR,           l, error); }
 
-// Every row: decode the report, apply it to the interfaces in the model.
+// Each row decodes a report and applies it to the interfaces in the model.
 bool Interface::updateActualTiming            (const Json &b, QString &error) { return update<s_ActualTimingDetail>(m_device, b, error, "actual timing"); }
 bool Interface::updateInterfaceGeneralInfo    (const Json &b, QString &error) { return update<s_General>(m_device, b, error, "interface general info"); }
 bool Interface::updateInterfaceBitDepthInfo   (const Json &b, QString &error) { return update<s_ColorDepth>(m_device, b, error, "interface colorDepths info"); }
@@ -113,11 +113,11 @@ bool Interface::updateInterfaceHDRInfo        (const Json &b, QString &error) { 
 bool Interface::readDetails(int first, int second, std::vector<s_InterfaceDetail> &result,
                             QString &error)
 {
-    return readRecord(link(), Command::InterfaceDetail, result, error, {{33, first}, {32, second}},
-                      Timeout{100000});
+    return readRecord(target(), Command::InterfaceDetail, result, error,
+                      {{33, first}, {32, second}}, Timeout{100000});
 }
 
-// Kept: encodes, drops the text, sends nothing and fails without a word.
+// Kept: encodes the list, drops the body, sends nothing and fails without a text.
 bool Interface::writeActualTiming(const std::vector<s_ActualTimingDetail> &interfaces, QString &)
 {
     std::string body;

@@ -19,39 +19,39 @@ Layer::Layer(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 Layer::~Layer() = default;
 
-Link Layer::link() const
+OperationTarget Layer::target() const
 {
     return {m_device, *m_helper};
 }
 
 // clang-format off
-// Every row: encode the list, send it as a write, report success on the status bar.
-bool Layer::writeEnableAll   (const List<s_LayerFullDetail> &l,   QString &error) { return write(link(), Command::LayerDetail,       l, error); }
-bool Layer::writeEnable      (const List<s_LayerEnable> &l,       QString &error) { return write(link(), Command::LayerEnable,       l, error); }
-bool Layer::writeZOrder      (const List<s_LayerZorder> &l,       QString &error) { return write(link(), Command::LayerZOrder,       l, error); }
-bool Layer::writeGeneral     (const List<s_LayerGeneral> &l,      QString &error) { return write(link(), Command::LayerGeneral,      l, error); }
-bool Layer::writeSource      (const List<s_LayerSource> &l,       QString &error) { return write(link(), Command::LayerSource,       l, error); }
-bool Layer::writeWindow      (const List<s_LayerWindow> &l,       QString &error) { return write(link(), Command::LayerWindow,       l, error); }
-bool Layer::writeMask        (const List<s_LayerMask> &l,         QString &error) { return write(link(), Command::LayerMask,         l, error); }
-bool Layer::writeColor       (const List<s_LayerColor> &l,        QString &error) { return write(link(), Command::LayerColor,        l, error); }
-bool Layer::writeOpacity     (const List<s_LayerOpacity> &l,      QString &error) { return write(link(), Command::LayerOpacity,      l, error); }
-bool Layer::writeImageQuality(const List<s_LayerImageQuality> &l, QString &error) { return write(link(), Command::LayerImageQuality, l, error); }
-bool Layer::writeShadow      (const List<s_LayerShadow> &l,       QString &error) { return write(link(), Command::LayerShadow,       l, error); }
-bool Layer::writeBorder      (const List<s_LayerBorder> &l,       QString &error) { return write(link(), Command::LayerBorder,       l, error); }
-bool Layer::writeSelected    (const List<s_LayerSelected> &l,     QString &error) { return write(link(), Command::LayerSelected,     l, error); }
-bool Layer::writeUMD         (const List<s_LayerUMD> &l,          QString &error) { return write(link(), Command::LayerUMD,          l, error); }
-bool Layer::writeRemoved     (const List<s_LayerRemoved> &l,      QString &error) { return write(link(), Command::LayerRemoved,      l, error); }
-bool Layer::writeCutAndFill  (List<s_CutFill> l,                  QString &error) { return write(link(), Command::LayerCutFill,      l, error); }
+// Each row encodes the list and sends it as a write; the status bar shows a success.
+bool Layer::writeEnableAll   (const List<s_LayerFullDetail> &l,   QString &error) { return write(target(), Command::LayerDetail,       l, error); }
+bool Layer::writeEnable      (const List<s_LayerEnable> &l,       QString &error) { return write(target(), Command::LayerEnable,       l, error); }
+bool Layer::writeZOrder      (const List<s_LayerZorder> &l,       QString &error) { return write(target(), Command::LayerZOrder,       l, error); }
+bool Layer::writeGeneral     (const List<s_LayerGeneral> &l,      QString &error) { return write(target(), Command::LayerGeneral,      l, error); }
+bool Layer::writeSource      (const List<s_LayerSource> &l,       QString &error) { return write(target(), Command::LayerSource,       l, error); }
+bool Layer::writeWindow      (const List<s_LayerWindow> &l,       QString &error) { return write(target(), Command::LayerWindow,       l, error); }
+bool Layer::writeMask        (const List<s_LayerMask> &l,         QString &error) { return write(target(), Command::LayerMask,         l, error); }
+bool Layer::writeColor       (const List<s_LayerColor> &l,        QString &error) { return write(target(), Command::LayerColor,        l, error); }
+bool Layer::writeOpacity     (const List<s_LayerOpacity> &l,      QString &error) { return write(target(), Command::LayerOpacity,      l, error); }
+bool Layer::writeImageQuality(const List<s_LayerImageQuality> &l, QString &error) { return write(target(), Command::LayerImageQuality, l, error); }
+bool Layer::writeShadow      (const List<s_LayerShadow> &l,       QString &error) { return write(target(), Command::LayerShadow,       l, error); }
+bool Layer::writeBorder      (const List<s_LayerBorder> &l,       QString &error) { return write(target(), Command::LayerBorder,       l, error); }
+bool Layer::writeSelected    (const List<s_LayerSelected> &l,     QString &error) { return write(target(), Command::LayerSelected,     l, error); }
+bool Layer::writeUMD         (const List<s_LayerUMD> &l,          QString &error) { return write(target(), Command::LayerUMD,          l, error); }
+bool Layer::writeRemoved     (const List<s_LayerRemoved> &l,      QString &error) { return write(target(), Command::LayerRemoved,      l, error); }
+bool Layer::writeCutAndFill  (List<s_CutFill> l,                  QString &error) { return write(target(), Command::LayerCutFill,      l, error); }
 // clang-format on
 
 bool Layer::readDetails(int screenId, int screenType, int third, int fourth,
                         std::vector<s_LayerFullDetail> &result, QString &error)
 {
-    return readRecord(link(), Command::LayerDetail, result, error,
+    return readRecord(target(), Command::LayerDetail, result, error,
                       {{34, screenId}, {33, screenType}, {32, third}, {31, fourth}});
 }
 
-// The device tells this from the removal of listed layers by the argument bytes alone.
+// Only the argument bytes distinguish this command from the removal of listed layers.
 bool Layer::writeRemovedAll(unsigned char screenId, unsigned char screenType, QString &error)
 {
     const auto request = makeRequest(SSProxy::CommandType::Write, Command::LayerRemoved,

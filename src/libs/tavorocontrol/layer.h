@@ -18,7 +18,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Controls the layers on the screens of one device: adds, removes, stacks and shapes them.
@@ -86,7 +86,7 @@ public:
     bool writeRemovedAll(unsigned char screenId, unsigned char screenType, QString &error);
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

@@ -20,7 +20,7 @@ constexpr quint8 lowByte(int value)
     return static_cast<quint8>(value & 0xFF);
 }
 
-void askForTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
+void requestTimeout(SSProxy::DeviceRequestCommand &request, Timeout timeout)
 {
     if (timeout.milliseconds > 0)
         request.setTimeout(timeout.milliseconds);
@@ -52,21 +52,21 @@ makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters
     return request;
 }
 
-bool writeBody(Link link, SSProxy::Command command, std::string body, QString &error,
+bool writeBody(OperationTarget target, SSProxy::Command command, std::string body, QString &error,
                Timeout timeout)
 {
     auto request = makeRequest(SSProxy::CommandType::Write, command);
-    askForTimeout(*request, timeout);
+    requestTimeout(*request, timeout);
     request->body() = std::move(body);
-    return link.helper.sendSyncRequest(link.device, std::move(request), error, true);
+    return target.helper.sendSyncRequest(target.device, std::move(request), error, true);
 }
 
-bool read(Link link, SSProxy::Command command, Filters filters, std::string &answer, QString &error,
-          Timeout timeout)
+bool read(OperationTarget target, SSProxy::Command command, Filters filters, std::string &answer,
+          QString &error, Timeout timeout)
 {
     auto request = makeRequest(SSProxy::CommandType::Read, command, filters);
-    askForTimeout(*request, timeout);
-    return link.helper.sendSyncRequest(link.device, std::move(request), answer, error);
+    requestTimeout(*request, timeout);
+    return target.helper.sendSyncRequest(target.device, std::move(request), answer, error);
 }
 
 } // namespace Tavoro::Control::Internal

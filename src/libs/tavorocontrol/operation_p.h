@@ -14,29 +14,29 @@ namespace Tavoro::BizModel {
 class Device;
 }
 
-// What all operations of the control classes are made of: a row of a table names the code and the
-// record, these do the rest.
+// The building blocks of all operations. An operation is one row of a table: it names the command
+// and the record, and calls one of these functions.
 namespace Tavoro::Control {
 
 class ControlHelper;
 
 namespace Internal {
 
-/// The two members that a control object lends to its operations.
-struct Link {
+/// The device of a control object, and the way to it.
+struct OperationTarget {
     const std::weak_ptr<BizModel::Device> &device;
     ControlHelper &helper;
 };
 
-/// Timeout that an operation asks for, in milliseconds.
+/// Timeout that an operation requests, in milliseconds.
 ///
 /// Kept: the request path replaces it by the value of the device's timeout table.
 struct Timeout {
     int milliseconds = 0;
 };
 
-/// An argument byte of the head, at position 31 to 34. Only the low byte of the value travels, so
-/// that -1 is 0xFF and restricts nothing.
+/// An argument byte of the head, at position 31 to 34. Only the low byte of the value is sent: -1
+/// becomes 0xFF, which does not filter.
 struct Filter {
     int position;
     int value;
@@ -59,35 +59,35 @@ bool decode(const std::string &body, Record &record, QString &error)
     return false;
 }
 
-/// A request with its type, code and argument bytes; the other bytes of the head stay as
+/// Makes a request with type, code and argument bytes. The other bytes of the head stay as
 /// constructed.
 std::shared_ptr<SSProxy::DeviceRequestCommand>
 makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters = {});
 
-/// Sends \a body as a write and shows success on the status bar.
-bool writeBody(Link link, SSProxy::Command command, std::string body, QString &error,
+/// Sends \a body as a write. The status bar shows a success.
+bool writeBody(OperationTarget target, SSProxy::Command command, std::string body, QString &error,
                Timeout timeout = {});
 /// Sends a record, or a list of records, as a write.
 template <class Record>
-bool write(Link link, SSProxy::Command command, const Record &record, QString &error,
+bool write(OperationTarget target, SSProxy::Command command, const Record &record, QString &error,
            Timeout timeout = {})
 {
     std::string body;
     ajson::encodeRecord(record, body);
-    return writeBody(link, command, std::move(body), error, timeout);
+    return writeBody(target, command, std::move(body), error, timeout);
 }
 
-/// Asks for \a answer, with \a filters in the head and no body.
-bool read(Link link, SSProxy::Command command, Filters filters, std::string &answer, QString &error,
-          Timeout timeout = {});
+/// Sends a read with \a filters in the head and no body. \a answer gets the body of the answer.
+bool read(OperationTarget target, SSProxy::Command command, Filters filters, std::string &answer,
+          QString &error, Timeout timeout = {});
 
-/// Asks for a record, or a list of records, and reads the answer into it.
+/// Reads a record, or a list of records, and decodes the answer into it.
 template <class Record>
-bool readRecord(Link link, SSProxy::Command command, Record &record, QString &error,
+bool readRecord(OperationTarget target, SSProxy::Command command, Record &record, QString &error,
                 Filters filters = {}, Timeout timeout = {})
 {
     std::string answer;
-    return read(link, command, filters, answer, error, timeout) && decode(answer, record, error);
+    return read(target, command, filters, answer, error, timeout) && decode(answer, record, error);
 }
 
 } // namespace Internal

@@ -15,7 +15,7 @@ Preset::Preset(std::weak_ptr<BizModel::Device> device, QObject *parent)
 
 Preset::~Preset() = default;
 
-Link Preset::link() const
+OperationTarget Preset::target() const
 {
     return {m_device, *m_helper};
 }
@@ -23,7 +23,7 @@ Link Preset::link() const
 bool Preset::presetApply(const std::vector<ProtoModel::Preset::s_PresetPlay> &presets,
                          QString &error)
 {
-    return write(link(), Command::PresetApply, presets, error);
+    return write(target(), Command::PresetApply, presets, error);
 }
 
 } // namespace Tavoro::Control

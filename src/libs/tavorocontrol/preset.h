@@ -18,7 +18,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Applies the presets that a device stores.
@@ -38,7 +38,7 @@ public:
     bool presetApply(const std::vector<ProtoModel::Preset::s_PresetPlay> &presets, QString &error);
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

@@ -12,9 +12,8 @@ using Internal::controlLog;
 
 namespace {
 
-constexpr int longestSleep =
-    10000; ///< Milliseconds; append() and the stops wake the thread at once.
-constexpr int drainInterval = 10; ///< Milliseconds.
+constexpr int longestSleep = 10000; ///< In ms; append() and both stops wake the thread at once.
+constexpr int drainInterval = 10; ///< In ms.
 
 void logPending(qsizetype pieces)
 {
@@ -33,7 +32,7 @@ SaveFilePrivate::~SaveFilePrivate()
     stopWrite();
 }
 
-// Kept: error gets the text of the attempt before this one.
+// Kept: error gets the text of the previous attempt.
 bool SaveFilePrivate::startWrite(const QString &path, QString &error)
 {
     error = errorString;
@@ -109,8 +108,7 @@ void SaveFilePrivate::run()
     saveResult = true;
 }
 
-/// Sleeps until there is something to do. False when the thread is to end; what is queued then
-/// stays unwritten.
+/// Waits for data. False when the thread must end; queued data then stays unwritten.
 bool SaveFilePrivate::takeBatch(QList<std::string> &batch)
 {
     const QMutexLocker lock(&mutex);

@@ -13,7 +13,7 @@
 
 namespace Tavoro::Control {
 
-/// The thread behind a SaveFile.
+/// The thread of a SaveFile.
 ///
 /// | member               | thread                                   |
 /// |----------------------|------------------------------------------|
@@ -49,7 +49,7 @@ private:
     std::atomic<bool> stopFlag{false};
     QList<std::string> queue; // guarded by mutex
     QWaitCondition condition;
-    const std::shared_ptr<QFile> file; // this thread's while it runs
+    const std::shared_ptr<QFile> file; // used by this thread while it runs
 };
 
 } // namespace Tavoro::Control

@@ -19,7 +19,7 @@ namespace Tavoro::Control {
 class ControlHelper;
 
 namespace Internal {
-struct Link;
+struct OperationTarget;
 }
 
 /// Controls the screens of one device: creates, names, places, switches, freezes and fades them.
@@ -96,7 +96,7 @@ public:
     bool updateScreenZelkInfo(const std::string &body, QString &error);
 
 private:
-    Internal::Link link() const;
+    Internal::OperationTarget target() const;
 
     const std::weak_ptr<BizModel::Device> m_device;
     const std::shared_ptr<ControlHelper> m_helper;

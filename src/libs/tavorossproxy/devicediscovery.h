@@ -10,57 +10,62 @@
 
 namespace Tavoro::SSProxy {
 
-/// Port on which a device listens for those who look for it, by UDP.
+/// UDP port on which a device listens for discovery requests by default.
 constexpr quint16 defaultDiscoveryPort = 6631;
 
-/// Somewhere to look for devices.
+/// Where discovery requests are sent.
 struct DiscoveryTarget {
-    QString address; ///< IPv4, of one device or of a broadcast; anything else is not asked.
+    QString address; ///< IPv4 address of a device or a broadcast; others get no request.
     quint16 port = defaultDiscoveryPort;
 };
 
-/// How to look for devices on the network.
+/// How to search for devices on the network.
 struct DiscoveryOptions {
-    /// Where to ask. Empty: every network that this machine has at the time, by broadcast.
+    /// Where to send requests. Empty: to the broadcast address of each network to which this
+    /// machine is connected at the time.
     std::vector<DiscoveryTarget> targets;
-    /// Pause between two requests. 0: only at the start and when the manager is refreshed. More
-    /// than a day counts as a day.
+    /// Pause between two requests, at most a day. 0: requests are sent only at the start and when
+    /// the manager is refreshed.
     std::chrono::milliseconds interval{5000};
-    /// Devices that are found beyond so many channels in the manager are left alone.
+    /// Channels in the manager beyond which discovery opens no further ones.
     int maxChannels = 256;
-    /// Of the channels that are opened; \c identity is that of the found device.
+    /// Options of the channels that discovery opens. Their \c identity is that of the found device.
     ChannelOptions channels;
 };
 
-/// Looks for devices from now on, and opens a channel in the manager for each that it finds. A
-/// \c QCoreApplication must exist. A second call goes on with \a options in place of those before;
-/// when nothing can be asked, the log tells why, and a search from before goes on.
+/// Starts to search for devices, and opens a channel in the manager for each device that answers. A
+/// \c QCoreApplication must exist. The manager's signal \c deviceChannelFound reports each channel.
 ///
-/// Nothing is looked for until this is called. Each channel that is opened is told by the manager's
-/// \c deviceChannelFound. A device is known by its serial number, or where that is all zeros by its
-/// MAC:
-/// - One that has a channel in the manager, whoever opened it, gets no second one. A channel that
-///   has not told an identity yet is that of the device which ChannelOptions::identity names, or
-///   which was seen at the address that it was opened with (a name of a host is not looked up).
-///   When a \c NetworkChannel has no connection, it tries where the device was seen; so a device
-///   that moves to another address keeps its channel. The manager finds it by the former address
-///   too, for as long as no other device is there.
-/// - One whose channel was removed from the manager stays away until the manager is refreshed.
+/// A second call continues with other \a options. If no request can be sent, the reason is logged,
+/// and discovery that was running before continues.
 ///
-/// Any thread; returns at once.
+/// A device is recognised by its serial number, or by its MAC address if the serial number is all
+/// zeros:
+/// - A device that has a channel in the manager gets no second one. The channel may have been
+/// opened
+///   by the application. A channel whose device has not identified itself yet belongs to the device
+///   that ChannelOptions::identity names, or that was seen at the address with which the channel
+///   was opened (host names are not resolved).
+/// - A \c NetworkChannel without a connection connects to the address where its device was seen, so
+///   a device that moves to another address keeps its channel. The manager finds the channel by the
+///   former address too, unless another device is there now.
+/// - A device whose channel was removed gets no new one until the manager is refreshed.
+///
+/// Any thread; does not block.
 TAVOROSSPROXY_EXPORT void startDeviceDiscovery(const DiscoveryOptions &options = {});
 
-/// Looks for devices no more. Channels that were opened stay. Any thread.
+/// Stops the search. Channels that were opened stay. Any thread; does not block.
 TAVOROSSPROXY_EXPORT void stopDeviceDiscovery();
 
-/// Asks every 250 ms for \a milliseconds, and returns the devices that have answered, each once:
-/// where it was first seen (\c ip and \c tcpPort) and who it is. No channel is opened. Returns
-/// early when \a enough devices have answered; 0: never. At most 1024 devices. Blocks; not for
-/// slots on the channels' thread. A \c QCoreApplication must exist.
+/// Sends requests every 250 ms for \a milliseconds, and returns the devices that have answered,
+/// each once and at most 1024: their identity, with \c ip and \c tcpPort from where they were first
+/// seen. Opens no channels. Returns early when \a enough devices have answered; with 0 waits the
+/// whole time. A \c QCoreApplication must exist. Blocks, so it must not be called by a slot on the
+/// channels' thread.
 TAVOROSSPROXY_EXPORT std::vector<ProtoModel::DeviceBaseInfo>
 findDevices(int milliseconds, int enough = 0, const std::vector<DiscoveryTarget> &targets = {});
-/// The same. When nothing can be asked, as there are no more sockets, returns at once, with a
-/// sentence in \a error.
+/// As above. If no request can be sent, for example because the process has no free file
+/// descriptor, returns at once, with a sentence in \a error.
 TAVOROSSPROXY_EXPORT std::vector<ProtoModel::DeviceBaseInfo>
 findDevices(int milliseconds, int enough, const std::vector<DiscoveryTarget> &targets,
             QString &error);

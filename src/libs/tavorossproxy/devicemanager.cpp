@@ -1,8 +1,8 @@
 #include <tavorossproxy/devicemanager.h>
 
-#include <tavorossproxy/channel/channelindex_p.h>
-#include <tavorossproxy/discovery/devicediscovery_p.h>
-#include <tavorossproxy/io/channelthread_p.h>
+#include <tavorossproxy/channel/channelregistry_p.h>
+#include <tavorossproxy/discovery/runningdiscovery_p.h>
+#include <tavorossproxy/io/eventloopthread_p.h>
 
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicecommand.h>
@@ -12,7 +12,8 @@ namespace Tavoro::SSProxy {
 
 class DeviceManagerPrivate {
 public:
-    const std::shared_ptr<Internal::ChannelIndex> channels = Internal::ChannelIndex::ofManager();
+    const std::shared_ptr<Internal::ChannelRegistry> channels =
+        Internal::ChannelRegistry::ofManager();
 };
 
 DeviceManager *DeviceManager::instance()
@@ -33,7 +34,7 @@ DeviceManager::DeviceManager() : d(std::make_unique<DeviceManagerPrivate>())
 /// The channels' thread emits the manager's signal, so it must have ended by now.
 DeviceManager::~DeviceManager()
 {
-    Internal::ChannelThread::stop();
+    Internal::EventLoopThread::stop();
 }
 
 /// All channels of this library are of one kind.
@@ -97,7 +98,7 @@ bool DeviceManager::sendTavoroControlRequest(const QString &ip, const QString &m
     if (const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel))
         return network->requestControl(action, error);
     if (!channel->isMasterControl()) {
-        error = tr("The device at %1 does not hand over control.").arg(ip);
+        error = tr("The device at %1 is controlled by another client.").arg(ip);
         return false;
     }
     return true;

@@ -1,12 +1,12 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
-#include <tavorossproxy/channel/channelcore_p.h>
 #include <tavorossproxy/channel/streamchannel_p.h>
-#include <tavorossproxy/io/capturedstream_p.h>
-#include <tavorossproxy/io/channelthread_p.h>
+#include <tavorossproxy/io/capturingstream_p.h>
+#include <tavorossproxy/io/eventloopthread_p.h>
 #include <tavorossproxy/io/tcpstream_p.h>
 
 #include <tavorossproxy/devicemanager.h>
+#include <tavorowire/hostandport.h>
 
 namespace Tavoro::SSProxy {
 
@@ -27,10 +27,10 @@ std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint1
     if (!host.isEmpty() && port != 0)
         stream = std::make_unique<Internal::TcpStream>(host, port);
     if (const auto capture = Internal::CaptureFile::running(); capture && stream)
-        stream = std::make_unique<Internal::CapturedStream>(std::move(stream), capture);
-    return Internal::StreamChannel::open(Internal::ChannelCore::peerNameOf(host, port),
-                                         std::move(stream), Internal::ChannelThread::instance(),
-                                         options, emitReport, emitControl);
+        stream = std::make_unique<Internal::CapturingStream>(std::move(stream), capture);
+    return Internal::StreamChannel::open(Wire::hostAndPort(host, port), std::move(stream),
+                                         Internal::EventLoopThread::instance(), options, emitReport,
+                                         emitControl);
 }
 
 } // namespace Tavoro::SSProxy

@@ -1,7 +1,7 @@
 #include <tavorossproxy/wirecapture.h>
 
 #include "logging_p.h"
-#include <tavorossproxy/io/capturedstream_p.h>
+#include <tavorossproxy/io/capturefile_p.h>
 
 #include <mutex>
 #include <utility>
@@ -38,7 +38,7 @@ bool isRunning()
     return running().file != nullptr;
 }
 
-/// What the application has started itself goes on.
+/// A capture that the application started continues.
 void startWhatTheEnvironmentNames()
 {
     if (isRunning())

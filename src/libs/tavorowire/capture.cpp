@@ -76,19 +76,19 @@ bool readLine(const std::string &text, Line &line)
     return false;
 }
 
-/// What one side of one connection has sent.
+/// The bytes of one direction of a connection.
 struct Direction {
     FrameParser parser;
-    CapturedItem begun; ///< The frame that is still arriving.
+    CapturedItem begun; ///< The frame that is still incomplete.
 };
 
 class Reader {
 public:
     explicit Reader(std::vector<CapturedItem> &items) : m_items(items) { }
 
-    /// False when the line is none of a capture.
+    /// Returns false if the line is not a line of a capture.
     bool take(const Line &line);
-    /// Shows the frames that the capture broke off in.
+    /// Adds the incomplete frames at the end of the capture.
     void end();
 
 private:
@@ -189,7 +189,7 @@ bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, st
     std::istringstream lines(text);
     std::string written;
     if (!std::getline(lines, written) || written != heading) {
-        error = "line 1: this is no capture";
+        error = "line 1: not a capture";
         return false;
     }
     Reader reader(items);
@@ -198,7 +198,7 @@ bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, st
             continue;
         Line line;
         if (!readLine(written, line) || !reader.take(line)) {
-            error = "line " + std::to_string(number) + ": this is no line of a capture";
+            error = "line " + std::to_string(number) + ": not a line of a capture";
             return false;
         }
     }

@@ -10,19 +10,19 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// A capture of what channels sent and received, as text:
+/// An event of a capture. A capture is text that shows what channels sent and received:
 ///
 /// \code
 /// # tavoro wire capture 1
-/// CHANNEL SECONDS open ADDRESS      a connection stands
-/// CHANNEL SECONDS > BYTES           what was sent, hexadecimal digits
-/// CHANNEL SECONDS < BYTES           what was received at once: frames, parts of frames
-/// CHANNEL SECONDS close             the client has ended the connection
+/// CHANNEL SECONDS open ADDRESS      the connection is established
+/// CHANNEL SECONDS > BYTES           bytes sent, in hexadecimal digits
+/// CHANNEL SECONDS < BYTES           bytes received by one call: frames, parts of frames
+/// CHANNEL SECONDS close             the client has closed the connection
 /// CHANNEL SECONDS lost REASON       the connection has ended otherwise
 /// \endcode
 ///
-/// Channels count from 1; seconds, with six decimals, from the beginning of the capture. Other
-/// lines that begin with # are comments.
+/// Channels are numbered from 1. SECONDS, with six decimals, are those since the capture began.
+/// Other lines that begin with # are comments.
 enum class CaptureEvent {
     Open,
     Sent,
@@ -31,36 +31,37 @@ enum class CaptureEvent {
     Lost
 };
 
-/// The first line of a capture, with its end.
+/// Returns the first line of a capture, with its line end.
 std::string captureHeading();
-/// One line with its end. \a bytes is the address of Open, the reason of Lost, and what travelled
-/// otherwise.
+/// Returns one line with its line end. \a bytes is the address of Open, the reason of Lost, and the
+/// bytes of Sent and Received.
 std::string encodeCaptureLine(int channel, qint64 microseconds, CaptureEvent event,
                               std::string_view bytes = {});
 
-/// What a capture shows of a channel.
+/// Kind of an item that decodeCapture() finds.
 enum class CapturedKind {
-    Opened, ///< A connection stands.
-    Frame, ///< A frame, whole or wrong.
-    Part, ///< The beginning of a frame whose rest never travelled.
-    Closed, ///< The client has ended the connection.
+    Opened, ///< The connection is established.
+    Frame, ///< A complete frame, valid or not.
+    Part, ///< The beginning of a frame whose rest never arrived.
+    Closed, ///< The client has closed the connection.
     Lost ///< The connection has ended otherwise.
 };
 
+/// A frame or an event of a connection, as decodeCapture() finds it.
 struct CapturedItem {
     int channel = 0;
-    qint64 microseconds = 0; ///< When its last byte came.
+    qint64 microseconds = 0; ///< Since the capture began; of a frame, when its last byte arrived.
     CapturedKind kind = CapturedKind::Frame;
-    bool isFromClient = false; ///< Of a frame or a part.
-    FrameEvent frame; ///< Of a part: its head, once that has come whole.
-    std::string bytes; ///< A frame or a part as it travelled.
+    bool isFromClient = false; ///< Direction of a frame or a part.
+    FrameEvent frame; ///< Of a part: only its head, if that is complete.
+    std::string bytes; ///< The unchanged bytes of a frame or a part.
     std::string text; ///< The address of Opened, the reason of Lost.
 
     bool hasWholeHead() const { return bytes.size() >= sizeof(WireHead); }
 };
 
-/// Reads a capture and cuts it into frames. False with a sentence in \a error that names the line;
-/// what stands above it is in \a items.
+/// Reads a capture and cuts it into frames. Returns false, with a sentence in \a error that names
+/// the line, if a line is invalid; \a items then holds what the lines before it show.
 bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, std::string &error);
 
 } // namespace Tavoro::SSProxy::Wire

@@ -6,12 +6,13 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// CRC-16/IBM-SDLC: polynomial 0x1021 reflected, initial value and final inversion 0xFFFF. Of
-/// "123456789" it is 0x906E.
+/// Returns the CRC-16/IBM-SDLC of \a bytes: polynomial 0x1021 reflected, initial value and final
+/// exclusive or 0xFFFF. The checksum of "123456789" is 0x906E.
 quint16 crc16(std::string_view bytes);
 
-/// CRC-32 of zlib: polynomial 0x04C11DB7 reflected, initial value and final inversion 0xFFFFFFFF.
-/// Of "123456789" it is 0xCBF43926. \a before is the checksum of the bytes in front of \a bytes.
+/// Returns the CRC-32 of zlib: polynomial 0x04C11DB7 reflected, initial value and final exclusive
+/// or 0xFFFFFFFF. The checksum of "123456789" is 0xCBF43926. To continue a checksum, pass that of
+/// the preceding bytes as \a before.
 quint32 crc32(std::string_view bytes, quint32 before = 0);
 
 } // namespace Tavoro::SSProxy::Wire

@@ -28,7 +28,7 @@ bool isDiscoveryRequest(std::string_view datagram)
 
 QByteArray encodeDiscoveryAnswer(ProtoModel::DeviceBaseInfo info)
 {
-    info.slotModels.clear(); // a large frame would not fit into a datagram
+    info.slotModels.clear(); // the list of a large chassis would not fit into a datagram
     return QByteArray::fromStdString(std::string(answerPrefix) + ProtoModel::encodeIdentity(info));
 }
 
@@ -36,7 +36,7 @@ bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo
                            std::string &error)
 {
     if (!begins(datagram, answerPrefix)) {
-        error = "it is no answer";
+        error = "it is not a discovery answer";
         return false;
     }
     ProtoModel::DeviceBaseInfo decoded;
@@ -44,7 +44,7 @@ bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo
                                     error))
         return false;
     if (decoded.tcpPort == 0) {
-        error = "it names no port";
+        error = "its port is 0";
         return false;
     }
     info = std::move(decoded);

@@ -9,20 +9,22 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// The datagrams by which clients find devices on the local network.
+/// The datagrams with which clients find devices on the local network.
 ///
 /// \code
-/// request  "reqKELVORIN:"            what follows is for later versions and not looked at
-/// answer   "rspKELVORIN:" identity   the identity as over TCP, without the models of the slots
+/// request  "reqKELVORIN:"            the device ignores what follows, for later versions
+/// answer   "rspKELVORIN:" identity   the identity as over TCP, with an empty slotModels
 /// \endcode
 
-/// The request that a client sends.
+/// Returns the request that a client sends.
 QByteArray encodeDiscoveryRequest();
+/// Returns true if \a datagram is a request of this or a later version.
 bool isDiscoveryRequest(std::string_view datagram);
 
-/// The answer of the device \a info, to be sent to where the request came from.
+/// Returns the answer of the device \a info, to be sent to the sender of the request.
 QByteArray encodeDiscoveryAnswer(ProtoModel::DeviceBaseInfo info);
-/// Reads an answer. False with the reason in \a error, and \a info is left alone.
+/// Reads an answer. Returns false, with the reason in \a error, and leaves \a info unchanged if the
+/// datagram is not an answer, the identity is unreadable, or its port is 0.
 bool decodeDiscoveryAnswer(std::string_view datagram, ProtoModel::DeviceBaseInfo &info,
                            std::string &error);
 

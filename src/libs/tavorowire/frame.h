@@ -8,27 +8,27 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// \a head made fit to be sent in front of \a body: flag, version, length and checksums set.
+/// Returns \a head with the flag, version, length and checksums for sending it before \a body.
 WireHead sealed(WireHead head, std::string_view body);
 
-/// Head and body as the bytes that travel.
+/// Returns the bytes of a frame.
 QByteArray encodeFrame(const WireHead &head, std::string_view body = {});
-/// The same into \a frame, whose storage serves again, with a checksum that is known.
+/// Writes a frame into \a frame, whose storage is reused. \a bodyChecksum is crc32() of \a body.
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame);
 
-/// Gives an encoded frame its number, with the checksum of the head that follows from it.
+/// Sets the number in the head of an encoded frame, and renews the head checksum.
 void setNumber(QByteArray &frame, quint32 number);
 
-/// A frame of the connection itself: identity request, ping or pong. The tag of a ping comes back
-/// in its pong.
+/// Returns a frame without a body that is not part of an exchange: identity request, ping or pong.
+/// A pong has the tag of its ping.
 QByteArray encodeLinkFrame(FrameKind kind, quint8 lables = 0);
 
-/// The head of the response to \a request: its number, tag, stream, type, code and filters, status
-/// 0, one packet of one.
+/// Returns the head of the response to \a request, with its number, tag, stream, type, code and
+/// filters, status 0 and packet 1 of 1.
 WireHead responseHead(const WireHead &request);
 
-/// The checksum that the head of a frame should carry.
+/// Returns the checksum of a head.
 quint16 headChecksum(WireHead head);
 
 } // namespace Tavoro::SSProxy::Wire

@@ -59,8 +59,8 @@ void FrameParser::takeHead(std::string_view &bytes)
     bytes.remove_prefix(count);
 }
 
-/// Looks at what has arrived of the head. The flag is not left until the rest is there: a peer that
-/// speaks another protocol may be waiting for its turn.
+/// Checks the consumed part of the head. A wrong flag is reported before the head is complete: a
+/// peer that speaks another protocol may wait for a reply and send nothing more.
 quint16 FrameParser::fatalFault() const
 {
     if (m_headTaken >= offsetof(WireHead, version) && m_head.flag != frameFlag)
@@ -94,7 +94,7 @@ void FrameParser::takeBody(std::string_view &bytes)
     if (m_fault != 0)
         return;
     if (m_head.checksumIndex == quint8(ChecksumIndex::Crc32))
-        m_bodyChecksum = crc32(part, m_bodyChecksum); // here, while the bytes are in the cache
+        m_bodyChecksum = crc32(part, m_bodyChecksum); // now, while the bytes are in the cache
     m_body.append(part);
 }
 

@@ -4,8 +4,7 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// "HOST:PORT"; a host with colons of its own, an address of IPv6, stands in brackets:
-/// "[::1]:6630".
+/// Returns "HOST:PORT". An IPv6 address is written in brackets: "[::1]:6630".
 inline QString hostAndPort(const QString &host, quint16 port)
 {
     const bool hasColons = host.contains(QLatin1Char(':'));

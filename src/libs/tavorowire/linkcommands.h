@@ -4,28 +4,30 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// Codes that are between a client and a device alone and no commands of the device: what travels
-/// under them is in docs/wire.md.
+/// Codes that concern only the connection between client and device, and are not commands of the
+/// device. docs/wire.md describes their bodies.
 enum class LinkCommand : quint16 {
-    Control = 0x0101, ///< Who holds control: read, written, and reported to those it concerns.
-    Outcome = 0x0102, ///< What became of an earlier request: read.
+    Control = 0x0101, ///< Which client holds control: read, written and reported.
+    Outcome = 0x0102, ///< What happened to an earlier request: read.
 };
 
+/// Sets the command code of a head.
 inline void setCode(WireHead &head, LinkCommand command)
 {
     head.BC = static_cast<quint8>(static_cast<quint16>(command) >> 8);
     head.FC = static_cast<quint8>(static_cast<quint16>(command) & 0xFF);
 }
 
+/// Returns true if a head has the command code.
 inline bool hasCode(const WireHead &head, LinkCommand command)
 {
     return head.code() == static_cast<quint16>(command);
 }
 
-/// What a device tells a client in \c controlState of its identity and in the first argument of a
-/// control report.
+/// Value of \c controlState in an identity and of the first argument byte of a control report, for
+/// the client that receives it.
 enum class ControlState : quint8 {
-    Yours = 0, ///< The client holds control, or would get it by its first write.
+    Yours = 0, ///< The client holds control, or gets it with its next write.
     Others = 1, ///< Another client holds it.
 };
 

@@ -9,6 +9,8 @@ namespace Tavoro::SSProxy::Wire {
 
 constexpr quint16 frameFlag = 0x5654; ///< First two bytes of every frame: 54 56.
 constexpr quint8 frameVersion = 1;
+/// Version of the protocol that docs/wire.md describes: \c protocolVersion of an identity.
+constexpr quint16 protocolVersion = 1;
 
 /// What a frame is for: \c WireHead::kind.
 enum class FrameKind : quint8 {

@@ -7,7 +7,7 @@
 
 #include <QRegularExpression>
 
-// What the tests of file transfers share.
+// Shared by the tests of file transfers.
 
 using ControlledFile = Controlled<Tavoro::Control::File>;
 
@@ -27,7 +27,7 @@ inline QStringList bodies(const ControlledFile &it)
     return bodies;
 }
 
-/// Lines of the journal that begin so.
+/// Lines of the journal with this beginning.
 inline QStringList linesWith(const ControlledFile &it, const char *beginning)
 {
     return it.journal.lines().filter(

@@ -8,8 +8,8 @@
 #include <memory>
 #include <utility>
 
-/// A channel that does something of the test's choice when a synchronisation has begun to fill a
-/// device of the model.
+/// A channel that calls a function of the test when a synchronisation starts to fill a device of
+/// the model.
 class InterferingChannel : public WholeDeviceChannel {
 public:
     Tavoro::ProtoModel::DeviceBaseInfo deviceBaseInfo() const override

@@ -16,15 +16,15 @@
 #include <type_traits>
 #include <vector>
 
-// What the tests of the control classes share: a control object on a scripted device, and
-// the check of one row of a table of writes. The tables themselves stand in the tests.
+// Shared by the tests of the control classes: a control object on a scripted device, and the check
+// of one row of a table of writes. The tables themselves are in the tests.
 
-/// A control object on a device of its own, and all that the outside sees of it.
+/// A control object on a device of its own, and everything that it reports.
 template <class Control>
 struct Controlled {
     Controlled() : control(device.model, nullptr)
     {
-        // Values that no operation asks for, to tell where a timeout comes from.
+        // Values that no operation uses, to show where a timeout comes from.
         setTimeouts(7001, {});
     }
 
@@ -62,8 +62,8 @@ inline QString headHex(const SentRequest &request, int first = 18, int last = 35
     return QString::fromLatin1(bytes.toHex());
 }
 
-/// Bytes 18 to 35 of the head of a request of one packet, in hexadecimal: what nobody sets is as
-/// constructed.
+/// Bytes 18 to 35 of the head of a request of one packet, in hexadecimal. Bytes that are not set
+/// are as constructed.
 inline QString requestHead(quint8 type, quint16 code, const char *arguments = "00000000")
 {
     const QByteArray bytes = "0000" + QByteArray(1, char(type)).toHex() + "00000000" + "00000000"
@@ -72,14 +72,14 @@ inline QString requestHead(quint8 type, quint16 code, const char *arguments = "0
     return QString::fromLatin1(bytes);
 }
 
-/// One write: the member with its list, and what must leave for the device.
+/// One write: the member with its list, and what must be sent to the device.
 template <class Control>
 struct WriteRow {
     using Call = std::function<bool(Control &, QString &)>;
 
     const char *name;
     Call write; ///< With the list of the row.
-    Call writeEmpty; ///< With an empty list; none for a write of one record.
+    Call writeEmpty; ///< With an empty list; empty for a write of one record.
     quint16 code;
     std::string body;
 };
@@ -115,8 +115,8 @@ void addRows(const std::vector<Row> &rows)
         QTest::newRow(rows[i].name) << int(i);
 }
 
-/// The call sends one write with this code and this body, the model's row gives its timeout,
-/// success shows on the status bar, and neither the caller's text nor the model is touched.
+/// The call sends one write with this code and this body, with the timeout of the model's table.
+/// The status bar shows a success. Neither the caller's text nor the model changes.
 template <class Control>
 void verifyWrite(const typename WriteRow<Control>::Call &call, quint16 code,
                  const std::string &body)
@@ -138,7 +138,7 @@ void verifyWrite(const typename WriteRow<Control>::Call &call, quint16 code,
     QCOMPARE(modelChanges.size(), 0);
 }
 
-/// A refusal makes the call fail with the sentence for the user.
+/// After a refusal the call fails with the sentence for the user.
 template <class Control>
 void verifyRefusedWrite(const WriteRow<Control> &row)
 {
@@ -153,7 +153,7 @@ void verifyRefusedWrite(const WriteRow<Control> &row)
              qPrintable(it.error));
 }
 
-/// Without a channel the call is done, and nothing is told to anybody.
+/// Without a channel the call succeeds, and nothing is reported.
 template <class Control>
 void verifyWriteWithoutChannel(const WriteRow<Control> &row)
 {
@@ -166,7 +166,7 @@ void verifyWriteWithoutChannel(const WriteRow<Control> &row)
     QCOMPARE(it.journal.lines().filter(QStringLiteral("status bar ")), QStringList());
 }
 
-/// When the model device is gone the call fails with the sentence for the user.
+/// If the model device is gone, the call fails with the sentence for the user.
 template <class Control>
 void verifyWriteOfAGoneDevice(const WriteRow<Control> &row)
 {

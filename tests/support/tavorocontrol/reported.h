@@ -17,7 +17,7 @@
 #include <memory>
 #include <string>
 
-/// A command as a device sends it unasked.
+/// An unsolicited report of a device.
 inline std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> reportOf(quint16 code,
                                                                  const std::string &body)
 {
@@ -28,7 +28,7 @@ inline std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> reportOf(quint16 code,
     return command;
 }
 
-/// Lets the channels' side tell of a report, on this thread.
+/// Emits a report as the channels' side does, on this thread.
 inline void announce(const std::weak_ptr<Tavoro::SSProxy::DeviceChannel> &channel,
                      const std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> &command)
 {
@@ -90,7 +90,7 @@ public:
     Journal journal;
 };
 
-// A report on the power supplies, for tests to which any report would do.
+// A report on the power supplies, for tests that need any report.
 inline constexpr quint16 powerCode = 0x1103;
 inline constexpr char powerBody[] = R"({"powers":[{"powerId":1,"iSignal":2,"status":3}]})";
 inline constexpr char powersThen[] = R"([{"powerId":1,"iSignal":2,"status":3}])";

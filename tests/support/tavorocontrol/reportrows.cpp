@@ -87,7 +87,7 @@ const std::vector<ReportRow> reportRows = {
     {"file progress", 0xFA05, "BC(fa), FC(05)", "file transfer progress information",
      R"([{"fileId":4,"fileType":6,"type":1,"percent":40,"status":2}])", heldFileShare,
      R"({"fileId":4,"fileType":6,"type":1,"percent":40,"status":2})",
-     nullptr, nullptr, 0}, // its failures have tests of their own
+     nullptr, nullptr, 0}, // its failures have their own tests
     {"cutout colour", 0xFC07, "BC(fc), FC(07)", "cutout RGB information",
      R"({"R":1,"G":2,"B":3})", heldCutout,
      R"({"R":1,"G":2,"B":3})",

@@ -22,12 +22,12 @@ inline QStringList textLines(std::initializer_list<const char *> texts)
     return lines;
 }
 
-/// Sends requests to a scripted device and keeps what came of each.
+/// Sends requests to a scripted device and keeps the outcome of each.
 class RequestPath {
 public:
     using Request = std::shared_ptr<Tavoro::SSProxy::DeviceRequestCommand>;
 
-    /// What the caller and everybody else saw. \c lines is the journal, with the name and identity
+    /// What was reported to the caller and others. \c lines is the journal, with name and identity
     /// of the device as "{device}".
     struct Outcome {
         bool ok = false;
@@ -36,7 +36,7 @@ public:
         QStringList lines;
     };
 
-    /// A request whose head holds a value of its own wherever a test looks.
+    /// A request whose head holds a different value in each field that a test checks.
     static Request request(quint8 type, quint16 code, const std::string &body = {})
     {
         auto made = std::make_shared<Tavoro::SSProxy::DeviceRequestCommand>();

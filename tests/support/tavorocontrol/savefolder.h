@@ -5,7 +5,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// Where one test of the queued writer keeps its files, and what it gets to know.
+/// The folder of one test of the queued writer, and what is reported to it.
 struct SaveFolder {
     QString path(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-/// What a scripted channel was asked to send, copied at the moment of sending.
+/// What a scripted channel sent, copied at the moment of sending.
 struct SentRequest {
     Tavoro::SSProxy::PacketHead head;
     std::string body;
@@ -38,8 +38,8 @@ struct ScriptedAnswer {
     static ScriptedAnswer noResponse();
 };
 
-/// A channel without a network: records what it is asked to send, byte for byte, and answers from a
-/// queue. An empty queue answers with a default answer.
+/// A channel without a network: records what it sends, byte for byte, and answers from a queue. An
+/// empty queue gives default answers.
 class ScriptedChannel : public Tavoro::SSProxy::DeviceChannel {
 public:
     ScriptedChannel();
@@ -60,7 +60,7 @@ public:
     Tavoro::ProtoModel::DeviceBaseInfo info;
     bool ready = true;
     bool master = true;
-    /// Whether it holds on to the responses that it hands out.
+    /// Whether it keeps the responses that it returns.
     bool keepsResponses = false;
     std::vector<std::shared_ptr<Tavoro::SSProxy::DeviceResponseCommand>> kept;
 

@@ -8,11 +8,11 @@
 
 #include <memory>
 
-/// A device of the model and a scripted channel of the same identity. The manager knows the channel
-/// for as long as this lives.
+/// A device of the model and a scripted channel of the same identity. The manager has the channel
+/// during the lifetime of this object.
 class ScriptedDevice {
 public:
-    /// \a number tells devices apart that live at the same time.
+    /// \a number distinguishes devices that exist at the same time.
     explicit ScriptedDevice(
         quint8 number = 7,
         std::shared_ptr<ScriptedChannel> channel = std::make_shared<ScriptedChannel>());

@@ -19,8 +19,8 @@ inline QString streamedCall(bool ok, double progress, const std::string &data,
         .arg(QString::fromStdString(data), error);
 }
 
-/// A callback that tells each of its calls to \a journal, and then does what \a then says.
-inline StreamCallback tellCallsTo(Journal &journal, const StreamCallback &then = {})
+/// A callback that records each of its calls in \a journal, and then calls \a then.
+inline StreamCallback recordCallsIn(Journal &journal, const StreamCallback &then = {})
 {
     return [&journal, then](bool ok, double progress, const std::string &data, QString &error) {
         journal.tell(streamedCall(ok, progress, data, error));
@@ -29,7 +29,7 @@ inline StreamCallback tellCallsTo(Journal &journal, const StreamCallback &then =
     };
 }
 
-/// Whether \a call ends in the exception of an empty function that was called.
+/// Whether \a call throws std::bad_function_call.
 template <class Call>
 bool throwsBadFunctionCall(Call call)
 {

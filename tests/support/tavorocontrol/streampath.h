@@ -8,7 +8,7 @@
 
 using Answers = QList<ScriptedAnswer>;
 
-/// What may happen to a transfer from outside.
+/// What may happen during a transfer.
 enum Change {
     Nothing,
     ControlIsLost,
@@ -23,7 +23,7 @@ constexpr auto packet = &ScriptedAnswer::packet;
 constexpr auto refusal = &ScriptedAnswer::refusal;
 constexpr auto noResponse = &ScriptedAnswer::noResponse;
 
-// The object that most tests read comes in three packets.
+// Most tests read this object of three packets.
 
 inline ScriptedAnswer one()
 {
@@ -53,14 +53,14 @@ inline QStringList callbackLines(const QStringList &lines)
     return lines.filter(QStringLiteral("callback: "));
 }
 
-/// Streams from a scripted device. The calls of the callback stand among the lines of the outcome,
-/// in their order.
+/// Streams from a scripted device. The lines of the outcome contain the calls of the callback, in
+/// their order.
 class StreamPath : public RequestPath {
 public:
     Outcome stream(const Request &request, const StreamCallback &then = {})
     {
         Outcome outcome;
-        outcome.ok = helper.sendSyncRequest(device.model, request, tellCallsTo(journal, then));
+        outcome.ok = helper.sendSyncRequest(device.model, request, recordCallsIn(journal, then));
         outcome.lines = takeLines();
         return outcome;
     }

@@ -2,10 +2,10 @@
 
 #include <QString>
 
-// Why a streamed read fails, as it is told.
+// Why a streamed read fails, as it is reported.
 
-/// What a failure tells, before the callback learns of it.
-enum Telling {
+/// What a failure reports before it calls the callback.
+enum Reporting {
     SentenceWithStatusBar,
     BareWarning,
     WarningWithDevice,
@@ -13,7 +13,7 @@ enum Telling {
 
 struct Reason {
     const char *words;
-    Telling telling = SentenceWithStatusBar;
+    Reporting reporting = SentenceWithStatusBar;
 };
 
 inline constexpr Reason cancelled{"Operation has been cancelled.", WarningWithDevice};

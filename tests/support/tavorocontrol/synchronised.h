@@ -14,7 +14,7 @@
 #include <memory>
 #include <utility>
 
-/// The task, to be run on the thread of the test.
+/// The task, for running it on the test's thread.
 class SyncTask : public Tavoro::Control::SyncDeviceTask {
 public:
     SyncTask() : SyncDeviceTask(nullptr) { }
@@ -35,14 +35,14 @@ inline QStringList syncLines(const QStringList &journal)
     return lines;
 }
 
-/// What every synchronisation of a device logs of the model at its end, with \a between.
+/// What every synchronisation logs about the model at its end, with \a between.
 inline QStringList modelStep(const QStringList &between = {})
 {
     return QStringList(QStringLiteral("info: Sync device init model begin.")) + between
         + QStringList(QStringLiteral("info: Sync device init model end."));
 }
 
-/// A device on the network, the list of the model, which does not know it yet, and the task.
+/// A device on the network, the model's list without that device, and the task.
 class Synchronised {
 public:
     explicit Synchronised(
@@ -71,7 +71,7 @@ public:
 
     bool setDevice() { return task.setDevice(ip(), mac(), sn()); }
 
-    /// One synchronisation from beginning to end, without the reset behind it.
+    /// One synchronisation from beginning to end, without the reset after it.
     void run()
     {
         setDevice();

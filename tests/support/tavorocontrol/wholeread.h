@@ -8,8 +8,8 @@
 
 #include <memory>
 
-/// Reads the device of this identity into the model's list, as an application does it. Returns when
-/// that has ended, with its outcome.
+/// Reads the device of this identity into the model's list, like an application. Returns the
+/// outcome when the synchronisation has ended.
 inline bool readWhole(const Tavoro::BizModel::Device &identity)
 {
     Tavoro::Control::DeviceList reader(nullptr);

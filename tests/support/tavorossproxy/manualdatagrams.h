@@ -1,25 +1,25 @@
 #pragma once
 
-#include <tavorossproxy/io/datagramport_p.h>
+#include <tavorossproxy/io/datagramsocket_p.h>
 
 #include <QStringList>
 
-/// A network for datagrams in the hand of a test. All on the loop's thread.
+/// A network for datagrams that a test controls. All on the loop's thread.
 struct ManualNetwork {
-    /// A datagram comes in.
+    /// A datagram arrives.
     void deliver(const QString &address, std::string_view datagram) { receiver(address, datagram); }
 
-    QStringList broadcasts; ///< Of the networks that there are.
+    QStringList broadcasts; ///< Broadcast addresses of the connected networks.
     QStringList sent; ///< "ADDRESS:PORT BYTES" of each datagram, in order.
-    int ports = 0; ///< That are open.
-    QString failure; ///< Why no further port opens; empty: it does.
-    Tavoro::SSProxy::Internal::DatagramPort::Receiver receiver;
+    int sockets = 0; ///< Sockets that are open.
+    QString failure; ///< Why no further socket can be opened; empty: it can.
+    Tavoro::SSProxy::Internal::DatagramSocket::Receiver receiver;
 };
 
-class ManualDatagramPort final : public Tavoro::SSProxy::Internal::DatagramPort {
+class ManualDatagramSocket final : public Tavoro::SSProxy::Internal::DatagramSocket {
 public:
-    explicit ManualDatagramPort(ManualNetwork &network) : m_network(network) { }
-    ~ManualDatagramPort() override { m_network.ports -= m_isOpen; }
+    explicit ManualDatagramSocket(ManualNetwork &network) : m_network(network) { }
+    ~ManualDatagramSocket() override { m_network.sockets -= m_isOpen; }
 
     bool open(Receiver receiver, QString &error) override
     {
@@ -28,7 +28,7 @@ public:
             return false;
         m_network.receiver = std::move(receiver);
         m_isOpen = true;
-        ++m_network.ports;
+        ++m_network.sockets;
         return true;
     }
     void send(const QString &address, quint16 port, const QByteArray &datagram) override

@@ -92,8 +92,8 @@ bool ManualLoop::waitForCalls()
     return isInTime;
 }
 
-/// A waiter holds its own mutex from its look at the time until it sleeps, so that taking that
-/// mutex in between means that it has seen the new time or hears the notice.
+/// A waiter holds its own mutex from the moment it reads the time until it sleeps. Locking that
+/// mutex here therefore means that the waiter has seen the new time or gets the notification.
 void ManualLoop::setTime(TimePoint time)
 {
     std::multimap<std::thread::id, Waiter> waiting;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <tavorossproxy/io/channelloop_p.h>
-#include <tavorossproxy/io/postedcalls_p.h>
+#include <tavorossproxy/io/callqueue_p.h>
+#include <tavorossproxy/io/eventloop_p.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -11,9 +11,9 @@
 #include <thread>
 #include <vector>
 
-/// A channel's thread and clock in the hand of a test: the test's own thread is the channels', and
-/// time stands still until the test moves it.
-class ManualLoop final : public Tavoro::SSProxy::Internal::ChannelLoop,
+/// An event loop and a clock that a test controls: the test's own thread is the channels' thread,
+/// and time advances only when the test says so.
+class ManualLoop final : public Tavoro::SSProxy::Internal::EventLoop,
                          public Tavoro::SSProxy::Internal::Clock {
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
@@ -29,9 +29,10 @@ public:
     void waitUntil(std::condition_variable &condition, std::unique_lock<std::mutex> &lock,
                    TimePoint deadline) override;
 
-    /// Runs what was posted until nothing is left.
+    /// Runs posted calls until none is left.
     void run() { m_calls.run(); }
-    /// Runs what is posted, waiting for more, until \a isReached; false when that takes too long.
+    /// Runs posted calls, and waits for more, until \a isReached. Returns false after too long a
+    /// time.
     template <class Condition>
     bool runUntil(Condition isReached)
     {
@@ -41,15 +42,15 @@ public:
         }
         return true;
     }
-    /// Makes runUntil() look at its condition again. Any thread.
+    /// Makes runUntil() check its condition again. Any thread.
     void wake();
 
-    /// Moves the time on, running what is due at its time, and wakes those who wait for it.
+    /// Advances the time, runs each timed call at its time, and wakes the threads that wait for it.
     void advance(std::chrono::milliseconds time);
-    /// Waits until so many threads wait for an answer or for the time.
+    /// Waits until \a count threads wait for an answer or for a time.
     void awaitWaiting(std::size_t count);
 
-    /// Ends the thread for the channels.
+    /// Ends the loop, as when the channels' thread ends.
     void end();
 
 private:
@@ -67,7 +68,7 @@ private:
 
     mutable std::mutex m_mutex; // guards what follows
     std::condition_variable m_changed;
-    Tavoro::SSProxy::Internal::PostedCalls m_calls{m_mutex};
+    Tavoro::SSProxy::Internal::CallQueue m_calls{m_mutex};
     std::multimap<std::thread::id, Waiter> m_waiting;
     bool m_isWoken = false;
     TimePoint m_now{std::chrono::hours(1)};

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// The other end of a stream without a network, in the hand of a test. All on the loop's thread.
+/// The device's end of a stream without a network, controlled by a test. All on the loop's thread.
 class ManualPeer {
 public:
     /// Lets the attempt to connect succeed.
@@ -15,15 +15,17 @@ public:
     void send(std::string_view bytes);
     void send(const Tavoro::SSProxy::Wire::WireHead &head, std::string_view body = {});
     void fail(const QString &reason);
-    /// Takes what the channel has written from now on at once (true), or leaves it unsent.
+    /// Takes all bytes that the channel has written and writes (true), or leaves them unsent.
     void setReading(bool isReading);
-    /// Takes so many bytes of what is unsent.
+    /// Returns the number of bytes that the channel has written and that were not taken.
+    int unsentBytes() const { return int(m_unsent.size()); }
+    /// Takes \a count of the unsent bytes.
     void takePart(int count);
 
     int opened = 0; ///< Attempts to connect.
-    QString place; ///< Where attempts go: host and port; empty until the channel is told.
-    bool isOpen = false; ///< The channel has an attempt or a connection.
-    std::deque<Tavoro::SSProxy::Wire::FrameEvent> frames; ///< What has come from the channel.
+    QString place; ///< Host and port of attempts; empty until setPeer().
+    bool isOpen = false; ///< The channel is connecting or connected.
+    std::deque<Tavoro::SSProxy::Wire::FrameEvent> frames; ///< Frames received from the channel.
 
 private:
     friend class ManualStream;

@@ -10,21 +10,21 @@
 #include <optional>
 #include <string>
 
-/// A frame as it came from the device.
+/// A frame from the device.
 struct WireFrame {
     Tavoro::SSProxy::Wire::WireHead head;
     std::string body;
 };
 
-/// A client that speaks the wire as a test writes it down: one frame at a time, with any head.
-/// Nothing is split, joined, checked or sent again. Each wait ends after five seconds.
+/// A client that sends and receives single frames with any head. It does not split, join, check or
+/// repeat anything. Each wait ends after five seconds.
 class WireClient {
 public:
     bool connectTo(quint16 port);
-    /// The body of the identity answer.
+    /// Asks for the identity and returns the body of the answer.
     std::string identity();
 
-    /// A request with \a code, \a type and \a body on stream 1; the test changes what it likes.
+    /// Returns a request on stream 1, which the test may change.
     static WireFrame request(quint16 code, Tavoro::SSProxy::CommandType type,
                              const std::string &body = {});
 
@@ -33,20 +33,20 @@ public:
     /// Numbers \a frame and sends it.
     void send(const WireFrame &frame);
     void sendBytes(const QByteArray &bytes);
-    /// Sends \a frame and waits for its response; reports that come before are kept.
+    /// Sends \a frame and waits for its response. Reports that arrive before it are kept.
     WireFrame exchange(const WireFrame &frame);
-    /// The next frame that is no report; reports that come before are kept.
+    /// Waits for the next frame that is not a report. Reports that arrive before it are kept.
     WireFrame receiveResponse();
     int keptReports() const { return static_cast<int>(m_reports.size()); }
     WireFrame read(quint16 code, const std::array<quint8, 4> &arg2 = {});
     WireFrame write(quint16 code, const std::string &body);
 
-    /// Takes control of the device (1), gives it up (2) or forces it (3). The status of the answer.
+    /// Takes control of the device (1), gives it up (2) or forces it (3). Returns the status.
     int control(quint8 action);
 
-    /// The next frame that is a report.
+    /// Returns the next report, which may have been kept.
     WireFrame waitForReport();
-    /// True once the device has closed the connection.
+    /// Returns true once the device has closed the connection.
     bool waitForEnd();
 
 private:

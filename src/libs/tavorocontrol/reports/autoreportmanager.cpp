@@ -14,7 +14,7 @@ std::once_flag managerMade;
 
 } // namespace
 
-// Kept: the flag stays spent, so that no second manager is ever made.
+// Kept: the flag is never reset, so there is no second manager.
 AutoReportManager *AutoReportManager::instance()
 {
     std::call_once(managerMade, [] { manager = new (std::nothrow) AutoReportManager(nullptr); });

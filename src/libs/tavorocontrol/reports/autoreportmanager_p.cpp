@@ -21,7 +21,8 @@ namespace {
 using SSProxy::Command;
 using SSProxy::DeviceManager;
 
-/// Lower byte: base code. Higher byte: function code. The other way round than in a command code.
+/// The base code in the low byte, the function code in the high byte: the reverse of a command
+/// code.
 constexpr quint16 reportKey(quint8 BC, quint8 FC)
 {
     return static_cast<quint16>(FC << 8 | BC);
@@ -41,7 +42,7 @@ std::shared_ptr<BizModel::Device> modelOf(const SSProxy::DeviceChannel &channel)
     return BizModel::DeviceList::instance()->findDevice(ip, mac, sn).lock();
 }
 
-/// Lets a control object on the stack apply a report.
+/// Applies a report with a control object on the stack. Logs \a failed if that fails.
 template <class ControlClass>
 bool pass(bool (ControlClass::*update)(const std::string &, QString &),
           const std::weak_ptr<BizModel::Device> &device, const std::string &body,
@@ -55,7 +56,7 @@ bool pass(bool (ControlClass::*update)(const std::string &, QString &),
     return resultOnFailure;
 }
 
-/// What the log lines about one report are made of.
+/// Makes the log lines about one report.
 class ReportLine {
 public:
     explicit ReportLine(SSProxy::IDeviceCommand &command)
@@ -125,7 +126,7 @@ AutoReportManagerPrivate::~AutoReportManagerPrivate() = default;
 using Reports = AutoReportManagerPrivate;
 
 // clang-format off
-// Every row: the control class and its operation that apply the report, what a failure logs, what the log then calls it.
+// Each row names the operation that applies the report, the text that a failure logs, and the result that is logged then.
 bool Reports::receiveAutoReportSubcards(WeakDevice device, const std::string &body)
 { return pass(&Device::updateSubcardsInfo, device, body, "Process subcard auto report info failed ", true); }
 bool Reports::receiveAutoReportPowerInfo(WeakDevice device, const std::string &body)

@@ -1,5 +1,4 @@
-// Names of the device's commands. A label names the slot of the protocol, not the operation that
-// uses it.
+// The names of commands. A label names the command code, not the operation that uses it.
 
 #include "commandlabels_p.h"
 

@@ -1,5 +1,5 @@
-// What the statuses of responses mean: 1 to 255 come from the device itself, 257 to 264 from the
-// local channel, 357 to 365 from the local decoder of the protocol.
+// The meanings of statuses: 1 to 255 come from the device, 257 to 264 from the local channel, 357
+// to 365 from the local protocol decoder.
 
 #include "errortexts_p.h"
 

@@ -1,5 +1,3 @@
-// Reading a device: what is asked for, in which order, and what a failure of each step means.
-
 #include <tavorocontrol/syncdevicetask.h>
 
 #include "savepause_p.h"
@@ -27,7 +25,7 @@ using Internal::controlLog;
 
 namespace {
 
-constexpr qint32 readyStatus = 1; ///< Of a device that may be read.
+constexpr qint32 readyStatus = 1; ///< Status of a device that may be read.
 // Named with its context: lupdate does not find the class when it sees this library alone.
 constexpr char deviceNotReady[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device not ready.");
@@ -36,13 +34,13 @@ constexpr int allScreenTypes = 30;
 constexpr int programmeScene = 4;
 constexpr int previewScene = 2;
 
-/// Files whose content is worth fetching with the device; of the others the details do.
+/// True for files whose content is part of a synchronisation. Of the others only the details are.
 bool isContentFetched(qint32 fileType)
 {
     return fileType == 12 || fileType <= 9 || fileType >= 16;
 }
 
-/// Empties \a records and gives back their storage, which an assignment of {} would keep.
+/// Empties \a records and frees their storage, which an assignment of {} would keep.
 template <class Record>
 void release(std::vector<Record> &records)
 {
@@ -137,8 +135,8 @@ void SyncDeviceTask::run()
         return;
     }
     readRest(d->device);
-    // Kept: the model's word takes the place of what the reads left, on this road only. The model
-    // was told the reads' outcome.
+    // Kept: on this path the result of the model replaces that of the reads. The model got the
+    // result of the reads.
     d->syncSuccess = d->initDeviceModelData();
 }
 
@@ -151,7 +149,7 @@ void SyncDeviceTask::setDeviceClock(WeakDevice device)
     d->syncSuccess = false;
 }
 
-/// Reads what nothing can do without. False ends the reading.
+/// Reads what everything else needs. False ends the synchronisation.
 bool SyncDeviceTask::readEssentials(WeakDevice device)
 {
     if (!readDeviceDetail(device)) {
@@ -163,7 +161,7 @@ bool SyncDeviceTask::readEssentials(WeakDevice device)
     if (status != readyStatus) {
         d->errorMsg = tr(deviceNotReady);
         qCWarning(controlLog) << d->errorMsg;
-        d->syncSuccess = status != 0; // Kept: a device that is busy, but not down, counts as read.
+        d->syncSuccess = status != 0; // Kept: a busy device counts as read.
         return false;
     }
     if (!readInterfaceDetail(device)) {
@@ -174,8 +172,8 @@ bool SyncDeviceTask::readEssentials(WeakDevice device)
     return true;
 }
 
-/// Reads screens, layers and files. A failure does not stop the next step, but without screens no
-/// layers are asked for.
+/// Reads screens, layers and files. A failure does not stop the next step, except that layers are
+/// not read without screens.
 void SyncDeviceTask::readRest(WeakDevice device)
 {
     const auto require = [this](bool read, const char *words) {

@@ -23,7 +23,7 @@ constexpr char deviceOffline[] =
 
 constexpr int ordinaryScreens = 6;
 constexpr int multiviewerScreens = 8;
-constexpr qint32 removedFileType = 15; ///< Listed by the device, but not there any more.
+constexpr qint32 removedFileType = 15; ///< The device lists such a file but no longer has it.
 constexpr int statusBarMilliseconds = 5000;
 
 using MultiviewerLayouts = SyncDeviceTaskPrivate::MultiviewerLayouts;
@@ -60,7 +60,7 @@ void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &lay
         device.setActivedScreen(multiviewers.first());
 }
 
-/// Keeps a device silent while it is filled: observers see the finished device, not its parts.
+/// Blocks the signals of a device while it is filled: observers see only the finished device.
 class Silence {
 public:
     explicit Silence(BizModel::Device &device) : m_device(device) { m_device.blockSignals(true); }

@@ -13,20 +13,20 @@ class DeviceChannel;
 
 namespace Tavoro::Control::Internal {
 
-/// State of the task. Handed over between its owner's thread and its own by the start and the end
-/// of a run; only \c runningStatus is shared.
+/// State of the task. It belongs to the task's thread during a run and to the owner's thread at
+/// other times; only \c runningStatus is shared.
 class SyncDeviceTaskPrivate {
 public:
-    using MultiviewerLayouts = QMap<int, QSize>; ///< By number of the screen.
+    using MultiviewerLayouts = QMap<int, QSize>; ///< The key is the ID of the screen.
 
     explicit SyncDeviceTaskPrivate(SyncDeviceTask *task);
     ~SyncDeviceTaskPrivate();
 
-    /// Empties the device that the model already has under the identity of the one being read.
+    /// Clears the device in the model that has the identity of the device to read.
     void clearKnownDevice() const;
     void dropRemovedFiles();
 
-    /// Pours what was read into the model; the result is that of the layers.
+    /// Fills the model with what was read. Returns whether the model took the layers.
     bool initDeviceModelData();
 
     std::shared_ptr<BizModel::Device> device; ///< Empty between runs.

@@ -7,7 +7,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A response without a body to the request with \a head, as the channel itself gives it.
+/// A response without a body that the channel itself gives to the request with \a head.
 inline std::shared_ptr<DeviceResponseCommand> makeResponse(const PacketHead &head, quint16 status)
 {
     auto response = std::make_shared<DeviceResponseCommand>();
@@ -16,14 +16,15 @@ inline std::shared_ptr<DeviceResponseCommand> makeResponse(const PacketHead &hea
     return response;
 }
 
-/// A request that is between the channel and the device alone.
-inline DeviceRequestCommand makeLinkRequest(CommandType type, Wire::LinkCommand command)
+/// A request of the channel itself to the device.
+inline std::shared_ptr<DeviceRequestCommand> makeLinkRequest(CommandType type,
+                                                             Wire::LinkCommand command)
 {
     Wire::WireHead head;
     head.type = static_cast<quint8>(type);
     setCode(head, command);
-    DeviceRequestCommand request;
-    request.head() = Wire::packetHead(head);
+    auto request = std::make_shared<DeviceRequestCommand>();
+    request->head() = Wire::packetHead(head);
     return request;
 }
 

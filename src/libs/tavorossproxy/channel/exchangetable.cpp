@@ -14,11 +14,11 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// How long a caller looks out for its answer before it goes to sleep. To be woken takes as long as
-/// a near device takes to answer.
-constexpr std::chrono::microseconds lookout(200);
+/// How long a caller spins for its answer before it blocks. Waking a blocked thread takes about as
+/// long as a device on the local network needs to answer.
+constexpr std::chrono::microseconds spinTime(200);
 
-/// Longest frame whose storage is kept, in bytes.
+/// Longest frame whose storage is used again, in bytes.
 constexpr int longestKept = 4 << 20;
 
 /// Streams from here on belong to writes, those below to reads.
@@ -58,7 +58,7 @@ bool isSplitWrite(const Wire::WireHead &head)
     return head.type == quint8(CommandType::Write) && head.totalCount > 1;
 }
 
-/// Tags and streams come round, numbers do not. The tags are equal already.
+/// Tags and streams are used again after some time, numbers are not. The tags are equal already.
 bool isAnswerTo(const Wire::WireHead &request, const Wire::WireHead &answer)
 {
     return answer.number == request.number && answer.stream == request.stream;
@@ -79,8 +79,9 @@ Wire::WireHead countedOnce(Wire::WireHead answer)
     return answer;
 }
 
-/// What is wrong with an answer that reads well in itself.
-quint16 misfit(const Wire::WireHead &request, const Wire::WireHead &answer, quint32 maxPacketCount)
+/// The status of an answer that is valid in itself but does not match the request; 0: it matches.
+quint16 mismatch(const Wire::WireHead &request, const Wire::WireHead &answer,
+                 quint32 maxPacketCount)
 {
     if (answer.code() != request.code()
         || std::memcmp(answer.arg2, request.arg2, sizeof answer.arg2) != 0)
@@ -164,7 +165,7 @@ quint16 ExchangeTable::refusalOf(const Wire::WireHead &head, std::size_t bodySiz
     return isKnownType(head.type) && bodySize <= m_maxBody ? quint16(0) : quint16(InvalidRequest);
 }
 
-/// Where a request that needs a place waits for it; null when it needs none, or has one already.
+/// The places in which a request waits for one; null if it needs none or has one already.
 SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
 {
     if (isSplitWrite(head) && m_splitWrites.streamOfThisThread() == 0)
@@ -174,7 +175,7 @@ SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
     return nullptr;
 }
 
-/// The system would take the storage of a long frame back and clear it for the next one.
+/// Without this, the system would take back the storage of a long frame and clear it for the next.
 QByteArray ExchangeTable::takeStorage()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -194,7 +195,7 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
     const std::lock_guard<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[tag];
     if (slot.state != State::Taken)
-        return; // the connection was lost meanwhile
+        return; // the connection was lost in the meantime
     slot.state = State::Unsent;
     slot.frame = std::move(frame);
     m_unsent.push_back(tag);
@@ -207,21 +208,22 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead
     std::unique_lock<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[request.lables];
     if (m_answersQuickly)
-        lookOut(lock, slot, deadline);
+        spinUntilSettled(lock, slot, deadline);
     while (slot.state != State::Settled && m_clock.now() < deadline)
         m_clock.waitUntil(slot.settled, lock, deadline);
-    m_answersQuickly = std::chrono::steady_clock::now() - start < lookout;
+    m_answersQuickly = std::chrono::steady_clock::now() - start < spinTime;
     if (slot.state != State::Settled)
         return giveUp(request.lables);
     slot.state = State::Free;
     return std::move(slot.response);
 }
 
-/// Called with the mutex held by \a lock. Whoever else has something to do is let go first.
-void ExchangeTable::lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                            Clock::TimePoint deadline) const
+/// Called with the mutex held by \a lock. Releases it in each round, so that the answer can be
+/// settled, and lets other threads run.
+void ExchangeTable::spinUntilSettled(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                                     Clock::TimePoint deadline) const
 {
-    const auto end = std::chrono::steady_clock::now() + lookout;
+    const auto end = std::chrono::steady_clock::now() + spinTime;
     while (slot.state != State::Settled && std::chrono::steady_clock::now() < end
            && m_clock.now() < deadline) {
         lock.unlock();
@@ -270,7 +272,7 @@ void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
     }
     answer.head = countedOnce(answer.head);
     if (answer.status == 0)
-        answer.status = misfit(slot.request, answer.head, maxPacketCount);
+        answer.status = mismatch(slot.request, answer.head, maxPacketCount);
     notePacket(slot.request, answer.head, answer.status);
     end(slot, answer.status);
     if (answer.status == 0) {
@@ -298,8 +300,7 @@ ExchangeTable::Counts ExchangeTable::counts() const
     return m_counts;
 }
 
-/// Goes round, so that a tag rests as long as possible before it serves again. 0 when all are
-/// taken.
+/// Takes the tags in turn, so that each stays unused as long as possible. 0 if all are taken.
 quint8 ExchangeTable::freeTag()
 {
     for (int tries = 0; tries < 256; ++tries) {
@@ -359,7 +360,7 @@ void ExchangeTable::end(Slot &slot, quint16 status)
     slot.settled.notify_one();
 }
 
-/// Called with the mutex held, when the time of the request is over.
+/// Called with the mutex held, when the request has timed out.
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
 {
     Slot &slot = m_slots[tag];

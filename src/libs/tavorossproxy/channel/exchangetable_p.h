@@ -20,7 +20,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// The requests in flight on one connection, by their tags.
+/// The requests in flight on one connection, by tag.
 ///
 /// | member                              | thread                       |
 /// |-------------------------------------|------------------------------|
@@ -29,7 +29,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | takeStorage, giveBack               | any                          |
 /// | open, shut, refusal and the counts  | any                          |
 ///
-/// A tag goes round like this; shut() ends every request that is in flight and frees owed tags:
+/// The states of a tag. shut() ends every request in flight and frees owed tags:
 /// \code
 /// Free --begin--> Taken --submit--> Unsent --takeUnsent--> Sent --settle--> Settled --await-->
 /// Free
@@ -40,43 +40,44 @@ class ExchangeTable {
 public:
     explicit ExchangeTable(Clock &clock) : m_clock(clock) { }
 
-    /// Lets requests in whose body is at most \a maxBody long, to be sent over \a connection.
+    /// Accepts requests with bodies of at most \a maxBody bytes, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
-    /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, the
-    /// one with the number \a brokenOff with AnswerTooShort.
+    /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, but
+    /// the one with the number \a brokenOff with AnswerTooShort.
     void shut(quint16 refusal, quint16 status, quint32 brokenOff = 0);
-    /// Why a request is refused now; 0 when it is let in.
+    /// The status with which a request is refused now; 0 if requests are accepted.
     quint16 refusal() const;
 
     struct Ticket {
-        quint16 refusal = 0; ///< 0, or why there is no tag.
-        Wire::WireHead head; ///< The request's, with its tag and its stream.
+        quint16 refusal = 0; ///< 0, or the status with which the request is refused.
+        Wire::WireHead head; ///< The head of the request, with its tag and its stream.
     };
     /// Gives a request a tag and, where it has none, a stream. A request that may begin a split
     /// exchange waits until the device has a place for it, until \a deadline at the latest.
     Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
-    /// Storage for a frame, with any content.
+    /// Returns storage for a frame, with arbitrary content.
     QByteArray takeStorage();
-    /// Hands over the frame that travels.
+    /// Queues the frame of the request for sending.
     void submit(quint8 tag, QByteArray frame);
-    /// Blocks until the answer has come or \a deadline has passed, and gives the tag back. Never
+    /// Blocks until the answer has arrived or \a deadline has passed, and frees the tag. Never
     /// null.
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
                                                  Clock::TimePoint deadline);
 
-    /// The next frame to send, if there is one, with its number.
+    /// Takes the next frame to send, if there is one, and numbers it.
     std::optional<QByteArray> takeUnsent();
-    /// Takes the storage of a frame that was sent, for the next one.
+    /// Keeps the storage of a frame that was sent for the next one.
     void giveBack(QByteArray frame);
-    /// The answer to \a head's tag has begun to arrive.
+    /// The answer with \a head has begun to arrive.
     void noteBegun(const Wire::WireHead &head);
-    /// Gives an answer, or what is wrong with it, to the request that waits for it.
+    /// Ends the request that waits for \a answer, with the answer or with the status of what is
+    /// wrong with it.
     void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
 
-    /// The request that was last sent with this tag; nothing when the last one was not sent at all.
+    /// The request that was sent last with this tag; nothing if the last one was not sent.
     std::optional<Wire::RequestId> lastSent(quint8 tag) const;
 
-    /// Requests that timed out and whose answers may still come.
+    /// Requests that timed out and whose answers may still arrive.
     int owedAnswers() const;
 
     struct Counts {
@@ -96,10 +97,10 @@ private:
     struct Slot {
         State state = State::Free;
         bool begun = false; ///< A part of the answer has arrived.
-        std::optional<Wire::RequestId> sent; ///< Which one it was, for the device.
-        Wire::WireHead request; ///< What the answer must fit.
-        QByteArray frame; ///< In the state Unsent.
-        std::shared_ptr<DeviceResponseCommand> response; ///< In the state Settled.
+        std::optional<Wire::RequestId> sent; ///< How the device knows the request.
+        Wire::WireHead request; ///< What the answer must match.
+        QByteArray frame; ///< In state Unsent.
+        std::shared_ptr<DeviceResponseCommand> response; ///< In state Settled.
         std::condition_variable settled;
     };
 
@@ -109,8 +110,8 @@ private:
     quint8 freeTag();
     quint16 freshStream();
     void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
-    void lookOut(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                 Clock::TimePoint deadline) const;
+    void spinUntilSettled(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                          Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
 
@@ -127,11 +128,11 @@ private:
     SplitPlaces m_splitReads{Wire::keptAnswers};
     SplitPlaces m_splitWrites{Wire::collectedWrites};
     int m_owed = 0;
-    bool m_answersQuickly = true; ///< The last answer came within the lookout.
+    bool m_answersQuickly = true; ///< The last answer arrived within the spin time.
     Counts m_counts;
-    QByteArray m_storage; ///< Of the frame that was sent last.
-    std::deque<quint8> m_unsent; ///< Tags in the state Unsent, in their order.
-    std::array<Slot, 256> m_slots; ///< By tag; 0 is never given.
+    QByteArray m_storage; ///< Storage of the frame that was sent last.
+    std::deque<quint8> m_unsent; ///< Tags in state Unsent, in order of sending.
+    std::array<Slot, 256> m_slots; ///< By tag; 0 is not used.
 };
 
 } // namespace Tavoro::SSProxy::Internal

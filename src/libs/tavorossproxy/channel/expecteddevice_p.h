@@ -6,13 +6,13 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// What a channel knows of its device before the device has told who it is. Any thread.
+/// What a channel knows about its device before the device has identified itself. Any thread.
 class ExpectedDevice {
 public:
-    /// The key of the only identity that is taken; empty: any.
+    /// The key of the only identity that the channel accepts; empty: any.
     virtual std::string expectedIdentity() const = 0;
-    /// True when that is where the channel connects.
-    virtual bool isBoundFor(const QString &host, quint16 port) const = 0;
+    /// Returns true if the channel connects to \a host and \a port.
+    virtual bool connectsTo(const QString &host, quint16 port) const = 0;
 
 protected:
     ~ExpectedDevice() = default;

@@ -1,103 +1,378 @@
 #include "streamchannel_p.h"
 
-#include "channelcore_p.h"
 #include "commands_p.h"
+#include "outcomequery_p.h"
+#include "usableoptions_p.h"
+#include <tavorossproxy/logging_p.h>
+
+#include <tavorowire/checksums.h>
+#include <tavorowire/frame.h>
+#include <tavorowire/hostandport.h>
+#include <tavorowire/linkcommands.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace Tavoro::SSProxy::Internal {
 
 std::shared_ptr<StreamChannel>
 StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
-                    std::shared_ptr<ChannelLoop> loop, const ChannelOptions &options,
+                    std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
                     ReportHandler handler, ControlHandler controlHandler)
 {
-    // Not in one piece with its counts: timers still point weakly at a core that is gone, and would
-    // hold its memory until their time.
-    const std::shared_ptr<ChannelCore> core(new ChannelCore(peerName, std::move(loop), options));
-    auto channel = std::make_shared<StreamChannel>(core);
-    const std::weak_ptr<DeviceChannel> weak = channel;
-    ChannelCore::Handlers handlers;
-    handlers.report = [weak, handler = std::move(handler)](std::shared_ptr<IDeviceCommand> report) {
-        handler(weak, std::move(report));
-    };
-    if (controlHandler)
-        handlers.control = [weak, handler = std::move(controlHandler)](bool isMaster) {
-            handler(weak, isMaster);
-        };
-    core->start(std::move(stream), std::move(handlers));
-    return channel;
+    // Not make_shared: pending timers hold weak_ptrs, which would keep the whole allocation alive
+    // until they fire.
+    std::shared_ptr<StreamChannel> channel(new StreamChannel(peerName, std::move(loop), options));
+    // The loop shares the channel while it works for it, so callers share a handle that stops it.
+    StreamChannel *const address = channel.get();
+    const std::shared_ptr<StreamChannel> handle(
+        address, [channel](StreamChannel *) mutable { std::exchange(channel, {})->stopChannel(); });
+    channel->start(std::move(stream), handle, std::move(handler), std::move(controlHandler));
+    return handle;
 }
 
-StreamChannel::StreamChannel(std::shared_ptr<ChannelCore> core) : m_core(std::move(core)) { }
+StreamChannel::StreamChannel(const QString &peerName, std::shared_ptr<EventLoop> loop,
+                             const ChannelOptions &options)
+    : m_loop(std::move(loop)),
+      m_options(usableOptions(options)),
+      m_refusedFrames(*m_loop, [this] { return this->peerName(); }),
+      m_exchanges(m_loop->clock()),
+      m_peerName(peerName),
+      m_reason(tr("no connection yet"))
+{ }
 
-StreamChannel::~StreamChannel()
+void StreamChannel::start(std::unique_ptr<ByteStream> stream,
+                          const std::weak_ptr<DeviceChannel> &handle, ReportHandler handler,
+                          ControlHandler controlHandler)
 {
-    m_core->stop();
+    const auto name = [this] {
+        return peerName();
+    };
+    const auto handleControl = [handle, call = std::move(controlHandler)](bool isMaster) {
+        if (call)
+            call(handle, isMaster);
+    };
+    const auto handleReport = [handle,
+                               call = std::move(handler)](std::shared_ptr<IDeviceCommand> report) {
+        call(handle, std::move(report));
+    };
+    m_control = std::make_unique<DeviceControl>(*this, *m_loop, name, handleControl);
+    m_reports = std::make_unique<ReportDelivery>(m_loop, m_options, name, handleReport);
+    if (!stream)
+        return stopAccepting(NotInitialized, tr("it has no address"));
+    m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
+    linkConnecting(); // so that a request at once gets the same status as a later one
+    const bool isPosted = m_loop->post([self = shared_from_this()] {
+        self->m_loop->attach(self);
+        if (self->m_link)
+            self->m_link->start();
+    });
+    if (!isPosted)
+        stopAccepting(ThreadNotRunning, tr("the channel is stopped"));
+}
+
+void StreamChannel::stopChannel()
+{
+    stopAccepting(Disconnected, tr("the channel is stopped"));
+    m_loop->post([self = shared_from_this()] {
+        self->endLink();
+        self->m_loop->detach(self.get());
+    });
+}
+
+void StreamChannel::reconnectNow()
+{
+    m_loop->post([self = shared_from_this()] {
+        if (self->m_link)
+            self->m_link->refresh();
+    });
+}
+
+void StreamChannel::moveTo(const QString &host, quint16 port)
+{
+    m_loop->post([self = shared_from_this(), host, port] {
+        if (!self->m_link || !self->m_link->moveTo(host, port))
+            return;
+        QString name = Wire::hostAndPort(host, port);
+        qCInfo(channelLog) << "The device at" << self->peerName() << "has moved to" << name;
+        const std::lock_guard<std::mutex> lock(self->m_mutex);
+        self->m_peerName = std::move(name);
+    });
+}
+
+bool StreamChannel::waitUntilReady(int milliseconds, QString &error)
+{
+    const auto deadline = m_loop->clock().now() + ChannelOptions::Milliseconds(milliseconds);
+    const bool canWait = !m_loop->isCurrentThread();
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (canWait && m_state == State::Waiting && m_loop->clock().now() < deadline)
+        m_loop->clock().waitUntil(m_stateChanged, lock, deadline);
+    if (m_state == State::Ready)
+        return true;
+    error = tr("The device at %1 cannot be reached: %2.").arg(m_peerName, m_reason);
+    return false;
+}
+
+bool StreamChannel::requestControl(ControlAction action, QString &error)
+{
+    return m_control->request(action, error);
+}
+
+RequestOutcome StreamChannel::requestOutcome(quint8 lables)
+{
+    RequestOutcome outcome;
+    if (lables == 0)
+        return outcome; // the packets of a split write have tags of their own
+    if (const auto sent = m_exchanges.lastSent(lables))
+        return queryOutcome(*this, *sent);
+    outcome.state = RequestOutcome::NotArrived; // it was never sent
+    return outcome;
+}
+
+ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_info;
+}
+
+ChannelStatistics StreamChannel::statistics() const
+{
+    const auto counts = m_exchanges.counts();
+    ChannelStatistics statistics;
+    statistics.connections = m_connections;
+    statistics.requests = counts.requests;
+    statistics.timeouts = counts.timeouts;
+    statistics.lateAnswers = counts.lateAnswers;
+    statistics.strayAnswers = counts.strayAnswers;
+    statistics.reports = m_reports->delivered();
+    statistics.droppedReports = m_reports->dropped();
+    statistics.protocolErrors = m_refusedFrames.count();
+    return statistics;
+}
+
+bool StreamChannel::connectsTo(const QString &host, quint16 port) const
+{
+    return peerName() == Wire::hostAndPort(host, port);
+}
+
+QString StreamChannel::peerName() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_peerName;
 }
 
 std::shared_ptr<DeviceResponseCommand>
 StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
 {
-    return request ? m_core->exchange(*request) : makeResponse({}, InvalidRequest);
+    return request ? exchange(*request) : makeResponse({}, InvalidRequest);
 }
 
-ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const
+std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestCommand &request)
 {
-    return m_core->info();
+    const auto deadline = m_loop->clock().now()
+        + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
+    request.head().lables = 0; // the tag of an earlier exchange would be taken for this one's
+    if (m_loop->isCurrentThread())
+        return makeResponse(request.head(), CalledOnChannelThread);
+    const auto ticket = m_exchanges.begin(request, deadline);
+    if (ticket.refusal != 0)
+        return makeResponse(request.head(), ticket.refusal);
+
+    request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
+    QByteArray frame = m_exchanges.takeStorage();
+    Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
+    m_exchanges.submit(ticket.head.lables, std::move(frame));
+    postSending();
+    auto response = m_exchanges.await(ticket.head, deadline);
+
+    const quint64 connection = m_connections; // read first: a newer connection is left alone
+    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
+        closeConnection(connection, tr("it owes too many answers"));
+    else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
+             && hasStalled())
+        closeConnection(connection, tr("it stopped in the middle of a frame"));
+    return response;
 }
 
-bool StreamChannel::isHardwareReadFinished()
+void StreamChannel::postSending()
 {
-    return m_core->isReady();
+    if (m_isSendingPosted.exchange(true))
+        return;
+    m_loop->post([self = shared_from_this()] {
+        self->m_isSendingPosted = false;
+        self->sendUnsent();
+    });
 }
 
-bool StreamChannel::isMasterControl()
+void StreamChannel::sendUnsent()
 {
-    return m_core->isMaster();
+    while (m_link && m_link->canSend()) {
+        auto frame = m_exchanges.takeUnsent();
+        if (!frame)
+            return;
+        m_link->send(*frame);
+        m_exchanges.giveBack(std::move(*frame));
+    }
 }
 
-void StreamChannel::stopChannel()
+bool StreamChannel::hasStalled() const
 {
-    m_core->stop();
+    const Clock::TimePoint progress = m_lastFrameProgress;
+    return progress != Clock::TimePoint()
+        && m_loop->clock().now() - progress >= m_options.stalledAnswerTimeout;
 }
 
-bool StreamChannel::waitUntilReady(int milliseconds, QString &error)
+/// Called on a caller's thread. The channel is not ready from here on, so that waitUntilReady()
+/// waits for the new connection.
+void StreamChannel::closeConnection(quint64 connection, const QString &reason)
 {
-    return m_core->waitUntilReady(ChannelOptions::Milliseconds(milliseconds), error);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state != State::Ready || m_connections != connection)
+            return;
+        m_state = State::Waiting;
+        m_reason = reason;
+        m_exchanges.shut(Disconnected, Disconnected);
+    }
+    m_loop->post([self = shared_from_this(), connection, reason] {
+        if (self->m_link && self->m_connections == connection)
+            self->m_link->drop(Disconnected, reason);
+    });
 }
 
-void StreamChannel::reconnectNow()
+/// For good. \a refusal is the status of requests from now on, and of those in flight.
+void StreamChannel::stopAccepting(quint16 refusal, const QString &reason)
 {
-    m_core->reconnectNow();
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        m_state = State::Stopped;
+        m_reason = reason;
+        m_exchanges.shut(refusal, refusal);
+    }
+    m_stateChanged.notify_all();
 }
 
-void StreamChannel::moveTo(const QString &host, quint16 port)
+void StreamChannel::loopEnding()
 {
-    m_core->moveTo(host, port);
+    stopAccepting(ThreadNotRunning, tr("the channel is stopped"));
+    endLink();
 }
 
-bool StreamChannel::requestControl(ControlAction action, QString &error)
+void StreamChannel::endLink()
 {
-    return m_core->requestControl(action, error);
+    releaseConnection();
+    if (!m_link)
+        return;
+    m_link->stop();
+    m_link.reset();
+    m_reports->stop();
+    m_refusedFrames.stop();
+    m_control->stop();
 }
 
-RequestOutcome StreamChannel::requestOutcome(quint8 lables)
+bool StreamChannel::linkMayConnect()
 {
-    return m_core->requestOutcome(lables);
+    if (!m_holdsConnection && m_loop->connections < m_options.maxConnections) {
+        ++m_loop->connections;
+        m_holdsConnection = true;
+    }
+    return m_holdsConnection;
 }
 
-ChannelStatistics StreamChannel::statistics() const
+void StreamChannel::releaseConnection()
 {
-    return m_core->statistics();
+    m_loop->connections -= m_holdsConnection;
+    m_holdsConnection = false;
 }
 
-std::string StreamChannel::expectedIdentity() const
+void StreamChannel::linkConnecting()
 {
-    return m_core->expectedIdentity();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_state != State::Stopped)
+        m_exchanges.shut(Connecting, Disconnected);
 }
 
-bool StreamChannel::isBoundFor(const QString &host, quint16 port) const
+void StreamChannel::linkIdentifying(const QString &reason)
 {
-    return m_core->peerName() == ChannelCore::peerNameOf(host, port);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_state != State::Stopped)
+        m_reason = reason;
+}
+
+void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
+{
+    const QString name = QString::fromStdString(info.name);
+    const bool isMaster = info.controlState == quint8(Wire::ControlState::Yours);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        m_exchanges.open(info.maxPacketSize, m_link->connectionId());
+        m_info = std::move(info);
+        m_state = State::Ready;
+        ++m_connections;
+    }
+    m_stateChanged.notify_all();
+    qCInfo(channelLog) << "Connected to" << peerName() << name;
+    m_control->begin(isMaster);
+}
+
+void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brokenOff)
+{
+    releaseConnection();
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state == State::Stopped)
+            return;
+        // After a loss the refusal is always Disconnected; after a failed attempt it is the cause.
+        m_exchanges.shut(m_state == State::Ready ? quint16(Disconnected) : status, status,
+                         brokenOff);
+        m_state = State::Waiting;
+        m_reason = reason;
+        m_lastFrameProgress = Clock::TimePoint();
+    }
+    qCWarning(channelLog) << "No connection to" << peerName() << reason;
+}
+
+void StreamChannel::linkReceived(Wire::FrameEvent &&event)
+{
+    if (event.status != 0)
+        m_refusedFrames.add(event.status);
+    if (event.fatal)
+        return;
+    const bool isAboutControl =
+        event.status == 0 && hasCode(event.head, Wire::LinkCommand::Control);
+    if (isAboutControl)
+        m_control->take(event);
+    // A frame of a kind that a device does not send was probably meant as an answer.
+    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
+        m_exchanges.settle(std::move(event), m_options.maxPacketCount);
+        m_loop->expectCall();
+    } else if (event.status == 0 && !isAboutControl) {
+        m_reports->take(std::move(event));
+    }
+}
+
+void StreamChannel::linkReceiving(const Wire::WireHead &head)
+{
+    if (head.kind == quint8(Wire::FrameKind::Response))
+        m_exchanges.noteBegun(head);
+}
+
+void StreamChannel::linkProgressed(Clock::TimePoint lastProgress)
+{
+    m_lastFrameProgress = lastProgress;
+}
+
+void StreamChannel::linkWantsTick(Clock::TimePoint time)
+{
+    m_loop->postAt(time, [weak = weak_from_this(), time] {
+        const auto self = weak.lock();
+        if (self && self->m_link)
+            self->m_link->tick(time);
+    });
 }
 
 } // namespace Tavoro::SSProxy::Internal

@@ -1,45 +1,59 @@
 #pragma once
 
+#include "channellink_p.h"
+#include "devicecontrol_p.h"
+#include "exchangetable_p.h"
 #include "expecteddevice_p.h"
-#include <tavorossproxy/io/bytestream_p.h>
-#include <tavorossproxy/io/channelloop_p.h>
+#include "refusedframes_p.h"
+#include "reportdelivery_p.h"
+#include <tavorossproxy/io/eventloop_p.h>
 
-#include <tavorossproxy/channeloptions.h>
 #include <tavorossproxy/networkchannel.h>
 
+#include <atomic>
+#include <condition_variable>
 #include <functional>
-
-namespace Tavoro::SSProxy {
-class IDeviceCommand;
-}
+#include <memory>
+#include <mutex>
 
 namespace Tavoro::SSProxy::Internal {
 
-class ChannelCore;
+/// A channel over any stream of bytes.
+///
+/// | member                                    | thread                                     |
+/// |-------------------------------------------|--------------------------------------------|
+/// | the public functions                      | any                                        |
+/// | m_link, its events, m_refusedFrames       | that of the loop                           |
+/// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
+/// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
+class StreamChannel final : public NetworkChannel,
+                            public ExpectedDevice,
+                            public std::enable_shared_from_this<StreamChannel>,
+                            public EventLoop::User,
+                            public ChannelLink::Events {
+    Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::StreamChannel)
 
-/// A channel over any stream of bytes. Stops when it is destroyed.
-class StreamChannel final : public NetworkChannel, public ExpectedDevice {
 public:
     using ReportHandler =
         std::function<void(std::weak_ptr<DeviceChannel>, std::shared_ptr<IDeviceCommand>)>;
-
     using ControlHandler = std::function<void(std::weak_ptr<DeviceChannel>, bool isMaster)>;
 
-    /// Begins to connect and returns at once. Reports go to \a handler, and what isMasterControl()
-    /// has changed to goes to \a controlHandler, on the thread of \a loop.
+    /// Begins to connect and returns at once. Without a stream the channel is never opened.
+    /// \a peerName is the device's name for users. \a handler gets reports, and \a controlHandler,
+    /// which may be empty, what isMasterControl() has changed to; both on the thread of \a loop.
+    /// The channel stops when the last reference to it is released.
     static std::shared_ptr<StreamChannel> open(const QString &peerName,
                                                std::unique_ptr<ByteStream> stream,
-                                               std::shared_ptr<ChannelLoop> loop,
+                                               std::shared_ptr<EventLoop> loop,
                                                const ChannelOptions &options, ReportHandler handler,
                                                ControlHandler controlHandler = {});
-    explicit StreamChannel(std::shared_ptr<ChannelCore> core);
-    ~StreamChannel() override;
 
     std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) override;
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const override;
-    bool isHardwareReadFinished() override;
-    bool isMasterControl() override;
+    bool isHardwareReadFinished() override { return m_exchanges.refusal() == 0; }
+    bool isMasterControl() override { return m_control->isMaster(); }
     void stopChannel() override;
     bool waitUntilReady(int milliseconds, QString &error) override;
     void reconnectNow() override;
@@ -47,11 +61,63 @@ public:
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
     ChannelStatistics statistics() const override;
-    std::string expectedIdentity() const override;
-    bool isBoundFor(const QString &host, quint16 port) const override;
+    std::string expectedIdentity() const override { return m_options.identity; }
+    bool connectsTo(const QString &host, quint16 port) const override;
 
 private:
-    const std::shared_ptr<ChannelCore> m_core;
+    enum class State {
+        Waiting,
+        Ready,
+        Stopped
+    };
+
+    StreamChannel(const QString &peerName, std::shared_ptr<EventLoop> loop,
+                  const ChannelOptions &options);
+
+    void start(std::unique_ptr<ByteStream> stream, const std::weak_ptr<DeviceChannel> &handle,
+               ReportHandler handler, ControlHandler controlHandler);
+
+    bool linkMayConnect() override;
+    void linkConnecting() override;
+    void linkIdentifying(const QString &reason) override;
+    void linkReady(ProtoModel::DeviceBaseInfo info) override;
+    void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
+    void linkWritable() override { sendUnsent(); }
+    void linkReceived(Wire::FrameEvent &&event) override;
+    void linkReceiving(const Wire::WireHead &head) override;
+    void linkProgressed(Clock::TimePoint lastProgress) override;
+    void linkWantsTick(Clock::TimePoint time) override;
+    void loopEnding() override;
+
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    void postSending();
+    void sendUnsent();
+    bool hasStalled() const;
+    void closeConnection(quint64 connection, const QString &reason);
+    void releaseConnection();
+    void stopAccepting(quint16 refusal, const QString &reason);
+    void endLink();
+    QString peerName() const;
+
+    const std::shared_ptr<EventLoop> m_loop;
+    const ChannelOptions m_options;
+    std::unique_ptr<DeviceControl> m_control; ///< Set before the channel is used.
+    std::unique_ptr<ReportDelivery> m_reports; ///< Set before the channel is used.
+    std::unique_ptr<ChannelLink> m_link;
+    RefusedFrames m_refusedFrames;
+    bool m_holdsConnection = false; ///< The loop counts this channel's connection.
+    ExchangeTable m_exchanges;
+    std::atomic<bool> m_isSendingPosted{false};
+    std::atomic<quint64> m_connections{0};
+    /// When the unfinished frame that arrives last made progress; the epoch if there is none.
+    std::atomic<Clock::TimePoint> m_lastFrameProgress{Clock::TimePoint()};
+
+    mutable std::mutex m_mutex; // only m_exchanges is called while it is held
+    std::condition_variable m_stateChanged;
+    State m_state = State::Waiting; // guarded by m_mutex
+    QString m_peerName; // guarded by m_mutex
+    QString m_reason; // guarded by m_mutex: why the channel is not ready
+    ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
 };
 
 } // namespace Tavoro::SSProxy::Internal

@@ -5,7 +5,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// An address as text, in the form of IPv4 where it is one.
+/// Returns an address as text; an IPv4 address that is mapped to IPv6 in its IPv4 form.
 inline QString addressText(const QHostAddress &address)
 {
     bool isIpv4 = false;

@@ -9,16 +9,17 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// One connection at a time to one peer, as a channel sees it. Calls and events are on the thread
-/// of the channel's loop; the stream is destroyed there too.
+/// A stream of bytes to a peer, with one connection at a time. Calls and events are on the loop's
+/// thread, where the stream is destroyed too.
 class ByteStream {
 public:
     class Events {
     public:
         virtual void streamOpened(const std::string &peerAddress) = 0;
         virtual void streamReceived(std::string_view bytes) = 0;
-        /// All that was written has left for the network.
+        /// The system has taken all bytes that were written.
         virtual void streamDrained() = 0;
+        /// The connection was lost, or the attempt has failed.
         virtual void streamClosed(const QString &reason) = 0;
 
     protected:
@@ -27,14 +28,15 @@ public:
 
     virtual ~ByteStream() = default;
 
-    /// Begins to connect. streamOpened() or streamClosed() follows, not from within the call.
+    /// Begins to connect. streamOpened() or streamClosed() follows, after the call has returned.
     virtual void open(Events &events) = 0;
     /// Ends the connection or the attempt. No event follows.
     virtual void close() = 0;
+    /// Never blocks. Bytes that the system does not take at once wait in the stream.
     virtual void write(const QByteArray &bytes) = 0;
-    /// Where the next open() connects to. False when that is so already.
+    /// Sets where the next open() connects to. Returns false if that is unchanged.
     virtual bool setPeer(const QString &host, quint16 port) = 0;
-    /// Bytes that were written and have not left yet.
+    /// Returns how many written bytes the system has not taken yet.
     virtual qint64 unsentBytes() const = 0;
 };
 

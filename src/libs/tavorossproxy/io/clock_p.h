@@ -6,17 +6,17 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// As good as never, and far from the end of the clock.
+/// Longest time that is waited for; longer ones could overflow the clock.
 constexpr std::chrono::hours longestTime(24);
 
-/// The time by which requests end. Any thread.
+/// The clock of timeouts and pauses. Any thread.
 class Clock {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
 
     virtual ~Clock() = default;
     virtual TimePoint now() const = 0;
-    /// Waits until \a condition is notified or \a deadline has come; may return early for no
+    /// Waits until \a condition is notified or \a deadline is reached; may return early without a
     /// reason.
     virtual void waitUntil(std::condition_variable &condition, std::unique_lock<std::mutex> &lock,
                            TimePoint deadline) = 0;

@@ -26,7 +26,7 @@ constexpr TypeRow typeRows[] = {
     {"device-preset", Type::DevicePreset},
 };
 
-constexpr int mostNumber = 254; ///< Of types and files.
+constexpr int mostNumber = 254; ///< The highest type and the highest ID: 255 stands for all.
 
 QString typeNames()
 {
@@ -60,14 +60,12 @@ bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QSt
 {
     const std::optional<int> known = parseFileType(type);
     if (!known)
-        fault = QStringLiteral("\"%1\" is no type of files, which is 0 to %2 or one of: %3")
+        fault = QStringLiteral("\"%1\" is not a file type; use 0 to %2 or one of: %3")
                     .arg(type)
                     .arg(mostNumber)
                     .arg(typeNames());
     else if (!readNumber(id, mostNumber, place.id))
-        fault = QStringLiteral("\"%1\" is no number of a file, which is 0 to %2")
-                    .arg(id)
-                    .arg(mostNumber);
+        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)").arg(id).arg(mostNumber);
     place.type = known.value_or(0);
     return fault.isEmpty();
 }

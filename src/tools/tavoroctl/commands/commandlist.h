@@ -2,7 +2,8 @@
 
 #include "tool.h"
 
-/// What the rows of the table of commands run. Each takes as many words as its row tells.
+/// The functions behind the table of commands. Each expects the number of words that its row
+/// allows.
 namespace Tavoro::Ctl {
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments);
@@ -12,6 +13,8 @@ ExitStatus runFiles(Tool &tool, const Arguments &arguments);
 ExitStatus runList(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetApply(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);
+ExitStatus runProjectApply(Tool &tool, const Arguments &arguments);
+ExitStatus runProjectSave(Tool &tool, const Arguments &arguments);
 ExitStatus runPull(Tool &tool, const Arguments &arguments);
 ExitStatus runPush(Tool &tool, const Arguments &arguments);
 ExitStatus runReboot(Tool &tool, const Arguments &arguments);

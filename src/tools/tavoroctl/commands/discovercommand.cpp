@@ -23,7 +23,7 @@ QString lineOf(const ProtoModel::DeviceBaseInfo &device)
         .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)), textOf(device.name));
 }
 
-/// Names are not looked up, and only networks of IPv4 are asked.
+/// Discovery works in IPv4 networks only, and does not resolve names.
 std::optional<Host> parseTarget(const QString &word)
 {
     const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);
@@ -49,7 +49,7 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
         return fail(tool, error);
     for (const ProtoModel::DeviceBaseInfo &device : devices)
         tool.console.answer(lineOf(device));
-    return devices.empty() ? fail(tool, QStringLiteral("No device has answered.")) : Done;
+    return devices.empty() ? fail(tool, QStringLiteral("No device answered.")) : Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -5,6 +5,7 @@
 #include <tavorocontrol/auxiliary.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/session/interruption.h>
+#include <tavorossproxy/networkchannel.h>
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -18,31 +19,35 @@ using namespace ProtoModel::Auxiliary;
 
 namespace {
 
-constexpr int lookInterval = 200; ///< Milliseconds between two looks at the progress.
-constexpr int whole = 100; ///< The rate of what is done.
+constexpr int lookInterval = 200; ///< Milliseconds between two reads of the progress.
+constexpr int whole = 100; ///< The rate of a finished upgrade.
+
+const QString continues = QStringLiteral("The device continues with the upgrade.");
 
 QString unitName(const s_UpgradePartPercent &part)
 {
     return QStringLiteral("slot %1, type %2").arg(part.slotId).arg(part.type);
 }
 
-/// Looks at the progress again and again, and tells each unit as it comes to its end.
+/// Reads the progress again and again, and shows each unit when it is finished.
 class Follower {
 public:
-    Follower(Tool &tool, const std::shared_ptr<BizModel::Device> &device, bool mayBeAway)
-        : m_tool(tool), m_device(device), m_mayBeAway(mayBeAway)
+    Follower(Tool &tool, const std::shared_ptr<BizModel::Device> &device)
+        : m_tool(tool), m_device(device)
     { }
 
-    /// Nothing while the upgrade goes on.
+    /// The exit status, or nothing while the upgrade continues.
     std::optional<ExitStatus> look()
     {
+        QElapsedTimer asked;
+        asked.start();
         s_UpgradePercent progress;
         QString error;
         if (!m_device.readUpgradeProgress(progress, error))
-            return judgeSilence(error);
-        m_away.invalidate();
+            return judgeFailure(asked, error);
+        m_unknownSince.invalidate();
         m_tool.console.progress(progress.rate, QStringLiteral("upgrade"));
-        tellUnits(progress);
+        showFinishedUnits(progress);
         if (progress.result != 0)
             return fail(m_tool, QStringLiteral("The upgrade failed at %1 %.").arg(progress.rate));
         if (progress.rate < whole)
@@ -52,20 +57,22 @@ public:
     }
 
 private:
-    /// A device that restarts does not answer for a while.
-    std::optional<ExitStatus> judgeSilence(const QString &error)
+    /// A device does not answer while it restarts, and a connection may be lost: neither ends the
+    /// upgrade. Gives up when the progress has been unknown for the time of --timeout.
+    std::optional<ExitStatus> judgeFailure(const QElapsedTimer &asked, const QString &error)
     {
-        if (!m_away.isValid())
-            m_away.start();
-        if (m_mayBeAway && !m_away.hasExpired(m_tool.timeout))
+        if (!m_unknownSince.isValid())
+            m_unknownSince = asked;
+        if (!m_unknownSince.hasExpired(m_tool.timeout))
             return std::nullopt;
-        return fail(m_tool, error);
+        m_tool.console.error(error);
+        return fail(m_tool, continues);
     }
 
-    void tellUnits(const s_UpgradePercent &progress)
+    void showFinishedUnits(const s_UpgradePercent &progress)
     {
-        for (; m_told < progress.parts.size(); ++m_told) {
-            const s_UpgradePartPercent &part = progress.parts.at(m_told);
+        for (; m_shown < progress.parts.size(); ++m_shown) {
+            const s_UpgradePartPercent &part = progress.parts.at(m_shown);
             if (part.result == 0 && part.rate < whole)
                 return;
             const QString outcome = part.result == 0
@@ -77,17 +84,16 @@ private:
 
     Tool &m_tool;
     Control::Auxiliary m_device;
-    const bool m_mayBeAway;
-    QElapsedTimer m_away; ///< Since the device stopped answering.
-    std::size_t m_told = 0; ///< Units that have come to their end, in their order.
+    QElapsedTimer m_unknownSince; ///< Invalid while the progress can be read.
+    std::size_t m_shown = 0; ///< Units that have been shown, in their order.
 };
 
-ExitStatus follow(Tool &tool, Follower &follower)
+ExitStatus follow(Tool &tool, const std::shared_ptr<BizModel::Device> &device)
 {
+    Follower follower(tool, device);
     QEventLoop loop;
-    const Interruption interruption([&] {
-        loop.exit(fail(tool, QStringLiteral("Interrupted. The device goes on with the upgrade.")));
-    });
+    const Interruption interruption(
+        [&] { loop.exit(fail(tool, QStringLiteral("Interrupted. ") + continues)); });
     QTimer timer;
     timer.setInterval(lookInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
@@ -98,11 +104,36 @@ ExitStatus follow(Tool &tool, Follower &follower)
     return static_cast<ExitStatus>(loop.exec());
 }
 
+bool isUpgrading(const std::shared_ptr<BizModel::Device> &device)
+{
+    s_UpgradePercent progress;
+    QString error;
+    return Control::Auxiliary(device).readUpgradeProgress(progress, error)
+        && !progress.parts.empty() && progress.result == 0 && progress.rate < whole;
+}
+
+/// Starts the upgrade unless one is running: a device that takes a second start might begin again.
+/// False with the reason in \a error if none is running afterwards.
+bool start(Tool &tool, const std::shared_ptr<BizModel::Device> &device,
+           const s_UpgradeDetail &upgrade, QString &error)
+{
+    if (!isUpgrading(device)) {
+        if (Control::Auxiliary(device).setUgradeConfig(upgrade, error))
+            return true;
+        // The answer may be lost, or another client may have been faster.
+        QString ignored;
+        if (!tool.session.channel(*device)->waitUntilReady(tool.timeout, ignored)
+            || !isUpgrading(device))
+            return false;
+    }
+    tool.console.answer(QStringLiteral("Following the upgrade that is running on the device."));
+    return true;
+}
+
 } // namespace
 
 ExitStatus runUpgrade(Tool &tool, const Arguments &arguments)
 {
-    const bool reboot = arguments.options.contains(QStringLiteral("reboot"));
     const QString package = arguments.words.at(1);
     if (package.isEmpty())
         return refuseEmpty(tool, QStringLiteral("PACKAGE"));
@@ -110,16 +141,13 @@ ExitStatus runUpgrade(Tool &tool, const Arguments &arguments)
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)
         return status;
-    // Each failed look at a device that restarts would be told otherwise.
+    // The status bar would show each read of the progress that fails.
     tool.console.showStatusBar(StatusBar::Nothing);
     s_UpgradeDetail upgrade;
     upgrade.filePath = package.toStdString();
-    upgrade.reboot = reboot ? 1 : 0;
+    upgrade.reboot = arguments.options.contains(QStringLiteral("reboot")) ? 1 : 0;
     QString error;
-    if (!Control::Auxiliary(device).setUgradeConfig(upgrade, error))
-        return fail(tool, error);
-    Follower follower(tool, device, reboot);
-    return follow(tool, follower);
+    return start(tool, device, upgrade, error) ? follow(tool, device) : fail(tool, error);
 }
 
 } // namespace Tavoro::Ctl

@@ -109,6 +109,7 @@ constexpr Operation operations[] = {
     {"File.writeCreateProjectFile",           Command::FileCreateProject,           writes<&File::writeCreateProjectFile>},
     {"File.writeCreateLogFile",               Command::FileCreateLog,               writes<&File::writeCreateLogFile>},
     {"File.edidCreateFileBinary",             Command::FileCreateEdid,              writes<&File::edidCreateFileBinary>},
+    {"File.writeApplyProjectFile",            Command::ProjectApply,                writes<&File::writeApplyProjectFile>},
 
     {"Auxiliary.writeRestartShutdown",        Command::AuxiliaryRestartShutdown,    writes<&Auxiliary::writeRestartShutdown>},
     {"Auxiliary.writeFactoryType",            Command::AuxiliaryFactoryReset,       writes<&Auxiliary::writeFactoryType>},

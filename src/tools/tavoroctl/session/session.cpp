@@ -5,11 +5,14 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorowire/hostandport.h>
 
+#include <chrono>
+#include <limits>
+
 namespace Tavoro::Ctl {
 
 namespace {
 
-/// A model of the device that the request path can find the channel by.
+/// A model device by which the request path finds the channel.
 std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
 {
     constexpr unsigned short withoutNumber = 65535;
@@ -26,13 +29,21 @@ QString textOf(const Host &host)
     return SSProxy::Wire::hostAndPort(host.name, host.port);
 }
 
-/// Whether the request path takes the two for one device.
+/// Whether the request path would confuse the two devices.
 bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::DeviceBaseInfo &other)
 {
     return one.ip == other.ip && one.mac == other.mac && one.sn == other.sn;
 }
 
 } // namespace
+
+Session::Session(const Limits &limits) : m_limits(limits)
+{
+    if (limits.request > 0)
+        m_options.maxRequestTime = std::chrono::milliseconds(limits.request);
+    // A person waits at the terminal while a device restarts.
+    m_options.longestReconnectPause = std::chrono::seconds(1);
+}
 
 Session::~Session()
 {
@@ -42,19 +53,25 @@ Session::~Session()
     }
 }
 
+void Session::acceptAnyPacketCount()
+{
+    m_options.maxPacketCount =
+        std::numeric_limits<qint32>::max(); // The longest file, byte by byte.
+}
+
 std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &error)
 {
     const auto known = m_connections.find({host.name, host.port});
     if (known != m_connections.end())
         return known->second.device;
-    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port);
-    if (!channel->waitUntilReady(m_timeout, error)) {
+    const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port, m_options);
+    if (!channel->waitUntilReady(m_limits.ready, error)) {
         channel->stopChannel();
         return nullptr;
     }
     if (const auto twin = findTwin(host, *channel)) {
-        error = QStringLiteral("The devices at %1 and %2 tell the same identity; a batch cannot "
-                               "tell them apart.")
+        error = QStringLiteral("The devices at %1 and %2 report the same identity; a batch cannot "
+                               "use both.")
                     .arg(textOf(*twin), textOf(host));
         channel->stopChannel();
         return nullptr;
@@ -65,7 +82,7 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
     return connection.device;
 }
 
-/// On one port of one address it is the same device under another name.
+/// The same identity at the same port is the same device under another host name.
 std::optional<Host> Session::findTwin(const Host &host,
                                       const SSProxy::NetworkChannel &channel) const
 {

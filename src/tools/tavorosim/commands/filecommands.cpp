@@ -3,7 +3,6 @@
 #include "handlers_p.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace Tavoro::Sim {
 
@@ -14,9 +13,8 @@ namespace {
 
 constexpr std::size_t longestName = 255; ///< Bytes.
 constexpr std::size_t mostUploads = 16; ///< At a time on one connection.
-constexpr qint64 longestContent = std::numeric_limits<qint32>::max();
 
-/// What a progress report says of a transfer.
+/// The type of a transfer in a progress report.
 enum TransferType : qint32 {
     ToDevice = 1,
 };
@@ -36,6 +34,8 @@ DeviceStatus checkAnnounced(const SimState &state, const s_FileInfo &file)
 {
     if (!isFileIdentity(file) || !isFileName(file.general) || file.size.length < 0)
         return DeviceStatus::ValueOutOfRange;
+    if (file.size.length > state.files.longestContent())
+        return DeviceStatus::BodyTooLong;
     const bool hasInterface = keyOf(file.interfaceIds) != InterfaceKey{};
     return hasInterface && !find(state, file.interfaceIds) ? DeviceStatus::NoSuchObject
                                                            : DeviceStatus::Success;
@@ -52,7 +52,7 @@ void reportProgress(const FileKey &key, qint32 percent, TransferStatus status, R
     reports.push_back({Command::FileTransferProgress, encoded(std::vector{progress})});
 }
 
-/// The upload that the packet belongs to, a new one for a first packet; null if it is out of turn.
+/// The upload of the packet, a new one for a first packet; null if the packet is out of order.
 Upload *findUpload(SimState &state, const Request &request)
 {
     Uploads &uploads = *request.uploads;
@@ -68,7 +68,7 @@ Upload *findUpload(SimState &state, const Request &request)
     return isNext ? upload : nullptr;
 }
 
-/// Puts a content that has wholly arrived in its place.
+/// Stores a complete content.
 DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingContent content)
 {
     const s_FileSize &size = announced.size;
@@ -88,11 +88,12 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
     return status;
 }
 
-/// Takes a packet that is due.
+/// Takes the expected packet.
 DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
                   const Request &request)
 {
-    const qint64 limit = announced.size.length != 0 ? announced.size.length : longestContent;
+    const qint64 limit =
+        announced.size.length != 0 ? announced.size.length : state.files.longestContent();
     const auto length = static_cast<qint64>(request.body.size());
     if (upload.content.length() + length > limit)
         return announced.size.length != 0 ? DeviceStatus::WrongContent : DeviceStatus::BodyTooLong;

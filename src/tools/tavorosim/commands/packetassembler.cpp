@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 
 namespace Tavoro::Sim {
 
@@ -45,12 +46,13 @@ void forgetStream(Streams &streams, const WireHead &head)
         streams.erase(stream);
 }
 
-template <class Streams, class Stream>
-void keepStream(Streams &streams, Stream stream)
+template <class Streams>
+std::size_t bytesIn(const Streams &streams)
 {
-    streams.push_back(std::move(stream));
-    if (streams.size() > PacketAssembler::mostStreams)
-        streams.pop_front();
+    return std::accumulate(
+        streams.begin(), streams.end(), std::size_t{0}, [](std::size_t sum, const auto &stream) {
+            return sum + stream.body.size() + (stream.ahead ? stream.ahead->body.size() : 0);
+        });
 }
 
 } // namespace
@@ -61,14 +63,50 @@ PacketAssembler::PacketAssembler(quint32 packetSize, CarryOut carryOut)
 
 PacketAssembler::Packet PacketAssembler::answer(const WireHead &head, std::string body)
 {
-    if (body.size() > m_packetSize)
+    if (body.size() > m_packetSize) {
+        forgetStream(m_writes, head);
         return emptyAnswer(head, DeviceStatus::BodyTooLong);
+    }
+    return head.sendCount == 0 ? answerFirst(head, std::move(body))
+                               : answerFurther(head, std::move(body));
+}
+
+/// A packet that begins an exchange.
+PacketAssembler::Packet PacketAssembler::answerFirst(const WireHead &head, std::string body)
+{
+    if (isOfType(head, CommandType::Write) || isOfType(head, CommandType::BinaryWrite))
+        forgetStream(m_writes, head);
+    if (!isOfType(head, CommandType::Write) || head.totalCount <= 1)
+        return answerWhole(head, std::move(body));
+    if (m_writes.size() >= mostStreams || bytesIn(m_writes) + body.size() > mostCollected)
+        return emptyAnswer(head, DeviceStatus::Busy);
+    m_writes.push_back(Stream{head, 1, head.totalCount, std::move(body), nullptr});
+    return emptyAnswer(head, DeviceStatus::Success);
+}
+
+PacketAssembler::Packet PacketAssembler::answerFurther(const WireHead &head, std::string body)
+{
+    if (belongsToWrite(head))
+        return collect(head, std::move(body));
     if (isOfType(head, CommandType::BinaryWrite))
         return answerWhole(head, std::move(body));
+    return handOut(head);
+}
+
+/// True if a further packet has its turn in the split write of its stream, also when its type is
+/// wrong there.
+bool PacketAssembler::belongsToWrite(const WireHead &head)
+{
     if (isOfType(head, CommandType::Write))
-        return head.totalCount > 1 ? collect(head, std::move(body))
-                                   : answerWhole(head, std::move(body));
-    return head.sendCount > 0 ? handOut(head) : answerWhole(head, std::move(body));
+        return true;
+    const auto write = findStream(m_writes, head.stream);
+    if (write == m_writes.end())
+        return false;
+    // The packets of a content belong together by their file, whatever their stream.
+    constexpr auto fileImport = static_cast<quint16>(Command::FileImport);
+    if (isOfType(head, CommandType::BinaryWrite) && head.code() == fileImport)
+        return write->first.code() == fileImport;
+    return findStream(m_answers, head.stream) == m_answers.end();
 }
 
 PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::string body)
@@ -92,30 +130,30 @@ PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::
         stream.totalCount = static_cast<quint32>((length + m_packetSize - 1) / m_packetSize);
     Packet first = piece(head, stream, 0);
     if (stream.totalCount > 1) {
-        keepStream(m_answers, std::move(stream));
+        keepAnswer(std::move(stream));
         m_handedOut = quint16{head.stream}; // the field is packed: no reference to it
     }
     return first;
 }
 
+void PacketAssembler::keepAnswer(Stream answer)
+{
+    m_answers.push_back(std::move(answer));
+    while (m_answers.size() > mostStreams
+           || (m_answers.size() > 1 && bytesIn(m_answers) > mostKept))
+        m_answers.pop_front();
+}
+
+/// The next packet of a split write. A refusal drops what was collected.
 PacketAssembler::Packet PacketAssembler::collect(const WireHead &head, std::string body)
 {
-    auto stream = findStream(m_writes, head.stream);
-    if (head.sendCount == 0) {
-        forgetStream(m_writes, head);
-        keepStream(m_writes, Stream{head, 1, head.totalCount, std::move(body), nullptr});
-        return emptyAnswer(head, DeviceStatus::Success);
-    }
+    const auto stream = findStream(m_writes, head.stream);
     if (stream == m_writes.end())
         return emptyAnswer(head, DeviceStatus::WrongPacket);
-    if (head.sendCount != stream->next || head.totalCount != stream->totalCount
-        || !areOfOneExchange(head, stream->first)) {
+    const DeviceStatus status = checkFurther(head, *stream, body.size());
+    if (status != DeviceStatus::Success) {
         m_writes.erase(stream);
-        return emptyAnswer(head, DeviceStatus::WrongPacket);
-    }
-    if (stream->body.size() + body.size() > longestWrite) {
-        m_writes.erase(stream);
-        return emptyAnswer(head, DeviceStatus::BodyTooLong);
+        return emptyAnswer(head, status);
     }
     stream->body += body;
     if (++stream->next < stream->totalCount)
@@ -123,6 +161,17 @@ PacketAssembler::Packet PacketAssembler::collect(const WireHead &head, std::stri
     std::string whole = std::move(stream->body);
     m_writes.erase(stream);
     return answerWhole(head, std::move(whole));
+}
+
+DeviceStatus PacketAssembler::checkFurther(const WireHead &head, const Stream &write,
+                                           std::size_t length) const
+{
+    if (head.sendCount != write.next || head.totalCount != write.totalCount
+        || !areOfOneExchange(head, write.first))
+        return DeviceStatus::WrongPacket;
+    if (write.body.size() + length > mostCollected)
+        return DeviceStatus::BodyTooLong;
+    return bytesIn(m_writes) + length > mostCollected ? DeviceStatus::Busy : DeviceStatus::Success;
 }
 
 PacketAssembler::Packet PacketAssembler::handOut(const WireHead &head)
@@ -161,7 +210,8 @@ void PacketAssembler::readAhead()
         return;
     const auto stream = findStream(m_answers, *m_handedOut);
     m_handedOut.reset();
-    if (stream == m_answers.end() || !stream->content || stream->ahead)
+    if (stream == m_answers.end() || !stream->content || stream->ahead
+        || bytesIn(m_answers) + m_packetSize > mostKept)
         return;
     std::string body = cut(*stream, std::size_t{stream->next} * m_packetSize);
     const quint32 checksum = SSProxy::Wire::crc32(body);

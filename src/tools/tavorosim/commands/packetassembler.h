@@ -12,9 +12,16 @@
 
 namespace Tavoro::Sim {
 
-/// Turns the request frames of one connection into whole requests, and answers into packets: joins
-/// split writes and cuts long answers. Contents of files, which may be longer than the memory, pass
-/// packet by packet. Pure: no socket and no state of the device.
+/// Joins the request frames of one connection to whole requests, and cuts answers into packets.
+/// Contents of files, which may be longer than the memory, pass packet by packet. Pure: no socket
+/// and no state of the device.
+///
+/// | held per connection                    | limit                  | beyond it                  |
+/// |----------------------------------------|------------------------|----------------------------|
+/// | split writes that are being collected  | 16, together 64 MiB    | the packet is refused      |
+/// | answers with packets still to be sent  | 16, together 64 MiB    | the oldest is forgotten    |
+///
+/// An answer that is longer than the limit by itself is kept alone.
 class PacketAssembler {
 public:
     using CarryOut = std::function<Answer(const Request &request)>;
@@ -24,22 +31,23 @@ public:
         std::optional<quint32> checksum = {}; ///< Of the body, if it is known already.
     };
 
-    /// Split exchanges that are kept per connection; the oldest goes first.
-    static constexpr std::size_t mostStreams = 16;
-    /// The longest body that a split write may come to: 64 MiB.
-    static constexpr std::size_t longestWrite = std::size_t{64} << 20;
+    static constexpr quint32 mostPackets = 65536; ///< A client takes no more of one answer.
+    static constexpr std::size_t mostStreams = 16; ///< Split writes, and answers.
+    /// Bytes of all split writes together, and so the longest body of one.
+    static constexpr std::size_t mostCollected = std::size_t{64} << 20;
+    static constexpr std::size_t mostKept = std::size_t{64} << 20; ///< Bytes of all answers.
 
     /// \a packetSize is the longest body of a packet in either direction.
     PacketAssembler(quint32 packetSize, CarryOut carryOut);
 
     /// The one response to a request frame.
     Packet answer(const SSProxy::Wire::WireHead &head, std::string body);
-    /// Reads the piece of a content that will be asked for next, while the client is busy with the
+    /// Reads the next piece of the content that is being sent, while the client is busy with the
     /// one before.
     void readAhead();
 
 private:
-    /// A piece of an answer that nobody has asked for yet.
+    /// A piece of an answer that was read before it is requested.
     struct Piece {
         std::string body;
         quint32 checksum = 0;
@@ -47,16 +55,22 @@ private:
     /// A write that is being collected, or an answer that is being handed out.
     struct Stream {
         SSProxy::Wire::WireHead first; ///< Head of the first packet.
-        quint32 next = 1; ///< Index of the packet that is due.
+        quint32 next = 1; ///< Index of the packet that is expected.
         quint32 totalCount = 1;
         std::string body;
-        std::shared_ptr<QIODevice> content; ///< If not null, in the place of the body.
-        std::optional<Piece> ahead = {}; ///< The one that is due.
+        std::shared_ptr<QIODevice> content; ///< If not null, used instead of the body.
+        std::optional<Piece> ahead = {}; ///< The next piece.
     };
     using Streams = std::deque<Stream>;
 
     Packet answerWhole(const SSProxy::Wire::WireHead &head, std::string body);
+    Packet answerFirst(const SSProxy::Wire::WireHead &head, std::string body);
+    Packet answerFurther(const SSProxy::Wire::WireHead &head, std::string body);
+    bool belongsToWrite(const SSProxy::Wire::WireHead &head);
     Packet collect(const SSProxy::Wire::WireHead &head, std::string body);
+    DeviceStatus checkFurther(const SSProxy::Wire::WireHead &head, const Stream &write,
+                              std::size_t length) const;
+    void keepAnswer(Stream answer);
     Packet handOut(const SSProxy::Wire::WireHead &head);
     Packet piece(const SSProxy::Wire::WireHead &request, Stream &stream, quint32 index) const;
     std::size_t lengthOf(const Stream &stream) const;
@@ -66,7 +80,7 @@ private:
     const CarryOut m_carryOut;
     Streams m_writes;
     Streams m_answers;
-    std::optional<quint16> m_handedOut; ///< Stream of the last answer that goes on.
+    std::optional<quint16> m_handedOut; ///< Stream of the unfinished answer that was sent last.
     Uploads m_uploads;
 };
 

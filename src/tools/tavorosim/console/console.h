@@ -1,5 +1,7 @@
 #pragma once
 
+#include "consoleanswer.h"
+
 #include <tavorosim/commands/request.h>
 
 #include <QString>
@@ -8,25 +10,13 @@ namespace Tavoro::Sim {
 
 class FaultRules;
 
-/// What a line of the console led to.
-struct ConsoleAnswer {
-    bool ok = true;
-    QString text; ///< What was asked for, or why it was not done.
-
-    /// The answer as one line: "ok", "ok TEXT" or "error TEXT".
-    QString line() const;
-};
-
-/// Makes happen what the device does not do by command: cables, power supplies, signals. \a line is
-/// a word of the console's table and its arguments, blank-separated; an empty line does nothing.
-/// Adds to \a reports what the device has to tell everyone.
+/// Carries out what no command of the device does: cables, power supplies, signals. \a line is a
+/// command of the console's table and its arguments, separated by spaces; an empty line does
+/// nothing. Adds the device's reports to \a reports.
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports);
 
-/// A line of the console's help: how a word is called, and what it does.
-QString consoleHelpLine(const QString &call, const char *effect);
-
-/// The console's words, one to a line, for people.
+/// The commands of the console as text, one per line.
 QString consoleHelp();
 
 } // namespace Tavoro::Sim

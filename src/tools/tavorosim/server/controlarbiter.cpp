@@ -4,7 +4,7 @@ namespace Tavoro::Sim {
 
 using SSProxy::ControlAction;
 
-bool ControlArbiter::letWrite(const SimClient &client)
+bool ControlArbiter::take(const SimClient &client)
 {
     if (!m_holder)
         m_holder = &client;
@@ -15,7 +15,7 @@ ControlArbiter::DeviceStatus ControlArbiter::carryOut(const SimClient &client, q
 {
     switch (static_cast<ControlAction>(action)) {
     case ControlAction::Take:
-        return letWrite(client) ? DeviceStatus::Success : DeviceStatus::ControlledByOthers;
+        return take(client) ? DeviceStatus::Success : DeviceStatus::ControlledByOthers;
     case ControlAction::GiveUp:
         leave(client);
         return DeviceStatus::Success;

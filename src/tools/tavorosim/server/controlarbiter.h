@@ -7,20 +7,20 @@ namespace Tavoro::Sim {
 
 class SimClient;
 
-/// Who of the clients holds control of the device. Clients are compared and never called.
+/// Decides which client holds control of the device. Clients are compared and never called.
 class ControlArbiter {
 public:
     using DeviceStatus = SSProxy::Wire::DeviceStatus;
 
-    /// Null when nobody holds control.
+    /// Null when no client holds control.
     const SimClient *holder() const { return m_holder; }
     bool isHeldByOthers(const SimClient &client) const { return m_holder && m_holder != &client; }
 
-    /// A write has come: who is the first gets control. False when another client holds it.
-    bool letWrite(const SimClient &client);
-    /// \a action is a ControlAction, as it came.
+    /// Gives control to \a client, unless another client holds it: then false.
+    bool take(const SimClient &client);
+    /// Carries out a ControlAction. \a action is its number as received.
     DeviceStatus carryOut(const SimClient &client, quint8 action);
-    /// The client has gone.
+    /// Ends the control of \a client, if it holds it.
     void leave(const SimClient &client);
 
 private:

@@ -70,9 +70,11 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
 {
     m_pause.setSingleShot(true);
     m_pause.setTimerType(Qt::PreciseTimer);
-    connect(&m_pause, &QTimer::timeout, this, &SimClient::readOn);
+    connect(&m_pause, &QTimer::timeout, this, &SimClient::resumeReading);
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    // With a limit the socket leaves the rest to the network, which then holds the sender up.
+    socket->setReadBufferSize(mostReceived);
     connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::bytesWritten, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::disconnected, this, &SimClient::disconnected);
@@ -91,7 +93,7 @@ void SimClient::send(const Report &report)
     WireHead head = reportHead();
     head.BC = SSProxy::baseCode(report.command);
     head.FC = SSProxy::functionCode(report.command);
-    m_socket->write(SSProxy::Wire::encodeFrame(head, report.body));
+    write(SSProxy::Wire::encodeFrame(head, report.body));
     qCInfo(simLog, "%s report 0x%04X", qUtf8Printable(m_peer), head.code());
     qCDebug(simLog, "%s", report.body.c_str());
 }
@@ -116,7 +118,14 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     WireHead head = reportHead();
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
-    m_socket->write(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
+    m_owedControl = SSProxy::Wire::encodeFrame(head, holder.toStdString());
+    sendOwedControl();
+}
+
+void SimClient::sendOwedControl()
+{
+    if (!m_owedControl.isEmpty() && m_socket->bytesToWrite() <= mostUnread)
+        write(std::exchange(m_owedControl, {}));
 }
 
 bool SimClient::isSameClient(const ConnectionId &id) const
@@ -136,31 +145,42 @@ void SimClient::close()
     m_socket->disconnectFromHost();
 }
 
-void SimClient::readOn()
+void SimClient::resumeReading()
 {
     if (m_isReading)
         return;
     m_pause.stop(); // or it would end a later pause
     m_isReading = true;
-    m_socket->setReadBufferSize(0);
     readFrames();
 }
 
 void SimClient::readFrames()
 {
-    while (m_isReading && !m_isEnding && (!m_rest.empty() || receive())) {
-        if (auto event = m_parser.next(m_rest))
-            take(std::move(*event));
-    }
-    // Now, not when the event loop comes round to it; then there is time to look ahead.
-    m_socket->flush();
+    // flush() may make room without another bytesWritten(), so look again after it.
+    do {
+        while (mayRead() && (!m_rest.empty() || receive())) {
+            if (auto event = m_parser.next(m_rest))
+                take(std::move(*event));
+        }
+        m_socket->flush(); // now, not when the event loop does it
+        sendOwedControl();
+    } while (mayRead() && (!m_rest.empty() || m_socket->bytesAvailable() > 0));
     m_assembler.readAhead();
+}
+
+bool SimClient::mayRead() const
+{
+    return m_isReading && !m_isEnding && m_socket->isOpen() && hasRoomForAnswer();
+}
+
+bool SimClient::hasRoomForAnswer() const
+{
+    return m_socket->bytesToWrite() + m_delayedBytes <= mostUnread
+        && m_delayedAnswers < mostDelayed;
 }
 
 bool SimClient::receive()
 {
-    if (m_socket->bytesToWrite() > mostUnread)
-        return false;
     const qint64 count = m_socket->read(m_received.data(), readSize);
     m_rest = {m_received.data(), static_cast<std::size_t>(std::max(count, qint64{0}))};
     return !m_rest.empty();
@@ -169,10 +189,9 @@ bool SimClient::receive()
 void SimClient::take(FrameEvent event)
 {
     if (event.fatal) {
-        qCWarning(simLog, "%s sent what is no frame: status %d", qUtf8Printable(m_peer),
+        qCWarning(simLog, "%s sent an invalid frame: status %d", qUtf8Printable(m_peer),
                   event.status);
-        m_socket->abort();
-        return;
+        return abandon();
     }
     switch (static_cast<FrameKind>(event.head.kind)) {
     case FrameKind::Request:
@@ -180,13 +199,12 @@ void SimClient::take(FrameEvent event)
     case FrameKind::IdentityRequest:
         return answerIdentity(event.body);
     case FrameKind::Ping:
-        m_socket->write(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
-        return;
+        return write(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
     case FrameKind::Response:
     case FrameKind::Report:
     case FrameKind::IdentityAnswer:
     case FrameKind::Pong:
-        return; // Nothing that a client says to a device, or nothing to answer.
+        return; // A client does not send these to a device, or they need no answer.
     }
 }
 
@@ -243,7 +261,7 @@ void SimClient::answerIdentity(const std::string &connection)
 void SimClient::carryOut(const Delivery &delivery)
 {
     if (delivery.reports > 0)
-        Q_EMIT reportsDue(delivery.reports);
+        Q_EMIT reportsRequested(delivery.reports);
     if (!delivery.bytes.isEmpty())
         sendLater(delivery.bytes, m_latency + delivery.delay);
     if (delivery.stopsReading)
@@ -251,7 +269,7 @@ void SimClient::carryOut(const Delivery &delivery)
     if (delivery.endsConnection)
         endLater(m_latency + delivery.delay);
     if (delivery.restarts)
-        Q_EMIT restartDue();
+        Q_EMIT restartRequested();
 }
 
 void SimClient::endLater(int delay)
@@ -265,20 +283,29 @@ void SimClient::endLater(int delay)
 void SimClient::stopReading(int milliseconds)
 {
     m_isReading = false;
-    // With a limit the socket leaves the rest to the network, which then holds the sender up.
-    m_socket->setReadBufferSize(readSize);
     if (milliseconds > 0)
         m_pause.start(milliseconds);
 }
 
 void SimClient::sendLater(const QByteArray &frame, int delay)
 {
-    if (delay == 0) {
-        m_socket->write(frame);
-        return;
-    }
+    if (delay == 0)
+        return write(frame);
+    m_delayedBytes += frame.size();
+    ++m_delayedAnswers;
     // Precise timers of one length fire in the order in which they were started.
-    QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, frame] { m_socket->write(frame); });
+    QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, frame] {
+        m_delayedBytes -= frame.size();
+        --m_delayedAnswers;
+        write(frame);
+    });
+}
+
+/// A connection that has ended takes no more: its client is deleted only by the event loop.
+void SimClient::write(const QByteArray &frame)
+{
+    if (m_socket->isOpen())
+        m_socket->write(frame);
 }
 
 void SimClient::note(const WireHead &request, const std::string &body,

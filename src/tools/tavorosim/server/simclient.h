@@ -38,7 +38,7 @@ public:
         std::function<Answer(const SimClient &client, const Request &request)> carryOut;
         /// The body of the identity answer.
         std::function<std::string(const SimClient &client)> identity;
-        /// The client has told which connection this is. Where its outcomes are kept.
+        /// The client has named its connection. Returns where its outcomes are kept.
         std::function<std::shared_ptr<ConnectionOutcomes>(const SimClient &client,
                                                           const ConnectionId &id)>
             introduce;
@@ -52,28 +52,30 @@ public:
     /// Where the client is.
     const QString &peer() const { return m_peer; }
 
-    /// Sends \a report if the client has introduced itself and keeps up with reading.
+    /// Sends \a report if the client has asked for the identity and keeps up with reading.
     void send(const Report &report);
-    /// Tells the client, if it has introduced itself, whether others hold control now, and who.
+    /// Reports to the client, if it has asked for the identity, whether another client holds
+    /// control now, and which. A client that does not keep up gets the last state later.
     void sendControl(bool isHeldByOthers, const QString &holder);
     /// True when \a id is of the same client.
     bool isSameClient(const ConnectionId &id) const;
-    /// Ends the connection at once; what has come and is not read is not carried out.
+    /// Ends the connection at once; requests that were received and not read are not carried out.
     void abandon();
-    /// Ends the connection behind the answers that are under way.
+    /// Ends the connection after the answers that are being sent.
     void close();
-    /// Ends the pause of a client that was not read from.
-    void readOn();
+    /// Ends the pause of a client whose frames are not read.
+    void resumeReading();
 
 Q_SIGNALS:
     void disconnected();
-    /// A fault wants \a count reports to be sent to this client.
-    void reportsDue(quint32 count);
-    /// A fault wants the device to restart.
-    void restartDue();
+    /// A fault requires \a count reports to this client.
+    void reportsRequested(quint32 count);
+    /// A fault requires a restart of the device.
+    void restartRequested();
 
 private:
     void readFrames();
+    bool mayRead() const;
     bool receive();
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
@@ -83,32 +85,40 @@ private:
     void endLater(int delay);
     void stopReading(int milliseconds);
     void sendLater(const QByteArray &frame, int delay);
-    /// Into the outcomes and the log.
+    void write(const QByteArray &frame);
+    void sendOwedControl();
+    /// Adds the answer to the outcomes and to the log.
     void note(const SSProxy::Wire::WireHead &request, const std::string &body,
               const PacketAssembler::Packet &answer);
     bool hasRoomForReport();
+    bool hasRoomForAnswer() const;
 
-    /// A client that leaves more than this unread gets no further reports, and no answers until it
-    /// reads on.
+    /// A client that leaves more than this unread gets no further reports, and its requests are not
+    /// read until it reads.
     static constexpr qint64 mostUnread = 16 << 20;
+    static constexpr int mostDelayed = 1024; ///< Answers that wait for their time.
+    static constexpr qint64 mostReceived = 256 << 10; ///< Bytes that the socket holds.
     static constexpr qint64 readSize = 64 << 10; ///< Bytes that are taken from the socket at once.
 
     QTcpSocket *const m_socket;
     const QString m_peer;
     const int m_latency;
     const Services m_services;
-    std::shared_ptr<ConnectionOutcomes> m_outcomes; ///< Null when the client has not told its id.
-    std::vector<char> m_received; ///< What was read last.
-    std::string_view m_rest; ///< What of that has not been looked at.
-    QByteArray m_frame; ///< What was sent last; kept, as m_received is, for its storage.
+    std::shared_ptr<ConnectionOutcomes> m_outcomes; ///< Null without a connection ID.
+    std::vector<char> m_received; ///< The bytes that were read last.
+    std::string_view m_rest; ///< The part of them that has not been parsed.
+    QByteArray m_frame; ///< The frame that was sent last; kept, as m_received is, for its storage.
+    qint64 m_delayedBytes = 0; ///< Of answers that wait for their time.
+    int m_delayedAnswers = 0;
+    QByteArray m_owedControl; ///< Report of control that waits until the client reads, or empty.
     SSProxy::Wire::FrameParser m_parser;
     PacketAssembler m_assembler;
     FaultyAnswers m_faults;
-    QTimer m_pause; ///< Runs while nothing is read for a time.
+    QTimer m_pause; ///< Runs during a limited pause in reading.
     bool m_isReading = true;
-    bool m_isEnding = false; ///< What still comes is not looked at.
-    bool m_isIntroduced = false; ///< The identity has been asked for.
-    bool m_dropsReports = false; ///< The log says so, and the client has not caught up since.
+    bool m_isEnding = false; ///< Further bytes are ignored.
+    bool m_isIntroduced = false; ///< The client has asked for the identity.
+    bool m_dropsReports = false; ///< Logged, and the client has not caught up since.
 };
 
 } // namespace Tavoro::Sim

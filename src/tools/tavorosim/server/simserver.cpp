@@ -26,15 +26,14 @@ using SSProxy::Wire::LinkCommand;
 
 namespace {
 
-constexpr int tick = 50; ///< Milliseconds between two looks at the clock.
+constexpr int tick = 50; ///< Milliseconds between two readings of the clock.
+constexpr qint64 longestLine = 64 << 10; ///< Bytes of a line on the control port.
 
-bool open(QTcpServer &server, const QHostAddress &address, quint16 port, QString &error)
+/// True for writes, except of the clock: each client sets it when it synchronises.
+bool needsControl(const Request &request)
 {
-    if (server.listen(address, port))
-        return true;
-    error = QStringLiteral("cannot listen on %1: %2")
-                .arg(SSProxy::Wire::hostAndPort(address.toString(), port), server.errorString());
-    return false;
+    return (request.type == CommandType::Write || request.type == CommandType::BinaryWrite)
+        && request.command != Command::AuxiliaryDeviceTime;
 }
 
 } // namespace
@@ -43,8 +42,8 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     : QObject(parent),
       m_options(std::move(options)),
       m_tick(this),
-      m_server(this),
-      m_controlServer(this),
+      m_listener(this),
+      m_consoleListener(this),
       m_discovery([this] { return identity(); }, this)
 {
     m_faults.seed(m_options.seed);
@@ -53,12 +52,15 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     m_state.factory = makeChassis(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
+    // Every stored content can be read back: clients accept a limited number of packets.
+    const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::mostPackets;
+    m_state.files.setLongestContent(std::min(longest, m_state.files.longestContent()));
     m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
     m_elapsed.start();
     m_tick.setInterval(tick);
     connect(&m_tick, &QTimer::timeout, this, &SimServer::catchUp);
-    connect(&m_server, &QTcpServer::newConnection, this, &SimServer::acceptClient);
-    connect(&m_controlServer, &QTcpServer::newConnection, this, &SimServer::acceptControl);
+    connect(&m_listener, &Listener::connected, this, &SimServer::acceptClient);
+    connect(&m_consoleListener, &Listener::connected, this, &SimServer::acceptConsole);
 }
 
 SimServer::~SimServer() = default;
@@ -66,7 +68,7 @@ SimServer::~SimServer() = default;
 bool SimServer::openFolder(QString &error)
 {
     if (!m_state.files.open(m_options.filesFolder, error)
-        || !fetchSetup(m_state.files, m_state.saved, error))
+        || !readSetup(m_state.files, m_state.saved, error))
         return false;
     static_cast<Setup &>(m_state) = m_state.saved;
     return true;
@@ -76,17 +78,17 @@ bool SimServer::listen(QString &error)
 {
     if (!m_options.filesFolder.isEmpty() && !openFolder(error))
         return false;
-    if (!open(m_server, m_options.address, m_options.port, error))
+    if (!m_listener.open(m_options.address, m_options.port, error))
         return false;
-    m_port = m_server.serverPort();
+    m_port = m_listener.port();
     if (m_options.discoveryPort >= 0
         && !m_discovery.listen(m_options.address, static_cast<quint16>(m_options.discoveryPort),
                                error))
         return false;
-    // Whoever reaches the control port may do with the device what he likes: this machine only.
+    // The control port has no access control: it serves this machine only.
     return m_options.controlPort < 0
-        || open(m_controlServer, QHostAddress::LocalHost,
-                static_cast<quint16>(m_options.controlPort), error);
+        || m_consoleListener.open(QHostAddress::LocalHost,
+                                  static_cast<quint16>(m_options.controlPort), error);
 }
 
 ConsoleAnswer SimServer::execute(const QString &line)
@@ -95,28 +97,25 @@ ConsoleAnswer SimServer::execute(const QString &line)
     Reports reports;
     ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
     if (line.simplified() == QLatin1String("fault clear"))
-        readOn();
-    tell(reports);
+        resumeReading();
+    sendReports(reports);
     followPower();
     return answer;
 }
 
-void SimServer::acceptClient()
+void SimServer::acceptClient(QTcpSocket *socket)
 {
-    while (QTcpSocket *const socket = m_server.nextPendingConnection()) {
-        auto *const client = new SimClient(socket, m_options, m_faults, servicesForClients(), this);
-        m_clients.push_back(client);
-        connect(client, &SimClient::restartDue, this, &SimServer::restart);
-        connect(client, &SimClient::reportsDue, this,
-                [this, client](quint32 count) { flood(*client, count); });
-        connect(client, &SimClient::disconnected, this, [this, client] {
-            m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client),
-                            m_clients.end());
-            client->deleteLater();
-            m_control.leave(*client);
-            tellControl();
-        });
-    }
+    auto *const client = new SimClient(socket, m_options, m_faults, servicesForClients(), this);
+    m_clients.push_back(client);
+    connect(client, &SimClient::restartRequested, this, &SimServer::restart);
+    connect(client, &SimClient::reportsRequested, this,
+            [this, client](quint32 count) { flood(*client, count); });
+    connect(client, &SimClient::disconnected, this, [this, client] {
+        m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client), m_clients.end());
+        client->deleteLater();
+        m_arbiter.leave(*client);
+        reportControl();
+    });
 }
 
 SimClient::Services SimServer::servicesForClients()
@@ -129,8 +128,8 @@ SimClient::Services SimServer::servicesForClients()
         return identityFor(client);
     };
     services.introduce = [this](const SimClient &client, const SimClient::ConnectionId &id) {
-        // What an older connection of the client still holds must not happen behind its back.
-        const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+        // Requests of an older connection of the client must no longer be carried out.
+        const std::vector<SimClient *> clients = m_clients; // Each removes itself.
         for (SimClient *const other : clients) {
             if (other != &client && other->isSameClient(id))
                 other->abandon();
@@ -140,20 +139,26 @@ SimClient::Services SimServer::servicesForClients()
     return services;
 }
 
-void SimServer::acceptControl()
+void SimServer::acceptConsole(QTcpSocket *socket)
 {
-    while (QTcpSocket *const socket = m_controlServer.nextPendingConnection()) {
-        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { serveControl(socket); });
-    }
+    socket->setParent(this);
+    socket->setReadBufferSize(longestLine);
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket] { serveConsole(*socket); });
+    connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] { serveConsole(*socket); });
 }
 
-void SimServer::serveControl(QTcpSocket *socket)
+/// Serves the lines that have arrived, as long as their answers are read.
+void SimServer::serveConsole(QTcpSocket &socket)
 {
-    while (socket->canReadLine()) {
-        const ConsoleAnswer answer = execute(QString::fromUtf8(socket->readLine()));
-        socket->write(answer.line().toUtf8() + '\n');
+    while (socket.isOpen() && socket.bytesToWrite() < longestLine && socket.canReadLine()) {
+        const ConsoleAnswer answer = execute(QString::fromUtf8(socket.readLine()));
+        socket.write(answer.line().toUtf8() + '\n');
     }
+    if (socket.bytesAvailable() < longestLine || socket.canReadLine())
+        return;
+    qCWarning(simLog, "a console line is longer than %lld bytes", longestLine);
+    socket.abort();
 }
 
 Answer SimServer::carryOut(const SimClient &client, const Request &request)
@@ -164,18 +169,18 @@ Answer SimServer::carryOut(const SimClient &client, const Request &request)
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Control)
         return carryOutControl(client, request);
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Outcome)
-        return tellOutcome(request);
-    const bool isWrite =
-        request.type == CommandType::Write || request.type == CommandType::BinaryWrite;
-    if (isWrite && !m_control.letWrite(client))
+        return answerOutcome(request);
+    if (needsControl(request) && m_arbiter.isHeldByOthers(client))
         return {DeviceStatus::ControlledByOthers, {}, nullptr};
-    if (isWrite)
-        tellControlLater();
     Reports reports;
     Answer answer = Sim::carryOut(m_state, request, reports);
-    // The one who asked gets the answer first, then everyone the news.
+    if (needsControl(request) && answer.status == DeviceStatus::Success) {
+        m_arbiter.take(client);
+        reportControlLater();
+    }
+    // The client that asked gets its answer before the reports.
     if (!reports.empty())
-        QTimer::singleShot(0, this, [this, reports = std::move(reports)] { tell(reports); });
+        QTimer::singleShot(0, this, [this, reports = std::move(reports)] { sendReports(reports); });
     if (m_state.maintenance.power != Power::On)
         leave();
     followPower();
@@ -188,14 +193,14 @@ Answer SimServer::carryOutControl(const SimClient &client, const Request &reques
     if (request.type == CommandType::Read)
         answer.body = holderName().toStdString();
     else if (request.type == CommandType::Write)
-        answer.status = m_control.carryOut(client, request.arg2[0]);
+        answer.status = m_arbiter.carryOut(client, request.arg2[0]);
     else
         answer.status = DeviceStatus::UnknownCommand;
-    tellControlLater();
+    reportControlLater();
     return answer;
 }
 
-Answer SimServer::tellOutcome(const Request &request) const
+Answer SimServer::answerOutcome(const Request &request) const
 {
     Answer answer;
     const auto id = SSProxy::Wire::decodeRequestId(request.body);
@@ -208,33 +213,33 @@ Answer SimServer::tellOutcome(const Request &request) const
     return answer;
 }
 
-/// Behind the answer, as with reports.
-void SimServer::tellControlLater()
+/// After the answer, like reports.
+void SimServer::reportControlLater()
 {
-    if (m_control.holder() != m_toldHolder)
-        QTimer::singleShot(0, this, &SimServer::tellControl);
+    if (m_arbiter.holder() != m_reportedHolder)
+        QTimer::singleShot(0, this, &SimServer::reportControl);
 }
 
-/// Tells those whose own right to write has come or gone.
-void SimServer::tellControl()
+/// Reports to the clients whose own right to write has changed.
+void SimServer::reportControl()
 {
-    const SimClient *const before = std::exchange(m_toldHolder, m_control.holder());
+    const SimClient *const before = std::exchange(m_reportedHolder, m_arbiter.holder());
     const QString holder = holderName();
     for (SimClient *const client : m_clients) {
         const bool wasHeldByOthers = before && before != client;
-        if (m_control.isHeldByOthers(*client) != wasHeldByOthers)
+        if (m_arbiter.isHeldByOthers(*client) != wasHeldByOthers)
             client->sendControl(!wasHeldByOthers, holder);
     }
 }
 
 QString SimServer::holderName() const
 {
-    return m_control.holder() ? m_control.holder()->peer() : QString();
+    return m_arbiter.holder() ? m_arbiter.holder()->peer() : QString();
 }
 
 void SimServer::leave()
 {
-    // Who switches the device off is answered first, however late that is.
+    // The client that switches the device off gets its answer first.
     const int latency = m_options.latencyMilliseconds;
     m_isLeaving = true;
     QTimer::singleShot(latency == 0 ? 0 : latency + tick, this, [this] {
@@ -246,18 +251,18 @@ void SimServer::leave()
 
 void SimServer::drop()
 {
-    m_server.close();
+    m_listener.close();
     m_outcomes.forgetAll();
-    const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+    const std::vector<SimClient *> clients = m_clients; // Each removes itself.
     for (SimClient *const client : clients)
         client->close();
 }
 
-void SimServer::readOn()
+void SimServer::resumeReading()
 {
-    const std::vector<SimClient *> clients = m_clients; // What is read then may end one.
+    const std::vector<SimClient *> clients = m_clients; // A frame may end its client.
     for (SimClient *const client : clients)
-        client->readOn();
+        client->resumeReading();
 }
 
 void SimServer::restart()
@@ -278,7 +283,7 @@ void SimServer::catchUp()
     const qint64 due = m_elapsed.elapsed() * m_options.clockSpeed / 100;
     Reports reports;
     pass(m_state, due - std::exchange(m_passed, due), reports);
-    tell(reports);
+    sendReports(reports);
     followPower();
 }
 
@@ -293,11 +298,11 @@ void SimServer::followPower()
     QString error;
     if (m_state.maintenance.power != Power::On)
         drop();
-    else if (!m_server.isListening() && !open(m_server, m_options.address, m_port, error))
+    else if (!m_listener.isOpen() && !m_listener.open(m_options.address, m_port, error))
         qCWarning(simLog, "%s", qUtf8Printable(error));
 }
 
-void SimServer::tell(const Reports &reports)
+void SimServer::sendReports(const Reports &reports)
 {
     for (const Report &report : reports) {
         for (SimClient *const client : m_clients)
@@ -309,7 +314,7 @@ std::string SimServer::identityFor(const SimClient &client) const
 {
     ProtoModel::DeviceBaseInfo info = identity();
     const auto state =
-        m_control.isHeldByOthers(client) ? ControlState::Others : ControlState::Yours;
+        m_arbiter.isHeldByOthers(client) ? ControlState::Others : ControlState::Yours;
     info.controlState = static_cast<quint8>(state);
     return ProtoModel::encodeIdentity(info);
 }
@@ -323,7 +328,7 @@ ProtoModel::DeviceBaseInfo SimServer::identity() const
     info.mac = m_options.mac;
     info.hardwareVersion = 1;
     info.firmwareVersion = 1;
-    info.tcpPort = m_server.serverPort(); // 0 while the device is off
+    info.tcpPort = m_listener.port(); // 0 while the device is off
     const Maintenance &maintenance = m_state.maintenance;
     info.startTime = static_cast<quint64>(maintenance.clockAtStart + maintenance.switchedOn);
     info.slotCount = static_cast<quint16>(m_state.device.subcards.size());
@@ -331,7 +336,7 @@ ProtoModel::DeviceBaseInfo SimServer::identity() const
     info.name = m_state.device.general.name;
     for (const ProtoModel::Device::s_subcardBody &card : m_state.device.subcards)
         info.slotModels.push_back(static_cast<quint16>(card.modelId));
-    info.ip = m_server.serverAddress().toString().toStdString();
+    info.ip = m_listener.address().toString().toStdString();
     info.hostName = "tavorosim";
     return info;
 }

@@ -1,5 +1,5 @@
-// Faults that meet several callers at once, that come behind the end of a request, and floods that
-// are longer than the limits allow.
+// Faults that affect several callers at once or arrive after the end of a request, and floods that
+// exceed the limits.
 
 #include <support/tavorosim/simulatedconnection.h>
 
@@ -21,10 +21,10 @@ namespace {
 constexpr int callers = 8;
 constexpr Milliseconds requestTime = 1s;
 constexpr Milliseconds grace = 500ms;
-constexpr int latency = 100; ///< Milliseconds; all callers wait at once.
+constexpr int latency = 100; ///< In ms; all callers wait at once.
 
-/// The texts that callers may get when the fault strikes the fourth of them, beside that of a
-/// connection that was gone before they asked; the first one somebody does get.
+/// The texts that callers may get when the fault affects the fourth of them, besides that of a
+/// connection that was lost before; at least one caller gets the first text.
 struct FaultRow {
     const char *fault;
     bool isLost; ///< The connection ends.
@@ -42,7 +42,7 @@ const FaultRow faultRows[] = {
 };
 // clang-format on
 
-/// What came of one call.
+/// The outcome of one call.
 struct Outcome {
     bool ok = false;
     QString error;
@@ -54,7 +54,7 @@ QString sentence(const char *reason)
     return QStringLiteral("Get device detail information failed: %1 .").arg(QLatin1String(reason));
 }
 
-/// A device that goes wrong when it is told to.
+/// A device with faults on request.
 class Bench {
 public:
     explicit Bench(int latencyMilliseconds = 0)
@@ -68,7 +68,7 @@ public:
         const auto answer = console(QStringLiteral("fault add ") + QLatin1String(rule));
         QVERIFY2(answer.ok, qPrintable(answer.text));
     }
-    /// Every rule has struck as often as it was to.
+    /// Every rule was applied as often as it says.
     bool hasStruck() { return console(QStringLiteral("fault list")).text.isEmpty(); }
     void lift() { QVERIFY(console(QStringLiteral("fault clear")).ok); }
 
@@ -123,20 +123,20 @@ class tst_FaultCallers : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyBlockedCallerIsBack_data();
-    void everyBlockedCallerIsBack();
-    void answerBehindTheEndOfItsRequestReachesNobody();
-    void floodBeyondTheLimitIsCutAndTheAnswerArrives();
+    void everyBlockedCallerReturns_data();
+    void everyBlockedCallerReturns();
+    void lateAnswerIsDropped();
+    void floodBeyondTheLimitIsDroppedAndTheAnswerArrives();
 };
 
-void tst_FaultCallers::everyBlockedCallerIsBack_data()
+void tst_FaultCallers::everyBlockedCallerReturns_data()
 {
     QTest::addColumn<int>("row");
     for (int row = 0; row < int(std::size(faultRows)); ++row)
         QTest::newRow(faultRows[row].fault) << row;
 }
 
-void tst_FaultCallers::everyBlockedCallerIsBack()
+void tst_FaultCallers::everyBlockedCallerReturns()
 {
     QFETCH(int, row);
     const FaultRow &fault = faultRows[row];
@@ -168,7 +168,7 @@ void tst_FaultCallers::everyBlockedCallerIsBack()
         QVERIFY2(outcome.ok, qPrintable(outcome.error));
 }
 
-void tst_FaultCallers::answerBehindTheEndOfItsRequestReachesNobody()
+void tst_FaultCallers::lateAnswerIsDropped()
 {
     Bench bench;
     bench.addFault("late=1200,code=DeviceDetail,count=1");
@@ -178,12 +178,12 @@ void tst_FaultCallers::answerBehindTheEndOfItsRequestReachesNobody()
     QCOMPARE(bench.connection.channel->statistics().strayAnswers, quint64(0));
 }
 
-void tst_FaultCallers::floodBeyondTheLimitIsCutAndTheAnswerArrives()
+void tst_FaultCallers::floodBeyondTheLimitIsDroppedAndTheAnswerArrives()
 {
     constexpr quint64 sent = 5000;
     Bench bench;
     bench.addFault("flood=5000,code=DeviceDetail,count=1");
-    const Outcome outcome = bench.read(); // and nobody takes a report meanwhile
+    const Outcome outcome = bench.read(); // meanwhile no report is taken
     QVERIFY2(outcome.ok, qPrintable(outcome.error));
     const auto statistics = bench.connection.channel->statistics();
     const auto most = static_cast<quint64>(2 * SSProxy::ChannelOptions().maxPendingReports);

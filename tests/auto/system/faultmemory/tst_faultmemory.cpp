@@ -1,4 +1,4 @@
-// The heap behind every fault of a device in every kind of operation.
+// The heap after every fault of a device in every kind of operation.
 
 #include <support/common/allocated.h>
 #include <support/tavorosim/faultrows.h>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr auto requestTime = 90ms; // the slowest answer that is in time takes 50 ms
 
-// What the simulated device keeps, the oldest going first.
+// What the simulated device keeps; the oldest is dropped first.
 constexpr int mostConnections = 64;
 constexpr int mostStreams = 16; // answers in several packets, of each connection
 
@@ -44,12 +44,12 @@ bool readScreens(FaultBench &bench, QString &error)
     return Tavoro::Control::Screen(bench.device()).readDetails(-1, 0, -1, screens, error);
 }
 
-/// Has the simulated device keep as many answers as it does, each like those that \a operation will
-/// leave.
+/// Makes the simulated device keep as many answers as it can, each like those that \a operation
+/// will leave.
 void fillStreams(FaultBench &bench, const Operation &operation)
 {
     Operation leaving = operation;
-    if (operation.isSynchronisation()) { // of all that it reads, the screens go wrong
+    if (operation.isSynchronisation()) { // the fault affects the screens
         leaving.name = "read of screens";
         leaving.run = readScreens;
     }
@@ -57,13 +57,13 @@ void fillStreams(FaultBench &bench, const Operation &operation)
         goWrong(bench, wrongIndex, leaving);
 }
 
-/// What is allocated once all is at rest that the last exchange set going.
+/// What is allocated when everything that the last exchange started has ended.
 Allocated allocatedAtRest(FaultBench &bench)
 {
     constexpr int longest = 1000;
-    constexpr int calm = 3; // looks in a row without a change
+    constexpr int calm = 3; // checks in a row without a change
     const auto look = [&] {
-        QTest::qWait(2); // reports come, and log lines of them
+        QTest::qWait(2); // reports arrive, and are logged
         bench.journal.clear();
         return Allocated::now();
     };
@@ -84,8 +84,8 @@ class tst_FaultMemory : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void everyAllocationCounts();
-    void nothingIsLeftBehind_data();
-    void nothingIsLeftBehind();
+    void nothingLeaks_data();
+    void nothingLeaks();
     void cleanupTestCase();
 
 private:
@@ -117,7 +117,7 @@ void tst_FaultMemory::everyAllocationCounts()
     QCOMPARE(Allocated::now().blocks - before.blocks, qint64(1));
 }
 
-void tst_FaultMemory::nothingIsLeftBehind_data()
+void tst_FaultMemory::nothingLeaks_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("column");
@@ -127,9 +127,9 @@ void tst_FaultMemory::nothingIsLeftBehind_data()
     }
 }
 
-/// A round that leaves a block behind never comes back to what was allocated before. Some of those
-/// that leave none do not either, since queues grow and shrink; two are proof enough.
-void tst_FaultMemory::nothingIsLeftBehind()
+/// A round that leaks never returns to the former allocation. Some rounds without a leak do not
+/// either, since queues grow and shrink; two that return are proof enough.
+void tst_FaultMemory::nothingLeaks()
 {
     constexpr int mostRounds = 40;
     QFETCH(int, row);
@@ -139,7 +139,7 @@ void tst_FaultMemory::nothingIsLeftBehind()
     if (!fault.isLost)
         fillStreams(*m_bench, operation);
     std::array<Allocated, mostRounds + 1> seen{allocatedAtRest(*m_bench)};
-    int back = 0; // rounds that came back
+    int back = 0; // rounds that returned to the former allocation
     for (int round = 1; back < 2 && round <= mostRounds; ++round) {
         goWrong(*m_bench, fault, operation);
         m_bench->checkResources();

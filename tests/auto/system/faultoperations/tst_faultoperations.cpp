@@ -1,5 +1,5 @@
 // Every fault of a device in every kind of operation: what the caller, the log, the status bar, the
-// model and the store show of it, and that all is well when the fault is over.
+// model and the store show, and that everything works when the fault is over.
 
 #include <support/tavorosim/faultrows.h>
 #include <support/tavorosim/operations.h>
@@ -12,7 +12,7 @@
 namespace {
 
 // clang-format off
-/// What a cell says to the user.
+/// What a cell reports to the user.
 struct Words {
     const char *cell;
     const char *reason;
@@ -32,7 +32,7 @@ constexpr Words words[] = {
     {"offline", "The device is offline"},
 };
 
-/// Why an answer is no record.
+/// Why an answer is not a record.
 struct NoRecord {
     const char *fault;
     const char *operation;
@@ -126,7 +126,7 @@ public:
         return isFailure() ? shownOn(2, sentence())
                            : shownOn(0, QLatin1String(m_operation.succeeded));
     }
-    /// Packets that a streamed read hands over.
+    /// Packets that a streamed read passes on.
     int handedOver() const
     {
         if (isOk())
@@ -143,8 +143,8 @@ private:
     const QString m_otherPacket;
 };
 
-/// The row of a screen whose record broke off in its timing: what stands behind that place has its
-/// default.
+/// The row of a screen whose record broke off in its timing: the fields after that place have their
+/// defaults.
 QString brokenOff(const QString &row)
 {
     const QString place = QStringLiteral("\"timing\":{\"interlaced\":0,");
@@ -155,7 +155,7 @@ QString brokenOff(const QString &row)
 }
 
 /// What is in model and store after a synchronisation. When the screens are not read, there are no
-/// layers either; what else can be read is there.
+/// layers either; everything else that can be read is there.
 QStringList heldAfter(const FaultBench &bench, const Outcome &outcome, bool hasFiles, int screens)
 {
     const auto before = [&](int kind) {
@@ -319,7 +319,7 @@ void tst_FaultOperations::checkSynchronisation(FaultBench &bench, const Shown &s
         lines << shownOn(2, noFiles);
     QCOMPARE(shown.statusBar, lines);
 
-    QVERIFY(shown.ok); // the outcome is that of filling in the layers
+    QVERIFY(shown.ok); // the outcome is that of the layers
     const auto device = bench.sync.listed();
     QCOMPARE(device->isSyncDataSuccess(), outcome.isOk());
     QVERIFY(device->isOnline());

@@ -11,25 +11,25 @@
 using namespace Tavoro;
 using Control::AutoReportManager;
 
-/// The manager lives once per process: the order of these tests is that of its life.
+/// There is one manager per process: these tests run in the order of its life.
 class tst_AutoReportManager : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void reportsBeforeTheFirstCallAreNotHandled();
-    void firstCallMakesTheOnlyManager();
+    void firstCallCreatesTheOnlyManager();
 
     void expiredChannelOrNoCommandIsLogged();
     void reportOfAnUnknownDeviceOnlyLogs_data();
     void reportOfAnUnknownDeviceOnlyLogs();
-    void stoppedReportsAreDroppedForGood();
+    void stoppedReportsAreDropped();
     void stopComesBeforeTheLookup();
     void unknownDeviceComesBeforeTheStop();
     void unknownCodeIsLogged_data();
     void unknownCodeIsLogged();
 
     void deletedManagerHandlesNothing();
-    void noManagerIsMadeASecondTime();
+    void noSecondManagerIsCreated();
 };
 
 namespace {
@@ -52,7 +52,7 @@ void tst_AutoReportManager::reportsBeforeTheFirstCallAreNotHandled()
     QCOMPARE(snapshot(it), before);
 }
 
-void tst_AutoReportManager::firstCallMakesTheOnlyManager()
+void tst_AutoReportManager::firstCallCreatesTheOnlyManager()
 {
     auto *manager = AutoReportManager::instance();
     QVERIFY(manager);
@@ -101,7 +101,7 @@ void tst_AutoReportManager::reportOfAnUnknownDeviceOnlyLogs()
     QVERIFY(unknown.model->deviceDetail().powers.empty());
 }
 
-void tst_AutoReportManager::stoppedReportsAreDroppedForGood()
+void tst_AutoReportManager::stoppedReportsAreDropped()
 {
     Reported it;
     auto *manager = AutoReportManager::instance();
@@ -177,7 +177,7 @@ void tst_AutoReportManager::deletedManagerHandlesNothing()
 {
     Reported it;
     std::thread channels([&] { it.report(powerCode, powerBody); });
-    channels.join(); // this one is on its way
+    channels.join(); // this report is queued
     AutoReportManager::deleteInstance();
     it.report(powerCode, powerBody);
     QCoreApplication::processEvents();
@@ -186,9 +186,9 @@ void tst_AutoReportManager::deletedManagerHandlesNothing()
     AutoReportManager::deleteInstance();
 }
 
-void tst_AutoReportManager::noManagerIsMadeASecondTime()
+void tst_AutoReportManager::noSecondManagerIsCreated()
 {
-    AutoReportManager::instance(); // the first one, when this test runs alone
+    AutoReportManager::instance(); // the first call, when this test runs alone
     AutoReportManager::deleteInstance();
     QVERIFY(!AutoReportManager::instance());
     QVERIFY(!AutoReportManager::instance());

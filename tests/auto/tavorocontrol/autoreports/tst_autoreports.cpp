@@ -1,4 +1,4 @@
-// What each report changes in the model, and what a body that is none of it does.
+// What each report changes in the model, and what a body that is not a report does.
 
 #include <support/tavorocontrol/reportrows.h>
 
@@ -13,12 +13,12 @@ class tst_AutoReports : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { AutoReportManager::instance(); } // from then on reports are handled
+    void initTestCase() { AutoReportManager::instance(); } // from now on reports are handled
 
     void reportReachesItsPartOfTheModel_data();
     void reportReachesItsPartOfTheModel();
-    void undecodableReportLeavesTheModelAlone_data();
-    void undecodableReportLeavesTheModelAlone();
+    void undecodableReportDoesNotChangeTheModel_data();
+    void undecodableReportDoesNotChangeTheModel();
     void typeOfTheCommandDoesNotMatter();
 
     void fileProgressIsRecorded();
@@ -75,12 +75,12 @@ void tst_AutoReports::reportReachesItsPartOfTheModel()
     QVERIFY(it.device.channel->sent().empty());
 }
 
-void tst_AutoReports::undecodableReportLeavesTheModelAlone_data()
+void tst_AutoReports::undecodableReportDoesNotChangeTheModel_data()
 {
     addReportRows(false);
 }
 
-void tst_AutoReports::undecodableReportLeavesTheModelAlone()
+void tst_AutoReports::undecodableReportDoesNotChangeTheModel()
 {
     QFETCH(const int, row);
     const ReportRow &report = reportRows[std::size_t(row)];

@@ -11,7 +11,7 @@ static_assert(std::is_base_of_v<QObject, Auxiliary>);
 static_assert(
     std::is_constructible_v<Auxiliary, std::weak_ptr<Tavoro::BizModel::Device>, QObject *>);
 static_assert(std::is_same_v<decltype(&Auxiliary::saveDeviceData), bool (Auxiliary::*)(QString &)>);
-// The text of a failure goes by value: it never reaches the caller.
+// The error text is passed by value: it does not reach the caller.
 static_assert(std::is_same_v<decltype(&Auxiliary::readDeviceLoadTransferProgress),
                              bool (Auxiliary::*)(s_DeviceProcess &, QString)>);
 static_assert(std::is_same_v<decltype(&Auxiliary::updateCutoutRGB), bool (Auxiliary::*)()>);
@@ -59,7 +59,7 @@ const WriteRow<Auxiliary> &recordWrite(int row)
 
 /// One read: the member, and an answer in which no field has its default.
 struct ReadRow {
-    /// \a seen gets what the caller has after it, as JSON.
+    /// \a seen gets the caller's record after the call, as JSON.
     using Call = std::function<bool(Auxiliary &, std::string &seen, QString &error)>;
 
     const char *name;
@@ -67,7 +67,7 @@ struct ReadRow {
     quint16 code;
     const char *label;
     const char *answer;
-    const char *decodeError; ///< Of the answer "1".
+    const char *decodeError; ///< For the answer "1".
 };
 
 template <class Record, class Member>
@@ -112,7 +112,7 @@ const ReadRow &recordRead(int row)
     return recordReads()[std::size_t(row)];
 }
 
-/// The text that the caller has after a failure.
+/// The caller's error text after a failure.
 QString toldToCaller(const ReadRow &row, const QString &text)
 {
     return row.code == 0xFC0D ? textFromBefore() : text;
@@ -143,12 +143,12 @@ private Q_SLOTS:
     void refusedReadFails();
     void undecodableAnswerGivesTheCodecsText_data() { addRows(recordReads()); }
     void undecodableAnswerGivesTheCodecsText();
-    void readWithoutChannelFailsToDecodeNothing_data() { addRows(recordReads()); }
-    void readWithoutChannelFailsToDecodeNothing();
+    void readWithoutChannelFailsToDecode_data() { addRows(recordReads()); }
+    void readWithoutChannelFailsToDecode();
     void readOfADeviceThatIsGoneFails_data() { addRows(recordReads()); }
     void readOfADeviceThatIsGoneFails();
     void sourceLossResultsAreAppended();
-    void undecodableSelfCheckTellsTheWholeBody();
+    void undecodableSelfCheckReportsTheWholeBody();
     void loadProgressFailsWithoutAText();
 
     void updateCutoutRGBReturnsFalseWithoutTraffic();
@@ -186,7 +186,7 @@ void tst_Auxiliary::timeoutOfSaveDeviceDataIsOverridden()
     QCOMPARE(it.lastSent().timeout, 7002);
     it.setTimeouts(7001, {});
     QVERIFY(it.control.saveDeviceData(it.error));
-    QCOMPARE(it.lastSent().timeout, 7001); // the default too is stronger than the operation's wish
+    QCOMPARE(it.lastSent().timeout, 7001); // the default too overrides the operation's timeout
 }
 
 void tst_Auxiliary::pickCutoutPosReadsNothingFromTheAnswer()
@@ -263,7 +263,7 @@ void tst_Auxiliary::undecodableAnswerGivesTheCodecsText()
     QCOMPARE(it.warnings(), QStringList());
 }
 
-void tst_Auxiliary::readWithoutChannelFailsToDecodeNothing()
+void tst_Auxiliary::readWithoutChannelFailsToDecode()
 {
     QFETCH(int, row);
     Controlled<Auxiliary> it;
@@ -298,7 +298,7 @@ void tst_Auxiliary::sourceLossResultsAreAppended()
     QCOMPARE(int(statistics.back().slotId), 2);
 }
 
-void tst_Auxiliary::undecodableSelfCheckTellsTheWholeBody()
+void tst_Auxiliary::undecodableSelfCheckReportsTheWholeBody()
 {
     Controlled<Auxiliary> it;
     it.device.channel->answerBody("{\"parts\":[{\"type\":2}\n]] and %1 the rest");
@@ -308,7 +308,7 @@ void tst_Auxiliary::undecodableSelfCheckTellsTheWholeBody()
              QStringLiteral("Decode json failed: error at line :1 col :3 "
                             "msg:invalid json document! error json is : "
                             "{\"parts\":[{\"type\":2}\n]] and %1 the rest"));
-    QCOMPARE(int(detail.parts.size()), 1); // what was decoded before the fault
+    QCOMPARE(int(detail.parts.size()), 1); // what was decoded before the error
 }
 
 void tst_Auxiliary::loadProgressFailsWithoutAText()

@@ -14,11 +14,11 @@ private Q_SLOTS:
     void everyPairHasItsLabelOrNone();
     void labelsOfTheTable_data();
     void labelsOfTheTable();
-    void pairsThatAreNoCommands_data();
-    void pairsThatAreNoCommands();
+    void pairsWithoutACommand_data();
+    void pairsWithoutACommand();
 
 private:
-    QMap<int, QString> m_labels; ///< By command code.
+    QMap<int, QString> m_labels; ///< The key is the command code.
 };
 
 void tst_CommandLabels::initTestCase()
@@ -58,19 +58,19 @@ void tst_CommandLabels::labelsOfTheTable()
           "label");
 }
 
-void tst_CommandLabels::pairsThatAreNoCommands_data()
+void tst_CommandLabels::pairsWithoutACommand_data()
 {
     QTest::addColumn<int>("code");
 
     QTest::newRow("gap in the device's codes") << 0x110B;
     QTest::newRow("auxiliary codes begin at 1") << 0xFC00;
     QTest::newRow("between two labels of screens") << 0x1311;
-    QTest::newRow("behind the last label of screens") << 0x1315;
+    QTest::newRow("after the last label of screens") << 0x1315;
     QTest::newRow("another base code") << 0x1000;
     QTest::newRow("base code between files and maintenance") << 0xFB01;
 }
 
-void tst_CommandLabels::pairsThatAreNoCommands()
+void tst_CommandLabels::pairsWithoutACommand()
 {
     QFETCH(const int, code);
     QCOMPARE(ControlHelper::commandLabel(static_cast<quint8>(code >> 8), static_cast<quint8>(code)),

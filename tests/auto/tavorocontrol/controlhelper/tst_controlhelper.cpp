@@ -16,8 +16,8 @@ enum Situation {
     DeviceGone,
 };
 
-/// What a refused exchange tells, and in which order.
-enum Telling {
+/// What a refused exchange reports, and in which order.
+enum Order {
     LogThenStatusBar,
     StatusBarThenLog,
     StatusBarBoxThenLog,
@@ -29,8 +29,8 @@ struct FailureRow {
     Situation situation;
     QList<ScriptedAnswer> answers;
     const char *reason;
-    Telling telling;
-    int packet = 0; ///< Of 3, at the end of the log line.
+    Order order;
+    int packet = 0; ///< Index of the packet, of 3, at the end of the log line.
 };
 
 constexpr auto refusal = &ScriptedAnswer::refusal;
@@ -46,7 +46,7 @@ constexpr auto beforeResult = "result from before";
 
 // clang-format off
 const FailureRow failureRows[] = {
-//   name                              call situation  answers                     reason                                         telling, packet
+//   name                              call situation  answers                     reason                                         order, packet
     {"read, model device gone",        Get, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
     {"read, channel not ready",        Get, NotReady,   {},                         "The device is offline",                       LogThenStatusBar},
     {"read, null response",            Get, Connected,  {noResponse()},             "invalid response command model data",         LogThenStatusBar},
@@ -56,7 +56,7 @@ const FailureRow failureRows[] = {
     {"read, status of the channel",    Get, Connected,  {refusal(260)},             "software error: Request timed out",           LogThenStatusBar},
     {"read, status of the decoder",    Get, Connected,  {refusal(361)},             "protocol error: Invalid checksum",            LogThenStatusBar},
     {"read, status without a text",    Get, Connected,  {refusal(256)},             "N/A",                                         LogThenStatusBar},
-    {"read, lost behind first packet", Get, LostLater,  {firstOf(3)},               "The device is offline",                       LogThenStatusBar},
+    {"read, lost after first packet",  Get, LostLater,  {firstOf(3)},               "The device is offline",                       LogThenStatusBar},
     {"read, null second packet",       Get, Connected,  {firstOf(3), noResponse()}, "invalid response command model data",         LogThenStatusBar, 1},
     {"read, refused second packet",    Get, Connected,  {firstOf(3), refusal(68)},  "hardware error:68",                           LogThenStatusBar, 1},
     {"write, model device gone",       Set, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
@@ -81,15 +81,15 @@ class tst_ControlHelper : public QObject {
 private Q_SLOTS:
     void failures_data();
     void failures();
-    void failedReadKeepsWhatHadArrived();
+    void failedReadKeepsReceivedData();
     void nullRequestNeverReachesTheStatusBar();
-    void nullRequestComesBeforeMissingDevice();
+    void nullRequestIsCheckedBeforeTheDevice();
     void readWithoutChannelIsTrueAndEmpty();
     void writeWithoutChannelIsTrueAndSilent();
-    void successLeavesTheErrorAlone();
-    void writeShowsSuccessOnlyWhenAsked_data();
-    void writeShowsSuccessOnlyWhenAsked();
-    void writeFailureIsShownInAnyCase();
+    void successDoesNotChangeTheError();
+    void writeShowsSuccessOnRequest_data();
+    void writeShowsSuccessOnRequest();
+    void writeFailureIsAlwaysShown();
     void messageBoxComesOnlyFromStatus68OfWrites();
     void nothingIsSentTwice();
     void cancelledStateDoesNotStopPlainExchanges();
@@ -137,27 +137,27 @@ void tst_ControlHelper::failures()
     const QString shown = QStringLiteral("status bar 2 for 5000 ms: ") + sentence;
     const QString box =
         QStringLiteral("message box 1: Device data has been updated, please synchronize now.");
-    QStringList told = outcome.lines;
+    QStringList lines = outcome.lines;
     if (!gone)
-        QVERIFY(told.takeFirst().startsWith(QStringLiteral("info: TavoroCmd {device} ")));
+        QVERIFY(lines.takeFirst().startsWith(QStringLiteral("info: TavoroCmd {device} ")));
 
     QVERIFY(!outcome.ok);
     QCOMPARE(outcome.error, sentence);
-    switch (row->telling) {
+    switch (row->order) {
     case LogThenStatusBar:
-        QCOMPARE(told, (QStringList{logged, shown}));
+        QCOMPARE(lines, (QStringList{logged, shown}));
         break;
     case StatusBarThenLog:
-        QCOMPARE(told, (QStringList{shown, logged}));
+        QCOMPARE(lines, (QStringList{shown, logged}));
         break;
     case StatusBarBoxThenLog:
-        QCOMPARE(told, (QStringList{shown, box, logged}));
+        QCOMPARE(lines, (QStringList{shown, box, logged}));
         break;
     }
     QCOMPARE(channel.sent().size(), std::size_t(row->answers.size()));
 }
 
-void tst_ControlHelper::failedReadKeepsWhatHadArrived()
+void tst_ControlHelper::failedReadKeepsReceivedData()
 {
     RequestPath path;
     path.device.channel->answer(refusal(9));
@@ -181,7 +181,7 @@ void tst_ControlHelper::nullRequestNeverReachesTheStatusBar()
     QVERIFY(path.device.channel->sent().empty());
 }
 
-void tst_ControlHelper::nullRequestComesBeforeMissingDevice()
+void tst_ControlHelper::nullRequestIsCheckedBeforeTheDevice()
 {
     RequestPath path;
     path.device.model.reset();
@@ -214,7 +214,7 @@ void tst_ControlHelper::writeWithoutChannelIsTrueAndSilent()
     QVERIFY(outcome.lines.first().startsWith(QStringLiteral("info: ")));
 }
 
-void tst_ControlHelper::successLeavesTheErrorAlone()
+void tst_ControlHelper::successDoesNotChangeTheError()
 {
     RequestPath path;
     const auto readOutcome = path.read(RequestPath::request(1, 0x1100));
@@ -225,7 +225,7 @@ void tst_ControlHelper::successLeavesTheErrorAlone()
     QCOMPARE(writeOutcome.error, QString::fromLatin1(before));
 }
 
-void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked_data()
+void tst_ControlHelper::writeShowsSuccessOnRequest_data()
 {
     QTest::addColumn<bool>("showSuccess");
     QTest::addColumn<std::string>("body");
@@ -236,7 +236,7 @@ void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked_data()
     QTest::newRow("split, not shown") << false << std::string("abcdefgh");
 }
 
-void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked()
+void tst_ControlHelper::writeShowsSuccessOnRequest()
 {
     QFETCH(const bool, showSuccess);
     QFETCH(const std::string, body);
@@ -251,7 +251,7 @@ void tst_ControlHelper::writeShowsSuccessOnlyWhenAsked()
     QCOMPARE(outcome.lines.filter(QStringLiteral("info: ")).size(), 2);
 }
 
-void tst_ControlHelper::writeFailureIsShownInAnyCase()
+void tst_ControlHelper::writeFailureIsAlwaysShown()
 {
     RequestPath path;
     path.device.channel->answer(refusal(5));

@@ -59,11 +59,11 @@ bool readSlot(Control::Device &device, BizModel::Device *model, std::string &see
     return ok;
 }
 
-/// Writes a record of which no field has its default.
+/// Writes a record in which no field has its default.
 template <auto operation, const auto &record>
 bool write(Control::Device &device, BizModel::Device *, std::string &, QString &error)
 {
-    auto copy = record; // some operations take it by a reference that is not const
+    auto copy = record; // some operations take a non-const reference
     return (device.*operation)(copy, error);
 }
 
@@ -71,7 +71,7 @@ bool write(Control::Device &device, BizModel::Device *, std::string &, QString &
 const s_General               general{{"Main \"A\"", 1}};
 const s_subcards              subcards{{{1, 2, 3, 4, 5, {{6, 7, 8, 9, 10}, {-1, -2, 3, -4, -5}}}, {2, 0, 0, 0, 0, {}}}};
 const s_Genlock               genlock{{2, 4294967295U}};
-const s_Networks              networks{{{1, "02:00:5E", 1, "192.0.2.7", "255.255.0.0", "192.0.2.1"}}}; // the address it has
+const s_Networks              networks{{{1, "02:00:5E", 1, "192.0.2.7", "255.255.0.0", "192.0.2.1"}}}; // its present address
 const s_swap                  swapped{1};
 const s_InterfaceMapping      mapping{{3}, {1, 2, 3, 4, 5, 6, 7}};
 const s_DynamicRangConversion conversion{1, 2};
@@ -86,7 +86,7 @@ constexpr auto slotBody =
 constexpr auto groupsBody  = R"({"groupInfos":[{"groupName":"hall","groupId":"1"},{"groupName":"foyer","groupId":"2"}]})";
 constexpr auto mappingBody = R"({"general":{"type":3},"testPattern":{"enable":1,"type":2,"bright":3,"grid":4,"speed":5,"gridLineWidth":6,"gridType":7}})";
 
-// The signatures that other components compile against.
+// The signatures that applications compile against.
 static_assert(std::is_same_v<decltype(&D::readSubcardDetail),          bool (D::*)(const s_subcards &, QString &)>);
 static_assert(std::is_same_v<decltype(&D::writeDeviceGeneral),         bool (D::*)(const s_General &, QString &)>);
 static_assert(std::is_same_v<decltype(&D::writeOutputMapping),         bool (D::*)(s_InterfaceMapping &, QString &)>);

@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
-/// Calls one operation. \a seen gets what a read handed over, as JSON.
+/// Calls one operation. \a seen gets what a read returned, as JSON.
 using Call = bool (*)(Tavoro::Control::Device &device, Tavoro::BizModel::Device *model,
                       std::string &seen, QString &error);
 
-/// What an operation does beside the exchange.
+/// What an operation does besides the exchange.
 enum Kind : unsigned {
     Plain = 0,
     Decodes = 1,
-    LocksFirst = 2, ///< Asks for the model device before it sends.
+    LocksFirst = 2, ///< Locks the model device before it sends.
 };
 
 struct OperationRow {
@@ -24,17 +24,17 @@ struct OperationRow {
     quint8 type;
     quint16 code;
     const char *label;
-    const char *body; ///< Of the request.
+    const char *body; ///< Body of the request.
     const char *answer;
-    const char *seen; ///< By the caller or in the model.
+    const char *seen; ///< What the caller or the model gets.
     unsigned kind;
     Call call;
 };
 
-/// Every operation of the class, worked out by hand.
+/// Every operation of the class, written by hand.
 ///
-/// Apart from the test itself, which would be too long with them.
+/// In a file of its own, since the test would be too long.
 extern const std::vector<OperationRow> operationRows;
 
-/// The whole of a device, no field at its default.
+/// The whole state of a device; no field has its default.
 extern const char *const detailBody;

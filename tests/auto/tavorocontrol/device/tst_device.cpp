@@ -28,7 +28,7 @@ private Q_SLOTS:
 
     void decodeFailureIsNeitherLoggedNorShown();
     void readsOfADeviceLostInFlight();
-    void keysThatAreMissingKeepTheirDefaults();
+    void missingKeysKeepTheirDefaults();
     void readSubcardDetailPassesTheModelsText();
     void timeoutOfSubcardModeIsOverridden();
 
@@ -40,7 +40,7 @@ namespace {
 constexpr auto emptyBodyText =
     "Decode json failed: error at line :0 col :0 msg:read object must start with {!";
 
-/// One call of one operation, and what came of it.
+/// One call of one operation, and its outcome.
 struct Called {
     Called(RequestPath &path, const OperationRow &row)
     {
@@ -217,7 +217,7 @@ void tst_Device::readsOfADeviceLostInFlight()
     }
 }
 
-void tst_Device::keysThatAreMissingKeepTheirDefaults()
+void tst_Device::missingKeysKeepTheirDefaults()
 {
     RequestPath path;
     path.device.channel->answerBody(R"({"swap":1,"networks":[{"index":2}]})");

@@ -1,4 +1,4 @@
-// What an operation does to the channel of its device beside the exchange.
+// What an operation does to the channel of its device besides the exchange.
 
 #include <support/tavorocontrol/requestpath.h>
 #include <tavorobizmodel/device.h>
@@ -33,8 +33,8 @@ class tst_DeviceNetwork : public QObject {
 private Q_SLOTS:
     void writeNetConfigWithUnchangedAddressesKeepsTheChannel_data();
     void writeNetConfigWithUnchangedAddressesKeepsTheChannel();
-    void writeNetConfigWithANewAddressStopsAndForgetsTheChannel_data();
-    void writeNetConfigWithANewAddressStopsAndForgetsTheChannel();
+    void writeNetConfigWithANewAddressStopsAndRemovesTheChannel_data();
+    void writeNetConfigWithANewAddressStopsAndRemovesTheChannel();
     void refusedNetConfigKeepsTheChannel();
     void writeNetConfigOfADeviceLostInFlightIsDone();
 
@@ -63,18 +63,18 @@ void tst_DeviceNetwork::writeNetConfigWithUnchangedAddressesKeepsTheChannel()
     QVERIFY(path.device.isChannelKnown());
 }
 
-void tst_DeviceNetwork::writeNetConfigWithANewAddressStopsAndForgetsTheChannel_data()
+void tst_DeviceNetwork::writeNetConfigWithANewAddressStopsAndRemovesTheChannel_data()
 {
     QTest::addColumn<s_Networks>("networks");
 
-    // Behind the first port that moves there is no channel left to stop.
+    // After the first port with a new address there is no channel left to stop.
     QTest::newRow("one port") << networksWith({"192.0.2.8"});
     QTest::newRow("second port") << networksWith({"192.0.2.7", "192.0.2.8"});
     QTest::newRow("both ports") << networksWith({"192.0.2.8", "192.0.2.9"});
     QTest::newRow("first port") << networksWith({"192.0.2.8", "192.0.2.7"});
 }
 
-void tst_DeviceNetwork::writeNetConfigWithANewAddressStopsAndForgetsTheChannel()
+void tst_DeviceNetwork::writeNetConfigWithANewAddressStopsAndRemovesTheChannel()
 {
     QFETCH(const s_Networks, networks);
     RequestPath path;

@@ -14,10 +14,10 @@ class tst_DeviceReports : public QObject {
 private Q_SLOTS:
     void reportsReachTheModel_data();
     void reportsReachTheModel();
-    void reportsThatDoNotDecode_data();
-    void reportsThatDoNotDecode();
-    void reportsOfAGoneDevice_data();
-    void reportsOfAGoneDevice();
+    void undecodableReportsFail_data();
+    void undecodableReportsFail();
+    void reportsOnAMissingDeviceFail_data();
+    void reportsOnAMissingDeviceFail();
     void decodingComesBeforeTheDevice_data();
     void decodingComesBeforeTheDevice();
     void everyGroupReachesTheModel();
@@ -41,12 +41,12 @@ struct ReportRow {
     const char *name;
     Handler handler;
     const char *body;
-    const char *effect; ///< What the model then holds, as JSON.
+    const char *effect; ///< What the model holds then, as JSON.
     std::string (*held)(const BizModel::Device &);
     const char *badBody;
-    const char *badText; ///< Behind "Decode json failed: ".
-    const char *goneText; ///< Told to the caller. Null: nothing.
-    const char *goneLine; ///< Logged. Null: nothing.
+    const char *badText; ///< After "Decode json failed: ".
+    const char *goneText; ///< The caller's error text; null for none.
+    const char *goneLine; ///< The log line; null for none.
 };
 
 // clang-format off
@@ -137,12 +137,12 @@ void tst_DeviceReports::reportsReachTheModel()
     QVERIFY(path.device.channel->sent().empty());
 }
 
-void tst_DeviceReports::reportsThatDoNotDecode_data()
+void tst_DeviceReports::undecodableReportsFail_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::reportsThatDoNotDecode()
+void tst_DeviceReports::undecodableReportsFail()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;
@@ -155,12 +155,12 @@ void tst_DeviceReports::reportsThatDoNotDecode()
     QVERIFY(path.takeLines().isEmpty());
 }
 
-void tst_DeviceReports::reportsOfAGoneDevice_data()
+void tst_DeviceReports::reportsOnAMissingDeviceFail_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::reportsOfAGoneDevice()
+void tst_DeviceReports::reportsOnAMissingDeviceFail()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;

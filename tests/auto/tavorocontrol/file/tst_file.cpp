@@ -54,7 +54,7 @@ const WriteRow<File> &fileWrite(int row)
     return fileWrites()[std::size_t(row)];
 }
 
-/// What the caller of readDetails() has after it.
+/// What the caller of readDetails() gets.
 struct Listing {
     bool ok;
     QStringList names;
@@ -99,7 +99,7 @@ private Q_SLOTS:
     void readDetailsAppends();
     void undecodableAnswerKeepsWhatWasDecoded();
     void undecodableAnswerIsNeitherLoggedNorShown();
-    void readWithoutChannelFailsToDecodeNothing();
+    void readWithoutChannelFailsToDecode();
     void failedReadReturnsTheSentence();
     void readHasTheTimeoutOfTheTable();
     void cancelledStateStopsNeitherReadsNorWrites();
@@ -193,8 +193,8 @@ void tst_File::readDetailsNamesTypeAndIdInTheHead_data()
     QTest::newRow("all files of one type")             << 6   << -1  << QByteArray("06ff0000");
     QTest::newRow("type before id")                    << 8   << 5   << QByteArray("08050000");
     QTest::newRow("lowest numbers")                    << 0   << 0   << QByteArray("00000000");
-    QTest::newRow("highest id that can be told")       << 6   << 254 << QByteArray("06fe0000");
-    QTest::newRow("id 255 cannot be told from all")    << 6   << 255 << QByteArray("06ff0000");
+    QTest::newRow("highest id with a filter")          << 6   << 254 << QByteArray("06fe0000");
+    QTest::newRow("id 255 selects all")                << 6   << 255 << QByteArray("06ff0000");
     QTest::newRow("higher ids are cut to their low byte") << 262 << 511 << QByteArray("06ff0000");
     // clang-format on
 }
@@ -227,7 +227,7 @@ void tst_File::readDetailsDecodesEveryField()
     std::string read;
     ajson::encodeRecord(files, read);
     QCOMPARE(asText(read), asText(body));
-    QCOMPARE(files.front().binary, std::string()); // the content is fetched apart
+    QCOMPARE(files.front().binary, std::string()); // the content is read separately
 }
 
 void tst_File::emptyAnswerListIsASuccess()
@@ -274,7 +274,7 @@ void tst_File::undecodableAnswerIsNeitherLoggedNorShown()
                  "status bar 0 for 5000 ms: Get file detail information successfully.")));
 }
 
-void tst_File::readWithoutChannelFailsToDecodeNothing()
+void tst_File::readWithoutChannelFailsToDecode()
 {
     Controlled<File> it;
     it.device.removeChannel();

@@ -24,7 +24,7 @@ static_assert(std::is_same_v<decltype(&File::writeFileBinary),
 constexpr auto packet = &ScriptedAnswer::packet;
 constexpr auto refusal = &ScriptedAnswer::refusal;
 
-/// Bytes that no text codec would leave alone.
+/// Bytes that every text codec would change.
 std::string rawContent()
 {
     using namespace std::string_literals;
@@ -45,19 +45,19 @@ private Q_SLOTS:
     void longImportIsSplit();
 
     void pieceStatesItsCounts();
-    void pieceShowsSuccessOnlyWhenAsked_data();
-    void pieceShowsSuccessOnlyWhenAsked();
-    void refusedPieceIsShownInAnyCase();
+    void pieceShowsSuccessOnRequest_data();
+    void pieceShowsSuccessOnRequest();
+    void refusedPieceIsAlwaysShown();
     void splittingOverridesTheCountsOfAPiece();
     void pieceAtTheLimitKeepsItsCounts();
     void transfersHaveTheTimeoutOfTheTable();
 
     void readIntoRecordTakesItsIdentityAndFillsItsBinary();
-    void readReplacesWhatTheOutputHeld();
-    void readJoinsPacketsAndTellsProgress();
-    void partialReadLeavesWhatArrived();
-    void refusedReadLeavesTheOutput();
-    void readWithoutChannelLeavesNothing();
+    void readReplacesTheOutput();
+    void readJoinsPacketsAndReportsProgress();
+    void failedReadKeepsReceivedPackets();
+    void refusedReadDoesNotChangeTheOutput();
+    void readWithoutChannelEmptiesTheOutput();
 };
 
 void tst_FileBinary::importSendsTheContentRaw()
@@ -104,7 +104,7 @@ void tst_FileBinary::importNamesTypeAndIdInTheHead()
     QVERIFY(it.control.importFileBinary({fileId, fileType}, "x", it.error));
     QVERIFY(it.control.writeFileBinary("x", FileType(fileType), fileId, 0, 0, it.error, true));
     QVERIFY(it.control.readBinary(fileType, fileId, content, it.error));
-    QVERIFY(it.control.readBinary(fileType, fileId, tellCallsTo(it.journal)));
+    QVERIFY(it.control.readBinary(fileType, fileId, recordCallsIn(it.journal)));
     const QString write = requestHead(4, 0xFA03, bytes);
     const QString read = requestHead(3, 0xFA04, bytes);
     QCOMPARE(heads(it), (QStringList{write, write, read, read}));
@@ -168,7 +168,7 @@ void tst_FileBinary::pieceStatesItsCounts()
     QCOMPARE(it.lastSent().body, rawContent());
 }
 
-void tst_FileBinary::pieceShowsSuccessOnlyWhenAsked_data()
+void tst_FileBinary::pieceShowsSuccessOnRequest_data()
 {
     QTest::addColumn<bool>("showMessage");
     QTest::addColumn<quint32>("limit");
@@ -178,7 +178,7 @@ void tst_FileBinary::pieceShowsSuccessOnlyWhenAsked_data()
     QTest::newRow("split, not asked") << false << 2U;
 }
 
-void tst_FileBinary::pieceShowsSuccessOnlyWhenAsked()
+void tst_FileBinary::pieceShowsSuccessOnRequest()
 {
     QFETCH(const bool, showMessage);
     QFETCH(const quint32, limit);
@@ -188,7 +188,7 @@ void tst_FileBinary::pieceShowsSuccessOnlyWhenAsked()
     QCOMPARE(int(linesWith(it, "status bar").size()), showMessage ? 1 : 0);
 }
 
-void tst_FileBinary::refusedPieceIsShownInAnyCase()
+void tst_FileBinary::refusedPieceIsAlwaysShown()
 {
     ControlledFile it;
     it.device.channel->answer(refusal(9));
@@ -242,7 +242,7 @@ void tst_FileBinary::transfersHaveTheTimeoutOfTheTable()
     it.setTimeouts(7001, {0xFA, 0x04, 7002});
     s_FileDetail file;
     it.control.readBinary(file, it.error);
-    it.control.readBinary(6, 3, tellCallsTo(it.journal));
+    it.control.readBinary(6, 3, recordCallsIn(it.journal));
     it.control.importFileBinary({3, 6}, "x", it.error);
     const auto sent = it.device.channel->sent();
     QCOMPARE(sent.at(0).timeout, 7002);
@@ -261,10 +261,10 @@ void tst_FileBinary::readIntoRecordTakesItsIdentityAndFillsItsBinary()
     QCOMPARE(it.lastSent().body, std::string());
     QCOMPARE(file.binary, rawContent());
     QCOMPARE(asText(file.general.name), QStringLiteral("p"));
-    QCOMPARE(file.size.hashSum, 5); // stated by the device, not compared with the content
+    QCOMPARE(file.size.hashSum, 5); // the device's value, not compared with the content
 }
 
-void tst_FileBinary::readReplacesWhatTheOutputHeld()
+void tst_FileBinary::readReplacesTheOutput()
 {
     ControlledFile it;
     it.device.channel->answerBody("new");
@@ -273,7 +273,7 @@ void tst_FileBinary::readReplacesWhatTheOutputHeld()
     QCOMPARE(content, std::string("new"));
 }
 
-void tst_FileBinary::readJoinsPacketsAndTellsProgress()
+void tst_FileBinary::readJoinsPacketsAndReportsProgress()
 {
     ControlledFile it;
     answerThreePackets(it);
@@ -286,7 +286,7 @@ void tst_FileBinary::readJoinsPacketsAndTellsProgress()
     QVERIFY(linesWith(it, "info: ").filter(QStringLiteral("onetwothree")).isEmpty());
 }
 
-void tst_FileBinary::partialReadLeavesWhatArrived()
+void tst_FileBinary::failedReadKeepsReceivedPackets()
 {
     ControlledFile it;
     it.device.channel->answer(packet("one", 3, 0));
@@ -300,7 +300,7 @@ void tst_FileBinary::partialReadLeavesWhatArrived()
     QCOMPARE(file.binary, std::string("onetwo"));
 }
 
-void tst_FileBinary::refusedReadLeavesTheOutput()
+void tst_FileBinary::refusedReadDoesNotChangeTheOutput()
 {
     ControlledFile it;
     it.device.channel->answer(refusal(9));
@@ -309,7 +309,7 @@ void tst_FileBinary::refusedReadLeavesTheOutput()
     QCOMPARE(content, std::string("from before"));
 }
 
-void tst_FileBinary::readWithoutChannelLeavesNothing()
+void tst_FileBinary::readWithoutChannelEmptiesTheOutput()
 {
     ControlledFile it;
     it.device.removeChannel();

@@ -27,35 +27,35 @@ class tst_FileStreaming : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void streamedReadHandsOverEachPacket();
+    void streamedReadPassesOnEachPacket();
     void streamedReadReturnsItsFailure();
     void streamedReadOfADeviceThatIsGoneFails();
     void cancelBeforeAStreamedReadFailsItWithoutTraffic();
     void cancelStaysUntilItIsCleared();
-    void cancelOfOneFileLeavesOthersAlone();
+    void cancelDoesNotAffectOtherFiles();
     void cancelFromAnotherThreadStopsAStreamedRead();
     void deviceStaysForTheLengthOfAStreamedRead();
     void emptyCallbackThrows();
 };
 
-void tst_FileStreaming::streamedReadHandsOverEachPacket()
+void tst_FileStreaming::streamedReadPassesOnEachPacket()
 {
     ControlledFile it;
     answerThreePackets(it);
-    QVERIFY(it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     QCOMPARE(linesWith(it, "callback: "),
              (QStringList{streamedCall(true, 1.0 / 3, "one"), streamedCall(true, 2.0 / 3, "two"),
                           streamedCall(true, 1, "three")}));
     QCOMPARE(heads(it), headsOfThreePackets());
     QCOMPARE(bodies(it), (QStringList{QString(), QString(), QString()}));
-    QCOMPARE(linesWith(it, "reading: "), QStringList()); // the callback tells
+    QCOMPARE(linesWith(it, "reading: "), QStringList()); // the callback reports
 }
 
 void tst_FileStreaming::streamedReadReturnsItsFailure()
 {
     ControlledFile it;
     it.device.channel->answer(refusal(9));
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     QCOMPARE(linesWith(it, "callback: "),
              QStringList(streamedCall(
                  false, 0, {},
@@ -66,7 +66,7 @@ void tst_FileStreaming::streamedReadOfADeviceThatIsGoneFails()
 {
     ControlledFile it;
     it.device.model.reset();
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     QCOMPARE(
         linesWith(it, "callback: "),
         QStringList(streamedCall(
@@ -78,7 +78,7 @@ void tst_FileStreaming::cancelBeforeAStreamedReadFailsItWithoutTraffic()
 {
     ControlledFile it;
     it.control.setCancelledState(true);
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     QCOMPARE(linesWith(it, "callback: "), QStringList(streamedCall(false, 0, {}, cancelledText())));
     QCOMPARE(it.sentCount(), std::size_t(0));
 }
@@ -87,18 +87,18 @@ void tst_FileStreaming::cancelStaysUntilItIsCleared()
 {
     ControlledFile it;
     it.control.setCancelledState(true);
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     it.control.setCancelledState(false);
-    QVERIFY(it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(it.control.readBinary(6, 3, recordCallsIn(it.journal)));
 }
 
-void tst_FileStreaming::cancelOfOneFileLeavesOthersAlone()
+void tst_FileStreaming::cancelDoesNotAffectOtherFiles()
 {
     ControlledFile it;
     it.control.setCancelledState(true);
     File fresh(it.device.model, nullptr);
-    QVERIFY(fresh.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(fresh.readBinary(6, 3, recordCallsIn(it.journal)));
 }
 
 void tst_FileStreaming::cancelFromAnotherThreadStopsAStreamedRead()
@@ -110,7 +110,7 @@ void tst_FileStreaming::cancelFromAnotherThreadStopsAStreamedRead()
         std::thread([&it] { it.control.setCancelledState(true); }).join();
     };
     it.device.channel->answer(second);
-    QVERIFY(!it.control.readBinary(6, 3, tellCallsTo(it.journal)));
+    QVERIFY(!it.control.readBinary(6, 3, recordCallsIn(it.journal)));
     QCOMPARE(linesWith(it, "callback: "),
              (QStringList{streamedCall(true, 1.0 / 3, "one"),
                           streamedCall(false, 1.0 / 3, {}, cancelledText())}));

@@ -15,7 +15,7 @@ static_assert(std::is_same_v<decltype(&File::updateTransferProgress),
                              bool (File::*)(const std::string &, std::vector<s_FileTransPercent> &,
                                             QString &)>);
 
-/// A report of two files, and how its records look to whoever gets them.
+/// A report of two files, and its records as every receiver sees them.
 constexpr auto reportBody = R"([{"fileId":3,"fileType":6,"type":1,"percent":40,"status":2},)"
                             R"({"fileId":9,"fileType":2,"type":-1,"percent":-2,"status":-3}])";
 
@@ -37,7 +37,7 @@ QStringList reportFigures()
     return {QStringLiteral("3 6 1 40 2"), QStringLiteral("9 2 -1 -2 -3")};
 }
 
-/// A device whose model has one file, and a report that comes in.
+/// A device whose model has one file, and a report that is received.
 class Report {
 public:
     using Percents = std::vector<s_FileTransPercent>;
@@ -74,7 +74,7 @@ public:
     Percents seen;
     QStringList announced;
     std::weak_ptr<BizModel::Device> announcedDevice;
-    QList<int> seenWhenAnnounced; ///< Records that the caller had, and the model's percent.
+    QList<int> seenWhenAnnounced; ///< Records of the caller, and the model's percent.
 };
 
 } // namespace
@@ -84,11 +84,11 @@ class tst_FileTransferReports : public QObject {
 
 private Q_SLOTS:
     void progressReachesSignalCallerAndModel();
-    void progressIsAnnouncedBeforeAnybodyHasIt();
-    void progressOfAFileThatTheModelLacksIsSkipped();
-    void progressReplacesWhatTheCallerHad();
-    void progressForADeviceThatIsGoneIsAnnouncedAndFails();
-    void undecodableProgressReachesNobody();
+    void progressSignalIsEmittedFirst();
+    void progressOfAnUnknownFileIsSkipped();
+    void progressReplacesTheCallersList();
+    void progressForAMissingDeviceIsEmittedAndFails();
+    void undecodableProgressIsDropped();
 };
 
 void tst_FileTransferReports::progressReachesSignalCallerAndModel()
@@ -105,17 +105,17 @@ void tst_FileTransferReports::progressReachesSignalCallerAndModel()
     QCOMPARE(report.it.journal.lines(), QStringList());
 }
 
-void tst_FileTransferReports::progressIsAnnouncedBeforeAnybodyHasIt()
+void tst_FileTransferReports::progressSignalIsEmittedFirst()
 {
     Report report;
     QVERIFY(report.update(reportBody));
     QCOMPARE(report.seenWhenAnnounced, (QList<int>{0, 0}));
 }
 
-void tst_FileTransferReports::progressOfAFileThatTheModelLacksIsSkipped()
+void tst_FileTransferReports::progressOfAnUnknownFileIsSkipped()
 {
     Report report;
-    // The id of the model's file under another type, then another id, and only then the file.
+    // The ID of the model's file with another type, then another ID, and then the file itself.
     QVERIFY(report.update(R"([{"fileId":3,"fileType":8,"percent":10},)"
                           R"({"fileId":4,"fileType":6,"percent":20},)"
                           R"({"fileId":3,"fileType":6,"percent":30}])"));
@@ -125,7 +125,7 @@ void tst_FileTransferReports::progressOfAFileThatTheModelLacksIsSkipped()
     QCOMPARE(report.it.journal.lines(), QStringList());
 }
 
-void tst_FileTransferReports::progressReplacesWhatTheCallerHad()
+void tst_FileTransferReports::progressReplacesTheCallersList()
 {
     Report report;
     report.seen.resize(5);
@@ -135,7 +135,7 @@ void tst_FileTransferReports::progressReplacesWhatTheCallerHad()
     QVERIFY(report.seen.empty());
 }
 
-void tst_FileTransferReports::progressForADeviceThatIsGoneIsAnnouncedAndFails()
+void tst_FileTransferReports::progressForAMissingDeviceIsEmittedAndFails()
 {
     Report report;
     report.it.device.model.reset();
@@ -146,7 +146,7 @@ void tst_FileTransferReports::progressForADeviceThatIsGoneIsAnnouncedAndFails()
     QCOMPARE(figures(report.seen), reportFigures());
 }
 
-void tst_FileTransferReports::undecodableProgressReachesNobody()
+void tst_FileTransferReports::undecodableProgressIsDropped()
 {
     Report report;
     QVERIFY(!report.update(R"([{"fileId":3,"fileType":6,"percent":"x"])"));

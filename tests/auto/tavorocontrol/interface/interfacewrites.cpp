@@ -7,9 +7,10 @@ using Tavoro::Control::Interface;
 
 namespace {
 
-const std::string id123 = R"({"slotId":1,"connectorId":2,"splitId":3,)"; ///< Opens {1, 2, 3}.
+const std::string id123 =
+    R"({"slotId":1,"connectorId":2,"splitId":3,)"; ///< Begins the record of {1, 2, 3}.
 
-// In memory the kind stands before the names.
+// In memory the kind comes before the names.
 const std::vector<s_General> general{{{1, 2, 3}, {7, "Camera \\ 1", "\xC3\xA9"}},
                                      {{4, 5, 6}, {8, "Camera 2", "C2"}}};
 const std::string generalText =

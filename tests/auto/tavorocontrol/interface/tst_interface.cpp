@@ -32,16 +32,16 @@ private Q_SLOTS:
     void writeWithoutChannelIsDone();
     void writeOfAGoneDeviceFails_data() { addRows(interfaceWrites()); }
     void writeOfAGoneDeviceFails();
-    void writesLeaveTheModelAlone();
+    void writesDoNotChangeTheModel();
     void nameAndGeneralAreTheSameCommand();
     void actualTimingIsNeverSent();
 
     void readSendsItsFiltersInTheHead_data();
     void readSendsItsFiltersInTheHead();
-    void filtersStandOneFurtherThanThoseOfScreens();
-    void timeoutThatReadAsksForNeverReachesTheWire();
+    void firstFilterHasThePositionOfTheSecondOfScreens();
+    void timeoutOfTheReadIsOverridden();
     void readAppendsToTheResult();
-    void readElementsBeginAsDefaults();
+    void readElementsStartWithDefaults();
     void failedReadReturnsTheSentence();
     void undecodableAnswerGivesTheCodecsText_data();
     void undecodableAnswerGivesTheCodecsText();
@@ -79,7 +79,7 @@ void tst_Interface::writeOfAGoneDeviceFails()
     verifyWriteOfAGoneDevice(interfaceWrites()[std::size_t(row)]);
 }
 
-void tst_Interface::writesLeaveTheModelAlone()
+void tst_Interface::writesDoNotChangeTheModel()
 {
     Controlled<Interface> it;
     const Tavoro::ProtoModel::s_InterfaceID id{1, 2, 3};
@@ -120,7 +120,7 @@ void tst_Interface::actualTimingIsNeverSent()
         QVERIFY(!it.control.writeActualTiming(list, it.error));
         QCOMPARE(it.error, textFromBefore());
     }
-    it.device.removeChannel(); // where all other writes count as done
+    it.device.removeChannel(); // then all other writes succeed
     QVERIFY(!it.control.writeActualTiming({}, it.error));
     QCOMPARE(it.error, textFromBefore());
     QCOMPARE(it.sentCount(), std::size_t(0));
@@ -158,7 +158,7 @@ void tst_Interface::readSendsItsFiltersInTheHead()
     QVERIFY(result.empty());
 }
 
-void tst_Interface::filtersStandOneFurtherThanThoseOfScreens()
+void tst_Interface::firstFilterHasThePositionOfTheSecondOfScreens()
 {
     Controlled<Interface> it;
     it.device.channel->answerBody("[]");
@@ -169,14 +169,14 @@ void tst_Interface::filtersStandOneFurtherThanThoseOfScreens()
     QCOMPARE(headHex(it.lastSent(), 34, 34), QStringLiteral("00"));
 }
 
-void tst_Interface::timeoutThatReadAsksForNeverReachesTheWire()
+void tst_Interface::timeoutOfTheReadIsOverridden()
 {
     Controlled<Interface> it;
     it.setTimeouts(7001, {0x12, 0x00, 7002});
     it.device.channel->answerBody("[]");
     std::vector<s_InterfaceDetail> result;
     QVERIFY(it.control.readDetails(0, -1, result, it.error));
-    QCOMPARE(it.lastSent().timeout, 7002); // not the 100000 that the operation asks for
+    QCOMPARE(it.lastSent().timeout, 7002); // not the 100000 of the operation
 
     it.setTimeouts(7001, {});
     it.device.channel->answerBody("[]");
@@ -198,7 +198,7 @@ void tst_Interface::readAppendsToTheResult()
         QCOMPARE(std::size_t(result[i].formatMapping), i + 1);
 }
 
-void tst_Interface::readElementsBeginAsDefaults()
+void tst_Interface::readElementsStartWithDefaults()
 {
     Controlled<Interface> it;
     it.device.channel->answerBody(

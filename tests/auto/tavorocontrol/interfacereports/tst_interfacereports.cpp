@@ -11,16 +11,16 @@ using Tavoro::Control::Interface;
 using Tavoro::ProtoModel::s_InterfaceID;
 using Tavoro::ProtoModel::Interface::s_InterfaceDetail;
 
-/// What the device tells of its interfaces unasked, and what becomes of it in the model.
+/// Reports on interfaces, and what they change in the model.
 class tst_InterfaceReports : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void reportReachesTheModel_data();
     void reportReachesTheModel();
-    void onlyActualTimingBringsLayerInputCropsUpToDate_data();
-    void onlyActualTimingBringsLayerInputCropsUpToDate();
-    void timingIsStoredBeforeTheCropsFollow();
+    void onlyActualTimingUpdatesLayerInputCrops_data();
+    void onlyActualTimingUpdatesLayerInputCrops();
+    void timingIsStoredBeforeTheCropsAreUpdated();
     void unknownInterfaceIsLoggedAndTheRestApplied_data();
     void unknownInterfaceIsLoggedAndTheRestApplied();
     void interface123IsLoggedAsNumber66051();
@@ -28,8 +28,8 @@ private Q_SLOTS:
     void identityIsLoggedAsOneUnsignedNumber();
     void expiredDeviceReturnsFalseWithoutText_data();
     void expiredDeviceReturnsFalseWithoutText();
-    void emptyListIsDoneAndStillFailsForAnExpiredDevice_data();
-    void emptyListIsDoneAndStillFailsForAnExpiredDevice();
+    void emptyListSucceedsExceptForAnExpiredDevice_data();
+    void emptyListSucceedsExceptForAnExpiredDevice();
     void undecodableReportGivesTheCodecsText_data();
     void undecodableReportGivesTheCodecsText();
     void elementWithoutItsBodyAppliesTheDefaults();
@@ -37,7 +37,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// Takes a part out of what is known of an interface: returns its text, leaves the default behind.
+/// Takes a part out of the details of an interface: returns its text, and sets the default.
 template <auto part>
 std::string take(s_InterfaceDetail &detail)
 {
@@ -50,7 +50,7 @@ std::string take(s_InterfaceDetail &detail)
 struct ReportRow {
     const char *name;
     bool (Interface::*update)(const std::string &, QString &);
-    const char *key; ///< Of the part that the report carries.
+    const char *key; ///< Key of the part that is reported.
     const char *text; ///< The part with no field at its default.
     std::string (*takePart)(s_InterfaceDetail &);
     const char *expired; ///< Logged for an expired device.
@@ -152,18 +152,18 @@ void tst_InterfaceReports::reportReachesTheModel()
     QCOMPARE(it.error, textFromBefore());
     s_InterfaceDetail detail = it.interface(it.second)->detail();
     QCOMPARE(asText(report(row).takePart(detail)), asText(report(row).text));
-    QCOMPARE(asText(textOf(detail)), asText(secondBefore)); // all else is as it was
+    QCOMPARE(asText(textOf(detail)), asText(secondBefore)); // everything else is unchanged
     QCOMPARE(asText(textOf(it.interface(it.first)->detail())), asText(firstBefore));
     QCOMPARE(it.journal.lines(), QStringList());
     QCOMPARE(it.sentCount(), std::size_t(0));
 }
 
-void tst_InterfaceReports::onlyActualTimingBringsLayerInputCropsUpToDate_data()
+void tst_InterfaceReports::onlyActualTimingUpdatesLayerInputCrops_data()
 {
     addRows(reports);
 }
 
-void tst_InterfaceReports::onlyActualTimingBringsLayerInputCropsUpToDate()
+void tst_InterfaceReports::onlyActualTimingUpdatesLayerInputCrops()
 {
     QFETCH(int, row);
     WithInterfaces it;
@@ -177,7 +177,7 @@ void tst_InterfaceReports::onlyActualTimingBringsLayerInputCropsUpToDate()
     QCOMPARE(crops.size(), row == 0 ? 1 : 0);
 }
 
-void tst_InterfaceReports::timingIsStoredBeforeTheCropsFollow()
+void tst_InterfaceReports::timingIsStoredBeforeTheCropsAreUpdated()
 {
     WithInterfaces it;
     const auto interface = it.interface(it.first);
@@ -212,7 +212,7 @@ void tst_InterfaceReports::unknownInterfaceIsLoggedAndTheRestApplied()
 
 void tst_InterfaceReports::interface123IsLoggedAsNumber66051()
 {
-    Controlled<Interface> it; // whose model has no interface at all
+    Controlled<Interface> it; // the model has no interface
     QVERIFY(
         it.control.updateActualTiming(R"([{"slotId":1,"connectorId":2,"splitId":3}])", it.error));
     QCOMPARE(it.error, textFromBefore());
@@ -261,12 +261,12 @@ void tst_InterfaceReports::expiredDeviceReturnsFalseWithoutText()
     QCOMPARE(it.journal.lines(), QStringList(QString::fromLatin1(report(row).expired)));
 }
 
-void tst_InterfaceReports::emptyListIsDoneAndStillFailsForAnExpiredDevice_data()
+void tst_InterfaceReports::emptyListSucceedsExceptForAnExpiredDevice_data()
 {
     addRows(reports);
 }
 
-void tst_InterfaceReports::emptyListIsDoneAndStillFailsForAnExpiredDevice()
+void tst_InterfaceReports::emptyListSucceedsExceptForAnExpiredDevice()
 {
     QFETCH(int, row);
     WithInterfaces it;
@@ -291,14 +291,14 @@ void tst_InterfaceReports::undecodableReportGivesTheCodecsText()
     WithInterfaces it;
     const std::string before = textOf(it.interface(it.first)->detail());
 
-    // The first element is sound, and is not applied either.
+    // The first element is valid, and is not applied either.
     QVERIFY(!it.update(report(row), "[" + element(report(row), it.first) + ",\n7]"));
     QCOMPARE(it.error,
              QStringLiteral("Decode json failed: error at line :1 col :2 "
                             "msg:read object must start with {!"));
     QCOMPARE(asText(textOf(it.interface(it.first)->detail())), asText(before));
 
-    it.device.model.reset(); // the body is looked at first
+    it.device.model.reset(); // the body is decoded first
     QVERIFY(!it.update(report(row), ""));
     QCOMPARE(it.error,
              QStringLiteral("Decode json failed: error at line :0 col :0 "

@@ -38,10 +38,10 @@ private Q_SLOTS:
 
     void readSendsItsFiltersInTheHead_data();
     void readSendsItsFiltersInTheHead();
-    void thirdFilterOf4StandsAtPosition32();
+    void thirdFilterIsSentAtPosition32();
     void enableAllAndReadShareTheirCodeAndDifferInType();
     void readAppendsToTheResult();
-    void readElementsBeginAsDefaults();
+    void readElementsStartWithDefaults();
     void failedReadReturnsTheSentence();
     void undecodableAnswerGivesTheCodecsText_data();
     void undecodableAnswerGivesTheCodecsText();
@@ -186,7 +186,7 @@ void tst_Layer::readSendsItsFiltersInTheHead()
     QVERIFY(result.empty());
 }
 
-void tst_Layer::thirdFilterOf4StandsAtPosition32()
+void tst_Layer::thirdFilterIsSentAtPosition32()
 {
     Controlled<Layer> it;
     it.device.channel->answerBody("[]");
@@ -224,7 +224,7 @@ void tst_Layer::readAppendsToTheResult()
         QCOMPARE(std::size_t(result[i].zorder), i + 1);
 }
 
-void tst_Layer::readElementsBeginAsDefaults()
+void tst_Layer::readElementsStartWithDefaults()
 {
     Controlled<Layer> it;
     it.device.channel->answerBody(R"([{"layerIdenti":{"screenId":3},)"

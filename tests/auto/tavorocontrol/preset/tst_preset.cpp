@@ -31,7 +31,7 @@ private Q_SLOTS:
     void refusedApplyFails();
     void applyWithoutChannelIsDone();
     void applyToADeviceThatIsGoneFails();
-    void applyChangesNothingInTheModel();
+    void applyDoesNotChangeTheModel();
 };
 
 void tst_Preset::applyReachesTheDevice()
@@ -63,7 +63,7 @@ void tst_Preset::applyToADeviceThatIsGoneFails()
              QStringLiteral("Set preset apply information failed: invalid device model data ."));
 }
 
-void tst_Preset::applyChangesNothingInTheModel()
+void tst_Preset::applyDoesNotChangeTheModel()
 {
     Controlled<Preset> it;
     std::vector<Tavoro::ProtoModel::Screen::s_ScreenFullDetail> screens(1);
@@ -75,7 +75,7 @@ void tst_Preset::applyChangesNothingInTheModel()
     QVERIFY(presetApply().write(it.control, it.error));
     QCOMPARE(screenChanges.size(), 0);
     QCOMPARE(deviceChanges.size(), 0);
-    QCOMPARE(it.device.model->deviceDetail().presetApplyType, quint8(0)); // of another kind
+    QCOMPARE(it.device.model->deviceDetail().presetApplyType, quint8(0)); // a different key
 }
 
 QTEST_GUILESS_MAIN(tst_Preset)

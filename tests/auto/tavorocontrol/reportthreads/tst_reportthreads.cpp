@@ -15,7 +15,7 @@
 using namespace Tavoro;
 using Control::AutoReportManager;
 
-/// Reports that come from the threads of channels.
+/// Reports from the threads of channels.
 class tst_ReportThreads : public QObject {
     Q_OBJECT
 
@@ -23,16 +23,16 @@ private Q_SLOTS:
     void initTestCase();
 
     void reportFromAnotherThreadArrivesOnTheManagersThread();
-    void channelThatWentOnTheWayIsLogged();
+    void channelRemovedBeforeDeliveryIsLogged();
     void reportsOfManyThreadsAllArrive();
-    void reportsComeWhileAnOperationIsCalled();
-    void reportsComeWhileAKnownDeviceIsSynchronised();
+    void reportsArriveWhileAnOperationIsCalled();
+    void reportsArriveWhileAKnownDeviceIsSynchronised();
     void reportsAreDroppedWhileANewDeviceIsSynchronised();
 };
 
 namespace {
 
-/// Lines of the dispatch alone.
+/// The log lines of the dispatch.
 QStringList reportLines(const Journal &journal)
 {
     return journal.lines().filter(QStringLiteral("TavoroCmd auto report"));
@@ -43,7 +43,7 @@ QStringList handledWell(const Journal &journal)
     return reportLines(journal).filter(QStringLiteral("Process result: 1"));
 }
 
-/// A synchronisation that stands still in the read of the screens.
+/// A synchronisation that is blocked in the read of the screens.
 class HeldSynchronisation {
 public:
     HeldSynchronisation()
@@ -92,14 +92,14 @@ void tst_ReportThreads::reportFromAnotherThreadArrivesOnTheManagersThread()
         [&] { changedOn = QThread::currentThread(); }, Qt::DirectConnection);
     std::thread channels([&] { it.report(powerCode, powerBody); });
     channels.join();
-    QCOMPARE(heldPowers(it), std::string("[]")); // not before the event loop turns
+    QCOMPARE(heldPowers(it), std::string("[]")); // not before the event loop runs
     QVERIFY(it.journal.lines().isEmpty());
     QTRY_COMPARE(heldPowers(it), std::string(powersThen));
     QCOMPARE(changedOn, AutoReportManager::instance()->thread());
     QCOMPARE(handledWell(it.journal).size(), 1);
 }
 
-void tst_ReportThreads::channelThatWentOnTheWayIsLogged()
+void tst_ReportThreads::channelRemovedBeforeDeliveryIsLogged()
 {
     Reported it;
     std::thread channels([] {
@@ -129,7 +129,7 @@ void tst_ReportThreads::reportsOfManyThreadsAllArrive()
     QCOMPARE(handledWell(it.journal).size(), threadCount * rounds);
 }
 
-void tst_ReportThreads::reportsComeWhileAnOperationIsCalled()
+void tst_ReportThreads::reportsArriveWhileAnOperationIsCalled()
 {
     Reported it;
     Gate gate;
@@ -149,7 +149,7 @@ void tst_ReportThreads::reportsComeWhileAnOperationIsCalled()
     QVERIFY(written);
 }
 
-void tst_ReportThreads::reportsComeWhileAKnownDeviceIsSynchronised()
+void tst_ReportThreads::reportsArriveWhileAKnownDeviceIsSynchronised()
 {
     HeldSynchronisation held;
     held.it.makeKnown();

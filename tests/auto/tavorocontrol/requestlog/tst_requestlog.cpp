@@ -19,7 +19,7 @@ struct LogRow {
     const char *success; ///< Second line.
 };
 
-/// Switches log lines for as long as it lives.
+/// Sets filter rules of the log during its lifetime.
 class FilterRules {
 public:
     explicit FilterRules(const char *rules)
@@ -31,7 +31,7 @@ public:
     FilterRules &operator=(const FilterRules &) = delete;
 };
 
-/// Counts the texts that are asked for.
+/// Counts the texts that are translated.
 class CountingTranslator : public QTranslator {
 public:
     CountingTranslator() { QCoreApplication::installTranslator(this); }
@@ -62,17 +62,17 @@ private Q_SLOTS:
     void writes_data();
     void writes();
     void requestIsLoggedBeforeItIsSent();
-    void contentIsAnnouncedForOnePacketOnly_data();
-    void contentIsAnnouncedForOnePacketOnly();
-    void contentOfABinaryAnswerStaysOut_data();
-    void contentOfABinaryAnswerStaysOut();
+    void contentHasAHeadingForOnePacketOnly_data();
+    void contentHasAHeadingForOnePacketOnly();
+    void contentOfABinaryAnswerIsNotLogged_data();
+    void contentOfABinaryAnswerIsNotLogged();
     void codesAreHexadecimalAndTheTagDecimal();
     void argumentBytesAreReadBeforeTheExchange();
     void missingDeviceIsNotNamed();
     void levelsCanBeSilenced_data();
     void levelsCanBeSilenced();
-    void successIsPutIntoWordsForListenersOnly_data();
-    void successIsPutIntoWordsForListenersOnly();
+    void successTextIsMadeForListenersOnly_data();
+    void successTextIsMadeForListenersOnly();
 };
 
 namespace {
@@ -173,7 +173,7 @@ void tst_RequestLog::requestIsLoggedBeforeItIsSent()
     QCOMPARE(linesInFlight.size(), 1);
 }
 
-void tst_RequestLog::contentIsAnnouncedForOnePacketOnly_data()
+void tst_RequestLog::contentHasAHeadingForOnePacketOnly_data()
 {
     QTest::addColumn<quint32>("totalCount");
     QTest::addColumn<QString>("end");
@@ -185,7 +185,7 @@ void tst_RequestLog::contentIsAnnouncedForOnePacketOnly_data()
     // clang-format on
 }
 
-void tst_RequestLog::contentIsAnnouncedForOnePacketOnly()
+void tst_RequestLog::contentHasAHeadingForOnePacketOnly()
 {
     QFETCH(const quint32, totalCount);
     RequestPath path;
@@ -197,13 +197,13 @@ void tst_RequestLog::contentIsAnnouncedForOnePacketOnly()
     QTEST(infos.at(1).section(QStringLiteral("successfully.\""), 1), "end");
 }
 
-void tst_RequestLog::contentOfABinaryAnswerStaysOut_data()
+void tst_RequestLog::contentOfABinaryAnswerIsNotLogged_data()
 {
     QTest::addColumn<quint32>("totalCount");
     QTest::addColumn<int>("responseType");
     QTest::addColumn<QString>("end");
 
-    // It is the type of the first answer that counts, not that of the request.
+    // The type of the first answer decides, not that of the request.
     // clang-format off
     QTest::newRow("binary")              << 1U << 3 << R"( " lables: 7")";
     QTest::newRow("binary, two packets") << 2U << 3 << R"( " lables: 7")";
@@ -212,7 +212,7 @@ void tst_RequestLog::contentOfABinaryAnswerStaysOut_data()
     // clang-format on
 }
 
-void tst_RequestLog::contentOfABinaryAnswerStaysOut()
+void tst_RequestLog::contentOfABinaryAnswerIsNotLogged()
 {
     QFETCH(const quint32, totalCount);
     QFETCH(const int, responseType);
@@ -293,10 +293,10 @@ void tst_RequestLog::levelsCanBeSilenced()
     QTEST(int(lines.filter(QStringLiteral("info: ")).size()), "infos");
     QTEST(int(lines.filter(QStringLiteral("debug: ")).size()), "debugs");
     QTEST(int(lines.filter(QStringLiteral("warning: ")).size()), "warnings");
-    QCOMPARE(lines.filter(QStringLiteral("status bar ")).size(), 2); // told in any case
+    QCOMPARE(lines.filter(QStringLiteral("status bar ")).size(), 2); // shown in any case
 }
 
-void tst_RequestLog::successIsPutIntoWordsForListenersOnly_data()
+void tst_RequestLog::successTextIsMadeForListenersOnly_data()
 {
     QTest::addColumn<QByteArray>("rules");
     QTest::addColumn<bool>("hasStatusBar");
@@ -304,14 +304,14 @@ void tst_RequestLog::successIsPutIntoWordsForListenersOnly_data()
     QTest::addColumn<int>("texts"); // sentences and labels; the write's and the read's
 
     // clang-format off
-    QTest::newRow("nobody listens")          << QByteArray("tavoro.control=false") << false << true  << 0;
+    QTest::newRow("no listener")             << QByteArray("tavoro.control=false") << false << true  << 0;
     QTest::newRow("status bar")              << QByteArray("tavoro.control=false") << true  << true  << 4;
     QTest::newRow("status bar, write quiet") << QByteArray("tavoro.control=false") << true  << false << 2;
     QTest::newRow("log")                     << QByteArray("")                     << false << true  << 6;
     // clang-format on
 }
 
-void tst_RequestLog::successIsPutIntoWordsForListenersOnly()
+void tst_RequestLog::successTextIsMadeForListenersOnly()
 {
     QFETCH(const QByteArray, rules);
     QFETCH(const bool, hasStatusBar);

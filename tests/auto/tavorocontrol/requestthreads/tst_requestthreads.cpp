@@ -28,7 +28,7 @@ Request request(quint8 type, quint8 functionCode, const std::string &body)
     return made;
 }
 
-/// Reads and writes in turn, in two packets each. The number of rounds that went as they should.
+/// Reads and writes in turn, in two packets each. Returns the number of correct rounds.
 int readAndWrite(Control::ControlHelper &helper, const std::shared_ptr<BizModel::Device> &model)
 {
     int good = 0;
@@ -116,7 +116,7 @@ void tst_RequestThreads::oneDeviceIsWrittenBySeveralThreadsAtOnce()
     QCOMPARE(good.load(), threadCount * rounds);
     const auto sent = device.channel->sent();
     QCOMPARE(sent.size(), std::size_t(2 * threadCount * rounds));
-    // Packets of different writes may mix on the way, but none is lost or changed.
+    // Packets of different writes may interleave, but none is lost or changed.
     const auto firsts = std::count_if(sent.begin(), sent.end(), [](const SentRequest &packet) {
         return packet.head.sendCount == 0 && packet.body == "abcd";
     });

@@ -36,8 +36,8 @@ class tst_RequestTimeouts : public QObject {
 private Q_SLOTS:
     void timeoutComesFromTheTable_data();
     void timeoutComesFromTheTable();
-    void emptyEntriesArePassedOver();
-    void timeoutIsSetWithoutAChannelToo();
+    void emptyEntriesAreSkipped();
+    void timeoutIsSetWithoutAChannel();
     void furtherPacketsHaveTheConstructorsTimeout();
 };
 
@@ -65,14 +65,14 @@ void tst_RequestTimeouts::timeoutComesFromTheTable()
     setTimeouts(*path.device.model, 4321, rows);
     const auto reading = RequestPath::request(1, 0x1107);
     const auto writing = RequestPath::request(2, 0x1107, "abcd");
-    reading->setTimeout(20000); // overridden, whatever an operation asked for
+    reading->setTimeout(20000); // overridden
     writing->setTimeout(20000);
     QVERIFY(path.read(reading).ok);
     QVERIFY(path.write(writing).ok);
     QCOMPARE(timeoutsOf(path.device.channel->sent()), (std::vector<int>{timeout, timeout}));
 }
 
-void tst_RequestTimeouts::emptyEntriesArePassedOver()
+void tst_RequestTimeouts::emptyEntriesAreSkipped()
 {
     RequestPath path;
     setTimeouts(*path.device.model, 4321, {{0x11, 0x07, 250}});
@@ -82,7 +82,7 @@ void tst_RequestTimeouts::emptyEntriesArePassedOver()
     QCOMPARE(request->timeout(), 250);
 }
 
-void tst_RequestTimeouts::timeoutIsSetWithoutAChannelToo()
+void tst_RequestTimeouts::timeoutIsSetWithoutAChannel()
 {
     RequestPath path;
     path.device.removeChannel();

@@ -42,7 +42,7 @@ private Q_SLOTS:
     void piecesAreWrittenInTheirOrder();
     void piecesAreWrittenByteForByte();
     void piecesReachTheDiskWhileTheWriterRuns();
-    void fileThatExistsIsExtended();
+    void existingFileIsExtended();
     void severalProducersLoseNothing();
     void appendBeforeTheStartWaitsForTheWorker();
 
@@ -100,7 +100,7 @@ void tst_SaveFile::piecesReachTheDiskWhileTheWriterRuns()
     QTRY_COMPARE(contentOf(path("f")), QByteArray("ab"));
 }
 
-void tst_SaveFile::fileThatExistsIsExtended()
+void tst_SaveFile::existingFileIsExtended()
 {
     QFile old(path("f"));
     QVERIFY(old.open(QIODevice::WriteOnly));
@@ -133,8 +133,9 @@ void tst_SaveFile::severalProducersLoseNothing()
     const auto lines = contentOf(path("f")).trimmed().split('\n');
     for (const QByteArray &line : lines) {
         const auto numbers = line.split(' ');
-        QCOMPARE(numbers.size(), 2); // pieces are not torn
-        QCOMPARE(numbers[1].toInt(), next[numbers[0].toInt()]++); // each producer's in its order
+        QCOMPARE(numbers.size(), 2); // pieces stay whole
+        QCOMPARE(numbers[1].toInt(),
+                 next[numbers[0].toInt()]++); // the pieces of each producer stay in order
     }
     QCOMPARE(next, (QList<int>{pieces, pieces, pieces, pieces}));
 }
@@ -154,7 +155,7 @@ void tst_SaveFile::pathThatCannotBeOpenedFails()
     const Journal journal;
     SaveFile file;
     QVERIFY(!file.startWrite(path("no/f"), m_it->error));
-    QCOMPARE(m_it->error, QString()); // that of the attempt before, of which there was none
+    QCOMPARE(m_it->error, QString()); // the text of the previous attempt; there was none
     QCOMPARE(journal.lines(),
              QStringList(QStringLiteral("warning: \"%1\"").arg(openFailed(path("no/f")))));
     QVERIFY(!file.fileSaveResult());
@@ -243,7 +244,7 @@ void tst_SaveFile::stopBeforeTheStartDoesNothing()
     SaveFile file;
     file.stopWrite();
     QVERIFY(!file.fileSaveResult());
-    QVERIFY(file.startWrite(path("f"), m_it->error)); // and it is no lasting stop
+    QVERIFY(file.startWrite(path("f"), m_it->error)); // the stop does not last
     file.append("a");
     QTRY_COMPARE(contentOf(path("f")), QByteArray("a"));
 }

@@ -2,10 +2,10 @@
 
 #include <functional>
 
-/// For as long as it lives, timed waits of threads named "SaveFile" run out as soon as they begin:
-/// the ten seconds of the writer would make a slow test.
+/// During its lifetime, timed waits of threads named "SaveFile" time out at once: the ten seconds
+/// of the writer would make a slow test.
 ///
-/// Linux only. Elsewhere, and under ThreadSanitizer, which has waits of its own, nothing changes.
+/// Linux only. Has no effect elsewhere, and under ThreadSanitizer, which has waits of its own.
 class FastClock {
 public:
     FastClock();
@@ -13,7 +13,7 @@ public:
     FastClock(const FastClock &) = delete;
     FastClock &operator=(const FastClock &) = delete;
 
-    /// False where it changes nothing.
+    /// False where it has no effect.
     static bool isPossible();
     int waitsThatRanOut() const;
 };

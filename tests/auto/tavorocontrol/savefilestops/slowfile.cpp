@@ -13,14 +13,15 @@
 namespace {
 
 constexpr int piecesOfABatch = 200;
-constexpr int bytesOfAPiece = 100 * 1024; // no pipe takes one whole
-constexpr int bytesOfASip = 512; // so that the writer comes forward slowly
-constexpr int patience = 10000; // milliseconds, after which a writer at fault fails its test
+constexpr int bytesOfAPiece = 100 * 1024; // more than a pipe holds
+constexpr int bytesOfASip = 512; // small, so that the writer advances slowly
+constexpr int patience = 10000; // in ms; then the test fails
 
 int openPipe(const QByteArray &path)
 {
     mkfifo(path.constData(), S_IRUSR | S_IWUSR);
-    return open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); // a writer may come later
+    return open(path.constData(),
+                O_RDONLY | O_NONBLOCK | O_CLOEXEC); // the writer may open it later
 }
 
 std::string piece(int index)
@@ -28,7 +29,7 @@ std::string piece(int index)
     return std::string(bytesOfAPiece, static_cast<char>('a' + index % 26));
 }
 
-/// False if neither bytes nor the end came.
+/// False if neither bytes nor the end arrived.
 bool waitForBytes(int descriptor)
 {
     pollfd state{descriptor, POLLIN, 0};

@@ -10,8 +10,8 @@ namespace Tavoro::Control {
 class SaveFile;
 }
 
-/// A file that takes no byte until the test lets it: a named pipe, in which a writer stands still
-/// as soon as the pipe is full. POSIX only.
+/// A file that takes no byte until the test allows it: a named pipe, in which a writer blocks as
+/// soon as the pipe is full. POSIX only.
 class SlowFile {
 public:
     explicit SlowFile(const QString &path);
@@ -19,18 +19,18 @@ public:
     SlowFile(const SlowFile &) = delete;
     SlowFile &operator=(const SlowFile &) = delete;
 
-    /// Gives \a file one batch of pieces, starts it, and returns when its thread stands in the
+    /// Gives \a file one batch of pieces, starts it, and returns when its thread blocks in the
     /// first of them. False if it could not be started.
     bool fill(Tavoro::Control::SaveFile &file);
 
-    /// Takes what comes, on a thread of its own, until the writer closes the file.
+    /// Reads everything, on a thread of its own, until the writer closes the file.
     void drainFromNowOn();
-    /// The same from when \a condition holds.
+    /// The same, beginning when \a condition holds.
     void drainOnce(std::function<bool()> condition);
 
-    /// What came, once the writer has closed the file.
+    /// What was read. Waits until the writer has closed the file.
     QByteArray drained();
-    /// Whether it has; to be asked behind drained().
+    /// Whether the writer has closed the file. Call it after drained().
     bool isClosed() const { return m_isClosed; }
     static QByteArray batch();
     static int pieceSize();
@@ -40,7 +40,7 @@ private:
 
     const QByteArray m_path;
     const int m_readEnd;
-    QByteArray m_drained; // the thread's while it runs
-    bool m_isClosed = false; // as the former
+    QByteArray m_drained; // used by the thread while it runs
+    bool m_isClosed = false; // likewise
     std::thread m_thread;
 };

@@ -19,7 +19,7 @@ QString leftCount(int pieces)
     return QStringLiteral("debug: Left save file count :  %1").arg(pieces);
 }
 
-/// A stop lets the worker finish the piece in which it stands, and no more.
+/// A stop lets the worker finish the piece that it is writing, and no more.
 void verifyWholePiecesButNotAll(const QByteArray &content)
 {
     QVERIFY(!content.isEmpty());
@@ -30,7 +30,7 @@ void verifyWholePiecesButNotAll(const QByteArray &content)
 
 } // namespace
 
-/// What the queued writer makes of a stop, and of having nothing to do.
+/// What the queued writer does when it is stopped, and when it is idle.
 class tst_SaveFileStops : public QObject {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private Q_SLOTS:
     void init() { m_it = std::make_unique<SaveFolder>(); }
 
     void stopInTheMiddleLeavesTheRestUnwritten();
-    void piecesThatComeWithTheStopStayQueued();
+    void piecesAddedDuringTheStopStayQueued();
     void destructionInTheMiddleStopsAndClosesTheFile();
     void waitForStopMayLoseTheLastBatch();
     void waitForStopWaitsUntilTheQueueIsEmpty();
@@ -47,7 +47,7 @@ private Q_SLOTS:
     void idleWorkerWakesAndGoesBackToWaiting();
     void resultIsFalseUntilTheWorkerHasEnded();
     void resultIsTrueAlthoughNothingCouldBeWritten();
-    void piecesForAFileThatWasClosedAreDropped();
+    void piecesForAClosedFileAreDropped();
 
 private:
     QString path(const char *name) const { return m_it->path(name); }
@@ -61,7 +61,7 @@ void tst_SaveFileStops::stopInTheMiddleLeavesTheRestUnwritten()
     SlowFile slow(path("slow"));
     SaveFile file;
     QVERIFY(slow.fill(file));
-    file.append("queued behind the batch");
+    file.append("queued after the batch");
     slow.drainFromNowOn();
     file.stopWrite();
     QVERIFY(file.fileSaveResult());
@@ -69,13 +69,13 @@ void tst_SaveFileStops::stopInTheMiddleLeavesTheRestUnwritten()
     QVERIFY(slow.isClosed());
 
     QVERIFY(file.startWrite(path("next"), m_it->error));
-    QTRY_COMPARE(contentOf(path("next")), QByteArray("queued behind the batch"));
+    QTRY_COMPARE(contentOf(path("next")), QByteArray("queued after the batch"));
 }
 
-void tst_SaveFileStops::piecesThatComeWithTheStopStayQueued()
+void tst_SaveFileStops::piecesAddedDuringTheStopStayQueued()
 {
     if (!FastClock::isPossible())
-        QSKIP("nothing tells that the worker goes to sleep");
+        QSKIP("cannot detect that the worker goes to sleep");
     SaveFile file;
     std::thread stopper;
     const NextSleep sleep([&file] { file.append("left"); },
@@ -107,10 +107,10 @@ void tst_SaveFileStops::waitForStopMayLoseTheLastBatch()
     const Journal journal;
     SlowFile slow(path("slow"));
     SaveFile file;
-    QVERIFY(slow.fill(file)); // one batch, which the worker has taken
+    QVERIFY(slow.fill(file)); // one batch; the worker has taken it
     slow.drainOnce([&] { return journal.lines().contains(leftCount(0)); });
     QVERIFY(file.waitForStop());
-    QVERIFY(file.fileSaveResult()); // which does not tell
+    QVERIFY(file.fileSaveResult()); // says nothing about the content
     verifyWholePiecesButNotAll(slow.drained());
 }
 
@@ -120,13 +120,13 @@ void tst_SaveFileStops::waitForStopWaitsUntilTheQueueIsEmpty()
     SlowFile slow(path("slow"));
     SaveFile file;
     QVERIFY(slow.fill(file));
-    file.append("x"); // behind the batch that the worker has taken
+    file.append("x"); // after the batch that the worker has taken
     file.append("y");
     slow.drainOnce([&] { return journal.lines().size() >= 3; });
     QVERIFY(file.waitForStop());
     QVERIFY(slow.drained().startsWith(SlowFile::batch()));
     const QStringList lines = journal.lines();
-    QVERIFY(lines.size() >= 3); // one, and one more for each look that found pieces
+    QVERIFY(lines.size() >= 3); // one, and one more for each check that found pieces
     QCOMPARE(lines.count(leftCount(2)), int(lines.size()));
 }
 
@@ -187,10 +187,10 @@ void tst_SaveFileStops::resultIsTrueAlthoughNothingCouldBeWritten()
     QCOMPARE(journal.lines().filter(QStringLiteral("warning: ")), QStringList());
 }
 
-void tst_SaveFileStops::piecesForAFileThatWasClosedAreDropped()
+void tst_SaveFileStops::piecesForAClosedFileAreDropped()
 {
     if (!FastClock::isPossible())
-        QSKIP("nothing tells that the worker has taken the pieces");
+        QSKIP("cannot detect that the worker has taken the pieces");
     const FastClock clock;
     const MessageCatcher caught;
     SaveFile file;

@@ -8,7 +8,7 @@ using Tavoro::ProtoModel::s_ScreenId;
 
 namespace {
 
-const std::string id94 = R"({"screenId":9,"screenType":4,)"; ///< Opens the records of {9, 4}.
+const std::string id94 = R"({"screenId":9,"screenType":4,)"; ///< Begins the records of {9, 4}.
 
 // A screen over one output; no field at its default.
 const s_Mosaic mosaic{1,

@@ -62,7 +62,7 @@ private Q_SLOTS:
     void writeWithoutChannelIsDone();
     void writeOfAGoneDeviceFails_data() { addRows(screenWrites()); }
     void writeOfAGoneDeviceFails();
-    void writesLeaveTheModelAlone();
+    void writesDoNotChangeTheModel();
     void takeAndSwitchEffectRunUnderTheTablesTimeout();
     void takeAndSwitchEffectDifferByFunctionCodeAlone();
 
@@ -70,8 +70,8 @@ private Q_SLOTS:
     void readSendsItsFiltersInTheHead();
     void readOfAllScreensSendsFF00FF();
     void readAppendsToTheResult();
-    void readElementsBeginAsDefaults();
-    void readLeavesTheModelAlone();
+    void readElementsStartWithDefaults();
+    void readDoesNotChangeTheModel();
     void failedReadReturnsTheSentence();
     void undecodableAnswerGivesTheCodecsText_data();
     void undecodableAnswerGivesTheCodecsText();
@@ -80,7 +80,7 @@ private Q_SLOTS:
     void zelkReportNamingAnUnknownScreenAppliesTheRest();
     void zelkReportForAnExpiredDeviceReturnsFalseWithoutText();
     void undecodableZelkReportGivesTheCodecsText();
-    void emptyZelkReportIsDone();
+    void emptyZelkReportSucceeds();
 };
 
 void tst_Screen::writeReachesTheDevice()
@@ -115,7 +115,7 @@ void tst_Screen::writeOfAGoneDeviceFails()
     verifyWriteOfAGoneDevice(screenWrites()[std::size_t(row)]);
 }
 
-void tst_Screen::writesLeaveTheModelAlone()
+void tst_Screen::writesDoNotChangeTheModel()
 {
     WithScreens it;
     const auto screen = it.device.model->findScreen(4, 9).lock();
@@ -135,7 +135,7 @@ void tst_Screen::takeAndSwitchEffectRunUnderTheTablesTimeout()
     it.setTimeouts(7001, {0x13, 0x0E, 7002});
 
     QVERIFY(it.control.writeTake({{{9, 4}, {10, 2, 3}}}, it.error));
-    QCOMPARE(it.lastSent().timeout, 7002); // not the 15000 that the operation asks for
+    QCOMPARE(it.lastSent().timeout, 7002); // not the 15000 of the operation
     QVERIFY(it.control.writeSwitchEffect({{{9, 4}, {10, 2, 3}}}, it.error));
     QCOMPARE(it.lastSent().timeout, 7001);
 
@@ -221,7 +221,7 @@ void tst_Screen::readAppendsToTheResult()
         QCOMPARE(std::size_t(result[i].screenId), i + 1);
 }
 
-void tst_Screen::readElementsBeginAsDefaults()
+void tst_Screen::readElementsStartWithDefaults()
 {
     Controlled<Screen> it;
     it.device.channel->answerBody(
@@ -248,7 +248,7 @@ void tst_Screen::readElementsBeginAsDefaults()
     QCOMPARE(screen.screenZeLK.enable, 0);
 }
 
-void tst_Screen::readLeavesTheModelAlone()
+void tst_Screen::readDoesNotChangeTheModel()
 {
     WithScreens it;
     it.device.channel->answerBody(R"([{"screenId":1,"screenType":2,"screenZeLK":{"enable":1}}])");
@@ -319,7 +319,7 @@ void tst_Screen::zelkReportReachesTheModel()
     QCOMPARE(it.error, textFromBefore());
     QCOMPARE(it.zelk(2, 1), QStringLiteral("1 5"));
     QCOMPARE(it.zelk(2, 2), QStringLiteral("2 6"));
-    QCOMPARE(it.zelk(4, 1), QStringLiteral("0 0")); // same number, another type
+    QCOMPARE(it.zelk(4, 1), QStringLiteral("0 0")); // same ID, another type
     QCOMPARE(changes.size(), 1);
     QCOMPARE(it.journal.lines(), QStringList());
     QCOMPARE(it.sentCount(), std::size_t(0));
@@ -370,7 +370,7 @@ void tst_Screen::undecodableZelkReportGivesTheCodecsText()
                             "msg:read object must start with {!"));
     QCOMPARE(it.zelk(2, 1), QStringLiteral("0 0"));
 
-    it.device.model.reset(); // the body is looked at first
+    it.device.model.reset(); // the body is decoded first
     QVERIFY(!it.control.updateScreenZelkInfo("", it.error));
     QCOMPARE(it.error,
              QStringLiteral("Decode json failed: error at line :0 col :0 "
@@ -378,7 +378,7 @@ void tst_Screen::undecodableZelkReportGivesTheCodecsText()
     QCOMPARE(it.journal.lines(), QStringList());
 }
 
-void tst_Screen::emptyZelkReportIsDone()
+void tst_Screen::emptyZelkReportSucceeds()
 {
     WithScreens it;
     QVERIFY(it.control.updateScreenZelkInfo("[]", it.error));

@@ -40,26 +40,26 @@ class tst_SplitExchange : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void readFetchesThePacketsThatTheFirstOneCounts_data();
-    void readFetchesThePacketsThatTheFirstOneCounts();
+    void readRequestsThePacketsThatTheFirstAnswerCounts_data();
+    void readRequestsThePacketsThatTheFirstAnswerCounts();
     void totalCountOf3CausesTwoFollowUpRequests();
     void countsOfFurtherAnswersAreNotExamined();
     void readJoinsRawBytes();
-    void readLeavesResponsesAloneThatTheChannelKeeps();
+    void readDoesNotChangeResponsesThatTheChannelKeeps();
 
-    void writeIsCutAtTheLimit_data();
-    void writeIsCutAtTheLimit();
+    void writeIsSplitAtTheLimit_data();
+    void writeIsSplitAtTheLimit();
     void emptyBodyTakesTheOnePacketPath();
     void oneByteMoreThanTheLimitGoesOutInTwo();
     void splitWriteNeverSendsTheRequestItself();
     void refusedSecondPacketOfAWriteLeavesTheBareText_data();
     void refusedSecondPacketOfAWriteLeavesTheBareText();
     void splitWriteWithoutResponseCountsFromOne();
-    void splitWriteGoingOfflineIsToldWithoutCount();
+    void splitWriteGoingOfflineIsReportedWithoutCount();
     void limitIsThatOfTheChannel();
 };
 
-void tst_SplitExchange::readFetchesThePacketsThatTheFirstOneCounts_data()
+void tst_SplitExchange::readRequestsThePacketsThatTheFirstAnswerCounts_data()
 {
     QTest::addColumn<quint32>("totalCount");
     QTest::addColumn<quint32>("sendCount");
@@ -81,7 +81,7 @@ void tst_SplitExchange::readFetchesThePacketsThatTheFirstOneCounts_data()
     // clang-format on
 }
 
-void tst_SplitExchange::readFetchesThePacketsThatTheFirstOneCounts()
+void tst_SplitExchange::readRequestsThePacketsThatTheFirstAnswerCounts()
 {
     QFETCH(const quint32, totalCount);
     QFETCH(const quint32, sendCount);
@@ -111,7 +111,7 @@ void tst_SplitExchange::totalCountOf3CausesTwoFollowUpRequests()
     QCOMPARE(hex(sent[0].headBytes(18, 35)), headBytes("03", "0000000000000000", "04fa"));
     QCOMPARE(hex(sent[1].headBytes(18, 35)), headBytes("03", "0300000001000000", "04fa"));
     QCOMPARE(hex(sent[2].headBytes(18, 35)), headBytes("03", "0300000002000000", "04fa"));
-    // What stands in front is not copied: the tag of each packet is the channel's to give.
+    // The bytes before are not copied: the channel gives each packet its tag.
     QCOMPARE(hex(sent[0].headBytes(0, 17)), std::string("00000007") + std::string(28, '0'));
     QCOMPARE(hex(sent[1].headBytes(0, 17)), std::string(36, '0'));
     QCOMPARE(hex(sent[2].headBytes(0, 17)), std::string(36, '0'));
@@ -140,7 +140,7 @@ void tst_SplitExchange::readJoinsRawBytes()
     QCOMPARE(path.read(RequestPath::request(3, 0xFA04)).result, "\0\xFF\n\0"s);
 }
 
-void tst_SplitExchange::readLeavesResponsesAloneThatTheChannelKeeps()
+void tst_SplitExchange::readDoesNotChangeResponsesThatTheChannelKeeps()
 {
     RequestPath path;
     path.device.channel->keepsResponses = true;
@@ -152,7 +152,7 @@ void tst_SplitExchange::readLeavesResponsesAloneThatTheChannelKeeps()
     QCOMPARE(kept.at(1)->body(), std::string("two"));
 }
 
-void tst_SplitExchange::writeIsCutAtTheLimit_data()
+void tst_SplitExchange::writeIsSplitAtTheLimit_data()
 {
     QTest::addColumn<quint32>("limit");
     QTest::addColumn<std::string>("body");
@@ -172,7 +172,7 @@ void tst_SplitExchange::writeIsCutAtTheLimit_data()
     // clang-format on
 }
 
-void tst_SplitExchange::writeIsCutAtTheLimit()
+void tst_SplitExchange::writeIsSplitAtTheLimit()
 {
     QFETCH(const quint32, limit);
     QFETCH(const std::string, body);
@@ -286,7 +286,7 @@ void tst_SplitExchange::splitWriteWithoutResponseCountsFromOne()
                           QStringLiteral("status bar 2 for 5000 ms: ") + sentence}));
 }
 
-void tst_SplitExchange::splitWriteGoingOfflineIsToldWithoutCount()
+void tst_SplitExchange::splitWriteGoingOfflineIsReportedWithoutCount()
 {
     RequestPath path;
     ScriptedChannel &channel = *path.device.channel;
@@ -309,7 +309,7 @@ void tst_SplitExchange::splitWriteGoingOfflineIsToldWithoutCount()
                  QStringLiteral(R"(warning: TavoroCmd {device} "BC(11), FC(7)." "%1" " lables: 7")")
                      .arg(sentence),
                  QStringLiteral("status bar 2 for 5000 ms: ") + sentence}));
-    QCOMPARE(channel.sent().size(), std::size_t(1)); // what is sent stays sent
+    QCOMPARE(channel.sent().size(), std::size_t(1)); // the first packet is not taken back
 }
 
 void tst_SplitExchange::limitIsThatOfTheChannel()

@@ -28,12 +28,12 @@ private Q_SLOTS:
     void countsOfTheFirstAnswerDecide_data();
     void countsOfTheFirstAnswerDecide();
     void countsOfFurtherAnswersAreNotExamined();
-    void packetWithoutBytesIsHandedOver();
-    void rawBytesAreHandedOverAsTheyAre();
-    void responsesThatTheChannelKeepsAreLeftAlone();
+    void emptyPacketIsPassedOn();
+    void rawBytesArePassedOnUnchanged();
+    void responsesThatTheChannelKeepsDoNotChange();
 
     void requestsRepeatTheHeadAndCountThePackets();
-    void headIsTakenOnceBehindTheFirstCallback();
+    void headIsCopiedOnceAfterTheFirstCallback();
     void onlyTheFirstRequestHasTheTimeoutOfTheTable();
     void contentIsLoggedForJsonOnly_data();
     void contentIsLoggedForJsonOnly();
@@ -130,7 +130,7 @@ void tst_StreamedRead::countsOfFurtherAnswersAreNotExamined()
     QCOMPARE(callbackLines(outcome.lines), packetCalls(3));
 }
 
-void tst_StreamedRead::packetWithoutBytesIsHandedOver()
+void tst_StreamedRead::emptyPacketIsPassedOn()
 {
     StreamPath path;
     path.answer({one(), packet("", 3, 1), three()});
@@ -138,7 +138,7 @@ void tst_StreamedRead::packetWithoutBytesIsHandedOver()
     QCOMPARE(callbackLines(outcome.lines).at(1), streamedCall(true, twoThirds, ""));
 }
 
-void tst_StreamedRead::rawBytesAreHandedOverAsTheyAre()
+void tst_StreamedRead::rawBytesArePassedOnUnchanged()
 {
     using namespace std::string_literals;
     StreamPath path;
@@ -149,7 +149,7 @@ void tst_StreamedRead::rawBytesAreHandedOverAsTheyAre()
     QCOMPARE(all, "\0\xFF\n\0"s);
 }
 
-void tst_StreamedRead::responsesThatTheChannelKeepsAreLeftAlone()
+void tst_StreamedRead::responsesThatTheChannelKeepsDoNotChange()
 {
     StreamPath path;
     path.device.channel->keepsResponses = true;
@@ -196,14 +196,14 @@ void tst_StreamedRead::requestsRepeatTheHeadAndCountThePackets()
                         "04fa"
                         "01020304"
                         "a5"));
-    // What stands in front is not copied: the tag of each packet is the channel's to give.
+    // The bytes before are not copied: the channel gives each packet its tag.
     QCOMPARE(hex(1, 0, 17), QByteArray(36, '0'));
     QCOMPARE(hex(2, 0, 17), QByteArray(36, '0'));
     for (const SentRequest &packetSent : sent)
         QCOMPARE(packetSent.body, std::string());
 }
 
-void tst_StreamedRead::headIsTakenOnceBehindTheFirstCallback()
+void tst_StreamedRead::headIsCopiedOnceAfterTheFirstCallback()
 {
     StreamPath path;
     const auto request = exportRequest();
@@ -243,7 +243,7 @@ void tst_StreamedRead::contentIsLoggedForJsonOnly_data()
 
     const QString args = QStringLiteral(R"("Get file export information.arg2 values:" 4 3 2 1)");
     const QString plain = QStringLiteral(R"( " lables: 7")");
-    // It is the type of the first answer that counts, not that of the request or of later answers.
+    // The type of the first answer decides, not that of the request or of later answers.
     // clang-format off
     QTest::newRow("binary, one packet")  << 3 << 3 << 1U << args << plain;
     QTest::newRow("binary, two packets") << 3 << 3 << 2U << args << plain;

@@ -11,7 +11,7 @@ constexpr Reason underControl{"The current device is already under control"};
 constexpr Reason badRegister{"protocol error: Invalid register address"};
 constexpr Reason noObject{"invalid response command model data"};
 
-/// When a change comes: before the call, or while the packet with this index is in flight.
+/// When a change happens: before the call, or while the packet with this index is in flight.
 constexpr int beforeTheCall = -1;
 
 struct FailureRow {
@@ -19,10 +19,10 @@ struct FailureRow {
     Change change;
     int when;
     Answers answers;
-    int handedOver; ///< Packets that the callback has had.
-    double progress; ///< Told with the failure.
+    int handedOver; ///< Packets passed to the callback.
+    double progress; ///< Reported with the failure.
     Reason reason;
-    int count = 0; ///< Of 3 packets, at the end of the log line.
+    int count = 0; ///< Index of the packet, of 3, at the end of the log line.
 };
 
 // clang-format off
@@ -41,7 +41,7 @@ const FailureRow failureRows[] = {
     {"first: status before control",         ControlIsLost, 0,             {refusal(9)},                 0,  0,         {"hardware error:9"}},
     {"first: status before cancel",          IsCancelled,   0,             {refusal(9)},                 0,  0,         {"hardware error:9"}},
     {"first: no response before cancel",     IsCancelled,   0,             {noResponse()},               0,  0,         noObject},
-    {"offline behind the first packet",      GoesOffline,   0,             {one()},                      1,  third,     offline},
+    {"offline after the first packet",       GoesOffline,   0,             {one()},                      1,  third,     offline},
     {"control lost in the second packet",    ControlIsLost, 1,             {one(), two()},               1,  third,     controlled},
     {"cancelled in the second packet",       IsCancelled,   1,             {one(), two()},               1,  third,     cancelled},
     {"second: control before status",        ControlIsLost, 1,             {one(), refusal(9)},          1,  third,     controlled},
@@ -49,7 +49,7 @@ const FailureRow failureRows[] = {
     {"second: cancel before no response",    IsCancelled,   1,             {one(), noResponse()},        1,  third,     cancelled},
     {"no response to the second packet",     Nothing,       beforeTheCall, {one(), noResponse()},        1,  third,     noObject, 1},
     {"second packet refused",                Nothing,       beforeTheCall, {one(), refusal(67)},         1,  third,     underControl, 1},
-    {"offline behind the second packet",     GoesOffline,   1,             {one(), two()},               2,  twoThirds, offline},
+    {"offline after the second packet",      GoesOffline,   1,             {one(), two()},               2,  twoThirds, offline},
     {"control lost in the last packet",      ControlIsLost, 2,             {one(), two(), three()},      2,  twoThirds, controlled},
     {"cancelled in the last packet",         IsCancelled,   2,             {one(), two(), three()},      2,  twoThirds, cancelled},
     {"no response to the last packet",       Nothing,       beforeTheCall, {one(), two(), noResponse()}, 2,  twoThirds, noObject, 2},
@@ -62,12 +62,12 @@ QStringList failureLines(const FailureRow &row)
 {
     const QString reason = QString::fromLatin1(row.reason.words);
     const QString words =
-        row.reason.telling == SentenceWithStatusBar ? sentence(row.reason.words) : reason;
+        row.reason.reporting == SentenceWithStatusBar ? sentence(row.reason.words) : reason;
     const QString count = row.count == 0
         ? QString()
         : QStringLiteral(R"( ",send count/total count:%1/3")").arg(row.count);
     const QString call = streamedCall(false, row.progress, {}, words);
-    switch (row.reason.telling) {
+    switch (row.reason.reporting) {
     case SentenceWithStatusBar:
         return {
             QStringLiteral(R"(warning: TavoroCmd {device} "BC(fa), FC(4)." "%1" " lables: 7"%2)")
@@ -91,8 +91,8 @@ class tst_StreamedReadFailures : public QObject {
 private Q_SLOTS:
     void failures_data();
     void failures();
-    void nullRequestComesBeforeMissingDevice();
-    void deviceThatIsGoneIsToldToTheCallback();
+    void nullRequestIsCheckedBeforeTheDevice();
+    void missingDeviceIsReportedToTheCallback();
 
     void errorTextIsLocalToTheCall();
     void emptyCallbackThrowsAtTheFirstReport_data();
@@ -126,7 +126,7 @@ void tst_StreamedReadFailures::failures()
     QCOMPARE(path.device.channel->sent().size(), std::size_t(answers.size()));
 }
 
-void tst_StreamedReadFailures::nullRequestComesBeforeMissingDevice()
+void tst_StreamedReadFailures::nullRequestIsCheckedBeforeTheDevice()
 {
     StreamPath path;
     const QStringList lines{QStringLiteral(R"(warning: "TavoroCmd :Invalid request command")"),
@@ -141,7 +141,7 @@ void tst_StreamedReadFailures::nullRequestComesBeforeMissingDevice()
     QCOMPARE(refusedWithoutDevice.lines, lines);
 }
 
-void tst_StreamedReadFailures::deviceThatIsGoneIsToldToTheCallback()
+void tst_StreamedReadFailures::missingDeviceIsReportedToTheCallback()
 {
     StreamPath path;
     path.device.model.reset();

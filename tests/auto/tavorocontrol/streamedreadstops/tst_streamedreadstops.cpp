@@ -11,21 +11,21 @@ class tst_StreamedReadStops : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cancelledBeforeTheCallComesBeforeEverythingElse();
+    void cancelledStateIsCheckedFirst();
     void cancelledStateStaysUntilItIsCleared();
     void reasonsAreTranslated();
 
-    void changesInFlightOfTheOnlyPacketComeTooLate_data();
-    void changesInFlightOfTheOnlyPacketComeTooLate();
+    void changesDuringTheOnlyPacketHaveNoEffect_data();
+    void changesDuringTheOnlyPacketHaveNoEffect();
     void controlLostBetweenPacketsStopsBeforeTheNextRequest();
     void cancelBetweenPacketsStopsBeforeTheNextRequest();
-    void controlIsLookedAtBeforeTheCancelledState();
-    void offlineComesBeforeControlAtTheFirstPacket();
-    void controlComesBeforeOfflineAtFurtherPackets();
+    void controlIsCheckedBeforeTheCancelledState();
+    void firstPacketChecksOfflineBeforeControl();
+    void furtherPacketsCheckControlBeforeOffline();
     void cancelFromAnotherThreadDropsThePacketInFlight();
 };
 
-void tst_StreamedReadStops::cancelledBeforeTheCallComesBeforeEverythingElse()
+void tst_StreamedReadStops::cancelledStateIsCheckedFirst()
 {
     StreamPath path;
     path.make(IsCancelled);
@@ -75,7 +75,7 @@ void tst_StreamedReadStops::reasonsAreTranslated()
                  streamedCall(false, 0, {}, QStringLiteral("<Operation has been cancelled.>"))}));
 }
 
-void tst_StreamedReadStops::changesInFlightOfTheOnlyPacketComeTooLate_data()
+void tst_StreamedReadStops::changesDuringTheOnlyPacketHaveNoEffect_data()
 {
     QTest::addColumn<int>("change");
     QTest::newRow("control lost") << int(ControlIsLost);
@@ -83,7 +83,7 @@ void tst_StreamedReadStops::changesInFlightOfTheOnlyPacketComeTooLate_data()
     QTest::newRow("offline") << int(GoesOffline);
 }
 
-void tst_StreamedReadStops::changesInFlightOfTheOnlyPacketComeTooLate()
+void tst_StreamedReadStops::changesDuringTheOnlyPacketHaveNoEffect()
 {
     QFETCH(const int, change);
     StreamPath path;
@@ -127,7 +127,7 @@ void tst_StreamedReadStops::cancelBetweenPacketsStopsBeforeTheNextRequest()
     QCOMPARE(path.device.channel->sent().size(), std::size_t(2));
 }
 
-void tst_StreamedReadStops::controlIsLookedAtBeforeTheCancelledState()
+void tst_StreamedReadStops::controlIsCheckedBeforeTheCancelledState()
 {
     for (int inFlight = 0; inFlight < 2; ++inFlight) {
         StreamPath path;
@@ -143,7 +143,7 @@ void tst_StreamedReadStops::controlIsLookedAtBeforeTheCancelledState()
     }
 }
 
-void tst_StreamedReadStops::offlineComesBeforeControlAtTheFirstPacket()
+void tst_StreamedReadStops::firstPacketChecksOfflineBeforeControl()
 {
     StreamPath path;
     path.make(GoesOffline);
@@ -152,7 +152,7 @@ void tst_StreamedReadStops::offlineComesBeforeControlAtTheFirstPacket()
              streamedCall(false, 0, {}, sentence(offline.words)));
 }
 
-void tst_StreamedReadStops::controlComesBeforeOfflineAtFurtherPackets()
+void tst_StreamedReadStops::furtherPacketsCheckControlBeforeOffline()
 {
     StreamPath path;
     path.answer({one()});

@@ -18,23 +18,23 @@ class tst_SyncDeviceModel : public QObject {
 private Q_SLOTS:
     void newDeviceEntersTheListComplete();
     void newDeviceIsOwnedByTheListAlone();
-    void knownDeviceIsFilledInItsPlace();
-    void knownDeviceIsEmptiedBeforeTheFirstRequest();
-    void unreadPartsOfAKnownDeviceAreGone();
-    void knownDeviceIsSilentWhileItIsFilled();
-    void knownDeviceSpeaksAgainAfterAnException();
-    void modelIsToldTheOutcomeOfTheReads();
+    void knownDeviceIsFilledInPlace();
+    void knownDeviceIsClearedBeforeTheFirstRequest();
+    void unreadPartsOfAKnownDeviceAreRemoved();
+    void knownDeviceEmitsNothingWhileItIsFilled();
+    void knownDeviceEmitsAgainAfterAnException();
+    void modelGetsTheOutcomeOfTheReads();
     void identityComesFromTheChannel();
-    void nameOfTheChannelStandsInForNone_data();
-    void nameOfTheChannelStandsInForNone();
+    void nameOfTheChannelReplacesAMissingName_data();
+    void nameOfTheChannelReplacesAMissingName();
     void deviceThatHasLostItsAddressGetsItBack();
-    void channelThatIsGoneMakesTheDeviceOffline();
-    void channelThatIsGoneLeavesTheNameAlone();
+    void missingChannelMakesTheDeviceOffline();
+    void missingChannelDoesNotChangeTheName();
     void offlineMessageIsTranslated();
     void failedModelSteps_data();
     void failedModelSteps();
     void everyModelStepFailsByItself();
-    void deviceWithoutAddressReachesNoModel();
+    void deviceWithoutAddressDoesNotReachTheModel();
 };
 
 namespace {
@@ -91,7 +91,7 @@ void tst_SyncDeviceModel::newDeviceIsOwnedByTheListAlone()
     QVERIFY(device.expired());
 }
 
-void tst_SyncDeviceModel::knownDeviceIsFilledInItsPlace()
+void tst_SyncDeviceModel::knownDeviceIsFilledInPlace()
 {
     Synchronised it;
     it.makeKnown();
@@ -104,7 +104,7 @@ void tst_SyncDeviceModel::knownDeviceIsFilledInItsPlace()
     QVERIFY(it.device.model->isOnline());
 }
 
-void tst_SyncDeviceModel::knownDeviceIsEmptiedBeforeTheFirstRequest()
+void tst_SyncDeviceModel::knownDeviceIsClearedBeforeTheFirstRequest()
 {
     Synchronised it;
     it.run();
@@ -121,7 +121,7 @@ void tst_SyncDeviceModel::knownDeviceIsEmptiedBeforeTheFirstRequest()
     QCOMPARE(counts(*it.listed()), (QList<int>{1, 2, 1, 2}));
 }
 
-void tst_SyncDeviceModel::unreadPartsOfAKnownDeviceAreGone()
+void tst_SyncDeviceModel::unreadPartsOfAKnownDeviceAreRemoved()
 {
     Synchronised it;
     it.run();
@@ -136,8 +136,8 @@ void tst_SyncDeviceModel::unreadPartsOfAKnownDeviceAreGone()
     QCOMPARE(counts(*it.listed()), (QList<int>{0, 0, 0, 0}));
 }
 
-// Nothing is told but the emptying, before the first request.
-void tst_SyncDeviceModel::knownDeviceIsSilentWhileItIsFilled()
+// The model emits only that it was cleared, before the first request.
+void tst_SyncDeviceModel::knownDeviceEmitsNothingWhileItIsFilled()
 {
     Synchronised it;
     it.makeKnown();
@@ -151,7 +151,7 @@ void tst_SyncDeviceModel::knownDeviceIsSilentWhileItIsFilled()
     QVERIFY(!it.device.model->signalsBlocked());
 }
 
-void tst_SyncDeviceModel::knownDeviceSpeaksAgainAfterAnException()
+void tst_SyncDeviceModel::knownDeviceEmitsAgainAfterAnException()
 {
     const auto channel = std::make_shared<InterferingChannel>();
     Synchronised it(channel);
@@ -170,7 +170,7 @@ void tst_SyncDeviceModel::knownDeviceSpeaksAgainAfterAnException()
     QVERIFY(!it.device.model->signalsBlocked());
 }
 
-void tst_SyncDeviceModel::modelIsToldTheOutcomeOfTheReads()
+void tst_SyncDeviceModel::modelGetsTheOutcomeOfTheReads()
 {
     Synchronised it;
     it.channel->reply(0xFC0C, ScriptedAnswer::refusal(5));
@@ -203,7 +203,7 @@ void tst_SyncDeviceModel::identityComesFromTheChannel()
     QCOMPARE(it.listed()->IPAddress(), it.ip());
 }
 
-void tst_SyncDeviceModel::nameOfTheChannelStandsInForNone_data()
+void tst_SyncDeviceModel::nameOfTheChannelReplacesAMissingName_data()
 {
     QTest::addColumn<QString>("channelName");
     QTest::addColumn<QString>("readName");
@@ -218,7 +218,7 @@ void tst_SyncDeviceModel::nameOfTheChannelStandsInForNone_data()
     QTest::newRow("empty is a name") << proxy << QString() << QString();
 }
 
-void tst_SyncDeviceModel::nameOfTheChannelStandsInForNone()
+void tst_SyncDeviceModel::nameOfTheChannelReplacesAMissingName()
 {
     QFETCH(const QString, channelName);
     QFETCH(const QString, readName);
@@ -246,7 +246,7 @@ void tst_SyncDeviceModel::deviceThatHasLostItsAddressGetsItBack()
     QCOMPARE(it.listed(), it.device.model);
 }
 
-void tst_SyncDeviceModel::channelThatIsGoneMakesTheDeviceOffline()
+void tst_SyncDeviceModel::missingChannelMakesTheDeviceOffline()
 {
     Synchronised it;
     it.makeKnown();
@@ -258,11 +258,12 @@ void tst_SyncDeviceModel::channelThatIsGoneMakesTheDeviceOffline()
                                   "status bar 2 for 5000 ms: Device offline"})));
     QVERIFY(!it.listed()->isOnline());
     QVERIFY(it.listed()->isSyncDataSuccess());
-    QCOMPARE(counts(*it.listed()), (QList<int>{1, 2, 1, 2})); // it goes on with what was read
+    QCOMPARE(counts(*it.listed()),
+             (QList<int>{1, 2, 1, 2})); // the model step continues with what was read
     QVERIFY(it.task.isSyncSucess());
 }
 
-void tst_SyncDeviceModel::channelThatIsGoneLeavesTheNameAlone()
+void tst_SyncDeviceModel::missingChannelDoesNotChangeTheName()
 {
     Synchronised it;
     it.channel->replyBody(0x1100, R"({"general":{"status":1}})");
@@ -270,7 +271,7 @@ void tst_SyncDeviceModel::channelThatIsGoneLeavesTheNameAlone()
     it.run();
     QCOMPARE(it.task.deviceDetail().general.name, std::string("N/A"));
     QCOMPARE(it.listed()->name(), QStringLiteral("N/A"));
-    QCOMPARE(it.listed()->modelId(), quint16(0x7701)); // as it was before the reading
+    QCOMPARE(it.listed()->modelId(), quint16(0x7701)); // as before the synchronisation
 }
 
 void tst_SyncDeviceModel::offlineMessageIsTranslated()
@@ -282,7 +283,7 @@ void tst_SyncDeviceModel::offlineMessageIsTranslated()
     it.run();
     QVERIFY(
         it.journal.lines().contains(QStringLiteral("status bar 2 for 5000 ms: <Device offline>")));
-    // The log is not.
+    // The log line is not translated.
     QVERIFY(it.journal.lines().contains(
         QStringLiteral("warning: Sync device model failed, device offline")));
 }
@@ -292,7 +293,7 @@ namespace {
 struct ModelRow {
     const char *name;
     quint16 code;
-    const char *body; ///< Names something twice.
+    const char *body; ///< Contains one identity twice.
     const char *warning;
     bool success;
 };
@@ -335,7 +336,7 @@ void tst_SyncDeviceModel::failedModelSteps()
     QCOMPARE(it.task.errorMsg(), warning.section(QLatin1Char('"'), 1, 1));
 }
 
-// In the order of the steps, which is not that of the reads.
+// In the order of the model steps, which differs from that of the reads.
 void tst_SyncDeviceModel::everyModelStepFailsByItself()
 {
     Synchronised it;
@@ -346,10 +347,10 @@ void tst_SyncDeviceModel::everyModelStepFailsByItself()
     }
     it.run();
     QCOMPARE(it.lines(), modelStep(warnings));
-    QCOMPARE(counts(*it.listed()), (QList<int>{1, 1, 0, 1})); // what is sound is there
+    QCOMPARE(counts(*it.listed()), (QList<int>{1, 1, 0, 1})); // the valid part is in the model
 }
 
-void tst_SyncDeviceModel::deviceWithoutAddressReachesNoModel()
+void tst_SyncDeviceModel::deviceWithoutAddressDoesNotReachTheModel()
 {
     Synchronised it;
     it.device.removeChannel();

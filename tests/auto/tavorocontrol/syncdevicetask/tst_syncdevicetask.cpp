@@ -8,15 +8,15 @@
 
 using namespace Tavoro;
 
-/// What is asked of the device, in which order, and what a failure of each step means. What becomes
-/// of the answers in the model is the matter of tst_SyncDeviceModel.
+/// What the task reads, in which order, and what a failure of each step means. tst_SyncDeviceModel
+/// tests what the answers change in the model.
 class tst_SyncDeviceTask : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void freshTaskIsIdle();
     void runningStatusIsWhatTheOwnerSets();
-    void channelMakesTheWorkingDevice();
+    void setDeviceCreatesTheWorkingDevice();
     void deviceWithoutChannelIsRefused();
     void deviceWithoutChannelGoesOffline();
     void workingDeviceStaysUntilTheReset();
@@ -24,7 +24,7 @@ private Q_SLOTS:
     void resetReleasesTheStorage();
     void resetKeepsErrorAndOutcome();
 
-    void runAsksInThisOrder();
+    void runReadsInThisOrder();
     void firstRequestSetsTheClock();
     void readsCarryNoBody();
     void runKeepsWhatItRead();
@@ -39,7 +39,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// The requests of a whole run, as WholeDeviceChannel::asked() tells them.
+/// The requests of a whole run, in the form of WholeDeviceChannel::asked().
 QStringList wholeRun()
 {
     return textLines({"2 fc0c 00000000", "1 1100 00000000", "1 1200 00ff0000", "1 1300 00ff00ff",
@@ -75,7 +75,7 @@ void tst_SyncDeviceTask::runningStatusIsWhatTheOwnerSets()
     QVERIFY(!task.isRunningStatus());
 }
 
-void tst_SyncDeviceTask::channelMakesTheWorkingDevice()
+void tst_SyncDeviceTask::setDeviceCreatesTheWorkingDevice()
 {
     Synchronised it;
     QVERIFY(it.setDevice());
@@ -162,7 +162,7 @@ void tst_SyncDeviceTask::resetKeepsErrorAndOutcome()
     QVERIFY(it.task.isSyncSucess());
 }
 
-void tst_SyncDeviceTask::runAsksInThisOrder()
+void tst_SyncDeviceTask::runReadsInThisOrder()
 {
     Synchronised it;
     it.run();
@@ -180,18 +180,18 @@ void tst_SyncDeviceTask::firstRequestSetsTheClock()
     const QDateTime after = QDateTime::currentDateTime();
 
     const QString body = QString::fromStdString(it.channel->sent().front().body);
-    const auto told =
+    const auto match =
         QRegularExpression(
             QStringLiteral(R"(^\{"year":(\d+),"month":(\d+),"day":(\d+),"hour":(\d+),)"
                            R"("minute":(\d+),"second":(\d+),"millisecond":(\d+)\}$)"))
             .match(body);
-    QVERIFY2(told.hasMatch(), qPrintable(body));
+    QVERIFY2(match.hasMatch(), qPrintable(body));
     const auto number = [&](int place) {
-        return told.captured(place).toInt();
+        return match.captured(place).toInt();
     };
     const QDateTime sent(QDate(number(1), number(2), number(3)),
                          QTime(number(4), number(5), number(6), number(7)));
-    // The date is taken before the time of day, and so a day late at midnight.
+    // The date is read before the time of day, so it may be a day late at midnight.
     QVERIFY((before <= sent && sent <= after) || before.date() != after.date());
 }
 
@@ -232,8 +232,8 @@ void tst_SyncDeviceTask::runWithoutDeviceDoesNothing()
     const QStringList askedBefore = it.asked();
 
     it.task.run();
-    QVERIFY(it.task.isSyncSucess()); // as it was
-    QCOMPARE(it.task.errorMsg(), QString()); // but the text is forgotten
+    QVERIFY(it.task.isSyncSucess()); // unchanged
+    QCOMPARE(it.task.errorMsg(), QString()); // but the text is cleared
     QCOMPARE(it.asked(), askedBefore);
     QVERIFY(it.journal.lines().isEmpty());
     QVERIFY(changes.isEmpty());
@@ -251,7 +251,7 @@ struct FailureRow {
     QStringList asked;
     QStringList warnings;
     const char *errorMsg;
-    bool success; ///< Of the task. The model is always told false.
+    bool success; ///< Result of the task. The model always gets false.
 };
 
 // clang-format off
@@ -312,7 +312,7 @@ void tst_SyncDeviceTask::failures()
     QCOMPARE(it.lines(), failure.warnings + modelStep());
     QCOMPARE(it.task.isSyncSucess(), failure.success);
     QCOMPARE(it.task.errorMsg(), QString::fromLatin1(failure.errorMsg));
-    // What could be read reaches the model all the same.
+    // What could be read still reaches the model.
     QVERIFY(it.listed());
     QVERIFY(it.listed()->isOnline());
     QVERIFY(!it.listed()->isSyncDataSuccess());

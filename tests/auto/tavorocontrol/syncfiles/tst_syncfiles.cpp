@@ -6,7 +6,7 @@
 using namespace Tavoro;
 using FileDetail = ProtoModel::File::s_FileDetail;
 
-/// Which of the files that a device lists are kept, and of which the content is fetched.
+/// Which of the listed files are kept, and of which the content is read.
 class tst_SyncFiles : public QObject {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ private Q_SLOTS:
     void removedFilesAreNotKept();
     void failedContentDoesNotStopTheNext();
     void contentsWithoutAChannelCountAsRead();
-    void filesOfAFailedReadAreFetchedAllTheSame();
+    void filesOfAFailedReadAreStillFetched();
 };
 
 namespace {
@@ -32,7 +32,7 @@ QStringList fileList(const std::vector<FileDetail> &files)
     return list;
 }
 
-/// The answer to the file list that names these files.
+/// An answer to the read of the file list, with these files.
 std::string fileListBody(std::initializer_list<std::pair<int, int>> typesAndIds)
 {
     std::string body;
@@ -127,8 +127,8 @@ void tst_SyncFiles::contentsWithoutAChannelCountAsRead()
     QVERIFY(!it.listed()->isOnline());
 }
 
-// What decoded before the fault is there, and is treated like any other file.
-void tst_SyncFiles::filesOfAFailedReadAreFetchedAllTheSame()
+// Files that were decoded before the error are treated like any other file.
+void tst_SyncFiles::filesOfAFailedReadAreStillFetched()
 {
     Synchronised it;
     it.channel->replyBody(0xFA00, R"([{"fileType":15,"fileId":9},{"fileType":6,"fileId":4},3])");

@@ -8,25 +8,25 @@ using Control::SyncDeviceTask;
 using WeakDevice = std::weak_ptr<BizModel::Device>;
 using WeakScreen = std::weak_ptr<BizModel::Screen>;
 
-/// The reads of single kinds, which no run makes.
+/// The reads of single kinds, which a run does not use.
 class tst_SyncPartReads : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void filesOfOneTypeAreAskedFor_data();
-    void filesOfOneTypeAreAskedFor();
+    void filesOfOneTypeAreRead_data();
+    void filesOfOneTypeAreRead();
     void presetsOfBothTypesAreGathered();
     void secondTypeOfPresetsWaitsForTheFirst();
     void layersOfEveryScreenAreGathered();
     void firstFailedScreenEndsTheReadOfLayers();
     void previewWaitsForTheProgramme();
-    void layersOfAGoneScreenOrDeviceAreNotAskedFor();
-    void contentsOfAGoneDeviceAreNotAskedFor();
+    void layersOfAMissingScreenOrDeviceAreNotRead();
+    void contentsOfAMissingDeviceAreNotRead();
 };
 
 namespace {
 
-// The reads are private. The language lets them be named where a template is instantiated by hand.
+// The reads are private. An explicit instantiation of a template may name them.
 template <class Tag, typename Tag::Member member>
 struct Opened {
     friend typename Tag::Member open(Tag) { return member; }
@@ -78,7 +78,7 @@ struct PartReads : Synchronised {
 
 } // namespace
 
-void tst_SyncPartReads::filesOfOneTypeAreAskedFor_data()
+void tst_SyncPartReads::filesOfOneTypeAreRead_data()
 {
     QTest::addColumn<bool>("isLogo");
     QTest::addColumn<QString>("request");
@@ -87,7 +87,7 @@ void tst_SyncPartReads::filesOfOneTypeAreAskedFor_data()
     QTest::newRow("logos") << true << QStringLiteral("1 fa00 02ff0000");
 }
 
-void tst_SyncPartReads::filesOfOneTypeAreAskedFor()
+void tst_SyncPartReads::filesOfOneTypeAreRead()
 {
     QFETCH(const bool, isLogo);
     QFETCH(const QString, request);
@@ -115,7 +115,7 @@ void tst_SyncPartReads::secondTypeOfPresetsWaitsForTheFirst()
              QStringLiteral("Get file detail information failed: hardware error:5 ."));
 }
 
-// Of each screen the programme and then the preview.
+// For each screen the programme, then the preview.
 void tst_SyncPartReads::layersOfEveryScreenAreGathered()
 {
     PartReads it;
@@ -130,7 +130,7 @@ void tst_SyncPartReads::firstFailedScreenEndsTheReadOfLayers()
 {
     PartReads it;
     it.channel->reply(0xFA00, ScriptedAnswer::refusal(5));
-    QVERIFY(!it.read(Logos())); // leaves a text
+    QVERIFY(!it.read(Logos())); // sets an error text
     it.channel->reply(0x1400, ScriptedAnswer::refusal(6));
     QVERIFY(!it.read(Layers()));
     QCOMPARE(it.asked().mid(1), textLines({"1 1400 ff040101"}));
@@ -151,7 +151,7 @@ void tst_SyncPartReads::previewWaitsForTheProgramme()
     QCOMPARE(it.task.errorMsg(), QString());
 }
 
-void tst_SyncPartReads::layersOfAGoneScreenOrDeviceAreNotAskedFor()
+void tst_SyncPartReads::layersOfAMissingScreenOrDeviceAreNotRead()
 {
     PartReads it;
     QString error;
@@ -161,7 +161,7 @@ void tst_SyncPartReads::layersOfAGoneScreenOrDeviceAreNotAskedFor()
     QVERIFY(it.asked().isEmpty());
 }
 
-void tst_SyncPartReads::contentsOfAGoneDeviceAreNotAskedFor()
+void tst_SyncPartReads::contentsOfAMissingDeviceAreNotRead()
 {
     PartReads it;
     QVERIFY(it.read(Logos()));

@@ -1,5 +1,5 @@
-// The functions below stand before the model's of the same name, as this program is searched before
-// its libraries.
+// The functions below replace the model's of the same name, since the linker searches this program
+// before its libraries.
 
 #include "scriptedsaver.h"
 
@@ -15,7 +15,7 @@ Journal *listener = nullptr;
 
 namespace Tavoro::BizModel {
 
-/// Only the private part of the list may make a saver.
+/// Only the private part of the list may create a saver.
 class DeviceListPrivate {
 public:
     static SaveDeviceDataThread *silentSaver()
@@ -32,7 +32,7 @@ SaveDeviceDataThread *DeviceList::saveDeviceDataThread() const
 
 void SaveDeviceDataThread::setTemporaryStop(bool stop)
 {
-    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: go on"));
+    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: resume"));
 }
 
 void SaveDeviceDataThread::waitForSavingDataFinished()

@@ -2,8 +2,8 @@
 
 #include <support/tavorobizmodel/journal.h>
 
-/// The model's saver, for as long as this lives: it does nothing, and tells a journal what it is
-/// asked to do.
+/// Replaces the model's saver during its lifetime: does nothing, and records the calls in a
+/// journal.
 class ScriptedSaver {
 public:
     explicit ScriptedSaver(Journal &journal);

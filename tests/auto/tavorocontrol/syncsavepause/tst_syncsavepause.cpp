@@ -12,28 +12,29 @@ using namespace Tavoro;
 
 Q_DECLARE_METATYPE(ScriptedAnswer)
 
-/// The model's saver keeps quiet while a device is read, however that ends.
+/// The model's saver is paused while a device is read, however that ends.
 class tst_SyncSavePause : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void saverPausesForTheWholeRun();
-    void saverGoesOnAfterEveryEarlyEnd_data();
-    void saverGoesOnAfterEveryEarlyEnd();
-    void saverGoesOnAfterAnException();
-    void deviceThatIsNotInTheListIsHandedOnAsNothing();
-    void saverIsLeftAloneWithoutAWorkingDevice();
-    void runWithoutSaverGoesOn();
+    void saverResumesAfterEveryEarlyEnd_data();
+    void saverResumesAfterEveryEarlyEnd();
+    void saverResumesAfterAnException();
+    void unknownDeviceIsPassedOnAsEmpty();
+    void saverIsNotCalledWithoutAWorkingDevice();
+    void runWithoutSaverCompletes();
 };
 
 namespace {
 
 QStringList pausedAround(const QStringList &between, const char *saved)
 {
-    return textLines({"saver: stop", "saver: wait"}) + between + textLines({"saver: go on", saved});
+    return textLines({"saver: stop", "saver: wait"}) + between
+        + textLines({"saver: resume", saved});
 }
 
-/// The journal's lines of the saver, and one for all that is between two of them.
+/// The journal's lines of the saver, and one line for everything between two of them.
 QStringList saverLines(const Synchronised &it)
 {
     QStringList lines;
@@ -59,7 +60,7 @@ void tst_SyncSavePause::saverPausesForTheWholeRun()
     QCOMPARE(saverLines(it), pausedAround(work, "saver: save 192.0.2.7"));
 }
 
-void tst_SyncSavePause::saverGoesOnAfterEveryEarlyEnd_data()
+void tst_SyncSavePause::saverResumesAfterEveryEarlyEnd_data()
 {
     QTest::addColumn<quint16>("code");
     QTest::addColumn<ScriptedAnswer>("answer");
@@ -69,7 +70,7 @@ void tst_SyncSavePause::saverGoesOnAfterEveryEarlyEnd_data()
     QTest::newRow("interfaces not read") << quint16(0x1200) << ScriptedAnswer::refusal(5);
 }
 
-void tst_SyncSavePause::saverGoesOnAfterEveryEarlyEnd()
+void tst_SyncSavePause::saverResumesAfterEveryEarlyEnd()
 {
     QFETCH(const quint16, code);
     QFETCH(const ScriptedAnswer, answer);
@@ -80,7 +81,7 @@ void tst_SyncSavePause::saverGoesOnAfterEveryEarlyEnd()
     QCOMPARE(saverLines(it), pausedAround(work, "saver: save 192.0.2.7"));
 }
 
-void tst_SyncSavePause::saverGoesOnAfterAnException()
+void tst_SyncSavePause::saverResumesAfterAnException()
 {
     Synchronised it;
     it.makeKnown();
@@ -100,7 +101,7 @@ void tst_SyncSavePause::saverGoesOnAfterAnException()
     QCOMPARE(saverLines(it), pausedAround(work, "saver: save 192.0.2.7"));
 }
 
-void tst_SyncSavePause::deviceThatIsNotInTheListIsHandedOnAsNothing()
+void tst_SyncSavePause::unknownDeviceIsPassedOnAsEmpty()
 {
     Synchronised it;
     it.device.removeChannel();
@@ -112,7 +113,7 @@ void tst_SyncSavePause::deviceThatIsNotInTheListIsHandedOnAsNothing()
     QCOMPARE(saverLines(it), pausedAround(work, "saver: save nothing"));
 }
 
-void tst_SyncSavePause::saverIsLeftAloneWithoutAWorkingDevice()
+void tst_SyncSavePause::saverIsNotCalledWithoutAWorkingDevice()
 {
     Synchronised it;
     const ScriptedSaver saver(it.journal);
@@ -120,7 +121,7 @@ void tst_SyncSavePause::saverIsLeftAloneWithoutAWorkingDevice()
     QVERIFY(it.journal.lines().isEmpty());
 }
 
-void tst_SyncSavePause::runWithoutSaverGoesOn()
+void tst_SyncSavePause::runWithoutSaverCompletes()
 {
     Synchronised it;
     it.run();

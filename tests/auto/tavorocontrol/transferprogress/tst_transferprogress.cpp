@@ -15,22 +15,22 @@ using Progress = Control::s_DeviceFileTransferProgress;
 using Percent = ProtoModel::File::s_FileTransPercent;
 using Percents = std::vector<Percent>;
 
-/// What the manager keeps of the transfers to each device.
+/// The records of file transfers that the manager keeps for each device.
 class tst_TransferProgress : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void deviceThatNeverReportedIsNotFound();
     void reportIsStoredWithItsTime();
-    void laterReportTakesThePlaceOfTheFirst_data();
-    void laterReportTakesThePlaceOfTheFirst();
+    void laterReportReplacesTheFirst_data();
+    void laterReportReplacesTheFirst();
     void foundRecordIsACopy();
     void devicesAreKeptApart();
     void resetEmptiesTheRecordAndKeepsIt();
     void resetTakesANewTime();
     void reportAfterAResetGoesIntoTheSameRecord();
-    void resetOfADeviceWithoutARecordMakesNone();
-    void resetLeavesOtherDevicesAlone();
+    void resetOfADeviceWithoutARecordAddsNone();
+    void resetDoesNotChangeOtherDevices();
     void expiredDeviceIsLoggedByAllThree();
     void recordOfAGoneDeviceMatchesNothing();
     void recordsAreUsedFromManyThreadsAtOnce();
@@ -43,7 +43,7 @@ AutoReportManager &manager()
     return *AutoReportManager::instance();
 }
 
-/// A device of its own in each test: records are never removed.
+/// Each test has a device of its own: records are never removed.
 std::shared_ptr<BizModel::Device> makeDevice()
 {
     return std::make_shared<BizModel::Device>(quint16(1), nullptr);
@@ -79,7 +79,7 @@ QString quoted(const Percents &percents)
     return figures.join(QLatin1Char(' '));
 }
 
-/// An output record that nobody has written to.
+/// An output record that was not written to.
 Progress untouched(const std::shared_ptr<BizModel::Device> &device)
 {
     return {device, {percent(77, 7)}, -5, true};
@@ -122,7 +122,7 @@ void tst_TransferProgress::reportIsStoredWithItsTime()
     QVERIFY(journal.lines().isEmpty());
 }
 
-void tst_TransferProgress::laterReportTakesThePlaceOfTheFirst_data()
+void tst_TransferProgress::laterReportReplacesTheFirst_data()
 {
     QTest::addColumn<int>("first");
     QTest::addColumn<int>("second");
@@ -132,7 +132,7 @@ void tst_TransferProgress::laterReportTakesThePlaceOfTheFirst_data()
     QTest::newRow("longer") << 1 << 3;
 }
 
-void tst_TransferProgress::laterReportTakesThePlaceOfTheFirst()
+void tst_TransferProgress::laterReportReplacesTheFirst()
 {
     QFETCH(const int, first);
     QFETCH(const int, second);
@@ -218,13 +218,13 @@ void tst_TransferProgress::reportAfterAResetGoesIntoTheSameRecord()
     QCOMPARE(quoted(record.percents), QStringLiteral("6/3/1:30%/2"));
     QVERIFY(record.isTransferring);
 
-    // A second record behind the first would now show the figures of before.
+    // A second record after the first one would now show the former figures.
     manager().resetDeviceFileTransferProgressRecord(device);
     QVERIFY(manager().findDeviceFileTransferProgressRecord(device, record));
     QVERIFY(record.percents.empty());
 }
 
-void tst_TransferProgress::resetOfADeviceWithoutARecordMakesNone()
+void tst_TransferProgress::resetOfADeviceWithoutARecordAddsNone()
 {
     const auto device = makeDevice();
     const Journal journal;
@@ -235,7 +235,7 @@ void tst_TransferProgress::resetOfADeviceWithoutARecordMakesNone()
     QVERIFY(journal.lines().isEmpty());
 }
 
-void tst_TransferProgress::resetLeavesOtherDevicesAlone()
+void tst_TransferProgress::resetDoesNotChangeOtherDevices()
 {
     const auto one = makeDevice();
     const auto other = makeDevice();
@@ -289,7 +289,7 @@ void tst_TransferProgress::recordOfAGoneDeviceMatchesNothing()
     QCOMPARE(quoted(record.percents), QStringLiteral("6/2/1:20%/2"));
 }
 
-// One thread reports, as the manager's own does; others ask and reset meanwhile.
+// One thread reports, like the manager's thread; others find and reset records meanwhile.
 void tst_TransferProgress::recordsAreUsedFromManyThreadsAtOnce()
 {
     constexpr int rounds = 400;
@@ -303,7 +303,7 @@ void tst_TransferProgress::recordsAreUsedFromManyThreadsAtOnce()
         Progress record;
         while (!isOver) {
             const bool found = manager().findDeviceFileTransferProgressRecord(device, record);
-            // Both figures of a report belong together; after a reset there are none.
+            // Both figures of a report belong together; after a reset both are missing.
             const bool isWhole =
                 std::all_of(record.percents.begin(), record.percents.end(),
                             [](const Percent &p) { return p.fileId == p.percent; });

@@ -1,4 +1,4 @@
-// preset, reboot, selfcheck, upgrade and version on a simulated device.
+// preset, reboot, selfcheck and version on a simulated device.
 
 #include <support/tavoroctl/toolbench.h>
 
@@ -15,31 +15,22 @@ private Q_SLOTS:
 
     void versionShowsEveryUnit();
     void versionPrintsJson();
-    void selfCheckEndsWithZeroWhenAllIsGood();
-    void selfCheckEndsWithOneWhenSomethingIsFaulty();
-    void rebootBringsBackWhatWasSaved();
+    void selfCheckWithoutFaultsEndsWithZero();
+    void selfCheckWithFaultsEndsWithOne();
+    void rebootRestoresTheSavedState();
 
-    void upgradeIsFollowedToItsEnd();
-    void upgradeThatFailsEndsWithOne();
-    void upgradeThatIsRefusedEndsWithOne();
-    void upgradeWithRebootWaitsForTheDevice();
-    void upgradeOfADeviceThatStaysAwayEndsWithOne();
-    void upgradeInterruptedGoesOnWithoutTheTool();
-
-    void presetBringsScreensBack();
-    void presetCoversTheScreensThatAreNamed();
+    void applyingAPresetRestoresScreens();
+    void presetCoversTheGivenScreens();
     void presetOfAllScreensHasADefaultName();
-    void presetMayGoIntoThePreview();
-    void presetOfAScreenThatIsNotThere();
-    void presetThatIsNotThere();
+    void presetCanBeAppliedToThePreview();
+    void presetOfAMissingScreenEndsWithOne();
+    void missingPresetEndsWithOne();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
 
 private:
     /// A device of two inputs and three outputs, the clock of which runs at \a speed percent.
     void useDevice(int speed);
-    /// Waits until an upgrade has begun.
-    void waitForStart() const;
     QByteArray read(const QByteArray &operation, const QByteArrayList &filters) const;
 
     std::unique_ptr<ToolBench> m_bench;
@@ -50,10 +41,6 @@ namespace {
 const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
 const QByteArray take = R"([{"screenId":1,"screenType":1,)"
                         R"("switchEffect":{"time":5,"direction":0,"type":1}}])";
-const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
-                                   "slot 1, type 2: written\n"
-                                   "slot 2, type 2: written\n"
-                                   "The upgrade is done.\n";
 
 } // namespace
 
@@ -75,11 +62,6 @@ void tst_TavoroCtlMaintenance::useDevice(int speed)
     options.outputs = 3;
     options.clockSpeed = speed;
     m_bench = std::make_unique<ToolBench>(options);
-}
-
-void tst_TavoroCtlMaintenance::waitForStart() const
-{
-    QTRY_VERIFY(read("Auxiliary.readUpgradeProgress", {}).contains(R"("parts":[{)"));
 }
 
 QByteArray tst_TavoroCtlMaintenance::read(const QByteArray &operation,
@@ -113,11 +95,11 @@ void tst_TavoroCtlMaintenance::versionPrintsJson()
                 .output.startsWith(R"({"version":"1.0.0","brief":"simulated","parts":[{)"));
 }
 
-void tst_TavoroCtlMaintenance::selfCheckEndsWithZeroWhenAllIsGood()
+void tst_TavoroCtlMaintenance::selfCheckWithoutFaultsEndsWithZero()
 {
     const ToolRun check = m_bench->run("selfcheck", {});
     QCOMPARE(check.output,
-             QByteArray(R"(SLOT  TYPE  MODEL   MEASURED     VALUE   LEAST   MOST    STATE
+             QByteArray(R"(SLOT  TYPE  MODEL   MEASUREMENT  VALUE   MIN     MAX     STATE
 0     1     0x7701  Temperature  41 C    -10 C   85 C    good
 0     1     0x7701  Power        12.1 V  11.4 V  12.6 V  good
 1     2     0x7710  Temperature  41 C    -10 C   85 C    good
@@ -127,21 +109,21 @@ void tst_TavoroCtlMaintenance::selfCheckEndsWithZeroWhenAllIsGood()
     QCOMPARE(check.exitCode, 0);
 }
 
-void tst_TavoroCtlMaintenance::selfCheckEndsWithOneWhenSomethingIsFaulty()
+void tst_TavoroCtlMaintenance::selfCheckWithFaultsEndsWithOne()
 {
     m_bench->console(QStringLiteral("power 2 0"));
     m_bench->console(QStringLiteral("card 1 0"));
     const ToolRun check = m_bench->run("selfcheck", {});
     QVERIFY(
         check.output.contains("0     1     0x7701  Power        0.0 V  11.4 V  12.6 V  faulty"));
-    QCOMPARE(check.errors, QByteArray("The device finds 2 faulty.\n"));
+    QCOMPARE(check.errors, QByteArray("The self check reports a fault in 2.\n"));
     QCOMPARE(check.exitCode, 1);
     const ToolRun json = m_bench->run("selfcheck", {"--json"});
     QVERIFY(json.output.startsWith(R"({"parts":[{"type":1,"slotId":0,)"));
     QCOMPARE(json.exitCode, 1);
 }
 
-void tst_TavoroCtlMaintenance::rebootBringsBackWhatWasSaved()
+void tst_TavoroCtlMaintenance::rebootRestoresTheSavedState()
 {
     QCOMPARE(m_bench->run("call", {"Device.writeDeviceGeneral", name}).exitCode, 0);
     const ToolRun reboot = m_bench->run("reboot", {});
@@ -151,80 +133,7 @@ void tst_TavoroCtlMaintenance::rebootBringsBackWhatWasSaved()
     QVERIFY2(details.contains("\"name\":\"Simulated device\""), details.constData());
 }
 
-void tst_TavoroCtlMaintenance::upgradeIsFollowedToItsEnd()
-{
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output, allUnitsWritten);
-    QCOMPARE(upgrade.errors, QByteArray());
-    QCOMPARE(upgrade.exitCode, 0);
-    QVERIFY(m_bench->run("version", {}).output.contains("258 logic    1.0.1"));
-}
-
-void tst_TavoroCtlMaintenance::upgradeThatFailsEndsWithOne()
-{
-    m_bench->console(QStringLiteral("spoil 50"));
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output,
-             QByteArray("slot 0, type 1: written\n"
-                        "slot 1, type 2: failed with result 1\n"));
-    QCOMPARE(upgrade.errors, QByteArray("The upgrade failed at 50 %.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeThatIsRefusedEndsWithOne()
-{
-    m_bench->console(QStringLiteral("fault add status=4,code=0xFC08"));
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
-    QCOMPARE(upgrade.output, QByteArray());
-    QCOMPARE(upgrade.errors,
-             QByteArray("Set upgrade detail information failed: hardware error:4 .\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeWithRebootWaitsForTheDevice()
-{
-    QCOMPARE(m_bench->run("call", {"Device.writeDeviceGeneral", name}).exitCode, 0);
-    const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin", "--reboot"});
-    QCOMPARE(upgrade.output, allUnitsWritten);
-    QCOMPARE(upgrade.errors, QByteArray());
-    QCOMPARE(upgrade.exitCode, 0);
-    QVERIFY(!read("Device.readDetails", {}).contains("Main hall")); // It did restart.
-}
-
-void tst_TavoroCtlMaintenance::upgradeOfADeviceThatStaysAwayEndsWithOne()
-{
-    constexpr int stopped = 0;
-    useDevice(stopped);
-    RunningTool tool(m_bench->line("upgrade", {"/firmware/2.bin", "--reboot", "--timeout", "500"}));
-    waitForStart();
-    m_bench->console(QStringLiteral("pass 2000"));
-    QVERIFY(tool.waitForOutput("slot 0, type 1: written\n"));
-    m_bench->console(QStringLiteral("switch 0"));
-    const ToolRun upgrade = tool.finish();
-    QVERIFY2(upgrade.errors.startsWith("Get upgrade percent information failed: "),
-             upgrade.errors.constData());
-    QCOMPARE(upgrade.errors.count('\n'), 1);
-    QCOMPARE(upgrade.exitCode, 1);
-}
-
-void tst_TavoroCtlMaintenance::upgradeInterruptedGoesOnWithoutTheTool()
-{
-    constexpr int stopped = 0;
-    useDevice(stopped);
-    RunningTool tool(m_bench->line("upgrade", {"/firmware/2.bin"}));
-    waitForStart();
-    m_bench->console(QStringLiteral("pass 3000"));
-    QVERIFY(tool.waitForOutput("slot 0, type 1: written\n"));
-    tool.interrupt();
-    const ToolRun upgrade = tool.finish();
-    QCOMPARE(upgrade.output, QByteArray("slot 0, type 1: written\n"));
-    QCOMPARE(upgrade.errors, QByteArray("Interrupted. The device goes on with the upgrade.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
-    m_bench->console(QStringLiteral("pass 3000"));
-    QVERIFY(read("Auxiliary.readUpgradeProgress", {}).startsWith(R"({"result":0,"rate":100,)"));
-}
-
-void tst_TavoroCtlMaintenance::presetBringsScreensBack()
+void tst_TavoroCtlMaintenance::applyingAPresetRestoresScreens()
 {
     const QByteArray before = read("Layer.readDetails", {"1", "1", "-1", "-1"});
     const ToolRun save = m_bench->run("preset save", {"3", "--name", "Opening"});
@@ -239,7 +148,7 @@ void tst_TavoroCtlMaintenance::presetBringsScreensBack()
     QVERIFY(m_bench->run("files", {}).output.contains("screen-preset  3   Opening"));
 }
 
-void tst_TavoroCtlMaintenance::presetCoversTheScreensThatAreNamed()
+void tst_TavoroCtlMaintenance::presetCoversTheGivenScreens()
 {
     SimOptions options;
     m_bench = std::make_unique<ToolBench>(options);
@@ -260,7 +169,7 @@ void tst_TavoroCtlMaintenance::presetOfAllScreensHasADefaultName()
     QVERIFY(m_bench->run("files", {}).output.contains("Preset 12"));
 }
 
-void tst_TavoroCtlMaintenance::presetMayGoIntoThePreview()
+void tst_TavoroCtlMaintenance::presetCanBeAppliedToThePreview()
 {
     const QByteArray programme = read("Layer.readDetails", {"1", "1", "4", "-1"});
     QCOMPARE(m_bench->run("preset save", {"3"}).exitCode, 0);
@@ -271,7 +180,7 @@ void tst_TavoroCtlMaintenance::presetMayGoIntoThePreview()
     QCOMPARE(read("Layer.readDetails", {"1", "1", "2", "-1"}), expected);
 }
 
-void tst_TavoroCtlMaintenance::presetOfAScreenThatIsNotThere()
+void tst_TavoroCtlMaintenance::presetOfAMissingScreenEndsWithOne()
 {
     const ToolRun save = m_bench->run("preset save", {"1", "1", "77"});
     QCOMPARE(save.errors, QByteArray("The device has no screen 77.\n"));
@@ -279,7 +188,7 @@ void tst_TavoroCtlMaintenance::presetOfAScreenThatIsNotThere()
     QVERIFY(!m_bench->run("files", {}).output.contains("preset"));
 }
 
-void tst_TavoroCtlMaintenance::presetThatIsNotThere()
+void tst_TavoroCtlMaintenance::missingPresetEndsWithOne()
 {
     const ToolRun apply = m_bench->run("preset apply", {"9"});
     QCOMPARE(apply.errors, QByteArray("Set preset apply information failed: hardware error:3 .\n"));
@@ -293,12 +202,12 @@ void tst_TavoroCtlMaintenance::wrongUsageEndsWithTwo_data()
     const QByteArray host = "nowhere.invalid";
     // clang-format off
     QTest::newRow("half a name")   << QByteArrayList{"preset", host, "1"}
-        << "there is no command \"preset\"; --help tells what there is";
+        << "unknown command \"preset\"; --help lists all commands";
     QTest::newRow("no preset")     << QByteArrayList{"preset", "save", host}                               << "preset save takes HOST[:PORT] ID [SCREEN ...]";
     QTest::newRow("bad preset")    << QByteArrayList{"preset", "apply", host, "first"}
-        << "\"first\" is no number of a file, which is 0 to 254";
+        << "\"first\" is not a valid file ID (0 to 254)";
     QTest::newRow("bad screen")    << QByteArrayList{"preset", "save", host, "1", "256"}
-        << "\"256\" is no number of a screen, which is 0 to 255";
+        << "\"256\" is not a valid screen ID (0 to 255)";
     QTest::newRow("bad way")       << QByteArrayList{"preset", "apply", host, "1", "--apply-type", "soft"} << "\"soft\" is not a number";
     QTest::newRow("no package")    << QByteArrayList{"upgrade", host}                                      << "upgrade takes HOST[:PORT] PACKAGE";
     QTest::newRow("bad host")      << QByteArrayList{"reboot", "a:b:c"}                                    << "\"a:b:c\" is not HOST[:PORT]";

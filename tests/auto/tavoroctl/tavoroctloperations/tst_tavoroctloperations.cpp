@@ -1,5 +1,4 @@
-// The tool's table of operations: every name, with the code that goes out, what it takes and what
-// it prints.
+// The table of operations: name, code, arguments and answer of each.
 
 #include <support/tavorocontrol/scripteddevice.h>
 
@@ -13,13 +12,13 @@ class tst_TavoroCtlOperations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tableIsWhatItShouldBe();
-    void callsGoOutUnderTheirCode_data();
-    void callsGoOutUnderTheirCode();
+    void tableListsNameCodeArgumentsAndAnswer();
+    void callsAreSentWithTheirCode_data();
+    void callsAreSentWithTheirCode();
     void writeActualTimingSendsNothing();
     void readsPrintWhatTheyDecode();
     void removeAllTakesScreenThenKind();
-    void faultyArgumentsAreToldBeforeTheCall();
+    void faultyArgumentsAreReportedBeforeTheCall();
     void unknownNamesAreNotFound();
 };
 
@@ -113,6 +112,7 @@ const Row rows[] = {
     {"File.writeCreateProjectFile",              0xFA08, "[File::s_CreateProjFile]",          ""},
     {"File.writeCreateLogFile",                  0xFA09, "[File::s_CreateLogFile]",           ""},
     {"File.edidCreateFileBinary",                0xFA0B, "[File::s_CreateFileInfo]",          ""},
+    {"File.writeApplyProjectFile",               0x1601, "[ProjectFile::s_ProjectFileApply]", ""},
     {"Auxiliary.writeRestartShutdown",           0xFC01, "Auxiliary::s_AuxiliaryOpt",         ""},
     {"Auxiliary.writeFactoryType",               0xFC02, "Auxiliary::s_AuxiliaryOpt",         ""},
     {"Auxiliary.saveDeviceData",                 0xFC03, "",                                  ""},
@@ -153,7 +153,7 @@ CallResult call(ScriptedDevice &device, const char *name, const QStringList &wor
 
 } // namespace
 
-void tst_TavoroCtlOperations::tableIsWhatItShouldBe()
+void tst_TavoroCtlOperations::tableListsNameCodeArgumentsAndAnswer()
 {
     const OperationRange operations = allOperations();
     QCOMPARE(int(operations.last - operations.first), int(std::size(rows)));
@@ -168,7 +168,7 @@ void tst_TavoroCtlOperations::tableIsWhatItShouldBe()
     }
 }
 
-void tst_TavoroCtlOperations::callsGoOutUnderTheirCode_data()
+void tst_TavoroCtlOperations::callsAreSentWithTheirCode_data()
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < int(std::size(rows)); ++i) {
@@ -177,7 +177,7 @@ void tst_TavoroCtlOperations::callsGoOutUnderTheirCode_data()
     }
 }
 
-void tst_TavoroCtlOperations::callsGoOutUnderTheirCode()
+void tst_TavoroCtlOperations::callsAreSentWithTheirCode()
 {
     QFETCH(int, index);
     const Row &row = rows[index];
@@ -227,7 +227,7 @@ void tst_TavoroCtlOperations::removeAllTakesScreenThenKind()
              std::string("\x0E\x14\xFF\xFF\0\x02", 6));
 }
 
-void tst_TavoroCtlOperations::faultyArgumentsAreToldBeforeTheCall()
+void tst_TavoroCtlOperations::faultyArgumentsAreReportedBeforeTheCall()
 {
     ScriptedDevice device;
     const CallResult result = call(device, "Device.writeSwap", {QStringLiteral("[]")});

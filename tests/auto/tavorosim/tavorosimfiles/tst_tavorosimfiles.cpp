@@ -2,12 +2,22 @@
 
 #include <support/tavorosim/simbench.h>
 
+#include <tavorosim/commands/commandtable.h>
+#include <tavorosim/state/chassis.h>
+
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <utility>
 
+using Tavoro::Sim::carryOut;
+using Tavoro::Sim::DeviceStatus;
+using Tavoro::Sim::Reports;
+using Tavoro::Sim::Request;
 using Tavoro::Sim::SimOptions;
+using Tavoro::Sim::SimState;
+using Tavoro::Sim::Uploads;
+using Tavoro::SSProxy::Command;
 using Tavoro::SSProxy::CommandType;
 
 namespace {
@@ -32,6 +42,14 @@ std::string detail(int type, int id, const char *name, const char *size)
 
 const char *const sampleSize = R"("length":9,"hashSum":-873187034,"width":8,"height":6)";
 const char *const oneByteSize = R"("length":1,"hashSum":-390611389,"width":8,"height":6)"; // "a"
+
+Request writeOf(Command command)
+{
+    Request request;
+    request.command = command;
+    request.type = CommandType::Write;
+    return request;
+}
 
 SimOptions smallPackets(quint32 size)
 {
@@ -67,6 +85,9 @@ private Q_SLOTS:
     void deletingRemovesAllOrNothing();
     void movingTakesAFreePlaceOnly();
     void unknownFilesAreRefused();
+    void announcedLengthThatCannotBeGivenBackIsRefused();
+    void contentThatCannotBeGivenBackIsRefused();
+    void fileThatCannotBeGivenBackIsNotCreated();
 };
 
 void tst_TavoroSimFiles::anImportedFileIsListedAndReadBack()
@@ -212,7 +233,7 @@ void tst_TavoroSimFiles::aPieceOutOfTurnDropsTheContent()
     QCOMPARE(bench.send(2, 7, "123", 3, 0), 0);
     QCOMPARE(bench.send(2, 7, "456", 4, 1), 5);
     QCOMPARE(bench.send(2, 7, "xyz", 3, 0), 0);
-    QCOMPARE(bench.send(2, 7, "123", 3, 0), 0); // A first piece starts anew.
+    QCOMPARE(bench.send(2, 7, "123", 3, 0), 0); // A first piece starts again.
     QCOMPARE(bench.send(2, 7, "456", 3, 1), 0);
     QCOMPARE(bench.send(2, 7, "789", 3, 2), 0);
     QCOMPARE(bench.receive(2, 7).body, sample);
@@ -352,6 +373,49 @@ void tst_TavoroSimFiles::unknownFilesAreRefused()
     SimBench bench;
     QCOMPARE(int(bench.receive(2, 1).head.status), 3);
     QCOMPARE(int(bench.receive(any, any).head.status), 3);
+}
+
+void tst_TavoroSimFiles::announcedLengthThatCannotBeGivenBackIsRefused()
+{
+    SimBench bench(smallPackets(200));
+    constexpr int longest = 200 * 65536;
+    QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, longest + 1, 0)), 7);
+    QCOMPARE(bench.send(2, 7, sample), 3); // not announced
+    QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, longest, 0)), 0);
+}
+
+void tst_TavoroSimFiles::contentThatCannotBeGivenBackIsRefused()
+{
+    SimState state;
+    state.files.setLongestContent(8);
+    Uploads uploads;
+    Request request = writeOf(Command::FileImport);
+    request.uploads = &uploads;
+    request.body = SimBench::announcement(2, 7, 0, 0);
+    Reports reports;
+    QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
+    request.type = CommandType::BinaryWrite;
+    request.arg2 = {2, 7, 0, 0};
+    request.body = sample;
+    QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::BodyTooLong);
+    QVERIFY(state.files.index().empty());
+    request.body.pop_back();
+    QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
+}
+
+void tst_TavoroSimFiles::fileThatCannotBeGivenBackIsNotCreated()
+{
+    SimState state;
+    static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeChassis({});
+    Request request = writeOf(Command::FileCreateEdid);
+    request.body = R"([{"fileId":1,"fileType":2,"general":{"name":"edid"},)"
+                   R"("interfaceId":{"slotId":1,"connectorId":1,"splitId":0}}])";
+    Reports reports;
+    state.files.setLongestContent(127);
+    QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::StorageFailed);
+    QVERIFY(state.files.index().empty());
+    state.files.setLongestContent(128);
+    QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimFiles)

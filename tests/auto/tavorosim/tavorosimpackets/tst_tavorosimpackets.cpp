@@ -17,6 +17,10 @@ private Q_SLOTS:
     void streamsKeepTheirAnswersApart();
     void aSplitWriteIsCarriedOutWithItsLastPacket();
     void aSplitWriteOutOfTurnIsDropped();
+    void aPacketThatDiffersFromItsSplitWriteDropsIt_data();
+    void aPacketThatDiffersFromItsSplitWriteDropsIt();
+    void aFirstPacketDropsTheSplitWriteOfItsStream_data();
+    void aFirstPacketDropsTheSplitWriteOfItsStream();
     void aPacketAboveTheLimitIsRefused();
 };
 
@@ -169,6 +173,62 @@ void tst_TavoroSimPackets::aSplitWriteOutOfTurnIsDropped()
     QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 3, 0)).head.status), 0);
     other.head.FC = 0x0D;
     QCOMPARE(int(bench.client->exchange(other).head.status), 5);
+}
+
+void tst_TavoroSimPackets::aPacketThatDiffersFromItsSplitWriteDropsIt_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("filter");
+    QTest::addColumn<quint32>("totalCount");
+    QTest::newRow("read") << 1 << 0x1107 << 0 << 3u;
+    QTest::newRow("binary read") << 3 << 0x1107 << 0 << 3u;
+    QTest::newRow("binary write") << 4 << 0x1107 << 0 << 3u;
+    QTest::newRow("unknown type") << 9 << 0x1107 << 0 << 3u;
+    QTest::newRow("code") << 2 << 0x110D << 0 << 3u;
+    QTest::newRow("arg2") << 2 << 0x1107 << 1 << 3u;
+    QTest::newRow("more packets") << 2 << 0x1107 << 0 << 4u;
+    QTest::newRow("one packet") << 2 << 0x1107 << 0 << 1u;
+    QTest::newRow("packet count 0") << 2 << 0x1107 << 0 << 0u;
+}
+
+void tst_TavoroSimPackets::aPacketThatDiffersFromItsSplitWriteDropsIt()
+{
+    QFETCH(int, type);
+    QFETCH(int, code);
+    QFETCH(int, filter);
+    QFETCH(quint32, totalCount);
+    SimBench bench;
+    const WireFrame piece = WireClient::request(deviceSwap, CommandType::Write, R"({"swap":0})");
+    QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 3, 0)).head.status), 0);
+    WireFrame other = WireClient::request(quint16(code), static_cast<CommandType>(type), " ");
+    other.head.arg2[0] = quint8(filter);
+    const WireFrame answer = bench.client->exchange(furtherPacket(other, totalCount, 1));
+    QCOMPARE(int(answer.head.status), 5);
+    QCOMPARE(answer.body, std::string());
+    QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 3, 1)).head.status), 5); // dropped
+    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":1"));
+}
+
+void tst_TavoroSimPackets::aFirstPacketDropsTheSplitWriteOfItsStream_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("status");
+    QTest::newRow("write in one packet") << 2 << 0;
+    QTest::newRow("binary write") << 4 << 1;
+}
+
+void tst_TavoroSimPackets::aFirstPacketDropsTheSplitWriteOfItsStream()
+{
+    QFETCH(int, type);
+    QFETCH(int, status);
+    SimBench bench;
+    const WireFrame piece = WireClient::request(deviceSwap, CommandType::Write, "{\"swap\"");
+    QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 2, 0)).head.status), 0);
+    const WireFrame whole =
+        WireClient::request(deviceSwap, static_cast<CommandType>(type), R"({"swap":1})");
+    QCOMPARE(int(bench.client->exchange(whole).head.status), status);
+    QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 2, 1)).head.status), 5);
 }
 
 void tst_TavoroSimPackets::aPacketAboveTheLimitIsRefused()

@@ -1,4 +1,4 @@
-// Devices that are looked for over loopback sockets, and the channels that this makes.
+// Discovery over loopback sockets, and the channels that it opens.
 
 #include <tavorosim/simulateddevice.h>
 #include <tavorossproxy/devicediscovery.h>
@@ -63,7 +63,7 @@ bool isConnected(std::size_t index = 0)
     return channels().size() > index && channels()[index]->isHardwareReadFinished();
 }
 
-/// For as long as it lives the process opens no further file or socket.
+/// Prevents the process from opening files and sockets during its lifetime.
 class NoMoreFiles {
 public:
     NoMoreFiles()
@@ -90,18 +90,18 @@ class tst_DeviceDiscovery : public QObject {
 private Q_SLOTS:
     void cleanup();
 
-    void devicesAreFoundByWhoAsks();
-    void requestsComeFromAPortThatUsersMayHave();
+    void devicesAnswerAQuery();
+    void requestsComeFromAnUnprivilegedPort();
     void manyDevicesThatAnswerAtOnceAreAllFound();
-    void searchWithoutASocketTellsWhyAtOnce();
-    void whatIsNoAddressOfIpv4IsNotAsked_data();
-    void whatIsNoAddressOfIpv4IsNotAsked();
+    void searchWithoutASocketFailsAtOnce();
+    void targetThatIsNotAnIpv4AddressGetsNoRequest_data();
+    void targetThatIsNotAnIpv4AddressGetsNoRequest();
     void deviceThatIsSwitchedOffDoesNotAnswer();
     void foundDeviceHasAChannel();
-    void devicesAreFoundBesideARunningDiscovery();
-    void discoveryThatIsStartedAgainGoesOn();
-    void channelThatWasOpenedBeforeIsTheOnlyOne();
-    void deviceThatIsLookedForAgainIsFoundOnRefresh();
+    void devicesAreFoundDuringRunningDiscovery();
+    void discoveryCanBeRestartedWithOtherTargets();
+    void deviceWithAChannelGetsNoSecondOne();
+    void removedDeviceGetsAChannelAfterRefresh();
     void deviceThatMovesKeepsItsChannel();
 };
 
@@ -112,10 +112,10 @@ void tst_DeviceDiscovery::cleanup()
         channel->stopChannel();
         DeviceManager::instance()->removeDeviceChannel(channel);
     }
-    DeviceManager::instance()->refreshDeviceChannel(); // lets the removed devices in again
+    DeviceManager::instance()->refreshDeviceChannel(); // readmits the removed devices
 }
 
-void tst_DeviceDiscovery::devicesAreFoundByWhoAsks()
+void tst_DeviceDiscovery::devicesAnswerAQuery()
 {
     const auto first = start(wall(1));
     const auto second = start(wall(2));
@@ -130,8 +130,8 @@ void tst_DeviceDiscovery::devicesAreFoundByWhoAsks()
     QVERIFY(channels().empty());
 }
 
-/// Those below 1024 are kept for the system.
-void tst_DeviceDiscovery::requestsComeFromAPortThatUsersMayHave()
+/// Ports below 1024 are reserved for the system.
+void tst_DeviceDiscovery::requestsComeFromAnUnprivilegedPort()
 {
     QUdpSocket device;
     QVERIFY(device.bind(QHostAddress(QHostAddress::LocalHost)));
@@ -159,7 +159,7 @@ void tst_DeviceDiscovery::manyDevicesThatAnswerAtOnceAreAllFound()
     QCOMPARE(found.get(), std::size_t(100));
 }
 
-void tst_DeviceDiscovery::searchWithoutASocketTellsWhyAtOnce()
+void tst_DeviceDiscovery::searchWithoutASocketFailsAtOnce()
 {
     const auto device = start(wall(1));
     QString error;
@@ -171,12 +171,12 @@ void tst_DeviceDiscovery::searchWithoutASocketTellsWhyAtOnce()
     };
     QElapsedTimer time;
     time.start();
-    QTRY_VERIFY(fails()); // the search before gives its socket back a little later
+    QTRY_VERIFY(fails()); // the query before closes its socket a little later
     QVERIFY(time.elapsed() < 300000);
-    QVERIFY2(error.startsWith(QLatin1String("Devices cannot be looked for: ")), qPrintable(error));
+    QVERIFY2(error.startsWith(QLatin1String("Cannot search for devices: ")), qPrintable(error));
 }
 
-void tst_DeviceDiscovery::whatIsNoAddressOfIpv4IsNotAsked_data()
+void tst_DeviceDiscovery::targetThatIsNotAnIpv4AddressGetsNoRequest_data()
 {
     QTest::addColumn<QString>("address");
     QTest::newRow("name") << "wall.invalid";
@@ -184,14 +184,14 @@ void tst_DeviceDiscovery::whatIsNoAddressOfIpv4IsNotAsked_data()
     QTest::newRow("nothing") << "";
 }
 
-/// It would be this machine that is asked in its place.
-void tst_DeviceDiscovery::whatIsNoAddressOfIpv4IsNotAsked()
+/// Qt would send the request to this machine instead.
+void tst_DeviceDiscovery::targetThatIsNotAnIpv4AddressGetsNoRequest()
 {
     QFETCH(QString, address);
     QUdpSocket bystander;
     QVERIFY(bystander.bind(QHostAddress(QHostAddress::LocalHost)));
     const auto device = start(wall(1));
-    // The device is asked behind the other: when it has answered, that has its request.
+    // Requests are sent in order: when the device has answered, the other one was sent before.
     const auto devices =
         findDevices(60000, 1, {{address, bystander.localPort()}, targetOf(*device)});
     QCOMPARE(devices.size(), std::size_t(1));
@@ -212,21 +212,21 @@ void tst_DeviceDiscovery::deviceThatIsSwitchedOffDoesNotAnswer()
 void tst_DeviceDiscovery::foundDeviceHasAChannel()
 {
     const auto device = start(wall(1));
-    std::atomic<int> told{0};
+    std::atomic<int> reported{0};
     const auto connection = connect(
         DeviceManager::instance(), &DeviceManager::deviceChannelFound, DeviceManager::instance(),
-        [&] { ++told; }, Qt::DirectConnection);
+        [&] { ++reported; }, Qt::DirectConnection);
     DiscoveryOptions options;
     options.targets = {targetOf(*device)};
     startDeviceDiscovery(options);
     QTRY_VERIFY(isConnected());
-    QCOMPARE(told.load(), 1);
+    QCOMPARE(reported.load(), 1);
     QVERIFY(DeviceManager::instance()->findTavoroDeviceChannel("127.0.0.1", "02005E100001",
                                                                "53494D0000000001"));
     disconnect(connection);
 }
 
-void tst_DeviceDiscovery::devicesAreFoundBesideARunningDiscovery()
+void tst_DeviceDiscovery::devicesAreFoundDuringRunningDiscovery()
 {
     const auto device = start(wall(1));
     DiscoveryOptions options;
@@ -236,7 +236,7 @@ void tst_DeviceDiscovery::devicesAreFoundBesideARunningDiscovery()
     QCOMPARE(findDevices(60000, 1, options.targets).size(), std::size_t(1));
 }
 
-void tst_DeviceDiscovery::discoveryThatIsStartedAgainGoesOn()
+void tst_DeviceDiscovery::discoveryCanBeRestartedWithOtherTargets()
 {
     const auto first = start(wall(1));
     const auto second = start(wall(2));
@@ -250,12 +250,12 @@ void tst_DeviceDiscovery::discoveryThatIsStartedAgainGoesOn()
     QCOMPARE(channels().size(), std::size_t(2));
 }
 
-void tst_DeviceDiscovery::channelThatWasOpenedBeforeIsTheOnlyOne()
+void tst_DeviceDiscovery::deviceWithAChannelGetsNoSecondOne()
 {
     const auto first = start(wall(1));
     const auto second = start(wall(2));
     ChannelOptions waiting;
-    waiting.maxConnections = 0; // it never connects, and so is never told who is there
+    waiting.maxConnections = 0; // it never connects, so its device is not identified
     DeviceManager::instance()->addDeviceChannel(
         openTcpDeviceChannel(QStringLiteral("127.0.0.1"), first->port(), waiting));
     DiscoveryOptions options;
@@ -266,7 +266,7 @@ void tst_DeviceDiscovery::channelThatWasOpenedBeforeIsTheOnlyOne()
     QCOMPARE(channels()[1]->deviceBaseInfo().name, std::string("wall 2"));
 }
 
-void tst_DeviceDiscovery::deviceThatIsLookedForAgainIsFoundOnRefresh()
+void tst_DeviceDiscovery::removedDeviceGetsAChannelAfterRefresh()
 {
     const auto device = start(wall(1));
     DiscoveryOptions options;

@@ -20,19 +20,19 @@ class tst_TcpChannel : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void deviceIsReadAndAsked();
-    void addressIsThatOfTheConnection();
-    void waitingEndsWhenTheChannelIsReady();
-    void longBodiesTravelWhole();
+    void deviceIsIdentifiedAndAnswers();
+    void addressIsTakenFromTheConnection();
+    void waitEndsWhenTheChannelIsReady();
+    void longBodiesAreTransferredCompletely();
     void manyThreadsGetTheirOwnAnswers();
-    void unreachableHostIsNamedInTheSentence();
+    void failureToConnectNamesTheHost();
     void channelWithoutAnAddressIsNotInitialised();
     void reportReachesOtherThreads();
     void requestFromASlotOnTheChannelsThreadIsRefused();
     void managerFindsTheChannel();
 };
 
-void tst_TcpChannel::deviceIsReadAndAsked()
+void tst_TcpChannel::deviceIsIdentifiedAndAnswers()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -46,7 +46,7 @@ void tst_TcpChannel::deviceIsReadAndAsked()
     QCOMPARE(channel->statistics().connections, quint64(1));
 }
 
-void tst_TcpChannel::addressIsThatOfTheConnection()
+void tst_TcpChannel::addressIsTakenFromTheConnection()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("::ffff:127.0.0.1"), device.port());
@@ -54,7 +54,7 @@ void tst_TcpChannel::addressIsThatOfTheConnection()
     QCOMPARE(channel->deviceBaseInfo().ip, std::string("127.0.0.1"));
 }
 
-void tst_TcpChannel::waitingEndsWhenTheChannelIsReady()
+void tst_TcpChannel::waitEndsWhenTheChannelIsReady()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -66,7 +66,7 @@ void tst_TcpChannel::waitingEndsWhenTheChannelIsReady()
     QVERIFY(waiting.get());
 }
 
-void tst_TcpChannel::longBodiesTravelWhole()
+void tst_TcpChannel::longBodiesAreTransferredCompletely()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -104,7 +104,7 @@ void tst_TcpChannel::manyThreadsGetTheirOwnAnswers()
     QCOMPARE(channel->statistics().requests, quint64(400));
 }
 
-void tst_TcpChannel::unreachableHostIsNamedInTheSentence()
+void tst_TcpChannel::failureToConnectNamesTheHost()
 {
     quint16 port = 0;
     {
@@ -143,7 +143,7 @@ void tst_TcpChannel::reportReachesOtherThreads()
     std::weak_ptr<DeviceChannel> reporter;
     std::shared_ptr<IDeviceCommand> report;
     QThread *thread = nullptr;
-    QObject receiver; // lives here, so that the signal comes by the event loop
+    QObject receiver; // lives on this thread, so the event loop delivers the signal
     connect(DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished, &receiver,
             [&](const auto &from, const auto &command) {
                 reporter = from;

@@ -1,5 +1,5 @@
-// How channels over loopback sockets end, and with them what is in flight. The device runs on the
-// test's own thread, callers on others.
+// How channels over loopback sockets end, and the requests that are in flight then. The device runs
+// on the test's own thread, callers run on others.
 
 #include <support/tavorossproxy/echodevice.h>
 
@@ -20,14 +20,14 @@ class tst_TcpChannelEnds : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void lostConnectionIsMadeAnew();
-    void connectionLostWhileARequestLeavesEndsIt();
-    void connectionThatTheDeviceEndsIsToldSo();
-    void stopEndsTheRequestsAndTheConnection();
-    void droppedChannelClosesItsConnection();
+    void channelReconnectsAfterALoss();
+    void lossWhileARequestIsBeingSentEndsTheRequest();
+    void connectionThatTheDeviceClosesIsReportedAsSuch();
+    void stopEndsRequestsAndConnection();
+    void destroyedChannelClosesItsConnection();
 };
 
-void tst_TcpChannelEnds::lostConnectionIsMadeAnew()
+void tst_TcpChannelEnds::channelReconnectsAfterALoss()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -42,7 +42,7 @@ void tst_TcpChannelEnds::lostConnectionIsMadeAnew()
     QVERIFY(channel->isHardwareReadFinished());
 }
 
-void tst_TcpChannelEnds::connectionLostWhileARequestLeavesEndsIt()
+void tst_TcpChannelEnds::lossWhileARequestIsBeingSentEndsTheRequest()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -53,7 +53,7 @@ void tst_TcpChannelEnds::connectionLostWhileARequestLeavesEndsIt()
     QCOMPARE(answer.get()->status, quint16(259));
 }
 
-void tst_TcpChannelEnds::connectionThatTheDeviceEndsIsToldSo()
+void tst_TcpChannelEnds::connectionThatTheDeviceClosesIsReportedAsSuch()
 {
     EchoDevice device;
     ChannelOptions options;
@@ -71,7 +71,7 @@ void tst_TcpChannelEnds::connectionThatTheDeviceEndsIsToldSo()
                  .arg(device.port()));
 }
 
-void tst_TcpChannelEnds::stopEndsTheRequestsAndTheConnection()
+void tst_TcpChannelEnds::stopEndsRequestsAndConnection()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -84,7 +84,7 @@ void tst_TcpChannelEnds::stopEndsTheRequestsAndTheConnection()
     QTRY_COMPARE(device.connections(), 0);
 }
 
-void tst_TcpChannelEnds::droppedChannelClosesItsConnection()
+void tst_TcpChannelEnds::destroyedChannelClosesItsConnection()
 {
     EchoDevice device;
     auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
@@ -96,8 +96,9 @@ void tst_TcpChannelEnds::droppedChannelClosesItsConnection()
 
 namespace {
 
-/// The channels' thread ends with the application object. Channels that are left, in flight or in
-/// the manager, must neither hang nor crash. False when one does not end as it should.
+/// The channels' thread ends with the application object. Channels that still exist, with a request
+/// in flight or in the manager, must neither hang nor crash. Returns false if one does not end
+/// properly.
 bool channelsEndWithTheApplication(std::unique_ptr<QCoreApplication> application)
 {
     auto device = std::make_unique<EchoDevice>();
@@ -108,7 +109,7 @@ bool channelsEndWithTheApplication(std::unique_ptr<QCoreApplication> application
     auto answer = sendFromAThread(channel, {});
     if (!QTest::qWaitFor([&] { return device->silentRequests == 1; }))
         return false;
-    device.reset(); // the channel is now about to connect again
+    device.reset(); // the channel is about to reconnect
     application.reset();
     const int inFlight = answer.get()->status;
     return (inFlight == 259 || inFlight == 264)

@@ -19,7 +19,7 @@ std::string frameOf(FrameKind kind, const std::string &body, quint8 lables = 7)
     return encodeFrame(head, body).toStdString();
 }
 
-/// The frame with one byte of the head set, and the head's checksum made to fit again.
+/// Returns the frame with one byte of the head changed and the head checksum renewed.
 std::string withHeadByte(std::string frame, std::size_t position, quint8 value)
 {
     frame[position] = static_cast<char>(value);
@@ -51,27 +51,27 @@ class tst_FrameParser : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void framesBehindEachOtherComeOneByOne();
-    void frameCutAnywhereIsTheSameFrame();
-    void emptyBodyIsAFrame();
+    void consecutiveFramesAreFoundOneByOne();
+    void frameCutAtAnyByteIsTheSameFrame();
+    void frameMayHaveAnEmptyBody();
     void bodyMayHoldAnyBytes();
-    void unguardedBodyPasses();
+    void bodyWithoutChecksumIsAccepted();
 
-    void skippedFault_data();
-    void skippedFault();
-    void fatalFault_data();
-    void fatalFault();
-    void bodyAtTheLimitPasses();
-    void wrongFlagIsToldBeforeTheHeadIsWhole();
-    void nothingBehindAFatalFaultIsRead();
-    void resetStartsAnew();
-    void bodyThatNeverComesYieldsNothing();
-    void unfinishedHeadTellsWhoseBodyIsArriving();
-    void framesAreKnownToBeUnfinished();
-    void anyGarbageEndsInEvents();
+    void invalidFrameIsSkipped_data();
+    void invalidFrameIsSkipped();
+    void unknownEndOfAFrameIsFatal_data();
+    void unknownEndOfAFrameIsFatal();
+    void bodyAtTheLimitIsAccepted();
+    void wrongFlagIsReportedBeforeTheHeadIsComplete();
+    void bytesAfterAFatalFaultAreIgnored();
+    void resetAcceptsANewStream();
+    void incompleteBodyYieldsNothing();
+    void unfinishedHeadIsThatOfTheIncompleteFrame();
+    void parserKnowsThatAFrameIsIncomplete();
+    void damagedBytesYieldOnlyKnownFaults();
 };
 
-void tst_FrameParser::framesBehindEachOtherComeOneByOne()
+void tst_FrameParser::consecutiveFramesAreFoundOneByOne()
 {
     const auto events =
         eventsOf(frameOf(FrameKind::Response, "first", 1) + frameOf(FrameKind::Report, "second", 0)
@@ -85,7 +85,7 @@ void tst_FrameParser::framesBehindEachOtherComeOneByOne()
     QCOMPARE(events[2].head.kind, quint8(7));
 }
 
-void tst_FrameParser::frameCutAnywhereIsTheSameFrame()
+void tst_FrameParser::frameCutAtAnyByteIsTheSameFrame()
 {
     const std::string frame = frameOf(FrameKind::Response, "a body of some bytes");
     for (std::size_t cut = 0; cut <= frame.size(); ++cut) {
@@ -100,7 +100,7 @@ void tst_FrameParser::frameCutAnywhereIsTheSameFrame()
     }
 }
 
-void tst_FrameParser::emptyBodyIsAFrame()
+void tst_FrameParser::frameMayHaveAnEmptyBody()
 {
     const auto events = eventsOf(frameOf(FrameKind::Request, {}));
     QCOMPARE(events.size(), std::size_t(1));
@@ -117,7 +117,7 @@ void tst_FrameParser::bodyMayHoldAnyBytes()
     QCOMPARE(eventsOf(frameOf(FrameKind::Response, body)).at(0).body, body);
 }
 
-void tst_FrameParser::unguardedBodyPasses()
+void tst_FrameParser::bodyWithoutChecksumIsAccepted()
 {
     std::string frame = frameOf(FrameKind::Response, "body");
     std::fill(frame.begin() + 14, frame.begin() + 18, '\0');
@@ -126,7 +126,7 @@ void tst_FrameParser::unguardedBodyPasses()
     QCOMPARE(events.at(0).body, std::string("body"));
 }
 
-void tst_FrameParser::skippedFault_data()
+void tst_FrameParser::invalidFrameIsSkipped_data()
 {
     QTest::addColumn<QByteArray>("frame");
     QTest::addColumn<int>("status");
@@ -137,14 +137,14 @@ void tst_FrameParser::skippedFault_data()
     std::string badBody = good;
     badBody.back() = 'Y';
     row("checksum of the body", badBody, 361);
-    row("checksum of an unguarded body", withHeadByte(good, 9, 0), 361);
+    row("checksum with checksum index 0", withHeadByte(good, 9, 0), 361);
     row("checksum index 2", withHeadByte(good, 9, 2), 360);
     row("checksum index 255", withHeadByte(good, 9, 255), 360);
     row("kind 0", withHeadByte(good, 10, 0), 362);
     row("kind 8", withHeadByte(good, 10, 8), 362);
 }
 
-void tst_FrameParser::skippedFault()
+void tst_FrameParser::invalidFrameIsSkipped()
 {
     QFETCH(QByteArray, frame);
     QFETCH(int, status);
@@ -158,7 +158,7 @@ void tst_FrameParser::skippedFault()
     QCOMPARE(events[1].body, std::string("next"));
 }
 
-void tst_FrameParser::fatalFault_data()
+void tst_FrameParser::unknownEndOfAFrameIsFatal_data()
 {
     QTest::addColumn<QByteArray>("frame");
     QTest::addColumn<int>("status");
@@ -175,7 +175,7 @@ void tst_FrameParser::fatalFault_data()
     row("length above the limit", withHeadByte(good, 7, 0x80), 363);
 }
 
-void tst_FrameParser::fatalFault()
+void tst_FrameParser::unknownEndOfAFrameIsFatal()
 {
     QFETCH(QByteArray, frame);
     QFETCH(int, status);
@@ -185,28 +185,28 @@ void tst_FrameParser::fatalFault()
     QVERIFY(events[0].fatal);
 }
 
-void tst_FrameParser::bodyAtTheLimitPasses()
+void tst_FrameParser::bodyAtTheLimitIsAccepted()
 {
     FrameParser parser(4);
     QCOMPARE(eventsOf(parser, frameOf(FrameKind::Response, "1234")).at(0).status, quint16(0));
     QCOMPARE(eventsOf(parser, frameOf(FrameKind::Response, "12345")).at(0).status, quint16(363));
 }
 
-void tst_FrameParser::wrongFlagIsToldBeforeTheHeadIsWhole()
+void tst_FrameParser::wrongFlagIsReportedBeforeTheHeadIsComplete()
 {
     const auto events = eventsOf("HTTP/1.1");
     QCOMPARE(events.size(), std::size_t(1));
     QCOMPARE(events[0].status, quint16(359));
 }
 
-void tst_FrameParser::nothingBehindAFatalFaultIsRead()
+void tst_FrameParser::bytesAfterAFatalFaultAreIgnored()
 {
     FrameParser parser;
     QCOMPARE(eventsOf(parser, "xx" + frameOf(FrameKind::Response, "body")).size(), std::size_t(1));
     QCOMPARE(eventsOf(parser, frameOf(FrameKind::Response, "body")).size(), std::size_t(0));
 }
 
-void tst_FrameParser::resetStartsAnew()
+void tst_FrameParser::resetAcceptsANewStream()
 {
     FrameParser parser;
     QCOMPARE(eventsOf(parser, "xx").size(), std::size_t(1));
@@ -214,7 +214,7 @@ void tst_FrameParser::resetStartsAnew()
     QCOMPARE(eventsOf(parser, frameOf(FrameKind::Response, "body")).at(0).status, quint16(0));
 }
 
-void tst_FrameParser::bodyThatNeverComesYieldsNothing()
+void tst_FrameParser::incompleteBodyYieldsNothing()
 {
     std::vector<FrameParser> parsers(16);
     WireHead head;
@@ -226,7 +226,7 @@ void tst_FrameParser::bodyThatNeverComesYieldsNothing()
         QCOMPARE(eventsOf(parser, bytes + "x").size(), std::size_t(0));
 }
 
-void tst_FrameParser::framesAreKnownToBeUnfinished()
+void tst_FrameParser::parserKnowsThatAFrameIsIncomplete()
 {
     const std::string frame = Wire::encodeLinkFrame(Wire::FrameKind::Ping).toStdString();
     Wire::FrameParser parser;
@@ -239,7 +239,7 @@ void tst_FrameParser::framesAreKnownToBeUnfinished()
     QVERIFY(!parser.isWithinFrame());
 }
 
-void tst_FrameParser::unfinishedHeadTellsWhoseBodyIsArriving()
+void tst_FrameParser::unfinishedHeadIsThatOfTheIncompleteFrame()
 {
     FrameParser parser;
     const std::string frame = frameOf(FrameKind::Response, "body", 9);
@@ -253,7 +253,7 @@ void tst_FrameParser::unfinishedHeadTellsWhoseBodyIsArriving()
     QVERIFY(!parser.unfinishedHead().has_value());
 }
 
-void tst_FrameParser::anyGarbageEndsInEvents()
+void tst_FrameParser::damagedBytesYieldOnlyKnownFaults()
 {
     std::mt19937 random(20);
     for (int round = 0; round < 20000; ++round) {

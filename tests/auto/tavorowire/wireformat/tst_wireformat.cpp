@@ -1,5 +1,5 @@
-// Holds the documented frames and the code together: every dump of docs/wire.md is what the encoder
-// makes, and the parser finds in it what the page tells.
+// Compares the documented frames with the code: the encoder writes each dump of docs/wire.md, and
+// the parser reads from it what the page says.
 
 #include <tavorowire/checksums.h>
 #include <tavorowire/frame.h>
@@ -14,8 +14,8 @@ using namespace Tavoro::SSProxy::Wire;
 
 namespace {
 
-/// What the page says of a dump, in its order.
-struct Told {
+/// What the page says about a dump, in its order.
+struct DocumentedFrame {
     const char *name;
     int kind, lables, status, stream, type;
     unsigned totalCount, sendCount, code, arg2, number;
@@ -26,7 +26,7 @@ constexpr auto identityBody = R"({"protocolVersion":1,"modelId":30465,"sn":"0123
                               R"("mac":"02005E100001","maxPacketSize":10,"name":"wall"})";
 
 // clang-format off
-const Told toldFrames[] = {
+const DocumentedFrame documentedFrames[] = {
 //   name                      kind lables status stream  type total send code    arg2        number body
     {"identity-request",       4,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
     {"identity-answer",        5,   0,     0,     0,      0,   0,    0,   0,      0,          0,     identityBody},
@@ -47,25 +47,25 @@ const Told toldFrames[] = {
 };
 // clang-format on
 
-WireHead headOf(const Told &told)
+WireHead headOf(const DocumentedFrame &documented)
 {
     WireHead head;
-    head.kind = static_cast<quint8>(told.kind);
-    head.lables = static_cast<quint8>(told.lables);
-    head.status = static_cast<quint8>(told.status);
-    head.stream = static_cast<quint16>(told.stream);
-    head.type = static_cast<quint8>(told.type);
-    head.totalCount = told.totalCount;
-    head.sendCount = told.sendCount;
-    head.BC = static_cast<quint8>(told.code >> 8);
-    head.FC = static_cast<quint8>(told.code & 0xFF);
+    head.kind = static_cast<quint8>(documented.kind);
+    head.lables = static_cast<quint8>(documented.lables);
+    head.status = static_cast<quint8>(documented.status);
+    head.stream = static_cast<quint16>(documented.stream);
+    head.type = static_cast<quint8>(documented.type);
+    head.totalCount = documented.totalCount;
+    head.sendCount = documented.sendCount;
+    head.BC = static_cast<quint8>(documented.code >> 8);
+    head.FC = static_cast<quint8>(documented.code & 0xFF);
     for (int i = 0; i < 4; ++i)
-        head.arg2[i] = static_cast<quint8>(told.arg2 >> 8 * i & 0xFF);
-    head.number = told.number;
+        head.arg2[i] = static_cast<quint8>(documented.arg2 >> 8 * i & 0xFF);
+    head.number = documented.number;
     return head;
 }
 
-/// The blocks that begin with "```hex NAME" in the page, by name, as bytes.
+/// Returns the bytes of the blocks that begin with "```hex NAME" in the page, by name.
 QMap<QByteArray, QByteArray> dumpsOfPage()
 {
     QMap<QByteArray, QByteArray> dumps;
@@ -91,37 +91,37 @@ class tst_WireFormat : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyDumpOfThePageIsTold();
+    void everyDumpOfThePageIsInTheTable();
     void pageAndCodeAgree_data();
     void pageAndCodeAgree();
-    void checksumsHaveTheirCheckValues();
+    void checksumsHaveTheCataloguedCheckValues();
     void checksumOfABodyContinuesOverItsParts();
-    void everyNamedByteStandsWhereThePageSays();
+    void everyFieldIsAtTheDocumentedPosition();
     void responseHeadEchoesTheRequest();
     void numberIsPutIntoAnEncodedFrame();
 };
 
-void tst_WireFormat::everyDumpOfThePageIsTold()
+void tst_WireFormat::everyDumpOfThePageIsInTheTable()
 {
     const auto dumps = dumpsOfPage();
     QCOMPARE(dumps.size(), 16);
-    for (const Told &told : toldFrames)
-        QVERIFY2(dumps.contains(told.name), told.name);
+    for (const DocumentedFrame &documented : documentedFrames)
+        QVERIFY2(dumps.contains(documented.name), documented.name);
 }
 
 void tst_WireFormat::pageAndCodeAgree_data()
 {
     QTest::addColumn<int>("row");
     for (int i = 0; i < 16; ++i)
-        QTest::newRow(toldFrames[i].name) << i;
+        QTest::newRow(documentedFrames[i].name) << i;
 }
 
 void tst_WireFormat::pageAndCodeAgree()
 {
     QFETCH(int, row);
-    const Told &told = toldFrames[row];
-    const QByteArray dump = dumpsOfPage().value(told.name);
-    QCOMPARE(encodeFrame(headOf(told), told.body).toHex(), dump.toHex());
+    const DocumentedFrame &documented = documentedFrames[row];
+    const QByteArray dump = dumpsOfPage().value(documented.name);
+    QCOMPARE(encodeFrame(headOf(documented), documented.body).toHex(), dump.toHex());
 
     FrameParser parser;
     std::string_view bytes(dump.constData(), static_cast<std::size_t>(dump.size()));
@@ -129,11 +129,11 @@ void tst_WireFormat::pageAndCodeAgree()
     QVERIFY(event.has_value());
     QVERIFY(bytes.empty());
     QCOMPARE(event->status, quint16(0));
-    QCOMPARE(event->body, std::string(told.body));
+    QCOMPARE(event->body, std::string(documented.body));
     QCOMPARE(encodeFrame(event->head, event->body), dump);
 }
 
-void tst_WireFormat::checksumsHaveTheirCheckValues()
+void tst_WireFormat::checksumsHaveTheCataloguedCheckValues()
 {
     QCOMPARE(crc16("123456789"), quint16(0x906E));
     QCOMPARE(crc32("123456789"), quint32(0xCBF43926));
@@ -146,7 +146,7 @@ void tst_WireFormat::checksumOfABodyContinuesOverItsParts()
     QCOMPARE(crc32({}, crc32("123456789")), quint32(0xCBF43926));
 }
 
-void tst_WireFormat::everyNamedByteStandsWhereThePageSays()
+void tst_WireFormat::everyFieldIsAtTheDocumentedPosition()
 {
     WireHead head;
     head.flag = 0x0201;
@@ -177,20 +177,20 @@ void tst_WireFormat::everyNamedByteStandsWhereThePageSays()
 
 void tst_WireFormat::responseHeadEchoesTheRequest()
 {
-    WireHead request = headOf(toldFrames[5]);
+    WireHead request = headOf(documentedFrames[5]);
     request.sendCount = 9;
     request.totalCount = 12;
     const WireHead response = responseHead(request);
-    WireHead expected = headOf(toldFrames[6]);
+    WireHead expected = headOf(documentedFrames[6]);
     expected.totalCount = 1;
     QCOMPARE(encodeFrame(response).toHex(), encodeFrame(expected).toHex());
 }
 
 void tst_WireFormat::numberIsPutIntoAnEncodedFrame()
 {
-    Told told = toldFrames[2];
-    told.number = 0;
-    QByteArray frame = encodeFrame(headOf(told), told.body);
+    DocumentedFrame documented = documentedFrames[2];
+    documented.number = 0;
+    QByteArray frame = encodeFrame(headOf(documented), documented.body);
     setNumber(frame, 1);
     QCOMPARE(frame.toHex(), dumpsOfPage().value("write-request").toHex());
 }

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Tavoro::SSProxy {
+class DeviceChannel;
+}
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The channels of a manager, which it finds by their identities. Any thread.
+///
+/// A channel may get its identity, or another one, at any time without a notice. So the channel
+/// that a serial number led to last is only where find() looks first: it compares the identity of
+/// that channel, and searches all channels if it differs. No channel is called under the lock.
+class ChannelRegistry {
+public:
+    /// The registry of the one manager.
+    static std::shared_ptr<ChannelRegistry> ofManager();
+
+    void add(std::shared_ptr<DeviceChannel> channel);
+    void remove(const std::shared_ptr<DeviceChannel> &channel);
+    std::vector<std::shared_ptr<DeviceChannel>> all() const;
+    bool contains(const std::shared_ptr<DeviceChannel> &channel) const;
+    /// The channel is about to connect to its device at another address. From now on find() finds
+    /// it by its former address, too, unless another channel has that address.
+    void noteMove(const std::shared_ptr<DeviceChannel> &channel);
+
+    std::shared_ptr<DeviceChannel> find(const std::string &ip, const std::string &mac,
+                                        const std::string &sn) const;
+
+private:
+    using Channels = std::vector<std::shared_ptr<DeviceChannel>>;
+    struct Move {
+        std::shared_ptr<DeviceChannel> channel;
+        std::string formerIp;
+    };
+
+    std::shared_ptr<DeviceChannel> findMoved(const std::string &ip, const std::string &mac,
+                                             const std::string &sn) const;
+    std::shared_ptr<DeviceChannel> lastFound(const std::string &sn) const;
+    void remember(const std::string &sn, const std::shared_ptr<DeviceChannel> &channel) const;
+    bool isRegistered(const std::shared_ptr<DeviceChannel> &channel) const;
+
+    mutable std::mutex m_mutex;
+    Channels m_channels; // guarded by m_mutex
+    std::vector<Move> m_moves; // guarded by m_mutex
+    /// The channel that each serial number led to last; guarded by m_mutex.
+    mutable std::unordered_map<std::string, std::shared_ptr<DeviceChannel>> m_lastFound;
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,35 @@
+#include "refusedframes_p.h"
+
+#include <tavorossproxy/logging_p.h>
+
+#include <utility>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+/// Interval between two lines of the log.
+constexpr std::chrono::seconds logInterval(1);
+
+} // namespace
+
+RefusedFrames::RefusedFrames(EventLoop &loop, std::function<QString()> peerName)
+    : m_peerName(std::move(peerName)),
+      m_lines(loop, logInterval, [this](quint64 count) { logFurther(count); })
+{ }
+
+void RefusedFrames::add(quint16 status)
+{
+    ++m_count;
+    m_lastStatus = status;
+    if (m_lines.passes())
+        qCWarning(channelLog) << "Frame refused from" << m_peerName() << "status" << status;
+}
+
+void RefusedFrames::logFurther(quint64 count) const
+{
+    qCWarning(channelLog) << "Further frames refused from" << m_peerName() << "number" << count
+                          << "last status" << m_lastStatus;
+}
+
+} // namespace Tavoro::SSProxy::Internal

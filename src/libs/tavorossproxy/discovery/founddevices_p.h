@@ -1,0 +1,34 @@
+#pragma once
+
+#include <tavorocontrol/proto/devicebaseinfo.h>
+
+#include <QString>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <vector>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// Collects the devices that answer a query, and hands them over to a waiting thread. Any thread.
+class FoundDevices {
+public:
+    /// Adds a device, unless it was added before or there are too many.
+    void add(const ProtoModel::DeviceBaseInfo &device);
+    /// Ends await() with \a error.
+    void fail(const QString &error);
+    /// Waits until \a time has passed or \a enough devices were added (0: until the time has
+    /// passed), and returns the devices. After fail() returns at once, with its sentence in \a
+    /// error.
+    std::vector<ProtoModel::DeviceBaseInfo> await(std::chrono::milliseconds time, int enough,
+                                                  QString &error);
+
+private:
+    std::mutex m_mutex; // guards what follows
+    std::condition_variable m_changed;
+    std::vector<ProtoModel::DeviceBaseInfo> m_devices;
+    QString m_error;
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,46 @@
+#include "capturefile_p.h"
+
+#include <tavorossproxy/logging_p.h>
+
+namespace Tavoro::SSProxy::Internal {
+
+bool CaptureFile::open(QString &error)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const QByteArray heading = QByteArray::fromStdString(Wire::captureHeading());
+    if (m_file.open(QIODevice::WriteOnly) && m_file.write(heading) == heading.size()
+        && m_file.flush())
+        return true;
+    error = QStringLiteral("%1: %2").arg(m_file.fileName(), m_file.errorString());
+    return false;
+}
+
+void CaptureFile::close()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_file.close();
+}
+
+int CaptureFile::addChannel()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return ++m_channels;
+}
+
+/// Each line is flushed, so that the capture of a process that crashes is complete.
+void CaptureFile::write(int channel, Wire::CaptureEvent event, std::string_view bytes)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_file.isOpen())
+        return;
+    const std::string line =
+        Wire::encodeCaptureLine(channel, m_clock.nsecsElapsed() / 1000, event, bytes);
+    const auto length = static_cast<qint64>(line.size());
+    if (m_file.write(line.data(), length) == length && m_file.flush())
+        return;
+    qCWarning(channelLog, "The capture %s ends here: %s", qUtf8Printable(m_file.fileName()),
+              qUtf8Printable(m_file.errorString()));
+    m_file.close();
+}
+
+} // namespace Tavoro::SSProxy::Internal

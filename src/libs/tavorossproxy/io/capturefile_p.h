@@ -1,0 +1,38 @@
+#pragma once
+
+#include <tavorowire/capture.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <memory>
+#include <mutex>
+#include <string_view>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The file of a capture. Any thread.
+class CaptureFile {
+public:
+    explicit CaptureFile(const QString &path) : m_file(path) { m_clock.start(); }
+
+    /// Creates the file and writes its heading. Returns false, with a sentence in \a error, on
+    /// failure.
+    bool open(QString &error);
+    void close();
+    /// Returns the number of a further channel, from 1.
+    int addChannel();
+    /// Appends a line, and ends the capture with a line in the log if it cannot be written.
+    void write(int channel, Wire::CaptureEvent event, std::string_view bytes = {});
+
+    /// Returns the running capture, or null.
+    static std::shared_ptr<CaptureFile> running();
+
+private:
+    std::mutex m_mutex; // guards what follows
+    QFile m_file;
+    QElapsedTimer m_clock;
+    int m_channels = 0;
+};
+
+} // namespace Tavoro::SSProxy::Internal

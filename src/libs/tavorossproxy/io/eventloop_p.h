@@ -1,0 +1,48 @@
+#pragma once
+
+#include "clock_p.h"
+
+#include <functional>
+#include <memory>
+
+namespace Tavoro::SSProxy::Internal {
+
+/// The thread on which channels connect, send and receive, and its clock.
+///
+/// | member                                  | thread       |
+/// |-----------------------------------------|--------------|
+/// | clock, isCurrentThread, post            | any          |
+/// | expectCall, postAt, attach, detach      | the loop's   |
+/// | connections                             | the loop's   |
+class EventLoop {
+public:
+    /// An object that lives on the thread.
+    class User {
+    public:
+        /// The thread ends after this call.
+        virtual void loopEnding() = 0;
+
+    protected:
+        ~User() = default;
+    };
+
+    virtual ~EventLoop() = default;
+
+    virtual Clock &clock() = 0;
+    virtual bool isCurrentThread() const = 0;
+    /// Runs \a call on the thread, in the order of the calls. Returns false if the thread has
+    /// ended.
+    virtual bool post(std::function<void()> call) = 0;
+
+    /// Announces that a caller has got its answer and may post the next request at once.
+    virtual void expectCall() { }
+    /// Runs \a call at \a time.
+    virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
+    /// Keeps \a user alive, and calls its loopEnding(), until it is detached.
+    virtual void attach(std::shared_ptr<User> user) = 0;
+    virtual void detach(const User *user) = 0;
+
+    int connections = 0; ///< Channels that have a connection or are connecting.
+};
+
+} // namespace Tavoro::SSProxy::Internal

@@ -1,0 +1,143 @@
+#include "eventloopthread_p.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <thread>
+#include <utility>
+
+namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+/// How long the thread spins for an expected call.
+constexpr std::chrono::microseconds spinTime(50);
+
+struct RunningThread {
+    std::mutex mutex;
+    std::shared_ptr<EventLoopThread> thread; // guarded by mutex
+};
+
+/// Never destroyed: the thread may be stopped as late as at the end of the process.
+RunningThread &running()
+{
+    static auto *const running = new RunningThread;
+    return *running;
+}
+
+} // namespace
+
+std::shared_ptr<EventLoopThread> EventLoopThread::instance()
+{
+    const std::lock_guard<std::mutex> lock(running().mutex);
+    if (!running().thread) {
+        running().thread = std::make_shared<EventLoopThread>();
+        qAddPostRoutine(
+            &EventLoopThread::stop); // sockets should not outlive the application object
+    }
+    return running().thread;
+}
+
+void EventLoopThread::stop()
+{
+    std::shared_ptr<EventLoopThread> thread;
+    {
+        const std::lock_guard<std::mutex> lock(running().mutex);
+        thread.swap(running().thread);
+    }
+    if (!thread)
+        return;
+    thread->post([&thread] { thread->end(); });
+    thread->m_thread.wait();
+}
+
+EventLoopThread::EventLoopThread()
+{
+    m_thread.setObjectName(QStringLiteral("tavoro-channels"));
+    moveToThread(&m_thread);
+    m_thread.start();
+}
+
+EventLoopThread::~EventLoopThread()
+{
+    Q_ASSERT_X(!m_thread.isRunning(), "EventLoopThread", "destroyed before it was stopped");
+}
+
+bool EventLoopThread::post(std::function<void()> call)
+{
+    bool mustWake = false;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        mustWake = m_calls.isEmpty() && !m_spinWait.isActive;
+        if (!m_calls.add(std::move(call)))
+            return false;
+        m_spinWait.isWorthwhile = m_clock.now() - m_spinWait.since < spinTime;
+    }
+    // Invoked by name: all data is passed under the mutex.
+    if (mustWake)
+        QMetaObject::invokeMethod(this, "runCalls", Qt::QueuedConnection);
+    return true;
+}
+
+void EventLoopThread::expectCall()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_spinWait.since = m_clock.now();
+    if (m_spinWait.isWorthwhile && !std::exchange(m_spinWait.isActive, true))
+        QMetaObject::invokeMethod(this, "spin", Qt::QueuedConnection);
+}
+
+void EventLoopThread::spin()
+{
+    const auto end = m_clock.now() + spinTime;
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (m_calls.isEmpty() && m_clock.now() < end) {
+        lock.unlock();
+        std::this_thread::yield();
+        lock.lock();
+    }
+    m_spinWait.isActive = false;
+    m_spinWait.isWorthwhile = !m_calls.isEmpty();
+    lock.unlock();
+    runCalls();
+}
+
+void EventLoopThread::postAt(Clock::TimePoint time, std::function<void()> call)
+{
+    using Milliseconds = std::chrono::milliseconds;
+    const auto wait = std::chrono::ceil<Milliseconds>(time - m_clock.now());
+    const auto longest = Milliseconds(std::numeric_limits<int>::max());
+    QTimer::singleShot(static_cast<int>(std::clamp(wait, Milliseconds(0), longest).count()),
+                       Qt::PreciseTimer, this, std::move(call));
+}
+
+void EventLoopThread::attach(std::shared_ptr<User> user)
+{
+    m_users.push_back(std::move(user));
+}
+
+void EventLoopThread::detach(const User *user)
+{
+    m_users.erase(std::remove_if(m_users.begin(), m_users.end(),
+                                 [user](const auto &attached) { return attached.get() == user; }),
+                  m_users.end());
+}
+
+/// Calls that were posted before still run; later ones are refused.
+void EventLoopThread::end()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_calls.end();
+    }
+    runCalls();
+    for (const auto &user : m_users)
+        user->loopEnding();
+    m_users.clear();
+    m_thread.quit();
+}
+
+} // namespace Tavoro::SSProxy::Internal
