@@ -1,4 +1,4 @@
-# libdeflate, for its checksums. Newer releases bring a package of their own; Debian's 1.14 has header and library alone.
+# Finds libdeflate, which computes checksums. Debian's version 1.14 has no CMake package of its own.
 find_path(libdeflate_INCLUDE_DIR libdeflate.h)
 find_library(libdeflate_LIBRARY deflate)
 mark_as_advanced(libdeflate_INCLUDE_DIR libdeflate_LIBRARY)

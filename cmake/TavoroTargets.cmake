@@ -1,5 +1,5 @@
-# What every target of the project shares: language level, warnings, Qt definitions, sanitizers.
-# Settings travel as one INTERFACE target and one helper per kind of target, never as global flags.
+# Settings of every target: language level, warnings, Qt definitions, sanitizers.
+# Targets link the INTERFACE target tavoro_settings; there are no global flags.
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -14,13 +14,13 @@ set(TAVORO_SANITIZE "" CACHE STRING "Sanitizers to compile with, as for -fsaniti
 add_library(tavoro_settings INTERFACE)
 target_compile_options(tavoro_settings INTERFACE
     $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Werror=uninitialized>
-    # Qt 6's logging macros leave their variadic part empty, as C++20 allows and every compiler takes.
+    # The variadic part of Qt 6's logging macros is empty, which C++20 allows and every compiler accepts.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
-    # Without FMA contraction a number reads the same on every machine.
+    # Without FMA contraction, floating-point results are the same on every machine.
     $<$<CXX_COMPILER_ID:GNU,Clang>:-ffp-contract=off>)
 target_compile_definitions(tavoro_settings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
-    QT_MESSAGELOGCONTEXT) # release builds otherwise lose file and line of a log message
+    QT_MESSAGELOGCONTEXT) # Release builds otherwise omit file and line of log messages.
 if(TAVORO_SANITIZE)
     target_compile_options(tavoro_settings INTERFACE
         -fsanitize=${TAVORO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
@@ -28,8 +28,8 @@ if(TAVORO_SANITIZE)
 endif()
 
 # tavoro_precompiled_headers(NAME LIBRARY HEADERS ...)
-# Headers that many targets include, compiled once; a target takes them with target_precompile_headers(... REUSE_FROM NAME).
-# They save time and nothing else: each source still includes what it uses, and the preset ci-clang-qt6 does without them.
+# Compiles headers that many targets include once; a target uses them with target_precompile_headers(... REUSE_FROM NAME).
+# They only save time: each source still includes what it uses, and the preset ci-clang-qt6 disables them.
 function(tavoro_precompiled_headers name library)
     add_executable(${name} EXCLUDE_FROM_ALL ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/headerowner.cpp)
     target_precompile_headers(${name} PRIVATE ${ARGN})
@@ -39,7 +39,7 @@ endfunction()
 tavoro_precompiled_headers(tavoro_coreheaders Qt${QT_VERSION_MAJOR}::Core
     <QHash> <QLoggingCategory> <QObject> <QString> <functional> <memory> <string> <vector>)
 
-# tavoro_library(NAME ALIAS): what all shared libraries of the project have in common.
+# tavoro_library(NAME ALIAS): adds a shared library with the settings that all libraries share.
 function(tavoro_library name alias)
     add_library(${name} SHARED)
     add_library(Tavoro::${alias} ALIAS ${name})

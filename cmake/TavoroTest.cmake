@@ -1,18 +1,21 @@
 # tavoro_add_test(NAME [SOURCES ...] [LIBRARIES ...] [LABELS ...])
-# One Qt Test executable tst_NAME from NAME/tst_NAME.cpp below the calling folder, run by CTest under the name NAME.
-# Tests with the label "threads" are the ones that run again under ThreadSanitizer: the target threaded_tests
-# builds just those.
+# Adds the Qt Test program tst_NAME from NAME/tst_NAME.cpp in the calling folder; CTest runs it under the name NAME.
+# Tests with the label "threads" also run under ThreadSanitizer. The target threaded_tests builds only these.
 add_custom_target(threaded_tests)
+
+# The longest tests start first, so that both cores are busy until the end.
+set(tavoro_long_tests
+    codecequivalence devicestorefaults devicestoresyscalls faultmemory faultoperations tavorosimfoldercalls)
 
 function(tavoro_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;LABELS")
     set(source ${CMAKE_CURRENT_SOURCE_DIR}/${name}/tst_${name}.cpp)
-    # moc by hand: automoc would start two more programs for each test, and compile one more file.
+    # Calls moc directly: automoc would start two more programs and compile one more file for each test.
     set(moc ${CMAKE_CURRENT_BINARY_DIR}/moc/tst_${name}.moc)
     add_executable(tst_${name} ${source} ${moc} ${arg_SOURCES})
     qt_generate_moc(${source} ${moc} TARGET tst_${name})
     target_include_directories(tst_${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc)
-    # Or Qt Test would include all of Qt Network in the tests that link it, for comparisons that none of them makes.
+    # Otherwise Qt Test includes all of Qt Network in tests that link it, for comparisons that no test uses.
     target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB)
     target_precompile_headers(tst_${name} REUSE_FROM tavoro_testheaders)
     target_compile_definitions(tst_${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
@@ -23,4 +26,7 @@ function(tavoro_add_test name)
     endif()
     add_test(NAME ${name} COMMAND tst_${name})
     set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300)
+    if(name IN_LIST tavoro_long_tests)
+        set_tests_properties(${name} PROPERTIES COST 100)
+    endif()
 endfunction()

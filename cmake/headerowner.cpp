@@ -1,3 +1,3 @@
-// What CMake asks of a target that owns precompiled headers: a source.
+// The source that CMake requires of a target that owns precompiled headers.
 
 int main() { }

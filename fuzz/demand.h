@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the run as a finding unless \a holds.
+/// Ends the run as a finding if \a holds is false.
 inline void demand(bool holds, const char *sentence)
 {
     if (holds)

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-/// The bytes of one run, taken from the front piece by piece; when they are used up, zeros and
+/// The bytes of one run, read piece by piece from the start. After the end it returns zeros and
 /// empty texts.
 class Input {
 public:
@@ -25,7 +25,7 @@ public:
         return static_cast<std::uint16_t>(high << 8 | byte());
     }
     bool flag() { return (byte() & 1) != 0; }
-    /// A text behind its length.
+    /// A text after its length.
     std::string_view text() { return bytes(number()); }
     std::string_view rest() { return bytes(m_rest.size()); }
 

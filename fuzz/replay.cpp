@@ -1,5 +1,5 @@
-// Runs a fuzz target over the files of the folders that it is given: the corpus, and every input
-// that ever failed, as a test in any build.
+// Runs a fuzz target on the files of the given folders: the corpus, and every input that once
+// failed. It is a test in every build.
 
 #include <cstddef>
 #include <cstdint>

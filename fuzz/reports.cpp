@@ -1,9 +1,7 @@
-// Whatever a device reports, the dispatcher and the model take it or leave it: a report that cannot
-// be read changes nothing, the same report again changes nothing more, and no report adds, removes
-// or renames an object.
+// The dispatcher and the model apply any report or ignore it: an invalid report changes nothing,
+// a repeated report changes nothing more, and no report adds, removes or renames an object.
 //
-// Input: reports, one behind the other: the place of a code in the table, and a body behind its
-// length.
+// Input: a sequence of reports. Each is the index of a code in the table, a length and a body.
 
 #include "demand.h"
 #include "input.h"
@@ -75,7 +73,7 @@ struct Application {
     QCoreApplication qt{argc, argv};
 };
 
-/// All that reports may change.
+/// Everything that reports may change.
 std::string stateOf(const Reported &reported)
 {
     const BizModel::Device &device = *reported.device.model;
@@ -84,7 +82,7 @@ std::string stateOf(const Reported &reported)
         + json(reported.file()->detail()) + json(reported.file()->transferProgress());
 }
 
-/// The objects are those of the beginning, under their identities.
+/// Demands that the device still has the same objects under the same identities.
 void demandObjects(const Reported &reported)
 {
     const BizModel::Device &device = *reported.device.model;
@@ -103,19 +101,19 @@ void demandObjects(const Reported &reported)
            "an object keeps its identity");
 }
 
-/// Each element is the one that is found under its identity, so that no identity is there twice.
+/// Demands that a search by identity finds each element: no identity exists twice.
 void demandElements(const BizModel::Device &device)
 {
     const auto detail = device.deviceDetail();
     for (const auto &power : detail.powers)
-        demand(json(*device.findPower(power.powerId)) == json(power), "a power is there once");
+        demand(json(*device.findPower(power.powerId)) == json(power), "a power supply exists once");
     for (const auto &card : detail.subcards)
-        demand(json(*device.findSubcard(card.slotId)) == json(card), "a card is there once");
+        demand(json(*device.findSubcard(card.slotId)) == json(card), "a card exists once");
     for (const auto &group : detail.groupInfos)
-        demand(json(*device.findGroup(group.groupId)) == json(group), "a group is there once");
+        demand(json(*device.findGroup(group.groupId)) == json(group), "a group exists once");
 }
 
-/// \a state is that before and then that behind it.
+/// Checks \a state after the report; on return it is the new state.
 void report(Reported &reported, const ReportRow &row, const std::string &body, std::string &state)
 {
     const auto code = static_cast<quint16>(row.code);

@@ -1,8 +1,6 @@
-// Whatever a device answers, each operation of the library ends in true, or in false with its
-// reason.
+// For any answers of a device, each operation of the library returns true, or false with a reason.
 //
-// Input: operations by their place in the table, and behind each the packets that the device
-// answers with.
+// Input: operations by their index in the table, each followed by the packets of the answer.
 
 #include "demand.h"
 #include "input.h"
@@ -28,7 +26,7 @@ constexpr int maxOperations = 8;
 
 struct Operation {
     bool (*run)(const std::shared_ptr<BizModel::Device> &device, QString &error);
-    bool succeedsInSilence; ///< Not a synchronisation: it succeeds in spite of parts that failed.
+    bool succeedsInSilence; ///< False for a synchronisation: it succeeds although parts failed.
 };
 
 bool readDevice(const std::shared_ptr<BizModel::Device> &device, QString &error)

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// Bodies as devices send them and applications write them. Always the same.
+/// Typical bodies of devices and applications. They are the same in every run.
 namespace Bodies {
 
 Tavoro::ProtoModel::Device::s_DeviceDetail deviceDetail();

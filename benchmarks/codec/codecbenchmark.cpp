@@ -1,5 +1,5 @@
-// Decoding and encoding of whole bodies, by the codec and by general JSON libraries, all into and
-// from the same records. Bytes per second are those of the body's text.
+// Measures decoding and encoding of whole bodies by the codec and by general JSON libraries, all
+// with the same records. Bytes per second refer to the text of the body.
 //
 //   workload       body
 //   device         full details of a device with 16 cards
@@ -7,9 +7,8 @@
 //   files          an array of 2,000 file details
 //   switchEffects  an array of 8 switch effects: a small write
 //
-// Each peer gets what it likes best: events straight into the records where it has them, padded
-// input, reused parsers and buffers. Before anything is measured all must have read the same
-// record.
+// Each library runs under its best conditions: events directly into the records if it has them,
+// padded input, reused parsers and buffers. Before the measurement all must read the same record.
 
 #include "bodies.h"
 #include "nlohmannpeer.h"
@@ -42,14 +41,14 @@ void decodeWithCodec(const std::string &text, Value &value)
         std::abort();
 }
 
-/// Measures one way of decoding, which takes the record to fill.
+/// Measures a function that decodes into the given record.
 template <class Value, class Decode>
 void addDecode(const std::string &name, const std::string &text, Decode decode)
 {
     Value value;
     decode(value);
     if (encoded(value) != text) {
-        std::cerr << name << " reads something else\n";
+        std::cerr << name << " decodes a different record\n";
         std::exit(EXIT_FAILURE);
     }
     benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) mutable {
@@ -62,7 +61,7 @@ void addDecode(const std::string &name, const std::string &text, Decode decode)
     });
 }
 
-/// Measures one way of encoding, which returns how many bytes it wrote.
+/// Measures a function that encodes and returns the number of bytes.
 template <class Encode>
 void addEncode(const std::string &name, std::size_t size, Encode encode)
 {

@@ -6,7 +6,7 @@
 
 namespace Peer {
 
-/// nlohmann-json: events straight into the records, and its tree for writing.
+/// nlohmann-json: reads by events into the records, writes from its tree.
 class Nlohmann {
 public:
     template <class Value>
@@ -76,9 +76,10 @@ private:
         Json json = Json::object();
         Json::object_t &members = json.get_ref<Json::object_t &>();
         members.reserve(sizeof...(I));
-        record.visitFields([&members](const auto &...values) { // keys differ, so no search for each
-            (..., members.Container::emplace_back(std::string(Fields::list[I]), tree(values)));
-        });
+        record.visitFields(
+            [&members](const auto &...values) { // Keys differ, so there is no search for each.
+                (..., members.Container::emplace_back(std::string(Fields::list[I]), tree(values)));
+            });
         return json;
     }
 };

@@ -8,7 +8,8 @@
 
 namespace Peer {
 
-/// QJsonDocument: its tree both ways. Text is decoded from a QByteArray made beforehand.
+/// QJsonDocument: reads and writes by its tree. The input is a QByteArray made before the
+/// measurement.
 class QtJson {
 public:
     template <class Value>

@@ -9,7 +9,7 @@
 
 namespace Peer {
 
-/// RapidJSON: events straight into the records, and its writer.
+/// RapidJSON: reads by events into the records, writes with its writer.
 class RapidJson {
 public:
     template <class Value>

@@ -1,7 +1,7 @@
 #pragma once
 
-// Records as the peers see them: a table of fields for those that report events, visitors for the
-// others. Key literals come from the records' own lists, parsed at compile time.
+// Access to records for the other libraries: a table of fields for those that report events,
+// visitors for the rest. The key literals come from the records' own lists, parsed at compile time.
 
 #include <tavorocontrol/proto/json/recordfields.h>
 
@@ -20,7 +20,7 @@ enum class FieldKind {
     Vector
 };
 
-/// How events are stored in a value of one type.
+/// Stores events in a value of one type.
 struct Type {
     FieldKind kind;
     void (*setNumber)(void *value, std::int64_t number);
@@ -125,7 +125,7 @@ public:
         return true;
     }
 
-    // Keys mostly come in the order of the fields, so the search begins behind the last one.
+    // Keys mostly come in the order of the fields, so the search begins after the last one.
     bool key(const char *text, std::size_t length)
     {
         Container &record = m_open.back();

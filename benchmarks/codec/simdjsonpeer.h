@@ -6,8 +6,8 @@
 
 namespace Peer {
 
-/// simdjson: on demand into the records, keys expected in order, input padded beforehand. It has no
-/// writer.
+/// simdjson: on-demand parsing into the records, keys expected in order, input padded before the
+/// measurement. It has no writer.
 class SimdJson {
 public:
     explicit SimdJson(const std::string &text) : m_text(text) { }

@@ -1,14 +1,14 @@
-// How many reports a second go through the dispatcher into the model, logging off.
+// Measures how many reports per second the dispatcher applies to the model, with logging off.
 //
 //   power          the state of two power supplies
 //   timing         the picture of one of 128 interfaces
 //   allTimings     the pictures of all of them in one report
 //   transfer       the progress of one of 500 files
-//   unheardOf      a code that no handler takes: the road without the end
+//   unheardOf      a code without a handler: the path without its end
 //   dropped        reports while they are stopped
 //
 // The argument is the number of devices in the model's list; the last one reports. Each report
-// differs from the one before, so that the model changes and tells it.
+// differs from the previous one, so that the model changes and emits its signals.
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -41,7 +41,7 @@ constexpr int interfaceCount = 128;
 constexpr int fileCount = 500;
 constexpr int fileType = 2;
 
-/// A channel that is only there to be named by reports.
+/// A channel that reports refer to; it does nothing.
 class QuietChannel final : public SSProxy::DeviceChannel {
 public:
     explicit QuietChannel(int number)
@@ -69,7 +69,7 @@ ProtoModel::s_InterfaceID interfaceId(int number)
     return {number / 4 + 1, number % 4 + 1, 0};
 }
 
-/// Devices in the model's list for as long as it lives.
+/// Keeps devices in the model's list until it is destroyed.
 class Devices {
 public:
     explicit Devices(int count)
@@ -128,7 +128,7 @@ std::shared_ptr<SSProxy::IDeviceCommand> reportOf(Command command, const Record 
 
 using Pair = std::array<std::shared_ptr<SSProxy::IDeviceCommand>, 2>;
 
-/// Lets the last device report in turns.
+/// Lets the last device send the reports in turn.
 void report(benchmark::State &state, const Pair &reports)
 {
     const Devices devices(static_cast<int>(state.range(0)));

@@ -1,19 +1,19 @@
-// What the road of a command costs, over a channel that answers at once.
+// Measures the cost of the request path, with a channel that answers immediately.
 //
-//   encode             a small record is turned into its body
+//   encode             a small record is encoded into its body
 //   send               a request is made and given to the channel
-//   encodeAndSend      both: what no road can do without
-//   writeQuietly       the same write as an operation, logging off and nobody at the status bar
+//   encodeAndSend      both: the minimum
+//   writeQuietly       the same write as an operation, with logging off and no status bar
 //   writeShown         the same with a status bar that does nothing
-//   writeLogged        the same with every line made and thrown away by the message handler
+//   writeLogged        the same with log lines that the message handler discards
 //   readQuietly        a small read as an operation, logging off
 //   readLogged
-//   writeThroughFullManager   as writeQuietly, with as many channels as the argument tells
+//   writeThroughFullManager   as writeQuietly, with as many channels as the argument
 //
-//   findChannel        parts of the road: the search for the channel of a device
+//   findChannel        parts of the path: the search for the channel of a device
 //   sentence           label and sentence for the status bar
 //
-// "writeQuietly" less "encodeAndSend" is the price of the road. It does not grow with the body.
+// "writeQuietly" minus "encodeAndSend" is the cost of the path. It does not grow with the body.
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -39,7 +39,7 @@ using ProtoModel::Device::s_swap;
 
 namespace {
 
-/// Answers every request at once with the same body.
+/// Answers every request immediately with the same body.
 class InstantChannel : public SSProxy::DeviceChannel {
 public:
     explicit InstantChannel(quint16 number)
@@ -69,7 +69,7 @@ private:
         std::make_shared<SSProxy::DeviceResponseCommand>();
 };
 
-/// Devices whose channels the manager knows; the last one is commanded.
+/// Devices with channels in the manager; requests go to the last one.
 class Setup {
 public:
     explicit Setup(int channelCount = 1)
@@ -102,8 +102,7 @@ private:
     Control::Device m_device{m_model, nullptr};
 };
 
-/// Switches the log lines of the library on or off for as long as it lives, and throws away what is
-/// logged.
+/// Switches the log lines of the library on or off until it is destroyed, and discards them.
 class Logging {
 public:
     explicit Logging(bool on) : m_handler(qInstallMessageHandler(&Logging::drop))

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int headSize = 40;
 
-/// Takes \a size bytes off the socket as soon as they are there.
+/// Reads \a size bytes from the socket; waits until they are there.
 void take(QTcpSocket &socket, char *bytes, int size)
 {
     for (int done = 0; done < size;) {
@@ -26,7 +26,7 @@ void take(QTcpSocket &socket, char *bytes, int size)
     }
 }
 
-/// Sends heads with what follows them of the source.
+/// Sends heads, each followed by bytes of the source.
 class Sender {
 public:
     Sender(QTcpSocket &socket, std::string_view source) : m_socket(socket), m_source(source) { }
@@ -51,10 +51,10 @@ private:
     QByteArray m_packet;
 };
 
-/// Receives heads with what follows them, and throws that away or gathers it.
+/// Receives heads and the bytes after them; discards or keeps these bytes.
 class Receiver {
 public:
-    /// \a sink may be null. It gets room for \a length bytes.
+    /// \a sink may be null; otherwise \a length bytes are reserved in it.
     Receiver(QTcpSocket &socket, std::string *sink, std::size_t length)
         : m_socket(socket), m_sink(sink)
     {
@@ -81,7 +81,7 @@ private:
     QByteArray m_dropped;
 };
 
-/// What travels behind the heads in one direction.
+/// The bytes that follow the heads in one direction.
 std::size_t lengthOf(const std::vector<BareExchange> &exchanges, int BareExchange::*direction)
 {
     std::size_t sum = 0;
@@ -90,7 +90,7 @@ std::size_t lengthOf(const std::vector<BareExchange> &exchanges, int BareExchang
     return sum;
 }
 
-/// The one that answers.
+/// The side that answers.
 void serve(std::promise<quint16> &port, const std::vector<BareExchange> &exchanges,
            std::string_view source, std::string *store)
 {
@@ -112,7 +112,7 @@ void serve(std::promise<quint16> &port, const std::vector<BareExchange> &exchang
         socket.waitForDisconnected(patience);
 }
 
-/// Packets of \a length bytes; \a make tells the exchange that moves one of a given size.
+/// Packets of \a length bytes; \a make returns the exchange that moves a packet of a given size.
 template <class Make>
 std::vector<BareExchange> cut(qint64 length, int packetSize, Make make)
 {

@@ -14,12 +14,12 @@ struct BareExchange {
     int answer = 0;
 };
 
-/// Two connected sockets over loopback, each on a thread of its own and nothing but sockets: the
-/// least that moving these bytes costs. Each request waits for the answer to the one before.
+/// Two connected sockets over loopback, each on a thread of its own, without any library code: the
+/// minimum cost of moving these bytes. Each request waits for the answer to the previous one.
 ///
-/// What is longer than a head is cut from \a source, round and round, behind the head. Either side
-/// throws away what it gets, or gathers it without the heads: the asking one in \a sink, the
-/// answering one in \a store.
+/// The bytes after each head are taken from \a source in a cycle. Each side discards what it
+/// receives, or keeps it without the heads: the requesting side in \a sink, the answering side in
+/// \a store.
 void runBarePair(const std::vector<BareExchange> &exchanges, std::string_view source,
                  std::string *sink = nullptr, std::string *store = nullptr);
 

@@ -17,15 +17,14 @@ namespace Bench {
 
 constexpr int patience = 30000; ///< Milliseconds.
 
-/// Ends the program with a sentence.
+/// Prints a sentence and ends the program.
 [[noreturn]] void fail(const QString &why);
 void require(bool ok, const QString &why);
 
-/// The value of an option, which the program does not run without when it is out of its range.
+/// The value of an option; ends the program if it is out of range.
 int numberOf(const QCommandLineParser &parser, const char *option, int least, int most);
 
-/// A channel over loopback that the manager knows, and a device of the model that is reached
-/// through it.
+/// A channel over loopback in the manager, and the device of the model that it reaches.
 class Route {
 public:
     explicit Route(quint16 port);

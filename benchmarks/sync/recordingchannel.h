@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// Passes everything on to another channel and keeps account of it. One thread at a time.
+/// Forwards everything to another channel and records it. For one thread at a time.
 class RecordingChannel final : public Tavoro::SSProxy::DeviceChannel {
 public:
     explicit RecordingChannel(std::shared_ptr<Tavoro::SSProxy::DeviceChannel> channel);
@@ -22,13 +22,13 @@ public:
     bool isMasterControl() override;
     void stopChannel() override;
 
-    /// Forgets what was recorded.
+    /// Discards the records.
     void clear();
-    /// Seconds in which a request was under way.
+    /// Seconds between requests and their answers.
     double seconds() const { return m_seconds; }
-    /// The sizes of what travelled.
+    /// The sizes of requests and answers.
     const std::vector<Bench::BareExchange> &exchanges() const { return m_exchanges; }
-    /// The whole JSON answers by their code.
+    /// The complete JSON answers by code.
     const std::map<quint16, std::string> &answers() const { return m_answers; }
 
 private:

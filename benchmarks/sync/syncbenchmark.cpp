@@ -1,18 +1,18 @@
-// What a synchronisation of a large device costs: 64 inputs, 64 outputs, 32 screens, 4,000 layers
+// Measures the synchronisation of a large device: 64 inputs, 64 outputs, 32 screens, 4,000 layers
 // and 500 files of 256 KiB, read from the simulated device over loopback with DeviceList.
 //
 //   synchronisation   from the call to the signal that it is finished
-//   wire              of it, the time in which requests were under way
-//   decode            the same JSON turned into records once more
-//   model             the same records given to a device of the model once more
-//   rest              what is left of the synchronisation: requests, texts, joining, threads
+//   wire              of it, the time between requests and their answers
+//   decode            the same JSON, decoded again
+//   model             the same records, applied to a device of the model again
+//   rest              the rest of the synchronisation: requests, texts, joining, threads
 //   bare              two bare sockets move the same bytes in the same packets
 //
 // syncbenchmark [--scale N] [--rounds N]
 //
-// --scale 10 takes ten times as much of everything, but not more than the 255 screens that a device
-// can number. Each line is the best of the rounds in milliseconds. The last one compares the
-// synchronisation with the bare sockets and the decoding.
+// --scale 10 multiplies everything by ten, but a device has 255 screens at most. Each line is the
+// best of the rounds in milliseconds. The last line compares the synchronisation with the bare
+// sockets and the decoding.
 
 #include "recordingchannel.h"
 
@@ -119,7 +119,7 @@ void synchronise(const BizModel::Device &model)
     require(success, QStringLiteral("not synchronised"));
 }
 
-/// What a synchronisation reads.
+/// The records that a synchronisation reads.
 struct Records {
     ProtoModel::Device::s_DeviceDetail device;
     std::vector<ProtoModel::Interface::s_InterfaceDetail> interfaces;

@@ -1,18 +1,18 @@
-// How fast a file travels over loopback, beside two bare sockets that move the same bytes in the
-// same packets and wait for each answer as well.
+// Measures the speed of file transfers over loopback, compared with two bare sockets that move the
+// same bytes in the same packets and also wait for each answer.
 //
-//   bareWrite      a head and a packet, which is thrown away, are answered by a head
-//   bareStore      as bareWrite, but the packets are joined in a string that has the room
+//   bareWrite      a head and a packet, which is discarded, are answered by a head
+//   bareStore      as bareWrite, but the packets are joined in a string of reserved size
 //   import         File::importFile and File::importFileBinary of a string
-//   bareRead       a head is answered by a head and a packet, which is thrown away
-//   streamedRead   File::readBinary with a callback that throws the packets away
-//   bareGather     as bareRead, but the packets are joined in a string that has the room
+//   bareRead       a head is answered by a head and a packet, which is discarded
+//   streamedRead   File::readBinary with a callback that discards the packets
+//   bareGather     as bareRead, but the packets are joined in a string of reserved size
 //   wholeRead      File::readBinary into a string
 //
 // transferbenchmark [--size MEBIBYTES] [--packet BYTES] [--rounds N] [--folder DIR]
 //
 // Each line is a workload: its best rate over the rounds in MiB per second, the microseconds per
-// packet, and the ratio to bareWrite or bareRead, whichever stands above it. The device runs in the
+// packet, and the ratio to the bareWrite or bareRead above it. The device runs in the
 // same process on its own thread and keeps the file in memory, or in DIR.
 
 #include <support/barepair.h>
@@ -49,7 +49,7 @@ struct Wanted {
 
 struct Workload {
     const char *name;
-    bool isBare; ///< The measure of those that follow.
+    bool isBare; ///< The reference for the workloads after it.
     std::function<void()> run;
     double best = 0; ///< Seconds.
 };
@@ -180,7 +180,7 @@ int main(int argc, char *argv[])
     Control::File file(route.model(), nullptr);
     std::string content(static_cast<std::size_t>(wanted.length), 'x');
     for (std::size_t at = 0; at < content.size(); at += 4093)
-        content[at] = static_cast<char>(at); // so that no piece is like the next
+        content[at] = static_cast<char>(at); // All pieces differ.
 
     std::vector<Workload> all = workloads(file, content, wanted);
     for (int round = 0; round < wanted.rounds; ++round)

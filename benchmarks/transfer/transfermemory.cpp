@@ -1,11 +1,11 @@
-// What a streamed read holds in memory, and what the simulated device holds that serves it.
+// Measures the memory of a streamed read, and of the simulated device that serves it.
 //
 //   transfermemory [--small MEBIBYTES] [--large MEBIBYTES]
 //
 // Starts tavorosim with a folder for its files. Then, first with a small and then with a large
-// file, 16 and 1024 MiB unless told: writes the file in pieces, reads it back streamed, compares
-// its checksum, and prints the peaks of the resident memory of both processes so far, in KiB. Ends
-// with 1 when the large file has raised a peak by more than a few packets. Linux only.
+// file, 16 and 1024 MiB by default: writes the file in pieces, reads it back as a stream, compares
+// its checksum, and prints the peaks of the resident memory of both processes in KiB. Ends with
+// status 1 if the large file raises a peak by more than a few packets. Linux only.
 
 #include <support/bench.h>
 
@@ -33,9 +33,9 @@ constexpr int fileType = 2;
 constexpr int fileId = 1;
 constexpr int packetSize = 64 * 1024;
 constexpr int packetsPerMebibyte = (1 << 20) / packetSize;
-constexpr qint64 allowedGrowth = 1024; ///< KiB: what an allocator may do with a few packets.
+constexpr qint64 allowedGrowth = 1024; ///< KiB: a few packets.
 
-/// The simulated device, as a process of its own.
+/// The simulated device in a separate process.
 class Device {
 public:
     Device()
@@ -76,7 +76,7 @@ qint64 peakOf(qint64 pid)
     return line.left(line.indexOf('\n')).simplified().split(' ').value(1).toLongLong();
 }
 
-/// The piece of the file with this number; no two are alike.
+/// The piece of the file with this number; all pieces differ.
 std::string pieceOf(quint32 number)
 {
     std::string piece(packetSize, static_cast<char>(number));

@@ -12,17 +12,17 @@ namespace Tavoro::SSProxy {
 class NetworkChannel;
 }
 
-/// A device on the network and in the model.
+/// A connection to a device, and the device in the model.
 class Connection {
 public:
     ~Connection();
 
-    /// Looks for a device at \a address by datagrams and connects to it.
+    /// Finds a device at \a address by discovery and connects to it.
     bool find(const QString &address, quint16 discoveryPort);
     /// Connects to the device that listens on \a port of \a address.
     bool open(const QString &address, quint16 port);
 
-    /// Reads the whole device into the model; the event loop turns meanwhile.
+    /// Reads the whole device into the model. Runs the event loop meanwhile.
     bool synchronise();
 
     /// The device in the model's list; null before the first synchronisation.
@@ -34,5 +34,5 @@ private:
     QString m_sn;
 };
 
-/// Turns the event loop until \a isTrue, which is looked at now and then; false if it never is.
+/// Runs the event loop until \a isTrue returns true; false if it does not in time.
 bool waitUntil(const std::function<bool()> &isTrue);

@@ -1,4 +1,4 @@
-// What is done to the device as a whole, and what it tells of itself.
+// Steps that concern the device as a whole.
 
 #include "connection.h"
 #include "simulator.h"
@@ -34,7 +34,7 @@ bool takesANewName(Connection &connection)
         && connection.synchronise() && connection.device()->name() == QString::fromStdString(name);
 }
 
-/// A switch knows on and off.
+/// A switch accepts 0 and 1.
 bool refusesWhatIsOutOfRange(Connection &connection)
 {
     const auto before = connection.device()->deviceDetail().zeLKEnable;
@@ -98,15 +98,15 @@ bool followsReports(Connection &connection)
     const auto device = connection.device();
     ProtoModel::Device::s_DeviceGroupInfos groups;
     groups.groupInfos = {{"East", "7"}};
-    bool isTold = false;
+    bool isReported = false;
     const QObject context;
     QObject::connect(device.get(), &BizModel::Device::deviceDataChanged, &context,
                      [&](BizModel::Enum::Device::DataPart part) {
-                         isTold |= part == BizModel::Enum::Device::Groups;
+                         isReported |= part == BizModel::Enum::Device::Groups;
                      });
     QString error;
     return !device->findGroup("7") && Control::Device(device).writeDeviceGroupInfo(groups, error)
-        && waitUntil([&] { return isTold; }) && device->findGroup("7")->groupName == "East";
+        && waitUntil([&] { return isReported; }) && device->findGroup("7")->groupName == "East";
 }
 
 bool followsWhatHappensThere(Connection &connection, Simulator &simulator)

@@ -1,6 +1,6 @@
-// What an application does with a device, with nothing but the installed package: it finds one,
-// reads it whole into the model, commands it and follows its reports. consumer PROGRAM starts a
-// simulated device, consumer ADDRESS PORT takes one that is there.
+// An application that uses only the installed package: it finds a device, reads it into the model,
+// operates it and follows its reports. consumer PROGRAM starts a simulated device, consumer ADDRESS
+// PORT uses a device that is running.
 
 #include "connection.h"
 #include "simulator.h"
@@ -47,7 +47,7 @@ bool connectTo(const QStringList &arguments, Simulator &simulator, Connection &c
         && connection.find(QStringLiteral("127.0.0.1"), simulator.discoveryPort());
 }
 
-bool tell(const char *name, bool isDone)
+bool report(const char *name, bool isDone)
 {
     std::cout << (isDone ? "done: " : "FAILED: ") << name << std::endl;
     return isDone;
@@ -63,15 +63,15 @@ int main(int argc, char *argv[])
     Simulator simulator;
     Connection connection;
     if (!connectTo(QCoreApplication::arguments(), simulator, connection)) {
-        std::cerr << "There is no device.\n";
+        std::cerr << "Could not find a device.\n";
         return 1;
     }
     for (const Step &step : steps) {
-        if (!tell(step.name, step.run(connection)))
+        if (!report(step.name, step.run(connection)))
             return 1;
     }
     if (simulator.isRunning()
-        && !tell("sees events change the model", followsWhatHappensThere(connection, simulator)))
+        && !report("sees events change the model", followsWhatHappensThere(connection, simulator)))
         return 1;
     return 0;
 }

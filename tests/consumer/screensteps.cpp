@@ -1,4 +1,4 @@
-// What is done to the screens and layers of the device.
+// Steps that concern the screens and layers of the device.
 
 #include "connection.h"
 #include "steps.h"
@@ -20,7 +20,7 @@ constexpr int programme = 4;
 constexpr int ordinaryLayer = 1;
 constexpr qint32 movedTo = 640;
 
-/// The screen and the layers that are worked on: screen 1, layer 1 of its two scenes.
+/// All steps use screen 1 and layer 1 of its two scenes.
 ProtoModel::s_ScreenId mainScreen()
 {
     return {1, BizModel::Enum::Screen::OrdinaryScreen};
@@ -36,7 +36,7 @@ ProtoModel::Layer::s_LayerIdentity layerOf(int scene)
     return layer;
 }
 
-/// Where the model has the layer, -1 if it has none.
+/// The x position of the layer in the model; -1 if the model does not have it.
 qint32 placeOf(const Connection &connection, int scene)
 {
     const auto layer = connection.device()->findLayer(layerOf(scene)).lock();
@@ -72,7 +72,7 @@ bool movesALayer(Connection &connection)
     move.window.x = movedTo;
     QString error;
     return before != movedTo && Control::Layer(connection.device()).writeWindow({move}, error)
-        && placeOf(connection, preview) == before // Writes leave the model alone.
+        && placeOf(connection, preview) == before // Writes do not change the model.
         && connection.synchronise() && placeOf(connection, preview) == movedTo;
 }
 

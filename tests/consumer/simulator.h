@@ -4,17 +4,17 @@
 #include <QProcess>
 #include <QString>
 
-/// A simulated device as a process of its own.
+/// A simulated device in a separate process.
 class Simulator {
 public:
     ~Simulator();
 
-    /// Starts \a program and waits until it serves. False when it does not.
+    /// Starts \a program and waits until it listens. False if it does not.
     bool start(const QString &program);
     bool isRunning() const { return m_process.state() == QProcess::Running; }
-    /// Types \a line into its console.
+    /// Sends \a line to its console.
     void execute(const QByteArray &line) { m_process.write(line + '\n'); }
-    /// The UDP port on which it answers those who look for devices.
+    /// The UDP port on which it answers discovery requests.
     quint16 discoveryPort() const { return m_discoveryPort; }
 
 private:

@@ -3,8 +3,8 @@
 class Connection;
 class Simulator;
 
-// What the application does, one function a step. Each is true when the device and the model have
-// become what they should.
+// The steps of the application, one function each. A step returns true if it has its effect on the
+// device and in the model.
 
 bool readsIntoTheModel(Connection &connection);
 bool takesANewName(Connection &connection);
@@ -21,5 +21,5 @@ bool followsReports(Connection &connection);
 bool printsRecords(Connection &connection);
 bool sendsRecordsOfItsOwn(Connection &connection);
 
-/// A power supply fails and a source changes; the device reports both of its own accord.
+/// A power supply fails and a source changes; the device reports both unsolicited.
 bool followsWhatHappensThere(Connection &connection, Simulator &simulator);

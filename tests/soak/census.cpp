@@ -25,8 +25,7 @@ Census Census::taken()
 Census Census::takenAtRest(int threads)
 {
     constexpr int longest = 300;
-    constexpr int calm =
-        10; // looks in a row without a change: sockets close a moment after their owners
+    constexpr int calm = 10; // Equal samples in a row: sockets close shortly after their owners.
     Census census = taken();
     for (int i = 0, unchanged = 0; i < longest && unchanged < calm; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));

@@ -2,14 +2,14 @@
 
 #include <cstddef>
 
-/// What a process holds at one moment.
+/// The resources that the process holds at one moment.
 struct Census {
     static Census taken();
-    /// When no more than so many threads are left and nothing is being closed any more, at the
-    /// latest after three seconds.
+    /// Waits until at most this number of threads is left and the counts are stable, for three
+    /// seconds at most.
     static Census takenAtRest(int threads);
 
     int threads;
     int files; ///< Open file descriptors.
-    std::size_t heap; ///< Bytes in use; 0 where a sanitizer has its own allocator.
+    std::size_t heap; ///< Bytes in use; 0 with a sanitizer, which has an allocator of its own.
 };

@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-/// Many simulated devices, each with a channel to it and a device in the model's list.
+/// Many simulated devices, each with a channel and a device in the model's list.
 class Fleet {
 public:
     explicit Fleet(int size);
@@ -18,12 +18,12 @@ public:
     {
         return m_devices[index % m_devices.size()]->model;
     }
-    /// Reports that came from all devices.
+    /// The number of reports received from all devices.
     quint64 reports() const;
-    /// Something happens to a device, of which it tells: a cable, a card, a power supply, a signal.
-    /// False if the device knows no such thing.
+    /// Changes a cable, a card, a power supply or a signal of a device, which reports the change.
+    /// False if the device refuses it.
     bool disturb(std::mt19937 &random);
-    /// A device goes off, or on again.
+    /// Disconnects a device, or connects it again.
     void switchOne(std::mt19937 &random);
 
 private:

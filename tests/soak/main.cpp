@@ -1,6 +1,6 @@
-// Many devices at once: operations from several threads, synchronisations, reports, and devices
-// that go off and on. While a long round lasts, its heap stops growing; after each round, when all
-// of it is taken down, the process holds what it held after the first.
+// Operates many devices at once: operations from several threads, synchronisations, reports, and
+// devices that disconnect and return. During a long round the heap must stop growing. After each
+// round everything is destroyed, and the process must hold what it held after the first round.
 //
 // soak [--devices N] [--rounds N] [--seconds N] [--seed N]
 
@@ -26,21 +26,20 @@ using namespace Tavoro;
 namespace {
 
 constexpr int operatorThreads = 4;
-constexpr int restingThreads = 2; ///< The main one and that of all channels.
-constexpr std::size_t heapTolerance =
-    256 * 1024; ///< Of allocators and of Qt's own caches, which settle.
-constexpr int longRound = 20; ///< Seconds, from which on the heap of a round has settled.
-constexpr std::size_t heapOfWork = 2 << 20; ///< What may come and go with what is under way.
+constexpr int restingThreads = 2; ///< The main thread and the thread of all channels.
+constexpr std::size_t heapTolerance = 256 * 1024; ///< Allocators and Qt's caches vary by this much.
+constexpr int longRound = 20; ///< Seconds after which the heap of a round is stable.
+constexpr std::size_t heapOfWork = 2 << 20; ///< Variation caused by requests that are not finished.
 
 struct Round {
     Operators::Counts operations;
     int synchronised = 0;
     int notSynchronised = 0;
     quint64 reports = 0;
-    int refused = 0; ///< Disturbances that the device knew nothing of: they disturbed nothing.
-    std::vector<std::size_t> heaps; ///< At one moment after the other.
+    int refused = 0; ///< Disturbances that the device refused.
+    std::vector<std::size_t> heaps; ///< Samples in the order of time.
 
-    /// By how much the heap of the last quarter exceeds that of the second.
+    /// The growth of the heap from the second quarter to the last.
     std::size_t growth() const
     {
         const auto quarter = static_cast<std::ptrdiff_t>(heaps.size() / 4);
@@ -53,7 +52,7 @@ struct Round {
     }
 };
 
-/// Reads one device after the other into the model, for as long as it lives.
+/// Reads one device after the other into the model until it is destroyed.
 class Synchroniser : public QObject {
 public:
     Synchroniser(const Fleet &fleet, Round &round) : m_fleet(fleet), m_round(round), m_list(nullptr)
@@ -71,7 +70,7 @@ private:
     {
         QString error;
         if (!m_list.readDeviceDetail(m_fleet.model(m_next++), error))
-            QTimer::singleShot(1, this, [this] { readNext(); }); // it is off just now
+            QTimer::singleShot(1, this, [this] { readNext(); }); // The device is disconnected.
     }
 
     const Fleet &m_fleet;
@@ -117,10 +116,9 @@ bool isFlat(const Plan &plan, const Round &round, const Census &before, const Ce
 
 void print(int number, const Round &round, const Census &census)
 {
-    std::printf("round %d: %d operations done, %d failed in words, %d without; %d devices "
-                "synchronised, %d lost on the way; %llu reports; %d disturbances refused; %zu KiB "
-                "of heap more in the end;"
-                " then %d threads, %d files, %zu KiB of heap\n",
+    std::printf("round %d: %d operations done, %d failed with a text, %d without; %d devices "
+                "synchronised, %d failed; %llu reports; %d disturbances refused; heap grew by %zu "
+                "KiB; afterwards %d threads, %d files, %zu KiB of heap\n",
                 number, round.operations.done.load(), round.operations.failed.load(),
                 round.operations.silent.load(), round.synchronised, round.notSynchronised,
                 static_cast<unsigned long long>(round.reports), round.refused,
@@ -128,7 +126,7 @@ void print(int number, const Round &round, const Census &census)
     std::fflush(stdout);
 }
 
-/// The number of the round in which something was wrong; 0 if nothing was.
+/// The number of the first failed round; 0 if all passed.
 int soak(const Plan &plan)
 {
     Census before{};
@@ -162,6 +160,6 @@ int main(int argc, char **argv)
     }
     const int wrongRound = soak(*plan);
     if (wrongRound != 0)
-        std::printf("Round %d left something behind, or did not do its work.\n", wrongRound);
+        std::printf("Round %d leaked resources, or did not do its work.\n", wrongRound);
     return wrongRound == 0 ? 0 : 1;
 }

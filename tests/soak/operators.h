@@ -6,13 +6,13 @@
 #include <thread>
 #include <vector>
 
-/// Threads that operate the devices of a fleet until they are destroyed.
+/// Threads that operate the devices of a fleet until this object is destroyed.
 class Operators {
 public:
     struct Counts {
         std::atomic<int> done{0};
-        std::atomic<int> failed{0}; ///< With their reason in words.
-        std::atomic<int> silent{0}; ///< Without.
+        std::atomic<int> failed{0}; ///< Failed with an error text.
+        std::atomic<int> silent{0}; ///< Failed without an error text.
     };
 
     Operators(const Fleet &fleet, int count, unsigned seed, Counts &counts);

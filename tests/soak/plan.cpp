@@ -17,20 +17,20 @@ struct NumberRow {
     qint64 most;
 };
 
-// In the order of the members of a plan.
+// In the order of the members of Plan.
 // clang-format off
 constexpr NumberRow numberRows[] = {
 //   name       usual least most
-    {"devices", "50", 1,    0xFFFF},         // two bytes of their serial numbers tell them apart
+    {"devices", "50", 1,    0xFFFF},         // two bytes of the serial number identify a device
     {"rounds",  "3",  2,    mostInt},
-    {"seconds", "2",  1,    mostInt / 1000}, // a timer counts them in milliseconds
+    {"seconds", "2",  1,    mostInt / 1000}, // timers count milliseconds
     {"seed",    "1",  0,    mostUnsigned},
 };
 // clang-format on
 
 QString faultOfNumber(const NumberRow &row, const QString &text)
 {
-    return QStringLiteral("\"%1\" is not what --%2 takes: a number from %3 to %4")
+    return QStringLiteral("\"%1\" is not valid for --%2 (a number from %3 to %4)")
         .arg(text, QLatin1String(row.name))
         .arg(row.least)
         .arg(row.most);
@@ -59,7 +59,8 @@ std::optional<Plan> readPlan(const QStringList &arguments, QString &fault)
     else if (parser.isSet(QStringLiteral("help")))
         parser.showHelp();
     else if (!parser.positionalArguments().isEmpty())
-        fault = QStringLiteral("\"%1\" is one too many").arg(parser.positionalArguments().at(0));
+        fault =
+            QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().at(0));
     std::array<qint64, std::size(numberRows)> numbers{};
     for (std::size_t i = 0; i < numbers.size() && fault.isEmpty(); ++i)
         numbers[i] =

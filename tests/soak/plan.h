@@ -4,14 +4,14 @@
 
 #include <optional>
 
-/// How much a soak does.
+/// The extent of a soak test.
 struct Plan {
     int devices;
-    int rounds; ///< At least 2: each is compared with the first.
-    int seconds; ///< Of a round.
+    int rounds; ///< At least 2: each round is compared with the first.
+    int seconds; ///< Duration of a round.
     unsigned seed;
 };
 
-/// What the command line \a arguments ask for; "--help" shows its options and ends the process.
-/// Nothing with the reason in \a fault when it cannot be done.
+/// Parses the command line \a arguments; "--help" prints the options and ends the process.
+/// Returns nothing, with the reason in \a fault, if an argument is invalid.
 std::optional<Plan> readPlan(const QStringList &arguments, QString &fault);

@@ -1,4 +1,5 @@
 #include "device_p.h"
+#include "inputcrop_p.h"
 #include "objectprivate_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>
@@ -7,6 +8,8 @@
 #include <utility>
 
 namespace Tavoro::BizModel {
+
+using Part = DevicePrivate::Part;
 
 namespace {
 
@@ -32,7 +35,47 @@ QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
     return timeouts;
 }
 
+using ProtoModel::Screen::s_ScreenGenlockBody;
+
+/// A screen without a record has the default one.
+bool isOther(const std::optional<s_ScreenGenlockBody> &before,
+             const std::optional<s_ScreenGenlockBody> &now)
+{
+    const auto status = [](const std::optional<s_ScreenGenlockBody> &genlock) {
+        return genlock.value_or(s_ScreenGenlockBody()).genlockSignal.status;
+    };
+    return status(before) != status(now);
+}
+
 } // namespace
+
+void DevicePrivate::keepInterfaceCrops()
+{
+    for (const auto &interface : contents.interfaces())
+        settings->keepCrops(UserSettings::CropOwner::Interface, objectId(interface->interfaceId()),
+                            {interface->detail().crop});
+}
+
+void DevicePrivate::keepLayerCrops()
+{
+    for (const auto &layer : contents.layers())
+        settings->keepCrops(UserSettings::CropOwner::Layer, objectId(layer->identity()),
+                            layer->detail().source.crop);
+}
+
+void DevicePrivate::adopt(DevicePrivate &former)
+{
+    former.keepInterfaceCrops();
+    former.keepLayerCrops();
+    settings->adopt(*former.settings);
+    for (const auto &interface : contents.interfaces())
+        interface->restoreCrop(*settings);
+    for (const auto &layer : contents.layers()) {
+        layer->restoreCrops(*settings);
+        if (const auto source = layer->source().lock())
+            layer->fitCrops(pictureSize(source->detail().actualTiming));
+    }
+}
 
 Device::Device(unsigned short id, QObject *parent)
     : QObject(parent), d(std::make_unique<DevicePrivate>(*this, id))
@@ -54,14 +97,14 @@ unsigned short Device::modelId() const                                  { return
 bool Device::isOnline() const                                           { return d->get(&DeviceState::online); }
 bool Device::isSyncDataSuccess() const                                  { return d->get(&DeviceState::syncSuccess); }
 ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->get(&DeviceState::info); }
-ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->get(&DeviceState::process); }
+ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->records.process(); }
 ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->settings->cutout(); }
 
-void Device::setIPAddress(QString ip)                 { d->set(DevicePrivate::Part::Identity,    &DeviceState::ip,          ip); }
-void Device::setName(const QString &name)             { d->set(DevicePrivate::Part::Identity,    &DeviceState::name,        name); }
-void Device::setModelId(unsigned short modelId)       { d->set(DevicePrivate::Part::Identity,    &DeviceState::modelId,     modelId); }
-void Device::setDeviceOnlineFlag(const bool &online)  { d->set(DevicePrivate::Part::OnlineFlag,  &DeviceState::online,      online); }
-void Device::setSyncDataSuccess(bool success)         { d->set(DevicePrivate::Part::SyncSuccess, &DeviceState::syncSuccess, success); }
+void Device::setIPAddress(QString ip)                 { d->set(Part::Identity,    &DeviceState::ip,          ip); }
+void Device::setName(const QString &name)             { d->set(Part::Identity,    &DeviceState::name,        name); }
+void Device::setModelId(unsigned short modelId)       { d->set(Part::Identity,    &DeviceState::modelId,     modelId); }
+void Device::setDeviceOnlineFlag(const bool &online)  { d->set(Part::OnlineFlag,  &DeviceState::online,      online); }
+void Device::setSyncDataSuccess(bool success)         { d->set(Part::SyncSuccess, &DeviceState::syncSuccess, success); }
 // clang-format on
 
 QString Device::ipMacSn() const
@@ -84,6 +127,156 @@ unsigned short Device::tcpProtocolVersion() const
 s_DeviceConfig &Device::deviceConfig()
 {
     return d->config;
+}
+
+ProtoModel::Device::s_DeviceDetail Device::deviceDetail() const
+{
+    return d->records.detail();
+}
+
+std::vector<ProtoModel::Screen::s_ScreenGenlockBody> Device::screenGenlocks() const
+{
+    return d->records.screenGenlocks();
+}
+
+std::optional<ProtoModel::Device::s_subcardBody> Device::findSubcard(int slotId) const
+{
+    return d->records.findSubcard(slotId);
+}
+
+std::optional<ProtoModel::Device::s_PowerBody> Device::findPower(int powerId) const
+{
+    return d->records.findPower(powerId);
+}
+
+std::optional<ProtoModel::Device::s_DeviceGroupInfoBody>
+Device::findGroup(const std::string &groupId) const
+{
+    return d->records.findGroup(groupId);
+}
+
+void Device::clearAll(bool keepUserSettings)
+{
+    d->keepInterfaceCrops();
+    d->keepLayerCrops();
+    d->contents.take(Interfaces());
+    d->contents.take(Layers());
+    const bool wasActive = d->contents.take(Screens());
+    d->contents.take(Files());
+    if (!keepUserSettings)
+        d->settings->clear();
+    for (const Part part : {Part::Interfaces, Part::Screens, Part::Layers, Part::Files})
+        d->tell(part);
+    if (wasActive)
+        d->tell(Part::ActiveScreens);
+}
+
+bool Device::initModelData(const ProtoModel::Device::s_DeviceDetail &detail, QString &error)
+{
+    return d->build(detail, error);
+}
+
+bool Device::initModelData(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &details,
+                           QString &error)
+{
+    return d->build(details, error);
+}
+
+bool Device::initModelData(const std::vector<ProtoModel::File::s_FileDetail> &details,
+                           QString &error)
+{
+    return d->build(details, error);
+}
+
+bool Device::initModelData(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &details,
+                           QString &error)
+{
+    return d->build(details, error);
+}
+
+bool Device::initModelData(const std::vector<ProtoModel::Layer::s_LayerFullDetail> &details,
+                           QString &error)
+{
+    return d->build(details, error);
+}
+
+bool Device::updateSlotModelData(const ProtoModel::Device::s_subcards &reported,
+                                 const ProtoModel::Device::s_DeviceDetail &detail, QString &error)
+{
+    KeyedList<int, ProtoModel::Device::s_subcardBody> read;
+    for (const auto &card : detail.subcards)
+        read.assign(card.slotId, card);
+    std::vector<ProtoModel::Device::s_subcardBody> cards;
+    for (const auto &report : reported.subcards) {
+        const auto card = read.find(report.slotId);
+        if (!card) {
+            error = tr("The device has no slot %1").arg(report.slotId);
+            return false;
+        }
+        cards.push_back(*card);
+    }
+    updateSubCard(cards);
+    return true;
+}
+
+void Device::setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process)
+{
+    d->records.setProcess(process);
+    d->tell(Part::Process);
+}
+
+void Device::setGenlockOnStatus(const ProtoModel::Device::s_GenlockSignalBody &signal)
+{
+    d->records.setGenlockSignal(signal);
+    d->tell(Part::GenlockSignal);
+}
+
+void Device::updateInterfaceRelation(const std::vector<ProtoModel::Device::s_Relation> &relations)
+{
+    d->records.setRelations(relations);
+    d->tell(Part::InterfaceRelations);
+}
+
+void Device::updateDeviceGroupInfo(const ProtoModel::Device::s_DeviceGroupInfoBody &group)
+{
+    d->records.setGroup(group);
+    d->tell(Part::Groups);
+}
+
+void Device::updateSubCard(const std::vector<ProtoModel::Device::s_subcardBody> &subcards)
+{
+    d->records.setSubcards(subcards);
+    d->tell(Part::Subcards);
+}
+
+void Device::setPower(const std::vector<ProtoModel::Device::s_PowerBody> &powers)
+{
+    d->records.setPowers(powers);
+    d->tell(Part::Powers);
+}
+
+bool Device::updateCutoutRGB(const ProtoModel::s_RGB &color, QString & /*error*/)
+{
+    d->settings->setCutout(color);
+    d->tell(Part::CutoutRGB);
+    return true;
+}
+
+void Device::setScreenGenlocks(const std::vector<s_ScreenGenlockBody> &genlocks)
+{
+    ScreenGenlocks now;
+    for (const auto &genlock : genlocks)
+        now.assign(objectId(genlock), genlock);
+    const ScreenGenlocks before = d->records.setScreenGenlocks(now);
+    d->tell(Part::ScreenGenlocks);
+    if (signalsBlocked())
+        return;
+    const auto screens = d->contents.screens();
+    for (const auto &screen : screens) {
+        const ProtoModel::s_ScreenId id{screen->screenId(), screen->screenType()};
+        if (isOther(before.find(objectId(id)), now.find(objectId(id))))
+            Q_EMIT screen->screenChanged();
+    }
 }
 
 std::weak_ptr<Screen> Device::findScreen(int screenType, unsigned char screenId) const
@@ -146,7 +339,7 @@ std::weak_ptr<MVRScreen> Device::activedMVRScreen() const
 void Device::setActivedScreen(std::weak_ptr<Screen> screen)
 {
     if (d->contents.setActive(screen.lock()))
-        d->tell(DevicePrivate::Part::ActiveScreens);
+        d->tell(Part::ActiveScreens);
 }
 
 } // namespace Tavoro::BizModel

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "devicebuilder_p.h"
 #include "devicecontents_p.h"
-#include "keyedlist_p.h"
+#include "devicerecords_p.h"
 #include "usersettings_p.h"
 
 #include <tavorobizmodel/device.h>
@@ -16,9 +17,7 @@
 
 namespace Tavoro::BizModel {
 
-using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
-
-/// What is known of a device, beside its objects.
+/// Identity and state of a device.
 struct DeviceState {
     unsigned short modelId = 0;
     QString ip;
@@ -28,12 +27,6 @@ struct DeviceState {
     ProtoModel::DeviceBaseInfo info;
     bool online = false;
     bool syncSuccess = false;
-    ProtoModel::Device::s_DeviceDetail detail; ///< The lists below are empty in it.
-    KeyedList<int, ProtoModel::Device::s_subcardBody> subcards;
-    KeyedList<int, ProtoModel::Device::s_PowerBody> powers;
-    KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody> groups;
-    ScreenGenlocks screenGenlocks;
-    ProtoModel::Auxiliary::s_DeviceProcess process;
 };
 
 class DevicePrivate {
@@ -108,6 +101,20 @@ public:
             tellIdentity();
     }
 
+    template <class Details>
+    bool build(const Details &details, QString &error)
+    {
+        DeviceBuilder builder(q);
+        builder.build(details);
+        return builder.report(error);
+    }
+
+    /// Keep the crops of objects that are about to be replaced.
+    void keepInterfaceCrops();
+    void keepLayerCrops();
+    /// Takes over the settings of \a former, which is the same device.
+    void adopt(DevicePrivate &former);
+
     void tellIdentity() const
     {
         ++identityChanges;
@@ -123,6 +130,7 @@ public:
     Device &q;
     const unsigned short id;
     DeviceContents contents;
+    DeviceRecords records;
     const std::shared_ptr<UserSettings> settings = std::make_shared<UserSettings>();
     s_DeviceConfig config; // filled at construction
 

@@ -36,6 +36,14 @@ Interface::Interface(const s_InterfaceDetail &detail, std::weak_ptr<Device> devi
 
 Interface::~Interface() = default;
 
+void Interface::restoreCrop(const UserSettings &settings)
+{
+    d->change([&](s_InterfaceDetail &known) {
+        settings.restorePixels(UserSettings::CropOwner::Interface, objectId(d->id), 0, known.crop);
+        fitCrop(known.crop, pictureSize(known.actualTiming));
+    });
+}
+
 ProtoModel::s_InterfaceID Interface::interfaceId() const
 {
     return d->id;

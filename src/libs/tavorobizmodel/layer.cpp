@@ -54,15 +54,29 @@ std::weak_ptr<Interface> Layer::source() const
     return owner && d->shown ? DevicePrivate::contentsOf(*owner).findInterface(*d->shown) : nullptr;
 }
 
-void Layer::fitInputCrop(const QSize &picture)
+void Layer::restoreCrops(const UserSettings &settings)
 {
-    const bool changed = d->change([&](s_LayerFullDetail &known) {
+    d->change([&](s_LayerFullDetail &known) {
+        auto &crops = known.source.crop;
+        for (std::size_t i = 0; i < crops.size(); ++i)
+            settings.restorePixels(UserSettings::CropOwner::Layer, objectId(d->identity), i,
+                                   crops[i]);
+    });
+}
+
+bool Layer::fitCrops(const QSize &picture)
+{
+    return d->change([&](s_LayerFullDetail &known) {
         bool any = false;
         for (auto &crop : known.source.crop)
             any = fitCrop(crop, picture) || any;
         return any;
     });
-    if (changed)
+}
+
+void Layer::fitInputCrop(const QSize &picture)
+{
+    if (fitCrops(picture))
         d->tell(*this, &Layer::layerChanged);
 }
 

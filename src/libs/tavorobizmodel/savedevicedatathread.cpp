@@ -92,14 +92,15 @@ void SaveDeviceDataThreadPrivate::waitForRunningJob()
 void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::milliseconds retryDelay)
 {
     m_saver = std::this_thread::get_id();
-    auto opened = std::make_unique<Opened>(openFile(fileName));
+    auto opened = std::make_unique<Opened>();
+    opened->done = m_store.open(fileName, opened->loaded, opened->error);
     const bool done = opened->done;
     {
         const std::lock_guard lock(m_mutex);
         m_opened = std::move(opened);
         m_isOpen = done;
         m_isClosing = false;
-        m_notBefore = {}; // a failure of the store that was open before delays nothing here
+        m_notBefore = {}; // a failure of an earlier store delays nothing here
         m_changed.notify_all();
     }
     if (done)
@@ -107,35 +108,8 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
     m_store.close();
 }
 
-SaveDeviceDataThreadPrivate::Opened SaveDeviceDataThreadPrivate::openFile(const QString &fileName)
-{
-    m_fileName = fileName;
-    Opened opened;
-    StoreOutcome outcome = m_store.open(fileName, opened.error);
-    if (outcome == StoreOutcome::Done)
-        outcome = m_store.load(opened.loaded, opened.error);
-    if (outcome != StoreOutcome::Done)
-        opened.loaded = {};
-    reportSetAside(opened.loaded.setAside);
-    opened.done = outcome == StoreOutcome::Done
-        || (outcome == StoreOutcome::Damaged && openAnew(opened.error));
-    return opened;
-}
-
-/// Sets the damaged file aside, with the reason in \a error, and begins a new one. The store is
-/// closed when that fails; the next job tries again.
-bool SaveDeviceDataThreadPrivate::openAnew(QString &error)
-{
-    m_store.close();
-    const QString kept = StoreDatabase::setAside(m_fileName);
-    if (kept.isEmpty())
-        return false;
-    qCWarning(modelLog) << "The store of devices is damaged:" << error << "Kept as" << kept;
-    Q_EMIT DeviceList::instance()->signalDeviceStoreSetAside(m_fileName, kept);
-    return m_store.open(m_fileName, error) == StoreOutcome::Done;
-}
-
-/// Whether it is time for the next job. While the saver closes a failed job is not waited for.
+/// True when the next job may be taken. While the saver closes, it does not wait to retry a failed
+/// job.
 bool SaveDeviceDataThreadPrivate::mayTakeJob() const
 {
     return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);
@@ -145,13 +119,13 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
 {
     std::unique_lock lock(m_mutex);
     while (true) {
-        const auto mayGoOn = [this] {
+        const auto canContinue = [this] {
             return m_isClosing || mayTakeJob();
         };
         if (m_jobs.isEmpty() || isPaused())
-            m_changed.wait(lock, mayGoOn);
+            m_changed.wait(lock, canContinue);
         else
-            m_changed.wait_until(lock, m_notBefore, mayGoOn);
+            m_changed.wait_until(lock, m_notBefore, canContinue);
         if (m_isClosing && (isPaused() || m_jobs.isEmpty()))
             break;
         if (!mayTakeJob())
@@ -175,19 +149,14 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
 bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
 {
     QString error;
-    auto outcome = StoreOutcome::Done;
-    bool isAnew = !m_store.isOpen(); // a damaged file could not be replaced by an earlier job
-    if (isAnew)
-        outcome = m_store.open(m_fileName, error);
-    if (outcome == StoreOutcome::Done)
-        outcome = attempt(job, error);
-    if (outcome == StoreOutcome::Damaged && openAnew(error)) {
-        isAnew = true;
-        outcome = attempt(job, error);
-    }
-    if (isAnew && m_store.isOpen())
+    bool isNewFile = false;
+    const auto step = [&job](DeviceStore &store, QString &reason) {
+        return attempt(store, job, reason);
+    };
+    const bool done = m_store.run(step, error, isNewFile);
+    if (isNewFile)
         askToSaveOthers(job);
-    if (outcome != StoreOutcome::Done) {
+    if (!done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);
         return false;
@@ -197,7 +166,7 @@ bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
     return true;
 }
 
-/// The new file has nothing of what the damaged one held.
+/// A new file has no other device yet.
 void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
 {
     const auto saved = job.device.lock();
@@ -208,21 +177,14 @@ void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
     }
 }
 
-void SaveDeviceDataThreadPrivate::reportSetAside(const QStringList &rows) const
-{
-    for (const QString &row : rows) {
-        qCWarning(modelLog) << "A row in the store of devices is damaged and was set aside:" << row;
-        Q_EMIT DeviceList::instance()->signalStoredRecordSetAside(m_fileName, row);
-    }
-}
-
-StoreOutcome SaveDeviceDataThreadPrivate::attempt(const SaverJob &job, QString &error)
+StoreOutcome SaveDeviceDataThreadPrivate::attempt(DeviceStore &store, const SaverJob &job,
+                                                  QString &error)
 {
     const auto device = job.device.lock();
     if (device)
-        return m_store.save(*device, error);
+        return store.save(*device, error);
     if (job.kind == SaverJob::Kind::Forget || job.forgetsIfGone)
-        return m_store.remove(job.identity, error);
+        return store.remove(job.identity, error);
     return StoreOutcome::Done;
 }
 

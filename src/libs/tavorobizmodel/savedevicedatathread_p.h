@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devicestore_p.h"
+#include "replaceablestore_p.h"
 #include "saverqueue_p.h"
 
 #include <tavorobizmodel/savedevicedatathread.h>
@@ -53,15 +53,12 @@ private:
 
     void ask(SaverJob job);
     void run(const QString &fileName, std::chrono::milliseconds retryDelay);
-    Opened openFile(const QString &fileName);
-    void reportSetAside(const QStringList &rows) const;
-    bool openAnew(QString &error);
     void workOff(std::chrono::milliseconds retryDelay);
     bool isPaused() const { return m_pauses > 0; }
     bool mayTakeJob() const;
     bool work(const SaverJob &job);
     void askToSaveOthers(const SaverJob &job);
-    StoreOutcome attempt(const SaverJob &job, QString &error);
+    static StoreOutcome attempt(DeviceStore &store, const SaverJob &job, QString &error);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
@@ -70,13 +67,12 @@ private:
     int m_pauses = 0; ///< Calls of setStop(true) that no call of setStop(false) has ended.
     bool m_isWorking = false;
     bool m_isClosing = false;
-    Clock::time_point m_notBefore; ///< No job is taken before, since one failed.
+    Clock::time_point m_notBefore; ///< After a failure: when the next job may be taken.
     std::unique_ptr<Opened> m_opened;
 
-    std::atomic<std::thread::id> m_saver; ///< The thread of this.
+    std::atomic<std::thread::id> m_saver; ///< The saver's own thread.
     std::thread m_thread; // of the application's thread
-    DeviceStore m_store; // of the saver's thread, as all below
-    QString m_fileName;
+    ReplaceableStore m_store; // of the saver's thread
 };
 
 } // namespace Tavoro::BizModel

@@ -69,10 +69,8 @@ int Screen::genlockStatus() const
     const auto owner = d->device.lock();
     if (!owner)
         return 0;
-    return DevicePrivate::of(*owner).read([this](const DeviceState &state) {
-        const auto genlock = state.screenGenlocks.find(objectId(d->id));
-        return genlock ? genlock->genlockSignal.status : 0;
-    });
+    const auto genlock = DevicePrivate::of(*owner).records.findScreenGenlock(objectId(d->id));
+    return genlock ? genlock->genlockSignal.status : 0;
 }
 
 void Screen::setScreenZelk(const ProtoModel::Screen::s_ScreenZeLK &zelk)

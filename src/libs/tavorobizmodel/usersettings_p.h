@@ -1,22 +1,34 @@
 #pragma once
 
+#include "objectid_p.h"
+
 #include <tavorocontrol/proto/rgb.h>
+#include <tavorocontrol/proto/signalbodies.h>
 
 #include <QSize>
 
+#include <cstddef>
 #include <map>
 #include <mutex>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace Tavoro::BizModel {
 
 /// What belongs to a device but is not among the data that are read from it: the layouts of its
-/// multiviewer screens and the cutout colour.
+/// multiviewer screens, the cutout colour, and the pixels of crops, which the model works out from
+/// the last signal.
 ///
 /// Settings outlive the objects of the device, which are re-created whenever it is read, and pass
 /// to the device object that replaces this one. All members may be called from any thread.
 class UserSettings {
 public:
+    enum class CropOwner {
+        Interface,
+        Layer,
+    };
+
     /// Columns and rows of a multiviewer screen; 4 by 4 as long as none are set.
     QSize layout(int screenId) const;
     void setLayout(int screenId, const QSize &span);
@@ -27,6 +39,14 @@ public:
     ProtoModel::s_RGB cutout() const;
     void setCutout(const ProtoModel::s_RGB &color);
 
+    /// Keeps the crops of an interface or a layer.
+    void keepCrops(CropOwner owner, const ObjectId &id,
+                   const std::vector<ProtoModel::s_CropBody> &crops);
+    /// Gives \a crop, the one at \a index of its owner, the pixels that were kept, if it is the
+    /// same share of the picture.
+    void restorePixels(CropOwner owner, const ObjectId &id, std::size_t index,
+                       ProtoModel::s_CropBody &crop) const;
+
     /// Takes over what \a former has and this one has not.
     void adopt(const UserSettings &former);
     void clear();
@@ -35,6 +55,7 @@ private:
     struct Values {
         std::map<int, QSize> layouts;
         std::optional<ProtoModel::s_RGB> cutout;
+        std::map<std::pair<CropOwner, ObjectId>, std::vector<ProtoModel::s_CropBody>> crops;
     };
 
     Values values() const;

@@ -17,35 +17,40 @@ namespace Internal {
 class DeviceListPrivate;
 }
 
-/// Synchronises devices: reads a whole device into the model, one at a time.
+/// Synchronises devices with the model: reads one whole device at a time.
 ///
-/// Belongs to the thread that made it, which needs an event loop; both signals are emitted there.
-/// The devices themselves are in BizModel::DeviceList. Destroying the list waits, without limit,
-/// for a synchronisation that runs.
+/// The devices themselves are in BizModel::DeviceList. A list belongs to the thread that created
+/// it, which needs an event loop; both signals are emitted there.
 class TAVOROCONTROL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
 public:
+    /// Creates a list that reads nothing yet.
     explicit DeviceList(QObject *parent);
+    /// Waits, without a limit, for a synchronisation that is running.
     ~DeviceList() override;
 
     /// Starts to read the device with this identity. Returns at once.
     ///
     /// True: signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow. Also
-    /// true, but without signals of its own, while another synchronisation runs: that one goes on.
-    /// False if the device has no channel; \a error is then left alone, the reason is logged.
+    /// true, but without signals for this device, while another synchronisation runs; that one
+    /// continues. False, with \a error unchanged, if the device has no channel; the log holds the
+    /// reason.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
-    /// The same for a device of the model. False with "Device model is nullptr" in \a error if it
-    /// is gone.
+    /// The same for a device of the model. False with "Device model is nullptr", translated, in \a
+    /// error if it is gone.
     bool readDeviceDetail(std::weak_ptr<BizModel::Device> device, QString &error);
 
 Q_SIGNALS:
+    /// The synchronisation of the device at the address \a ip has started.
     void signalReadDeviceDetailStarted(QString ip);
-    /// The model holds what could be read. \a success tells how filling in the layers went, or,
-    /// when the device's details, its status or its interfaces ended the reading, how the reads
-    /// went: so it can be true although screens or files could not be read.
+    /// The synchronisation has ended; the model holds what could be read.
+    ///
+    /// \a success says whether the layers could be added to the model or, if the details, the
+    /// status or the interfaces of the device ended the synchronisation, whether the reads
+    /// succeeded. So it can be true although screens or files could not be read.
     /// BizModel::Device::isSyncDataSuccess() says whether the clock was set and all reads
-    /// succeeded. The identity is empty, and \a success false, for a device without an address.
+    /// succeeded. For a device without an address the identity is empty and \a success false.
     void signalReadDeviceDetailFinished(bool success, QString ip, QString mac, QString sn);
 
 private:

@@ -9,11 +9,12 @@ namespace {
 const QString verboseOption = QStringLiteral("verbose");
 const QString jsonOption = QStringLiteral("json");
 const QString timeoutOption = QStringLiteral("timeout");
+const QString requestTimeoutOption = QStringLiteral("request-timeout");
 
 QString exitStatusHelp()
 {
-    return QStringLiteral("Exit status: 0 done, 1 a device or an operation failed, 2 the command "
-                          "line is wrong and nothing was sent for it.");
+    return QStringLiteral("Exit status: 0 done, 1 a device, an operation or the output failed, 2 "
+                          "the command line is wrong and nothing was sent for it.");
 }
 
 void addCommonOptions(QCommandLineParser &parser)
@@ -22,8 +23,12 @@ void addCommonOptions(QCommandLineParser &parser)
     parser.addVersionOption();
     parser.addOptions({
         {verboseOption, QStringLiteral("Show the log on standard error.")},
-        {jsonOption, QStringLiteral("Show JSON in place of tables.")},
+        {jsonOption, QStringLiteral("Print JSON instead of tables.")},
         {timeoutOption, QStringLiteral("Wait MS milliseconds for a device to be ready (5000)."),
+         QStringLiteral("MS")},
+        {requestTimeoutOption,
+         QStringLiteral("Wait at most MS milliseconds for each answer (as long as the library "
+                        "waits, up to 200 s)."),
          QStringLiteral("MS")},
     });
 }
@@ -31,10 +36,10 @@ void addCommonOptions(QCommandLineParser &parser)
 void describeAll(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
-        QStringLiteral("Commands a device from a terminal.\n\nCommands:\n") + commandHelp()
-        + QStringLiteral("\n\"tavoroctl COMMAND --help\" tells the options of a command.\n")
+        QStringLiteral("Controls a device from a terminal.\n\nCommands:\n") + commandHelp()
+        + QStringLiteral("\n\"tavoroctl COMMAND --help\" lists the options of a command.\n")
         + exitStatusHelp());
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("What to do."),
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("The command."),
                                  QStringLiteral("COMMAND [WORD ...]"));
 }
 
@@ -55,25 +60,31 @@ void refuse(CommandLine &line, const QString &fault)
     line.text = fault;
 }
 
+void readMilliseconds(const QCommandLineParser &parser, const QString &option, CommandLine &line,
+                      int &milliseconds)
+{
+    if (!parser.isSet(option))
+        return;
+    const QString value = parser.value(option);
+    bool ok = false;
+    milliseconds = value.toInt(&ok);
+    if (!ok || milliseconds <= 0)
+        refuse(line, QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
+}
+
 void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
 {
     line.isVerbose |= parser.isSet(verboseOption);
     line.asJson |= parser.isSet(jsonOption);
-    if (parser.isSet(timeoutOption)) {
-        const QString value = parser.value(timeoutOption);
-        bool ok = false;
-        line.timeout = value.toInt(&ok);
-        if (!ok || line.timeout <= 0)
-            refuse(line,
-                   QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
-    }
+    readMilliseconds(parser, timeoutOption, line, line.limits.ready);
+    readMilliseconds(parser, requestTimeoutOption, line, line.limits.request);
     if (parser.isSet(QStringLiteral("help")))
         line.text = parser.helpText();
     if (parser.isSet(QStringLiteral("version")))
         line.text = QStringLiteral("tavoroctl " TAVORO_VERSION);
 }
 
-/// Reads the options that \a parser knows and returns the words that are none.
+/// Reads the options that \a parser knows and returns the other words.
 QStringList parseWith(QCommandLineParser &parser, const QStringList &words, CommandLine &line)
 {
     addCommonOptions(parser);
@@ -84,8 +95,8 @@ QStringList parseWith(QCommandLineParser &parser, const QStringList &words, Comm
     return parser.positionalArguments();
 }
 
-/// What stands behind the name of the command. Behind the host of a call everything belongs to the
-/// call, since -1 is a filter there.
+/// Parses the words after the name of the command. Everything after the host of a call belongs to
+/// the call, since -1 is a filter there.
 void parseArguments(const QString &program, const QStringList &words, CommandLine &line)
 {
     const CommandRow &command = *line.command;

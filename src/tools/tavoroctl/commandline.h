@@ -7,15 +7,15 @@
 
 namespace Tavoro::Ctl {
 
-/// What the command line asks for.
+/// The parsed command line.
 struct CommandLine {
     const CommandRow *command = nullptr; ///< Null when \c text is to be printed instead.
     Arguments arguments;
     bool isVerbose = false;
     bool asJson = false;
-    int timeout = 5000; ///< Milliseconds.
-    QString text; ///< Help, the version, or what is wrong.
-    bool isValid = true; ///< False when \c text tells what is wrong.
+    Session::Limits limits;
+    QString text; ///< Help, the version, or the fault of the command line.
+    bool isValid = true; ///< False when \c text is a fault.
 };
 
 CommandLine parseCommandLine(const QStringList &arguments);

@@ -15,7 +15,7 @@ int main(int argc, char *argv[])
 
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
     setLogShown(line.isVerbose);
-    Tool tool{Console(!line.isVerbose), Session(line.timeout), line.asJson, line.timeout};
+    Tool tool{Console(!line.isVerbose), Session(line.limits), line.asJson, line.limits.ready};
     if (!line.isValid)
         return refuse(tool, line.text);
     if (line.text.isEmpty())

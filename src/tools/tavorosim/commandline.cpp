@@ -14,7 +14,7 @@ namespace Tavoro::Sim {
 
 namespace {
 
-/// Puts a value where it belongs; false when it is none, at best with the reason.
+/// Sets an option. False when the value is not valid; \a reason may then say what is.
 using Setter = bool (*)(SimOptions &options, const QString &value, QString &reason);
 
 struct OptionRow {
@@ -25,31 +25,36 @@ struct OptionRow {
 };
 
 template <auto Member, qint64 Least, qint64 Most>
-bool setNumber(SimOptions &options, const QString &value, QString & /*reason*/)
+bool setNumber(SimOptions &options, const QString &value, QString &reason)
 {
     const std::optional<qint64> number = toNumber(value);
-    if (!number || *number < Least || *number > Most)
+    if (!number || *number < Least || *number > Most) {
+        reason = QStringLiteral("expected a number from %1 to %2").arg(Least).arg(Most);
         return false;
+    }
     using Number = std::decay_t<decltype(options.*Member)>;
     options.*Member = static_cast<Number>(*number);
     return true;
 }
 
 template <auto Member>
-bool setDigits(SimOptions &options, const QString &value, QString & /*reason*/)
+bool setDigits(SimOptions &options, const QString &value, QString &reason)
 {
     auto &bytes = options.*Member;
     const QByteArray digits = QString(value).remove(QLatin1Char(':')).toLatin1();
     const QByteArray read = QByteArray::fromHex(digits);
     if (static_cast<std::size_t>(read.size()) != bytes.size()
-        || static_cast<std::size_t>(digits.size()) != 2 * bytes.size())
+        || static_cast<std::size_t>(digits.size()) != 2 * bytes.size()) {
+        reason = QStringLiteral("expected %1 hexadecimal digits").arg(2 * bytes.size());
         return false;
+    }
     std::copy(read.begin(), read.end(), bytes.begin());
     return true;
 }
 
-bool setAddress(SimOptions &options, const QString &value, QString & /*reason*/)
+bool setAddress(SimOptions &options, const QString &value, QString &reason)
 {
+    reason = QStringLiteral("expected an IP address");
     return options.address.setAddress(value);
 }
 
@@ -77,19 +82,19 @@ bool addFault(SimOptions &options, const QString &value, QString &reason)
 constexpr OptionRow optionRows[] = {
 //   option               value      help                                                              setter
     {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                 setAddress},
-    {"port",              "PORT",    "Listen on PORT (6630), 0 for any free one.",                     setNumber<&SimOptions::port, 0, 65535>},
-    {"control-port",      "PORT",    "Take console commands on PORT of this machine, 0 for any.",      setNumber<&SimOptions::controlPort, 0, 65535>},
-    {"discovery",         "PORT",    "Answer those who look for devices on this UDP port, 0 for any.", setNumber<&SimOptions::discoveryPort, 0, 65535>},
-    {"name",              "NAME",    "Be called NAME.",                                                setName},
-    {"sn",                "DIGITS",  "Have this serial number, 16 hexadecimal digits.",                setDigits<&SimOptions::sn>},
-    {"mac",               "DIGITS",  "Have this MAC, 12 hexadecimal digits.",                          setDigits<&SimOptions::mac>},
-    {"model",             "NUMBER",  "Be of this model (0x7701).",                                     setNumber<&SimOptions::modelId, 0, 65535>},
-    {"packet-size",       "BYTES",   "Longest body of a packet, both ways (65536).",                   setNumber<&SimOptions::packetSize, 1, 64 << 20>},
-    {"latency",           "MS",      "Hold each answer back for MS milliseconds (0).",                 setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
-    {"clock-speed",       "PERCENT", "Speed of the device's clock (100), 0: only \"pass\" moves it.",      setNumber<&SimOptions::clockSpeed, 0, 100000>},
-    {"files",             "DIR",     "Keep the files in the folder DIR, not in memory only.",           setFilesFolder},
-    {"fault",             "RULE",    "Go wrong by RULE, see below; may be given several times.",        addFault},
-    {"seed",              "NUMBER",  "Makes what faults leave to chance (1).",                          setNumber<&SimOptions::seed, 0, 4294967295>},
+    {"port",              "PORT",    "Listen on PORT (6630); 0: any free port.",                     setNumber<&SimOptions::port, 0, 65535>},
+    {"control-port",      "PORT",    "Console port, for this machine only; 0: any free port.",      setNumber<&SimOptions::controlPort, 0, 65535>},
+    {"discovery",         "PORT",    "Answer discovery requests on this UDP port; 0: any free port.", setNumber<&SimOptions::discoveryPort, 0, 65535>},
+    {"name",              "NAME",    "Device name.",                                                setName},
+    {"sn",                "DIGITS",  "Serial number, 16 hexadecimal digits.",                setDigits<&SimOptions::sn>},
+    {"mac",               "DIGITS",  "MAC address, 12 hexadecimal digits.",                          setDigits<&SimOptions::mac>},
+    {"model",             "NUMBER",  "Model ID (0x7701).",                                     setNumber<&SimOptions::modelId, 0, 65535>},
+    {"packet-size",       "BYTES",   "Longest body of a packet in either direction (65536).",                   setNumber<&SimOptions::packetSize, 1, 64 << 20>},
+    {"latency",           "MS",      "Delay each answer by MS milliseconds (0).",                 setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
+    {"clock-speed",       "PERCENT", "Speed of the device's clock (100); 0: only \"pass\" moves it.",      setNumber<&SimOptions::clockSpeed, 0, 100000>},
+    {"files",             "DIR",     "Keep files and the saved setup in the folder DIR.",           setFilesFolder},
+    {"fault",             "RULE",    "Inject a fault (see below); may be given several times.",        addFault},
+    {"seed",              "NUMBER",  "Seed for random faults (1).",                          setNumber<&SimOptions::seed, 0, 4294967295>},
     {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                               setNumber<&SimOptions::inputs, 1, 4096>},
     {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                               setNumber<&SimOptions::outputs, 1, 4096>},
     {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                            setNumber<&SimOptions::screens, 0, 255>},
@@ -102,7 +107,7 @@ constexpr quint16 usualPort = 6630;
 void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(
-        QStringLiteral("A video processor that exists only here, for tests and demonstrations.\n\n"
+        QStringLiteral("A simulated video processor, for tests and demonstrations.\n\n"
                        "Console, one command per line on standard input or on the control port:\n")
         + consoleHelp()
         + QStringLiteral("  help, quit (standard input only)\n\n"
@@ -116,10 +121,11 @@ void describe(QCommandLineParser &parser)
             {QLatin1String(row.name), QLatin1String(row.help), QLatin1String(row.valueName)});
     parser.addOption(
         {QStringLiteral("log"), QStringLiteral("Log each exchange on standard error.")});
-    parser.addOption({QStringLiteral("log-bodies"), QStringLiteral("The same with all bodies.")});
+    parser.addOption(
+        {QStringLiteral("log-bodies"), QStringLiteral("Log each exchange with its bodies.")});
 }
 
-/// What is wrong with the arguments, empty if nothing is.
+/// Why the arguments are not valid; empty if they are.
 QString readOptions(const QCommandLineParser &parser, SimOptions &options)
 {
     for (const OptionRow &row : optionRows) {
@@ -131,7 +137,8 @@ QString readOptions(const QCommandLineParser &parser, SimOptions &options)
                 continue;
             if (!reason.isEmpty())
                 reason.prepend(QLatin1String(": "));
-            return QStringLiteral("\"%1\" is not what --%2 takes%3.").arg(value, name, reason);
+            return QStringLiteral("\"%1\" is not a valid value for --%2%3.")
+                .arg(value, name, reason);
         }
     }
     if (!parser.positionalArguments().isEmpty())

@@ -7,10 +7,10 @@
 
 namespace Tavoro::Sim {
 
-/// What the program's arguments ask for.
+/// The arguments of the program.
 struct CommandLine {
     SimOptions options;
-    /// Not empty: what to print instead of serving, help or version, or what is wrong if not valid.
+    /// If not empty, printed instead of serving: help, version, or why the arguments are not valid.
     QString text;
     bool isValid = true;
 };

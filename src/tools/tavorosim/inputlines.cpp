@@ -11,8 +11,8 @@ InputLines::InputLines(Serve serve)
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier, [this] { read(); });
 }
 
-/// Once for each time that something is there, which never blocks. The input itself stays as it is:
-/// a terminal that did not block would not block the shell behind it either.
+/// Called when bytes are available, so that it never blocks. The input stays in blocking mode,
+/// which a terminal shares with the shell.
 void InputLines::read()
 {
     char bytes[4096];

@@ -8,11 +8,11 @@
 
 namespace Tavoro::Sim {
 
-/// Serves standard input line by line. Never waits for the rest of a line: all the device stands
-/// still meanwhile. The last line needs no end.
+/// Serves standard input line by line. Never blocks on a partial line, which would stop the
+/// device. The last line needs no line break.
 class InputLines {
 public:
-    /// Serves a line; false when there is to be no other one.
+    /// Serves a line; false if it is the last one.
     using Serve = std::function<bool(const QString &line)>;
 
     explicit InputLines(Serve serve);
@@ -22,7 +22,7 @@ private:
     void serveLines();
 
     const Serve m_serve;
-    QByteArray m_rest; ///< What has come of a line.
+    QByteArray m_rest; ///< The partial line.
     QSocketNotifier m_notifier;
 };
 

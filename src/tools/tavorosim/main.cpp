@@ -1,4 +1,4 @@
-// The simulated device as a program: tavorosim --help tells its options.
+// The simulated device as a program: tavorosim --help lists its options.
 
 #include "commandline.h"
 #include "inputlines.h"
@@ -78,7 +78,7 @@ int main(int argc, char *argv[])
     if (line.options.discoveryPort >= 0)
         say(stdout, QStringLiteral("discovery port %1").arg(server.discoveryPort()));
 
-    // At the end of the input the device goes on without a console.
+    // After the end of the input the device continues without a console.
     const InputLines console([&](const QString &input) { return serveConsole(server, input); });
     return QCoreApplication::exec();
 }

@@ -12,8 +12,8 @@ namespace Tavoro::Sim {
 
 class SimServer;
 
-/// A simulated device on a thread of its own, for tests and for programs that bring their device
-/// with them.
+/// A simulated device on a thread of its own, for tests and for programs that contain their
+/// device.
 ///
 /// All members are called on one thread, which need not have an event loop.
 class SimulatedDevice {
@@ -24,8 +24,7 @@ public:
     SimulatedDevice(const SimulatedDevice &) = delete;
     SimulatedDevice &operator=(const SimulatedDevice &) = delete;
 
-    /// Opens the ports and serves from now on. False with a sentence in \a error if a port cannot
-    /// be had.
+    /// Opens the ports and serves from now on. On failure \a error holds a sentence.
     bool start(QString &error);
     /// The ports that were opened.
     quint16 port() const { return m_port; }

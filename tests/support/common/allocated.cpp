@@ -18,7 +18,7 @@ Allocated Allocated::now()
     return {liveBlocks, liveBytes};
 }
 
-// The functions of the C library behind those that are replaced here, for all libraries of the
+// The functions of the C library that the ones below replace, for all libraries of the
 // process. Glibc exports them for this purpose.
 extern "C" {
 void *__libc_malloc(size_t size);

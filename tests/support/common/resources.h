@@ -13,7 +13,7 @@ struct Resources {
         return descriptors <= limit.descriptors && threads <= limit.threads;
     }
 
-    /// For comparisons that tell in words what is too much.
+    /// For comparisons whose failure message names the excess.
     QString text() const
     {
         return QStringLiteral("%1 descriptors, %2 threads").arg(descriptors).arg(threads);

@@ -1,8 +1,9 @@
-// Lets ThreadSanitizer see how Qt 5 synchronises threads.
+// Shows ThreadSanitizer how Qt 5 synchronises threads.
 //
-// Debian's Qt is not instrumented: without this, data that a QMutex guards looks unguarded, and
-// correct programs draw reports. The members below stand before the library's of the same name,
-// call them, and tell the sanitizer what they mean. Compiled into the tests of that build only.
+// Debian's Qt is not instrumented: without this file, data that a QMutex guards looks unguarded,
+// and the sanitizer reports races in correct programs. The members below replace those of the
+// library, call them, and announce their meaning to the sanitizer. Only programs of that build
+// contain them.
 
 #include <QDeadlineTimer>
 #include <QMutex>
@@ -20,7 +21,7 @@ namespace {
 
 /// The library's own function; a member takes its object as the first argument.
 template <class Function>
-Function *behind(const char *symbol)
+Function *original(const char *symbol)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, symbol));
 }
@@ -29,21 +30,21 @@ Function *behind(const char *symbol)
 
 void QMutex::lock() noexcept
 {
-    static auto *const real = behind<void(QMutex *)>("_ZN6QMutex4lockEv");
+    static auto *const real = original<void(QMutex *)>("_ZN6QMutex4lockEv");
     real(this);
     __tsan_acquire(this);
 }
 
 void QMutex::unlock() noexcept
 {
-    static auto *const real = behind<void(QMutex *)>("_ZN6QMutex6unlockEv");
+    static auto *const real = original<void(QMutex *)>("_ZN6QMutex6unlockEv");
     __tsan_release(this);
     real(this);
 }
 
 bool QMutex::tryLock(int timeout) noexcept
 {
-    static auto *const real = behind<bool(QMutex *, int)>("_ZN6QMutex7tryLockEi");
+    static auto *const real = original<bool(QMutex *, int)>("_ZN6QMutex7tryLockEi");
     const bool locked = real(this, timeout);
     if (locked)
         __tsan_acquire(this);
@@ -52,7 +53,7 @@ bool QMutex::tryLock(int timeout) noexcept
 
 bool QWaitCondition::wait(QMutex *mutex, unsigned long time)
 {
-    static auto *const real = behind<bool(QWaitCondition *, QMutex *, unsigned long)>(
+    static auto *const real = original<bool(QWaitCondition *, QMutex *, unsigned long)>(
         "_ZN14QWaitCondition4waitEP6QMutexm");
     __tsan_release(mutex);
     const bool woken = real(this, mutex, time);
@@ -62,7 +63,7 @@ bool QWaitCondition::wait(QMutex *mutex, unsigned long time)
 
 bool QWaitCondition::wait(QMutex *mutex, QDeadlineTimer deadline)
 {
-    static auto *const real = behind<bool(QWaitCondition *, QMutex *, QDeadlineTimer)>(
+    static auto *const real = original<bool(QWaitCondition *, QMutex *, QDeadlineTimer)>(
         "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
     __tsan_release(mutex);
     const bool woken = real(this, mutex, deadline);
@@ -72,8 +73,9 @@ bool QWaitCondition::wait(QMutex *mutex, QDeadlineTimer deadline)
 
 void QThread::start(Priority priority)
 {
-    static auto *const real = behind<void(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
-    // On the thread itself, behind run() and before anybody who waits is woken.
+    static auto *const real =
+        original<void(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
+    // Runs on the thread itself, after run() and before waiting threads are woken.
     connect(
         this, &QThread::finished, this, [this] { __tsan_release(this); }, Qt::DirectConnection);
     real(this, priority);
@@ -82,7 +84,7 @@ void QThread::start(Priority priority)
 bool QThread::wait(QDeadlineTimer deadline)
 {
     static auto *const real =
-        behind<bool(QThread *, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+        original<bool(QThread *, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
     const bool ended = real(this, deadline);
     if (ended)
         __tsan_acquire(this);
@@ -91,7 +93,7 @@ bool QThread::wait(QDeadlineTimer deadline)
 
 bool QThread::isRunning() const
 {
-    static auto *const real = behind<bool(const QThread *)>("_ZNK7QThread9isRunningEv");
+    static auto *const real = original<bool(const QThread *)>("_ZNK7QThread9isRunningEv");
     const bool running = real(this);
     if (!running)
         __tsan_acquire(const_cast<QThread *>(this));

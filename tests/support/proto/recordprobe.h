@@ -24,7 +24,7 @@ QByteArray encoded(const Record &record)
     return QByteArray::fromStdString(text);
 }
 
-/// The record, or list of records, that \a json holds. The test fails when it holds none.
+/// The record, or list of records, in \a json. The test fails if \a json is not valid.
 template <class Record>
 Record decoded(const QByteArray &json)
 {
@@ -35,7 +35,7 @@ Record decoded(const QByteArray &json)
     return record;
 }
 
-/// The codec's words on a \a json that is no record; empty when it is one.
+/// The error text of the codec for \a json; empty if \a json is valid.
 template <class Record>
 QByteArray decodeError(const QByteArray &json)
 {
@@ -46,7 +46,7 @@ QByteArray decodeError(const QByteArray &json)
         : QByteArray::fromStdString(error);
 }
 
-/// What the shared tests do with a record whose type they do not know.
+/// The operations of the shared tests on a record whose type they do not know.
 struct RecordProbe {
     QByteArray (*defaultText)();
     QByteArray (*fieldTypes)(); ///< In wire order: u8, i32, string, record, list and so on.
@@ -74,7 +74,7 @@ const char *typeName(const Record &)             { return "record"; }
 template <class Value>
 bool differs(const Value &value, const Value &other);
 
-/// A list differs when it has elements and no field of theirs is at its default.
+/// A list differs when it has elements and no field of an element has its default.
 template <class Record>
 bool differs(const std::vector<Record> &list, const std::vector<Record> &)
 {

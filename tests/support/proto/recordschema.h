@@ -15,7 +15,7 @@ public:
     bool contains(const QByteArray &record) const;
 
     /// Types of the fields in wire order: u8, i32, string, record, list and so on; "?" for a type
-    /// that none of these is.
+    /// that is none of these.
     QByteArray fieldTypes(const QByteArray &record) const;
 
     /// Which value a text has for each field.

@@ -82,7 +82,7 @@ RecordTest::Expected RecordTest::expected() const
     return m_expected.value(QTest::currentDataTag());
 }
 
-void RecordTest::defaultIsWrittenAsTabled()
+void RecordTest::defaultIsWrittenAsTheTableSays()
 {
     QCOMPARE(probe().defaultText(), expected().defaultText);
 }
@@ -111,7 +111,7 @@ void RecordTest::recordWithNoFieldAtItsDefaultSurvives()
     QCOMPARE(probe().rewritten(text), text);
 }
 
-void RecordTest::listsTravelAsArrays()
+void RecordTest::listsAreWrittenAndReadAsArrays()
 {
     const Expected texts = expected();
     const QByteArray list = '[' + texts.fullText + ',' + texts.defaultText + ']';

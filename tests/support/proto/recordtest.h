@@ -30,8 +30,8 @@ protected:
 private Q_SLOTS:
     void initTestCase();
     void everyRecordOfTheDomainIsTested();
-    void defaultIsWrittenAsTabled_data() { addRows(); }
-    void defaultIsWrittenAsTabled();
+    void defaultIsWrittenAsTheTableSays_data() { addRows(); }
+    void defaultIsWrittenAsTheTableSays();
     void defaultIsReadBack_data() { addRows(); }
     void defaultIsReadBack();
     void missingKeysKeepTheirDefaultsAndUnknownOnesAreSkipped_data() { addRows(); }
@@ -40,8 +40,8 @@ private Q_SLOTS:
     void fieldsHaveTheTypesOfTheTable();
     void recordWithNoFieldAtItsDefaultSurvives_data() { addRows(); }
     void recordWithNoFieldAtItsDefaultSurvives();
-    void listsTravelAsArrays_data() { addRows(); }
-    void listsTravelAsArrays();
+    void listsAreWrittenAndReadAsArrays_data() { addRows(); }
+    void listsAreWrittenAndReadAsArrays();
     void schemaHasTheFieldsInOrderWithTheirTypesAndDefaults_data() { addRows(); }
     void schemaHasTheFieldsInOrderWithTheirTypesAndDefaults();
     void schemaBoundsAreThoseOfTheCodec_data() { addRows(); }

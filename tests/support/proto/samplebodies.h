@@ -2,8 +2,8 @@
 
 #include <tavorocontrol/proto/signalbodies.h>
 
-/// Bodies that several commands carry: each with no field at its default, and beside it the text
-/// that it travels as, worked out by hand.
+/// Records that several commands contain. No field has its default; the text after each record was
+/// written by hand.
 namespace Sample {
 
 using namespace Tavoro::ProtoModel;
@@ -13,7 +13,7 @@ inline const s_TestPatternBody testPattern{1, 2, 3, 5, 6, 7, 8};
 inline constexpr char testPatternText[] =
     R"({"enable":1,"type":2,"bright":3,"grid":5,"speed":6,"gridLineWidth":7,"gridType":8})";
 
-// In memory R, G, B, all; on the wire all comes first.
+// In memory R, G, B, all; when written, all comes first.
 inline const s_ImageQualityBody imageQuality{{11, 12, 13, 10}, {21, 22, 23, 20}, -30, 31, 180};
 inline constexpr char imageQualityText[] =
     R"({"contrast":{"all":10,"R":11,"G":12,"B":13},"brightness":{"all":20,"R":21,"G":22,"B":23},)"
@@ -35,7 +35,7 @@ inline constexpr char hdrText[] =
     R"("HDR10":{"toneMapping":1,"screenPeakBrightness":700,"ambientLight":32,"pqMaxCll":600},)"
     R"("HLG":{"ambientLight":8,"grade":9}}}})";
 
-// The rectangle in pixels never travels.
+// The rectangle in pixels is not written.
 inline const s_CropBody crop{4, 1, 2, 50000, 60000, 700, 800, {1, 2, 3, 5}};
 inline constexpr char cropText[] =
     R"({"id":4,"type":1,"enable":2,"widthRatio":50000,"heightRatio":60000,"xRatio":700,"yRatio":800})";

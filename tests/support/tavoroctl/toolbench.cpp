@@ -113,7 +113,7 @@ bool RunningTool::waitFor(const QByteArray &text, const QByteArray &seen)
 {
     const QDeadlineTimer deadline(patience);
     for (collect(); !seen.contains(text); collect()) {
-        // Each wait looks at one of the two channels only.
+        // Each wait watches only one of the two channels.
         const bool isAlive = m_process.state() == QProcess::Running && !deadline.hasExpired();
         m_process.setReadChannel(&seen == &m_run.errors ? QProcess::StandardError
                                                         : QProcess::StandardOutput);
@@ -175,7 +175,7 @@ QByteArray ToolBench::host() const
 void ToolBench::console(const QString &line) const
 {
     if (!device->execute(line).ok)
-        qFatal("the console refuses %s", qUtf8Printable(line));
+        qFatal("the console refused %s", qUtf8Printable(line));
 }
 
 QByteArray ToolBench::path(const QByteArray &name) const

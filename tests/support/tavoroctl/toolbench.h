@@ -8,9 +8,9 @@
 
 #include <memory>
 
-/// How a run of the command-line tool ended.
+/// The result of a run of the command-line tool.
 struct ToolRun {
-    int exitCode = -1; ///< -1: it did not end by itself.
+    int exitCode = -1; ///< -1 if the tool did not end by itself.
     QByteArray output;
     QByteArray errors;
 };
@@ -24,35 +24,35 @@ public:
     Terminal &operator=(const Terminal &) = delete;
 
     QString name() const;
-    /// Waits until \a text was drawn; false if it never is.
+    /// Waits until \a text has been drawn. False after a timeout.
     bool waitFor(const QByteArray &text);
-    /// All that was drawn until now.
+    /// Everything that has been drawn.
     QByteArray drawn();
 
 private:
     bool read(int milliseconds);
 
     int m_master = -1;
-    int m_held = -1; ///< Keeps the other side open when no tool does.
+    int m_held = -1; ///< Keeps the other side open while no tool does.
     QByteArray m_drawn;
 };
 
-/// The tool while it runs.
+/// A running tool.
 class RunningTool {
 public:
     /// Standard error goes to the file \a errorFile unless that is empty.
     explicit RunningTool(const QByteArrayList &arguments, const QString &errorFile = {});
     ~RunningTool();
 
-    /// Writes to standard input, which stays open.
+    /// Writes to the standard input of the tool and keeps it open.
     void say(const QByteArray &input);
-    /// Sends the signal of Ctrl-C, or another one.
+    /// Sends SIGINT or another signal.
     void interrupt();
     void interrupt(int signalNumber);
-    /// Waits until \a text was written to standard output or standard error; false if it never is.
+    /// Waits until \a text has been written. False after a timeout.
     bool waitForOutput(const QByteArray &text);
     bool waitForErrors(const QByteArray &text);
-    /// Waits for the end.
+    /// Closes standard input and waits for the end.
     ToolRun finish();
 
 private:
@@ -69,18 +69,18 @@ public:
     explicit ToolBench(const Tavoro::Sim::SimOptions &options = {});
 
     static ToolRun run(const QByteArrayList &arguments, const QByteArray &input = {});
-    /// Runs \a command, which may be two words, on the device.
+    /// Runs \a command, one or two words, with the device as HOST.
     ToolRun run(const QByteArray &command, const QByteArrayList &words) const;
     QByteArrayList line(const QByteArray &command, const QByteArrayList &words = {}) const;
     QByteArray host() const;
     void console(const QString &line) const;
 
     QByteArray path(const QByteArray &name) const;
-    /// Makes a file in the folder and returns its path.
+    /// Creates a file in the folder and returns its path.
     QByteArray makeFile(const QByteArray &name, const QByteArray &content) const;
-    /// The content of a file in the folder; null if it is not there.
+    /// The content of a file in the folder; null if it is missing.
     QByteArray content(const QByteArray &name) const;
-    /// What is in the folder, hidden files included.
+    /// The names of the files in the folder, hidden ones included.
     QByteArrayList fileNames() const;
     void removeFile(const QByteArray &name) const;
 

@@ -2,7 +2,7 @@
 
 #include "toolbench.h"
 
-/// A base of tests that run the tool on the device of their bench.
+/// Base class of tests that run the tool with a simulated device.
 class ToolCalls {
 protected:
     using Run = ToolRun;

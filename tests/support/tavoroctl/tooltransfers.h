@@ -13,10 +13,10 @@ inline QByteArray bytes(int length)
     return content;
 }
 
-/// A base of tests that move files between the tool and the device of their bench.
+/// Base class of tests that transfer files between the tool and a simulated device.
 class ToolTransfers {
 protected:
-    /// A device whose file "image 0:1" takes seconds to be fetched.
+    /// Sets up a device whose file "image" (type 0, ID 1) takes seconds to fetch.
     void useSlowDevice()
     {
         Tavoro::Sim::SimOptions options;

@@ -24,7 +24,7 @@ struct Shown {
     quint64 timeouts = 0; ///< Requests that ended by their time.
 };
 
-/// A simulated device that goes wrong when it is told to, in the model and in an open store, and
+/// A simulated device with faults on request, in the model and in an open store, and
 /// the checks of what must hold after every fault:
 ///
 /// - every caller is back within its timeout and half a second,
@@ -32,7 +32,7 @@ struct Shown {
 /// - descriptors and threads are as many as before,
 /// - the model and the stored rows are those of before, or whole new ones.
 ///
-/// The checks are test functions of Qt Test: look at QTest::currentTestFailed() behind them.
+/// The checks are test functions of Qt Test: check QTest::currentTestFailed() after them.
 class FaultBench {
 public:
     /// The device has a file of 1000 bytes. No request takes longer than \a requestTime.
@@ -42,10 +42,10 @@ public:
     void remember();
 
     void addFault(const QString &rule);
-    /// Runs \a operation, which tells its outcome by the result and in the text.
+    /// Runs \a operation, which returns its result and its error text.
     Shown run(const std::function<bool(QString &error)> &operation);
 
-    /// The rule was used, as often as it tells.
+    /// The rule was used as often as it says.
     void checkFaultStruck();
     /// The caller waited no longer than it may.
     void checkTime(const Shown &shown) const;
@@ -54,7 +54,7 @@ public:
     /// The next exchange succeeds.
     void checkNextExchange();
     void checkResources() const;
-    /// Model and store hold what they held when the bench was told to remember it.
+    /// Model and store hold what they held when the bench remembered it.
     void checkModelIsUnchanged() const;
     /// Of the rows that model and store held then those of a kind.
     QStringList rowsBefore(int kind) const;

@@ -23,7 +23,7 @@ struct FaultRow {
 // - a status, or "offline"; with @ when another packet than the one with the fault meets it
 // - json: the answer is no record
 //
-// "|" parts what depends on whether the end of the connection is noticed before or behind the next
+// "|" separates what depends on whether the connection is found closed before or after the next
 // packet. Behind a blank stands whether the device has done a write, in spite of everything, and
 // how many screens a synchronisation has read before the fault.
 // clang-format off

@@ -16,7 +16,7 @@ inline Tavoro::Sim::FaultRule faultRule(const char *text)
     return *rule;
 }
 
-/// All faults, as the help tells them and in its order.
+/// All faults, in the order of the help.
 inline QStringList faultNames()
 {
     static const QRegularExpression name(QStringLiteral("^  ([a-z-]+)"),

@@ -13,8 +13,7 @@ struct Operation {
     const char *rule; ///< Which of its exchanges goes wrong, as the end of a rule.
     const char *failed; ///< The sentence on the status bar, "%1" is the reason.
     const char *error; ///< What the caller gets of it.
-    const char
-        *logged; ///< What the warning has behind "TavoroCmd" and the device, "%1" is the sentence.
+    const char *logged; ///< The warning after "TavoroCmd" and the device, "%1" is the sentence.
     const char *logsBesides; ///< A second warning, "%1" is the sentence.
     const char *packet; ///< Count of the packet that goes wrong, if it is a further one.
     const char *succeeded; ///< On the status bar.

@@ -17,13 +17,13 @@ class QTcpSocket;
 ///
 /// A request is answered with what the first recorded request of the same type, code, filters,
 /// packet and body that was not played yet got, under its own tag and stream; a clock may be set to
-/// any time. What the device sent of its own accord comes in front of or behind the answers that it
+/// any time. Its unsolicited frames come before or after the answers that it
 /// stood between, and what came wrong comes wrong again. What stands nowhere in the capture is left
-/// without an answer and counted. Who connects more often than the recorded client is told the
+/// without an answer and counted. A client that connects more often than the recorded one gets the
 /// identity again.
 ///
 /// A connection that was lost over requests ends when these were made, any other one that was lost
-/// when the last request in front of that was made; what came of the next frame is sent first.
+/// when the last request before that was made; received bytes of the next frame are sent first.
 /// Pings are not answered, and the times of the capture are not looked at. One client at a time.
 class RecordedDevice {
 public:
@@ -54,7 +54,7 @@ private:
     struct End {
         int due = 0; ///< Exchanges that were not played yet.
         std::vector<std::string> rest; ///< What is sent then.
-        bool isLoss = false; ///< The connection ends, behind that.
+        bool isLoss = false; ///< The connection ends after that.
     };
 
     /// The tag that a recorded one stands for this time.

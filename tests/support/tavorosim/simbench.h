@@ -21,7 +21,7 @@ struct SimBench {
         if (!device->start(error))
             qFatal("%s", qUtf8Printable(error));
         if (!client->connectTo(device->port()) || client->identity().empty())
-            qFatal("the device does not tell its identity");
+            qFatal("the device does not identify itself");
     }
     void switchOff()
     {

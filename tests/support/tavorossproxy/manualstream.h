@@ -17,6 +17,8 @@ public:
     void fail(const QString &reason);
     /// Takes all bytes that the channel has written and writes (true), or leaves them unsent.
     void setReading(bool isReading);
+    /// Returns the number of bytes that the channel has written and that were not taken.
+    int unsentBytes() const { return int(m_unsent.size()); }
     /// Takes \a count of the unsent bytes.
     void takePart(int count);
 

@@ -7,10 +7,10 @@
 
 namespace Tavoro::BizModel {
 
-/// How long one command may take.
+/// How long the control library waits for the answer to one command.
 struct s_CommandTimeout {
-    quint16 BC = 0;
-    quint16 FC = 0;
+    quint16 BC = 0; ///< Base code of the command.
+    quint16 FC = 0; ///< Function code of the command.
     quint32 timeout = 0; ///< Milliseconds.
 };
 

@@ -2,32 +2,32 @@
 
 #include <QtGlobal>
 
-/// Codes that the model shares with the device and with the application's windows. Plain
-/// enumerations: they convert to the integers that travel.
+/// Codes that the model shares with the device and with the application's windows. These are plain
+/// enumerations, which convert to the integers on the wire.
 namespace Tavoro::BizModel::Enum {
 
 /// Kind of a message in the status bar.
 enum StatusBarMsgType : int {
-    StatusBarSuccess = 0,
-    StatusBarInformation = 1,
-    StatusBarFailure = 2,
+    StatusBarSuccess = 0, ///< A request succeeded.
+    StatusBarInformation = 1, ///< Not used by the control library.
+    StatusBarFailure = 2, ///< A request failed, or the device is offline.
 };
 
 /// Kind of a modal message box.
 enum FramelessMessageBoxMsgType : int {
-    MessageBoxInformation = 0,
-    MessageBoxWarning = 1,
+    MessageBoxInformation = 0, ///< Not used by the control library.
+    MessageBoxWarning = 1, ///< The device asks for a synchronisation.
 };
 
 namespace File {
 
 /// Type of a file on the device. Types without a name here pass through unchanged.
 enum FileType : qint32 {
-    AllTypes = -1,
-    Background = 0,
-    Logo = 2,
-    ScreenPreset = 6,
-    DevicePreset = 8,
+    AllTypes = -1, ///< In requests only: files of every type.
+    Background = 0, ///< A background.
+    Logo = 2, ///< A logo.
+    ScreenPreset = 6, ///< A preset of one screen.
+    DevicePreset = 8, ///< A preset of the whole device.
 };
 
 } // namespace File
@@ -36,39 +36,39 @@ namespace Device {
 
 /// What applying a preset does to the programme.
 enum LoadToPGMStatus : quint8 {
-    LoadToPreview = 0,
-    LoadToProgramme = 1,
+    LoadToPreview = 0, ///< The preset is loaded into the preview.
+    LoadToProgramme = 1, ///< The preset is loaded into the programme.
 };
 
-/// What of a device changed.
+/// The part of a device that changed.
 enum DataPart : int {
     Identity = 0, ///< Address, name, model or serial number.
-    OnlineFlag = 1,
-    SyncSuccess = 2,
-    Detail = 3, ///< All that is known of the device as a whole.
-    Subcards = 4,
-    Powers = 5,
-    GenlockSignal = 6,
-    Groups = 7,
-    InterfaceRelations = 8,
-    ScreenGenlocks = 9,
-    Process = 10,
-    CutoutRGB = 11,
-    Interfaces = 12, ///< Objects came or went, as in the three below.
-    Screens = 13,
-    Layers = 14,
-    Files = 15,
-    ActiveScreens = 16,
+    OnlineFlag = 1, ///< Whether the device has a channel.
+    SyncSuccess = 2, ///< Outcome of the last read of the whole device.
+    Detail = 3, ///< Everything that is known of the device as a whole.
+    Subcards = 4, ///< Plug-in cards.
+    Powers = 5, ///< Power supplies.
+    GenlockSignal = 6, ///< The external genlock signal.
+    Groups = 7, ///< Groups of devices.
+    InterfaceRelations = 8, ///< Backup relations between interfaces.
+    ScreenGenlocks = 9, ///< Genlocks of the screens.
+    Process = 10, ///< Progress of the device as a whole.
+    CutoutRGB = 11, ///< The cutout colour.
+    Interfaces = 12, ///< The interface objects were replaced.
+    Screens = 13, ///< The screen objects were replaced.
+    Layers = 14, ///< The layer objects were replaced.
+    Files = 15, ///< The file objects were replaced.
+    ActiveScreens = 16, ///< The active screen or the active multiviewer.
 };
 
 } // namespace Device
 
 namespace Layer {
 
-/// Kind of what a layer shows. Kinds without a name here pass through unchanged.
+/// Kind of the source of a layer. Kinds without a name here pass through unchanged.
 enum SourceType : qint32 {
-    NoSource = 0,
-    InterfaceSource = 1, ///< The number packs the identity: slot << 16 | connector << 8 | split.
+    NoSource = 0, ///< The layer shows nothing.
+    InterfaceSource = 1, ///< The source ID is slot << 16 | connector << 8 | split connector.
 };
 
 } // namespace Layer
@@ -77,11 +77,11 @@ namespace Screen {
 
 /// Kind of a screen. Kind \e t is bit <tt>1 << t</tt> of the mask of \c Device::screens().
 enum ScreenType : int {
-    UnknownScreen = 0,
-    OrdinaryScreen = 1,
-    MosaicScreen = 2,
-    MultiviewerScreen = 3,
-    AuxiliaryScreen = 4,
+    UnknownScreen = 0, ///< Not a kind of screen.
+    OrdinaryScreen = 1, ///< An ordinary screen.
+    MosaicScreen = 2, ///< A mosaic; may become the active screen, like an ordinary one.
+    MultiviewerScreen = 3, ///< A multiviewer, see MVRScreen.
+    AuxiliaryScreen = 4, ///< An auxiliary output.
 };
 
 } // namespace Screen

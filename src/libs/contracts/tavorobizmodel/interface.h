@@ -14,33 +14,45 @@ class Device;
 class InterfacePrivate;
 class Layer;
 class Screen;
+class UserSettings;
 
-/// One connector of a device, input or output. Made by its device. All members may be called from
-/// any thread.
+/// One connector of a device, input or output. Created by its device. All members may be called
+/// from any thread; none of them sends anything to the device.
 class TAVOROBIZMODEL_EXPORT Interface : public QObject {
     Q_OBJECT
 
 public:
+    /// For Device, which creates its interfaces.
     Interface(const ProtoModel::Interface::s_InterfaceDetail &detail, std::weak_ptr<Device> device);
     ~Interface() override;
 
+    /// Stores name and kind. Emits interfaceChanged(), as every setter does.
     void setGeneral(const ProtoModel::Interface::s_InterfaceGeneralBody &general);
-    /// Stores the timing that the device measured.
+    /// Stores the timing that the device measures. Works out the pixels of the interface's own crop
+    /// again; those of the layers follow with updateLayerInputCrop().
     void setActualTiming(ProtoModel::s_TimingDetailBody timing);
+    /// Stores the colour depths, measured and asked for.
     void setColorDepth(ProtoModel::s_ColorDepthBody depth);
+    /// Stores the colour spaces, measured and asked for.
     void setColorSpace(ProtoModel::s_ColorSpaceBody space);
+    /// Stores the colour ranges, measured and asked for.
     void setColorRange(ProtoModel::s_ColorRangeBody range);
+    /// Stores colour gamut and dynamic range.
     void setHDR(ProtoModel::s_HDRBody hdr);
-    /// After a change of timing: works out anew which pixels the layers that show this interface
-    /// crop from it, the \c rect of each of their crops. Without a signal they keep the last ones.
+    /// Works out again which pixels the layers that show this interface crop from it, the \c rect
+    /// of each of their crops; call it after a change of timing. Without a signal they keep the
+    /// last pixels. Emits Layer::layerChanged() for each layer whose pixels changed, and then
+    /// layerInputCropOutdated().
     void updateLayerInputCrop();
 
     /// \name For applications
-    /// What the control library itself does not call.
+    /// The control library itself does not call these.
     /// @{
+    /// Slot, connector and split connector; never changes.
     ProtoModel::s_InterfaceID interfaceId() const;
-    /// What is known of the interface.
+    /// A copy of everything that is known of the interface.
     ProtoModel::Interface::s_InterfaceDetail detail() const;
+    /// Expired when the device is gone.
     std::weak_ptr<Device> device() const;
     /// The screen that has this output in its mosaic, or an empty pointer.
     std::weak_ptr<Screen> screen() const;
@@ -51,14 +63,20 @@ public:
 Q_SIGNALS:
     /// \name For applications
     /// @{
-    /// Something of the interface changed. Emitted on the thread that changed it.
+    /// The record of the interface changed. Emitted on the thread that changed it.
     void interfaceChanged();
-    /// The timing changed, so that crops shown in pixels may be out of date. Those of the layers
-    /// have followed when this is emitted.
+    /// The timing changed, so that crops shown in pixels may be out of date. The crops of the
+    /// layers are up to date when this is emitted, on the thread that called
+    /// updateLayerInputCrop().
     void layerInputCropOutdated();
     /// @}
 
 private:
+    friend class DeviceBuilder;
+    friend class DevicePrivate;
+    /// Gives the crop the pixels that were kept, unless there is a signal.
+    void restoreCrop(const UserSettings &settings);
+
     const std::unique_ptr<InterfacePrivate> d;
 };
 

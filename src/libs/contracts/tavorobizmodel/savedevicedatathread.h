@@ -11,8 +11,8 @@ namespace Tavoro::BizModel {
 class Device;
 class SaveDeviceDataThreadPrivate;
 
-/// Saves devices of the model on a thread of its own, while a store of devices is open. Outside
-/// that time its members do nothing. DeviceList tells how saves end.
+/// Saves devices of the model on a thread of its own, while a store of devices is open. Without an
+/// open store nothing is saved. DeviceList reports how saves end.
 ///
 /// All members may be called from any thread.
 class TAVOROBIZMODEL_EXPORT SaveDeviceDataThread : public QObject {
@@ -25,7 +25,9 @@ public:
     /// one; without a pause that does nothing. Jobs asked for meanwhile are kept and done
     /// afterwards.
     void setTemporaryStop(bool stop);
-    /// Blocks until a save that runs now has ended. Jobs that wait are not waited for.
+    /// Blocks until a running save has ended; a large device takes some seconds on a slow disk.
+    /// Does not wait for queued jobs. Returns at once when called from a slot of the saver's own
+    /// signals.
     void waitForSavingDataFinished();
     /// Asks for a save of this device's data and returns at once. The last request for a device
     /// wins: it replaces an earlier one that has not begun, also one to forget the device. Does

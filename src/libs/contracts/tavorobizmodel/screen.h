@@ -16,34 +16,42 @@ class Interface;
 class Layer;
 class ScreenPrivate;
 
-/// One screen of a device. Made by its device. All members may be called from any thread.
+/// One screen of a device. Created by its device. All members may be called from any thread; none
+/// of them sends anything to the device.
 class TAVOROBIZMODEL_EXPORT Screen : public QObject {
     Q_OBJECT
 
 public:
+    /// For Device, which creates its screens.
     Screen(const ProtoModel::Screen::s_ScreenFullDetail &detail, std::weak_ptr<Device> device);
     ~Screen() override;
 
+    /// Number of the screen among those of its type; never changes.
     unsigned char screenId() const;
+    /// Kind of the screen; never changes.
     Enum::Screen::ScreenType screenType() const;
+    /// Stores the ZeLK switch and its status. Emits screenChanged().
     void setScreenZelk(const ProtoModel::Screen::s_ScreenZeLK &zelk);
 
     /// \name For applications
-    /// What the control library itself does not call.
+    /// The control library itself does not call these.
     /// @{
-    /// What is known of the screen.
+    /// A copy of everything that is known of the screen.
     ProtoModel::Screen::s_ScreenFullDetail detail() const;
+    /// Expired when the device is gone.
     std::weak_ptr<Device> device() const;
     /// The layers of all its scenes, in the device's order.
     QList<std::weak_ptr<Layer>> layers() const;
     /// The interfaces of its mosaic that the device has.
     QList<std::weak_ptr<Interface>> outputs() const;
-    /// As last reported; 0 before the first report.
+    /// Status of the genlock as last reported, a code of the device; 0 before the first report and
+    /// for a screen that is missing from the last one.
     int genlockStatus() const;
     /// @}
 
 Q_SIGNALS:
-    /// For applications: something of the screen changed. Emitted on the thread that changed it.
+    /// For applications: the record, the layout or the genlock status of the screen changed.
+    /// Emitted on the thread that changed it.
     void screenChanged();
 
 protected:

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <tavorossproxy/export.h>
+
+#include <QObject>
 #include <QtGlobal>
 
 namespace Tavoro::SSProxy {
+
+Q_NAMESPACE_EXPORT(TAVOROSSPROXY_EXPORT) // for the names of the commands
 
 /// The codes of the device's commands: base code in the high byte, function code in the low byte.
 ///
@@ -113,6 +118,7 @@ enum class Command : quint16 {
     AuxiliaryDeviceTime         = 0xFC0C,
     AuxiliaryLoadProgress       = 0xFC0D,
 };
+Q_ENUM_NS(Command)
 // clang-format on
 
 /// The base code of \a command.

@@ -8,6 +8,13 @@
 #include <string>
 #include <vector>
 
+/// The fields of an identity, in the order in which they are sent. \c DeviceBaseInfo has them with
+/// bytes, \c s_DeviceIdentity with text.
+#define TAVORO_IDENTITY_FIELDS(Declare)                                                   \
+    Declare(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort, \
+            slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,  \
+            configTime, controlState, ip, hostName, extension)
+
 namespace Tavoro::ProtoModel {
 
 /// Identity of a device, as it reported it when the channel connected.
@@ -40,9 +47,7 @@ struct DeviceBaseInfo {
     std::string hostName; ///< Host name of the device.
     /// Further data, as the device reports it; passed to the model unchanged.
     quint32 extension = 0;
-    TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
-                  slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
-                  configTime, controlState, ip, hostName, extension)
+    TAVORO_IDENTITY_FIELDS(TAVORO_FIELDS)
 };
 
 } // namespace Tavoro::ProtoModel

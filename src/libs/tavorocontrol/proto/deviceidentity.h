@@ -8,17 +8,15 @@
 
 namespace Tavoro::ProtoModel {
 
-/// The identity of a device as it travels: the fields of \c DeviceBaseInfo, with its bytes as
+/// The identity of a device as it is sent: the fields of \c DeviceBaseInfo, with the bytes as
 /// hexadecimal digits.
 struct s_DeviceIdentity : DeviceBaseInfo {
-    std::string sn; ///< 16 digits; travels instead of the bytes of the same name.
-    std::string mac; ///< 12 digits; travels instead of the bytes of the same name.
-    TAVORO_FIELDS(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort,
-                  slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,
-                  configTime, controlState, ip, hostName, extension)
+    std::string sn; ///< 16 hexadecimal digits, instead of the bytes.
+    std::string mac; ///< 12 hexadecimal digits, instead of the bytes.
+    TAVORO_IDENTITY_FIELDS(TAVORO_FIELDS)
 };
 
-/// Returns the identity as JSON, as it travels over TCP and in discovery answers. Any thread.
+/// Returns the identity as JSON, as it is sent over TCP and in discovery answers. Any thread.
 TAVOROPROTO_EXPORT std::string encodeIdentity(const DeviceBaseInfo &info);
 
 /// Reads what encodeIdentity() wrote. Missing keys count as 0 or as empty, unknown ones are

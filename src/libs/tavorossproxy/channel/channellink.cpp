@@ -15,7 +15,7 @@ using Wire::FrameKind;
 
 namespace {
 
-/// Tells a channel from all others that a device may hear of.
+/// Returns a number by which devices distinguish this channel from all others.
 std::string makeClientId()
 {
     const quint64 number = QRandomGenerator::system()->generate64();
@@ -33,7 +33,7 @@ ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
       m_options(options),
       m_events(events),
       m_parser(options.maxBodySize),
-      m_incoming(options.minTransferRate, options.stalledAnswerTimeout),
+      m_keepAlive(options),
       m_pause(options.firstReconnectPause)
 {
     m_connection.client = makeClientId();
@@ -130,7 +130,7 @@ void ChannelLink::send(const QByteArray &frame)
 
 void ChannelLink::write(const QByteArray &frame)
 {
-    m_writtenSinceLastLook += frame.size();
+    m_keepAlive.noteWritten(frame.size());
     m_stream->write(frame);
 }
 
@@ -150,7 +150,8 @@ void ChannelLink::enter(Phase phase, ChannelOptions::Milliseconds due)
     wantTick(m_due);
 }
 
-/// A tick can't be taken back. An earlier one that is on its way asks for the later one itself.
+/// A tick cannot be cancelled. If one is pending for an earlier time, it requests the later one
+/// itself.
 void ChannelLink::wantTick(Clock::TimePoint time)
 {
     if (time >= m_tick)
@@ -161,34 +162,17 @@ void ChannelLink::wantTick(Clock::TimePoint time)
 
 void ChannelLink::keepAlive()
 {
-    const auto now = m_clock.now();
-    if (isTakingBytes(now))
-        m_lastSignOfLife = now;
-    if (now >= m_lastSignOfLife + m_options.keepAliveTimeout)
+    switch (m_keepAlive.check(m_clock.now(), m_stream->unsentBytes())) {
+    case KeepAlive::Action::Disconnect:
         return drop(DeviceSilent, tr("it stopped answering"));
-    if (now >= m_lastSignOfLife + m_options.keepAliveInterval) {
+    case KeepAlive::Action::Ping:
         write(Wire::encodeLinkFrame(FrameKind::Ping));
-        m_due = std::min(now + m_options.keepAliveInterval,
-                         m_lastSignOfLife + m_options.keepAliveTimeout);
-    } else {
-        m_due = m_lastSignOfLife + m_options.keepAliveInterval;
+        break;
+    case KeepAlive::Action::None:
+        break;
     }
-    m_lastLook = now;
-    m_unsentAtLastLook = m_stream->unsentBytes();
-    m_writtenSinceLastLook = 0;
+    m_due = m_keepAlive.nextCheck();
     wantTick(m_due);
-}
-
-/// While a long frame leaves, pings wait after it and the device has nothing to answer: that it
-/// takes the frame, at the minimum rate, is a sign of life too.
-bool ChannelLink::isTakingBytes(Clock::TimePoint now) const
-{
-    if (m_unsentAtLastLook == 0)
-        return false;
-    const qint64 unsent = m_stream->unsentBytes();
-    const qint64 taken = m_unsentAtLastLook + m_writtenSinceLastLook - unsent;
-    const std::chrono::duration<double> elapsed = now - m_lastLook;
-    return unsent == 0 || double(taken) >= m_options.minTransferRate * elapsed.count();
 }
 
 void ChannelLink::streamOpened(const std::string &peerAddress)
@@ -197,9 +181,7 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
     enter(Phase::Identifying, m_options.identityTimeout);
     m_events.linkIdentifying(notIdentifiedReason());
     ++m_connection.number;
-    m_lastLook = m_clock.now();
-    m_unsentAtLastLook = 0;
-    m_writtenSinceLastLook = 0;
+    m_keepAlive.begin(m_clock.now());
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
     write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
@@ -217,19 +199,9 @@ void ChannelLink::streamReceived(std::string_view bytes)
     }
     if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
         m_events.linkReceiving(*head);
-    noteProgress(isSameFrame, count);
-}
-
-/// Complete frames are signs of life; single bytes of one are not.
-void ChannelLink::noteProgress(bool isSameFrame, qint64 bytes)
-{
-    const auto now = m_clock.now();
-    if (isSameFrame)
-        m_incoming.add(bytes, now);
-    else
-        m_incoming.begin(now);
-    m_lastSignOfLife = m_incoming.lastProgress();
-    m_events.linkProgressed(m_parser.isWithinFrame() ? m_lastSignOfLife : Clock::TimePoint());
+    m_keepAlive.noteReceived(count, isSameFrame, m_clock.now());
+    m_events.linkProgressed(m_parser.isWithinFrame() ? m_keepAlive.lastFrameProgress()
+                                                     : Clock::TimePoint());
 }
 
 void ChannelLink::streamDrained()
@@ -265,12 +237,12 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
         return;
     case FrameKind::Request:
     case FrameKind::IdentityRequest:
-        event.status = WrongType; // a device has no questions
+        event.status = WrongType; // only clients send these
         return refuse(std::move(event));
     }
 }
 
-/// Who sends pings and reads nothing gets no more pongs than there is room for.
+/// A device that sends pings and does not read gets no more pongs than may wait in the socket.
 void ChannelLink::answerPing(quint8 lables)
 {
     if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
@@ -281,9 +253,9 @@ void ChannelLink::refuse(Wire::FrameEvent &&event)
 {
     const quint16 status = event.status;
     const bool isIdentity = event.head.kind == quint8(FrameKind::IdentityAnswer);
-    const bool isOfNoUse = event.fatal || (m_phase == Phase::Identifying && isIdentity);
+    const bool endsTheConnection = event.fatal || (m_phase == Phase::Identifying && isIdentity);
     m_events.linkReceived(std::move(event));
-    if (isOfNoUse)
+    if (endsTheConnection)
         drop(status, tr("it sent an invalid frame (%1)").arg(status));
 }
 
@@ -309,7 +281,7 @@ void ChannelLink::takeIdentity(const std::string &body)
     if (!m_options.identity.empty() && ProtoModel::identityKey(info) != m_options.identity)
         return drop(Disconnected, tr("another device is there"));
     if (!m_peerAddress.empty())
-        info.ip = m_peerAddress; // devices behind a translated address know only their own
+        info.ip = m_peerAddress; // after address translation the device reports another one
     info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);
     m_readySince = m_clock.now();
     m_hasRequested = false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frameprogress_p.h"
+#include "keepalive_p.h"
 #include <tavorossproxy/io/bytestream_p.h>
 #include <tavorossproxy/io/clock_p.h>
 
@@ -16,8 +16,8 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Keeps one connection to one device: connects, reads the identity, pings, and connects anew after
-/// a loss. Lives on the thread of the channel's loop.
+/// Maintains the connection to a device: connects, reads the identity, pings, and reconnects after
+/// a loss. On the loop's thread.
 ///
 /// \code
 /// Idle --start--> Connecting --opened--> Identifying --identity--> Ready
@@ -25,32 +25,35 @@ namespace Tavoro::SSProxy::Internal {
 ///                   |   +-----failed---------+---------lost----------+--> Pausing
 ///                   +-------------------- pause over, or refresh ------------+
 /// \endcode
-/// stop() leads to Stopped from everywhere, for good.
+/// stop() leads from every state to Stopped, which is final.
 class ChannelLink final : private ByteStream::Events {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::ChannelLink)
 
 public:
     class Events {
     public:
-        /// False when there are too many connections already.
+        /// Returns false if there are too many connections already.
         virtual bool linkMayConnect() = 0;
+        /// An attempt to connect begins.
         virtual void linkConnecting() = 0;
         /// The connection is established. \a reason says why the channel is not ready until
         /// linkReady() or linkLost().
         virtual void linkIdentifying(const QString &reason) = 0;
+        /// The device has identified itself, and requests may be sent.
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
         /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
         /// was arriving, or 0.
         virtual void linkLost(quint16 status, const QString &reason, quint32 brokenOff) = 0;
+        /// The system has taken all written bytes.
         virtual void linkWritable() = 0;
-        /// A frame that is not the link's own business has come, or one that is wrong.
+        /// A response or a report was received, or an invalid frame.
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
-        /// A response has come in part.
+        /// The head of a frame was received, and its body is incomplete.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
         /// Bytes have arrived. \a lastProgress is when the frame that they end in last made
         /// progress; the clock's epoch if they end between two frames.
         virtual void linkProgressed(Clock::TimePoint lastProgress) = 0;
-        /// Asks for tick(time) when \a time has come.
+        /// Requests a call of tick(\a time) at \a time.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
 
     protected:
@@ -60,20 +63,24 @@ public:
     ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock, const ChannelOptions &options,
                 Events &events);
 
+    /// Begins the first attempt to connect.
     void start();
+    /// Closes the connection for good.
     void stop();
-    /// Ends a pause.
+    /// Ends a pause between attempts.
     void refresh();
-    /// The device was seen at \a host. Connects there at once unless there is a connection; true
-    /// when that is another place than before.
+    /// The device was seen at \a host. Connects there at once unless there is a connection. Returns
+    /// true if the address differs from the one before.
     bool moveTo(const QString &host, quint16 port);
+    /// To be called at the time that linkWantsTick() requested.
     void tick(Clock::TimePoint time);
-    /// Gives the connection up; a new one is made.
+    /// Closes the connection, and reconnects after a pause.
     void drop(quint16 status, const QString &reason);
 
-    /// That of the connection, as the device was told.
+    /// Identifies the current connection at the device.
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
+    /// Returns true if the channel is ready and there is room in the socket.
     bool canSend() const;
     /// Sends the frame of a request.
     void send(const QByteArray &frame);
@@ -99,8 +106,6 @@ private:
     void wantTick(Clock::TimePoint time);
     void write(const QByteArray &frame);
     void keepAlive();
-    bool isTakingBytes(Clock::TimePoint now) const;
-    void noteProgress(bool isSameFrame, qint64 bytes);
     void handle(Wire::FrameEvent &&event);
     void answerPing(quint8 lables);
     static QString notIdentifiedReason();
@@ -114,13 +119,9 @@ private:
     Wire::FrameParser m_parser;
     Phase m_phase = Phase::Idle;
     Wire::ConnectionId m_connection;
-    Clock::TimePoint m_due; ///< When the phase ends by itself, or is looked at again.
-    Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The tick that counts; others are stale.
-    Clock::TimePoint m_lastSignOfLife;
-    FrameProgress m_incoming; ///< Of the frame that is arriving.
-    Clock::TimePoint m_lastLook; ///< When keepAlive() ran last.
-    qint64 m_unsentAtLastLook = 0;
-    qint64 m_writtenSinceLastLook = 0;
+    Clock::TimePoint m_due; ///< When the phase times out, or is checked again.
+    Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The pending tick; others are stale.
+    KeepAlive m_keepAlive;
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
     Clock::TimePoint m_readySince;
     bool m_hasRequested = false; ///< A request was sent over this connection.

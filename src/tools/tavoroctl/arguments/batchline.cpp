@@ -6,7 +6,7 @@ namespace {
 
 constexpr QLatin1Char quote('\'');
 
-/// Takes the first \a length characters off \a rest.
+/// Removes the first \a length characters from \a rest and returns them.
 QString takeLeft(QString &rest, int length)
 {
     QString left = rest.left(length);
@@ -14,7 +14,7 @@ QString takeLeft(QString &rest, int length)
     return left;
 }
 
-/// Takes a word with its quotes off \a rest, and returns what stands between them.
+/// Removes a quoted word from \a rest and returns it without its quotes.
 QString takeQuoted(QString &rest, QString &fault)
 {
     const auto length = static_cast<int>(rest.indexOf(quote, 1)) + 1;
@@ -36,7 +36,7 @@ QString takePlain(QString &rest)
     return takeLeft(rest, length);
 }
 
-/// Takes the first word off \a rest, which begins with it.
+/// Removes the word at the start of \a rest and returns it.
 QString takeWord(QString &rest, QString &fault)
 {
     const QChar first = rest.at(0);

@@ -5,18 +5,17 @@
 
 namespace Tavoro::Ctl {
 
-/// A line of a batch.
+/// The words of one line of a batch.
 struct BatchLine {
     QStringList words;
-    QString fault; ///< Why it cannot be cut into words; empty if it can.
+    QString fault; ///< Why the line is not valid; empty if it is.
 };
 
-/// Cuts a line of a batch into its words.
+/// Splits a line of a batch into words, which spaces separate.
 ///
-/// Words are separated by blanks. A word in single quotes goes to the closing quote, and a blank
-/// follows. A word that begins with { or [ is a record and goes to the end of the line, so that
-/// records need no quotes. Of a line whose first character that is not a blank is #, nothing is
-/// left.
+/// A word in single quotes ends at the closing quote; a space or the end of the line follows. A
+/// word that begins with { or [ is a record and extends to the end of the line, so records need no
+/// quotes. A line that begins with # is a comment and has no words.
 BatchLine splitBatchLine(const QString &line);
 
 } // namespace Tavoro::Ctl

@@ -6,22 +6,23 @@
 
 namespace Tavoro::Ctl {
 
-/// A file on a device. Type and number are a byte each in the head of a command, and 255 names all.
+/// Type and ID of a file on a device. Each is one byte in the head of a command, and 255 stands for
+/// all.
 struct FilePlace {
     int type = 0;
     int id = 0;
 };
 
-/// The type that \a text names: a number, or one of the words below.
+/// The type for \a text, a number or a name; nothing if it is neither.
 std::optional<int> parseFileType(const QString &text);
 
-/// The word for a type that has one, else its number.
+/// The name of a type, or its number if it has no name.
 QString fileTypeName(int type);
 
-/// Reads type and number of a file. False with what is wrong in \a fault.
+/// Reads type and ID of a file. False with the reason in \a fault if one is not valid.
 bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QString &fault);
 
-/// "2:7", type and number.
+/// "2:7": type and ID.
 QString placeName(const FilePlace &place);
 
 } // namespace Tavoro::Ctl

@@ -8,14 +8,14 @@
 
 namespace Tavoro::Ctl {
 
-/// Where a device listens.
+/// The address of a device.
 struct Host {
     QString name;
     quint16 port = 0;
 };
 
-/// "HOST", "HOST:PORT" or "[IPV6]:PORT"; nothing if \a text is none of them. \a usualPort is that
-/// of a text without one.
+/// Parses "HOST", "HOST:PORT" or "[IPV6]:PORT". Nothing if \a text is not valid. \a usualPort is
+/// used if \a text names no port.
 std::optional<Host> parseHost(const QString &text, quint16 usualPort = SSProxy::defaultTcpPort);
 
 } // namespace Tavoro::Ctl

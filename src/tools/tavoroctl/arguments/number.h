@@ -4,7 +4,7 @@
 
 namespace Tavoro::Ctl {
 
-/// Takes a number from 0 to \a most out of \a text. False when it is none.
+/// Reads a number from 0 to \a most. False if \a text is not one.
 bool readNumber(const QString &text, int most, int &number);
 
 } // namespace Tavoro::Ctl

@@ -2,7 +2,8 @@
 
 #include "tool.h"
 
-/// What the rows of the table of commands run. Each takes as many words as its row tells.
+/// The functions behind the table of commands. Each expects the number of words that its row
+/// allows.
 namespace Tavoro::Ctl {
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments);

@@ -16,20 +16,20 @@ constexpr OptionRow callOptions[] = {
 };
 constexpr OptionRow pushOptions[] = {
     {"type",       "TYPE",         "Type of the file on the device (background)."},
-    {"id",         "ID",           "Its number there (0)."},
-    {"name",       "NAME",         "Its name there (that of FILE)."},
-    {"size",       "WIDTHxHEIGHT", "Its size in pixels, if it is an image."},
+    {"id",         "ID",           "ID of the file on the device (0)."},
+    {"name",       "NAME",         "Name of the file on the device (that of FILE)."},
+    {"size",       "WIDTHxHEIGHT", "Size of an image in pixels."},
 };
 constexpr OptionRow upgradeOptions[] = {
-    {"reboot",     "",             "Have the device restart, and wait until it is back."},
+    {"reboot",     "",             "Restart the device afterwards, and wait until it is back."},
 };
 constexpr OptionRow saveOptions[] = {
     {"type",       "TYPE",         "Type of the preset (screen-preset)."},
-    {"name",       "NAME",         "Its name (\"Preset ID\")."},
+    {"name",       "NAME",         "Name of the preset (\"Preset ID\")."},
 };
 constexpr OptionRow applyOptions[] = {
     {"type",       "TYPE",         "Type of the preset (screen-preset)."},
-    {"apply-type", "NUMBER",       "How, a number of the device (0)."},
+    {"apply-type", "NUMBER",       "How to apply it, a number that the device defines (0)."},
 };
 constexpr OptionRow projectSaveOptions[] = {
     {"type",       "TYPE",         "Type of the file (10)."},
@@ -42,46 +42,46 @@ constexpr OptionRow projectApplyOptions[] = {
 
 // In alphabetical order.
 constexpr CommandRow commandRows[] = {
-//   name, words behind it
+//   name, words after it
 //   effect                                                                               function        options
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input; lines name the host unless batch does.",   runBatch,       callOptions},
+     "Makes one call per line of standard input. Without HOST each line begins with one.",   runBatch,       callOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
-     "Makes one call: the record of a write as JSON, the filters of a read as numbers.",    runCall,        callOptions},
+     "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",    runCall,        callOptions},
     {"discover", "[ADDRESS[:PORT] ...]",
-     "Lists the devices of the local network, or those that answer at ADDRESS.",            runDiscover},
+     "Lists the devices on the local network, or those that answer at ADDRESS.",            runDiscover},
     {"files", "HOST[:PORT] [TYPE]",
-     "Lists the files of the device.",                                                      runFiles},
+     "Lists the files on the device.",                                                      runFiles},
     {"list", "[OPERATION]",
-     "Lists all operations, or shows the record that one takes.",                           runList},
+     "Lists all operations, or shows the record that OPERATION takes.",                           runList},
     {"preset apply", "HOST[:PORT] ID",
      "Applies a preset.",                                                                   runPresetApply, applyOptions},
     {"preset save", "HOST[:PORT] ID [SCREEN ...]",
-     "Stores the screens of these numbers as a preset, all without a number.",              runPresetSave,  saveOptions},
+     "Stores the screens with these IDs as a preset; all screens without an ID.",              runPresetSave,  saveOptions},
     {"project apply", "HOST[:PORT] ID",
      "Applies a project.",                                                                  runProjectApply, projectApplyOptions},
     {"project save", "HOST[:PORT] ID",
      "Stores all screens, with all files or some kinds of them, as a project.",             runProjectSave, projectSaveOptions},
     {"pull", "HOST[:PORT] TYPE ID FILE",
-     "Fetches a file of the device into FILE, whole or not at all.",                        runPull},
+     "Fetches a file from the device into FILE, completely or not at all; - is stdout.",                        runPull},
     {"push", "HOST[:PORT] FILE",
-     "Sends FILE to the device.",                                                           runPush,        pushOptions},
+     "Sends FILE to the device; - is standard input.",                                                           runPush,        pushOptions},
     {"reboot", "HOST[:PORT]",
      "Restarts the device.",                                                                runReboot},
     {"replay", "FILE",
-     "Shows connections and frames of a capture.",                                          runReplay},
+     "Shows the connections and frames of a capture.",                                          runReplay},
     {"selfcheck", "HOST[:PORT]",
-     "Shows what the device measured of itself; ends with 1 if something is faulty.",       runSelfCheck},
+     "Shows the measurements of the device; ends with 1 if one is out of its range.",       runSelfCheck},
     {"show", "HOST[:PORT]",
-     "Shows the device, its interfaces, screens and layers as it answers them.",            runShow},
+     "Shows the device, its interfaces, screens and layers as the device reports them.",            runShow},
     {"sync", "HOST[:PORT]",
-     "Reads the whole device into the model, and shows the model.",                         runSync},
+     "Reads the whole device into the model and shows the model.",                         runSync},
     {"upgrade", "HOST[:PORT] PACKAGE",
-     "Starts an upgrade from a package on the device and follows it to its end.",           runUpgrade,     upgradeOptions},
+     "Starts an upgrade from a package on the device, or follows the running one.",           runUpgrade,     upgradeOptions},
     {"version", "HOST[:PORT]",
-     "Shows the versions of the device and its units.",                                     runVersion},
+     "Shows the versions of the device and of its units.",                                     runVersion},
     {"watch", "HOST[:PORT]",
-     "Reads the device as sync does, then shows what changes in the model until Ctrl-C.",   runWatch},
+     "Reads the device as sync does, then shows changes of the model until Ctrl-C.",   runWatch},
 };
 // clang-format on
 

@@ -9,14 +9,14 @@
 
 namespace Tavoro::Ctl {
 
-/// An option that one command takes, with a value unless \c value is empty.
+/// An option of one command. It takes a value unless \c value is empty.
 struct OptionRow {
     const char *name;
-    const char *value; ///< What stands for its value in the help.
+    const char *value; ///< The placeholder for its value in the help.
     const char *effect;
 };
 
-/// The options of one command, none of them by default.
+/// The options of one command; empty by default.
 struct OptionRange {
     constexpr OptionRange() = default;
     template <std::size_t count>
@@ -32,19 +32,19 @@ struct OptionRange {
 /// One command of the tool.
 struct CommandRow {
     const char *name; ///< One word or two.
-    const char *usage; ///< The words behind the name; those that may be left out in brackets.
+    const char *usage; ///< The words after the name; optional ones in brackets.
     const char *effect;
     ExitStatus (*run)(Tool &tool, const Arguments &arguments);
     OptionRange options = {};
 };
 
-/// The command that \a words begin with, null when there is none.
+/// The command that \a words begin with; null if there is none.
 const CommandRow *findCommand(const QStringList &words);
 
-/// Whether so many words may stand behind the command.
+/// Whether the command takes \a count words.
 bool takesWords(const CommandRow &command, int count);
 
-/// All commands with their usage, for people.
+/// All commands with their usage, for the help.
 QString commandHelp();
 
 } // namespace Tavoro::Ctl

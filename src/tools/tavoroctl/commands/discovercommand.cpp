@@ -23,7 +23,7 @@ QString lineOf(const ProtoModel::DeviceBaseInfo &device)
         .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)), textOf(device.name));
 }
 
-/// Names are not looked up, and only networks of IPv4 are asked.
+/// Discovery works in IPv4 networks only, and does not resolve names.
 std::optional<Host> parseTarget(const QString &word)
 {
     const std::optional<Host> host = parseHost(word, SSProxy::defaultDiscoveryPort);

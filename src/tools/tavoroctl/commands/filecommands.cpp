@@ -1,4 +1,4 @@
-// Lists the files of a device.
+// Lists the files on a device.
 
 #include "commandlist.h"
 

@@ -1,4 +1,4 @@
-// What a device tells of its units, and its restart.
+// Self check, versions and restart of a device.
 
 #include "commandlist.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 QString selfCheckTable(const s_DeviceSelfCheckDetail &detail)
 {
-    TextTable table("SLOT TYPE MODEL MEASURED VALUE LEAST MOST STATE");
+    TextTable table("SLOT TYPE MODEL MEASUREMENT VALUE MIN MAX STATE");
     for (const s_SelfCheckPart &part : detail.parts) {
         for (const s_SelfCheckItem &item : part.section)
             table.addRow({number(part.slotId), number(part.type), modelName(part.modelId),
@@ -90,7 +90,7 @@ ExitStatus runVersion(Tool &tool, const Arguments &arguments)
 
 ExitStatus runReboot(Tool &tool, const Arguments &arguments)
 {
-    constexpr qint32 restart = 0; // 1 shuts the device down.
+    constexpr qint32 restart = 0; // 1 would shut the device down.
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)

@@ -21,7 +21,7 @@ bool readPresetPlace(const Arguments &arguments, FilePlace &place, QString &faul
     return readFilePlace(type, arguments.words.at(1), place, fault);
 }
 
-/// The numbers of screens that were named, of any kind; none for all.
+/// Reads the IDs of screens. An empty set stands for all screens.
 bool readScreenNumbers(const QStringList &words, std::set<int> &numbers, QString &fault)
 {
     for (const QString &word : words) {
@@ -35,7 +35,8 @@ bool readScreenNumbers(const QStringList &words, std::set<int> &numbers, QString
     return true;
 }
 
-/// The screens of \a device that \a numbers name. False if one of them is not there.
+/// Finds the screens of \a device with these IDs, of any type. False with the reason in \a error if
+/// one is missing.
 bool findScreens(const std::shared_ptr<BizModel::Device> &device, std::set<int> numbers,
                  std::vector<ProtoModel::s_ScreenId> &screens, QString &error)
 {

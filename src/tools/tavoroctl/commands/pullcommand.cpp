@@ -36,6 +36,7 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     if (path.isEmpty())
         return refuseEmpty(tool, QStringLiteral("FILE"));
     ExitStatus status = Done;
+    tool.session.acceptAnyPacketCount(); // Download limits them by the announced length.
     const auto device = openDevice(tool, arguments.words.at(0), status);
     if (!device)
         return status;
@@ -54,7 +55,7 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
     if (!error.isEmpty())
         return fail(tool, error);
     // A signal that arrived with the last packet counts too.
-    if (interruption.hasCome())
+    if (interruption.isInterrupted())
         return fail(tool, QStringLiteral("Interrupted."));
     return target.commit(error) ? Done : fail(tool, error);
 }

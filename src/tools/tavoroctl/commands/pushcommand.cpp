@@ -2,6 +2,7 @@
 
 #include "commandlist.h"
 
+#include <tavorobizmodel/device.h>
 #include <tavoroctl/arguments/fileplace.h>
 #include <tavoroctl/session/background.h>
 #include <tavoroctl/session/interruption.h>
@@ -49,6 +50,24 @@ void announce(const ContentSource &content, const QMap<QString, QString> &option
     info.size.hashSum = static_cast<qint32>(content.checksum());
 }
 
+/// A sentence if \a content would take more packets than a client accepts when it fetches the file.
+QString faultOfLength(const Tool &tool, const BizModel::Device &device,
+                      const ContentSource &content)
+{
+    const quint64 packetSize = device.deviceBaseInfo().maxPacketSize;
+    const quint64 longest = packetSize * tool.session.maxPacketCount();
+    if (packetSize == 0 || static_cast<quint64>(content.length()) <= longest)
+        return {};
+    return QStringLiteral(
+               "%1 has %2 bytes. The device could not return more than %3: a client takes "
+               "at most %4 packets, and the packets of this device have %5 bytes.")
+        .arg(content.name())
+        .arg(content.length())
+        .arg(longest)
+        .arg(tool.session.maxPacketCount())
+        .arg(packetSize);
+}
+
 } // namespace
 
 ExitStatus runPush(Tool &tool, const Arguments &arguments)
@@ -70,7 +89,12 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     if (!device)
         return status;
 
-    Upload upload(tool.console, device, info);
+    error = faultOfLength(tool, *device, content);
+    if (!error.isEmpty())
+        return fail(tool, error);
+    // A lost answer to the last packet would be shown as a failure, which it may not be.
+    tool.console.showStatusBar(StatusBar::Nothing);
+    Upload upload(tool.console, {device, tool.session.channel(*device), tool.timeout}, info);
     const Interruption interruption([&] { upload.cancel(); });
     bool isDone = false;
     runInBackground([&] { isDone = upload.run(content); });

@@ -25,8 +25,8 @@ QString kindName(quint8 kind)
                                        : QStringLiteral("kind %1").arg(kind);
 }
 
-/// What the head of a request, response or report tells beyond its kind.
-QString tellHead(const WireHead &head)
+/// The fields of the head of a request, response or report.
+QString headText(const WireHead &head)
 {
     const QString code = QStringLiteral("%1").arg(head.code(), 4, 16, QLatin1Char('0')).toUpper();
     return QStringLiteral(" 0x%1 type %2 tag %3 packet %4/%5 status %6")
@@ -38,8 +38,8 @@ QString tellHead(const WireHead &head)
         .arg(head.status);
 }
 
-/// JSON as it stands; of other bodies only the length is told.
-QString tellBody(const std::string &body)
+/// The length of a body, and the text of a JSON body.
+QString bodyText(const std::string &body)
 {
     QString length = QStringLiteral(", %1 bytes").arg(body.size());
     if (body.empty() || (body.front() != '{' && body.front() != '['))
@@ -49,35 +49,35 @@ QString tellBody(const std::string &body)
         + (text.size() > longestShown ? text.left(longestShown) + QStringLiteral(" ...") : text);
 }
 
-QString tellFrame(const CapturedItem &item)
+QString frameText(const CapturedItem &item)
 {
     if (item.frame.status != 0)
         return QStringLiteral("refused with status %1").arg(item.frame.status);
     const WireHead &head = item.frame.head;
     const bool isExchange = head.kind <= quint8(SSProxy::Wire::FrameKind::Report);
-    return kindName(head.kind) + (isExchange ? tellHead(head) : QString());
+    return kindName(head.kind) + (isExchange ? headText(head) : QString());
 }
 
-QString tellPart(const CapturedItem &item)
+QString partText(const CapturedItem &item)
 {
     const auto size = item.bytes.size();
     if (!item.hasWholeHead())
         return QStringLiteral("part of a frame, %1 bytes").arg(size);
     return QStringLiteral("part of a %1, %2 of %3 bytes")
-        .arg(tellFrame(item))
+        .arg(frameText(item))
         .arg(size - sizeof(WireHead))
         .arg(item.frame.head.bodyLength);
 }
 
-QString tellWhatHappened(const CapturedItem &item)
+QString eventText(const CapturedItem &item)
 {
     switch (item.kind) {
     case CapturedKind::Opened:
         return QStringLiteral("connected to %1").arg(QString::fromStdString(item.text));
     case CapturedKind::Frame:
-        return tellFrame(item) + (item.frame.status == 0 ? tellBody(item.frame.body) : QString());
+        return frameText(item) + (item.frame.status == 0 ? bodyText(item.frame.body) : QString());
     case CapturedKind::Part:
-        return tellPart(item);
+        return partText(item);
     case CapturedKind::Closed:
         return QStringLiteral("closed");
     case CapturedKind::Lost:
@@ -93,13 +93,13 @@ char directionOf(const CapturedItem &item)
     return item.isFromClient ? '>' : '<';
 }
 
-QString tell(const CapturedItem &item)
+QString lineOf(const CapturedItem &item)
 {
     return QStringLiteral("%1 %2 %3 ")
                .arg(static_cast<double>(item.microseconds) / 1e6, 10, 'f', 6)
                .arg(item.channel)
                .arg(QLatin1Char(directionOf(item)))
-        + tellWhatHappened(item);
+        + eventText(item);
 }
 
 } // namespace
@@ -116,7 +116,7 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
     std::string error;
     const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), items, error);
     for (const CapturedItem &item : items)
-        tool.console.answer(printable(tell(item)));
+        tool.console.answer(printable(lineOf(item)));
     return isRead ? Done
                   : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
 }

@@ -1,4 +1,4 @@
-// Reads a whole device into the model; shows the model, or follows it.
+// Reads a whole device into the model and shows the model or its changes.
 
 #include "commandlist.h"
 
@@ -17,10 +17,10 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-const QString notReadWhole = QStringLiteral("The device could not be read whole.");
+const QString notReadWhole = QStringLiteral("The device could not be read completely.");
 
-/// Keeps the model of one device current: by its reports, and by reading it anew after the
-/// connection was lost.
+/// Keeps the model of one device up to date: by its reports, and by reading the device again after
+/// each reconnect.
 class Watcher {
 public:
     Watcher(Tool &tool, std::shared_ptr<BizModel::Device> device)
@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    static constexpr int lookInterval = 200; ///< Milliseconds between looks at the connection.
+    static constexpr int lookInterval = 200; ///< Milliseconds between two checks of the connection.
 
     void read()
     {
@@ -67,18 +67,19 @@ private:
         if (!device)
             return;
         m_watch.follow(device);
-        m_tool.console.error(QStringLiteral("Watching %1; Ctrl-C ends it.").arg(device->name()));
+        m_tool.console.error(
+            QStringLiteral("Watching %1; press Ctrl-C to stop.").arg(device->name()));
     }
 
     void lookAtConnection()
     {
         const bool isConnected = m_channel->isHardwareReadFinished();
         if (std::exchange(m_isConnected, isConnected) && !isConnected)
-            m_tool.console.error(QStringLiteral("The connection is lost."));
+            m_tool.console.error(QStringLiteral("Connection lost."));
         if (m_isReading || !isConnected)
             return;
         if (m_channel->statistics().connections != m_connections) {
-            m_tool.console.error(QStringLiteral("Connected again."));
+            m_tool.console.error(QStringLiteral("Reconnected."));
             read();
         }
     }
@@ -90,7 +91,7 @@ private:
     ModelReader m_reader;
     bool m_isReading = false;
     bool m_isConnected = true;
-    quint64 m_connections = 0; ///< How many there had been when the device was read.
+    quint64 m_connections = 0; ///< The count at the start of the last read.
 };
 
 } // namespace
@@ -111,7 +112,7 @@ ExitStatus runWatch(Tool &tool, const Arguments &arguments)
 {
     QEventLoop loop;
     const Interruption interruption([&] { loop.quit(); });
-    // Before there is a connection: reports are handled on the thread that makes the manager.
+    // Before the first connection: reports are handled on the thread that creates the manager.
     Control::AutoReportManager::instance();
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);

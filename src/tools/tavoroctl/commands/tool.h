@@ -12,36 +12,36 @@
 
 namespace Tavoro::Ctl {
 
-/// What the commands of the tool work with.
+/// The context of a command.
 struct Tool {
     Console console;
     Session session;
-    bool asJson = false; ///< Commands that show something print JSON in place of tables.
-    int timeout = 5000; ///< Milliseconds that a device may be away.
+    bool asJson = false; ///< Print JSON instead of tables.
+    int timeout = 5000; ///< How long a device may be away, in milliseconds.
 };
 
-/// What stands behind a command.
+/// The words and options after the name of a command.
 struct Arguments {
     QStringList words;
-    QMap<QString, QString> options; ///< By name; only those that were given.
+    QMap<QString, QString> options; ///< By name; only the given ones.
 };
 
-/// Tells what is wrong with the command line.
+/// Reports a fault of the command line.
 ExitStatus refuse(Tool &tool, const QString &fault);
-/// Tells why something failed.
+/// Reports why something failed.
 ExitStatus fail(Tool &tool, const QString &error);
 
-/// Tells that \a text is no HOST[:PORT]; \a place stands in front of it.
+/// Reports that \a text is not HOST[:PORT]. \a place precedes the message.
 ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place = {});
-/// Tells that the word in the place of \a name, such as FILE, is empty.
+/// Reports that the word for \a name, such as FILE, is empty.
 ExitStatus refuseEmpty(Tool &tool, const QString &name);
 
-/// The device at HOST[:PORT], connected. Null when it cannot be had: that has then been told, and
-/// \a status is what the command ends with.
+/// Connects to the device at HOST[:PORT]. Returns null if that fails; the reason has been reported
+/// then, and \a status is the exit status of the command.
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
                                              ExitStatus &status);
 
-/// Prints what a command shows: \a json or \a table, as the command line says.
+/// Prints \a json or \a table, depending on the command line.
 void show(Tool &tool, const std::string &json, const QString &table);
 
 } // namespace Tavoro::Ctl

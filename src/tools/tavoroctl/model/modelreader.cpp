@@ -20,7 +20,7 @@ ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
             });
     connect(
         model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
-        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastTold); });
+        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastText); });
     connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
             [this](bool success) { finish(success); });
 }
@@ -36,7 +36,7 @@ bool ModelReader::start(const std::shared_ptr<BizModel::Device> &device)
 
 void ModelReader::follow(bool isFailure, const QString &text)
 {
-    m_lastTold = text;
+    m_lastText = text;
     m_failures += isFailure ? 1 : 0;
     m_failedWrites += isFailure && text.startsWith(QLatin1String("Set ")) ? 1 : 0;
     m_console.progress(0, text);
@@ -44,14 +44,14 @@ void ModelReader::follow(bool isFailure, const QString &text)
 
 void ModelReader::finish(bool success)
 {
-    QString error; // A device that knows nothing of control refuses, and then there is none.
+    QString ignored; // A device without control refuses, and has none to give up.
     SSProxy::DeviceManager::instance()->sendTavoroControlRequest(
         m_device->IPAddress(), m_device->MAC(), m_device->sn(), SSProxy::ControlAction::GiveUp,
-        error);
+        ignored);
     m_ended(success && isReadWhole());
 }
 
-/// The signal tells what became of the model; the model knows what became of the requests.
+/// The signal covers the model only; the model knows whether its requests succeeded.
 bool ModelReader::isReadWhole() const
 {
     const auto listed = listedDevice(*m_device);

@@ -25,7 +25,7 @@ QJsonObject jsonOf(const Record &record)
     return jsonValue(recordText(record)).toObject();
 }
 
-// What each object is called, and what is known of it.
+// The name and the state of each kind of object.
 
 QString nameOf(const BizModel::Device & /*device*/)
 {
@@ -97,7 +97,7 @@ QString transferLine(const ProtoModel::File::s_FileTransPercent &transfer)
         .arg(transfer.status);
 }
 
-/// Puts down each object as it is now, and calls \a changed whenever \a signal tells a change.
+/// Records the present state of each object, and calls \a changed on each \a signal.
 template <class Object, class Changed>
 void followEach(const QList<std::weak_ptr<Object>> &list, void (Object::*signal)(),
                 const QObject *context, const Changed &changed, QMap<QString, QJsonValue> &objects)
@@ -127,7 +127,7 @@ void ModelWatch::follow(const std::shared_ptr<BizModel::Device> &device)
     for (const QString &name : m_known.keys()) {
         if (!now.contains(name)) {
             m_known.remove(name);
-            m_tell(name + QStringLiteral(": gone"));
+            m_show(name + QStringLiteral(": gone"));
         }
     }
     for (auto object = now.constBegin(); object != now.constEnd(); ++object) {
@@ -135,7 +135,7 @@ void ModelWatch::follow(const std::shared_ptr<BizModel::Device> &device)
             compare(object.key(), object.value());
         } else {
             m_known.insert(object.key(), object.value());
-            m_tell(object.key() + QStringLiteral(": new"));
+            m_show(object.key() + QStringLiteral(": new"));
         }
     }
 }
@@ -163,7 +163,7 @@ void ModelWatch::followObjects(BizModel::Device &device, Objects &objects)
                      &BizModel::DeviceList::signalFilesTransferProgressChanged, context,
                      [this](const auto &, const auto &transfers) {
                          for (const auto &transfer : transfers)
-                             m_tell(transferLine(transfer));
+                             m_show(transferLine(transfer));
                      });
 }
 
@@ -172,7 +172,7 @@ void ModelWatch::compare(const QString &name, const QJsonValue &now)
     const QStringList changes = differences(m_known.value(name), now);
     m_known.insert(name, now);
     if (!changes.isEmpty())
-        m_tell(name + QStringLiteral(": ") + changes.join(QStringLiteral(", ")));
+        m_show(name + QStringLiteral(": ") + changes.join(QStringLiteral(", ")));
 }
 
 } // namespace Tavoro::Ctl

@@ -17,14 +17,14 @@ class Device;
 
 namespace Tavoro::Ctl {
 
-/// What a device answers to its four reads, one after the other.
+/// The answers of a device to the four reads of details, one after the other.
 struct Snapshot {
     ProtoModel::Device::s_DeviceDetail device;
     std::vector<ProtoModel::Interface::s_InterfaceDetail> interfaces;
     std::vector<ProtoModel::Screen::s_ScreenFullDetail> screens;
     std::vector<ProtoModel::Layer::s_LayerFullDetail> layers;
 
-    /// Reads all of it; false with the reason in \a error at the first read that fails.
+    /// Reads all of them. False with the reason in \a error if one fails.
     bool read(const std::weak_ptr<BizModel::Device> &from, QString &error);
 
     /// One object with the keys "device", "interfaces", "screens" and "layers".

@@ -7,10 +7,10 @@
 
 namespace Tavoro::Ctl {
 
-/// A value as it would be written in a JSON text.
+/// A value as JSON.
 QString jsonText(const QJsonValue &value);
 
-/// The value of a JSON text.
+/// The value of a valid JSON text.
 QJsonValue jsonValue(const std::string &text);
 
 } // namespace Tavoro::Ctl

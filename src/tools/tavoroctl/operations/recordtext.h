@@ -6,7 +6,7 @@
 
 namespace Tavoro::Ctl {
 
-/// A record, or a list of records, as JSON.
+/// A record or a list of records as JSON.
 template <class Record>
 std::string recordText(const Record &record)
 {

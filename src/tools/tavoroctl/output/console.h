@@ -28,8 +28,8 @@ enum class StatusBar {
 /// Belongs to the main thread, except progress(), which any thread may call.
 class Console : public QObject {
 public:
-    /// Shows failures that the model's status bar tells from now on. Progress is drawn when \a
-    /// mayDraw is true and standard error is a terminal.
+    /// Shows failures on the model's status bar from now on. Progress is drawn if \a mayDraw is
+    /// true and standard error is a terminal.
     explicit Console(bool mayDraw);
     ~Console() override;
 
@@ -49,8 +49,8 @@ public:
     /// Shows why something failed, unless the status bar has just shown the same text.
     void error(const QString &text);
 
-    /// Draws a bar that is \a percent full, with \a text behind it, in the place of the one before.
-    /// Whatever is written next wipes it away.
+    /// Draws a progress bar with \a text after it, instead of the previous one. The next message
+    /// clears it.
     void progress(int percent, const QString &text);
 
 private:
@@ -64,8 +64,8 @@ private:
     QString m_lastShown;
 };
 
-/// Shows all lines of this project's log and those of Qt as usual, or none at all.
-/// QT_LOGGING_RULES still has the last word.
+/// Shows the whole log of this project and the usual one of Qt, or none. QT_LOGGING_RULES takes
+/// precedence.
 void setLogShown(bool shown);
 
 } // namespace Tavoro::Ctl

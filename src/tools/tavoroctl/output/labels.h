@@ -9,7 +9,7 @@
 
 #include <string>
 
-/// How identities and values are told to people.
+/// Identities and values as text.
 namespace Tavoro::Ctl {
 
 /// A text of a record, control characters escaped.
@@ -26,9 +26,9 @@ QString idOf(const ProtoModel::s_ScreenId &id);
 QString rectangle(const ProtoModel::Screen::s_Rect &rect);
 /// "1920x1080p60", or "no signal".
 QString timingOf(const ProtoModel::s_TimingDetailBody &timing);
-/// "preview", "programme", or the number.
+/// "preview", "programme", or the number of the scene.
 QString sceneOf(qint32 sceneType);
-/// What a layer shows, as the device names it: "1:65792".
+/// The source of a layer by type and ID: "1:65792".
 QString sourceOf(const ProtoModel::Layer::s_SourceGeneral &source);
 
 } // namespace Tavoro::Ctl

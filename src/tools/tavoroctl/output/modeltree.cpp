@@ -18,7 +18,7 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-constexpr qint32 input = 1; ///< Kind of an interface; all others are outputs.
+constexpr qint32 input = 1; ///< Type of an interface; all other types are outputs.
 
 QString indented(const QString &text, int depth)
 {
@@ -28,7 +28,7 @@ QString indented(const QString &text, int depth)
     return lines;
 }
 
-/// \a table under its heading; nothing at all of a table without rows.
+/// \a table under its heading; empty for a table without rows.
 QString branch(const QString &heading, const TextTable &table, int depth = 1)
 {
     const QString text = table.text();

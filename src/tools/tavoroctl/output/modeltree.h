@@ -10,8 +10,7 @@ class Device;
 
 namespace Tavoro::Ctl {
 
-/// What the model knows of a device, as a tree for people: what belongs to what by the model's own
-/// relations.
+/// The model of a device as a tree, by the relations of the model.
 QString modelTree(const BizModel::Device &device);
 
 /// The same as one object: "device", "interfaces", "screens", "layers" and "files".

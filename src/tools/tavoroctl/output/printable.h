@@ -8,7 +8,7 @@ namespace Tavoro::Ctl {
 /// come from devices, and a terminal would take such characters for commands.
 QString printable(const QString &text);
 
-/// The same, but keeps the ends of lines.
+/// The same, but keeps line ends.
 QString printableLines(const QString &text);
 
 } // namespace Tavoro::Ctl

@@ -8,8 +8,7 @@
 /// The standard streams of the process.
 namespace Tavoro::Ctl {
 
-/// Keeps failing writes apart from everything else. Call it before anything opens a file or a
-/// connection.
+/// Makes failing writes harmless and visible. Call it before anything opens a file or a connection.
 ///
 /// A closed pipe makes a write fail instead of ending the process. A standard stream that is closed
 /// stays closed: otherwise its number would go to the next descriptor, and an answer that is meant

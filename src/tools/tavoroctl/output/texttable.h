@@ -6,7 +6,7 @@
 
 namespace Tavoro::Ctl {
 
-/// A table for a terminal: columns as wide as their widest cell, two blanks apart.
+/// A table for a terminal. A column is as wide as its widest cell; two spaces separate columns.
 class TextTable {
 public:
     TextTable() = default;

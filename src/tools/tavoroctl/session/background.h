@@ -4,8 +4,8 @@
 
 namespace Tavoro::Ctl {
 
-/// Runs \a work, which may block, on a thread of its own, and returns when it has ended. The
-/// caller's event loop turns meanwhile.
+/// Runs \a work, which may block, on a separate thread and returns when it has ended. The caller's
+/// event loop runs meanwhile.
 void runInBackground(std::function<void()> work);
 
 } // namespace Tavoro::Ctl

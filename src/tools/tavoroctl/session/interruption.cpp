@@ -7,33 +7,34 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-constexpr int lookInterval = 50; ///< Milliseconds.
+constexpr int lookInterval = 50; ///< Milliseconds between two checks for a signal.
 constexpr int signalNumbers[] = {SIGINT, SIGTERM};
 
-// All that a handler of signals may touch.
+// A signal handler may use only lock-free atomics.
 static_assert(std::atomic<bool>::is_always_lock_free);
-std::atomic<bool> signalHasCome = false;
+std::atomic<bool> hasSignal = false;
 
 void takeSignal(int number)
 {
-    signalHasCome = true;
+    hasSignal = true;
     std::signal(number, SIG_DFL);
 }
 
 } // namespace
 
-Interruption::Interruption(std::function<void()> tell)
+Interruption::Interruption(std::function<void()> interrupted)
 {
-    signalHasCome = false;
+    hasSignal = false;
     for (const int number : signalNumbers)
         std::signal(number, takeSignal);
     m_look.setInterval(lookInterval);
-    QObject::connect(&m_look, &QTimer::timeout, &m_look, [this, tell = std::move(tell)] {
-        if (!signalHasCome)
-            return;
-        m_look.stop();
-        tell();
-    });
+    QObject::connect(&m_look, &QTimer::timeout, &m_look,
+                     [this, interrupted = std::move(interrupted)] {
+                         if (!hasSignal)
+                             return;
+                         m_look.stop();
+                         interrupted();
+                     });
     m_look.start();
 }
 
@@ -43,9 +44,9 @@ Interruption::~Interruption()
         std::signal(number, SIG_DFL);
 }
 
-bool Interruption::hasCome() const
+bool Interruption::isInterrupted() const
 {
-    return signalHasCome;
+    return hasSignal;
 }
 
 } // namespace Tavoro::Ctl

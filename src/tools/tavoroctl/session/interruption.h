@@ -6,20 +6,20 @@
 
 namespace Tavoro::Ctl {
 
-/// While one exists, Ctrl-C and the signal that asks a process to end are told instead of ending
-/// the program. A second one ends it all the same.
+/// While an object exists, SIGINT (Ctrl-C) and SIGTERM call a function instead of ending the
+/// program. A second signal ends it.
 ///
-/// Lives on the main thread; its event loop must turn.
+/// Belongs to the main thread, whose event loop must run.
 class Interruption {
 public:
-    /// Makes \a tell once, on the main thread, soon after the signal.
-    explicit Interruption(std::function<void()> tell);
+    /// Calls \a interrupted once, on the main thread, soon after the signal.
+    explicit Interruption(std::function<void()> interrupted);
     ~Interruption();
     Interruption(const Interruption &) = delete;
     Interruption &operator=(const Interruption &) = delete;
 
-    /// Whether the signal has come, told or not.
-    bool hasCome() const;
+    /// Whether a signal has arrived.
+    bool isInterrupted() const;
 
 private:
     QTimer m_look;

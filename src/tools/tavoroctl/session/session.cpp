@@ -5,11 +5,14 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorowire/hostandport.h>
 
+#include <chrono>
+#include <limits>
+
 namespace Tavoro::Ctl {
 
 namespace {
 
-/// A model of the device that the request path can find the channel by.
+/// A model device by which the request path finds the channel.
 std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
 {
     constexpr unsigned short withoutNumber = 65535;
@@ -26,7 +29,7 @@ QString textOf(const Host &host)
     return SSProxy::Wire::hostAndPort(host.name, host.port);
 }
 
-/// Whether the request path takes the two for one device.
+/// Whether the request path would confuse the two devices.
 bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::DeviceBaseInfo &other)
 {
     return one.ip == other.ip && one.mac == other.mac && one.sn == other.sn;
@@ -34,8 +37,10 @@ bool isSameIdentity(const ProtoModel::DeviceBaseInfo &one, const ProtoModel::Dev
 
 } // namespace
 
-Session::Session(int timeout) : m_timeout(timeout)
+Session::Session(const Limits &limits) : m_limits(limits)
 {
+    if (limits.request > 0)
+        m_options.maxRequestTime = std::chrono::milliseconds(limits.request);
     // A person waits at the terminal while a device restarts.
     m_options.longestReconnectPause = std::chrono::seconds(1);
 }
@@ -48,13 +53,19 @@ Session::~Session()
     }
 }
 
+void Session::acceptAnyPacketCount()
+{
+    m_options.maxPacketCount =
+        std::numeric_limits<qint32>::max(); // The longest file, byte by byte.
+}
+
 std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &error)
 {
     const auto known = m_connections.find({host.name, host.port});
     if (known != m_connections.end())
         return known->second.device;
     const auto channel = SSProxy::openTcpDeviceChannel(host.name, host.port, m_options);
-    if (!channel->waitUntilReady(m_timeout, error)) {
+    if (!channel->waitUntilReady(m_limits.ready, error)) {
         channel->stopChannel();
         return nullptr;
     }
@@ -71,7 +82,7 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
     return connection.device;
 }
 
-/// On one port of one address it is the same device under another name.
+/// The same identity at the same port is the same device under another host name.
 std::optional<Host> Session::findTwin(const Host &host,
                                       const SSProxy::NetworkChannel &channel) const
 {

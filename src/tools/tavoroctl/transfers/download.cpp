@@ -1,6 +1,7 @@
 #include "download.h"
 
 #include <tavoroctl/output/console.h>
+#include <tavorossproxy/channeloptions.h>
 #include <tavorowire/checksums.h>
 
 #include <QFileInfo>
@@ -8,6 +9,13 @@
 #include <utility>
 
 namespace Tavoro::Ctl {
+
+namespace {
+
+/// Packets of a content whose length the device does not announce.
+const quint32 mostUnannounced = SSProxy::ChannelOptions().maxPacketCount;
+
+} // namespace
 
 Download::Download(Console &console, const std::shared_ptr<BizModel::Device> &device,
                    ContentTarget &target, const ProtoModel::File::s_FileSize &size)
@@ -47,6 +55,14 @@ void Download::write(double share, const std::string &data)
         cancel();
     }
     m_length += static_cast<qint64>(data.size());
+    ++m_packets;
+    if (m_size.length != 0 ? m_length > m_size.length : m_packets > mostUnannounced) {
+        stop(QStringLiteral("Received %1 bytes in %2 packets, but the device announced %3 bytes.")
+                 .arg(m_length)
+                 .arg(m_packets)
+                 .arg(m_size.length));
+        cancel();
+    }
     m_checksum = SSProxy::Wire::crc32(data, m_checksum);
     const int percent = static_cast<int>(share * 100);
     if (std::exchange(m_percent, percent) != percent)

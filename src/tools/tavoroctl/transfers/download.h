@@ -28,6 +28,8 @@ public:
     QString error() const;
 
 private:
+    /// Stops when more arrives than the device announced: a channel does not limit the packets of a
+    /// file, since its length does.
     void write(double share, const std::string &data);
     /// Keeps the first reason: later ones follow from it.
     void stop(const QString &reason);
@@ -37,6 +39,7 @@ private:
     ContentTarget &m_target;
     const ProtoModel::File::s_FileSize m_size;
     qint64 m_length = 0;
+    quint32 m_packets = 0;
     quint32 m_checksum = 0;
     int m_percent = -1;
     QString m_error;

@@ -2,9 +2,14 @@
 
 #include "contentsource.h"
 
-#include <tavorocontrol/file.h>
+#include <tavorocontrol/controlhelper.h>
+#include <tavorocontrol/proto/file.h>
 
 #include <atomic>
+
+namespace Tavoro::SSProxy {
+class NetworkChannel;
+}
 
 namespace Tavoro::Ctl {
 
@@ -15,8 +20,14 @@ class Console;
 /// run() blocks and runs on a thread of its own; cancel() may be called from any thread.
 class Upload {
 public:
-    Upload(Console &console, const std::shared_ptr<BizModel::Device> &device,
-           const ProtoModel::File::s_FileInfo &info);
+    /// What an upload works with.
+    struct Target {
+        std::shared_ptr<BizModel::Device> device;
+        std::shared_ptr<SSProxy::NetworkChannel> channel; ///< Of the device.
+        int timeout = 0; ///< Milliseconds that the device may be away before its last answer.
+    };
+
+    Upload(Console &console, const Target &target, const ProtoModel::File::s_FileInfo &info);
 
     /// Sends \a content. False with the reason in error().
     bool run(ContentSource &content);
@@ -26,11 +37,17 @@ public:
     QString error() const { return m_error; }
 
 private:
-    bool sendPacket(const std::string &piece, quint32 count, quint32 index);
+    using Request = std::shared_ptr<SSProxy::DeviceRequestCommand>;
+
+    Request packet(quint32 count, quint32 index) const;
+    /// Asks what became of the last packet, whose answer is missing. True if the device has the
+    /// file.
+    bool confirmLastPacket(quint8 tag);
     void showProgress(quint32 count, quint32 index);
 
     Console &m_console;
-    Control::File m_target;
+    const Target m_target;
+    Control::ControlHelper m_helper;
     const ProtoModel::File::s_FileInfo m_info;
     quint32 m_packetSize = 0; ///< Bytes of content in one packet.
     int m_percent = -1;

@@ -27,8 +27,8 @@ using ID = I::s_InterfaceDetail;
 using SD = S::s_ScreenFullDetail;
 using LD = L::s_LayerFullDetail;
 
-// In the order of the codes. Where a write says writeMember or writeDevice: what is written, where
-// it goes, what is allowed.
+// In the order of the codes. The arguments of writeMember and writeDevice are the member of the
+// body, the member of the object, and the check of the value.
 // clang-format off
 constexpr CommandRow commandRows[] = {
 //   command                               read            write                            content read   content write

@@ -4,7 +4,7 @@
 
 namespace Tavoro::Sim {
 
-/// One command of the device. A command that cannot be read, or not be written, has null there.
+/// One command of the device. Null for what it does not support.
 struct CommandRow {
     Command command;
     ReadHandler read;
@@ -13,10 +13,10 @@ struct CommandRow {
     WriteHandler writeContent = nullptr;
 };
 
-/// The row of \a command, null for one that the device does not know.
+/// The row of \a command; null for an unknown one.
 const CommandRow *findCommand(Command command);
 
-/// Does what \a request asks for, or refuses it.
+/// Carries out \a request, or refuses it.
 Answer carryOut(SimState &state, const Request &request, Reports &reports);
 
 } // namespace Tavoro::Sim

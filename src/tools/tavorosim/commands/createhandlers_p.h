@@ -5,12 +5,12 @@
 
 namespace Tavoro::Sim {
 
-/// Says what is in the file that \a record asks for, or refuses it.
+/// Makes the content of the file that \a record requests, or refuses it.
 template <class Record>
 using FileMaker = DeviceStatus (*)(const SimState &state, const Record &record,
                                    ProtoModel::File::s_FileDetail &detail, std::string &content);
 
-/// Makes a file of each record of the body, in the place of one that is there, or none at all.
+/// Creates a file for each record of the body, and replaces existing ones, or creates none at all.
 template <class Record>
 DeviceStatus createEach(SimState &state, const Request &request, FileMaker<Record> make)
 {

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t longestName = 255; ///< Bytes.
 constexpr std::size_t mostUploads = 16; ///< At a time on one connection.
 
-/// What a progress report says of a transfer.
+/// The type of a transfer in a progress report.
 enum TransferType : qint32 {
     ToDevice = 1,
 };
@@ -52,7 +52,7 @@ void reportProgress(const FileKey &key, qint32 percent, TransferStatus status, R
     reports.push_back({Command::FileTransferProgress, encoded(std::vector{progress})});
 }
 
-/// The upload that the packet belongs to, a new one for a first packet; null if it is out of turn.
+/// The upload of the packet, a new one for a first packet; null if the packet is out of order.
 Upload *findUpload(SimState &state, const Request &request)
 {
     Uploads &uploads = *request.uploads;
@@ -68,7 +68,7 @@ Upload *findUpload(SimState &state, const Request &request)
     return isNext ? upload : nullptr;
 }
 
-/// Puts a content that has wholly arrived in its place.
+/// Stores a complete content.
 DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingContent content)
 {
     const s_FileSize &size = announced.size;
@@ -88,7 +88,7 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
     return status;
 }
 
-/// Takes a packet that is due.
+/// Takes the expected packet.
 DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
                   const Request &request)
 {

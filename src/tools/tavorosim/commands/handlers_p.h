@@ -7,8 +7,7 @@
 
 #include <type_traits>
 
-/// The ordinary handlers, made from the members that they concern: each fits one row of the command
-/// table.
+/// Handlers as templates over the members that they copy: each fits one row of the command table.
 namespace Tavoro::Sim {
 
 template <class Record>
@@ -52,8 +51,7 @@ const auto &identityOf(const Record &record)
         return record.layerIdenti;
 }
 
-/// A write of a list: \a check says for each element whether it can be carried out, and only when
-/// all can, \a apply does it for each.
+/// A write of a list: calls \a check for each element and, if all pass, \a apply for each.
 template <class Record, class Check, class Apply>
 DeviceStatus writeEach(SimState &state, const Request &request, Check check, Apply apply)
 {
@@ -71,7 +69,7 @@ DeviceStatus writeEach(SimState &state, const Request &request, Check check, App
     return DeviceStatus::Success;
 }
 
-/// The usual check: the named object is there, and what is written to it is in its range.
+/// The usual check: the named object exists and the value is in its range.
 template <auto From, ValidityOf<From> isValid>
 DeviceStatus checkMember(const SimState &state, const RecordOf<From> &record)
 {
@@ -80,7 +78,7 @@ DeviceStatus checkMember(const SimState &state, const RecordOf<From> &record)
     return isValid(record.*From) ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }
 
-/// Puts member \a From of each record into member \a To of the object that the record names.
+/// Copies member \a From of each record to member \a To of the object that the record names.
 template <auto From, auto To, ValidityOf<From> isValid = isAnything<BodyOf<From>>>
 DeviceStatus writeMember(SimState &state, const Request &request, Reports & /*reports*/)
 {
@@ -90,7 +88,7 @@ DeviceStatus writeMember(SimState &state, const Request &request, Reports & /*re
                                      });
 }
 
-/// Puts member \a From of one record into member \a To of the device.
+/// Copies member \a From of one record to member \a To of the device.
 template <auto From, auto To, ValidityOf<From> isValid = isAnything<BodyOf<From>>>
 DeviceStatus writeDevice(SimState &state, const Request &request, Reports & /*reports*/)
 {
@@ -103,7 +101,7 @@ DeviceStatus writeDevice(SimState &state, const Request &request, Reports & /*re
     return DeviceStatus::Success;
 }
 
-/// The same for a record that is a member of the device as it stands.
+/// The same for a record that is itself a member of the device.
 template <auto To, ValidityOf<To> isValid>
 DeviceStatus writeDeviceRecord(SimState &state, const Request &request, Reports & /*reports*/)
 {
@@ -118,13 +116,13 @@ DeviceStatus writeDeviceRecord(SimState &state, const Request &request, Reports 
 
 constexpr quint8 noRestriction = 0xFF;
 
-/// Whether \a value passes the filter byte of a read.
+/// True if \a value passes the filter byte of a read.
 inline bool passes(qint32 value, quint8 filter)
 {
     return filter == noRestriction || value == filter;
 }
 
-/// Whether \a type passes the filter of a type, for which 0 restricts nothing either.
+/// True if \a type passes the filter of a type, for which 0 restricts nothing either.
 inline bool passesType(qint32 type, quint8 filter)
 {
     return filter == 0 || passes(type, filter);

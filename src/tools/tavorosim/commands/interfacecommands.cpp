@@ -9,7 +9,7 @@ using namespace ProtoModel::Interface;
 
 namespace {
 
-constexpr qint32 asItComes = 255; ///< Preset of a value that is left to the signal.
+constexpr qint32 asItComes = 255; ///< Preset of a value that the signal determines.
 
 void ask(qint32 &preset, qint32 &actual, qint32 asked)
 {
@@ -18,7 +18,7 @@ void ask(qint32 &preset, qint32 &actual, qint32 asked)
         actual = asked;
 }
 
-// What an interface makes of each kind of body: it takes the preset only, and the signal follows.
+// How an interface takes each kind of body: it stores the preset only, and the signal follows.
 // clang-format off
 void follow(s_ColorDepthBody &now, const s_ColorDepthBody &asked) { ask(now.presetColorDepth, now.actualColorDepth, asked.presetColorDepth); }
 void follow(s_ColorSpaceBody &now, const s_ColorSpaceBody &asked) { ask(now.presetColorSpace, now.actualColorSpace, asked.presetColorSpace); }
@@ -62,7 +62,7 @@ bool isPreset(const s_HDRBody &body)
         && isCode(body.dynamicRange.presetDynamicRange.type);
 }
 
-/// The record that tells member \a From of \a interface, whose member is \a To.
+/// The record that reports member \a To of \a interface as member \a From.
 template <auto From, auto To>
 RecordOf<From> recordOf(const s_InterfaceDetail &interface)
 {
@@ -113,7 +113,7 @@ DeviceStatus writeInterfaceHDR    (SimState &s, const Request &r, Reports &o) { 
 
 DeviceStatus writePresetTiming(SimState &state, const Request &request, Reports &reports)
 {
-    // An output sends what it is told; an input gets what its source sends, whatever it asks for.
+    // An output sends its preset timing; an input keeps the timing of its source.
     const auto apply = [&](SimState &now, const s_PresetTimingDetail &record) {
         s_InterfaceDetail &interface = *find(now, identityOf(record));
         interface.presetTiming = record.presetTiming;

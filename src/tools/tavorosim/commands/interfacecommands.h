@@ -2,14 +2,14 @@
 
 #include "request.h"
 
-/// The commands of interfaces that are more than a member put in its place.
+/// The commands of interfaces that do more than copy a member.
 namespace Tavoro::Sim {
 
 /// Filters: position 33 the kind of interface, position 32 the slot.
 std::string readInterfaces(const SimState &state, const Request &request);
 
 /// \name Presets
-/// The interface keeps what was asked for, the signal follows, and everyone is told.
+/// Sets the preset of the interface; the signal follows, and the change is reported.
 /// @{
 DeviceStatus writePresetTiming(SimState &state, const Request &request, Reports &reports);
 DeviceStatus writeColorDepth(SimState &state, const Request &request, Reports &reports);
@@ -18,13 +18,13 @@ DeviceStatus writeColorRange(SimState &state, const Request &request, Reports &r
 DeviceStatus writeInterfaceHDR(SimState &state, const Request &request, Reports &reports);
 /// @}
 
-/// Renames interfaces; what kind they are is not a matter of commands. Everyone is told.
+/// Renames interfaces and reports the change; their kind cannot be written.
 DeviceStatus writeInterfaceGeneral(SimState &state, const Request &request, Reports &reports);
 DeviceStatus writeHDCP(SimState &state, const Request &request, Reports &reports);
 
-/// The report of the timing that the interface has now.
+/// The report of the actual timing of the interface.
 Report reportTiming(const ProtoModel::Interface::s_InterfaceDetail &interface);
-/// The report of the colour depth that the interface has now.
+/// The report of the actual color depth of the interface.
 Report reportColorDepth(const ProtoModel::Interface::s_InterfaceDetail &interface);
 
 } // namespace Tavoro::Sim

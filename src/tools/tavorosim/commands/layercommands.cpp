@@ -84,7 +84,7 @@ DeviceStatus checkEnableAll(const SimState &state, const s_LayerFullDetail &laye
     return isValid ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }
 
-/// Puts a layer at \a zorder of its scene and makes room there.
+/// Moves a layer to position \a zorder of its scene, and the layers there up.
 void stack(SimState &state, s_LayerFullDetail &layer, qint32 zorder)
 {
     std::vector<s_LayerFullDetail *> above;
@@ -99,7 +99,7 @@ void stack(SimState &state, s_LayerFullDetail &layer, qint32 zorder)
     layer.zorder = zorder;
     for (s_LayerFullDetail *other : above) {
         if (other->zorder > zorder)
-            break; // A gap: nobody above has to move.
+            break; // A gap: the layers above stay.
         other->zorder = ++zorder;
     }
 }

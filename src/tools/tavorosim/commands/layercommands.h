@@ -2,7 +2,7 @@
 
 #include "request.h"
 
-/// The commands of layers that are more than a member put in its place, and what screens do with
+/// The commands of layers that do more than copy a member, and the changes that screens make to
 /// their layers.
 namespace Tavoro::Sim {
 
@@ -10,12 +10,12 @@ namespace Tavoro::Sim {
 /// kind of layer.
 std::string readLayers(const SimState &state, const Request &request);
 
-/// Enables layers with all that they have.
+/// Enables layers with all their settings.
 DeviceStatus writeLayerEnableAll(SimState &state, const Request &request, Reports &reports);
-/// Enables layers, or changes what an enabling record holds of those that are there.
+/// Enables layers. For a layer that exists, changes the members of the record.
 DeviceStatus writeLayerEnable(SimState &state, const Request &request, Reports &reports);
-/// Moves layers in the stack of their scene. A layer takes the place that is written; one that
-/// stood there moves up by one, and so on.
+/// Moves layers in the stack of their scene. A layer moves to the written position; a layer at that
+/// position moves up by one, and so on.
 DeviceStatus writeLayerZOrder(SimState &state, const Request &request, Reports &reports);
 DeviceStatus writeLayerSource(SimState &state, const Request &request, Reports &reports);
 /// Removes the layers of the body, or, with 0xFF at the positions 31 and 32, all layers of the
@@ -24,9 +24,9 @@ DeviceStatus writeLayerRemoved(SimState &state, const Request &request, Reports 
 
 /// Removes all layers of a screen.
 void removeLayers(Setup &setup, const ProtoModel::s_ScreenId &screen);
-/// Preview and programme change places.
+/// Swaps preview and programme.
 void swapScenes(SimState &state, const ProtoModel::s_ScreenId &screen);
-/// The programme becomes what the preview is, and the preview stays.
+/// Copies the preview to the programme.
 void copyPreviewToProgramme(SimState &state, const ProtoModel::s_ScreenId &screen);
 
 } // namespace Tavoro::Sim

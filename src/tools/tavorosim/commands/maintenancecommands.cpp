@@ -104,16 +104,14 @@ DeviceStatus writePower(SimState &state, const Request &request, Reports & /*rep
 DeviceStatus writeFactoryReset(SimState &state, const Request &request, Reports & /*reports*/)
 {
     qint32 type = 0;
-    DeviceStatus status = readOption(request, SetupAndFiles, type);
-    if (status == DeviceStatus::Success && type == SetupAndFiles) {
-        FileChanges changes = state.files.change();
-        changes.removeAll();
-        status = commit(state, changes);
-    }
-    if (status == DeviceStatus::Success && !keepSetup(state.files, state.factory))
-        status = DeviceStatus::StorageFailed;
+    const DeviceStatus status = readOption(request, SetupAndFiles, type);
     if (status != DeviceStatus::Success)
         return status;
+    FileChanges changes = state.files.change();
+    if (type == SetupAndFiles)
+        changes.removeAll();
+    if (!saveSetup(state.files, changes, state.factory))
+        return DeviceStatus::StorageFailed;
     state.saved = state.factory;
     static_cast<Setup &>(state) = state.factory;
     return DeviceStatus::Success;
@@ -121,7 +119,7 @@ DeviceStatus writeFactoryReset(SimState &state, const Request &request, Reports 
 
 DeviceStatus writeSave(SimState &state, const Request & /*request*/, Reports & /*reports*/)
 {
-    if (!keepSetup(state.files, state))
+    if (!saveSetup(state.files, state.files.change(), state))
         return DeviceStatus::StorageFailed;
     state.saved = state;
     return DeviceStatus::Success;

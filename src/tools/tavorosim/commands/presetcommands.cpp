@@ -23,7 +23,7 @@ struct StoredScreens {
     TAVORO_FIELDS(screens, layers)
 };
 
-/// The content of a project: this as one line of JSON, then the contents of its files, one behind
+/// The content of a project: this as one line of JSON, then the contents of its files, one after
 /// the other.
 struct StoredProject : StoredScreens {
     std::vector<s_FileDetail> files;
@@ -69,8 +69,8 @@ DeviceStatus makePreset(const SimState &state, const s_CreatePresetFile &record,
     return DeviceStatus::Success;
 }
 
-/// Brings the stored screens back with their layers, into the places of those of the same names.
-/// These go first, all of them, as a screen may have now what another one had when it was stored.
+/// Restores the stored screens with their layers. Removes all screens of the same numbers first,
+/// since one of them may use an output that another one had when it was stored.
 DeviceStatus restore(Setup &setup, const StoredScreens &stored)
 {
     for (const Screen::s_ScreenFullDetail &screen : stored.screens) {

@@ -17,7 +17,7 @@ using SSProxy::Command;
 using SSProxy::CommandType;
 using SSProxy::Wire::DeviceStatus;
 
-/// A whole request: what the packets of an exchange come to. Only contents come packet by packet.
+/// A whole request, assembled from its packets. Only contents are passed packet by packet.
 struct Request {
     Command command;
     CommandType type;
@@ -27,18 +27,18 @@ struct Request {
     /// @{
     quint32 totalCount = 1;
     quint32 sendCount = 0;
-    Uploads *uploads = nullptr; ///< What else is coming in on this connection.
+    Uploads *uploads = nullptr; ///< The unfinished contents of this connection.
     /// @}
 };
 
-/// What the device says of its own accord, to every client.
+/// An unsolicited report to all clients.
 struct Report {
     Command command;
     std::string body;
 };
 using Reports = std::vector<Report>;
 
-/// What comes back for a request: a body, or a content that is read as it is sent. A refusal has
+/// The answer to a request: a body, or a content that is read while it is sent. A refusal has
 /// neither.
 struct Answer {
     DeviceStatus status = DeviceStatus::Success;
@@ -46,10 +46,10 @@ struct Answer {
     std::shared_ptr<QIODevice> content;
 };
 
-/// Answers a read. Filters that fit nothing make an empty list, not a refusal.
+/// Answers a read. Filters without a match give an empty list, not a refusal.
 using ReadHandler = std::string (*)(const SimState &state, const Request &request);
-/// Carries out a write, or refuses it and changes nothing. Adds to \a reports what the device has
-/// to tell everyone about it.
+/// Carries out a write, or refuses it and changes nothing. Adds the device's reports of the
+/// change to \a reports.
 using WriteHandler = DeviceStatus (*)(SimState &state, const Request &request, Reports &reports);
 /// Answers a binary read.
 using ContentHandler = Answer (*)(const SimState &state, const Request &request);

@@ -22,17 +22,18 @@ namespace {
 
 using Numbers = std::vector<int>;
 
-/// One word of the console. A handler gets as many arguments as its usage names, and says why it
-/// could not do what was asked; nothing when it did.
-struct Word {
+/// One command of the console. A handler gets as many arguments as its usage names, and returns why
+/// it could not carry the command out; nothing if it did.
+struct ConsoleCommand {
     const char *name;
     const char *usage;
     const char *effect;
-    bool (*takes)(const qint32 &value); ///< What the last argument may be where it is a number.
+    bool (*isValid)(const qint32 &value); ///< Checks the last argument if it is a number.
+    const char *range; ///< The values that isValid accepts.
     QString (*handler)(SimState &state, const QStringList &arguments, Reports &reports);
 };
 
-/// All of \a texts as numbers, or nothing if one is none.
+/// All of \a texts as numbers; nothing if one is not a number.
 std::optional<Numbers> toNumbers(const QStringList &texts)
 {
     Numbers numbers;
@@ -50,20 +51,21 @@ bool isDuration(const qint32 &value)
     return value >= 0;
 }
 
-/// Why the last argument is none that the word takes, nothing when it is.
-QString refusalOfLast(const Word &word, const QStringList &arguments)
+/// Why the last argument is not valid; nothing if it is.
+QString refusalOfLast(const ConsoleCommand &command, const QStringList &arguments)
 {
     bool isNumber = false;
     const int value = arguments.last().toInt(&isNumber);
-    if (!isNumber || word.takes(value))
+    if (!isNumber || command.isValid(value))
         return {};
-    const QString name = QString::fromLatin1(word.usage).section(QLatin1Char(' '), -1);
-    return QStringLiteral("\"%1\" is no %2").arg(arguments.last(), name);
+    const QString name = QString::fromLatin1(command.usage).section(QLatin1Char(' '), -1);
+    return QStringLiteral("\"%1\" is not a valid %2 (%3)")
+        .arg(arguments.last(), name, QLatin1String(command.range));
 }
 
-const QString notANumber = QStringLiteral("a number is due");
-const QString noSuchObject = QStringLiteral("there is no such thing");
-const QString noSuchPicture = QStringLiteral("no source sends such a picture");
+const QString notANumber = QStringLiteral("expected a number");
+const QString noSuchObject = QStringLiteral("no such object");
+const QString unsupportedTiming = QStringLiteral("timing not supported");
 
 QString setPower(SimState &state, const Numbers &numbers, Reports &reports)
 {
@@ -146,13 +148,13 @@ QString setTiming(SimState & /*state*/, Input &input, const Numbers &numbers, Re
     const int width = numbers.at(2);
     const int height = numbers.at(3);
     if (!isSide(width) || !isSide(height)) // and their sums are in order
-        return noSuchPicture;
+        return unsupportedTiming;
     s_TimingDetailBody timing;
     timing.refresh = numbers.at(4);
     timing.horizontal = {width, 88, 44, 1, width + 280};
     timing.vertical = {height, 4, 5, 1, height + 45};
     if (!isTiming(timing))
-        return noSuchPicture;
+        return unsupportedTiming;
     input.actualTiming = timing;
     reports.push_back(reportTiming(input));
     return {};
@@ -196,7 +198,7 @@ QString switchPower(SimState &state, const Numbers &numbers, Reports & /*reports
     return {};
 }
 
-/// A word whose arguments are all numbers.
+/// A command whose arguments are all numbers.
 template <QString (*handle)(SimState &, const Numbers &, Reports &)>
 QString numeric(SimState &state, const QStringList &arguments, Reports &reports)
 {
@@ -204,7 +206,7 @@ QString numeric(SimState &state, const QStringList &arguments, Reports &reports)
     return numbers ? handle(state, *numbers, reports) : notANumber;
 }
 
-/// A word whose first two numbers name an input.
+/// A command whose first two numbers name an input.
 template <QString (*handle)(SimState &, Input &, const Numbers &, Reports &)>
 QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
 {
@@ -213,19 +215,19 @@ QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
 }
 
 // clang-format off
-constexpr Word words[] = {
-//   word        arguments                                effect                                         takes               handler
-    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 isAnything<qint32>, numeric<onInput<pullCable>>},
-    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,             numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "the source of an input changes its depth",    isCode,             numeric<onInput<setDepth>>},
-    {"genlock",  "SIGNAL",                                "genlock comes (1) or is lost (0)",            isFlag,             numeric<setGenlock>},
-    {"group",    "ID NAME",                               "names a group, a new one if need be",         isAnything<qint32>, setGroup},
-    {"pass",     "MILLISECONDS",                          "so much time passes for the device",          isDuration,         numeric<passTime>},
-    {"power",    "ID STATUS",                             "a power supply works (1) or fails (0)",       isFlag,             numeric<setPower>},
-    {"relation", "INTERFACE",                             "a pair of interfaces changes over to this",   isAnything<qint32>, numeric<setRelation>},
-    {"spoil",    "PERCENT",                               "an upgrade fails when it has come so far",    isPercent,          numeric<failUpgrade>},
-    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,             numeric<switchPower>},
-    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "the source of an input sends such a picture", isAnything<qint32>, numeric<onInput<setTiming>>},
+constexpr ConsoleCommand commands[] = {
+//   command     arguments                                effect                                         valid, range                           handler
+    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 isAnything<qint32>, "",                numeric<onInput<pullCable>>},
+    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,             "0 or 1",          numeric<setCard>},
+    {"depth",    "SLOT CONNECTOR BITS",                   "sets the color depth of an input's source",   isCode,             "0 to 65535",      numeric<onInput<setDepth>>},
+    {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,             "0 or 1",          numeric<setGenlock>},
+    {"group",    "ID NAME",                               "names a group, and adds it if it is new",     isAnything<qint32>, "",                setGroup},
+    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration,         "0 to 2147483647", numeric<passTime>},
+    {"power",    "ID STATUS",                             "makes a power supply work (1) or fail (0)",   isFlag,             "0 or 1",          numeric<setPower>},
+    {"relation", "INTERFACE",                             "switches a pair of interfaces to this one",   isAnything<qint32>, "",                numeric<setRelation>},
+    {"spoil",    "PERCENT",                               "makes the upgrade fail at this progress",     isPercent,          "0 to 100",        numeric<failUpgrade>},
+    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,             "0 or 1",          numeric<switchPower>},
+    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "sets the timing of an input's source",        isAnything<qint32>, "",                numeric<onInput<setTiming>>},
 };
 // clang-format on
 
@@ -246,17 +248,17 @@ ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString 
         return {};
     if (name == QLatin1String("fault"))
         return executeFault(faults, parts);
-    const auto word = std::find_if(std::begin(words), std::end(words), [&](const Word &candidate) {
-        return name == QLatin1String(candidate.name);
-    });
-    if (word == std::end(words))
-        return {false, QStringLiteral("no such word: %1").arg(name)};
-    const QString usage = QLatin1String(word->usage);
+    const auto command =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const ConsoleCommand &row) { return name == QLatin1String(row.name); });
+    if (command == std::end(commands))
+        return {false, QStringLiteral("unknown command: %1").arg(name)};
+    const QString usage = QLatin1String(command->usage);
     if (parts.size() != usage.count(QLatin1Char(' ')) + 1)
         return {false, QStringLiteral("usage: %1 %2").arg(name, usage)};
-    QString fault = refusalOfLast(*word, parts);
+    QString fault = refusalOfLast(*command, parts);
     if (fault.isEmpty())
-        fault = word->handler(state, parts, reports);
+        fault = command->handler(state, parts, reports);
     return {fault.isEmpty(), fault};
 }
 
@@ -268,10 +270,10 @@ QString consoleHelpLine(const QString &call, const char *effect)
 QString consoleHelp()
 {
     QString help;
-    for (const Word &word : words) {
+    for (const ConsoleCommand &command : commands) {
         const QString call =
-            QStringLiteral("%1 %2").arg(QLatin1String(word.name), QLatin1String(word.usage));
-        help += consoleHelpLine(call, word.effect);
+            QStringLiteral("%1 %2").arg(QLatin1String(command.name), QLatin1String(command.usage));
+        help += consoleHelpLine(call, command.effect);
     }
     return help + faultConsoleHelp();
 }

@@ -8,25 +8,25 @@ namespace Tavoro::Sim {
 
 class FaultRules;
 
-/// What a line of the console led to.
+/// The result of a line of the console.
 struct ConsoleAnswer {
     bool ok = true;
-    QString text; ///< What was asked for, or why it was not done.
+    QString text; ///< The requested value, or why the command was not carried out.
 
     /// The answer as one line: "ok", "ok TEXT" or "error TEXT".
     QString line() const;
 };
 
-/// Makes happen what the device does not do by command: cables, power supplies, signals. \a line is
-/// a word of the console's table and its arguments, blank-separated; an empty line does nothing.
-/// Adds to \a reports what the device has to tell everyone.
+/// Carries out what no command of the device does: cables, power supplies, signals. \a line is a
+/// command of the console's table and its arguments, separated by spaces; an empty line does
+/// nothing. Adds the device's reports to \a reports.
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports);
 
-/// A line of the console's help: how a word is called, and what it does.
+/// A line of the console's help: the call of a command, and its effect.
 QString consoleHelpLine(const QString &call, const char *effect);
 
-/// The console's words, one to a line, for people.
+/// The commands of the console as text, one per line.
 QString consoleHelp();
 
 } // namespace Tavoro::Sim

@@ -9,7 +9,7 @@ namespace Tavoro::Sim {
 
 namespace {
 
-struct FaultWord {
+struct FaultCommand {
     const char *name;
     const char *argument; ///< Empty when there is none.
     const char *effect;
@@ -41,10 +41,10 @@ ConsoleAnswer clearRules(FaultRules &rules, const QString & /*argument*/)
 }
 
 // clang-format off
-constexpr FaultWord words[] = {
-    {"add",   "RULE", "from now on exchanges go wrong by this rule", addRule},
-    {"clear", "",     "takes all rules back and reads on",           clearRules},
-    {"list",  "",     "tells the rules with what is left of them",   listRules},
+constexpr FaultCommand commands[] = {
+    {"add",   "RULE", "injects a fault from now on",                 addRule},
+    {"clear", "",     "removes all rules and resumes reading",       clearRules},
+    {"list",  "",     "lists the rules with their remaining counts", listRules},
 };
 // clang-format on
 
@@ -52,23 +52,24 @@ constexpr FaultWord words[] = {
 
 ConsoleAnswer executeFault(FaultRules &rules, const QStringList &arguments)
 {
-    const auto word = std::find_if(std::begin(words), std::end(words), [&](const FaultWord &row) {
-        const bool takesArgument = row.argument[0] != '\0';
-        return arguments.size() == (takesArgument ? 2 : 1)
-            && arguments.at(0) == QLatin1String(row.name);
-    });
-    if (word == std::end(words))
+    const auto command =
+        std::find_if(std::begin(commands), std::end(commands), [&](const FaultCommand &row) {
+            const bool takesArgument = row.argument[0] != '\0';
+            return arguments.size() == (takesArgument ? 2 : 1)
+                && arguments.at(0) == QLatin1String(row.name);
+        });
+    if (command == std::end(commands))
         return {false, QStringLiteral("usage: fault add RULE, fault clear, fault list")};
-    return word->execute(rules, arguments.value(1));
+    return command->execute(rules, arguments.value(1));
 }
 
 QString faultConsoleHelp()
 {
     QString help;
-    for (const FaultWord &word : words) {
+    for (const FaultCommand &command : commands) {
         const QString call = QStringLiteral("fault %1 %2")
-                                 .arg(QLatin1String(word.name), QLatin1String(word.argument));
-        help += consoleHelpLine(call, word.effect);
+                                 .arg(QLatin1String(command.name), QLatin1String(command.argument));
+        help += consoleHelpLine(call, command.effect);
     }
     return help;
 }

@@ -9,10 +9,10 @@ namespace Tavoro::Sim {
 
 class FaultRules;
 
-/// Carries out a line of the console that begins with "fault"; \a arguments is what follows.
+/// Carries out a line of the console that begins with "fault"; \a arguments are the words after it.
 ConsoleAnswer executeFault(FaultRules &rules, const QStringList &arguments);
 
-/// The words that may follow "fault", one to a line, for people.
+/// The commands that begin with "fault" as text, one per line.
 QString faultConsoleHelp();
 
 } // namespace Tavoro::Sim

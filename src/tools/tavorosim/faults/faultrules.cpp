@@ -14,7 +14,7 @@ namespace Tavoro::Sim {
 
 namespace {
 
-/// What stands on the two sides of the first "=".
+/// A name and the value after the first "=".
 struct Setting {
     explicit Setting(const QString &text)
         : name(text.section(QLatin1Char('='), 0, 0)),
@@ -62,20 +62,23 @@ bool setShare(FaultRule &rule, const QString &value)
 struct LimitRow {
     const char *name;
     bool (*set)(FaultRule &rule, const QString &value);
+    const char *range;
 };
 
+// clang-format off
 constexpr LimitRow limitRows[] = {
-    {"code", setCode},
-    {"skip", setSkip},
-    {"count", setCount},
-    {"share", setShare},
+    {"code",  setCode,  "0x1 to 0xFFFF, or the name of a command"},
+    {"skip",  setSkip,  "0 to 4294967295"},
+    {"count", setCount, "1 to 4294967295"},
+    {"share", setShare, "1 to 100"},
 };
+// clang-format on
 
 bool setFault(FaultRule &rule, const Setting &setting, QString &error)
 {
     rule.fault = findFault(setting.name);
     if (!rule.fault) {
-        error = QStringLiteral("no such fault: %1").arg(setting.name);
+        error = QStringLiteral("unknown fault: \"%1\"").arg(setting.name);
         return false;
     }
     const FaultRow &row = *rule.fault;
@@ -101,8 +104,9 @@ bool setLimit(FaultRule &rule, const Setting &setting, QString &error)
     if (row != std::end(limitRows) && row->set(rule, setting.value))
         return true;
     error = row == std::end(limitRows)
-        ? QStringLiteral("a rule has no %1").arg(setting.name)
-        : QStringLiteral("\"%1\" is no %2").arg(setting.value, setting.name);
+        ? QStringLiteral("unknown limit: \"%1\"").arg(setting.name)
+        : QStringLiteral("\"%1\" is not a valid %2 (%3)")
+              .arg(setting.value, setting.name, QLatin1String(row->range));
     return false;
 }
 
@@ -122,7 +126,7 @@ bool setLimits(FaultRule &rule, const QStringList &parts, QString &error)
     return true;
 }
 
-/// The answer that tells the identity is no response: it has no place for a status.
+/// The identity answer has no status to set.
 bool isStatusOfIdentity(const FaultRule &rule)
 {
     return rule.code == identityCode && rule.fault == findFault(QStringLiteral("status"));
@@ -137,7 +141,7 @@ std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
     if (!setFault(rule, Setting(parts.takeFirst()), error) || !setLimits(rule, parts, error))
         return std::nullopt;
     if (isStatusOfIdentity(rule)) {
-        error = QStringLiteral("the identity has no status");
+        error = QStringLiteral("the identity answer has no status");
         return std::nullopt;
     }
     return rule;
@@ -164,7 +168,7 @@ std::optional<FaultRule> FaultRules::next(quint16 code)
     for (auto rule = m_rules.begin(); rule != m_rules.end(); ++rule) {
         if (rule->code ? *rule->code != code : code == identityCode)
             continue;
-        if (rule->skip > 0) { // without a draw, or more would go right than are to be skipped
+        if (rule->skip > 0) { // without a random number, or more exchanges would be skipped
             --rule->skip;
             continue;
         }

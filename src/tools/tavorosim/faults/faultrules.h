@@ -11,28 +11,28 @@ namespace Tavoro::Sim {
 
 struct FaultRow;
 
-/// Which exchanges go wrong, and how.
+/// Selects exchanges, and a fault for them.
 struct FaultRule {
     const FaultRow *fault = nullptr; ///< A row of the table of faults.
-    quint32 value = 0; ///< As the row tells.
+    quint32 value = 0; ///< Its meaning is that of the row.
     std::optional<quint16> code; ///< Empty: all commands.
-    quint32 skip = 0; ///< Exchanges that still go right.
-    std::optional<quint32> count; ///< Exchanges that still go wrong; empty: all.
-    quint32 share = 100; ///< Percent of the exchanges that go wrong.
+    quint32 skip = 0; ///< Exchanges that are skipped first.
+    std::optional<quint32> count; ///< Exchanges that get the fault; empty: all.
+    quint32 share = 100; ///< Percent of the other exchanges that get the fault, at random.
 };
 
 /// Reads a rule:
 /// \code
 /// FAULT[=VALUE][,code=CODE][,skip=N][,count=N][,share=PERCENT]
 /// \endcode
-/// CODE is a number (0x1107), the name of a command (DeviceSwap) or "identity". Each limit stands
-/// there once. Nothing with the reason in \a error when \a text is no rule.
+/// CODE is a number (0x1107), the name of a command (DeviceSwap) or "identity". Each limit is given
+/// once at most. Returns nothing and sets \a error when \a text is not a rule.
 std::optional<FaultRule> parseFaultRule(const QString &text, QString &error);
 
-/// The rule as parseFaultRule() reads it, with what is left of its numbers.
+/// The rule as parseFaultRule() reads it, with its remaining counts.
 QString toText(const FaultRule &rule);
 
-/// The rules of a device, in the order in which they are asked. One seed makes one sequence.
+/// The rules of a device, in the order in which they apply. One seed makes one sequence.
 class FaultRules {
 public:
     void seed(quint32 seed) { m_random.seed(seed); }
@@ -41,8 +41,8 @@ public:
     bool isEmpty() const { return m_rules.empty(); }
     const std::vector<FaultRule> &rules() const { return m_rules; }
 
-    /// The first rule that the next exchange of \a code falls under, counted as used. A rule
-    /// without a code is none for the identity. Rules that are used up go.
+    /// The first rule that applies to the next exchange of \a code; counts the exchange. A rule
+    /// without a code does not apply to the identity. A rule is removed when its count is used up.
     std::optional<FaultRule> next(quint16 code);
 
     /// The same numbers on every machine.

@@ -1,4 +1,4 @@
-// What a device can do wrong, and the bytes that leave for it.
+// The faults that a device can have, and the bytes that it sends then.
 
 #include "faulttable.h"
 
@@ -31,7 +31,7 @@ WireHead headOf(const QByteArray &frame)
     return head;
 }
 
-/// The frame with another head, which is in order but for what was made wrong.
+/// The frame with another head, whose checksum is correct.
 QByteArray withHead(const QByteArray &frame, WireHead head)
 {
     head.headChecksum = SSProxy::Wire::headChecksum(head);
@@ -89,7 +89,7 @@ void dropAfter(const FaultedRequest &request, Delivery &delivery)
     delivery.endsConnection = true;
 }
 
-/// One byte of the head is another; the checksum of the head is right.
+/// Changes one byte of the head; the checksum of the head is correct.
 template <std::size_t Position, quint8 Mask>
 void changeHead(const FaultedRequest &request, Delivery &delivery)
 {
@@ -138,7 +138,7 @@ void answerAnother(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(packet);
 }
 
-/// The next packet in the place of this one, which is kept for the next request.
+/// Sends the next packet instead of this one, which is kept for the next request.
 void swapPackets(const FaultedRequest &request, Delivery &delivery)
 {
     Packet due = request.answer();
@@ -153,7 +153,7 @@ void swapPackets(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(request.makeAnswer(head));
     auto &heldBack = request.past.heldBack;
     heldBack.push_back(std::move(due));
-    if (heldBack.size() > PacketAssembler::mostStreams) // nobody will ask for the oldest any more
+    if (heldBack.size() > PacketAssembler::mostStreams) // the oldest will not be requested
         heldBack.pop_front();
 }
 
@@ -166,8 +166,8 @@ void cutBody(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(packet);
 }
 
-/// Each byte is taken with the odds of what is still to take among the bytes that are left, so that
-/// as many different ones are as asked for, or all.
+/// Takes each byte with the probability (bytes still to take) / (bytes left), so that exactly the
+/// requested number of bytes change, or all.
 void garbleBody(const FaultedRequest &request, Delivery &delivery)
 {
     Packet packet = request.answer();
@@ -201,7 +201,8 @@ void flood(const FaultedRequest &request, Delivery &delivery)
 }
 
 constexpr quint32 tenMinutes = 600000;
-constexpr quint32 mostReports = 100000; ///< That a client has room for when it has read all before.
+constexpr quint32 mostReports =
+    100000; ///< They fit what a client that has read everything may leave unread.
 constexpr quint32 aboveEveryLimit = 0x10000000;
 
 // The device carries a request out unless the help says otherwise.
@@ -209,18 +210,18 @@ constexpr quint32 aboveEveryLimit = 0x10000000;
 constexpr FaultRow faultRows[] = {
 //   name                   value     least most         usual            help                                                           action
     {"status",              "NUMBER", 1,    255,         0,               "refuses the request with this status",                        refuse},
-    {"late",                "MS",     1,    tenMinutes,  0,               "answers so much later",                                       answerLate},
+    {"late",                "MS",     1,    tenMinutes,  0,               "answers later",                                               answerLate},
     {"silent",              "",       0,    0,           0,               "never answers",                                               keepSilent},
     {"ignore",              "",       0,    0,           0,               "does not carry the request out and never answers",            ignore},
     {"stall",               "",       0,    0,           0,               "sends half of the answer and never the rest",                 answerHalf},
     {"drop-request",        "",       0,    0,           0,               "does not carry the request out and ends the connection",      dropRequest},
-    {"drop-before",         "",       0,    0,           0,               "ends the connection in front of the answer",                  dropBefore},
+    {"drop-before",         "",       0,    0,           0,               "ends the connection before the answer",                       dropBefore},
     {"drop-within",         "",       0,    0,           0,               "ends the connection after half of the answer",                dropWithin},
-    {"drop-after",          "",       0,    0,           0,               "ends the connection behind the answer",                       dropAfter},
+    {"drop-after",          "",       0,    0,           0,               "ends the connection after the answer",                        dropAfter},
     {"wrong-flag",          "",       0,    0,           0,               "answers with another flag (position 0)",                      changeHead<0, 0xFF>},
     {"wrong-version",       "",       0,    0,           0,               "with another version (2)",                                    changeHead<2, 0x80>},
-    {"wrong-tag",           "",       0,    0,           0,               "with a tag that nobody waits for (3)",                        changeHead<3, 0x80>},
-    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "with a length of so much more than there is (4)",             claimMoreBytes},
+    {"wrong-tag",           "",       0,    0,           0,               "with a tag that is not in use (3)",                           changeHead<3, 0x80>},
+    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "with a body length that is too large by this (4)",             claimMoreBytes},
     {"wrong-index",         "",       0,    0,           0,               "with a checksum index that is not defined (9)",               changeHead<9, 0x80>},
     {"wrong-kind",          "",       0,    0,           0,               "with a kind that is not defined (10)",                        changeHead<10, 0x80>},
     {"wrong-head-checksum", "",       0,    0,           0,               "with another checksum of the head (12)",                      spoilHeadChecksum},
@@ -228,15 +229,15 @@ constexpr FaultRow faultRows[] = {
     {"wrong-stream",        "",       0,    0,           0,               "with another stream (18)",                                    changeHead<18, 0xFF>},
     {"wrong-type",          "",       0,    0,           0,               "with another type (20)",                                      changeHead<20, 0x80>},
     {"wrong-code",          "",       0,    0,           0,               "with another function code (29)",                             changeHead<29, 0x80>},
-    {"packets",             "NUMBER", 0,    any,         any,             "claims that the answer has so many packets",                  claimPackets},
-    {"swap-packets",        "",       0,    0,           0,               "the next packet comes first, then this one",                  swapPackets},
-    {"twice",               "",       0,    0,           0,               "answers two times",                                           answerTwice},
-    {"other-tag",           "",       0,    0,           0,               "answers to a request that was left unanswered",               answerAnother},
-    {"truncate",            "BYTES",  0,    any,         0,               "only so much of the body, 0: half; the frame is in order",    cutBody},
-    {"garble",              "BYTES",  1,    any,         1,               "so many bytes of the body are #; the frame is in order",      garbleBody},
-    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for so long, 0: until \"fault clear\"", stopReading},
+    {"packets",             "NUMBER", 0,    any,         any,             "with this number of packets (21)",                            claimPackets},
+    {"swap-packets",        "",       0,    0,           0,               "sends the next packet first, then this one",                  swapPackets},
+    {"twice",               "",       0,    0,           0,               "answers twice",                                               answerTwice},
+    {"other-tag",           "",       0,    0,           0,               "answers an earlier request without an answer",                answerAnother},
+    {"truncate",            "BYTES",  0,    any,         0,               "sends this part of the body, 0: half, in a valid frame",      cutBody},
+    {"garble",              "BYTES",  1,    any,         1,               "replaces bytes of the body by #, in a valid frame",           garbleBody},
+    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault clear\"", stopReading},
     {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
-    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends so many reports in front of the answer, up to 100000",   flood},
+    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends reports before the answer, up to 100000",               flood},
 };
 // clang-format on
 

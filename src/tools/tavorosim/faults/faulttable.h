@@ -12,31 +12,31 @@
 
 namespace Tavoro::Sim {
 
-/// What goes back for one request, and what becomes of the connection.
+/// The bytes that answer one request, and what happens to the connection.
 struct Delivery {
     QByteArray bytes;
-    /// What the bytes answer when it was not made by carrying the request out.
+    /// The answer in the bytes if the request was not carried out for it.
     std::optional<PacketAssembler::Packet> unworked = {};
-    int delay = 0; ///< Milliseconds before the bytes leave.
-    bool endsConnection = false; ///< Behind the bytes.
+    int delay = 0; ///< Milliseconds before the bytes are sent.
+    bool endsConnection = false; ///< After the bytes.
     bool stopsReading = false;
     int readingPause = 0; ///< Milliseconds; 0: until the faults are cleared.
-    quint32 reports = 0; ///< That leave in front of the bytes.
+    quint32 reports = 0; ///< Sent before the bytes.
     bool restarts = false; ///< The whole device.
 };
 
-/// What one connection has behind it.
+/// What happened before on one connection.
 struct ConnectionPast {
-    /// A request that is without an answer; its tag is 0 when there is none.
+    /// The last request without an answer; its tag is 0 if there is none.
     SSProxy::Wire::WireHead unanswered;
-    /// Answers that wait for the request whose place was taken by theirs.
+    /// Packets of swap-packets that wait for the next request.
     std::deque<PacketAssembler::Packet> heldBack;
 };
 
-/// Carries out a request and makes its answer. The body belongs to the first call.
+/// Carries out a request and makes its answer. The first call consumes the body.
 using MakeAnswer = std::function<PacketAssembler::Packet(const SSProxy::Wire::WireHead &request)>;
 
-/// A request that falls under a rule.
+/// A request that a rule applies to.
 struct FaultedRequest {
     const SSProxy::Wire::WireHead &head;
     quint32 value; ///< Of the rule.
@@ -64,7 +64,7 @@ struct FaultRow {
 /// The fault of this name, null when there is none.
 const FaultRow *findFault(const QString &name);
 
-/// The table of faults, one to a line, for people.
+/// The table of faults as text, one per line.
 QString faultHelp();
 
 } // namespace Tavoro::Sim

@@ -26,7 +26,7 @@ Delivery FaultyAnswers::deliver(const WireHead &request, quint16 code, const Mak
     return delivery;
 }
 
-/// The packet whose place was taken by the one that is asked for now.
+/// Delivers the packet that was kept when the requested one was sent in its place.
 bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
 {
     auto &heldBack = m_past.heldBack;

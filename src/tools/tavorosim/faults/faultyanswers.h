@@ -5,15 +5,15 @@
 
 namespace Tavoro::Sim {
 
-/// What goes back on one connection of a device with faults. Pure: no socket, no clock.
+/// Makes the answers on one connection of a device with faults. Pure: no socket, no clock.
 class FaultyAnswers {
 public:
     explicit FaultyAnswers(FaultRules &rules) : m_rules(rules) { }
 
-    /// Nothing goes wrong on this connection now: the answer may be sent as it is.
+    /// True while no fault can apply on this connection: answers may be sent unchanged.
     bool isIdle() const { return m_rules.isEmpty() && m_past.heldBack.empty(); }
 
-    /// What goes back for \a request. \a code is its code, or that of the identity.
+    /// Answers \a request. \a code is its code, or that of the identity.
     Delivery deliver(const SSProxy::Wire::WireHead &request, quint16 code,
                      const MakeAnswer &makeAnswer);
 

@@ -18,7 +18,7 @@ bool DiscoveryResponder::listen(const QHostAddress &address, quint16 port, QStri
 {
     if (m_socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
         return true;
-    error = QStringLiteral("cannot be found on %1: %2")
+    error = QStringLiteral("cannot listen for discovery requests on %1: %2")
                 .arg(SSProxy::Wire::hostAndPort(address.toString(), port), m_socket.errorString());
     return false;
 }

@@ -10,18 +10,17 @@
 
 namespace Tavoro::Sim {
 
-/// Answers those who look for devices on the network.
+/// Answers discovery requests.
 class DiscoveryResponder : public QObject {
     Q_OBJECT
 
 public:
-    /// Who the device is; nobody answers while its \c tcpPort is 0.
+    /// Returns the identity of the device. While its \c tcpPort is 0, requests are not answered.
     using Identity = std::function<ProtoModel::DeviceBaseInfo()>;
 
     explicit DiscoveryResponder(Identity identity, QObject *parent = nullptr);
 
-    /// Shares \a port with other devices of this machine. False with a sentence in \a error when it
-    /// cannot be had.
+    /// Shares \a port with other devices of this machine. On failure \a error holds a sentence.
     bool listen(const QHostAddress &address, quint16 port, QString &error);
     quint16 port() const { return m_socket.localPort(); }
 

@@ -9,7 +9,7 @@
 
 namespace Tavoro::Sim {
 
-/// What became of the last requests of one connection, by the numbers that the client gave them.
+/// The outcomes of the last requests of one connection, by the numbers that the client gave them.
 class ConnectionOutcomes {
 public:
     static constexpr quint32 mostRequests = 256;
@@ -21,7 +21,7 @@ public:
     void arrive(quint32 number);
     /// It was answered.
     void finish(quint32 number, quint8 status);
-    /// State and status of a request, as they travel.
+    /// State and status of a request, as on the wire.
     std::string tell(quint32 number) const;
 
 private:
@@ -43,7 +43,7 @@ public:
 
     std::shared_ptr<ConnectionOutcomes> open(const SSProxy::Wire::ConnectionId &id);
     void forgetAll() { m_connections.clear(); }
-    /// State and status of a request, as they travel.
+    /// State and status of a request, as on the wire.
     std::string tell(const SSProxy::Wire::RequestId &request) const;
 
 private:

@@ -10,22 +10,22 @@
 
 namespace Tavoro::Sim {
 
-/// All that can be chosen about a simulated device before it starts.
+/// The options of a simulated device.
 struct SimOptions : DeviceOptions {
-    quint16 port = 0; ///< 0: any free one.
-    int controlPort = -1; ///< Port for console commands, 0 for any free one, -1 for none.
+    quint16 port = 0; ///< 0: any free port.
+    int controlPort = -1; ///< Port for console commands; 0: any free port, -1: none.
 
-    int discoveryPort = -1; ///< UDP port to be found on, 0 for any free one, -1 for none.
+    int discoveryPort = -1; ///< UDP port for discovery requests; 0: any free port, -1: none.
 
-    quint32 packetSize = 64 * 1024; ///< Longest body in a packet, both ways; at least 1.
-    int latencyMilliseconds = 0; ///< How long each answer is held back.
+    quint32 packetSize = 64 * 1024; ///< Longest body of a packet in either direction; at least 1.
+    int latencyMilliseconds = 0; ///< Delay of each answer.
 
-    int clockSpeed = 100; ///< Of the device's clock, in percent; 0: only the console moves it.
+    int clockSpeed = 100; ///< Of the device's clock, in percent; 0: only the console advances it.
 
-    QString filesFolder; ///< Where the files are kept; empty: in memory, until the device ends.
+    QString filesFolder; ///< For files and the saved setup; empty: in memory only.
 
-    std::vector<FaultRule> faults; ///< What goes wrong from the beginning.
-    quint32 seed = 1; ///< Makes what faults leave to chance.
+    std::vector<FaultRule> faults; ///< Active from the start.
+    quint32 seed = 1; ///< For random faults.
 };
 
 } // namespace Tavoro::Sim

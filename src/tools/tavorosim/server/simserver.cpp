@@ -29,8 +29,7 @@ namespace {
 constexpr int tick = 50; ///< Milliseconds between two readings of the clock.
 constexpr qint64 longestLine = 64 << 10; ///< Bytes of a line on the control port.
 
-/// Whether a request changes what the clients share. The clock is none of that: each client sets it
-/// when it begins.
+/// True for writes, except of the clock: each client sets it when it synchronises.
 bool needsControl(const Request &request)
 {
     return (request.type == CommandType::Write || request.type == CommandType::BinaryWrite)
@@ -53,7 +52,7 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     m_state.factory = makeChassis(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
-    // What is stored can be given back: clients take only so many packets of one answer.
+    // Every stored content can be read back: clients accept a limited number of packets.
     const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::mostPackets;
     m_state.files.setLongestContent(std::min(longest, m_state.files.longestContent()));
     m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
@@ -69,7 +68,7 @@ SimServer::~SimServer() = default;
 bool SimServer::openFolder(QString &error)
 {
     if (!m_state.files.open(m_options.filesFolder, error)
-        || !fetchSetup(m_state.files, m_state.saved, error))
+        || !readSetup(m_state.files, m_state.saved, error))
         return false;
     static_cast<Setup &>(m_state) = m_state.saved;
     return true;
@@ -99,7 +98,7 @@ ConsoleAnswer SimServer::execute(const QString &line)
     ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
     if (line.simplified() == QLatin1String("fault clear"))
         resumeReading();
-    tell(reports);
+    sendReports(reports);
     followPower();
     return answer;
 }
@@ -115,7 +114,7 @@ void SimServer::acceptClient(QTcpSocket *socket)
         m_clients.erase(std::remove(m_clients.begin(), m_clients.end(), client), m_clients.end());
         client->deleteLater();
         m_arbiter.leave(*client);
-        tellControl();
+        reportControl();
     });
 }
 
@@ -129,8 +128,8 @@ SimClient::Services SimServer::servicesForClients()
         return identityFor(client);
     };
     services.introduce = [this](const SimClient &client, const SimClient::ConnectionId &id) {
-        // What an older connection of the client still holds must not happen behind its back.
-        const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+        // Requests of an older connection of the client must no longer be carried out.
+        const std::vector<SimClient *> clients = m_clients; // Each removes itself.
         for (SimClient *const other : clients) {
             if (other != &client && other->isSameClient(id))
                 other->abandon();
@@ -170,18 +169,18 @@ Answer SimServer::carryOut(const SimClient &client, const Request &request)
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Control)
         return carryOutControl(client, request);
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Outcome)
-        return tellOutcome(request);
+        return answerOutcome(request);
     if (needsControl(request) && m_arbiter.isHeldByOthers(client))
         return {DeviceStatus::ControlledByOthers, {}, nullptr};
     Reports reports;
     Answer answer = Sim::carryOut(m_state, request, reports);
     if (needsControl(request) && answer.status == DeviceStatus::Success) {
         m_arbiter.take(client);
-        tellControlLater();
+        reportControlLater();
     }
     // The client that asked gets its answer before the reports.
     if (!reports.empty())
-        QTimer::singleShot(0, this, [this, reports = std::move(reports)] { tell(reports); });
+        QTimer::singleShot(0, this, [this, reports = std::move(reports)] { sendReports(reports); });
     if (m_state.maintenance.power != Power::On)
         leave();
     followPower();
@@ -197,11 +196,11 @@ Answer SimServer::carryOutControl(const SimClient &client, const Request &reques
         answer.status = m_arbiter.carryOut(client, request.arg2[0]);
     else
         answer.status = DeviceStatus::UnknownCommand;
-    tellControlLater();
+    reportControlLater();
     return answer;
 }
 
-Answer SimServer::tellOutcome(const Request &request) const
+Answer SimServer::answerOutcome(const Request &request) const
 {
     Answer answer;
     const auto id = SSProxy::Wire::decodeRequestId(request.body);
@@ -214,17 +213,17 @@ Answer SimServer::tellOutcome(const Request &request) const
     return answer;
 }
 
-/// Behind the answer, as with reports.
-void SimServer::tellControlLater()
+/// After the answer, like reports.
+void SimServer::reportControlLater()
 {
-    if (m_arbiter.holder() != m_toldHolder)
-        QTimer::singleShot(0, this, &SimServer::tellControl);
+    if (m_arbiter.holder() != m_reportedHolder)
+        QTimer::singleShot(0, this, &SimServer::reportControl);
 }
 
-/// Tells those whose own right to write has come or gone.
-void SimServer::tellControl()
+/// Reports to the clients whose own right to write has changed.
+void SimServer::reportControl()
 {
-    const SimClient *const before = std::exchange(m_toldHolder, m_arbiter.holder());
+    const SimClient *const before = std::exchange(m_reportedHolder, m_arbiter.holder());
     const QString holder = holderName();
     for (SimClient *const client : m_clients) {
         const bool wasHeldByOthers = before && before != client;
@@ -240,7 +239,7 @@ QString SimServer::holderName() const
 
 void SimServer::leave()
 {
-    // Who switches the device off is answered first, however late that is.
+    // The client that switches the device off gets its answer first.
     const int latency = m_options.latencyMilliseconds;
     m_isLeaving = true;
     QTimer::singleShot(latency == 0 ? 0 : latency + tick, this, [this] {
@@ -254,7 +253,7 @@ void SimServer::drop()
 {
     m_listener.close();
     m_outcomes.forgetAll();
-    const std::vector<SimClient *> clients = m_clients; // Each takes itself out.
+    const std::vector<SimClient *> clients = m_clients; // Each removes itself.
     for (SimClient *const client : clients)
         client->close();
 }
@@ -284,7 +283,7 @@ void SimServer::catchUp()
     const qint64 due = m_elapsed.elapsed() * m_options.clockSpeed / 100;
     Reports reports;
     pass(m_state, due - std::exchange(m_passed, due), reports);
-    tell(reports);
+    sendReports(reports);
     followPower();
 }
 
@@ -303,7 +302,7 @@ void SimServer::followPower()
         qCWarning(simLog, "%s", qUtf8Printable(error));
 }
 
-void SimServer::tell(const Reports &reports)
+void SimServer::sendReports(const Reports &reports)
 {
     for (const Report &report : reports) {
         for (SimClient *const client : m_clients)

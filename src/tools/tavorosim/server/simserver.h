@@ -34,14 +34,14 @@ public:
     explicit SimServer(SimOptions options, QObject *parent = nullptr);
     ~SimServer() override;
 
-    /// Opens the folder of the files, if there is one, and the ports. False with a sentence in
-    /// \a error if one cannot be had.
+    /// Opens the folder of the files, if there is one, and the ports. On failure \a error holds a
+    /// sentence.
     bool listen(QString &error);
     quint16 port() const { return m_port; }
     quint16 discoveryPort() const { return m_discovery.port(); }
     quint16 controlPort() const { return m_consoleListener.port(); }
 
-    /// Carries out a line of the console. What the device has to tell about it goes to all clients.
+    /// Carries out a line of the console. The resulting reports go to all clients.
     ConsoleAnswer execute(const QString &line);
 
 private:
@@ -51,12 +51,12 @@ private:
     void serveConsole(QTcpSocket &socket);
     Answer carryOut(const SimClient &client, const Request &request);
     Answer carryOutControl(const SimClient &client, const Request &request);
-    Answer tellOutcome(const Request &request) const;
+    Answer answerOutcome(const Request &request) const;
     SimClient::Services servicesForClients();
-    void tellControlLater();
-    void tellControl();
+    void reportControlLater();
+    void reportControl();
     QString holderName() const;
-    void tell(const Reports &reports);
+    void sendReports(const Reports &reports);
     void catchUp();
     void followPower();
     void leave();
@@ -69,18 +69,18 @@ private:
 
     const SimOptions m_options;
     SimState m_state;
-    FaultRules m_faults; ///< What it does wrong on purpose.
-    QElapsedTimer m_elapsed; ///< Since the program began, by this machine's clock.
-    qint64 m_passed = 0; ///< What of that has passed for the device.
-    QTimer m_tick; ///< Runs while the device is at work.
+    FaultRules m_faults; ///< The faults that it injects.
+    QElapsedTimer m_elapsed; ///< Since the program started, by this machine's clock.
+    qint64 m_passed = 0; ///< The part of it that the device's clock has followed.
+    QTimer m_tick; ///< Runs while something runs that takes time.
     Listener m_listener;
     quint16 m_port = 0; ///< Kept while the device is off.
-    bool m_isLeaving = false; ///< It is off, but has answers to send.
+    bool m_isLeaving = false; ///< It is off, but still sends answers.
     Listener m_consoleListener;
     DiscoveryResponder m_discovery;
     ControlArbiter m_arbiter;
     OutcomeLog m_outcomes;
-    const SimClient *m_toldHolder = nullptr; ///< Of whom the clients know.
+    const SimClient *m_reportedHolder = nullptr; ///< The holder that the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.
 };
 

@@ -10,12 +10,12 @@
 namespace Tavoro::Sim {
 
 /// A thread with an event loop that carries out calls of another thread. The object itself lives
-/// there too.
+/// there, too.
 ///
-/// | member         | thread                        |
-/// |----------------|-------------------------------|
-/// | run            | the one that made the object  |
-/// | m_call, m_done | both, guarded by m_mutex      |
+/// | member         | thread                          |
+/// |----------------|---------------------------------|
+/// | run            | the one that created the object |
+/// | m_call, m_done | both, guarded by m_mutex        |
 class SimThread : public QObject {
     Q_OBJECT
 

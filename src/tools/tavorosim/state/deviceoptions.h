@@ -8,9 +8,9 @@
 
 namespace Tavoro::Sim {
 
-/// What a simulated device is: who it is, and what it is built of.
+/// Identity and hardware of a simulated device.
 struct DeviceOptions {
-    QHostAddress address = QHostAddress::LocalHost; ///< Its own in its network settings, too.
+    QHostAddress address = QHostAddress::LocalHost; ///< Also that of its network settings.
     QString name = QStringLiteral("Simulated device");
     std::array<quint8, 8> sn = {0x53, 0x49, 0x4D, 0x00, 0x00, 0x00, 0x00, 0x01};
     std::array<quint8, 6> mac = {0x02, 0x00, 0x5E, 0x10, 0x00, 0x01};

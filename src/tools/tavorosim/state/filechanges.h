@@ -6,19 +6,19 @@
 
 namespace Tavoro::Sim {
 
-/// What a command is about to change of the files. It costs as much as what it changes, however
-/// many files there are, and nothing happens to them before FileStore::commit().
+/// Changes that a command prepares. They take effect with FileStore::commit(), and cost time for
+/// the changed files only.
 class FileChanges {
 public:
-    /// What becomes of each place that changes: the file that is there then, or none.
+    /// The new file for each changed key; none for a removed one.
     using Places = std::map<FileKey, std::optional<StoredFile>>;
 
-    /// \a index outlives the changes and stays as it is.
+    /// \a index must outlive the changes and not change meanwhile.
     explicit FileChanges(const FileIndex &index) : m_index(index) { }
 
-    /// The file that is there with the changes so far, null when there is none.
+    /// The file of \a key with the changes so far; null if there is none.
     const StoredFile *find(const FileKey &key) const;
-    /// Puts \a file into its place, also when another one is there.
+    /// Adds \a file, or replaces the one of the same key.
     void place(StoredFile file);
     /// False when there is no such file.
     bool remove(const FileKey &key);

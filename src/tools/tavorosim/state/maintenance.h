@@ -9,24 +9,24 @@
 
 namespace Tavoro::Sim {
 
-/// Whether the device works. A device that does not has no connections.
+/// Whether the device runs. A device that does not run has no connections.
 enum class Power {
     On,
-    Restarting, ///< It comes back by itself.
-    Off, ///< It waits for somebody to switch it on.
+    Restarting, ///< It switches itself on again.
+    Off, ///< Only the console switches it on.
 };
 
-/// What the device does and counts while time passes. All times are in milliseconds.
+/// The state that depends on time. All times are in milliseconds.
 struct Maintenance {
     qint64 uptime = 0; ///< Since the program began, by the device's own clock.
-    qint64 clockAtStart = 0; ///< What that clock showed then, since 1970.
+    qint64 clockAtStart = 0; ///< The time of that clock then, since 1970.
 
     Power power = Power::On;
     qint64 switchedOn = 0; ///< The uptime when it was switched on last.
-    qint64 restartLeft = 0; ///< Until a restarting device is back.
+    qint64 restartLeft = 0; ///< Until a restarting device is on again.
 
-    bool isLoading = false; ///< Its files, after a restart.
-    qint64 loaded = 0; ///< How long already.
+    bool isLoading = false; ///< It loads its files after a restart.
+    qint64 loaded = 0; ///< The time that loading has taken.
 
     bool countsLosses = false;
     std::map<std::pair<quint8, quint8>, quint32> losses; ///< By slot and connector.

@@ -6,8 +6,8 @@
 
 namespace Tavoro::Sim {
 
-/// The number that people mean by \a text: hexadecimal behind 0x, else decimal, also with zeros in
-/// front. Nothing when it is none.
+/// The number in \a text: hexadecimal with the prefix 0x, else decimal, leading zeros included.
+/// Nothing if \a text is not a number.
 inline std::optional<qint64> toNumber(const QString &text)
 {
     bool ok = false;

@@ -7,8 +7,8 @@
 
 namespace Tavoro::Sim {
 
-/// What an input or a screen shows: red grows to the right, green downwards, and blue tells the
-/// sources apart.
+/// The picture of an input or a screen: red grows to the right, green downwards, and blue
+/// distinguishes the sources.
 struct Picture {
     qint32 width = 0; ///< 0 without a signal.
     qint32 height = 0;
@@ -19,7 +19,7 @@ struct Picture {
     std::string toPixmap(qint32 step) const;
 };
 
-/// The picture of a source; nothing when there is no such input or screen.
+/// The picture of a source; nothing if there is no such input or screen.
 std::optional<Picture> pictureOf(const SimState &state, qint32 sourceType, quint32 id);
 
 } // namespace Tavoro::Sim

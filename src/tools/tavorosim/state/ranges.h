@@ -5,7 +5,7 @@
 #include <tavorocontrol/proto/layer.h>
 #include <tavorocontrol/proto/screen.h>
 
-/// The values that the device takes. What has no row here is taken as it comes.
+/// The values that the device accepts. Members without a check accept every value.
 namespace Tavoro::Sim {
 
 template <class Value>

@@ -1,6 +1,7 @@
 #include "setupstore.h"
 
 #include "simlog.h"
+#include "storedrecord.h"
 
 #include <tavorocontrol/proto/recordcodec.h>
 
@@ -11,7 +12,7 @@ namespace Tavoro::Sim {
 
 using namespace ProtoModel;
 
-/// A setup as it is kept.
+/// A setup as it is stored.
 struct StoredSetup {
     Device::s_DeviceDetail device;
     std::vector<Interface::s_InterfaceDetail> interfaces;
@@ -27,8 +28,6 @@ TAVORO_CODEC(Tavoro::Sim::StoredSetup)
 namespace Tavoro::Sim {
 
 namespace {
-
-const QString setupName = QStringLiteral("setup.json");
 
 template <class Map>
 auto valuesOf(const Map &map)
@@ -64,33 +63,30 @@ bool haveSameConnectors(const Setup &a, const Setup &b)
 
 } // namespace
 
-bool keepSetup(const FileStore &files, const Setup &setup)
+bool saveSetup(FileStore &files, const FileChanges &changes, const Setup &setup)
 {
     const StoredSetup stored{setup.device, valuesOf(setup.interfaces), valuesOf(setup.screens),
                              valuesOf(setup.layers)};
-    std::string text;
-    ajson::encodeRecord(stored, text);
-    return files.keepText(setupName, text);
+    return files.commit(changes, encodeStored(stored));
 }
 
-bool fetchSetup(const FileStore &files, Setup &setup, QString &error)
+bool readSetup(FileStore &files, Setup &setup, QString &error)
 {
-    std::optional<std::string> text;
-    if (!files.fetchText(setupName, text, error))
+    std::optional<QByteArray> record;
+    if (!files.readSetup(record, error))
         return false;
-    if (!text)
+    if (!record)
         return true;
     StoredSetup stored;
-    std::string fault;
-    if (!ajson::decodeRecord(*text, stored, fault)) {
-        error = QStringLiteral("%1 is damaged: %2").arg(setupName, QString::fromStdString(fault));
+    if (!decodeStored(*record, stored, error)) {
+        error = QStringLiteral("the saved setup is damaged: %1").arg(error);
         return false;
     }
-    const Setup kept = setupOf(stored);
-    if (haveSameConnectors(kept, setup))
-        setup = kept;
+    const Setup saved = setupOf(stored);
+    if (haveSameConnectors(saved, setup))
+        setup = saved;
     else
-        qCWarning(simLog, "the setup that was saved is that of a device with other connectors");
+        qCWarning(simLog, "the saved setup is that of a device with other connectors");
     return true;
 }
 

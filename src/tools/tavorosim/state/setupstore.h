@@ -4,12 +4,12 @@
 
 namespace Tavoro::Sim {
 
-/// Keeps \a setup beside the files of a store that has a folder, as \c setup.json. False when it
-/// cannot be written, and what was kept before stays.
-bool keepSetup(const FileStore &files, const Setup &setup);
+/// Makes \a changes and saves \a setup with the files, in one step; a store in memory saves none.
+/// False when that cannot be written; then nothing changes.
+bool saveSetup(FileStore &files, const FileChanges &changes, const Setup &setup);
 
-/// Puts what was kept in the place of \a setup, if anything was that fits its connectors: a device
-/// that was given other cards begins anew. False with a sentence in \a error if it cannot be read.
-bool fetchSetup(const FileStore &files, Setup &setup, QString &error);
+/// Replaces \a setup by the saved one, if there is one and it has the same connectors: a device
+/// with other cards begins with \a setup. On failure \a error holds a sentence.
+bool readSetup(FileStore &files, Setup &setup, QString &error);
 
 } // namespace Tavoro::Sim

@@ -4,8 +4,8 @@
 
 namespace Tavoro::Sim {
 
-/// What the simulated device does: connections and exchanges at info level, bodies at debug level.
-/// Off until it is asked for, except for warnings.
+/// Log of the simulated device: connections and exchanges at info level, bodies at debug level.
+/// Only warnings are enabled by default.
 Q_DECLARE_LOGGING_CATEGORY(simLog)
 
 } // namespace Tavoro::Sim

@@ -15,7 +15,7 @@
 
 namespace Tavoro::Sim {
 
-/// Kind of an interface: \c s_InterfaceGeneralBody::type, and what the first filter selects.
+/// Kind of an interface: \c s_InterfaceGeneralBody::type, and the value of the first filter.
 enum InterfaceType : qint32 {
     InputInterface = 1,
     OutputInterface = 2,
@@ -33,7 +33,7 @@ enum LayerType : qint32 {
     BackgroundLayer = 2,
 };
 
-/// What a layer shows: \c s_SourceGeneral::type, with the meaning of its \c id.
+/// The source of a layer: \c s_SourceGeneral::type, with the meaning of its \c id.
 enum SourceType : qint32 {
     NoSource = 0,
     InputSource = 1, ///< packedId() of an input.
@@ -41,7 +41,7 @@ enum SourceType : qint32 {
     ScreenSource = 3, ///< Number of a screen whose programme is shown.
 };
 
-/// What the device locks its outputs to: \c s_GenlockBody::type.
+/// The source of the genlock: \c s_GenlockBody::type.
 enum GenlockType : qint32 {
     InternalGenlock = 0,
     ExternalGenlock = 1, ///< The genlock connector.
@@ -58,11 +58,11 @@ InterfaceKey keyOf(const ProtoModel::s_InterfaceID &id);
 ScreenKey keyOf(const ProtoModel::s_ScreenId &id);
 LayerKey keyOf(const ProtoModel::Layer::s_LayerIdentity &id);
 
-/// An interface as one number, the way records name it that have a single field for it: slot,
+/// An interface as one number, for records that have a single field for it: slot,
 /// connector and split, one byte each.
 quint32 packedId(const ProtoModel::s_InterfaceID &id);
 
-/// What is set up on the device, made of the records that travel.
+/// The setup of the device, in the records of the wire.
 struct Setup {
     ProtoModel::Device::s_DeviceDetail device;
     std::map<InterfaceKey, ProtoModel::Interface::s_InterfaceDetail> interfaces;
@@ -70,12 +70,13 @@ struct Setup {
     std::map<LayerKey, ProtoModel::Layer::s_LayerFullDetail> layers;
 };
 
-/// All that the device knows of itself.
+/// The whole state of the device.
 struct SimState : Setup {
-    Setup factory; ///< What a factory reset goes back to.
-    Setup saved; ///< What a restart goes back to.
+    Setup factory; ///< Restored by a factory reset.
+    Setup saved; ///< Restored by a restart.
     FileStore files;
-    std::map<FileKey, ProtoModel::File::s_FileInfo> announced; ///< Files whose content is due.
+    std::map<FileKey, ProtoModel::File::s_FileInfo>
+        announced; ///< Files whose contents must follow.
     Maintenance maintenance;
 };
 

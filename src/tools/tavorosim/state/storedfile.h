@@ -13,10 +13,10 @@ namespace Tavoro::Sim {
 using FileKey = std::pair<qint32, qint32>; ///< Type, number.
 FileKey keyOf(const ProtoModel::s_FileIdentity &id);
 
-/// A file of the device: what is told of it, and where its content is.
+/// A file of the device: its record, and where its content is.
 struct StoredFile : ProtoModel::File::s_FileDetail {
-    std::string contentName; ///< Name in the folder, if there is one.
-    QByteArray content; ///< The content itself, if there is none.
+    std::string contentName; ///< Its file in the folder; empty in memory.
+    QByteArray content; ///< The content itself in memory.
     TAVORO_FIELDS(fileId, fileType, general, source, size, contentName)
 };
 using FileIndex = std::map<FileKey, StoredFile>;

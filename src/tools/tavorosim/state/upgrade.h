@@ -9,8 +9,8 @@
 
 namespace Tavoro::Sim {
 
-/// Outcome of an upgrade and of its parts and sections. It is over when it has failed, or when its
-/// rate is 100.
+/// Outcome of an upgrade and of its parts and sections. It has ended when it has failed, or
+/// when its rate is 100.
 enum UpgradeResult : quint8 {
     NoFailure = 0,
     UpgradeFailed = 1,
@@ -23,14 +23,14 @@ public:
     using Unit = std::pair<qint32, quint8>; ///< Kind of the unit, slot.
     using Section = std::pair<Unit, quint16>; ///< Unit, section code.
 
-    /// Begins with \a detail, whose parts and sections are all there.
+    /// Starts the upgrade of \a detail, whose parts and sections all exist.
     void start(const ProtoModel::Auxiliary::s_UpgradeDetail &detail);
-    /// Lets time pass. True when that ended the upgrade with success and the device is to restart.
+    /// Advances the time. True when the upgrade has ended with success and the device must restart.
     bool advance(qint64 milliseconds);
-    /// Makes the upgrade that runs, or else the next one, fail when it has come to \a percent.
+    /// Makes the running upgrade, or else the next one, fail at \a percent.
     void failAt(qint32 percent) { m_failurePercent = percent; }
 
-    /// Ends an upgrade that runs as failed: the device goes off.
+    /// Makes a running upgrade fail, since the device is switched off.
     void interrupt();
 
     bool isRunning() const;

@@ -4,14 +4,14 @@
 
 namespace Tavoro::Sim {
 
-/// The content of a file whose packets are coming in.
+/// The content of a file whose packets are being received.
 struct Upload {
     IncomingContent content;
     quint32 totalCount = 1;
-    quint32 next = 0; ///< Index of the packet that is due.
-    qint32 percent = -1; ///< The progress that was told last.
+    quint32 next = 0; ///< Index of the expected packet.
+    qint32 percent = -1; ///< The progress that was reported last.
 };
-/// Those of one connection; they end with it.
+/// The uploads of one connection; they end with it.
 using Uploads = std::map<FileKey, Upload>;
 
 } // namespace Tavoro::Sim

@@ -44,28 +44,28 @@ public:
     tst_AuxiliaryRecords() : RecordTest({"Auxiliary"}, records()) { }
 
 private Q_SLOTS:
-    void selfCheckItemWithoutNameReadsADash();
-    void versionPartWithoutVersionReadsNA();
-    void numberTooLargeForAByteIsCutToItsLowByte();
+    void selfCheckItemWithoutNameIsADash();
+    void versionPartWithoutVersionIsNA();
+    void numberTooLargeForAByteIsReducedToItsLowByte();
     void upgradeWithoutPartsWritesAnEmptyArray();
-    void modelIsCutTo16BitsInTheSelfCheckAndNotInTheVersions();
+    void modelHas16BitsInTheSelfCheckAnd32InTheVersions();
 };
 
-void tst_AuxiliaryRecords::selfCheckItemWithoutNameReadsADash()
+void tst_AuxiliaryRecords::selfCheckItemWithoutNameIsADash()
 {
     const auto item = decoded<Auxiliary::s_SelfCheckItem>(R"({"sequence":1,"value":"3.3 V"})");
     QCOMPARE(item.name, std::string("-"));
     QCOMPARE(item.value, std::string("3.3 V"));
 }
 
-void tst_AuxiliaryRecords::versionPartWithoutVersionReadsNA()
+void tst_AuxiliaryRecords::versionPartWithoutVersionIsNA()
 {
     const auto part = decoded<Auxiliary::s_VersionPart>(R"({"slotId":1,"brief":"core"})");
     QCOMPARE(part.version, std::string("N/A"));
     QCOMPARE(part.brief, std::string("core"));
 }
 
-void tst_AuxiliaryRecords::numberTooLargeForAByteIsCutToItsLowByte()
+void tst_AuxiliaryRecords::numberTooLargeForAByteIsReducedToItsLowByte()
 {
     const auto process =
         decoded<Auxiliary::s_DeviceProcess>(R"({"status":256,"totalProcess":300})");
@@ -80,7 +80,7 @@ void tst_AuxiliaryRecords::upgradeWithoutPartsWritesAnEmptyArray()
                         R"("deleteUpgradeFile":0,"parts":[]})"));
 }
 
-void tst_AuxiliaryRecords::modelIsCutTo16BitsInTheSelfCheckAndNotInTheVersions()
+void tst_AuxiliaryRecords::modelHas16BitsInTheSelfCheckAnd32InTheVersions()
 {
     const QByteArray json = R"({"modelId":96001})"; // 0x17701
     QCOMPARE(decoded<Auxiliary::s_SelfCheckPart>(json).modelId, quint16(0x7701));

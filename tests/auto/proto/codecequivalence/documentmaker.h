@@ -4,13 +4,13 @@
 
 #include <random>
 
-/// Makes texts that a reader of records may be given: whole ones, odd ones and broken ones. The
-/// same seed makes the same texts.
+/// Makes texts for a reader of records: well-formed, unusual and malformed ones. The same seed
+/// makes the same texts.
 class DocumentMaker {
 public:
     explicit DocumentMaker(std::uint64_t seed) : m_random(seed) { }
 
-    /// A text for a value of type \a Value, mutated now and then.
+    /// A text for a value of type \a Value, sometimes mutated.
     template <class Value>
     std::string make()
     {
@@ -80,5 +80,5 @@ private:
     std::string joined(std::vector<std::string> fields);
 
     std::mt19937_64 m_random;
-    std::size_t m_oddity = 0; ///< How often something odd is put in, in percent.
+    std::size_t m_oddity = 0; ///< How often something unusual is inserted, in percent.
 };

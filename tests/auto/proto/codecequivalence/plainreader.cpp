@@ -14,7 +14,7 @@ bool isOneOf(char c, const std::string &set)
     return set.find(c) != std::string::npos;
 }
 
-// Towards zero, and at the end of the range where the number lies beyond it.
+// Truncates towards zero; a number beyond the range gives the end of the range.
 std::uint64_t toUnsigned(double number)
 {
     if (number >= 18446744073709551616.0)
@@ -47,7 +47,7 @@ std::vector<std::string> plainFieldList(const std::string &text)
     return names;
 }
 
-// Cut at the first NUL, and the NUL at the end is a character like any other.
+// Cut at the first NUL; the NUL at the end counts as a character.
 PlainReader::PlainReader(const std::string &text)
     : m_text(std::string(text.c_str()) + '\0'), m_atEnd(text.empty() || text[0] == '\0')
 { }
@@ -108,7 +108,7 @@ void PlainReader::nextFrom(char c)
     }
 }
 
-// False when a block comment ran into the end.
+// False when a block comment runs to the end.
 bool PlainReader::takeComment()
 {
     take();
@@ -203,7 +203,7 @@ void PlainReader::takePoint()
     take();
 }
 
-// False when the number ends behind the letter.
+// False when the number ends after the letter.
 bool PlainReader::takeExponent()
 {
     becomeFloat();
@@ -364,7 +364,7 @@ void PlainReader::skipArray()
     next();
     while (!isSymbol(']')) {
         if (m_kind == End || isSymbol('}') || isSymbol(':'))
-            fail("invalid json document!"); // would neither advance nor close, for ever
+            fail("invalid json document!"); // would neither advance nor close
         skip();
         if (isSymbol(','))
             next();

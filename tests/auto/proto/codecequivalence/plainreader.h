@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <vector>
 
-/// The reader of the JSON codec once more: plain, slow and without a thought for speed. It takes
-/// one character at a time, counts lines and columns as it goes and knows nothing of the library.
+/// A second reader of the codec's JSON, written for simplicity: it takes one character at a time,
+/// counts lines and columns, and uses nothing of the library.
 class PlainReader {
 public:
     struct Failure : std::runtime_error {

@@ -6,7 +6,7 @@ namespace PlainWriter {
 
 namespace {
 
-// The states of a UTF-8 decoder as a table: which bytes may come, and where they lead.
+// The states of a UTF-8 decoder as a table: which bytes are allowed, and the state after them.
 struct Step {
     int state;
     int first;

@@ -2,7 +2,7 @@
 
 #include "plainreader.h"
 
-/// What the codec writes, put together from strings, character by character.
+/// What the codec writes, composed from strings, character by character.
 namespace PlainWriter {
 
 std::string text(const std::string &value);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// Records with a field of each type that a record can hold.
+/// Records with a field of each type that a field can have.
 namespace Sample {
 
 struct Point {
@@ -44,7 +44,7 @@ struct Lists {
     TAVORO_FIELDS(numbers, bytes, words, flags, points, grid)
 };
 
-/// Holds all of them, with an inherited field in front and names that begin alike.
+/// Contains all of them, with an inherited field first and names with common beginnings.
 struct Everything : Identity {
     std::string name = "N/A";
     Point point;

@@ -1,5 +1,5 @@
-// The codec against a plain second one, over texts made from a fixed seed: same outcome, same error
-// text, same contents of the record also where reading failed half way, same text written from it.
+// Compares the codec with a second, simple one on texts made from a fixed seed: same outcome, same
+// error text, same contents of the record, also after a failure, same text written from it.
 // TAVORO_CODEC_INPUTS sets the number of texts.
 
 #include "documentmaker.h"
@@ -52,7 +52,7 @@ bool isSame(const std::vector<Value> &a, const std::vector<Value> &b)
     return true;
 }
 
-/// What differs between the two codecs, empty when nothing does.
+/// The difference between the two codecs; empty if there is none.
 template <class Value>
 QByteArray difference(const std::string &text)
 {

@@ -1,4 +1,4 @@
-// How reading a record fails, and where it ends.
+// How reading a record fails, and where reading ends.
 
 #include <support/proto/codecrecords.h>
 #include <support/proto/recordprobe.h>
@@ -9,14 +9,14 @@
 
 namespace CodecRecords {
 
-/// Stands for what may go wrong beside the text, such as memory that runs out.
+/// Simulates a failure that the text does not cause, such as exhausted memory.
 struct Fragile {
     Fragile() { throw std::runtime_error("cannot be made"); }
     std::int32_t a;
     TAVORO_FIELDS(a)
 };
 
-/// Throws what is no standard exception.
+/// Throws a type that is not a standard exception.
 struct Foreign {
     Foreign() { throw 17; }
     std::int32_t a;
@@ -37,18 +37,18 @@ class tst_CodecFailures : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void failuresNameWhatIsWrongAndWhere_data();
-    void failuresNameWhatIsWrongAndWhere();
+    void errorTextGivesThePlaceAndTheReason_data();
+    void errorTextGivesThePlaceAndTheReason();
     void trailingContentIsTokenisedOnce();
-    void emptyObjectAtTheTopEndsBeforeWhatFollows();
+    void nothingAfterAnEmptyTopLevelRecordIsRead();
     void inputEndsAtTheFirstNul();
-    void successLeavesTheErrorAlone();
-    void failureKeepsWhatWasRead();
-    void otherStandardExceptionsBecomeTheErrorToo();
-    void whatIsNoStandardExceptionPassesThrough();
+    void successLeavesTheErrorUnchanged();
+    void failureKeepsTheFieldsAlreadyRead();
+    void standardExceptionsBecomeTheErrorText();
+    void otherExceptionsPassThrough();
 };
 
-void tst_CodecFailures::failuresNameWhatIsWrongAndWhere_data()
+void tst_CodecFailures::errorTextGivesThePlaceAndTheReason_data()
 {
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<QByteArray>("error");
@@ -79,7 +79,7 @@ void tst_CodecFailures::failuresNameWhatIsWrongAndWhere_data()
     // clang-format on
 }
 
-void tst_CodecFailures::failuresNameWhatIsWrongAndWhere()
+void tst_CodecFailures::errorTextGivesThePlaceAndTheReason()
 {
     QFETCH(QByteArray, json);
     QFETCH(QByteArray, error);
@@ -97,7 +97,7 @@ void tst_CodecFailures::trailingContentIsTokenisedOnce()
     QVERIFY(decodeError<Inner>(R"({"a":1} 5 x)").isEmpty());
 }
 
-void tst_CodecFailures::emptyObjectAtTheTopEndsBeforeWhatFollows()
+void tst_CodecFailures::nothingAfterAnEmptyTopLevelRecordIsRead()
 {
     QVERIFY(decodeError<Inner>("{}x").isEmpty());
     QVERIFY(decodeError<Inner>("{}/* note */").isEmpty());
@@ -105,8 +105,8 @@ void tst_CodecFailures::emptyObjectAtTheTopEndsBeforeWhatFollows()
 
 void tst_CodecFailures::inputEndsAtTheFirstNul()
 {
-    const QByteArray behind = QByteArray("{\"a\":3}") + '\0' + "x";
-    QCOMPARE(decoded<Inner>(behind).a, 3);
+    const QByteArray after = QByteArray("{\"a\":3}") + '\0' + "x";
+    QCOMPARE(decoded<Inner>(after).a, 3);
     const QByteArray inside = QByteArray("{\"a\":3,\"b\":4") + '\0' + '}';
     QCOMPARE(decodeError<Inner>(inside),
              QByteArray("error at line :0 col :12 msg:invalid json document!"));
@@ -115,7 +115,7 @@ void tst_CodecFailures::inputEndsAtTheFirstNul()
              QByteArray("error at line :0 col :11 msg:not a valid quote string!"));
 }
 
-void tst_CodecFailures::successLeavesTheErrorAlone()
+void tst_CodecFailures::successLeavesTheErrorUnchanged()
 {
     Inner record;
     std::string error = "old";
@@ -123,7 +123,7 @@ void tst_CodecFailures::successLeavesTheErrorAlone()
     QCOMPARE(error, std::string("old"));
 }
 
-void tst_CodecFailures::failureKeepsWhatWasRead()
+void tst_CodecFailures::failureKeepsTheFieldsAlreadyRead()
 {
     Outer record;
     std::string error;
@@ -135,7 +135,7 @@ void tst_CodecFailures::failureKeepsWhatWasRead()
     QCOMPARE(record.last, -1);
 }
 
-void tst_CodecFailures::otherStandardExceptionsBecomeTheErrorToo()
+void tst_CodecFailures::standardExceptionsBecomeTheErrorText()
 {
     std::vector<Fragile> list;
     std::string error;
@@ -143,7 +143,7 @@ void tst_CodecFailures::otherStandardExceptionsBecomeTheErrorToo()
     QCOMPARE(error, std::string("cannot be made"));
 }
 
-void tst_CodecFailures::whatIsNoStandardExceptionPassesThrough()
+void tst_CodecFailures::otherExceptionsPassThrough()
 {
     std::vector<Foreign> list;
     std::string error = "text from before";

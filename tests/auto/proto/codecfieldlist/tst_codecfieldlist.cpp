@@ -27,16 +27,16 @@ class tst_CodecFieldList : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void namesStandApartByCommasAndWhiteSpace();
+    void commasAndWhiteSpaceSeparateNames();
     void emptyNamesAreNotStored();
     void namesPointIntoTheText();
     void declarationKeepsItsOrder();
     void repeatedNamesAreFound();
-    void tooManyNamesAreCountedNotStored();
+    void excessNamesAreCountedButNotStored();
     void listIsKnownAtCompileTime();
 };
 
-void tst_CodecFieldList::namesStandApartByCommasAndWhiteSpace()
+void tst_CodecFieldList::commasAndWhiteSpaceSeparateNames()
 {
     const QByteArrayList expected{"enable", "type", "bright"};
     QCOMPARE(namesOf(FieldList("enable, type, bright")), expected);
@@ -72,7 +72,7 @@ void tst_CodecFieldList::repeatedNamesAreFound()
     QVERIFY(!FieldList("a, b, aa").hasRepeatedName());
 }
 
-void tst_CodecFieldList::tooManyNamesAreCountedNotStored()
+void tst_CodecFieldList::excessNamesAreCountedButNotStored()
 {
     const QByteArray text = QByteArray("n ").repeated(FieldList::maxSize + 2);
     QCOMPARE(FieldList(text.constData()).size(), std::size_t(FieldList::maxSize + 2));

@@ -1,5 +1,5 @@
-// codec.h declares two functions and nothing of what they are built from: these names are free
-// after it. The file does not compile when codec.h includes the tokeniser or the writer.
+// codec.h declares two functions only, so these names are free after it. This file does not compile
+// if codec.h includes the tokeniser or the writer.
 
 #include <tavorocontrol/proto/codec.h>
 

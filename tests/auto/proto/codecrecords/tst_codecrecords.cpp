@@ -12,23 +12,23 @@ class tst_CodecRecords : public QObject {
 private Q_SLOTS:
     // records
     void emptyBodyFailsAtLineAndColumnZero();
-    void trailingCommaFailsInARecordAndPassesInAnArray();
+    void trailingCommaFailsInARecordAndSucceedsInAnArray();
     void nestedEmptyObjectEndsTheEnclosingRecord();
-    void emptyElementBreaksItsArray();
+    void emptyElementMakesItsArrayFail();
     void missingKeysKeepTheirDefaults();
-    void inheritedMembersTravelAndUnlistedOnesDoNot();
-    void keysComeInAnyOrderAndAnyForm();
+    void inheritedMembersAreWrittenAndUnlistedOnesAreNot();
+    void keysAreReadInAnyOrderAndAnyForm();
     void keysAreComparedExactly();
     void repeatedKeyIsReadAgain();
-    void repeatedRecordIsReadOntoTheFirst();
-    void repeatedVectorGrowsByBoth();
-    void blanksAndCommentsStandAnywhere();
+    void repeatedRecordKeepsTheKeysThatItLacks();
+    void repeatedVectorHasTheElementsOfBoth();
+    void blanksAndCommentsAreAllowedAnywhere();
     void closedBlockCommentFailsBeforeAnyToken();
     void unclosedBlockCommentLeavesThePreviousTokenCurrent_data();
     void unclosedBlockCommentLeavesThePreviousTokenCurrent();
     // vectors
     void vectorsOfEveryTypeAreRead();
-    void bareArrayIsReadLikeAVectorField();
+    void topLevelArrayIsReadLikeAVectorField();
     void elementsAreAppended();
     void failingElementStaysInItsVector();
     void firstTokenOfAnElementFailsBeforeItIsAppended();
@@ -48,7 +48,7 @@ void tst_CodecRecords::emptyBodyFailsAtLineAndColumnZero()
              QByteArray("error at line :0 col :0 msg:array must start with [."));
 }
 
-void tst_CodecRecords::trailingCommaFailsInARecordAndPassesInAnArray()
+void tst_CodecRecords::trailingCommaFailsInARecordAndSucceedsInAnArray()
 {
     QCOMPARE(decodeError<Inner>(R"({"a":1,})"),
              QByteArray("error at line :0 col :8 msg:object key must be string"));
@@ -65,7 +65,7 @@ void tst_CodecRecords::nestedEmptyObjectEndsTheEnclosingRecord()
              QByteArray("error at line :0 col :19 msg:no valid array!"));
 }
 
-void tst_CodecRecords::emptyElementBreaksItsArray()
+void tst_CodecRecords::emptyElementMakesItsArrayFail()
 {
     std::vector<Inner> list;
     std::string error;
@@ -84,14 +84,14 @@ void tst_CodecRecords::missingKeysKeepTheirDefaults()
     QCOMPARE(record.last, -1);
 }
 
-void tst_CodecRecords::inheritedMembersTravelAndUnlistedOnesDoNot()
+void tst_CodecRecords::inheritedMembersAreWrittenAndUnlistedOnesAreNot()
 {
     const auto record = decoded<Outer>(R"({"id":3,"unlisted":4})");
     QCOMPARE(record.id, std::uint8_t(3));
     QCOMPARE(record.unlisted, 5);
 }
 
-void tst_CodecRecords::keysComeInAnyOrderAndAnyForm()
+void tst_CodecRecords::keysAreReadInAnyOrderAndAnyForm()
 {
     const QByteArrayList texts = {R"({"a":3,"b":4})", R"({"b":4,"a":3})", R"({b:4,a:3})",
                                   R"({ "a" : 3 , "b" : 4 })",
@@ -116,20 +116,20 @@ void tst_CodecRecords::repeatedKeyIsReadAgain()
     QCOMPARE(decoded<Inner>(R"({"a":3,"b":5,"a":"6"})").a, 6);
 }
 
-void tst_CodecRecords::repeatedRecordIsReadOntoTheFirst()
+void tst_CodecRecords::repeatedRecordKeepsTheKeysThatItLacks()
 {
     const auto record = decoded<Outer>(R"({"x":{"a":3,"b":4},"x":{"b":5}})");
     QCOMPARE(record.x.a, 3);
     QCOMPARE(record.x.b, 5);
 }
 
-void tst_CodecRecords::repeatedVectorGrowsByBoth()
+void tst_CodecRecords::repeatedVectorHasTheElementsOfBoth()
 {
     const auto record = decoded<Outer>(R"({"numbers":[1,2],"numbers":[3]})");
     QCOMPARE(record.numbers, (std::vector<std::uint8_t>{1, 2, 3}));
 }
 
-void tst_CodecRecords::blanksAndCommentsStandAnywhere()
+void tst_CodecRecords::blanksAndCommentsAreAllowedAnywhere()
 {
     const auto record = decoded<Outer>("// first\n\t{ \"id\" // of the record\r\n : 3 , \"x\":\n{"
                                        "\"a\" :7} ,//\n\"list\": [ {\"b\":8 } , ] } // last");
@@ -190,7 +190,7 @@ void tst_CodecRecords::vectorsOfEveryTypeAreRead()
     QCOMPARE(record.rows, (std::vector<std::vector<std::int32_t>>{{}, {1}, {2, 3}}));
 }
 
-void tst_CodecRecords::bareArrayIsReadLikeAVectorField()
+void tst_CodecRecords::topLevelArrayIsReadLikeAVectorField()
 {
     QVERIFY(decoded<std::vector<Inner>>("[]").empty());
     QVERIFY(decoded<std::vector<Inner>>(" [ ] ").empty());
@@ -280,7 +280,7 @@ void tst_CodecRecords::brokenUnknownValuesFail_data()
     row("object cut off",            R"({"u":{)",         "error at line :0 col :6 msg:invalid json document!");
     row("object cut off in a value", R"({"u":{"k":)",     "error at line :0 col :10 msg:invalid json document!");
     row("bracket in an object",      R"({"u":{]})",       "error at line :0 col :7 msg:invalid json document!");
-    row("bracket behind a value",    R"({"u":{"k":1]})",  "error at line :0 col :12 msg:invalid json document!");
+    row("bracket after a value",     R"({"u":{"k":1]})",  "error at line :0 col :12 msg:invalid json document!");
     row("no colon",                  R"({"u":{"k" 1}})",  "error at line :0 col :11 msg:invalid json document!");
     row("value cut off",             R"({"u":)",          "error at line :0 col :5 msg:invalid json document!");
     row("two values",                R"({"u":1 2})",      "error at line :0 col :8 msg:invalid json document!");

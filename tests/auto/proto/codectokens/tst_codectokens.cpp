@@ -56,26 +56,26 @@ class tst_CodecTokens : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void textIsCutIntoTokens_data();
-    void textIsCutIntoTokens();
-    void brokenTextFailsBehindWhatBreaksIt_data();
-    void brokenTextFailsBehindWhatBreaksIt();
-    void kindsHaveTheirNumbers();
+    void textIsSplitIntoTokens_data();
+    void textIsSplitIntoTokens();
+    void malformedTextFailsAfterTheMalformedToken_data();
+    void malformedTextFailsAfterTheMalformedToken();
+    void tokenKindsHaveFixedValues();
     void integerDigitsWrapAround();
     void fractionIsSummedDigitByDigit();
-    void exponentScalesAndHugeOnesCostNothing();
+    void exponentScalesAndAHugeOneTakesNoTime();
     void integerBeforeAPointKeepsItsKind();
     void unclosedBlockCommentLeavesThePreviousTokenCurrent();
-    void firstCharacterIsNeverArrivedAt();
+    void lineFeedAsFirstCharacterBeginsNoLine();
     void carriageReturnHasNoColumn();
     void endOfTheInputIsACharacterOfItsLine();
     void readerBeginsAtTheFirstCharacter();
-    void nullEmptyAndNulAreAtEndAtOnce();
+    void nullAndEmptyTextsAreAtTheEndImmediately();
     void lengthEndsTheInputBeforeTheNul();
-    void takingAnotherEndChangesNothing();
+    void readingPastTheEndChangesNothing();
 };
 
-void tst_CodecTokens::textIsCutIntoTokens_data()
+void tst_CodecTokens::textIsSplitIntoTokens_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArrayList>("tokens");
@@ -98,7 +98,7 @@ void tst_CodecTokens::textIsCutIntoTokens_data()
                                                               "word e", "symbol }", "word f", "symbol ,"});
     row("quote inside a bare word",    "a\"b ",              {"word a\"b"});
     row("slash inside a bare word",    "a//b ",              {"word a//b"});
-    row("form feed is no blank",       "\f ",                {"word \f"});
+    row("form feed is not a blank",    "\f ",                {"word \f"});
     row("bytes from 126 upward",       "~\x7F\x80\xFF ",     {"word ~\x7F\x80\xFF"});
     row("point begins a bare word",    ".5 ",                {"word .5"});
     row("plus begins a bare word",     "+5 ",                {"word +5"});
@@ -112,8 +112,8 @@ void tst_CodecTokens::textIsCutIntoTokens_data()
     row("letter ends an exponent",     "1ex,",               {"float 1e", "word x", "symbol ,"});
     row("point ends an empty one",     "1e.5,",              {"float 1e", "word .5", "symbol ,"});
     row("minus alone is an exponent",  "1e-,",               {"float 1e-", "symbol ,"});
-    row("exponent behind exponent",    "1e2e1",              {"float 1e2e1"});
-    row("word behind a number",        "12abc ",             {"integer 12", "word abc"});
+    row("exponent after exponent",     "1e2e1",              {"float 1e2e1"});
+    row("word after a number",         "12abc ",             {"integer 12", "word abc"});
     row("byte from 128 ends a number", "12\xC3\xA9 ",        {"integer 12", "word \xC3\xA9"});
     row("line comment",                "1// note\n2",        {"integer 1", "integer 2"});
     row("line comment at the end",     "1 // note",          {"integer 1"});
@@ -121,14 +121,14 @@ void tst_CodecTokens::textIsCutIntoTokens_data()
     // clang-format on
 }
 
-void tst_CodecTokens::textIsCutIntoTokens()
+void tst_CodecTokens::textIsSplitIntoTokens()
 {
     QFETCH(QByteArray, text);
     QFETCH(QByteArrayList, tokens);
     QCOMPARE(tokensOf(text), tokens);
 }
 
-void tst_CodecTokens::brokenTextFailsBehindWhatBreaksIt_data()
+void tst_CodecTokens::malformedTextFailsAfterTheMalformedToken_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("error");
@@ -152,12 +152,12 @@ void tst_CodecTokens::brokenTextFailsBehindWhatBreaksIt_data()
     row("backslash at the end",          "\"ab\\",          "error at line :0 col :4 msg:not a valid quote string!");
     row("escaped quote at the end",      "\"ab\\\"",        "error at line :0 col :5 msg:not a valid quote string!");
     row("second point",                  "1.2.3",           "error at line :0 col :3 msg:not a valid number!");
-    row("point behind an exponent",      "1e2.5",           "error at line :0 col :3 msg:not a valid number!");
-    row("point behind a bare minus",     "1e-.5",           "error at line :0 col :3 msg:not a valid number!");
+    row("point after an exponent",       "1e2.5",           "error at line :0 col :3 msg:not a valid number!");
+    row("point after a bare minus",      "1e-.5",           "error at line :0 col :3 msg:not a valid number!");
     // clang-format on
 }
 
-void tst_CodecTokens::brokenTextFailsBehindWhatBreaksIt()
+void tst_CodecTokens::malformedTextFailsAfterTheMalformedToken()
 {
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, error);
@@ -165,7 +165,7 @@ void tst_CodecTokens::brokenTextFailsBehindWhatBreaksIt()
     QCOMPARE(tokens, QByteArrayList{error});
 }
 
-void tst_CodecTokens::kindsHaveTheirNumbers()
+void tst_CodecTokens::tokenKindsHaveFixedValues()
 {
     QCOMPARE(static_cast<int>(JsonTokenKind::word), 0);
     QCOMPARE(static_cast<int>(JsonTokenKind::negativeInteger), 1);
@@ -182,7 +182,7 @@ void tst_CodecTokens::integerDigitsWrapAround()
     QCOMPARE(numberIn("-5").token.value.integer, std::uint64_t(5));
 }
 
-// Bit for bit: the weights are 0.1, then 0.1 times that, with the rounding of each step.
+// Bit for bit: each weight is 0.1 times the previous one, rounded at each step.
 void tst_CodecTokens::fractionIsSummedDigitByDigit()
 {
     QVERIFY(numberIn("0.29").token.value.real == 0.0 + 2 * 0.1 + 9 * (0.1 * 0.1));
@@ -190,7 +190,7 @@ void tst_CodecTokens::fractionIsSummedDigitByDigit()
     QVERIFY(numberIn("3.5").token.value.real == 3.5);
 }
 
-void tst_CodecTokens::exponentScalesAndHugeOnesCostNothing()
+void tst_CodecTokens::exponentScalesAndAHugeOneTakesNoTime()
 {
     QVERIFY(numberIn("1e2").token.value.real == 100.0);
     QVERIFY(numberIn("5e0").token.value.real == 5.0);
@@ -202,7 +202,8 @@ void tst_CodecTokens::exponentScalesAndHugeOnesCostNothing()
     QCOMPARE(numberIn("1e99999999999999").exponent, 0);
 }
 
-// A negative number's digits are a signed number, others an unsigned one, when they become a float.
+// When an integer becomes a float, it is read as signed if it is negative, and as unsigned
+// otherwise.
 void tst_CodecTokens::integerBeforeAPointKeepsItsKind()
 {
     QVERIFY(numberIn("18446744073709551615.0").token.value.real == 18446744073709551616.0);
@@ -222,12 +223,12 @@ void tst_CodecTokens::unclosedBlockCommentLeavesThePreviousTokenCurrent()
     QCOMPARE(reader.token.kind, JsonTokenKind::end);
 }
 
-void tst_CodecTokens::firstCharacterIsNeverArrivedAt()
+void tst_CodecTokens::lineFeedAsFirstCharacterBeginsNoLine()
 {
     JsonReader reader("\n\n:");
     reader.next();
     QCOMPARE(reader.line(), std::uint64_t(1));
-    QCOMPARE(reader.column(), std::uint64_t(2)); // the colon, and the end behind it
+    QCOMPARE(reader.column(), std::uint64_t(2)); // the colon, and the end after it
 }
 
 void tst_CodecTokens::carriageReturnHasNoColumn()
@@ -259,7 +260,7 @@ void tst_CodecTokens::readerBeginsAtTheFirstCharacter()
     QVERIFY(!reader.atEnd());
 }
 
-void tst_CodecTokens::nullEmptyAndNulAreAtEndAtOnce()
+void tst_CodecTokens::nullAndEmptyTextsAreAtTheEndImmediately()
 {
     QVERIFY(JsonReader(nullptr).atEnd());
     QVERIFY(JsonReader("abc", 0).atEnd());
@@ -283,7 +284,7 @@ void tst_CodecTokens::lengthEndsTheInputBeforeTheNul()
     QCOMPARE(reader.token.kind, JsonTokenKind::end);
 }
 
-void tst_CodecTokens::takingAnotherEndChangesNothing()
+void tst_CodecTokens::readingPastTheEndChangesNothing()
 {
     JsonReader reader("1");
     for (int i = 0; i < 3; ++i)

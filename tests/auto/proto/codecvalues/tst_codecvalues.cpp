@@ -32,7 +32,7 @@ namespace {
 
 using CodecValues::Holder;
 
-/// The value that a field of type \a Value takes from the text, or the words of the failure.
+/// The value that a field of type \a Value reads from the text, or the text of the failure.
 template <class Value>
 QByteArray readAs(const QByteArray &text)
 {
@@ -62,11 +62,11 @@ class tst_CodecValues : public QObject {
 private Q_SLOTS:
     void numbersAndWordsBecomeNumbers_data();
     void numbersAndWordsBecomeNumbers();
-    void unsignedFieldTakesQuotedPlainFloatAndTrueButNoMinus();
+    void unsignedFieldReadsQuotedPlainFloatAndTrueButNoMinus();
     void signedFieldCutsANegativeFraction();
     void exponentEndsAtThePlusSignAndScalesOtherwise();
     void lowBitsAreKeptWithoutARangeCheck();
-    void smallestNumbersAreReadAsThemselves();
+    void smallestIntegersAreReadUnchanged();
     void floatsBeyondTheRangeSaturateAndAreCutToTheField();
     void roundingOfDigitByDigitFractionsIsKept();
     void boolIsTrueForTheWordAndForNumbersOtherThanZero_data();
@@ -75,11 +75,11 @@ private Q_SLOTS:
     void stringsAreUnescaped();
     void badEscapesFail_data();
     void badEscapesFail();
-    void badEscapeLeavesWhatStandsBeforeIt();
-    void longStringsWithEscapesAreReadWhole();
-    void numberIsNoString();
-    void typeErrorsStandBehindTheValue_data();
-    void typeErrorsStandBehindTheValue();
+    void badEscapeKeepsTheTextBeforeIt();
+    void longStringsWithEscapesAreReadCompletely();
+    void numberIsNotAString();
+    void typeErrorsGiveThePlaceAfterTheValue_data();
+    void typeErrorsGiveThePlaceAfterTheValue();
 };
 
 void tst_CodecValues::numbersAndWordsBecomeNumbers_data()
@@ -132,7 +132,7 @@ void tst_CodecValues::numbersAndWordsBecomeNumbers()
     QCOMPARE(readAs<std::int32_t>(text), asI32);
 }
 
-void tst_CodecValues::unsignedFieldTakesQuotedPlainFloatAndTrueButNoMinus()
+void tst_CodecValues::unsignedFieldReadsQuotedPlainFloatAndTrueButNoMinus()
 {
     QCOMPARE(readAs<std::uint8_t>("\"7\""), QByteArray("7"));
     QCOMPARE(readAs<std::uint8_t>("7"), QByteArray("7"));
@@ -170,7 +170,7 @@ void tst_CodecValues::lowBitsAreKeptWithoutARangeCheck()
     QCOMPARE(readAs<std::uint64_t>("18446744073709551617"), QByteArray("1"));
 }
 
-void tst_CodecValues::smallestNumbersAreReadAsThemselves()
+void tst_CodecValues::smallestIntegersAreReadUnchanged()
 {
     QCOMPARE(readAs<std::int8_t>("-128"), QByteArray("-128"));
     QCOMPARE(readAs<std::int16_t>("-32768"), QByteArray("-32768"));
@@ -179,7 +179,7 @@ void tst_CodecValues::smallestNumbersAreReadAsThemselves()
     QCOMPARE(readAs<std::int32_t>("\"-2147483648\""), QByteArray("-2147483648"));
 }
 
-// Into 64 bits first, where the nearest number stands for those beyond; then the low bits.
+// First the nearest integer of 64 bits, then its low bits.
 void tst_CodecValues::floatsBeyondTheRangeSaturateAndAreCutToTheField()
 {
     QCOMPARE(readAs<std::uint64_t>("1e99"), QByteArray("18446744073709551615"));
@@ -281,7 +281,7 @@ void tst_CodecValues::badEscapesFail()
     QCOMPARE(readAs<std::string>(text), notString);
 }
 
-void tst_CodecValues::badEscapeLeavesWhatStandsBeforeIt()
+void tst_CodecValues::badEscapeKeepsTheTextBeforeIt()
 {
     Holder<std::string> record;
     record.v = "before";
@@ -290,7 +290,7 @@ void tst_CodecValues::badEscapeLeavesWhatStandsBeforeIt()
     QCOMPARE(record.v, std::string("ab\xC3\xA9"));
 }
 
-void tst_CodecValues::longStringsWithEscapesAreReadWhole()
+void tst_CodecValues::longStringsWithEscapesAreReadCompletely()
 {
     for (int length = 0; length < 40; ++length) {
         const QByteArray plain(length, 'p');
@@ -300,14 +300,14 @@ void tst_CodecValues::longStringsWithEscapesAreReadWhole()
     }
 }
 
-void tst_CodecValues::numberIsNoString()
+void tst_CodecValues::numberIsNotAString()
 {
     QCOMPARE(readAs<std::string>("7"), notString);
     QCOMPARE(readAs<std::string>("-7.5"), notString);
     QCOMPARE(readAs<std::string>("{}"), notString);
 }
 
-void tst_CodecValues::typeErrorsStandBehindTheValue_data()
+void tst_CodecValues::typeErrorsGiveThePlaceAfterTheValue_data()
 {
     QTest::addColumn<QByteArray>("error");
     QTest::addColumn<QByteArray>("expected");
@@ -321,7 +321,7 @@ void tst_CodecValues::typeErrorsStandBehindTheValue_data()
     // clang-format on
 }
 
-void tst_CodecValues::typeErrorsStandBehindTheValue()
+void tst_CodecValues::typeErrorsGiveThePlaceAfterTheValue()
 {
     QFETCH(QByteArray, error);
     QFETCH(QByteArray, expected);

@@ -30,7 +30,7 @@ struct Text {
     TAVORO_FIELDS(s)
 };
 
-/// The order in memory is not that of the list.
+/// The order in memory differs from the order of the list.
 struct Mixed {
     std::vector<Flag> flags;
     std::vector<std::vector<std::int32_t>> rows;
@@ -55,7 +55,7 @@ using CodecWriter::Text;
 
 namespace {
 
-/// What stands between the quotes.
+/// The text between the quotes.
 QByteArray written(const std::string &text)
 {
     const QByteArray json = encoded(Text{text});
@@ -70,23 +70,23 @@ class tst_CodecWriter : public QObject {
 private Q_SLOTS:
     void everyFieldIsWrittenInListOrderWithoutBlanks();
     void emptyVectorsAreTwoBrackets();
-    void elementsStandApartByCommas();
+    void commasSeparateElements();
     void boolIsADigit();
     void numbersArePlainDecimals();
-    void everyLengthOfNumberIsWritten();
+    void numbersOfEveryLengthAreWritten();
     void shortEscapesAreUsedWhereTheyExist();
     void otherCharactersOutsidePrintableAsciiAreLongEscapes();
-    void everyPrintableAsciiCharacterStandsForItself();
-    void bigCodePointIsTwoEscapesOfItsHalvesAndNoSurrogatePair();
+    void everyPrintableAsciiCharacterIsWrittenAsItIs();
+    void codePointAboveFFFFIsWrittenAsItsTwoHalves();
     void textEndsAtTheFirstNul();
-    void malformedTextEndsSilently_data();
-    void malformedTextEndsSilently();
-    void everyLengthOfTextIsWrittenWhole();
-    void bufferGrowsInWholeStepsAndKeepsWhatWasWritten();
+    void malformedTextEndsTheStringWithoutAnError_data();
+    void malformedTextEndsTheStringWithoutAnError();
+    void textOfEveryLengthIsWrittenCompletely();
+    void bufferGrowsInWholeStepsAndKeepsItsContent();
     void writeThatFitsKeepsItsPlace();
-    void bigWriteIsGivenItsRoomAtOnce();
-    void oldTextIsReplaced();
-    void largeBodiesAreWrittenAndReadWhole();
+    void largeWriteGetsItsSpaceInOneStep();
+    void previousTextIsReplaced();
+    void largeBodiesAreWrittenAndReadCompletely();
 };
 
 void tst_CodecWriter::everyFieldIsWrittenInListOrderWithoutBlanks()
@@ -103,7 +103,7 @@ void tst_CodecWriter::emptyVectorsAreTwoBrackets()
     QVERIFY(encoded(record).contains(R"("rows":[[],[]])"));
 }
 
-void tst_CodecWriter::elementsStandApartByCommas()
+void tst_CodecWriter::commasSeparateElements()
 {
     Mixed record;
     record.flags.resize(2);
@@ -138,7 +138,7 @@ void tst_CodecWriter::numbersArePlainDecimals()
                         R"("u64":0,"i64":-9223372036854775808})"));
 }
 
-void tst_CodecWriter::everyLengthOfNumberIsWritten()
+void tst_CodecWriter::numbersOfEveryLengthAreWritten()
 {
     QByteArray digits;
     for (int length = 1; length < 20; ++length) {
@@ -165,7 +165,7 @@ void tst_CodecWriter::otherCharactersOutsidePrintableAsciiAreLongEscapes()
     QCOMPARE(written("\xEF\xBF\xBF"), QByteArray(R"(\uFFFF)"));
 }
 
-void tst_CodecWriter::everyPrintableAsciiCharacterStandsForItself()
+void tst_CodecWriter::everyPrintableAsciiCharacterIsWrittenAsItIs()
 {
     for (char c = ' '; c <= '~'; ++c) {
         if (c != '"' && c != '\\')
@@ -174,7 +174,7 @@ void tst_CodecWriter::everyPrintableAsciiCharacterStandsForItself()
     QCOMPARE(written("a/b"), QByteArray("a/b"));
 }
 
-void tst_CodecWriter::bigCodePointIsTwoEscapesOfItsHalvesAndNoSurrogatePair()
+void tst_CodecWriter::codePointAboveFFFFIsWrittenAsItsTwoHalves()
 {
     QCOMPARE(written("\xF0\x9F\x98\x80"), QByteArray(R"(\u0001\uF600)"));
     QCOMPARE(written("\xF0\x90\x80\x80"), QByteArray(R"(\u0001\u0000)"));
@@ -190,7 +190,7 @@ void tst_CodecWriter::textEndsAtTheFirstNul()
     QCOMPARE(written("eight or more\0plain characters"s), QByteArray("eight or more"));
 }
 
-void tst_CodecWriter::malformedTextEndsSilently_data()
+void tst_CodecWriter::malformedTextEndsTheStringWithoutAnError_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     // clang-format off
@@ -210,14 +210,14 @@ void tst_CodecWriter::malformedTextEndsSilently_data()
     // clang-format on
 }
 
-void tst_CodecWriter::malformedTextEndsSilently()
+void tst_CodecWriter::malformedTextEndsTheStringWithoutAnError()
 {
     QFETCH(QByteArray, bytes);
     QCOMPARE(written("ok\xC3\xA9" + bytes.toStdString() + "lost"), QByteArray(R"(ok\u00E9)"));
     QCOMPARE(written(bytes.toStdString()), QByteArray());
 }
 
-void tst_CodecWriter::everyLengthOfTextIsWrittenWhole()
+void tst_CodecWriter::textOfEveryLengthIsWrittenCompletely()
 {
     for (int length = 0; length < 50; ++length) {
         const QByteArray plain(length, 'p');
@@ -226,7 +226,7 @@ void tst_CodecWriter::everyLengthOfTextIsWrittenWhole()
     }
 }
 
-void tst_CodecWriter::bufferGrowsInWholeStepsAndKeepsWhatWasWritten()
+void tst_CodecWriter::bufferGrowsInWholeStepsAndKeepsItsContent()
 {
     ajson::JsonWriter writer;
     QCOMPARE(writer.capacity(), std::size_t(1024));
@@ -248,7 +248,7 @@ void tst_CodecWriter::writeThatFitsKeepsItsPlace()
     QVERIFY(writer.limit == start + 1024);
 }
 
-void tst_CodecWriter::bigWriteIsGivenItsRoomAtOnce()
+void tst_CodecWriter::largeWriteGetsItsSpaceInOneStep()
 {
     ajson::JsonWriter writer;
     char *at = writer.begin(writer.start, 10);
@@ -257,15 +257,15 @@ void tst_CodecWriter::bigWriteIsGivenItsRoomAtOnce()
     QVERIFY(at == writer.start + 10);
 }
 
-void tst_CodecWriter::oldTextIsReplaced()
+void tst_CodecWriter::previousTextIsReplaced()
 {
     std::string text = "old text that is longer than the new one";
     ajson::encodeRecord(Flag(), text);
     QCOMPARE(text, std::string(R"({"on":1})"));
 }
 
-// Would take hours if a long body were copied for each step of the buffer.
-void tst_CodecWriter::largeBodiesAreWrittenAndReadWhole()
+// Takes hours if a long body is copied for each step of the buffer.
+void tst_CodecWriter::largeBodiesAreWrittenAndReadCompletely()
 {
     const std::vector<Text> list(200000, Text{std::string(300, 't') + "\xC3\xA9"});
     std::string json;

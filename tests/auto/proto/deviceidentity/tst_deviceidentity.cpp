@@ -28,14 +28,14 @@ public:
     tst_DeviceIdentity() : RecordTest({}, records()) { }
 
 private Q_SLOTS:
-    void everyFieldOfTheIdentityIsCarriedBothWays();
+    void everyFieldOfTheIdentityIsWrittenAndRead();
     void digitsOfEitherCaseAreRead();
     void identityWithWrongDigitsIsRefused_data();
     void identityWithWrongDigitsIsRefused();
-    void identityThatIsNoRecordIsRefusedInTheCodecsWords();
+    void identityThatIsNotARecordFailsWithTheTextOfTheCodec();
 };
 
-void tst_DeviceIdentity::everyFieldOfTheIdentityIsCarriedBothWays()
+void tst_DeviceIdentity::everyFieldOfTheIdentityIsWrittenAndRead()
 {
     ProtoModel::DeviceBaseInfo info;
     std::string error;
@@ -88,7 +88,7 @@ void tst_DeviceIdentity::identityWithWrongDigitsIsRefused()
     QCOMPARE(info.modelId, quint16(0));
 }
 
-void tst_DeviceIdentity::identityThatIsNoRecordIsRefusedInTheCodecsWords()
+void tst_DeviceIdentity::identityThatIsNotARecordFailsWithTheTextOfTheCodec()
 {
     ProtoModel::DeviceBaseInfo info;
     std::string error;

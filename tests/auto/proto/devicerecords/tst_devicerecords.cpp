@@ -40,7 +40,7 @@ std::vector<RecordRow> records()
     // clang-format on
 }
 
-/// A part of the device's detail: its text at the default and a text that is not.
+/// A part of the detail of a device: its default text, and another text.
 struct DetailPart {
     const char *key;
     const char *atDefault;
@@ -84,14 +84,14 @@ public:
     tst_DeviceRecords() : RecordTest({"Device"}, records()) { }
 
 private Q_SLOTS:
-    void detailWithoutAPartLeavesItAtItsDefault_data();
-    void detailWithoutAPartLeavesItAtItsDefault();
-    void swapOfOneIsWrittenUnderItsOneKey();
+    void missingPartOfTheDetailKeepsItsDefault_data();
+    void missingPartOfTheDetailKeepsItsDefault();
+    void swapIsWrittenUnderItsOnlyKey();
     void detailHoldsTheInnerRecords();
-    void networkBeginsWithTheFactoryAddresses();
+    void defaultNetworkHasTheFactoryAddresses();
 };
 
-void tst_DeviceRecords::detailWithoutAPartLeavesItAtItsDefault_data()
+void tst_DeviceRecords::missingPartOfTheDetailKeepsItsDefault_data()
 {
     QTest::addColumn<QByteArray>("received");
     QTest::addColumn<QByteArray>("completed");
@@ -109,14 +109,14 @@ void tst_DeviceRecords::detailWithoutAPartLeavesItAtItsDefault_data()
     }
 }
 
-void tst_DeviceRecords::detailWithoutAPartLeavesItAtItsDefault()
+void tst_DeviceRecords::missingPartOfTheDetailKeepsItsDefault()
 {
     QFETCH(QByteArray, received);
     QFETCH(QByteArray, completed);
     QCOMPARE(encoded(decoded<Device::s_DeviceDetail>(received)), completed);
 }
 
-void tst_DeviceRecords::swapOfOneIsWrittenUnderItsOneKey()
+void tst_DeviceRecords::swapIsWrittenUnderItsOnlyKey()
 {
     Device::s_swap record;
     record.swap = 1;
@@ -134,7 +134,7 @@ void tst_DeviceRecords::detailHoldsTheInnerRecords()
     QCOMPARE(detail.interfaceRelation.relation[0].type, 4);
 }
 
-void tst_DeviceRecords::networkBeginsWithTheFactoryAddresses()
+void tst_DeviceRecords::defaultNetworkHasTheFactoryAddresses()
 {
     const auto record = decoded<Device::s_Networks>(R"({"networks":[{"index":2}]})");
     QCOMPARE(record.networks.size(), std::size_t(1));

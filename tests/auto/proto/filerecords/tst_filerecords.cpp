@@ -34,7 +34,7 @@ std::vector<RecordRow> records()
     // clang-format on
 }
 
-// A transfer figure is copied whole into the model: five integers and nothing else.
+// The progress of a transfer is copied into the model: five integers and nothing else.
 static_assert(sizeof(File::s_FileTransPercent) == 5 * sizeof(qint32));
 static_assert(std::is_trivially_copyable_v<File::s_FileTransPercent>);
 
@@ -47,22 +47,22 @@ public:
     tst_FileRecords() : RecordTest({"File", "ProjectFile", "Preset"}, records()) { }
 
 private Q_SLOTS:
-    void emptyListIsNoFilesAndSuccess();
-    void detailWithoutGeneralIsNamedNA();
+    void emptyListSucceedsWithoutFiles();
+    void detailWithoutGeneralHasTheNameNA();
     void detailWithoutSourceKeepsAZoomOfOne();
-    void unknownKeyIsSkippedHoweverNested();
+    void unknownKeyIsSkippedAtAnyDepth();
     void announcementHoldsItsInterfaceAsOneObjectUnderAPluralKey();
     void contentIsNeitherWrittenNorRead();
-    void transferFigureIsReadAsSignedIntegers();
+    void transferProgressIsReadAsSignedIntegers();
 };
 
-void tst_FileRecords::emptyListIsNoFilesAndSuccess()
+void tst_FileRecords::emptyListSucceedsWithoutFiles()
 {
     QVERIFY(decoded<std::vector<File::s_FileDetail>>("[]").empty());
     QCOMPARE(decodeError<std::vector<File::s_FileDetail>>("[]"), QByteArray());
 }
 
-void tst_FileRecords::detailWithoutGeneralIsNamedNA()
+void tst_FileRecords::detailWithoutGeneralHasTheNameNA()
 {
     const auto detail = decoded<File::s_FileDetail>(R"({"fileId":1,"source":{"zoomRatio":4}})");
     QCOMPARE(detail.general.name, std::string("N/A"));
@@ -76,7 +76,7 @@ void tst_FileRecords::detailWithoutSourceKeepsAZoomOfOne()
     QCOMPARE(detail.general.name, std::string("sky"));
 }
 
-void tst_FileRecords::unknownKeyIsSkippedHoweverNested()
+void tst_FileRecords::unknownKeyIsSkippedAtAnyDepth()
 {
     const auto detail = decoded<File::s_FileDetail>(
         R"({"fileId":1,"later":[[{"a":{"b":[1,"}",{"fileId":9}]}}]],"fileType":2})");
@@ -105,7 +105,7 @@ void tst_FileRecords::contentIsNeitherWrittenNorRead()
              std::string());
 }
 
-void tst_FileRecords::transferFigureIsReadAsSignedIntegers()
+void tst_FileRecords::transferProgressIsReadAsSignedIntegers()
 {
     const auto figure = decoded<File::s_FileTransPercent>(
         R"({"fileId":-1,"fileType":-2,"type":-3,"percent":-4,"status":-5})");

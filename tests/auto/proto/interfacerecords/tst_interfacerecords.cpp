@@ -63,7 +63,7 @@ std::vector<RecordRow> records()
     // clang-format on
 }
 
-// The order in memory where it is not that of the wire.
+// The order in memory, where it differs from the order when written.
 static_assert(offsetof(Interface::s_InterfaceGeneralBody, type) == 0);
 static_assert(offsetof(Interface::s_InterfaceGeneralBody, name)
               < offsetof(Interface::s_InterfaceGeneralBody, nameGB2312));
@@ -71,7 +71,7 @@ static_assert(offsetof(s_AllRGB, R) == 0);
 static_assert(offsetof(s_AllRGB, G) < offsetof(s_AllRGB, B));
 static_assert(offsetof(s_AllRGB, B) < offsetof(s_AllRGB, all));
 
-// Records of one name for interfaces and for screens, each with its own identity.
+// Records of the same name for interfaces and for screens, each with its own identity.
 static_assert(std::is_base_of_v<s_InterfaceID, Interface::s_General>);
 static_assert(std::is_base_of_v<s_InterfaceID, Interface::s_TestPattern>);
 static_assert(std::is_base_of_v<s_InterfaceID, Interface::s_ImageQuality>);
@@ -89,13 +89,13 @@ public:
 
 private Q_SLOTS:
     void freshDetailHasPresetsOf255AndActualValuesOf0();
-    void cropIsOneObjectHereAndAnArrayInALayerSource();
+    void cropIsAnObjectInAnInterfaceAndAnArrayInALayerSource();
     void cropRectangleKeepsItsDefaultWhateverTheBodyHolds();
     void cropRectangleIsNeverWritten();
-    void flagsAreReadAsTruthAndWrittenAsDigits_data();
-    void flagsAreReadAsTruthAndWrittenAsDigits();
+    void boolsAreWrittenAsDigits_data();
+    void boolsAreWrittenAsDigits();
     void copyProtectionKeyIsLowerCaseInTheWriteAndUpperCaseInTheDetail();
-    void membersCarryTheValuesOfTheirKeys();
+    void membersHaveTheValuesOfTheirKeys();
 };
 
 void tst_InterfaceRecords::freshDetailHasPresetsOf255AndActualValuesOf0()
@@ -111,7 +111,7 @@ void tst_InterfaceRecords::freshDetailHasPresetsOf255AndActualValuesOf0()
     QCOMPARE(fresh.HDR.colorGamut.actualColorGamut, 0);
 }
 
-void tst_InterfaceRecords::cropIsOneObjectHereAndAnArrayInALayerSource()
+void tst_InterfaceRecords::cropIsAnObjectInAnInterfaceAndAnArrayInALayerSource()
 {
     const QByteArray crop =
         R"({"id":1,"type":0,"enable":1,"widthRatio":50000,"heightRatio":100000,"xRatio":0,"yRatio":0})";
@@ -140,7 +140,7 @@ void tst_InterfaceRecords::cropRectangleIsNeverWritten()
     QCOMPARE(encoded(crop), encoded(s_CropBody()));
 }
 
-void tst_InterfaceRecords::flagsAreReadAsTruthAndWrittenAsDigits_data()
+void tst_InterfaceRecords::boolsAreWrittenAsDigits_data()
 {
     QTest::addColumn<QByteArray>("received");
     QTest::addColumn<bool>("flag");
@@ -156,7 +156,7 @@ void tst_InterfaceRecords::flagsAreReadAsTruthAndWrittenAsDigits_data()
     // clang-format on
 }
 
-void tst_InterfaceRecords::flagsAreReadAsTruthAndWrittenAsDigits()
+void tst_InterfaceRecords::boolsAreWrittenAsDigits()
 {
     QFETCH(QByteArray, received);
     QFETCH(bool, flag);
@@ -181,7 +181,7 @@ void tst_InterfaceRecords::copyProtectionKeyIsLowerCaseInTheWriteAndUpperCaseInT
     QVERIFY(decoded<Interface::s_InterfaceDetail>(upperCase).HDCP.enable);
 }
 
-void tst_InterfaceRecords::membersCarryTheValuesOfTheirKeys()
+void tst_InterfaceRecords::membersHaveTheValuesOfTheirKeys()
 {
     Interface::s_CutoutGeneral record;
     record.slotId = 1;

@@ -46,7 +46,7 @@ std::vector<RecordRow> records()
     // clang-format on
 }
 
-// The order in memory is not that of the wire.
+// The order in memory differs from the order when written.
 static_assert(offsetof(Layer::s_LayerTestColor, R) == 0);
 static_assert(offsetof(Layer::s_LayerTestColor, G) < offsetof(Layer::s_LayerTestColor, B));
 static_assert(offsetof(Layer::s_LayerTestColor, B) < offsetof(Layer::s_LayerTestColor, enable));
@@ -60,13 +60,13 @@ public:
     tst_LayerRecords() : RecordTest({"Layer"}, records()) { }
 
 private Q_SLOTS:
-    void umdWithoutEnableCountsAsEnabledInFullGrey();
-    void sourceCropHasTheWholeWidthAndHeightUnlessToldOtherwise();
-    void removedLayerNestsItsIdentityUnderTheOnlyKey();
-    void identityWithoutLayerIdLeavesItAtZero();
+    void umdWithoutEnableIsEnabledWithItsDefaultColours();
+    void sourceCropShowsTheWholePictureByDefault();
+    void removedLayerHasItsIdentityUnderItsOnlyKey();
+    void identityWithoutLayerIdHasLayerZero();
 };
 
-void tst_LayerRecords::umdWithoutEnableCountsAsEnabledInFullGrey()
+void tst_LayerRecords::umdWithoutEnableIsEnabledWithItsDefaultColours()
 {
     const auto record = decoded<Layer::s_LayerUMD>(R"({"UMD":[{"index":4}]})");
     QCOMPARE(record.UMD.size(), std::size_t(1));
@@ -76,7 +76,7 @@ void tst_LayerRecords::umdWithoutEnableCountsAsEnabledInFullGrey()
                         R"("backgroundColor":{"R":50,"G":50,"B":50,"opacity":100}}})"));
 }
 
-void tst_LayerRecords::sourceCropHasTheWholeWidthAndHeightUnlessToldOtherwise()
+void tst_LayerRecords::sourceCropShowsTheWholePictureByDefault()
 {
     const auto source = decoded<Layer::s_LayerSourceBody>(
         R"({"crop":[{"id":1},{"widthRatio":5,"heightRatio":6}]})");
@@ -87,7 +87,7 @@ void tst_LayerRecords::sourceCropHasTheWholeWidthAndHeightUnlessToldOtherwise()
     QCOMPARE(source.crop[1].heightRatio, 6);
 }
 
-void tst_LayerRecords::removedLayerNestsItsIdentityUnderTheOnlyKey()
+void tst_LayerRecords::removedLayerHasItsIdentityUnderItsOnlyKey()
 {
     Layer::s_LayerRemoved removed;
     removed.layerIdenti.screenId = 1;
@@ -100,7 +100,7 @@ void tst_LayerRecords::removedLayerNestsItsIdentityUnderTheOnlyKey()
                         R"("layerType":4,"sceneType":5}})"));
 }
 
-void tst_LayerRecords::identityWithoutLayerIdLeavesItAtZero()
+void tst_LayerRecords::identityWithoutLayerIdHasLayerZero()
 {
     const auto record = decoded<Layer::s_LayerZorder>(
         R"({"layerIdenti":{"screenId":1,"screenType":2,"layerType":4,"sceneType":5},"zorder":6})");

@@ -47,7 +47,7 @@ std::vector<RecordRow> records()
     // clang-format on
 }
 
-// The order in memory is not that of the wire.
+// The order in memory differs from the order when written.
 static_assert(offsetof(Screen::s_PhysicalSizeBody, width) == 0);
 static_assert(offsetof(Screen::s_PhysicalSizeBody, height)
               < offsetof(Screen::s_PhysicalSizeBody, dotPitch));
@@ -63,17 +63,17 @@ public:
     tst_ScreenRecords() : RecordTest({"Screen"}, records()) { }
 
 private Q_SLOTS:
-    void detailWithoutMosaicIsOneByOneOf1920By1080WithoutOutputs();
-    void outputShows1920By1080AtTheOriginUnlessToldOtherwise();
+    void detailWithoutMosaicHasOneCellOf1920By1080AndNoOutputs();
+    void outputShows1920By1080AtTheOriginByDefault();
     void featherWithoutGammaHas220();
-    void screenIdAbove255IsCutToItsLowByte();
+    void screenIdAbove255IsReducedToItsLowByte();
     void negativeScreenIdIsAnError();
     void emptyArrayIsAnEmptyListBothWays();
     void enableWritesTheMosaicBeforeTheName();
-    void membersCarryTheValuesOfTheirKeys();
+    void membersHaveTheValuesOfTheirKeys();
 };
 
-void tst_ScreenRecords::detailWithoutMosaicIsOneByOneOf1920By1080WithoutOutputs()
+void tst_ScreenRecords::detailWithoutMosaicHasOneCellOf1920By1080AndNoOutputs()
 {
     const auto mosaic = decoded<Screen::s_ScreenFullDetail>(R"({"screenId":1})").mosaic;
     QCOMPARE(mosaic.splice.row, 1);
@@ -82,7 +82,7 @@ void tst_ScreenRecords::detailWithoutMosaicIsOneByOneOf1920By1080WithoutOutputs(
     QVERIFY(mosaic.outputs.empty());
 }
 
-void tst_ScreenRecords::outputShows1920By1080AtTheOriginUnlessToldOtherwise()
+void tst_ScreenRecords::outputShows1920By1080AtTheOriginByDefault()
 {
     const auto mosaic = decoded<Screen::s_Mosaic>(
         R"({"outputs":[{"pos":{"x":5}},{"crop":{"x":1,"y":2,"width":3,"height":4}}]})");
@@ -101,7 +101,7 @@ void tst_ScreenRecords::featherWithoutGammaHas220()
     QCOMPARE(output.feather[1].gamma, 1);
 }
 
-void tst_ScreenRecords::screenIdAbove255IsCutToItsLowByte()
+void tst_ScreenRecords::screenIdAbove255IsReducedToItsLowByte()
 {
     QCOMPARE(decoded<s_ScreenId>(R"({"screenId":300})").screenId, quint8(44));
 }
@@ -128,7 +128,7 @@ void tst_ScreenRecords::enableWritesTheMosaicBeforeTheName()
     QVERIFY(detail.indexOf("\"general\"") < detail.indexOf("\"mosaic\""));
 }
 
-void tst_ScreenRecords::membersCarryTheValuesOfTheirKeys()
+void tst_ScreenRecords::membersHaveTheValuesOfTheirKeys()
 {
     Screen::s_SwitchEffect effect;
     effect.screenId = 2;

@@ -24,6 +24,7 @@ private Q_SLOTS:
 
     void cropFollowsTheTimingOfTheInterface();
     void cropStaysWithoutASignal();
+    void cropStaysWhenTheDeviceIsReadAgainWithoutASignal();
     void cropIsRoundedToTheNearestPixel();
     void ownCropOfTheInterfaceFollowsToo();
 };
@@ -152,6 +153,35 @@ void tst_BizModelBuild::cropStaysWithoutASignal()
     input->setActualTiming(timing(0, 0));
     input->updateLayerInputCrop();
     QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 640);
+}
+
+void tst_BizModelBuild::cropStaysWhenTheDeviceIsReadAgainWithoutASignal()
+{
+    const auto device = ModelRecords::device();
+    const auto input = device->findInterface({1, 2, 3}).lock();
+    input->setActualTiming(timing(1280, 720));
+    input->updateLayerInputCrop();
+    QString error;
+    auto cropped = layer(1, 0, 1, 0x010203);
+    cropped.source.crop.resize(1);
+    cropped.source.crop[0].widthRatio = 50000;
+    const auto readAgain = [&] {
+        device->initModelData(std::vector{interface({1, 2, 3}), interface({2, 0, 0})}, error);
+        device->initModelData(std::vector{screen(1, 0, {{2, 0, 0}})}, error);
+        device->initModelData(std::vector{cropped}, error);
+    };
+    device->clearAll(true);
+    readAgain();
+    QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 640);
+    QCOMPARE(device->findInterface({1, 2, 3}).lock()->detail().crop.rect.width, 1280);
+
+    cropped.source.crop[0].widthRatio = 25000; // not the crop of before
+    readAgain();
+    QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 1920);
+
+    device->clearAll(false);
+    readAgain();
+    QCOMPARE(device->findInterface({1, 2, 3}).lock()->detail().crop.rect.width, 1920);
 }
 
 void tst_BizModelBuild::cropIsRoundedToTheNearestPixel()

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void deviceIsFoundByWhatItBecame();
     void deviceIsInTheListOnce();
     void deviceOfTheSameIdentityIsReplaced();
+    void deviceThatMovedKeepsItsCropsWithoutASignal();
     void devicesWithoutNumbersAreToldApartByAddress();
     void nullIsNotTaken();
     void removedDeviceIsGone();
@@ -142,6 +143,20 @@ void tst_BizModelList::deviceOfTheSameIdentityIsReplaced()
     list->append(moved); // it was online at its old address until now
     QCOMPARE(list->devices().size(), 2);
     QCOMPARE(list->devices().first().lock(), moved);
+}
+
+void tst_BizModelList::deviceThatMovedKeepsItsCropsWithoutASignal()
+{
+    const auto former = ModelRecords::device();
+    const auto input = former->findInterface({1, 2, 3}).lock();
+    input->setActualTiming(ModelRecords::timing(1280, 720));
+    input->updateLayerInputCrop();
+    DeviceList::instance()->append(former);
+    const auto moved = ModelRecords::device();
+    moved->setIPAddress(QStringLiteral("198.51.100.7"));
+    DeviceList::instance()->append(moved);
+    QCOMPARE(moved->layers().last().lock()->detail().source.crop[0].rect.width, 640);
+    QCOMPARE(moved->findInterface({1, 2, 3}).lock()->detail().crop.rect.width, 1280);
 }
 
 void tst_BizModelList::devicesWithoutNumbersAreToldApartByAddress()

@@ -65,7 +65,7 @@ void tst_CommandLabels::pairsWithoutACommand_data()
     QTest::newRow("gap in the device's codes") << 0x110B;
     QTest::newRow("auxiliary codes begin at 1") << 0xFC00;
     QTest::newRow("between two labels of screens") << 0x1311;
-    QTest::newRow("behind the last label of screens") << 0x1315;
+    QTest::newRow("after the last label of screens") << 0x1315;
     QTest::newRow("another base code") << 0x1000;
     QTest::newRow("base code between files and maintenance") << 0xFB01;
 }

@@ -17,7 +17,7 @@ enum Situation {
 };
 
 /// What a refused exchange reports, and in which order.
-enum Telling {
+enum Order {
     LogThenStatusBar,
     StatusBarThenLog,
     StatusBarBoxThenLog,
@@ -29,7 +29,7 @@ struct FailureRow {
     Situation situation;
     QList<ScriptedAnswer> answers;
     const char *reason;
-    Telling telling;
+    Order order;
     int packet = 0; ///< Index of the packet, of 3, at the end of the log line.
 };
 
@@ -46,7 +46,7 @@ constexpr auto beforeResult = "result from before";
 
 // clang-format off
 const FailureRow failureRows[] = {
-//   name                              call situation  answers                     reason                                         telling, packet
+//   name                              call situation  answers                     reason                                         order, packet
     {"read, model device gone",        Get, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
     {"read, channel not ready",        Get, NotReady,   {},                         "The device is offline",                       LogThenStatusBar},
     {"read, null response",            Get, Connected,  {noResponse()},             "invalid response command model data",         LogThenStatusBar},
@@ -56,7 +56,7 @@ const FailureRow failureRows[] = {
     {"read, status of the channel",    Get, Connected,  {refusal(260)},             "software error: Request timed out",           LogThenStatusBar},
     {"read, status of the decoder",    Get, Connected,  {refusal(361)},             "protocol error: Invalid checksum",            LogThenStatusBar},
     {"read, status without a text",    Get, Connected,  {refusal(256)},             "N/A",                                         LogThenStatusBar},
-    {"read, lost behind first packet", Get, LostLater,  {firstOf(3)},               "The device is offline",                       LogThenStatusBar},
+    {"read, lost after first packet",  Get, LostLater,  {firstOf(3)},               "The device is offline",                       LogThenStatusBar},
     {"read, null second packet",       Get, Connected,  {firstOf(3), noResponse()}, "invalid response command model data",         LogThenStatusBar, 1},
     {"read, refused second packet",    Get, Connected,  {firstOf(3), refusal(68)},  "hardware error:68",                           LogThenStatusBar, 1},
     {"write, model device gone",       Set, DeviceGone, {},                         "invalid device model data",                   LogThenStatusBar},
@@ -137,21 +137,21 @@ void tst_ControlHelper::failures()
     const QString shown = QStringLiteral("status bar 2 for 5000 ms: ") + sentence;
     const QString box =
         QStringLiteral("message box 1: Device data has been updated, please synchronize now.");
-    QStringList told = outcome.lines;
+    QStringList lines = outcome.lines;
     if (!gone)
-        QVERIFY(told.takeFirst().startsWith(QStringLiteral("info: TavoroCmd {device} ")));
+        QVERIFY(lines.takeFirst().startsWith(QStringLiteral("info: TavoroCmd {device} ")));
 
     QVERIFY(!outcome.ok);
     QCOMPARE(outcome.error, sentence);
-    switch (row->telling) {
+    switch (row->order) {
     case LogThenStatusBar:
-        QCOMPARE(told, (QStringList{logged, shown}));
+        QCOMPARE(lines, (QStringList{logged, shown}));
         break;
     case StatusBarThenLog:
-        QCOMPARE(told, (QStringList{shown, logged}));
+        QCOMPARE(lines, (QStringList{shown, logged}));
         break;
     case StatusBarBoxThenLog:
-        QCOMPARE(told, (QStringList{shown, box, logged}));
+        QCOMPARE(lines, (QStringList{shown, box, logged}));
         break;
     }
     QCOMPARE(channel.sent().size(), std::size_t(row->answers.size()));

@@ -64,12 +64,12 @@ void tst_ErrorTexts::boundaries_data()
     QTest::newRow("between device and channel") << 256 << "N/A";
     QTest::newRow("first of the channel")       << 257 << "software error: Channel is not initialized";
     QTest::newRow("last of the channel")        << 264 << "software error: Sending thread is not initialized or not started";
-    QTest::newRow("behind the channel")         << 265 << "N/A";
+    QTest::newRow("after the channel")          << 265 << "N/A";
     QTest::newRow("between the local ones")     << 300 << "N/A";
     QTest::newRow("before the decoder")         << 356 << "N/A";
     QTest::newRow("first of the decoder")       << 357 << "protocol error: Invalid register address";
     QTest::newRow("last of the decoder")        << 365 << "protocol error: Device response decoding timed out";
-    QTest::newRow("behind the decoder")         << 366 << "N/A";
+    QTest::newRow("after the decoder")          << 366 << "N/A";
     // clang-format on
 }
 

@@ -193,8 +193,8 @@ void tst_File::readDetailsNamesTypeAndIdInTheHead_data()
     QTest::newRow("all files of one type")             << 6   << -1  << QByteArray("06ff0000");
     QTest::newRow("type before id")                    << 8   << 5   << QByteArray("08050000");
     QTest::newRow("lowest numbers")                    << 0   << 0   << QByteArray("00000000");
-    QTest::newRow("highest id that can be told")       << 6   << 254 << QByteArray("06fe0000");
-    QTest::newRow("id 255 cannot be told from all")    << 6   << 255 << QByteArray("06ff0000");
+    QTest::newRow("highest id with a filter")          << 6   << 254 << QByteArray("06fe0000");
+    QTest::newRow("id 255 selects all")                << 6   << 255 << QByteArray("06ff0000");
     QTest::newRow("higher ids are cut to their low byte") << 262 << 511 << QByteArray("06ff0000");
     // clang-format on
 }

@@ -304,7 +304,7 @@ void tst_RequestLog::successTextIsMadeForListenersOnly_data()
     QTest::addColumn<int>("texts"); // sentences and labels; the write's and the read's
 
     // clang-format off
-    QTest::newRow("nobody listens")          << QByteArray("tavoro.control=false") << false << true  << 0;
+    QTest::newRow("no listener")             << QByteArray("tavoro.control=false") << false << true  << 0;
     QTest::newRow("status bar")              << QByteArray("tavoro.control=false") << true  << true  << 4;
     QTest::newRow("status bar, write quiet") << QByteArray("tavoro.control=false") << true  << false << 2;
     QTest::newRow("log")                     << QByteArray("")                     << false << true  << 6;

@@ -61,7 +61,7 @@ void tst_SaveFileStops::stopInTheMiddleLeavesTheRestUnwritten()
     SlowFile slow(path("slow"));
     SaveFile file;
     QVERIFY(slow.fill(file));
-    file.append("queued behind the batch");
+    file.append("queued after the batch");
     slow.drainFromNowOn();
     file.stopWrite();
     QVERIFY(file.fileSaveResult());
@@ -69,13 +69,13 @@ void tst_SaveFileStops::stopInTheMiddleLeavesTheRestUnwritten()
     QVERIFY(slow.isClosed());
 
     QVERIFY(file.startWrite(path("next"), m_it->error));
-    QTRY_COMPARE(contentOf(path("next")), QByteArray("queued behind the batch"));
+    QTRY_COMPARE(contentOf(path("next")), QByteArray("queued after the batch"));
 }
 
 void tst_SaveFileStops::piecesAddedDuringTheStopStayQueued()
 {
     if (!FastClock::isPossible())
-        QSKIP("nothing tells that the worker goes to sleep");
+        QSKIP("cannot detect that the worker goes to sleep");
     SaveFile file;
     std::thread stopper;
     const NextSleep sleep([&file] { file.append("left"); },
@@ -190,7 +190,7 @@ void tst_SaveFileStops::resultIsTrueAlthoughNothingCouldBeWritten()
 void tst_SaveFileStops::piecesForAClosedFileAreDropped()
 {
     if (!FastClock::isPossible())
-        QSKIP("nothing tells that the worker has taken the pieces");
+        QSKIP("cannot detect that the worker has taken the pieces");
     const FastClock clock;
     const MessageCatcher caught;
     SaveFile file;

@@ -136,7 +136,7 @@ void tst_SyncDeviceModel::unreadPartsOfAKnownDeviceAreRemoved()
     QCOMPARE(counts(*it.listed()), (QList<int>{0, 0, 0, 0}));
 }
 
-// Nothing is told but the emptying, before the first request.
+// The model emits only that it was cleared, before the first request.
 void tst_SyncDeviceModel::knownDeviceEmitsNothingWhileItIsFilled()
 {
     Synchronised it;

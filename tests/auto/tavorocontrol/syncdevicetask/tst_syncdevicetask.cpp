@@ -180,14 +180,14 @@ void tst_SyncDeviceTask::firstRequestSetsTheClock()
     const QDateTime after = QDateTime::currentDateTime();
 
     const QString body = QString::fromStdString(it.channel->sent().front().body);
-    const auto told =
+    const auto match =
         QRegularExpression(
             QStringLiteral(R"(^\{"year":(\d+),"month":(\d+),"day":(\d+),"hour":(\d+),)"
                            R"("minute":(\d+),"second":(\d+),"millisecond":(\d+)\}$)"))
             .match(body);
-    QVERIFY2(told.hasMatch(), qPrintable(body));
+    QVERIFY2(match.hasMatch(), qPrintable(body));
     const auto number = [&](int place) {
-        return told.captured(place).toInt();
+        return match.captured(place).toInt();
     };
     const QDateTime sent(QDate(number(1), number(2), number(3)),
                          QTime(number(4), number(5), number(6), number(7)));

@@ -1,8 +1,8 @@
-// The tool as a process against a simulated device: its calls one by one and in a batch, what it
-// prints where, and how it ends.
+// The tool as a process with a simulated device: calls, batches, output and exit status.
 
 #include <support/tavoroctl/toolcalls.h>
 
+#include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -17,24 +17,25 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void aWriteReachesTheDevice();
-    void aReadPrintsItsAnswerAsJson();
-    void aReadTakesFiltersBelowZero();
-    void readsAndWritesGoInPackets();
-    void operationsThatTakeNumbersAlone();
-    void aRefusalIsToldOnceAndEndsWithOne();
-    void anUnreachableHostIsNamed();
-    void aSilentHostIsNamed();
+    void writeReachesTheDevice();
+    void readPrintsItsAnswerAsJson();
+    void readTakesNegativeFilters();
+    void readsAndWritesAreSplitIntoPackets();
+    void operationsMayTakeOnlyNumbers();
+    void refusalIsReportedOnceAndEndsWithOne();
+    void errorNamesAnUnreachableHost();
+    void errorNamesASilentHost();
     void recordWithMissingKeysIsRefused();
     void defaultsSendsMissingKeysAtTheirDefaults();
     void wrongUsageEndsWithTwoAndSendsNothing_data();
     void wrongUsageEndsWithTwoAndSendsNothing();
-    void verboseShowsTheLogWhole();
+    void requestTimeoutLimitsEachRequest();
+    void verboseShowsTheWholeLog();
     void withoutVerboseThereIsNoLog();
 
     void batchMakesOneCallPerLine();
     void batchLinesMayNameTheHost();
-    void batchGoesOnAfterAFailureAndTellsTheWorst();
+    void batchContinuesAfterAFailureAndEndsWithTheHighestStatus();
 
     void helpAndVersion();
 };
@@ -57,7 +58,7 @@ void tst_TavoroCtl::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroCtl::aWriteReachesTheDevice()
+void tst_TavoroCtl::writeReachesTheDevice()
 {
     const Run write = call(
         {"Device.writeDeviceGroupInfo", R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})"});
@@ -72,7 +73,7 @@ void tst_TavoroCtl::aWriteReachesTheDevice()
     QCOMPARE(read.exitCode, 0);
 }
 
-void tst_TavoroCtl::aReadPrintsItsAnswerAsJson()
+void tst_TavoroCtl::readPrintsItsAnswerAsJson()
 {
     QCOMPARE(call({"Device.readOutputMapping"}).output,
              QByteArray(R"({"general":{"type":0},"testPattern":{"enable":0,"type":0,"bright":0,)"
@@ -83,14 +84,14 @@ void tst_TavoroCtl::aReadPrintsItsAnswerAsJson()
     QCOMPARE(call({"Device.sendReadDeviceDetailsCmd"}).output, decoded);
 }
 
-void tst_TavoroCtl::aReadTakesFiltersBelowZero()
+void tst_TavoroCtl::readTakesNegativeFilters()
 {
     const Run read = call({"Layer.readDetails", "77", "-1", "-1", "-1"});
     QCOMPARE(read.output, QByteArray("[]\n"));
     QCOMPARE(read.exitCode, 0);
 }
 
-void tst_TavoroCtl::readsAndWritesGoInPackets()
+void tst_TavoroCtl::readsAndWritesAreSplitIntoPackets()
 {
     SimOptions options;
     options.packetSize = 16;
@@ -100,7 +101,7 @@ void tst_TavoroCtl::readsAndWritesGoInPackets()
     QCOMPARE(call({"Device.readDeviceGroupInfo"}).output, groups + '\n');
 }
 
-void tst_TavoroCtl::operationsThatTakeNumbersAlone()
+void tst_TavoroCtl::operationsMayTakeOnlyNumbers()
 {
     QCOMPARE(call({"Device.writeLoadToPGM", "1"}).exitCode, 0);
     QVERIFY(call({"Device.readDetails"}).output.contains(R"("presetApplyType":1)"));
@@ -108,7 +109,7 @@ void tst_TavoroCtl::operationsThatTakeNumbersAlone()
     QCOMPARE(call({"Layer.readDetails", "1", "1", "-1", "-1"}).output, QByteArray("[]\n"));
 }
 
-void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
+void tst_TavoroCtl::refusalIsReportedOnceAndEndsWithOne()
 {
     const Run write = call({"Device.writeSwap", R"({"swap":2})"});
     QCOMPARE(write.errors,
@@ -116,15 +117,15 @@ void tst_TavoroCtl::aRefusalIsToldOnceAndEndsWithOne()
     QCOMPARE(write.output, QByteArray());
     QCOMPARE(write.exitCode, 1);
 
-    // Nothing is sent and nothing is said: the tool does.
+    // This operation fails without a text, so the tool gives one.
     const Run silent = call({"Interface.writeActualTiming", "[]"});
     QCOMPARE(silent.errors, QByteArray("Interface.writeActualTiming failed.\n"));
     QCOMPARE(silent.exitCode, 1);
 }
 
-void tst_TavoroCtl::anUnreachableHostIsNamed()
+void tst_TavoroCtl::errorNamesAnUnreachableHost()
 {
-    QTcpSocket reserved; // A port that nobody listens on, and nobody else gets.
+    QTcpSocket reserved; // Reserves a port without listening.
     QVERIFY2(reserved.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress),
              qPrintable(reserved.errorString()));
     const QByteArray gone = "127.0.0.1:" + QByteArray::number(reserved.localPort());
@@ -135,9 +136,9 @@ void tst_TavoroCtl::anUnreachableHostIsNamed()
     QCOMPARE(write.exitCode, 1);
 }
 
-void tst_TavoroCtl::aSilentHostIsNamed()
+void tst_TavoroCtl::errorNamesASilentHost()
 {
-    QTcpServer silent; // Takes the connection and says nothing.
+    QTcpServer silent; // Accepts the connection and sends nothing.
     QVERIFY(silent.listen(QHostAddress::LocalHost));
     const QByteArray place = "127.0.0.1:" + QByteArray::number(silent.serverPort());
     const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", R"({"swap":0})"});
@@ -175,13 +176,14 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::addColumn<QByteArrayList>("arguments");
     QTest::addColumn<QString>("words");
     const QByteArray swap = "Device.writeSwap";
-    // The host does not exist: whoever tried to send would end with 1.
+    // The host does not exist: a command that tried to send would end with 1.
     const QByteArray nowhere = "nowhere.invalid";
     // clang-format off
     QTest::newRow("no command")        << QByteArrayList{}                               << "expected a command; --help lists all commands";
     QTest::newRow("unknown command")   << QByteArrayList{"dance"}                        << "unknown command \"dance\"; --help lists all commands";
     QTest::newRow("unknown option")    << QByteArrayList{"--fly"}                        << "Unknown option 'fly'.";
     QTest::newRow("bad timeout")       << QByteArrayList{"--timeout", "soon", "list"}    << "\"soon\" is not a number of milliseconds above 0";
+    QTest::newRow("bad request timeout") << QByteArrayList{"list", "--request-timeout", "0"} << "\"0\" is not a number of milliseconds above 0";
     QTest::newRow("no host")           << QByteArrayList{"call"}                         << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
@@ -213,7 +215,21 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing()
     QCOMPARE(result.exitCode, 2);
 }
 
-void tst_TavoroCtl::verboseShowsTheLogWhole()
+void tst_TavoroCtl::requestTimeoutLimitsEachRequest()
+{
+    // By itself this read may take 100 s.
+    m_bench->console(QStringLiteral("fault add silent,code=InterfaceDetail"));
+    QElapsedTimer asked;
+    asked.start();
+    const Run read =
+        run({"call", "--request-timeout", "300", host(), "Interface.readDetails", "0", "-1"});
+    QVERIFY2(read.errors.startsWith("Get interface detail information failed: "),
+             read.errors.constData());
+    QCOMPARE(read.exitCode, 1);
+    QVERIFY(asked.elapsed() < 20000);
+}
+
+void tst_TavoroCtl::verboseShowsTheWholeLog()
 {
     const Run read = run({"--verbose", "call", host(), "Device.readDetails"});
     QVERIFY2(read.errors.contains("[tavoro.control] info: TavoroCmd \"Simulated device\""),
@@ -254,7 +270,7 @@ void tst_TavoroCtl::batchLinesMayNameTheHost()
     QCOMPARE(batch.exitCode, 0);
 }
 
-void tst_TavoroCtl::batchGoesOnAfterAFailureAndTellsTheWorst()
+void tst_TavoroCtl::batchContinuesAfterAFailureAndEndsWithTheHighestStatus()
 {
     const Run failed =
         run({"batch", host()}, "Device.writeSwap {\"swap\":2}\nDevice.writeSwap {\"swap\":0}\n");
@@ -273,7 +289,8 @@ void tst_TavoroCtl::batchGoesOnAfterAFailureAndTellsTheWorst()
 void tst_TavoroCtl::helpAndVersion()
 {
     const Run help = run({"--help"});
-    QVERIFY(help.output.contains("Exit status: 0 done, 1 a device or an operation failed, "));
+    QVERIFY(help.output.contains(
+        "Exit status: 0 done, 1 a device, an operation or the output failed, "));
     QCOMPARE(help.exitCode, 0);
     QVERIFY(run({"--version"}).output.startsWith("tavoroctl 0."));
     QCOMPARE(run({"call", "--help"}).exitCode, 0);

@@ -1,4 +1,4 @@
-// What a person types behind an operation: records, numbers, lines of a batch.
+// Arguments of calls, hosts, and lines of a batch.
 
 #include <tavoroctl/arguments/batchline.h>
 #include <tavoroctl/arguments/host.h>
@@ -19,26 +19,26 @@ class tst_TavoroCtlArguments : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void goodRecordsHaveNoFault_data();
-    void goodRecordsHaveNoFault();
-    void faultsOfARecordNameTheirPlace_data();
-    void faultsOfARecordNameTheirPlace();
-    void faultsOfAListNameTheirPlace_data();
-    void faultsOfAListNameTheirPlace();
+    void validRecordsHaveNoFault_data();
+    void validRecordsHaveNoFault();
+    void faultOfARecordNamesItsPlace_data();
+    void faultOfARecordNamesItsPlace();
+    void faultOfAListNamesItsPlace_data();
+    void faultOfAListNamesItsPlace();
     void missingKeysAreListed_data();
     void missingKeysAreListed();
     void codecFaultsCountFromOne();
 
-    void argumentsAreReadInTheirOrder();
-    void faultsOfArgumentsNameTheArgument_data();
-    void faultsOfArgumentsNameTheArgument();
+    void argumentsAreReadInOrder();
+    void faultNamesTheArgument_data();
+    void faultNamesTheArgument();
 
-    void batchLinesAreCutIntoWords_data();
-    void batchLinesAreCutIntoWords();
-    void quotesOfABatchLineAreWhole_data();
-    void quotesOfABatchLineAreWhole();
-    void hostsAreNamesWithAPort_data();
-    void hostsAreNamesWithAPort();
+    void batchLinesAreSplitIntoWords_data();
+    void batchLinesAreSplitIntoWords();
+    void incompleteQuotesAreRefused_data();
+    void incompleteQuotesAreRefused();
+    void hostsAreParsed_data();
+    void hostsAreParsed();
 };
 
 namespace {
@@ -53,7 +53,7 @@ QStringList toTexts(const QByteArrayList &bytes)
 
 } // namespace
 
-void tst_TavoroCtlArguments::goodRecordsHaveNoFault_data()
+void tst_TavoroCtlArguments::validRecordsHaveNoFault_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("nothing") << "{}";
@@ -62,14 +62,14 @@ void tst_TavoroCtlArguments::goodRecordsHaveNoFault_data()
     QTest::newRow("another notation of the number") << R"({"swap":1.0})";
 }
 
-void tst_TavoroCtlArguments::goodRecordsHaveNoFault()
+void tst_TavoroCtlArguments::validRecordsHaveNoFault()
 {
     QFETCH(QString, text);
     ProtoModel::Device::s_swap record;
     QCOMPARE(readRecord(text.toStdString(), record, MissingKeys::SentAsDefaults), QString());
 }
 
-void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace_data()
+void tst_TavoroCtlArguments::faultOfARecordNamesItsPlace_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("fault");
@@ -90,7 +90,7 @@ void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace_data()
     // clang-format on
 }
 
-void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace()
+void tst_TavoroCtlArguments::faultOfARecordNamesItsPlace()
 {
     QFETCH(QString, text);
     QFETCH(QString, fault);
@@ -98,7 +98,7 @@ void tst_TavoroCtlArguments::faultsOfARecordNameTheirPlace()
     QCOMPARE(readRecord(text.toStdString(), record, MissingKeys::SentAsDefaults), fault);
 }
 
-void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
+void tst_TavoroCtlArguments::faultOfAListNamesItsPlace_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("fault");
@@ -111,7 +111,7 @@ void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace_data()
     // clang-format on
 }
 
-void tst_TavoroCtlArguments::faultsOfAListNameTheirPlace()
+void tst_TavoroCtlArguments::faultOfAListNamesItsPlace()
 {
     QFETCH(QString, text);
     QFETCH(QString, fault);
@@ -156,7 +156,7 @@ void tst_TavoroCtlArguments::codecFaultsCountFromOne()
     QCOMPARE(faultOfCodec("out of memory"), QStringLiteral("out of memory"));
 }
 
-void tst_TavoroCtlArguments::argumentsAreReadInTheirOrder()
+void tst_TavoroCtlArguments::argumentsAreReadInOrder()
 {
     const QStringList arguments =
         toTexts({"-1", "255", "wall", "1", R"([{"cutFill":{"enable":true}}])"});
@@ -179,7 +179,7 @@ void tst_TavoroCtlArguments::argumentsAreReadInTheirOrder()
     QCOMPARE(list.at(0).cutFill.enable, true);
 }
 
-void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument_data()
+void tst_TavoroCtlArguments::faultNamesTheArgument_data()
 {
     QTest::addColumn<QByteArrayList>("arguments");
     QTest::addColumn<QString>("fault");
@@ -200,7 +200,7 @@ void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument_data()
     // clang-format on
 }
 
-void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument()
+void tst_TavoroCtlArguments::faultNamesTheArgument()
 {
     QFETCH(QByteArrayList, arguments);
     QFETCH(QString, fault);
@@ -213,7 +213,7 @@ void tst_TavoroCtlArguments::faultsOfArgumentsNameTheArgument()
     QCOMPARE(reader.fault(), fault);
 }
 
-void tst_TavoroCtlArguments::batchLinesAreCutIntoWords_data()
+void tst_TavoroCtlArguments::batchLinesAreSplitIntoWords_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QByteArrayList>("words");
@@ -229,7 +229,7 @@ void tst_TavoroCtlArguments::batchLinesAreCutIntoWords_data()
     // clang-format on
 }
 
-void tst_TavoroCtlArguments::batchLinesAreCutIntoWords()
+void tst_TavoroCtlArguments::batchLinesAreSplitIntoWords()
 {
     QFETCH(QString, line);
     QFETCH(QByteArrayList, words);
@@ -238,7 +238,7 @@ void tst_TavoroCtlArguments::batchLinesAreCutIntoWords()
     QCOMPARE(split.words, toTexts(words));
 }
 
-void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole_data()
+void tst_TavoroCtlArguments::incompleteQuotesAreRefused_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("fault");
@@ -254,14 +254,14 @@ void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole_data()
                                   << "expected a space after the closing quote";
 }
 
-void tst_TavoroCtlArguments::quotesOfABatchLineAreWhole()
+void tst_TavoroCtlArguments::incompleteQuotesAreRefused()
 {
     QFETCH(QString, line);
     QFETCH(QString, fault);
     QCOMPARE(splitBatchLine(line).fault, fault);
 }
 
-void tst_TavoroCtlArguments::hostsAreNamesWithAPort_data()
+void tst_TavoroCtlArguments::hostsAreParsed_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("name");
@@ -286,7 +286,7 @@ void tst_TavoroCtlArguments::hostsAreNamesWithAPort_data()
                                << "" << 0;
 }
 
-void tst_TavoroCtlArguments::hostsAreNamesWithAPort()
+void tst_TavoroCtlArguments::hostsAreParsed()
 {
     QFETCH(QString, text);
     QFETCH(QString, name);

@@ -1,4 +1,4 @@
-// Batches of the tool: which device a line reaches, and which lines are refused.
+// Batches: which device a line reaches, and which lines are refused.
 
 #include <support/tavoroctl/toolbench.h>
 
@@ -10,13 +10,13 @@ class tst_TavoroCtlBatch : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void devicesOfOneAddressAreToldApart();
-    void devicesOfOneIdentityAreRefused();
+    void devicesAtOneAddressAreDistinguished();
+    void devicesWithTheSameIdentityAreRefused();
     void oneDeviceMayHaveTwoNames();
-    void linesThatCannotBeMeantAreRefused_data();
-    void linesThatCannotBeMeantAreRefused();
-    void hostOfTheBatchIsReadBeforeItsLines();
-    void hostOfALineIsNamedWithTheLine();
+    void invalidLinesAreRefused_data();
+    void invalidLinesAreRefused();
+    void hostOfTheBatchIsCheckedBeforeItsLines();
+    void faultOfAHostNamesTheLine();
 };
 
 namespace {
@@ -35,7 +35,7 @@ const QByteArray swapDone = "Set device swap status information successfully.\n"
 
 } // namespace
 
-void tst_TavoroCtlBatch::devicesOfOneAddressAreToldApart()
+void tst_TavoroCtlBatch::devicesAtOneAddressAreDistinguished()
 {
     SimOptions options;
     const ToolBench first(options);
@@ -49,7 +49,7 @@ void tst_TavoroCtlBatch::devicesOfOneAddressAreToldApart()
     QVERIFY(isSwapped(second));
 }
 
-void tst_TavoroCtlBatch::devicesOfOneIdentityAreRefused()
+void tst_TavoroCtlBatch::devicesWithTheSameIdentityAreRefused()
 {
     const ToolBench first;
     const ToolBench second;
@@ -73,7 +73,7 @@ void tst_TavoroCtlBatch::oneDeviceMayHaveTwoNames()
     QVERIFY(!isSwapped(bench));
 }
 
-void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused_data()
+void tst_TavoroCtlBatch::invalidLinesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QByteArray>("words");
@@ -85,15 +85,15 @@ void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused_data()
     // clang-format on
 }
 
-void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused()
+void tst_TavoroCtlBatch::invalidLinesAreRefused()
 {
     QFETCH(QByteArray, line);
     QFETCH(QByteArray, words);
     const ToolBench bench;
     QCOMPARE(ToolBench::run({"batch"}, swapLine(bench.host(), 0)).exitCode, 0);
-    const ToolRun batch =
-        ToolBench::run({"batch", bench.host()},
-                       "# A comment's quote is none.\n" + line + "\nDevice.readDeviceGroupInfo\n");
+    const ToolRun batch = ToolBench::run({"batch", bench.host()},
+                                         "# A comment's quote is ignored.\n" + line
+                                             + "\nDevice.readDeviceGroupInfo\n");
     QCOMPARE(batch.errors,
              "tavoroctl: line 2 of the batch: " + words
                  + "\nGet device group information successfully.\n");
@@ -101,7 +101,7 @@ void tst_TavoroCtlBatch::linesThatCannotBeMeantAreRefused()
     QVERIFY(!isSwapped(bench));
 }
 
-void tst_TavoroCtlBatch::hostOfTheBatchIsReadBeforeItsLines()
+void tst_TavoroCtlBatch::hostOfTheBatchIsCheckedBeforeItsLines()
 {
     for (const QByteArray &input : {QByteArray(), QByteArray("Device.swap\n")}) {
         const ToolRun batch = ToolBench::run({"batch", "a:99999"}, input);
@@ -110,7 +110,7 @@ void tst_TavoroCtlBatch::hostOfTheBatchIsReadBeforeItsLines()
     }
 }
 
-void tst_TavoroCtlBatch::hostOfALineIsNamedWithTheLine()
+void tst_TavoroCtlBatch::faultOfAHostNamesTheLine()
 {
     const ToolRun batch = ToolBench::run({"batch"}, "\na:99999 Device.writeSwap {\"swap\":1}\n");
     QCOMPARE(batch.errors,

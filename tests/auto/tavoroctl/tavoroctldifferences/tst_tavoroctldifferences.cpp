@@ -11,15 +11,15 @@ class tst_TavoroCtlDifferences : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachValueIsTold_data();
-    void eachValueIsTold();
+    void eachChangedValueIsListed_data();
+    void eachChangedValueIsListed();
 };
 
-void tst_TavoroCtlDifferences::eachValueIsTold_data()
+void tst_TavoroCtlDifferences::eachChangedValueIsListed_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QByteArray>("after");
-    QTest::addColumn<QByteArray>("told");
+    QTest::addColumn<QByteArray>("message");
     // clang-format off
     QTest::newRow("nothing")         << QByteArray(R"({"a":1,"b":[1,{"c":"x"}]})") << QByteArray(R"({"b":[1,{"c":"x"}],"a":1})") << QByteArray();
     QTest::newRow("number")          << QByteArray(R"({"a":1})")       << QByteArray(R"({"a":-2})")       << QByteArray("a 1 -> -2");
@@ -37,14 +37,14 @@ void tst_TavoroCtlDifferences::eachValueIsTold_data()
     // clang-format on
 }
 
-void tst_TavoroCtlDifferences::eachValueIsTold()
+void tst_TavoroCtlDifferences::eachChangedValueIsListed()
 {
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
-    QFETCH(QByteArray, told);
+    QFETCH(QByteArray, message);
     const QStringList found =
         differences(jsonValue(before.toStdString()), jsonValue(after.toStdString()));
-    QCOMPARE(found.join(QStringLiteral(", ")).toUtf8(), told);
+    QCOMPARE(found.join(QStringLiteral(", ")).toUtf8(), message);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlDifferences)

@@ -1,4 +1,4 @@
-// files and push, and pull of what was pushed: what reaches the device and the disk.
+// files and push, and pull of pushed files.
 
 #include <support/tavoroctl/tooltransfers.h>
 
@@ -16,21 +16,32 @@ private Q_SLOTS:
     void filesShowsATable();
     void filesOfOneType();
     void filesPrintsJson();
-    void whatIsPushedIsPulledBackByteForByte_data();
-    void whatIsPushedIsPulledBackByteForByte();
-    void pushAnnouncesLengthAndHashSum();
-    void pushNamesTheFileAfterItself();
+    void pulledContentEqualsPushedContent_data();
+    void pulledContentEqualsPushedContent();
+    void pushAnnouncesLengthAndChecksum();
+    void pushUsesTheNameOfTheFile();
     void pushReadsStandardInput();
     void pushReadsAPipe();
-    void pushOfAFileThatIsNotThere();
-    void pushThatTheDeviceRefuses();
-    void pushInterruptedLeavesTheDeviceWithoutTheFile();
-    void pushThatGoesWrongEndsWithOne();
+    void pushOfAMissingFileFails();
+    void refusedPushEndsWithOne();
+    void interruptedPushLeavesNoFileOnTheDevice();
+    void faultyPushEndsWithOne();
+
+    void pushWhoseLastAnswerIsLostSucceeds_data();
+    void pushWhoseLastAnswerIsLostSucceeds();
+    void refusalOfTheLastPacketIsReported();
+    void pushWhoseLastPacketIsLostFails();
+    void pushWhoseLastAnswerIsLostForGoodFails();
+    void pushOfMorePacketsThanAClientTakesIsRefused();
 
     void progressIsDrawnOnATerminal();
     void progressIsNotDrawnInAPipe();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
+
+private:
+    /// A device with packets of \a size bytes.
+    void usePacketsOf(quint32 size);
 };
 
 void tst_TavoroCtlFiles::init()
@@ -81,7 +92,7 @@ void tst_TavoroCtlFiles::filesPrintsJson()
                         "\n"));
 }
 
-void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte_data()
+void tst_TavoroCtlFiles::pulledContentEqualsPushedContent_data()
 {
     QTest::addColumn<int>("length");
     QTest::newRow("empty") << 0;
@@ -91,7 +102,7 @@ void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte_data()
     QTest::newRow("many packets") << 123456;
 }
 
-void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte()
+void tst_TavoroCtlFiles::pulledContentEqualsPushedContent()
 {
     QFETCH(int, length);
     SimOptions options;
@@ -109,16 +120,16 @@ void tst_TavoroCtlFiles::whatIsPushedIsPulledBackByteForByte()
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"fetched", "sent"}));
 }
 
-void tst_TavoroCtlFiles::pushAnnouncesLengthAndHashSum()
+void tst_TavoroCtlFiles::pushAnnouncesLengthAndChecksum()
 {
-    // The device checks both, and refuses a content that is another.
+    // The device checks both, and refuses other content.
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     const ToolRun push = m_bench->run("push", {file, "--verbose"});
     const QByteArray announced = R"(\"size\":{\"length\":9,\"hashSum\":-873187034,)";
     QVERIFY2(push.errors.contains(announced), push.errors.constData());
 }
 
-void tst_TavoroCtlFiles::pushNamesTheFileAfterItself()
+void tst_TavoroCtlFiles::pushUsesTheNameOfTheFile()
 {
     const QByteArray file = m_bench->makeFile("wall.png", "123456789");
     QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
@@ -143,7 +154,7 @@ void tst_TavoroCtlFiles::pushReadsAPipe()
     QVERIFY(m_bench->run("files", {}).output.contains("piped  9      cbf43926"));
 }
 
-void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
+void tst_TavoroCtlFiles::pushOfAMissingFileFails()
 {
     const QByteArray file = m_bench->path("nothing");
     const ToolRun push = m_bench->run("push", {file});
@@ -151,7 +162,7 @@ void tst_TavoroCtlFiles::pushOfAFileThatIsNotThere()
     QCOMPARE(push.exitCode, 1);
 }
 
-void tst_TavoroCtlFiles::pushThatTheDeviceRefuses()
+void tst_TavoroCtlFiles::refusedPushEndsWithOne()
 {
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     const ToolRun push = m_bench->run("push", {file, "--name", QByteArray(300, 'n')});
@@ -159,7 +170,7 @@ void tst_TavoroCtlFiles::pushThatTheDeviceRefuses()
     QCOMPARE(push.exitCode, 1);
 }
 
-void tst_TavoroCtlFiles::pushInterruptedLeavesTheDeviceWithoutTheFile()
+void tst_TavoroCtlFiles::interruptedPushLeavesNoFileOnTheDevice()
 {
     useSlowDevice();
     const QByteArray file = m_bench->makeFile("long", bytes(400000));
@@ -174,7 +185,7 @@ void tst_TavoroCtlFiles::pushInterruptedLeavesTheDeviceWithoutTheFile()
     QVERIFY2(!files.contains("long"), files.constData());
 }
 
-void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
+void tst_TavoroCtlFiles::faultyPushEndsWithOne()
 {
     SimOptions options;
     options.packetSize = 1000;
@@ -185,6 +196,82 @@ void tst_TavoroCtlFiles::pushThatGoesWrongEndsWithOne()
     QCOMPARE(push.exitCode, 1);
     m_bench->console(QStringLiteral("fault clear"));
     QCOMPARE(m_bench->run("files", {}).output, QByteArray("TYPE  ID  NAME  BYTES  HASH  PIXELS\n"));
+}
+
+void tst_TavoroCtlFiles::usePacketsOf(quint32 size)
+{
+    SimOptions options;
+    options.packetSize = size;
+    m_bench = std::make_unique<ToolBench>(options);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostSucceeds_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("connection lost before it") << QStringLiteral("drop-before");
+    QTest::newRow("connection lost within it") << QStringLiteral("drop-within");
+    QTest::newRow("no answer") << QStringLiteral("silent");
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostSucceeds()
+{
+    QFETCH(QString, fault);
+    usePacketsOf(1000);
+    // The announcement, then three packets.
+    m_bench->console(QStringLiteral("fault add %1,code=FileImport,skip=3,count=1").arg(fault));
+    const ToolRun push =
+        m_bench->run("push", {m_bench->makeFile("sent", bytes(3000)), "--request-timeout", "1000"});
+    QCOMPARE(push.errors, QByteArray());
+    QCOMPARE(push.exitCode, 0);
+    QCOMPARE(m_bench->run("pull", {"0", "0", "-"}).output, bytes(3000));
+}
+
+void tst_TavoroCtlFiles::refusalOfTheLastPacketIsReported()
+{
+    usePacketsOf(1000);
+    // A packet that is swallowed leaves the content incomplete, which the device notices at the
+    // end.
+    m_bench->console(QStringLiteral("fault add status=9,code=FileImport,skip=3,count=1"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(3000))});
+    QCOMPARE(push.errors, QByteArray("Set file import information failed: hardware error:9 .\n"));
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastPacketIsLostFails()
+{
+    usePacketsOf(1000);
+    m_bench->console(QStringLiteral("fault add drop-request,code=FileImport,skip=3,count=1"));
+    const ToolRun push = m_bench->run("push", {m_bench->makeFile("sent", bytes(3000))});
+    QVERIFY2(push.errors.startsWith("Set file import information failed: "),
+             push.errors.constData());
+    QCOMPARE(push.errors.count('\n'), 1);
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostForGoodFails()
+{
+    usePacketsOf(1000);
+    m_bench->console(QStringLiteral("fault add drop-before,code=FileImport,skip=3,count=1"));
+    m_bench->console(QStringLiteral("fault add drop-before,code=identity,skip=1"));
+    const ToolRun push =
+        m_bench->run("push", {m_bench->makeFile("sent", bytes(3000)), "--timeout", "500"});
+    QVERIFY2(push.errors.startsWith("Set file import information failed: "),
+             push.errors.constData());
+    QVERIFY2(push.errors.endsWith("The device may have the file.\n"), push.errors.constData());
+    QCOMPARE(push.exitCode, 1);
+}
+
+void tst_TavoroCtlFiles::pushOfMorePacketsThanAClientTakesIsRefused()
+{
+    usePacketsOf(1);
+    const QByteArray file = m_bench->makeFile("long", bytes(65537));
+    const ToolRun push = m_bench->run("push", {file});
+    QCOMPARE(push.errors,
+             file
+                 + " has 65537 bytes. The device could not return more than 65536: a client takes "
+                   "at most 65536 packets, and the packets of this device have 1 bytes.\n");
+    QCOMPARE(push.exitCode, 1);
+    QCOMPARE(m_bench->run("files", {"--json"}).output, QByteArray("[]\n"));
 }
 
 void tst_TavoroCtlFiles::progressIsDrawnOnATerminal()

@@ -1,4 +1,4 @@
-// Whose lines the tool shows on standard error.
+// Which log lines the tool shows on standard error.
 
 #include <tavoroctl/output/console.h>
 
@@ -16,7 +16,7 @@ private Q_SLOTS:
 
     void hiddenLogHasNoLine_data();
     void hiddenLogHasNoLine();
-    void shownLogHasEveryLineOfTheLibrary();
+    void shownLogHasEveryCategory();
 
 private:
     QtMessageHandler m_handler = nullptr; ///< Of the test.
@@ -51,7 +51,7 @@ void tst_TavoroCtlLog::hiddenLogHasNoLine()
     QVERIFY(!category.isCriticalEnabled());
 }
 
-void tst_TavoroCtlLog::shownLogHasEveryLineOfTheLibrary()
+void tst_TavoroCtlLog::shownLogHasEveryCategory()
 {
     Tavoro::Ctl::setLogShown(true);
     const QLoggingCategory category("tavoro.control", QtCriticalMsg);

@@ -15,16 +15,16 @@ private Q_SLOTS:
 
     void versionShowsEveryUnit();
     void versionPrintsJson();
-    void selfCheckEndsWithZeroWhenAllIsGood();
-    void selfCheckEndsWithOneWhenSomethingIsFaulty();
-    void rebootBringsBackWhatWasSaved();
+    void selfCheckWithoutFaultsEndsWithZero();
+    void selfCheckWithFaultsEndsWithOne();
+    void rebootRestoresTheSavedState();
 
-    void presetBringsScreensBack();
-    void presetCoversTheScreensThatAreNamed();
+    void applyingAPresetRestoresScreens();
+    void presetCoversTheGivenScreens();
     void presetOfAllScreensHasADefaultName();
-    void presetMayGoIntoThePreview();
-    void presetOfAScreenThatIsNotThere();
-    void presetThatIsNotThere();
+    void presetCanBeAppliedToThePreview();
+    void presetOfAMissingScreenEndsWithOne();
+    void missingPresetEndsWithOne();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
 
@@ -95,11 +95,11 @@ void tst_TavoroCtlMaintenance::versionPrintsJson()
                 .output.startsWith(R"({"version":"1.0.0","brief":"simulated","parts":[{)"));
 }
 
-void tst_TavoroCtlMaintenance::selfCheckEndsWithZeroWhenAllIsGood()
+void tst_TavoroCtlMaintenance::selfCheckWithoutFaultsEndsWithZero()
 {
     const ToolRun check = m_bench->run("selfcheck", {});
     QCOMPARE(check.output,
-             QByteArray(R"(SLOT  TYPE  MODEL   MEASURED     VALUE   LEAST   MOST    STATE
+             QByteArray(R"(SLOT  TYPE  MODEL   MEASUREMENT  VALUE   MIN     MAX     STATE
 0     1     0x7701  Temperature  41 C    -10 C   85 C    good
 0     1     0x7701  Power        12.1 V  11.4 V  12.6 V  good
 1     2     0x7710  Temperature  41 C    -10 C   85 C    good
@@ -109,7 +109,7 @@ void tst_TavoroCtlMaintenance::selfCheckEndsWithZeroWhenAllIsGood()
     QCOMPARE(check.exitCode, 0);
 }
 
-void tst_TavoroCtlMaintenance::selfCheckEndsWithOneWhenSomethingIsFaulty()
+void tst_TavoroCtlMaintenance::selfCheckWithFaultsEndsWithOne()
 {
     m_bench->console(QStringLiteral("power 2 0"));
     m_bench->console(QStringLiteral("card 1 0"));
@@ -123,7 +123,7 @@ void tst_TavoroCtlMaintenance::selfCheckEndsWithOneWhenSomethingIsFaulty()
     QCOMPARE(json.exitCode, 1);
 }
 
-void tst_TavoroCtlMaintenance::rebootBringsBackWhatWasSaved()
+void tst_TavoroCtlMaintenance::rebootRestoresTheSavedState()
 {
     QCOMPARE(m_bench->run("call", {"Device.writeDeviceGeneral", name}).exitCode, 0);
     const ToolRun reboot = m_bench->run("reboot", {});
@@ -133,7 +133,7 @@ void tst_TavoroCtlMaintenance::rebootBringsBackWhatWasSaved()
     QVERIFY2(details.contains("\"name\":\"Simulated device\""), details.constData());
 }
 
-void tst_TavoroCtlMaintenance::presetBringsScreensBack()
+void tst_TavoroCtlMaintenance::applyingAPresetRestoresScreens()
 {
     const QByteArray before = read("Layer.readDetails", {"1", "1", "-1", "-1"});
     const ToolRun save = m_bench->run("preset save", {"3", "--name", "Opening"});
@@ -148,7 +148,7 @@ void tst_TavoroCtlMaintenance::presetBringsScreensBack()
     QVERIFY(m_bench->run("files", {}).output.contains("screen-preset  3   Opening"));
 }
 
-void tst_TavoroCtlMaintenance::presetCoversTheScreensThatAreNamed()
+void tst_TavoroCtlMaintenance::presetCoversTheGivenScreens()
 {
     SimOptions options;
     m_bench = std::make_unique<ToolBench>(options);
@@ -169,7 +169,7 @@ void tst_TavoroCtlMaintenance::presetOfAllScreensHasADefaultName()
     QVERIFY(m_bench->run("files", {}).output.contains("Preset 12"));
 }
 
-void tst_TavoroCtlMaintenance::presetMayGoIntoThePreview()
+void tst_TavoroCtlMaintenance::presetCanBeAppliedToThePreview()
 {
     const QByteArray programme = read("Layer.readDetails", {"1", "1", "4", "-1"});
     QCOMPARE(m_bench->run("preset save", {"3"}).exitCode, 0);
@@ -180,7 +180,7 @@ void tst_TavoroCtlMaintenance::presetMayGoIntoThePreview()
     QCOMPARE(read("Layer.readDetails", {"1", "1", "2", "-1"}), expected);
 }
 
-void tst_TavoroCtlMaintenance::presetOfAScreenThatIsNotThere()
+void tst_TavoroCtlMaintenance::presetOfAMissingScreenEndsWithOne()
 {
     const ToolRun save = m_bench->run("preset save", {"1", "1", "77"});
     QCOMPARE(save.errors, QByteArray("The device has no screen 77.\n"));
@@ -188,7 +188,7 @@ void tst_TavoroCtlMaintenance::presetOfAScreenThatIsNotThere()
     QVERIFY(!m_bench->run("files", {}).output.contains("preset"));
 }
 
-void tst_TavoroCtlMaintenance::presetThatIsNotThere()
+void tst_TavoroCtlMaintenance::missingPresetEndsWithOne()
 {
     const ToolRun apply = m_bench->run("preset apply", {"9"});
     QCOMPARE(apply.errors, QByteArray("Set preset apply information failed: hardware error:3 .\n"));

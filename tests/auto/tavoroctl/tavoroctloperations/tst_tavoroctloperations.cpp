@@ -1,5 +1,4 @@
-// The tool's table of operations: every name, with the code that goes out, what it takes and what
-// it prints.
+// The table of operations: name, code, arguments and answer of each.
 
 #include <support/tavorocontrol/scripteddevice.h>
 
@@ -13,13 +12,13 @@ class tst_TavoroCtlOperations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tableIsWhatItShouldBe();
-    void callsGoOutUnderTheirCode_data();
-    void callsGoOutUnderTheirCode();
+    void tableListsNameCodeArgumentsAndAnswer();
+    void callsAreSentWithTheirCode_data();
+    void callsAreSentWithTheirCode();
     void writeActualTimingSendsNothing();
     void readsPrintWhatTheyDecode();
     void removeAllTakesScreenThenKind();
-    void faultyArgumentsAreToldBeforeTheCall();
+    void faultyArgumentsAreReportedBeforeTheCall();
     void unknownNamesAreNotFound();
 };
 
@@ -154,7 +153,7 @@ CallResult call(ScriptedDevice &device, const char *name, const QStringList &wor
 
 } // namespace
 
-void tst_TavoroCtlOperations::tableIsWhatItShouldBe()
+void tst_TavoroCtlOperations::tableListsNameCodeArgumentsAndAnswer()
 {
     const OperationRange operations = allOperations();
     QCOMPARE(int(operations.last - operations.first), int(std::size(rows)));
@@ -169,7 +168,7 @@ void tst_TavoroCtlOperations::tableIsWhatItShouldBe()
     }
 }
 
-void tst_TavoroCtlOperations::callsGoOutUnderTheirCode_data()
+void tst_TavoroCtlOperations::callsAreSentWithTheirCode_data()
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < int(std::size(rows)); ++i) {
@@ -178,7 +177,7 @@ void tst_TavoroCtlOperations::callsGoOutUnderTheirCode_data()
     }
 }
 
-void tst_TavoroCtlOperations::callsGoOutUnderTheirCode()
+void tst_TavoroCtlOperations::callsAreSentWithTheirCode()
 {
     QFETCH(int, index);
     const Row &row = rows[index];
@@ -228,7 +227,7 @@ void tst_TavoroCtlOperations::removeAllTakesScreenThenKind()
              std::string("\x0E\x14\xFF\xFF\0\x02", 6));
 }
 
-void tst_TavoroCtlOperations::faultyArgumentsAreToldBeforeTheCall()
+void tst_TavoroCtlOperations::faultyArgumentsAreReportedBeforeTheCall()
 {
     ScriptedDevice device;
     const CallResult result = call(device, "Device.writeSwap", {QStringLiteral("[]")});

@@ -1,4 +1,4 @@
-// pull: what reaches the disk, and what a transfer that ends early leaves.
+// pull: what is written, and what remains after a failure.
 
 #include <support/tavoroctl/tooltransfers.h>
 
@@ -26,19 +26,19 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void pullTakesThePlaceOfAFile();
-    void pullOfAFileThatIsNotThereLeavesNothing();
-    void failedPullKeepsTheFileThatIsThere();
-    void pullThatGoesWrongLeavesNothing_data();
-    void pullThatGoesWrongLeavesNothing();
+    void pullReplacesAFile();
+    void pullOfAMissingFileLeavesNothing();
+    void failedPullKeepsTheExistingFile();
+    void faultyPullLeavesNothing_data();
+    void faultyPullLeavesNothing();
 
-    void pullInterruptedLeavesNothing_data();
-    void pullInterruptedLeavesNothing();
-    void pullInterruptedKeepsTheFileThatIsThere();
-    void pullOfALostDeviceLeavesNothing();
+    void interruptedPullLeavesNothing_data();
+    void interruptedPullLeavesNothing();
+    void interruptedPullKeepsTheExistingFile();
+    void pullFromALostDeviceLeavesNothing();
 
-    void pullIntoAFolderThatIsNotThere();
-    void pullOntoAFullDiskLeavesNothing();
+    void pullIntoAMissingFolderFails();
+    void pullToAFullDiskLeavesNothing();
 
     void pullWritesIntoAFifo();
     void pullWritesIntoADevice();
@@ -92,7 +92,7 @@ void tst_TavoroCtlPull::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroCtlPull::pullTakesThePlaceOfAFile()
+void tst_TavoroCtlPull::pullReplacesAFile()
 {
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     QCOMPARE(m_bench->run("push", {file}).exitCode, 0);
@@ -101,7 +101,7 @@ void tst_TavoroCtlPull::pullTakesThePlaceOfAFile()
     QCOMPARE(m_bench->content("target"), QByteArray("123456789"));
 }
 
-void tst_TavoroCtlPull::pullOfAFileThatIsNotThereLeavesNothing()
+void tst_TavoroCtlPull::pullOfAMissingFileLeavesNothing()
 {
     const ToolRun pull = m_bench->run("pull", {"logo", "9", m_bench->path("target")});
     QCOMPARE(pull.errors, QByteArray("Get file export information failed: hardware error:3 .\n"));
@@ -109,7 +109,7 @@ void tst_TavoroCtlPull::pullOfAFileThatIsNotThereLeavesNothing()
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
 }
 
-void tst_TavoroCtlPull::failedPullKeepsTheFileThatIsThere()
+void tst_TavoroCtlPull::failedPullKeepsTheExistingFile()
 {
     m_bench->makeFile("target", "old");
     QCOMPARE(m_bench->run("pull", {"logo", "9", m_bench->path("target")}).exitCode, 1);
@@ -117,10 +117,10 @@ void tst_TavoroCtlPull::failedPullKeepsTheFileThatIsThere()
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
 }
 
-void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing_data()
+void tst_TavoroCtlPull::faultyPullLeavesNothing_data()
 {
     QTest::addColumn<QString>("fault");
-    QTest::addColumn<QByteArray>("told");
+    QTest::addColumn<QByteArray>("message");
     const QByteArray failed = "Get file export information failed: ";
     const QByteArray tooShort = "Received 4500 bytes, but the device announced 5000.\n";
     const QByteArray other =
@@ -140,10 +140,10 @@ void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing_data()
     // clang-format on
 }
 
-void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing()
+void tst_TavoroCtlPull::faultyPullLeavesNothing()
 {
     QFETCH(QString, fault);
-    QFETCH(QByteArray, told);
+    QFETCH(QByteArray, message);
     SimOptions options;
     options.packetSize = 1000;
     m_bench = std::make_unique<ToolBench>(options);
@@ -151,21 +151,21 @@ void tst_TavoroCtlPull::pullThatGoesWrongLeavesNothing()
     m_bench->makeFile("target", "old");
     m_bench->console(QStringLiteral("fault add ") + fault);
     const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("target")});
-    QVERIFY2(pull.errors.startsWith(told), pull.errors.constData());
+    QVERIFY2(pull.errors.startsWith(message), pull.errors.constData());
     QCOMPARE(pull.errors.count('\n'), 1);
     QCOMPARE(pull.exitCode, 1);
     QCOMPARE(m_bench->content("target"), QByteArray("old"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"sent", "target"}));
 }
 
-void tst_TavoroCtlPull::pullInterruptedLeavesNothing_data()
+void tst_TavoroCtlPull::interruptedPullLeavesNothing_data()
 {
     QTest::addColumn<int>("signalNumber");
     QTest::newRow("Ctrl-C") << SIGINT;
     QTest::newRow("end of the session") << SIGTERM;
 }
 
-void tst_TavoroCtlPull::pullInterruptedLeavesNothing()
+void tst_TavoroCtlPull::interruptedPullLeavesNothing()
 {
     QFETCH(int, signalNumber);
     useSlowDevice();
@@ -179,7 +179,7 @@ void tst_TavoroCtlPull::pullInterruptedLeavesNothing()
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
 }
 
-void tst_TavoroCtlPull::pullInterruptedKeepsTheFileThatIsThere()
+void tst_TavoroCtlPull::interruptedPullKeepsTheExistingFile()
 {
     useSlowDevice();
     m_bench->makeFile("target", "old");
@@ -193,7 +193,7 @@ void tst_TavoroCtlPull::pullInterruptedKeepsTheFileThatIsThere()
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
 }
 
-void tst_TavoroCtlPull::pullOfALostDeviceLeavesNothing()
+void tst_TavoroCtlPull::pullFromALostDeviceLeavesNothing()
 {
     useSlowDevice();
     Terminal terminal;
@@ -208,7 +208,7 @@ void tst_TavoroCtlPull::pullOfALostDeviceLeavesNothing()
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
 }
 
-void tst_TavoroCtlPull::pullIntoAFolderThatIsNotThere()
+void tst_TavoroCtlPull::pullIntoAMissingFolderFails()
 {
     const QByteArray target = m_bench->path("nowhere/target");
     const ToolRun pull = m_bench->run("pull", {"0", "0", target});
@@ -216,11 +216,11 @@ void tst_TavoroCtlPull::pullIntoAFolderThatIsNotThere()
     QCOMPARE(pull.exitCode, 1);
 }
 
-void tst_TavoroCtlPull::pullOntoAFullDiskLeavesNothing()
+void tst_TavoroCtlPull::pullToAFullDiskLeavesNothing()
 {
     QCOMPARE(m_bench->run("push", {m_bench->makeFile("long", bytes(400000))}).exitCode, 0);
     m_bench->removeFile("long");
-    // A limit on the length of files stands in for the end of a disk.
+    // A limit on the length of files acts like a full disk.
     QProcess shell;
     const QStringList tool{QString::fromUtf8(m_bench->host()), QStringLiteral("0"),
                            QStringLiteral("0"), QString::fromUtf8(m_bench->path("target"))};

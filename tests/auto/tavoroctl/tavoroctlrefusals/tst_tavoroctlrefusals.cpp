@@ -1,4 +1,4 @@
-// Command lines that the tool refuses before it asks or opens anything.
+// Command lines that the tool refuses before it connects or opens anything.
 
 #include <support/tavoroctl/toolbench.h>
 
@@ -8,15 +8,16 @@ class tst_TavoroCtlRefusals : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void wordsThatCannotBeMeantEndWithTwo_data();
-    void wordsThatCannotBeMeantEndWithTwo();
+    void invalidCommandLinesEndWithTwo_data();
+    void invalidCommandLinesEndWithTwo();
 };
 
-void tst_TavoroCtlRefusals::wordsThatCannotBeMeantEndWithTwo_data()
+void tst_TavoroCtlRefusals::invalidCommandLinesEndWithTwo_data()
 {
     QTest::addColumn<QByteArrayList>("arguments");
     QTest::addColumn<QByteArray>("words");
-    const QByteArray nowhere = "nowhere.invalid"; // Whoever tried to connect would end with 1.
+    const QByteArray nowhere =
+        "nowhere.invalid"; // A command that tried to connect would end with 1.
     // clang-format off
     QTest::newRow("discover by name")        << QByteArrayList{"discover", "wall.invalid"}      << QByteArray(R"("wall.invalid" is not ADDRESS[:PORT])");
     QTest::newRow("discover by IPv6")        << QByteArrayList{"discover", "[::1]:1"}           << QByteArray(R"("[::1]:1" is not ADDRESS[:PORT])");
@@ -29,7 +30,7 @@ void tst_TavoroCtlRefusals::wordsThatCannotBeMeantEndWithTwo_data()
     // clang-format on
 }
 
-void tst_TavoroCtlRefusals::wordsThatCannotBeMeantEndWithTwo()
+void tst_TavoroCtlRefusals::invalidCommandLinesEndWithTwo()
 {
     QFETCH(QByteArrayList, arguments);
     QFETCH(QByteArray, words);

@@ -14,8 +14,8 @@ private Q_SLOTS:
     void cleanup();
 
     void upgradeIsFollowedToItsEnd();
-    void upgradeThatFailsEndsWithOne();
-    void upgradeThatIsRefusedEndsWithOne();
+    void failedUpgradeEndsWithOne();
+    void refusedUpgradeEndsWithOne();
     void upgradeWithRebootWaitsForTheDevice();
     void upgradeOfADeviceThatStaysAwayEndsWithOne();
     void interruptedUpgradeContinuesOnTheDevice();
@@ -86,7 +86,7 @@ void tst_TavoroCtlUpgrade::upgradeIsFollowedToItsEnd()
     QVERIFY(m_bench->run("version", {}).output.contains("258 logic    1.0.1"));
 }
 
-void tst_TavoroCtlUpgrade::upgradeThatFailsEndsWithOne()
+void tst_TavoroCtlUpgrade::failedUpgradeEndsWithOne()
 {
     m_bench->console(QStringLiteral("spoil 50"));
     const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
@@ -97,7 +97,7 @@ void tst_TavoroCtlUpgrade::upgradeThatFailsEndsWithOne()
     QCOMPARE(upgrade.exitCode, 1);
 }
 
-void tst_TavoroCtlUpgrade::upgradeThatIsRefusedEndsWithOne()
+void tst_TavoroCtlUpgrade::refusedUpgradeEndsWithOne()
 {
     m_bench->console(QStringLiteral("fault add status=4,code=0xFC08"));
     const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
@@ -114,7 +114,7 @@ void tst_TavoroCtlUpgrade::upgradeWithRebootWaitsForTheDevice()
     QCOMPARE(upgrade.output, allUnitsWritten);
     QCOMPARE(upgrade.errors, QByteArray());
     QCOMPARE(upgrade.exitCode, 0);
-    QVERIFY(!read("Device.readDetails").contains("Main hall")); // It did restart.
+    QVERIFY(!read("Device.readDetails").contains("Main hall")); // The device has restarted.
 }
 
 void tst_TavoroCtlUpgrade::upgradeOfADeviceThatStaysAwayEndsWithOne()

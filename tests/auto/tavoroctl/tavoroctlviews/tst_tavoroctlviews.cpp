@@ -1,4 +1,4 @@
-// list, show, discover and replay: what the tool shows of operations, devices and captures.
+// list, show, discover and replay.
 
 #include <support/tavoroctl/toolcalls.h>
 
@@ -17,22 +17,22 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void listTellsEveryOperation();
+    void listShowsEveryOperation();
     void listShowsTheRecordOfAnOperation();
 
     void showPrintsTables();
     void showPrintsJson();
-    void showMayHaveItsOptionBehindTheHost();
+    void optionMayFollowTheHost();
 
-    void discoverListsWhoAnswers();
-    void discoverEndsWithOneWhenNobodyAnswers();
+    void discoverListsTheDevicesThatAnswer();
+    void discoverWithoutAnswersEndsWithOne();
 
-    void replayShowsWhatACaptureHolds_data();
-    void replayShowsWhatACaptureHolds();
-    void replayOfNoFileFails();
+    void replayShowsTheContentOfACapture_data();
+    void replayShowsTheContentOfACapture();
+    void replayOfAMissingFileFails();
     void environmentVariableCapturesTheWire();
-    void captureThatCannotBeWrittenIsALineOfTheLog_data();
-    void captureThatCannotBeWrittenIsALineOfTheLog();
+    void failedCaptureIsLogged_data();
+    void failedCaptureIsLogged();
 };
 
 void tst_TavoroCtlViews::init()
@@ -45,7 +45,7 @@ void tst_TavoroCtlViews::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroCtlViews::listTellsEveryOperation()
+void tst_TavoroCtlViews::listShowsEveryOperation()
 {
     const Run list = run({"list"});
     QCOMPARE(list.exitCode, 0);
@@ -108,12 +108,12 @@ void tst_TavoroCtlViews::showPrintsJson()
              QString::fromLatin1("device interfaces layers screens").split(QLatin1Char(' ')));
 }
 
-void tst_TavoroCtlViews::showMayHaveItsOptionBehindTheHost()
+void tst_TavoroCtlViews::optionMayFollowTheHost()
 {
     QVERIFY(run({"show", host(), "--json"}).output.startsWith("{\"device\":{"));
 }
 
-void tst_TavoroCtlViews::discoverListsWhoAnswers()
+void tst_TavoroCtlViews::discoverListsTheDevicesThatAnswer()
 {
     SimOptions options;
     options.discoveryPort = 0;
@@ -125,7 +125,7 @@ void tst_TavoroCtlViews::discoverListsWhoAnswers()
     QCOMPARE(discover.exitCode, 0);
 }
 
-void tst_TavoroCtlViews::discoverEndsWithOneWhenNobodyAnswers()
+void tst_TavoroCtlViews::discoverWithoutAnswersEndsWithOne()
 {
     const Run discover = run({"discover", "127.0.0.1:9"});
     QCOMPARE(discover.errors, QByteArray("No device answered.\n"));
@@ -134,7 +134,7 @@ void tst_TavoroCtlViews::discoverEndsWithOneWhenNobodyAnswers()
     QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);
 }
 
-void tst_TavoroCtlViews::replayShowsWhatACaptureHolds_data()
+void tst_TavoroCtlViews::replayShowsTheContentOfACapture_data()
 {
     QTest::addColumn<QString>("name");
     const QStringList names =
@@ -144,7 +144,7 @@ void tst_TavoroCtlViews::replayShowsWhatACaptureHolds_data()
         QTest::newRow(qUtf8Printable(name)) << name;
 }
 
-void tst_TavoroCtlViews::replayShowsWhatACaptureHolds()
+void tst_TavoroCtlViews::replayShowsTheContentOfACapture()
 {
     QFETCH(QString, name);
     QFile shown(QStringLiteral(TEST_DATA_DIR "/replays/%1").arg(name));
@@ -155,7 +155,7 @@ void tst_TavoroCtlViews::replayShowsWhatACaptureHolds()
     QCOMPARE(replay.exitCode, 0);
 }
 
-void tst_TavoroCtlViews::replayOfNoFileFails()
+void tst_TavoroCtlViews::replayOfAMissingFileFails()
 {
     const Run missing = run({"replay", "/no/such/capture"});
     QCOMPARE(missing.errors, QByteArray("/no/such/capture: No such file or directory\n"));
@@ -176,7 +176,7 @@ void tst_TavoroCtlViews::environmentVariableCapturesTheWire()
         replay.output.contains("1 < response 0x1107 type 2 tag 1 packet 0/1 status 0, 0 bytes"));
 }
 
-void tst_TavoroCtlViews::captureThatCannotBeWrittenIsALineOfTheLog_data()
+void tst_TavoroCtlViews::failedCaptureIsLogged_data()
 {
     QTest::addColumn<QByteArray>("capture");
     QTest::addColumn<QByteArray>("line");
@@ -186,7 +186,7 @@ void tst_TavoroCtlViews::captureThatCannotBeWrittenIsALineOfTheLog_data()
                              << QByteArray("/dev/full: No space left on device");
 }
 
-void tst_TavoroCtlViews::captureThatCannotBeWrittenIsALineOfTheLog()
+void tst_TavoroCtlViews::failedCaptureIsLogged()
 {
     QFETCH(QByteArray, capture);
     QFETCH(QByteArray, line);

@@ -156,10 +156,10 @@ class tst_FaultRules : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void ruleIsReadAndTold_data();
-    void ruleIsReadAndTold();
-    void whatIsNoRuleIsRefused_data();
-    void whatIsNoRuleIsRefused();
+    void ruleIsReadAndWritten_data();
+    void ruleIsReadAndWritten();
+    void invalidRulesAreRefused_data();
+    void invalidRulesAreRefused();
     void everyCommandHasItsName();
     void everyFaultHasACase();
     void eachFaultSendsItsBytes_data();
@@ -167,13 +167,13 @@ private Q_SLOTS:
     void firstRuleThatFitsIsTaken();
     void rulesWithoutCodeSpareTheIdentity();
     void countAndSkipAreUsedUp();
-    void shareGoesByTheSeed();
-    void shareIsDrawnBehindThoseThatAreSkipped();
+    void shareDependsOnTheSeed();
+    void shareAppliesAfterSkip();
     void anotherRequestsTagIsUsed();
     void swappedPacketsComeInEachOthersPlace();
 };
 
-void tst_FaultRules::ruleIsReadAndTold_data()
+void tst_FaultRules::ruleIsReadAndWritten_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("told");
@@ -197,7 +197,7 @@ void tst_FaultRules::ruleIsReadAndTold_data()
     row("ignore,share=100,skip=0", "ignore");
 }
 
-void tst_FaultRules::ruleIsReadAndTold()
+void tst_FaultRules::ruleIsReadAndWritten()
 {
     QFETCH(QString, text);
     QFETCH(QString, told);
@@ -207,16 +207,16 @@ void tst_FaultRules::ruleIsReadAndTold()
     QCOMPARE(toText(*read), told);
 }
 
-void tst_FaultRules::whatIsNoRuleIsRefused_data()
+void tst_FaultRules::invalidRulesAreRefused_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("reason");
     const auto row = [](const char *text, const char *reason) {
         QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(reason);
     };
-    row("", "no such fault: ");
-    row("quiet", "no such fault: quiet");
-    row("Silent", "no such fault: Silent");
+    row("", "unknown fault: \"\"");
+    row("quiet", "unknown fault: \"quiet\"");
+    row("Silent", "unknown fault: \"Silent\"");
     row("silent=1", "silent takes no value");
     row("silent=", "silent takes no value");
     row("status", "status takes a number from 1 to 255");
@@ -225,27 +225,29 @@ void tst_FaultRules::whatIsNoRuleIsRefused_data()
     row("status=256", "status takes a number from 1 to 255");
     row("late=-1", "late takes a number from 1 to 600000");
     row("flood=100001", "flood takes a number from 1 to 100000");
-    row("status=8,code=identity", "the identity has no status");
-    row("status=8,skip=1,code=identity,count=2", "the identity has no status");
+    row("status=8,code=identity", "the identity answer has no status");
+    row("status=8,skip=1,code=identity,count=2", "the identity answer has no status");
     row("late=0b11", "late takes a number from 1 to 600000");
     row("late=1f", "late takes a number from 1 to 600000");
     row("silent,code=0x1107,code=0x1100", "code is given twice");
     row("silent,skip=1,skip=1", "skip is given twice");
     row("silent,count=1,share=5,count=2", "count is given twice");
     row("silent,share=5,share=50", "share is given twice");
-    row("silent,code=0", "\"0\" is no code");
-    row("silent,code=0x10000", "\"0x10000\" is no code");
-    row("silent,code=deviceSwap", "\"deviceSwap\" is no code");
-    row("silent,code", "\"\" is no code");
-    row("silent,count=0", "\"0\" is no count");
-    row("silent,share=0", "\"0\" is no share");
-    row("silent,share=101", "\"101\" is no share");
-    row("silent,skip=x", "\"x\" is no skip");
-    row("silent,", "a rule has no ");
-    row("silent,often=1", "a rule has no often");
+    row("silent,code=0", "\"0\" is not a valid code (0x1 to 0xFFFF, or the name of a command)");
+    row("silent,code=0x10000",
+        "\"0x10000\" is not a valid code (0x1 to 0xFFFF, or the name of a command)");
+    row("silent,code=deviceSwap",
+        "\"deviceSwap\" is not a valid code (0x1 to 0xFFFF, or the name of a command)");
+    row("silent,code", "\"\" is not a valid code (0x1 to 0xFFFF, or the name of a command)");
+    row("silent,count=0", "\"0\" is not a valid count (1 to 4294967295)");
+    row("silent,share=0", "\"0\" is not a valid share (1 to 100)");
+    row("silent,share=101", "\"101\" is not a valid share (1 to 100)");
+    row("silent,skip=x", "\"x\" is not a valid skip (0 to 4294967295)");
+    row("silent,", "unknown limit: \"\"");
+    row("silent,often=1", "unknown limit: \"often\"");
 }
 
-void tst_FaultRules::whatIsNoRuleIsRefused()
+void tst_FaultRules::invalidRulesAreRefused()
 {
     QFETCH(QString, text);
     QFETCH(QString, reason);
@@ -326,7 +328,7 @@ void tst_FaultRules::countAndSkipAreUsedUp()
     QVERIFY(connection.answers.isIdle());
 }
 
-void tst_FaultRules::shareGoesByTheSeed()
+void tst_FaultRules::shareDependsOnTheSeed()
 {
     const auto sequence = [](quint32 seed) {
         Connection connection{"silent,share=50"};
@@ -342,7 +344,7 @@ void tst_FaultRules::shareGoesByTheSeed()
     QCOMPARE(sequence(2), QStringLiteral("-+--++--+-+-++++"));
 }
 
-void tst_FaultRules::shareIsDrawnBehindThoseThatAreSkipped()
+void tst_FaultRules::shareAppliesAfterSkip()
 {
     Connection connection{"silent,skip=3,share=50"};
     QString answered;

@@ -23,8 +23,8 @@ class tst_TavoroSim : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void numbersOfOptionsAreDecimalUnlessBehind0x();
-    void identityTellsWhatTheOptionsSay();
+    void numbersOfOptionsAreDecimalWithoutThePrefix0x();
+    void identityHoldsTheOptions();
     void anUnknownCommandIsRefused_data();
     void anUnknownCommandIsRefused();
     void aWrongBodyChecksumIsRefused();
@@ -32,17 +32,17 @@ private Q_SLOTS:
     void aPingIsAnswered();
     void clientsShareOneState();
     void reportsReachEveryClient();
-    void aClientThatDidNotIntroduceItselfGetsNoReports();
-    void aClientThatDoesNotReadGetsNoMoreReportsWhichIsToldOnce();
+    void clientWithoutIdentityRequestGetsNoReports();
+    void clientThatDoesNotReadGetsNoMoreReportsWhichIsLoggedOnce();
     void theWriterGetsItsAnswerBeforeTheReport();
     void consoleCommandsMakeReports_data();
     void consoleCommandsMakeReports();
-    void consoleRefusesInWords_data();
-    void consoleRefusesInWords();
+    void invalidConsoleLinesAreRefused_data();
+    void invalidConsoleLinesAreRefused();
     void theControlPortTakesConsoleCommands();
     void latencyKeepsTheOrderOfAnswers();
-    void aPortInUseIsToldInASentence();
-    void addressesWithColonsStandInBrackets();
+    void portInUseIsReported();
+    void addressesWithColonsAreInBrackets();
 };
 
 namespace {
@@ -63,7 +63,7 @@ bool contains(const WireFrame &frame, const char *text)
 
 } // namespace
 
-void tst_TavoroSim::numbersOfOptionsAreDecimalUnlessBehind0x()
+void tst_TavoroSim::numbersOfOptionsAreDecimalWithoutThePrefix0x()
 {
     const auto latencyOf = [](const char *number) {
         const CommandLine line = parseCommandLine(
@@ -78,7 +78,7 @@ void tst_TavoroSim::numbersOfOptionsAreDecimalUnlessBehind0x()
     QCOMPARE(latencyOf("18446744073709551617"), -1);
 }
 
-void tst_TavoroSim::identityTellsWhatTheOptionsSay()
+void tst_TavoroSim::identityHoldsTheOptions()
 {
     SimOptions options;
     options.name = QStringLiteral("Wall");
@@ -186,7 +186,7 @@ void tst_TavoroSim::reportsReachEveryClient()
     }
 }
 
-void tst_TavoroSim::aClientThatDidNotIntroduceItselfGetsNoReports()
+void tst_TavoroSim::clientWithoutIdentityRequestGetsNoReports()
 {
     SimBench bench;
     WireClient stranger;
@@ -212,7 +212,7 @@ void report(SimulatedDevice &device)
 
 } // namespace
 
-void tst_TavoroSim::aClientThatDoesNotReadGetsNoMoreReportsWhichIsToldOnce()
+void tst_TavoroSim::clientThatDoesNotReadGetsNoMoreReportsWhichIsLoggedOnce()
 {
     SimBench bench;
     const MessageCatcher catcher;
@@ -224,7 +224,7 @@ void tst_TavoroSim::aClientThatDoesNotReadGetsNoMoreReportsWhichIsToldOnce()
     const QString line = QStringLiteral("PEER does not read: reports are dropped");
     report(*bench.device);
     QCOMPARE(lines(), QStringList(line));
-    QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0); // behind all that was sent
+    QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0); // after all that was sent
     const int kept = bench.client->keptReports();
     QVERIFY(kept >= 4 && kept < longReports);
     report(*bench.device);
@@ -236,7 +236,7 @@ void tst_TavoroSim::theWriterGetsItsAnswerBeforeTheReport()
     SimBench bench;
     const std::string groups = R"({"groupInfos":[{"groupName":"East","groupId":"7"}]})";
     bench.client->send(WireClient::request(groupInfo, CommandType::Write, groups));
-    const WireFrame report = bench.client->waitForReport(); // Steps over the answer in front of it.
+    const WireFrame report = bench.client->waitForReport(); // Skips the answer before it.
     QCOMPARE(int(report.head.code()), int(groupInfo));
     QCOMPARE(report.body, groups);
     QCOMPARE(bench.client->read(groupInfo).body, groups);
@@ -273,36 +273,36 @@ void tst_TavoroSim::consoleCommandsMakeReports()
     QVERIFY2(contains(report, qUtf8Printable(part)), report.body.c_str());
 }
 
-void tst_TavoroSim::consoleRefusesInWords_data()
+void tst_TavoroSim::invalidConsoleLinesAreRefused_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("answer");
     // clang-format off
     QTest::newRow("nothing")        << ""            << "ok";
-    QTest::newRow("unknown word")   << "explode 1"   << "error no such word: explode";
+    QTest::newRow("unknown word")   << "explode 1"   << "error unknown command: explode";
     QTest::newRow("too few")        << "power 1"     << "error usage: power ID STATUS";
-    QTest::newRow("no number")      << "power one 0" << "error a number is due";
-    QTest::newRow("no such supply") << "power 9 0"   << "error there is no such thing";
-    QTest::newRow("an output")      << "cable 3 1"   << "error there is no such thing";
-    QTest::newRow("no relation")    << "relation 65792" << "error there is no such thing";
-    QTest::newRow("no picture")     << "timing 1 1 0 0 60" << "error no source sends such a picture";
-    QTest::newRow("too wide")       << "timing 1 1 2147483647 1080 60" << "error no source sends such a picture";
-    QTest::newRow("too high")       << "timing 1 1 1920 2147483647 60" << "error no source sends such a picture";
-    QTest::newRow("one too wide")   << "timing 1 1 65536 1080 60" << "error no source sends such a picture";
-    QTest::newRow("status")         << "power 1 7"   << "error \"7\" is no STATUS";
-    QTest::newRow("no status")      << "power 1 on"  << "error a number is due";
-    QTest::newRow("online")         << "card 1 99"   << "error \"99\" is no ONLINE";
-    QTest::newRow("signal")         << "genlock 42"  << "error \"42\" is no SIGNAL";
-    QTest::newRow("on")             << "switch 7"    << "error \"7\" is no ON";
-    QTest::newRow("fewer bits")     << "depth 1 1 -5"    << "error \"-5\" is no BITS";
-    QTest::newRow("more bits")      << "depth 1 1 65536" << "error \"65536\" is no BITS";
-    QTest::newRow("less percent")   << "spoil -1"    << "error \"-1\" is no PERCENT";
-    QTest::newRow("more percent")   << "spoil 101"   << "error \"101\" is no PERCENT";
-    QTest::newRow("time")           << "pass -1"     << "error \"-1\" is no MILLISECONDS";
+    QTest::newRow("no number")      << "power one 0" << "error expected a number";
+    QTest::newRow("no such supply") << "power 9 0"   << "error no such object";
+    QTest::newRow("an output")      << "cable 3 1"   << "error no such object";
+    QTest::newRow("no relation")    << "relation 65792" << "error no such object";
+    QTest::newRow("no picture")     << "timing 1 1 0 0 60" << "error timing not supported";
+    QTest::newRow("too wide")       << "timing 1 1 2147483647 1080 60" << "error timing not supported";
+    QTest::newRow("too high")       << "timing 1 1 1920 2147483647 60" << "error timing not supported";
+    QTest::newRow("one too wide")   << "timing 1 1 65536 1080 60" << "error timing not supported";
+    QTest::newRow("status")         << "power 1 7"   << "error \"7\" is not a valid STATUS (0 or 1)";
+    QTest::newRow("no status")      << "power 1 on"  << "error expected a number";
+    QTest::newRow("online")         << "card 1 99"   << "error \"99\" is not a valid ONLINE (0 or 1)";
+    QTest::newRow("signal")         << "genlock 42"  << "error \"42\" is not a valid SIGNAL (0 or 1)";
+    QTest::newRow("on")             << "switch 7"    << "error \"7\" is not a valid ON (0 or 1)";
+    QTest::newRow("fewer bits")     << "depth 1 1 -5"    << "error \"-5\" is not a valid BITS (0 to 65535)";
+    QTest::newRow("more bits")      << "depth 1 1 65536" << "error \"65536\" is not a valid BITS (0 to 65535)";
+    QTest::newRow("less percent")   << "spoil -1"    << "error \"-1\" is not a valid PERCENT (0 to 100)";
+    QTest::newRow("more percent")   << "spoil 101"   << "error \"101\" is not a valid PERCENT (0 to 100)";
+    QTest::newRow("time")           << "pass -1"     << "error \"-1\" is not a valid MILLISECONDS (0 to 2147483647)";
     // clang-format on
 }
 
-void tst_TavoroSim::consoleRefusesInWords()
+void tst_TavoroSim::invalidConsoleLinesAreRefused()
 {
     QFETCH(QString, line);
     QFETCH(QString, answer);
@@ -322,7 +322,7 @@ void tst_TavoroSim::theControlPortTakesConsoleCommands()
     QByteArray answer;
     while (answer.count('\n') < 2 && control.waitForReadyRead(5000))
         answer += control.readAll();
-    QCOMPARE(answer, QByteArray("ok\nerror no such word: explode\n"));
+    QCOMPARE(answer, QByteArray("ok\nerror unknown command: explode\n"));
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1105);
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1313);
 }
@@ -342,7 +342,7 @@ void tst_TavoroSim::latencyKeepsTheOrderOfAnswers()
     }
 }
 
-void tst_TavoroSim::aPortInUseIsToldInASentence()
+void tst_TavoroSim::portInUseIsReported()
 {
     SimBench bench;
     SimOptions options;
@@ -354,7 +354,7 @@ void tst_TavoroSim::aPortInUseIsToldInASentence()
              qPrintable(error));
 }
 
-void tst_TavoroSim::addressesWithColonsStandInBrackets()
+void tst_TavoroSim::addressesWithColonsAreInBrackets()
 {
     SimOptions options;
     options.address = QHostAddress(QStringLiteral("2001:db8::1")); // of no machine
@@ -366,7 +366,8 @@ void tst_TavoroSim::addressesWithColonsStandInBrackets()
              qPrintable(error));
     DiscoveryResponder responder([] { return DeviceBaseInfo(); });
     QVERIFY(!responder.listen(options.address, 6631, error));
-    QVERIFY2(error.startsWith(QStringLiteral("cannot be found on [2001:db8::1]:6631: ")),
+    QVERIFY2(error.startsWith(
+                 QStringLiteral("cannot listen for discovery requests on [2001:db8::1]:6631: ")),
              qPrintable(error));
 }
 

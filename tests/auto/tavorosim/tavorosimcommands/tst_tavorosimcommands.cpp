@@ -19,8 +19,8 @@ private Q_SLOTS:
     void refusedWritesChangeNothing_data();
     void refusedWritesChangeNothing();
     void oneBadElementRefusesTheWholeList();
-    void writesTellEveryone_data();
-    void writesTellEveryone();
+    void writesAreReportedToAllClients_data();
+    void writesAreReportedToAllClients();
 
     void filtersRestrictReads_data();
     void filtersRestrictReads();
@@ -224,7 +224,7 @@ void tst_TavoroSimCommands::oneBadElementRefusesTheWholeList()
     QCOMPARE(everything(), before);
 }
 
-void tst_TavoroSimCommands::writesTellEveryone_data()
+void tst_TavoroSimCommands::writesAreReportedToAllClients_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<QByteArray>("body");
@@ -242,7 +242,7 @@ void tst_TavoroSimCommands::writesTellEveryone_data()
     // clang-format on
 }
 
-void tst_TavoroSimCommands::writesTellEveryone()
+void tst_TavoroSimCommands::writesAreReportedToAllClients()
 {
     QFETCH(int, code);
     QFETCH(QByteArray, body);

@@ -13,7 +13,7 @@ constexpr quint16 controlCode = 0x0101;
 constexpr quint16 swapCode = 0x1107;
 constexpr char swapOff[] = R"({"swap":0})";
 
-/// A client that has introduced itself; \c state is what its identity tells.
+/// A client that has asked for the identity.
 struct Client {
     explicit Client(const SimBench &bench)
     {
@@ -23,7 +23,7 @@ struct Client {
 
     int control(quint8 action) { return wire.control(action); }
     int write() { return wire.write(swapCode, swapOff).head.status; }
-    bool isToldThatOthersHoldControl() const
+    bool seesThatOthersHoldControl() const
     {
         return identity.find("\"controlState\":1") != std::string::npos;
     }
@@ -43,14 +43,14 @@ class tst_TavoroSimControl : public QObject {
 
 private Q_SLOTS:
     void firstWriterGetsControl();
-    void everybodyMayRead();
+    void allClientsMayRead();
     void writesOfOthersChangeNothing();
     void splitWritesOfOthersAreRefused();
     void controlIsTakenGivenUpAndForced();
     void controlEndsWithItsConnection();
-    void thoseWhomItConcernsAreTold();
-    void identityTellsWhetherOthersHoldControl();
-    void holderIsNamedToWhoAsks();
+    void clientsConcernedGetAReport();
+    void identityShowsWhetherOthersHoldControl();
+    void readOfControlNamesTheHolder();
     void unknownActionsAreOutOfRange();
     void refusedWriteDoesNotTakeControl_data();
     void refusedWriteDoesNotTakeControl();
@@ -67,7 +67,7 @@ void tst_TavoroSimControl::firstWriterGetsControl()
     QCOMPARE(first.write(), 0);
 }
 
-void tst_TavoroSimControl::everybodyMayRead()
+void tst_TavoroSimControl::allClientsMayRead()
 {
     SimBench bench;
     Client first(bench);
@@ -138,7 +138,7 @@ void tst_TavoroSimControl::controlEndsWithItsConnection()
     QCOMPARE(second.write(), 0);
 }
 
-void tst_TavoroSimControl::thoseWhomItConcernsAreTold()
+void tst_TavoroSimControl::clientsConcernedGetAReport()
 {
     SimBench bench;
     Client first(bench);
@@ -157,17 +157,17 @@ void tst_TavoroSimControl::thoseWhomItConcernsAreTold()
     QCOMPARE(int(second.wire.waitForReport().head.arg2[0]), 0);
 }
 
-void tst_TavoroSimControl::identityTellsWhetherOthersHoldControl()
+void tst_TavoroSimControl::identityShowsWhetherOthersHoldControl()
 {
     SimBench bench;
     Client first(bench);
-    QVERIFY(!first.isToldThatOthersHoldControl());
+    QVERIFY(!first.seesThatOthersHoldControl());
     QCOMPARE(first.control(take), 0);
-    QVERIFY(Client(bench).isToldThatOthersHoldControl());
+    QVERIFY(Client(bench).seesThatOthersHoldControl());
     QVERIFY(first.wire.identity().find("\"controlState\":0") != std::string::npos);
 }
 
-void tst_TavoroSimControl::holderIsNamedToWhoAsks()
+void tst_TavoroSimControl::readOfControlNamesTheHolder()
 {
     SimBench bench;
     Client first(bench);

@@ -44,15 +44,15 @@ private Q_SLOTS:
     void requestsThatAreNotCarriedOutChangeNothing();
     void requestsThatAreCarriedOutChangeTheDevice_data();
     void requestsThatAreCarriedOutChangeTheDevice();
-    void lateAnswersComeBehindOthers();
+    void lateAnswersComeAfterOthers();
     void deviceThatStopsReadingReadsOnWhenCleared();
-    void deviceThatStopsReadingLeavesWhatCameAlong();
+    void deviceThatStopsReadingLeavesFurtherRequests();
     void pauseWithATimeEndsByItself();
     void timeOfAPauseThatWasEndedEndsNoLaterOne();
-    void rebootedDeviceHasWhatWasSaved();
-    void floodComesInFrontOfTheAnswer();
+    void rebootedDeviceHasTheSavedSetup();
+    void floodComesBeforeTheAnswer();
     void largestFloodComesWhole();
-    void identityGoesWrongOnlyByItsName();
+    void identityFaultsNeedItsName();
 };
 
 void tst_TavorosimFaults::consoleAddsListsAndClears()
@@ -67,7 +67,7 @@ void tst_TavorosimFaults::consoleAddsListsAndClears()
     QCOMPARE(bench.write(0x1107, swapBody), 8);
     QCOMPARE(line("fault list"),
              QStringLiteral("ok status=8,code=DeviceSwap,count=1 late=5,share=10"));
-    QCOMPARE(line("fault add loud"), QStringLiteral("error no such fault: loud"));
+    QCOMPARE(line("fault add loud"), QStringLiteral("error unknown fault: \"loud\""));
     QCOMPARE(line("fault clear"), QStringLiteral("ok"));
     QCOMPARE(line("fault list"), QStringLiteral("ok"));
     const QString usage = QStringLiteral("error usage: fault add RULE, fault clear, fault list");
@@ -89,7 +89,8 @@ void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
         {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("loud")});
     QVERIFY(!wrong.isValid);
     QCOMPARE(wrong.text,
-             QStringLiteral("tavorosim: \"loud\" is not what --fault takes: no such fault: loud."));
+             QStringLiteral(
+                 "tavorosim: \"loud\" is not a valid value for --fault: unknown fault: \"loud\"."));
 }
 
 void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
@@ -156,7 +157,7 @@ void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice()
     QCOMPARE(swapOf(bench), 0);
 }
 
-void tst_TavorosimFaults::lateAnswersComeBehindOthers()
+void tst_TavorosimFaults::lateAnswersComeAfterOthers()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
@@ -184,7 +185,7 @@ void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
     QVERIFY(answer.body.find("\"swap\":1") != std::string::npos);
 }
 
-void tst_TavorosimFaults::deviceThatStopsReadingLeavesWhatCameAlong()
+void tst_TavorosimFaults::deviceThatStopsReadingLeavesFurtherRequests()
 {
     using SSProxy::Wire::encodeFrame;
     SimBench bench;
@@ -225,7 +226,7 @@ void tst_TavorosimFaults::timeOfAPauseThatWasEndedEndsNoLaterOne()
     QVERIFY2(time.elapsed() >= 600, qPrintable(QString::number(time.elapsed())));
 }
 
-void tst_TavorosimFaults::rebootedDeviceHasWhatWasSaved()
+void tst_TavorosimFaults::rebootedDeviceHasTheSavedSetup()
 {
     SimOptions options;
     options.clockSpeed = 10000;
@@ -238,7 +239,7 @@ void tst_TavorosimFaults::rebootedDeviceHasWhatWasSaved()
     QCOMPARE(swapOf(bench), 1);
 }
 
-void tst_TavorosimFaults::floodComesInFrontOfTheAnswer()
+void tst_TavorosimFaults::floodComesBeforeTheAnswer()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100,count=1")).ok);
@@ -255,7 +256,7 @@ void tst_TavorosimFaults::largestFloodComesWhole()
     QCOMPARE(bench.client->keptReports(), 100000);
 }
 
-void tst_TavorosimFaults::identityGoesWrongOnlyByItsName()
+void tst_TavorosimFaults::identityFaultsNeedItsName()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add garble=400,code=identity,count=1")).ok);

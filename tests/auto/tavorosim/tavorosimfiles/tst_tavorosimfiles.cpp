@@ -233,7 +233,7 @@ void tst_TavoroSimFiles::aPieceOutOfTurnDropsTheContent()
     QCOMPARE(bench.send(2, 7, "123", 3, 0), 0);
     QCOMPARE(bench.send(2, 7, "456", 4, 1), 5);
     QCOMPARE(bench.send(2, 7, "xyz", 3, 0), 0);
-    QCOMPARE(bench.send(2, 7, "123", 3, 0), 0); // A first piece starts anew.
+    QCOMPARE(bench.send(2, 7, "123", 3, 0), 0); // A first piece starts again.
     QCOMPARE(bench.send(2, 7, "456", 3, 1), 0);
     QCOMPARE(bench.send(2, 7, "789", 3, 2), 0);
     QCOMPARE(bench.receive(2, 7).body, sample);

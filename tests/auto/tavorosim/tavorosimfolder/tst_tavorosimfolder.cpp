@@ -1,16 +1,21 @@
 // The folder in which a simulated device keeps its files from run to run.
 
 #include <support/tavorosim/simbench.h>
+#include <support/tavorosim/sqlfile.h>
+
+#include <tavorosim/state/filestore.h>
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
 #include <vector>
 
+using Tavoro::ProtoModel::File::s_FileDetail;
+using Tavoro::Sim::FileChanges;
+using Tavoro::Sim::FileStore;
 using Tavoro::Sim::SimOptions;
 using Tavoro::Sim::SimulatedDevice;
 
@@ -33,42 +38,44 @@ QStringList filesIn(const QString &folder, const char *pattern)
     return QDir(folder).entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name);
 }
 
-/// What lies in \a folder, for a device of its own.
-void copyFiles(const QString &folder, const QString &to, const char *pattern = "*")
+/// Copies the files of \a folder, for a device of its own.
+void copyFiles(const QString &folder, const QString &to)
 {
-    for (const QString &name : filesIn(folder, pattern)) {
-        if (name != QStringLiteral("lock"))
-            QVERIFY(QFile::copy(QDir(folder).filePath(name), QDir(to).filePath(name)));
-    }
+    for (const QString &name : filesIn(folder, "*"))
+        QVERIFY(QFile::copy(QDir(folder).filePath(name), QDir(to).filePath(name)));
 }
 
-/// What a device lists and holds that finds \a folder.
-std::string filesOf(const QString &folder)
+QString databaseIn(const QTemporaryDir &folder)
 {
-    SimBench bench(inFolder(folder));
-    std::string files = bench.list();
-    for (const quint8 id : {quint8(1), quint8(2), quint8(3)})
-        files += bench.receive(2, id).body;
-    return files;
+    return folder.filePath(QStringLiteral("device.sqlite"));
 }
 
-/// Imports, replaces, moves, renames and deletes; \a behindEach is called behind each of them.
-void changeFiles(SimBench &bench, const std::function<void()> &behindEach)
+/// The error of a device that cannot use \a folder; empty when it can.
+QString openingError(const QTemporaryDir &folder)
+{
+    SimulatedDevice device(inFolder(folder.path()));
+    QString error;
+    device.start(error);
+    return error;
+}
+
+/// Imports, replaces, moves, renames and deletes; calls \a afterEach after each of them.
+void changeFiles(SimBench &bench, const std::function<void()> &afterEach)
 {
     const auto move = [&](const char *body) {
         QCOMPARE(bench.write(fileGeneral, body), 0);
     };
     bench.import(2, 1, "one");
-    behindEach();
+    afterEach();
     bench.import(2, 2, "two");
-    behindEach();
+    afterEach();
     bench.import(2, 1, "another one");
-    behindEach();
+    afterEach();
     move(R"([{"fileId":1,"fileType":2,"desFileId":3,"desFileType":2,"general":{"name":"c"}},)"
          R"({"fileId":2,"fileType":2,"desFileId":1,"desFileType":2,"general":{"name":"d"}}])");
-    behindEach();
+    afterEach();
     QCOMPARE(bench.write(fileDelete, R"([{"fileId":1,"fileType":2}])"), 0);
-    behindEach();
+    afterEach();
 }
 
 } // namespace
@@ -77,19 +84,20 @@ class tst_TavoroSimFolder : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aFolderKeepsFilesAcrossRestarts();
-    void aFolderForgetsWhatWasCutOff();
-    void aFolderServesOneDevice();
-    void aDamagedFolderIsToldInASentence();
-    void aLostContentIsNotListed();
-    void anImportWritesWhatItChangesOnly();
-    void manyChangesAreTakenIntoTheIndex();
-    void whateverWasCutOffTheFilesAreThoseOfTheLastChange();
-    void changesThatAreLeftBesideTheIndexChangeNothing();
-    void aDamagedChangeIsToldInASentence();
+    void folderKeepsFilesAcrossRestarts();
+    void folderKeepsNamesOfAnyBytes_data();
+    void folderKeepsNamesOfAnyBytes();
+    void contentsWithoutARowAreRemoved();
+    void folderServesOneDevice();
+    void damagedDatabaseIsReported();
+    void damagedRecordIsReported();
+    void otherDatabaseIsRefused();
+    void fileWithoutItsContentIsRemoved();
+    void replacedContentIsRemoved();
+    void folderCopiedBetweenCommandsHoldsTheFilesOfThatMoment();
 };
 
-void tst_TavoroSimFolder::aFolderKeepsFilesAcrossRestarts()
+void tst_TavoroSimFolder::folderKeepsFilesAcrossRestarts()
 {
     QTemporaryDir folder;
     SimBench bench(inFolder(folder.filePath(QStringLiteral("made/for/it"))));
@@ -106,97 +114,121 @@ void tst_TavoroSimFolder::aFolderKeepsFilesAcrossRestarts()
     QCOMPARE(bench.receive(2, 7).body, sample);
 }
 
-void tst_TavoroSimFolder::aFolderForgetsWhatWasCutOff()
+void tst_TavoroSimFolder::folderKeepsNamesOfAnyBytes_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("above U+FFFF") << QByteArray("Wall \xF0\x9F\x93\xBA north");
+    QTest::newRow("above U+007F") << QByteArray("Nordw\xC3\xA4nde \xE2\x82\xAC");
+    QTest::newRow("not UTF-8") << QByteArray("Wall \xFF\x80 north");
+    QTest::newRow("control characters") << QByteArray("Wall\x01\x1F\"\\\x7F north");
+    QTest::newRow("zero") << QByteArray("Wall\0north", 10);
+}
+
+void tst_TavoroSimFolder::folderKeepsNamesOfAnyBytes()
+{
+    QFETCH(QByteArray, name);
+    QTemporaryDir folder;
+    QString error;
+    s_FileDetail detail;
+    detail.fileType = 2;
+    detail.fileId = 7;
+    detail.general.name = name.toStdString();
+    {
+        FileStore store;
+        QVERIFY2(store.open(folder.path(), error), qPrintable(error));
+        FileChanges changes = store.change();
+        QVERIFY(store.place(changes, detail, sample));
+        QVERIFY(store.commit(changes));
+    }
+    FileStore store;
+    QVERIFY2(store.open(folder.path(), error), qPrintable(error));
+    QCOMPARE(int(store.index().size()), 1);
+    QCOMPARE(QByteArray::fromStdString(store.index().begin()->second.general.name), name);
+}
+
+void tst_TavoroSimFolder::contentsWithoutARowAreRemoved()
 {
     QTemporaryDir folder;
     SimBench bench(inFolder(folder.path()));
     bench.import(2, 7, sample);
     bench.switchOff();
-    QFile leftover(folder.filePath(QStringLiteral("content-99.x1Yz")));
-    QVERIFY(leftover.open(QIODevice::WriteOnly));
-    leftover.close();
-    QFile change(folder.filePath(QStringLiteral("change-2.json.a0Bc")));
-    QVERIFY(change.open(QIODevice::WriteOnly));
-    change.close();
+    for (const char *const name : {"content-99", "content-2.x1Yz"}) {
+        QFile leftover(folder.filePath(QLatin1String(name)));
+        QVERIFY(leftover.open(QIODevice::WriteOnly));
+    }
     bench.switchOn();
-    const QStringList names = QDir(folder.path()).entryList(QDir::Files, QDir::Name);
-    QCOMPARE(names,
-             QStringList({QStringLiteral("content-1"), QStringLiteral("index.json"),
-                          QStringLiteral("lock")}));
+    QCOMPARE(filesIn(folder.path(), "content*"), QStringList(QStringLiteral("content-1")));
 }
 
-void tst_TavoroSimFolder::aFolderServesOneDevice()
+void tst_TavoroSimFolder::folderServesOneDevice()
 {
     QTemporaryDir folder;
-    SimBench bench(inFolder(folder.path()));
-    SimulatedDevice second(bench.options);
-    QString error;
-    QVERIFY(!second.start(error));
-    QCOMPARE(error,
-             QStringLiteral("the folder %1 is in use or cannot be written").arg(folder.path()));
+    const SimBench bench(inFolder(folder.path()));
+    QCOMPARE(openingError(folder),
+             QStringLiteral("cannot use %1: another device uses it").arg(databaseIn(folder)));
 }
 
-void tst_TavoroSimFolder::aDamagedFolderIsToldInASentence()
+void tst_TavoroSimFolder::damagedDatabaseIsReported()
 {
     QTemporaryDir folder;
-    QFile index(folder.filePath(QStringLiteral("index.json")));
-    QVERIFY(index.open(QIODevice::WriteOnly));
-    index.write("[{");
-    index.close();
-    SimulatedDevice device(inFolder(folder.path()));
-    QString error;
-    QVERIFY(!device.start(error));
-    QVERIFY2(error.startsWith(index.fileName() + QStringLiteral(" is damaged: ")),
-             qPrintable(error));
+    QFile database(databaseIn(folder));
+    QVERIFY(database.open(QIODevice::WriteOnly));
+    database.write(QByteArray(4096, 'x'));
+    database.close();
+    QCOMPARE(openingError(folder).section(QStringLiteral(": "), 0, 0),
+             databaseIn(folder) + QStringLiteral(" is damaged"));
 }
 
-void tst_TavoroSimFolder::aLostContentIsNotListed()
+void tst_TavoroSimFolder::damagedRecordIsReported()
+{
+    QTemporaryDir folder;
+    {
+        SimBench bench(inFolder(folder.path()));
+        bench.import(2, 7, sample);
+    }
+    QVERIFY(runSql(databaseIn(folder), QStringLiteral("UPDATE file SET record = ?"),
+                   QByteArray("{\"fileId\":")));
+    QCOMPARE(openingError(folder).section(QStringLiteral(": "), 0, 0),
+             databaseIn(folder) + QStringLiteral(" is damaged"));
+}
+
+void tst_TavoroSimFolder::otherDatabaseIsRefused()
+{
+    QTemporaryDir folder;
+    QVERIFY(runSql(databaseIn(folder), QStringLiteral("CREATE TABLE other (id INTEGER)")));
+    QCOMPARE(openingError(folder),
+             QStringLiteral("cannot use %1: it was not written by this version of tavorosim")
+                 .arg(databaseIn(folder)));
+}
+
+void tst_TavoroSimFolder::fileWithoutItsContentIsRemoved()
 {
     QTemporaryDir folder;
     SimBench bench(inFolder(folder.path()));
     bench.import(2, 7, sample);
     bench.switchOff();
     QVERIFY(QFile::remove(folder.filePath(QStringLiteral("content-1"))));
-    QTest::ignoreMessage(QtWarningMsg, "the content of file 7 of type 2 is lost");
+    QTest::ignoreMessage(QtWarningMsg, "the content of file 7 of type 2 is missing");
     bench.switchOn();
+    QCOMPARE(bench.list(), std::string("[]"));
+    bench.switchOff();
+    bench.switchOn(); // without another message
     QCOMPARE(bench.list(), std::string("[]"));
 }
 
-void tst_TavoroSimFolder::anImportWritesWhatItChangesOnly()
+void tst_TavoroSimFolder::replacedContentIsRemoved()
 {
     QTemporaryDir folder;
     SimBench bench(inFolder(folder.path()));
-    for (int id = 0; id < 60; ++id)
-        bench.import(2, id, "a");
-    QCOMPARE(filesIn(folder.path(), "index*"), QStringList());
-    const QStringList changes = filesIn(folder.path(), "change-*");
-    QCOMPARE(changes.size(), 60);
-    for (const QString &change : changes)
-        QVERIFY(QFileInfo(folder.filePath(change)).size() < 400);
-    const std::string before = bench.list();
+    for (std::size_t i = 0; i < 5; ++i)
+        bench.import(2, 7, std::string(i, 'x'));
+    QCOMPARE(filesIn(folder.path(), "content-*"), QStringList(QStringLiteral("content-5")));
     bench.switchOff();
     bench.switchOn();
-    QCOMPARE(bench.list(), before);
-    QCOMPARE(filesIn(folder.path(), "change-*"), QStringList());
-    QCOMPARE(filesIn(folder.path(), "index*"), QStringList(QStringLiteral("index.json")));
+    QCOMPARE(bench.receive(2, 7).body, std::string("xxxx"));
 }
 
-void tst_TavoroSimFolder::manyChangesAreTakenIntoTheIndex()
-{
-    QTemporaryDir folder;
-    SimBench bench(inFolder(folder.path()));
-    for (int i = 0; i < 68; ++i)
-        bench.import(2, 7, std::string(static_cast<std::size_t>(i), 'x'));
-    QCOMPARE(filesIn(folder.path(), "change-*"),
-             (QStringList{QStringLiteral("change-66.json"), QStringLiteral("change-67.json"),
-                          QStringLiteral("change-68.json")}));
-    QCOMPARE(filesIn(folder.path(), "content-*"), QStringList(QStringLiteral("content-68")));
-    bench.switchOff();
-    bench.switchOn();
-    QCOMPARE(bench.receive(2, 7).body, std::string(67, 'x'));
-}
-
-void tst_TavoroSimFolder::whateverWasCutOffTheFilesAreThoseOfTheLastChange()
+void tst_TavoroSimFolder::folderCopiedBetweenCommandsHoldsTheFilesOfThatMoment()
 {
     QTemporaryDir folder;
     QTemporaryDir copies[5];
@@ -212,45 +244,6 @@ void tst_TavoroSimFolder::whateverWasCutOffTheFilesAreThoseOfTheLastChange()
         QCOMPARE(found.list(), lists[i]);
     }
     QCOMPARE(filesIn(copies[4].path(), "content-*"), QStringList(QStringLiteral("content-3")));
-}
-
-/// As when the changes were being removed after they had been taken into the index.
-void tst_TavoroSimFolder::changesThatAreLeftBesideTheIndexChangeNothing()
-{
-    QTemporaryDir folder;
-    QTemporaryDir changes;
-    SimBench bench(inFolder(folder.path()));
-    changeFiles(bench, [] {});
-    copyFiles(folder.path(), changes.path(), "change-*");
-    bench.switchOff();
-    bench.switchOn();
-    bench.switchOff();
-    const std::string expected = filesOf(folder.path());
-    QVERIFY(expected.find("another one") != std::string::npos);
-    const QStringList names = filesIn(changes.path(), "change-*");
-    QCOMPARE(names.size(), 5);
-    for (const QString &removed : names) {
-        QTemporaryDir cutOff;
-        copyFiles(folder.path(), cutOff.path());
-        copyFiles(changes.path(), cutOff.path());
-        QCOMPARE(filesOf(cutOff.path()), expected);
-        QCOMPARE(filesIn(cutOff.path(), "change-*"), QStringList());
-        QVERIFY(QFile::remove(changes.filePath(removed)));
-    }
-}
-
-void tst_TavoroSimFolder::aDamagedChangeIsToldInASentence()
-{
-    QTemporaryDir folder;
-    QFile change(folder.filePath(QStringLiteral("change-1.json")));
-    QVERIFY(change.open(QIODevice::WriteOnly));
-    change.write("{\"placed\":[{");
-    change.close();
-    SimulatedDevice device(inFolder(folder.path()));
-    QString error;
-    QVERIFY(!device.start(error));
-    QVERIFY2(error.startsWith(change.fileName() + QStringLiteral(" is damaged: ")),
-             qPrintable(error));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimFolder)

@@ -13,7 +13,7 @@ private Q_SLOTS:
     void aRestartDropsConnectionsAndComesBack();
     void aRestartAnswersFirstHoweverLate();
     void aShutDownDeviceWaitsToBeSwitchedOn();
-    void aRestartGoesBackToWhatWasSaved();
+    void restartRestoresTheSavedSetup();
     void theFactoryResetBringsTheSetupBack();
     void theFactoryResetMayTakeTheFiles();
     void theClockKeepsTheTimeItWasGiven();
@@ -90,7 +90,7 @@ void tst_TavoroSimMaintenance::aShutDownDeviceWaitsToBeSwitchedOn()
     QVERIFY(m_bench->client->waitForEnd());
 }
 
-void tst_TavoroSimMaintenance::aRestartGoesBackToWhatWasSaved()
+void tst_TavoroSimMaintenance::restartRestoresTheSavedSetup()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     restart();

@@ -46,12 +46,12 @@ class tst_TavoroSimOutcome : public QObject {
 
 private Q_SLOTS:
     void requestsAreCountedAsTheyCome();
-    void whatHasNotComeHasNotArrived();
+    void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
-    void connectionsAndClientsAreToldApart();
-    void clientsThatTellNoIdAreServedAndForgotten();
+    void connectionsAndClientsAreDistinguished();
+    void clientsWithoutIdAreServedAndForgotten();
     void newConnectionEndsTheOlderOneOfTheClient();
-    void questionsThatAreNoneAreRefused();
+    void invalidQuestionsAreRefused();
     void faultsThatAnswerAreDone_data();
     void faultsThatAnswerAreDone();
     void faultsThatDoNotAnswerLeaveItUnderWay_data();
@@ -78,7 +78,7 @@ void tst_TavoroSimOutcome::requestsAreCountedAsTheyCome()
     QCOMPARE(ask(client, 'a', 1, 5), QByteArray("0302"));
 }
 
-void tst_TavoroSimOutcome::whatHasNotComeHasNotArrived()
+void tst_TavoroSimOutcome::unknownRequestHasNotArrived()
 {
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
@@ -98,7 +98,7 @@ void tst_TavoroSimOutcome::onlyTheLastRequestsAreRemembered()
     QCOMPARE(ask(*bench.client, 'a', 1, 256), QByteArray("0300"));
 }
 
-void tst_TavoroSimOutcome::connectionsAndClientsAreToldApart()
+void tst_TavoroSimOutcome::connectionsAndClientsAreDistinguished()
 {
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
@@ -111,7 +111,7 @@ void tst_TavoroSimOutcome::connectionsAndClientsAreToldApart()
     QCOMPARE(ask(again, 'b', 1, 1), QByteArray("0000"));
 }
 
-void tst_TavoroSimOutcome::clientsThatTellNoIdAreServedAndForgotten()
+void tst_TavoroSimOutcome::clientsWithoutIdAreServedAndForgotten()
 {
     SimBench bench; // its client asks for the identity with an empty body
     QCOMPARE(bench.write(0x1107, swapOff), 0);
@@ -132,7 +132,7 @@ void tst_TavoroSimOutcome::newConnectionEndsTheOlderOneOfTheClient()
     QCOMPARE(int(other.read(0x1100).head.status), 0);
 }
 
-void tst_TavoroSimOutcome::questionsThatAreNoneAreRefused()
+void tst_TavoroSimOutcome::invalidQuestionsAreRefused()
 {
     SimBench bench;
     const auto status = [&](CommandType type, const std::string &body) {

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void refusalsChangeNothing_data();
     void refusalsChangeNothing();
     void anImageIsCapturedFromAnInput();
-    void aLogTellsOfTheNamedSlots();
+    void logHoldsTheNamedSlots();
     void anEdidAsksForThePresetTiming();
 
 private:
@@ -255,7 +255,7 @@ void tst_TavoroSimPresets::anImageIsCapturedFromAnInput()
     QCOMPARE(int(static_cast<unsigned char>(image[head.size() + 119 * 3])), 1904 * 255 / 1919);
 }
 
-void tst_TavoroSimPresets::aLogTellsOfTheNamedSlots()
+void tst_TavoroSimPresets::logHoldsTheNamedSlots()
 {
     QCOMPARE(m_bench->write(deviceTime,
                             R"({"year":2026,"month":3,"day":4,"hour":5,"minute":6,)"

@@ -12,16 +12,16 @@ class tst_TavoroSimProgram : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tellsWhereItListens();
-    void addressesWithColonsStandInBrackets();
+    void printsWhereItListens();
+    void addressesWithColonsAreInBrackets();
     void standardInputIsItsConsole();
     void linesThatComeTogetherAreAllServed();
-    void halfALineHoldsNobodyUp();
+    void partialLineDoesNotBlock();
     void theLastLineNeedsNoEnd();
-    void nothingIsServedBehindQuit();
-    void goesOnWithoutAConsole();
+    void nothingIsServedAfterQuit();
+    void continuesWithoutAConsole();
     void logsExchangesOnlyWhenAsked();
-    void tellsItsVersion();
+    void printsItsVersion();
     void helpNamesEveryOption();
     void wrongOptionsEndWithTwo_data();
     void wrongOptionsEndWithTwo();
@@ -83,7 +83,7 @@ const QStringList anyPort{QStringLiteral("--port"), QStringLiteral("0")};
 
 } // namespace
 
-void tst_TavoroSimProgram::tellsWhereItListens()
+void tst_TavoroSimProgram::printsWhereItListens()
 {
     Program program(anyPort);
     QVERIFY2(QRegularExpression(QStringLiteral("^listening on 127\\.0\\.0\\.1:\\d+$"))
@@ -95,7 +95,7 @@ void tst_TavoroSimProgram::tellsWhereItListens()
     QVERIFY(socket.waitForConnected(patience));
 }
 
-void tst_TavoroSimProgram::addressesWithColonsStandInBrackets()
+void tst_TavoroSimProgram::addressesWithColonsAreInBrackets()
 {
     if (!QTcpServer().listen(QHostAddress::LocalHostIPv6))
         QSKIP("this machine has no IPv6");
@@ -118,7 +118,7 @@ void tst_TavoroSimProgram::standardInputIsItsConsole()
 {
     Program program(anyPort);
     QCOMPARE(program.ask("power 1 0"), QStringLiteral("ok"));
-    QCOMPARE(program.ask("explode"), QStringLiteral("error no such word: explode"));
+    QCOMPARE(program.ask("explode"), QStringLiteral("error unknown command: explode"));
     program.process.write("quit\n");
     QVERIFY(program.process.waitForFinished(patience));
     QCOMPARE(program.process.exitCode(), 0);
@@ -132,7 +132,7 @@ void tst_TavoroSimProgram::linesThatComeTogetherAreAllServed()
     QCOMPARE(program.process.readAllStandardOutput(), QByteArray("ok\nok\n"));
 }
 
-void tst_TavoroSimProgram::halfALineHoldsNobodyUp()
+void tst_TavoroSimProgram::partialLineDoesNotBlock()
 {
     Program program(anyPort + QStringList{QStringLiteral("--control-port"), QStringLiteral("0")});
     const QString controlPort = program.readLine().section(QLatin1Char(' '), -1);
@@ -141,12 +141,12 @@ void tst_TavoroSimProgram::halfALineHoldsNobodyUp()
     QTcpSocket control;
     control.connectToHost(QStringLiteral("127.0.0.1"), controlPort.toUShort());
     QVERIFY(control.waitForConnected(patience));
-    for (int i = 0; i < 3; ++i) { // the half line may come to the program behind the first
+    for (int i = 0; i < 3; ++i) { // the partial line may arrive after the first one
         control.write("power 1 1\n");
         while (!control.canReadLine() && control.waitForReadyRead(patience)) { }
         QCOMPARE(control.readLine(), QByteArray("ok\n"));
     }
-    QCOMPARE(program.ask(" 1 7"), QStringLiteral("error \"7\" is no STATUS"));
+    QCOMPARE(program.ask(" 1 7"), QStringLiteral("error \"7\" is not a valid STATUS (0 or 1)"));
 }
 
 void tst_TavoroSimProgram::theLastLineNeedsNoEnd()
@@ -155,11 +155,11 @@ void tst_TavoroSimProgram::theLastLineNeedsNoEnd()
     program.process.write("power 1 0\nexplode");
     program.process.closeWriteChannel();
     QCOMPARE(program.readLine(), QStringLiteral("ok"));
-    QCOMPARE(program.readLine(), QStringLiteral("error no such word: explode"));
+    QCOMPARE(program.readLine(), QStringLiteral("error unknown command: explode"));
     QCOMPARE(program.process.state(), QProcess::Running);
 }
 
-void tst_TavoroSimProgram::nothingIsServedBehindQuit()
+void tst_TavoroSimProgram::nothingIsServedAfterQuit()
 {
     Program program(anyPort);
     program.process.write("quit\npower 1 0\n");
@@ -167,7 +167,7 @@ void tst_TavoroSimProgram::nothingIsServedBehindQuit()
     QCOMPARE(program.process.readAllStandardOutput(), QByteArray());
 }
 
-void tst_TavoroSimProgram::goesOnWithoutAConsole()
+void tst_TavoroSimProgram::continuesWithoutAConsole()
 {
     Program program(anyPort);
     program.process.closeWriteChannel();
@@ -196,7 +196,7 @@ void tst_TavoroSimProgram::logsExchangesOnlyWhenAsked()
     }
 }
 
-void tst_TavoroSimProgram::tellsItsVersion()
+void tst_TavoroSimProgram::printsItsVersion()
 {
     QString output;
     QString errors;
@@ -222,14 +222,14 @@ void tst_TavoroSimProgram::wrongOptionsEndWithTwo_data()
     QTest::addColumn<QString>("words");
     // clang-format off
     QTest::newRow("unknown")     << QByteArrayList{"--fly"}              << "tavorosim: Unknown option 'fly'.\n";
-    QTest::newRow("port")        << QByteArrayList{"--port", "65536"}    << "tavorosim: \"65536\" is not what --port takes.\n";
-    QTest::newRow("packet size") << QByteArrayList{"--packet-size", "0"} << "tavorosim: \"0\" is not what --packet-size takes.\n";
-    QTest::newRow("serial")      << QByteArrayList{"--sn", "0123"}       << "tavorosim: \"0123\" is not what --sn takes.\n";
-    QTest::newRow("digits")      << QByteArrayList{"--mac", "0200ZZ100001"} << "tavorosim: \"0200ZZ100001\" is not what --mac takes.\n";
-    QTest::newRow("screens")     << QByteArrayList{"--screens", "256"}   << "tavorosim: \"256\" is not what --screens takes.\n";
-    QTest::newRow("address")     << QByteArrayList{"--address", "here"}  << "tavorosim: \"here\" is not what --address takes.\n";
+    QTest::newRow("port")        << QByteArrayList{"--port", "65536"}    << "tavorosim: \"65536\" is not a valid value for --port: expected a number from 0 to 65535.\n";
+    QTest::newRow("packet size") << QByteArrayList{"--packet-size", "0"} << "tavorosim: \"0\" is not a valid value for --packet-size: expected a number from 1 to 67108864.\n";
+    QTest::newRow("serial")      << QByteArrayList{"--sn", "0123"}       << "tavorosim: \"0123\" is not a valid value for --sn: expected 16 hexadecimal digits.\n";
+    QTest::newRow("digits")      << QByteArrayList{"--mac", "0200ZZ100001"} << "tavorosim: \"0200ZZ100001\" is not a valid value for --mac: expected 12 hexadecimal digits.\n";
+    QTest::newRow("screens")     << QByteArrayList{"--screens", "256"}   << "tavorosim: \"256\" is not a valid value for --screens: expected a number from 0 to 255.\n";
+    QTest::newRow("address")     << QByteArrayList{"--address", "here"}  << "tavorosim: \"here\" is not a valid value for --address: expected an IP address.\n";
     QTest::newRow("fault")       << QByteArrayList{"--fault", "status=0"}
-        << "tavorosim: \"status=0\" is not what --fault takes: status takes a number from 1 to 255.\n";
+        << "tavorosim: \"status=0\" is not a valid value for --fault: status takes a number from 1 to 255.\n";
     QTest::newRow("word")        << QByteArrayList{"now"}                << "tavorosim: \"now\" is not an option.\n";
     // clang-format on
 }

@@ -23,7 +23,7 @@ private Q_SLOTS:
     void removeAllClearsOneScreen();
     void removingAnEmptyListRemovesNothing();
     void zOrderMakesRoom();
-    void inputsKeepTheirTimingWhateverIsPreset();
+    void inputsKeepTheirTimingWithAnyPreset();
 };
 
 void tst_TavoroSimScreens::enablingCreatesAScreen()
@@ -151,7 +151,7 @@ void tst_TavoroSimScreens::zOrderMakesRoom()
     QCOMPARE(valueAt(layer, preview1, QStringLiteral("2.zorder")), QByteArray("3"));
 }
 
-void tst_TavoroSimScreens::inputsKeepTheirTimingWhateverIsPreset()
+void tst_TavoroSimScreens::inputsKeepTheirTimingWithAnyPreset()
 {
     QCOMPARE(status(0x1203, R"([{"slotId":1,"connectorId":1,"presetTiming":{"refresh":50}}])"), 0);
     QCOMPARE(valueAt(interface, inputs, QStringLiteral("0.presetTiming.refresh")),

@@ -1,9 +1,9 @@
-// The setup that the simulated device keeps beside its files from one program to the next.
+// The setup that the simulated device saves with its files.
 
 #include <support/tavorosim/simbench.h>
+#include <support/tavorosim/sqlfile.h>
 
-#include <QDir>
-#include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 class tst_TavoroSimSetup : public QObject {
@@ -13,24 +13,37 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void whatWasSavedComesBackWhole();
-    void whatWasNotSavedDoesNotComeBack();
-    void aFactoryResetIsKept();
-    void whatOtherConnectorsSavedDoesNotCount();
-    void aDamagedSetupIsRefused_data();
-    void aDamagedSetupIsRefused();
-    void aFolderThatCannotBeWrittenRefusesTheSave();
+    void savedSetupComesBackWhole();
+    void unsavedSetupDoesNotComeBack();
+    void savedNamesMayHoldAnyCharacter();
+    void factoryResetIsSaved();
+    void factoryResetWithFilesIsOneStep();
+    void setupOfOtherConnectorsIsIgnored();
+    void damagedSetupIsReported_data();
+    void damagedSetupIsReported();
+    void failedWriteRefusesTheSave();
 
 private:
-    void startAnew()
+    void restart()
     {
-        m_bench.reset(); // the folder serves one device at a time
+        m_bench.reset(); // the database serves one device at a time
         m_bench = std::make_unique<SimBench>(m_options);
     }
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
     std::string whole() { return read(0x1100) + read(0x1200) + read(0x1300) + read(0x1400); }
     bool isSwapped() { return read(0x1100).find("\"swap\":1") != std::string::npos; }
-    QString setupPath() const { return m_folder->filePath(QStringLiteral("setup.json")); }
+    /// Runs a statement on the database, while the device is off.
+    bool change(const char *statement, const QVariant &value = {})
+    {
+        m_bench.reset(); // the database serves one device at a time
+        return runSql(m_folder->filePath(QStringLiteral("device.sqlite")), QLatin1String(statement),
+                      value);
+    }
+    bool refuseSetups()
+    {
+        return change("CREATE TRIGGER refuse BEFORE INSERT ON setup"
+                      " BEGIN SELECT RAISE(ABORT, 'refused'); END");
+    }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     Tavoro::Sim::SimOptions m_options;
@@ -56,7 +69,7 @@ void tst_TavoroSimSetup::init()
     m_options.outputs = 4;
     m_options.screens = 1;
     m_options.filesFolder = m_folder->path();
-    startAnew();
+    restart();
 }
 
 void tst_TavoroSimSetup::cleanup()
@@ -64,7 +77,7 @@ void tst_TavoroSimSetup::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroSimSetup::whatWasSavedComesBackWhole()
+void tst_TavoroSimSetup::savedSetupComesBackWhole()
 {
     const std::string factory = whole();
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
@@ -72,66 +85,89 @@ void tst_TavoroSimSetup::whatWasSavedComesBackWhole()
     QCOMPARE(m_bench->write(save, {}), 0);
     const std::string saved = whole();
     QVERIFY(saved != factory);
-    startAnew();
+    restart();
     QCOMPARE(whole(), saved);
 }
 
-void tst_TavoroSimSetup::whatWasNotSavedDoesNotComeBack()
+void tst_TavoroSimSetup::unsavedSetupDoesNotComeBack()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
-    startAnew();
+    restart();
     QVERIFY(isSwapped());
-    QVERIFY(!QFile::exists(setupPath()));
 }
 
-void tst_TavoroSimSetup::aFactoryResetIsKept()
+void tst_TavoroSimSetup::savedNamesMayHoldAnyCharacter()
+{
+    const QString name = QStringLiteral("group 9 Wall\U0001F4FA");
+    QVERIFY(m_bench->device->execute(name).ok);
+    const std::string before = whole();
+    QCOMPARE(m_bench->write(save, {}), 0);
+    restart();
+    QCOMPARE(whole(), before);
+}
+
+void tst_TavoroSimSetup::factoryResetWithFilesIsOneStep()
+{
+    m_bench->import(2, 7, "a");
+    QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
+    QCOMPARE(m_bench->write(save, {}), 0);
+    QVERIFY(refuseSetups());
+    restart();
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("device\\.sqlite: .*refused")));
+    QCOMPARE(m_bench->write(factoryReset, R"({"type":1})"), storageFailed);
+    QCOMPARE(m_bench->receive(2, 7).body, std::string("a"));
+    QVERIFY(!isSwapped());
+}
+
+void tst_TavoroSimSetup::factoryResetIsSaved()
 {
     const std::string factory = whole();
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     QCOMPARE(m_bench->write(save, {}), 0);
     QCOMPARE(m_bench->write(factoryReset, R"({"type":0})"), 0);
-    startAnew();
+    restart();
     QCOMPARE(whole(), factory);
 }
 
-void tst_TavoroSimSetup::whatOtherConnectorsSavedDoesNotCount()
+void tst_TavoroSimSetup::setupOfOtherConnectorsIsIgnored()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     QCOMPARE(m_bench->write(save, {}), 0);
     m_options.inputs = 8;
-    startAnew();
+    restart();
     QVERIFY(isSwapped());
 }
 
-void tst_TavoroSimSetup::aDamagedSetupIsRefused_data()
+void tst_TavoroSimSetup::damagedSetupIsReported_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("cut off") << QByteArray("{\"device\":");
-    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("empty") << QByteArray("");
 }
 
-void tst_TavoroSimSetup::aDamagedSetupIsRefused()
+void tst_TavoroSimSetup::damagedSetupIsReported()
 {
     QFETCH(QByteArray, text);
-    m_bench.reset();
-    QFile setup(setupPath());
-    QVERIFY(setup.open(QIODevice::WriteOnly));
-    QCOMPARE(setup.write(text), qint64(text.size()));
-    setup.close();
+    QCOMPARE(m_bench->write(save, {}), 0);
+    QVERIFY(change("UPDATE setup SET record = ?", text));
     Tavoro::Sim::SimulatedDevice device(m_options);
     QString error;
     QVERIFY(!device.start(error));
-    QVERIFY2(error.startsWith(QLatin1String("setup.json is damaged: ")), qPrintable(error));
+    QVERIFY2(error.startsWith(QLatin1String("the saved setup is damaged: ")), qPrintable(error));
 }
 
-void tst_TavoroSimSetup::aFolderThatCannotBeWrittenRefusesTheSave()
+void tst_TavoroSimSetup::failedWriteRefusesTheSave()
 {
-    QVERIFY(QDir().mkdir(setupPath())); // nobody can put a file there, not even root
+    QVERIFY(refuseSetups());
+    restart();
+    const QRegularExpression failure(QStringLiteral("^cannot write .*device\\.sqlite: "));
+    QTest::ignoreMessage(QtWarningMsg, failure);
+    QTest::ignoreMessage(QtWarningMsg, failure);
     QCOMPARE(m_bench->write(save, {}), storageFailed);
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     QCOMPARE(m_bench->write(factoryReset, R"({"type":0})"), storageFailed);
     QVERIFY(!isSwapped());
-    QVERIFY(QDir().rmdir(setupPath()));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimSetup)

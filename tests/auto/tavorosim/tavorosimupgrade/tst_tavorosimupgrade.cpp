@@ -12,7 +12,7 @@ private Q_SLOTS:
     void anUpgradeAdvancesThroughItsSections();
     void anUpgradeOfNothingNamedIsOneOfAll();
     void anUpgradeChangesTheVersions();
-    void anUpgradeFailsWhenToldTo();
+    void upgradeFailsAtTheSpoiledPercentage();
     void anUpgradeEndsWithTheRestart();
     void anUpgradeMayRestartTheDevice();
     void oneUpgradeRunsAtATime();
@@ -90,7 +90,7 @@ void tst_TavoroSimUpgrade::anUpgradeChangesTheVersions()
     QVERIFY(hasVersion(R"({"version":"1.0.0",)")); // The device as a whole was left out.
 }
 
-void tst_TavoroSimUpgrade::anUpgradeFailsWhenToldTo()
+void tst_TavoroSimUpgrade::upgradeFailsAtTheSpoiledPercentage()
 {
     QCOMPARE(m_bench->write(upgradeDetail, upgradeCard1), 0);
     run("spoil 75");

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void frameAtTheMinimumRateIsASignOfLife();
     void requestThatIsTakenTooSlowlyEndsTheConnection();
     void requestThatIsTakenAtTheMinimumRateKeepsTheConnection();
+    void progressOfARequestCountsWhileAFrameTrickles();
 
 private:
     /// The answer to the next request, with a body of \a size bytes.
@@ -104,8 +105,7 @@ void tst_SlowDevice::requestThatIsTakenTooSlowlyEndsTheConnection()
     connectChannel();
     m_peer->setReading(false);
     auto caller = call(request(0x1101, 2, std::string(64, 'x'), 600000));
-    QVERIFY(m_loop->runUntil([&] { return m_channel->statistics().requests == 1; }));
-    m_loop->run();
+    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
     for (int taken = 0; taken < 30; ++taken) {
         QVERIFY(m_channel->isHardwareReadFinished());
         m_peer->takePart(1);
@@ -123,8 +123,7 @@ void tst_SlowDevice::requestThatIsTakenAtTheMinimumRateKeepsTheConnection()
     m_peer->send(head, identity(1 << 20));
     m_peer->setReading(false);
     auto caller = call(request(0x1101, 2, std::string(1 << 20, 'x'), 600000));
-    QVERIFY(m_loop->runUntil([&] { return m_channel->statistics().requests == 1; }));
-    m_loop->run();
+    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
     for (int i = 0; i < 60; ++i) {
         m_peer->takePart(1024);
         m_loop->advance(1s);
@@ -133,6 +132,26 @@ void tst_SlowDevice::requestThatIsTakenAtTheMinimumRateKeepsTheConnection()
     m_loop->advance(20s);
     QVERIFY(!m_channel->isHardwareReadFinished());
     QCOMPARE(int(caller.response()->status), 364);
+}
+
+void tst_SlowDevice::progressOfARequestCountsWhileAFrameTrickles()
+{
+    m_peer->accept();
+    Wire::WireHead head;
+    head.kind = 5;
+    m_peer->send(head, identity(1 << 20));
+    m_peer->setReading(false);
+    auto caller = call(request(0x1101, 2, std::string(1 << 20, 'x'), 600000));
+    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
+    const QByteArray frame = Wire::encodeLinkFrame(Wire::FrameKind::Pong);
+    for (int position = 0; position < 39;) {
+        m_peer->takePart(1024);
+        sendPart(frame, position, 1);
+        m_loop->advance(1s);
+    }
+    QVERIFY(m_channel->isHardwareReadFinished());
+    m_peer->fail(QStringLiteral("cable pulled"));
+    QCOMPARE(int(caller.response()->status), 259);
 }
 
 QTEST_APPLESS_MAIN(tst_SlowDevice)

@@ -10,7 +10,7 @@
 //   bare     = any other character, then all up to a blank or a symbol
 //
 // A number ends before the first character that cannot continue it, and what follows is the next
-// token: "1e+2" is the number "1e" and the bare word "+2". A point behind a point or behind an
+// token: "1e+2" is the number "1e" and the bare word "+2". A point after a point or after an
 // exponent is an error.
 
 #include "jsonreader.h"
@@ -89,7 +89,7 @@ void JsonReader::next()
     } while (skipComment());
 }
 
-// Of the token before only its kind can still matter: when next() leaves it current.
+// Only the kind of the previous token can still matter: next() may leave that token current.
 void JsonReader::nextAt(const char *place)
 {
     if (place != m_cursor) {
@@ -107,8 +107,8 @@ void JsonReader::fail(const char *words) const
                     + " msg:" + words);
 }
 
-// The first character is never arrived at, so a line feed there begins no line. The end of the
-// input counts as a character of its line.
+// The cursor never arrives at the first character, so a line feed there does not begin a line. The
+// end of the input counts as a character of its line.
 std::uint64_t JsonReader::line() const noexcept
 {
     if (m_cursor == input)
@@ -117,7 +117,7 @@ std::uint64_t JsonReader::line() const noexcept
     return static_cast<std::uint64_t>(std::count(input + 1, last, '\n'));
 }
 
-// Carriage returns have no column of their own, and a line feed stands at column 0 of its line.
+// A carriage return has no column, and a line feed has column 0 of the line that it begins.
 std::uint64_t JsonReader::column() const noexcept
 {
     std::uint64_t column = 0;
@@ -137,7 +137,7 @@ void JsonReader::skipBlanks() noexcept
         ++m_cursor;
 }
 
-// True behind a line comment, false when a block comment runs into the end of the input.
+// True after a line comment, false when a block comment runs to the end of the input.
 // Kept: a block comment that is closed is an error.
 bool JsonReader::skipComment()
 {
@@ -168,8 +168,7 @@ void JsonReader::readSymbol() noexcept
     token.length = 1;
 }
 
-// A backslash only protects the character behind it. What it means is judged when the value is
-// read.
+// A backslash only protects the next character. The escape is interpreted when the value is read.
 void JsonReader::scanQuotedString()
 {
     token.kind = JsonTokenKind::word;
@@ -213,8 +212,8 @@ void JsonReader::scanNumber(JsonTokenKind kind)
     token.length = static_cast<std::size_t>(m_cursor - token.text);
 }
 
-// Kept: the digits behind the point are summed one by one, with the rounding that gives: 0.29e2 is
-// 29 and a correctly rounded 0.29 times 100 is not.
+// Kept: the digits after the point are summed one by one, with the rounding that results: 0.29e2 is
+// 29, and a correctly rounded 0.29 times 100 is not.
 bool JsonReader::scanFraction()
 {
     if (current() != '.')
@@ -229,8 +228,8 @@ bool JsonReader::scanFraction()
     return true;
 }
 
-// False also where the number ends behind its "e".
-// Kept: a plus sign behind the "e" begins the next token.
+// False also if the number ends after its "e".
+// Kept: a plus sign after the "e" begins the next token.
 bool JsonReader::scanExponent()
 {
     if (current() != 'e' && current() != 'E')
@@ -261,7 +260,7 @@ void JsonReader::becomeFloat() noexcept
     decimal = 0.1;
 }
 
-// Stops where the value no longer changes, at 0 or infinity, so that a huge exponent costs nothing.
+// Stops when the value no longer changes, at 0 or infinity, so that a huge exponent takes no time.
 void JsonReader::scale(double factor) noexcept
 {
     for (; exponent > 0; --exponent) {

@@ -9,26 +9,26 @@
 
 namespace ajson {
 
-/// Cuts a text into tokens.
+/// Splits a text into tokens.
 ///
-/// The state is the cursor and the current token. Line and column are worked out when they are
-/// asked for, by going over the text once more, so that they cost nothing while all is well.
+/// The state is the cursor and the current token. Line and column are computed on demand, by
+/// reading the text again, so that they cost nothing while there is no error.
 class TAVOROPROTO_EXPORT JsonReader {
 public:
     /// A length by which only the terminating NUL ends the input.
     static constexpr std::size_t untilNul = std::numeric_limits<std::size_t>::max();
 
-    /// Stands before the first token of \a text, which must outlive the reader and end with a NUL.
-    /// A smaller \a length ends the input before that NUL; a null \a text is an empty one.
+    /// Places the cursor before the first token of \a text, which must outlive the reader and end
+    /// with a NUL. A smaller \a length ends the input before that NUL; a null \a text is empty.
     explicit JsonReader(const char *text, std::size_t length = untilNul) noexcept;
 
     /// Makes the next token current.
     ///
-    /// Kept: a block comment that runs into the end of the input leaves the previous token current.
+    /// Kept: a block comment that runs to the end of the input leaves the previous token current.
     void next();
 
-    /// Makes the token at \a place current. The token before it, whether or not it was read with
-    /// this reader, ends right there.
+    /// Makes the token at \a place current. The token before it ends exactly there; this reader
+    /// need not have read it.
     void nextAt(const char *place);
 
     /// Throws \a words with the line and the column of the cursor.
@@ -38,7 +38,7 @@ public:
     std::uint64_t line() const noexcept;
     std::uint64_t column() const noexcept;
 
-    /// Offset of the cursor, which stands behind the current token.
+    /// Offset of the cursor, which is after the current token.
     std::size_t position() const noexcept { return static_cast<std::size_t>(m_cursor - input); }
     std::size_t length() const noexcept { return static_cast<std::size_t>(m_end - input); }
     /// The cursor and the end of the input, as places in the text.
@@ -48,7 +48,7 @@ public:
 
     JsonToken token;
     const char *const input;
-    double decimal = 0.1; ///< Weight of the next digit behind the point.
+    double decimal = 0.1; ///< Weight of the next digit after the point.
     std::int32_t exponent = 0; ///< 0 between numbers.
 
 private:

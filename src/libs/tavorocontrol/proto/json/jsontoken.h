@@ -5,8 +5,9 @@
 
 namespace ajson {
 
+/// Kind of a token. The values are ordered: those below \c symbol hold a value.
 enum class JsonTokenKind : std::uint8_t {
-    word = 0, ///< A quoted string or a bare word; the readers treat the two alike.
+    word = 0, ///< A quoted string or a bare word; the readers treat both alike.
     negativeInteger = 1, ///< A number that begins with a minus sign, without point or exponent.
     unsignedInteger = 2, ///< A number that begins with a digit, without point or exponent.
     floatNumber = 3, ///< A number with a point or an exponent.
@@ -16,7 +17,7 @@ enum class JsonTokenKind : std::uint8_t {
 
 /// A view of one token in the caller's text.
 struct JsonToken {
-    const char *text = nullptr; ///< First character; of a quoted string, the one behind the quote.
+    const char *text = nullptr; ///< First character; of a quoted string, the one after the quote.
     std::size_t length = 0; ///< In bytes, escapes still in place, quotes not counted.
     JsonTokenKind kind = JsonTokenKind::word;
     bool negative = false; ///< The number began with a minus sign, which \c value does not hold.

@@ -6,12 +6,12 @@
 
 namespace ajson {
 
-/// The buffer that one encode writes into.
+/// The buffer of one encode.
 ///
-/// A write says how many bytes it may need, gets the place for them, and puts its bytes there
-/// without further checks. When they do not fit behind those already written, the buffer is
-/// replaced by one that holds both, rounded up to whole steps. A write that finds the buffer full
-/// asks for as much again as was written so far, so that a long text is not copied for each step.
+/// A write reserves the bytes that it may need and puts them without further checks. If they do not
+/// fit after the bytes already written, a larger buffer replaces this one, rounded up to whole
+/// steps. It holds at least twice the bytes written so far, so that a long text is not copied for
+/// each step.
 class TAVOROPROTO_EXPORT JsonWriter {
 public:
     static constexpr std::size_t step = 1024;
@@ -21,8 +21,8 @@ public:
     JsonWriter(const JsonWriter &) = delete;
     JsonWriter &operator=(const JsonWriter &) = delete;
 
-    /// Begins a write of up to \a size bytes behind those that end at \a written. Returns its
-    /// place, which is \a written unless the buffer was replaced.
+    /// Begins a write of up to \a size bytes after those that end at \a written. Returns the place
+    /// to write to: \a written, unless the buffer was replaced.
     char *begin(char *written, std::size_t size)
     {
         return size <= static_cast<std::size_t>(limit - written) ? written : grow(written, size);
@@ -31,7 +31,7 @@ public:
     std::size_t capacity() const noexcept { return static_cast<std::size_t>(limit - start); }
 
     char *start;
-    char *cursor; ///< Behind the last byte that is known to be written.
+    char *cursor; ///< After the last byte that is known to be written.
     char *limit;
 
 private:

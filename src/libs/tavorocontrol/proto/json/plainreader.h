@@ -1,7 +1,7 @@
 #pragma once
 
-// The fast road: values and keys in the form in which devices and this library write them, without
-// blanks, escapes, points or exponents. What has another form is left to the tokens.
+// The fast path: values and keys in the form in which devices and this library write them, without
+// blanks, escapes, points or exponents. Any other form is left to the tokeniser.
 
 #include <tavorocontrol/proto/json/recordfields.h>
 #include <tavorocontrol/proto/json/textscan.h>
@@ -13,6 +13,7 @@
 
 namespace ajson {
 
+/// The bytes at \a at as a word; they need not be aligned.
 template <class Word>
 Word loadWord(const char *at) noexcept
 {
@@ -21,8 +22,8 @@ Word loadWord(const char *at) noexcept
     return word;
 }
 
-/// Compares \a text, which has at least the size of a word, in words of which the last may overlap
-/// the one before.
+/// Compares \a text, which has at least the size of a word, word by word. The last word may overlap
+/// the previous one.
 template <class Word, std::size_t Size>
 bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
 {
@@ -33,7 +34,7 @@ bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
     return difference == 0;
 }
 
-/// Whether the key of the field stands at \a at.
+/// True if the text at \a at is the key of the field.
 template <class Record, std::size_t Field>
 bool startsWithKey(const char *at, const char *end) noexcept
 {
@@ -43,8 +44,10 @@ bool startsWithKey(const char *at, const char *end) noexcept
     return static_cast<std::size_t>(end - at) >= Key::size && equalWords<Word>(at, Key::text);
 }
 
-/// Each reads the value at \a at and returns the place behind it, or null without having touched
-/// \a value. They rely on the NUL behind the input.
+/// \name Plain values
+/// Each function reads the value at \a at and returns the place after it, or returns null and
+/// leaves \a value unchanged. They rely on the NUL that ends the input.
+/// @{
 
 template <class Integer>
 Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &value) noexcept
@@ -77,11 +80,13 @@ inline const char *readPlain(const char *at, const char *end, std::string &value
     if (*at != '"')
         return nullptr;
     const char *const begin = at + 1;
-    const char *const behind = findSpecial(begin, end);
-    if (behind == end || *behind != '"')
+    const char *const quote = findSpecial(begin, end);
+    if (quote == end || *quote != '"')
         return nullptr;
-    value.assign(begin, static_cast<std::size_t>(behind - begin));
-    return behind + 1;
+    value.assign(begin, static_cast<std::size_t>(quote - begin));
+    return quote + 1;
 }
+
+/// @}
 
 } // namespace ajson

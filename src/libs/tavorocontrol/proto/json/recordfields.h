@@ -1,6 +1,6 @@
 #pragma once
 
-// What is known of a record at compile time.
+// Properties of a record at compile time.
 
 #include <tavorocontrol/proto/json/fieldlist.h>
 
@@ -24,7 +24,7 @@ struct IsVector : std::false_type { };
 template <class Element>
 struct IsVector<std::vector<Element>> : std::true_type { };
 
-/// What a field can hold: text, whole numbers, records, and vectors of them.
+/// The types that a field can have: text, integers, records, and vectors of these.
 template <class Type>
 struct IsFieldType
     : std::bool_constant<
@@ -56,12 +56,12 @@ struct MemberTypesOf {
     }
 };
 
-/// The class that a member function belongs to, which for an inherited one is the base.
+/// The class of a member function; for an inherited function, the base.
 template <class Class, class Result, class Argument>
 Class classOf(Result (Class::*member)(Argument) const);
 
-/// Whether a record declares its keys itself. One that inherits the list would travel without its
-/// own members.
+/// Whether a record declares its keys itself. A record that inherits the list would be written
+/// without its own members.
 template <class Record>
 struct HasOwnFields
     : std::is_same<Record,

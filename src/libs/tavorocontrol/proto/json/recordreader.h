@@ -1,7 +1,7 @@
 #pragma once
 
-// Reads records and vectors: straight from the text while it has the expected form, and through the
-// reader's tokens wherever it has not. Either can go on at any place where the other stopped.
+// Reads records and vectors: directly from the text while it has the expected form, and through the
+// tokeniser otherwise. Either path can continue at any place where the other stopped.
 
 #include <tavorocontrol/proto/json/plainreader.h>
 #include <tavorocontrol/proto/json/valuereader.h>
@@ -29,8 +29,7 @@ void assignToken(JsonReader &reader, Value &value)
         value = static_cast<Value>(signedValue(reader));
 }
 
-/// The exact road of a value that is a single token. Out of the way, so that the fast one stays
-/// small.
+/// Reads a value that is a single token. Not inlined, so that the fast path stays small.
 template <class Value>
 Q_NEVER_INLINE Place readToken(JsonReader &reader, Place at, Value &value)
 {
@@ -42,19 +41,19 @@ Q_NEVER_INLINE Place readToken(JsonReader &reader, Place at, Value &value)
 template <class Value>
 Q_ALWAYS_INLINE Place readScalar(JsonReader &reader, Place at, Value &value)
 {
-    const Place behind = at ? readPlain(at, reader.end(), value) : nullptr;
-    return behind ? behind : readToken(reader, at, value);
+    const Place after = at ? readPlain(at, reader.end(), value) : nullptr;
+    return after ? after : readToken(reader, at, value);
 }
 
 /// How far the fields of a record have been read.
 struct Progress {
-    Place at; ///< Where the next key is due; behind the record when there is none.
+    Place at; ///< Where the next key is expected; after the record if there is none.
     std::size_t expected; ///< The field whose key should come next.
     bool more; ///< Another key follows.
 };
 
-/// Goes past the comma behind a field, or past the brace behind the last one.
-Q_ALWAYS_INLINE void goOn(JsonReader &reader, Progress &progress)
+/// Takes the comma after a field, or the brace after the last field.
+Q_ALWAYS_INLINE void takeSeparator(JsonReader &reader, Progress &progress)
 {
     if (progress.at && (*progress.at == ',' || *progress.at == '}')) {
         progress.more = *progress.at++ == ',';
@@ -64,7 +63,7 @@ Q_ALWAYS_INLINE void goOn(JsonReader &reader, Progress &progress)
     }
 }
 
-/// Reads the field if its key comes next. True when there is another one behind it.
+/// Reads the field if its key comes next. True if another field follows it.
 template <class Record, std::size_t Field, class Member>
 Q_ALWAYS_INLINE bool readExpectedField(JsonReader &reader, Progress &progress, Member &member)
 {
@@ -76,7 +75,7 @@ Q_ALWAYS_INLINE bool readExpectedField(JsonReader &reader, Progress &progress, M
     else
         progress.at = readValue(reader, at, member);
     progress.expected = Field + 1;
-    goOn(reader, progress);
+    takeSeparator(reader, progress);
     return progress.more;
 }
 
@@ -111,7 +110,7 @@ std::size_t findField(std::string_view key, std::index_sequence<Field...>)
     return field;
 }
 
-/// Reads a field with any key, by its tokens. \a begin is where the first key was due.
+/// Reads a field with any key, by its tokens. \a begin is the place of the first key.
 template <class Record>
 Q_NEVER_INLINE Progress readOtherField(JsonReader &reader, Progress progress, Place begin,
                                        Record &record)
@@ -130,7 +129,7 @@ Q_NEVER_INLINE Progress readOtherField(JsonReader &reader, Progress progress, Pl
         progress.at = readField(reader, record, field, Indices());
         progress.expected = field + 1;
     }
-    goOn(reader, progress);
+    takeSeparator(reader, progress);
     return progress;
 }
 
@@ -153,8 +152,8 @@ Place readObject(JsonReader &reader, Place at, Record &record)
     }
 }
 
-/// Whether an element that begins with \a c can be appended before its first token is fetched: that
-/// of a record or a vector is a symbol, and no error.
+/// True if an element that begins with \a c can be appended before its first token is fetched: the
+/// first token of a record or a vector is a symbol and cannot fail.
 template <class Element>
 bool beginsElement(char c)
 {

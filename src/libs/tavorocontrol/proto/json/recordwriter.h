@@ -7,8 +7,8 @@
 
 namespace ajson {
 
-/// The size of the longest text of a value, 0 where there is no such bound: where strings and
-/// vectors are.
+/// The size of the longest text of a value; 0 if there is no such bound, as for strings and
+/// vectors.
 template <class Value>
 constexpr std::size_t maxTextSize();
 
@@ -32,7 +32,7 @@ constexpr std::size_t maxTextSize()
         return 0;
 }
 
-/// Puts what stands before the value of a field.
+/// Puts the text before the value of a field: brace or comma, key and colon.
 template <class Record, std::size_t Field>
 char *putKey(char *at) noexcept
 {
@@ -42,7 +42,7 @@ char *putKey(char *at) noexcept
     return at + 1 + Key::size;
 }
 
-/// Puts a value of bounded size. There must be room for it.
+/// Puts a value of bounded size. The caller has reserved space for it.
 template <class Value>
 char *putValue(char *at, const Value &value) noexcept;
 

@@ -1,11 +1,11 @@
-// Goes past the value of a key that the record does not have.
+// Skips the value of a key that the record does not have.
 //
 //   value  = word | number | array | object | nothing
 //   array  = "[" { value [ "," ] } "]"
 //   object = "{" { ( word | number ) ":" value [ "," ] } "}"
 //
-// Nothing stands before a symbol that begins no value, and before the end of the input. An array
-// that holds such a thing, other than a comma, could neither go on nor end: that is an error.
+// "nothing" precedes the end of the input, and a symbol that does not begin a value. An array that
+// contains such a symbol, other than a comma, could neither continue nor end: that is an error.
 
 #include "valuereader.h"
 
@@ -17,8 +17,7 @@ namespace {
 
 constexpr char badDocument[] = "invalid json document!";
 
-// Which of the open containers are objects, one bit each, so that depth costs next to nothing and
-// the usual few levels take no memory of their own.
+// Which of the open containers are objects, one bit each: the first 64 levels allocate no memory.
 class Nesting {
 public:
     bool isEmpty() const { return m_depth == 0; }
@@ -65,7 +64,7 @@ void skipComma(JsonReader &reader, const Nesting &nesting)
         reader.next();
 }
 
-// The values that hold no others, among them the one that is missing.
+// Skips a value that contains no others, or a missing value.
 void skipScalar(JsonReader &reader, const Nesting &nesting)
 {
     if (reader.token.kind < JsonTokenKind::symbol)

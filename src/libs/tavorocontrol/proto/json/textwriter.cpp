@@ -4,8 +4,8 @@
 //   short escape      \b \t \n \f \r \" \\                    for 8, 9, 10, 12, 13, 34, 92
 //   long escape       \u and four upper-case digits           for every other
 //
-// Kept: a code point above U+FFFF becomes two long escapes, of its bits 31 to 16 and 15 to 0, which
-// is no surrogate pair. The content ends silently at a NUL and at malformed UTF-8.
+// Kept: a code point above U+FFFF becomes two long escapes, of its bits 31 to 16 and 15 to 0, not
+// a surrogate pair. The content ends at a NUL and at malformed UTF-8, without an error.
 
 #include "textwriter.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t maxEscapeSize = 12;
 
-// NUL where there is no short escape.
+// NUL if there is no short escape.
 constexpr char shortEscape(std::uint32_t codePoint)
 {
     switch (codePoint) {

@@ -1,6 +1,7 @@
 #pragma once
 
-// Puts numbers and strings into a buffer of JSON text. Each returns the place behind what it put.
+// Puts numbers and strings into a buffer of JSON text. Each function returns the place after its
+// text.
 
 #include <tavorocontrol/proto/json/textscan.h>
 
@@ -67,8 +68,8 @@ char *putInteger(char *at, Integer number) noexcept
     return putDigits(at, bits);
 }
 
-/// Puts the content of a string, up to its end or to the character that \a from is then left at,
-/// which cannot be put as it is.
+/// Puts the content of a string up to its end, or up to the first character that needs an escape.
+/// \a from is then at that character.
 inline char *putPlain(char *at, const char *&from, const char *end) noexcept
 {
     for (; end - from >= 8; at += 8, from += 8) {
@@ -83,8 +84,8 @@ inline char *putPlain(char *at, const char *&from, const char *end) noexcept
     return at;
 }
 
-/// Puts the rest of a string, which begins with a character that cannot be put as it is. Leaves
-/// room for the quote.
+/// Puts the rest of a string, which begins with a character that needs an escape. Reserves space
+/// for the closing quote.
 TAVOROPROTO_EXPORT char *writeEscaped(JsonWriter &writer, char *at, const char *from,
                                       const char *end);
 

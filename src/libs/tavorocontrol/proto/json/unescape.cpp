@@ -3,8 +3,8 @@
 //   content = { any but "\" | "\" escape }
 //   escape  = '"' | "/" | "\" | "b" | "f" | "n" | "r" | "t" | "u" hex hex hex hex
 //
-// Kept: halves of surrogate pairs are not combined, each becomes a three-byte sequence of its own,
-// and \u0000 is an error.
+// Kept: the halves of a surrogate pair are not combined; each becomes a three-byte sequence. \u0000
+// is an error.
 
 #include "valuereader.h"
 
@@ -16,7 +16,7 @@ namespace ajson {
 
 namespace {
 
-// 0, which is no legal escape, where there are fewer than four digits.
+// 0, which is not a legal escape, if there are fewer than four digits.
 unsigned hexQuad(const char *at, const char *end)
 {
     if (end - at < 4)
@@ -45,7 +45,7 @@ void appendUtf8(std::string &text, unsigned unit)
     }
 }
 
-// NUL where there is no such escape.
+// NUL if there is no such escape.
 constexpr char unescaped(char letter)
 {
     switch (letter) {
@@ -68,7 +68,7 @@ constexpr char unescaped(char letter)
     }
 }
 
-// Reads the escape whose backslash stands before at. Null where it is none.
+// Reads the escape whose backslash precedes at. Null if it is not an escape.
 const char *appendEscape(const char *at, const char *end, std::string &text)
 {
     if (at == end)

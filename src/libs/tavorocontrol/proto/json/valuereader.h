@@ -1,6 +1,6 @@
 #pragma once
 
-// The exact road: records and values by their tokens.
+// The exact path: records and values by their tokens.
 
 #include <tavorocontrol/proto/export.h>
 #include <tavorocontrol/proto/json/jsonreader.h>
@@ -11,43 +11,43 @@
 
 namespace ajson {
 
-/// Where reading goes on. Not null: the next token is due and begins, blanks aside, at this place.
-/// Null: it has been fetched already and is the reader's current one.
+/// Where reading continues. Not null: the next token is expected at this place, after any blanks.
+/// Null: the next token has been fetched already and is the reader's current one.
 using Place = const char *;
 
-/// Makes the token at \a at current unless that is so.
+/// Makes the token at \a at current; does nothing if \a at is null.
 inline void fetch(JsonReader &reader, Place at)
 {
     if (at)
         reader.nextAt(at);
 }
 
-/// \name What the current token is worth
+/// \name Value of the current token
 /// The cursor does not move.
 /// @{
 
-/// Of both integers the low bits belong to the field, without a check of the range.
+/// A field takes the low bits of either integer, without a range check.
 TAVOROPROTO_EXPORT std::uint64_t unsignedValue(const JsonReader &reader);
 TAVOROPROTO_EXPORT std::uint64_t signedValue(const JsonReader &reader);
 TAVOROPROTO_EXPORT bool boolValue(const JsonReader &reader);
 
-/// On a bad escape \a value holds what stands before it.
+/// After a bad escape, \a value holds the text before it.
 TAVOROPROTO_EXPORT void stringValue(const JsonReader &reader, std::string &value);
 
 /// @}
 
-/// Fetches what is due and throws \a words unless it is that symbol.
+/// Fetches the next token and throws \a words unless it is \a symbol.
 TAVOROPROTO_EXPORT void requireSymbol(JsonReader &reader, Place at, char symbol, const char *words);
 
-/// Takes the current token as a key, makes the colon behind it current, and returns the key.
+/// Takes the current token as a key, makes the colon after it current, and returns the key.
 TAVOROPROTO_EXPORT std::string_view takeKey(JsonReader &reader);
 
-/// Fetches what is due and tells whether it is the comma behind a field or an element, and not what
-/// closes the record or the vector.
+/// Fetches the next token. True if it is the comma after a field or an element, false if it closes
+/// the record or the vector; throws for any other token.
 TAVOROPROTO_EXPORT bool takeFieldSeparator(JsonReader &reader, Place at);
 TAVOROPROTO_EXPORT bool takeElementSeparator(JsonReader &reader, Place at);
 
-/// Goes past the current value, whatever it holds.
+/// Skips the current value with everything inside it.
 TAVOROPROTO_EXPORT void skipValue(JsonReader &reader);
 
 } // namespace ajson

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "keyedlist_p.h"
+#include "objectid_p.h"
+
+#include <tavorocontrol/proto/auxiliary.h>
+#include <tavorocontrol/proto/device.h>
+#include <tavorocontrol/proto/screen.h>
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tavoro::BizModel {
+
+using Subcards = KeyedList<int, ProtoModel::Device::s_subcardBody>;
+using Powers = KeyedList<int, ProtoModel::Device::s_PowerBody>;
+using Groups = KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody>;
+using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
+
+/// The records of the device as a whole: what was read of it, and what it has reported since. All
+/// members may be called from any thread.
+class DeviceRecords {
+public:
+    /// Replaces what a read of the device gives. The lists are taken from the arguments, not from
+    /// \a detail.
+    void replace(ProtoModel::Device::s_DeviceDetail detail, Subcards subcards, Powers powers,
+                 Groups groups);
+    /// With all lists.
+    ProtoModel::Device::s_DeviceDetail detail() const;
+
+    void setProcess(const ProtoModel::Auxiliary::s_DeviceProcess &process);
+    void setGenlockSignal(const ProtoModel::Device::s_GenlockSignalBody &signal);
+    void setRelations(const std::vector<ProtoModel::Device::s_Relation> &relations);
+    /// Replaces the group of the same ID, or adds it.
+    void setGroup(const ProtoModel::Device::s_DeviceGroupInfoBody &group);
+    /// Replaces the cards in the same slots, or adds them.
+    void setSubcards(const std::vector<ProtoModel::Device::s_subcardBody> &subcards);
+    /// Replaces all power supplies.
+    void setPowers(const std::vector<ProtoModel::Device::s_PowerBody> &powers);
+    /// Replaces the genlocks of all screens. Returns those from before.
+    ScreenGenlocks setScreenGenlocks(ScreenGenlocks genlocks);
+
+    ProtoModel::Auxiliary::s_DeviceProcess process() const;
+    std::vector<ProtoModel::Screen::s_ScreenGenlockBody> screenGenlocks() const;
+    std::optional<ProtoModel::Screen::s_ScreenGenlockBody>
+    findScreenGenlock(const ObjectId &screen) const;
+    std::optional<ProtoModel::Device::s_subcardBody> findSubcard(int slotId) const;
+    std::optional<ProtoModel::Device::s_PowerBody> findPower(int powerId) const;
+    std::optional<ProtoModel::Device::s_DeviceGroupInfoBody>
+    findGroup(const std::string &groupId) const;
+
+private:
+    mutable std::mutex m_mutex;
+    ProtoModel::Device::s_DeviceDetail m_detail; // guarded by m_mutex, as all below; without lists
+    Subcards m_subcards;
+    Powers m_powers;
+    Groups m_groups;
+    ScreenGenlocks m_screenGenlocks;
+    ProtoModel::Auxiliary::s_DeviceProcess m_process;
+};
+
+} // namespace Tavoro::BizModel

@@ -1,0 +1,101 @@
+#include "listeddevices_p.h"
+
+#include "device_p.h"
+#include "deviceidentity_p.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+namespace Tavoro::BizModel {
+
+namespace {
+
+/// True for devices that are the same as \a device.
+auto sameAs(const Device &device)
+{
+    return [identity = DeviceIdentity::of(device)](const ListedDevices::DevicePtr &other) {
+        return DeviceIdentity::of(*other) == identity;
+    };
+}
+
+} // namespace
+
+ListedDevices::DevicePtr ListedDevices::find(const Lookup &lookup)
+{
+    const std::lock_guard lock(m_mutex);
+    if (const quint64 now = DevicePrivate::identityChanges; now != m_indexed) {
+        m_indexed = now;
+        m_index.clear();
+        for (const DevicePtr &device : m_devices)
+            addToIndex(device);
+    }
+    const auto place = m_index.find(lookup);
+    return place == m_index.end() ? nullptr : place->second;
+}
+
+ListedDevices::Appended ListedDevices::append(const DevicePtr &device)
+{
+    const std::lock_guard lock(m_mutex);
+    if (std::find(m_devices.begin(), m_devices.end(), device) != m_devices.end())
+        return {};
+    Appended result{true, {}};
+    const auto isSame = sameAs(*device);
+    const auto place = std::find_if(m_devices.begin(), m_devices.end(), isSame);
+    const auto index = std::distance(m_devices.begin(), place);
+    const auto end = std::stable_partition(place, m_devices.end(), std::not_fn(isSame));
+    result.former.assign(end, m_devices.end());
+    m_devices.erase(end, m_devices.end());
+    m_devices.insert(m_devices.begin() + index, device);
+    for (const DevicePtr &former : result.former)
+        DevicePrivate::of(*device).adopt(DevicePrivate::of(*former));
+    if (result.former.empty())
+        addToIndex(device);
+    else
+        forgetIndex();
+    return result;
+}
+
+bool ListedDevices::appendRestored(const DevicePtr &device)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto listed = std::find_if(m_devices.begin(), m_devices.end(), sameAs(*device));
+    if (listed != m_devices.end()) {
+        DevicePrivate::of(**listed).adopt(DevicePrivate::of(*device));
+        return false;
+    }
+    m_devices.push_back(device);
+    addToIndex(device);
+    return true;
+}
+
+bool ListedDevices::remove(const DevicePtr &device)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto place = std::find(m_devices.begin(), m_devices.end(), device);
+    if (place == m_devices.end())
+        return false;
+    m_devices.erase(place);
+    forgetIndex();
+    return true;
+}
+
+std::vector<ListedDevices::DevicePtr> ListedDevices::all() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_devices;
+}
+
+/// Has the next lookup make the index again.
+void ListedDevices::forgetIndex()
+{
+    m_index.clear();
+    m_indexed = outOfDate;
+}
+
+void ListedDevices::addToIndex(const DevicePtr &device)
+{
+    m_index.emplace(Lookup{device->IPAddress(), device->MAC(), device->sn()}, device);
+}
+
+} // namespace Tavoro::BizModel

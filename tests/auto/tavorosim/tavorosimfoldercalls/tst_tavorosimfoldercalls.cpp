@@ -1,0 +1,195 @@
+// What the operating system can do to a change in the folder: end the process at any system call
+// that changes a file, or find no space there. strace does both, call by call.
+
+#include <tavorosim/state/filestore.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Tavoro::ProtoModel::File::s_FileDetail;
+using Tavoro::Sim::FileChanges;
+using Tavoro::Sim::FileStore;
+
+namespace {
+
+bool place(FileStore &store, FileChanges &changes, qint32 id, std::string_view content)
+{
+    s_FileDetail detail;
+    detail.fileType = 2;
+    detail.fileId = id;
+    return store.place(changes, detail, content);
+}
+
+/// Stores the files 1 and 2.
+bool makeOld(const QString &folder)
+{
+    FileStore store;
+    QString error;
+    if (!store.open(folder, error))
+        return false;
+    FileChanges changes = store.change();
+    return place(store, changes, 1, "old") && place(store, changes, 2, "gone")
+        && store.commit(changes, QByteArray("old setup"));
+}
+
+/// What a child process does: replaces file 1, removes file 2, adds file 3, saves another setup.
+int changeAsChild(const QString &folder)
+{
+    FileStore store;
+    QString error;
+    if (!store.open(folder, error))
+        return 2;
+    FileChanges changes = store.change();
+    changes.remove({2, 2});
+    const bool done = place(store, changes, 1, "replaced") && place(store, changes, 3, "added")
+        && store.commit(changes, QByteArray("new setup"));
+    return done ? 0 : 1;
+}
+
+/// The files in \a folder with their contents, and the setup.
+QString stateOf(const QString &folder)
+{
+    FileStore store;
+    QString error;
+    std::optional<QByteArray> setup;
+    if (!store.open(folder, error) || !store.readSetup(setup, error))
+        return error;
+    QString state;
+    for (const auto &[key, file] : store.index())
+        state += QStringLiteral("%1=%2 ")
+                     .arg(key.second)
+                     .arg(QString::fromUtf8(store.content(file)->readAll()));
+    return state + QString::fromUtf8(setup.value_or(QByteArray()));
+}
+
+const QString oldState = QStringLiteral("1=old 2=gone old setup");
+const QString newState = QStringLiteral("1=replaced 3=added new setup");
+const QString changingCalls =
+    QStringLiteral("pwrite64,write,fsync,fdatasync,ftruncate,unlink,rename,renameat2,link,linkat");
+
+} // namespace
+
+class tst_TavoroSimFolderCalls : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand_data() { addCalls(); }
+    void deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand();
+    void deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut_data() { addCalls(); }
+    void deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut();
+
+private:
+    struct Outcome {
+        bool isKilled;
+        int exitCode;
+        QString state;
+    };
+
+    void addCalls() const;
+    /// Changes a copy of the old folder with \a options of strace.
+    Outcome changed(const QStringList &options) const;
+
+    const QTemporaryDir m_old;
+    QMap<QByteArray, int> m_calls; ///< How often an undisturbed change makes each system call.
+};
+
+void tst_TavoroSimFolderCalls::initTestCase()
+{
+    QVERIFY(makeOld(m_old.path()));
+    QCOMPARE(stateOf(m_old.path()), oldState);
+    QTemporaryDir logs;
+    const QString log = logs.filePath(QStringLiteral("calls"));
+    const Outcome outcome = changed({QStringLiteral("-o"), log});
+    QCOMPARE(outcome.exitCode, 0);
+    QCOMPARE(outcome.state, newState);
+
+    QFile calls(log);
+    QVERIFY(calls.open(QIODevice::ReadOnly));
+    const QRegularExpression call(QStringLiteral("^\\d+ +(\\w+)\\("));
+    while (!calls.atEnd()) {
+        const auto match = call.match(QString::fromUtf8(calls.readLine()));
+        if (match.hasMatch())
+            ++m_calls[match.captured(1).toUtf8()];
+    }
+    QVERIFY(m_calls.value("pwrite64") > 3);
+    QVERIFY(m_calls.value("fdatasync") + m_calls.value("fsync") > 3);
+}
+
+void tst_TavoroSimFolderCalls::addCalls() const
+{
+    QTest::addColumn<int>("count");
+    for (auto call = m_calls.begin(); call != m_calls.end(); ++call)
+        QTest::newRow(call.key().constData()) << call.value();
+}
+
+void tst_TavoroSimFolderCalls::deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand()
+{
+    QFETCH(int, count);
+    const QString call = QString::fromUtf8(QTest::currentDataTag());
+    bool isDone = false; // a command that was complete at one call is complete at each later one
+    for (int number = 1; number <= count; ++number) {
+        const Outcome outcome = changed({QStringLiteral("-e"),
+                                         QStringLiteral("inject=%1:signal=SIGKILL:when=%2")
+                                             .arg(call, QString::number(number))});
+        QVERIFY(outcome.isKilled);
+        isDone = isDone || outcome.state == newState;
+        QCOMPARE(outcome.state, isDone ? newState : oldState);
+    }
+}
+
+void tst_TavoroSimFolderCalls::deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut()
+{
+    QFETCH(int, count);
+    const QString call = QString::fromUtf8(QTest::currentDataTag());
+    const bool isSync = call.contains(QLatin1String("sync"));
+    for (int number = 1; number <= count; ++number) {
+        const Outcome outcome = changed(
+            {QStringLiteral("-e"),
+             QStringLiteral("inject=%1:error=ENOSPC:when=%2").arg(call, QString::number(number))});
+        QVERIFY(!outcome.isKilled);
+        // After a failed sync the change may be on the disk or not.
+        if (outcome.exitCode == 0 || (isSync && outcome.state != oldState))
+            QCOMPARE(outcome.state, newState);
+        else
+            QCOMPARE(outcome.state, oldState);
+    }
+}
+
+tst_TavoroSimFolderCalls::Outcome
+tst_TavoroSimFolderCalls::changed(const QStringList &options) const
+{
+    const QTemporaryDir folder;
+    for (const QString &name : QDir(m_old.path()).entryList(QDir::Files)) {
+        if (!QFile::copy(m_old.filePath(name), folder.filePath(name)))
+            return {};
+    }
+    QStringList arguments{QStringLiteral("-f"), QStringLiteral("-qq"),
+                          QStringLiteral("-o"), QStringLiteral("/dev/null"),
+                          QStringLiteral("-e"), QStringLiteral("trace=") + changingCalls};
+    arguments << options << QCoreApplication::applicationFilePath() << QStringLiteral("--change")
+              << folder.path();
+    QProcess child;
+    child.start(QStringLiteral("strace"), arguments);
+    if (!child.waitForFinished())
+        return {};
+    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), stateOf(folder.path())};
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() == 3 && arguments[1] == QLatin1String("--change"))
+        return changeAsChild(arguments[2]);
+    tst_TavoroSimFolderCalls test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_tavorosimfoldercalls.moc"
