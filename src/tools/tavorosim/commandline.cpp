@@ -80,25 +80,25 @@ bool addFault(SimOptions &options, const QString &value, QString &reason)
 
 // clang-format off
 constexpr OptionRow optionRows[] = {
-//   option               value      help                                                              setter
-    {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                 setAddress},
-    {"port",              "PORT",    "Listen on PORT (6630); 0: any free port.",                     setNumber<&SimOptions::port, 0, 65535>},
-    {"control-port",      "PORT",    "Console port, for this machine only; 0: any free port.",      setNumber<&SimOptions::controlPort, 0, 65535>},
+//   option               value      help                                                             setter
+    {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                setAddress},
+    {"port",              "PORT",    "Listen on PORT (6630); 0: any free port.",                      setNumber<&SimOptions::port, 0, 65535>},
+    {"control-port",      "PORT",    "Console port, for this machine only; 0: any free port.",        setNumber<&SimOptions::controlPort, 0, 65535>},
     {"discovery",         "PORT",    "Answer discovery requests on this UDP port; 0: any free port.", setNumber<&SimOptions::discoveryPort, 0, 65535>},
-    {"name",              "NAME",    "Device name.",                                                setName},
-    {"sn",                "DIGITS",  "Serial number, 16 hexadecimal digits.",                setDigits<&SimOptions::sn>},
-    {"mac",               "DIGITS",  "MAC address, 12 hexadecimal digits.",                          setDigits<&SimOptions::mac>},
-    {"model",             "NUMBER",  "Model ID (0x7701).",                                     setNumber<&SimOptions::modelId, 0, 65535>},
-    {"packet-size",       "BYTES",   "Longest body of a packet in either direction (65536).",                   setNumber<&SimOptions::packetSize, 1, 64 << 20>},
-    {"latency",           "MS",      "Delay each answer by MS milliseconds (0).",                 setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
-    {"clock-speed",       "PERCENT", "Speed of the device's clock (100); 0: only \"pass\" moves it.",      setNumber<&SimOptions::clockSpeed, 0, 100000>},
-    {"files",             "DIR",     "Keep files and the saved setup in the folder DIR.",           setFilesFolder},
-    {"fault",             "RULE",    "Inject a fault (see below); may be given several times.",        addFault},
-    {"seed",              "NUMBER",  "Seed for random faults (1).",                          setNumber<&SimOptions::seed, 0, 4294967295>},
-    {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                               setNumber<&SimOptions::inputs, 1, 4096>},
-    {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                               setNumber<&SimOptions::outputs, 1, 4096>},
-    {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                            setNumber<&SimOptions::screens, 0, 255>},
-    {"layers-per-screen", "COUNT",   "Layers in each of the two scenes of a screen (4), 0 to 256.",    setNumber<&SimOptions::layersPerScreen, 0, 256>},
+    {"name",              "NAME",    "Device name.",                                                  setName},
+    {"sn",                "DIGITS",  "Serial number, 16 hexadecimal digits.",                         setDigits<&SimOptions::sn>},
+    {"mac",               "DIGITS",  "MAC address, 12 hexadecimal digits.",                           setDigits<&SimOptions::mac>},
+    {"model",             "NUMBER",  "Model ID (0x7701).",                                            setNumber<&SimOptions::modelId, 0, 65535>},
+    {"packet-size",       "BYTES",   "Longest body of a packet in either direction (65536).",         setNumber<&SimOptions::packetSize, 1, 64 << 20>},
+    {"latency",           "MS",      "Delay each answer by MS milliseconds (0).",                     setNumber<&SimOptions::latencyMilliseconds, 0, 600000>},
+    {"clock-speed",       "PERCENT", "Clock speed of the device (100); 0: moved by \"pass\".",        setNumber<&SimOptions::clockSpeed, 0, 100000>},
+    {"files",             "DIR",     "Keep files and the saved setup in the folder DIR.",             setFilesFolder},
+    {"fault",             "RULE",    "Inject a fault (see below); may be given several times.",       addFault},
+    {"seed",              "NUMBER",  "Seed for random faults (1).",                                   setNumber<&SimOptions::seed, 0, 4294967295>},
+    {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                              setNumber<&SimOptions::inputs, 1, 4096>},
+    {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                             setNumber<&SimOptions::outputs, 1, 4096>},
+    {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                           setNumber<&SimOptions::screens, 0, 255>},
+    {"layers-per-screen", "COUNT",   "Layers in each of the two scenes of a screen (4), 0 to 256.",   setNumber<&SimOptions::layersPerScreen, 0, 256>},
 };
 // clang-format on
 

@@ -24,7 +24,7 @@ std::optional<quint16> findCode(const QString &text)
 {
     if (text == identityName)
         return identityCode;
-    bool isName = false; // keyToValue() would accept "Command::DeviceSwap" too
+    bool isName = false;
     const int named = commands().keyToValue(text.toUtf8().constData(), &isName);
     if (isName && !text.contains(QLatin1Char(':')))
         return static_cast<quint16>(named);

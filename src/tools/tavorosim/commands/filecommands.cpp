@@ -3,6 +3,7 @@
 #include "handlers_p.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace Tavoro::Sim {
 
@@ -68,6 +69,13 @@ Upload *findUpload(SimState &state, const Request &request)
     return isNext ? upload : nullptr;
 }
 
+qint64 bytesIn(const Uploads &uploads)
+{
+    return std::accumulate(
+        uploads.begin(), uploads.end(), qint64{0},
+        [](qint64 sum, const auto &upload) { return sum + upload.second.content.length(); });
+}
+
 /// Stores a complete content.
 DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingContent content)
 {
@@ -97,7 +105,8 @@ DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
     const auto length = static_cast<qint64>(request.body.size());
     if (upload.content.length() + length > limit)
         return announced.size.length != 0 ? DeviceStatus::WrongContent : DeviceStatus::BodyTooLong;
-    if (!upload.content.append(request.body))
+    if (bytesIn(*request.uploads) + length > state.files.mostUnfinished()
+        || !upload.content.append(request.body))
         return DeviceStatus::StorageFailed;
     if (++upload.next < upload.totalCount)
         return DeviceStatus::Success;

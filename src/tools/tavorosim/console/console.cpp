@@ -214,20 +214,22 @@ QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
     return input ? handle(state, *input, numbers, reports) : noSuchObject;
 }
 
+constexpr auto anyNumber = isAnything<qint32>;
+
 // clang-format off
 constexpr ConsoleCommand commands[] = {
-//   command     arguments                                effect                                         valid, range                           handler
-    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 isAnything<qint32>, "",                numeric<onInput<pullCable>>},
-    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,             "0 or 1",          numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "sets the color depth of an input's source",   isCode,             "0 to 65535",      numeric<onInput<setDepth>>},
-    {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,             "0 or 1",          numeric<setGenlock>},
-    {"group",    "ID NAME",                               "names a group, and adds it if it is new",     isAnything<qint32>, "",                setGroup},
-    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration,         "0 to 2147483647", numeric<passTime>},
-    {"power",    "ID STATUS",                             "makes a power supply work (1) or fail (0)",   isFlag,             "0 or 1",          numeric<setPower>},
-    {"relation", "INTERFACE",                             "switches a pair of interfaces to this one",   isAnything<qint32>, "",                numeric<setRelation>},
-    {"spoil",    "PERCENT",                               "makes the upgrade fail at this progress",     isPercent,          "0 to 100",        numeric<failUpgrade>},
-    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,             "0 or 1",          numeric<switchPower>},
-    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "sets the timing of an input's source",        isAnything<qint32>, "",                numeric<onInput<setTiming>>},
+//   command     arguments                                effect                                         valid       range         handler
+    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 anyNumber,  "",           numeric<onInput<pullCable>>},
+    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,     "0 or 1",     numeric<setCard>},
+    {"depth",    "SLOT CONNECTOR BITS",                   "sets the color depth of an input's source",   isCode,     "0 to 65535", numeric<onInput<setDepth>>},
+    {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,     "0 or 1",     numeric<setGenlock>},
+    {"group",    "ID NAME",                               "names a group, and adds it if it is new",     anyNumber,  "",           setGroup},
+    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration, "0 or more",  numeric<passTime>},
+    {"power",    "ID STATUS",                             "makes a power supply work (1) or fail (0)",   isFlag,     "0 or 1",     numeric<setPower>},
+    {"relation", "INTERFACE",                             "switches a pair of interfaces to this one",   anyNumber,  "",           numeric<setRelation>},
+    {"spoil",    "PERCENT",                               "makes the upgrade fail at this progress",     isPercent,  "0 to 100",   numeric<failUpgrade>},
+    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,     "0 or 1",     numeric<switchPower>},
+    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "sets the timing of an input's source",        anyNumber,  "",           numeric<onInput<setTiming>>},
 };
 // clang-format on
 

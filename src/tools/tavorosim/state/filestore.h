@@ -55,6 +55,10 @@ public:
     /// can express.
     qint64 longestContent() const { return m_longestContent; }
     void setLongestContent(qint64 bytes) { m_longestContent = bytes; }
+    /// Bytes that the unfinished contents of one connection may have together: 1 GiB in memory, no
+    /// limit in a folder.
+    qint64 mostUnfinished() const { return m_folder.isEmpty() ? m_mostUnfinished : noLimit; }
+    void setMostUnfinished(qint64 bytes) { m_mostUnfinished = bytes; }
 
     const FileIndex &index() const { return m_index; }
     /// Changes of the files as they are now, to be committed before any others.
@@ -86,6 +90,8 @@ private:
     void removeUnnamed() const;
     QString pathOf(const QString &name) const;
 
+    static constexpr qint64 noLimit = std::numeric_limits<qint64>::max();
+    qint64 m_mostUnfinished = qint64{1} << 30;
     qint64 m_longestContent = std::numeric_limits<qint32>::max();
     QString m_folder; ///< Empty: in memory.
     FileIndex m_index;

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void announcedLengthThatCannotBeGivenBackIsRefused();
     void contentThatCannotBeGivenBackIsRefused();
     void fileThatCannotBeGivenBackIsNotCreated();
+    void unfinishedContentsOfAConnectionAreLimited();
 };
 
 void tst_TavoroSimFiles::anImportedFileIsListedAndReadBack()
@@ -416,6 +417,33 @@ void tst_TavoroSimFiles::fileThatCannotBeGivenBackIsNotCreated()
     QVERIFY(state.files.index().empty());
     state.files.setLongestContent(128);
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
+}
+
+void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
+{
+    SimState state;
+    state.files.setMostUnfinished(10);
+    Uploads uploads;
+    Reports reports;
+    Request request = writeOf(Command::FileImport);
+    request.uploads = &uploads;
+    for (const int id : {1, 2}) {
+        request.body = SimBench::announcement(2, id, 0, 0);
+        QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
+    }
+    const auto send = [&](quint8 id, const char *piece) {
+        request.type = CommandType::BinaryWrite;
+        request.arg2 = {2, id, 0, 0};
+        request.totalCount = 2;
+        request.body = piece;
+        return carryOut(state, request, reports).status;
+    };
+    QCOMPARE(send(1, "12345678"), DeviceStatus::Success);
+    QCOMPARE(send(2, "123"), DeviceStatus::StorageFailed);
+    QCOMPARE(send(2, "12"), DeviceStatus::Success);
+    Uploads others;
+    request.uploads = &others; // of another connection
+    QCOMPARE(send(2, "12345678"), DeviceStatus::Success);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimFiles)
