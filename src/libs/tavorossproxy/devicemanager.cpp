@@ -98,7 +98,7 @@ bool DeviceManager::sendTavoroControlRequest(const QString &ip, const QString &m
     if (const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel))
         return network->requestControl(action, error);
     if (!channel->isMasterControl()) {
-        error = tr("The device at %1 does not hand over control.").arg(ip);
+        error = tr("The device at %1 is controlled by another client.").arg(ip);
         return false;
     }
     return true;

@@ -7,12 +7,12 @@
 
 namespace Tavoro::SSProxy {
 
-/// Begins to connect to a device and returns at once. A \c QCoreApplication must exist.
+/// Opens a channel to the device at \a host and \a port, and returns at once; the channel connects
+/// in the background. Never null. A \c QCoreApplication must exist.
 ///
-/// Without a host or a port there is nothing to connect to: such a channel is never opened, and
-/// refuses requests as not initialised.
+/// With an empty \a host or \a port 0 the channel is never opened: requests end with status 257.
 ///
-/// The channel is not known to the manager until it is added there:
+/// The manager does not know the channel until it is added:
 /// \code
 /// auto channel = openTcpDeviceChannel(QStringLiteral("192.0.2.7"));
 /// QString error;
@@ -21,9 +21,9 @@ namespace Tavoro::SSProxy {
 /// DeviceManager::instance()->addDeviceChannel(channel);
 /// \endcode
 ///
-/// All channels share one thread, which receives and which emits the manager's reports. A slot that
-/// runs on it must not block; requests from it are refused. The thread ends with the application
-/// object, and channels that are still there then refuse requests too.
+/// All channels share one thread, which receives frames and emits the manager's signals. A slot on
+/// that thread must not block; requests from it end with status 261. The thread ends with the
+/// application object; later requests end with status 264.
 TAVOROSSPROXY_EXPORT std::shared_ptr<NetworkChannel>
 openTcpDeviceChannel(const QString &host, quint16 port = defaultTcpPort,
                      const ChannelOptions &options = {});

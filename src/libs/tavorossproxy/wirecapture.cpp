@@ -38,7 +38,7 @@ bool isRunning()
     return running().file != nullptr;
 }
 
-/// What the application has started itself goes on.
+/// A capture that the application started continues.
 void startWhatTheEnvironmentNames()
 {
     if (isRunning())

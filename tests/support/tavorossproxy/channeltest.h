@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-/// Base of the channel's tests: for each test function a new channel, with a stream and a clock
-/// that the test controls. The channel has begun its first attempt to connect.
+/// Base of the tests of the channel. Each test function gets a new channel over a stream and a
+/// clock that the test controls. The channel has begun its first attempt to connect.
 class ChannelTest : public QObject {
     Q_OBJECT
 
@@ -36,7 +36,7 @@ protected:
         ~Call();
 
         bool isDone() const { return m_isDone; }
-        /// Runs the loop until the caller has its response. Null when that takes too long.
+        /// Runs the loop until the caller has its response. Null if that takes too long.
         Response response();
 
     private:
@@ -50,11 +50,11 @@ protected:
     static Request request(quint16 code = 0x1100, quint8 type = 1, const std::string &body = {},
                            int timeout = 20000);
 
-    /// Opens m_channel with m_options. One before it must be gone.
+    /// Opens m_channel with m_options. The channel before must have been destroyed.
     void openChannel();
     void connectChannel();
     Call call(Request command) { return Call(*m_loop, m_channel, std::move(command)); }
-    /// The next request that reaches the device.
+    /// Runs the loop until a request reaches the device; its head.
     Tavoro::SSProxy::Wire::WireHead nextRequest();
     void answer(const Tavoro::SSProxy::Wire::WireHead &request, const std::string &body = {});
 

@@ -51,7 +51,7 @@ void EchoDevice::endConnections()
 void EchoDevice::takeConnection()
 {
     QTcpSocket *socket = m_server.nextPendingConnection();
-    socket->setReadBufferSize(64 * 1024); // a long request never comes in one piece
+    socket->setReadBufferSize(64 * 1024); // a long request never arrives in one piece
     QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     auto parser = std::make_shared<Wire::FrameParser>();
     QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, parser] {

@@ -13,8 +13,8 @@
 #include <memory>
 #include <string>
 
-/// A device on a loopback socket, on the thread that made it. Answers each request with its own
-/// body, and a request without one never.
+/// A device on a loopback socket, on the thread that created it. Answers each request with its own
+/// body, and does not answer a request without one.
 class EchoDevice {
 public:
     EchoDevice();
@@ -25,8 +25,8 @@ public:
     void dropConnections();
     void endConnections();
 
-    int silentRequests = 0; ///< Requests without a body that have come.
-    bool dropsNextRequest = false; ///< Ends the connection on the first bytes of it.
+    int silentRequests = 0; ///< Received requests without a body.
+    bool dropsNextRequest = false; ///< Ends the connection at its first bytes.
 
 private:
     void takeConnection();

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// A channel over loopback that the manager knows, and the device of the model that belongs to it.
-/// The model's list does not know the device.
+/// A channel over loopback in the manager, and its device in the model. The device is not in the
+/// model's list.
 class TcpConnection {
 public:
     explicit TcpConnection(quint16 port, const Tavoro::SSProxy::ChannelOptions &options = {});

@@ -4,32 +4,33 @@
 
 namespace Tavoro::SSProxy {
 
-/// What a channel puts into \c DeviceResponseCommand::status when the device itself said nothing.
+/// Values of \c DeviceResponseCommand::status that the channel sets instead of the device.
 ///
-/// "Not sent" means that the device has not seen the request. After the others a write may or may
-/// not have happened on the device: a read tells. Nothing is ever sent twice by itself.
+/// "Not sent" means that the device has not received the request. After the others a write may or
+/// may not have happened on the device: read the value, or see NetworkChannel::requestOutcome().
+/// The channel never repeats a request.
 // clang-format off
 enum ChannelStatus : quint16 {
     // The local channel.
-    NotInitialized        = 257, ///< The channel was never opened, having no address. Not sent.
-    Connecting            = 258, ///< Connecting, or the identity is not read yet. Not sent.
-    Disconnected          = 259, ///< No connection: not sent. Or it was lost while the answer was awaited.
-    RequestTimedOut       = 260, ///< Nothing of the answer came in the request's time.
-    CalledOnChannelThread = 261, ///< A call on the thread that receives would wait for itself. Not sent.
-    NoFreeTag             = 262, ///< All tags are taken by requests in flight. Not sent.
-    InvalidRequest        = 263, ///< Null, a type that does not exist, or a body above the device's limit. Not sent.
-    ThreadNotRunning      = 264, ///< The thread that sends has ended: not sent. Or it ended while the answer was awaited.
+    NotInitialized        = 257, ///< The channel has no address and was never opened. Not sent.
+    Connecting            = 258, ///< The channel connects, or has not read the identity yet. Not sent.
+    Disconnected          = 259, ///< No connection: not sent. Or it was lost before the answer.
+    RequestTimedOut       = 260, ///< No part of the answer arrived within the timeout, or the channel held the request back for so long.
+    CalledOnChannelThread = 261, ///< The caller is on the channels' own thread, which would wait for itself. Not sent.
+    NoFreeTag             = 262, ///< Requests in flight use all tags. Not sent.
+    InvalidRequest        = 263, ///< A null request, an unknown type, or a body above the device's limit. Not sent.
+    ThreadNotRunning      = 264, ///< The channels' thread has ended: not sent. Or it ended before the answer.
 
     // The protocol decoder.
-    WrongAnswerCode       = 357, ///< The answer carries another command's code.
+    WrongAnswerCode       = 357, ///< The answer has another command code, or other filters, than the request.
     AnswerTooShort        = 358, ///< The connection ended in the middle of the answer.
-    WrongFlag             = 359, ///< Flag or version of a frame, or version of the protocol; the connection is closed.
-    UnknownChecksumIndex  = 360, ///< A way of guarding the body that nobody defined.
-    WrongChecksum         = 361, ///< Of the body; or of the head, and then the connection is closed.
-    WrongType             = 362, ///< A kind of frame or a type of answer that is not what was due; an unreadable identity.
-    WrongLength           = 363, ///< A body, packet count or packet size outside the limits; another packet than the one asked for.
-    DeviceSilent          = 364, ///< The device stopped answering keep-alives; the connection is closed.
-    AnswerIncomplete      = 365, ///< The answer had begun to arrive when the request's time ended.
+    WrongFlag             = 359, ///< Flag or version of a frame, or version of the protocol. The channel reconnects.
+    UnknownChecksumIndex  = 360, ///< The checksum index is not defined.
+    WrongChecksum         = 361, ///< Checksum of the body; or of the head, then the channel reconnects.
+    WrongType             = 362, ///< An unexpected kind of frame or type of answer; an identity that cannot be read.
+    WrongLength           = 363, ///< Body, packet count or packet size outside the limits, or not the requested packet.
+    DeviceSilent          = 364, ///< The device stopped answering pings. The channel reconnects.
+    AnswerIncomplete      = 365, ///< A part of the answer arrived within the timeout.
 };
 // clang-format on
 

@@ -11,8 +11,8 @@ Q_NAMESPACE_EXPORT(TAVOROSSPROXY_EXPORT) // for the names of the commands
 
 /// The codes of the device's commands: base code in the high byte, function code in the low byte.
 ///
-/// A code names a slot of the protocol: whether it is read or written is told by the type of the
-/// command, and operations may have drifted from the slot's first purpose.
+/// The type of a command says whether it reads or writes. Some codes are used for other operations
+/// than their names say.
 // clang-format off
 enum class Command : quint16 {
     // The device as a whole.
@@ -65,7 +65,7 @@ enum class Command : quint16 {
     ScreenTake                  = 0x130E,
     ScreenDeleted               = 0x130F,
     ScreenHDR                   = 0x1310,
-    ScreenGenlock               = 0x1313, ///< Reported, never asked for.
+    ScreenGenlock               = 0x1313, ///< Only reported.
     ScreenZelk                  = 0x1314,
 
     // Layers on screens.
@@ -96,7 +96,7 @@ enum class Command : quint16 {
     FileGeneral                 = 0xFA02,
     FileImport                  = 0xFA03,
     FileExport                  = 0xFA04,
-    FileTransferProgress        = 0xFA05, ///< Reported, never asked for.
+    FileTransferProgress        = 0xFA05, ///< Only reported.
     FileCreateImage             = 0xFA06,
     FileCreatePreset            = 0xFA07,
     FileCreateProject           = 0xFA08,
@@ -121,17 +121,20 @@ enum class Command : quint16 {
 Q_ENUM_NS(Command)
 // clang-format on
 
+/// The base code of \a command.
 constexpr quint8 baseCode(Command command)
 {
     return static_cast<quint8>(static_cast<quint16>(command) >> 8);
 }
+/// The function code of \a command.
 constexpr quint8 functionCode(Command command)
 {
     return static_cast<quint8>(static_cast<quint16>(command) & 0xFF);
 }
 
-/// Statuses by which a device tells more than that it refuses.
-constexpr quint16 statusControlledByOthers = 67; ///< Another client holds control.
-constexpr quint16 statusDataUpdated = 68; ///< The device's data changed behind this client's back.
+/// Status of a device that refuses a write because another client holds control.
+constexpr quint16 statusControlledByOthers = 67;
+/// Status of a device whose data another client has changed: synchronise first.
+constexpr quint16 statusDataUpdated = 68;
 
 } // namespace Tavoro::SSProxy

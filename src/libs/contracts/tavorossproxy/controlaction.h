@@ -4,12 +4,13 @@
 
 namespace Tavoro::SSProxy {
 
-/// What a client wants of the control of a device. One client holds it at a time: it may write, all
+/// A request for control of a device. At most one client holds control: it may write, every client
 /// may read.
 enum class ControlAction : quint8 {
-    Take = 1, ///< Have it, unless another client does.
-    GiveUp = 2, ///< Have it no more. Nothing happens where it was not held.
-    Force = 3, ///< Have it, whoever does. Who loses it is told.
+    Take = 1, ///< Take control unless another client holds it.
+    GiveUp = 2, ///< Give control up. Without effect if this client does not hold it.
+    Force = 3, ///< Take control even if another client holds it. The device reports the loss to
+               ///< that client.
 };
 
 } // namespace Tavoro::SSProxy

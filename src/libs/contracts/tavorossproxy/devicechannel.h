@@ -10,32 +10,35 @@ namespace Tavoro::SSProxy {
 class DeviceRequestCommand;
 class DeviceResponseCommand;
 
-/// One connection to one device. Any transport, and any test, can stand behind it.
+/// A connection to one device, over any transport.
 ///
 /// All members may be called from any thread, several at once. None throws.
 class TAVOROSSPROXY_EXPORT DeviceChannel {
 public:
     virtual ~DeviceChannel() = default;
 
-    /// Sends and blocks the caller until the response arrives or the request's timeout ends.
+    /// Sends \a request to the device, and blocks the caller until the response arrives or the
+    /// request's timeout ends. A channel over a network sets tag and stream in the request's head.
     ///
-    /// Failures of the network come back as a response with a non-zero status. Null means that no
-    /// response object could be made at all.
+    /// Returns the response. If the network or the device failed, its \c status says why, see
+    /// ChannelStatus. Null only if no response object could be created.
     virtual std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) = 0;
 
-    /// A copy of the identity that the channel found at connection.
+    /// Returns a copy of the identity that the device reported when the channel connected last;
+    /// before that, an empty identity.
     virtual ProtoModel::DeviceBaseInfo deviceBaseInfo() const = 0;
 
-    /// True when the start-up read of the device has ended and the channel may be used. False reads
-    /// as "offline" to the user.
+    /// Returns true if the channel has read the device's identity and accepts requests. Users see
+    /// false as "offline".
     virtual bool isHardwareReadFinished() = 0;
 
-    /// True while this client holds control of the device, or no client does: it would get it by
-    /// its first write.
+    /// Returns true if this client holds control of the device, or if no client does: then it gets
+    /// control with its next write.
     virtual bool isMasterControl() = 0;
 
-    /// Stops the channel and disconnects.
+    /// Disconnects, for good. Requests in flight end with a status. Does not wait for the end of
+    /// the connection.
     virtual void stopChannel() = 0;
 };
 

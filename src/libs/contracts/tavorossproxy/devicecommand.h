@@ -8,16 +8,19 @@
 
 namespace Tavoro::SSProxy {
 
-/// A head and a body: what travels in one frame. Values without a lock; one thread at a time.
+/// A head and a body: the content of one frame. One thread at a time may use an object.
 class TAVOROSSPROXY_EXPORT IDeviceCommand {
 public:
     virtual ~IDeviceCommand();
 
+    /// The head: kind of exchange, command code, filters and packet counts.
     PacketHead &head() { return m_head; }
+    /// \overload
     const PacketHead &head() const { return m_head; }
 
-    /// The body, JSON in UTF-8 or arbitrary bytes. Its size is the length that travels.
+    /// The body, JSON in UTF-8 or arbitrary bytes. Its size is the length that is sent.
     std::string &body() { return m_body; }
+    /// \overload
     const std::string &body() const { return m_body; }
 
 protected:
@@ -28,25 +31,30 @@ private:
     std::string m_body;
 };
 
-/// A command on its way to the device. A fresh one has a head of zeros and an empty body.
+/// A request to the device. A new one has a head of zeros and an empty body.
 class TAVOROSSPROXY_EXPORT DeviceRequestCommand : public IDeviceCommand {
 public:
-    /// Timeout in milliseconds of a request on which nobody called setTimeout(). The further
-    /// packets of a read and all packets of a split write run under it.
+    /// Timeout of a request without setTimeout(), in milliseconds. It applies to the further
+    /// packets of a read and to all packets of a split write.
     static constexpr int defaultTimeout = 10000;
 
     DeviceRequestCommand();
     ~DeviceRequestCommand() override;
 
-    /// The encoded frame, for the channel's use only.
+    /// The encoded frame; only for implementations of channels.
     virtual const std::string &buffer() const;
+    /// \overload
     virtual std::string &buffer();
+    /// Sets buffer().
     virtual void setBuffer(const std::string &buffer);
+    /// Length of the encoded frame in bytes; only for implementations of channels.
     virtual const std::size_t &bufferLen() const;
+    /// Sets bufferLen().
     virtual void setBufferLen(const std::size_t &length);
 
-    /// How long the channel waits for the response, in milliseconds.
+    /// Sets how long the channel waits for the response. 0 and less end the request at once.
     void setTimeout(int milliseconds) { m_timeout = milliseconds; }
+    /// How long the channel waits for the response, in milliseconds.
     int timeout() const { return m_timeout; }
 
 private:
@@ -55,14 +63,14 @@ private:
     int m_timeout = defaultTimeout;
 };
 
-/// What came back. Made by channels.
+/// The response to a request. Channels create it.
 class TAVOROSSPROXY_EXPORT DeviceResponseCommand : public IDeviceCommand {
 public:
     DeviceResponseCommand();
     ~DeviceResponseCommand() override;
 
-    /// 0 for success; 1 to 255 from the device, 257 to 264 from the local channel, 357 to 365 from
-    /// the protocol decoder.
+    /// 0 for success; 1 to 255 from the device; 257 to 264 from the local channel and 357 to 365
+    /// from the protocol decoder, see ChannelStatus.
     quint16 status = 0;
 };
 

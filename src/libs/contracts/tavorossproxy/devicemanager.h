@@ -18,60 +18,62 @@ class IDeviceCommand;
 
 /// Owns the channels to devices, one manager per process.
 ///
-/// A channel's identity is its \c deviceBaseInfo(): \c ip as text, \c mac and \c sn as upper-case
+/// A channel is found by its \c deviceBaseInfo(): \c ip as text, \c mac and \c sn as upper-case
 /// hexadecimal digits, two per byte, first byte first. All members may be called from any thread.
 class TAVOROSSPROXY_EXPORT DeviceManager : public QObject {
     Q_OBJECT
 
 public:
-    /// The manager; made on the first call, never null.
+    /// Returns the manager, which the first call creates. Never null.
     static DeviceManager *instance();
 
-    /// The channel of the device with this identity, null when there is none. Cheap: it is called
-    /// for every request.
+    /// Returns the channel of the device with this identity; null if there is none. Fast: the
+    /// control library calls it for every request.
     std::shared_ptr<DeviceChannel> findTavoroDeviceChannel(const std::string &ip,
                                                            const std::string &mac,
                                                            const std::string &sn) const;
-    /// The same search over all channels.
+    /// Does the same for channels of every kind.
     std::shared_ptr<DeviceChannel> findDeviceChannel(const std::string &ip, const std::string &mac,
                                                      const std::string &sn) const;
+    /// Returns all channels.
     QList<std::weak_ptr<DeviceChannel>> tavoroDeviceChannels() const;
 
-    /// Takes a channel into the manager. A channel that is in already stays where it is; null is
-    /// ignored.
+    /// Adds a channel. Ignores null, and a channel that was added before.
     void addDeviceChannel(std::shared_ptr<DeviceChannel> channel);
-    /// Forgets a channel. It is not stopped: that is the caller's to do first.
+    /// Removes a channel. Does not stop it: call DeviceChannel::stopChannel() before.
     void removeDeviceChannel(std::shared_ptr<DeviceChannel> channel);
 
-    /// Looks at the network again: channels that lost their device try to reconnect now instead of
-    /// at their next turn, and where the application looks for devices, they are asked for now.
+    /// Lets channels without a connection reconnect at once instead of after their pause, and sends
+    /// a discovery request if discovery was started. Returns at once.
     void refreshDeviceChannel();
 
-    /// Takes control of a device unless another client holds it. \a ip, \a mac and \a sn name the
-    /// device. On failure \a error tells why, in words. Blocks until the device answers, over a
-    /// network 10 s at the most.
+    /// Takes control of the device with \a ip, \a mac and \a sn, unless another client holds it.
+    ///
+    /// Returns false if the device did not grant control or is not connected; \a error then says
+    /// why, and names the client that holds control. Blocks until the device answers, over a
+    /// network at most 10 s.
     bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                   QString &error);
-    /// The same with an action of the caller's choice.
+    /// Does the same with an action of the caller's choice.
     bool sendTavoroControlRequest(const QString &ip, const QString &mac, const QString &sn,
                                   ControlAction action, QString &error);
 
 Q_SIGNALS:
-    /// A device sent a command unasked. Emitted on the thread that received it: the channels'
-    /// thread, for channels over a network.
+    /// A device sent a report. Emitted on the thread that received it: for channels over a network,
+    /// the channels' thread.
     ///
     /// A slot without a context object runs on that thread. It must not block, and operations that
-    /// it calls fail with status 261. This goes for all signals of the manager.
+    /// it calls fail with status 261. This applies to all signals of the manager.
     void parseDeviceAutoReportFinished(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel,
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
 
-    /// Another client has got control of a device (false), or holds it no more (true): what \c
-    /// isMasterControl() of the channel says now. Changes within 100 ms are told as one. Emitted on
-    /// the channels' thread.
+    /// The \c isMasterControl() of a channel has changed to \a isMaster: false if another client
+    /// has got control of the device, true if none holds it any more. Emitted on the channels'
+    /// thread, at most once in 100 ms for each channel, with the latest value.
     void masterControlChanged(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel, bool isMaster);
 
-    /// A device was found on the network, and a channel to it is in the manager now. It is about to
-    /// connect. Emitted on the channels' thread.
+    /// Discovery found a device and added a channel for it, which begins to connect. Emitted on the
+    /// channels' thread.
     void deviceChannelFound(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace Tavoro::SSProxy {
 
-/// What an exchange is: the value of \c PacketHead::type.
+/// Kind of an exchange: the value of \c PacketHead::type.
 enum class CommandType : quint8 {
     Read = 1, ///< JSON in the response body.
     Write = 2, ///< JSON in the request body.
@@ -15,15 +15,15 @@ enum class CommandType : quint8 {
 };
 
 #pragma pack(push, 1)
-/// The head in front of every body, as it stands on the wire: packed, multi-byte fields
-/// little-endian.
+/// The head of a frame, byte for byte as it is sent: packed, multi-byte fields little-endian. The
+/// body follows it.
 ///
-/// The named members are what the control library reads and writes; the opaque ones belong to the
-/// channel. Bytes 18 to 20 and 29 to 35 of a request are copied unchanged into the requests for the
-/// further packets of a split exchange.
+/// The control library reads and writes the named members; the opaque ones belong to the channel.
+/// The requests for further packets of a split exchange repeat bytes 18 to 20 and 29 to 35 of the
+/// first.
 struct PacketHead {
     quint8 opaque0[3];
-    quint8 lables; ///< Tag of the exchange. "lables": the protocol spells it so.
+    quint8 lables; ///< Tag of the exchange. The protocol spells it "lables".
     quint8 opaque4[14];
     quint8 opaque18[2];
     quint8 type; ///< A \c CommandType.

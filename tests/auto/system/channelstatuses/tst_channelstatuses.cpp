@@ -1,5 +1,4 @@
-// Every status that is the channel's own, by its cause: a channel over TCP to a simulated device,
-// and what an application does with them.
+// Every status that the channel itself sets, by its cause, over TCP to a simulated device.
 
 #include <tavorocontrol/controlhelper.h>
 #include <tavorosim/simulateddevice.h>
@@ -36,7 +35,7 @@ std::shared_ptr<DeviceRequestCommand> request(quint16 code, int timeout = 20000)
     return command;
 }
 
-/// A device that goes wrong by a rule from the beginning, and a channel to it.
+/// A device that follows a fault rule from the beginning, and a channel to it.
 struct Line {
     explicit Line(const char *rule = "", const ChannelOptions &channelOptions = {},
                   const Sim::SimOptions &options = {})
@@ -87,20 +86,20 @@ private Q_SLOTS:
     void cleanup();
 
     void channelWithoutAnAddressIsNotInitialised();
-    void channelWhoseDeviceHasNotToldItsIdentityIsConnecting();
-    void connectionThatIsLostEndsTheRequest();
+    void channelWithoutAnIdentityIsConnecting();
+    void lostConnectionEndsTheRequest();
     void lostConnectionRefusesRequests();
-    void answerThatDoesNotComeInTimeEndsTheRequest();
-    void requestFromAReportWouldWaitForItself();
+    void missingAnswerEndsTheRequest();
+    void requestFromAReportIsRefused();
     void requestWithoutAFreeTagIsRefused();
-    void requestThatIsNoneIsRefused();
-    void requestBehindTheEndOfTheApplicationIsRefused();
-    void answerThatIsWrong_data();
-    void answerThatIsWrong();
-    void answerOfAnotherRequestIsFound();
-    void deviceThatIsSilentToPingsIsLeft();
+    void invalidRequestIsRefused();
+    void requestAfterTheEndOfTheApplicationIsRefused();
+    void wrongAnswer_data();
+    void wrongAnswer();
+    void answerToAnotherRequestIsDetected();
+    void deviceThatDoesNotAnswerPingsIsDisconnected();
     void nothingIsSentTwice();
-    void requestsThatFoundNoRoomAreNotSentLater();
+    void unsentRequestsThatTimedOutAreNotSentLater();
 
 private:
     int m_argc = 1;
@@ -127,15 +126,16 @@ void tst_ChannelStatuses::channelWithoutAnAddressIsNotInitialised()
     QCOMPARE(textOf(257), QStringLiteral("software error: Channel is not initialized"));
 }
 
-void tst_ChannelStatuses::channelWhoseDeviceHasNotToldItsIdentityIsConnecting()
+void tst_ChannelStatuses::channelWithoutAnIdentityIsConnecting()
 {
     Line line("ignore,code=identity,count=1");
-    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString()); // was asked
+    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text,
+                 QString()); // the device was asked
     QCOMPARE(line.ask(), 258);
     QCOMPARE(textOf(258), QStringLiteral("software error: Channel is connecting"));
 }
 
-void tst_ChannelStatuses::connectionThatIsLostEndsTheRequest()
+void tst_ChannelStatuses::lostConnectionEndsTheRequest()
 {
     Line line("drop-before,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
@@ -143,7 +143,7 @@ void tst_ChannelStatuses::connectionThatIsLostEndsTheRequest()
     QCOMPARE(textOf(259), QStringLiteral("software error: Channel disconnected"));
     line.channel->reconnectNow();
     QVERIFY(line.isReady());
-    QCOMPARE(line.swap(), std::string("0")); // it has happened all the same
+    QCOMPARE(line.swap(), std::string("0")); // the device carried it out all the same
 }
 
 void tst_ChannelStatuses::lostConnectionRefusesRequests()
@@ -158,16 +158,16 @@ void tst_ChannelStatuses::lostConnectionRefusesRequests()
     QCOMPARE(line.channel->statistics().requests, requests); // it was not sent
 }
 
-void tst_ChannelStatuses::answerThatDoesNotComeInTimeEndsTheRequest()
+void tst_ChannelStatuses::missingAnswerEndsTheRequest()
 {
     Line line("silent,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
     QCOMPARE(line.ask(swapCode, 50), 260);
     QCOMPARE(textOf(260), QStringLiteral("software error: Request timed out"));
-    QCOMPARE(line.swap(), std::string("0")); // it has happened all the same
+    QCOMPARE(line.swap(), std::string("0")); // the device carried it out all the same
 }
 
-void tst_ChannelStatuses::requestFromAReportWouldWaitForItself()
+void tst_ChannelStatuses::requestFromAReportIsRefused()
 {
     Line line;
     QVERIFY(line.isReady());
@@ -199,7 +199,7 @@ void tst_ChannelStatuses::requestWithoutAFreeTagIsRefused()
         QCOMPARE(caller.get(), 259);
 }
 
-void tst_ChannelStatuses::requestThatIsNoneIsRefused()
+void tst_ChannelStatuses::invalidRequestIsRefused()
 {
     Line line;
     QVERIFY(line.isReady());
@@ -213,18 +213,18 @@ void tst_ChannelStatuses::requestThatIsNoneIsRefused()
     QCOMPARE(textOf(263), QStringLiteral("software error: Invalid request command"));
 }
 
-void tst_ChannelStatuses::requestBehindTheEndOfTheApplicationIsRefused()
+void tst_ChannelStatuses::requestAfterTheEndOfTheApplicationIsRefused()
 {
     Line line;
     QVERIFY(line.isReady());
-    line.device.reset(); // it needs an application too
+    line.device.reset(); // the device needs an application as well
     m_application.reset();
     QCOMPARE(line.ask(), 264);
     QCOMPARE(textOf(264),
              QStringLiteral("software error: Sending thread is not initialized or not started"));
 }
 
-void tst_ChannelStatuses::answerThatIsWrong_data()
+void tst_ChannelStatuses::wrongAnswer_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("text");
@@ -245,7 +245,7 @@ void tst_ChannelStatuses::answerThatIsWrong_data()
     row("stall", 365, "protocol error: Device response decoding timed out");
 }
 
-void tst_ChannelStatuses::answerThatIsWrong()
+void tst_ChannelStatuses::wrongAnswer()
 {
     QFETCH(int, status);
     QFETCH(QString, text);
@@ -257,8 +257,8 @@ void tst_ChannelStatuses::answerThatIsWrong()
     QCOMPARE(textOf(status), text);
 }
 
-/// The tag and the stream are those of the first request, the code is not.
-void tst_ChannelStatuses::answerOfAnotherRequestIsFound()
+/// Number, tag and stream are those of the first request, the code is not.
+void tst_ChannelStatuses::answerToAnotherRequestIsDetected()
 {
     Line line("silent,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
@@ -269,7 +269,7 @@ void tst_ChannelStatuses::answerOfAnotherRequestIsFound()
     QCOMPARE(first.get(), 357);
 }
 
-void tst_ChannelStatuses::deviceThatIsSilentToPingsIsLeft()
+void tst_ChannelStatuses::deviceThatDoesNotAnswerPingsIsDisconnected()
 {
     ChannelOptions options;
     options.keepAliveInterval = 50ms;
@@ -280,7 +280,7 @@ void tst_ChannelStatuses::deviceThatIsSilentToPingsIsLeft()
     QCOMPARE(textOf(364), QStringLiteral("protocol error: Device response timeout"));
 }
 
-/// Neither the time nor a lost connection makes the channel send a request again.
+/// The channel does not repeat a request, neither after a timeout nor after a loss.
 void tst_ChannelStatuses::nothingIsSentTwice()
 {
     Line line("ignore,code=DeviceSwap,count=1");
@@ -295,8 +295,8 @@ void tst_ChannelStatuses::nothingIsSentTwice()
 }
 
 /// A device that does not read fills the buffers of the network; what does not fit waits in the
-/// channel and goes when its time is over.
-void tst_ChannelStatuses::requestsThatFoundNoRoomAreNotSentLater()
+/// channel until its timeout.
+void tst_ChannelStatuses::unsentRequestsThatTimedOutAreNotSentLater()
 {
     constexpr int requests = 12;
     Sim::SimOptions bigPackets;

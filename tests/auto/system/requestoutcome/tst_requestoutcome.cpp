@@ -1,5 +1,5 @@
-// What became of a request that ended without an answer: asked for by its tag, on the wire and of
-// the simulated device. Nothing is sent a second time.
+// Outcomes of requests that ended without an answer: the channel asks the simulated device by their
+// tags, and sends no request again.
 
 #include <support/tavorosim/simulatedconnection.h>
 
@@ -44,15 +44,15 @@ private Q_SLOTS:
     void init() { m_connection = std::make_unique<SimulatedConnection>(); }
     void cleanup() { m_connection.reset(); }
 
-    void outcomeBehindALostConnection_data();
-    void outcomeBehindALostConnection();
-    void outcomeBehindATimeout();
-    void outcomeOfAnAnsweredRequestIsKnownToo();
+    void outcomeAfterALostConnection_data();
+    void outcomeAfterALostConnection();
+    void outcomeAfterATimeout();
+    void outcomeOfAnAnsweredRequestIsKnown();
     void refusalByAFaultIsTheOutcome();
-    void tagThatWasNeverSentHasNotArrived();
+    void unsentTagHasNotArrived();
     void splitWriteHasNoTagOfItsOwn();
     void restartedDeviceRemembersNothing();
-    void channelWithoutAConnectionTellsWhyItIsUnknown();
+    void outcomeWithoutAConnectionIsUnknownWithAReason();
     void olderUsesOfATagDoNotCount();
 
 private:
@@ -80,7 +80,7 @@ private:
     std::unique_ptr<SimulatedConnection> m_connection;
 };
 
-void tst_RequestOutcome::outcomeBehindALostConnection_data()
+void tst_RequestOutcome::outcomeAfterALostConnection_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<QByteArray>("body");
@@ -94,7 +94,7 @@ void tst_RequestOutcome::outcomeBehindALostConnection_data()
     // clang-format on
 }
 
-void tst_RequestOutcome::outcomeBehindALostConnection()
+void tst_RequestOutcome::outcomeAfterALostConnection()
 {
     QFETCH(QString, fault);
     QFETCH(QByteArray, body);
@@ -111,7 +111,7 @@ void tst_RequestOutcome::outcomeBehindALostConnection()
     QCOMPARE(isSwapOff(), isDone);
 }
 
-void tst_RequestOutcome::outcomeBehindATimeout()
+void tst_RequestOutcome::outcomeAfterATimeout()
 {
     addFault(QStringLiteral("silent,count=1"));
     const auto write = swapWrite(swapOff, 200);
@@ -122,7 +122,7 @@ void tst_RequestOutcome::outcomeBehindATimeout()
     QCOMPARE(channel().statistics().connections, quint64(1));
 }
 
-void tst_RequestOutcome::outcomeOfAnAnsweredRequestIsKnownToo()
+void tst_RequestOutcome::outcomeOfAnAnsweredRequestIsKnown()
 {
     const auto write = swapWrite(swapTo7);
     QCOMPARE(int(send(write)), 4);
@@ -140,12 +140,12 @@ void tst_RequestOutcome::refusalByAFaultIsTheOutcome()
     QVERIFY(!isSwapOff());
 }
 
-void tst_RequestOutcome::tagThatWasNeverSentHasNotArrived()
+void tst_RequestOutcome::unsentTagHasNotArrived()
 {
     QCOMPARE(int(channel().requestOutcome(200).state), int(RequestOutcome::NotArrived));
 }
 
-/// The tags of its packets are not those of the caller's request.
+/// Its packets have tags of their own, not that of the caller's request.
 void tst_RequestOutcome::splitWriteHasNoTagOfItsOwn()
 {
     const auto name =
@@ -172,7 +172,7 @@ void tst_RequestOutcome::restartedDeviceRemembersNothing()
     QCOMPARE(int(outcome.status), 0);
 }
 
-void tst_RequestOutcome::channelWithoutAConnectionTellsWhyItIsUnknown()
+void tst_RequestOutcome::outcomeWithoutAConnectionIsUnknownWithAReason()
 {
     const auto write = swapWrite(swapOff);
     QCOMPARE(int(send(write)), 0);
@@ -182,8 +182,8 @@ void tst_RequestOutcome::channelWithoutAConnectionTellsWhyItIsUnknown()
     QCOMPARE(int(outcome.status), 259);
 }
 
-/// The same write, 255 requests later under the same tag, does not arrive: the answer to the first
-/// one must not be taken for its own.
+/// The same write with the same tag, 255 requests later, does not arrive: the outcome is not that
+/// of the first one.
 void tst_RequestOutcome::olderUsesOfATagDoNotCount()
 {
     const auto first = swapWrite(swapOff);

@@ -1,4 +1,4 @@
-// Who holds control of the device, as the channel knows it and asks for it.
+// Which client holds control of the device, and requests for control.
 
 #include <tavorowire/frame.h>
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr quint16 controlCode = 0x0101;
 
-/// What the device says of its own accord: 0 the client may write, 1 others hold control.
+/// An unsolicited report of the device: 0 the client may write, 1 another client holds control.
 Wire::WireHead notice(quint8 state)
 {
     Wire::WireHead head;
@@ -36,12 +36,12 @@ class tst_ChannelControl : public ChannelTest {
 
 private Q_SLOTS:
     void clientMayWriteUnlessOthersHoldControl();
-    void identityTellsWhoHoldsControl();
-    void lossAndReturnOfControlAreTold();
-    void controlThatChangesAllTheTimeIsToldNowAndThen();
-    void changeThatIsTakenBackAtOnceIsNotTold();
-    void controlIsNotToldAsAReport();
-    void connectionThatIsMadeAnewAsksAnew();
+    void identitySaysWhetherAnotherClientHoldsControl();
+    void lossAndReturnOfControlAreReported();
+    void frequentChangesOfControlAreReportedAtIntervals();
+    void changeThatIsRevertedAtOnceIsNotReported();
+    void controlIsNotEmittedAsAReport();
+    void newConnectionReadsControlAgain();
 
     void actionTravelsInTheFirstArgument_data();
     void actionTravelsInTheFirstArgument();
@@ -49,43 +49,43 @@ private Q_SLOTS:
     void givingUpLeavesTheStateToTheDevice();
     void refusalNamesTheHolder();
     void refusalWithoutANameNamesAnotherClient();
-    void wishAndTheNameOfTheHolderTakeTenSecondsTogether();
+    void requestControlTakesAtMostTenSeconds();
     void deviceWithoutControlGrantsIt();
-    void channelWithoutAConnectionTellsWhy();
-    void failureIsToldInASentence_data();
-    void failureIsToldInASentence();
-    void silenceIsToldInASentence();
+    void requestWithoutAConnectionReportsTheReason();
+    void failureIsReportedInASentence_data();
+    void failureIsReportedInASentence();
+    void silenceIsReportedInASentence();
 
 private:
     /// A caller on a thread of its own.
-    struct Wish {
-        ~Wish() { thread.join(); }
+    struct ControlRequest {
+        ~ControlRequest() { thread.join(); }
 
         std::atomic<bool> isDone{false};
         bool isGranted = false; // read when isDone
         QString error; // read when isDone
         std::thread thread;
     };
-    void wish(Wish &wish, ControlAction action);
+    void send(ControlRequest &request, ControlAction action);
     void refuse(const Wire::WireHead &request, quint8 status);
     void reopen();
-    bool resultOf(Wish &wish);
+    bool resultOf(ControlRequest &request);
 
-    std::vector<bool> m_told;
+    std::vector<bool> m_notified;
 };
 
-void tst_ChannelControl::wish(Wish &wish, ControlAction action)
+void tst_ChannelControl::send(ControlRequest &request, ControlAction action)
 {
-    wish.thread = std::thread([this, &wish, action] {
-        wish.isGranted = m_channel->requestControl(action, wish.error);
-        wish.isDone = true;
+    request.thread = std::thread([this, &request, action] {
+        request.isGranted = m_channel->requestControl(action, request.error);
+        request.isDone = true;
         m_loop->wake();
     });
 }
 
-bool tst_ChannelControl::resultOf(Wish &wish)
+bool tst_ChannelControl::resultOf(ControlRequest &request)
 {
-    return m_loop->runUntil([&] { return wish.isDone.load(); }) && wish.isGranted;
+    return m_loop->runUntil([&] { return request.isDone.load(); }) && request.isGranted;
 }
 
 void tst_ChannelControl::refuse(const Wire::WireHead &request, quint8 status)
@@ -97,7 +97,7 @@ void tst_ChannelControl::refuse(const Wire::WireHead &request, quint8 status)
 
 void tst_ChannelControl::reopen()
 {
-    m_told.clear();
+    m_notified.clear();
     m_channel.reset();
     m_loop->run();
     m_channel = Internal::StreamChannel::open(
@@ -106,7 +106,7 @@ void tst_ChannelControl::reopen()
         [this](auto channel, bool isMaster) {
             QCOMPARE(channel.lock(), std::shared_ptr<DeviceChannel>(m_channel));
             QCOMPARE(m_channel->isMasterControl(), isMaster);
-            m_told.push_back(isMaster);
+            m_notified.push_back(isMaster);
         });
     m_loop->run();
     connectChannel();
@@ -123,7 +123,7 @@ void tst_ChannelControl::clientMayWriteUnlessOthersHoldControl()
     QVERIFY(m_channel->isMasterControl());
 }
 
-void tst_ChannelControl::identityTellsWhoHoldsControl()
+void tst_ChannelControl::identitySaysWhetherAnotherClientHoldsControl()
 {
     m_peer->accept();
     Wire::WireHead head;
@@ -135,23 +135,23 @@ void tst_ChannelControl::identityTellsWhoHoldsControl()
     QVERIFY(!m_channel->isMasterControl());
 }
 
-void tst_ChannelControl::lossAndReturnOfControlAreTold()
+void tst_ChannelControl::lossAndReturnOfControlAreReported()
 {
     reopen();
     MessageCatcher messages;
     m_peer->send(notice(1), "192.0.2.9:50000");
-    m_peer->send(notice(1), "192.0.2.10:50000"); // another of the others: nothing new
+    m_peer->send(notice(1), "192.0.2.10:50000"); // a third client: no change for this one
     m_peer->send(notice(0));
     QVERIFY(m_channel->isMasterControl());
     m_loop->advance(1s);
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
     QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg),
              QStringList{QStringLiteral("Others control \"wall:6630\" \"192.0.2.9:50000\"")});
     QCOMPARE(messages.texts("tavoro.channel", QtInfoMsg),
              QStringList{QStringLiteral("Nobody else controls \"wall:6630\"")});
 }
 
-void tst_ChannelControl::controlThatChangesAllTheTimeIsToldNowAndThen()
+void tst_ChannelControl::frequentChangesOfControlAreReportedAtIntervals()
 {
     reopen();
     MessageCatcher messages;
@@ -159,13 +159,13 @@ void tst_ChannelControl::controlThatChangesAllTheTimeIsToldNowAndThen()
         m_peer->send(notice(1), "192.0.2.9:50000");
         m_peer->send(notice(0));
     }
-    QCOMPARE(m_told, (std::vector<bool>{false}));
+    QCOMPARE(m_notified, (std::vector<bool>{false}));
     m_loop->advance(99ms);
-    QCOMPARE(m_told, (std::vector<bool>{false}));
+    QCOMPARE(m_notified, (std::vector<bool>{false}));
     m_loop->advance(1ms);
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
     m_loop->advance(10s);
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
     const QStringList losses{
         QStringLiteral("Others control \"wall:6630\" \"192.0.2.9:50000\""),
         QStringLiteral("Control of \"wall:6630\" has changed often, times 99999")};
@@ -174,19 +174,19 @@ void tst_ChannelControl::controlThatChangesAllTheTimeIsToldNowAndThen()
              QStringList{QStringLiteral("Nobody else controls \"wall:6630\"")});
 }
 
-void tst_ChannelControl::changeThatIsTakenBackAtOnceIsNotTold()
+void tst_ChannelControl::changeThatIsRevertedAtOnceIsNotReported()
 {
     reopen();
     m_peer->send(notice(1), "192.0.2.9:50000");
     m_peer->send(notice(0));
     m_peer->send(notice(1), "192.0.2.9:50000");
     m_loop->advance(10s);
-    QCOMPARE(m_told, (std::vector<bool>{false}));
-    m_peer->send(notice(0)); // at once, as nothing was told for so long
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false}));
+    m_peer->send(notice(0)); // at once: the interval has passed
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
 }
 
-void tst_ChannelControl::controlIsNotToldAsAReport()
+void tst_ChannelControl::controlIsNotEmittedAsAReport()
 {
     connectChannel();
     m_peer->send(notice(1), "192.0.2.9:50000");
@@ -194,16 +194,16 @@ void tst_ChannelControl::controlIsNotToldAsAReport()
     QCOMPARE(m_channel->statistics().reports, quint64(0));
 }
 
-void tst_ChannelControl::connectionThatIsMadeAnewAsksAnew()
+void tst_ChannelControl::newConnectionReadsControlAgain()
 {
     reopen();
     m_peer->send(notice(1), "192.0.2.9:50000");
     m_peer->fail(QStringLiteral("cable pulled"));
     QVERIFY(!m_channel->isMasterControl());
     m_loop->advance(250ms);
-    connectChannel(); // its identity says that nobody holds control
+    connectChannel(); // its identity says that no other client holds control
     QVERIFY(m_channel->isMasterControl());
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
 }
 
 void tst_ChannelControl::actionTravelsInTheFirstArgument_data()
@@ -220,8 +220,8 @@ void tst_ChannelControl::actionTravelsInTheFirstArgument()
     QFETCH(int, action);
     QFETCH(int, argument);
     connectChannel();
-    Wish asked;
-    wish(asked, static_cast<ControlAction>(action));
+    ControlRequest asked;
+    send(asked, static_cast<ControlAction>(action));
     const auto head = nextRequest();
     QCOMPARE(head.code(), controlCode);
     QCOMPARE(head.type, quint8(2));
@@ -236,21 +236,21 @@ void tst_ChannelControl::grantedControlCountsWhenTheCallReturns()
 {
     reopen();
     m_peer->send(notice(1), "192.0.2.9:50000");
-    Wish asked;
-    wish(asked, ControlAction::Force);
+    ControlRequest asked;
+    send(asked, ControlAction::Force);
     answer(nextRequest());
     QVERIFY(resultOf(asked));
     QVERIFY(m_channel->isMasterControl());
     m_loop->advance(100ms);
-    QCOMPARE(m_told, (std::vector<bool>{false, true}));
+    QCOMPARE(m_notified, (std::vector<bool>{false, true}));
 }
 
 void tst_ChannelControl::givingUpLeavesTheStateToTheDevice()
 {
     connectChannel();
     m_peer->send(notice(1), "192.0.2.9:50000");
-    Wish asked;
-    wish(asked, ControlAction::GiveUp);
+    ControlRequest asked;
+    send(asked, ControlAction::GiveUp);
     answer(nextRequest());
     QVERIFY(resultOf(asked));
     QVERIFY(!m_channel->isMasterControl());
@@ -259,8 +259,8 @@ void tst_ChannelControl::givingUpLeavesTheStateToTheDevice()
 void tst_ChannelControl::refusalNamesTheHolder()
 {
     connectChannel();
-    Wish asked;
-    wish(asked, ControlAction::Take);
+    ControlRequest asked;
+    send(asked, ControlAction::Take);
     refuse(nextRequest(), 67);
     const auto question = nextRequest();
     QCOMPARE(question.code(), controlCode);
@@ -274,20 +274,20 @@ void tst_ChannelControl::refusalNamesTheHolder()
 void tst_ChannelControl::refusalWithoutANameNamesAnotherClient()
 {
     connectChannel();
-    Wish asked;
-    wish(asked, ControlAction::Take);
+    ControlRequest asked;
+    send(asked, ControlAction::Take);
     refuse(nextRequest(), 67);
-    answer(nextRequest()); // who held it has gone meanwhile
+    answer(nextRequest()); // the holder has disconnected in the meantime
     QVERIFY(!resultOf(asked));
     QCOMPARE(asked.error,
              QStringLiteral("The device at wall:6630 is controlled by another client."));
 }
 
-void tst_ChannelControl::wishAndTheNameOfTheHolderTakeTenSecondsTogether()
+void tst_ChannelControl::requestControlTakesAtMostTenSeconds()
 {
     connectChannel();
-    Wish mine;
-    wish(mine, ControlAction::Take);
+    ControlRequest mine;
+    send(mine, ControlAction::Take);
     const auto request = nextRequest();
     m_loop->advance(6s);
     refuse(request, 67);
@@ -303,23 +303,23 @@ void tst_ChannelControl::wishAndTheNameOfTheHolderTakeTenSecondsTogether()
 void tst_ChannelControl::deviceWithoutControlGrantsIt()
 {
     connectChannel();
-    Wish asked;
-    wish(asked, ControlAction::Force);
+    ControlRequest asked;
+    send(asked, ControlAction::Force);
     refuse(nextRequest(), 1);
     QVERIFY(resultOf(asked));
     QCOMPARE(asked.error, QString());
 }
 
-void tst_ChannelControl::channelWithoutAConnectionTellsWhy()
+void tst_ChannelControl::requestWithoutAConnectionReportsTheReason()
 {
-    Wish asked;
-    wish(asked, ControlAction::Take);
+    ControlRequest asked;
+    send(asked, ControlAction::Take);
     QVERIFY(!resultOf(asked));
     QCOMPARE(asked.error,
              QStringLiteral("The device at wall:6630 cannot be reached: no connection yet."));
 }
 
-void tst_ChannelControl::failureIsToldInASentence_data()
+void tst_ChannelControl::failureIsReportedInASentence_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<int>("status");
@@ -330,14 +330,14 @@ void tst_ChannelControl::failureIsToldInASentence_data()
         << 0x1100 << 0 << QStringLiteral("its answer is not valid (357)");
 }
 
-void tst_ChannelControl::failureIsToldInASentence()
+void tst_ChannelControl::failureIsReportedInASentence()
 {
     QFETCH(int, code);
     QFETCH(int, status);
     QFETCH(QString, reason);
     connectChannel();
-    Wish asked;
-    wish(asked, ControlAction::Take);
+    ControlRequest asked;
+    send(asked, ControlAction::Take);
     Wire::WireHead head = nextRequest();
     head.BC = static_cast<quint8>(code >> 8);
     head.FC = static_cast<quint8>(code & 0xFF);
@@ -347,11 +347,11 @@ void tst_ChannelControl::failureIsToldInASentence()
              QStringLiteral("Could not take control of the device at wall:6630: %1.").arg(reason));
 }
 
-void tst_ChannelControl::silenceIsToldInASentence()
+void tst_ChannelControl::silenceIsReportedInASentence()
 {
     connectChannel();
-    Wish asked;
-    wish(asked, ControlAction::Take);
+    ControlRequest asked;
+    send(asked, ControlAction::Take);
     nextRequest();
     m_loop->awaitWaiting(1);
     m_loop->advance(10s);

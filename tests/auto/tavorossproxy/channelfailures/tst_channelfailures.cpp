@@ -1,5 +1,5 @@
-// What the channel makes of requests that it cannot send, of answers that do not fit, and of
-// requests whose connection ends.
+// Requests that the channel cannot send, answers that do not match, and requests whose connection
+// ends.
 
 #include <tavorowire/frame.h>
 
@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Makes the checksum that of the head again after a byte of it was changed.
+/// Corrects the checksum of the head after a byte of it was changed.
 void renewHeadChecksum(QByteArray &frame)
 {
     Wire::WireHead head;
@@ -33,15 +33,15 @@ private Q_SLOTS:
     void nullRequestIsInvalid();
     void unknownTypeIsInvalid();
     void bodyAboveThePacketSizeIsInvalid();
-    void channelThatConnectsRefuses();
-    void channelThatWasLostRefuses();
+    void connectingChannelRefuses();
+    void disconnectedChannelRefuses();
     void stoppedChannelRefuses();
     void callOnTheChannelsThreadIsRefused();
     void callAfterTheThreadHasEndedIsRefused();
 
-    void answerThatDoesNotFit_data();
-    void answerThatDoesNotFit();
-    void packetCountAtTheLimitPasses();
+    void answerThatDoesNotMatch_data();
+    void answerThatDoesNotMatch();
+    void packetCountAtTheLimitIsAccepted();
     void anotherPacketOfAReadIsRefused();
     void furtherPacketWithAnotherTotalIsRefused();
     void countsOfZeroAreOnePacket_data();
@@ -54,16 +54,16 @@ private Q_SLOTS:
     void secondAnswerReachesNobody();
 
     void lostConnectionEndsAllRequests();
-    void connectionThatEndsInAnAnswerIsToldSo();
-    void answerThatStopsEndsTheConnection();
-    void frameThatStopsInItsHeadEndsTheConnection();
-    void answerThatGoesOnKeepsTheConnection();
+    void connectionThatEndsWithinAnAnswerIsReported();
+    void stalledAnswerClosesTheConnection();
+    void stalledHeadClosesTheConnection();
+    void answerThatProgressesKeepsTheConnection();
     void noRequestTakesLongerThanTheChannelAllows();
     void stopEndsAllRequests();
     void endOfTheThreadEndsAllRequests();
 
 private:
-    /// A connected channel with other options than before.
+    /// Replaces the channel with a connected one with the present m_options.
     void reopenChannel()
     {
         m_channel.reset();
@@ -97,20 +97,21 @@ void tst_ChannelFailures::bodyAboveThePacketSizeIsInvalid()
     QCOMPARE(caller.response()->status, quint16(0));
 }
 
-void tst_ChannelFailures::channelThatConnectsRefuses()
+void tst_ChannelFailures::connectingChannelRefuses()
 {
     QCOMPARE(call(request()).response()->status, quint16(258));
     m_peer->accept();
     QCOMPARE(call(request()).response()->status, quint16(258));
 }
 
-void tst_ChannelFailures::channelThatWasLostRefuses()
+void tst_ChannelFailures::disconnectedChannelRefuses()
 {
     connectChannel();
     m_peer->fail(QStringLiteral("cable pulled"));
     QVERIFY(!m_channel->isHardwareReadFinished());
     QCOMPARE(call(request()).response()->status, quint16(259));
-    QCOMPARE(m_channel->deviceBaseInfo().name, std::string("wall")); // still to be found by it
+    QCOMPARE(m_channel->deviceBaseInfo().name,
+             std::string("wall")); // the manager still finds the channel by it
 }
 
 void tst_ChannelFailures::stoppedChannelRefuses()
@@ -139,7 +140,7 @@ void tst_ChannelFailures::callAfterTheThreadHasEndedIsRefused()
     QCOMPARE(call(request()).response()->status, quint16(264));
 }
 
-void tst_ChannelFailures::answerThatDoesNotFit_data()
+void tst_ChannelFailures::answerThatDoesNotMatch_data()
 {
     QTest::addColumn<int>("position");
     QTest::addColumn<int>("value");
@@ -148,14 +149,14 @@ void tst_ChannelFailures::answerThatDoesNotFit_data()
     QTest::newRow("base code") << 30 << 0x12 << 357;
     QTest::newRow("filter") << 33 << 0x01 << 357;
     QTest::newRow("type") << 20 << 2 << 362;
-    QTest::newRow("kind nobody knows") << 10 << 99 << 362;
+    QTest::newRow("unknown kind") << 10 << 99 << 362;
     QTest::newRow("kind of a client") << 10 << 1 << 362;
     QTest::newRow("packet count") << 23 << 2 << 363; // 131072 and some
     QTest::newRow("checksum index") << 9 << 7 << 360;
     QTest::newRow("checksum of the body") << 40 << int('X') << 361;
 }
 
-void tst_ChannelFailures::answerThatDoesNotFit()
+void tst_ChannelFailures::answerThatDoesNotMatch()
 {
     QFETCH(int, position);
     QFETCH(int, value);
@@ -171,13 +172,13 @@ void tst_ChannelFailures::answerThatDoesNotFit()
     QVERIFY(response);
     QCOMPARE(int(response->status), status);
     QCOMPARE(response->body(), std::string());
-    QVERIFY(m_channel->isHardwareReadFinished()); // the connection goes on
+    QVERIFY(m_channel->isHardwareReadFinished()); // the connection is kept
     auto next = call(request());
     answer(nextRequest(), "good");
     QCOMPARE(next.response()->body(), std::string("good"));
 }
 
-void tst_ChannelFailures::packetCountAtTheLimitPasses()
+void tst_ChannelFailures::packetCountAtTheLimitIsAccepted()
 {
     connectChannel();
     for (const unsigned count : {65536u, 65537u}) {
@@ -357,7 +358,7 @@ void tst_ChannelFailures::lostConnectionEndsAllRequests()
     QCOMPARE(second.response()->status, quint16(259));
 }
 
-void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
+void tst_ChannelFailures::connectionThatEndsWithinAnAnswerIsReported()
 {
     connectChannel();
     auto first = call(request(0x1101));
@@ -371,7 +372,7 @@ void tst_ChannelFailures::connectionThatEndsInAnAnswerIsToldSo()
     QCOMPARE(second.response()->status, quint16(259));
 }
 
-void tst_ChannelFailures::answerThatStopsEndsTheConnection()
+void tst_ChannelFailures::stalledAnswerClosesTheConnection()
 {
     m_options.stalledAnswerTimeout = 100ms;
     reopenChannel();
@@ -388,7 +389,7 @@ void tst_ChannelFailures::answerThatStopsEndsTheConnection()
     QCOMPARE(m_peer->opened, 2);
 }
 
-void tst_ChannelFailures::frameThatStopsInItsHeadEndsTheConnection()
+void tst_ChannelFailures::stalledHeadClosesTheConnection()
 {
     m_options.stalledAnswerTimeout = 100ms;
     reopenChannel();
@@ -402,7 +403,7 @@ void tst_ChannelFailures::frameThatStopsInItsHeadEndsTheConnection()
     QCOMPARE(m_peer->opened, 2);
 }
 
-void tst_ChannelFailures::answerThatGoesOnKeepsTheConnection()
+void tst_ChannelFailures::answerThatProgressesKeepsTheConnection()
 {
     m_options.stalledAnswerTimeout = 100ms;
     m_options.minTransferRate = 10; // one byte in that time

@@ -1,4 +1,4 @@
-// A device that floods its clients, and a process with too many connections.
+// Devices that send more than clients can take, and processes with too many connections.
 
 #include <tavorowire/frame.h>
 
@@ -14,20 +14,20 @@ class tst_ChannelFlood : public ChannelTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void answerBehindAFloodArrives();
-    void droppedReportsAreCountedAndToldOnceASecond();
-    void reportsThatAreTakenAreNotDropped();
-    void channelThatGoesTellsWhatWasDropped();
-    void waitingReportsFollowWhenOthersAreTaken();
-    void stoppedChannelForgetsWaitingReports();
-    void whoReadsNothingGetsNoFurtherPongs();
-    void refusedFramesAreToldOnceASecond();
-    void connectionsBeyondTheLimitTryAgainLater();
-    void limitsOfZeroLetRequestsThrough();
-    void pausesOfZeroArePauses();
-    void timesWithoutEndAreLong();
+    void answerAfterManyReportsArrives();
+    void droppedReportsAreCountedAndLoggedOnceASecond();
+    void releasedReportsAreNotDropped();
+    void destroyedChannelLogsWhatWasDropped();
+    void waitingReportsFollowWhenOthersAreReleased();
+    void stoppedChannelDropsWaitingReports();
+    void deviceThatDoesNotReadGetsNoFurtherPongs();
+    void refusedFramesAreLoggedOnceASecond();
+    void channelsBeyondTheLimitConnectLater();
+    void zeroLimitsLetRequestsThrough();
+    void zeroPausesArePauses();
+    void unlimitedTimesAreLong();
     void allTagsMayBeOwedAtTheMost();
-    void bodiesAreNeverLongerThanAFrameCanHold();
+    void longestBodyFitsIntoAFrame();
 
 private:
     void reopen();
@@ -53,12 +53,12 @@ void tst_ChannelFlood::report(int count)
         m_peer->send(head, R"({"powers":[]})");
 }
 
-void tst_ChannelFlood::answerBehindAFloodArrives()
+void tst_ChannelFlood::answerAfterManyReportsArrives()
 {
     connectChannel();
     auto caller = call(request());
     const auto head = nextRequest();
-    report(100000); // nobody takes them
+    report(100000); // none is released
     answer(head, "here");
     QCOMPARE(caller.response()->body(), std::string("here"));
     QCOMPARE(m_reports.size(), std::size_t(1024));
@@ -66,7 +66,7 @@ void tst_ChannelFlood::answerBehindAFloodArrives()
     QCOMPARE(m_channel->statistics().droppedReports, quint64(100000 - 2048));
 }
 
-void tst_ChannelFlood::droppedReportsAreCountedAndToldOnceASecond()
+void tst_ChannelFlood::droppedReportsAreCountedAndLoggedOnceASecond()
 {
     m_options.maxPendingReports = 1;
     reopen();
@@ -90,7 +90,7 @@ void tst_ChannelFlood::droppedReportsAreCountedAndToldOnceASecond()
     QCOMPARE(m_channel->statistics().droppedReports, quint64(21));
 }
 
-void tst_ChannelFlood::reportsThatAreTakenAreNotDropped()
+void tst_ChannelFlood::releasedReportsAreNotDropped()
 {
     m_options.maxPendingReports = 1;
     reopen();
@@ -102,7 +102,7 @@ void tst_ChannelFlood::reportsThatAreTakenAreNotDropped()
     QCOMPARE(m_channel->statistics().droppedReports, quint64(0));
 }
 
-void tst_ChannelFlood::channelThatGoesTellsWhatWasDropped()
+void tst_ChannelFlood::destroyedChannelLogsWhatWasDropped()
 {
     m_options.maxPendingReports = 1;
     reopen();
@@ -116,7 +116,7 @@ void tst_ChannelFlood::channelThatGoesTellsWhatWasDropped()
     QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), told);
 }
 
-void tst_ChannelFlood::waitingReportsFollowWhenOthersAreTaken()
+void tst_ChannelFlood::waitingReportsFollowWhenOthersAreReleased()
 {
     m_options.maxPendingReports = 2;
     reopen();
@@ -127,7 +127,7 @@ void tst_ChannelFlood::waitingReportsFollowWhenOthersAreTaken()
     QCOMPARE(m_reports.size(), std::size_t(2));
 }
 
-void tst_ChannelFlood::stoppedChannelForgetsWaitingReports()
+void tst_ChannelFlood::stoppedChannelDropsWaitingReports()
 {
     m_options.maxPendingReports = 2;
     reopen();
@@ -139,7 +139,7 @@ void tst_ChannelFlood::stoppedChannelForgetsWaitingReports()
     QVERIFY(m_reports.empty());
 }
 
-void tst_ChannelFlood::whoReadsNothingGetsNoFurtherPongs()
+void tst_ChannelFlood::deviceThatDoesNotReadGetsNoFurtherPongs()
 {
     m_options.maxUnsentBytes = 1000;
     reopen();
@@ -155,14 +155,14 @@ void tst_ChannelFlood::whoReadsNothingGetsNoFurtherPongs()
     QCOMPARE(m_peer->frames.back().head.kind, quint8(7));
 }
 
-void tst_ChannelFlood::refusedFramesAreToldOnceASecond()
+void tst_ChannelFlood::refusedFramesAreLoggedOnceASecond()
 {
     connectChannel();
     MessageCatcher messages;
     const auto lines = [&] {
         return messages.texts("tavoro.channel", QtWarningMsg);
     };
-    Wire::WireHead question; // a device has none
+    Wire::WireHead question; // which a device must not send
     question.kind = 1;
     for (int i = 0; i < 100000; ++i)
         m_peer->send(question);
@@ -180,7 +180,7 @@ void tst_ChannelFlood::refusedFramesAreToldOnceASecond()
     QCOMPARE(m_channel->statistics().protocolErrors, quint64(100001));
 }
 
-void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()
+void tst_ChannelFlood::channelsBeyondTheLimitConnectLater()
 {
     m_options.maxConnections = 1;
     reopen();
@@ -202,7 +202,7 @@ void tst_ChannelFlood::connectionsBeyondTheLimitTryAgainLater()
     m_loop->run();
 }
 
-void tst_ChannelFlood::limitsOfZeroLetRequestsThrough()
+void tst_ChannelFlood::zeroLimitsLetRequestsThrough()
 {
     m_options.maxRequestTime = 0ms;
     m_options.maxPacketCount = 0;
@@ -216,7 +216,7 @@ void tst_ChannelFlood::limitsOfZeroLetRequestsThrough()
     QVERIFY(m_channel->isHardwareReadFinished());
 }
 
-void tst_ChannelFlood::pausesOfZeroArePauses()
+void tst_ChannelFlood::zeroPausesArePauses()
 {
     m_options.firstReconnectPause = 0ms;
     m_options.longestReconnectPause = 0ms;
@@ -234,7 +234,7 @@ void tst_ChannelFlood::pausesOfZeroArePauses()
     }
 }
 
-void tst_ChannelFlood::timesWithoutEndAreLong()
+void tst_ChannelFlood::unlimitedTimesAreLong()
 {
     constexpr auto never = ChannelOptions::Milliseconds::max();
     m_options.connectTimeout = never;
@@ -279,7 +279,7 @@ void tst_ChannelFlood::allTagsMayBeOwedAtTheMost()
     QVERIFY(!m_channel->isHardwareReadFinished());
 }
 
-void tst_ChannelFlood::bodiesAreNeverLongerThanAFrameCanHold()
+void tst_ChannelFlood::longestBodyFitsIntoAFrame()
 {
     m_options.maxBodySize = 0xFFFFFFFF;
     m_channel.reset();

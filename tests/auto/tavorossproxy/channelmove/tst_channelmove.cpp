@@ -1,4 +1,4 @@
-// A device that moves, and another one in its place.
+// A device that moves to another address, and another device at its former address.
 
 #include <support/tavorossproxy/channeltest.h>
 
@@ -11,16 +11,16 @@ class tst_ChannelMove : public ChannelTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void lostChannelConnectsWhereItsDeviceWasSeen();
-    void channelThatConnectsTurnsToTheNewPlace();
-    void sightingAtTheSamePlaceEndsThePause();
-    void channelWithAConnectionStaysWhereItIs();
+    void disconnectedChannelConnectsWhereItsDeviceWasSeen();
+    void connectingChannelTriesTheNewAddress();
+    void sightingAtTheSameAddressEndsThePause();
+    void connectedChannelKeepsItsAddress();
     void stoppedChannelStaysStopped();
-    void sentenceNamesTheNewPlace();
-    void addressesWithColonsStandInBrackets();
-    void onlyTheDeviceThatIsDueIsTaken();
-    void anyDeviceIsTakenWhereNoneIsDue();
-    void placeAndDueDeviceAreKnownBeforeItConnects();
+    void errorNamesTheNewAddress();
+    void addressesWithColonsAreInBrackets();
+    void onlyTheExpectedDeviceIsAccepted();
+    void anyDeviceIsAcceptedIfNoneIsExpected();
+    void addressAndExpectedDeviceAreKnownBeforeConnecting();
 
 private:
     void move(const char *host)
@@ -30,7 +30,7 @@ private:
     }
 };
 
-void tst_ChannelMove::lostChannelConnectsWhereItsDeviceWasSeen()
+void tst_ChannelMove::disconnectedChannelConnectsWhereItsDeviceWasSeen()
 {
     connectChannel();
     m_peer->fail(QStringLiteral("cable pulled"));
@@ -45,18 +45,18 @@ void tst_ChannelMove::lostChannelConnectsWhereItsDeviceWasSeen()
     QCOMPARE(m_channel->deviceBaseInfo().ip, std::string("192.0.2.99"));
 }
 
-void tst_ChannelMove::channelThatConnectsTurnsToTheNewPlace()
+void tst_ChannelMove::connectingChannelTriesTheNewAddress()
 {
     move("192.0.2.99");
     QCOMPARE(m_peer->opened, 2);
     QVERIFY(m_peer->isOpen);
-    move("192.0.2.99"); // the attempt goes on
+    move("192.0.2.99"); // the attempt continues
     QCOMPARE(m_peer->opened, 2);
-    m_loop->advance(4999ms); // it has its whole time
+    m_loop->advance(4999ms); // it has the whole time of an attempt
     QVERIFY(m_peer->isOpen);
 }
 
-void tst_ChannelMove::sightingAtTheSamePlaceEndsThePause()
+void tst_ChannelMove::sightingAtTheSameAddressEndsThePause()
 {
     move("192.0.2.99");
     m_peer->fail(QStringLiteral("Connection refused"));
@@ -64,7 +64,7 @@ void tst_ChannelMove::sightingAtTheSamePlaceEndsThePause()
     QCOMPARE(m_peer->opened, 3);
 }
 
-void tst_ChannelMove::channelWithAConnectionStaysWhereItIs()
+void tst_ChannelMove::connectedChannelKeepsItsAddress()
 {
     connectChannel();
     move("192.0.2.99");
@@ -80,7 +80,7 @@ void tst_ChannelMove::stoppedChannelStaysStopped()
     QCOMPARE(m_peer->opened, 1);
 }
 
-void tst_ChannelMove::sentenceNamesTheNewPlace()
+void tst_ChannelMove::errorNamesTheNewAddress()
 {
     move("192.0.2.99");
     m_peer->fail(QStringLiteral("Connection refused"));
@@ -91,7 +91,7 @@ void tst_ChannelMove::sentenceNamesTheNewPlace()
                             "Connection refused."));
 }
 
-void tst_ChannelMove::addressesWithColonsStandInBrackets()
+void tst_ChannelMove::addressesWithColonsAreInBrackets()
 {
     move("2001:db8::1");
     m_peer->fail(QStringLiteral("Connection refused"));
@@ -102,7 +102,7 @@ void tst_ChannelMove::addressesWithColonsStandInBrackets()
                             "Connection refused."));
 }
 
-void tst_ChannelMove::onlyTheDeviceThatIsDueIsTaken()
+void tst_ChannelMove::onlyTheExpectedDeviceIsAccepted()
 {
     m_channel.reset();
     m_loop->run();
@@ -125,14 +125,14 @@ void tst_ChannelMove::onlyTheDeviceThatIsDueIsTaken()
     QVERIFY(m_channel->isHardwareReadFinished());
 }
 
-void tst_ChannelMove::anyDeviceIsTakenWhereNoneIsDue()
+void tst_ChannelMove::anyDeviceIsAcceptedIfNoneIsExpected()
 {
     QVERIFY(m_options.identity.empty());
     connectChannel();
     QVERIFY(m_channel->isHardwareReadFinished());
 }
 
-void tst_ChannelMove::placeAndDueDeviceAreKnownBeforeItConnects()
+void tst_ChannelMove::addressAndExpectedDeviceAreKnownBeforeConnecting()
 {
     QCOMPARE(m_channel->expectedIdentity(), std::string());
     QVERIFY(m_channel->connectsTo(QStringLiteral("wall"), 6630));

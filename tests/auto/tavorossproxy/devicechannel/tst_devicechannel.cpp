@@ -1,4 +1,4 @@
-// What the channel sends for a request, what it makes of the answer, and how long it waits for one.
+// What the channel sends for a request, what it returns for the answer, and how long it waits.
 
 #include <tavorowire/frame.h>
 
@@ -13,27 +13,28 @@ class tst_DeviceChannel : public ChannelTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void requestTravelsAsTabled();
+    void requestIsSentAsDocumented();
     void requestWithoutABodyHasLengthZero();
-    void requestIsToldItsTagAndStream();
+    void requestGetsItsTagAndStream();
     void requestThatIsRefusedHasNoTag();
     void responseCarriesHeadAndBody();
-    void statusOfTheDeviceIsHandedOn();
-    void callersAtOnceGetTheirOwnAnswers();
-    void furtherPacketsTravelOnTheStreamOfTheFirst();
+    void channelKeepsNoAnswer();
+    void statusOfTheDeviceIsPassedOn();
+    void concurrentCallersGetTheirOwnAnswers();
+    void furtherPacketsUseTheStreamOfTheFirst();
 
-    void requestEndsByItsTime();
-    void timeoutOfTheConstructorIsTenSeconds();
-    void requestWithoutTimeEndsAtOnce();
-    void tricklingBytesDoNotRenewTheTime();
+    void requestEndsAtItsTimeout();
+    void defaultTimeoutIsTenSeconds();
+    void zeroTimeoutEndsTheRequestAtOnce();
+    void singleBytesDoNotExtendTheTimeout();
     void lateAnswerIsDroppedAndCounted();
-    void connectionThatOwesTooManyAnswersIsMadeAnew();
+    void tooManyOwedAnswersReconnect();
     void requestsAreHeldBackWhileTheDeviceDoesNotRead();
 
     void reportsGoToTheHandler();
 };
 
-void tst_DeviceChannel::requestTravelsAsTabled()
+void tst_DeviceChannel::requestIsSentAsDocumented()
 {
     connectChannel();
     auto command = request(0x1107, 2, R"({"swap":1})");
@@ -62,7 +63,7 @@ void tst_DeviceChannel::requestWithoutABodyHasLengthZero()
     QVERIFY(caller.response());
 }
 
-void tst_DeviceChannel::requestIsToldItsTagAndStream()
+void tst_DeviceChannel::requestGetsItsTagAndStream()
 {
     connectChannel();
     const auto command = request();
@@ -74,7 +75,7 @@ void tst_DeviceChannel::requestIsToldItsTagAndStream()
     QCOMPARE(Wire::wireHead(command->head()).stream, head.stream);
 }
 
-/// Not that of its last exchange either: whose outcome would be taken for its own.
+/// Nor the tag of its last exchange, whose outcome would be taken for that of this one.
 void tst_DeviceChannel::requestThatIsRefusedHasNoTag()
 {
     connectChannel();
@@ -104,7 +105,22 @@ void tst_DeviceChannel::responseCarriesHeadAndBody()
     QCOMPARE(response->head().type, quint8(1));
 }
 
-void tst_DeviceChannel::statusOfTheDeviceIsHandedOn()
+/// A long read needs no more memory than the packet that its caller holds.
+void tst_DeviceChannel::channelKeepsNoAnswer()
+{
+    connectChannel();
+    std::weak_ptr<DeviceResponseCommand> last;
+    for (int i = 0; i < 3; ++i) {
+        auto caller = call(request());
+        answer(nextRequest(), std::string(1 << 20, 'x'));
+        auto response = caller.response();
+        QCOMPARE(response.use_count(), 2L); // one in the caller, one in the test
+        last = response;
+    }
+    QVERIFY(last.expired());
+}
+
+void tst_DeviceChannel::statusOfTheDeviceIsPassedOn()
 {
     connectChannel();
     for (const int status : {1, 67, 68, 255}) {
@@ -116,7 +132,7 @@ void tst_DeviceChannel::statusOfTheDeviceIsHandedOn()
     }
 }
 
-void tst_DeviceChannel::callersAtOnceGetTheirOwnAnswers()
+void tst_DeviceChannel::concurrentCallersGetTheirOwnAnswers()
 {
     connectChannel();
     std::vector<std::unique_ptr<Call>> callers;
@@ -136,7 +152,7 @@ void tst_DeviceChannel::callersAtOnceGetTheirOwnAnswers()
     }
 }
 
-void tst_DeviceChannel::furtherPacketsTravelOnTheStreamOfTheFirst()
+void tst_DeviceChannel::furtherPacketsUseTheStreamOfTheFirst()
 {
     connectChannel();
     const auto first = request(0xFA04, 3);
@@ -159,7 +175,7 @@ void tst_DeviceChannel::furtherPacketsTravelOnTheStreamOfTheFirst()
     QVERIFY(furtherCaller.response());
 }
 
-void tst_DeviceChannel::requestEndsByItsTime()
+void tst_DeviceChannel::requestEndsAtItsTimeout()
 {
     connectChannel();
     auto caller = call(request(0x1100, 1, {}, 20000));
@@ -177,7 +193,7 @@ void tst_DeviceChannel::requestEndsByItsTime()
     QCOMPARE(m_channel->statistics().timeouts, quint64(1));
 }
 
-void tst_DeviceChannel::timeoutOfTheConstructorIsTenSeconds()
+void tst_DeviceChannel::defaultTimeoutIsTenSeconds()
 {
     connectChannel();
     const auto command = request();
@@ -190,7 +206,7 @@ void tst_DeviceChannel::timeoutOfTheConstructorIsTenSeconds()
     QCOMPARE(caller.response()->status, quint16(260));
 }
 
-void tst_DeviceChannel::requestWithoutTimeEndsAtOnce()
+void tst_DeviceChannel::zeroTimeoutEndsTheRequestAtOnce()
 {
     connectChannel();
     for (const int timeout : {0, -1}) {
@@ -199,7 +215,7 @@ void tst_DeviceChannel::requestWithoutTimeEndsAtOnce()
     }
 }
 
-void tst_DeviceChannel::tricklingBytesDoNotRenewTheTime()
+void tst_DeviceChannel::singleBytesDoNotExtendTheTimeout()
 {
     connectChannel();
     auto caller = call(request(0x1100, 1, {}, 1000));
@@ -234,7 +250,7 @@ void tst_DeviceChannel::lateAnswerIsDroppedAndCounted()
     QCOMPARE(caller.response()->body(), std::string("in time"));
 }
 
-void tst_DeviceChannel::connectionThatOwesTooManyAnswersIsMadeAnew()
+void tst_DeviceChannel::tooManyOwedAnswersReconnect()
 {
     connectChannel();
     for (int i = 0; i < 128; ++i) {

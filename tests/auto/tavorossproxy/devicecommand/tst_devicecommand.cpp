@@ -8,17 +8,17 @@ class tst_DeviceCommand : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void freshRequestIsAllZeroAndEmpty();
-    void freshRequestWaitsTenSeconds();
+    void newRequestIsAllZeroAndEmpty();
+    void newRequestWaitsTenSeconds();
     void timeoutIsWhatWasSet();
-    void freshResponseIsASuccess();
-    void headStandsAtItsPositions();
+    void newResponseIsASuccess();
+    void headFieldsAreAtTheirPositions();
     void codeIsStoredLowByteFirst();
     void bodyHoldsAnyBytes();
     void bufferIsTheChannelsOwn();
 };
 
-void tst_DeviceCommand::freshRequestIsAllZeroAndEmpty()
+void tst_DeviceCommand::newRequestIsAllZeroAndEmpty()
 {
     const DeviceRequestCommand request;
     const auto *bytes = reinterpret_cast<const char *>(&request.head());
@@ -28,7 +28,7 @@ void tst_DeviceCommand::freshRequestIsAllZeroAndEmpty()
     QCOMPARE(request.bufferLen(), std::size_t(0));
 }
 
-void tst_DeviceCommand::freshRequestWaitsTenSeconds()
+void tst_DeviceCommand::newRequestWaitsTenSeconds()
 {
     QCOMPARE(DeviceRequestCommand().timeout(), 10000);
 }
@@ -40,14 +40,14 @@ void tst_DeviceCommand::timeoutIsWhatWasSet()
     QCOMPARE(request.timeout(), 15000);
 }
 
-void tst_DeviceCommand::freshResponseIsASuccess()
+void tst_DeviceCommand::newResponseIsASuccess()
 {
     const DeviceResponseCommand response;
     QCOMPARE(response.status, quint16(0));
     QVERIFY(response.body().empty());
 }
 
-void tst_DeviceCommand::headStandsAtItsPositions()
+void tst_DeviceCommand::headFieldsAreAtTheirPositions()
 {
     DeviceRequestCommand request;
     PacketHead &head = request.head();

@@ -16,7 +16,7 @@ const char ip[] = "192.0.2.7";
 const char mac[] = "02005E100001";
 const char sn[] = "0123456789ABCDEF";
 
-/// A channel that counts how often it is asked who it is and whether it was refreshed.
+/// A channel that counts how often its identity is read and how often it is refreshed.
 class CountingChannel : public NetworkChannel {
 public:
     std::shared_ptr<DeviceResponseCommand>
@@ -55,19 +55,19 @@ private Q_SLOTS:
     void channelIsFoundByItsIdentity();
     void everyPartOfTheIdentityCounts_data();
     void everyPartOfTheIdentityCounts();
-    void channelThatLearnsItsIdentityLaterIsFound();
-    void channelThatChangesItsIdentityIsFoundByTheNewOne();
+    void channelIdentifiedLaterIsFound();
+    void changedIdentityIsFound();
     void identityThatMovesToAnotherChannelIsFoundThere();
-    void findingAsksOneChannelOfFifty();
-    void channelIsInOnlyOnce();
+    void findReadsOneIdentityOfFifty();
+    void channelIsAddedOnlyOnce();
     void nullChannelIsIgnored();
-    void removedChannelIsForgotten();
+    void removedChannelIsNotFound();
     void removedChannelIsNotKeptAlive();
     void refreshReachesTheChannels();
-    void controlOfAConnectedDeviceIsGiven();
-    void controlOfAnUnknownDeviceIsRefusedInWords();
-    void controlThatOthersHoldIsRefusedInWords();
-    void managerMayBeUsedByManyThreads();
+    void controlOfAConnectedDeviceIsGranted();
+    void controlOfAnUnknownDeviceFailsWithAText();
+    void controlHeldByAnotherClientFailsWithAText();
+    void managerIsThreadSafe();
 
 private:
     DeviceManager *const m_manager = DeviceManager::instance();
@@ -116,7 +116,7 @@ void tst_DeviceManager::everyPartOfTheIdentityCounts()
                                           otherSn.toStdString()));
 }
 
-void tst_DeviceManager::channelThatLearnsItsIdentityLaterIsFound()
+void tst_DeviceManager::channelIdentifiedLaterIsFound()
 {
     const auto channel = std::make_shared<ScriptedChannel>();
     const auto info = channel->info;
@@ -127,7 +127,7 @@ void tst_DeviceManager::channelThatLearnsItsIdentityLaterIsFound()
     QCOMPARE(m_manager->findDeviceChannel(ip, mac, sn).get(), channel.get());
 }
 
-void tst_DeviceManager::channelThatChangesItsIdentityIsFoundByTheNewOne()
+void tst_DeviceManager::changedIdentityIsFound()
 {
     const auto channel = std::make_shared<ScriptedChannel>();
     m_manager->addDeviceChannel(channel);
@@ -149,7 +149,7 @@ void tst_DeviceManager::identityThatMovesToAnotherChannelIsFoundThere()
     QCOMPARE(m_manager->findDeviceChannel(ip, mac, sn).get(), second.get());
 }
 
-void tst_DeviceManager::findingAsksOneChannelOfFifty()
+void tst_DeviceManager::findReadsOneIdentityOfFifty()
 {
     std::vector<std::shared_ptr<CountingChannel>> channels;
     for (int i = 0; i < 50; ++i) {
@@ -167,7 +167,7 @@ void tst_DeviceManager::findingAsksOneChannelOfFifty()
         QCOMPARE(channels[i]->asked, 0);
 }
 
-void tst_DeviceManager::channelIsInOnlyOnce()
+void tst_DeviceManager::channelIsAddedOnlyOnce()
 {
     const auto channel = std::make_shared<ScriptedChannel>();
     m_manager->addDeviceChannel(channel);
@@ -183,7 +183,7 @@ void tst_DeviceManager::nullChannelIsIgnored()
     QCOMPARE(m_manager->tavoroDeviceChannels().size(), 0);
 }
 
-void tst_DeviceManager::removedChannelIsForgotten()
+void tst_DeviceManager::removedChannelIsNotFound()
 {
     const auto channel = std::make_shared<ScriptedChannel>();
     m_manager->addDeviceChannel(channel);
@@ -214,7 +214,7 @@ void tst_DeviceManager::refreshReachesTheChannels()
     QCOMPARE(network->refreshed, 1);
 }
 
-void tst_DeviceManager::controlOfAConnectedDeviceIsGiven()
+void tst_DeviceManager::controlOfAConnectedDeviceIsGranted()
 {
     m_manager->addDeviceChannel(std::make_shared<ScriptedChannel>());
     QString error = QStringLiteral("as it was");
@@ -223,7 +223,7 @@ void tst_DeviceManager::controlOfAConnectedDeviceIsGiven()
     QCOMPARE(error, QStringLiteral("as it was"));
 }
 
-void tst_DeviceManager::controlOfAnUnknownDeviceIsRefusedInWords()
+void tst_DeviceManager::controlOfAnUnknownDeviceFailsWithAText()
 {
     const auto offline = std::make_shared<ScriptedChannel>();
     offline->ready = false;
@@ -236,7 +236,7 @@ void tst_DeviceManager::controlOfAnUnknownDeviceIsRefusedInWords()
     }
 }
 
-void tst_DeviceManager::controlThatOthersHoldIsRefusedInWords()
+void tst_DeviceManager::controlHeldByAnotherClientFailsWithAText()
 {
     const auto channel = std::make_shared<ScriptedChannel>();
     channel->master = false;
@@ -244,10 +244,10 @@ void tst_DeviceManager::controlThatOthersHoldIsRefusedInWords()
     QString error;
     QVERIFY(!m_manager->sendTavoroControlRequest(QLatin1String(ip), QLatin1String(mac),
                                                  QLatin1String(sn), error));
-    QCOMPARE(error, QStringLiteral("The device at 192.0.2.7 does not hand over control."));
+    QCOMPARE(error, QStringLiteral("The device at 192.0.2.7 is controlled by another client."));
 }
 
-void tst_DeviceManager::managerMayBeUsedByManyThreads()
+void tst_DeviceManager::managerIsThreadSafe()
 {
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {

@@ -56,23 +56,23 @@ class tst_ExchangeTable : public QObject {
 
 private Q_SLOTS:
     void init();
-    void everyTagServesBeforeOneServesAgain();
-    void tagLastsForFewerRequestsWhenAnswersAreOwed();
+    void allTagsAreUsedBeforeOneIsUsedAgain();
+    void owedAnswersShortenTheLifeOfATag();
     void tagIsNeverZero();
     void requestWithoutAFreeTagIsRefused();
     void owedAnswerKeepsItsTag();
-    void unsentFrameThatTimedOutFreesItsTag();
-    void unsentFramesComeInTheirOrder();
+    void unsentRequestThatTimesOutFreesItsTag();
+    void framesAreSentInOrder();
     void requestsAreNumberedInTheOrderOfSending();
     void numbersContinueOnTheNextConnection();
     void answerWithAnotherNumberIsStray();
     void readsGetStreamsOfTheirOwn();
-    void streamsOfLongReadsAreNotGivenAgain();
-    void streamsServeAgainBehindTheLastPacket();
+    void streamsOfUnfinishedReadsAreNotUsedAgain();
+    void streamsAreUsedAgainAfterTheLastPacket();
     void packetsOfOneThreadShareAStream();
-    void packetsOfTwoThreadsDoNot();
+    void packetsOfTwoThreadsDoNotShareAStream();
     void streamOfTheCallerIsKept();
-    void requestLostBeforeItWasHandedOverEnds();
+    void requestEndsIfTheConnectionIsLostBeforeSubmit();
     void shutFreesOwedTags();
 
 private:
@@ -81,14 +81,14 @@ private:
     {
         return m_table->begin(command, m_clock.now());
     }
-    /// Begins, hands over and takes a frame for sending.
+    /// Begins, submits and sends a request; its head as it was sent.
     Wire::WireHead sent(const DeviceRequestCommand &command);
-    /// A whole exchange; its tag.
+    /// Makes a whole exchange; its tag.
     quint8 exchanged();
-    /// A whole exchange of one packet of a read; the stream on which it travelled.
+    /// Makes a whole exchange of one packet of a read; its stream.
     quint16 readPacket(quint32 totalCount, quint32 sendCount, quint16 stream = 0);
-    /// Whether \a stream is given to one of as many reads as there are streams for reads.
-    bool isGivenAgain(quint16 stream);
+    /// Whether one of as many reads as there are streams for reads gets \a stream.
+    bool isUsedAgain(quint16 stream);
 
     ManualLoop m_clock;
     std::unique_ptr<ExchangeTable> m_table;
@@ -115,7 +115,7 @@ quint8 tst_ExchangeTable::exchanged()
     return head.lables;
 }
 
-void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
+void tst_ExchangeTable::allTagsAreUsedBeforeOneIsUsedAgain()
 {
     std::set<quint8> tags;
     for (int i = 0; i < 255; ++i)
@@ -124,8 +124,8 @@ void tst_ExchangeTable::everyTagServesBeforeOneServesAgain()
     QCOMPARE(begin(request()).head.lables, *tags.begin());
 }
 
-/// So many are owed at the most before a channel makes its connection anew.
-void tst_ExchangeTable::tagLastsForFewerRequestsWhenAnswersAreOwed()
+/// A channel reconnects before more answers than these are owed.
+void tst_ExchangeTable::owedAnswersShortenTheLifeOfATag()
 {
     for (int i = 0; i < ChannelOptions().maxOwedAnswers - 1; ++i)
         m_table->await(sent(request()), m_clock.now()); // times out
@@ -171,7 +171,7 @@ void tst_ExchangeTable::owedAnswerKeepsItsTag()
     QCOMPARE(begin(request()).head.lables, late.lables);
 }
 
-void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
+void tst_ExchangeTable::unsentRequestThatTimesOutFreesItsTag()
 {
     const auto ticket = begin(request());
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
@@ -180,7 +180,7 @@ void tst_ExchangeTable::unsentFrameThatTimedOutFreesItsTag()
     QCOMPARE(m_table->owedAnswers(), 0);
 }
 
-void tst_ExchangeTable::unsentFramesComeInTheirOrder()
+void tst_ExchangeTable::framesAreSentInOrder()
 {
     for (const char *body : {"one", "two", "three"}) {
         const auto head = begin(request()).head;
@@ -252,32 +252,32 @@ quint16 tst_ExchangeTable::readPacket(quint32 totalCount, quint32 sendCount, qui
     return head.stream;
 }
 
-bool tst_ExchangeTable::isGivenAgain(quint16 stream)
+bool tst_ExchangeTable::isUsedAgain(quint16 stream)
 {
-    bool isGiven = false;
+    bool isUsed = false;
     for (int i = 0; i < 0x7FFF; ++i)
-        isGiven |= readPacket(1, 0) == stream;
-    return isGiven;
+        isUsed |= readPacket(1, 0) == stream;
+    return isUsed;
 }
 
-void tst_ExchangeTable::streamsOfLongReadsAreNotGivenAgain()
+void tst_ExchangeTable::streamsOfUnfinishedReadsAreNotUsedAgain()
 {
     const quint16 first = readPacket(3, 0);
     const quint16 second = readPacket(3, 0);
-    QVERIFY(!isGivenAgain(first));
-    QVERIFY(!isGivenAgain(second));
+    QVERIFY(!isUsedAgain(first));
+    QVERIFY(!isUsedAgain(second));
 }
 
-void tst_ExchangeTable::streamsServeAgainBehindTheLastPacket()
+void tst_ExchangeTable::streamsAreUsedAgainAfterTheLastPacket()
 {
     const quint16 ended = readPacket(2, 0);
     readPacket(2, 1, ended);
-    QVERIFY(isGivenAgain(ended));
+    QVERIFY(isUsedAgain(ended));
 
     const quint16 lost = readPacket(2, 0);
     m_table->shut(259, 259);
     m_table->open(1024);
-    QVERIFY(isGivenAgain(lost));
+    QVERIFY(isUsedAgain(lost));
 }
 
 void tst_ExchangeTable::packetsOfOneThreadShareAStream()
@@ -288,7 +288,7 @@ void tst_ExchangeTable::packetsOfOneThreadShareAStream()
     QVERIFY(first >= 0x8000);
 }
 
-void tst_ExchangeTable::packetsOfTwoThreadsDoNot()
+void tst_ExchangeTable::packetsOfTwoThreadsDoNotShareAStream()
 {
     const quint16 here = begin(request(2, 3)).head.stream;
     quint16 there = 0;
@@ -301,7 +301,7 @@ void tst_ExchangeTable::streamOfTheCallerIsKept()
     QCOMPARE(begin(request(1, 3, 77)).head.stream, quint16(77));
 }
 
-void tst_ExchangeTable::requestLostBeforeItWasHandedOverEnds()
+void tst_ExchangeTable::requestEndsIfTheConnectionIsLostBeforeSubmit()
 {
     const auto ticket = begin(request());
     m_table->shut(Disconnected, Disconnected);

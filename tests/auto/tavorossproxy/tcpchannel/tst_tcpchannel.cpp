@@ -21,8 +21,8 @@ class tst_TcpChannel : public QObject {
 
 private Q_SLOTS:
     void deviceIsIdentifiedAndAnswers();
-    void addressIsThatOfTheConnection();
-    void waitingEndsWhenTheChannelIsReady();
+    void addressIsTakenFromTheConnection();
+    void waitEndsWhenTheChannelIsReady();
     void longBodiesAreTransferredCompletely();
     void manyThreadsGetTheirOwnAnswers();
     void failureToConnectNamesTheHost();
@@ -46,7 +46,7 @@ void tst_TcpChannel::deviceIsIdentifiedAndAnswers()
     QCOMPARE(channel->statistics().connections, quint64(1));
 }
 
-void tst_TcpChannel::addressIsThatOfTheConnection()
+void tst_TcpChannel::addressIsTakenFromTheConnection()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("::ffff:127.0.0.1"), device.port());
@@ -54,7 +54,7 @@ void tst_TcpChannel::addressIsThatOfTheConnection()
     QCOMPARE(channel->deviceBaseInfo().ip, std::string("127.0.0.1"));
 }
 
-void tst_TcpChannel::waitingEndsWhenTheChannelIsReady()
+void tst_TcpChannel::waitEndsWhenTheChannelIsReady()
 {
     EchoDevice device;
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device.port());
