@@ -68,33 +68,37 @@ std::string defaultMember(const Member &member)
     return R"(, "default": )" + text;
 }
 
+struct Property {
+    std::string_view key;
+    std::string schema;
+};
+
 template <class Member>
-std::string property(std::string_view key, const Member &member)
+Property property(std::string_view key, const Member &member)
 {
-    return "        \"" + std::string(key) + "\": {" + typeMembers<Member>() + defaultMember(member)
-        + '}';
+    return {key, '{' + typeMembers<Member>() + defaultMember(member) + '}'};
 }
 
-std::string joined(const std::vector<std::string> &parts, const char *separator)
+std::string definitionText(const std::string &name, const std::vector<Property> &properties)
 {
-    std::string text;
-    for (const std::string &part : parts)
-        text += (text.empty() ? "" : separator) + part;
-    return text;
+    std::string members;
+    std::string keys;
+    for (const Property &property : properties) {
+        const std::string key = '"' + std::string(property.key) + '"';
+        members += (members.empty() ? "        " : ",\n        ") + key + ": " + property.schema;
+        keys += (keys.empty() ? "" : ", ") + key;
+    }
+    return "    \"" + name + "\": {\n      \"type\": \"object\",\n      \"properties\": {\n"
+        + members + "\n      },\n      \"required\": [" + keys + "]\n    }";
 }
 
 template <class Record, std::size_t... Field>
 std::string definition(std::index_sequence<Field...>)
 {
     const auto &list = ajson::RecordFields<Record>::list;
-    const Record record;
-    const std::vector<std::string> keys{'"' + std::string(list[Field]) + '"' ...};
-    const auto properties = record.visitFields([&](const auto &...members) {
-        return std::vector<std::string>{property(list[Field], members)...};
+    return Record().visitFields([&](const auto &...members) {
+        return definitionText(nameOf<Record>(), {property(list[Field], members)...});
     });
-    return "    \"" + nameOf<Record>() + "\": {\n      \"type\": \"object\",\n"
-        + "      \"properties\": {\n" + joined(properties, ",\n") + "\n      },\n"
-        + "      \"required\": [" + joined(keys, ", ") + "]\n    }";
 }
 
 template <class Record>
@@ -113,10 +117,13 @@ constexpr std::string (*definitions[])() = {
 
 std::string recordsDocument()
 {
-    std::vector<std::string> texts;
-    for (const auto definitionText : definitions)
-        texts.push_back(definitionText());
-    return head + joined(texts, ",\n") + "\n  }\n}\n";
+    std::string text = head;
+    const char *separator = "";
+    for (const auto definitionOf : definitions) {
+        text += separator + definitionOf();
+        separator = ",\n";
+    }
+    return text + "\n  }\n}\n";
 }
 
 } // namespace Tavoro::Schema
