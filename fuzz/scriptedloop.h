@@ -17,7 +17,7 @@ class ScriptedLoop final : public Tavoro::SSProxy::Internal::EventLoop,
 public:
     using TimePoint = Tavoro::SSProxy::Internal::Clock::TimePoint;
 
-    /// \a act runs the device's next action and returns false if there is none.
+    /// \a act runs the device's next action and returns false if there is nothing left to do.
     explicit ScriptedLoop(std::function<bool()> act) : m_act(std::move(act)) { }
 
     Tavoro::SSProxy::Internal::Clock &clock() override { return *this; }

@@ -8,7 +8,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// A device whose data are wrong throughout should not fill the log.
+/// A device with many faults must not fill the log.
 constexpr int mostSentences = 5;
 
 } // namespace
@@ -46,7 +46,7 @@ void DataFaults::add(const QString &sentence)
 
 void DataFaults::addTwice(const QString &what)
 {
-    add(Device::tr("%1 is there twice.").arg(what));
+    add(Device::tr("%1 occurs twice.").arg(what));
 }
 
 bool DataFaults::report(QString &error) const

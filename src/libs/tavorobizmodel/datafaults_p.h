@@ -5,7 +5,7 @@
 
 namespace Tavoro::BizModel {
 
-/// What is wrong in data that a device sent, a sentence each.
+/// The faults in data that a device sent, one sentence each.
 class DataFaults {
 public:
     void add(const QString &sentence);

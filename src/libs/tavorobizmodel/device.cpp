@@ -13,7 +13,7 @@ using Part = DevicePrivate::Part;
 
 namespace {
 
-/// Commands that keep a real device busy for longer than the default allows.
+/// Commands that take a device longer than the default timeout.
 QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
 {
     using SSProxy::Command;
@@ -166,9 +166,9 @@ void Device::clearAll(bool keepUserSettings)
     if (!keepUserSettings)
         d->settings->clear();
     for (const Part part : {Part::Interfaces, Part::Screens, Part::Layers, Part::Files})
-        d->tell(part);
+        d->notify(part);
     if (wasActive)
-        d->tell(Part::ActiveScreens);
+        d->notify(Part::ActiveScreens);
 }
 
 bool Device::initModelData(const ProtoModel::Device::s_DeviceDetail &detail, QString &error)
@@ -222,43 +222,43 @@ bool Device::updateSlotModelData(const ProtoModel::Device::s_subcards &reported,
 void Device::setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process)
 {
     d->records.setProcess(process);
-    d->tell(Part::Process);
+    d->notify(Part::Process);
 }
 
 void Device::setGenlockOnStatus(const ProtoModel::Device::s_GenlockSignalBody &signal)
 {
     d->records.setGenlockSignal(signal);
-    d->tell(Part::GenlockSignal);
+    d->notify(Part::GenlockSignal);
 }
 
 void Device::updateInterfaceRelation(const std::vector<ProtoModel::Device::s_Relation> &relations)
 {
     d->records.setRelations(relations);
-    d->tell(Part::InterfaceRelations);
+    d->notify(Part::InterfaceRelations);
 }
 
 void Device::updateDeviceGroupInfo(const ProtoModel::Device::s_DeviceGroupInfoBody &group)
 {
     d->records.setGroup(group);
-    d->tell(Part::Groups);
+    d->notify(Part::Groups);
 }
 
 void Device::updateSubCard(const std::vector<ProtoModel::Device::s_subcardBody> &subcards)
 {
     d->records.setSubcards(subcards);
-    d->tell(Part::Subcards);
+    d->notify(Part::Subcards);
 }
 
 void Device::setPower(const std::vector<ProtoModel::Device::s_PowerBody> &powers)
 {
     d->records.setPowers(powers);
-    d->tell(Part::Powers);
+    d->notify(Part::Powers);
 }
 
 bool Device::updateCutoutRGB(const ProtoModel::s_RGB &color, QString & /*error*/)
 {
     d->settings->setCutout(color);
-    d->tell(Part::CutoutRGB);
+    d->notify(Part::CutoutRGB);
     return true;
 }
 
@@ -268,7 +268,7 @@ void Device::setScreenGenlocks(const std::vector<s_ScreenGenlockBody> &genlocks)
     for (const auto &genlock : genlocks)
         now.assign(objectId(genlock), genlock);
     const ScreenGenlocks before = d->records.setScreenGenlocks(now);
-    d->tell(Part::ScreenGenlocks);
+    d->notify(Part::ScreenGenlocks);
     if (signalsBlocked())
         return;
     const auto screens = d->contents.screens();
@@ -339,7 +339,7 @@ std::weak_ptr<MVRScreen> Device::activedMVRScreen() const
 void Device::setActivedScreen(std::weak_ptr<Screen> screen)
 {
     if (d->contents.setActive(screen.lock()))
-        d->tell(Part::ActiveScreens);
+        d->notify(Part::ActiveScreens);
 }
 
 } // namespace Tavoro::BizModel

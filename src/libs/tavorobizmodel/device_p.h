@@ -38,7 +38,7 @@ public:
     static DevicePrivate &of(const Device &device) { return *device.d; }
     static DeviceContents &contentsOf(const Device &device) { return device.d->contents; }
 
-    /// Returns what \a look finds in the state. It must not emit.
+    /// Returns the result of \a look at the state. It must not emit signals.
     template <class Look>
     auto read(const Look &look) const
     {
@@ -53,7 +53,7 @@ public:
         return m_state.*member;
     }
 
-    /// Changes the state and tells nobody.
+    /// Changes the state without a signal.
     template <class Change>
     void write(const Change &change)
     {
@@ -61,15 +61,15 @@ public:
         change(m_state);
     }
 
-    /// Changes the state, then tells it.
+    /// Changes the state, then emits deviceDataChanged().
     template <class Change>
     void change(Part part, const Change &change)
     {
         write(change);
-        tell(part);
+        notify(part);
     }
 
-    /// Stores a value; tells it only when it is another than before.
+    /// Stores a value. Emits deviceDataChanged() only when the value changes.
     template <class Value>
     void set(Part part, Value DeviceState::*member, const Value &value)
     {
@@ -80,12 +80,12 @@ public:
             m_state.*member = value;
         }
         if (part == Part::Identity)
-            tellIdentity();
+            notifyIdentity();
         else
-            tell(part);
+            notify(part);
     }
 
-    /// Stores MAC and serial number in one, so that nobody meets the one without the other.
+    /// Stores MAC and serial number together, so that no thread sees one without the other.
     void setIdentity(ProtoModel::DeviceBaseInfo info)
     {
         const QString mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
@@ -98,7 +98,7 @@ public:
             state.info = std::move(info);
         });
         if (isOther)
-            tellIdentity();
+            notifyIdentity();
     }
 
     template <class Details>
@@ -115,16 +115,16 @@ public:
     /// Takes over the settings of \a former, which is the same device.
     void adopt(DevicePrivate &former);
 
-    void tellIdentity() const
+    void notifyIdentity() const
     {
         ++identityChanges;
-        tell(Part::Identity);
+        notify(Part::Identity);
     }
 
-    void tell(Part part) const { Q_EMIT q.deviceDataChanged(part); }
+    void notify(Part part) const { Q_EMIT q.deviceDataChanged(part); }
 
-    /// Counts the changes of identities of all devices: whoever keeps an index of them sees by it
-    /// when the index is out of date.
+    /// Counts the changes of identities of all devices. An index of devices is out of date when the
+    /// count has changed.
     static inline std::atomic<quint64> identityChanges = 0;
 
     Device &q;
@@ -139,7 +139,7 @@ private:
     DeviceState m_state; // guarded by m_mutex
 };
 
-/// Weak pointers to objects, for whoever must not keep them alive.
+/// Weak pointers to objects.
 template <class Objects>
 auto weakList(const Objects &objects)
 {

@@ -93,7 +93,7 @@ void DeviceBuilder::build(const s_DeviceDetail &detail)
     m_d.write(
         [&](DeviceState &state) { state.name = QString::fromStdString(detail.general.name); });
     m_d.records.replace(std::move(rest), std::move(subcards), std::move(powers), std::move(groups));
-    m_d.tell(DevicePrivate::Part::Detail);
+    m_d.notify(DevicePrivate::Part::Detail);
 }
 
 void DeviceBuilder::build(const std::vector<s_InterfaceDetail> &details)
@@ -108,7 +108,7 @@ void DeviceBuilder::build(const std::vector<s_InterfaceDetail> &details)
     m_d.contents.take(interfaces);
     for (const auto &interface : interfaces.values())
         interface->updateLayerInputCrop(); // for layers built before
-    m_d.tell(DevicePrivate::Part::Interfaces);
+    m_d.notify(DevicePrivate::Part::Interfaces);
 }
 
 void DeviceBuilder::build(const std::vector<s_FileDetail> &details)
@@ -116,7 +116,7 @@ void DeviceBuilder::build(const std::vector<s_FileDetail> &details)
     m_d.contents.take(makeObjects<File>(details, m_faults, [this](const s_FileDetail &detail) {
         return std::make_shared<File>(detail, m_device.weak_from_this());
     }));
-    m_d.tell(DevicePrivate::Part::Files);
+    m_d.notify(DevicePrivate::Part::Files);
 }
 
 void DeviceBuilder::build(const std::vector<s_ScreenFullDetail> &details)
@@ -124,7 +124,7 @@ void DeviceBuilder::build(const std::vector<s_ScreenFullDetail> &details)
     const auto make = [&](const s_ScreenFullDetail &detail) -> std::shared_ptr<Screen> {
         for (const auto &output : detail.mosaic.outputs) {
             if (!m_d.contents.findInterface(objectId(output.interfaceId)))
-                m_faults.add(Device::tr("%1 has the output %2, which is not there.")
+                m_faults.add(Device::tr("%1 has the output %2, which the device does not have.")
                                  .arg(quoted(identityOf(detail)), quoted(output.interfaceId)));
         }
         if (detail.screenType == Enum::Screen::MultiviewerScreen)
@@ -132,17 +132,17 @@ void DeviceBuilder::build(const std::vector<s_ScreenFullDetail> &details)
         return std::make_shared<Screen>(detail, m_device.weak_from_this());
     };
     const bool wasActive = m_d.contents.take(makeObjects<Screen>(details, m_faults, make));
-    m_d.tell(DevicePrivate::Part::Screens);
+    m_d.notify(DevicePrivate::Part::Screens);
     if (wasActive)
-        m_d.tell(DevicePrivate::Part::ActiveScreens);
+        m_d.notify(DevicePrivate::Part::ActiveScreens);
 }
 
 void DeviceBuilder::build(const std::vector<s_LayerFullDetail> &details)
 {
     const auto make = [&](const s_LayerFullDetail &detail) -> std::shared_ptr<Layer> {
         if (!m_d.contents.findScreen(objectId(screenOf(detail.layerIdenti)))) {
-            m_faults.add(
-                Device::tr("%1: the screen is not there.").arg(quoted(detail.layerIdenti)));
+            m_faults.add(Device::tr("%1: the device does not have the screen.")
+                             .arg(quoted(detail.layerIdenti)));
             return nullptr;
         }
         auto layer = std::make_shared<Layer>(detail, m_device.weak_from_this());
@@ -152,7 +152,7 @@ void DeviceBuilder::build(const std::vector<s_LayerFullDetail> &details)
     };
     m_d.keepLayerCrops();
     m_d.contents.take(makeObjects<Layer>(details, m_faults, make));
-    m_d.tell(DevicePrivate::Part::Layers);
+    m_d.notify(DevicePrivate::Part::Layers);
 }
 
 } // namespace Tavoro::BizModel

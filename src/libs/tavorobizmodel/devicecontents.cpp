@@ -16,7 +16,8 @@ std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetai
                     static_cast<qint32>(source.id & 0xFF), 0, 0};
 }
 
-// In each of these the old objects go when the lock is gone, since their owners may be called then.
+// Each of these destroys the old objects after the lock is released: their destructors may run
+// code of the application.
 
 void DeviceContents::take(Interfaces interfaces)
 {

@@ -24,10 +24,10 @@ using Screens = ObjectTable<Screen>;
 using Layers = ObjectTable<Layer>;
 using Files = ObjectTable<File>;
 
-/// The objects of a device, and what they are to each other.
+/// The objects of a device and their relations.
 ///
-/// From an object to the one that its record names leads the identity: a layer finds its screen by
-/// lookup. The other way round an index leads, which is made when the objects are. All members may
+/// An object finds another one that its record names by identity: a layer looks its screen up. For
+/// the opposite direction there is an index, which is built with the objects. All members may
 /// be called from any thread.
 class DeviceContents {
 public:
@@ -98,7 +98,7 @@ private:
     Index<LayerList> m_layersOfInterface;
 };
 
-/// The identity of the interface that a layer shows, as far as it shows one.
+/// The identity of the interface that a layer shows, if it shows one.
 std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetail &layer);
 
 } // namespace Tavoro::BizModel

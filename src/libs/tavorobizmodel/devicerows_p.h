@@ -51,8 +51,8 @@ struct DeviceRow {
     QByteArray body; ///< The record, as rowformat_p.h describes it.
     QByteArray content; ///< The bytes of a file; empty for other kinds.
 
-    /// Covers everything in the row, so that it tells changed rows from unchanged ones, and damaged
-    /// rows from sound ones: the SHA-1 of "kind key size ", where size is that of the body,
+    /// Covers everything in the row, so that it distinguishes changed rows from unchanged ones, and
+    /// damaged rows from sound ones: the SHA-1 of "kind key size ", where size is that of the body,
     /// followed by body and content.
     QByteArray digest() const;
     /// Names the row in a message, as "File 2/5/0/0/0".

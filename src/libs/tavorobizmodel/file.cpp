@@ -27,7 +27,7 @@ File::~File() = default;
 void File::setTransferProgress(const ProtoModel::File::s_FileTransPercent &progress)
 {
     d->change([&](FileState &state) { state.progress = progress; });
-    d->tell(*this, &File::fileChanged);
+    d->notify(*this, &File::fileChanged);
 }
 
 ProtoModel::File::s_FileDetail File::detail() const

@@ -6,11 +6,11 @@
 
 namespace Tavoro::BizModel {
 
-/// Pixels of the picture that a signal of this timing carries; empty without a signal.
+/// Size in pixels of the picture with this timing; empty without a signal.
 QSize pictureSize(const ProtoModel::s_TimingDetailBody &timing);
 
-/// Works out which pixels of a picture \a crop takes. True when they are others than before. Of an
-/// empty picture nothing can be taken: the pixels stay as they were.
+/// Works out which pixels of a picture \a crop takes. True when they changed. For an empty picture
+/// the pixels stay as they are.
 bool fitCrop(ProtoModel::s_CropBody &crop, const QSize &picture);
 
 } // namespace Tavoro::BizModel

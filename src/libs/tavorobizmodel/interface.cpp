@@ -76,7 +76,7 @@ void Interface::setActualTiming(ProtoModel::s_TimingDetailBody timing)
         known.actualTiming = timing;
         return fitCrop(known.crop, pictureSize(timing));
     });
-    d->tell(*this, &Interface::interfaceChanged);
+    d->notify(*this, &Interface::interfaceChanged);
 }
 
 void Interface::updateLayerInputCrop()
@@ -84,18 +84,18 @@ void Interface::updateLayerInputCrop()
     const QSize picture = pictureSize(d->detail().actualTiming);
     for (const auto &layer : d->layers())
         layer->fitInputCrop(picture);
-    d->tell(*this, &Interface::layerInputCropOutdated);
+    d->notify(*this, &Interface::layerInputCropOutdated);
 }
 
 namespace {
 
-/// Stores one part of what is known of an interface, and tells it.
+/// Stores one part of the record of an interface, and emits interfaceChanged().
 template <class Part>
 void store(Interface &interface, InterfacePrivate &d, Part s_InterfaceDetail::*part,
            const Part &value)
 {
     d.change([&](s_InterfaceDetail &known) { known.*part = value; });
-    d.tell(interface, &Interface::interfaceChanged);
+    d.notify(interface, &Interface::interfaceChanged);
 }
 
 } // namespace

@@ -8,7 +8,7 @@
 
 namespace Tavoro::BizModel {
 
-/// Values in the order in which they came, found by their key in constant time.
+/// Values in the order in which they were added, found by their key in constant time.
 template <class Key, class Value, class Hash = std::hash<Key>>
 class KeyedList {
 public:
@@ -21,7 +21,7 @@ public:
         return place == m_places.end() ? std::nullopt : std::optional(m_values[place->second]);
     }
 
-    /// Takes the place of the value with this key, or becomes the last one.
+    /// Replaces the value with this key, or appends it.
     void assign(const Key &key, Value value)
     {
         const auto [place, isNew] = m_places.emplace(key, m_values.size());

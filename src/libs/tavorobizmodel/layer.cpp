@@ -77,7 +77,7 @@ bool Layer::fitCrops(const QSize &picture)
 void Layer::fitInputCrop(const QSize &picture)
 {
     if (fitCrops(picture))
-        d->tell(*this, &Layer::layerChanged);
+        d->notify(*this, &Layer::layerChanged);
 }
 
 } // namespace Tavoro::BizModel

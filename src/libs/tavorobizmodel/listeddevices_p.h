@@ -38,7 +38,7 @@ public:
 
     /// Null when no device matches.
     DevicePtr find(const Lookup &lookup);
-    /// Adds \a device, in the place of one with the same identity, whose settings it adopts.
+    /// Adds \a device. It replaces one with the same identity, whose settings it adopts.
     Appended append(const DevicePtr &device);
     /// Adds a device of the last run. A device of this run with the same identity stays, and adopts
     /// its settings: the result is then false.

@@ -21,7 +21,7 @@ QSize MVRScreen::rowColSpan() const
 void MVRScreen::setRowColSpan(QSize span)
 {
     m_settings->setLayout(screenId(), span);
-    tellChange();
+    notifyChange();
 }
 
 } // namespace Tavoro::BizModel

@@ -12,8 +12,8 @@
 
 namespace Tavoro::BizModel {
 
-/// Identity of an interface, a screen, a layer or a file as one key; what a kind does not have is
-/// 0. Keys of different kinds never meet in one table.
+/// Identity of an interface, a screen, a layer or a file as one key; unused numbers are 0. Keys of
+/// different kinds never share a table.
 using ObjectId = std::array<qint32, 5>;
 
 struct ObjectIdHash {
@@ -39,7 +39,7 @@ inline const ProtoModel::s_ScreenId &screenOf(const ProtoModel::Layer::s_LayerId
     return id;
 }
 
-/// \name Identities as they are quoted in sentences
+/// \name Identities for error texts
 /// @{
 QString quoted(const ProtoModel::s_InterfaceID &id);
 QString quoted(const ProtoModel::s_ScreenId &id);

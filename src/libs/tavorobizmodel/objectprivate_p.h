@@ -12,15 +12,15 @@
 
 namespace Tavoro::BizModel {
 
-/// Objects are mostly made on threads that end soon. They live on the application's thread, so that
-/// what is posted to them arrives.
+/// Moves an object to the application's thread. Most objects are created on threads that end soon,
+/// which would never deliver events to them.
 inline void liveOnApplicationThread(QObject &object)
 {
     if (const auto *const application = QCoreApplication::instance())
         object.moveToThread(application->thread());
 }
 
-/// What every object of a device is made of: its record and the way to its device.
+/// The private part of every object of a device: its record and its device.
 template <class Detail>
 class ObjectPrivate {
 public:
@@ -46,7 +46,7 @@ public:
 
     /// Emits \a signal of \a object, unless the signals of the device are blocked.
     template <class Object>
-    void tell(Object &object, void (Object::*signal)()) const
+    void notify(Object &object, void (Object::*signal)()) const
     {
         const auto owner = device.lock();
         if (!owner || !owner->signalsBlocked())

@@ -84,7 +84,7 @@ void SaveDeviceDataThreadPrivate::setStop(bool stop)
 void SaveDeviceDataThreadPrivate::waitForRunningJob()
 {
     if (std::this_thread::get_id() == m_saver.load())
-        return; // asked from a slot of the saver's own signals
+        return; // called from a slot of the saver's own signals
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, [this] { return !m_isWorking; });
 }

@@ -76,12 +76,12 @@ int Screen::genlockStatus() const
 void Screen::setScreenZelk(const ProtoModel::Screen::s_ScreenZeLK &zelk)
 {
     d->change([&](s_ScreenFullDetail &known) { known.screenZeLK = zelk; });
-    tellChange();
+    notifyChange();
 }
 
-void Screen::tellChange()
+void Screen::notifyChange()
 {
-    d->tell(*this, &Screen::screenChanged);
+    d->notify(*this, &Screen::screenChanged);
 }
 
 } // namespace Tavoro::BizModel

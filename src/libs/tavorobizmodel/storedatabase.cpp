@@ -90,7 +90,7 @@ bool StoreDatabase::checkOrCreate()
     if (tables == 0)
         return makeTables();
     if (id != applicationId)
-        return fail(DeviceList::tr("The file %1 is no store of devices.").arg(m_fileName));
+        return fail(DeviceList::tr("The file %1 is not a store of devices.").arg(m_fileName));
     if (version > schemaVersion)
         return fail(DeviceList::tr("The file %1 was written by a later version.").arg(m_fileName));
     if (version < schemaVersion) {

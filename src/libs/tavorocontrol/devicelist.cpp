@@ -87,7 +87,7 @@ void DeviceListPrivate::slotSyncDeviceTaskFinished()
     const QString sn = syncDeviceTask->deviceSN();
     const bool success = syncDeviceTask->isSyncSucess();
     syncDeviceTask->resetDevice();
-    // From here on the next one may start, also from a slot of the signal.
+    // The next synchronisation may start now, also from a slot of the signal below.
     syncDeviceTask->setRunningStatus(false);
 
     if (ip.isEmpty()) {

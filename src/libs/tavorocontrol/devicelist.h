@@ -19,23 +19,26 @@ class DeviceListPrivate;
 
 /// Synchronises devices with the model: reads one whole device at a time.
 ///
-/// The devices themselves are in BizModel::DeviceList. A list belongs to the thread that created
-/// it, which needs an event loop; both signals are emitted there.
+/// Belongs to the thread that created it, which needs an event loop; both signals are emitted
+/// there. The devices themselves are in BizModel::DeviceList. The destructor blocks, without limit,
+/// until a running synchronisation has ended. Several lists may run synchronisations at the same
+/// time.
 class TAVOROCONTROL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
 public:
-    /// Creates a list that reads nothing yet.
+    /// Creates a list on the calling thread.
     explicit DeviceList(QObject *parent);
     /// Waits, without a limit, for a synchronisation that is running.
     ~DeviceList() override;
 
-    /// Starts to read the device with this identity. Returns at once.
+    /// Starts a synchronisation of the device with this address, MAC and serial number, and returns
+    /// at once.
     ///
-    /// True: signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow. Also
-    /// true, but without signals for this device, while another synchronisation runs; that one
-    /// continues. False, with \a error unchanged, if the device has no channel; the log holds the
-    /// reason.
+    /// After true, signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished()
+    /// follow. The result is also true while another synchronisation of this list runs; that one
+    /// continues, and the call has no signals of its own. False if the device has no channel: \a
+    /// error stays unchanged, the reason is logged.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
     /// The same for a device of the model. False with "Device model is nullptr", translated, in \a
     /// error if it is gone.

@@ -103,16 +103,20 @@ std::string definition()
     return definition<Record>(typename ajson::RecordFields<Record>::Indices());
 }
 
+constexpr std::string (*definitions[])() = {
+#define TAVORO_RECORD(Record) &definition<Record>,
+#include "records.inc"
+#undef TAVORO_RECORD
+};
+
 } // namespace
 
 std::string recordsDocument()
 {
-    const std::vector<std::string> definitions{
-#define TAVORO_RECORD(Record) definition<Record>(),
-#include "records.inc"
-#undef TAVORO_RECORD
-    };
-    return head + joined(definitions, ",\n") + "\n  }\n}\n";
+    std::vector<std::string> texts;
+    for (const auto definitionText : definitions)
+        texts.push_back(definitionText());
+    return head + joined(texts, ",\n") + "\n  }\n}\n";
 }
 
 } // namespace Tavoro::Schema

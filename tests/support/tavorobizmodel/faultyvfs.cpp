@@ -23,7 +23,7 @@ std::function<void()> onWait; // guarded by waitMutex
 
 sqlite3_vfs *disk = nullptr;
 
-/// A file of the disk, behind the head that SQLite wants.
+/// A file of the disk, after the head that SQLite requires.
 struct File {
     sqlite3_file head;
     sqlite3_file *real; // follows this in memory
@@ -39,7 +39,7 @@ void die()
     raise(SIGKILL);
 }
 
-/// What becomes of the operation that begins now. Only a write can be done by half.
+/// The fault of the operation that begins now. Only a write can be done by half.
 Fault faultNow(bool isWrite = false)
 {
     ++count;

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-/// Stands between SQLite and the disk, for all databases of the process, and makes one operation go
-/// wrong.
+/// A layer between SQLite and the disk, for all databases of the process, that makes one operation
+/// fail.
 namespace FaultyVfs {
 
 enum class Fault {
@@ -11,13 +11,13 @@ enum class Fault {
     Kill, ///< The process ends as by SIGKILL, before the operation.
     KillHalfway, ///< As Kill, but half of the bytes are written before.
     DiskFull,
-    ReadOnly, ///< No operation: files are opened for reading only, as without the right to write.
+    ReadOnly, ///< No operation: files are opened read-only, as without write permission.
 };
 
-/// Goes in as SQLite's default, once per process.
+/// Becomes SQLite's default; call it once per process.
 void install();
-/// Lets the \a number-th write, sync, truncation or deletion from now go wrong; a full disk stays
-/// full until the next call. Numbers begin at 1.
+/// Makes the \a number-th write, sync, truncation or deletion from now fail; a full disk stays full
+/// until the next call. Numbers begin at 1.
 void arm(Fault fault, int number);
 /// Calls \a whenBusy, once, when a connection finds the file locked by another; on the thread of
 /// the one that waits.

@@ -8,8 +8,8 @@
 
 #include <mutex>
 
-/// What the control library lets the outside see for as long as the journal lives, in its order:
-/// log lines and what the application's windows are told.
+/// Records what the control library shows to the outside, in order: log lines and the signals to
+/// the application's windows.
 ///
 /// One text line each:
 /// \code
@@ -27,7 +27,7 @@ public:
 
     QStringList lines() const;
     void clear();
-    /// Adds a line of the test's own, for what only the test sees.
+    /// Adds a line of the test's own.
     void tell(const QString &line);
 
 private:

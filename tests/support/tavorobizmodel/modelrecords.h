@@ -10,8 +10,8 @@
 #include <memory>
 #include <vector>
 
-/// Records of a small device, from which tests build models: what each takes is what tells it from
-/// others.
+/// Records of a small device, from which tests build models. The arguments of each are what
+/// distinguishes it from others.
 namespace ModelRecords {
 
 using Tavoro::ProtoModel::s_InterfaceID;

@@ -15,7 +15,7 @@
 
 #include <memory>
 
-/// What the list of devices tells of its store, caught on the thread of the test.
+/// Catches the signals of the list of devices about its store, on the thread of the test.
 class StoreSignals : public QObject {
 public:
     StoreSignals()
@@ -42,7 +42,7 @@ public:
     QStringList damagedRecords;
 };
 
-/// The list of devices with an open store, as one run of an application after the other sees it.
+/// The list of devices with an open store, as during one run of an application.
 class StoredModel {
 public:
     using Device = Tavoro::BizModel::Device;
@@ -74,7 +74,7 @@ public:
         return devices.size() == 1 ? devices.first().lock() : nullptr;
     }
 
-    /// Asks for a save and waits until it was done.
+    /// Requests a save and waits until it is done.
     void save(const std::shared_ptr<Device> &device) const
     {
         QEventLoop waiting;

@@ -13,7 +13,7 @@
 namespace StoredStates {
 
 enum State {
-    Mixed = -1, ///< Neither one nor the other.
+    Mixed = -1, ///< Neither of the two.
     Old,
     New
 };

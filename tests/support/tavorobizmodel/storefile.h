@@ -9,12 +9,12 @@
 
 #include <utility>
 
-/// The file of a store of devices, looked at from beside the store.
+/// Looks into the file of a store of devices with a connection of its own.
 class StoreFile {
 public:
     explicit StoreFile(QString fileName) : m_fileName(std::move(fileName)) { }
 
-    /// The first column of what \a statement gives, or the reason why it gives nothing.
+    /// The first column of the rows of \a statement, or the reason why it failed.
     QStringList query(const QString &statement) const
     {
         QStringList rows;
@@ -34,7 +34,7 @@ public:
         return rows;
     }
 
-    /// Has the file tell from now on which rows are written.
+    /// Makes the file log which rows are written from now on.
     void watchWrites() const
     {
         for (const char *event : {"INSERT", "UPDATE"})

@@ -13,7 +13,7 @@ class StoreFolder {
 protected:
     QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
 
-    /// Looks into a file beside the store.
+    /// Runs a statement on a file, apart from the store.
     static QStringList query(const QString &fileName, const QString &statement)
     {
         return StoreFile(fileName).query(statement);

@@ -33,7 +33,7 @@ QString line(const QString &owner, int kind, const QString &key, const QString &
              QString::fromLatin1(content.toHex()));
 }
 
-/// One row of the file, its fields parted by blanks.
+/// One row of the file, with its fields separated by spaces.
 QString lineOf(const QString &row)
 {
     const QStringList fields = row.split(QLatin1Char(' '));

@@ -5,19 +5,18 @@
 #include <QString>
 #include <QStringList>
 
-/// What a store of devices holds, as lines of text: one for each record of each device, in their
-/// order, without the times in the identity of a device that is started anew.
+/// The contents of a store of devices as lines of text: one for each record of each device, in
+/// their order. The times in the identity are left out, as they change when a device is restarted.
 ///
 /// \code
 /// SN MAC kind key body content
 /// \endcode
 namespace StoreText {
 
-/// Every row of both tables of the file, read at one moment. A row whose digest is not that of its
-/// body and content says so.
+/// Every row of both tables of the file, read at one moment. A row with a wrong digest is marked.
 QStringList storedIn(const QString &fileName);
 
-/// The rows that a store has to hold of \a device, worked out from what the device shows to an
+/// The rows that a store must hold for \a device, derived from what the device shows to an
 /// application.
 QStringList expectedOf(const Tavoro::BizModel::Device &device);
 

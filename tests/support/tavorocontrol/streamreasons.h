@@ -5,7 +5,7 @@
 // Why a streamed read fails, as it is reported.
 
 /// What a failure reports before it calls the callback.
-enum Telling {
+enum Reporting {
     SentenceWithStatusBar,
     BareWarning,
     WarningWithDevice,
@@ -13,7 +13,7 @@ enum Telling {
 
 struct Reason {
     const char *words;
-    Telling telling = SentenceWithStatusBar;
+    Reporting reporting = SentenceWithStatusBar;
 };
 
 inline constexpr Reason cancelled{"Operation has been cancelled.", WarningWithDevice};

@@ -28,7 +28,7 @@ QStringList texts(const QByteArrayList &words)
 Terminal::Terminal() : m_master(::posix_openpt(O_RDWR | O_NOCTTY))
 {
     if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0)
-        qFatal("there is no terminal");
+        qFatal("cannot open a terminal");
     m_held = ::open(::ptsname(m_master), O_RDWR | O_NOCTTY);
 }
 
@@ -187,7 +187,7 @@ QByteArray ToolBench::makeFile(const QByteArray &name, const QByteArray &content
 {
     QFile file(QString::fromUtf8(path(name)));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("no file can be made");
+        qFatal("cannot create a file");
     return path(name);
 }
 
@@ -209,5 +209,5 @@ QByteArrayList ToolBench::fileNames() const
 void ToolBench::removeFile(const QByteArray &name) const
 {
     if (!QFile::remove(QString::fromUtf8(path(name))))
-        qFatal("no file can be removed");
+        qFatal("cannot remove a file");
 }

@@ -31,78 +31,100 @@ class Layer;
 class MVRScreen;
 class Screen;
 
-/// One device of the model. Always made as a shared object.
+/// One device of the model. Always create it as a shared object.
 ///
 /// A device owns its interfaces, screens, layers and files. They are replaced as a whole when the
-/// device is read again: keep weak pointers, and fetch new ones when deviceDataChanged() tells of
-/// it. While the signals of the device are blocked, its objects are silent too.
+/// device is read again: keep weak pointers, and fetch new ones when deviceDataChanged() reports
+/// it. While the signals of the device are blocked, its objects emit nothing either.
 ///
-/// All members may be called from any thread. What deviceConfig() refers to is filled before the
-/// device is shared and only read afterwards.
+/// All members may be called from any thread and return at once; none of them sends anything to the
+/// device. The exception is deviceConfig(): fill the record it refers to before you share the
+/// device.
 class TAVOROBIZMODEL_EXPORT Device : public QObject, public std::enable_shared_from_this<Device> {
     Q_OBJECT
 
 public:
-    /// \a id is the application's number of the device; 65535 for a device that has none yet.
+    /// \a id is the application's number of the device, 65535 for a device without one. The device
+    /// lives on the application's thread, unless it has a parent.
     Device(unsigned short id, QObject *parent);
     ~Device() override;
 
+    /// Serial number: 16 upper-case hexadecimal digits, zeros if it is not known.
     QString sn() const;
+    /// MAC address: 12 upper-case hexadecimal digits, zeros if it is not known.
     QString MAC() const;
+    /// Network address by which the channel of the device is found; empty if it is not known.
     QString IPAddress() const;
+    /// Name of the device.
     QString name() const;
     /// Address, MAC and serial number as one text for log lines.
     QString ipMacSn() const;
 
+    /// Stores the network address.
     void setIPAddress(QString ip);
+    /// Stores the name in the model; the device keeps its own.
     void setName(const QString &name);
+    /// Stores the model number.
     void setModelId(unsigned short modelId);
+    /// Stores whether the device has a channel.
     void setDeviceOnlineFlag(const bool &online);
     /// Stores how the last read of the whole device ended.
     void setSyncDataSuccess(bool success);
-    /// Stores the identity that a channel found.
+    /// Stores the identity record of a channel, and with it serial number and MAC address. Address,
+    /// name and model number stay as they are.
     void updateDeviceBaseInfo(ProtoModel::DeviceBaseInfo info);
-    /// Version of the protocol that the device's connection speaks.
+    /// Protocol version of the device's connection.
     unsigned short tcpProtocolVersion() const;
 
-    /// How long commands may take. A new device waits 5 s for most of them, and 20 s for its card
-    /// modes, 100 s for the interfaces, 15 s for a take, 200 s for a save.
+    /// How long the control library waits for the answers of the device. By default 5 s for most
+    /// commands, 20 s for card modes, 100 s for reading the interfaces, 15 s for a take and 200 s
+    /// for a save. Not thread-safe: change it before you share the device.
     s_DeviceConfig &deviceConfig();
 
-    /// Empties the device's interfaces, screens, layers and files. What the user set beside the
-    /// device, the layouts of multiviewer screens, is kept for the screens that come if \a
-    /// keepUserSettings is true.
+    /// Removes the interfaces, screens, layers and files; no screen is active afterwards. The
+    /// user's settings (layouts of multiviewer screens, cutout colour, pixels of crops) are kept
+    /// for the objects that are built next if \a keepUserSettings is true, and forgotten otherwise.
     void clearAll(bool keepUserSettings);
 
     /// \name Building
-    /// Each takes the place of what was there of its kind. Layers come last, since they refer to
-    /// screens and interfaces, and screens refer to interfaces.
+    /// Each function replaces everything of its kind. Build the interfaces first, then the screens,
+    /// which refer to them, and last the layers, which refer to both.
     ///
-    /// What is sound is taken in any case. When something is wrong the result is false, and \a
-    /// error names the first few faults, a sentence each: an identity that is there twice (the
-    /// first one is taken), a screen with an output that is not there (the screen is taken), a
-    /// layer on a screen that is not there (the layer is not). On success \a error is left alone.
+    /// Sound records are always taken. The result is false when a record has a fault; \a error then
+    /// holds one sentence each for the first five faults, and the count of the rest. The faults
+    /// are: an identity that occurs twice (the first record is taken), a screen with an output that
+    /// the device does not have (the screen is taken), a layer on a screen that the device does not
+    /// have (the layer is left out). docs/model.md lists the sentences. On success \a error stays
+    /// unchanged.
     /// @{
-    /// Builds the data of the device as a whole.
+    /// Builds the data of the device as a whole; the name of the device is among them.
     bool initModelData(const ProtoModel::Device::s_DeviceDetail &detail, QString &error);
+    /// Builds the interfaces.
     bool initModelData(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &details,
                        QString &error);
+    /// Builds the files.
     bool initModelData(const std::vector<ProtoModel::File::s_FileDetail> &details, QString &error);
+    /// Builds the screens; no screen is active afterwards.
     bool initModelData(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &details,
                        QString &error);
+    /// Builds the layers.
     bool initModelData(const std::vector<ProtoModel::Layer::s_LayerFullDetail> &details,
                        QString &error);
     /// @}
-    /// Rebuilds the data of the slots that \a reported names from \a detail.
+    /// Replaces the cards in the slots that \a reported names by those of \a detail. False, with a
+    /// text in \a error and nothing changed, when \a detail does not have one of the slots.
     bool updateSlotModelData(const ProtoModel::Device::s_subcards &reported,
                              const ProtoModel::Device::s_DeviceDetail &detail, QString &error);
 
     /// The screens whose type \e t has its bit <tt>1 << t</tt> in \a mask, in the device's order.
     QList<std::weak_ptr<Screen>> screens(int mask) const;
-    /// The screen that the user works on; an empty pointer when there is none.
+    /// The screen that the user works on: one of the device's screens, or an empty pointer.
     std::weak_ptr<Screen> activedScreen() const;
+    /// The multiviewer that the user works on: one of the device's screens, or an empty pointer.
     std::weak_ptr<MVRScreen> activedMVRScreen() const;
-    /// Makes \a screen the active one, or the active multiviewer if it is one.
+    /// Makes \a screen the active multiviewer if it is one, otherwise the active screen. An empty
+    /// pointer makes no screen active. Does nothing for a screen that the device does not have any
+    /// more.
     void setActivedScreen(std::weak_ptr<Screen> screen);
 
     /// The screen of this type and number, or an empty pointer.
@@ -112,48 +134,73 @@ public:
     /// The file of this type and id, or an empty pointer.
     std::weak_ptr<File> findFile(Enum::File::FileType fileType, int fileId) const;
 
+    /// \name Reports
+    /// Each stores what the device reports and emits deviceDataChanged().
+    /// @{
+    /// Stores the progress of the device as a whole.
     void setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process);
+    /// Stores the cutout colour. Always true; \a error stays unchanged.
     bool updateCutoutRGB(const ProtoModel::s_RGB &color, QString &error);
+    /// Replaces the group of the same ID, or adds it.
     void updateDeviceGroupInfo(const ProtoModel::Device::s_DeviceGroupInfoBody &group);
+    /// Stores the state of the external genlock signal.
     void setGenlockOnStatus(const ProtoModel::Device::s_GenlockSignalBody &signal);
+    /// Replaces all backup relations. Whether they are enabled stays as it was read.
     void updateInterfaceRelation(const std::vector<ProtoModel::Device::s_Relation> &relations);
+    /// Replaces all power supplies.
     void setPower(const std::vector<ProtoModel::Device::s_PowerBody> &powers);
+    /// Replaces the genlocks of all screens. A screen that is missing has the status 0. Each screen
+    /// whose status changes emits Screen::screenChanged().
     void setScreenGenlocks(const std::vector<ProtoModel::Screen::s_ScreenGenlockBody> &genlocks);
+    /// Replaces the cards in the same slots, or adds them.
     void updateSubCard(const std::vector<ProtoModel::Device::s_subcardBody> &subcards);
+    /// @}
 
     /// \name For applications
-    /// What the control library itself does not call.
+    /// The control library itself does not call these. Records are copies.
     /// @{
+    /// Model number of the device.
     unsigned short modelId() const;
+    /// Whether the device had a channel at the last synchronisation; false for a device of the last
+    /// run.
     bool isOnline() const;
     /// True if the last synchronisation set the device's clock and all its reads succeeded; false
     /// before the first. A channel that is removed before the contents of the files are read does
     /// not make it false: the contents are then empty.
     bool isSyncDataSuccess() const;
+    /// The identity record of the last channel.
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const;
-    /// What is known of the device as a whole.
+    /// Everything that is known of the device as a whole.
     ProtoModel::Device::s_DeviceDetail deviceDetail() const;
+    /// Progress of the device as a whole, as last reported.
     ProtoModel::Auxiliary::s_DeviceProcess deviceProcess() const;
+    /// The cutout colour as last reported; the default one before the first report.
     ProtoModel::s_RGB cutoutRGB() const;
+    /// Genlocks of the screens as last reported; empty before the first report.
     std::vector<ProtoModel::Screen::s_ScreenGenlockBody> screenGenlocks() const;
 
+    /// The card in this slot.
     std::optional<ProtoModel::Device::s_subcardBody> findSubcard(int slotId) const;
+    /// The power supply with this number.
     std::optional<ProtoModel::Device::s_PowerBody> findPower(int powerId) const;
+    /// The group of devices with this ID.
     std::optional<ProtoModel::Device::s_DeviceGroupInfoBody>
     findGroup(const std::string &groupId) const;
     /// The layer with this identity, or an empty pointer.
     std::weak_ptr<Layer> findLayer(const ProtoModel::Layer::s_LayerIdentity &identity) const;
 
-    /// All objects of a kind, in the device's order.
+    /// All interfaces, in the device's order.
     QList<std::weak_ptr<Interface>> interfaces() const;
+    /// All layers, in the device's order.
     QList<std::weak_ptr<Layer>> layers() const;
+    /// All files, in the device's order.
     QList<std::weak_ptr<File>> files() const;
     /// @}
 
 Q_SIGNALS:
-    /// For applications: data of the device itself changed, or objects of it came or went. Emitted
-    /// on the thread that changed it: connect with a context object to be told on the thread where
-    /// that lives.
+    /// For applications: data of the device itself changed, or its objects were replaced. Emitted
+    /// on the thread that made the change: connect with a context object to get it on the thread of
+    /// that object.
     void deviceDataChanged(Tavoro::BizModel::Enum::Device::DataPart part);
 
 private:

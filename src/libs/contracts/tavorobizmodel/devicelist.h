@@ -20,79 +20,96 @@ class SaveDeviceDataThread;
 
 /// Where and how devices are kept from one run of the application to the next.
 struct s_DeviceStoreOptions {
-    /// Empty: \c devices.sqlite in the application's data folder, as QStandardPaths tells it.
+    /// Path of the SQLite file. Empty: \c devices.sqlite in QStandardPaths::AppDataLocation.
     QString fileName;
-    /// Milliseconds until a save that failed is tried again.
+    /// Milliseconds until a failed save is retried, 0 or more.
     int retryDelay = 10000;
 };
 
-/// All devices that the application knows, and the signals by which the control library speaks to
-/// its windows.
+/// All devices that the application knows, and the signals of the control library to the
+/// application's windows.
 ///
-/// All members may be called from any thread. Signals are emitted on the caller's thread: connect
-/// with a context object that lives on the thread where you want them.
+/// The list never holds two devices of one identity. The identity of a device is its serial number
+/// and MAC address, or its network address if it has neither.
+///
+/// All members may be called from any thread, except openDeviceStore() and closeDeviceStore().
+/// Signals are emitted on the caller's thread: connect with a context object that lives on the
+/// thread where you want them.
 class TAVOROBIZMODEL_EXPORT DeviceList : public QObject {
     Q_OBJECT
 
 public:
-    /// The list; made on the first call, never null.
+    /// The list; created by the first call, never null.
     static DeviceList *instance();
 
-    /// The device with this identity, or an empty pointer. \a mac and \a sn are upper-case
-    /// hexadecimal digits.
+    /// The device with this address, MAC and serial number, or an empty pointer. \a mac and \a sn
+    /// are upper-case hexadecimal digits.
     std::weak_ptr<Device> findDevice(const QString &ip, const QString &mac,
                                      const QString &sn) const;
-    /// Takes a device into the list.
+    /// Adds a device that was read, and returns it. A device of the same identity is removed: the
+    /// new one takes its place and adopts the user's settings, wherever the device was before. Null
+    /// is not added.
     std::weak_ptr<Device> append(std::shared_ptr<Device> device);
-    /// The background saver; null as long as the application has opened no store of devices.
+    /// The background saver; null while no store of devices is open.
     SaveDeviceDataThread *saveDeviceDataThread() const;
 
     /// \name For applications
-    /// What the control library itself does not call.
+    /// The control library itself does not call these.
     /// @{
+    /// All devices, in the order in which they were added.
     QList<std::weak_ptr<Device>> devices() const;
-    /// Takes a device out of the list. False when it was not in it.
-    /// With an open store it is forgotten there too.
+    /// Removes a device from the list, and from an open store. False when it was not in the list.
     bool remove(const std::weak_ptr<Device> &device);
 
-    /// Opens a store of devices, takes the devices of the last run into the list, as offline ones,
-    /// and starts the background saver. Nothing is stored, and no file touched, without this call.
+    /// Opens a store of devices, adds the devices of the last run to the list, as offline ones, and
+    /// starts the background saver. Nothing is stored, and no file is touched, without this call. A
+    /// device that is in the list already stays and adopts the stored settings of the user.
     ///
-    /// A damaged file is given another name, told by signalDeviceStoreSetAside(), and a new one is
-    /// begun. False with the reason in \a error when there is no usable file, or when a store is
-    /// open already. Call it on the application's thread; it ends by itself with the application.
+    /// A damaged file gets another name, which signalDeviceStoreSetAside() reports, and a new one
+    /// is created. A damaged record is left out, which signalStoredRecordSetAside() reports. False
+    /// with the reason in \a error when there is no usable file, or when a store is open already.
+    ///
+    /// Call it on the application's thread. It blocks until the file is read, and up to 10 s while
+    /// another process uses the file. The store closes with the application.
     bool openDeviceStore(const s_DeviceStoreOptions &options, QString &error);
-    /// Does the saves that were asked for and closes the file. Does nothing without an open store.
+    /// Does the saves that were asked for and closes the file; blocks until they are done. While
+    /// the saver is paused the saves are dropped. Does nothing without an open store. Call it on
+    /// the application's thread.
     void closeDeviceStore();
     /// @}
 
 Q_SIGNALS:
-    /// \a text stands in the status bar for \a ms milliseconds.
+    /// Asks for \a text in the status bar for \a ms milliseconds.
     void signalShowStatusBarMsg(Tavoro::BizModel::Enum::StatusBarMsgType type, QString text,
                                 int ms);
     /// Asks for a modal box. The result is not used.
     int signalShowFramelessMessageBoxMsg(Tavoro::BizModel::Enum::FramelessMessageBoxMsgType type,
                                          QString text);
-    /// Share done of a read or a write that takes several packets, from just above 0 to 1.
+    /// Progress of a read that takes several packets: the share done, above 0 up to 1.
     void signalReadDataFromHWProgressChanged(double share);
+    /// Progress of a write that takes several packets: the share done, above 0 up to 1.
     void signalSendData2HWProgressChanged(double share);
-    /// A device told how far the transfers of its files are.
+    /// A device reported how far the transfers of its files are; \c percent is 0 to 100.
     void signalFilesTransferProgressChanged(
         std::weak_ptr<Tavoro::BizModel::Device> device,
         std::vector<Tavoro::ProtoModel::File::s_FileTransPercent> percents);
 
     /// \name For applications
-    /// What the control library itself does not emit.
+    /// The control library itself does not emit these.
     /// @{
+    /// A device was added to the list.
     void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
+    /// A device was removed from the list, by remove() or by append(). A slot on another thread may
+    /// find the pointer expired.
     void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
     /// A save has ended. Emitted on the saver's thread, like the next three.
     void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save could not be done: the disk may be full. It is tried again later by itself.
+    /// A save failed with the reason in \a text; the disk may be full. The saver retries it after
+    /// s_DeviceStoreOptions::retryDelay.
     void signalSaveDeviceDataFailed(QString text);
-    /// The file of the store was damaged and is kept under another name.
+    /// The file of the store was damaged and is kept as \a keptAs.
     void signalDeviceStoreSetAside(QString fileName, QString keptAs);
-    /// One record in the store was damaged, and was left out when the store was opened. \a record
+    /// A record in the store was damaged and was left out when the store was opened. \a record
     /// names it and its device. The row is kept in the table \c damaged of the file; the next save
     /// of the device writes the record again.
     void signalStoredRecordSetAside(QString fileName, QString record);

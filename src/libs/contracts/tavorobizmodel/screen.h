@@ -56,7 +56,7 @@ Q_SIGNALS:
 
 protected:
     /// Emits screenChanged(), unless the signals of the device are blocked.
-    void tellChange();
+    void notifyChange();
 
 private:
     const std::unique_ptr<ScreenPrivate> d;

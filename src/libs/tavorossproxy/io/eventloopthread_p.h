@@ -24,8 +24,8 @@ class EventLoopThread final : public QObject, public EventLoop {
     Q_OBJECT
 
 public:
-    /// Returns the running thread, and starts it if there is none. It ends with the application
-    /// object, at the latest with the manager.
+    /// Returns the thread of this process, and starts it if it is not running. It ends with the
+    /// application object, at the latest with the manager.
     static std::shared_ptr<EventLoopThread> instance();
     /// Ends the running thread, if there is one, and waits until it has ended.
     static void stop();

@@ -233,12 +233,6 @@ constexpr ConsoleCommand commands[] = {
 
 } // namespace
 
-QString ConsoleAnswer::line() const
-{
-    const QString verdict = ok ? QStringLiteral("ok") : QStringLiteral("error");
-    return text.isEmpty() ? verdict : verdict + QLatin1Char(' ') + text;
-}
-
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports)
 {
@@ -260,11 +254,6 @@ ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString 
     if (fault.isEmpty())
         fault = command->handler(state, parts, reports);
     return {fault.isEmpty(), fault};
-}
-
-QString consoleHelpLine(const QString &call, const char *effect)
-{
-    return QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(effect));
 }
 
 QString consoleHelp()

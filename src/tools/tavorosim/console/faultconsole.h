@@ -1,6 +1,6 @@
 #pragma once
 
-#include "console.h"
+#include "consoleanswer.h"
 
 #include <QString>
 #include <QStringList>

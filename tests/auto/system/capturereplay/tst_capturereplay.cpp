@@ -51,9 +51,9 @@ void tst_CaptureReplay::whatWentWrongGoesWrongAgain_data()
     QTest::addColumn<int>("connections");
     QTest::addColumn<int>("reports");
     // clang-format off
-    QTest::newRow("lost in front of the answer") << QStringLiteral("drop-before")         << 259 << 2 << 0;
+    QTest::newRow("lost before the answer")      << QStringLiteral("drop-before")         << 259 << 2 << 0;
     QTest::newRow("lost within the answer")      << QStringLiteral("drop-within")         << 358 << 2 << 0;
-    QTest::newRow("lost behind the answer")      << QStringLiteral("drop-after")          << 0   << 2 << 0;
+    QTest::newRow("lost after the answer")       << QStringLiteral("drop-after")          << 0   << 2 << 0;
     QTest::newRow("flag")                        << QStringLiteral("wrong-flag")          << 359 << 2 << 0;
     QTest::newRow("version")                     << QStringLiteral("wrong-version")       << 359 << 2 << 0;
     QTest::newRow("checksum of the head")        << QStringLiteral("wrong-head-checksum") << 361 << 2 << 0;
@@ -86,7 +86,7 @@ void readTwice(quint16 port)
 
 } // namespace
 
-/// A read that falls under a fault and one behind it, on a device and then on its capture.
+/// A read that falls under a fault and one after it, on a device and then on its capture.
 void tst_CaptureReplay::whatWentWrongGoesWrongAgain()
 {
     QFETCH(QString, fault);

@@ -21,10 +21,10 @@ namespace {
 
 using States = std::vector<bool>;
 
-/// What the manager tells of a channel, on the channels' thread.
-class ToldControl {
+/// What the manager reports about a channel, on the channels' thread.
+class ReportedControl {
 public:
-    ToldControl()
+    ReportedControl()
     {
         auto *const manager = DeviceManager::instance();
         QObject::connect(
@@ -40,8 +40,8 @@ public:
     {
         States states;
         const std::lock_guard lock(m_log->mutex);
-        for (const auto &[told, isMaster] : m_log->entries) {
-            if (told.lock() == channel)
+        for (const auto &[reported, isMaster] : m_log->entries) {
+            if (reported.lock() == channel)
                 states.push_back(isMaster);
         }
         return states;
@@ -83,14 +83,14 @@ private:
     }
     int otherWrites();
 
-    std::unique_ptr<ToldControl> m_told;
+    std::unique_ptr<ReportedControl> m_reported;
     std::unique_ptr<SimulatedConnection> m_client; // that the manager knows
     std::shared_ptr<NetworkChannel> m_other; // that it does not
 };
 
 void tst_ControlLoopback::init()
 {
-    m_told = std::make_unique<ToldControl>();
+    m_reported = std::make_unique<ReportedControl>();
     m_client = std::make_unique<SimulatedConnection>();
     m_other = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), m_client->simulator->port());
     QString error;
@@ -102,7 +102,7 @@ void tst_ControlLoopback::cleanup()
     m_other->stopChannel();
     m_other.reset();
     m_client.reset();
-    m_told.reset();
+    m_reported.reset();
 }
 
 /// The status that a write of the other client gets.
@@ -119,7 +119,7 @@ int tst_ControlLoopback::otherWrites()
 void tst_ControlLoopback::lossOfControlIsToldAndRefusesOperations()
 {
     QCOMPARE(otherWrites(), 0);
-    QTRY_COMPARE(m_told->of(m_client->channel), States{false});
+    QTRY_COMPARE(m_reported->of(m_client->channel), States{false});
     QVERIFY(!m_client->channel->isMasterControl());
     QString error;
     QVERIFY(!freeze(error));
@@ -127,7 +127,7 @@ void tst_ControlLoopback::lossOfControlIsToldAndRefusesOperations()
              QStringLiteral("Set screen freeze information failed: "
                             "The current device is already under control ."));
     QVERIFY(m_other->isMasterControl());
-    QCOMPARE(m_told->of(m_other), States{});
+    QCOMPARE(m_reported->of(m_other), States{});
 }
 
 void tst_ControlLoopback::requestForControlNamesWhoHoldsIt()
@@ -148,11 +148,11 @@ void tst_ControlLoopback::requestForControlNamesWhoHoldsIt()
 void tst_ControlLoopback::forcedControlIsToldAndRefusesTheOther()
 {
     QCOMPARE(otherWrites(), 0);
-    QTRY_COMPARE(m_told->of(m_client->channel), States{false});
+    QTRY_COMPARE(m_reported->of(m_client->channel), States{false});
     QString error;
     QVERIFY2(request(ControlAction::Force, error), qPrintable(error));
-    QTRY_COMPARE(m_told->of(m_client->channel), (States{false, true}));
-    QTRY_COMPARE(m_told->of(m_other), States{false});
+    QTRY_COMPARE(m_reported->of(m_client->channel), (States{false, true}));
+    QTRY_COMPARE(m_reported->of(m_other), States{false});
     QCOMPARE(otherWrites(), 67);
     QVERIFY2(freeze(error), qPrintable(error));
 }

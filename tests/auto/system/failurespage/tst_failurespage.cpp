@@ -1,5 +1,5 @@
 // docs/failures.md says what applications see when something goes wrong.
-// tests/data/failures.tsv names the test behind each statement of the page: a passage of the page,
+// tests/data/failures.tsv names the test of each statement of the page: a passage of the page,
 // then the test.
 
 #include <support/common/datatable.h>

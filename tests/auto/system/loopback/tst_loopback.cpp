@@ -1,4 +1,4 @@
-// The whole road: an operation of the library, the channel, TCP, the simulated device, and back;
+// The whole path: an operation of the library, the channel, TCP, the simulated device, and back;
 // and a report from the device into the model.
 
 #include <support/tavorosim/simulatedconnection.h>
@@ -215,7 +215,7 @@ void tst_Loopback::aDeviceThatIsGoneFailsTheOperation()
     connection.simulator.reset();
     QString error;
     QVERIFY(!Control::Screen(connection.model).writeFreeze({{{1, 1}, 1}}, error));
-    // The loss may be noticed before or behind the request.
+    // The loss may be noticed before or after the request.
     const QStringList sentences{
         QStringLiteral("Set screen freeze information failed: The device is offline ."),
         QStringLiteral("Set screen freeze information failed: software error: Channel "

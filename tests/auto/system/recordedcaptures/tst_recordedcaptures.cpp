@@ -32,7 +32,7 @@ struct Played {
     TcpConnection connection;
 };
 
-/// The bodies that a device answered to a command, one behind the other.
+/// The bodies that a device answered to a command, one after the other.
 QString answers(const char *name, quint16 code)
 {
     QFile file(captured(name));

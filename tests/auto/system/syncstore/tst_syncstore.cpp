@@ -44,10 +44,10 @@ namespace {
 /// A synchronisation, and the save that ends it.
 bool readAndSave(SimulatedSync &sync)
 {
-    const StoreSignals told;
+    const StoreSignals emitted;
     const bool isRead = sync.run();
-    return isRead && QTest::qWaitFor([&] { return !told.saved.isEmpty(); })
-        && told.saved.first() == sync.listed();
+    return isRead && QTest::qWaitFor([&] { return !emitted.saved.isEmpty(); })
+        && emitted.saved.first() == sync.listed();
 }
 
 /// Puts a logo, a preset with its content and a file whose content is not fetched onto the device.

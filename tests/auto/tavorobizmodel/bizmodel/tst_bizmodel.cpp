@@ -28,7 +28,7 @@ class tst_BizModel : public QObject {
 
 private Q_SLOTS:
     void objectsAreFoundByEachPartOfTheirIdentity();
-    void objectsThatAreNotThereGiveEmptyPointers();
+    void missingObjectsGiveEmptyPointers();
     void recordsOfTheDeviceAreFoundByNumber();
     void powersAndGenlocksAreReplacedAsAWhole();
     void slowCommandsHaveTheirOwnTimeout();
@@ -37,7 +37,7 @@ private Q_SLOTS:
     void layerKnowsItsScreenAndItsSource();
     void screenKnowsItsLayersAndItsOutputs();
     void interfaceKnowsItsScreenAndTheLayersThatShowIt();
-    void objectsThatOutliveTheirDeviceKnowNothingMore();
+    void objectsThatOutliveTheirDeviceHaveNoRelations();
 
     void activeScreenGoesWithItsScreen();
     void activeScreenIsAlwaysOneOfTheDevice();
@@ -62,7 +62,7 @@ void tst_BizModel::objectsAreFoundByEachPartOfTheirIdentity()
     QCOMPARE(device->files().first().lock()->detail().binary, std::string("a\0b", 3));
 }
 
-void tst_BizModel::objectsThatAreNotThereGiveEmptyPointers()
+void tst_BizModel::missingObjectsGiveEmptyPointers()
 {
     const auto device = ModelRecords::device();
     for (const s_InterfaceID &id : {s_InterfaceID{0, 2, 3}, {1, 0, 3}, {1, 2, 0}})
@@ -181,7 +181,7 @@ void tst_BizModel::interfaceKnowsItsScreenAndTheLayersThatShowIt()
     QVERIFY(output->layers().isEmpty());
 }
 
-void tst_BizModel::objectsThatOutliveTheirDeviceKnowNothingMore()
+void tst_BizModel::objectsThatOutliveTheirDeviceHaveNoRelations()
 {
     auto device = ModelRecords::device();
     const auto screen = device->findScreen(1, 0).lock();

@@ -15,12 +15,12 @@ class tst_BizModelBuild : public QObject {
 
 private Q_SLOTS:
     void soundDataLeaveTheErrorAlone();
-    void identityThatIsThereTwiceIsToldAndTheFirstTaken();
-    void outputThatIsNotThereIsToldAndTheScreenTaken();
-    void layerOnAbsentScreenIsToldAndLeftOut();
+    void identityThatOccursTwiceIsReportedAndTheFirstTaken();
+    void missingOutputIsReportedAndTheScreenTaken();
+    void layerOnAMissingScreenIsReportedAndLeftOut();
     void manyFaultsAreCounted();
     void reportedSlotsAreTakenFromTheDetail();
-    void slotThatIsNotThereIsTold();
+    void missingSlotIsReported();
 
     void cropFollowsTheTimingOfTheInterface();
     void cropStaysWithoutASignal();
@@ -41,23 +41,23 @@ void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
     QCOMPARE(error, QStringLiteral("from before"));
 }
 
-void tst_BizModelBuild::identityThatIsThereTwiceIsToldAndTheFirstTaken()
+void tst_BizModelBuild::identityThatOccursTwiceIsReportedAndTheFirstTaken()
 {
     const auto device = ModelRecords::device();
     QString error;
     QVERIFY(!device->initModelData(
         std::vector{interface({1, 0, 0}, "first"), interface({1, 0, 0}, "second")}, error));
-    QCOMPARE(error, QStringLiteral("Interface 1/0/0 is there twice."));
+    QCOMPARE(error, QStringLiteral("Interface 1/0/0 occurs twice."));
     QCOMPARE(device->interfaces().size(), 1);
     QCOMPARE(device->findInterface({1, 0, 0}).lock()->detail().general.name, std::string("first"));
 
     QVERIFY(!device->initModelData(std::vector{file(2, 5), file(2, 5)}, error));
-    QCOMPARE(error, QStringLiteral("File 5 of type 2 is there twice."));
+    QCOMPARE(error, QStringLiteral("File 5 of type 2 occurs twice."));
     QVERIFY(!device->initModelData(std::vector{screen(1, 0), screen(1, 0)}, error));
-    QCOMPARE(error, QStringLiteral("Screen 0 of type 1 is there twice."));
+    QCOMPARE(error, QStringLiteral("Screen 0 of type 1 occurs twice."));
     QVERIFY(!device->initModelData(std::vector{layer(1, 0, 9), layer(1, 0, 9)}, error));
     QCOMPARE(error,
-             QStringLiteral("Layer 9 of type 1 in scene 4 on screen 0 of type 1 is there twice."));
+             QStringLiteral("Layer 9 of type 1 in scene 4 on screen 0 of type 1 occurs twice."));
 
     s_DeviceDetail detail;
     detail.subcards.resize(2);
@@ -65,30 +65,31 @@ void tst_BizModelBuild::identityThatIsThereTwiceIsToldAndTheFirstTaken()
     detail.groupInfos = {{"a", "g"}, {"b", "g"}};
     QVERIFY(!device->initModelData(detail, error));
     QCOMPARE(error,
-             QStringLiteral("Subcard 0 is there twice. Power supply 3 is there twice. "
-                            "Device group g is there twice."));
+             QStringLiteral("Subcard 0 occurs twice. Power supply 3 occurs twice. "
+                            "Device group g occurs twice."));
     QCOMPARE(device->findGroup("g")->groupName, std::string("a"));
 }
 
-void tst_BizModelBuild::outputThatIsNotThereIsToldAndTheScreenTaken()
+void tst_BizModelBuild::missingOutputIsReportedAndTheScreenTaken()
 {
     const auto device = ModelRecords::device();
     QString error;
     QVERIFY(!device->initModelData(std::vector{screen(1, 7, {{9, 8, 7}, {2, 0, 0}})}, error));
     QCOMPARE(
         error,
-        QStringLiteral("Screen 7 of type 1 has the output Interface 9/8/7, which is not there."));
+        QStringLiteral(
+            "Screen 7 of type 1 has the output Interface 9/8/7, which the device does not have."));
     QCOMPARE(device->findScreen(1, 7).lock()->outputs().size(), 1);
 }
 
-void tst_BizModelBuild::layerOnAbsentScreenIsToldAndLeftOut()
+void tst_BizModelBuild::layerOnAMissingScreenIsReportedAndLeftOut()
 {
     const auto device = ModelRecords::device();
     QString error;
     QVERIFY(!device->initModelData(std::vector{layer(1, 9, 2), layer(1, 0, 2)}, error));
     QCOMPARE(error,
              QStringLiteral("Layer 2 of type 1 in scene 4 on screen 9 of type 1: "
-                            "the screen is not there."));
+                            "the device does not have the screen."));
     QCOMPARE(device->layers().size(), 1);
     QCOMPARE(int(device->layers().first().lock()->identity().screenId), 0);
 }
@@ -99,7 +100,7 @@ void tst_BizModelBuild::manyFaultsAreCounted()
     const std::vector<s_FileDetail> files(8, file(2, 5));
     QString error;
     QVERIFY(!device->initModelData(files, error));
-    QCOMPARE(error.count(QStringLiteral("is there twice.")), 5);
+    QCOMPARE(error.count(QStringLiteral("occurs twice.")), 5);
     QVERIFY(error.endsWith(QStringLiteral(" And 2 more.")));
 }
 
@@ -117,7 +118,7 @@ void tst_BizModelBuild::reportedSlotsAreTakenFromTheDetail()
     QCOMPARE(error, QString());
 }
 
-void tst_BizModelBuild::slotThatIsNotThereIsTold()
+void tst_BizModelBuild::missingSlotIsReported()
 {
     const auto device = ModelRecords::device();
     s_DeviceDetail detail;

@@ -32,11 +32,11 @@ private Q_SLOTS:
     void deviceIsFoundByItsWholeIdentity();
     void deviceIsFoundAsSoonAsItIsAppended();
     void otherDevicesAreFoundWhileOneComesAndGoes();
-    void deviceIsFoundByWhatItBecame();
+    void deviceIsFoundByItsNewIdentity();
     void deviceIsInTheListOnce();
     void deviceOfTheSameIdentityIsReplaced();
     void deviceThatMovedKeepsItsCropsWithoutASignal();
-    void devicesWithoutNumbersAreToldApartByAddress();
+    void devicesWithoutNumbersAreDistinguishedByAddress();
     void nullIsNotTaken();
     void removedDeviceIsGone();
     void thereIsNoSaverWithoutAStore();
@@ -91,7 +91,7 @@ void tst_BizModelList::otherDevicesAreFoundWhileOneComesAndGoes()
     QVERIFY(!isFound(goes));
 }
 
-void tst_BizModelList::deviceIsFoundByWhatItBecame()
+void tst_BizModelList::deviceIsFoundByItsNewIdentity()
 {
     const auto device = ModelRecords::device(1);
     DeviceList::instance()->append(device);
@@ -159,7 +159,7 @@ void tst_BizModelList::deviceThatMovedKeepsItsCropsWithoutASignal()
     QCOMPARE(moved->findInterface({1, 2, 3}).lock()->detail().crop.rect.width, 1280);
 }
 
-void tst_BizModelList::devicesWithoutNumbersAreToldApartByAddress()
+void tst_BizModelList::devicesWithoutNumbersAreDistinguishedByAddress()
 {
     auto *const list = DeviceList::instance();
     for (const int address : {1, 2, 2}) {
@@ -210,18 +210,18 @@ void tst_BizModelList::everyTypeInSignalsIsRegistered()
 void tst_BizModelList::signalOfAnotherThreadArrivesOnThisOne()
 {
     const auto device = ModelRecords::device();
-    int told = -1;
+    int emitted = -1;
     const QThread *thread = nullptr;
     connect(device.get(), &Device::deviceDataChanged, this, [&](auto part) {
-        told = part;
+        emitted = part;
         thread = QThread::currentThread();
     });
     const std::unique_ptr<QThread> worker(
         QThread::create([&] { device->setDeviceOnlineFlag(true); }));
     worker->start();
     QVERIFY(worker->wait());
-    QCOMPARE(told, -1);
-    QTRY_COMPARE(told, 1);
+    QCOMPARE(emitted, -1);
+    QTRY_COMPARE(emitted, 1);
     QCOMPARE(thread, QThread::currentThread());
 }
 

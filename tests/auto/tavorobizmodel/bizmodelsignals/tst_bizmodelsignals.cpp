@@ -15,27 +15,27 @@ using Part = BizModel::Enum::Device::DataPart;
 
 Q_DECLARE_METATYPE(std::function<void(BizModel::Device &)>)
 
-/// Which call tells what.
+/// Which call emits which signal.
 class tst_BizModelSignals : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachChangeOfTheDeviceTellsItsPart_data();
-    void eachChangeOfTheDeviceTellsItsPart();
-    void identityThatStaysTheSameTellsNothing();
-    void clearingTellsEachKind();
-    void eachChangeOfAnInterfaceIsTold_data();
-    void eachChangeOfAnInterfaceIsTold();
-    void screenTellsItsChanges();
+    void eachChangeOfTheDeviceEmitsItsPart_data();
+    void eachChangeOfTheDeviceEmitsItsPart();
+    void unchangedIdentityEmitsNothing();
+    void clearingEmitsEachKind();
+    void eachChangeOfAnInterfaceEmits_data();
+    void eachChangeOfAnInterfaceEmits();
+    void screenEmitsItsChanges();
     void eachScreenWhoseGenlockChangesEmits();
-    void fileTellsItsProgress();
-    void layerTellsThatItsCropFollowed();
+    void fileEmitsItsProgress();
+    void layerEmitsWhenItsCropFollows();
     void blockedDeviceKeepsItsObjectsSilent();
-    void objectsSpeakAgainAfterBlocking();
+    void objectsEmitAgainAfterBlocking();
     void slotMayCallTheModel();
 };
 
-void tst_BizModelSignals::eachChangeOfTheDeviceTellsItsPart_data()
+void tst_BizModelSignals::eachChangeOfTheDeviceEmitsItsPart_data()
 {
     using D = BizModel::Device;
     QTest::addColumn<std::function<void(D &)>>("change");
@@ -67,7 +67,7 @@ void tst_BizModelSignals::eachChangeOfTheDeviceTellsItsPart_data()
     // clang-format on
 }
 
-void tst_BizModelSignals::eachChangeOfTheDeviceTellsItsPart()
+void tst_BizModelSignals::eachChangeOfTheDeviceEmitsItsPart()
 {
     QFETCH(std::function<void(BizModel::Device &)>, change);
     QFETCH(int, part);
@@ -82,7 +82,7 @@ void tst_BizModelSignals::eachChangeOfTheDeviceTellsItsPart()
     QCOMPARE(spy.size(), 1);
 }
 
-void tst_BizModelSignals::identityThatStaysTheSameTellsNothing()
+void tst_BizModelSignals::unchangedIdentityEmitsNothing()
 {
     const auto device = ModelRecords::device();
     const QSignalSpy spy(device.get(), &BizModel::Device::deviceDataChanged);
@@ -92,7 +92,7 @@ void tst_BizModelSignals::identityThatStaysTheSameTellsNothing()
     QCOMPARE(spy.size(), 0);
 }
 
-void tst_BizModelSignals::clearingTellsEachKind()
+void tst_BizModelSignals::clearingEmitsEachKind()
 {
     const auto device = ModelRecords::device();
     const QSignalSpy spy(device.get(), &BizModel::Device::deviceDataChanged);
@@ -105,7 +105,7 @@ void tst_BizModelSignals::clearingTellsEachKind()
 
 Q_DECLARE_METATYPE(std::function<void(BizModel::Interface &)>)
 
-void tst_BizModelSignals::eachChangeOfAnInterfaceIsTold_data()
+void tst_BizModelSignals::eachChangeOfAnInterfaceEmits_data()
 {
     using I = BizModel::Interface;
     QTest::addColumn<std::function<void(I &)>>("change");
@@ -122,7 +122,7 @@ void tst_BizModelSignals::eachChangeOfAnInterfaceIsTold_data()
     // clang-format on
 }
 
-void tst_BizModelSignals::eachChangeOfAnInterfaceIsTold()
+void tst_BizModelSignals::eachChangeOfAnInterfaceEmits()
 {
     QFETCH(std::function<void(BizModel::Interface &)>, change);
     const auto device = ModelRecords::device();
@@ -135,7 +135,7 @@ void tst_BizModelSignals::eachChangeOfAnInterfaceIsTold()
     QCOMPARE(spy.size(), 1);
 }
 
-void tst_BizModelSignals::screenTellsItsChanges()
+void tst_BizModelSignals::screenEmitsItsChanges()
 {
     const auto device = ModelRecords::device();
     const auto screen = device->findScreen(3, 0).lock();
@@ -183,7 +183,7 @@ void tst_BizModelSignals::eachScreenWhoseGenlockChangesEmits()
     QCOMPARE(same.size(), 1);
 }
 
-void tst_BizModelSignals::fileTellsItsProgress()
+void tst_BizModelSignals::fileEmitsItsProgress()
 {
     const auto device = ModelRecords::device();
     const auto file = device->files().first().lock();
@@ -195,7 +195,7 @@ void tst_BizModelSignals::fileTellsItsProgress()
     QCOMPARE(file->transferProgress().percent, 40);
 }
 
-void tst_BizModelSignals::layerTellsThatItsCropFollowed()
+void tst_BizModelSignals::layerEmitsWhenItsCropFollows()
 {
     const auto device = ModelRecords::device();
     const auto input = device->findInterface({1, 2, 3}).lock();
@@ -233,7 +233,7 @@ void tst_BizModelSignals::blockedDeviceKeepsItsObjectsSilent()
     QCOMPARE(layer->detail().source.crop[0].rect.width, 640);
 }
 
-void tst_BizModelSignals::objectsSpeakAgainAfterBlocking()
+void tst_BizModelSignals::objectsEmitAgainAfterBlocking()
 {
     const auto device = ModelRecords::device();
     const auto screen = device->findScreen(1, 0).lock();

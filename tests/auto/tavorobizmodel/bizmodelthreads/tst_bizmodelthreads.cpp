@@ -60,9 +60,9 @@ private Q_SLOTS:
 void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
 {
     const auto device = ModelRecords::device();
-    std::atomic<int> told = 0;
+    std::atomic<int> emitted = 0;
     connect(
-        device.get(), &BizModel::Device::deviceDataChanged, device.get(), [&] { ++told; },
+        device.get(), &BizModel::Device::deviceDataChanged, device.get(), [&] { ++emitted; },
         Qt::DirectConnection);
     together({
         [&](int) { rebuild(*device); },
@@ -81,7 +81,7 @@ void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
         },
     });
     // Four each for clearing and for building, and three for the reports.
-    QCOMPARE(told.load(), rounds * 11);
+    QCOMPARE(emitted.load(), rounds * 11);
 }
 
 void tst_BizModelThreads::relationsAreFollowedWhileTheDeviceIsRebuilt()

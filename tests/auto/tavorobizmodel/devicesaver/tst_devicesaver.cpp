@@ -44,10 +44,10 @@ void tst_DeviceSaver::init()
 void tst_DeviceSaver::emptyPointerIsNothingToSave()
 {
     const StoredModel model(file());
-    const StoreSignals told;
+    const StoreSignals caught;
     model.list->saveDeviceDataThread()->saveDevicesInfor({});
     model.save(ModelRecords::device());
-    QCOMPARE(told.saved.size(), 1);
+    QCOMPARE(caught.saved.size(), 1);
 }
 
 void tst_DeviceSaver::stoppedSaverKeepsItsJobs()
@@ -59,15 +59,15 @@ void tst_DeviceSaver::stoppedSaverKeepsItsJobs()
     model.save(first);
     saver->setTemporaryStop(true);
     saver->waitForSavingDataFinished();
-    const StoreSignals told;
+    const StoreSignals caught;
     saver->saveDevicesInfor(second);
     saver->saveDevicesInfor(second);
     saver->saveDevicesInfor(first);
     saver->waitForSavingDataFinished();
     QCoreApplication::processEvents();
-    QVERIFY(told.saved.isEmpty());
+    QVERIFY(caught.saved.isEmpty());
     saver->setTemporaryStop(false);
-    QTRY_COMPARE(told.saved, (QList<std::shared_ptr<BizModel::Device>>{second, first}));
+    QTRY_COMPARE(caught.saved, (QList<std::shared_ptr<BizModel::Device>>{second, first}));
 }
 
 void tst_DeviceSaver::waitingForAnIdleSaverReturnsAtOnce()

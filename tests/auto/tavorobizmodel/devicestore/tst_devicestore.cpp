@@ -39,11 +39,11 @@ private Q_SLOTS:
     void everythingOfADeviceComesBack();
     void everyByteOfARecordComesBack();
     void onlyChangedRowsAreWritten();
-    void goneObjectsAreTakenOut();
+    void removedObjectsAreRemovedFromTheStore();
     void orderOfTheDeviceIsKept();
-    void removedDeviceIsForgotten();
+    void removedDeviceIsRemovedFromTheStore();
     void devicesThatShareANumberWithTheRemovedOneStay();
-    void deviceThatMovedTakesThePlaceOfItsFormerSelf();
+    void movedDeviceReplacesItsStoredSelf();
     void deviceThatMovedKeepsItsUserSettings();
     void deviceOfThisRunStaysWhenTheStoreIsOpened();
     void devicesWithoutNumbersAreStoredByAddress();
@@ -194,7 +194,7 @@ void tst_DeviceStore::onlyChangedRowsAreWritten()
     QCOMPARE(read->files()[0].lock()->detail().binary, std::string("other"));
 }
 
-void tst_DeviceStore::goneObjectsAreTakenOut()
+void tst_DeviceStore::removedObjectsAreRemovedFromTheStore()
 {
     const auto device = ModelRecords::device();
     {
@@ -240,7 +240,7 @@ void tst_DeviceStore::orderOfTheDeviceIsKept()
     QCOMPARE(order(*model.onlyDevice()), (QList<int>{5, 9}));
 }
 
-void tst_DeviceStore::removedDeviceIsForgotten()
+void tst_DeviceStore::removedDeviceIsRemovedFromTheStore()
 {
     {
         const StoredModel model(file());
@@ -281,7 +281,7 @@ void tst_DeviceStore::devicesThatShareANumberWithTheRemovedOneStay()
         QCOMPARE(device.lock()->interfaces().size(), 2);
 }
 
-void tst_DeviceStore::deviceThatMovedTakesThePlaceOfItsFormerSelf()
+void tst_DeviceStore::movedDeviceReplacesItsStoredSelf()
 {
     {
         const StoredModel model(file());

@@ -37,14 +37,14 @@ void damageIndex(const QString &fileName)
     QVERIFY(page > 1);
     QFile damaged(fileName);
     QVERIFY(damaged.open(QIODevice::ReadWrite));
-    QVERIFY(damaged.seek(24)); // the count of changes, so that nobody trusts what was read before
+    QVERIFY(damaged.seek(24)); // the count of changes, so that pages in the cache are read again
     damaged.write("xxxx");
     QVERIFY(damaged.seek((page - 1) * size));
     damaged.write(QByteArray(100, 'x'));
 }
 
 /// A name with room for "-journal" but not for ".damaged-1": no file system of Linux takes more
-/// than 255 bytes, whoever asks.
+/// than 255 bytes, not even from root.
 const QString nameTooLongToBeKept(246, QLatin1Char('n'));
 
 /// What SQLite says of a file of garbage when it is opened, and when it was open.
@@ -62,7 +62,7 @@ private Q_SLOTS:
 
     void damagedFileIsReplacedOnceTheDiskHasRoom();
     void damageThatLoadingDoesNotMeetIsFound();
-    void indexDamagedWhileItIsOpenIsWrittenAnew();
+    void indexDamagedWhileOpenIsCreatedAgain();
     void journalOfADamagedFileGoesWithIt();
     void damagedFileThatCannotBeRenamedIsLeftAlone();
     void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
@@ -87,15 +87,15 @@ void tst_DeviceStoreDamage::damagedFileIsReplacedOnceTheDiskHasRoom()
             model.save(second);
             damage(file);
 
-            const StoreSignals told;
+            const StoreSignals caught;
             FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
             saver->saveDevicesInfor(first);
-            QTRY_VERIFY(told.failures.size() >= 2);
+            QTRY_VERIFY(caught.failures.size() >= 2);
             FaultyVfs::arm(FaultyVfs::Fault::DiskFull, number);
-            QTRY_VERIFY(told.saved.size() == 2 || FaultyVfs::operations() >= number);
+            QTRY_VERIFY(caught.saved.size() == 2 || FaultyVfs::operations() >= number);
             FaultyVfs::arm(FaultyVfs::Fault::None, 0);
-            QTRY_COMPARE(told.saved, (Devices{first, second}));
-            QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+            QTRY_COMPARE(caught.saved, (Devices{first, second}));
+            QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
         }
         const StoredModel model(file);
         QCOMPARE(model.list->devices().size(), 2);
@@ -112,14 +112,14 @@ void tst_DeviceStoreDamage::damageThatLoadingDoesNotMeetIsFound()
         model.save(deviceIn(New));
     }
     damageIndex(file);
-    const StoreSignals told;
+    const StoreSignals caught;
     const StoredModel model(file);
     QVERIFY2(model.isOpen, qPrintable(model.error));
     QVERIFY(model.list->devices().isEmpty());
-    QTRY_COMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+    QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
 }
 
-void tst_DeviceStoreDamage::indexDamagedWhileItIsOpenIsWrittenAnew()
+void tst_DeviceStoreDamage::indexDamagedWhileOpenIsCreatedAgain()
 {
     const MessageCatcher log;
     const QTemporaryDir folder;
@@ -128,10 +128,10 @@ void tst_DeviceStoreDamage::indexDamagedWhileItIsOpenIsWrittenAnew()
         const StoredModel model(file);
         model.save(deviceIn(Old));
         damageIndex(file);
-        const StoreSignals told;
+        const StoreSignals caught;
         model.save(deviceIn(New));
-        QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
-        QCOMPARE(told.failures, QStringList());
+        QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+        QCOMPARE(caught.failures, QStringList());
     }
     const StoredModel model(file);
     QVERIFY(model.onlyDevice());
@@ -161,7 +161,7 @@ void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsLeftAlone()
     const QTemporaryDir folder;
     const QString file = folder.filePath(nameTooLongToBeKept);
     damage(file);
-    const StoreSignals told;
+    const StoreSignals caught;
     const MessageCatcher log;
     const StoredModel model(file);
     QVERIFY(!model.isOpen);
@@ -169,7 +169,7 @@ void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsLeftAlone()
     QVERIFY(!model.list->saveDeviceDataThread());
     QVERIFY(model.list->devices().isEmpty());
     QCoreApplication::processEvents();
-    QCOMPARE(told.setAside, QStringList());
+    QCOMPARE(caught.setAside, QStringList());
     QCOMPARE(log.texts("tavoro.model", QtWarningMsg), QStringList());
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(nameTooLongToBeKept));
     QCOMPARE(contentOf(file), garbage);
@@ -190,21 +190,21 @@ void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedFailsSavesUntilItIsGon
         model.save(first);
         damage(file);
 
-        const StoreSignals told;
+        const StoreSignals caught;
         model.list->saveDeviceDataThread()->saveDevicesInfor(first);
-        QTRY_VERIFY(told.failures.size() >= 3);
+        QTRY_VERIFY(caught.failures.size() >= 3);
         const QStringList reasons{noDatabaseAnyMore, notADatabase, notADatabase};
-        QCOMPARE(told.failures.mid(0, 3), reasons);
+        QCOMPARE(caught.failures.mid(0, 3), reasons);
         QStringList lines = reasons;
         lines.replaceInStrings(QRegularExpression(QStringLiteral("^(.*)$")),
                                QStringLiteral("Saving device data failed: \"\\1\""));
         QCOMPARE(log.texts("tavoro.model", QtWarningMsg).mid(0, 3), lines);
         QCOMPARE(contentOf(file), garbage);
-        QVERIFY(told.saved.isEmpty());
+        QVERIFY(caught.saved.isEmpty());
 
         QVERIFY(QFile::remove(file));
-        QTRY_COMPARE(told.saved, (Devices{first, second}));
-        QCOMPARE(told.setAside, QStringList());
+        QTRY_COMPARE(caught.saved, (Devices{first, second}));
+        QCOMPARE(caught.setAside, QStringList());
     }
     const StoredModel model(file);
     QCOMPARE(model.list->devices().size(), 2);

@@ -49,7 +49,7 @@ private Q_SLOTS:
     void killedSaveLeavesTheLastCompleteOne_data();
     void killedSaveLeavesTheLastCompleteOne();
     void endOfTheApplicationDoesTheSaves();
-    void fullDiskIsToldAndTriedAgain();
+    void fullDiskIsReportedAndTheSaveRetried();
     void failedSaveWaitsForItsTimeOrTheEnd();
     void fullDiskLeavesTheLastCompleteSave();
     void fileThatCanOnlyBeReadIsRefused();
@@ -82,11 +82,11 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
         const bool isKilled = child.exitStatus() == QProcess::CrashExit;
         killed += isKilled;
 
-        const StoreSignals told;
+        const StoreSignals caught;
         const StoredModel model(file);
         QVERIFY2(model.isOpen, qPrintable(model.error));
         QCoreApplication::processEvents();
-        QCOMPARE(told.setAside, QStringList());
+        QCOMPARE(caught.setAside, QStringList());
         QVERIFY(model.onlyDevice());
         const State state = stateOf(*model.onlyDevice());
         QVERIFY2(state == Old || state == New, qPrintable(QString::number(number)));
@@ -115,21 +115,21 @@ void tst_DeviceStoreFaults::endOfTheApplicationDoesTheSaves()
     QCOMPARE(stateOf(*model.onlyDevice()), New);
 }
 
-void tst_DeviceStoreFaults::fullDiskIsToldAndTriedAgain()
+void tst_DeviceStoreFaults::fullDiskIsReportedAndTheSaveRetried()
 {
     const QTemporaryDir folder;
     const StoredModel model(folder.filePath(QStringLiteral("devices.sqlite")), 20);
-    const StoreSignals told;
+    const StoreSignals caught;
     const auto changed = deviceIn(New);
     FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
     model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
     const auto other = ModelRecords::device(2);
     model.list->saveDeviceDataThread()->saveDevicesInfor(other);
-    QTRY_VERIFY(told.failures.size() >= 2);
-    QVERIFY(told.failures[0].contains(QStringLiteral("full")));
-    QVERIFY(told.saved.isEmpty());
+    QTRY_VERIFY(caught.failures.size() >= 2);
+    QVERIFY(caught.failures[0].contains(QStringLiteral("full")));
+    QVERIFY(caught.saved.isEmpty());
     FaultyVfs::arm(FaultyVfs::Fault::None, 0);
-    QTRY_COMPARE(told.saved, (QList<std::shared_ptr<StoredModel::Device>>{changed, other}));
+    QTRY_COMPARE(caught.saved, (QList<std::shared_ptr<StoredModel::Device>>{changed, other}));
 }
 
 void tst_DeviceStoreFaults::failedSaveWaitsForItsTimeOrTheEnd()
@@ -140,13 +140,13 @@ void tst_DeviceStoreFaults::failedSaveWaitsForItsTimeOrTheEnd()
     const auto changed = deviceIn(New);
     {
         const StoredModel model(file, 600000);
-        const StoreSignals told;
+        const StoreSignals caught;
         FaultyVfs::arm(FaultyVfs::Fault::DiskFull, 1);
         model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
-        QTRY_COMPARE(told.failures.size(), 1);
+        QTRY_COMPARE(caught.failures.size(), 1);
         FaultyVfs::arm(FaultyVfs::Fault::None, 0);
         QTest::qWait(100); // time for a saver that does not wait
-        QCOMPARE(told.failures.size(), 1);
+        QCOMPARE(caught.failures.size(), 1);
         QCOMPARE(FaultyVfs::operations(), 0);
     }
     const StoredModel model(file);
@@ -162,15 +162,15 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     int operations = 1; // those of a save, from the first round on
     for (int number = 0; number <= operations; ++number) {
         const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
-        const StoreSignals told;
+        const StoreSignals caught;
         {
             const StoredModel model(file);
             model.save(deviceIn(Old));
-            QTRY_COMPARE(told.saved.size(), 1);
+            QTRY_COMPARE(caught.saved.size(), 1);
             const auto changed = deviceIn(New);
             FaultyVfs::arm(number ? FaultyVfs::Fault::DiskFull : FaultyVfs::Fault::None, number);
             model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
-            QTRY_COMPARE(told.saved.size() + told.failures.size(), 2);
+            QTRY_COMPARE(caught.saved.size() + caught.failures.size(), 2);
             operations = number ? operations : FaultyVfs::operations();
             model.list->saveDeviceDataThread()->setTemporaryStop(true); // no second try at the end
         }
@@ -178,7 +178,7 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
         const StoredModel model(file);
         model.list->saveDeviceDataThread()->setTemporaryStop(false);
         QVERIFY(model.onlyDevice());
-        const State expected = told.failures.isEmpty() ? New : Old;
+        const State expected = caught.failures.isEmpty() ? New : Old;
         QVERIFY2(stateOf(*model.onlyDevice()) == expected, qPrintable(QString::number(number)));
         failed += expected == Old;
     }

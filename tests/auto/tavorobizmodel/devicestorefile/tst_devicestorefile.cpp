@@ -23,7 +23,7 @@ private Q_SLOTS:
 
     void secondStoreIsRefused();
     void defaultPlaceIsTheApplicationsDataFolder();
-    void folderThatCannotBeMadeIsTold();
+    void folderThatCannotBeCreatedIsReported();
 
     void schemaVersionIsKept();
     void rowIsTheRecordInItsOwnFormat();
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void fileOfAnotherKindIsLeftAlone();
 
     void damagedFileIsSetAside();
-    void fileDamagedWhileItIsOpenIsWrittenAnew();
+    void fileDamagedWhileOpenIsCreatedAgain();
     void damagedRowIsSetAsideAndTheOthersLoad();
     void damagedRowIsWrittenAgainByTheNextSave();
     void rowThatIsNotARecordIsSetAside_data();
@@ -72,7 +72,7 @@ void tst_DeviceStoreFile::defaultPlaceIsTheApplicationsDataFolder()
     QStandardPaths::setTestModeEnabled(false);
 }
 
-void tst_DeviceStoreFile::folderThatCannotBeMadeIsTold()
+void tst_DeviceStoreFile::folderThatCannotBeCreatedIsReported()
 {
     QFile inTheWay(file());
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
@@ -140,7 +140,7 @@ void tst_DeviceStoreFile::fileOfAnotherKindIsLeftAlone()
     query(file(), QStringLiteral("CREATE TABLE recipes (title TEXT)"));
     const StoredModel model(file());
     QVERIFY(!model.isOpen);
-    QCOMPARE(model.error, QStringLiteral("The file %1 is no store of devices.").arg(file()));
+    QCOMPARE(model.error, QStringLiteral("The file %1 is not a store of devices.").arg(file()));
 }
 
 void tst_DeviceStoreFile::damagedFileIsSetAside()
@@ -151,12 +151,12 @@ void tst_DeviceStoreFile::damagedFileIsSetAside()
         QVERIFY(damaged.open(QIODevice::WriteOnly));
         damaged.write(garbage);
         damaged.close();
-        const StoreSignals told;
+        const StoreSignals caught;
         const MessageCatcher log;
         const StoredModel model(file());
         QVERIFY2(model.isOpen, qPrintable(model.error));
         const QString keptAs = m_folder->path() + QLatin1String(kept);
-        QTRY_COMPARE(told.setAside, QStringList(file() + QStringLiteral(" as ") + keptAs));
+        QTRY_COMPARE(caught.setAside, QStringList(file() + QStringLiteral(" as ") + keptAs));
         QCOMPARE(log.texts("tavoro.model", QtWarningMsg).size(), 1);
         QFile aside(keptAs);
         QVERIFY(aside.open(QIODevice::ReadOnly));
@@ -165,7 +165,7 @@ void tst_DeviceStoreFile::damagedFileIsSetAside()
     }
 }
 
-void tst_DeviceStoreFile::fileDamagedWhileItIsOpenIsWrittenAnew()
+void tst_DeviceStoreFile::fileDamagedWhileOpenIsCreatedAgain()
 {
     const MessageCatcher quiet;
     {
@@ -181,11 +181,11 @@ void tst_DeviceStoreFile::fileDamagedWhileItIsOpenIsWrittenAnew()
         damaged.write(QByteArray(5000, 'x'));
         damaged.close();
 
-        const StoreSignals told;
+        const StoreSignals caught;
         model.list->saveDeviceDataThread()->saveDevicesInfor(first);
-        QTRY_COMPARE(told.saved, (QList<std::shared_ptr<BizModel::Device>>{first, second}));
-        QCOMPARE(told.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
-        QCOMPARE(told.failures, QStringList());
+        QTRY_COMPARE(caught.saved, (QList<std::shared_ptr<BizModel::Device>>{first, second}));
+        QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
+        QCOMPARE(caught.failures, QStringList());
     }
     const StoredModel model(file());
     QCOMPARE(model.list->devices().size(), 2);

@@ -136,11 +136,11 @@ tst_DeviceStoreSyscalls::Outcome tst_DeviceStoreSyscalls::saved(const QStringLis
 
 State tst_DeviceStoreSyscalls::storedState() const
 {
-    const StoreSignals told;
+    const StoreSignals caught;
     const StoredModel model(m_file);
     QCoreApplication::processEvents();
     const auto device = model.onlyDevice();
-    return model.isOpen && told.setAside.isEmpty() && device ? stateOf(*device) : Mixed;
+    return model.isOpen && caught.setAside.isEmpty() && device ? stateOf(*device) : Mixed;
 }
 
 int main(int argc, char **argv)

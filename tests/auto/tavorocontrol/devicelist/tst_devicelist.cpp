@@ -41,7 +41,7 @@ namespace {
 
 constexpr auto before = "text from before";
 
-/// A list, and what it tells, which must be on this thread.
+/// A list and its signals, which must be emitted on this thread.
 class Reading {
 public:
     Reading()
@@ -223,7 +223,7 @@ void tst_DeviceList::secondCallWhileRunningIsAcceptedAndIgnored()
     QCOMPARE(it.asked().size(), 8);
 }
 
-// The thread has ended, but nobody was told yet.
+// The thread has ended, but the finished signal has not arrived yet.
 void tst_DeviceList::callBetweenEndAndFinishCountsAsRunning()
 {
     Synchronised it;

@@ -62,12 +62,12 @@ QStringList failureLines(const FailureRow &row)
 {
     const QString reason = QString::fromLatin1(row.reason.words);
     const QString words =
-        row.reason.telling == SentenceWithStatusBar ? sentence(row.reason.words) : reason;
+        row.reason.reporting == SentenceWithStatusBar ? sentence(row.reason.words) : reason;
     const QString count = row.count == 0
         ? QString()
         : QStringLiteral(R"( ",send count/total count:%1/3")").arg(row.count);
     const QString call = streamedCall(false, row.progress, {}, words);
-    switch (row.reason.telling) {
+    switch (row.reason.reporting) {
     case SentenceWithStatusBar:
         return {
             QStringLiteral(R"(warning: TavoroCmd {device} "BC(fa), FC(4)." "%1" " lables: 7"%2)")

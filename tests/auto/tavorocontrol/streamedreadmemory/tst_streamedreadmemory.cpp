@@ -38,7 +38,7 @@ public:
     qint64 peak = 0;
 };
 
-/// A streamed read of a device behind a measuring channel.
+/// A streamed read through a measuring channel.
 struct Measured {
     Measured()
     {

@@ -301,15 +301,15 @@ struct ModelRow {
 // clang-format off
 const std::vector<ModelRow> modelRows = {
     {"device",     0x1100, R"({"general":{"status":1},"subcards":[{"slotId":4},{"slotId":4}]})",
-     R"(warning: Create device model failed, "Subcard 4 is there twice.")", true},
+     R"(warning: Create device model failed, "Subcard 4 occurs twice.")", true},
     {"interfaces", 0x1200, R"([{"interfaceId":{"slotId":1,"connectorId":2}},{"interfaceId":{"slotId":1,"connectorId":2}}])",
-     R"(warning: Create interface model failed, "Interface 1/2/0 is there twice.")", true},
+     R"(warning: Create interface model failed, "Interface 1/2/0 occurs twice.")", true},
     {"files",      0xFA00, R"([{"fileId":4,"fileType":10},{"fileId":4,"fileType":10}])",
-     R"(warning: Create file model failed, "File 4 of type 10 is there twice.")", true},
+     R"(warning: Create file model failed, "File 4 of type 10 occurs twice.")", true},
     {"screens",    0x1300, R"([{"screenId":1,"screenType":1},{"screenId":1,"screenType":1}])",
-     R"(warning: Create screen model failed, "Screen 1 of type 1 is there twice.")", true},
+     R"(warning: Create screen model failed, "Screen 1 of type 1 occurs twice.")", true},
     {"layers",     0x1400, R"([{"layerIdenti":{"screenId":9,"screenType":1,"layerId":5,"sceneType":4}}])",
-     R"(warning: Create layer model failed, "Layer 5 of type 0 in scene 4 on screen 9 of type 1: the screen is not there.")", false},
+     R"(warning: Create layer model failed, "Layer 5 of type 0 in scene 4 on screen 9 of type 1: the device does not have the screen.")", false},
 };
 // clang-format on
 

@@ -32,7 +32,7 @@ SaveDeviceDataThread *DeviceList::saveDeviceDataThread() const
 
 void SaveDeviceDataThread::setTemporaryStop(bool stop)
 {
-    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: go on"));
+    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: resume"));
 }
 
 void SaveDeviceDataThread::waitForSavingDataFinished()

@@ -30,7 +30,8 @@ namespace {
 
 QStringList pausedAround(const QStringList &between, const char *saved)
 {
-    return textLines({"saver: stop", "saver: wait"}) + between + textLines({"saver: go on", saved});
+    return textLines({"saver: stop", "saver: wait"}) + between
+        + textLines({"saver: resume", saved});
 }
 
 /// The journal's lines of the saver, and one line for everything between two of them.

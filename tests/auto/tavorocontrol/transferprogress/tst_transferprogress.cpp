@@ -303,7 +303,7 @@ void tst_TransferProgress::recordsAreUsedFromManyThreadsAtOnce()
         Progress record;
         while (!isOver) {
             const bool found = manager().findDeviceFileTransferProgressRecord(device, record);
-            // Both figures of a report belong together; after a reset there are none.
+            // Both figures of a report belong together; after a reset both are missing.
             const bool isWhole =
                 std::all_of(record.percents.begin(), record.percents.end(),
                             [](const Percent &p) { return p.fileId == p.percent; });

@@ -129,8 +129,8 @@ void tst_TavoroCtlArguments::missingKeysAreListed_data()
     const QByteArray window = QByteArray(R"("window":{"x":0,"y":0,"width":9,"height":9})");
     // clang-format off
     QTest::newRow("empty list")     << QByteArray("[]")                                               << QByteArray();
-    QTest::newRow("whole")          << "[{" + whole + "," + window + "}]"                  << QByteArray();
-    QTest::newRow("whole object")   << "[{" + whole + "}]"                                 << "missing keys: [0].window" + advice;
+    QTest::newRow("complete")        << "[{" + whole + "," + window + "}]"                  << QByteArray();
+    QTest::newRow("missing object")  << "[{" + whole + "}]"                                 << "missing keys: [0].window" + advice;
     QTest::newRow("in an object")   << "[{" + whole + R"(,"window":{"x":100}}])"
         << "missing keys: [0].window.height, [0].window.width, [0].window.y" + advice;
     QTest::newRow("second element") << "[{" + whole + "," + window + "},{" + window + "}]" << "missing keys: [1].layerIdenti" + advice;
@@ -246,10 +246,10 @@ void tst_TavoroCtlArguments::incompleteQuotesAreRefused_data()
                               << "the closing quote is missing";
     QTest::newRow("only opened") << "'"
                                  << "the closing quote is missing";
-    QTest::newRow("record behind") << R"('a'{"x":1})"
-                                   << "expected a space after the closing quote";
-    QTest::newRow("word behind") << "a 'b'c"
-                                 << "expected a space after the closing quote";
+    QTest::newRow("record after the quote") << R"('a'{"x":1})"
+                                            << "expected a space after the closing quote";
+    QTest::newRow("word after the quote") << "a 'b'c"
+                                          << "expected a space after the closing quote";
     QTest::newRow("first of two") << "'a''b"
                                   << "expected a space after the closing quote";
 }

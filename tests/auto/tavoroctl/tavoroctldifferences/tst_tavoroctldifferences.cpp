@@ -1,4 +1,4 @@
-// What is other in one record than in another, as the tool tells it.
+// The differences between two records, as text.
 
 #include <tavoroctl/model/jsondiff.h>
 #include <tavoroctl/operations/jsontext.h>

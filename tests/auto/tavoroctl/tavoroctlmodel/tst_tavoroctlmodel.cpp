@@ -1,4 +1,4 @@
-// sync and watch: a whole device in the model, and what its reports change there.
+// sync and watch: a device in the model, and the changes that its reports make.
 
 #include <support/tavoroctl/toolbench.h>
 

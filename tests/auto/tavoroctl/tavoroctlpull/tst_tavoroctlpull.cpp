@@ -40,6 +40,8 @@ private Q_SLOTS:
     void pullIntoAMissingFolderFails();
     void pullToAFullDiskLeavesNothing();
 
+    void pullAcceptsTheAnnouncedNumberOfPackets();
+
     void pullWritesIntoAFifo();
     void pullWritesIntoADevice();
     void pullWritesThroughALinkToADevice();
@@ -234,6 +236,25 @@ void tst_TavoroCtlPull::pullToAFullDiskLeavesNothing()
              "Cannot write " + m_bench->path("target") + ": File too large.\n");
     QCOMPARE(shell.exitCode(), 1);
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
+}
+
+void tst_TavoroCtlPull::pullAcceptsTheAnnouncedNumberOfPackets()
+{
+    // More packets than a channel accepts by default. The device takes no such file: it was stored
+    // while its packets were longer.
+    constexpr int length = 65537;
+    SimOptions options;
+    options.filesFolder = m_bench->folder.filePath(QStringLiteral("files"));
+    const QByteArray content = bytes(length);
+    {
+        const ToolBench before(options);
+        QCOMPARE(before.run("push", {m_bench->makeFile("sent", content)}).exitCode, 0);
+    }
+    options.packetSize = 1;
+    const ToolBench after(options);
+    const ToolRun pull = after.run("pull", {"0", "0", "-"});
+    QCOMPARE(pull.errors, QByteArray());
+    QCOMPARE(pull.output, content);
 }
 
 void tst_TavoroCtlPull::pullWritesIntoAFifo()

@@ -1,4 +1,4 @@
-// What travels goes to a capture: its lines, the frames in them, and the file.
+// Captures: the lines, the frames in them, and the file.
 
 #include <support/common/capturedcalls.h>
 #include <support/common/messagecatcher.h>
@@ -42,17 +42,17 @@ class tst_WireCapture : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captureThatWasStartedWinsOverTheEnvironment(); // before any channel was opened
+    void startedCaptureWinsOverTheEnvironment(); // before any channel was opened
     void linesAreAsDocumented();
-    void framesAreCutFromWhatTravelled();
-    void partsOfFramesAreShownWhereTheConnectionEnds();
-    void whatIsNoCaptureIsToldByItsLine_data();
-    void whatIsNoCaptureIsToldByItsLine();
+    void framesAreCutFromTheBytes();
+    void incompleteFramesAreShownAtTheEndOfTheConnection();
+    void invalidLineIsReportedByItsNumber_data();
+    void invalidLineIsReportedByItsNumber();
     void everyFrameOfAChannelIsCaptured();
-    void channelsThatWereOpenBeforeAreNotCaptured();
-    void fileThatCannotBeWrittenIsToldInASentence_data();
-    void fileThatCannotBeWrittenIsToldInASentence();
-    void captureThatCannotGoOnEndsWithALineOfTheLog();
+    void channelsOpenedBeforeAreNotCaptured();
+    void fileThatCannotBeWrittenIsReportedAsASentence_data();
+    void fileThatCannotBeWrittenIsReportedAsASentence();
+    void captureThatCannotContinueLogsWhyItEnds();
 };
 
 void tst_WireCapture::linesAreAsDocumented()
@@ -71,8 +71,8 @@ void tst_WireCapture::linesAreAsDocumented()
 
 namespace {
 
-/// Channel, time, kind, direction, kind and status of the frame, bytes, text.
-QString tell(const CapturedItem &item)
+/// Returns channel, time, kind, direction, kind and status of the frame, number of bytes, and text.
+QString describe(const CapturedItem &item)
 {
     constexpr const char *kinds[] = {"opened", "frame", "part", "closed", "lost"};
     return QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8")
@@ -94,7 +94,7 @@ QStringList itemsOf(const std::string &text)
         qFatal("%s", error.c_str());
     QStringList seen;
     for (const CapturedItem &item : items)
-        seen.append(tell(item).trimmed());
+        seen.append(describe(item).trimmed());
     return seen;
 }
 
@@ -105,7 +105,7 @@ std::string line(int channel, qint64 time, CaptureEvent event, const std::string
 
 } // namespace
 
-void tst_WireCapture::framesAreCutFromWhatTravelled()
+void tst_WireCapture::framesAreCutFromTheBytes()
 {
     const std::string ping = bytesOf(Wire::encodeLinkFrame(Wire::FrameKind::Ping, 7));
     const std::string pong = bytesOf(Wire::encodeLinkFrame(Wire::FrameKind::Pong, 7));
@@ -123,7 +123,7 @@ void tst_WireCapture::framesAreCutFromWhatTravelled()
                      QStringLiteral("2 6 closed < 0 0 0"), QStringLiteral("2 7 frame < 7 0 40")}));
 }
 
-void tst_WireCapture::partsOfFramesAreShownWhereTheConnectionEnds()
+void tst_WireCapture::incompleteFramesAreShownAtTheEndOfTheConnection()
 {
     Wire::WireHead head;
     head.kind = static_cast<quint8>(Wire::FrameKind::Report);
@@ -144,7 +144,7 @@ void tst_WireCapture::partsOfFramesAreShownWhereTheConnectionEnds()
                           QStringLiteral("2 6 part < 3 0 46")}));
 }
 
-void tst_WireCapture::whatIsNoCaptureIsToldByItsLine_data()
+void tst_WireCapture::invalidLineIsReportedByItsNumber_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("error");
@@ -158,17 +158,17 @@ void tst_WireCapture::whatIsNoCaptureIsToldByItsLine_data()
     QTest::newRow("no time") << heading + "1 open\n" << second;
 }
 
-void tst_WireCapture::whatIsNoCaptureIsToldByItsLine()
+void tst_WireCapture::invalidLineIsReportedByItsNumber()
 {
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, error);
     std::vector<CapturedItem> items;
-    std::string told;
-    QVERIFY(!Wire::decodeCapture(text.toStdString(), items, told));
-    QCOMPARE(QByteArray::fromStdString(told), error);
+    std::string message;
+    QVERIFY(!Wire::decodeCapture(text.toStdString(), items, message));
+    QCOMPARE(QByteArray::fromStdString(message), error);
 }
 
-void tst_WireCapture::captureThatWasStartedWinsOverTheEnvironment()
+void tst_WireCapture::startedCaptureWinsOverTheEnvironment()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("started"));
@@ -199,7 +199,7 @@ void tst_WireCapture::everyFrameOfAChannelIsCaptured()
                           QStringLiteral(">1 1107 0"), QStringLiteral("<2 1107 4")}));
 }
 
-void tst_WireCapture::channelsThatWereOpenBeforeAreNotCaptured()
+void tst_WireCapture::channelsOpenedBeforeAreNotCaptured()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("capture"));
@@ -213,7 +213,7 @@ void tst_WireCapture::channelsThatWereOpenBeforeAreNotCaptured()
     QVERIFY(framesOf(path).empty());
 }
 
-void tst_WireCapture::fileThatCannotBeWrittenIsToldInASentence_data()
+void tst_WireCapture::fileThatCannotBeWrittenIsReportedAsASentence_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("sentence");
@@ -224,7 +224,7 @@ void tst_WireCapture::fileThatCannotBeWrittenIsToldInASentence_data()
                              << QStringLiteral("/dev/full: No space left on device");
 }
 
-void tst_WireCapture::fileThatCannotBeWrittenIsToldInASentence()
+void tst_WireCapture::fileThatCannotBeWrittenIsReportedAsASentence()
 {
     QFETCH(QString, path);
     if (!QFileInfo::exists(QStringLiteral("/dev/full")))
@@ -238,7 +238,7 @@ void tst_WireCapture::fileThatCannotBeWrittenIsToldInASentence()
 }
 
 /// Into a pipe, whose other end goes away.
-void tst_WireCapture::captureThatCannotGoOnEndsWithALineOfTheLog()
+void tst_WireCapture::captureThatCannotContinueLogsWhyItEnds()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("pipe"));

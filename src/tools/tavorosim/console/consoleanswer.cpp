@@ -1,0 +1,16 @@
+#include "consoleanswer.h"
+
+namespace Tavoro::Sim {
+
+QString ConsoleAnswer::line() const
+{
+    const QString verdict = ok ? QStringLiteral("ok") : QStringLiteral("error");
+    return text.isEmpty() ? verdict : verdict + QLatin1Char(' ') + text;
+}
+
+QString consoleHelpLine(const QString &call, const char *effect)
+{
+    return QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(effect));
+}
+
+} // namespace Tavoro::Sim
