@@ -130,7 +130,7 @@ void DeviceControl::log(quint64 changes) const
         qCWarning(channelLog) << "Others control" << m_peerName() << m_holder;
 }
 
-/// A change that was reverted since the last call is none for the handler.
+/// The handler is not called for a change that was reverted since its last call.
 void DeviceControl::notify()
 {
     const bool isMaster = m_isMaster;

@@ -79,14 +79,14 @@ void tst_ChannelFlood::droppedReportsAreCountedAndLoggedOnceASecond()
     report(10);
     QCOMPARE(lines(), QStringList());
     m_loop->advance(1ms);
-    QStringList told{QStringLiteral("Too many reports from \"wall:6630\" dropped 20")};
-    QCOMPARE(lines(), told);
+    QStringList logged{QStringLiteral("Too many reports from \"wall:6630\" dropped 20")};
+    QCOMPARE(lines(), logged);
     m_loop->advance(10s);
-    QCOMPARE(lines(), told);
+    QCOMPARE(lines(), logged);
     report(1);
     m_loop->advance(1s);
-    told.append(QStringLiteral("Too many reports from \"wall:6630\" dropped 1"));
-    QCOMPARE(lines(), told);
+    logged.append(QStringLiteral("Too many reports from \"wall:6630\" dropped 1"));
+    QCOMPARE(lines(), logged);
     QCOMPARE(m_channel->statistics().droppedReports, quint64(21));
 }
 
@@ -110,10 +110,10 @@ void tst_ChannelFlood::destroyedChannelLogsWhatWasDropped()
     report(12);
     m_channel->stopChannel();
     m_loop->run();
-    const QStringList told{QStringLiteral("Too many reports from \"wall:6630\" dropped 10")};
-    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), told);
+    const QStringList logged{QStringLiteral("Too many reports from \"wall:6630\" dropped 10")};
+    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), logged);
     m_loop->advance(10s);
-    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), told);
+    QCOMPARE(messages.texts("tavoro.channel", QtWarningMsg), logged);
 }
 
 void tst_ChannelFlood::waitingReportsFollowWhenOthersAreReleased()
@@ -166,15 +166,15 @@ void tst_ChannelFlood::refusedFramesAreLoggedOnceASecond()
     question.kind = 1;
     for (int i = 0; i < 100000; ++i)
         m_peer->send(question);
-    QStringList told{QStringLiteral("Frame refused from \"wall:6630\" status %1").arg(WrongType)};
-    QCOMPARE(lines(), told);
+    QStringList logged{QStringLiteral("Frame refused from \"wall:6630\" status %1").arg(WrongType)};
+    QCOMPARE(lines(), logged);
     m_loop->advance(1s);
-    told.append(QStringLiteral("Further frames refused from \"wall:6630\" number 99999 "
-                               "last status %1")
-                    .arg(WrongType));
-    QCOMPARE(lines(), told);
+    logged.append(QStringLiteral("Further frames refused from \"wall:6630\" number 99999 "
+                                 "last status %1")
+                      .arg(WrongType));
+    QCOMPARE(lines(), logged);
     m_loop->advance(1s);
-    QCOMPARE(lines(), told);
+    QCOMPARE(lines(), logged);
     m_peer->send(question);
     QCOMPARE(lines().size(), 3);
     QCOMPARE(m_channel->statistics().protocolErrors, quint64(100001));

@@ -1,4 +1,4 @@
-// A device that repeats an old answer when the tags have come round changes no outcome.
+// A device that repeats an old answer under a tag that is used again changes no outcome.
 
 #include <tavorowire/frame.h>
 
