@@ -35,10 +35,10 @@ public:
     /// Starts a synchronisation of the device with this address, MAC and serial number, and returns
     /// at once.
     ///
-    /// True: signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished() follow. Also
-    /// true, but without signals for this device, while another synchronisation runs; that one
-    /// continues. False, with \a error unchanged, if the device has no channel; the log holds the
-    /// reason.
+    /// After true, signalReadDeviceDetailStarted() and then signalReadDeviceDetailFinished()
+    /// follow. The result is also true while another synchronisation of this list runs; that one
+    /// continues, and the call has no signals of its own. False if the device has no channel: \a
+    /// error stays unchanged, the reason is logged.
     bool readDeviceDetail(const QString &ip, const QString &mac, const QString &sn, QString &error);
     /// The same for a device of the model. False with "Device model is nullptr", translated, in \a
     /// error if it is gone.

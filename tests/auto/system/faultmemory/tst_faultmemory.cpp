@@ -33,6 +33,9 @@ void goWrong(FaultBench &bench, const FaultRow &fault, const Operation &operatio
 {
     bench.addFault(QLatin1String(fault.fault) + QLatin1String(operation.rule));
     bench.run([&](QString &error) { return operation.run(bench, error); });
+    // On a busy machine the request may time out before the device applies the fault.
+    auto &simulator = *bench.sync.connection.simulator;
+    QTRY_COMPARE(simulator.execute(QStringLiteral("fault list")).text, QString());
     bench.lift(fault.isLost);
     if (operation.isSynchronisation())
         QVERIFY(bench.awaitSave());
