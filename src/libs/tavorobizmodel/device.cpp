@@ -1,5 +1,5 @@
-#include "device_p.h"
-#include "inputcrop_p.h"
+#include "devicebuilder_p.h"
+#include "deviceprivate_p.h"
 #include "objectprivate_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>
@@ -47,35 +47,16 @@ bool isOther(const std::optional<s_ScreenGenlockBody> &before,
     return status(before) != status(now);
 }
 
+/// Builds the objects of \a details. False with the first few faults in \a error.
+template <class Details>
+bool build(Device &device, const Details &details, QString &error)
+{
+    DeviceBuilder builder(device);
+    builder.build(details);
+    return builder.report(error);
+}
+
 } // namespace
-
-void DevicePrivate::keepInterfaceCrops()
-{
-    for (const auto &interface : contents.interfaces())
-        settings->keepCrops(UserSettings::CropOwner::Interface, objectId(interface->interfaceId()),
-                            {interface->detail().crop});
-}
-
-void DevicePrivate::keepLayerCrops()
-{
-    for (const auto &layer : contents.layers())
-        settings->keepCrops(UserSettings::CropOwner::Layer, objectId(layer->identity()),
-                            layer->detail().source.crop);
-}
-
-void DevicePrivate::adopt(DevicePrivate &former)
-{
-    former.keepInterfaceCrops();
-    former.keepLayerCrops();
-    settings->adopt(*former.settings);
-    for (const auto &interface : contents.interfaces())
-        interface->restoreCrop(*settings);
-    for (const auto &layer : contents.layers()) {
-        layer->restoreCrops(*settings);
-        if (const auto source = layer->source().lock())
-            layer->fitCrops(pictureSize(source->detail().actualTiming));
-    }
-}
 
 Device::Device(unsigned short id, QObject *parent)
     : QObject(parent), d(std::make_unique<DevicePrivate>(*this, id))
@@ -173,31 +154,31 @@ void Device::clearAll(bool keepUserSettings)
 
 bool Device::initModelData(const ProtoModel::Device::s_DeviceDetail &detail, QString &error)
 {
-    return d->build(detail, error);
+    return build(*this, detail, error);
 }
 
 bool Device::initModelData(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &details,
                            QString &error)
 {
-    return d->build(details, error);
+    return build(*this, details, error);
 }
 
 bool Device::initModelData(const std::vector<ProtoModel::File::s_FileDetail> &details,
                            QString &error)
 {
-    return d->build(details, error);
+    return build(*this, details, error);
 }
 
 bool Device::initModelData(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &details,
                            QString &error)
 {
-    return d->build(details, error);
+    return build(*this, details, error);
 }
 
 bool Device::initModelData(const std::vector<ProtoModel::Layer::s_LayerFullDetail> &details,
                            QString &error)
 {
-    return d->build(details, error);
+    return build(*this, details, error);
 }
 
 bool Device::updateSlotModelData(const ProtoModel::Device::s_subcards &reported,

@@ -1,6 +1,6 @@
 #include "devicebuilder_p.h"
 
-#include "device_p.h"
+#include "deviceprivate_p.h"
 #include "inputcrop_p.h"
 
 #include <tavorobizmodel/mvrscreen.h>

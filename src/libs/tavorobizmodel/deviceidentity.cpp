@@ -1,6 +1,6 @@
 #include "deviceidentity_p.h"
 
-#include "device_p.h"
+#include "deviceprivate_p.h"
 
 #include <algorithm>
 

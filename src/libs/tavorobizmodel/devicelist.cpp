@@ -1,6 +1,6 @@
 #include <tavorobizmodel/devicelist.h>
 
-#include "device_p.h"
+#include "deviceprivate_p.h"
 #include "listeddevices_p.h"
 #include "savedevicedatathread_p.h"
 

@@ -1,6 +1,6 @@
 #include "devicerows_p.h"
 
-#include "device_p.h"
+#include "deviceprivate_p.h"
 #include "rowformat_p.h"
 
 #include <tavorobizmodel/device.h>

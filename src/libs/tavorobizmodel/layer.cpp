@@ -1,4 +1,4 @@
-#include "device_p.h"
+#include "deviceprivate_p.h"
 #include "inputcrop_p.h"
 #include "objectprivate_p.h"
 

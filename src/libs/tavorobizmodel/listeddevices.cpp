@@ -1,7 +1,7 @@
 #include "listeddevices_p.h"
 
-#include "device_p.h"
 #include "deviceidentity_p.h"
+#include "deviceprivate_p.h"
 
 #include <algorithm>
 #include <functional>

@@ -16,6 +16,7 @@ constexpr quint16 defaultTcpPort = 6630;
 /// - times are 1 ms to 24 h, except \c maxRequestTime, which is at least 1 ms;
 /// - \c minTransferRate, \c maxPacketCount, \c maxUnsentBytes and \c maxOwedAnswers are at least 1.
 struct ChannelOptions {
+    /// The unit of all times.
     using Milliseconds = std::chrono::milliseconds;
 
     /// Longest time of one attempt to connect.
@@ -26,6 +27,7 @@ struct ChannelOptions {
     /// twice as long as the one before, up to the longest. The first pause applies again after a
     /// connection that answered a request or that lasted for the longest pause.
     Milliseconds firstReconnectPause{250};
+    /// Longest pause between two attempts to reconnect.
     Milliseconds longestReconnectPause{10000};
     /// The client pings the device after this time without a sign of life ...
     Milliseconds keepAliveInterval{5000};

@@ -16,7 +16,7 @@ constexpr quint16 defaultDiscoveryPort = 6631;
 /// Where discovery requests are sent.
 struct DiscoveryTarget {
     QString address; ///< IPv4 address of a device or a broadcast; others get no request.
-    quint16 port = defaultDiscoveryPort;
+    quint16 port = defaultDiscoveryPort; ///< UDP port, 1 to 65535.
 };
 
 /// How to search for devices on the network.

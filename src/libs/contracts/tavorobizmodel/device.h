@@ -97,6 +97,7 @@ public:
     /// have (the layer is left out). docs/model.md lists the sentences. On success \a error stays
     /// unchanged.
     /// @{
+
     /// Builds the data of the device as a whole; the name of the device is among them.
     bool initModelData(const ProtoModel::Device::s_DeviceDetail &detail, QString &error);
     /// Builds the interfaces.
@@ -137,6 +138,7 @@ public:
     /// \name Reports
     /// Each stores what the device reports and emits deviceDataChanged().
     /// @{
+
     /// Stores the progress of the device as a whole.
     void setDeviceProcess(ProtoModel::Auxiliary::s_DeviceProcess process);
     /// Stores the cutout colour. Always true; \a error stays unchanged.
@@ -159,6 +161,7 @@ public:
     /// \name For applications
     /// The control library itself does not call these. Records are copies.
     /// @{
+
     /// Model number of the device.
     unsigned short modelId() const;
     /// Whether the device had a channel at the last synchronisation; false for a device of the last

@@ -56,6 +56,7 @@ public:
     /// \name For applications
     /// The control library itself does not call these.
     /// @{
+
     /// All devices, in the order in which they were added.
     QList<std::weak_ptr<Device>> devices() const;
     /// Removes a device from the list, and from an open store. False when it was not in the list.
@@ -97,6 +98,7 @@ Q_SIGNALS:
     /// \name For applications
     /// The control library itself does not emit these.
     /// @{
+
     /// A device was added to the list.
     void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
     /// A device was removed from the list, by remove() or by append(). A slot on another thread may

@@ -27,6 +27,7 @@ public:
     /// \name For applications
     /// The control library itself does not call these.
     /// @{
+
     /// A copy of everything that is known of the file. \c binary is the content of the file, and
     /// empty if it was not fetched.
     ProtoModel::File::s_FileDetail detail() const;

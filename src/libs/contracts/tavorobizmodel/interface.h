@@ -48,6 +48,7 @@ public:
     /// \name For applications
     /// The control library itself does not call these.
     /// @{
+
     /// Slot, connector and split connector; never changes.
     ProtoModel::s_InterfaceID interfaceId() const;
     /// A copy of everything that is known of the interface.
@@ -63,6 +64,7 @@ public:
 Q_SIGNALS:
     /// \name For applications
     /// @{
+
     /// The record of the interface changed. Emitted on the thread that changed it.
     void interfaceChanged();
     /// The timing changed, so that crops shown in pixels may be out of date. The crops of the

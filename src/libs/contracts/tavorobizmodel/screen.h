@@ -36,6 +36,7 @@ public:
     /// \name For applications
     /// The control library itself does not call these.
     /// @{
+
     /// A copy of everything that is known of the screen.
     ProtoModel::Screen::s_ScreenFullDetail detail() const;
     /// Expired when the device is gone.

@@ -22,18 +22,18 @@ enum class CommandType : quint8 {
 /// The requests for further packets of a split exchange repeat bytes 18 to 20 and 29 to 35 of the
 /// first.
 struct PacketHead {
-    quint8 opaque0[3];
+    quint8 opaque0[3]; ///< Bytes 0 to 2: for the channel.
     quint8 lables; ///< Tag of the exchange. The protocol spells it "lables".
-    quint8 opaque4[14];
-    quint8 opaque18[2];
+    quint8 opaque4[14]; ///< Bytes 4 to 17: for the channel.
+    quint8 opaque18[2]; ///< Bytes 18 and 19: for the channel, repeated by further packets.
     quint8 type; ///< A \c CommandType.
     quint32 totalCount; ///< Number of packets of a split exchange.
     quint32 sendCount; ///< Index of this packet in a split exchange, from 0.
     quint8 FC; ///< Function code: the low byte of the command code.
     quint8 BC; ///< Base code: the high byte of the command code.
     quint8 arg2[4]; ///< Filters of a detail read; the selector of a remove-all.
-    quint8 opaque35;
-    quint8 opaque36[4];
+    quint8 opaque35; ///< Byte 35: for the channel, repeated by further packets.
+    quint8 opaque36[4]; ///< Bytes 36 to 39: for the channel.
 };
 #pragma pack(pop)
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "devicebuilder_p.h"
 #include "devicecontents_p.h"
 #include "devicerecords_p.h"
 #include "usersettings_p.h"
@@ -99,14 +98,6 @@ public:
         });
         if (isOther)
             notifyIdentity();
-    }
-
-    template <class Details>
-    bool build(const Details &details, QString &error)
-    {
-        DeviceBuilder builder(q);
-        builder.build(details);
-        return builder.report(error);
     }
 
     /// Keep the crops of objects that are about to be replaced.
