@@ -6,6 +6,7 @@
 #include <tavorossproxy/networkchannel.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHostAddress>
 #include <QNetworkDatagram>
@@ -17,6 +18,7 @@
 
 #include <atomic>
 #include <future>
+#include <memory>
 
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
@@ -88,6 +90,7 @@ class tst_DeviceDiscovery : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void cleanup();
 
     void devicesAnswerAQuery();
@@ -103,8 +106,21 @@ private Q_SLOTS:
     void deviceWithAChannelGetsNoSecondOne();
     void removedDeviceGetsAChannelAfterRefresh();
     void deviceThatMovesKeepsItsChannel();
+
+private:
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char *m_argv[2] = {m_name, nullptr};
+    std::unique_ptr<QCoreApplication> m_application;
 };
 
+void tst_DeviceDiscovery::init()
+{
+    m_application = std::make_unique<QCoreApplication>(m_argc, m_argv);
+}
+
+/// The channels' thread ends with the application object. Otherwise it could log the loss of a
+/// connection while Qt Test deletes its loggers after the last test.
 void tst_DeviceDiscovery::cleanup()
 {
     stopDeviceDiscovery();
@@ -113,6 +129,7 @@ void tst_DeviceDiscovery::cleanup()
         DeviceManager::instance()->removeDeviceChannel(channel);
     }
     DeviceManager::instance()->refreshDeviceChannel(); // readmits the removed devices
+    m_application.reset();
 }
 
 void tst_DeviceDiscovery::devicesAnswerAQuery()
@@ -309,5 +326,5 @@ void tst_DeviceDiscovery::deviceThatMovesKeepsItsChannel()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_DeviceDiscovery)
+QTEST_APPLESS_MAIN(tst_DeviceDiscovery)
 #include "tst_devicediscovery.moc"
