@@ -131,7 +131,7 @@ std::enable_if_t<std::is_integral_v<Integer>, bool> read(RowReader &reader, Inte
         return false;
     value = static_cast<Integer>(number);
     if (tag == Tag::Negative && std::is_signed_v<Integer>)
-        value = static_cast<Integer>(-1 - value);
+        value = static_cast<Integer>(~number);
     else if (tag != Tag::Number)
         return false;
     return true;
