@@ -6,7 +6,9 @@
 #include <QtTest>
 
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
+#include <new>
 
 namespace CodecWriter {
 
@@ -55,6 +57,31 @@ using CodecWriter::Text;
 
 namespace {
 
+int arraysAllocated = 0;
+
+} // namespace
+
+// The writer's buffers are the only arrays that an encode allocates.
+void *operator new[](std::size_t size)
+{
+    ++arraysAllocated;
+    if (void *const array = std::malloc(size))
+        return array;
+    throw std::bad_alloc();
+}
+
+void operator delete[](void *array) noexcept
+{
+    std::free(array);
+}
+
+void operator delete[](void *array, std::size_t) noexcept
+{
+    std::free(array);
+}
+
+namespace {
+
 /// The text between the quotes.
 QByteArray written(const std::string &text)
 {
@@ -85,6 +112,8 @@ private Q_SLOTS:
     void bufferGrowsInWholeStepsAndKeepsItsContent();
     void writeThatFitsKeepsItsPlace();
     void largeWriteGetsItsSpaceInOneStep();
+    void manyEscapesNeedFewBuffers_data();
+    void manyEscapesNeedFewBuffers();
     void previousTextIsReplaced();
     void largeBodiesAreWrittenAndReadCompletely();
 };
@@ -255,6 +284,32 @@ void tst_CodecWriter::largeWriteGetsItsSpaceInOneStep()
     at = writer.begin(at + 10, 5000);
     QCOMPARE(writer.capacity(), std::size_t(5 * 1024));
     QVERIFY(at == writer.start + 10);
+}
+
+void tst_CodecWriter::manyEscapesNeedFewBuffers_data()
+{
+    QTest::addColumn<QByteArray>("unit");
+    QTest::addColumn<QByteArray>("escape");
+    QTest::newRow("tab") << QByteArray("\t") << QByteArray("\\t");
+    QTest::newRow("delete") << QByteArray("\x7F") << QByteArray("\\u007F");
+    QTest::newRow("four bytes") << QByteArray("\xF0\x9F\x93\xBA") << QByteArray("\\u0001\\uF4FA");
+}
+
+/// Each buffer is at least twice as large as the one before, so the bytes that are copied stay
+/// proportional to the text.
+void tst_CodecWriter::manyEscapesNeedFewBuffers()
+{
+    QFETCH(QByteArray, unit);
+    QFETCH(QByteArray, escape);
+    constexpr int count = 1 << 20;
+    const Text text{unit.repeated(count).toStdString()};
+    std::string json;
+    const int before = arraysAllocated;
+    ajson::encodeRecord(text, json);
+    const int buffers = arraysAllocated - before;
+    QVERIFY2(buffers <= 5, qPrintable(QString::number(buffers)));
+    QCOMPARE(json.size(), std::size_t(8) + std::size_t(count) * std::size_t(escape.size()));
+    QCOMPARE(QByteArray::fromStdString(json.substr(6, 24)), escape.repeated(12).left(24));
 }
 
 void tst_CodecWriter::previousTextIsReplaced()

@@ -16,7 +16,7 @@ JsonWriter::~JsonWriter()
 char *JsonWriter::grow(char *written, std::size_t size)
 {
     const auto used = static_cast<std::size_t>(written - start);
-    const std::size_t needed = used + std::max(used, size);
+    const std::size_t needed = std::max(used + size, 2 * capacity());
     const std::size_t grown = (needed + step - 1) / step * step;
     char *const buffer = new char[grown];
     std::memcpy(buffer, start, used);

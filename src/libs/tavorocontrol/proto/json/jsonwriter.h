@@ -10,8 +10,8 @@ namespace ajson {
 ///
 /// A write reserves the bytes that it may need and puts them without further checks. If they do not
 /// fit after the bytes already written, a larger buffer replaces this one, rounded up to whole
-/// steps. It holds at least twice the bytes written so far, so that a long text is not copied for
-/// each step.
+/// steps. It is at least twice as large as the one before, so that the bytes that are copied stay
+/// proportional to the text.
 class TAVOROPROTO_EXPORT JsonWriter {
 public:
     static constexpr std::size_t step = 1024;
