@@ -66,6 +66,7 @@ private Q_SLOTS:
     void exponentScalesAndAHugeOneTakesNoTime();
     void integerBeforeAPointKeepsItsKind();
     void unclosedBlockCommentLeavesThePreviousTokenCurrent();
+    void firstTokenHasNoPreviousTokenAlsoWhenReadAgain();
     void lineFeedAsFirstCharacterBeginsNoLine();
     void carriageReturnHasNoColumn();
     void endOfTheInputIsACharacterOfItsLine();
@@ -221,6 +222,18 @@ void tst_CodecTokens::unclosedBlockCommentLeavesThePreviousTokenCurrent()
     QVERIFY(reader.atEnd());
     reader.next();
     QCOMPARE(reader.token.kind, JsonTokenKind::end);
+}
+
+void tst_CodecTokens::firstTokenHasNoPreviousTokenAlsoWhenReadAgain()
+{
+    const char text[] = "{/* no end";
+    JsonReader reader(text + 1); // the brace is not part of its text
+    reader.next();
+    QVERIFY(reader.atEnd());
+    QCOMPARE(reader.token.kind, JsonTokenKind::word);
+    reader.nextAt(text + 1);
+    QCOMPARE(reader.token.kind, JsonTokenKind::word);
+    QCOMPARE(reader.token.length, std::size_t(0));
 }
 
 void tst_CodecTokens::lineFeedAsFirstCharacterBeginsNoLine()

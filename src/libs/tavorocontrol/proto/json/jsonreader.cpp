@@ -56,6 +56,16 @@ std::size_t lengthOf(const char *text, std::size_t length)
     return length == JsonReader::untilNul ? std::strlen(text) : length;
 }
 
+// Only the kind of the previous token can still matter: next() may leave that token current.
+JsonToken tokenThatEndsAt(const char *place) noexcept
+{
+    JsonToken token;
+    token.text = place - 1;
+    token.length = 1;
+    token.kind = isSymbol(*token.text) ? JsonTokenKind::symbol : JsonTokenKind::word;
+    return token;
+}
+
 } // namespace
 
 exception::~exception() = default;
@@ -89,14 +99,11 @@ void JsonReader::next()
     } while (skipComment());
 }
 
-// Only the kind of the previous token can still matter: next() may leave that token current.
 void JsonReader::nextAt(const char *place)
 {
     if (place != m_cursor) {
         m_cursor = place;
-        token.text = place - 1;
-        token.length = 1;
-        token.kind = isSymbol(*token.text) ? JsonTokenKind::symbol : JsonTokenKind::word;
+        token = place == input ? JsonToken() : tokenThatEndsAt(place);
     }
     next();
 }

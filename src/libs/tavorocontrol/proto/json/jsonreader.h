@@ -27,8 +27,8 @@ public:
     /// Kept: a block comment that runs to the end of the input leaves the previous token current.
     void next();
 
-    /// Makes the token at \a place current. The token before it ends exactly there; this reader
-    /// need not have read it.
+    /// Makes the token at \a place current. The token before it, if there is one, ends exactly
+    /// there; this reader need not have read it.
     void nextAt(const char *place);
 
     /// Throws \a words with the line and the column of the cursor.
