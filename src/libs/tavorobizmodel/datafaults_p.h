@@ -11,7 +11,7 @@ public:
     void add(const QString &sentence);
     /// \a what is there twice.
     void addTwice(const QString &what);
-    /// True when there was none. Otherwise false, with the first few sentences in \a error.
+    /// Returns true when there was none. Otherwise false, with the first few sentences in \a error.
     bool report(QString &error) const;
 
 private:

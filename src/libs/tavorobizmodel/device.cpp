@@ -47,7 +47,7 @@ bool isOther(const std::optional<s_ScreenGenlockBody> &before,
     return status(before) != status(now);
 }
 
-/// Builds the objects of \a details. False with the first few faults in \a error.
+/// Builds the objects of \a details. Returns false with the first few faults in \a error.
 template <class Details>
 bool build(Device &device, const Details &details, QString &error)
 {

@@ -27,7 +27,7 @@ public:
     void build(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &details);
     void build(const std::vector<ProtoModel::Layer::s_LayerFullDetail> &details);
 
-    /// True without a fault. Otherwise false, with the first few faults in \a error.
+    /// Returns true without a fault. Otherwise false, with the first few faults in \a error.
     bool report(QString &error) const { return m_faults.report(error); }
 
 private:

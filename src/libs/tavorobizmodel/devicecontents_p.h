@@ -58,7 +58,8 @@ public:
     /// Always screens of the device, or null.
     /// @{
     /// Makes \a screen the active multiviewer if it is one, otherwise the active screen; null makes
-    /// no screen active. False, and nothing changes, for a screen that is not one of the device.
+    /// no screen active. Returns false, and nothing changes, for a screen that is not one of the
+    /// device.
     bool setActive(const std::shared_ptr<Screen> &screen);
     std::shared_ptr<Screen> activeScreen() const;
     std::shared_ptr<MVRScreen> activeMultiviewer() const;

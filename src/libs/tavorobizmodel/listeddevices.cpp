@@ -11,7 +11,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// True for devices that are the same as \a device.
+/// Returns true for devices that are the same as \a device.
 auto sameAs(const Device &device)
 {
     return [identity = DeviceIdentity::of(device)](const ListedDevices::DevicePtr &other) {

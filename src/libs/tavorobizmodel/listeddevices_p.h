@@ -43,7 +43,7 @@ public:
     /// Adds a device of the last run. A device of this run with the same identity stays, and adopts
     /// its settings: the result is then false.
     bool appendRestored(const DevicePtr &device);
-    /// False when the device is not in the list.
+    /// Returns false when the device is not in the list.
     bool remove(const DevicePtr &device);
     std::vector<DevicePtr> all() const;
 

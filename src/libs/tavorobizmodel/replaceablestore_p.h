@@ -14,15 +14,15 @@ namespace Tavoro::BizModel {
 /// thread.
 class ReplaceableStore {
 public:
-    /// Opens the file and loads the devices in it. False with the reason in \a error when there is
-    /// no usable file.
+    /// Opens the file and loads the devices in it. Returns false with the reason in \a error when
+    /// there is no usable file.
     bool open(const QString &fileName, DeviceStore::Loaded &loaded, QString &error);
     void close() { m_store.close(); }
 
     using Step = std::function<StoreOutcome(DeviceStore &, QString &error)>;
     /// Runs \a step on the open store, and again on a new file if the file turns out to be damaged.
-    /// False with the reason in \a error. \a isNewFile: the file holds nothing but what the step
-    /// wrote.
+    /// Returns false with the reason in \a error. \a isNewFile: the file holds nothing but what the
+    /// step wrote.
     bool run(const Step &step, QString &error, bool &isNewFile);
 
 private:

@@ -22,7 +22,7 @@ class RestoredDevice {
 public:
     explicit RestoredDevice(const DeviceIdentity &identity);
 
-    /// False when the row does not hold what its kind says; it is then left out.
+    /// Returns false when the row does not hold what its kind says; it is then left out.
     bool take(const DeviceRow &row);
     /// The device, offline, of the rows that were taken.
     std::shared_ptr<Device> make() const;

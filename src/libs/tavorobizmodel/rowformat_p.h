@@ -110,7 +110,7 @@ std::enable_if_t<std::is_class_v<Record>> write(RowWriter &writer, const Record 
     writer.endRecord();
 }
 
-// The same kinds, read. False when the bytes are not such a value.
+// The same kinds, read. Returns false when the bytes are not such a value.
 
 inline bool read(RowReader &reader, bool &value)
 {
@@ -204,7 +204,7 @@ QByteArray encode(const Record &record)
 }
 
 /// Reads a row into \a record, which should be new: fields that the row does not have keep what
-/// they hold. False when the bytes are not such a row; \a record then holds a part of it.
+/// they hold. Returns false when the bytes are not such a row; \a record then holds a part of it.
 template <class Record>
 bool decode(const QByteArray &row, Record &record)
 {

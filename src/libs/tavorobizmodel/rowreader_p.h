@@ -24,7 +24,7 @@ public:
     bool takeVarint(quint64 &number);
     /// A whole value of the kind Bytes.
     bool takeBytes(std::string_view &bytes);
-    /// False at the end of the record, and after a failure.
+    /// Returns false at the end of the record, and after a failure.
     bool takeName(std::string_view &name);
     /// Passes over a whole value of any kind.
     bool skipValue() { return skipValue(0); }

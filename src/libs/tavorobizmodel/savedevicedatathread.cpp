@@ -108,8 +108,8 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
     m_store.close();
 }
 
-/// True when the next job may be taken. While the saver closes, it does not wait to retry a failed
-/// job.
+/// Returns true when the next job may be taken. While the saver closes, it does not wait to retry a
+/// failed job.
 bool SaveDeviceDataThreadPrivate::mayTakeJob() const
 {
     return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);

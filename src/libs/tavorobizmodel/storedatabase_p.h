@@ -41,13 +41,13 @@ public:
     void close();
 
     /// \name Statements
-    /// False after a failure, whose reason outcome() gives.
+    /// Returns false after a failure, whose reason outcome() gives.
     /// @{
     QSqlQuery query() const { return QSqlQuery(m_database); }
     bool prepare(QSqlQuery &query, const QString &statement);
     bool run(QSqlQuery &query);
     bool run(const QString &statement);
-    /// Keeps why a step failed. Always false.
+    /// Keeps why a step failed. Always returns false.
     bool fail(const QString &text, bool isDamage = false);
     /// @}
 

@@ -49,7 +49,7 @@ public:
     /// thread.
     void setIsStopAutoReport(bool stop);
 
-    /// Copies the latest transfer report of \a device to \a record. False, with \a record
+    /// Copies the latest transfer report of \a device to \a record. Returns false, with \a record
     /// unchanged, if the device has not reported any transfer or is gone. Any thread; does not
     /// block.
     bool findDeviceFileTransferProgressRecord(std::weak_ptr<BizModel::Device> device,

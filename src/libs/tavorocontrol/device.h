@@ -38,18 +38,18 @@ public:
     ~Device() override;
 
     /// Reads the whole state of the device into \a detail (code 0x1100). Lists in \a detail are
-    /// appended to. False with \a error unchanged if the model device is gone when the answer
-    /// arrives.
+    /// appended to. Returns false with \a error unchanged if the model device is gone when the
+    /// answer arrives.
     bool readDetails(ProtoModel::Device::s_DeviceDetail &detail, QString &error);
-    /// Reads the whole state of the device into the model (0x1100). False with \a error unchanged
-    /// if the model device is gone when the answer arrives, and with the model's text if the model
-    /// finds faults (see BizModel::Device::initModelData()).
+    /// Reads the whole state of the device into the model (0x1100). Returns false with \a error
+    /// unchanged if the model device is gone when the answer arrives, and with the model's text if
+    /// the model finds faults (see BizModel::Device::initModelData()).
     bool readDeviceDetails(QString &error);
     /// Reads the whole state of the device as the JSON text that the device sent (0x1100).
     bool sendReadDeviceDetailsCmd(std::string &detail, QString &error);
     /// Reads the whole state of the device (0x1100) and replaces the cards in the model that
-    /// \a reported names. False with \a error unchanged if the model device is gone when the answer
-    /// arrives.
+    /// \a reported names. Returns false with \a error unchanged if the model device is gone when
+    /// the answer arrives.
     bool readSubcardDetail(const ProtoModel::Device::s_subcards &reported, QString &error);
     /// Reads the groups that the device belongs to and appends them to \a groups (0x110A). Logs a
     /// warning and returns false, with \a error unchanged, if the model device is gone.
@@ -109,8 +109,8 @@ public:
     /// AutoReportManager calls these to apply the device's reports to the model. \a body is the
     /// JSON of the report.
     ///
-    /// False with "Decode json failed: …" in \a error for a body that cannot be decoded, and with
-    /// "Device is null." if the model device is gone. Any thread; none blocks.
+    /// Returns false with "Decode json failed: …" in \a error for a body that cannot be decoded,
+    /// and with "Device is null." if the model device is gone. Any thread; none blocks.
     /// @{
 
     /// Adds or updates the reported groups (0x110A).

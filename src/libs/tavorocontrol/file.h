@@ -114,9 +114,9 @@ public:
     /// the report. AutoReportManager calls it.
     ///
     /// Copies the elements of the report to \a percents, and emits
-    /// BizModel::DeviceList::signalFilesTransferProgressChanged(). False with "Decode json failed:
-    /// …" in \a error for a body that cannot be decoded, and with "Device is null." if the model
-    /// device is gone. Any thread; does not block.
+    /// BizModel::DeviceList::signalFilesTransferProgressChanged(). Returns false with "Decode json
+    /// failed: …" in \a error for a body that cannot be decoded, and with "Device is null." if the
+    /// model device is gone. Any thread; does not block.
     bool updateTransferProgress(const std::string &body,
                                 std::vector<ProtoModel::File::s_FileTransPercent> &percents,
                                 QString &error);

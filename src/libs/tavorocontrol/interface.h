@@ -98,9 +98,9 @@ public:
     /// AutoReportManager calls these to apply the device's reports to the model. \a body is the
     /// JSON of the report.
     ///
-    /// An interface that the model does not have is logged and skipped. False with "Decode json
-    /// failed: …" in \a error for a body that cannot be decoded, and false with \a error unchanged
-    /// if the model device is gone. Any thread; none blocks.
+    /// An interface that the model does not have is logged and skipped. Returns false with "Decode
+    /// json failed: …" in \a error for a body that cannot be decoded, and false with \a error
+    /// unchanged if the model device is gone. Any thread; none blocks.
     /// @{
 
     /// Applies measured timings, and updates the crops of the layers that show the interfaces

@@ -108,7 +108,7 @@ void SaveFilePrivate::run()
     saveResult = true;
 }
 
-/// Waits for data. False when the thread must end; queued data then stays unwritten.
+/// Waits for data. Returns false when the thread must end; queued data then stays unwritten.
 bool SaveFilePrivate::takeBatch(QList<std::string> &batch)
 {
     const QMutexLocker lock(&mutex);

@@ -46,7 +46,7 @@ public:
     /// Waits until the thread has taken all queued data, then stops it as stopWrite() does. Always
     /// returns true. Never returns if data is queued and the thread does not run.
     bool waitForStop();
-    /// True if the thread has ended, even if a write has failed.
+    /// Returns true if the thread has ended, even if a write has failed.
     bool fileSaveResult();
 
 private:

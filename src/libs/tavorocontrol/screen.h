@@ -91,9 +91,9 @@ public:
     /// Applies the device's report of the ZeLK feature to the model (0x1314). \a body is the JSON
     /// of the report. AutoReportManager calls it.
     ///
-    /// A screen that the model does not have is logged and skipped. False with "Decode json failed:
-    /// …" in \a error for a body that cannot be decoded, and false with \a error unchanged if the
-    /// model device is gone. Any thread; does not block.
+    /// A screen that the model does not have is logged and skipped. Returns false with "Decode json
+    /// failed: …" in \a error for a body that cannot be decoded, and false with \a error unchanged
+    /// if the model device is gone. Any thread; does not block.
     bool updateScreenZelkInfo(const std::string &body, QString &error);
 
 private:

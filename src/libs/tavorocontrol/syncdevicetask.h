@@ -40,8 +40,8 @@ public:
     /// The task must have ended.
     ~SyncDeviceTask() override;
 
-    /// Prepares the task to read the device with this identity. False if the device has no channel;
-    /// the model then shows it offline.
+    /// Prepares the task to read the device with this identity. Returns false if the device has no
+    /// channel; the model then shows it offline.
     bool setDevice(const QString &ip, const QString &mac, const QString &sn);
     /// Releases the device and all records that were read.
     void resetDevice();

@@ -168,9 +168,9 @@ public:
     /// Whether the device had a channel at the last synchronisation; false for a device that was
     /// read from the store.
     bool isOnline() const;
-    /// True if the last synchronisation set the device's clock and all its reads succeeded; false
-    /// before the first one. If the channel is removed before the contents of the files are read,
-    /// the contents are empty and the result is still true.
+    /// Returns true if the last synchronisation set the device's clock and all its reads succeeded;
+    /// false before the first one. If the channel is removed before the contents of the files are
+    /// read, the contents are empty and the result is still true.
     bool isSyncDataSuccess() const;
     /// The identity record of the last channel.
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const;

@@ -37,17 +37,18 @@ public:
     void logRequest() const;
     void logMissingChannel() const;
 
-    /// Logs a failure, then shows it on the status bar. \a error gets the sentence. Always false.
+    /// Logs a failure, then shows it on the status bar. \a error gets the sentence. Always returns
+    /// false.
     bool fail(const Reply &reply, QString &error, PacketCount count = {}) const;
     /// Reports a write that the device refused: shows it, with a message box if the device's data
-    /// has changed, then logs it. \a error gets the sentence. Always false.
+    /// has changed, then logs it. \a error gets the sentence. Always returns false.
     bool failWrite(quint16 status, QString &error) const;
     /// The same for a packet of a split write. \a error gets the bare reason.
     bool failSplitWrite(quint16 status, QString &error, PacketCount count) const;
 
-    /// Logs \a content if \a responseType is JSON. Always true.
+    /// Logs \a content if \a responseType is JSON. Always returns true.
     bool succeedRead(quint8 responseType, const std::string &content, bool onePacket) const;
-    /// Always true.
+    /// Always returns true.
     bool succeedWrite(bool show) const;
 
 private:
@@ -68,7 +69,7 @@ private:
     const BizModel::Device *m_device = nullptr;
 };
 
-/// Logs a call without a request. \a error gets the text. Always false.
+/// Logs a call without a request. \a error gets the text. Always returns false.
 bool refuseMissingRequest(QString &error);
 
 } // namespace Tavoro::Control::Internal

@@ -34,7 +34,8 @@ constexpr int allScreenTypes = 30;
 constexpr int programmeScene = 4;
 constexpr int previewScene = 2;
 
-/// True for files whose content is part of a synchronisation. Of the others only the details are.
+/// Returns true for files whose content is part of a synchronisation. Of the others only the
+/// details are.
 bool isContentFetched(qint32 fileType)
 {
     return fileType == 12 || fileType <= 9 || fileType >= 16;

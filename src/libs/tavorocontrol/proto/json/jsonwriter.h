@@ -6,12 +6,12 @@
 
 namespace ajson {
 
-/// The buffer of one encode.
+/// The buffer into which one value is encoded.
 ///
-/// A write reserves the bytes that it may need and puts them without further checks. If they do not
-/// fit after the bytes already written, a larger buffer replaces this one, rounded up to whole
-/// steps. It holds at least twice the bytes written so far, so that a long text is not copied for
-/// each step.
+/// A write reserves the space that it may need, and then writes without further checks. If the
+/// space does not suffice, a larger buffer replaces the current one. Its size is rounded up to
+/// whole steps and is at least twice the bytes written so far, so that a long text is not copied
+/// for each step.
 class TAVOROPROTO_EXPORT JsonWriter {
 public:
     static constexpr std::size_t step = 1024;
@@ -31,7 +31,7 @@ public:
     std::size_t capacity() const noexcept { return static_cast<std::size_t>(limit - start); }
 
     char *start;
-    char *cursor; ///< After the last byte that is known to be written.
+    char *cursor; ///< Place after the last written byte, as of the last update.
     char *limit;
 
 private:
