@@ -9,8 +9,8 @@
 
 namespace Tavoro::Control::Internal {
 
-/// The latest transfer report of each device. A record is never removed, not even when its device
-/// is gone.
+/// The latest transfer report of each device. Records are never removed, even if their device is
+/// gone.
 ///
 /// All members may be called from any thread.
 class TransferProgressRecords {
