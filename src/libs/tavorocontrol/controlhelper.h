@@ -85,12 +85,12 @@ public:
     /// Reads packet by packet: passes each packet to \a callback as it arrives, and holds at most
     /// one packet.
     ///
-    /// The callback runs on the caller's thread. Its arguments are: \c ok; the share received,
-    /// above 0 and at most 1; the bytes of this packet; the error text. If \c ok is false, the read
-    /// has failed and the callback is not called again. The read also fails when another client
-    /// takes control of the device, with "The device is controlled by others." in \c error, and
-    /// after setCancelledState(true), with "Operation has been cancelled.". The status bar does not
-    /// show these two texts. An empty \a callback throws \c std::bad_function_call.
+    /// The callback runs on the caller's thread. Its arguments are: \c ok; the share received, from
+    /// 0 to 1; the bytes of this packet; the error text. If \c ok is false, the read has failed and
+    /// the callback is not called again. The read also fails when another client takes control of
+    /// the device, with "The device is controlled by others." in \c error, and after
+    /// setCancelledState(true), with "Operation has been cancelled.". The status bar does not show
+    /// these two texts. An empty \a callback throws \c std::bad_function_call.
     bool sendSyncRequest(
         std::weak_ptr<BizModel::Device> device,
         std::shared_ptr<SSProxy::DeviceRequestCommand> request,

@@ -31,7 +31,7 @@ class Layer;
 class MVRScreen;
 class Screen;
 
-/// One device of the model. Always create it with \c std::make_shared.
+/// One device of the model. Always own it by a \c std::shared_ptr.
 ///
 /// A device owns its interfaces, screens, layers and files. They are replaced as a whole when the
 /// device is read again: keep weak pointers, and get new ones after deviceDataChanged(). While the

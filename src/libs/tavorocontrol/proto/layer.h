@@ -29,7 +29,7 @@ struct s_LayerIdentity : s_ScreenId {
 /// Cut and fill of a layer and its partner.
 struct s_CutFillBody {
     bool enable = false; ///< True to combine the layer with its partner.
-    bool isBinding = false; ///< True when the layer is bound to its partner.
+    bool isBinding = false; ///< True if the layer is bound to its partner.
     TAVORO_FIELDS(enable, isBinding)
 };
 

@@ -99,8 +99,8 @@ private:
         bool begun = false; ///< A part of the answer has arrived.
         std::optional<Wire::RequestId> sent; ///< Identifies the request at the device.
         Wire::WireHead request; ///< What the answer must match.
-        QByteArray frame; ///< In state Unsent.
-        std::shared_ptr<DeviceResponseCommand> response; ///< In state Settled.
+        QByteArray frame; ///< The frame to send, in state Unsent.
+        std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Settled.
         std::condition_variable settled;
     };
 

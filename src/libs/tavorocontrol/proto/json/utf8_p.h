@@ -7,7 +7,7 @@ namespace ajson {
 
 struct Utf8CodePoint {
     std::uint32_t value;
-    std::size_t length; ///< In bytes. 0 where no well-formed sequence begins.
+    std::size_t length; ///< In bytes; 0 if the sequence is malformed.
 };
 
 /// What the first byte of a sequence determines: the length, and the bounds of the second byte. The
