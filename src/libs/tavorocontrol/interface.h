@@ -43,7 +43,7 @@ public:
     /// \a first filters by the kind of interface; 0 does not filter. Pass -1 as \a second; its
     /// meaning is defined by the device. Only the low byte of each filter is sent. If the answer
     /// cannot be decoded, \a result holds the interfaces before the error. Blocks for at most 100
-    /// s, unless the application has changed the timeout table.
+    /// s, unless the application changed the timeout table.
     bool readDetails(int first, int second,
                      std::vector<ProtoModel::Interface::s_InterfaceDetail> &result, QString &error);
 

@@ -6,10 +6,10 @@
 
 namespace Tavoro::SSProxy {
 
-/// Starts a capture: overwrites the file \a path, and writes to it all bytes that channels send and
-/// receive which are opened from now on. The file is text; docs/wire.md describes it, and
-/// "tavoroctl replay" shows it. It grows by more than two bytes for each byte on the wire. Ends a
-/// running capture first.
+/// Starts a capture to the file \a path, which it overwrites: records all bytes that are sent and
+/// received by channels that are opened from now on. The file is text; docs/wire.md describes it,
+/// and "tavoroctl replay" shows it. It grows by more than two bytes for each byte on the wire. Ends
+/// a running capture first.
 ///
 /// If the environment variable TAVORO_CAPTURE names a file, the first channel that is opened starts
 /// a capture to it, unless a capture is running.

@@ -50,8 +50,8 @@ enum class CapturedKind {
 /// A frame or an event of a connection, as decodeCapture() finds it.
 struct CapturedItem {
     int channel = 0;
-    qint64 microseconds =
-        0; ///< Time since the start of the capture; for a frame, that of its last byte.
+    /// Time since the start of the capture; for a frame, that of its last byte.
+    qint64 microseconds = 0;
     CapturedKind kind = CapturedKind::Frame;
     bool isFromClient = false; ///< Direction of a frame or a part.
     FrameEvent frame; ///< For a part, only its head, if that is complete.

@@ -14,8 +14,7 @@ constexpr quint32 defaultMaxBodySize = 64u << 20;
 /// What the parser found: a complete frame, or a fault.
 struct FrameEvent {
     quint16 status = 0; ///< 0, or a status between 357 and 365 for the fault.
-    bool fatal =
-        false; ///< The end of the frame is unknown, so the connection cannot be used further.
+    bool fatal = false; ///< The end of the frame is unknown, so the connection is unusable.
     WireHead head; ///< As received. Unreliable if the event is fatal.
     std::string body; ///< Empty if \c status is not 0.
 };

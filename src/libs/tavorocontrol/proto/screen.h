@@ -68,8 +68,7 @@ struct s_Mosaic {
     s_Splice splice; ///< Rows and columns.
     s_Rect window; ///< Rectangle of the whole screen.
     s_RefOutputPara refOutputPara; ///< Settings that all outputs share.
-    std::vector<s_MosaicOutput>
-        outputs; ///< The outputs. An output belongs to one screen at a time.
+    std::vector<s_MosaicOutput> outputs; ///< The outputs; each belongs to one screen at a time.
     TAVORO_FIELDS(type, splice, window, refOutputPara, outputs)
 };
 

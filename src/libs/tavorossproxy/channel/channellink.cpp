@@ -110,8 +110,8 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
 }
 
-/// Without this, a device that identifies itself and then closes the connection would be
-/// reconnected after the shortest pause forever.
+/// Whether the next pause is the shortest one. A device that identifies itself and then closes the
+/// connection must not be reconnected after the shortest pause forever.
 bool ChannelLink::hasProvedGood() const
 {
     return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;

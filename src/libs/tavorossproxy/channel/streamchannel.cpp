@@ -62,7 +62,7 @@ void StreamChannel::start(std::unique_ptr<ByteStream> stream,
     if (!stream)
         return stopAccepting(NotInitialized, tr("it has no address"));
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
-    linkConnecting(); // so that a request gets the same status even before start()
+    linkConnecting(); // so that a request before the link starts gets the same status
     const bool isPosted = m_loop->post([self = shared_from_this()] {
         self->m_loop->attach(self);
         if (self->m_link)
@@ -172,8 +172,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
 {
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
-    request.head().lables =
-        0; // otherwise a refused request would show the tag of an earlier exchange
+    request.head().lables = 0; // a refused request must not show the tag of an earlier exchange
     if (m_loop->isCurrentThread())
         return makeResponse(request.head(), CalledOnChannelThread);
     const auto ticket = m_exchanges.begin(request, deadline);
@@ -187,8 +186,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     postSending();
     auto response = m_exchanges.await(ticket.head, deadline);
 
-    const quint64 connection =
-        m_connections; // read first, so that a newer connection is not closed
+    const quint64 connection = m_connections; // read first: a newer one must not be closed
     if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
         closeConnection(connection, tr("it owes too many answers"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)

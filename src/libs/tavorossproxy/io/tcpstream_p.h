@@ -34,8 +34,7 @@ private:
     QString m_host;
     quint16 m_port;
     Events *m_events = nullptr; ///< Receiver of the last connection's events; outlives it.
-    std::unique_ptr<QTcpSocket>
-        m_socket; ///< Null while there is neither a connection nor an attempt.
+    std::unique_ptr<QTcpSocket> m_socket; ///< Null without a connection and an attempt.
     bool m_hasFailed = false; ///< A write has failed; streamClosed() follows.
     /// Context of delayed calls, which must not run after the stream was destroyed. The socket
     /// cannot be the context: a closed one may live longer.
