@@ -50,7 +50,7 @@ struct DiscoveryOptions {
 ///   address with which the channel was opened (host names are not resolved).
 /// - A \c NetworkChannel without a connection connects to the address where its device was seen, so
 ///   a device that gets another address keeps its channel. The manager also finds the channel by
-///   the former address, unless another device is there now.
+///   the former address, if no channel has that address and the same MAC address and serial number.
 /// - A device whose channel was removed gets no new one until the manager is refreshed.
 ///
 /// Any thread; does not block.

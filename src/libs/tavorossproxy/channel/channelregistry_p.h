@@ -27,7 +27,8 @@ public:
     std::vector<std::shared_ptr<DeviceChannel>> all() const;
     bool contains(const std::shared_ptr<DeviceChannel> &channel) const;
     /// The channel is about to connect to its device at another address. From now on find() also
-    /// finds it by its former address, unless another channel has that address.
+    /// finds it by its former address, if no channel has that address and the same MAC address and
+    /// serial number.
     void noteMove(const std::shared_ptr<DeviceChannel> &channel);
 
     std::shared_ptr<DeviceChannel> find(const std::string &ip, const std::string &mac,
