@@ -8,7 +8,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// A device with many faults must not fill the log.
+/// Limit, so that a device with many faults does not fill the log.
 constexpr int mostSentences = 5;
 
 } // namespace

@@ -5,13 +5,14 @@
 
 namespace Tavoro::BizModel {
 
-/// The faults in data that a device sent, one sentence each.
+/// The faults in the data that a device sent, one sentence each.
 class DataFaults {
 public:
     void add(const QString &sentence);
-    /// \a what is there twice.
+    /// Adds the fault that \a what occurs twice.
     void addTwice(const QString &what);
-    /// True when there was none. Otherwise false, with the first few sentences in \a error.
+    /// Returns true if there are no faults. Otherwise returns false, with the first few sentences
+    /// in \a error.
     bool report(QString &error) const;
 
 private:

@@ -13,7 +13,7 @@ using Part = DevicePrivate::Part;
 
 namespace {
 
-/// Commands that take a device longer than the default timeout.
+/// Commands for which a device may need longer than the default timeout.
 QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
 {
     using SSProxy::Command;
@@ -37,7 +37,7 @@ QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
 
 using ProtoModel::Screen::s_ScreenGenlockBody;
 
-/// A screen without a record has the default one.
+/// A screen without a record has the default status.
 bool isOther(const std::optional<s_ScreenGenlockBody> &before,
              const std::optional<s_ScreenGenlockBody> &now)
 {
@@ -47,7 +47,7 @@ bool isOther(const std::optional<s_ScreenGenlockBody> &before,
     return status(before) != status(now);
 }
 
-/// Builds the objects of \a details. False with the first few faults in \a error.
+/// Builds the objects of \a details. Returns false with the first few faults in \a error.
 template <class Details>
 bool build(Device &device, const Details &details, QString &error)
 {

@@ -26,7 +26,7 @@ const ProtoModel::Layer::s_LayerIdentity &identityOf(const s_LayerFullDetail &de
 const ProtoModel::s_FileIdentity         &identityOf(const s_FileDetail &detail)       { return detail; }
 // clang-format on
 
-/// Makes an object for each record. Of two with the same identity, the first one is taken.
+/// Makes an object for each record. If two records have the same identity, the first one is used.
 template <class Object, class Detail, class Make>
 ObjectTable<Object> makeObjects(const std::vector<Detail> &details, DataFaults &faults,
                                 const Make &make)
@@ -52,8 +52,8 @@ QString keyText(const std::string &key)
     return QString::fromStdString(key);
 }
 
-/// Moves \a records into a list that finds them by the member \a key. Of two with the same key the
-/// first one is taken. \a what quotes one in a sentence.
+/// Moves \a records into a list that finds them by the member \a key. If two records have the same
+/// key, the first one is used. \a what names a record in an error text.
 template <class Key, class Record>
 KeyedList<Key, Record> takeRecords(std::vector<Record> &records, Key Record::*key,
                                    const QString &what, DataFaults &faults)
@@ -107,7 +107,7 @@ void DeviceBuilder::build(const std::vector<s_InterfaceDetail> &details)
         });
     m_d.contents.take(interfaces);
     for (const auto &interface : interfaces.values())
-        interface->updateLayerInputCrop(); // for layers built before
+        interface->updateLayerInputCrop(); // for layers that were built before the interfaces
     m_d.notify(DevicePrivate::Part::Interfaces);
 }
 

@@ -15,8 +15,9 @@ namespace Tavoro::BizModel {
 class Device;
 class DevicePrivate;
 
-/// Builds a device from the records that were read: what Device::initModelData() does. One builder
-/// for one kind of records. What is sound is taken; report() gives the faults in the rest.
+/// Builds a device from the records that were read, for Device::initModelData(). Use one builder
+/// for each kind of record. Records without a fault are stored; report() returns the faults of the
+/// others.
 class DeviceBuilder {
 public:
     explicit DeviceBuilder(Device &device);
@@ -27,7 +28,8 @@ public:
     void build(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &details);
     void build(const std::vector<ProtoModel::Layer::s_LayerFullDetail> &details);
 
-    /// True without a fault. Otherwise false, with the first few faults in \a error.
+    /// Returns true if there was no fault. Otherwise returns false, with the first few faults in
+    /// \a error.
     bool report(QString &error) const { return m_faults.report(error); }
 
 private:

@@ -16,8 +16,8 @@ std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetai
                     static_cast<qint32>(source.id & 0xFF), 0, 0};
 }
 
-// Each of these destroys the old objects after the lock is released: their destructors may run
-// code of the application.
+// Each function destroys the old objects after the mutex was released, since their destructors may
+// run code of the application.
 
 void DeviceContents::take(Interfaces interfaces)
 {

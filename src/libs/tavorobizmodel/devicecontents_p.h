@@ -26,15 +26,15 @@ using Files = ObjectTable<File>;
 
 /// The objects of a device and their relations.
 ///
-/// An object finds another one that its record names by identity: a layer looks its screen up. For
-/// the opposite direction there is an index, which is built with the objects. All members may
-/// be called from any thread.
+/// An object looks up another one, which its record names, by identity: for example a layer its
+/// screen. For the opposite direction there are indexes, which are built with the objects. All
+/// members may be called from any thread.
 class DeviceContents {
 public:
     using LayerList = std::vector<std::shared_ptr<Layer>>;
 
     void take(Interfaces interfaces);
-    /// The active screens are none afterwards. Returns whether there was one.
+    /// No screen is active afterwards. Returns whether one was.
     bool take(Screens screens);
     void take(Layers layers);
     void take(Files files);
@@ -58,7 +58,8 @@ public:
     /// Always screens of the device, or null.
     /// @{
     /// Makes \a screen the active multiviewer if it is one, otherwise the active screen; null makes
-    /// no screen active. False, and nothing changes, for a screen that is not one of the device.
+    /// no screen active. Returns false, and changes nothing, if the device does not have the
+    /// screen.
     bool setActive(const std::shared_ptr<Screen> &screen);
     std::shared_ptr<Screen> activeScreen() const;
     std::shared_ptr<MVRScreen> activeMultiviewer() const;
@@ -98,7 +99,7 @@ private:
     Index<LayerList> m_layersOfInterface;
 };
 
-/// The identity of the interface that a layer shows, if it shows one.
+/// Returns the identity of the interface that a layer shows; nothing if it shows none.
 std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetail &layer);
 
 } // namespace Tavoro::BizModel

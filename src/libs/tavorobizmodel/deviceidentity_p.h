@@ -6,8 +6,9 @@ namespace Tavoro::BizModel {
 
 class Device;
 
-/// What makes two device objects the same device, wherever it is: serial number and MAC address, or
-/// the network address of a device that has neither.
+/// Two device objects with equal identities are the same device. The identity consists of serial
+/// number and MAC address, so it does not depend on the network address, unless the device has
+/// neither.
 struct DeviceIdentity {
     static DeviceIdentity of(const Device &device);
     /// \a sn and \a mac are upper-case hexadecimal digits.

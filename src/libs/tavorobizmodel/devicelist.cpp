@@ -24,7 +24,7 @@ void closeStoreOfApplication()
 
 class DeviceListPrivate {
 public:
-    /// A function of this class, since it is the saver's friend.
+    /// A member of this class, because only this class is a friend of the saver.
     static SaveDeviceDataThreadPrivate &partOf(SaveDeviceDataThread &saver) { return *saver.d; }
 
     ListedDevices devices;
@@ -99,7 +99,7 @@ bool DeviceList::openDeviceStore(const s_DeviceStoreOptions &options, QString &e
     std::vector<DevicePtr> devices;
     if (!DeviceListPrivate::partOf(d->saver).open(chosen, devices, error))
         return false;
-    // The connection to the file must be gone before the application is.
+    // The connection to the file must be closed before the application object is destroyed.
     qAddPostRoutine(closeStoreOfApplication);
     for (const DevicePtr &device : devices) {
         if (d->devices.appendRestored(device))

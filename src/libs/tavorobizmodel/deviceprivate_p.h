@@ -21,7 +21,7 @@ struct DeviceState {
     unsigned short modelId = 0;
     QString ip;
     QString name;
-    QString mac = QStringLiteral("000000000000"); ///< As in info, for lookups.
+    QString mac = QStringLiteral("000000000000"); ///< As in \c info, as text for lookups.
     QString sn = QStringLiteral("0000000000000000");
     ProtoModel::DeviceBaseInfo info;
     bool online = false;
@@ -37,7 +37,7 @@ public:
     static DevicePrivate &of(const Device &device) { return *device.d; }
     static DeviceContents &contentsOf(const Device &device) { return device.d->contents; }
 
-    /// Returns the result of \a look at the state. It must not emit signals.
+    /// Returns the result of calling \a look with the state. \a look must not emit signals.
     template <class Look>
     auto read(const Look &look) const
     {
@@ -84,7 +84,8 @@ public:
             notify(part);
     }
 
-    /// Stores MAC and serial number together, so that no thread sees one without the other.
+    /// Stores MAC address and serial number in one step, so that no thread sees only one of them
+    /// changed.
     void setIdentity(ProtoModel::DeviceBaseInfo info)
     {
         const QString mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
@@ -100,7 +101,7 @@ public:
             notifyIdentity();
     }
 
-    /// Keep the crops of objects that are about to be replaced.
+    /// Store the crops of objects that are about to be replaced in the user settings.
     void keepInterfaceCrops();
     void keepLayerCrops();
     /// Takes over the settings of \a former, which is the same device.
@@ -114,8 +115,8 @@ public:
 
     void notify(Part part) const { Q_EMIT q.deviceDataChanged(part); }
 
-    /// Counts the changes of identities of all devices. An index of devices is out of date when the
-    /// count has changed.
+    /// Counts the changes of identities of all devices. When the count has changed, an index of
+    /// devices is out of date.
     static inline std::atomic<quint64> identityChanges = 0;
 
     Device &q;
@@ -130,7 +131,7 @@ private:
     DeviceState m_state; // guarded by m_mutex
 };
 
-/// Weak pointers to objects.
+/// Returns weak pointers to \a objects.
 template <class Objects>
 auto weakList(const Objects &objects)
 {

@@ -19,15 +19,15 @@ using Powers = KeyedList<int, ProtoModel::Device::s_PowerBody>;
 using Groups = KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody>;
 using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
 
-/// The records of the device as a whole: what was read of it, and what it has reported since. All
-/// members may be called from any thread.
+/// The records of the device as a whole: as read, and updated by reports. All members may be called
+/// from any thread.
 class DeviceRecords {
 public:
-    /// Replaces what a read of the device gives. The lists are taken from the arguments, not from
+    /// Replaces the records by those of a read. The lists come from the other arguments, not from
     /// \a detail.
     void replace(ProtoModel::Device::s_DeviceDetail detail, Subcards subcards, Powers powers,
                  Groups groups);
-    /// With all lists.
+    /// Returns the details of the device, including all lists.
     ProtoModel::Device::s_DeviceDetail detail() const;
 
     void setProcess(const ProtoModel::Auxiliary::s_DeviceProcess &process);
@@ -39,7 +39,7 @@ public:
     void setSubcards(const std::vector<ProtoModel::Device::s_subcardBody> &subcards);
     /// Replaces all power supplies.
     void setPowers(const std::vector<ProtoModel::Device::s_PowerBody> &powers);
-    /// Replaces the genlocks of all screens. Returns those from before.
+    /// Replaces the genlock states of all screens. Returns the previous ones.
     ScreenGenlocks setScreenGenlocks(ScreenGenlocks genlocks);
 
     ProtoModel::Auxiliary::s_DeviceProcess process() const;

@@ -15,7 +15,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// In the order of RowKind.
+/// Names of the kinds, in the order of RowKind.
 constexpr std::array<const char *, 9> kindNames{
     "Identity", "Detail",        "Interface", "Screen", "Layer",
     "File",     "ScreenGenlock", "CutoutRGB", "Layout",

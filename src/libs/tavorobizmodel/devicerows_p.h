@@ -14,7 +14,7 @@ namespace Tavoro::BizModel {
 
 class Device;
 
-/// What a row of a stored device holds. The numbers stand in files: never change one.
+/// What a row of a stored device holds. The numbers are written to files: never change one.
 enum class RowKind : int {
     Identity = 0, ///< s_StoredIdentity
     Detail = 1, ///< s_DeviceDetail
@@ -27,7 +27,8 @@ enum class RowKind : int {
     Layout = 8, ///< s_StoredLayout
 };
 
-/// What identifies a device, and what the model knows it by, which may differ.
+/// The identity record of a device, and the address, name and model number that the model has for
+/// it, which may differ.
 struct s_StoredIdentity {
     ProtoModel::DeviceBaseInfo info;
     std::string ip;
@@ -51,11 +52,10 @@ struct DeviceRow {
     QByteArray body; ///< The record, as rowformat_p.h describes it.
     QByteArray content; ///< The bytes of a file; empty for other kinds.
 
-    /// Covers everything in the row, so that it distinguishes changed rows from unchanged ones, and
-    /// damaged rows from sound ones: the SHA-1 of "kind key size ", where size is that of the body,
-    /// followed by body and content.
+    /// Returns the SHA-1 of "kind key size ", where size is that of the body, followed by body and
+    /// content. It covers the whole row, so that it shows whether a row was changed or damaged.
     QByteArray digest() const;
-    /// Names the row in a message, as "File 2/5/0/0/0".
+    /// Returns the name of the row for messages, such as "File 2/5/0/0/0".
     QString name() const;
 };
 

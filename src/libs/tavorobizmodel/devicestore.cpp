@@ -21,7 +21,7 @@ StoreOutcome DeviceStore::load(Loaded &loaded, QString &error)
         m_database.perform([&] { return loadDevices(loaded, damaged); }, error);
     if (outcome != StoreOutcome::Done || damaged.empty())
         return outcome;
-    QString moveError; // without room for it a damaged row stays, and is found again next time
+    QString moveError; // if the move fails, the row stays and is found again next time
     m_database.transact([&] { return setAside(damaged); }, moveError);
     return outcome;
 }
@@ -95,7 +95,7 @@ StoreOutcome DeviceStore::remove(const DeviceIdentity &identity, QString &error)
     return m_database.transact(steps, error);
 }
 
-/// Runs a statement on the device of this identity.
+/// Runs a statement on the device with this identity.
 bool DeviceStore::run(QSqlQuery &query, const DeviceIdentity &identity)
 {
     for (const QString &value : {identity.sn, identity.mac, identity.address})

@@ -18,8 +18,8 @@ class Device;
 
 /// Devices in an SQLite file. Used by one thread.
 ///
-/// A save is one transaction. Rows are compared by digest: only rows that are new, changed or gone
-/// are written.
+/// Each save is one transaction. It compares rows by digest, writes new and changed rows, and
+/// deletes rows that the device no longer has.
 class DeviceStore {
 public:
     /// Opens the file, as StoreDatabase::open() does.
@@ -30,10 +30,10 @@ public:
     bool isOpen() const { return m_database.isOpen(); }
     void close() { m_database.close(); }
 
-    /// What a file held.
+    /// The contents of a file.
     struct Loaded {
         std::vector<std::shared_ptr<Device>> devices;
-        /// The rows that were damaged, a line each. They are moved to the table of damaged rows.
+        /// Names of the damaged rows, which were moved to the table \c damaged.
         QStringList setAside;
     };
 

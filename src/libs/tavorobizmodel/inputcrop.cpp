@@ -6,7 +6,7 @@ namespace {
 
 constexpr qint64 wholeRatio = 100000;
 
-/// The pixels of a share of \a size, rounded to the nearest.
+/// Returns the share \a ratio of \a size in pixels, rounded to the nearest.
 qint32 pixels(qint32 ratio, int size)
 {
     return static_cast<qint32>((ratio * qint64(size) + wholeRatio / 2) / wholeRatio);

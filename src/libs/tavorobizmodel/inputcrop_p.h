@@ -6,11 +6,11 @@
 
 namespace Tavoro::BizModel {
 
-/// Size in pixels of the picture with this timing; empty without a signal.
+/// Returns the size in pixels of a picture with this timing; empty without a video signal.
 QSize pictureSize(const ProtoModel::s_TimingDetailBody &timing);
 
-/// Works out which pixels of a picture \a crop takes. True when they changed. For an empty picture
-/// the pixels stay as they are.
+/// Computes the pixels of \a crop in a picture of this size. Returns true if they changed. For an
+/// empty size the pixels are kept.
 bool fitCrop(ProtoModel::s_CropBody &crop, const QSize &picture);
 
 } // namespace Tavoro::BizModel

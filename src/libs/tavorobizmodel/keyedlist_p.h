@@ -8,7 +8,7 @@
 
 namespace Tavoro::BizModel {
 
-/// Values in the order in which they were added, found by their key in constant time.
+/// A list of values in the order in which they were added, with lookup by key in constant time.
 template <class Key, class Value, class Hash = std::hash<Key>>
 class KeyedList {
 public:

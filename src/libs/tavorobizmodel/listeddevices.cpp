@@ -11,7 +11,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// True for devices that are the same as \a device.
+/// Returns a predicate that is true for devices with the same identity as \a device.
 auto sameAs(const Device &device)
 {
     return [identity = DeviceIdentity::of(device)](const ListedDevices::DevicePtr &other) {
@@ -86,7 +86,7 @@ std::vector<ListedDevices::DevicePtr> ListedDevices::all() const
     return m_devices;
 }
 
-/// Has the next lookup make the index again.
+/// Makes the next lookup rebuild the index.
 void ListedDevices::forgetIndex()
 {
     m_index.clear();

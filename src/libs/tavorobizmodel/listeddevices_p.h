@@ -13,13 +13,13 @@ namespace Tavoro::BizModel {
 
 class Device;
 
-/// The devices in the list, never two of one DeviceIdentity, and an index by which they are found.
-/// Emits nothing. All members may be called from any thread.
+/// The devices in the list, never two with the same DeviceIdentity, and an index of them. Emits no
+/// signals. All members may be called from any thread.
 class ListedDevices {
 public:
     using DevicePtr = std::shared_ptr<Device>;
 
-    /// What a device is found by.
+    /// The values by which a device is looked up.
     struct Lookup {
         QString ip;
         QString mac;
@@ -31,20 +31,21 @@ public:
         }
     };
 
-    /// How a device came into the list.
+    /// What append() did.
     struct Appended {
-        bool isNew = false; ///< It was not in the list before.
-        std::vector<DevicePtr> former; ///< Taken out, as they are the same device.
+        bool isNew = false; ///< The device object was not in the list before.
+        std::vector<DevicePtr> former; ///< Objects with the same identity, which were removed.
     };
 
-    /// Null when no device matches.
+    /// Returns the matching device; null if there is none.
     DevicePtr find(const Lookup &lookup);
-    /// Adds \a device. It replaces one with the same identity, whose settings it adopts.
+    /// Adds \a device. It replaces a device with the same identity, and takes over its user
+    /// settings.
     Appended append(const DevicePtr &device);
-    /// Adds a device of the last run. A device of this run with the same identity stays, and adopts
-    /// its settings: the result is then false.
+    /// Adds a device from the store. If the list holds a device with the same identity, that one
+    /// stays and takes over the stored user settings, and the result is false.
     bool appendRestored(const DevicePtr &device);
-    /// False when the device is not in the list.
+    /// Returns false if the device is not in the list.
     bool remove(const DevicePtr &device);
     std::vector<DevicePtr> all() const;
 
@@ -64,7 +65,8 @@ private:
     mutable std::mutex m_mutex;
     std::vector<DevicePtr> m_devices; // guarded by m_mutex, as all below
     std::unordered_map<Lookup, DevicePtr, LookupHash> m_index;
-    quint64 m_indexed = 0; ///< The value of DevicePrivate::identityChanges that the index fits.
+    /// The value of DevicePrivate::identityChanges for which the index was built.
+    quint64 m_indexed = 0;
 };
 
 } // namespace Tavoro::BizModel

@@ -4,7 +4,7 @@
 
 namespace Tavoro::BizModel {
 
-/// Log lines of the library. All levels are on until QT_LOGGING_RULES says otherwise.
+/// Category of all log lines of the library. QT_LOGGING_RULES can disable levels.
 Q_DECLARE_LOGGING_CATEGORY(modelLog)
 
 } // namespace Tavoro::BizModel

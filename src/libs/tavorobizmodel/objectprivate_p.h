@@ -12,8 +12,8 @@
 
 namespace Tavoro::BizModel {
 
-/// Moves an object to the application's thread. Most objects are created on threads that end soon,
-/// which would never deliver events to them.
+/// Moves an object to the application's thread. Most objects are created on threads that end soon
+/// and could then no longer deliver events to them.
 inline void liveOnApplicationThread(QObject &object)
 {
     if (const auto *const application = QCoreApplication::instance())
@@ -36,7 +36,7 @@ public:
         return m_detail;
     }
 
-    /// Changes the record. Returns what \a change does.
+    /// Changes the record. Returns the result of \a change.
     template <class Change>
     auto change(const Change &change)
     {

@@ -35,8 +35,8 @@ bool ReplaceableStore::run(const Step &step, QString &error, bool &isNewFile)
     return outcome == StoreOutcome::Done;
 }
 
-/// Sets the damaged file aside, with the reason in \a error, and creates a new one. After a failure
-/// the store is closed, and the next step tries again.
+/// Renames the damaged file, for the reason in \a error, and creates a new one. After a failure the
+/// store is closed, and the next step tries to open it again.
 bool ReplaceableStore::replaceFile(QString &error)
 {
     m_store.close();

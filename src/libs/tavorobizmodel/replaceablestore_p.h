@@ -9,20 +9,19 @@
 
 namespace Tavoro::BizModel {
 
-/// A store whose file is replaced when it is damaged: the damaged one gets another name, and a new
-/// one is created. Reports that, and damaged rows, by the signals of DeviceList. Used by one
-/// thread.
+/// A store that replaces a damaged file: renames it and creates a new one. Reports this, and
+/// damaged rows, by the signals of DeviceList. Used by one thread.
 class ReplaceableStore {
 public:
-    /// Opens the file and loads the devices in it. False with the reason in \a error when there is
-    /// no usable file.
+    /// Opens the file and loads the devices in it. Returns false, with the reason in \a error, if
+    /// no file can be used.
     bool open(const QString &fileName, DeviceStore::Loaded &loaded, QString &error);
     void close() { m_store.close(); }
 
     using Step = std::function<StoreOutcome(DeviceStore &, QString &error)>;
     /// Runs \a step on the open store, and again on a new file if the file turns out to be damaged.
-    /// False with the reason in \a error. \a isNewFile: the file holds nothing but what the step
-    /// wrote.
+    /// Returns false, with the reason in \a error, on failure. \a isNewFile is set to true if the
+    /// file is new and holds only what the step wrote.
     bool run(const Step &step, QString &error, bool &isNewFile);
 
 private:

@@ -81,7 +81,7 @@ std::shared_ptr<Device> RestoredDevice::make() const
     device->setIPAddress(QString::fromStdString(m_identity.ip));
     device->setModelId(m_identity.modelId);
     device->updateDeviceBaseInfo(m_identity.info);
-    QString faults; // reported when the device was read
+    QString faults; // ignored: they were reported when the device was read
     device->initModelData(m_detail, faults);
     device->initModelData(m_interfaces, faults);
     device->initModelData(m_files, faults);

@@ -22,13 +22,13 @@ class RestoredDevice {
 public:
     explicit RestoredDevice(const DeviceIdentity &identity);
 
-    /// False when the row does not hold what its kind says; it is then left out.
+    /// Returns false, and ignores the row, if it does not hold a record of its kind.
     bool take(const DeviceRow &row);
-    /// The device, offline, of the rows that were taken.
+    /// Makes an offline device from the rows that were taken.
     std::shared_ptr<Device> make() const;
 
 private:
-    s_StoredIdentity m_identity; ///< Without the row only what the device is found by.
+    s_StoredIdentity m_identity; ///< Without an identity row, only the DeviceIdentity.
     bool m_hasIdentityRow = false;
     ProtoModel::Device::s_DeviceDetail m_detail;
     std::vector<ProtoModel::Interface::s_InterfaceDetail> m_interfaces;

@@ -13,10 +13,9 @@
 //              / record
 //     varint   = seven bits per byte, the lowest first; bit 7 is set in every byte but the last
 //
-// The format is lossless: text is bytes, valid UTF-8 or not. It is made from the field lists of the
-// records, so that a new field needs no new version: a reader skips a name that it does not know,
-// and a field that is missing keeps its default. An integer reads back into every type that it
-// fits.
+// The format is lossless: text is stored as bytes, valid UTF-8 or not. The names come from the
+// field lists of the records. A new field needs no new version: a reader skips unknown names, and a
+// missing field keeps its default. An integer can be read into every type that it fits.
 //
 // The version changes when these rules change, never with the records.
 
@@ -42,8 +41,8 @@ namespace Tavoro::BizModel::RowFormat {
 
 constexpr char version = 1;
 
-/// Calls \a visit with name and member of each field that is stored: those that travel, and the
-/// pixels of a crop, which the model works out.
+/// Calls \a visit with name and member of each stored field: the fields that are sent, and the
+/// pixels of a crop, which the model computes.
 template <class Record, class Visitor>
 void visitStoredFields(Record &record, const Visitor &visit)
 {
@@ -57,7 +56,7 @@ void visitStoredFields(Record &record, const Visitor &visit)
         visit(std::string_view("rect"), record.rect);
 }
 
-// One overload per kind of value; records are what is left.
+// One overload per kind of value; all other types are records.
 
 inline void write(RowWriter &writer, bool value)
 {
@@ -110,7 +109,7 @@ std::enable_if_t<std::is_class_v<Record>> write(RowWriter &writer, const Record 
     writer.endRecord();
 }
 
-// The same kinds, read. False when the bytes are not such a value.
+// The readers for the same kinds. They return false if the bytes are not such a value.
 
 inline bool read(RowReader &reader, bool &value)
 {
@@ -193,7 +192,7 @@ std::enable_if_t<std::is_class_v<Record>, bool> read(RowReader &reader, Record &
     return isSound && reader.isSound();
 }
 
-/// The row of \a record.
+/// Returns \a record as a row.
 template <class Record>
 QByteArray encode(const Record &record)
 {
@@ -203,8 +202,9 @@ QByteArray encode(const Record &record)
     return writer.bytes();
 }
 
-/// Reads a row into \a record, which should be new: fields that the row does not have keep what
-/// they hold. False when the bytes are not such a row; \a record then holds a part of it.
+/// Reads a row into \a record, which should be new: fields that are not in the row keep their
+/// values. Returns false if the bytes are not a row of such a record; \a record may then hold a
+/// part of it.
 template <class Record>
 bool decode(const QByteArray &row, Record &record)
 {

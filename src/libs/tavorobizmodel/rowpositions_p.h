@@ -5,17 +5,18 @@
 
 namespace Tavoro::BizModel {
 
-/// Gives rows their positions within their kind. A row keeps the position that it has as long as
-/// that is after the previous row's, so that a row that is added or removed moves few others.
+/// Assigns positions to rows within their kind. A row keeps its position if that is after the
+/// previous row's, so that adding or removing a row moves few others.
 class RowPositions {
 public:
-    /// Of a device that has no rows yet: leaves room for later rows.
+    /// Gap for a device that has no rows yet: leaves room for later rows.
     static constexpr qlonglong wideGap = 1024;
 
     /// \a gap is the distance from one new row to the next.
     explicit RowPositions(qlonglong gap) : m_gap(gap) { }
 
-    /// The position of the next row of \a kind. \a stored is the one that it has; 0 for a new row.
+    /// Returns the position of the next row of \a kind. \a stored is its current position; 0 for a
+    /// new row.
     qlonglong next(int kind, qlonglong stored)
     {
         qlonglong &last = m_last[kind];

@@ -4,7 +4,7 @@ namespace Tavoro::BizModel::RowFormat {
 
 namespace {
 
-/// Deeper than any record; a damaged row must not exhaust the stack.
+/// Limit of nesting, deeper than any record: a damaged row must not exhaust the stack.
 constexpr int maxDepth = 32;
 
 } // namespace

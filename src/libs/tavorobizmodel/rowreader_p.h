@@ -12,21 +12,22 @@ namespace Tavoro::BizModel::RowFormat {
 
 /// Reads the parts of a row, which may be damaged. The format is described in rowformat_p.h.
 ///
-/// Views refer to the row, which must live as long as they do. After a failure every call fails.
+/// The views refer to the row, which must outlive them. After a failure every call fails.
 class RowReader {
 public:
     explicit RowReader(const QByteArray &row)
         : m_rest(row.constData(), static_cast<std::size_t>(row.size()))
     { }
 
-    /// The next byte; Tag::None at the end of the row.
+    /// Takes the next byte; returns Tag::None at the end of the row.
     Tag takeTag();
     bool takeVarint(quint64 &number);
-    /// A whole value of the kind Bytes.
+    /// Takes a whole value of the kind Bytes.
     bool takeBytes(std::string_view &bytes);
-    /// False at the end of the record, and after a failure.
+    /// Takes the name of the next field. Returns false at the end of the record, and after a
+    /// failure.
     bool takeName(std::string_view &name);
-    /// Passes over a whole value of any kind.
+    /// Skips a whole value of any kind.
     bool skipValue() { return skipValue(0); }
 
     bool isSound() const { return m_isSound; }

@@ -2,7 +2,7 @@
 
 namespace Tavoro::BizModel::RowFormat {
 
-/// What a value of a row begins with. The characters stand in files: never change one.
+/// The first byte of a value in a row. The characters are written to files: never change one.
 enum class Tag : char {
     None = 0, ///< Ends a record.
     True = 't',

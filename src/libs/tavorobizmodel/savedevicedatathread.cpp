@@ -100,7 +100,7 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
         m_opened = std::move(opened);
         m_isOpen = done;
         m_isClosing = false;
-        m_notBefore = {}; // a failure of an earlier store delays nothing here
+        m_notBefore = {}; // a failure in an earlier store must not delay saves here
         m_changed.notify_all();
     }
     if (done)
@@ -108,8 +108,8 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
     m_store.close();
 }
 
-/// True when the next job may be taken. While the saver closes, it does not wait to retry a failed
-/// job.
+/// Returns true if the next job may be taken. While the saver closes, it does not wait before it
+/// retries a failed job.
 bool SaveDeviceDataThreadPrivate::mayTakeJob() const
 {
     return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);
@@ -166,7 +166,7 @@ bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
     return true;
 }
 
-/// A new file has no other device yet.
+/// A new file does not hold the other devices yet.
 void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
 {
     const auto saved = job.device.lock();

@@ -19,7 +19,7 @@ namespace Tavoro::BizModel {
 
 struct s_DeviceStoreOptions;
 
-/// The thread of the saver and its jobs.
+/// The thread that saves devices, and its jobs.
 ///
 /// | member                 | thread                  |
 /// |------------------------|-------------------------|
@@ -44,7 +44,7 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    /// What the thread found when it opened the file.
+    /// The result of opening the file, which the thread hands to open().
     struct Opened {
         bool done = false;
         DeviceStore::Loaded loaded;
@@ -64,15 +64,15 @@ private:
     std::condition_variable m_changed;
     SaverQueue m_jobs; // guarded by m_mutex, as all down to m_opened
     bool m_isOpen = false;
-    int m_pauses = 0; ///< Calls of setStop(true) that no call of setStop(false) has ended.
+    int m_pauses = 0; ///< Number of calls of setStop(true) that were not ended by setStop(false).
     bool m_isWorking = false;
     bool m_isClosing = false;
     Clock::time_point m_notBefore; ///< After a failure: when the next job may be taken.
     std::unique_ptr<Opened> m_opened;
 
     std::atomic<std::thread::id> m_saver; ///< The saver's own thread.
-    std::thread m_thread; // of the application's thread
-    ReplaceableStore m_store; // of the saver's thread
+    std::thread m_thread; // used by the application's thread
+    ReplaceableStore m_store; // used by the saver's thread
 };
 
 } // namespace Tavoro::BizModel

@@ -7,7 +7,7 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// Whether a request to forget the device is lost when \a job is replaced by a save.
+/// Whether \a job still has to forget the device if there is nothing to save.
 bool forgets(const SaverJob &job)
 {
     return job.kind == SaverJob::Kind::Forget || job.forgetsIfGone;

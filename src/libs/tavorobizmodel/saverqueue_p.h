@@ -9,7 +9,7 @@ namespace Tavoro::BizModel {
 
 class Device;
 
-/// What the saver has to do with one device.
+/// A job of the saver, for one device.
 struct SaverJob {
     enum class Kind {
         Save,
@@ -18,21 +18,21 @@ struct SaverJob {
 
     DeviceIdentity identity;
     Kind kind = Kind::Save;
-    std::weak_ptr<Device> device; ///< To save.
-    /// A request to forget the device stood here before. It holds if the device to save is gone by
-    /// the time of its turn.
+    std::weak_ptr<Device> device; ///< The device to save.
+    /// This job replaced one to forget the device. If the device is gone when the save would begin,
+    /// it is forgotten.
     bool forgetsIfGone = false;
 };
 
-/// The requests to the saver, one per device: the last one wins. Not thread-safe.
+/// The jobs of the saver, one per device: the last request replaces earlier ones. Not thread-safe.
 class SaverQueue {
 public:
     bool isEmpty() const { return m_jobs.empty(); }
-    /// A request for a device that has one replaces it, in its place.
+    /// Adds a job. If there is a job for the same device, replaces it and keeps its position.
     void ask(SaverJob job);
-    /// The job whose turn it is. The queue must not be empty.
+    /// Removes and returns the first job. The queue must not be empty.
     SaverJob take();
-    /// Puts a job that failed back to the front, unless its device has a newer request.
+    /// Puts a failed job back to the front, unless there is a newer one for its device.
     void putBack(SaverJob job);
     void clear() { m_jobs.clear(); }
 

@@ -14,9 +14,8 @@ namespace Tavoro::BizModel {
 namespace {
 
 constexpr int schemaVersion = 2;
-constexpr int applicationId = 0x54565253; ///< Tells a store from other SQLite files.
-constexpr int lockWait =
-    10000; ///< Milliseconds until a file that another process uses is given up.
+constexpr int applicationId = 0x54565253; ///< Distinguishes a store from other SQLite files.
+constexpr int lockWait = 10000; ///< Milliseconds to wait for another process that uses the file.
 constexpr int corruptFile = 11; ///< SQLite's own result codes.
 constexpr int notADatabase = 26;
 
@@ -69,7 +68,7 @@ bool StoreDatabase::begin()
         && checkWritable();
 }
 
-/// SQLite opens a file read-only when it may not write; then no save would ever succeed.
+/// SQLite opens a file that it may not write as read-only; then no save would ever succeed.
 bool StoreDatabase::checkWritable()
 {
     return run(QStringLiteral("BEGIN"))
@@ -77,7 +76,8 @@ bool StoreDatabase::checkWritable()
         && run(QStringLiteral("ROLLBACK"));
 }
 
-/// Runs within a transaction: two processes that create one store wait for each other.
+/// Runs within a transaction, so that two processes which create the same store wait for each
+/// other.
 bool StoreDatabase::checkOrCreate()
 {
     int version = 0;

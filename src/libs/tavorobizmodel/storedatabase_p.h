@@ -7,14 +7,14 @@
 
 namespace Tavoro::BizModel {
 
-/// How a step of the store ended.
+/// Outcome of a step of the store.
 enum class StoreOutcome {
     Done,
     Failed, ///< May succeed later: the disk is full, the file locked.
-    Damaged, ///< The file is not a sound store any more.
+    Damaged, ///< The file is damaged, or of an earlier version that cannot be read.
 };
 
-/// The SQLite file of a store: its schema, its transactions, and why a statement failed. Used by
+/// The SQLite file of a store: its schema, its transactions, and the reasons of failures. Used by
 /// one thread.
 ///
 /// Schema, version 2 (\c user_version):
@@ -33,25 +33,25 @@ public:
     StoreDatabase(const StoreDatabase &) = delete;
     StoreDatabase &operator=(const StoreDatabase &) = delete;
 
-    /// Opens the file, and creates it if it does not exist. Waits up to 10 s for another process
-    /// that uses it. Leaves a file of another kind or of a
-    /// later version alone: Failed. The database is closed unless the result is Done.
+    /// Opens the file, and creates it if it does not exist. Waits up to 10 s while another process
+    /// uses it. Returns Failed, and does not change the file, if it is of another kind or was
+    /// written by a later version. The database is closed unless the result is Done.
     StoreOutcome open(const QString &fileName, QString &error);
     bool isOpen() const { return m_database.isValid(); }
     void close();
 
     /// \name Statements
-    /// False after a failure, whose reason outcome() gives.
+    /// Each function returns false on failure; outcome() then returns the reason.
     /// @{
     QSqlQuery query() const { return QSqlQuery(m_database); }
     bool prepare(QSqlQuery &query, const QString &statement);
     bool run(QSqlQuery &query);
     bool run(const QString &statement);
-    /// Keeps why a step failed. Always false.
+    /// Stores the reason of a failure. Always returns false.
     bool fail(const QString &text, bool isDamage = false);
     /// @}
 
-    /// Runs \a steps as one transaction, which is rolled back when they return false.
+    /// Runs \a steps as one transaction, which is rolled back if they return false.
     template <class Steps>
     StoreOutcome transact(const Steps &steps, QString &error)
     {
@@ -63,7 +63,7 @@ public:
         return outcome(done, error);
     }
 
-    /// Runs \a steps, which need no transaction.
+    /// Runs \a steps without a transaction.
     template <class Steps>
     StoreOutcome perform(const Steps &steps, QString &error)
     {
@@ -71,8 +71,7 @@ public:
         return outcome(steps(), error);
     }
 
-    /// Gives a damaged file another name next to its own. Returns the name, or an empty text when
-    /// that failed.
+    /// Renames a damaged file within its folder. Returns the new name, or an empty text on failure.
     static QString setAside(const QString &fileName);
 
 private:

@@ -16,12 +16,12 @@
 
 namespace Tavoro::BizModel {
 
-/// What belongs to a device but is not among the data that are read from it: the layouts of its
-/// multiviewer screens, the cutout colour, and the pixels of crops, which the model works out from
-/// the last signal.
+/// Settings of a device that are not read from it: the layouts of its multiviewer screens, the
+/// cutout colour, and the pixels of crops, which the model computes from the last video signal.
 ///
-/// Settings outlive the objects of the device, which are re-created whenever it is read, and pass
-/// to the device object that replaces this one. All members may be called from any thread.
+/// Settings outlive the objects of the device, which are re-created whenever it is read. A device
+/// object that replaces another one takes over its settings. All members may be called from any
+/// thread.
 class UserSettings {
 public:
     enum class CropOwner {
@@ -29,25 +29,25 @@ public:
         Layer,
     };
 
-    /// Columns and rows of a multiviewer screen; 4 by 4 as long as none are set.
+    /// Columns and rows of a multiviewer screen; 4 by 4 if they are not set.
     QSize layout(int screenId) const;
     void setLayout(int screenId, const QSize &span);
     /// The layouts that are set, by screen ID.
     std::map<int, QSize> layouts() const;
 
-    /// The default colour as long as none is set.
+    /// The cutout colour; the default one if it is not set.
     ProtoModel::s_RGB cutout() const;
     void setCutout(const ProtoModel::s_RGB &color);
 
     /// Keeps the crops of an interface or a layer.
     void keepCrops(CropOwner owner, const ObjectId &id,
                    const std::vector<ProtoModel::s_CropBody> &crops);
-    /// Gives \a crop, the one at \a index of its owner, the pixels that were kept, if it is the
-    /// same share of the picture.
+    /// Restores the kept pixels of \a crop, which has the index \a index at its owner, if it is
+    /// still the same share of the picture.
     void restorePixels(CropOwner owner, const ObjectId &id, std::size_t index,
                        ProtoModel::s_CropBody &crop) const;
 
-    /// Takes over what \a former has and this one has not.
+    /// Takes over the settings of \a former that are not set here.
     void adopt(const UserSettings &former);
     void clear();
 

@@ -23,32 +23,33 @@ struct s_DeviceFileTransferProgress {
     std::weak_ptr<BizModel::Device> device; ///< The device that reported.
     /// Progress of each file in the latest report, in percent. Empty after a reset.
     std::vector<ProtoModel::File::s_FileTransPercent> percents;
-    qint64 lastTime = 0; ///< Time of the latest report or reset, in ms of the steady clock.
+    qint64 lastTime = 0; ///< Time of the latest report or reset: milliseconds of the steady clock.
     bool isTransferring = false; ///< True after a report, false after a reset.
 };
 
 /// Applies the unsolicited reports of all devices to the model. One object per process.
 ///
-/// Call instance() once, on the application's main thread, before channels are used: the manager
-/// handles reports on the thread that created it, which needs an event loop. Each report ends in a
-/// log line of the category \c tavoro.control; a report cannot fail a channel. A report of a device
-/// that is not in BizModel::DeviceList is dropped.
+/// Call instance() on the application's main thread before channels are used: the manager handles
+/// reports on the thread that created it, which needs an event loop. Each report is logged under
+/// the category \c tavoro.control. A report that cannot be applied does not affect its channel. A
+/// report of a device that is not in BizModel::DeviceList is dropped.
 class TAVOROCONTROL_EXPORT AutoReportManager : public QObject {
     Q_OBJECT
 
 public:
-    /// The manager; the first call creates it. Null after deleteInstance(). Any thread, but the
-    /// first caller's thread handles the reports.
+    /// Returns the manager, which the first call creates; null after deleteInstance(). Any thread;
+    /// that of the first caller handles the reports.
     static AutoReportManager *instance();
-    /// Ends the handling of reports for the rest of the process. Call it on the manager's thread,
-    /// when no other thread uses the manager.
+    /// Deletes the manager. No reports are handled for the rest of the process. Call it on the
+    /// manager's thread, while no other thread uses the manager.
     static void deleteInstance();
 
-    /// While \a stop is true, reports are dropped; they are neither queued nor replayed. For the
-    /// application, during a task of its own. Call it on the manager's thread.
+    /// Drops all reports from a call with true until a call with false; they are not applied later.
+    /// An application can use it during a task that reports would disturb. Call it on the manager's
+    /// thread.
     void setIsStopAutoReport(bool stop);
 
-    /// Copies the latest transfer report of \a device to \a record. False, with \a record
+    /// Copies the latest transfer report of \a device to \a record. Returns false, with \a record
     /// unchanged, if the device has not reported any transfer or is gone. Any thread; does not
     /// block.
     bool findDeviceFileTransferProgressRecord(std::weak_ptr<BizModel::Device> device,

@@ -62,7 +62,7 @@ bool Auxiliary::readDeviceSelfCheckDetail(s_DeviceSelfCheckDetail &detail, QStri
     return false;
 }
 
-// Kept: the text is local to the call. Only the result reports a failure.
+// Kept: the text does not reach the caller. Only the result reports a failure.
 bool Auxiliary::readDeviceLoadTransferProgress(s_DeviceProcess &progress, QString error)
 {
     return readRecord(target(), Command::AuxiliaryLoadProgress, progress, error);

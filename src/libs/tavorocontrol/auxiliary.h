@@ -34,10 +34,10 @@ public:
     explicit Auxiliary(std::weak_ptr<BizModel::Device> device, QObject *parent = nullptr);
     ~Auxiliary() override;
 
-    /// Restarts the device or shuts it down (code 0xFC01). The values of \c type are the device's
-    /// own.
+    /// Restarts the device or shuts it down (code 0xFC01). The device defines the values of
+    /// \c type.
     bool writeRestartShutdown(const ProtoModel::Auxiliary::s_AuxiliaryOpt &option, QString &error);
-    /// Resets the device to factory settings (0xFC02). The values of \c type are the device's own.
+    /// Resets the device to factory settings (0xFC02). The device defines the values of \c type.
     bool writeFactoryType(const ProtoModel::Auxiliary::s_AuxiliaryOpt &option, QString &error);
     /// Makes the device save its state (0xFC03). Blocks for at most 200 s, unless the application
     /// changed the timeout table.
@@ -47,9 +47,9 @@ public:
     /// Makes the device pick the colour at a position (0xFC06). The device reports the colour
     /// (0xFC07), see Device::updateCutoutRGB().
     bool pickCutoutPos(const ProtoModel::Auxiliary::s_CutoutPos &position, QString &error);
-    /// Starts a firmware upgrade with a package that the device already holds (0xFC08). The
-    /// protocol spells it "Ugrade". Returns when the device has accepted the request; poll
-    /// readUpgradeProgress() for the rest.
+    /// Starts a firmware upgrade from a package that the device already holds (0xFC08). Returns
+    /// when the device has accepted the request; poll readUpgradeProgress() for the progress. The
+    /// protocol spells it "Ugrade".
     bool setUgradeConfig(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade, QString &error);
     /// Sets the clock of the device, in local time (0xFC0C).
     bool setDeviceTime(const ProtoModel::Auxiliary::s_DeviceTime &time, QString &error);
@@ -62,16 +62,16 @@ public:
     bool readUpgradeProgress(ProtoModel::Auxiliary::s_UpgradePercent &progress, QString &error);
     /// Reads the versions of the device and its units (0xFC0A).
     bool readDeviceVersion(ProtoModel::Auxiliary::s_DeviceVersion &version, QString &error);
-    /// Reads the result of the device's self check (0xFC0B). After a decoding error \a error ends
-    /// with " error json is : " and the whole body.
+    /// Reads the result of the device's self check (0xFC0B). If the answer cannot be decoded,
+    /// \a error ends with " error json is : " and the whole body.
     bool readDeviceSelfCheckDetail(ProtoModel::Auxiliary::s_DeviceSelfCheckDetail &detail,
                                    QString &error);
-    /// Reads how far the device has loaded the files that it stores (0xFC0D). \a error is passed by
-    /// value: the text of a failure does not reach the caller.
+    /// Reads the progress with which the device loads its stored files (0xFC0D). \a error is passed
+    /// by value, so the caller does not get the text of a failure.
     bool readDeviceLoadTransferProgress(ProtoModel::Auxiliary::s_DeviceProcess &progress,
                                         QString error);
 
-    /// Does nothing and returns false.
+    /// Does nothing and returns false. Device::updateCutoutRGB() applies the reported colour.
     bool updateCutoutRGB();
 
 private:

@@ -11,7 +11,7 @@ namespace Tavoro::Control {
 
 namespace {
 
-// Named with its context: lupdate does not find the class when it sees this library alone.
+// With an explicit context: lupdate does not find the class if it reads only this library.
 constexpr char missingDevice[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::DeviceList", "Device model is nullptr");
 
@@ -58,7 +58,7 @@ DeviceListPrivate::~DeviceListPrivate()
         syncDeviceTask->wait(QDeadlineTimer(QDeadlineTimer::Forever));
 }
 
-// Kept: a call while another synchronisation runs counts as accepted.
+// Kept: returns true also while another synchronisation runs.
 bool DeviceListPrivate::readDeviceDetail(const QString &ip, const QString &mac, const QString &sn)
 {
     if (syncDeviceTask->isRunningStatus() || syncDeviceTask->isRunning()) {
@@ -87,7 +87,7 @@ void DeviceListPrivate::slotSyncDeviceTaskFinished()
     const QString sn = syncDeviceTask->deviceSN();
     const bool success = syncDeviceTask->isSyncSucess();
     syncDeviceTask->resetDevice();
-    // The next synchronisation may start now, also from a slot of the signal below.
+    // From here on the next synchronisation may start, also in a slot of the signal below.
     syncDeviceTask->setRunningStatus(false);
 
     if (ip.isEmpty()) {

@@ -59,7 +59,7 @@ bool File::edidCreateFileBinary  (const List<s_CreateFileInfo> &l,   QString &er
 bool File::writeApplyProjectFile(const List<ProtoModel::ProjectFile::s_ProjectFileApply> &files,
                                  QString &error)
 {
-    const auto held = m_device.lock(); // keeps the device for the length of the command
+    const auto held = m_device.lock(); // keeps the device alive during the command
     return write(target(), Command::ProjectApply, files, error);
 }
 
@@ -111,7 +111,7 @@ bool File::readBinary(int fileType, int fileId, std::string &content, QString &e
 bool File::readBinary(int fileType, int fileId,
                       std::function<void(bool, double, const std::string &, QString &)> callback)
 {
-    const auto held = m_device.lock(); // keeps the device for the length of the transfer
+    const auto held = m_device.lock(); // keeps the device alive during the transfer
     const auto request =
         fileRequest(CommandType::BinaryRead, Command::FileExport, fileType, fileId);
     return m_helper->sendSyncRequest(m_device, request, std::move(callback));
@@ -128,7 +128,7 @@ bool File::updateTransferProgress(const std::string &body, List<s_FileTransPerce
     List<s_FileTransPercent> report;
     if (!decode(body, report, error))
         return false;
-    // Kept: emitted before the device is locked, so also for a device that is gone.
+    // Kept: emitted before the device is locked, and therefore also for a device that is gone.
     Q_EMIT BizModel::DeviceList::instance()->signalFilesTransferProgressChanged(m_device, report);
     percents = report;
     const auto device = m_device.lock();

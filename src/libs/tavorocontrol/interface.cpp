@@ -33,7 +33,7 @@ void applyReport(BizModel::Interface &interface, const s_ActualTimingDetail &rep
     interface.updateLayerInputCrop();
 }
 
-/// Packs an identity into one number, for the log.
+/// Packs an identity into one number for the log.
 quint32 packed(const s_InterfaceID &id)
 {
     return (quint32(id.slotId) << 8 | quint32(id.connectorId)) << 8 | quint32(id.splitId);

@@ -25,8 +25,8 @@ struct OperationTarget;
 /// Controls the interfaces of one device: the connectors of its inputs and outputs.
 ///
 /// The device reports changes of name and kind, of the measured timing, and of colour depth, space,
-/// range and HDR; these reports change the model. Whatever else is written (test pattern, image
-/// quality, crop, cutout, HDCP, format mapping) is in the model after the next synchronisation.
+/// range and HDR; these reports change the model. All other written values (test pattern, image
+/// quality, crop, cutout, HDCP, format mapping) are in the model after the next synchronisation.
 ///
 /// \ingroup operations
 class TAVOROCONTROL_EXPORT Interface : public QObject,
@@ -40,14 +40,14 @@ public:
 
     /// Reads interfaces and appends them to \a result (code 0x1200).
     ///
-    /// \a first filters by the kind of interface; 0 does not filter. Pass -1 as \a second: its
-    /// meaning belongs to the device. Only the low byte of each filter is sent. After a decoding
-    /// error \a result holds what was decoded before it. Blocks for at most 100 s, unless the
-    /// application changed the timeout table.
+    /// \a first filters by the kind of interface; 0 does not filter. Pass -1 as \a second; its
+    /// meaning is defined by the device. Only the low byte of each filter is sent. If the answer
+    /// cannot be decoded, \a result holds the interfaces before the error. Blocks for at most 100
+    /// s, unless the application changed the timeout table.
     bool readDetails(int first, int second,
                      std::vector<ProtoModel::Interface::s_InterfaceDetail> &result, QString &error);
 
-    /// Sets name and kind of interfaces (0x1201).
+    /// Sets the names of interfaces (0x1201).
     bool writeInterfaceGeneral(const std::vector<ProtoModel::Interface::s_General> &interfaces,
                                QString &error);
     /// Sends the same command as writeInterfaceGeneral() (0x1201).
@@ -56,14 +56,14 @@ public:
     /// Shows or hides a test pattern (0x1202).
     bool writeTestPattern(const std::vector<ProtoModel::Interface::s_TestPattern> &interfaces,
                           QString &error);
-    /// Requests a video timing (0x1203). The timing that results is reported (0x1204).
+    /// Requests a video timing (0x1203). The device reports the resulting timing (0x1204).
     bool
     writePresetTiming(const std::vector<ProtoModel::Interface::s_PresetTimingDetail> &interfaces,
                       QString &error);
     /// Sets contrast, brightness, hue, saturation and gamma (0x1205).
     bool writeImageQuality(const std::vector<ProtoModel::Interface::s_ImageQuality> &interfaces,
                            QString &error);
-    /// Crops inputs, in hundred-thousandths of their size (0x1206).
+    /// Crops inputs, in units of 1/100000 of their size (0x1206).
     bool writeCrop(const std::vector<ProtoModel::Interface::s_CropDetail> &interfaces,
                    QString &error);
     /// Cuts a colour or a brightness out of inputs (0x1207).
@@ -98,13 +98,13 @@ public:
     /// AutoReportManager calls these to apply the device's reports to the model. \a body is the
     /// JSON of the report.
     ///
-    /// An interface that the model does not have is logged and skipped. False with "Decode json
-    /// failed: …" in \a error for a body that cannot be decoded, and false with \a error unchanged
-    /// if the model device is gone. Any thread; none blocks.
+    /// An interface that the model does not have is logged and skipped. Returns false with "Decode
+    /// json failed: …" in \a error for a body that cannot be decoded, and false with \a error
+    /// unchanged if the model device is gone. Any thread; none blocks.
     /// @{
 
-    /// Applies measured timings (0x1204), and updates the crops of the layers that show the
-    /// interfaces.
+    /// Applies measured timings, and updates the crops of the layers that show the interfaces
+    /// (0x1204).
     bool updateActualTiming(const std::string &body, QString &error);
     /// Applies names and kinds (0x1201).
     bool updateInterfaceGeneralInfo(const std::string &body, QString &error);

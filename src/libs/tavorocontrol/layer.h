@@ -23,7 +23,7 @@ struct OperationTarget;
 
 /// Controls the layers on the screens of one device: adds, removes, stacks and shapes them.
 ///
-/// No write reaches the model by a report: the model has the new state after the next
+/// The device does not report changes of layers: the model has the new state after the next
 /// synchronisation.
 ///
 /// \ingroup operations
@@ -37,10 +37,10 @@ public:
 
     /// Reads layers and appends them to \a result (code 0x1400).
     ///
-    /// The filters are the screen's ID and type, \a third the scene (4 programme, 2 preview) and \a
-    /// fourth the layer's type. -1 does not filter; 0 as \a screenType does not filter either. Only
-    /// the low byte of each filter is sent. After a decoding error \a result holds what was decoded
-    /// before it.
+    /// The filters are the ID and type of the screen, the scene (\a third: 2 preview, 4 programme)
+    /// and the type of the layer (\a fourth). -1 does not filter; 0 as \a screenType does not
+    /// filter either. Only the low byte of each filter is sent. If the answer cannot be decoded,
+    /// \a result holds the layers before the error.
     bool readDetails(int screenId, int screenType, int third, int fourth,
                      std::vector<ProtoModel::Layer::s_LayerFullDetail> &result, QString &error);
 
@@ -54,13 +54,13 @@ public:
     bool writeZOrder(const std::vector<ProtoModel::Layer::s_LayerZorder> &layers, QString &error);
     /// Sets name, freeze, monochrome, inversion and flip of layers (0x1403).
     bool writeGeneral(const std::vector<ProtoModel::Layer::s_LayerGeneral> &layers, QString &error);
-    /// Selects the source of layers, and the part of it that they show (0x1404).
+    /// Selects what layers show, and which part of it (0x1404).
     bool writeSource(const std::vector<ProtoModel::Layer::s_LayerSource> &layers, QString &error);
     /// Moves and resizes layers on their screen, in pixels (0x1405).
     bool writeWindow(const std::vector<ProtoModel::Layer::s_LayerWindow> &layers, QString &error);
     /// Masks the edges of layers (0x1406).
     bool writeMask(const std::vector<ProtoModel::Layer::s_LayerMask> &layers, QString &error);
-    /// Shows a test colour instead of the source of layers (0x1407).
+    /// Shows a test colour instead of the source of layers, or the source again (0x1407).
     bool writeColor(const std::vector<ProtoModel::Layer::s_LayerColor> &layers, QString &error);
     /// Sets the opacity of layers, from 0 (transparent) to 100 (opaque) (0x1408).
     bool writeOpacity(const std::vector<ProtoModel::Layer::s_LayerOpacity> &layers, QString &error);
@@ -78,7 +78,7 @@ public:
     bool writeUMD(const std::vector<ProtoModel::Layer::s_LayerUMD> &layers, QString &error);
     /// Removes the listed layers (0x140E). An empty list removes none.
     bool writeRemoved(const std::vector<ProtoModel::Layer::s_LayerRemoved> &layers, QString &error);
-    /// Binds layers as cut and fill, or releases them (0x1410).
+    /// Binds layers to partners as cut and fill, or releases them (0x1410).
     bool writeCutAndFill(std::vector<ProtoModel::Layer::s_CutFill> layers, QString &error);
 
     /// Removes all layers of one screen (0x140E). The head of the request names the screen; the

@@ -4,7 +4,7 @@
 
 namespace Tavoro::Control::Internal {
 
-/// Category of all log lines of the library. QT_LOGGING_RULES can switch levels off.
+/// Category of all log lines of the library, "tavoro.control". QT_LOGGING_RULES can disable levels.
 Q_DECLARE_LOGGING_CATEGORY(controlLog)
 
 } // namespace Tavoro::Control::Internal

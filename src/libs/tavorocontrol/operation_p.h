@@ -22,7 +22,7 @@ class ControlHelper;
 
 namespace Internal {
 
-/// The device of a control object, and the way to it.
+/// The device of a control object, and the helper that sends its requests.
 struct OperationTarget {
     const std::weak_ptr<BizModel::Device> &device;
     ControlHelper &helper;
@@ -30,13 +30,14 @@ struct OperationTarget {
 
 /// Timeout that an operation requests, in milliseconds.
 ///
-/// Kept: the request path replaces it by the value of the device's timeout table.
+/// Kept: it has no effect, since the request path replaces it by the value of the device's timeout
+/// table.
 struct Timeout {
     int milliseconds = 0;
 };
 
-/// An argument byte of the head, at position 31 to 34. Only the low byte of the value is sent: -1
-/// becomes 0xFF, which does not filter.
+/// An argument byte of the head, at a position from 31 to 34. Only the low byte of the value is
+/// sent; -1 becomes 0xFF, which does not filter.
 struct Filter {
     int position;
     int value;
@@ -59,8 +60,7 @@ bool decode(const std::string &body, Record &record, QString &error)
     return false;
 }
 
-/// Makes a request with type, code and argument bytes. The other bytes of the head stay as
-/// constructed.
+/// Makes a request with type, code and argument bytes. The other bytes of the head are 0.
 std::shared_ptr<SSProxy::DeviceRequestCommand>
 makeRequest(SSProxy::CommandType type, SSProxy::Command command, Filters filters = {});
 

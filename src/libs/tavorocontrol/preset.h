@@ -33,8 +33,8 @@ public:
     ~Preset() override;
 
     /// Applies presets (code 0x1501). Each record names a preset file and how to apply it; the
-    /// values of \c applyType are the device's own. What the presets change reaches the model by
-    /// reports and by the next synchronisation.
+    /// device defines the values of \c applyType. Reports and the next synchronisation bring the
+    /// changes into the model.
     bool presetApply(const std::vector<ProtoModel::Preset::s_PresetPlay> &presets, QString &error);
 
 private:

@@ -12,7 +12,8 @@ using Internal::controlLog;
 
 namespace {
 
-constexpr int longestSleep = 10000; ///< In ms; append() and both stops wake the thread at once.
+/// In ms; append() and both stop functions wake the thread at once.
+constexpr int longestSleep = 10000;
 constexpr int drainInterval = 10; ///< In ms.
 
 void logPending(qsizetype pieces)
@@ -108,7 +109,7 @@ void SaveFilePrivate::run()
     saveResult = true;
 }
 
-/// Waits for data. False when the thread must end; queued data then stays unwritten.
+/// Waits for data. Returns false if the thread must end; queued data is then not written.
 bool SaveFilePrivate::takeBatch(QList<std::string> &batch)
 {
     const QMutexLocker lock(&mutex);
@@ -127,7 +128,7 @@ void SaveFilePrivate::writeBatch(QList<std::string> &batch)
         if (!file->isOpen())
             continue;
         file->write(piece.data(), static_cast<qint64>(piece.size()));
-        file->flush(); // so that the file on disk follows the stream
+        file->flush(); // so that the data reaches the file at once
     }
 }
 

@@ -49,7 +49,7 @@ private:
     std::atomic<bool> stopFlag{false};
     QList<std::string> queue; // guarded by mutex
     QWaitCondition condition;
-    const std::shared_ptr<QFile> file; // used by this thread while it runs
+    const std::shared_ptr<QFile> file; // belongs to this thread while it runs
 };
 
 } // namespace Tavoro::Control

@@ -74,7 +74,7 @@ bool Screen::updateScreenZelkInfo(const std::string &body, QString &error)
     for (const s_ScreenZeLKFull &element : report) {
         if (const auto screen = device->findScreen(element.screenType, element.screenId).lock())
             screen->setScreenZelk(element.screenZeLK);
-        else // Kept: without the identity, unlike the reports of interfaces.
+        else // Kept: does not log the identity, unlike the reports of interfaces.
             qCWarning(controlLog) << "Process auto report screen zelk info failed";
     }
     return true;

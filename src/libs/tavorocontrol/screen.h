@@ -24,8 +24,8 @@ struct OperationTarget;
 
 /// Controls the screens of one device: creates, names, places, switches, freezes and fades them.
 ///
-/// Of all writes, only that of the ZeLK feature reaches the model by a report of the device. For
-/// the others, a take for example, the model has the new state after the next synchronisation.
+/// The device reports only changes of the ZeLK feature. After all other writes, for example a take,
+/// the model has the new state after the next synchronisation.
 ///
 /// \ingroup operations
 class TAVOROCONTROL_EXPORT Screen : public QObject, public std::enable_shared_from_this<Screen> {
@@ -38,9 +38,10 @@ public:
 
     /// Reads screens and appends them to \a result (code 0x1300).
     ///
-    /// The filters are the screen's ID and type. -1 does not filter; 0 as \a screenType does not
-    /// filter either. Pass -1 as \a third: its meaning belongs to the device. Only the low byte of
-    /// each filter is sent. After a decoding error \a result holds what was decoded before it.
+    /// The filters are the ID and type of the screen. -1 does not filter; 0 as \a screenType does
+    /// not filter either. Pass -1 as \a third; its meaning is defined by the device. Only the low
+    /// byte of each filter is sent. If the answer cannot be decoded, \a result holds the screens
+    /// before the error.
     bool readDetails(int screenId, int screenType, int third,
                      std::vector<ProtoModel::Screen::s_ScreenFullDetail> &result, QString &error);
 
@@ -66,15 +67,15 @@ public:
     bool writeImageQuality(std::vector<ProtoModel::Screen::s_ImageQuality> screens, QString &error);
     /// Freezes or releases the picture of screens (0x1309).
     bool writeFreeze(std::vector<ProtoModel::Screen::s_Freeze> screens, QString &error);
-    /// Fades screens to black or back in (0x130A). The fade time has the device's own unit. The
-    /// call does not wait for the end of the fade.
+    /// Fades screens to black, or back to the picture (0x130A). The device defines the unit of the
+    /// fade time. The call does not wait for the end of the fade.
     bool writeFTB(std::vector<ProtoModel::Screen::s_FTB> screens, QString &error);
     /// Shows or hides a test pattern (0x130B).
     bool writeTestPattern(std::vector<ProtoModel::Screen::s_TestPattern> screens, QString &error);
-    /// Sets the transition of the next take (0x130C). Its time has the device's own unit.
+    /// Sets the transition of the next take (0x130C). The device defines the unit of its time.
     bool writeSwitchEffect(const std::vector<ProtoModel::Screen::s_SwitchEffect> &screens,
                            QString &error);
-    /// Moves the T-bar, in percent (0x130D). At its end it has the effect of a take.
+    /// Moves the T-bar, in percent (0x130D). At 100 it has the effect of a take.
     bool writeTBar(const std::vector<ProtoModel::Screen::s_TBar> &screens, QString &error);
     /// Takes: switches the preview to programme with the given transition (0x130E). Blocks for at
     /// most 15 s, unless the application changed the timeout table.
@@ -90,9 +91,9 @@ public:
     /// Applies the device's report of the ZeLK feature to the model (0x1314). \a body is the JSON
     /// of the report. AutoReportManager calls it.
     ///
-    /// A screen that the model does not have is logged and skipped. False with "Decode json failed:
-    /// …" in \a error for a body that cannot be decoded, and false with \a error unchanged if the
-    /// model device is gone. Any thread; does not block.
+    /// A screen that the model does not have is logged and skipped. Returns false with "Decode json
+    /// failed: …" in \a error for a body that cannot be decoded, and false with \a error unchanged
+    /// if the model device is gone. Any thread; does not block.
     bool updateScreenZelkInfo(const std::string &body, QString &error);
 
 private:

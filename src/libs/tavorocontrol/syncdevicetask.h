@@ -24,24 +24,24 @@ namespace Internal {
 class SyncDeviceTaskPrivate;
 }
 
-/// Reads one whole device into the model, on its own thread. Applications use DeviceList, which
-/// owns a task.
+/// Reads one whole device into the model, on a thread of its own. Applications use DeviceList,
+/// which owns a task.
 ///
-/// Call setDevice(), setRunningStatus(true) and start(). After QThread::finished read the results,
-/// then call resetDevice() and setRunningStatus(false). All members belong to the owner's thread;
-/// do not call them while the task runs, except isRunningStatus(), which any thread may call at any
-/// time. None of them blocks.
+/// The owner calls setDevice(), setRunningStatus(true) and start(). After QThread::finished it
+/// reads the results, then calls resetDevice() and setRunningStatus(false). It does so on one
+/// thread, and not while the task runs. Only isRunningStatus() may be called at any time, on any
+/// thread. No member blocks the caller.
 class TAVOROCONTROL_EXPORT SyncDeviceTask : public QThread {
     Q_OBJECT
 
 public:
     /// Creates an idle task.
     explicit SyncDeviceTask(QObject *parent);
-    /// The task must not run any more.
+    /// The task must have ended.
     ~SyncDeviceTask() override;
 
-    /// Prepares the task to read the device with this identity. False if the device has no channel;
-    /// the model then shows it offline.
+    /// Prepares the task to read the device with this identity. Returns false if the device has no
+    /// channel; the model then shows it offline.
     bool setDevice(const QString &ip, const QString &mac, const QString &sn);
     /// Releases the device and all records that were read.
     void resetDevice();
@@ -49,13 +49,13 @@ public:
     /// Marks the task as busy or idle. The owner sets it before start() and after it has handled
     /// QThread::finished.
     void setRunningStatus(bool running);
-    /// What setRunningStatus() set last. Any thread.
+    /// Whether the owner has marked the task as busy, see setRunningStatus(). Any thread.
     bool isRunningStatus() const;
-    /// Result of the last run; false before the first. The interface spells it "Sucess".
+    /// Whether the last run succeeded; false before the first. The interface spells it "Sucess".
     ///
-    /// It says whether the layers could be added to the model or, if the details, the status or the
-    /// interfaces of the device ended the run, whether the reads succeeded. A device with a status
-    /// other than 0 (down) and 1 (ready) counts as read.
+    /// If the device's details and interfaces were read and the device was ready, the result says
+    /// whether the model accepted the layers. Otherwise the run ended early, and the result is
+    /// false unless the device reported a status other than 0 (down) and 1 (ready).
     bool isSyncSucess() const;
     /// Text of the last failure of the last run, translated; empty if there was none.
     QString errorMsg() const;
@@ -68,15 +68,15 @@ public:
     /// device.
     QString deviceSN() const;
 
-    /// The device as read by the last run, until resetDevice().
+    /// The details of the device that the last run has read, until resetDevice().
     const ProtoModel::Device::s_DeviceDetail &deviceDetail() const;
-    /// The interfaces read by the last run, until resetDevice().
+    /// The interfaces that the last run has read, until resetDevice().
     const std::vector<ProtoModel::Interface::s_InterfaceDetail> &interfaceDetail() const;
-    /// The screens read by the last run, until resetDevice().
+    /// The screens that the last run has read, until resetDevice().
     const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &screenDetail() const;
-    /// The layers read by the last run, until resetDevice().
+    /// The layers that the last run has read, until resetDevice().
     const std::vector<ProtoModel::Layer::s_LayerFullDetail> &layerDetail() const;
-    /// The files read by the last run, with the contents that were fetched, until resetDevice().
+    /// The files that the last run has read, some with their contents, until resetDevice().
     const std::vector<ProtoModel::File::s_FileDetail> &fileDetail() const;
 
 protected:

@@ -24,14 +24,14 @@ DeviceManager *DeviceManager::instance()
 
 DeviceManager::DeviceManager() : d(std::make_unique<DeviceManagerPrivate>())
 {
-    // For receivers on other threads.
+    // Needed by receivers on other threads.
     qRegisterMetaType<std::weak_ptr<DeviceChannel>>(
         "std::weak_ptr<Tavoro::SSProxy::DeviceChannel>");
     qRegisterMetaType<std::shared_ptr<IDeviceCommand>>(
         "std::shared_ptr<Tavoro::SSProxy::IDeviceCommand>");
 }
 
-/// The channels' thread emits the manager's signal, so it must have ended by now.
+/// The channels' thread emits the manager's signals, so it must end first.
 DeviceManager::~DeviceManager()
 {
     Internal::EventLoopThread::stop();

@@ -13,7 +13,7 @@ namespace Tavoro::SSProxy {
 std::shared_ptr<NetworkChannel> openTcpDeviceChannel(const QString &host, quint16 port,
                                                      const ChannelOptions &options)
 {
-    // Made here at the latest, so that its end is also that of the thread.
+    // The manager is created here at the latest: its destruction ends the thread.
     const auto emitReport =
         [manager = DeviceManager::instance()](std::weak_ptr<DeviceChannel> channel,
                                               std::shared_ptr<IDeviceCommand> report) {

@@ -10,7 +10,8 @@ namespace Tavoro::SSProxy {
 /// Opens a channel to the device at \a host and \a port, and returns at once; the channel connects
 /// in the background. Never null. A \c QCoreApplication must exist.
 ///
-/// With an empty \a host or \a port 0 the channel is never opened: requests end with status 257.
+/// If \a host is empty or \a port is 0, the channel never connects, and requests end with status
+/// 257.
 ///
 /// The manager does not know the channel until it is added:
 /// \code

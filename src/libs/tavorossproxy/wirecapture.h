@@ -6,13 +6,13 @@
 
 namespace Tavoro::SSProxy {
 
-/// Starts a capture: writes all bytes that the channels opened from now on send and receive to the
-/// file \a path, which it overwrites. The file is text; docs/wire.md describes it, and "tavoroctl
-/// replay" shows it. It grows by more than two bytes for each byte on the wire. A running capture
-/// ends first.
+/// Starts a capture to the file \a path, which it overwrites: records all bytes that are sent and
+/// received by channels that are opened from now on. The file is text; docs/wire.md describes it,
+/// and "tavoroctl replay" shows it. It grows by more than two bytes for each byte on the wire. Ends
+/// a running capture first.
 ///
-/// If the environment variable TAVORO_CAPTURE names a file, a capture to it starts with the first
-/// channel, unless one is running.
+/// If the environment variable TAVORO_CAPTURE names a file, the first channel that is opened starts
+/// a capture to it, unless a capture is running.
 ///
 /// Returns false if the file cannot be written; \a error then says why. Any thread.
 TAVOROSSPROXY_EXPORT bool startWireCapture(const QString &path, QString &error);

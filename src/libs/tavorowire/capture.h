@@ -10,7 +10,7 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// An event of a capture. A capture is text that shows what channels sent and received:
+/// An event of a capture. A capture is a text file with the bytes that channels sent and received:
 ///
 /// \code
 /// # tavoro wire capture 1
@@ -21,8 +21,8 @@ namespace Tavoro::SSProxy::Wire {
 /// CHANNEL SECONDS lost REASON       the connection has ended otherwise
 /// \endcode
 ///
-/// Channels are numbered from 1. SECONDS, with six decimals, are those since the capture began.
-/// Other lines that begin with # are comments.
+/// Channels are numbered from 1. SECONDS is the time since the start of the capture, with six
+/// decimals. Other lines that begin with # are comments.
 enum class CaptureEvent {
     Open,
     Sent,
@@ -33,8 +33,8 @@ enum class CaptureEvent {
 
 /// Returns the first line of a capture, with its line end.
 std::string captureHeading();
-/// Returns one line with its line end. \a bytes is the address of Open, the reason of Lost, and the
-/// bytes of Sent and Received.
+/// Returns one line with its line end. \a bytes is the address for Open, the reason for Lost, and
+/// the bytes for Sent and Received.
 std::string encodeCaptureLine(int channel, qint64 microseconds, CaptureEvent event,
                               std::string_view bytes = {});
 
@@ -50,18 +50,19 @@ enum class CapturedKind {
 /// A frame or an event of a connection, as decodeCapture() finds it.
 struct CapturedItem {
     int channel = 0;
-    qint64 microseconds = 0; ///< Since the capture began; of a frame, when its last byte arrived.
+    /// Time since the start of the capture; for a frame, that of its last byte.
+    qint64 microseconds = 0;
     CapturedKind kind = CapturedKind::Frame;
     bool isFromClient = false; ///< Direction of a frame or a part.
-    FrameEvent frame; ///< Of a part: only its head, if that is complete.
+    FrameEvent frame; ///< For a part, only its head, if that is complete.
     std::string bytes; ///< The unchanged bytes of a frame or a part.
-    std::string text; ///< The address of Opened, the reason of Lost.
+    std::string text; ///< The address for Opened, the reason for Lost.
 
     bool hasWholeHead() const { return bytes.size() >= sizeof(WireHead); }
 };
 
 /// Reads a capture and cuts it into frames. Returns false, with a sentence in \a error that names
-/// the line, if a line is invalid; \a items then holds what the lines before it show.
+/// the line, if a line is invalid; \a items then holds the items of the lines before it.
 bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, std::string &error);
 
 } // namespace Tavoro::SSProxy::Wire

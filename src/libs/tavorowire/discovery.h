@@ -21,7 +21,7 @@ QByteArray encodeDiscoveryRequest();
 /// Returns true if \a datagram is a request of this or a later version.
 bool isDiscoveryRequest(std::string_view datagram);
 
-/// Returns the answer of the device \a info, to be sent to the sender of the request.
+/// Returns the answer of the device \a info. The device sends it to the sender of the request.
 QByteArray encodeDiscoveryAnswer(ProtoModel::DeviceBaseInfo info);
 /// Reads an answer. Returns false, with the reason in \a error, and leaves \a info unchanged if the
 /// datagram is not an answer, the identity is unreadable, or its port is 0.

@@ -8,7 +8,7 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// Returns \a head with the flag, version, length and checksums for sending it before \a body.
+/// Returns \a head with the flag, version, length and checksums of a frame with \a body.
 WireHead sealed(WireHead head, std::string_view body);
 
 /// Returns the bytes of a frame.
@@ -17,7 +17,7 @@ QByteArray encodeFrame(const WireHead &head, std::string_view body = {});
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame);
 
-/// Sets the number in the head of an encoded frame, and renews the head checksum.
+/// Sets the request number in the head of an encoded frame, and updates the head checksum.
 void setNumber(QByteArray &frame, quint32 number);
 
 /// Returns a frame without a body that is not part of an exchange: identity request, ping or pong.

@@ -66,7 +66,7 @@ private:
     std::size_t m_headTaken = 0; ///< Bytes of the head that were consumed.
     WireHead m_head;
     quint32 m_bodyLeft = 0; ///< Bytes of the body that are missing.
-    quint32 m_bodyChecksum = 0; ///< Of the bytes of the body that were consumed.
+    quint32 m_bodyChecksum = 0; ///< Checksum of the consumed bytes of the body.
     quint16 m_fault = 0; ///< Why the body is skipped; 0 if it is not.
     std::string m_body;
 };

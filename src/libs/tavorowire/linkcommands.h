@@ -4,11 +4,11 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// Codes that concern only the connection between client and device, and are not commands of the
+/// Codes of requests that concern the link between client and device. They are not commands of the
 /// device. docs/wire.md describes their bodies.
 enum class LinkCommand : quint16 {
-    Control = 0x0101, ///< Which client holds control: read, written and reported.
-    Outcome = 0x0102, ///< What happened to an earlier request: read.
+    Control = 0x0101, ///< Which client holds control. Can be read, written and reported.
+    Outcome = 0x0102, ///< The outcome of an earlier request. Can be read.
 };
 
 /// Sets the command code of a head.
@@ -24,8 +24,8 @@ inline bool hasCode(const WireHead &head, LinkCommand command)
     return head.code() == static_cast<quint16>(command);
 }
 
-/// Value of \c controlState in an identity and of the first argument byte of a control report, for
-/// the client that receives it.
+/// Who holds control, as seen by the client that receives it: value of \c controlState in an
+/// identity, and of the first argument byte of a control report.
 enum class ControlState : quint8 {
     Yours = 0, ///< The client holds control, or gets it with its next write.
     Others = 1, ///< Another client holds it.

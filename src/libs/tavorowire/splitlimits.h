@@ -4,12 +4,12 @@
 
 namespace Tavoro::SSProxy::Wire {
 
-/// Split answers that a device keeps at least for each connection. It may forget the oldest beyond
-/// that, so a client has no more unfinished split reads at a time.
+/// Number of split answers that a device keeps for each connection, at least. It may discard the
+/// oldest when there are more, so a client has at most this many unfinished split reads.
 constexpr std::size_t keptAnswers = 16;
 
-/// Split writes that a device collects at least for each connection. It refuses the first packet of
-/// a further one, so a client has no more unfinished split writes at a time.
+/// Number of split writes that a device collects for each connection, at least. It refuses the
+/// first packet of a further one, so a client has at most this many unfinished split writes.
 constexpr std::size_t collectedWrites = 16;
 
 } // namespace Tavoro::SSProxy::Wire

@@ -16,16 +16,16 @@ constexpr quint16 protocolVersion = 1;
 enum class FrameKind : quint8 {
     Request = 1, ///< Client to device, answered by one response.
     Response = 2, ///< Device to client.
-    Report = 3, ///< Device to client, unasked, never answered.
+    Report = 3, ///< Device to client, unsolicited, never answered.
     IdentityRequest = 4, ///< Client to device, the first frame of a connection.
     IdentityAnswer = 5, ///< Device to client.
-    Ping = 6, ///< Either way, answered by a pong at once.
+    Ping = 6, ///< In either direction, answered by a pong at once.
     Pong = 7,
 };
 
-/// How \c WireHead::bodyChecksum was made: \c WireHead::checksumIndex.
+/// How \c WireHead::bodyChecksum was computed: \c WireHead::checksumIndex.
 enum class ChecksumIndex : quint8 {
-    None = 0, ///< The body is not guarded; its checksum is 0.
+    None = 0, ///< The body is not protected; its checksum is 0.
     Crc32 = 1,
 };
 
@@ -36,14 +36,14 @@ enum class ChecksumIndex : quint8 {
 ///  0  u16  flag            54 56
 ///  2  u8   version         1
 ///  3  u8   lables          tag of the exchange, 0 outside of exchanges
-///  4  u32  bodyLength      bytes behind the head
+///  4  u32  bodyLength      bytes after the head
 ///  8  u8   status          0 success, 1 to 255 refused; responses only
 ///  9  u8   checksumIndex   ChecksumIndex
 /// 10  u8   kind            FrameKind
 /// 11  u8   reserved11      0
 /// 12  u16  headChecksum    CRC-16 of the 40 bytes, these two as 0
 /// 14  u32  bodyChecksum    by checksumIndex
-/// 18  u16  stream          what the packets of one split exchange have in common
+/// 18  u16  stream          the same number in all packets of one split exchange
 /// 20  u8   type            CommandType
 /// 21  u32  totalCount      packets of the split exchange
 /// 25  u32  sendCount       index of this packet, from 0
@@ -89,7 +89,7 @@ static_assert(offsetof(WireHead, arg2) == offsetof(PacketHead, arg2));
 static_assert(offsetof(WireHead, number) == 36);
 static_assert(sizeof(WireHead) == 40 && sizeof(WireHead) == sizeof(PacketHead));
 
-/// The two views of the same 40 bytes.
+/// Convert between the two views of the same 40 bytes.
 inline WireHead wireHead(const PacketHead &head)
 {
     WireHead wire;

@@ -14,9 +14,9 @@ struct s_CommandTimeout {
     quint32 timeout = 0; ///< Milliseconds.
 };
 
-/// Settings of a device that do not come from the device.
+/// Settings of a device in the application. The device does not know them.
 struct s_DeviceConfig {
-    QList<std::shared_ptr<s_CommandTimeout>> timeouts; ///< The first entry with both codes wins.
+    QList<std::shared_ptr<s_CommandTimeout>> timeouts; ///< The first entry with both codes applies.
     quint32 defaultTimeout = 5000; ///< Milliseconds, for commands without an entry.
 };
 

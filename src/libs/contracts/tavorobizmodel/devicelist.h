@@ -26,11 +26,11 @@ struct s_DeviceStoreOptions {
     int retryDelay = 10000;
 };
 
-/// All devices that the application knows, and the signals of the control library to the
-/// application's windows.
+/// All devices that the application knows, and the signals by which the control library sends
+/// messages to the application's windows.
 ///
-/// The list never holds two devices of one identity. The identity of a device is its serial number
-/// and MAC address, or its network address if it has neither.
+/// The list never holds two devices with the same identity. The identity of a device is its serial
+/// number and MAC address, or its network address if it has neither.
 ///
 /// All members may be called from any thread, except openDeviceStore() and closeDeviceStore().
 /// Signals are emitted on the caller's thread: connect with a context object that lives on the
@@ -46,11 +46,11 @@ public:
     /// are upper-case hexadecimal digits.
     std::weak_ptr<Device> findDevice(const QString &ip, const QString &mac,
                                      const QString &sn) const;
-    /// Adds a device that was read, and returns it. A device of the same identity is removed: the
-    /// new one takes its place and adopts the user's settings, wherever the device was before. Null
-    /// is not added.
+    /// Adds a device that was read, and returns it. If the list holds a device with the same
+    /// identity, the new one replaces it and takes over its user settings, even if the network
+    /// address differs. Ignores null.
     std::weak_ptr<Device> append(std::shared_ptr<Device> device);
-    /// The background saver; null while no store of devices is open.
+    /// The object that saves devices in the background; null while no store is open.
     SaveDeviceDataThread *saveDeviceDataThread() const;
 
     /// \name For applications
@@ -59,38 +59,40 @@ public:
 
     /// All devices, in the order in which they were added.
     QList<std::weak_ptr<Device>> devices() const;
-    /// Removes a device from the list, and from an open store. False when it was not in the list.
+    /// Removes a device from the list, and from the store if one is open. Returns false if it was
+    /// not in the list.
     bool remove(const std::weak_ptr<Device> &device);
 
-    /// Opens a store of devices, adds the devices of the last run to the list, as offline ones, and
-    /// starts the background saver. Nothing is stored, and no file is touched, without this call. A
-    /// device that is in the list already stays and adopts the stored settings of the user.
+    /// Opens a store of devices, adds the stored devices to the list as offline devices, and starts
+    /// to save in the background. Without this call nothing is stored and no file is accessed. A
+    /// device that is already in the list stays there and takes over the stored user settings.
     ///
-    /// A damaged file gets another name, which signalDeviceStoreSetAside() reports, and a new one
-    /// is created. A damaged record is left out, which signalStoredRecordSetAside() reports. False
-    /// with the reason in \a error when there is no usable file, or when a store is open already.
+    /// If the file is damaged, it is renamed, a new one is created, and signalDeviceStoreSetAside()
+    /// is emitted. If a record is damaged, it is skipped, and signalStoredRecordSetAside() is
+    /// emitted. Returns false, with the reason in \a error, if no file can be used or a store is
+    /// already open.
     ///
     /// Call it on the application's thread. It blocks until the file is read, and up to 10 s while
     /// another process uses the file. The store closes with the application.
     bool openDeviceStore(const s_DeviceStoreOptions &options, QString &error);
-    /// Does the saves that were asked for and closes the file; blocks until they are done. While
-    /// the saver is paused the saves are dropped. Does nothing without an open store. Call it on
-    /// the application's thread.
+    /// Completes the requested saves and closes the file. Blocks until that is done. If saving is
+    /// paused, the requested saves are dropped. Does nothing without an open store. Call it on the
+    /// application's thread.
     void closeDeviceStore();
     /// @}
 
 Q_SIGNALS:
-    /// Asks for \a text in the status bar for \a ms milliseconds.
+    /// Requests that the application shows \a text in the status bar for \a ms milliseconds.
     void signalShowStatusBarMsg(Tavoro::BizModel::Enum::StatusBarMsgType type, QString text,
                                 int ms);
-    /// Asks for a modal box. The result is not used.
+    /// Requests that the application shows \a text in a modal message box. The result is ignored.
     int signalShowFramelessMessageBoxMsg(Tavoro::BizModel::Enum::FramelessMessageBoxMsgType type,
                                          QString text);
-    /// Progress of a read that takes several packets: the share done, above 0 up to 1.
+    /// Progress of a read in several packets. \a share is above 0 and at most 1.
     void signalReadDataFromHWProgressChanged(double share);
-    /// Progress of a write that takes several packets: the share done, above 0 up to 1.
+    /// Progress of a write in several packets. \a share is above 0 and at most 1.
     void signalSendData2HWProgressChanged(double share);
-    /// A device reported how far the transfers of its files are; \c percent is 0 to 100.
+    /// A device reported the progress of its file transfers; \c percent is 0 to 100.
     void signalFilesTransferProgressChanged(
         std::weak_ptr<Tavoro::BizModel::Device> device,
         std::vector<Tavoro::ProtoModel::File::s_FileTransPercent> percents);
@@ -101,19 +103,19 @@ Q_SIGNALS:
 
     /// A device was added to the list.
     void signalDeviceAppended(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A device was removed from the list, by remove() or by append(). A slot on another thread may
-    /// find the pointer expired.
+    /// A device was removed from the list, by remove() or by append(). In a slot on another thread
+    /// the pointer may already have expired.
     void signalDeviceRemoved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save has ended. Emitted on the saver's thread, like the next three.
+    /// A device was saved. This signal and the next three are emitted on the thread that saves.
     void signalDeviceDataSaved(std::weak_ptr<Tavoro::BizModel::Device> device);
-    /// A save failed with the reason in \a text; the disk may be full. The saver retries it after
-    /// s_DeviceStoreOptions::retryDelay.
+    /// A save failed, for example because the disk is full. \a text holds the reason. The save is
+    /// retried after s_DeviceStoreOptions::retryDelay.
     void signalSaveDeviceDataFailed(QString text);
-    /// The file of the store was damaged and is kept as \a keptAs.
+    /// The file of the store was damaged. It was renamed to \a keptAs.
     void signalDeviceStoreSetAside(QString fileName, QString keptAs);
-    /// A record in the store was damaged and was left out when the store was opened. \a record
-    /// names it and its device. The row is kept in the table \c damaged of the file; the next save
-    /// of the device writes the record again.
+    /// A record in the store was damaged and was skipped when the store was opened. \a record names
+    /// it and its device. The damaged row is kept in the table \c damaged of the file; the next
+    /// save of the device writes the record again.
     void signalStoredRecordSetAside(QString fileName, QString record);
     /// @}
 

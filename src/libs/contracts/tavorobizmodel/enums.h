@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// Codes that the model shares with the device and with the application's windows. These are plain
-/// enumerations, which convert to the integers on the wire.
+/// Codes that the model shares with the device and with the application's windows. They are
+/// unscoped enumerations, so that they convert to the integers on the wire.
 namespace Tavoro::BizModel::Enum {
 
 /// Kind of a message in the status bar.
@@ -16,12 +16,12 @@ enum StatusBarMsgType : int {
 /// Kind of a modal message box.
 enum FramelessMessageBoxMsgType : int {
     MessageBoxInformation = 0, ///< Not used by the control library.
-    MessageBoxWarning = 1, ///< The device asks for a synchronisation.
+    MessageBoxWarning = 1, ///< The device requires a synchronisation.
 };
 
 namespace File {
 
-/// Type of a file on the device. Types without a name here pass through unchanged.
+/// Type of a file on the device. Types that are not listed here pass through unchanged.
 enum FileType : qint32 {
     AllTypes = -1, ///< In requests only: files of every type.
     Background = 0, ///< A background.
@@ -44,14 +44,14 @@ enum LoadToPGMStatus : quint8 {
 enum DataPart : int {
     Identity = 0, ///< Address, name, model or serial number.
     OnlineFlag = 1, ///< Whether the device has a channel.
-    SyncSuccess = 2, ///< Outcome of the last read of the whole device.
-    Detail = 3, ///< Everything that is known of the device as a whole.
+    SyncSuccess = 2, ///< Whether the last synchronisation succeeded.
+    Detail = 3, ///< The data of the device as a whole.
     Subcards = 4, ///< Plug-in cards.
     Powers = 5, ///< Power supplies.
     GenlockSignal = 6, ///< The external genlock signal.
     Groups = 7, ///< Groups of devices.
     InterfaceRelations = 8, ///< Backup relations between interfaces.
-    ScreenGenlocks = 9, ///< Genlocks of the screens.
+    ScreenGenlocks = 9, ///< Genlock states of the screens.
     Process = 10, ///< Progress of the device as a whole.
     CutoutRGB = 11, ///< The cutout colour.
     Interfaces = 12, ///< The interface objects were replaced.
@@ -65,7 +65,7 @@ enum DataPart : int {
 
 namespace Layer {
 
-/// Kind of the source of a layer. Kinds without a name here pass through unchanged.
+/// Kind of the source of a layer. Kinds that are not listed here pass through unchanged.
 enum SourceType : qint32 {
     NoSource = 0, ///< The layer shows nothing.
     InterfaceSource = 1, ///< The source ID is slot << 16 | connector << 8 | split connector.

@@ -21,19 +21,19 @@ public:
     File(const ProtoModel::File::s_FileDetail &detail, std::weak_ptr<Device> device);
     ~File() override;
 
-    /// Stores how far a transfer of the file is: \c percent is 0 to 100. Emits fileChanged().
+    /// Stores the progress of a transfer of the file; \c percent is 0 to 100. Emits fileChanged().
     void setTransferProgress(const ProtoModel::File::s_FileTransPercent &progress);
 
     /// \name For applications
     /// The control library itself does not call these.
     /// @{
 
-    /// A copy of everything that is known of the file. \c binary is the content of the file, and
-    /// empty if it was not fetched.
+    /// A copy of the record of the file. \c binary is the content of the file, or empty if the
+    /// content was not read.
     ProtoModel::File::s_FileDetail detail() const;
-    /// As last reported; zeros before the first report.
+    /// Progress of the transfer, as last reported; zeros before the first report.
     ProtoModel::File::s_FileTransPercent transferProgress() const;
-    /// Expired when the device is gone.
+    /// The device that stores the file; expired when the device is gone.
     std::weak_ptr<Device> device() const;
     /// @}
 

@@ -28,21 +28,20 @@ public:
 
     /// Stores name and kind. Emits interfaceChanged(), as every setter does.
     void setGeneral(const ProtoModel::Interface::s_InterfaceGeneralBody &general);
-    /// Stores the timing that the device measures. Works out the pixels of the interface's own crop
-    /// again; those of the layers follow with updateLayerInputCrop().
+    /// Stores the timing that the device measures, and recomputes the pixels of the interface's own
+    /// crop. updateLayerInputCrop() does the same for the crops of the layers.
     void setActualTiming(ProtoModel::s_TimingDetailBody timing);
-    /// Stores the colour depths, measured and asked for.
+    /// Stores the colour depths, measured and requested.
     void setColorDepth(ProtoModel::s_ColorDepthBody depth);
-    /// Stores the colour spaces, measured and asked for.
+    /// Stores the colour spaces, measured and requested.
     void setColorSpace(ProtoModel::s_ColorSpaceBody space);
-    /// Stores the colour ranges, measured and asked for.
+    /// Stores the colour ranges, measured and requested.
     void setColorRange(ProtoModel::s_ColorRangeBody range);
     /// Stores colour gamut and dynamic range.
     void setHDR(ProtoModel::s_HDRBody hdr);
-    /// Works out again which pixels the layers that show this interface crop from it, the \c rect
-    /// of each of their crops; call it after a change of timing. Without a signal they keep the
-    /// last pixels. Emits Layer::layerChanged() for each layer whose pixels changed, and then
-    /// layerInputCropOutdated().
+    /// Recomputes the crops in pixels (\c rect) of the layers that show this interface. Call it
+    /// after the timing has changed. Without a video signal the crops keep their last pixels. Emits
+    /// Layer::layerChanged() for each layer whose crops changed, and then layerInputCropOutdated().
     void updateLayerInputCrop();
 
     /// \name For applications
@@ -51,11 +50,11 @@ public:
 
     /// Slot, connector and split connector; never changes.
     ProtoModel::s_InterfaceID interfaceId() const;
-    /// A copy of everything that is known of the interface.
+    /// A copy of the record of the interface.
     ProtoModel::Interface::s_InterfaceDetail detail() const;
-    /// Expired when the device is gone.
+    /// The device that has the interface; expired when the device is gone.
     std::weak_ptr<Device> device() const;
-    /// The screen that has this output in its mosaic, or an empty pointer.
+    /// The screen whose mosaic contains this output, or an empty pointer.
     std::weak_ptr<Screen> screen() const;
     /// The layers that show this input.
     QList<std::weak_ptr<Layer>> layers() const;
@@ -67,8 +66,8 @@ Q_SIGNALS:
 
     /// The record of the interface changed. Emitted on the thread that changed it.
     void interfaceChanged();
-    /// The timing changed, so that crops shown in pixels may be out of date. The crops of the
-    /// layers are up to date when this is emitted, on the thread that called
+    /// The timing changed, so that crops which an application shows in pixels may be out of date.
+    /// The crops of the layers were updated before the signal. Emitted on the thread that called
     /// updateLayerInputCrop().
     void layerInputCropOutdated();
     /// @}
@@ -76,7 +75,7 @@ Q_SIGNALS:
 private:
     friend class DeviceBuilder;
     friend class DevicePrivate;
-    /// Gives the crop the pixels that were kept, unless there is a signal.
+    /// Restores the kept pixels of the crop, and recomputes them if there is a video signal.
     void restoreCrop(const UserSettings &settings);
 
     const std::unique_ptr<InterfacePrivate> d;

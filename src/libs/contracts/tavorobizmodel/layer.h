@@ -16,8 +16,8 @@ class LayerPrivate;
 class Screen;
 class UserSettings;
 
-/// One layer of a screen, for applications: the control library itself calls nothing here. Created
-/// by its device. All members may be called from any thread.
+/// One layer of a screen. Only applications use it; the control library itself calls no member.
+/// Created by its device. All members may be called from any thread.
 class TAVOROBIZMODEL_EXPORT Layer : public QObject {
     Q_OBJECT
 
@@ -28,16 +28,16 @@ public:
 
     /// Screen, layer, kind and scene; never changes.
     ProtoModel::Layer::s_LayerIdentity identity() const;
-    /// A copy of everything that is known of the layer. The \c rect of each crop of its source
-    /// follows the timing of the interface that it shows.
+    /// A copy of the record of the layer. The \c rect of each crop of its source follows the timing
+    /// of the interface that the layer shows.
     ProtoModel::Layer::s_LayerFullDetail detail() const;
 
-    /// Expired when the device is gone.
+    /// The device that has the layer; expired when the device is gone.
     std::weak_ptr<Device> device() const;
-    /// The screen that the layer is on; empty when the device does not have it any more.
+    /// The screen that the layer is on; empty if the device no longer has it.
     std::weak_ptr<Screen> screen() const;
-    /// The interface that the layer shows. Empty when it shows nothing or something else, and when
-    /// the device has no such interface.
+    /// The interface that the layer shows. Empty if the layer shows nothing or another kind of
+    /// source, or if the device does not have the interface.
     std::weak_ptr<Interface> source() const;
 
 Q_SIGNALS:
@@ -48,11 +48,11 @@ private:
     friend class DeviceBuilder;
     friend class DevicePrivate;
     friend class Interface;
-    /// Gives the crops the pixels that were kept.
+    /// Restores the kept pixels of the crops.
     void restoreCrops(const UserSettings &settings);
-    /// Works out the pixels of the crops for a picture of this size. True when one changed.
+    /// Computes the pixels of the crops for a picture of this size. Returns true if they changed.
     bool fitCrops(const QSize &picture);
-    /// The same, and emits layerChanged() when one changed.
+    /// Does the same, and emits layerChanged() if they changed.
     void fitInputCrop(const QSize &picture);
 
     const std::unique_ptr<LayerPrivate> d;

@@ -8,8 +8,8 @@ namespace Tavoro::BizModel {
 
 class UserSettings;
 
-/// A multiviewer: a screen that shows the operator many sources at once. Every screen of the type
-/// \c MultiviewerScreen is one, and no other. All members may be called from any thread.
+/// A multiviewer: a screen that shows the operator many sources at once. The screens of the type
+/// \c MultiviewerScreen are objects of this class. All members may be called from any thread.
 class TAVOROBIZMODEL_EXPORT MVRScreen : public Screen {
     Q_OBJECT
 
@@ -20,10 +20,10 @@ public:
     ~MVRScreen() override;
 
     /// The user's layout of the sources: columns as width, rows as height; 4 by 4 by default. The
-    /// device does not know it. It belongs to the screen ID, outlives the screen object, and
-    /// follows the device to another address and into the store.
+    /// device does not know it. The layout belongs to the screen ID: it outlives the screen object,
+    /// is stored with the device, and is kept when the device gets another address.
     QSize rowColSpan() const;
-    /// Sets that layout. Emits screenChanged(). The store has it with the next save.
+    /// Sets the layout. Emits screenChanged(). The next save stores it.
     void setRowColSpan(QSize span);
 
 private:

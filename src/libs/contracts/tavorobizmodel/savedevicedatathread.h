@@ -12,7 +12,7 @@ class Device;
 class SaveDeviceDataThreadPrivate;
 
 /// Saves devices of the model on a thread of its own, while a store of devices is open. Without an
-/// open store nothing is saved. DeviceList reports how saves end.
+/// open store nothing is saved. Signals of DeviceList report whether a save succeeded.
 ///
 /// All members may be called from any thread.
 class TAVOROBIZMODEL_EXPORT SaveDeviceDataThread : public QObject {
@@ -21,17 +21,17 @@ class TAVOROBIZMODEL_EXPORT SaveDeviceDataThread : public QObject {
 public:
     ~SaveDeviceDataThread() override;
 
-    /// With true, begins a pause: no new job is taken until every pause has ended. With false, ends
-    /// one; without a pause that does nothing. Jobs asked for meanwhile are kept and done
-    /// afterwards.
+    /// Begins a pause if \a stop is true, and ends one if it is false. Pauses are counted: no new
+    /// save starts until each has ended. Saves that are requested meanwhile are done afterwards.
+    /// Ending a pause does nothing if there is none.
     void setTemporaryStop(bool stop);
     /// Blocks until a running save has ended; a large device takes some seconds on a slow disk.
-    /// Does not wait for queued jobs. Returns at once when called from a slot of the saver's own
-    /// signals.
+    /// Does not wait for queued saves. Returns at once if called on the thread that saves, as by a
+    /// slot of its signals.
     void waitForSavingDataFinished();
-    /// Asks for a save of this device's data and returns at once. The last request for a device
-    /// wins: it replaces an earlier one that has not begun, also one to forget the device. Does
-    /// nothing for an empty pointer, and for a device that is gone by the time of its turn.
+    /// Requests that the data of \a device is saved, and returns at once. Replaces an earlier
+    /// request for the same device that has not begun, also one to remove it from the store. Does
+    /// nothing for an empty pointer, or if the device is gone when the save would begin.
     void saveDevicesInfor(std::weak_ptr<Device> device);
 
 private:

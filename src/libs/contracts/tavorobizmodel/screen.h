@@ -37,16 +37,16 @@ public:
     /// The control library itself does not call these.
     /// @{
 
-    /// A copy of everything that is known of the screen.
+    /// A copy of the record of the screen.
     ProtoModel::Screen::s_ScreenFullDetail detail() const;
-    /// Expired when the device is gone.
+    /// The device that has the screen; expired when the device is gone.
     std::weak_ptr<Device> device() const;
-    /// The layers of all its scenes, in the device's order.
+    /// The layers of all scenes of the screen, in the device's order.
     QList<std::weak_ptr<Layer>> layers() const;
-    /// The interfaces of its mosaic that the device has.
+    /// The outputs of the screen's mosaic; outputs that the device does not have are left out.
     QList<std::weak_ptr<Interface>> outputs() const;
-    /// Status of the genlock as last reported, a code of the device; 0 before the first report and
-    /// for a screen that is missing from the last one.
+    /// Status of the genlock as last reported, a code that the device defines; 0 before the first
+    /// report, and if the last report does not contain the screen.
     int genlockStatus() const;
     /// @}
 

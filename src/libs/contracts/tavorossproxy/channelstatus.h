@@ -6,16 +6,16 @@ namespace Tavoro::SSProxy {
 
 /// Values of \c DeviceResponseCommand::status that the channel sets instead of the device.
 ///
-/// "Not sent" means that the device has not received the request. After the others a write may or
-/// may not have happened on the device: read the value, or see NetworkChannel::requestOutcome().
-/// The channel never repeats a request.
+/// "Not sent" means that the device has not received the request. After any other status the device
+/// may or may not have carried out a write: read the value back, or call
+/// NetworkChannel::requestOutcome(). The channel never repeats a request.
 // clang-format off
 enum ChannelStatus : quint16 {
     // The local channel.
     NotInitialized        = 257, ///< The channel has no address and was never opened. Not sent.
     Connecting            = 258, ///< The channel connects, or has not read the identity yet. Not sent.
     Disconnected          = 259, ///< No connection: not sent. Or it was lost before the answer.
-    RequestTimedOut       = 260, ///< No part of the answer arrived within the timeout, or the channel held the request back for so long.
+    RequestTimedOut       = 260, ///< No part of the answer arrived within the timeout, or the request waited in the channel for that time.
     CalledOnChannelThread = 261, ///< The caller is on the channels' own thread, which would wait for itself. Not sent.
     NoFreeTag             = 262, ///< Requests in flight use all tags. Not sent.
     InvalidRequest        = 263, ///< A null request, an unknown type, or a body above the device's limit. Not sent.

@@ -11,8 +11,8 @@ Q_NAMESPACE_EXPORT(TAVOROSSPROXY_EXPORT) // for the names of the commands
 
 /// The codes of the device's commands: base code in the high byte, function code in the low byte.
 ///
-/// The type of a command says whether it reads or writes. Some codes are used for other operations
-/// than their names say.
+/// CommandType says whether a request reads or writes. Some codes are also used for operations that
+/// their names do not describe.
 // clang-format off
 enum class Command : quint16 {
     // The device as a whole.
@@ -134,7 +134,7 @@ constexpr quint8 functionCode(Command command)
 
 /// Status of a device that refuses a write because another client holds control.
 constexpr quint16 statusControlledByOthers = 67;
-/// Status of a device whose data another client has changed: synchronise first.
+/// Status with which a device reports that another client has changed its data: synchronise first.
 constexpr quint16 statusDataUpdated = 68;
 
 } // namespace Tavoro::SSProxy

@@ -10,9 +10,9 @@ namespace Tavoro::SSProxy {
 class DeviceRequestCommand;
 class DeviceResponseCommand;
 
-/// A connection to one device, over any transport.
+/// A channel to one device, over any transport.
 ///
-/// All members may be called from any thread, several at once. None throws.
+/// All members may be called from any thread, also from several at once. None throws.
 class TAVOROSSPROXY_EXPORT DeviceChannel {
 public:
     virtual ~DeviceChannel() = default;
@@ -25,20 +25,20 @@ public:
     virtual std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) = 0;
 
-    /// Returns a copy of the identity that the device reported when the channel connected last;
-    /// before that, an empty identity.
+    /// Returns a copy of the identity that the device reported at the last connection. The identity
+    /// is empty before the first one.
     virtual ProtoModel::DeviceBaseInfo deviceBaseInfo() const = 0;
 
     /// Returns true if the channel has read the device's identity and accepts requests. Users see
     /// false as "offline".
     virtual bool isHardwareReadFinished() = 0;
 
-    /// Returns true if this client holds control of the device, or if no client does: then it gets
-    /// control with its next write.
+    /// Returns true if this client holds control of the device, or if no client does. In the second
+    /// case this client gets control with its next write.
     virtual bool isMasterControl() = 0;
 
-    /// Disconnects, for good. Requests in flight end with a status. Does not wait for the end of
-    /// the connection.
+    /// Disconnects permanently. Requests in flight end with a status. Does not wait until the
+    /// connection is closed.
     virtual void stopChannel() = 0;
 };
 

@@ -31,11 +31,11 @@ private:
     std::string m_body;
 };
 
-/// A request to the device. A new one has a head of zeros and an empty body.
+/// A request to the device. A new request has a head of zeros and an empty body.
 class TAVOROSSPROXY_EXPORT DeviceRequestCommand : public IDeviceCommand {
 public:
-    /// Timeout of a request without setTimeout(), in milliseconds. It applies to the further
-    /// packets of a read and to all packets of a split write.
+    /// Timeout of a request for which setTimeout() was not called, in milliseconds. It applies to
+    /// the further packets of a read and to all packets of a split write.
     static constexpr int defaultTimeout = 10000;
 
     DeviceRequestCommand();
@@ -52,7 +52,8 @@ public:
     /// Sets bufferLen().
     virtual void setBufferLen(const std::size_t &length);
 
-    /// Sets how long the channel waits for the response. 0 and less end the request at once.
+    /// Sets how long the channel waits for the response. A timeout of 0 or less ends the request at
+    /// once.
     void setTimeout(int milliseconds) { m_timeout = milliseconds; }
     /// How long the channel waits for the response, in milliseconds.
     int timeout() const { return m_timeout; }

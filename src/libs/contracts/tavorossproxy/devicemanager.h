@@ -16,9 +16,9 @@ class DeviceChannel;
 class DeviceManagerPrivate;
 class IDeviceCommand;
 
-/// Owns the channels to devices, one manager per process.
+/// Owns the channels to devices. There is one manager per process.
 ///
-/// A channel is found by its \c deviceBaseInfo(): \c ip as text, \c mac and \c sn as upper-case
+/// Channels are found by their \c deviceBaseInfo(): \c ip as text, \c mac and \c sn as upper-case
 /// hexadecimal digits, two per byte, first byte first. All members may be called from any thread.
 class TAVOROSSPROXY_EXPORT DeviceManager : public QObject {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     std::shared_ptr<DeviceChannel> findTavoroDeviceChannel(const std::string &ip,
                                                            const std::string &mac,
                                                            const std::string &sn) const;
-    /// Does the same for channels of every kind.
+    /// Does the same, for channels of every kind.
     std::shared_ptr<DeviceChannel> findDeviceChannel(const std::string &ip, const std::string &mac,
                                                      const std::string &sn) const;
     /// Returns all channels.
@@ -43,8 +43,8 @@ public:
     /// Removes a channel. Does not stop it: call DeviceChannel::stopChannel() before.
     void removeDeviceChannel(std::shared_ptr<DeviceChannel> channel);
 
-    /// Lets channels without a connection reconnect at once instead of after their pause, and sends
-    /// a discovery request if discovery was started. Returns at once.
+    /// Makes channels without a connection reconnect at once instead of after their pause, and
+    /// sends a discovery request if discovery was started. Returns at once.
     void refreshDeviceChannel();
 
     /// Takes control of the device with \a ip, \a mac and \a sn, unless another client holds it.
@@ -68,8 +68,8 @@ Q_SIGNALS:
                                        std::shared_ptr<Tavoro::SSProxy::IDeviceCommand> command);
 
     /// The \c isMasterControl() of a channel has changed to \a isMaster: false if another client
-    /// has got control of the device, true if none holds it any more. Emitted on the channels'
-    /// thread, at most once in 100 ms for each channel, with the latest value.
+    /// has taken control of the device, true if no other client holds it any more. Emitted on the
+    /// channels' thread, at most once in 100 ms for each channel, with the latest value.
     void masterControlChanged(std::weak_ptr<Tavoro::SSProxy::DeviceChannel> channel, bool isMaster);
 
     /// Discovery found a device and added a channel for it, which begins to connect. Emitted on the

@@ -20,7 +20,7 @@ enum class CommandType : quint8 {
 ///
 /// The control library reads and writes the named members; the opaque ones belong to the channel.
 /// The requests for further packets of a split exchange repeat bytes 18 to 20 and 29 to 35 of the
-/// first.
+/// first request.
 struct PacketHead {
     quint8 opaque0[3]; ///< Bytes 0 to 2: for the channel.
     quint8 lables; ///< Tag of the exchange. The protocol spells it "lables".

@@ -49,7 +49,7 @@ struct s_DeviceTime {
     TAVORO_FIELDS(year, month, day, hour, minute, second, millisecond)
 };
 
-/// Load progress of one file. Kept: the type precedes the number, unlike in the records of files.
+/// Load progress of one file. Kept: \c fileType precedes \c fileId, unlike in the records of files.
 struct s_DeviceProcessDetail {
     quint32 fileType = 0; ///< A value of the model's \c FileType.
     quint32 fileId = 0; ///< Number of the file within its type.
@@ -57,7 +57,7 @@ struct s_DeviceProcessDetail {
     TAVORO_FIELDS(fileType, fileId, process)
 };
 
-/// How far the device has loaded its stored files.
+/// Progress with which the device loads its stored files.
 struct s_DeviceProcess {
     quint8 status = 0; ///< 1 while the device loads, 0 otherwise.
     quint8 totalProcess = 0; ///< Progress of all files in percent, 0 to 100.
@@ -75,8 +75,8 @@ struct s_SelfCheckItem {
     std::string value = "-"; ///< The value with its unit.
     std::string max = "-"; ///< Upper limit with its unit.
     std::string min = "-"; ///< Lower limit with its unit.
-    quint8 state = 0; ///< 0 when the value is good, 1 for a fault.
-    quint8 showBrief = 0; ///< Not 0: the item is part of the brief list.
+    quint8 state = 0; ///< 0 when the value is within its limits, 1 for a fault.
+    quint8 showBrief = 0; ///< Not 0 if the item is part of the brief list.
     TAVORO_FIELDS(sequence, name, value, max, min, state, showBrief)
 };
 
@@ -130,7 +130,7 @@ struct s_DeviceVersion {
 /// \name Firmware upgrade
 /// @{
 
-/// A program section to write.
+/// A program section to upgrade.
 struct s_UpgradeSection {
     quint16 code = 0; ///< Code of the section.
     TAVORO_FIELDS(code)
@@ -141,7 +141,7 @@ struct s_UpgradePart {
     qint32 type = 0; ///< Kind of unit: 1 the device as a whole, 2 a card.
     quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
     quint8 boardId = 0; ///< Board of the unit.
-    std::vector<s_UpgradeSection> section; ///< The sections to write.
+    std::vector<s_UpgradeSection> section; ///< The sections to upgrade.
     TAVORO_FIELDS(type, slotId, boardId, section)
 };
 
@@ -165,7 +165,7 @@ struct s_UpgradeSubSections {
 struct s_UpgradeSectionPercent {
     quint16 code = 0x0102; ///< Code of the section.
     quint8 rate = 0; ///< Progress in percent, 0 to 100.
-    qint32 result = 0; ///< 0 without a failure, 1 when the section failed.
+    qint32 result = 0; ///< 1 if the upgrade of the section failed, 0 otherwise.
     TAVORO_FIELDS(code, rate, result)
 };
 
@@ -174,7 +174,8 @@ struct s_UpgradePartPercent {
     qint32 type = 1; ///< Kind of unit: 1 the device as a whole, 2 a card.
     quint8 slotId = 0; ///< Slot of the unit; 0 for the device as a whole.
     quint8 rate = 0; ///< Progress in percent, 0 to 100.
-    /// 0 without a failure, 1 when the unit failed. Kept: 8 bits here, 32 in the records around it.
+    /// 1 if the upgrade of the unit failed, 0 otherwise. Kept: 8 bits here, 32 in the records
+    /// around it.
     quint8 result = 0;
     std::vector<s_UpgradeSectionPercent> section; ///< Progress of each section.
     TAVORO_FIELDS(type, slotId, rate, result, section)
@@ -182,9 +183,9 @@ struct s_UpgradePartPercent {
 
 /// Progress of an upgrade.
 struct s_UpgradePercent {
-    qint32 result = 0; ///< 0 without a failure, 1 when the upgrade failed.
-    quint8 rate = 0; ///< Progress of the whole in percent, 0 to 100.
-    /// Progress of the current step. Kept: the key is plural and holds one object.
+    qint32 result = 0; ///< 1 if the upgrade failed, 0 otherwise.
+    quint8 rate = 0; ///< Progress of the whole upgrade in percent, 0 to 100.
+    /// Progress of the current step. Kept: the key is plural, but holds one object.
     s_UpgradeSubSections subSections;
     std::vector<s_UpgradePartPercent> parts; ///< Progress of each unit.
     TAVORO_FIELDS(result, rate, subSections, parts)
@@ -194,14 +195,14 @@ struct s_UpgradePercent {
 /// \name Source loss
 /// @{
 
-/// Loss count of one connector.
+/// How often one connector lost its source.
 struct s_SourceLossConnector {
     quint8 index = 0; ///< Connector on the card.
-    quint32 times = 0; ///< How often the connector lost its source.
+    quint32 times = 0; ///< Number of losses.
     TAVORO_FIELDS(index, times)
 };
 
-/// Loss counts of one slot.
+/// How often the connectors of one slot lost their sources.
 struct s_SourceLossStat {
     quint8 slotId = 0; ///< Slot of the card.
     std::vector<s_SourceLossConnector> connectors; ///< Counts of the connectors.

@@ -11,7 +11,7 @@
 ///
 /// Codes such as \c type, \c workMode and \c cardType are defined by the device and pass through
 /// unchanged. The ranges given here are those that the simulated device accepts; another device may
-/// accept more or less and refuses the rest with a status.
+/// have other ranges. A device refuses a value outside its range with a status.
 namespace Tavoro::ProtoModel::Device {
 
 /// Name and state of the device.
@@ -44,11 +44,11 @@ struct s_subcardBody {
     qint32 boardId = 0; ///< Board of the card. Ignored in a write.
     qint32 cardType = 0; ///< Kind of card. Ignored in a write.
     qint32 online = 0; ///< 1 while the card works, 0 otherwise. Ignored in a write.
-    std::vector<s_ConnectorBody> connectors; ///< In a write, those whose modes change.
+    std::vector<s_ConnectorBody> connectors; ///< In a write, only those whose modes change.
     TAVORO_FIELDS(slotId, modelId, boardId, cardType, online, connectors)
 };
 
-/// Cards of the device. Written to change the working modes of connectors, reported when a card is
+/// Cards of the device. Written to change the working modes of connectors; reported when a card is
 /// plugged in or removed.
 struct s_subcards {
     /// In a report and in a write, only the cards that change.
@@ -56,7 +56,7 @@ struct s_subcards {
     TAVORO_FIELDS(subcards)
 };
 
-/// What the device locks its outputs to.
+/// The signal that the device locks its outputs to.
 struct s_GenlockBody {
     qint32 type = 0; ///< Source of the lock: 0 internal, 1 external, 2 the input \c interfaceId.
     /// Number of the input: slot << 16 | connector << 8 | split. Used with \c type 2.
@@ -64,7 +64,7 @@ struct s_GenlockBody {
     TAVORO_FIELDS(type, interfaceId)
 };
 
-/// Selects what the device locks its outputs to.
+/// Selects the signal that the device locks its outputs to.
 struct s_Genlock {
     s_GenlockBody genlock; ///< The new source of the lock.
     TAVORO_FIELDS(genlock)
@@ -79,14 +79,14 @@ struct s_GenlockSignalBody {
 
 /// Reported when the genlock signal appears or disappears.
 struct s_GenlockSignal {
-    s_GenlockSignalBody genlockSignal; ///< The present state.
+    s_GenlockSignalBody genlockSignal; ///< The current state.
     TAVORO_FIELDS(genlockSignal)
 };
 
 /// One power supply.
 struct s_PowerBody {
     qint32 powerId = 0; ///< Number of the power supply, from 1.
-    qint32 iSignal = 0; ///< State of the input of the supply, defined by the device.
+    qint32 iSignal = 0; ///< State of the supply's input, defined by the device.
     qint32 status = 0; ///< 1 while the supply works, 0 when it has failed.
     TAVORO_FIELDS(powerId, iSignal, status)
 };
@@ -114,7 +114,7 @@ struct s_Networks {
     TAVORO_FIELDS(networks)
 };
 
-/// What a take does with the preview.
+/// Whether a take swaps preview and programme.
 struct s_swap {
     /// 1: a take swaps preview and programme. 0: it copies the preview to the programme.
     quint8 swap = 0;
@@ -173,7 +173,7 @@ struct s_Relation {
     qint32 type = 0; ///< Kind of relation, 0 to 65535.
     qint32 interfaceA = 0; ///< Number of one interface: slot << 16 | connector << 8 | split.
     qint32 interfaceB = 0; ///< Number of the other interface.
-    qint32 actualInterface = 0; ///< The one in use: \c interfaceA or \c interfaceB.
+    qint32 actualInterface = 0; ///< Number of the interface in use: \c interfaceA or \c interfaceB.
     TAVORO_FIELDS(type, interfaceA, interfaceB, actualInterface)
 };
 
@@ -184,9 +184,9 @@ struct s_InterfaceRelationBody {
     TAVORO_FIELDS(enable, relation)
 };
 
-/// Written to set the backup relations, reported when the interface in use changes.
+/// Written to set the backup relations; reported when the interface in use changes.
 struct s_InterfaceRelation {
-    s_InterfaceRelationBody interfaceRelation; ///< The switch and the relations.
+    s_InterfaceRelationBody interfaceRelation; ///< The relations, and whether they are enabled.
     TAVORO_FIELDS(interfaceRelation)
 };
 
@@ -196,15 +196,16 @@ struct s_DeviceZelk {
     TAVORO_FIELDS(zeLKEnable)
 };
 
-/// Where presets are applied: the whole body of the load-to-programme write.
+/// Whether presets are applied to the preview or to the programme: the body of the
+/// load-to-programme write.
 struct s_PresetApplyType {
     /// A value of \c Enum::LoadToPGMStatus: 0 to the preview, 1 to the programme.
     quint8 presetApplyType = 0;
     TAVORO_FIELDS(presetApplyType)
 };
 
-/// The whole state of a device: the answer to its read. The keys hold the inner records, not their
-/// one-key wrappers.
+/// The whole state of a device: the answer to its read. The keys hold the inner records
+/// (s_GenlockBody), not the records with one key that are written (s_Genlock).
 struct s_DeviceDetail {
     s_GeneralBody general; ///< Name and state.
     quint8 swap = 0; ///< As in s_swap.

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The fields of an identity, in the order in which they are sent. \c DeviceBaseInfo has them with
-/// bytes, \c s_DeviceIdentity with text.
+/// The fields of an identity, in the order in which they are sent. In \c DeviceBaseInfo serial
+/// number and MAC address are bytes, in \c s_DeviceIdentity text.
 #define TAVORO_IDENTITY_FIELDS(Declare)                                                   \
     Declare(protocolVersion, modelId, sn, mac, hardwareVersion, firmwareVersion, tcpPort, \
             slotCount, backupPort, maxPacketSize, name, slotModels, features, startTime,  \
@@ -26,8 +26,8 @@ struct DeviceBaseInfo {
     quint16 modelId = 0; ///< Model number of the device.
     std::array<quint8, 8> sn{}; ///< Serial number; all zeros if the device has none.
     std::array<quint8, 6> mac{}; ///< MAC address; all zeros if the device has none.
-    quint16 hardwareVersion = 0; ///< Version of the hardware, as the device counts it.
-    quint32 firmwareVersion = 0; ///< Version of the firmware, as the device counts it.
+    quint16 hardwareVersion = 0; ///< Version of the hardware, defined by the device.
+    quint32 firmwareVersion = 0; ///< Version of the firmware, defined by the device.
     quint16 tcpPort = 0; ///< Port on which the device listens.
     quint16 slotCount = 0; ///< Number of slots for cards.
     /// Backup port, as the device reports it; passed to the model unchanged.
@@ -41,7 +41,7 @@ struct DeviceBaseInfo {
     quint64 startTime = 0;
     /// When the configuration last changed: milliseconds since 1970 by the device's clock.
     quint64 configTime = 0;
-    /// 1 when another client held control at the time of the answer, 0 otherwise.
+    /// 1 if another client held control when the device answered, 0 otherwise.
     quint8 controlState = 0;
     std::string ip; ///< IP address as text.
     std::string hostName; ///< Host name of the device.

@@ -1,8 +1,8 @@
 #pragma once
 
-/// Declares the keys of a record, once, in the order in which they are written.
+/// Declares the fields of a record, in the order in which they are written.
 ///
-/// Stands inside the struct, after its members:
+/// Use it inside the struct, after the members:
 /// \code
 /// struct s_FTBBody {
 ///     qint32 enable = 0;
@@ -11,10 +11,10 @@
 /// };
 /// \endcode
 ///
-/// The keys are the names of the members. The members may be declared in any order, members that
-/// are not listed are neither written nor read, and members of a base class may be listed. The
-/// macro generates no reader or writer: TAVORO_CODEC() compiles those in one source file, so that
-/// including a record costs the struct alone.
+/// The names of the members are the keys of the JSON object. The order of the list may differ from
+/// that of the members. Members that are not listed are neither written nor read; members of a base
+/// class may be listed. The macro generates no reader or writer: TAVORO_CODEC() compiles those in
+/// one source file, so that headers with records stay cheap to include.
 #define TAVORO_FIELDS(...)                                        \
     static constexpr const char *fieldList() noexcept             \
     {                                                             \

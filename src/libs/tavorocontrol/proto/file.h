@@ -10,8 +10,8 @@
 
 /// Records of the files that a device stores: images, presets, projects, logs and others.
 ///
-/// Each is sent as an element of an array, even for one file. The ranges and codes given here are
-/// those of the simulated device; another device may use others.
+/// Each record is sent as an element of an array, even for a single file. The ranges and codes
+/// given here are those of the simulated device; another device may use others.
 namespace Tavoro::ProtoModel::File {
 
 /// Name of a file.
@@ -24,7 +24,7 @@ struct s_FileGeneral {
 struct s_FileSource {
     quint32 id = 0; ///< Number of the source; of an input slot << 16 | connector << 8 | split.
     qint32 type = 0; ///< Kind of source: 1 an input, 3 a screen.
-    qint32 zoomRatio = 1; ///< Of an image to be captured: every n-th pixel is stored, from 1.
+    qint32 zoomRatio = 1; ///< For a capture: every n-th pixel is stored, n from 1.
     TAVORO_FIELDS(id, type, zoomRatio)
 };
 
@@ -60,7 +60,7 @@ struct s_FileDetail : s_FileIdentity {
     s_FileGeneral general; ///< Name of the file.
     s_FileSource source; ///< What an image was captured from.
     s_FileSize size; ///< Length, hash sum, and size of an image.
-    std::string binary; ///< Content of the file after it was read. Not part of a body.
+    std::string binary; ///< Content of the file, once it was read. Not part of the JSON.
     TAVORO_FIELDS(fileId, fileType, general, source, size)
 };
 
@@ -68,15 +68,15 @@ struct s_FileDetail : s_FileIdentity {
 struct s_FileInfo : s_FileIdentity {
     s_FileGeneral general; ///< Name of the file.
     s_FileSize size; ///< Length, hash sum and image size of the content that follows.
-    /// Interface to which the file belongs. Kept: the key is plural and holds one object.
+    /// Interface to which the file belongs. Kept: the key is plural, but holds one object.
     s_InterfaceID interfaceIds;
     TAVORO_FIELDS(fileId, fileType, general, size, interfaceIds)
 };
 
-/// Makes a file from an interface.
+/// Creates a file from an interface.
 struct s_CreateFileInfo : s_FileIdentity {
     s_FileGeneral general; ///< Name of the file.
-    s_InterfaceID interfaceId; ///< Interface from which the file is made.
+    s_InterfaceID interfaceId; ///< Interface from which the file is created.
     TAVORO_FIELDS(fileId, fileType, general, interfaceId)
 };
 
@@ -87,7 +87,7 @@ struct s_CreateImageFile : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType, general, source)
 };
 
-/// Stores the present state of screens as a preset.
+/// Stores the current state of screens as a preset.
 struct s_CreatePresetFile : s_FileIdentity {
     s_FileGeneral general; ///< Name of the file.
     std::vector<s_ScreenId> screens; ///< Screens that the preset covers.
@@ -108,7 +108,7 @@ struct s_CreateLogFile : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType, general, parts)
 };
 
-/// Renames the file, or moves it to another number and type.
+/// Renames a file, or moves it to another number and type.
 struct s_ModifyFileInfo : s_FileIdentity {
     s_FileGeneral general; ///< The new name.
     qint32 desFileId = 0; ///< The new number, 0 to 254.
@@ -116,7 +116,7 @@ struct s_ModifyFileInfo : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType, general, desFileId, desFileType)
 };
 
-/// Deletes the file.
+/// Deletes a file.
 struct s_DeleteFile : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType)
 };
@@ -133,7 +133,7 @@ struct s_FileTransPercent : s_FileIdentity {
 
 namespace Tavoro::ProtoModel::ProjectFile {
 
-/// Applies the project.
+/// Applies a project.
 struct s_ProjectFileApply : s_FileIdentity {
     TAVORO_FIELDS(fileId, fileType)
 };

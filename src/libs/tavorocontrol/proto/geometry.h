@@ -13,7 +13,7 @@ struct s_Position {
     TAVORO_FIELDS(x, y)
 };
 
-/// A rectangle. The default is that of a full HD picture.
+/// A rectangle. The default is a full HD picture.
 struct s_Rect {
     qint32 x = 0; ///< Pixels from the left, -65535 to 65535.
     qint32 y = 0; ///< Pixels from the top, -65535 to 65535.

@@ -7,14 +7,14 @@
 
 namespace Tavoro::ProtoModel {
 
-/// The upper-case digit of \a value, of 0 to 15.
+/// The upper-case hexadecimal digit of \a value, which is 0 to 15.
 constexpr char hexDigit(int value)
 {
     return "0123456789ABCDEF"[value];
 }
 
-/// The form in which devices are looked up by serial number and MAC: \a bytes as upper-case
-/// hexadecimal digits, two per byte, first byte first.
+/// Returns \a bytes as upper-case hexadecimal digits, two per byte, first byte first. Devices are
+/// looked up by serial number and MAC address in this form.
 template <std::size_t size>
 std::string hexDigits(const std::array<quint8, size> &bytes)
 {
@@ -27,7 +27,7 @@ std::string hexDigits(const std::array<quint8, size> &bytes)
     return text;
 }
 
-/// True when \a text is hexDigits() of \a bytes; makes no text.
+/// Returns true if \a text equals hexDigits() of \a bytes, without allocating memory.
 template <std::size_t size>
 bool isHexDigits(const std::string &text, const std::array<quint8, size> &bytes)
 {
@@ -50,7 +50,8 @@ constexpr int hexValue(char digit)
     return digit >= 'a' && digit <= 'f' ? digit - 'a' + 10 : -1;
 }
 
-/// The opposite of hexDigits(). False when \a text is anything but two digits for each byte.
+/// The inverse of hexDigits(). Accepts digits of either case. Returns false if \a text does not
+/// consist of two digits for each byte.
 template <std::size_t size>
 bool bytesOfHexDigits(const std::string &text, std::array<quint8, size> &bytes)
 {

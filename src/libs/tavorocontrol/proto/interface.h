@@ -9,15 +9,15 @@
 
 #include <string>
 
-/// Records of the interfaces, the video connectors of a device. signalbodies.h has the records that
-/// screens and layers share with them.
+/// Records of the interfaces: the video connectors of a device. signalbodies.h contains the records
+/// that interfaces share with screens and layers.
 ///
 /// The ranges given here are those that the simulated device accepts.
 namespace Tavoro::ProtoModel::Interface {
 
 /// Names and kind of an interface.
 struct s_InterfaceGeneralBody {
-    qint32 type = 0; ///< Kind of interface. Ignored in a write. Last key when written.
+    qint32 type = 0; ///< Kind of interface. Ignored in a write. Encoded as the last key.
     std::string name = "N/A"; ///< Name for display.
     std::string nameGB2312 = "N/A"; ///< Name for a display with the character set GB2312.
     TAVORO_FIELDS(name, nameGB2312, type)
@@ -25,7 +25,7 @@ struct s_InterfaceGeneralBody {
 
 /// Copy protection: version requested and version in force.
 struct s_HDCPBody {
-    bool enable = false; ///< True when HDCP is on.
+    bool enable = false; ///< True if HDCP is on.
     qint32 presetType = 1; ///< Version requested, 0 to 65535.
     qint32 actualType = 1; ///< Version in force. Ignored in a write.
     TAVORO_FIELDS(enable, presetType, actualType)
@@ -76,7 +76,8 @@ struct s_InterfaceDetail {
 };
 
 /// \name Write records
-/// The keys of the identity of the interface, followed by what is written or reported.
+/// Each record begins with the keys of the interface's identity, followed by what is written or
+/// reported.
 /// @{
 
 /// Renames an interface; reported when the names change.

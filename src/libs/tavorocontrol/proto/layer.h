@@ -11,16 +11,16 @@
 #include <vector>
 
 /// Records of the layers, the windows of video on a screen. Unlike the records of screens and
-/// interfaces, each holds its identity as an object.
+/// interfaces, each record holds its identity as an object.
 ///
 /// Codes such as \c layerType, \c sceneType and \c flipType are defined by the device and pass
 /// through unchanged. The ranges and codes given here are those that the simulated device accepts.
 namespace Tavoro::ProtoModel::Layer {
 
-/// Identity of a layer: its screen, its number and kind there, and its scene.
+/// Identity of a layer: its screen, its scene, and its kind and number there.
 struct s_LayerIdentity : s_ScreenId {
     quint8 layerId = 0; ///< Number of the layer in its scene.
-    /// Kind of layer, 0 to 65535. The simulated device has 1, mixing, and 2, background.
+    /// Kind of layer, 0 to 65535. The simulated device has the kinds 1 (mixing) and 2 (background).
     qint32 layerType = 0;
     qint32 sceneType = 0; ///< Scene of the layer: 2 preview, 4 programme.
     TAVORO_FIELDS(screenId, screenType, layerId, layerType, sceneType)
@@ -29,7 +29,7 @@ struct s_LayerIdentity : s_ScreenId {
 /// Cut and fill of a layer and its partner.
 struct s_CutFillBody {
     bool enable = false; ///< True to combine the layer with its partner.
-    bool isBinding = false; ///< True when the layer is bound to its partner.
+    bool isBinding = false; ///< True if the layer is bound to its partner.
     TAVORO_FIELDS(enable, isBinding)
 };
 
@@ -54,7 +54,7 @@ struct s_SourceGeneral {
 /// What a layer shows.
 struct s_LayerSourceBody {
     s_SourceGeneral general; ///< What the layer shows.
-    /// Parts of the picture that are shown. Unlike an interface, a source may have several.
+    /// Parts of the picture that are shown. Unlike an interface, a layer may have several crops.
     std::vector<s_CropBody> crop;
     TAVORO_FIELDS(general, crop)
 };
@@ -74,7 +74,7 @@ struct s_LayerTestColor {
     qint32 R = 50; ///< Red, 0 to 255.
     qint32 G = 50; ///< Green, 0 to 255.
     qint32 B = 50; ///< Blue, 0 to 255.
-    qint32 enable = 0; ///< 1 to show the colour, 0 to show the source. First key when written.
+    qint32 enable = 0; ///< 1 to show the colour, 0 to show the source. Encoded as the first key.
     TAVORO_FIELDS(enable, R, G, B)
 };
 
@@ -87,7 +87,7 @@ struct s_RGBA {
     TAVORO_FIELDS(R, G, B, opacity)
 };
 
-/// Switch and soft edge of a shadow.
+/// Whether a shadow is shown, and its soft edge.
 struct s_ShadowGeneral {
     qint32 enable = 0; ///< 0 or 1.
     qint32 feather = 0; ///< Width of the soft edge, 0 to 65535.
@@ -96,7 +96,7 @@ struct s_ShadowGeneral {
 
 /// Shadow of a layer.
 struct s_LayerShadowBody {
-    s_ShadowGeneral general; ///< Switch and soft edge.
+    s_ShadowGeneral general; ///< Whether the shadow is shown, and its soft edge.
     Screen::s_Rect window; ///< Rectangle of the shadow.
     s_RGBA color; ///< Colour of the shadow.
     TAVORO_FIELDS(general, window, color)
@@ -128,7 +128,7 @@ struct s_UMDColor {
 /// One entry of the under-monitor display of a layer.
 struct s_LayerUMDBody {
     qint32 index = 0; ///< Number of the entry, 0 to 65535.
-    qint32 enable = 1; ///< 0 or 1. Kept: 1 where the key is missing.
+    qint32 enable = 1; ///< 0 or 1. Kept: 1 if the key is missing.
     s_UMDColor color; ///< Colours of the entry.
     TAVORO_FIELDS(index, enable, color)
 };
@@ -155,7 +155,8 @@ struct s_LayerFullDetail {
 };
 
 /// \name Write records
-/// The identity of the layer and what is written. The protocol spells the key "layerIdenti".
+/// Each record consists of the layer's identity, followed by what is written. The protocol spells
+/// the key "layerIdenti".
 /// @{
 
 /// Creates a layer, or changes an existing one.
@@ -253,7 +254,7 @@ struct s_LayerUMD {
     TAVORO_FIELDS(layerIdenti, UMD)
 };
 
-/// Removes a layer. The identity is an object here too, under the only key.
+/// Removes a layer. The identity is the only field.
 struct s_LayerRemoved {
     s_LayerIdentity layerIdenti; ///< Identity of the layer.
     TAVORO_FIELDS(layerIdenti)

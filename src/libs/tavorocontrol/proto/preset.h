@@ -7,9 +7,10 @@
 
 namespace Tavoro::ProtoModel::Preset {
 
-/// Applies a preset. The identity is that of the preset file.
+/// Applies the preset in a file, which the identity names.
 struct s_PresetPlay : s_FileIdentity {
-    /// 0: as stored. 1: into the preview. Not related to the device's \c presetApplyType.
+    /// 0 applies the preset as it was stored, 1 to the preview. Not related to \c presetApplyType
+    /// of the device.
     qint32 applyType = 0;
     TAVORO_FIELDS(fileId, fileType, applyType)
 };

@@ -10,8 +10,8 @@
 #include <vector>
 
 /// \file
-/// The readers and writers of records as templates. A source file that compiles those of a record
-/// with TAVORO_CODEC() includes it; to call the codec, codec.h is enough and compiles faster.
+/// The readers and writers of records as templates. Include this header in a source file that uses
+/// TAVORO_CODEC(). To call the codec, codec.h is enough and compiles faster.
 
 namespace ajson {
 
@@ -37,8 +37,8 @@ void encodeRecord(const Record &record, std::string &text)
     text.assign(writer.start, writer.cursor);
 }
 
-/// True for every record that can be read and written. For any other type the compiler stops at the
-/// assertion that says why.
+/// Returns true for every record that can be read and written. Any other type fails to compile,
+/// with an assertion that says why.
 template <class Record>
 constexpr bool checkRecord()
 {
@@ -60,9 +60,9 @@ constexpr bool checkRecord()
 
 } // namespace ajson
 
-/// Compiles \c ajson::decodeRecord() and \c ajson::encodeRecord() for \a Record and for a \c
-/// std::vector of it. Stands once per record, at global scope, in one source file; \a Record is a
-/// full name without template arguments.
+/// Compiles \c ajson::decodeRecord() and \c ajson::encodeRecord() for \a Record and for a
+/// \c std::vector of it. Use it once per record, at global scope, in one source file. \a Record is
+/// the qualified name of the type, without template arguments.
 ///
 /// Works for the records of an application as well:
 /// \code
@@ -77,7 +77,7 @@ constexpr bool checkRecord()
 /// TAVORO_CODEC(Wall::s_Blackout)
 /// \endcode
 ///
-/// A type that cannot travel does not compile, and the error message says why.
+/// A type that the codec does not support fails to compile, and the error message says why.
 // NOLINTBEGIN(bugprone-macro-parentheses): a type cannot stand in parentheses
 #define TAVORO_CODEC(Record)                                                                    \
     static_assert(ajson::checkRecord<Record>());                                                \

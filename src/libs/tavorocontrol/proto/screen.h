@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-/// Records of the screens. Each is sent as an element of an array, even for one screen.
+/// Records of the screens. Each record is sent as an element of an array, even for a single screen.
 ///
 /// Codes such as \c type, \c direction and \c unit are defined by the device and pass through
 /// unchanged. The ranges given here are those that the simulated device accepts.
@@ -35,8 +35,8 @@ struct s_Splice {
 /// One edge blend of an output.
 struct s_Feather {
     qint32 enable = 0; ///< 0 or 1.
-    /// Edge or kind of the blend, 0 to 65535. The simulated device counts left, top, right, bottom
-    /// from 0.
+    /// Edge or kind of the blend, 0 to 65535. On the simulated device 0 is left, 1 top, 2 right and
+    /// 3 bottom.
     qint32 type = 0;
     qint32 gamma = 220; ///< Gamma of the blend, 0 to 65535; the default is 220.
     qint32 width = 0; ///< Width of the blend in pixels, 0 to 65535.
@@ -68,7 +68,7 @@ struct s_Mosaic {
     s_Splice splice; ///< Rows and columns.
     s_Rect window; ///< Rectangle of the whole screen.
     s_RefOutputPara refOutputPara; ///< Settings that all outputs share.
-    std::vector<s_MosaicOutput> outputs; ///< The outputs; each serves one screen at a time.
+    std::vector<s_MosaicOutput> outputs; ///< The outputs; each belongs to one screen at a time.
     TAVORO_FIELDS(type, splice, window, refOutputPara, outputs)
 };
 
@@ -76,8 +76,8 @@ struct s_Mosaic {
 struct s_PhysicalSizeBody {
     qint32 width = 1920; ///< Width in \c unit, from 0.
     qint32 height = 1080; ///< Height in \c unit, from 0.
-    qint32 dotPitch = 0; ///< Pitch of the LED dots, from 0. First key when written.
-    qint32 unit = 0; ///< Code of the unit of measure, from 0. Second key when written.
+    qint32 dotPitch = 0; ///< Pitch of the LED dots, from 0. Encoded as the first key.
+    qint32 unit = 0; ///< Code of the unit of measure, from 0. Encoded as the second key.
     TAVORO_FIELDS(dotPitch, unit, width, height)
 };
 
@@ -114,7 +114,7 @@ struct s_ScreenZeLK {
 struct s_ScreenFullDetail : s_ScreenId {
     s_ScreenGeneralBody general; ///< Names and index.
     s_Mosaic mosaic; ///< Outputs and geometry.
-    s_RGB backgroundColor; ///< Colour where no layer is.
+    s_RGB backgroundColor; ///< Colour of the area that no layer covers.
     s_Position layout; ///< Position of the screen on the canvas.
     s_PhysicalSizeBody physicalSize; ///< Physical size.
     qint32 PGMEdit = 0; ///< Programme editing, 0 or 1.
@@ -133,8 +133,8 @@ struct s_ScreenFullDetail : s_ScreenId {
 };
 
 /// \name Write records
-/// The keys of the identity of the screen, followed by what is written. The record that deletes a
-/// screen is s_ScreenId.
+/// Each record begins with the keys of the screen's identity, followed by what is written. The
+/// record that deletes a screen is s_ScreenId.
 /// @{
 
 /// Creates a screen with its mosaic, or changes the mosaic of an existing screen. No other command
@@ -155,7 +155,7 @@ struct s_General : s_ScreenId {
 
 /// Sets the background colour.
 struct s_BackgroundColor : s_ScreenId {
-    s_RGB backgroundColor; ///< Colour where no layer is.
+    s_RGB backgroundColor; ///< Colour of the area that no layer covers.
     TAVORO_FIELDS(screenId, screenType, backgroundColor)
 };
 
@@ -225,7 +225,7 @@ struct s_HDR : s_ScreenId {
     TAVORO_FIELDS(screenId, screenType, HDR)
 };
 
-/// Switches the feature; reported when its state changes.
+/// Switches the ZeLK feature of a screen; reported when its state changes.
 struct s_ScreenZeLKFull : s_ScreenId {
     s_ScreenZeLK screenZeLK; ///< The ZeLK feature of the screen.
     TAVORO_FIELDS(screenId, screenType, screenZeLK)

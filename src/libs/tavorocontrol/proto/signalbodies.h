@@ -63,14 +63,14 @@ struct s_TimingDetailBody {
 
 /// Settings of the standard dynamic range.
 struct s_SDRBody {
-    /// Gamma; the default is 220. Kept: the protocol spells the key with a capital here.
+    /// Gamma; the default is 220. Kept: the protocol spells this key with a capital letter.
     qint32 Gamma = 220;
     TAVORO_FIELDS(Gamma)
 };
 
 /// Settings of HDR10.
 struct s_HDR10Body {
-    bool toneMapping = false; ///< True to map tones to the range of the screen.
+    bool toneMapping = false; ///< True to map tones to the brightness range of the screen.
     qint32 screenPeakBrightness = 1000; ///< Peak brightness of the screen; the default is 1000.
     qint32 ambientLight = 30; ///< Light around the screen; the default is 30.
     qint32 pqMaxCll = 1000; ///< Highest light level of the content; the default is 1000.
@@ -124,7 +124,7 @@ struct s_AllRGB {
     qint32 R = 50; ///< Red, 0 to 100.
     qint32 G = 50; ///< Green, 0 to 100.
     qint32 B = 50; ///< Blue, 0 to 100.
-    qint32 all = 50; ///< All channels together, 0 to 100. First key when written.
+    qint32 all = 50; ///< All channels together, 0 to 100. Encoded as the first key.
     TAVORO_FIELDS(all, R, G, B)
 };
 
@@ -148,7 +148,7 @@ struct s_CropBody {
     qint32 heightRatio = 100000; ///< Height, 1 to 100000.
     qint32 xRatio = 0; ///< Distance from the left, 0 to 100000.
     qint32 yRatio = 0; ///< Distance from the top, 0 to 100000.
-    Screen::s_Rect rect; ///< The crop in pixels, computed by the device model. Not part of a body.
+    Screen::s_Rect rect; ///< The crop in pixels, computed by the model. Not part of the JSON.
     TAVORO_FIELDS(id, type, enable, widthRatio, heightRatio, xRatio, yRatio)
 };
 

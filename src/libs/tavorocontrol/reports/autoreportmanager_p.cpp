@@ -21,8 +21,8 @@ namespace {
 using SSProxy::Command;
 using SSProxy::DeviceManager;
 
-/// The base code in the low byte, the function code in the high byte: the reverse of a command
-/// code.
+/// The key of a handler: the base code in the low byte and the function code in the high byte, the
+/// reverse of a command code.
 constexpr quint16 reportKey(quint8 BC, quint8 FC)
 {
     return static_cast<quint16>(FC << 8 | BC);

@@ -19,7 +19,8 @@ class IDeviceCommand;
 
 namespace Tavoro::Control::Internal {
 
-/// Receives the reports of all channels and passes each to the control class that knows its record.
+/// Receives the reports of all channels, and passes each to the control class that knows its
+/// record.
 ///
 /// | member                  | thread              |
 /// |-------------------------|---------------------|

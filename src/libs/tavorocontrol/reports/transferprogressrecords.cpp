@@ -75,7 +75,7 @@ void TransferProgressRecords::reset(const WeakDevice &weakDevice)
     auto *record = recordOf(device);
     if (!record)
         return;
-    record->percents.clear(); // keeps its storage for the next report
+    record->percents.clear(); // its storage is reused by the next report
     record->isTransferring = false;
     record->lastTime = steadyMilliseconds();
 }

@@ -9,8 +9,8 @@
 
 namespace Tavoro::Control::Internal {
 
-/// The latest transfer report of each device. A record is never removed, not even when its device
-/// is gone.
+/// The latest transfer report of each device. Records are never removed, even if their device is
+/// gone.
 ///
 /// All members may be called from any thread.
 class TransferProgressRecords {
@@ -18,7 +18,8 @@ public:
     using WeakDevice = std::weak_ptr<BizModel::Device>;
     using Percents = std::vector<ProtoModel::File::s_FileTransPercent>;
 
-    /// Copies the record of \a device. False, with \a record unchanged, if it has no record.
+    /// Copies the record of \a device. Returns false, with \a record unchanged, if it has no
+    /// record.
     bool find(const WeakDevice &device, s_DeviceFileTransferProgress &record);
     /// Replaces the record of \a device, or adds one.
     void update(const WeakDevice &device, Percents percents);

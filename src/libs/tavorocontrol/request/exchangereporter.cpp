@@ -22,10 +22,10 @@ constexpr int statusBarMilliseconds = 5000;
 constexpr char tavoroCmd[] = "TavoroCmd"; ///< Marks every line about a command.
 
 struct VerbRow {
-    const char *failed; ///< Shown, %1 label, %2 reason.
-    const char *succeeded; ///< Shown, %1 label.
-    const char *request; ///< Logged, %1 label.
-    const char *rawRequest; ///< Logged for requests without a JSON body, %1 label.
+    const char *failed; ///< Shown; %1 is the label, %2 the reason.
+    const char *succeeded; ///< Shown; %1 is the label.
+    const char *request; ///< Logged; %1 is the label.
+    const char *rawRequest; ///< Logged for requests without a JSON body; %1 is the label.
 };
 
 // clang-format off
@@ -89,7 +89,7 @@ void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
     Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(type, text, statusBarMilliseconds);
 }
 
-/// Name and identity of the device in a log line; empty while the device is not known.
+/// Name and identity of the device for a log line; empty while the device is not known.
 struct DeviceName {
     const BizModel::Device *device;
 };

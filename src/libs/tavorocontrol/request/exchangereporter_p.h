@@ -18,36 +18,37 @@ enum class Verb {
     Set,
 };
 
-/// Reports one exchange to the caller, the log and the status bar. Makes each text once; does not
-/// make the text of a success that is neither logged nor shown.
+/// Reports the outcome of one exchange to the caller, the log and the status bar. Makes each text
+/// once, and only if it is logged or shown.
 ///
 /// Lives on the stack of one call, on the caller's thread.
 class ExchangeReporter {
 public:
-    /// Reads the codes and the argument bytes of \a request once: a channel may change it. The tag
-    /// is read again for each line, since a channel assigns it when it sends.
+    /// Copies the codes and the argument bytes of \a request, since a channel may change them. The
+    /// tag is read again for each log line, since the channel assigns it when it sends.
     ExchangeReporter(Verb verb, const SSProxy::DeviceRequestCommand &request);
 
     quint8 baseCode() const { return m_BC; }
     quint8 functionCode() const { return m_FC; }
 
-    /// Names the device in every line that follows.
+    /// Sets the device that further log lines name.
     void setDevice(const BizModel::Device &device) { m_device = &device; }
 
     void logRequest() const;
     void logMissingChannel() const;
 
-    /// Logs a failure, then shows it on the status bar. \a error gets the sentence. Always false.
+    /// Logs a failure, then shows it on the status bar. \a error gets the text that is shown.
+    /// Always returns false.
     bool fail(const Reply &reply, QString &error, PacketCount count = {}) const;
     /// Reports a write that the device refused: shows it, with a message box if the device's data
-    /// has changed, then logs it. \a error gets the sentence. Always false.
+    /// has changed, then logs it. \a error gets the text that is shown. Always returns false.
     bool failWrite(quint16 status, QString &error) const;
-    /// The same for a packet of a split write. \a error gets the bare reason.
+    /// Does the same for a packet of a split write. \a error gets only the reason.
     bool failSplitWrite(quint16 status, QString &error, PacketCount count) const;
 
-    /// Logs \a content if \a responseType is JSON. Always true.
+    /// Logs \a content if \a responseType is JSON. Always returns true.
     bool succeedRead(quint8 responseType, const std::string &content, bool onePacket) const;
-    /// Always true.
+    /// Always returns true.
     bool succeedWrite(bool show) const;
 
 private:
@@ -68,7 +69,7 @@ private:
     const BizModel::Device *m_device = nullptr;
 };
 
-/// Logs a call without a request. \a error gets the text. Always false.
+/// Logs a call with a null request. \a error gets the text. Always returns false.
 bool refuseMissingRequest(QString &error);
 
 } // namespace Tavoro::Control::Internal

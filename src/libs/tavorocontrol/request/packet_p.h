@@ -32,14 +32,14 @@ struct PacketCount {
     quint32 total = 0;
 };
 
-/// A further packet of a read, or any packet of a split write. It repeats bytes 18 to 35 of \a
-/// head, the head of the caller's request.
+/// Makes the request for a further packet of a read, or for any packet of a split write. It repeats
+/// bytes 18 to 35 of \a head, the head of the caller's request.
 ///
-/// Kept: its timeout is that of a fresh request, not that of the device's table.
+/// Kept: its timeout is the default of a new request, not that of the device's table.
 std::shared_ptr<SSProxy::DeviceRequestCommand> packetRequest(const SSProxy::PacketHead &head,
                                                              quint32 totalCount, quint32 sendCount);
 
-/// Classifies the response of a channel.
+/// Classifies the response that a channel returned.
 Reply judge(std::shared_ptr<SSProxy::DeviceResponseCommand> response);
 
 /// Sends one packet and waits for its response. Does not send if the channel is not ready.

@@ -31,8 +31,8 @@ void setTableTimeout(BizModel::Device &device, const ExchangeReporter &reporter,
         static_cast<int>(std::min(tableTimeout(device.deviceConfig(), reporter), longest)));
 }
 
-/// Does what QString::toStdString() does, without a temporary for the plain characters of addresses
-/// and numbers: this runs for every request.
+/// Does the same as QString::toStdString(), but without a temporary object for the ASCII characters
+/// of addresses and numbers, since it runs for every request.
 std::string toText(const QString &text)
 {
     std::string plain(static_cast<std::size_t>(text.size()), '\0');

@@ -25,8 +25,8 @@ struct RequestPath {
 /// The channel of a device; null if it has none.
 std::shared_ptr<SSProxy::DeviceChannel> channelOf(const BizModel::Device &device);
 
-/// Starts an exchange: locks the device, logs the request, sets the timeout that the device's table
-/// has for its codes, and finds the channel. Reports and returns false if the device is gone.
+/// Starts an exchange: locks the device, logs the request, sets its timeout from the device's
+/// table, and finds the channel. If the device is gone, reports that and returns false.
 bool openRequestPath(ExchangeReporter &reporter, const std::weak_ptr<BizModel::Device> &device,
                      SSProxy::DeviceRequestCommand &request, QString &error, RequestPath &path);
 

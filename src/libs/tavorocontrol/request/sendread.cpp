@@ -17,9 +17,9 @@ using BizModel::DeviceList;
 
 /// Reserves memory for \a more bytes.
 ///
-/// Trusts the announced size up to the length of the longest packet, and then up to 16 times what
-/// was received: a true announcement saves nearly all the copying, and a false one costs addresses,
-/// not memory.
+/// The announced size is trusted up to the length of the longest packet, and beyond that up to 16
+/// times the received bytes. If it is correct, hardly any byte is copied twice. If it is too large,
+/// it costs address space, but no memory.
 void reserve(std::string &result, std::size_t more, std::size_t announced)
 {
     constexpr std::size_t alwaysTrusted = 64u << 20;
@@ -29,8 +29,8 @@ void reserve(std::string &result, std::size_t more, std::size_t announced)
         result.reserve(trusted);
 }
 
-/// Reads the packets after the first one and appends them to \a result. \a head is that of the
-/// caller's request, copied once: a channel or a slot may change the request meanwhile.
+/// Reads the packets after the first one and appends them to \a result. \a head is a copy of the
+/// head of the caller's request, since a channel or a slot may change the request meanwhile.
 ///
 /// Kept: the counts of the further answers are not examined.
 bool readFurtherPackets(const ExchangeReporter &reporter, SSProxy::DeviceChannel &channel,

@@ -13,7 +13,7 @@ class Device;
 
 namespace Tavoro::Control::Internal {
 
-/// Sends \a request, waits, and joins the packets of the answer in \a result.
+/// Sends \a request, waits for the answer, and joins its packets in \a result.
 bool sendRead(const std::weak_ptr<BizModel::Device> &device,
               const std::shared_ptr<SSProxy::DeviceRequestCommand> &request, std::string &result,
               QString &error);

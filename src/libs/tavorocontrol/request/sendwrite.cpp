@@ -15,7 +15,7 @@ using BizModel::DeviceList;
 
 using RequestPtr = std::shared_ptr<SSProxy::DeviceRequestCommand>;
 
-/// Number of packets of a body. A channel whose limit is 0 takes every body in one packet.
+/// Number of packets of a body. If the limit of the channel is 0, every body is one packet.
 quint32 packetCount(std::size_t size, quint32 limit)
 {
     return limit == 0 ? 1 : static_cast<quint32>((size + limit - 1) / limit);
@@ -32,8 +32,8 @@ bool writeOnePacket(const ExchangeReporter &reporter, SSProxy::DeviceChannel &ch
     return reply.failure == Failure::None || reporter.fail(reply, error);
 }
 
-/// Splits the body into pieces of \a limit bytes. The caller's request itself is never sent. \a
-/// head is its head, copied once: a channel or a slot may change the request meanwhile.
+/// Splits the body into pieces of \a limit bytes. The caller's request itself is never sent.
+/// \a head is a copy of its head, since a channel or a slot may change the request meanwhile.
 bool writeManyPackets(const ExchangeReporter &reporter, SSProxy::DeviceChannel &channel,
                       const SSProxy::PacketHead head, const std::string &body, quint32 limit,
                       QString &error)

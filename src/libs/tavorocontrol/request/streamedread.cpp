@@ -42,7 +42,7 @@ bool StreamedRead::run(const std::weak_ptr<BizModel::Device> &device,
         return passOnFailure();
     m_device = path.device.get();
     if (!path.channel) {
-        // Kept: a device that exists only in the model has no data, and that counts as done.
+        // Kept: a device that exists only in the model has no data, and the read succeeds.
         reporter.logMissingChannel();
         passOn(1.0, {});
         return true;
@@ -75,9 +75,9 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     return readFurtherPackets(channel, request->head(), answer, std::move(reply));
 }
 
-/// Reads the packets after the first one, whose head is \a answer and whose outcome is \a reply. \a
-/// head is that of the caller's request, copied once after the first call of the callback, which
-/// may change the request.
+/// Reads the packets after the first one. \a answer is the head of the first packet and \a reply
+/// its outcome. \a head is a copy of the head of the caller's request, made after the first call of
+/// the callback, which may change the request.
 bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::PacketHead head,
                                       const SSProxy::PacketHead &answer, Reply reply)
 {

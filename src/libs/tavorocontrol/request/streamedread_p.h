@@ -20,8 +20,8 @@ class ExchangeReporter;
 /// A read that passes each packet to a callback and holds at most one packet.
 ///
 /// Lives on the stack of one call, on the caller's thread; only the cancelled flag is shared with
-/// other threads. The read checks that flag and the control of the device before it requests a
-/// packet, and again before it examines the response.
+/// other threads. The read checks that flag, and whether another client controls the device, before
+/// it requests a packet and again before it examines the response.
 class StreamedRead {
 public:
     using Callback =

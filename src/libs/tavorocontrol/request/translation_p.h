@@ -5,8 +5,8 @@
 
 namespace Tavoro::Control::Internal {
 
-/// Translates a text of the request path or of an operation. All of them share the context of
-/// ControlHelper.
+/// Translates a text of the request path or of an operation. All these texts share the translation
+/// context of ControlHelper.
 inline QString translated(const char *text)
 {
     return QCoreApplication::translate("Tavoro::Control::ControlHelper", text);

@@ -9,11 +9,11 @@ class SaveDeviceDataThread;
 
 namespace Tavoro::Control::Internal {
 
-/// Pauses the model's saver while a device is read. Its destructor resumes saving and requests that
-/// the device is saved, however the reading ended.
+/// Pauses the saving of devices while a device is read. Its destructor resumes saving and requests
+/// that the device is saved, even if the synchronisation failed.
 class SavePause {
 public:
-    /// Blocks until the saver has finished what it is writing.
+    /// Blocks until a running save has ended.
     explicit SavePause(const BizModel::Device &device);
     ~SavePause();
     SavePause(const SavePause &) = delete;

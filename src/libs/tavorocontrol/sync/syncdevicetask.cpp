@@ -26,7 +26,7 @@ using Internal::controlLog;
 namespace {
 
 constexpr qint32 readyStatus = 1; ///< Status of a device that may be read.
-// Named with its context: lupdate does not find the class when it sees this library alone.
+// With an explicit context: lupdate does not find the class if it reads only this library.
 constexpr char deviceNotReady[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device not ready.");
 
@@ -34,7 +34,8 @@ constexpr int allScreenTypes = 30;
 constexpr int programmeScene = 4;
 constexpr int previewScene = 2;
 
-/// True for files whose content is part of a synchronisation. Of the others only the details are.
+/// Returns true for files whose content is read in a synchronisation. For other files only the
+/// details are.
 bool isContentFetched(qint32 fileType)
 {
     return fileType == 12 || fileType <= 9 || fileType >= 16;
@@ -135,8 +136,8 @@ void SyncDeviceTask::run()
         return;
     }
     readRest(d->device);
-    // Kept: on this path the result of the model replaces that of the reads. The model got the
-    // result of the reads.
+    // Kept: here the result of filling the model replaces that of the reads, which the model has
+    // already got.
     d->syncSuccess = d->initDeviceModelData();
 }
 
@@ -149,7 +150,8 @@ void SyncDeviceTask::setDeviceClock(WeakDevice device)
     d->syncSuccess = false;
 }
 
-/// Reads what everything else needs. False ends the synchronisation.
+/// Reads the details and the interfaces, which all other data needs. False ends the
+/// synchronisation.
 bool SyncDeviceTask::readEssentials(WeakDevice device)
 {
     if (!readDeviceDetail(device)) {

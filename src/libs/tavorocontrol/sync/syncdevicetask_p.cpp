@@ -17,13 +17,13 @@ namespace {
 using BizModel::DeviceList;
 using BizModel::MVRScreen;
 
-// Named with its context: lupdate does not find the class when it sees this library alone.
+// With an explicit context: lupdate does not find the class if it reads only this library.
 constexpr char deviceOffline[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device offline");
 
 constexpr int ordinaryScreens = 6;
 constexpr int multiviewerScreens = 8;
-constexpr qint32 removedFileType = 15; ///< The device lists such a file but no longer has it.
+constexpr qint32 removedFileType = 15; ///< The device lists such a file, but no longer has it.
 constexpr int statusBarMilliseconds = 5000;
 
 using MultiviewerLayouts = SyncDeviceTaskPrivate::MultiviewerLayouts;
@@ -60,7 +60,7 @@ void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &lay
         device.setActivedScreen(multiviewers.first());
 }
 
-/// Blocks the signals of a device while it is filled: observers see only the finished device.
+/// Blocks the signals of a device while it is filled, so that no slot sees a half-filled device.
 class Silence {
 public:
     explicit Silence(BizModel::Device &device) : m_device(device) { m_device.blockSignals(true); }
@@ -163,7 +163,7 @@ void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
         deviceDetail->general.name = info.name;
 }
 
-/// A failed step does not stop the next one.
+/// Continues with the next step if one fails.
 bool SyncDeviceTaskPrivate::feedModel(BizModel::Device &modelDevice, const QString &ip)
 {
     feed(modelDevice, *deviceDetail, errorMsg, "Create device model failed,");

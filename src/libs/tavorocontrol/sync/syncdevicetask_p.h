@@ -13,8 +13,8 @@ class DeviceChannel;
 
 namespace Tavoro::Control::Internal {
 
-/// State of the task. It belongs to the task's thread during a run and to the owner's thread at
-/// other times; only \c runningStatus is shared.
+/// State of the task. Used by the task's thread during a run, and by the owner's thread at other
+/// times; only \c runningStatus is used by both.
 class SyncDeviceTaskPrivate {
 public:
     using MultiviewerLayouts = QMap<int, QSize>; ///< The key is the ID of the screen.
@@ -22,11 +22,12 @@ public:
     explicit SyncDeviceTaskPrivate(SyncDeviceTask *task);
     ~SyncDeviceTaskPrivate();
 
-    /// Clears the device in the model that has the identity of the device to read.
+    /// Clears the listed device that has the same identity as the device to read, if there is one.
     void clearKnownDevice() const;
     void dropRemovedFiles();
 
-    /// Fills the model with what was read. Returns whether the model took the layers.
+    /// Fills the model with the records that were read. Returns whether the model accepted the
+    /// layers.
     bool initDeviceModelData();
 
     std::shared_ptr<BizModel::Device> device; ///< Empty between runs.

@@ -110,8 +110,8 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
 }
 
-/// A device that identifies itself and closes at once would otherwise be reconnected without end
-/// after the shortest pause.
+/// Whether the next pause is the shortest one. A device that identifies itself and then closes the
+/// connection must not be reconnected after the shortest pause forever.
 bool ChannelLink::hasProvedGood() const
 {
     return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
@@ -150,8 +150,7 @@ void ChannelLink::enter(Phase phase, ChannelOptions::Milliseconds due)
     wantTick(m_due);
 }
 
-/// A tick cannot be cancelled. If one is pending for an earlier time, it requests the later one
-/// itself.
+/// A tick cannot be cancelled. If an earlier one is pending, that one requests the next tick.
 void ChannelLink::wantTick(Clock::TimePoint time)
 {
     if (time >= m_tick)
@@ -242,7 +241,8 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
     }
 }
 
-/// A device that sends pings and does not read gets no more pongs than may wait in the socket.
+/// Pongs to a device that sends pings but does not read must not fill the socket's buffer without
+/// limit.
 void ChannelLink::answerPing(quint8 lables)
 {
     if (m_stream->unsentBytes() < m_options.maxUnsentBytes)
@@ -281,7 +281,7 @@ void ChannelLink::takeIdentity(const std::string &body)
     if (!m_options.identity.empty() && ProtoModel::identityKey(info) != m_options.identity)
         return drop(Disconnected, tr("another device is there"));
     if (!m_peerAddress.empty())
-        info.ip = m_peerAddress; // after address translation the device reports another one
+        info.ip = m_peerAddress; // with address translation the device reports another one
     info.maxPacketSize = std::min(info.maxPacketSize, m_options.maxBodySize);
     m_readySince = m_clock.now();
     m_hasRequested = false;

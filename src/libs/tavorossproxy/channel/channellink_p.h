@@ -32,7 +32,7 @@ class ChannelLink final : private ByteStream::Events {
 public:
     class Events {
     public:
-        /// Returns false if there are too many connections already.
+        /// Returns false if the process has too many connections.
         virtual bool linkMayConnect() = 0;
         /// An attempt to connect begins.
         virtual void linkConnecting() = 0;
@@ -42,7 +42,7 @@ public:
         /// The device has identified itself, and requests may be sent.
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
         /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
-        /// was arriving, or 0.
+        /// was being received, or 0.
         virtual void linkLost(quint16 status, const QString &reason, quint32 brokenOff) = 0;
         /// The system has taken all written bytes.
         virtual void linkWritable() = 0;
@@ -50,8 +50,8 @@ public:
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
         /// The head of a frame was received, and its body is incomplete.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
-        /// Bytes have arrived. \a lastProgress is when the frame that they end in last made
-        /// progress; the clock's epoch if they end between two frames.
+        /// Bytes have arrived. \a lastProgress is the time at which the unfinished frame last made
+        /// progress, or the clock's epoch if no frame is unfinished.
         virtual void linkProgressed(Clock::TimePoint lastProgress) = 0;
         /// Requests a call of tick(\a time) at \a time.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
@@ -65,22 +65,22 @@ public:
 
     /// Begins the first attempt to connect.
     void start();
-    /// Closes the connection for good.
+    /// Closes the connection permanently.
     void stop();
     /// Ends a pause between attempts.
     void refresh();
-    /// The device was seen at \a host. Connects there at once unless there is a connection. Returns
-    /// true if the address differs from the one before.
+    /// Changes the address of the device, and connects there at once, unless the link is ready.
+    /// Returns true if the address differs from the previous one.
     bool moveTo(const QString &host, quint16 port);
-    /// To be called at the time that linkWantsTick() requested.
+    /// Call it at the time that linkWantsTick() requested.
     void tick(Clock::TimePoint time);
     /// Closes the connection, and reconnects after a pause.
     void drop(quint16 status, const QString &reason);
 
-    /// Identifies the current connection at the device.
+    /// Identifies the current connection to the device.
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
-    /// Returns true if the channel is ready and there is room in the socket.
+    /// Returns true if the channel is ready and the socket accepts further bytes.
     bool canSend() const;
     /// Sends the frame of a request.
     void send(const QByteArray &frame);

@@ -35,7 +35,8 @@ void ChannelRegistry::add(std::shared_ptr<DeviceChannel> channel)
 
 void ChannelRegistry::remove(const std::shared_ptr<DeviceChannel> &channel)
 {
-    // Each may be the last reference to its channel: they are destroyed after the lock.
+    // These may hold the last references to channels: they are destroyed after the lock was
+    // released.
     decltype(m_lastFound) forgotten;
     decltype(m_moves) forgottenMoves;
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -118,7 +119,7 @@ void ChannelRegistry::remember(const std::string &sn,
         m_lastFound[sn] = channel;
 }
 
-/// Called with the mutex held.
+/// Call it with the mutex held.
 bool ChannelRegistry::isRegistered(const std::shared_ptr<DeviceChannel> &channel) const
 {
     return std::find(m_channels.begin(), m_channels.end(), channel) != m_channels.end();

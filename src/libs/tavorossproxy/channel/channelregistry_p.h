@@ -12,11 +12,11 @@ class DeviceChannel;
 
 namespace Tavoro::SSProxy::Internal {
 
-/// The channels of a manager, which it finds by their identities. Any thread.
+/// The channels of a manager, found by their identities. Any thread.
 ///
-/// A channel may get its identity, or another one, at any time without a notice. So the channel
-/// that a serial number led to last is only where find() looks first: it compares the identity of
-/// that channel, and searches all channels if it differs. No channel is called under the lock.
+/// The identity of a channel may change at any time without notice. So the registry only caches the
+/// channel that was last found for a serial number: find() checks the identity of that channel, and
+/// searches all channels if it does not match. No channel is called while the mutex is held.
 class ChannelRegistry {
 public:
     /// The registry of the one manager.
@@ -26,8 +26,9 @@ public:
     void remove(const std::shared_ptr<DeviceChannel> &channel);
     std::vector<std::shared_ptr<DeviceChannel>> all() const;
     bool contains(const std::shared_ptr<DeviceChannel> &channel) const;
-    /// The channel is about to connect to its device at another address. From now on find() finds
-    /// it by its former address, too, unless another channel has that address.
+    /// The channel is about to connect to its device at another address. From now on find() also
+    /// finds it by its former address, if no channel has that address and the same MAC address and
+    /// serial number.
     void noteMove(const std::shared_ptr<DeviceChannel> &channel);
 
     std::shared_ptr<DeviceChannel> find(const std::string &ip, const std::string &mac,
@@ -49,7 +50,7 @@ private:
     mutable std::mutex m_mutex;
     Channels m_channels; // guarded by m_mutex
     std::vector<Move> m_moves; // guarded by m_mutex
-    /// The channel that each serial number led to last; guarded by m_mutex.
+    /// The channel that was last found for each serial number; guarded by m_mutex.
     mutable std::unordered_map<std::string, std::shared_ptr<DeviceChannel>> m_lastFound;
 };
 

@@ -7,7 +7,8 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A response without a body that the channel itself gives to the request with \a head.
+/// Returns a response without a body, with which the channel itself answers the request with
+/// \a head.
 inline std::shared_ptr<DeviceResponseCommand> makeResponse(const PacketHead &head, quint16 status)
 {
     auto response = std::make_shared<DeviceResponseCommand>();
@@ -16,7 +17,7 @@ inline std::shared_ptr<DeviceResponseCommand> makeResponse(const PacketHead &hea
     return response;
 }
 
-/// A request of the channel itself to the device.
+/// Returns a request that the channel itself sends to the device.
 inline std::shared_ptr<DeviceRequestCommand> makeLinkRequest(CommandType type,
                                                              Wire::LinkCommand command)
 {

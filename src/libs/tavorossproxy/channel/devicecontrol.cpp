@@ -14,10 +14,10 @@ using Milliseconds = std::chrono::milliseconds;
 
 namespace {
 
-/// Interval between two lines of the log.
+/// Shortest interval between two log lines.
 constexpr std::chrono::seconds logInterval(1);
 
-/// Interval between two calls of the handler: receivers may be slower than the device.
+/// Shortest interval between two calls of the handler: receivers may be slower than the device.
 constexpr Milliseconds notificationInterval(100);
 
 } // namespace
@@ -40,7 +40,7 @@ bool DeviceControl::request(ControlAction action, QString &error)
     request->head().arg2[0] = static_cast<quint8>(action);
     const auto deadline = m_loop.clock().now() + Milliseconds(request->timeout());
     const quint16 status = m_channel.sendSyncRequest(request)->status;
-    // A device without control lets every client write.
+    // A device that does not support control lets every client write.
     if (status == quint16(Wire::DeviceStatus::Success)
         || status == quint16(Wire::DeviceStatus::UnknownCommand))
         return true;
@@ -89,8 +89,8 @@ QString DeviceControl::holder(TimePoint deadline)
         : tr("another client");
 }
 
-/// The device sends a report when control changes, and before that the answer to the request that
-/// changes it: the caller of that request can rely on isMaster() when the call returns.
+/// When a request changes control, the device sends the answer before the report. The answer is
+/// evaluated too, so that isMaster() is up to date when the request returns.
 void DeviceControl::take(const Wire::FrameEvent &event)
 {
     const quint8 argument = event.head.arg2[0];

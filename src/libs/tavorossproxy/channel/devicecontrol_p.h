@@ -14,7 +14,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Control of a device: follows which client holds it, and requests it.
+/// Control of a device: tracks whether another client holds it, and requests it.
 ///
 /// | member             | thread         |
 /// |--------------------|----------------|
@@ -27,7 +27,8 @@ public:
     /// Called on the loop's thread when isMaster() has changed.
     using Handler = std::function<void(bool isMaster)>;
 
-    /// \a channel sends the requests, and \a peerName names it to users. \a handler may be empty.
+    /// \a channel sends the requests, and \a peerName returns its name for users. \a handler may be
+    /// empty.
     DeviceControl(NetworkChannel &channel, EventLoop &loop, std::function<QString()> peerName,
                   Handler handler);
 
@@ -40,7 +41,7 @@ public:
     void begin(bool isMaster) { setMaster(isMaster, {}); }
     /// A report about control, or the answer to a request for it, has arrived.
     void take(const Wire::FrameEvent &event);
-    /// Logs what was not logged yet. The handler is not called after.
+    /// Logs the changes that were not logged yet. The handler is not called afterwards.
     void stop();
 
 private:
@@ -60,7 +61,7 @@ private:
     std::unique_ptr<RateLimiter> m_notifications; ///< Limits how often the handler is called.
     std::unique_ptr<RateLimiter> m_lines; ///< Limits how often changes are logged.
     QString m_holder; ///< The holder that the device reported last.
-    bool m_notifiedMaster = true; ///< What the handler got last.
+    bool m_notifiedMaster = true; ///< The value that the handler got last.
     std::atomic<bool> m_isMaster{true};
 };
 

@@ -18,14 +18,14 @@ namespace {
 /// long as a device on the local network needs to answer.
 constexpr std::chrono::microseconds spinTime(200);
 
-/// Longest frame whose storage is used again, in bytes.
+/// Longest frame whose storage is reused, in bytes.
 constexpr int longestKept = 4 << 20;
 
 /// Streams from here on belong to writes, those below to reads.
 constexpr quint16 firstWriteStream = 0x8000;
 
-/// Contents of files are collected by the file, not by the stream: each calling thread has a stream
-/// for them, which keeps its packets in order.
+/// A device collects the content of a file by file, not by stream. So each calling thread has one
+/// stream for such contents, which keeps its packets in order.
 quint16 contentStreamOfThisThread()
 {
     static std::atomic<unsigned> threads{0};
@@ -45,33 +45,34 @@ bool isRead(const Wire::WireHead &request)
         || request.type == quint8(CommandType::BinaryRead);
 }
 
-/// The device keeps a long answer to \a head and hands it out by packets.
+/// The device may keep the answer to \a head and send it packet by packet.
 bool mayBeSplitRead(const Wire::WireHead &head)
 {
     constexpr quint8 linkCommands = 0x01; // base code; their answers are short
     return isRead(head) && head.BC != linkCommands;
 }
 
-/// The device collects the packets of the write.
+/// The device collects the packets of a split write.
 bool isSplitWrite(const Wire::WireHead &head)
 {
     return head.type == quint8(CommandType::Write) && head.totalCount > 1;
 }
 
-/// Tags and streams are used again after some time, numbers are not. The tags are equal already.
+/// The tags are already known to be equal. But tags and streams are reused after some time, and
+/// numbers are not.
 bool isAnswerTo(const Wire::WireHead &request, const Wire::WireHead &answer)
 {
     return answer.number == request.number && answer.stream == request.stream;
 }
 
-/// The answer carries the packet that \a request asks for.
+/// The answer contains the packet that was requested.
 bool isRightPacket(const Wire::WireHead &request, const Wire::WireHead &answer)
 {
     return answer.sendCount == request.sendCount
         && (request.sendCount == 0 || answer.totalCount == request.totalCount);
 }
 
-/// A device may count the one packet of an answer as none: then callers get packet 1 of 1.
+/// A device may send the count 0 for an answer of one packet: callers get packet 1 of 1.
 Wire::WireHead countedOnce(Wire::WireHead answer)
 {
     if (answer.totalCount == 0 && answer.sendCount == 0)
@@ -79,7 +80,7 @@ Wire::WireHead countedOnce(Wire::WireHead answer)
     return answer;
 }
 
-/// The status of an answer that is valid in itself but does not match the request; 0: it matches.
+/// The status for a valid answer that does not match the request; 0 if it matches.
 quint16 mismatch(const Wire::WireHead &request, const Wire::WireHead &answer,
                  quint32 maxPacketCount)
 {
@@ -165,7 +166,7 @@ quint16 ExchangeTable::refusalOf(const Wire::WireHead &head, std::size_t bodySiz
     return isKnownType(head.type) && bodySize <= m_maxBody ? quint16(0) : quint16(InvalidRequest);
 }
 
-/// The places in which a request waits for one; null if it needs none or has one already.
+/// The places among which a request needs one; null if it needs none or already has one.
 SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
 {
     if (isSplitWrite(head) && m_splitWrites.streamOfThisThread() == 0)
@@ -175,7 +176,8 @@ SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
     return nullptr;
 }
 
-/// Without this, the system would take back the storage of a long frame and clear it for the next.
+/// Reusing the storage is faster: the system would otherwise unmap that of a long frame, and clear
+/// new pages for the next one.
 QByteArray ExchangeTable::takeStorage()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -218,7 +220,7 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead
     return std::move(slot.response);
 }
 
-/// Called with the mutex held by \a lock. Releases it in each round, so that the answer can be
+/// Call it with the mutex held by \a lock. Each round releases the mutex, so that the answer can be
 /// settled, and lets other threads run.
 void ExchangeTable::spinUntilSettled(std::unique_lock<std::mutex> &lock, const Slot &slot,
                                      Clock::TimePoint deadline) const
@@ -300,7 +302,8 @@ ExchangeTable::Counts ExchangeTable::counts() const
     return m_counts;
 }
 
-/// Takes the tags in turn, so that each stays unused as long as possible. 0 if all are taken.
+/// Takes the tags in turn, so that each stays unused as long as possible. Returns 0 if none is
+/// free.
 quint8 ExchangeTable::freeTag()
 {
     for (int tries = 0; tries < 256; ++tries) {
@@ -311,9 +314,9 @@ quint8 ExchangeTable::freeTag()
     return 0;
 }
 
-/// The packets of a split write reach the channel without a stream in common, one after the other
-/// from one thread. A read gets a stream of its own, which its further packets inherit: the caller
-/// may read something else between two of them.
+/// The packets of a split write reach the channel without a stream, one after the other from one
+/// thread: the thread determines their stream. A read gets a stream of its own, which its further
+/// packets inherit, since the caller may send another read between two of them.
 void ExchangeTable::assignStream(Wire::WireHead &head, SplitPlaces *places)
 {
     const auto place = places ? places->freePlace(m_clock.now()) : std::nullopt;
@@ -339,7 +342,7 @@ quint16 ExchangeTable::freshStream()
     return m_lastStream;
 }
 
-/// Called with the mutex held, when the packet \a request was answered, or \a failure ended it.
+/// Call it with the mutex held, when the packet \a request was answered or ended with \a failure.
 void ExchangeTable::notePacket(const Wire::WireHead &request, const Wire::WireHead &answer,
                                quint16 failure)
 {
@@ -360,7 +363,7 @@ void ExchangeTable::end(Slot &slot, quint16 status)
     slot.settled.notify_one();
 }
 
-/// Called with the mutex held, when the request has timed out.
+/// Call it with the mutex held, when the request has timed out.
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
 {
     Slot &slot = m_slots[tag];

@@ -42,8 +42,8 @@ public:
 
     /// Accepts requests with bodies of at most \a maxBody bytes, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
-    /// Refuses requests with \a refusal from now on, and ends those in flight with \a status, but
-    /// the one with the number \a brokenOff with AnswerTooShort.
+    /// Refuses requests with \a refusal from now on. Ends the requests in flight with \a status,
+    /// except that with the number \a brokenOff, which ends with AnswerTooShort.
     void shut(quint16 refusal, quint16 status, quint32 brokenOff = 0);
     /// The status with which a request is refused now; 0 if requests are accepted.
     quint16 refusal() const;
@@ -52,8 +52,8 @@ public:
         quint16 refusal = 0; ///< 0, or the status with which the request is refused.
         Wire::WireHead head; ///< The head of the request, with its tag and its stream.
     };
-    /// Gives a request a tag and, where it has none, a stream. A request that may begin a split
-    /// exchange waits until the device has a place for it, until \a deadline at the latest.
+    /// Assigns a tag to a request, and a stream if it has none. Blocks a request that may begin a
+    /// split exchange until the device has a place for it, until \a deadline at the latest.
     Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
     /// Returns storage for a frame, with arbitrary content.
     QByteArray takeStorage();
@@ -66,18 +66,18 @@ public:
 
     /// Takes the next frame to send, if there is one, and numbers it.
     std::optional<QByteArray> takeUnsent();
-    /// Keeps the storage of a frame that was sent for the next one.
+    /// Keeps the storage of a sent frame for the next one.
     void giveBack(QByteArray frame);
     /// The answer with \a head has begun to arrive.
     void noteBegun(const Wire::WireHead &head);
-    /// Ends the request that waits for \a answer, with the answer or with the status of what is
-    /// wrong with it.
+    /// Ends the request that waits for \a answer: with the answer, or with a status if the answer
+    /// is not valid.
     void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
 
-    /// The request that was sent last with this tag; nothing if the last one was not sent.
+    /// Identifies the last request with this tag. Returns nothing if it was not sent.
     std::optional<Wire::RequestId> lastSent(quint8 tag) const;
 
-    /// Requests that timed out and whose answers may still arrive.
+    /// Number of requests that timed out and whose answers may still arrive.
     int owedAnswers() const;
 
     struct Counts {
@@ -97,10 +97,10 @@ private:
     struct Slot {
         State state = State::Free;
         bool begun = false; ///< A part of the answer has arrived.
-        std::optional<Wire::RequestId> sent; ///< How the device knows the request.
+        std::optional<Wire::RequestId> sent; ///< Identifies the request at the device.
         Wire::WireHead request; ///< What the answer must match.
-        QByteArray frame; ///< In state Unsent.
-        std::shared_ptr<DeviceResponseCommand> response; ///< In state Settled.
+        QByteArray frame; ///< The frame to send, in state Unsent.
+        std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Settled.
         std::condition_variable settled;
     };
 
@@ -120,8 +120,8 @@ private:
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
     Wire::ConnectionId m_connection;
-    /// The number of the request that was sent last. It continues over all connections, so that an
-    /// answer which a device repeats from an earlier one matches no request.
+    /// The number of the request that was sent last. It is not reset for a new connection, so that
+    /// a repeated answer from an earlier connection matches no request.
     quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;

@@ -36,7 +36,7 @@ public:
 
 private:
     const qint64 m_bytesPerInterval;
-    qint64 m_bytes = 0; ///< Since the last progress.
+    qint64 m_bytes = 0; ///< Bytes since the last progress.
     Clock::TimePoint m_lastProgress;
 };
 

@@ -46,8 +46,8 @@ KeepAlive::Action KeepAlive::check(Clock::TimePoint now, qint64 unsent)
     return Action::Ping;
 }
 
-/// While a long frame leaves, pings wait after it and the device has nothing to answer: that it
-/// takes the frame, at the minimum rate, is a sign of life too.
+/// While a long frame is being sent, pings wait until it was sent, so the device has nothing to
+/// answer. Therefore it is also a sign of life that the device takes bytes at the minimum rate.
 bool KeepAlive::isTakingBytes(Clock::TimePoint now, qint64 unsent) const
 {
     if (m_unsentAtCheck == 0)

@@ -16,10 +16,10 @@ public:
     void begin(Clock::TimePoint now);
     /// \a bytes were written to the socket.
     void noteWritten(qint64 bytes) { m_writtenSinceCheck += bytes; }
-    /// \a bytes were received. \a isSameFrame: all of them belong to the frame that was already
-    /// arriving.
+    /// \a bytes were received. \a isSameFrame says whether all of them belong to the frame that was
+    /// already arriving.
     void noteReceived(qint64 bytes, bool isSameFrame, Clock::TimePoint now);
-    /// When the frame that is arriving, or the last one, made progress.
+    /// When the current frame, or else the last one, made progress.
     Clock::TimePoint lastFrameProgress() const { return m_incoming.lastProgress(); }
 
     enum class Action {
@@ -27,7 +27,7 @@ public:
         Ping,
         Disconnect
     };
-    /// What to do now. \a unsent is the number of bytes that wait in the socket.
+    /// Returns what to do now. \a unsent is the number of bytes that wait in the socket.
     Action check(Clock::TimePoint now, qint64 unsent);
     /// When to check again.
     Clock::TimePoint nextCheck() const { return m_nextCheck; }

@@ -5,8 +5,8 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Asks the device of \a channel what became of the request \a id. Blocks until the device answers,
-/// at most 10 s.
+/// Asks the device of \a channel for the outcome of the request \a id. Blocks until the device
+/// answers, at most 10 s.
 RequestOutcome queryOutcome(DeviceChannel &channel, const Wire::RequestId &id);
 
 } // namespace Tavoro::SSProxy::Internal

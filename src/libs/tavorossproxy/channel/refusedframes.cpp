@@ -8,7 +8,7 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Interval between two lines of the log.
+/// Shortest interval between two log lines.
 constexpr std::chrono::seconds logInterval(1);
 
 } // namespace

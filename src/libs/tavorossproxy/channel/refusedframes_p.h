@@ -9,16 +9,16 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Counts and logs the frames of a device that are not valid. On the loop's thread; the count on
-/// any.
+/// Counts and logs invalid frames that a device sends. On the loop's thread, except count(), which
+/// any thread may call.
 class RefusedFrames {
 public:
-    /// \a peerName is called for lines of the log.
+    /// \a peerName returns the device's name for the log.
     RefusedFrames(EventLoop &loop, std::function<QString()> peerName);
 
     /// A frame was refused with \a status.
     void add(quint16 status);
-    /// Logs what was not logged yet. Nothing may be added after.
+    /// Logs the frames that were not logged yet. Do not call add() afterwards.
     void stop() { m_lines.flush(); }
 
     quint64 count() const { return m_count; }

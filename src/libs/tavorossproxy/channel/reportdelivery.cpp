@@ -10,7 +10,7 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Interval between two lines of the log.
+/// Shortest interval between two log lines.
 constexpr std::chrono::seconds logInterval(1);
 
 } // namespace
@@ -29,7 +29,7 @@ ReportDelivery::ReportDelivery(std::shared_ptr<EventLoop> loop, const ChannelOpt
       m_droppedLines(*loop, logInterval, [this](quint64 count) { logDropped(count); })
 { }
 
-/// Reports may be released on any thread, and after the channel.
+/// Reports may be released on any thread, and after the channel was destroyed.
 std::function<void()> ReportDelivery::makeWake(std::shared_ptr<EventLoop> loop) const
 {
     const auto deliver = [presence = std::weak_ptr<ReportDelivery *>(m_presence)] {

@@ -14,7 +14,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Delivers the reports of a device to their handler, counts them, and logs how many were dropped.
+/// Delivers the reports of a device to a handler, counts them, and logs how many were dropped.
 ///
 /// | member              | thread                                                   |
 /// |---------------------|----------------------------------------------------------|
@@ -24,12 +24,13 @@ class ReportDelivery {
 public:
     using Handler = ReportQueue::Receiver;
 
-    /// \a peerName is called for lines of the log.
+    /// \a peerName returns the device's name for the log.
     ReportDelivery(std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
                    std::function<QString()> peerName, Handler handler);
 
     void take(Wire::FrameEvent &&report);
-    /// Drops the reports that wait, and logs what was not logged yet. Nothing may be taken after.
+    /// Drops the waiting reports, and logs the dropped reports that were not logged yet. Do not
+    /// call take() afterwards.
     void stop();
 
     quint64 delivered() const { return m_delivered; }

@@ -56,7 +56,7 @@ int ReportQueue::take(const PacketHead &head, std::string body)
 void ReportQueue::deliverWaiting()
 {
     while (!m_waiting.empty()) {
-        // Set before the check for room: a thread that makes room in between sees it.
+        // Set before the check: a thread that releases a report in between sees it.
         m_pending->isAwaited = true;
         if (!hasRoom())
             return;
@@ -76,7 +76,7 @@ void ReportQueue::dropWaiting()
     m_waitingBytes = 0;
 }
 
-/// One report may always be pending, however long it is.
+/// One report may always be pending, regardless of its size.
 bool ReportQueue::hasRoom() const
 {
     return m_pending->count == 0

@@ -15,22 +15,22 @@ namespace Tavoro::SSProxy::Internal {
 /// pending until the last reference to it is released; further reports wait in their order.
 ///
 /// When too many wait, one is dropped: the oldest for which a newer one of the same code waits, or
-/// if there is none, the oldest of all. So the latest report of every code arrives, and many
-/// reports of one code do not displace the others.
+/// the oldest of all if there is none. So many reports of one code do not displace those of other
+/// codes, and the latest report of a code is kept as long as possible.
 ///
 /// On the thread of the channel's loop. Reports may be released on any thread.
 class ReportQueue {
 public:
     struct Limits {
-        int count = 0; ///< Pending reports; as many may wait.
-        qint64 bytes = 0; ///< Bytes of the bodies of pending reports; as many may wait.
+        int count = 0; ///< Most pending reports; as many more may wait.
+        qint64 bytes = 0; ///< Most bytes in pending reports; as many more may wait.
     };
     using Receiver = std::function<void(std::shared_ptr<IDeviceCommand> report)>;
 
     /// \a wake is called on any thread when deliverWaiting() can deliver a report.
     ReportQueue(const Limits &limits, Receiver receiver, std::function<void()> wake);
 
-    /// Delivers the report or lets it wait. Returns how many reports were dropped for it.
+    /// Delivers the report, or queues it. Returns how many reports were dropped.
     int take(const PacketHead &head, std::string body);
     void deliverWaiting();
     void dropWaiting();

@@ -9,8 +9,8 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Pause between two packets after which an exchange counts as abandoned: the longest time that a
-/// packet may take by default.
+/// Pause between two packets after which an exchange counts as abandoned. Equals the default
+/// timeout of a packet.
 constexpr std::chrono::seconds longestPause(10);
 
 } // namespace
@@ -110,7 +110,7 @@ SplitPlaces::TimePoint SplitPlaces::abandonedAt(const Place &place)
     return place.paused == TimePoint::max() ? place.paused : place.paused + longestPause;
 }
 
-/// It may find a place now, or a nearer time until which to wait.
+/// The caller may find a free place, or must wait for an earlier time than before.
 void SplitPlaces::wakeFirst()
 {
     if (!m_waiting.empty())

@@ -23,7 +23,8 @@ StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
     // Not make_shared: pending timers hold weak_ptrs, which would keep the whole allocation alive
     // until they fire.
     std::shared_ptr<StreamChannel> channel(new StreamChannel(peerName, std::move(loop), options));
-    // The loop shares the channel while it works for it, so callers share a handle that stops it.
+    // The loop holds references to the channel, so callers get a handle whose last release stops
+    // it.
     StreamChannel *const address = channel.get();
     const std::shared_ptr<StreamChannel> handle(
         address, [channel](StreamChannel *) mutable { std::exchange(channel, {})->stopChannel(); });
@@ -61,7 +62,7 @@ void StreamChannel::start(std::unique_ptr<ByteStream> stream,
     if (!stream)
         return stopAccepting(NotInitialized, tr("it has no address"));
     m_link = std::make_unique<ChannelLink>(std::move(stream), m_loop->clock(), m_options, *this);
-    linkConnecting(); // so that a request at once gets the same status as a later one
+    linkConnecting(); // so that a request before the link starts gets the same status
     const bool isPosted = m_loop->post([self = shared_from_this()] {
         self->m_loop->attach(self);
         if (self->m_link)
@@ -171,7 +172,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
 {
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
-    request.head().lables = 0; // the tag of an earlier exchange would be taken for this one's
+    request.head().lables = 0; // a refused request must not show the tag of an earlier exchange
     if (m_loop->isCurrentThread())
         return makeResponse(request.head(), CalledOnChannelThread);
     const auto ticket = m_exchanges.begin(request, deadline);
@@ -185,7 +186,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     postSending();
     auto response = m_exchanges.await(ticket.head, deadline);
 
-    const quint64 connection = m_connections; // read first: a newer connection is left alone
+    const quint64 connection = m_connections; // read first: a newer one must not be closed
     if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
         closeConnection(connection, tr("it owes too many answers"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
@@ -222,8 +223,8 @@ bool StreamChannel::hasStalled() const
         && m_loop->clock().now() - progress >= m_options.stalledAnswerTimeout;
 }
 
-/// Called on a caller's thread. The channel is not ready from here on, so that waitUntilReady()
-/// waits for the new connection.
+/// Called on a caller's thread. Makes the channel not ready at once, so that waitUntilReady() waits
+/// for the next connection.
 void StreamChannel::closeConnection(quint64 connection, const QString &reason)
 {
     {
@@ -240,7 +241,7 @@ void StreamChannel::closeConnection(quint64 connection, const QString &reason)
     });
 }
 
-/// For good. \a refusal is the status of requests from now on, and of those in flight.
+/// Stops permanently. Requests in flight and all later ones end with \a refusal.
 void StreamChannel::stopAccepting(quint16 refusal, const QString &reason)
 {
     {
@@ -346,7 +347,7 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
         event.status == 0 && hasCode(event.head, Wire::LinkCommand::Control);
     if (isAboutControl)
         m_control->take(event);
-    // A frame of a kind that a device does not send was probably meant as an answer.
+    // A frame of a kind that devices do not send is probably meant as an answer.
     if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
         m_exchanges.settle(std::move(event), m_options.maxPacketCount);
         m_loop->expectCall();

@@ -18,7 +18,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A channel over any stream of bytes.
+/// A channel over a stream of bytes.
 ///
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
@@ -39,9 +39,9 @@ public:
         std::function<void(std::weak_ptr<DeviceChannel>, std::shared_ptr<IDeviceCommand>)>;
     using ControlHandler = std::function<void(std::weak_ptr<DeviceChannel>, bool isMaster)>;
 
-    /// Begins to connect and returns at once. Without a stream the channel is never opened.
+    /// Begins to connect and returns at once. If \a stream is null, the channel never connects.
     /// \a peerName is the device's name for users. \a handler gets reports, and \a controlHandler,
-    /// which may be empty, what isMasterControl() has changed to; both on the thread of \a loop.
+    /// which may be empty, the changed isMasterControl(); both are called on the thread of \a loop.
     /// The channel stops when the last reference to it is released.
     static std::shared_ptr<StreamChannel> open(const QString &peerName,
                                                std::unique_ptr<ByteStream> stream,
@@ -105,11 +105,11 @@ private:
     std::unique_ptr<ReportDelivery> m_reports; ///< Set before the channel is used.
     std::unique_ptr<ChannelLink> m_link;
     RefusedFrames m_refusedFrames;
-    bool m_holdsConnection = false; ///< The loop counts this channel's connection.
+    bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
-    /// When the unfinished frame that arrives last made progress; the epoch if there is none.
+    /// When the unfinished incoming frame last made progress; the epoch if there is none.
     std::atomic<Clock::TimePoint> m_lastFrameProgress{Clock::TimePoint()};
 
     mutable std::mutex m_mutex; // only m_exchanges is called while it is held

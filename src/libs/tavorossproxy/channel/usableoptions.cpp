@@ -8,10 +8,10 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Tags that a request can have.
+/// Number of tags that a request can have.
 constexpr int tagCount = 255;
 
-/// Longest body of a frame: a QByteArray of Qt 5 holds no frame of 2 GiB.
+/// Longest body of a frame: a QByteArray of Qt 5 cannot hold a frame of 2 GiB.
 constexpr quint32 mostBodySize = 1u << 30;
 
 } // namespace
@@ -25,7 +25,7 @@ ChannelOptions usableOptions(ChannelOptions options)
           &ChannelOptions::keepAliveInterval, &ChannelOptions::keepAliveTimeout,
           &ChannelOptions::stalledAnswerTimeout})
         options.*time = std::clamp(options.*time, Milliseconds(1), Milliseconds(longestTime));
-    // At least one ping is sent before the connection is closed.
+    // Ensures that at least one ping is sent before the connection is closed.
     options.keepAliveTimeout = std::max(options.keepAliveTimeout, 2 * options.keepAliveInterval);
     options.maxRequestTime = std::max(options.maxRequestTime, Milliseconds(1));
     options.maxBodySize = std::min(options.maxBodySize, mostBodySize);

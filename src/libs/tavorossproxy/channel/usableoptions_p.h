@@ -4,7 +4,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// \a options with values outside their ranges replaced as ChannelOptions says.
+/// Returns \a options with values out of range replaced as ChannelOptions documents.
 ChannelOptions usableOptions(ChannelOptions options);
 
 } // namespace Tavoro::SSProxy::Internal

@@ -39,12 +39,12 @@ void DeviceTracker::noteSeen(const ProtoModel::DeviceBaseInfo &device)
 {
     const std::string key = ProtoModel::identityKey(device);
     if (key.empty() || followKnown(key, device))
-        return; // without a key it cannot be distinguished from others
+        return; // known, or without a key that distinguishes it from other devices
     if (const AnyChannel channel = findInManager(key)) {
         m_known[key] = channel;
         follow(channel, device);
     } else if (const AnyChannel unidentified = findBoundFor(device)) {
-        follow(unidentified, device); // which device it has is known once it has connected
+        follow(unidentified, device); // its device is known once it has connected
     } else {
         open(key, device);
     }
@@ -67,8 +67,8 @@ bool DeviceTracker::followKnown(const std::string &key, const ProtoModel::Device
     if (!m_channels->contains(channel)) {
         const AnyChannel other = findInManager(key);
         if (!other)
-            return true; // the channel was removed, so the device stays away
-        known->second = other; // the application has opened its own
+            return true; // the channel was removed, and the device gets no new one
+        known->second = other; // the application has opened another channel
         follow(other, device);
         return true;
     }
@@ -106,7 +106,7 @@ void DeviceTracker::follow(const AnyChannel &channel, const ProtoModel::DeviceBa
 {
     const auto network = std::dynamic_pointer_cast<NetworkChannel>(channel);
     if (!network || network->isHardwareReadFinished())
-        return; // a device with two addresses would move to and fro
+        return; // otherwise a device with two addresses would switch between them
     if (network->deviceBaseInfo().ip != device.ip)
         m_channels->noteMove(network);
     network->moveTo(QString::fromStdString(device.ip), device.tcpPort);

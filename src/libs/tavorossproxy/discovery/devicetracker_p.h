@@ -21,7 +21,7 @@ public:
     /// Opens a channel to the device.
     using Opener =
         std::function<Channel(const ProtoModel::DeviceBaseInfo &device, const ChannelOptions &)>;
-    /// Gets each channel that was opened, after it was added to the manager.
+    /// Called for each opened channel, after it was added to the manager.
     using OpenedHandler = std::function<void(const Channel &channel)>;
 
     DeviceTracker(std::shared_ptr<ChannelRegistry> channels, Opener opener, OpenedHandler handler);

@@ -92,7 +92,7 @@ void DiscoveryQuery::receive(const QString &address, std::string_view datagram)
             qCDebug(channelLog) << "Ignored a discovery answer from" << address << error.c_str();
         return;
     }
-    device.ip = address.toStdString(); // after address translation the device reports another one
+    device.ip = address.toStdString(); // with address translation the device reports another one
     m_handler(device);
 }
 

@@ -13,8 +13,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Sends discovery requests at an interval, and hands over the identity of each device that
-/// answers.
+/// Sends discovery requests at an interval, and passes on the identity of each device that answers.
 ///
 /// | member           | thread     |
 /// |------------------|------------|
@@ -25,8 +24,8 @@ class DiscoveryQuery final : public std::enable_shared_from_this<DiscoveryQuery>
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::DiscoveryQuery)
 
 public:
-    /// Gets each answer, on the loop's thread. The device's \c ip is the address that the answer
-    /// came from.
+    /// Called for each answer, on the loop's thread. \c ip of the device is the address that the
+    /// answer came from.
     using AnswerHandler = std::function<void(const ProtoModel::DeviceBaseInfo &device)>;
 
     /// With an \a interval of 0, requests are sent only by start() and sendNow().
@@ -37,7 +36,7 @@ public:
     /// for them.
     bool start(AnswerHandler handler, QString &error);
     void stop();
-    /// Sends requests now, besides those of the interval.
+    /// Sends requests now, in addition to those at the interval.
     void sendNow();
 
 private:

@@ -9,7 +9,8 @@
 namespace Tavoro::SSProxy::Internal {
 
 /// Runs a DiscoveryQuery while discovery is started, and passes its answers to the DeviceTracker.
-/// The tracker outlives each query, so a device keeps its channel when discovery is restarted.
+/// The tracker outlives the queries, so that a device keeps its channel when discovery is
+/// restarted.
 ///
 /// | member                  | thread     |
 /// |-------------------------|------------|
@@ -17,14 +18,14 @@ namespace Tavoro::SSProxy::Internal {
 /// | others                  | the loop's |
 class DiscoveryService final : public std::enable_shared_from_this<DiscoveryService> {
 public:
-    /// Makes a socket that is not open yet.
+    /// Creates a socket, without opening it.
     using SocketFactory = std::function<std::unique_ptr<DatagramSocket>()>;
 
     DiscoveryService(std::shared_ptr<EventLoop> loop, SocketFactory makeSocket,
                      std::shared_ptr<DeviceTracker> tracker);
 
     /// Starts discovery, or continues it with other \a options. On failure logs the reason and
-    /// continues with the options before.
+    /// continues with the previous options.
     void start(const DiscoveryOptions &options);
     void stop();
     /// Readmits removed devices, and sends requests now if discovery is started.

@@ -6,7 +6,7 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Limit for the memory of a search: a peer may answer under any number of identities.
+/// Limits the memory of a search: a peer may answer under any number of identities.
 constexpr std::size_t mostDevices = 1024;
 
 } // namespace

@@ -11,16 +11,15 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Collects the devices that answer a query, and hands them over to a waiting thread. Any thread.
+/// Collects the devices that answer a query, for a thread that waits for them. Any thread.
 class FoundDevices {
 public:
     /// Adds a device, unless it was added before or there are too many.
     void add(const ProtoModel::DeviceBaseInfo &device);
-    /// Ends await() with \a error.
+    /// Makes await() end with \a error.
     void fail(const QString &error);
-    /// Waits until \a time has passed or \a enough devices were added (0: until the time has
-    /// passed), and returns the devices. After fail() returns at once, with its sentence in \a
-    /// error.
+    /// Waits until \a time has passed or, unless \a enough is 0, until that many devices were
+    /// added. Returns the devices. After fail() returns at once, with the reason in \a error.
     std::vector<ProtoModel::DeviceBaseInfo> await(std::chrono::milliseconds time, int enough,
                                                   QString &error);
 

@@ -9,7 +9,7 @@ namespace Tavoro::SSProxy::Internal {
 /// Returns the discovery service of the process; null before ensureDiscovery(). Any thread.
 std::shared_ptr<DiscoveryService> runningDiscovery();
 
-/// Returns the discovery service on the running thread of the channels, and makes it if there is
+/// Returns the discovery service on the current thread of the channels, and creates it if there is
 /// none. Any thread.
 std::shared_ptr<DiscoveryService> ensureDiscovery();
 

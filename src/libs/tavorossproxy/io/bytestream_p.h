@@ -9,8 +9,8 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A stream of bytes to a peer, with one connection at a time. Calls and events are on the loop's
-/// thread, where the stream is destroyed too.
+/// A stream of bytes to a peer, with one connection at a time. It is used, emits its events and is
+/// destroyed on the loop's thread.
 class ByteStream {
 public:
     class Events {

@@ -7,7 +7,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Calls that wait for a thread, in the order in which they were added.
+/// Calls that wait to run on a thread, in the order in which they were added.
 ///
 /// | member             | thread                                                |
 /// |--------------------|-------------------------------------------------------|

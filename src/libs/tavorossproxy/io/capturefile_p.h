@@ -20,9 +20,9 @@ public:
     /// failure.
     bool open(QString &error);
     void close();
-    /// Returns the number of a further channel, from 1.
+    /// Returns a number for a further channel, from 1.
     int addChannel();
-    /// Appends a line, and ends the capture with a line in the log if it cannot be written.
+    /// Appends a line. If it cannot be written, logs that and ends the capture.
     void write(int channel, Wire::CaptureEvent event, std::string_view bytes = {});
 
     /// Returns the running capture, or null.

@@ -6,7 +6,7 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Longest time that is waited for; longer ones could overflow the clock.
+/// Longest timeout or pause; longer ones could overflow the clock.
 constexpr std::chrono::hours longestTime(24);
 
 /// The clock of timeouts and pauses. Any thread.
@@ -16,8 +16,7 @@ public:
 
     virtual ~Clock() = default;
     virtual TimePoint now() const = 0;
-    /// Waits until \a condition is notified or \a deadline is reached; may return early without a
-    /// reason.
+    /// Waits until \a condition is notified or \a deadline is reached; may also return early.
     virtual void waitUntil(std::condition_variable &condition, std::unique_lock<std::mutex> &lock,
                            TimePoint deadline) = 0;
 };

@@ -12,7 +12,7 @@ namespace Tavoro::SSProxy::Internal {
 /// Sends and receives datagrams. Used and destroyed on the loop's thread.
 class DatagramSocket {
 public:
-    /// Gets each datagram. \a address is the sender's, as text.
+    /// Called for each datagram. \a address is that of the sender, as text.
     using Receiver = std::function<void(const QString &address, std::string_view datagram)>;
 
     virtual ~DatagramSocket() = default;

@@ -16,7 +16,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | connections                             | the loop's   |
 class EventLoop {
 public:
-    /// An object that lives on the thread.
+    /// An object that works on the thread.
     class User {
     public:
         /// The thread ends after this call.
@@ -34,11 +34,12 @@ public:
     /// ended.
     virtual bool post(std::function<void()> call) = 0;
 
-    /// Announces that a caller has got its answer and may post the next request at once.
+    /// Announces that a caller has received its answer and may post its next request soon.
     virtual void expectCall() { }
     /// Runs \a call at \a time.
     virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
-    /// Keeps \a user alive, and calls its loopEnding(), until it is detached.
+    /// Keeps \a user alive until it is detached, and calls its loopEnding() if the thread ends
+    /// before.
     virtual void attach(std::shared_ptr<User> user) = 0;
     virtual void detach(const User *user) = 0;
 

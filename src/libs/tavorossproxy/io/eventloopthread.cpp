@@ -21,7 +21,7 @@ struct RunningThread {
     std::shared_ptr<EventLoopThread> thread; // guarded by mutex
 };
 
-/// Never destroyed: the thread may be stopped as late as at the end of the process.
+/// Never destroyed: the thread may be stopped at the very end of the process.
 RunningThread &running()
 {
     static auto *const running = new RunningThread;
@@ -126,7 +126,7 @@ void EventLoopThread::detach(const User *user)
                   m_users.end());
 }
 
-/// Calls that were posted before still run; later ones are refused.
+/// Runs the calls that were posted before, and refuses later ones.
 void EventLoopThread::end()
 {
     {

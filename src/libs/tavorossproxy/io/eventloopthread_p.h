@@ -25,7 +25,7 @@ class EventLoopThread final : public QObject, public EventLoop {
 
 public:
     /// Returns the thread of this process, and starts it if it is not running. It ends with the
-    /// application object, at the latest with the manager.
+    /// application object, or at the latest with the manager.
     static std::shared_ptr<EventLoopThread> instance();
     /// Ends the running thread, if there is one, and waits until it has ended.
     static void stop();
@@ -42,8 +42,8 @@ public:
     void detach(const User *user) override;
 
 private:
-    /// The thread spins for an expected call before it blocks: waking the thread takes about as
-    /// long as a typical caller needs between two requests.
+    /// State of spinning: the thread spins for an expected call before it blocks, since waking it
+    /// takes about as long as a typical caller needs between two requests.
     struct SpinWait {
         bool isActive = false; ///< The thread spins, so post() need not wake it.
         bool isWorthwhile = true; ///< The last expected call came in time.

@@ -34,7 +34,7 @@ void RateLimiter::flush()
         m_state->handler(counted);
 }
 
-/// A report at the end of an interval begins the next one.
+/// Reporting a count at the end of an interval begins the next interval.
 void RateLimiter::beginInterval(EventLoop &loop, const std::shared_ptr<State> &state)
 {
     state->isWithinInterval = true;

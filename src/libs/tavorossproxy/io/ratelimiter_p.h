@@ -14,15 +14,15 @@ namespace Tavoro::SSProxy::Internal {
 /// rest, and reports the count when the interval ends. On the loop's thread.
 class RateLimiter {
 public:
-    /// Gets the number of events that were not let through, which is never 0.
+    /// Called with the number of events that were not let through, which is never 0.
     using CountHandler = std::function<void(quint64 count)>;
 
-    /// \a handler is not called after the limiter was destroyed.
+    /// The limiter does not call \a handler after its destruction.
     RateLimiter(EventLoop &loop, std::chrono::milliseconds interval, CountHandler handler);
 
     /// Returns true if the event may happen now; otherwise counts it.
     bool passes();
-    /// Counts \a number events that do not happen now.
+    /// Counts \a number events without letting one through.
     void count(quint64 number);
     /// Reports the count at once instead of at the end of the interval.
     void flush();

@@ -9,7 +9,7 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Longer than the packets of common devices, so that a packet is read in one piece with its head.
+/// Longer than the packets of common devices, so that one read returns a packet with its head.
 constexpr std::size_t receivedAtOnce = 128u << 10;
 
 /// Most reads in a row before other sockets are served. The socket emits readyRead() again if more
@@ -51,9 +51,9 @@ void TcpStream::close()
     m_socket.release()->deleteLater();
 }
 
-/// An unbuffered socket that meets a lost connection while it sends emits no signal, stops reading,
-/// and logs a warning for each further write. The caller gets streamClosed() later, not within
-/// its call.
+/// If an unbuffered socket finds while it sends that the connection is lost, it emits no signal,
+/// stops reading, and logs a warning for each further write. So the failure is handled here.
+/// streamClosed() is called later, not within the caller's call.
 void TcpStream::write(const QByteArray &bytes)
 {
     if (!m_socket || m_hasFailed || m_socket->write(bytes) >= 0)

@@ -13,7 +13,7 @@ class QTcpSocket;
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A stream over TCP. Each connection has a socket of its own.
+/// A stream over TCP. Uses a new socket for each connection.
 class TcpStream final : public ByteStream {
 public:
     TcpStream(const QString &host, quint16 port);
@@ -34,9 +34,10 @@ private:
     QString m_host;
     quint16 m_port;
     Events *m_events = nullptr; ///< Receiver of the last connection's events; outlives it.
-    std::unique_ptr<QTcpSocket> m_socket; ///< Null when there is neither connection nor attempt.
+    std::unique_ptr<QTcpSocket> m_socket; ///< Null without a connection and an attempt.
     bool m_hasFailed = false; ///< A write has failed; streamClosed() follows.
-    /// Context of delayed calls, which must end with the stream: a closed socket lives longer.
+    /// Context of delayed calls, which must not run after the stream was destroyed. The socket
+    /// cannot be the context: a closed one may live longer.
     std::unique_ptr<QObject> m_presence;
     std::vector<char> m_received; ///< Receive buffer, reused so that it stays in the cache.
 };

@@ -38,7 +38,7 @@ bool UdpSocket::open(Receiver receiver, QString &error)
 void UdpSocket::send(const QString &address, quint16 port, const QByteArray &datagram)
 {
     const QHostAddress target(address);
-    // Qt would send a datagram without a valid address to this machine.
+    // Qt would send a datagram with an invalid address to this machine.
     if (target.protocol() != QAbstractSocket::IPv4Protocol)
         qCDebug(channelLog) << "Cannot send a discovery request to" << address
                             << "as it is not an IPv4 address";

@@ -8,7 +8,7 @@ class QUdpSocket;
 
 namespace Tavoro::SSProxy::Internal {
 
-/// Datagrams over UDP and IPv4.
+/// Sends and receives datagrams over UDP and IPv4.
 class UdpSocket final : public DatagramSocket {
 public:
     UdpSocket();

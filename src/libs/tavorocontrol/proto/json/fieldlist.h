@@ -8,8 +8,8 @@ namespace ajson {
 
 /// The names of a record's fields, as views into the text that declares them.
 ///
-/// Commas, white space or both separate the names. The text is parsed at compile time: there is one
-/// list per record, and nothing to initialise.
+/// Commas, white space or both separate the names. The text is parsed at compile time, so the list
+/// of a record needs no initialisation.
 class FieldList {
 public:
     static constexpr std::size_t maxSize = 64;
@@ -27,7 +27,8 @@ public:
         }
     }
 
-    /// Number of names; more than \c maxSize if some were left out.
+    /// Number of names in the text. If it is more than \c maxSize, the list holds only the first
+    /// ones.
     constexpr std::size_t size() const noexcept { return m_size; }
     constexpr std::string_view operator[](std::size_t i) const noexcept { return m_names[i]; }
 

@@ -8,8 +8,8 @@
 
 namespace ajson {
 
-/// The one exception of the codec. It exists between the tokeniser and \c decodeRecord only, which
-/// turns it into its error text.
+/// The only exception of the codec. The tokeniser and the readers throw it; \c decodeRecord catches
+/// it and returns its text.
 class TAVOROPROTO_EXPORT exception : public std::exception {
 public:
     explicit exception(std::string message) : m_message(std::move(message)) { }

@@ -144,7 +144,7 @@ void JsonReader::skipBlanks() noexcept
         ++m_cursor;
 }
 
-// True after a line comment, false when a block comment runs to the end of the input.
+// Returns true after a line comment, false if a block comment runs to the end of the input.
 // Kept: a block comment that is closed is an error.
 bool JsonReader::skipComment()
 {
@@ -235,7 +235,7 @@ bool JsonReader::scanFraction()
     return true;
 }
 
-// False also if the number ends after its "e".
+// Returns false also if the number ends after its "e".
 // Kept: a plus sign after the "e" begins the next token.
 bool JsonReader::scanExponent()
 {

@@ -11,11 +11,11 @@ namespace ajson {
 
 /// Splits a text into tokens.
 ///
-/// The state is the cursor and the current token. Line and column are computed on demand, by
-/// reading the text again, so that they cost nothing while there is no error.
+/// The state consists of the cursor and the current token. Line and column are computed only on
+/// request, by reading the text again, so that they cost nothing without an error.
 class TAVOROPROTO_EXPORT JsonReader {
 public:
-    /// A length by which only the terminating NUL ends the input.
+    /// Pass this length if only the terminating NUL ends the input.
     static constexpr std::size_t untilNul = std::numeric_limits<std::size_t>::max();
 
     /// Places the cursor before the first token of \a text, which must outlive the reader and end
@@ -27,11 +27,11 @@ public:
     /// Kept: a block comment that runs to the end of the input leaves the previous token current.
     void next();
 
-    /// Makes the token at \a place current. The token before it, if there is one, ends exactly
+    /// Makes the token at \a place current. The previous token, if there is one, must end exactly
     /// there; this reader need not have read it.
     void nextAt(const char *place);
 
-    /// Throws \a words with the line and the column of the cursor.
+    /// Throws an exception with \a words and with the line and column of the cursor.
     [[noreturn]] void fail(const char *words) const;
 
     /// Lines and columns both count from 0.

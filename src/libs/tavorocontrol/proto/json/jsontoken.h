@@ -5,7 +5,7 @@
 
 namespace ajson {
 
-/// Kind of a token. The values are ordered: those below \c symbol hold a value.
+/// Kind of a token. The order matters: the kinds before \c symbol hold a value.
 enum class JsonTokenKind : std::uint8_t {
     word = 0, ///< A quoted string or a bare word; the readers treat both alike.
     negativeInteger = 1, ///< A number that begins with a minus sign, without point or exponent.
@@ -17,13 +17,13 @@ enum class JsonTokenKind : std::uint8_t {
 
 /// A view of one token in the caller's text.
 struct JsonToken {
-    const char *text = nullptr; ///< First character; of a quoted string, the one after the quote.
-    std::size_t length = 0; ///< In bytes, escapes still in place, quotes not counted.
+    const char *text = nullptr; ///< First character; in a quoted string, the one after the quote.
+    std::size_t length = 0; ///< In bytes, with escapes unchanged and without quotes.
     JsonTokenKind kind = JsonTokenKind::word;
     bool negative = false; ///< The number began with a minus sign, which \c value does not hold.
     union {
         std::uint64_t integer;
-        double real; ///< Of a \c floatNumber.
+        double real; ///< For a \c floatNumber.
     } value = {0};
 
     bool isSymbol(char symbol) const noexcept

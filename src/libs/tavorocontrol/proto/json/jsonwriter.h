@@ -6,11 +6,11 @@
 
 namespace ajson {
 
-/// The buffer of one encode.
+/// The buffer into which one value is encoded.
 ///
-/// A write reserves the bytes that it may need and puts them without further checks. If they do not
-/// fit after the bytes already written, a larger buffer replaces this one, rounded up to whole
-/// steps. It is at least twice as large as the one before, so that the bytes that are copied stay
+/// A write reserves the space that it may need, and then writes without further checks. If the
+/// space does not suffice, a larger buffer replaces the current one. Its size is rounded up to
+/// whole steps and is at least twice the former size, so that the bytes that are copied stay
 /// proportional to the text.
 class TAVOROPROTO_EXPORT JsonWriter {
 public:
@@ -31,7 +31,7 @@ public:
     std::size_t capacity() const noexcept { return static_cast<std::size_t>(limit - start); }
 
     char *start;
-    char *cursor; ///< After the last byte that is known to be written.
+    char *cursor; ///< Place after the last written byte, as of the last update.
     char *limit;
 
 private:

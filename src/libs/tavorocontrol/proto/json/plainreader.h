@@ -1,7 +1,7 @@
 #pragma once
 
 // The fast path: values and keys in the form in which devices and this library write them, without
-// blanks, escapes, points or exponents. Any other form is left to the tokeniser.
+// blanks, escapes, points or exponents. The tokeniser reads any other form.
 
 #include <tavorocontrol/proto/json/recordfields.h>
 #include <tavorocontrol/proto/json/textscan.h>
@@ -13,7 +13,7 @@
 
 namespace ajson {
 
-/// The bytes at \a at as a word; they need not be aligned.
+/// Returns the bytes at \a at as a word; they need not be aligned.
 template <class Word>
 Word loadWord(const char *at) noexcept
 {
@@ -34,7 +34,7 @@ bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
     return difference == 0;
 }
 
-/// True if the text at \a at is the key of the field.
+/// Returns true if the text at \a at is the key of the field.
 template <class Record, std::size_t Field>
 bool startsWithKey(const char *at, const char *end) noexcept
 {
@@ -46,7 +46,7 @@ bool startsWithKey(const char *at, const char *end) noexcept
 
 /// \name Plain values
 /// Each function reads the value at \a at and returns the place after it, or returns null and
-/// leaves \a value unchanged. They rely on the NUL that ends the input.
+/// leaves \a value unchanged. The functions rely on the NUL that ends the input.
 /// @{
 
 template <class Integer>

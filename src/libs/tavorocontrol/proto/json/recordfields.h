@@ -60,7 +60,7 @@ struct MemberTypesOf {
 template <class Class, class Result, class Argument>
 Class classOf(Result (Class::*member)(Argument) const);
 
-/// Whether a record declares its keys itself. A record that inherits the list would be written
+/// Whether a record declares its own field list. A record that only inherits one would be written
 /// without its own members.
 template <class Record>
 struct HasOwnFields

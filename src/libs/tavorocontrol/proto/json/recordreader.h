@@ -45,7 +45,7 @@ Q_ALWAYS_INLINE Place readScalar(JsonReader &reader, Place at, Value &value)
     return after ? after : readToken(reader, at, value);
 }
 
-/// How far the fields of a record have been read.
+/// Progress of reading the fields of a record.
 struct Progress {
     Place at; ///< Where the next key is expected; after the record if there is none.
     std::size_t expected; ///< The field whose key should come next.
@@ -63,7 +63,7 @@ Q_ALWAYS_INLINE void takeSeparator(JsonReader &reader, Progress &progress)
     }
 }
 
-/// Reads the field if its key comes next. True if another field follows it.
+/// Reads the field if its key comes next. Returns true if another field follows it.
 template <class Record, std::size_t Field, class Member>
 Q_ALWAYS_INLINE bool readExpectedField(JsonReader &reader, Progress &progress, Member &member)
 {
@@ -152,8 +152,8 @@ Place readObject(JsonReader &reader, Place at, Record &record)
     }
 }
 
-/// True if an element that begins with \a c can be appended before its first token is fetched: the
-/// first token of a record or a vector is a symbol and cannot fail.
+/// Returns true if an element that begins with \a c can be appended before its first token is
+/// fetched: the first token of a record or a vector is a symbol and cannot fail.
 template <class Element>
 bool beginsElement(char c)
 {

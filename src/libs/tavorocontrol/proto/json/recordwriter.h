@@ -7,8 +7,7 @@
 
 namespace ajson {
 
-/// The size of the longest text of a value; 0 if there is no such bound, as for strings and
-/// vectors.
+/// The size of the longest text of a value; 0 if the size is unbounded, as for strings and vectors.
 template <class Value>
 constexpr std::size_t maxTextSize();
 

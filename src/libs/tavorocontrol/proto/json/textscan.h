@@ -1,6 +1,6 @@
 #pragma once
 
-// Searches of text, eight bytes at a time.
+// Functions that search a text, eight bytes at a time.
 
 #include <cstdint>
 #include <cstring>

@@ -7,11 +7,11 @@ namespace ajson {
 
 struct Utf8CodePoint {
     std::uint32_t value;
-    std::size_t length; ///< In bytes. 0 where no well-formed sequence begins.
+    std::size_t length; ///< In bytes; 0 if the sequence is malformed.
 };
 
-/// What a lead byte says of its sequence: the length, and between which bounds the second byte
-/// lies, which rules out overlong forms, surrogates and what is beyond U+10FFFF.
+/// What the first byte of a sequence determines: the length, and the bounds of the second byte. The
+/// bounds exclude overlong forms, surrogates and code points above U+10FFFF.
 struct Utf8Lead {
     std::size_t length;
     unsigned char secondMin;

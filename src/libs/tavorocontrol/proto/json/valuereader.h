@@ -1,6 +1,6 @@
 #pragma once
 
-// The exact path: records and values by their tokens.
+// The exact path: reads records and values token by token.
 
 #include <tavorocontrol/proto/export.h>
 #include <tavorocontrol/proto/json/jsonreader.h>
@@ -26,12 +26,12 @@ inline void fetch(JsonReader &reader, Place at)
 /// The cursor does not move.
 /// @{
 
-/// A field takes the low bits of either integer, without a range check.
+/// A field stores the low bits of the integer, without a range check.
 TAVOROPROTO_EXPORT std::uint64_t unsignedValue(const JsonReader &reader);
 TAVOROPROTO_EXPORT std::uint64_t signedValue(const JsonReader &reader);
 TAVOROPROTO_EXPORT bool boolValue(const JsonReader &reader);
 
-/// After a bad escape, \a value holds the text before it.
+/// If an escape is invalid, \a value holds the text before it.
 TAVOROPROTO_EXPORT void stringValue(const JsonReader &reader, std::string &value);
 
 /// @}
@@ -42,8 +42,8 @@ TAVOROPROTO_EXPORT void requireSymbol(JsonReader &reader, Place at, char symbol,
 /// Takes the current token as a key, makes the colon after it current, and returns the key.
 TAVOROPROTO_EXPORT std::string_view takeKey(JsonReader &reader);
 
-/// Fetches the next token. True if it is the comma after a field or an element, false if it closes
-/// the record or the vector; throws for any other token.
+/// Fetches the next token. Returns true if it is the comma after a field or an element, false if it
+/// closes the record or the vector; throws for any other token.
 TAVOROPROTO_EXPORT bool takeFieldSeparator(JsonReader &reader, Place at);
 TAVOROPROTO_EXPORT bool takeElementSeparator(JsonReader &reader, Place at);
 
