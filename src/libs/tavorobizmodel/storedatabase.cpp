@@ -14,7 +14,7 @@ namespace Tavoro::BizModel {
 namespace {
 
 constexpr int schemaVersion = 2;
-constexpr int applicationId = 0x54565253; ///< Tells a store from other SQLite files.
+constexpr int applicationId = 0x54565253; ///< Marks a store among other SQLite files.
 constexpr int lockWait =
     10000; ///< Milliseconds until a file that another process uses is given up.
 constexpr int corruptFile = 11; ///< SQLite's own result codes.

@@ -16,7 +16,7 @@ constexpr quint16 protocolVersion = 1;
 enum class FrameKind : quint8 {
     Request = 1, ///< Client to device, answered by one response.
     Response = 2, ///< Device to client.
-    Report = 3, ///< Device to client, unasked, never answered.
+    Report = 3, ///< Device to client, unsolicited, never answered.
     IdentityRequest = 4, ///< Client to device, the first frame of a connection.
     IdentityAnswer = 5, ///< Device to client.
     Ping = 6, ///< Either way, answered by a pong at once.
@@ -36,7 +36,7 @@ enum class ChecksumIndex : quint8 {
 ///  0  u16  flag            54 56
 ///  2  u8   version         1
 ///  3  u8   lables          tag of the exchange, 0 outside of exchanges
-///  4  u32  bodyLength      bytes behind the head
+///  4  u32  bodyLength      bytes after the head
 ///  8  u8   status          0 success, 1 to 255 refused; responses only
 ///  9  u8   checksumIndex   ChecksumIndex
 /// 10  u8   kind            FrameKind

@@ -27,8 +27,8 @@ public:
 
     QStringList lines() const;
     void clear();
-    /// Adds a line of the test's own.
-    void tell(const QString &line);
+    /// Adds a line from the test.
+    void add(const QString &line);
 
 private:
     void fetchLogLines() const;

@@ -158,7 +158,7 @@ void FaultBench::checkStoreFollowed() const
 bool FaultBench::readDevice()
 {
     using BizModel::DeviceList;
-    m_told = std::make_unique<StoreSignals>();
+    m_storeSignals = std::make_unique<StoreSignals>();
     m_storedMeanwhile.clear();
     QObject watcher; // on the thread of the synchronisation, which waits meanwhile
     QObject::connect(
@@ -169,7 +169,7 @@ bool FaultBench::readDevice()
 
 bool FaultBench::awaitSave() const
 {
-    return QTest::qWaitFor([this] { return !m_told->saved.isEmpty(); });
+    return QTest::qWaitFor([this] { return !m_storeSignals->saved.isEmpty(); });
 }
 
 bool FaultBench::synchronise()

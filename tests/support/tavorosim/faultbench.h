@@ -83,7 +83,7 @@ private:
     StoredModel m_store;
     QStringList m_rowsBefore; ///< Of model and store.
     QList<QStringList> m_storedMeanwhile; ///< At each line of the status bar.
-    std::unique_ptr<StoreSignals> m_told; ///< Since the last synchronisation began.
+    std::unique_ptr<StoreSignals> m_storeSignals; ///< Since the last synchronisation began.
     Resources m_resourcesBefore{};
     quint64 m_connections = 0; ///< At the last fault.
 };

@@ -66,9 +66,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void lossOfControlIsToldAndRefusesOperations();
+    void lossOfControlIsReportedAndRefusesOperations();
     void requestForControlNamesWhoHoldsIt();
-    void forcedControlIsToldAndRefusesTheOther();
+    void forcedControlIsReportedAndRefusesTheOther();
 
 private:
     bool freeze(QString &error)
@@ -116,7 +116,7 @@ int tst_ControlLoopback::otherWrites()
     return m_other->sendSyncRequest(command)->status;
 }
 
-void tst_ControlLoopback::lossOfControlIsToldAndRefusesOperations()
+void tst_ControlLoopback::lossOfControlIsReportedAndRefusesOperations()
 {
     QCOMPARE(otherWrites(), 0);
     QTRY_COMPARE(m_reported->of(m_client->channel), States{false});
@@ -145,7 +145,7 @@ void tst_ControlLoopback::requestForControlNamesWhoHoldsIt()
     QVERIFY(error.endsWith(QLatin1Char('.')));
 }
 
-void tst_ControlLoopback::forcedControlIsToldAndRefusesTheOther()
+void tst_ControlLoopback::forcedControlIsReportedAndRefusesTheOther()
 {
     QCOMPARE(otherWrites(), 0);
     QTRY_COMPARE(m_reported->of(m_client->channel), States{false});

@@ -176,9 +176,9 @@ private Q_SLOTS:
 void tst_FaultRules::ruleIsReadAndWritten_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("told");
-    const auto row = [](const char *text, const char *told) {
-        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(told);
+    QTest::addColumn<QString>("written");
+    const auto row = [](const char *text, const char *written) {
+        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(written);
     };
     row("silent", "silent");
     row("status=255", "status=255");
@@ -200,11 +200,11 @@ void tst_FaultRules::ruleIsReadAndWritten_data()
 void tst_FaultRules::ruleIsReadAndWritten()
 {
     QFETCH(QString, text);
-    QFETCH(QString, told);
+    QFETCH(QString, written);
     QString error;
     const auto read = parseFaultRule(text, error);
     QVERIFY2(read, qPrintable(error));
-    QCOMPARE(toText(*read), told);
+    QCOMPARE(toText(*read), written);
 }
 
 void tst_FaultRules::invalidRulesAreRefused_data()

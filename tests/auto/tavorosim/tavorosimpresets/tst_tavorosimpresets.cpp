@@ -219,9 +219,9 @@ void tst_TavoroSimPresets::refusalsChangeNothing_data()
     QTest::newRow("EDID of no interface")      << 0xFA0B << R"([{"fileId":1,"fileType":12,"interfaceId":{"slotId":99}}])"               << 3;
     QTest::newRow("apply no preset")           << 0x1501 << R"([{"fileId":9,"fileType":6}])"                                            << 3;
     QTest::newRow("apply in no way")           << 0x1501 << R"([{"fileId":5,"fileType":6,"applyType":2}])"                              << 4;
-    QTest::newRow("apply what is no preset")   << 0x1501 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
+    QTest::newRow("apply a non-preset")        << 0x1501 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
     QTest::newRow("apply no project")          << 0x1601 << R"([{"fileId":9,"fileType":9}])"                                            << 3;
-    QTest::newRow("apply what is no project")  << 0x1601 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
+    QTest::newRow("apply a non-project")       << 0x1601 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
     QTest::newRow("apply JSON without end")    << 0x1601 << R"([{"fileId":5,"fileType":6})"                                             << 2;
     // clang-format on
 }
