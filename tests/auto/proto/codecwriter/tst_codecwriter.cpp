@@ -83,7 +83,7 @@ private Q_SLOTS:
     void malformedTextEndsTheStringWithoutAnError();
     void textOfEveryLengthIsWrittenCompletely();
     void bufferGrowsInWholeStepsAndKeepsItsContent();
-    void writeThatFitsKeepsItsPlace();
+    void writeThatFitsDoesNotMoveTheBuffer();
     void largeWriteGetsItsSpaceInOneStep();
     void previousTextIsReplaced();
     void largeBodiesAreWrittenAndReadCompletely();
@@ -239,7 +239,7 @@ void tst_CodecWriter::bufferGrowsInWholeStepsAndKeepsItsContent()
     QVERIFY(at == writer.start + 1024);
 }
 
-void tst_CodecWriter::writeThatFitsKeepsItsPlace()
+void tst_CodecWriter::writeThatFitsDoesNotMoveTheBuffer()
 {
     ajson::JsonWriter writer;
     char *const start = writer.start;

@@ -23,8 +23,8 @@ class tst_CaptureReplay : public QObject {
 
 private Q_SLOTS:
     void captureIsPlayedBackAsADevice();
-    void whatWentWrongGoesWrongAgain_data();
-    void whatWentWrongGoesWrongAgain();
+    void recordedFaultsArePlayedBack_data();
+    void recordedFaultsArePlayedBack();
     void keptWritesArePlayedBack();
     void keptSplitAnswerAndReportArePlayedBack();
 };
@@ -44,7 +44,7 @@ void tst_CaptureReplay::captureIsPlayedBackAsADevice()
     QCOMPARE(device.surprises(), 0);
 }
 
-void tst_CaptureReplay::whatWentWrongGoesWrongAgain_data()
+void tst_CaptureReplay::recordedFaultsArePlayedBack_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<int>("status");
@@ -87,7 +87,7 @@ void readTwice(quint16 port)
 } // namespace
 
 /// A read that falls under a fault and one after it, on a device and then on its capture.
-void tst_CaptureReplay::whatWentWrongGoesWrongAgain()
+void tst_CaptureReplay::recordedFaultsArePlayedBack()
 {
     QFETCH(QString, fault);
     QTemporaryDir folder;

@@ -177,8 +177,8 @@ class tst_FaultOperations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyCell_data();
-    void everyCell();
+    void everyCellHolds_data();
+    void everyCellHolds();
     void cleanupTestCase();
 
 private:
@@ -210,7 +210,7 @@ void tst_FaultOperations::cleanupTestCase()
     m_bench.reset();
 }
 
-void tst_FaultOperations::everyCell_data()
+void tst_FaultOperations::everyCellHolds_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("column");
@@ -220,7 +220,7 @@ void tst_FaultOperations::everyCell_data()
     }
 }
 
-void tst_FaultOperations::everyCell()
+void tst_FaultOperations::everyCellHolds()
 {
     QFETCH(int, row);
     QFETCH(int, column);

@@ -73,8 +73,8 @@ private Q_SLOTS:
 
     void wholeDeviceIsSynchronised();
     void reportsChangeTheModel();
-    void answerThatBrokeOffIsTooShort();
-    void lostConnectionIsMadeAnew();
+    void truncatedAnswerIsTooShort();
+    void channelReconnectsAfterALostConnection();
     void writeUnderTheControlOfOthersIsRefused();
     void splitAnswerIsJoined();
 };
@@ -151,7 +151,7 @@ void tst_RecordedCaptures::reportsChangeTheModel()
     QCOMPARE(played.device.unplayed(), 0);
 }
 
-void tst_RecordedCaptures::answerThatBrokeOffIsTooShort()
+void tst_RecordedCaptures::truncatedAnswerIsTooShort()
 {
     Played played("halfanswer");
     QString error;
@@ -162,7 +162,7 @@ void tst_RecordedCaptures::answerThatBrokeOffIsTooShort()
     QCOMPARE(played.device.unplayed(), 0);
 }
 
-void tst_RecordedCaptures::lostConnectionIsMadeAnew()
+void tst_RecordedCaptures::channelReconnectsAfterALostConnection()
 {
     Played played("lost");
     QString error;

@@ -21,11 +21,11 @@ private Q_SLOTS:
 
     void wholeDeviceIsInTheModel();
     void objectsKnowEachOther();
-    void contentsComeByteForByte();
+    void contentsArriveByteForByte();
     void smallPacketsMakeNoDifference();
     void writesReachTheModelWithTheNextSynchronisation();
     void reportsChangeWhatWasRead();
-    void reportsComeWhileTheDeviceIsReadAgain();
+    void reportsArriveWhileTheDeviceIsReadAgain();
     void deviceThatGoesAwayIsOffline();
     void twoDevicesAreReadAtOnce();
 };
@@ -117,7 +117,7 @@ void tst_SyncSimulated::objectsKnowEachOther()
     QCOMPARE(outputs, 8);
 }
 
-void tst_SyncSimulated::contentsComeByteForByte()
+void tst_SyncSimulated::contentsArriveByteForByte()
 {
     const MessageCatcher quiet;
     using namespace std::string_literals;
@@ -186,7 +186,7 @@ void tst_SyncSimulated::reportsChangeWhatWasRead()
 }
 
 // Whatever was reported in the meantime: in the end the model holds what the device is.
-void tst_SyncSimulated::reportsComeWhileTheDeviceIsReadAgain()
+void tst_SyncSimulated::reportsArriveWhileTheDeviceIsReadAgain()
 {
     const MessageCatcher quiet;
     SimulatedSync sync;

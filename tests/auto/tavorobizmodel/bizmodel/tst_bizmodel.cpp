@@ -39,7 +39,7 @@ private Q_SLOTS:
     void interfaceKnowsItsScreenAndTheLayersThatShowIt();
     void objectsThatOutliveTheirDeviceHaveNoRelations();
 
-    void activeScreenGoesWithItsScreen();
+    void clearingTheDeviceClearsTheActiveScreen();
     void activeScreenIsAlwaysOneOfTheDevice();
     void multiviewerScreenBecomesTheActiveMultiviewer();
     void layoutOfMultiviewerOutlivesClearing();
@@ -199,7 +199,7 @@ void tst_BizModel::objectsThatOutliveTheirDeviceHaveNoRelations()
     QCOMPARE(screen->detail().screenZeLK.enable, 1);
 }
 
-void tst_BizModel::activeScreenGoesWithItsScreen()
+void tst_BizModel::clearingTheDeviceClearsTheActiveScreen()
 {
     const auto device = ModelRecords::device();
     QVERIFY(device->activedScreen().expired());

@@ -14,9 +14,9 @@ class tst_BizModelBuild : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void soundDataLeaveTheErrorAlone();
-    void identityThatOccursTwiceIsReportedAndTheFirstTaken();
-    void missingOutputIsReportedAndTheScreenTaken();
+    void validDataLeaveTheErrorUnchanged();
+    void duplicateIdentityIsReportedAndTheFirstIsUsed();
+    void missingOutputIsReportedAndTheScreenIsCreated();
     void layerOnAMissingScreenIsReportedAndLeftOut();
     void manyFaultsAreCounted();
     void reportedSlotsAreTakenFromTheDetail();
@@ -29,7 +29,7 @@ private Q_SLOTS:
     void ownCropOfTheInterfaceFollowsToo();
 };
 
-void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
+void tst_BizModelBuild::validDataLeaveTheErrorUnchanged()
 {
     const auto device = ModelRecords::device();
     QString error = QStringLiteral("from before");
@@ -41,7 +41,7 @@ void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
     QCOMPARE(error, QStringLiteral("from before"));
 }
 
-void tst_BizModelBuild::identityThatOccursTwiceIsReportedAndTheFirstTaken()
+void tst_BizModelBuild::duplicateIdentityIsReportedAndTheFirstIsUsed()
 {
     const auto device = ModelRecords::device();
     QString error;
@@ -70,7 +70,7 @@ void tst_BizModelBuild::identityThatOccursTwiceIsReportedAndTheFirstTaken()
     QCOMPARE(device->findGroup("g")->groupName, std::string("a"));
 }
 
-void tst_BizModelBuild::missingOutputIsReportedAndTheScreenTaken()
+void tst_BizModelBuild::missingOutputIsReportedAndTheScreenIsCreated()
 {
     const auto device = ModelRecords::device();
     QString error;

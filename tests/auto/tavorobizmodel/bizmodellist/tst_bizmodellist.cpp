@@ -37,7 +37,7 @@ private Q_SLOTS:
     void deviceOfTheSameIdentityIsReplaced();
     void deviceThatMovedKeepsItsCropsWithoutASignal();
     void devicesWithoutNumbersAreDistinguishedByAddress();
-    void nullIsNotTaken();
+    void nullIsNotAppended();
     void removedDeviceIsGone();
     void thereIsNoSaverWithoutAStore();
     void everyTypeInSignalsIsRegistered();
@@ -170,7 +170,7 @@ void tst_BizModelList::devicesWithoutNumbersAreDistinguishedByAddress()
     QCOMPARE(list->devices().size(), 2);
 }
 
-void tst_BizModelList::nullIsNotTaken()
+void tst_BizModelList::nullIsNotAppended()
 {
     QVERIFY(DeviceList::instance()->append(nullptr).expired());
     QVERIFY(DeviceList::instance()->devices().isEmpty());

@@ -13,8 +13,8 @@ class tst_BizModelRecords : public QObject {
 
 private Q_SLOTS:
     void everyFieldThatWasReadIsKept();
-    void everyFieldComesBackInTheNextRun();
-    void whatWasReportedComesBackInTheNextRun();
+    void everyFieldIsRestoredInTheNextRun();
+    void reportedStateIsRestoredInTheNextRun();
 };
 
 namespace {
@@ -80,7 +80,7 @@ void tst_BizModelRecords::everyFieldThatWasReadIsKept()
     QCOMPARE(held.files, QStringList(valueOf(file)));
 }
 
-void tst_BizModelRecords::everyFieldComesBackInTheNextRun()
+void tst_BizModelRecords::everyFieldIsRestoredInTheNextRun()
 {
     const QTemporaryDir folder;
     const QString store = folder.filePath(QStringLiteral("devices.sqlite"));
@@ -94,7 +94,7 @@ void tst_BizModelRecords::everyFieldComesBackInTheNextRun()
     QCOMPARE(ModelText(*model.onlyDevice()).all(), ModelText(*device).all());
 }
 
-void tst_BizModelRecords::whatWasReportedComesBackInTheNextRun()
+void tst_BizModelRecords::reportedStateIsRestoredInTheNextRun()
 {
     const QTemporaryDir folder;
     const QString store = folder.filePath(QStringLiteral("devices.sqlite"));

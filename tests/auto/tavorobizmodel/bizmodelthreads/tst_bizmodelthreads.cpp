@@ -53,8 +53,8 @@ class tst_BizModelThreads : public QObject {
 private Q_SLOTS:
     void reportsArriveWhileTheDeviceIsRebuilt();
     void relationsAreFollowedWhileTheDeviceIsRebuilt();
-    void deviceGoesWhileItsObjectsAreUsed();
-    void devicesComeAndGoWhileTheyAreLookedUp();
+    void deviceIsDestroyedWhileItsObjectsAreUsed();
+    void devicesAreAddedAndRemovedDuringLookups();
 };
 
 void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
@@ -117,7 +117,7 @@ void tst_BizModelThreads::relationsAreFollowedWhileTheDeviceIsRebuilt()
     QCOMPARE(device->layers().size(), 2);
 }
 
-void tst_BizModelThreads::deviceGoesWhileItsObjectsAreUsed()
+void tst_BizModelThreads::deviceIsDestroyedWhileItsObjectsAreUsed()
 {
     for (int round = 0; round < 50; ++round) {
         auto device = ModelRecords::device();
@@ -134,7 +134,7 @@ void tst_BizModelThreads::deviceGoesWhileItsObjectsAreUsed()
     }
 }
 
-void tst_BizModelThreads::devicesComeAndGoWhileTheyAreLookedUp()
+void tst_BizModelThreads::devicesAreAddedAndRemovedDuringLookups()
 {
     auto *const list = BizModel::DeviceList::instance();
     const auto device = ModelRecords::device(1);

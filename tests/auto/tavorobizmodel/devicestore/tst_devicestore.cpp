@@ -36,8 +36,8 @@ private Q_SLOTS:
 
     void nothingIsTouchedUntilAStoreIsOpened();
     void deviceOfTheLastRunIsOffline();
-    void everythingOfADeviceComesBack();
-    void everyByteOfARecordComesBack();
+    void wholeDeviceIsRestored();
+    void everyByteOfARecordIsRestored();
     void onlyChangedRowsAreWritten();
     void removedObjectsAreRemovedFromTheStore();
     void orderOfTheDeviceIsKept();
@@ -96,7 +96,7 @@ void tst_DeviceStore::deviceOfTheLastRunIsOffline()
              model.onlyDevice());
 }
 
-void tst_DeviceStore::everythingOfADeviceComesBack()
+void tst_DeviceStore::wholeDeviceIsRestored()
 {
     const auto device = ModelRecords::device();
     device->setName(QString::fromUtf8("J\xC3\xBCrgen's \"box\"\\"));
@@ -135,7 +135,7 @@ void tst_DeviceStore::everythingOfADeviceComesBack()
 }
 
 // Text of a device is bytes: it need not be valid UTF-8.
-void tst_DeviceStore::everyByteOfARecordComesBack()
+void tst_DeviceStore::everyByteOfARecordIsRestored()
 {
     const std::string screen = "Wall \xF0\x9F\x93\xBA north";
     std::string everyByte;

@@ -61,9 +61,9 @@ private Q_SLOTS:
     void initTestCase() { FaultyVfs::install(); }
 
     void damagedFileIsReplacedOnceTheDiskHasRoom();
-    void damageThatLoadingDoesNotMeetIsFound();
+    void damagedIndexIsFoundWhenTheStoreIsOpened();
     void indexDamagedWhileOpenIsCreatedAgain();
-    void journalOfADamagedFileGoesWithIt();
+    void journalOfADamagedFileIsRenamedWithIt();
     void damagedFileThatCannotBeRenamedIsLeftAlone();
     void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
 };
@@ -102,7 +102,7 @@ void tst_DeviceStoreDamage::damagedFileIsReplacedOnceTheDiskHasRoom()
     }
 }
 
-void tst_DeviceStoreDamage::damageThatLoadingDoesNotMeetIsFound()
+void tst_DeviceStoreDamage::damagedIndexIsFoundWhenTheStoreIsOpened()
 {
     const MessageCatcher quiet;
     const QTemporaryDir folder;
@@ -138,7 +138,7 @@ void tst_DeviceStoreDamage::indexDamagedWhileOpenIsCreatedAgain()
     QCOMPARE(stateOf(*model.onlyDevice()), New);
 }
 
-void tst_DeviceStoreDamage::journalOfADamagedFileGoesWithIt()
+void tst_DeviceStoreDamage::journalOfADamagedFileIsRenamedWithIt()
 {
     const MessageCatcher quiet;
     const QTemporaryDir folder;

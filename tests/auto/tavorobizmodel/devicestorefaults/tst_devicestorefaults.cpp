@@ -52,7 +52,7 @@ private Q_SLOTS:
     void fullDiskIsReportedAndTheSaveRetried();
     void failedSaveWaitsForItsTimeOrTheEnd();
     void fullDiskLeavesTheLastCompleteSave();
-    void fileThatCanOnlyBeReadIsRefused();
+    void readOnlyFileIsRefused();
 };
 
 void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne_data()
@@ -185,7 +185,7 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     QVERIFY(failed > 3);
 }
 
-void tst_DeviceStoreFaults::fileThatCanOnlyBeReadIsRefused()
+void tst_DeviceStoreFaults::readOnlyFileIsRefused()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("devices.sqlite"));

@@ -26,7 +26,7 @@ private Q_SLOTS:
     void folderThatCannotBeCreatedIsReported();
 
     void schemaVersionIsKept();
-    void rowIsTheRecordInItsOwnFormat();
+    void rowHoldsTheRecordInTheFormatOfTheStore();
     void fileOfALaterVersionIsLeftAlone();
     void fileOfAnEarlierVersionIsSetAside();
     void fileOfAnotherKindIsLeftAlone();
@@ -37,8 +37,8 @@ private Q_SLOTS:
     void damagedRowIsWrittenAgainByTheNextSave();
     void rowThatIsNotARecordIsSetAside_data();
     void rowThatIsNotARecordIsSetAside();
-    void fieldThatIsNotKnownIsSkipped();
-    void fieldThatIsMissingKeepsItsDefault();
+    void unknownFieldIsSkipped();
+    void missingFieldKeepsItsDefault();
     void deviceWhoseIdentityIsDamagedKeepsTheRest();
 
 private:
@@ -90,7 +90,7 @@ void tst_DeviceStoreFile::schemaVersionIsKept()
              QStringList(QStringLiteral("2")));
 }
 
-void tst_DeviceStoreFile::rowIsTheRecordInItsOwnFormat()
+void tst_DeviceStoreFile::rowHoldsTheRecordInTheFormatOfTheStore()
 {
     const auto device = ModelRecords::device();
     QString error;
@@ -308,7 +308,7 @@ void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside()
 }
 
 // A later version of the records has fields that this one has not.
-void tst_DeviceStoreFile::fieldThatIsNotKnownIsSkipped()
+void tst_DeviceStoreFile::unknownFieldIsSkipped()
 {
     {
         const StoredModel model(file());
@@ -337,7 +337,7 @@ void tst_DeviceStoreFile::fieldThatIsNotKnownIsSkipped()
     QCOMPARE(caught.damagedRecords, QStringList());
 }
 
-void tst_DeviceStoreFile::fieldThatIsMissingKeepsItsDefault()
+void tst_DeviceStoreFile::missingFieldKeepsItsDefault()
 {
     {
         const StoredModel model(file());

@@ -23,8 +23,8 @@ private Q_SLOTS:
     void reportOfAnUnknownDeviceOnlyLogs_data();
     void reportOfAnUnknownDeviceOnlyLogs();
     void stoppedReportsAreDropped();
-    void stopComesBeforeTheLookup();
-    void unknownDeviceComesBeforeTheStop();
+    void stopIsCheckedBeforeTheCode();
+    void deviceIsLookedUpBeforeTheStopIsChecked();
     void unknownCodeIsLogged_data();
     void unknownCodeIsLogged();
 
@@ -118,7 +118,7 @@ void tst_AutoReportManager::stoppedReportsAreDropped()
     QCOMPARE(heldPowers(it), std::string(powersThen));
 }
 
-void tst_AutoReportManager::stopComesBeforeTheLookup()
+void tst_AutoReportManager::stopIsCheckedBeforeTheCode()
 {
     Reported it;
     AutoReportManager::instance()->setIsStopAutoReport(true);
@@ -131,7 +131,7 @@ void tst_AutoReportManager::stopComesBeforeTheLookup()
                              .arg(QLatin1String(identity))));
 }
 
-void tst_AutoReportManager::unknownDeviceComesBeforeTheStop()
+void tst_AutoReportManager::deviceIsLookedUpBeforeTheStopIsChecked()
 {
     Reported it;
     const ScriptedDevice unknown(8);

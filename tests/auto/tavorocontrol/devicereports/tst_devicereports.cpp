@@ -18,8 +18,8 @@ private Q_SLOTS:
     void undecodableReportsFail();
     void reportsOnAMissingDeviceFail_data();
     void reportsOnAMissingDeviceFail();
-    void decodingComesBeforeTheDevice_data();
-    void decodingComesBeforeTheDevice();
+    void bodyIsDecodedBeforeTheDeviceIsChecked_data();
+    void bodyIsDecodedBeforeTheDeviceIsChecked();
     void everyGroupReachesTheModel();
     void switchOfTheRelationsIsNotApplied();
     void missingCutoutChannelsKeepTheirDefaults();
@@ -172,12 +172,12 @@ void tst_DeviceReports::reportsOnAMissingDeviceFail()
     QCOMPARE(path.takeLines(), row->goneLine ? textLines({row->goneLine}) : QStringList());
 }
 
-void tst_DeviceReports::decodingComesBeforeTheDevice_data()
+void tst_DeviceReports::bodyIsDecodedBeforeTheDeviceIsChecked_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::decodingComesBeforeTheDevice()
+void tst_DeviceReports::bodyIsDecodedBeforeTheDeviceIsChecked()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;

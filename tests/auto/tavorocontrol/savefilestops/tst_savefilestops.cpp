@@ -44,7 +44,7 @@ private Q_SLOTS:
     void waitForStopWaitsUntilTheQueueIsEmpty();
     void waitForStopOnAnEmptyQueueLogsOnce();
 
-    void idleWorkerWakesAndGoesBackToWaiting();
+    void idleWorkerWakesAndWaitsAgain();
     void resultIsFalseUntilTheWorkerHasEnded();
     void resultIsTrueAlthoughNothingCouldBeWritten();
     void piecesForAClosedFileAreDropped();
@@ -142,7 +142,7 @@ void tst_SaveFileStops::waitForStopOnAnEmptyQueueLogsOnce()
     QCOMPARE(contentOf(path("f")), QByteArray());
 }
 
-void tst_SaveFileStops::idleWorkerWakesAndGoesBackToWaiting()
+void tst_SaveFileStops::idleWorkerWakesAndWaitsAgain()
 {
     if (!FastClock::isPossible())
         QSKIP("takes ten seconds here");

@@ -31,8 +31,8 @@ private Q_SLOTS:
     void missingChannelMakesTheDeviceOffline();
     void missingChannelDoesNotChangeTheName();
     void offlineMessageIsTranslated();
-    void failedModelSteps_data();
-    void failedModelSteps();
+    void failedModelStepsAreReported_data();
+    void failedModelStepsAreReported();
     void everyModelStepFailsByItself();
     void deviceWithoutAddressDoesNotReachTheModel();
 };
@@ -315,14 +315,14 @@ const std::vector<ModelRow> modelRows = {
 
 } // namespace
 
-void tst_SyncDeviceModel::failedModelSteps_data()
+void tst_SyncDeviceModel::failedModelStepsAreReported_data()
 {
     QTest::addColumn<int>("row");
     for (std::size_t i = 0; i < modelRows.size(); ++i)
         QTest::newRow(modelRows[i].name) << int(i);
 }
 
-void tst_SyncDeviceModel::failedModelSteps()
+void tst_SyncDeviceModel::failedModelStepsAreReported()
 {
     QFETCH(const int, row);
     const ModelRow &step = modelRows[std::size_t(row)];

@@ -19,7 +19,7 @@ private Q_SLOTS:
     void secondTypeOfPresetsWaitsForTheFirst();
     void layersOfEveryScreenAreGathered();
     void firstFailedScreenEndsTheReadOfLayers();
-    void previewWaitsForTheProgramme();
+    void previewIsNotReadIfTheProgrammeFails();
     void layersOfAMissingScreenOrDeviceAreNotRead();
     void contentsOfAMissingDeviceAreNotRead();
 };
@@ -139,7 +139,7 @@ void tst_SyncPartReads::firstFailedScreenEndsTheReadOfLayers()
                             "Get layer detail information failed: hardware error:6 ."));
 }
 
-void tst_SyncPartReads::previewWaitsForTheProgramme()
+void tst_SyncPartReads::previewIsNotReadIfTheProgrammeFails()
 {
     PartReads it;
     it.channel->reply(0x1400, ScriptedAnswer::refusal(6));

@@ -18,7 +18,7 @@ private Q_SLOTS:
     void screensOfOtherTypesDoNotBecomeActive_data();
     void screensOfOtherTypesDoNotBecomeActive();
     void withoutOrdinaryScreensNoneIsActive();
-    void activeScreenIsOneOfTheDeviceAlsoWhenTheFormerIsHeld();
+    void activeScreenIsReplacedEvenIfACallerHoldsTheOldOne();
     void layoutsOfMultiviewersAreKeptById();
     void layoutsAreKeptAlsoWhenTheModelForgetsThem();
 };
@@ -102,7 +102,7 @@ void tst_SyncScreens::withoutOrdinaryScreensNoneIsActive()
     QVERIFY(it.task.isSyncSucess());
 }
 
-void tst_SyncScreens::activeScreenIsOneOfTheDeviceAlsoWhenTheFormerIsHeld()
+void tst_SyncScreens::activeScreenIsReplacedEvenIfACallerHoldsTheOldOne()
 {
     Synchronised it;
     it.run();

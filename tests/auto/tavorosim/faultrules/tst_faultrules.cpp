@@ -164,13 +164,13 @@ private Q_SLOTS:
     void everyFaultHasACase();
     void eachFaultSendsItsBytes_data();
     void eachFaultSendsItsBytes();
-    void firstRuleThatFitsIsTaken();
+    void firstMatchingRuleApplies();
     void rulesWithoutCodeSpareTheIdentity();
     void countAndSkipAreUsedUp();
     void shareDependsOnTheSeed();
     void shareAppliesAfterSkip();
     void anotherRequestsTagIsUsed();
-    void swappedPacketsComeInEachOthersPlace();
+    void swappedPacketsAreDeliveredInReverseOrder();
 };
 
 void tst_FaultRules::ruleIsReadAndWritten_data()
@@ -302,7 +302,7 @@ void tst_FaultRules::eachFaultSendsItsBytes()
     QCOMPARE(connection.ask(readRequest()).bytes.toHex().toUpper(), QByteArray(rightAnswer));
 }
 
-void tst_FaultRules::firstRuleThatFitsIsTaken()
+void tst_FaultRules::firstMatchingRuleApplies()
 {
     Connection connection{"status=3,code=0x1101", "status=4", "status=5"};
     QCOMPARE(int(headOf(connection.ask(readRequest(), 0x1100)).status), 4);
@@ -364,7 +364,7 @@ void tst_FaultRules::anotherRequestsTagIsUsed()
     QCOMPARE(int(head.code()), 0x1100);
 }
 
-void tst_FaultRules::swappedPacketsComeInEachOthersPlace()
+void tst_FaultRules::swappedPacketsAreDeliveredInReverseOrder()
 {
     Connection connection({"swap-packets,skip=1,count=1"}, 4);
     QCOMPARE(packetOf(connection.ask(readRequest(2))), QStringLiteral("2/0/0"));

@@ -38,20 +38,20 @@ class tst_TavorosimFaults : public QObject {
 private Q_SLOTS:
     void consoleAddsListsAndClears();
     void commandLineTakesRulesAndTheSeed();
-    void seedDecidesWhichExchangesGoWrong();
-    void rightAndWrongAnswersOnTheWire();
+    void seedDeterminesWhichExchangesFail();
+    void ruleAppliesToTheSelectedExchangeOnly();
     void requestsThatAreNotCarriedOutChangeNothing_data();
     void requestsThatAreNotCarriedOutChangeNothing();
     void requestsThatAreCarriedOutChangeTheDevice_data();
     void requestsThatAreCarriedOutChangeTheDevice();
-    void lateAnswersComeAfterOthers();
+    void lateAnswersArriveAfterOthers();
     void deviceThatStopsReadingReadsOnWhenCleared();
     void deviceThatStopsReadingLeavesFurtherRequests();
     void pauseWithATimeEndsByItself();
-    void timeOfAPauseThatWasEndedEndsNoLaterOne();
+    void timerOfAClearedPauseDoesNotEndTheNextOne();
     void rebootedDeviceHasTheSavedSetup();
-    void floodComesBeforeTheAnswer();
-    void largestFloodComesWhole();
+    void floodArrivesBeforeTheAnswer();
+    void largestFloodArrivesCompletely();
     void identityFaultsNeedItsName();
 };
 
@@ -93,7 +93,7 @@ void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
                  "tavorosim: \"loud\" is not a valid value for --fault: unknown fault: \"loud\"."));
 }
 
-void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
+void tst_TavorosimFaults::seedDeterminesWhichExchangesFail()
 {
     const auto statuses = [](quint32 seed) {
         SimOptions options;
@@ -109,7 +109,7 @@ void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
     QVERIFY(statuses(7) != statuses(8));
 }
 
-void tst_TavorosimFaults::rightAndWrongAnswersOnTheWire()
+void tst_TavorosimFaults::ruleAppliesToTheSelectedExchangeOnly()
 {
     SimOptions options;
     options.faults = {faultRule("status=8,skip=1,count=1")};
@@ -157,7 +157,7 @@ void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice()
     QCOMPARE(swapOf(bench), 0);
 }
 
-void tst_TavorosimFaults::lateAnswersComeAfterOthers()
+void tst_TavorosimFaults::lateAnswersArriveAfterOthers()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
@@ -214,7 +214,7 @@ void tst_TavorosimFaults::pauseWithATimeEndsByItself()
     QVERIFY2(time.elapsed() >= 100, qPrintable(QString::number(time.elapsed())));
 }
 
-void tst_TavorosimFaults::timeOfAPauseThatWasEndedEndsNoLaterOne()
+void tst_TavorosimFaults::timerOfAClearedPauseDoesNotEndTheNextOne()
 {
     SimBench bench;
     pauseReading(bench, 200);
@@ -239,7 +239,7 @@ void tst_TavorosimFaults::rebootedDeviceHasTheSavedSetup()
     QCOMPARE(swapOf(bench), 1);
 }
 
-void tst_TavorosimFaults::floodComesBeforeTheAnswer()
+void tst_TavorosimFaults::floodArrivesBeforeTheAnswer()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100,count=1")).ok);
@@ -248,7 +248,7 @@ void tst_TavorosimFaults::floodComesBeforeTheAnswer()
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1103);
 }
 
-void tst_TavorosimFaults::largestFloodComesWhole()
+void tst_TavorosimFaults::largestFloodArrivesCompletely()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);

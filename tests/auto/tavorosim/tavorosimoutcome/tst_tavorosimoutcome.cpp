@@ -45,7 +45,7 @@ class tst_TavoroSimOutcome : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void requestsAreCountedAsTheyCome();
+    void everyReceivedRequestIsCounted();
     void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
     void connectionsAndClientsAreDistinguished();
@@ -59,7 +59,7 @@ private Q_SLOTS:
     void heldBackPacketIsDone();
 };
 
-void tst_TavoroSimOutcome::requestsAreCountedAsTheyCome()
+void tst_TavoroSimOutcome::everyReceivedRequestIsCounted()
 {
     SimBench bench;
     WireClient &client = *bench.client;

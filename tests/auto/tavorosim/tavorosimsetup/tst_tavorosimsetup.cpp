@@ -13,8 +13,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void savedSetupComesBackWhole();
-    void unsavedSetupDoesNotComeBack();
+    void savedSetupIsRestoredCompletely();
+    void unsavedSetupIsNotRestored();
     void savedNamesMayHoldAnyCharacter();
     void factoryResetIsSaved();
     void factoryResetWithFilesIsOneStep();
@@ -77,7 +77,7 @@ void tst_TavoroSimSetup::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroSimSetup::savedSetupComesBackWhole()
+void tst_TavoroSimSetup::savedSetupIsRestoredCompletely()
 {
     const std::string factory = whole();
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
@@ -89,7 +89,7 @@ void tst_TavoroSimSetup::savedSetupComesBackWhole()
     QCOMPARE(whole(), saved);
 }
 
-void tst_TavoroSimSetup::unsavedSetupDoesNotComeBack()
+void tst_TavoroSimSetup::unsavedSetupIsNotRestored()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     restart();

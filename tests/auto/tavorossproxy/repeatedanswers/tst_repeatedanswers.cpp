@@ -115,7 +115,7 @@ private Q_SLOTS:
     void answerRepeatedAfterOneRoundOfTagsIsSkipped_data();
     void answerRepeatedAfterOneRoundOfTagsIsSkipped();
     void answerRepeatedOnTheNextConnectionIsSkipped();
-    void repeatedAnswerThatBreaksOffEndsNoOtherRequest();
+    void truncatedRepeatedAnswerEndsNoOtherRequest();
 
 private:
     /// The next request has reached the device.
@@ -203,7 +203,7 @@ void tst_RepeatedAnswers::answerRepeatedOnTheNextConnectionIsSkipped()
     QCOMPARE(int(caller.responses().front()->status), 4);
 }
 
-void tst_RepeatedAnswers::repeatedAnswerThatBreaksOffEndsNoOtherRequest()
+void tst_RepeatedAnswers::truncatedRepeatedAnswerEndsNoOtherRequest()
 {
     connectChannel();
     Caller caller(*m_loop, m_channel, &splitWrite, tagCount + 1);
