@@ -84,7 +84,7 @@ bool synchronise(FaultBench &bench, QString & /*error*/)
 
 } // namespace
 
-// The screens are what goes wrong in a synchronisation.
+// In a synchronisation, the read of the screens gets the fault.
 // clang-format off
 const Operation operations[operationCount] = {
     {"read", ",code=DeviceGroupInfo,count=1",
