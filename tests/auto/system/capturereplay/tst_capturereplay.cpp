@@ -69,8 +69,8 @@ void tst_CaptureReplay::recordedFaultsArePlayedBack_data()
 
 namespace {
 
-/// Two reads; of the first one the status, and how often the channel was connected over it and how
-/// many reports came.
+/// Makes two reads. Checks the status of the first one, and the counts of connections and reports
+/// after it.
 void readTwice(quint16 port)
 {
     QFETCH(int, status);
@@ -86,7 +86,7 @@ void readTwice(quint16 port)
 
 } // namespace
 
-/// A read that falls under a fault and one after it, on a device and then on its capture.
+/// Makes a read with a fault and one without, first on a device and then on its capture.
 void tst_CaptureReplay::recordedFaultsArePlayedBack()
 {
     QFETCH(QString, fault);

@@ -257,7 +257,7 @@ void tst_ChannelStatuses::wrongAnswerHasItsStatus()
     QCOMPARE(textOf(status), text);
 }
 
-/// Number, tag and stream are those of the first request, the code is not.
+/// The answer has the number, tag and stream of the first request, but another code.
 void tst_ChannelStatuses::answerToAnotherRequestIsDetected()
 {
     Line line("silent,code=DeviceSwap,count=1");

@@ -1,4 +1,4 @@
-// Sessions with a device that were captured once: what the library makes of each stays what it was.
+// Plays recorded sessions back and checks that the library still interprets them in the same way.
 
 #include <support/tavorobizmodel/modeltext.h>
 #include <support/tavorocontrol/wholeread.h>
@@ -32,7 +32,7 @@ struct Played {
     TcpConnection connection;
 };
 
-/// The bodies that a device answered to a command, one after the other.
+/// The bodies of all answers to a command, in order.
 QString answers(const char *name, quint16 code)
 {
     QFile file(captured(name));

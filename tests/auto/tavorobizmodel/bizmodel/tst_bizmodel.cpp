@@ -222,7 +222,7 @@ void tst_BizModel::activeScreenIsAlwaysOneOfTheDevice()
 
     QString error;
     device->initModelData(std::vector{screen(1, 0), screen(3, 0)}, error);
-    device->setActivedScreen(held); // of before
+    device->setActivedScreen(held); // an object from before
     QVERIFY(device->activedScreen().expired());
     const auto current = device->findScreen(1, 0).lock();
     device->setActivedScreen(current);

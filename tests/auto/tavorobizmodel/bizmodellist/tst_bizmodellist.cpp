@@ -65,7 +65,7 @@ void tst_BizModelList::deviceIsFoundByItsWholeIdentity()
     QVERIFY(!found(ip, mac, QStringLiteral("00000000000000AC")));
 }
 
-// Also when the list has been searched for it before.
+// A previous search for it makes no difference.
 void tst_BizModelList::deviceIsFoundAsSoonAsItIsAppended()
 {
     const auto device = ModelRecords::device();

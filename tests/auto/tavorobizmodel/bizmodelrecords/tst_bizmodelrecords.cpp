@@ -7,7 +7,7 @@
 
 using namespace Tavoro;
 
-/// Records in which no field has its default, through the model and its store.
+/// Passes records in which no field has its default through the model and its store.
 class tst_BizModelRecords : public QObject {
     Q_OBJECT
 
@@ -19,8 +19,8 @@ private Q_SLOTS:
 
 namespace {
 
-/// The text of a record, as the table of values has it; but screens have a type that a mask can
-/// name.
+/// The text of a record from the table of values, except that screens get a type that a mask of
+/// types can name.
 QString valueOf(const char *record)
 {
     const auto rows = dataTable(QStringLiteral("recordvalues.tsv"));

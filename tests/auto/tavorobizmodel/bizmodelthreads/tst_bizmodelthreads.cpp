@@ -46,7 +46,7 @@ void rebuild(BizModel::Device &device)
 
 } // namespace
 
-/// The model under several threads.
+/// Uses the model from several threads.
 class tst_BizModelThreads : public QObject {
     Q_OBJECT
 
@@ -80,7 +80,7 @@ void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
                 file->setTransferProgress({});
         },
     });
-    // Four each for clearing and for building, and three for the reports.
+    // Four for clearing, four for building, three for the reports.
     QCOMPARE(emitted.load(), rounds * 11);
 }
 

@@ -14,7 +14,7 @@
 
 using namespace Tavoro;
 
-/// Where the file of a store lies, and files that are not, or no longer, what a store reads.
+/// The location of the store file, and files that a store cannot read or can no longer read.
 class tst_DeviceStoreFile : public QObject, private StoreFolder {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private Q_SLOTS:
     void deviceWhoseIdentityIsDamagedKeepsTheRest();
 
 private:
-    /// Replaces the body of a row, with the digest that fits it.
+    /// Replaces the body of a row and corrects its digest.
     void writeBody(int kind, const QString &key, const QByteArray &body) const;
 };
 
@@ -213,7 +213,7 @@ void tst_DeviceStoreFile::damagedRowIsSetAsideAndTheOthersLoad()
         model.save(ModelRecords::device(1));
         model.save(ModelRecords::device(2));
     }
-    // One bit of the content of a file is flipped.
+    // Flips one bit in the content of a file.
     query(file(),
           QStringLiteral("UPDATE record SET content = X'610063' WHERE kind = 5 AND device = 2"));
     const StoreSignals caught;
@@ -307,7 +307,7 @@ void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside()
                                               " 000000000001")));
 }
 
-// A later version of the records has fields that this one has not.
+// A later version of the records has fields that this version does not have.
 void tst_DeviceStoreFile::unknownFieldIsSkipped()
 {
     {

@@ -11,7 +11,7 @@
 using namespace Tavoro;
 using Control::AutoReportManager;
 
-/// There is one manager per process: these tests run in the order of its life.
+/// There is one manager per process: these tests follow its life from creation to deletion.
 class tst_AutoReportManager : public QObject {
     Q_OBJECT
 
@@ -188,7 +188,7 @@ void tst_AutoReportManager::deletedManagerHandlesNothing()
 
 void tst_AutoReportManager::noSecondManagerIsCreated()
 {
-    AutoReportManager::instance(); // the first call, when this test runs alone
+    AutoReportManager::instance(); // creates the manager if this test runs alone
     AutoReportManager::deleteInstance();
     QVERIFY(!AutoReportManager::instance());
     QVERIFY(!AutoReportManager::instance());

@@ -88,8 +88,8 @@ private:
 const QStringList readWell =
     textLines({"started 192.0.2.7", "finished 1 '192.0.2.7' '02005E100007' '0123456789ABCD07'"});
 
-/// Calls a function of the test's choice when a synchronisation has looked for the device in the
-/// model and has not filled it yet.
+/// Calls a function of the test after a synchronisation has looked the device up in the model and
+/// before it fills the device.
 class ChannelWithModelStep : public WholeDeviceChannel {
 public:
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const override
@@ -128,7 +128,7 @@ void tst_DeviceList::synchronisationStartsAndFinishes()
     Synchronised it;
     Reading reading;
     QVERIFY(reading.begin());
-    QVERIFY(reading.logged.isEmpty()); // nothing comes before the event loop
+    QVERIFY(reading.logged.isEmpty()); // no signal before the event loop runs
     QTRY_VERIFY(reading.isFinished());
     QCOMPARE(reading.logged, readWell);
     QCOMPARE(reading.error, QString::fromLatin1(before));
@@ -175,7 +175,7 @@ void tst_DeviceList::failedSynchronisationFinishesWithFalse()
     QTRY_VERIFY(reading.isFinished());
     QCOMPARE(reading.logged.last(),
              QStringLiteral("finished 0 '192.0.2.7' '02005E100007' '0123456789ABCD07'"));
-    QCOMPARE(reading.error, QString::fromLatin1(before)); // the reason is in the log
+    QCOMPARE(reading.error, QString::fromLatin1(before)); // the log has the reason
     QCOMPARE(it.lines().last(),
              QStringLiteral(R"(debug: "Sync device model result is 0, device ip is192.0.2.7.")"));
 }
@@ -210,7 +210,7 @@ void tst_DeviceList::secondCallWhileRunningIsAcceptedAndIgnored()
 
     QVERIFY(reading.begin());
     QVERIFY(reading.list->readDeviceDetail(other.model, reading.error));
-    QVERIFY(reading.begin(QStringLiteral("198.51.100.1"))); // one without a channel
+    QVERIFY(reading.begin(QStringLiteral("198.51.100.1"))); // a device without a channel
     const auto stillRunning =
         "warning: Sync device model failed, last sync device is still running.";
     QCOMPARE(it.journal.lines(), textLines({stillRunning, stillRunning, stillRunning}));

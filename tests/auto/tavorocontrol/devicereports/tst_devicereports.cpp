@@ -41,7 +41,7 @@ struct ReportRow {
     const char *name;
     Handler handler;
     const char *body;
-    const char *effect; ///< What the model holds then, as JSON.
+    const char *effect; ///< The part of the model after the report, as JSON.
     std::string (*held)(const BizModel::Device &);
     const char *badBody;
     const char *badText; ///< After "Decode json failed: ".
@@ -201,7 +201,7 @@ void tst_DeviceReports::everyGroupReachesTheModel()
     QCOMPARE(changes.size(), 3);
 }
 
-// Kept: a report changes the relations alone.
+// Kept: a report changes only the relations.
 void tst_DeviceReports::switchOfTheRelationsIsNotApplied()
 {
     RequestPath path;

@@ -8,8 +8,8 @@
 
 using namespace Tavoro;
 
-/// What the task reads, in which order, and what a failure of each step means. tst_SyncDeviceModel
-/// tests what the answers change in the model.
+/// The reads of the task, their order, and the effect of a failure in each step.
+/// tst_SyncDeviceModel tests the changes in the model.
 class tst_SyncDeviceTask : public QObject {
     Q_OBJECT
 
@@ -82,7 +82,7 @@ void tst_SyncDeviceTask::setDeviceCreatesTheWorkingDevice()
     QCOMPARE(it.task.deviceIp(), it.ip());
     QCOMPARE(it.task.deviceMAC(), it.mac());
     QCOMPARE(it.task.deviceSN(), it.sn());
-    QVERIFY(!it.listed()); // not before it was read
+    QVERIFY(!it.listed()); // it has not been read yet
     QVERIFY(it.asked().isEmpty());
     QVERIFY(it.journal.lines().isEmpty());
 }

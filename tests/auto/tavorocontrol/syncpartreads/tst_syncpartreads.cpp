@@ -8,7 +8,7 @@ using Control::SyncDeviceTask;
 using WeakDevice = std::weak_ptr<BizModel::Device>;
 using WeakScreen = std::weak_ptr<BizModel::Screen>;
 
-/// The reads of single kinds, which a run does not use.
+/// The reads of single kinds of objects, which a run does not use.
 class tst_SyncPartReads : public QObject {
     Q_OBJECT
 

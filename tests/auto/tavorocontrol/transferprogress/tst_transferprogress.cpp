@@ -43,7 +43,7 @@ AutoReportManager &manager()
     return *AutoReportManager::instance();
 }
 
-/// Each test has a device of its own: records are never removed.
+/// Each test uses a different device, since records are never removed.
 std::shared_ptr<BizModel::Device> makeDevice()
 {
     return std::make_shared<BizModel::Device>(quint16(1), nullptr);
@@ -303,7 +303,7 @@ void tst_TransferProgress::recordsAreUsedFromManyThreadsAtOnce()
         Progress record;
         while (!isOver) {
             const bool found = manager().findDeviceFileTransferProgressRecord(device, record);
-            // Both figures of a report belong together; after a reset both are missing.
+            // Both figures come from the same report; after a reset both are missing.
             const bool isWhole =
                 std::all_of(record.percents.begin(), record.percents.end(),
                             [](const Percent &p) { return p.fileId == p.percent; });
