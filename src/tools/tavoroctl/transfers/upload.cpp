@@ -44,7 +44,8 @@ bool Upload::run(ContentSource &content)
     return true;
 }
 
-/// Control::File sends such packets too, but keeps their tags, by which an outcome is asked for.
+/// Control::File sends such packets too, but does not return their tags, which requestOutcome()
+/// needs.
 Upload::Request Upload::packet(quint32 count, quint32 index) const
 {
     auto request = std::make_shared<SSProxy::DeviceRequestCommand>();

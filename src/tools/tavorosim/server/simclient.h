@@ -49,7 +49,7 @@ public:
               QObject *parent);
     ~SimClient() override;
 
-    /// Where the client is.
+    /// Address and port of the client.
     const QString &peer() const { return m_peer; }
 
     /// Sends \a report if the client has asked for the identity and keeps up with reading.

@@ -302,7 +302,7 @@ void tst_DeviceList::expiredDeviceIsRefused()
     QCOMPARE(reading.error, QStringLiteral("Device model is nullptr"));
     QVERIFY(it.journal.lines().isEmpty());
 
-    // Also while the task is busy: it is not looked at.
+    // The result is the same while the task is busy.
     Gate gate;
     it.channel->reply(0xFC0C, heldBack(gate));
     QVERIFY(reading.begin());

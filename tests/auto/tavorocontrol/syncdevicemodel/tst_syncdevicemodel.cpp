@@ -178,7 +178,7 @@ void tst_SyncDeviceModel::modelGetsTheOutcomeOfTheReads()
     QVERIFY(!it.listed()->isSyncDataSuccess());
     QVERIFY(it.task.isSyncSucess()); // the outcome is that of the layers
 
-    // And the other way round: all is read, but the layers do not fit.
+    // Conversely, all reads succeed, but the layers name a screen that does not exist.
     it.task.resetDevice();
     it.channel->reply(0xFC0C, {});
     it.channel->replyBody(0x1400, R"([{"layerIdenti":{"screenId":200,"screenType":1}}])");

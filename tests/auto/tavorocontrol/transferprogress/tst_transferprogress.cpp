@@ -218,7 +218,7 @@ void tst_TransferProgress::reportAfterAResetGoesIntoTheSameRecord()
     QCOMPARE(quoted(record.percents), QStringLiteral("6/3/1:30%/2"));
     QVERIFY(record.isTransferring);
 
-    // A second record after the first one would now show the former figures.
+    // If there were a second record, the reset would leave its percentage.
     manager().resetDeviceFileTransferProgressRecord(device);
     QVERIFY(manager().findDeviceFileTransferProgressRecord(device, record));
     QVERIFY(record.percents.empty());

@@ -1,5 +1,5 @@
-// Faults of the simulated device: how rules are read and used, and the bytes that leave for each
-// fault.
+// Faults of the simulated device: how rules are read and applied, and the bytes that each fault
+// sends.
 
 #include <support/tavorosim/faultrule.h>
 
@@ -27,7 +27,7 @@ constexpr char halfAnswer[] = "545601020A000000000102005D291AF560BB0200010100000
 struct FaultCase {
     const char *rule;
     const char *bytes;
-    int carriedOut; ///< How often.
+    int carriedOut; ///< How often the request is carried out.
     const char *effect;
 };
 
@@ -89,7 +89,7 @@ WireHead readRequest(quint8 tag = 2, quint16 stream = 2, quint32 total = 0, quin
     return head;
 }
 
-/// What becomes of the connection, in words.
+/// The effects on the connection, as text.
 QString effectOf(const Delivery &delivery)
 {
     QStringList words;
@@ -106,7 +106,7 @@ QString effectOf(const Delivery &delivery)
     return words.join(QLatin1Char(' '));
 }
 
-/// One connection whose answers are all {"swap":1}, or with a split answer its packets "0", "1" ...
+/// One connection. Its answers are {"swap":1}, or the packets "0", "1" and so on of a split answer.
 struct Connection {
     explicit Connection(std::initializer_list<const char *> texts, quint32 packets = 1)
         : total(packets)

@@ -1,4 +1,4 @@
-// What a client on the wire sees of the faults of a simulated device.
+// The effects of faults of the simulated device on a client.
 
 #include <support/tavorosim/faultrule.h>
 #include <support/tavorosim/simbench.h>
@@ -14,14 +14,14 @@ using SSProxy::CommandType;
 
 namespace {
 
-constexpr char swapBody[] = "{\"swap\":0}"; // it is 1 in the factory
+constexpr char swapBody[] = "{\"swap\":0}"; // the factory value is 1
 
 int swapOf(SimBench &bench)
 {
     return bench.client->read(0x1100).body.find("\"swap\":1") == std::string::npos ? 0 : 1;
 }
 
-/// Lets the device read nothing more from the client for so many milliseconds.
+/// Makes the device stop reading from the client for this number of milliseconds.
 void pauseReading(SimBench &bench, int milliseconds)
 {
     const QString line = QStringLiteral("fault add stop-reading=%1,count=1").arg(milliseconds);

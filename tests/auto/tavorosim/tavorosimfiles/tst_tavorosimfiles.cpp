@@ -167,7 +167,7 @@ void tst_TavoroSimFiles::contentThatWasNotAnnouncedIsRefused()
     QTEST(status, "status");
     QCOMPARE(bench.list(), std::string("[]"));
     QCOMPARE(bench.send(2, 7, sample), 0); // The announcement still holds.
-    QCOMPARE(bench.send(2, 7, sample), 3); // It holds once.
+    QCOMPARE(bench.send(2, 7, sample), 3); // It holds for one content only.
 }
 
 void tst_TavoroSimFiles::badAnnouncementsAreRefused_data()
@@ -318,7 +318,7 @@ void tst_TavoroSimFiles::aReplacedContentIsReadToItsEnd()
     QCOMPARE(bench.receive(2, 7).body, first);
     auto reader = std::exchange(bench.client, std::make_unique<WireClient>());
     QVERIFY(bench.client->connectTo(bench.device->port()));
-    QCOMPARE(bench.client->control(3), 0); // forced: the reader wrote before
+    QCOMPARE(bench.client->control(3), 0); // forced: the reader has control
     bench.import(2, 7, "new");
     bench.client = std::move(reader);
     QCOMPARE(bench.receive(2, 7, 2, 1).body, std::string(200, 'b'));

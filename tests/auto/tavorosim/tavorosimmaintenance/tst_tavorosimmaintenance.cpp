@@ -173,7 +173,7 @@ void tst_TavoroSimMaintenance::lossesAreCountedBetweenStartAndStop()
     run("cable 1 2");
     QCOMPARE(read(lossResult), counts(0, 0));
     QCOMPARE(m_bench->write(lossCount, R"({"type":1})"), 0);
-    run("cable 1 2"); // Nothing is plugged there any more.
+    run("cable 1 2"); // The cable is no longer plugged in.
     QCOMPARE(read(lossResult), counts(0, 0));
     run("cable 1 4");
     run("timing 1 2 1280 720 50");

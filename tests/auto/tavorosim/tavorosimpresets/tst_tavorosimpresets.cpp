@@ -1,5 +1,5 @@
-// What the simulated device makes files of: pictures, logs, EDID, presets and projects, and what
-// applying the last two brings back.
+// The files that the simulated device creates: pictures, logs, EDID, presets and projects. Also
+// what applying a preset or a project restores.
 
 #include <support/tavorosim/simbench.h>
 

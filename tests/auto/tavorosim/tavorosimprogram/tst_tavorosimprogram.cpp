@@ -67,7 +67,7 @@ public:
     QString firstLine;
 };
 
-/// Lets a program run to its end.
+/// Runs a program to its end.
 int run(const QStringList &arguments, QString &output, QString &errors)
 {
     QProcess process;

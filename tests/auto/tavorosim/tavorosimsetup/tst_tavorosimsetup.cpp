@@ -32,7 +32,7 @@ private:
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
     std::string whole() { return read(0x1100) + read(0x1200) + read(0x1300) + read(0x1400); }
     bool isSwapped() { return read(0x1100).find("\"swap\":1") != std::string::npos; }
-    /// Runs a statement on the database, while the device is off.
+    /// Runs a statement on the database while the device is off.
     bool change(const char *statement, const QVariant &value = {})
     {
         m_bench.reset(); // the database serves one device at a time

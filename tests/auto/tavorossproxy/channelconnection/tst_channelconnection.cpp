@@ -191,7 +191,7 @@ void tst_ChannelConnection::identityTimeoutBeginsWithTheConnection()
     QVERIFY(!m_peer->isOpen);
 }
 
-/// The time to identify itself and the time that callers usually wait end together.
+/// The device has as long to identify itself as callers wait by default.
 void tst_ChannelConnection::deviceThatDoesNotIdentifyItselfIsReportedAsSuch()
 {
     const auto sentence = QStringLiteral(

@@ -151,7 +151,7 @@ void tst_ChannelFailures::answerThatDoesNotMatchFailsTheRequest_data()
     QTest::newRow("type") << 20 << 2 << 362;
     QTest::newRow("unknown kind") << 10 << 99 << 362;
     QTest::newRow("kind of a client") << 10 << 1 << 362;
-    QTest::newRow("packet count") << 23 << 2 << 363; // 131072 and some
+    QTest::newRow("packet count") << 23 << 2 << 363; // more than 131072
     QTest::newRow("checksum index") << 9 << 7 << 360;
     QTest::newRow("checksum of the body") << 40 << int('X') << 361;
 }
@@ -237,7 +237,7 @@ void tst_ChannelFailures::countsOfZeroAreOnePacket_data()
     QTest::newRow("binary write, last index") << 4 << 4294967295u << 363;
 }
 
-/// A caller that divides by the count gets no infinite progress.
+/// Otherwise a caller that divides by the count would get an infinite progress.
 void tst_ChannelFailures::countsOfZeroAreOnePacket()
 {
     QFETCH(int, type);

@@ -1,5 +1,5 @@
-// Devices that send or take a frame slowly: bytes count as progress only if enough of them travel
-// in time.
+// Devices that send or read a frame slowly: bytes count as progress only if enough of them are
+// transferred in time.
 
 #include <tavorowire/frame.h>
 
