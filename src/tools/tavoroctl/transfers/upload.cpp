@@ -17,7 +17,7 @@ using SSProxy::RequestOutcome;
 Upload::Upload(Console &console, const Target &target, const ProtoModel::File::s_FileInfo &info)
     : m_console(console), m_target(target), m_info(info)
 {
-    constexpr quint32 most = 1 << 20; // For a device that names a larger limit, or none.
+    constexpr quint32 most = 1 << 20; // for a device that announces a larger limit or none
     const quint32 limit = target.device->deviceBaseInfo().maxPacketSize;
     m_packetSize = limit == 0 ? most : std::min(limit, most);
 }

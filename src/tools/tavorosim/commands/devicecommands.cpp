@@ -13,7 +13,7 @@ using namespace ProtoModel::Device;
 
 namespace {
 
-constexpr std::size_t longestName = 128; ///< Of the device, in bytes.
+constexpr std::size_t longestName = 128; ///< Bytes of the name of the device.
 constexpr std::size_t mostGroups = 64;
 
 template <class List, class Predicate>
