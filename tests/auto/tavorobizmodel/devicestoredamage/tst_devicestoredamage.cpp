@@ -64,7 +64,7 @@ private Q_SLOTS:
     void damagedIndexIsFoundWhenTheStoreIsOpened();
     void indexDamagedWhileOpenIsCreatedAgain();
     void journalOfADamagedFileIsRenamedWithIt();
-    void damagedFileThatCannotBeRenamedIsLeftAlone();
+    void damagedFileThatCannotBeRenamedIsNotChanged();
     void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
 };
 
@@ -157,7 +157,7 @@ void tst_DeviceStoreDamage::journalOfADamagedFileIsRenamedWithIt()
     QCOMPARE(contentOf(file + QStringLiteral(".damaged-1-journal")), overwritten);
 }
 
-void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsLeftAlone()
+void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsNotChanged()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(nameTooLongToBeKept);

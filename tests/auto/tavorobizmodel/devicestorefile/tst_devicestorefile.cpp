@@ -27,9 +27,9 @@ private Q_SLOTS:
 
     void schemaVersionIsKept();
     void rowHoldsTheRecordInTheFormatOfTheStore();
-    void fileOfALaterVersionIsLeftAlone();
+    void fileOfALaterVersionIsNotChanged();
     void fileOfAnEarlierVersionIsSetAside();
-    void fileOfAnotherKindIsLeftAlone();
+    void fileOfAnotherKindIsNotChanged();
 
     void damagedFileIsSetAside();
     void fileDamagedWhileOpenIsCreatedAgain();
@@ -108,7 +108,7 @@ void tst_DeviceStoreFile::rowHoldsTheRecordInTheFormatOfTheStore()
                                         "00")));
 }
 
-void tst_DeviceStoreFile::fileOfALaterVersionIsLeftAlone()
+void tst_DeviceStoreFile::fileOfALaterVersionIsNotChanged()
 {
     {
         const StoredModel model(file());
@@ -135,7 +135,7 @@ void tst_DeviceStoreFile::fileOfAnEarlierVersionIsSetAside()
     QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
 }
 
-void tst_DeviceStoreFile::fileOfAnotherKindIsLeftAlone()
+void tst_DeviceStoreFile::fileOfAnotherKindIsNotChanged()
 {
     query(file(), QStringLiteral("CREATE TABLE recipes (title TEXT)"));
     const StoredModel model(file());

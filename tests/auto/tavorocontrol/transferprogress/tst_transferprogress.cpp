@@ -28,7 +28,7 @@ private Q_SLOTS:
     void devicesAreKeptApart();
     void resetEmptiesTheRecordAndKeepsIt();
     void resetTakesANewTime();
-    void reportAfterAResetGoesIntoTheSameRecord();
+    void reportAfterAResetUpdatesTheSameRecord();
     void resetOfADeviceWithoutARecordAddsNone();
     void resetDoesNotChangeOtherDevices();
     void expiredDeviceIsLoggedByAllThree();
@@ -207,7 +207,7 @@ void tst_TransferProgress::resetTakesANewTime()
     QVERIFY(later.lastTime > record.lastTime);
 }
 
-void tst_TransferProgress::reportAfterAResetGoesIntoTheSameRecord()
+void tst_TransferProgress::reportAfterAResetUpdatesTheSameRecord()
 {
     const auto device = makeDevice();
     manager().updateDeviceFileTransferProgressRecord(device, {percent(1, 10), percent(2, 20)});

@@ -39,7 +39,7 @@ private Q_SLOTS:
     void consoleCommandsMakeReports();
     void invalidConsoleLinesAreRefused_data();
     void invalidConsoleLinesAreRefused();
-    void theControlPortTakesConsoleCommands();
+    void theControlPortAcceptsConsoleCommands();
     void latencyKeepsTheOrderOfAnswers();
     void portInUseIsReported();
     void addressesWithColonsAreInBrackets();
@@ -311,7 +311,7 @@ void tst_TavoroSim::invalidConsoleLinesAreRefused()
     QCOMPARE(bench.device->execute(line).line(), answer);
 }
 
-void tst_TavoroSim::theControlPortTakesConsoleCommands()
+void tst_TavoroSim::theControlPortAcceptsConsoleCommands()
 {
     SimOptions options;
     options.controlPort = 0;

@@ -37,7 +37,7 @@ class tst_TavorosimFaults : public QObject {
 
 private Q_SLOTS:
     void consoleAddsListsAndClears();
-    void commandLineTakesRulesAndTheSeed();
+    void commandLineAcceptsRulesAndTheSeed();
     void seedDeterminesWhichExchangesFail();
     void ruleAppliesToTheSelectedExchangeOnly();
     void requestsThatAreNotCarriedOutChangeNothing_data();
@@ -75,7 +75,7 @@ void tst_TavorosimFaults::consoleAddsListsAndClears()
         QCOMPARE(line(wrong), usage);
 }
 
-void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
+void tst_TavorosimFaults::commandLineAcceptsRulesAndTheSeed()
 {
     const CommandLine line = parseCommandLine(
         {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("silent,count=1"),

@@ -14,8 +14,8 @@ private Q_SLOTS:
     void aRestartAnswersFirstHoweverLate();
     void aShutDownDeviceWaitsToBeSwitchedOn();
     void restartRestoresTheSavedSetup();
-    void theFactoryResetBringsTheSetupBack();
-    void theFactoryResetMayTakeTheFiles();
+    void theFactoryResetRestoresTheSetup();
+    void theFactoryResetMayRemoveTheFiles();
     void theClockContinuesFromTheTimeThatWasSet();
     void filesAreLoadedAfterARestart();
     void lossesAreCountedBetweenStartAndStop();
@@ -101,7 +101,7 @@ void tst_TavoroSimMaintenance::restartRestoresTheSavedSetup()
     QVERIFY(has(read(0x1100), "\"swap\":0"));
 }
 
-void tst_TavoroSimMaintenance::theFactoryResetBringsTheSetupBack()
+void tst_TavoroSimMaintenance::theFactoryResetRestoresTheSetup()
 {
     const std::string factory = read(0x1100) + read(0x1300);
     m_bench->import(2, 1, "logo");
@@ -115,7 +115,7 @@ void tst_TavoroSimMaintenance::theFactoryResetBringsTheSetupBack()
     QCOMPARE(read(0x1100) + read(0x1300), factory);
 }
 
-void tst_TavoroSimMaintenance::theFactoryResetMayTakeTheFiles()
+void tst_TavoroSimMaintenance::theFactoryResetMayRemoveTheFiles()
 {
     m_bench->import(2, 1, "logo");
     QCOMPARE(m_bench->write(factoryReset, R"({"type":1})"), 0);

@@ -15,7 +15,7 @@ private Q_SLOTS:
 
     void enablingCreatesAScreen();
     void anOutputServesOneScreenAtATime();
-    void deletingAScreenTakesItsLayersAndFreesItsOutputs();
+    void deletingAScreenRemovesItsLayersAndFreesItsOutputs();
     void takeSwapsPreviewAndProgramme();
     void takeCopiesWhileSwapIsOff();
     void tBarTakesAtItsEndAndOnlyThere();
@@ -45,7 +45,7 @@ void tst_TavoroSimScreens::anOutputServesOneScreenAtATime()
     QCOMPARE(status(0x1301, wanted), 0);
 }
 
-void tst_TavoroSimScreens::deletingAScreenTakesItsLayersAndFreesItsOutputs()
+void tst_TavoroSimScreens::deletingAScreenRemovesItsLayersAndFreesItsOutputs()
 {
     QCOMPARE(status(0x130F, R"([{"screenId":1,"screenType":1}])"), 0);
     QCOMPARE(list(screen, screen1), QByteArray("[]"));
