@@ -1,10 +1,10 @@
 // Measures how many reports per second the dispatcher applies to the model, with logging off.
 //
 //   power          the state of two power supplies
-//   timing         the picture of one of 128 interfaces
-//   allTimings     the pictures of all of them in one report
+//   timing         the timing of one of 128 interfaces
+//   allTimings     the timings of all of them in one report
 //   transfer       the progress of one of 500 files
-//   unheardOf      a code without a handler: the path without its end
+//   unhandled      a code without a handler: only the path to the handlers
 //   dropped        reports while they are stopped
 //
 // The argument is the number of devices in the model's list; the last one reports. Each report
@@ -205,12 +205,12 @@ void transfer(benchmark::State &state)
 }
 BENCHMARK(transfer)->Arg(1)->Arg(100);
 
-void unheardOf(benchmark::State &state)
+void unhandled(benchmark::State &state)
 {
-    const auto unheardOfReport = reportOf(Command::LayerDetail, ProtoModel::Device::s_Powers());
-    report(state, {unheardOfReport, unheardOfReport});
+    const auto unhandledReport = reportOf(Command::LayerDetail, ProtoModel::Device::s_Powers());
+    report(state, {unhandledReport, unhandledReport});
 }
-BENCHMARK(unheardOf)->Arg(1)->Arg(100);
+BENCHMARK(unhandled)->Arg(1)->Arg(100);
 
 void dropped(benchmark::State &state)
 {

@@ -2,7 +2,7 @@
 // and 500 files of 256 KiB, read from the simulated device over loopback with DeviceList.
 //
 //   synchronisation   from the call to the signal that it is finished
-//   wire              of it, the time between requests and their answers
+//   wire              the part of it between requests and their answers
 //   decode            the same JSON, decoded again
 //   model             the same records, applied to a device of the model again
 //   rest              the rest of the synchronisation: requests, texts, joining, threads

@@ -34,7 +34,8 @@ public:
     using LayerList = std::vector<std::shared_ptr<Layer>>;
 
     void take(Interfaces interfaces);
-    /// No screen is active afterwards. Returns whether one was.
+    /// Afterwards no screen and no multiviewer screen is active. Returns whether one was active
+    /// before.
     bool take(Screens screens);
     void take(Layers layers);
     void take(Files files);

@@ -64,7 +64,7 @@ Q_DECL_EXPORT void *realloc(void *block, size_t size) noexcept
 {
     const auto before = static_cast<qint64>(malloc_usable_size(block));
     void *const moved = __libc_realloc(block, size);
-    const bool isGone = moved || size == 0; // what could not be moved stays
+    const bool isGone = moved || size == 0; // a failed realloc() keeps the block
     if (block && isGone)
         uncounted(before);
     return counted(moved);

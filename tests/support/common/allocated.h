@@ -3,10 +3,10 @@
 #include <QString>
 #include <QtGlobal>
 
-/// What the process has allocated and not freed, counted at each call of malloc() and free(). Other
-/// than the figures of the heap itself, this leaves out what threads keep for their next
-/// allocation, and so is exact: what leaves nothing behind changes neither number. Not for programs
-/// with a sanitizer, which has an allocator of its own.
+/// The blocks and bytes that the process has allocated and not freed, counted at each call of
+/// malloc() and free(). Unlike the statistics of the heap, the counts are exact: they leave out the
+/// freed memory that threads keep for their next allocation, so code that frees everything changes
+/// neither of them. Not available in programs with a sanitizer, which has its own allocator.
 struct Allocated {
     static Allocated now();
 
@@ -14,7 +14,8 @@ struct Allocated {
     {
         return blocks == other.blocks && bytes == other.bytes;
     }
-    /// As many blocks, and about as many bytes: a text may have become longer by a digit.
+    /// The same number of blocks and nearly the same number of bytes: a number in a text may have
+    /// become longer by a digit.
     bool isAsIn(const Allocated &other) const
     {
         constexpr qint64 digits = 64;

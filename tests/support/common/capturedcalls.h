@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-// Exchanges over TCP that go to a capture, and what of them it holds.
+// Makes exchanges over TCP that are captured, and reads the frames of a capture.
 
 inline std::shared_ptr<Tavoro::SSProxy::NetworkChannel> connectTo(quint16 port)
 {
@@ -38,7 +38,8 @@ send(Tavoro::SSProxy::NetworkChannel &channel, quint8 type, quint16 code,
     return channel.sendSyncRequest(command);
 }
 
-/// A device whose swap is read, written and read again, into a capture at \a path.
+/// Captures three exchanges with a simulated device into the file \a path: a read, a write and a
+/// refused write.
 inline void captureASwap(const QString &path)
 {
     Tavoro::Sim::SimOptions options;

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-/// Rows of a table in tests/data: one line each, cells separated by tabs. Empty if there is no such
-/// file.
+/// The rows of a table in tests/data: one line per row, cells separated by tabs. Empty if the file
+/// does not exist.
 inline QList<QStringList> dataTable(const QString &fileName)
 {
     QList<QStringList> rows;

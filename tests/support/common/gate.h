@@ -4,12 +4,12 @@
 #include <functional>
 #include <mutex>
 
-/// Holds another thread at a place until the test lets it pass.
+/// Blocks another thread at a certain call until the test opens the gate.
 class Gate {
 public:
     ~Gate() { open(); }
 
-    /// What the other thread does at the place.
+    /// The function that the other thread has to call.
     std::function<void()> passage()
     {
         return [this] {
@@ -17,7 +17,7 @@ public:
         };
     }
 
-    /// Waits until the other thread stands there.
+    /// Waits until the other thread has reached the gate.
     void awaitArrival()
     {
         std::unique_lock lock(m_mutex);
@@ -42,6 +42,6 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    bool m_isReached = false; // guarded by m_mutex, as the next
-    bool m_isOpen = false;
+    bool m_isReached = false; // guarded by m_mutex
+    bool m_isOpen = false; // guarded by m_mutex
 };

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QTranslator>
 
-/// Puts what is translated in one context between angle brackets.
+/// Translates the texts of one context by putting them between angle brackets.
 class MarkingTranslator : public QTranslator {
 public:
     explicit MarkingTranslator(const char *context) : m_context(context) { }

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Held while a line is caught, so that no catcher goes in the middle of one.
+/// Held while a line is caught, so that the catcher is not destroyed meanwhile.
 std::mutex currentMutex;
 MessageCatcher *current = nullptr; // guarded by currentMutex
 

@@ -11,11 +11,11 @@ struct CaughtMessage {
     QtMsgType level;
     QString category;
     QString text;
-    bool hasLocation; ///< Source file, line and function were given.
+    bool hasLocation; ///< True if source file, line and function are known.
 };
 
-/// Takes every log line of the process for as long as it lives. One at a time; lines may come from
-/// any thread.
+/// Catches every log line of the process during its lifetime. Only one catcher may exist at a time.
+/// Lines may come from any thread.
 class MessageCatcher {
 public:
     MessageCatcher();
@@ -24,7 +24,7 @@ public:
     MessageCatcher &operator=(const MessageCatcher &) = delete;
 
     QList<CaughtMessage> messages() const;
-    /// The lines of one category and one level, in their order.
+    /// The texts of one category and one level, in order.
     QStringList texts(const char *category, QtMsgType level) const;
     void clear();
 

@@ -3,17 +3,17 @@
 #include <QDir>
 #include <QString>
 
-/// What the process holds of the system; counted on Linux only.
+/// Open descriptors and threads of the process. Counted on Linux only.
 struct Resources {
     static Resources now() { return {entriesOf("/proc/self/fd"), entriesOf("/proc/self/task")}; }
 
-    /// Fewer is well too: what was counted before may have held a thread that had just ended.
+    /// Fewer are accepted too: \a limit may include a thread that had already ended.
     bool isWithin(const Resources &limit) const
     {
         return descriptors <= limit.descriptors && threads <= limit.threads;
     }
 
-    /// For comparisons whose failure message names the excess.
+    /// For failure messages.
     QString text() const
     {
         return QStringLiteral("%1 descriptors, %2 threads").arg(descriptors).arg(threads);

@@ -1,9 +1,9 @@
 // Shows ThreadSanitizer how Qt 5 synchronises threads.
 //
 // Debian's Qt is not instrumented: without this file, data that a QMutex guards looks unguarded,
-// and the sanitizer reports races in correct programs. The members below replace those of the
-// library, call them, and announce their meaning to the sanitizer. Only programs of that build
-// contain them.
+// and the sanitizer reports races in correct programs. The members below replace those of Qt, call
+// the originals, and announce their synchronisation to the sanitizer. Only programs built with
+// ThreadSanitizer contain them.
 
 #include <QDeadlineTimer>
 #include <QMutex>

@@ -18,7 +18,7 @@ public:
     /// that is none of these.
     QByteArray fieldTypes(const QByteArray &record) const;
 
-    /// Which value a text has for each field.
+    /// The value of each field in a text.
     enum class Choice {
         Default,
         Minimum, ///< Strings are "text", lists have one element.

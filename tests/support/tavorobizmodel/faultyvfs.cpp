@@ -23,10 +23,10 @@ std::function<void()> onWait; // guarded by waitMutex
 
 sqlite3_vfs *disk = nullptr;
 
-/// A file of the disk, after the head that SQLite requires.
+/// A file on the disk. SQLite requires the base class at the start.
 struct File {
     sqlite3_file head;
-    sqlite3_file *real; // follows this in memory
+    sqlite3_file *real; // stored after this structure
 };
 
 sqlite3_file *realOf(sqlite3_file *file)
@@ -39,7 +39,7 @@ void die()
     raise(SIGKILL);
 }
 
-/// The fault of the operation that begins now. Only a write can be done by half.
+/// The fault of the operation that begins now. Only a write can be half done.
 Fault faultNow(bool isWrite = false)
 {
     ++count;
@@ -107,8 +107,8 @@ int sectorSize(sqlite3_file *f)                                    { return real
 int deviceCharacteristics(sqlite3_file *f)                         { return realOf(f)->pMethods->xDeviceCharacteristics(realOf(f)); }
 // clang-format on
 
-/// Of the first version: without shared memory and without mapped pages, so that every change of a
-/// file passes here.
+/// Version 1 of the interface has neither shared memory nor mapped pages, so every change of a file
+/// passes through this layer.
 sqlite3_io_methods methods()
 {
     sqlite3_io_methods table{};
@@ -146,7 +146,7 @@ int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *ou
 void install()
 {
     disk = sqlite3_vfs_find(nullptr);
-    static sqlite3_vfs faulty = *disk; // everything else goes to the disk itself
+    static sqlite3_vfs faulty = *disk; // all other functions are those of the disk
     faulty.szOsFile = int(sizeof(File)) + disk->szOsFile;
     faulty.zName = "faulty";
     faulty.xOpen = open;

@@ -2,27 +2,27 @@
 
 #include <functional>
 
-/// A layer between SQLite and the disk, for all databases of the process, that makes one operation
-/// fail.
+/// A layer between SQLite and the disk that makes one operation fail. It applies to all databases
+/// of the process.
 namespace FaultyVfs {
 
 enum class Fault {
     None,
-    Kill, ///< The process ends as by SIGKILL, before the operation.
-    KillHalfway, ///< As Kill, but half of the bytes are written before.
+    Kill, ///< SIGKILL ends the process before the operation.
+    KillHalfway, ///< As Kill, but half of the bytes are written first.
     DiskFull,
-    ReadOnly, ///< No operation: files are opened read-only, as without write permission.
+    ReadOnly, ///< No operation fails, but files are opened read-only.
 };
 
-/// Becomes SQLite's default; call it once per process.
+/// Makes this layer SQLite's default. Call it once per process.
 void install();
-/// Makes the \a number-th write, sync, truncation or deletion from now fail; a full disk stays full
-/// until the next call. Numbers begin at 1.
+/// Makes the \a number-th write, sync, truncation or deletion from now fail, counted from 1. A full
+/// disk stays full until the next call.
 void arm(Fault fault, int number);
-/// Calls \a whenBusy, once, when a connection finds the file locked by another; on the thread of
-/// the one that waits.
+/// Calls \a whenBusy once, as soon as a connection finds the file locked by another one. The call
+/// is made on the thread of the waiting connection.
 void catchWait(const std::function<void()> &whenBusy);
-/// Operations since the last call of arm().
+/// The number of operations since the last call of arm().
 int operations();
 
 } // namespace FaultyVfs

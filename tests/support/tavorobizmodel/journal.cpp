@@ -33,22 +33,22 @@ Journal::Journal()
     connect(
         list, &DeviceList::signalShowStatusBarMsg, this,
         [this](Enum::StatusBarMsgType type, const QString &text, int ms) {
-            tell(QStringLiteral("status bar %1 for %2 ms: %3").arg(int(type)).arg(ms).arg(text));
+            add(QStringLiteral("status bar %1 for %2 ms: %3").arg(int(type)).arg(ms).arg(text));
         },
         onCallersThread);
     connect(
         list, &DeviceList::signalShowFramelessMessageBoxMsg, this,
         [this](Enum::FramelessMessageBoxMsgType type, const QString &text) {
-            tell(QStringLiteral("message box %1: %2").arg(int(type)).arg(text));
+            add(QStringLiteral("message box %1: %2").arg(int(type)).arg(text));
             return 0;
         },
         onCallersThread);
     connect(
         list, &DeviceList::signalReadDataFromHWProgressChanged, this,
-        [this](double share) { tell(QStringLiteral("reading: %1").arg(share)); }, onCallersThread);
+        [this](double share) { add(QStringLiteral("reading: %1").arg(share)); }, onCallersThread);
     connect(
         list, &DeviceList::signalSendData2HWProgressChanged, this,
-        [this](double share) { tell(QStringLiteral("sending: %1").arg(share)); }, onCallersThread);
+        [this](double share) { add(QStringLiteral("sending: %1").arg(share)); }, onCallersThread);
 }
 
 QStringList Journal::lines() const
@@ -66,7 +66,7 @@ void Journal::clear()
     m_lines.clear();
 }
 
-void Journal::tell(const QString &line)
+void Journal::add(const QString &line)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     fetchLogLines();

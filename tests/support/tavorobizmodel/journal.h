@@ -8,10 +8,10 @@
 
 #include <mutex>
 
-/// Records what the control library shows to the outside, in order: log lines and the signals to
-/// the application's windows.
+/// Records the visible effects of the control library in order: log lines, and signals to the
+/// application's windows.
 ///
-/// One text line each:
+/// Each is one line of text:
 /// \code
 /// warning: TavoroCmd …
 /// status bar 2 for 5000 ms: Get … failed: … .
@@ -27,14 +27,14 @@ public:
 
     QStringList lines() const;
     void clear();
-    /// Adds a line of the test's own.
-    void tell(const QString &line);
+    /// Adds a line from the test.
+    void add(const QString &line);
 
 private:
     void fetchLogLines() const;
 
     MessageCatcher m_catcher;
     mutable std::mutex m_mutex;
-    mutable int m_fetched = 0; // guarded by m_mutex, as all below
-    mutable QStringList m_lines;
+    mutable int m_fetched = 0; // guarded by m_mutex
+    mutable QStringList m_lines; // guarded by m_mutex
 };

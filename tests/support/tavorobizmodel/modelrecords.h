@@ -10,8 +10,8 @@
 #include <memory>
 #include <vector>
 
-/// Records of a small device, from which tests build models. The arguments of each are what
-/// distinguishes it from others.
+/// Records of a small device, from which tests build models. The arguments of a function
+/// distinguish a record from others of its kind.
 namespace ModelRecords {
 
 using Tavoro::ProtoModel::s_InterfaceID;
@@ -50,7 +50,7 @@ inline s_ScreenFullDetail screen(int type, quint8 id,
     return detail;
 }
 
-/// A layer that shows the interface whose packed number is \a input; nothing for 0.
+/// A layer that shows the interface with the packed number \a input; 0 stands for no source.
 inline s_LayerFullDetail layer(int screenType, quint8 screenId, quint8 layerId, quint32 input = 0)
 {
     s_LayerFullDetail detail;
@@ -73,8 +73,8 @@ inline s_FileDetail file(int type, int id, const std::string &binary = {})
     return detail;
 }
 
-/// A device with an input 1/2/3, an output 2/0/0, screens of the types 1, 3 and 4, two layers of
-/// which the second shows the input, and a file.
+/// A device with the input 1/2/3, the output 2/0/0, screens of the types 1, 3 and 4, two layers,
+/// and a file. The second layer shows the input.
 inline std::shared_ptr<Tavoro::BizModel::Device> device(quint8 number = 1)
 {
     auto made = std::make_shared<Tavoro::BizModel::Device>(number, nullptr);

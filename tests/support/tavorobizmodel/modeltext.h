@@ -13,7 +13,7 @@
 
 #include <string>
 
-/// Everything that the model holds of a device, a line each, in its order.
+/// Everything that the model holds of a device, one line per object, in the order of the model.
 class ModelText {
 public:
     explicit ModelText(const Tavoro::BizModel::Device &device)
@@ -38,7 +38,7 @@ public:
     QStringList screens;
     QStringList layers;
     QStringList files;
-    QStringList contents; ///< Of the files, in hexadecimal.
+    QStringList contents; ///< Contents of the files, in hexadecimal.
 
 private:
     static constexpr int everyType = 0x7FFFFFFF;

@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
-/// The record that a row of the store holds, as the JSON text that the codec writes for it. Decodes
-/// by the grammar alone, apart from the store's own reader.
+/// The record in a row of the store, as the JSON text that the codec writes for it. Decodes the row
+/// by its documented grammar, without the store's own reader.
 class RowText {
 public:
     /// "(not a row)" for other bytes.
@@ -44,7 +44,7 @@ private:
     {
         switch (byte()) {
         case 't':
-            m_text += "1"; // as JSON has it
+            m_text += "1"; // true in JSON
             return true;
         case 'f':
             m_text += "0";

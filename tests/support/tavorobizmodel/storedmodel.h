@@ -15,7 +15,7 @@
 
 #include <memory>
 
-/// Catches the signals of the list of devices about its store, on the thread of the test.
+/// Catches the list's signals about its store, on the thread of the test.
 class StoreSignals : public QObject {
 public:
     StoreSignals()

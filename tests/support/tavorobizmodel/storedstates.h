@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-/// A device in an old and a new state, which differ in every kind of row of the store, and are long
-/// enough that a save writes many pages.
+/// A device in an old and a new state. The states differ in every kind of row of the store, and are
+/// long enough for a save to write many pages.
 namespace StoredStates {
 
 enum State {

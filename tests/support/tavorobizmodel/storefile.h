@@ -9,7 +9,7 @@
 
 #include <utility>
 
-/// Looks into the file of a store of devices with a connection of its own.
+/// Inspects the file of a store with a separate connection.
 class StoreFile {
 public:
     explicit StoreFile(QString fileName) : m_fileName(std::move(fileName)) { }
@@ -43,7 +43,7 @@ public:
         query(QStringLiteral("CREATE TABLE log (line TEXT)"));
     }
 
-    /// The writes since then, an "event kind key" each.
+    /// The rows written since then, one "event kind key" per row.
     QStringList writes() const
     {
         return query(QStringLiteral("SELECT line FROM log ORDER BY rowid"));

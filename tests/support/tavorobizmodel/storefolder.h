@@ -8,12 +8,12 @@
 
 #include <memory>
 
-/// A base of tests with a folder for the file of a store.
+/// Base class of tests that need a folder for the file of a store.
 class StoreFolder {
 protected:
     QString file() const { return m_folder->filePath(QStringLiteral("devices.sqlite")); }
 
-    /// Runs a statement on a file, apart from the store.
+    /// Runs a statement on a file, on a separate connection.
     static QStringList query(const QString &fileName, const QString &statement)
     {
         return StoreFile(fileName).query(statement);

@@ -71,7 +71,7 @@ QString key(std::initializer_list<int> numbers)
     return texts.join(QLatin1Char('/'));
 }
 
-/// Bytes that are all ASCII, of which RowText makes a string.
+/// Bytes that are all ASCII. RowText turns them into a string.
 template <std::size_t size>
 QString rawBytes(const std::array<quint8, size> &bytes)
 {

@@ -23,7 +23,7 @@ inline QString streamedCall(bool ok, double progress, const std::string &data,
 inline StreamCallback recordCallsIn(Journal &journal, const StreamCallback &then = {})
 {
     return [&journal, then](bool ok, double progress, const std::string &data, QString &error) {
-        journal.tell(streamedCall(ok, progress, data, error));
+        journal.add(streamedCall(ok, progress, data, error));
         if (then)
             then(ok, progress, data, error);
     };

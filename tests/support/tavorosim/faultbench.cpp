@@ -30,7 +30,7 @@ SSProxy::ChannelOptions channelOptions(std::chrono::milliseconds requestTime)
     SSProxy::ChannelOptions options;
     options.maxRequestTime = requestTime;
     options.stalledAnswerTimeout = requestTime / 2;
-    options.firstReconnectPause = 60s; // it comes back when the bench says so
+    options.firstReconnectPause = 60s; // the bench reconnects it with reconnectNow()
     options.longestReconnectPause = 60s;
     return options;
 }
@@ -46,7 +46,7 @@ FaultBench::FaultBench(std::chrono::milliseconds requestTime)
     QString error;
     if (!m_store.isOpen || !sync.import(2, 1, std::string(1000, 'f')) || !synchronise())
         qFatal("no bench: %s", qUtf8Printable(m_store.error));
-    // What comes by reports only is kept through synchronisations.
+    // Values that only reports set; a synchronisation must keep them.
     sync.listed()->updateCutoutRGB({1, 2, 3}, error);
     sync.listed()->setScreenGenlocks({{{1, 1}, {}}});
     if (!synchronise())
@@ -158,9 +158,9 @@ void FaultBench::checkStoreFollowed() const
 bool FaultBench::readDevice()
 {
     using BizModel::DeviceList;
-    m_told = std::make_unique<StoreSignals>();
+    m_storeSignals = std::make_unique<StoreSignals>();
     m_storedMeanwhile.clear();
-    QObject watcher; // on the thread of the synchronisation, which waits meanwhile
+    QObject watcher; // direct connection: the synchronisation waits for the slot
     QObject::connect(
         DeviceList::instance(), &DeviceList::signalShowStatusBarMsg, &watcher,
         [this] { m_storedMeanwhile << storedRows(); }, Qt::DirectConnection);
@@ -169,7 +169,7 @@ bool FaultBench::readDevice()
 
 bool FaultBench::awaitSave() const
 {
-    return QTest::qWaitFor([this] { return !m_told->saved.isEmpty(); });
+    return QTest::qWaitFor([this] { return !m_storeSignals->saved.isEmpty(); });
 }
 
 bool FaultBench::synchronise()

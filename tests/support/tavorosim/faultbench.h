@@ -14,58 +14,59 @@
 #include <chrono>
 #include <functional>
 
-/// What one operation showed to everybody.
+/// The visible effects of one operation.
 struct Shown {
     bool ok = false;
     QString error = QStringLiteral("text from before");
-    QStringList warnings; ///< Of the log, without the device's name and the tag.
-    QStringList statusBar; ///< And the calls of callbacks.
+    QStringList warnings; ///< In the log, without the device's name and the tag.
+    QStringList statusBar; ///< Also message boxes and calls of callbacks.
     std::chrono::milliseconds time{0};
-    quint64 timeouts = 0; ///< Requests that ended by their time.
+    quint64 timeouts = 0; ///< Requests that timed out.
 };
 
-/// A simulated device with faults on request, in the model and in an open store, and
-/// the checks of what must hold after every fault:
+/// Injects faults into a simulated device, which is in the model and in an open store, and checks
+/// what must hold after every fault:
 ///
-/// - every caller is back within its timeout and half a second,
-/// - the device serves again when the fault is lifted, on the same connection or on a new one,
-/// - descriptors and threads are as many as before,
-/// - the model and the stored rows are those of before, or whole new ones.
+/// - every call returns at most half a second after its timeout,
+/// - when the fault is lifted the device answers again, on the same connection or on a new one,
+/// - the process has no more descriptors and threads than before,
+/// - the model and the stored rows are unchanged, or completely replaced by new ones.
 ///
-/// The checks are test functions of Qt Test: check QTest::currentTestFailed() after them.
+/// The checks use the macros of Qt Test: check QTest::currentTestFailed() after them.
 class FaultBench {
 public:
     /// The device has a file of 1000 bytes. No request takes longer than \a requestTime.
     explicit FaultBench(std::chrono::milliseconds requestTime);
 
-    /// What model and store hold now is what they have to hold.
+    /// Remembers the present content of model and store for the checks below.
     void remember();
 
     void addFault(const QString &rule);
     /// Runs \a operation, which returns its result and its error text.
     Shown run(const std::function<bool(QString &error)> &operation);
 
-    /// The rule was used as often as it says.
+    /// The fault was injected as often as its rule says.
     void checkFaultStruck();
-    /// The caller waited no longer than it may.
+    /// The call returned in time.
     void checkTime(const Shown &shown) const;
-    /// Ends the faults. \a isLost: the connection has ended, and a new one is waited for.
+    /// Ends the faults. If \a isLost is true, the connection has ended: waits for a new one.
     void lift(bool isLost);
     /// The next exchange succeeds.
     void checkNextExchange();
     void checkResources() const;
-    /// Model and store hold what they held when the bench remembered it.
+    /// Model and store have their remembered content.
     void checkModelIsUnchanged() const;
-    /// Of the rows that model and store held then those of a kind.
+    /// The remembered rows of one kind.
     QStringList rowsBefore(int kind) const;
     void checkModelHolds(const QStringList &rows) const;
-    /// The store held what it held then until the last synchronisation had ended, holds that or
-    /// what the model holds now, and the latter when the save is through.
+    /// The store kept its remembered rows until the last synchronisation had ended. It has the rows
+    /// of the model after the save, and either of the two before it.
     void checkStoreFollowed() const;
 
-    /// A synchronisation, without the save that follows it. Looks at the store meanwhile.
+    /// Synchronises the device without waiting for the save that follows. Records the stored rows
+    /// meanwhile.
     bool readDevice();
-    /// Waits for that save, which no caller does.
+    /// Waits for that save.
     bool awaitSave() const;
     bool synchronise();
 
@@ -81,9 +82,10 @@ private:
     const std::chrono::milliseconds m_requestTime;
     QTemporaryDir m_folder;
     StoredModel m_store;
-    QStringList m_rowsBefore; ///< Of model and store.
-    QList<QStringList> m_storedMeanwhile; ///< At each line of the status bar.
-    std::unique_ptr<StoreSignals> m_told; ///< Since the last synchronisation began.
+    QStringList m_rowsBefore; ///< The remembered rows of model and store.
+    QList<QStringList> m_storedMeanwhile; ///< The stored rows at each text of the status bar.
+    std::unique_ptr<StoreSignals>
+        m_storeSignals; ///< The signals since the last synchronisation began.
     Resources m_resourcesBefore{};
-    quint64 m_connections = 0; ///< At the last fault.
+    quint64 m_connections = 0; ///< Connections of the channel when the last fault was added.
 };

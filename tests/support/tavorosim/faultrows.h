@@ -2,11 +2,12 @@
 
 #include <chrono>
 
-// The faults of a device in six operations.
+// The effect of each fault of a device on six operations.
 
 constexpr int operationCount = 6;
 
-constexpr std::chrono::milliseconds shortTime{250}; ///< Of requests whose answer fails to come.
+constexpr std::chrono::milliseconds shortTime{
+    250}; ///< Request time of faults that suppress the answer.
 constexpr std::chrono::milliseconds longTime{10000};
 
 struct FaultRow {
@@ -14,17 +15,18 @@ struct FaultRow {
     bool isLost; ///< The connection ends.
     std::chrono::milliseconds time;
     const char *cells[operationCount];
-    const char *files; ///< What the next request of the synchronisation meets.
+    const char
+        *files; ///< What the next request after the synchronisation gets: the read of the files.
 };
 
 // A cell is what the caller gets:
 //
-// - ok; "short" when not all bytes of a content have come
-// - a status, or "offline"; with @ when another packet than the one with the fault meets it
-// - json: the answer is no record
+// - "ok"; or "short" if the content that arrived is incomplete
+// - a status, or "offline"; "@2/3" follows if packet 2 of 3 gets it instead of the faulty packet
+// - "json": the answer is not a valid record
 //
-// "|" separates what depends on whether the connection is found closed before or after the next
-// packet. Behind a blank stands whether the device has done a write, in spite of everything, and
+// "|" separates alternatives: the client may notice the closed connection before or after it sends
+// the next packet. After a space: whether the device has carried out a write ("done", "undone"), or
 // how many screens a synchronisation has read before the fault.
 // clang-format off
 constexpr FaultRow faultRows[] = {

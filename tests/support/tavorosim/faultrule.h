@@ -6,7 +6,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-/// A rule of a test; one that is none ends the program.
+/// The fault rule that \a text describes. An invalid text ends the program.
 inline Tavoro::Sim::FaultRule faultRule(const char *text)
 {
     QString error;

@@ -66,15 +66,15 @@ bool isLongNameWritten(FaultBench &bench)
 
 bool readContent(FaultBench &bench, QString &error)
 {
-    const auto tell = [&](bool ok, double progress, const std::string &data, QString &reason) {
-        bench.journal.tell(QStringLiteral("callback %1: %2, %3 bytes")
-                               .arg(int(ok))
-                               .arg(progress, 0, 'f', 2)
-                               .arg(data.size()));
+    const auto callback = [&](bool ok, double progress, const std::string &data, QString &reason) {
+        bench.journal.add(QStringLiteral("callback %1: %2, %3 bytes")
+                              .arg(int(ok))
+                              .arg(progress, 0, 'f', 2)
+                              .arg(data.size()));
         if (!ok)
             error = reason;
     };
-    return Control::File(bench.device()).readBinary(2, 1, tell);
+    return Control::File(bench.device()).readBinary(2, 1, callback);
 }
 
 bool synchronise(FaultBench &bench, QString & /*error*/)
@@ -84,7 +84,7 @@ bool synchronise(FaultBench &bench, QString & /*error*/)
 
 } // namespace
 
-// The screens are what goes wrong in a synchronisation.
+// In a synchronisation, the read of the screens gets the fault.
 // clang-format off
 const Operation operations[operationCount] = {
     {"read", ",code=DeviceGroupInfo,count=1",

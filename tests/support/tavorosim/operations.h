@@ -7,18 +7,18 @@
 #include <QString>
 #include <QStringList>
 
-/// An operation that exchanges of a bench go wrong in, and its words.
+/// An operation in which one exchange gets a fault, and the texts that it then shows.
 struct Operation {
     const char *name;
-    const char *rule; ///< Which of its exchanges goes wrong, as the end of a rule.
+    const char *rule; ///< The exchange that gets the fault, as the end of a rule.
     const char *failed; ///< The sentence on the status bar, "%1" is the reason.
-    const char *error; ///< What the caller gets of it.
+    const char *error; ///< The error text of the caller, "%1" is the reason or the sentence.
     const char *logged; ///< The warning after "TavoroCmd" and the device, "%1" is the sentence.
     const char *logsBesides; ///< A second warning, "%1" is the sentence.
-    const char *packet; ///< Count of the packet that goes wrong, if it is a further one.
-    const char *succeeded; ///< On the status bar.
+    const char *packet; ///< The packet that gets the fault, unless it is the first one: "2/2".
+    const char *succeeded; ///< The text of the status bar after a success.
     bool (*run)(FaultBench &bench, QString &error);
-    /// What the device has when the operation has happened; null for those that change nothing.
+    /// Whether the device has carried out the operation; null for operations that change nothing.
     bool (*hasHappened)(FaultBench &bench);
 
     bool isSynchronisation() const { return qstrcmp(name, "synchronisation") == 0; }
@@ -27,5 +27,5 @@ struct Operation {
 
 extern const Operation operations[operationCount];
 
-/// Brings the device to the state in which no operation has happened.
+/// Restores the state of the device before all operations.
 void resetDevice(FaultBench &bench);

@@ -34,7 +34,7 @@ bool isKeepAlive(const Wire::FrameEvent &frame)
     return isOfKind(frame, FrameKind::Ping) || isOfKind(frame, FrameKind::Pong);
 }
 
-/// The body is another one in each session: which connection it is, or what time it is.
+/// Whether the body differs in every session: it holds the ID of the connection, or the time.
 bool isOfTheMoment(const WireHead &head)
 {
     const auto command = static_cast<Command>(head.code());
@@ -42,7 +42,8 @@ bool isOfTheMoment(const WireHead &head)
         || (command == Command::AuxiliaryDeviceTime && head.type == quint8(CommandType::Write));
 }
 
-/// Tags and streams are the channel's choice and may be others this time.
+/// Whether two requests are the same. Tags and streams are not compared, since the channel chooses
+/// them.
 bool asksTheSame(const Wire::FrameEvent &a, const Wire::FrameEvent &b)
 {
     return a.head.kind == b.head.kind && a.head.type == b.head.type
@@ -83,9 +84,9 @@ private:
     bool isAnyWaiting() const;
 
     RecordedDevice &m_device;
-    std::size_t m_first = 0; ///< Exchange of this connection.
-    std::size_t m_answered = 0; ///< The one that was answered last.
-    std::vector<std::string> m_unsent; ///< What came while a request waited, and was not for it.
+    std::size_t m_first = 0; ///< The first exchange of this connection.
+    std::size_t m_answered = 0; ///< The exchange that was answered last.
+    std::vector<std::string> m_unsent; ///< Received while a request waited, but not its answer.
 };
 
 RecordedDevice::Recorder::Iterator RecordedDevice::Recorder::begin() const
@@ -144,7 +145,7 @@ void RecordedDevice::Recorder::endConnection(bool isLoss)
     m_unsent.clear();
 }
 
-/// The first exchange without an answer that a frame with this head can be the answer to.
+/// The first unanswered exchange that a frame with this head can answer.
 RecordedDevice::Recorder::Iterator RecordedDevice::Recorder::waitingFor(const WireHead &head) const
 {
     if (head.kind == static_cast<quint8>(FrameKind::Report))
@@ -242,7 +243,7 @@ void RecordedDevice::send(QTcpSocket &socket, const std::vector<std::string> &fr
     }
 }
 
-/// A head whose checksum was in order is so again.
+/// Renews the checksum of the head if it was correct.
 std::string RecordedDevice::retagged(std::string frame) const
 {
     WireHead head;

@@ -13,30 +13,31 @@
 class QTcpServer;
 class QTcpSocket;
 
-/// A device that answers as the one of a capture did, on a loopback socket and a thread of its own.
+/// Plays a capture back as a device, on a loopback socket and a separate thread.
 ///
-/// A request is answered with what the first recorded request of the same type, code, filters,
-/// packet and body that was not played yet got, under its own tag and stream; a clock may be set to
-/// any time. Its unsolicited frames come before or after the answers that it
-/// stood between, and what came wrong comes wrong again. What stands nowhere in the capture is left
-/// without an answer and counted. A client that connects more often than the recorded one gets the
-/// identity again.
+/// A request gets the recorded answer of the first matching request that was not played yet, with
+/// the tag and the stream of this session. Requests match if they have the same type, code,
+/// filters, packet and body; the body is ignored for a write of the clock. Reports and invalid
+/// frames are sent in their recorded order, together with the answer that they preceded or
+/// followed. A request that is not in the capture is counted and gets no answer. A client that
+/// connects more often than the recorded one gets the last identity again.
 ///
-/// A connection that was lost over requests ends when these were made, any other one that was lost
-/// when the last request before that was made; received bytes of the next frame are sent first.
-/// Pings are not answered, and the times of the capture are not looked at. One client at a time.
+/// A connection that was lost with unanswered requests ends as soon as these requests have been
+/// received; without unanswered requests it ends after the answer to the last one. The received
+/// part of an incomplete frame is sent before that. Pings are not answered, and the times of the
+/// capture are ignored. Serves one client at a time.
 class RecordedDevice {
 public:
-    /// Of the channel \a channel of the capture in the file \a path.
+    /// Plays the channel \a channel of the capture in the file \a path.
     explicit RecordedDevice(const QString &path, int channel = 1);
     ~RecordedDevice();
     RecordedDevice(const RecordedDevice &) = delete;
     RecordedDevice &operator=(const RecordedDevice &) = delete;
 
     quint16 port() const { return m_port; }
-    /// Requests that the capture does not hold.
+    /// The number of received requests that are not in the capture.
     int surprises() const { return m_surprises; }
-    /// Requests of the capture that were not made.
+    /// The number of requests of the capture that have not been received.
     int unplayed() const { return m_unplayed; }
 
 private:
@@ -45,28 +46,29 @@ private:
 
     struct Exchange {
         FrameEvent request;
-        std::vector<std::string> answers; ///< Frames as they travelled.
+        std::vector<std::string> answers; ///< Frames as recorded.
         bool isPlayed = false;
-        int end = -1; ///< Place in m_ends of the end that waits for this exchange.
+        int end = -1; ///< Index in m_ends of the end that waits for this exchange; -1 for none.
     };
 
-    /// How a connection ends: when the exchanges that it waits for were played.
+    /// The end of a connection. It takes place when the exchanges that it waits for have been
+    /// played.
     struct End {
-        int due = 0; ///< Exchanges that were not played yet.
-        std::vector<std::string> rest; ///< What is sent then.
-        bool isLoss = false; ///< The connection ends after that.
+        int due = 0; ///< The number of these exchanges that are still missing.
+        std::vector<std::string> rest; ///< Frames that are sent first.
+        bool isLoss = false; ///< The device ends the connection.
     };
 
-    /// The tag that a recorded one stands for this time.
+    /// Maps the tag, stream and number of a recorded request to those of this session.
     struct Tag {
         quint16 recordedStream = 0;
         quint16 stream = 0;
-        quint8 lables = 0; ///< 0: it was not played.
+        quint8 lables = 0; ///< The tag of this session; 0 if the request was not played.
         quint32 recordedNumber = 0;
         quint32 number = 0;
     };
 
-    /// Takes the items of a capture in their order.
+    /// Builds the exchanges from the items of a capture.
     class Recorder;
 
     void serve();
@@ -74,13 +76,13 @@ private:
     void play(QTcpSocket &socket, Exchange &exchange,
               const Tavoro::SSProxy::Wire::WireHead &request);
     void send(QTcpSocket &socket, const std::vector<std::string> &frames) const;
-    /// With the tag and the stream of this time.
+    /// The frame with the tag, stream and number of this session.
     std::string retagged(std::string frame) const;
 
     std::vector<Exchange> m_exchanges;
     std::vector<End> m_ends;
-    std::array<Tag, 256> m_tags; ///< By the recorded one.
-    std::string m_identity; ///< The last one of the capture, as it travelled.
+    std::array<Tag, 256> m_tags; ///< The index is the recorded tag.
+    std::string m_identity; ///< The last identity answer of the capture.
     Tavoro::Sim::SimThread m_thread;
     std::unique_ptr<QTcpServer> m_server; ///< Lives and dies on m_thread.
     quint16 m_port = 0;

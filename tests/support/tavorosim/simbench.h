@@ -29,7 +29,7 @@ struct SimBench {
         device.reset();
     }
 
-    /// Another connection: the device was away meanwhile.
+    /// Connects again, after the device was away.
     bool reconnect()
     {
         client = std::make_unique<WireClient>();

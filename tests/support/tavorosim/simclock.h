@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-/// A base of tests of a small device whose time passes only when a test lets it; each test starts a
-/// device of its own.
+/// Base class of tests of a small device whose time passes only when the test says so. Each test
+/// starts its own device.
 class SimClockFixture {
 protected:
     void start() { m_bench = std::make_unique<SimBench>(options()); }
@@ -22,7 +22,7 @@ protected:
         return wanted;
     }
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
-    /// A line of the device's console.
+    /// Carries out a line of the device's console.
     void run(const char *line)
     {
         const auto answer = m_bench->device->execute(QLatin1String(line));

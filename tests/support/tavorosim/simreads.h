@@ -11,7 +11,7 @@
 #include <array>
 #include <memory>
 
-/// What tests ask of a simulated device and write to it, as JSON.
+/// Reads and writes of a simulated device, as JSON.
 namespace SimReads {
 
 using Filters = std::array<quint8, 4>; ///< Positions 31 to 34.
@@ -22,7 +22,7 @@ constexpr quint16 screen = 0x1300;
 constexpr quint16 layer = 0x1400;
 constexpr quint8 any = 0xFF;
 
-// What most tests look at: input 1, output 1, screen 1, layer 1 of its programme.
+// The objects that most tests use: input 1, output 1, screen 1, layer 1 of its programme.
 constexpr Filters whole{};
 constexpr Filters inputs{0, 1, 1, 0};
 constexpr Filters outputs{0, 3, 2, 0};
@@ -30,12 +30,12 @@ constexpr Filters screen1{0, any, 0, 1};
 constexpr Filters programme1{any, 4, 0, 1};
 constexpr Filters preview1{any, 2, 0, 1};
 
-/// A base of tests; each test starts a device of its own.
+/// Base class of tests; each test starts its own device.
 class Fixture {
 protected:
     void start(Tavoro::Sim::SimOptions options = {})
     {
-        options.packetSize = 64 << 20; // each answer in one
+        options.packetSize = 64 << 20; // each answer fits into one packet
         m_bench = std::make_unique<SimBench>(options);
     }
     void stop() { m_bench.reset(); }
@@ -51,7 +51,7 @@ protected:
     {
         return static_cast<int>(QJsonDocument::fromJson(list(code, filters)).array().size());
     }
-    /// The value at \a path, such as "0.freeze", of what a read answers; as JSON.
+    /// The value at \a path, such as "0.freeze", in the answer to a read, as JSON.
     QByteArray valueAt(quint16 code, const Filters &filters, const QString &path)
     {
         const QJsonDocument document = QJsonDocument::fromJson(list(code, filters));
@@ -63,12 +63,12 @@ protected:
         const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
         return json.mid(1, json.size() - 2);
     }
-    /// What the device says to a write.
+    /// The status of a write.
     int status(quint16 code, const QByteArray &body)
     {
         return client().write(code, body.toStdString()).head.status;
     }
-    /// All that the device answers to its four reads.
+    /// The answers of the device to its four reads, joined.
     QByteArray everything()
     {
         return list(device, whole) + list(interface, {0, any, 0, 0})

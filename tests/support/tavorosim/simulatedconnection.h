@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// A simulated device that runs; it may be switched off.
+/// A running simulated device; it may be switched off.
 class RunningSimulator {
 public:
     explicit RunningSimulator(Tavoro::Sim::SimOptions options);

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-/// A simulated device that is read whole into the model's list, as an application does it.
+/// A simulated device that is read completely into the model's list, as an application does.
 class SimulatedSync {
 public:
     explicit SimulatedSync(const Tavoro::Sim::SimOptions &options = {},
@@ -18,10 +18,10 @@ public:
         : connection(options, channelOptions)
     { }
 
-    /// Reads the device. Returns when that has ended, with its outcome.
+    /// Reads the device, waits until the read has ended, and returns its outcome.
     bool run() { return readWhole(*connection.model); }
 
-    /// The device as the model's list has it.
+    /// The device in the model's list.
     std::shared_ptr<Tavoro::BizModel::Device> listed() const { return ::listed(*connection.model); }
 
     /// Puts a file onto the device.

@@ -6,8 +6,8 @@
 #include <QString>
 #include <QVariant>
 
-/// Runs one statement on a file of SQLite, with \a value for its placeholder if it has one. False
-/// after a failure, which is printed.
+/// Runs one statement on an SQLite file, with \a value for its placeholder if it has one. Prints a
+/// failure and returns false.
 inline bool runSql(const QString &fileName, const QString &statement, const QVariant &value = {})
 {
     const QString connection = QStringLiteral("test");

@@ -121,7 +121,7 @@ struct s_LayerBorderBody {
 /// Colours of an under-monitor display.
 struct s_UMDColor {
     s_RGBA foregroundColor; ///< Colour of the text.
-    s_RGBA backgroundColor; ///< Colour behind the text.
+    s_RGBA backgroundColor; ///< Colour of the background.
     TAVORO_FIELDS(foregroundColor, backgroundColor)
 };
 

@@ -12,10 +12,10 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-/// Where the calls of a command come from, and how they are made.
+/// The origin of calls: the command line, or a line of a batch.
 struct CallSource {
     MissingKeys missing = MissingKeys::Refused;
-    QString place; ///< Precedes each message about a fault; empty for a call of its own.
+    QString place; ///< Prefix of each message about a fault; empty for the command call.
 };
 
 CallSource sourceOf(const Arguments &arguments)

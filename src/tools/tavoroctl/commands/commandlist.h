@@ -2,7 +2,7 @@
 
 #include "tool.h"
 
-/// The functions behind the table of commands. Each expects the number of words that its row
+/// The functions that the table of commands calls. Each expects the number of words that its row
 /// allows.
 namespace Tavoro::Ctl {
 

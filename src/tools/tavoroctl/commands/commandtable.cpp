@@ -43,45 +43,45 @@ constexpr OptionRow projectApplyOptions[] = {
 // In alphabetical order.
 constexpr CommandRow commandRows[] = {
 //   name, words after it
-//   effect                                                                               function        options
+//   effect                                                                                    function         options
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input. Without HOST each line begins with one.",   runBatch,       callOptions},
+     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        callOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
-     "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",    runCall,        callOptions},
+     "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",  runCall,         callOptions},
     {"discover", "[ADDRESS[:PORT] ...]",
-     "Lists the devices on the local network, or those that answer at ADDRESS.",            runDiscover},
+     "Lists the devices on the local network, or those that answer at ADDRESS.",               runDiscover},
     {"files", "HOST[:PORT] [TYPE]",
-     "Lists the files on the device.",                                                      runFiles},
+     "Lists the files on the device.",                                                         runFiles},
     {"list", "[OPERATION]",
-     "Lists all operations, or shows the record that OPERATION takes.",                           runList},
+     "Lists all operations, or shows the record that OPERATION takes.",                        runList},
     {"preset apply", "HOST[:PORT] ID",
-     "Applies a preset.",                                                                   runPresetApply, applyOptions},
+     "Applies a preset.",                                                                      runPresetApply,  applyOptions},
     {"preset save", "HOST[:PORT] ID [SCREEN ...]",
-     "Stores the screens with these IDs as a preset; all screens without an ID.",              runPresetSave,  saveOptions},
+     "Stores the screens with these IDs as a preset; all screens without an ID.",              runPresetSave,   saveOptions},
     {"project apply", "HOST[:PORT] ID",
-     "Applies a project.",                                                                  runProjectApply, projectApplyOptions},
+     "Applies a project.",                                                                     runProjectApply, projectApplyOptions},
     {"project save", "HOST[:PORT] ID",
-     "Stores all screens, with all files or some kinds of them, as a project.",             runProjectSave, projectSaveOptions},
+     "Stores all screens, with all files or some kinds of them, as a project.",                runProjectSave,  projectSaveOptions},
     {"pull", "HOST[:PORT] TYPE ID FILE",
-     "Fetches a file from the device into FILE, completely or not at all; - is stdout.",                        runPull},
+     "Fetches a file from the device into FILE, completely or not at all; - is stdout.",       runPull},
     {"push", "HOST[:PORT] FILE",
-     "Sends FILE to the device; - is standard input.",                                                           runPush,        pushOptions},
+     "Sends FILE to the device; - is standard input.",                                         runPush,         pushOptions},
     {"reboot", "HOST[:PORT]",
-     "Restarts the device.",                                                                runReboot},
+     "Restarts the device.",                                                                   runReboot},
     {"replay", "FILE",
-     "Shows the connections and frames of a capture.",                                          runReplay},
+     "Shows the connections and frames of a capture.",                                         runReplay},
     {"selfcheck", "HOST[:PORT]",
-     "Shows the measurements of the device; ends with 1 if one is out of its range.",       runSelfCheck},
+     "Shows the measurements of the device; ends with 1 if one is out of its range.",          runSelfCheck},
     {"show", "HOST[:PORT]",
-     "Shows the device, its interfaces, screens and layers as the device reports them.",            runShow},
+     "Shows the device, its interfaces, screens and layers as the device reports them.",       runShow},
     {"sync", "HOST[:PORT]",
-     "Reads the whole device into the model and shows the model.",                         runSync},
+     "Reads the whole device into the model and shows the model.",                             runSync},
     {"upgrade", "HOST[:PORT] PACKAGE",
-     "Starts an upgrade from a package on the device, or follows the running one.",           runUpgrade,     upgradeOptions},
+     "Starts an upgrade from a package on the device, or follows the running one.",            runUpgrade,      upgradeOptions},
     {"version", "HOST[:PORT]",
      "Shows the versions of the device and of its units.",                                     runVersion},
     {"watch", "HOST[:PORT]",
-     "Reads the device as sync does, then shows changes of the model until Ctrl-C.",   runWatch},
+     "Reads the device as sync does, then shows changes of the model until Ctrl-C.",           runWatch},
 };
 // clang-format on
 
@@ -104,10 +104,10 @@ const CommandRow *findCommand(const QStringList &words)
 bool takesWords(const CommandRow &command, int count)
 {
     const QString usage = QString::fromLatin1(command.usage);
-    const QString due = usage.section(QStringLiteral(" ["), 0, 0);
-    const bool allInBrackets = due.startsWith(QLatin1Char('['));
-    const int least = allInBrackets ? 0 : static_cast<int>(due.count(QLatin1Char(' '))) + 1;
-    const bool hasOptional = allInBrackets || due != usage;
+    const QString required = usage.section(QStringLiteral(" ["), 0, 0);
+    const bool allInBrackets = required.startsWith(QLatin1Char('['));
+    const int least = allInBrackets ? 0 : static_cast<int>(required.count(QLatin1Char(' '))) + 1;
+    const bool hasOptional = allInBrackets || required != usage;
     if (usage.contains(QLatin1String("...")))
         return count >= least;
     return count == least || (hasOptional && count == least + 1);

@@ -1,4 +1,4 @@
-// Fetches a file of a device.
+// Fetches a file from a device.
 
 #include "commandlist.h"
 

@@ -92,7 +92,8 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     error = faultOfLength(tool, *device, content);
     if (!error.isEmpty())
         return fail(tool, error);
-    // A lost answer to the last packet would be shown as a failure, which it may not be.
+    // The status bar would show a lost answer to the last packet as a failure, but the upload may
+    // have succeeded.
     tool.console.showStatusBar(StatusBar::Nothing);
     Upload upload(tool.console, {device, tool.session.channel(*device), tool.timeout}, info);
     const Interruption interruption([&] { upload.cancel(); });

@@ -23,7 +23,7 @@ struct Tool {
 /// The words and options after the name of a command.
 struct Arguments {
     QStringList words;
-    QMap<QString, QString> options; ///< By name; only the given ones.
+    QMap<QString, QString> options; ///< The values of the given options, by name.
 };
 
 /// Reports a fault of the command line.

@@ -38,7 +38,7 @@ private:
     std::shared_ptr<BizModel::Device> m_device; ///< The device of the present or the last read.
     QString m_lastText; ///< The last text of the status bar.
     int m_failures = 0; ///< Failures that the status bar showed during the read.
-    int m_failedWrites = 0; ///< Those of the failures that belong to writes.
+    int m_failedWrites = 0; ///< The part of m_failures that belongs to writes.
     const std::function<void(bool)> m_ended;
     Control::DeviceList m_list;
 };

@@ -48,7 +48,7 @@ public:
     const QStringList &missingKeys() const { return m_missing; }
 
 private:
-    /// The text stands before a value, whose place in the record is \a path.
+    /// Compares the value at the current position. Its place in the record is \a path.
     Fault compareValue(const QJsonValue &sent, const QString &path)
     {
         const char first = peek();

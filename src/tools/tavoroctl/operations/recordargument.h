@@ -12,12 +12,12 @@
 
 namespace Tavoro::Ctl {
 
-/// What is wrong with a record that a person typed: a sentence with its place. Lines and columns
-/// count from 1. Empty if the record is valid.
+/// The fault of a record that a user typed, as a text with its line and column, both counted
+/// from 1. Empty if the record is valid.
 using Fault = QString;
 
-/// What becomes of a record in which keys are missing. The codec leaves their fields at the
-/// defaults, so a device would take values that nobody typed.
+/// How missing keys of a record are handled. The codec leaves their fields at the defaults, so a
+/// device would receive values that the user did not type.
 enum class MissingKeys {
     Refused,
     SentAsDefaults,
@@ -34,9 +34,9 @@ Fault faultOfCodec(const std::string &error);
 
 /// Compares \a text with \a sent, the record that was decoded from it and would be sent.
 ///
-/// The codec is lax: it skips unknown keys, truncates numbers to the width of their field, takes
-/// words for numbers and leaves missing keys at their defaults. A record is sent as it was typed,
-/// or not at all.
+/// The codec is lenient: it skips unknown keys, truncates numbers to the width of their field,
+/// reads words as numbers and leaves missing keys at their defaults. The tool sends a record only
+/// if it is exactly what the user typed.
 Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing);
 
 template <class Record>

@@ -22,8 +22,8 @@ class Session {
 public:
     /// How long to wait, in milliseconds.
     struct Limits {
-        int ready = 5000; ///< For a device to be ready.
-        int request = 0; ///< For one request; 0 for the time that the library gives it.
+        int ready = 5000; ///< Until a device is ready.
+        int request = 0; ///< Until a request is answered; 0: the timeout of the library.
     };
 
     explicit Session(const Limits &limits);

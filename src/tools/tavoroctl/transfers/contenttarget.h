@@ -8,7 +8,7 @@
 
 namespace Tavoro::Ctl {
 
-/// Where the content of a fetched file goes.
+/// Receives the content of a fetched file.
 ///
 /// A regular file appears under its name when it is complete: commit() replaces the one that was
 /// there, and without it nothing changes. A device, a FIFO or the standard output receives the

@@ -28,8 +28,8 @@ public:
     QString error() const;
 
 private:
-    /// Stops when more arrives than the device announced: a channel does not limit the packets of a
-    /// file, since its length does.
+    /// Stops the download when more arrives than the device announced. The channel itself accepts
+    /// any number of packets, see Session::acceptAnyPacketCount().
     void write(double share, const std::string &data);
     /// Keeps the first reason: later ones follow from it.
     void stop(const QString &reason);

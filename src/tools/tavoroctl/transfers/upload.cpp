@@ -17,7 +17,7 @@ using SSProxy::RequestOutcome;
 Upload::Upload(Console &console, const Target &target, const ProtoModel::File::s_FileInfo &info)
     : m_console(console), m_target(target), m_info(info)
 {
-    constexpr quint32 most = 1 << 20; // For a device that names a larger limit, or none.
+    constexpr quint32 most = 1 << 20; // for a device that announces a larger limit or none
     const quint32 limit = target.device->deviceBaseInfo().maxPacketSize;
     m_packetSize = limit == 0 ? most : std::min(limit, most);
 }
@@ -44,7 +44,8 @@ bool Upload::run(ContentSource &content)
     return true;
 }
 
-/// Control::File sends such packets too, but keeps their tags, by which an outcome is asked for.
+/// Control::File sends such packets too, but does not return their tags, which requestOutcome()
+/// needs.
 Upload::Request Upload::packet(quint32 count, quint32 index) const
 {
     auto request = std::make_shared<SSProxy::DeviceRequestCommand>();

@@ -23,7 +23,7 @@ public:
     /// What an upload works with.
     struct Target {
         std::shared_ptr<BizModel::Device> device;
-        std::shared_ptr<SSProxy::NetworkChannel> channel; ///< Of the device.
+        std::shared_ptr<SSProxy::NetworkChannel> channel; ///< The channel of the device.
         int timeout = 0; ///< Milliseconds that the device may be away before its last answer.
     };
 

@@ -4,7 +4,7 @@
 
 namespace Tavoro::Sim {
 
-/// One command of the device. Null for what it does not support.
+/// One command of the device. A handler is null if the device does not support that kind of access.
 struct CommandRow {
     Command command;
     ReadHandler read;

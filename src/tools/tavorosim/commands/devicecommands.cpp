@@ -13,7 +13,7 @@ using namespace ProtoModel::Device;
 
 namespace {
 
-constexpr std::size_t longestName = 128; ///< Of the device, in bytes.
+constexpr std::size_t longestName = 128; ///< Bytes of the name of the device.
 constexpr std::size_t mostGroups = 64;
 
 template <class List, class Predicate>
@@ -94,7 +94,7 @@ DeviceStatus checkRelation(const SimState &state, const s_Relation &relation)
                                                 : DeviceStatus::ValueOutOfRange;
 }
 
-/// The first refusal of \a check over \a list.
+/// Calls \a check for each element of \a list. Returns the status of the first one that is refused.
 template <class List, class Check>
 DeviceStatus checkAll(const SimState &state, const List &list, Check check)
 {

@@ -12,8 +12,8 @@ using namespace ProtoModel::File;
 
 namespace {
 
-constexpr std::size_t longestName = 255; ///< Bytes.
-constexpr std::size_t mostUploads = 16; ///< At a time on one connection.
+constexpr std::size_t longestName = 255; ///< Bytes of the name of a file.
+constexpr std::size_t mostUploads = 16; ///< Simultaneous uploads on one connection.
 
 /// The type of a transfer in a progress report.
 enum TransferType : qint32 {

@@ -12,7 +12,7 @@ constexpr qint32 mostFileNumber = 254;
 bool isFileIdentity(const ProtoModel::s_FileIdentity &id);
 bool isFileName(const ProtoModel::File::s_FileGeneral &general);
 
-/// Makes \a changes.
+/// Applies \a changes to the stored files.
 DeviceStatus commit(SimState &state, const FileChanges &changes);
 
 /// Filters: position 31 the type, position 32 the number.

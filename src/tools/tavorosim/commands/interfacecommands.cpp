@@ -76,15 +76,15 @@ template <auto From, auto To>
 DeviceStatus writePreset(SimState &state, const Request &request, Reports &reports)
 {
     using Record = RecordOf<From>;
-    std::vector<Record> told;
+    std::vector<Record> changed;
     const DeviceStatus status = writeEach<Record>(
         state, request, checkMember<From, isPreset>, [&](SimState &now, const Record &record) {
             s_InterfaceDetail &interface = *find(now, identityOf(record));
             follow(interface.*To, record.*From);
-            told.push_back(recordOf<From, To>(interface));
+            changed.push_back(recordOf<From, To>(interface));
         });
-    if (!told.empty())
-        reports.push_back({request.command, encoded(told)});
+    if (!changed.empty())
+        reports.push_back({request.command, encoded(changed)});
     return status;
 }
 

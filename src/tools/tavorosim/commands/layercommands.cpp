@@ -15,7 +15,7 @@ namespace {
 
 using Layers = std::map<LayerKey, s_LayerFullDetail>;
 
-/// The layers of one screen stand together.
+/// The range of the layers of \a screen, which are adjacent in the map.
 std::pair<Layers::iterator, Layers::iterator> layersOf(Setup &setup, const s_ScreenId &screen)
 {
     constexpr qint32 least = std::numeric_limits<qint32>::min();

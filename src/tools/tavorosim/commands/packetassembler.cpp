@@ -93,8 +93,7 @@ PacketAssembler::Packet PacketAssembler::answerFurther(const WireHead &head, std
     return handOut(head);
 }
 
-/// True if a further packet has its turn in the split write of its stream, also when its type is
-/// wrong there.
+/// True if a further packet belongs to the split write of its stream, even if its type is wrong.
 bool PacketAssembler::belongsToWrite(const WireHead &head)
 {
     if (isOfType(head, CommandType::Write))

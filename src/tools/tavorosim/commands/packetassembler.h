@@ -28,7 +28,7 @@ public:
     struct Packet {
         SSProxy::Wire::WireHead head;
         std::string body;
-        std::optional<quint32> checksum = {}; ///< Of the body, if it is known already.
+        std::optional<quint32> checksum = {}; ///< Checksum of the body, if already known.
     };
 
     static constexpr quint32 mostPackets = 65536; ///< A client takes no more of one answer.

@@ -142,7 +142,7 @@ DeviceStatus writeTBar(SimState &state, const Request &request, Reports & /*repo
 
 DeviceStatus writeScreenZelk(SimState &state, const Request &request, Reports &reports)
 {
-    std::vector<s_ScreenZeLKFull> told;
+    std::vector<s_ScreenZeLKFull> changed;
     const auto isSwitch = [](const SimState &now, const s_ScreenZeLKFull &record) {
         const DeviceStatus status = checkScreen(now, record);
         if (status != DeviceStatus::Success)
@@ -155,11 +155,11 @@ DeviceStatus writeScreenZelk(SimState &state, const Request &request, Reports &r
             s_ScreenZeLK &feature = find(now, identityOf(record))->screenZeLK;
             feature.enable = record.screenZeLK.enable;
             feature.status = feature.enable; // It takes effect at once.
-            told.push_back(record);
-            told.back().screenZeLK = feature;
+            changed.push_back(record);
+            changed.back().screenZeLK = feature;
         });
-    if (!told.empty())
-        reports.push_back({request.command, encoded(told)});
+    if (!changed.empty())
+        reports.push_back({request.command, encoded(changed)});
     return status;
 }
 

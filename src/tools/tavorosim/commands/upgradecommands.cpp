@@ -87,7 +87,8 @@ std::string readVersion(const SimState &state, const Request & /*request*/)
             const quint32 revision = upgrade.revision({{unit.type, unit.slotId}, row.code});
             part.section.push_back({row.code, versionText(revision), row.brief});
         }
-        part.version = part.section.front().version; // A unit is known by its program.
+        part.version =
+            part.section.front().version; // The version of a unit is that of its program.
         version.parts.push_back(part);
     }
     version.version = version.parts.front().version;

@@ -137,7 +137,7 @@ Input *findInput(SimState &state, const Numbers &numbers)
     return interface && interface->general.type == InputInterface ? interface : nullptr;
 }
 
-/// A width or a height of a picture.
+/// True if \a pixels is a valid width or height of a picture.
 bool isSide(int pixels)
 {
     return pixels >= 1 && isCode(pixels);
@@ -147,7 +147,7 @@ QString setTiming(SimState & /*state*/, Input &input, const Numbers &numbers, Re
 {
     const int width = numbers.at(2);
     const int height = numbers.at(3);
-    if (!isSide(width) || !isSide(height)) // and their sums are in order
+    if (!isSide(width) || !isSide(height)) // so that the sums below do not overflow
         return unsupportedTiming;
     s_TimingDetailBody timing;
     timing.refresh = numbers.at(4);

@@ -14,7 +14,7 @@ struct FaultRow;
 /// Selects exchanges, and a fault for them.
 struct FaultRule {
     const FaultRow *fault = nullptr; ///< A row of the table of faults.
-    quint32 value = 0; ///< Its meaning is that of the row.
+    quint32 value = 0; ///< The value of the fault; the row gives its meaning.
     std::optional<quint16> code; ///< Empty: all commands.
     quint32 skip = 0; ///< Exchanges that are skipped first.
     std::optional<quint32> count; ///< Exchanges that get the fault; empty: all.

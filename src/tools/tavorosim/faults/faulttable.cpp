@@ -201,8 +201,7 @@ void flood(const FaultedRequest &request, Delivery &delivery)
 }
 
 constexpr quint32 tenMinutes = 600000;
-constexpr quint32 mostReports =
-    100000; ///< They fit what a client that has read everything may leave unread.
+constexpr quint32 mostReports = 100000; ///< They fit into the buffer of SimClient::mostUnread.
 constexpr quint32 aboveEveryLimit = 0x10000000;
 
 // The device carries a request out unless the help says otherwise.
@@ -219,17 +218,17 @@ constexpr FaultRow faultRows[] = {
     {"drop-within",         "",       0,    0,           0,               "ends the connection after half of the answer",                dropWithin},
     {"drop-after",          "",       0,    0,           0,               "ends the connection after the answer",                        dropAfter},
     {"wrong-flag",          "",       0,    0,           0,               "answers with another flag (position 0)",                      changeHead<0, 0xFF>},
-    {"wrong-version",       "",       0,    0,           0,               "with another version (2)",                                    changeHead<2, 0x80>},
-    {"wrong-tag",           "",       0,    0,           0,               "with a tag that is not in use (3)",                           changeHead<3, 0x80>},
-    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "with a body length that is too large by this (4)",             claimMoreBytes},
-    {"wrong-index",         "",       0,    0,           0,               "with a checksum index that is not defined (9)",               changeHead<9, 0x80>},
-    {"wrong-kind",          "",       0,    0,           0,               "with a kind that is not defined (10)",                        changeHead<10, 0x80>},
-    {"wrong-head-checksum", "",       0,    0,           0,               "with another checksum of the head (12)",                      spoilHeadChecksum},
-    {"wrong-checksum",      "",       0,    0,           0,               "with another checksum of the body (14)",                      changeHead<14, 0xFF>},
-    {"wrong-stream",        "",       0,    0,           0,               "with another stream (18)",                                    changeHead<18, 0xFF>},
-    {"wrong-type",          "",       0,    0,           0,               "with another type (20)",                                      changeHead<20, 0x80>},
-    {"wrong-code",          "",       0,    0,           0,               "with another function code (29)",                             changeHead<29, 0x80>},
-    {"packets",             "NUMBER", 0,    any,         any,             "with this number of packets (21)",                            claimPackets},
+    {"wrong-version",       "",       0,    0,           0,               "answers with another version (2)",                            changeHead<2, 0x80>},
+    {"wrong-tag",           "",       0,    0,           0,               "answers with a tag that is not in use (3)",                   changeHead<3, 0x80>},
+    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "answers with a body length that is too large by this (4)",   claimMoreBytes},
+    {"wrong-index",         "",       0,    0,           0,               "answers with a checksum index that is not defined (9)",       changeHead<9, 0x80>},
+    {"wrong-kind",          "",       0,    0,           0,               "answers with a kind that is not defined (10)",                changeHead<10, 0x80>},
+    {"wrong-head-checksum", "",       0,    0,           0,               "answers with another checksum of the head (12)",              spoilHeadChecksum},
+    {"wrong-checksum",      "",       0,    0,           0,               "answers with another checksum of the body (14)",              changeHead<14, 0xFF>},
+    {"wrong-stream",        "",       0,    0,           0,               "answers with another stream (18)",                            changeHead<18, 0xFF>},
+    {"wrong-type",          "",       0,    0,           0,               "answers with another type (20)",                              changeHead<20, 0x80>},
+    {"wrong-code",          "",       0,    0,           0,               "answers with another function code (29)",                     changeHead<29, 0x80>},
+    {"packets",             "NUMBER", 0,    any,         any,             "answers with this number of packets (21)",                    claimPackets},
     {"swap-packets",        "",       0,    0,           0,               "sends the next packet first, then this one",                  swapPackets},
     {"twice",               "",       0,    0,           0,               "answers twice",                                               answerTwice},
     {"other-tag",           "",       0,    0,           0,               "answers an earlier request without an answer",                answerAnother},

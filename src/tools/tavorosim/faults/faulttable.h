@@ -12,20 +12,20 @@
 
 namespace Tavoro::Sim {
 
-/// The bytes that answer one request, and what happens to the connection.
+/// The bytes that answer one request, and the effects on the connection.
 struct Delivery {
     QByteArray bytes;
-    /// The answer in the bytes if the request was not carried out for it.
+    /// The answer in \c bytes if it was made without carrying the request out.
     std::optional<PacketAssembler::Packet> unworked = {};
     int delay = 0; ///< Milliseconds before the bytes are sent.
-    bool endsConnection = false; ///< After the bytes.
+    bool endsConnection = false; ///< Ends the connection after the bytes.
     bool stopsReading = false;
     int readingPause = 0; ///< Milliseconds; 0: until the faults are cleared.
-    quint32 reports = 0; ///< Sent before the bytes.
-    bool restarts = false; ///< The whole device.
+    quint32 reports = 0; ///< The number of reports to send before the bytes.
+    bool restarts = false; ///< Restarts the whole device.
 };
 
-/// What happened before on one connection.
+/// The part of the history of one connection that faults need.
 struct ConnectionPast {
     /// The last request without an answer; its tag is 0 if there is none.
     SSProxy::Wire::WireHead unanswered;
@@ -39,7 +39,7 @@ using MakeAnswer = std::function<PacketAssembler::Packet(const SSProxy::Wire::Wi
 /// A request that a rule applies to.
 struct FaultedRequest {
     const SSProxy::Wire::WireHead &head;
-    quint32 value; ///< Of the rule.
+    quint32 value; ///< The value of the rule.
     const MakeAnswer &makeAnswer;
     ConnectionPast &past;
     std::mt19937 &random;
@@ -53,7 +53,7 @@ struct FaultRow {
     const char *valueName; ///< Empty when it takes no value.
     quint32 least; ///< Least value.
     quint32 most; ///< Greatest value.
-    quint32 usual; ///< The value when none is given; below \c least: one has to be given.
+    quint32 usual; ///< The default value; below \c least: the value is required.
     const char *help;
     void (*act)(const FaultedRequest &request, Delivery &delivery);
 

@@ -31,7 +31,7 @@ void ConnectionOutcomes::finish(quint32 number, quint8 status)
 
 /// A client numbers its requests in the order in which it sends them: one that is not remembered
 /// has been forgotten if it is much older than the last one, and has not arrived otherwise.
-std::string ConnectionOutcomes::tell(quint32 number) const
+std::string ConnectionOutcomes::read(quint32 number) const
 {
     const Outcome &outcome = m_outcomes[number % mostRequests];
     if (number == 0)
@@ -50,12 +50,12 @@ std::shared_ptr<ConnectionOutcomes> OutcomeLog::open(const ConnectionId &id)
     return m_connections.back();
 }
 
-std::string OutcomeLog::tell(const SSProxy::Wire::RequestId &request) const
+std::string OutcomeLog::read(const SSProxy::Wire::RequestId &request) const
 {
     for (const auto &connection : m_connections) {
         if (connection->id().client == request.connection.client
             && connection->id().number == request.connection.number)
-            return connection->tell(request.number);
+            return connection->read(request.number);
     }
     return bytes(OutcomeState::Unknown);
 }

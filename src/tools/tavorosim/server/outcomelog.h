@@ -22,7 +22,7 @@ public:
     /// It was answered.
     void finish(quint32 number, quint8 status);
     /// State and status of a request, as on the wire.
-    std::string tell(quint32 number) const;
+    std::string read(quint32 number) const;
 
 private:
     struct Outcome {
@@ -44,7 +44,7 @@ public:
     std::shared_ptr<ConnectionOutcomes> open(const SSProxy::Wire::ConnectionId &id);
     void forgetAll() { m_connections.clear(); }
     /// State and status of a request, as on the wire.
-    std::string tell(const SSProxy::Wire::RequestId &request) const;
+    std::string read(const SSProxy::Wire::RequestId &request) const;
 
 private:
     std::deque<std::shared_ptr<ConnectionOutcomes>> m_connections;

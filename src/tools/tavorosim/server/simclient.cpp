@@ -73,7 +73,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
     connect(&m_pause, &QTimer::timeout, this, &SimClient::resumeReading);
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    // With a limit the socket leaves the rest to the network, which then holds the sender up.
+    // Bytes beyond the limit stay in the network's buffers, which slows the sender down.
     socket->setReadBufferSize(mostReceived);
     connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::bytesWritten, this, &SimClient::readFrames);

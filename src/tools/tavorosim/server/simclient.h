@@ -49,7 +49,7 @@ public:
               QObject *parent);
     ~SimClient() override;
 
-    /// Where the client is.
+    /// Address and port of the client.
     const QString &peer() const { return m_peer; }
 
     /// Sends \a report if the client has asked for the identity and keeps up with reading.
@@ -96,7 +96,7 @@ private:
     /// A client that leaves more than this unread gets no further reports, and its requests are not
     /// read until it reads.
     static constexpr qint64 mostUnread = 16 << 20;
-    static constexpr int mostDelayed = 1024; ///< Answers that wait for their time.
+    static constexpr int mostDelayed = 1024; ///< Delayed answers.
     static constexpr qint64 mostReceived = 256 << 10; ///< Bytes that the socket holds.
     static constexpr qint64 readSize = 64 << 10; ///< Bytes that are taken from the socket at once.
 
@@ -108,7 +108,7 @@ private:
     std::vector<char> m_received; ///< The bytes that were read last.
     std::string_view m_rest; ///< The part of them that has not been parsed.
     QByteArray m_frame; ///< The frame that was sent last; kept, as m_received is, for its storage.
-    qint64 m_delayedBytes = 0; ///< Of answers that wait for their time.
+    qint64 m_delayedBytes = 0; ///< Bytes of delayed answers.
     int m_delayedAnswers = 0;
     QByteArray m_owedControl; ///< Report of control that waits until the client reads, or empty.
     SSProxy::Wire::FrameParser m_parser;

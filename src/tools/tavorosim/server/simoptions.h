@@ -20,12 +20,12 @@ struct SimOptions : DeviceOptions {
     quint32 packetSize = 64 * 1024; ///< Longest body of a packet in either direction; at least 1.
     int latencyMilliseconds = 0; ///< Delay of each answer.
 
-    int clockSpeed = 100; ///< Of the device's clock, in percent; 0: only the console advances it.
+    int clockSpeed = 100; ///< Clock speed in percent; 0: only the console advances the clock.
 
-    QString filesFolder; ///< For files and the saved setup; empty: in memory only.
+    QString filesFolder; ///< Folder for files and the saved setup; empty: in memory only.
 
     std::vector<FaultRule> faults; ///< Active from the start.
-    quint32 seed = 1; ///< For random faults.
+    quint32 seed = 1; ///< Seed of random faults.
 };
 
 } // namespace Tavoro::Sim

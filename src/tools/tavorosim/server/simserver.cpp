@@ -209,7 +209,7 @@ Answer SimServer::answerOutcome(const Request &request) const
     else if (!id)
         answer.status = DeviceStatus::MalformedBody;
     else
-        answer.body = m_outcomes.tell(*id);
+        answer.body = m_outcomes.read(*id);
     return answer;
 }
 

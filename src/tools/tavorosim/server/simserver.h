@@ -70,12 +70,12 @@ private:
     const SimOptions m_options;
     SimState m_state;
     FaultRules m_faults; ///< The faults that it injects.
-    QElapsedTimer m_elapsed; ///< Since the program started, by this machine's clock.
-    qint64 m_passed = 0; ///< The part of it that the device's clock has followed.
+    QElapsedTimer m_elapsed; ///< Time since the program started, by this machine's clock.
+    qint64 m_passed = 0; ///< The part of m_elapsed that the device's clock has followed.
     QTimer m_tick; ///< Runs while something runs that takes time.
     Listener m_listener;
     quint16 m_port = 0; ///< Kept while the device is off.
-    bool m_isLeaving = false; ///< It is off, but still sends answers.
+    bool m_isLeaving = false; ///< The device is off, but still sends answers.
     Listener m_consoleListener;
     DiscoveryResponder m_discovery;
     ControlArbiter m_arbiter;

@@ -9,8 +9,8 @@
 
 namespace Tavoro::Sim {
 
-/// A thread with an event loop that carries out calls of another thread. The object itself lives
-/// there, too.
+/// A thread with an event loop that carries out calls of another thread. The object itself lives on
+/// this thread, too.
 ///
 /// | member         | thread                          |
 /// |----------------|---------------------------------|

@@ -18,12 +18,13 @@ QT_END_NAMESPACE
 
 namespace Tavoro::Sim {
 
-/// What a simulated device keeps from run to run, in a file of SQLite: the rows of its files and
-/// its setup. Each change is a transaction: after a crash the state is that before or after it.
+/// The data that a simulated device keeps from run to run, in an SQLite file: the records of its
+/// files and its setup. Each change is a transaction: after a crash the state is that before or
+/// after it.
 ///
 /// \code
 /// file   type, id    number of a file
-///        record      what is known of it
+///        record      its record
 /// setup  id          0
 ///        record      the setup that was saved last
 /// \endcode
@@ -71,8 +72,8 @@ private:
     const QString m_connection;
     QString m_fileName;
     QSqlDatabase m_database;
-    QString m_failure; ///< Of the last statement that failed.
-    bool m_isDamaged = false; ///< That failure was caused by the content of the file.
+    QString m_failure; ///< Text of the last failure.
+    bool m_isDamaged = false; ///< The last failure was caused by the content of the file.
 };
 
 } // namespace Tavoro::Sim

@@ -10,7 +10,7 @@ namespace Tavoro::Sim {
 
 /// Identity and hardware of a simulated device.
 struct DeviceOptions {
-    QHostAddress address = QHostAddress::LocalHost; ///< Also that of its network settings.
+    QHostAddress address = QHostAddress::LocalHost; ///< Also in its network settings.
     QString name = QStringLiteral("Simulated device");
     std::array<quint8, 8> sn = {0x53, 0x49, 0x4D, 0x00, 0x00, 0x00, 0x00, 0x01};
     std::array<quint8, 6> mac = {0x02, 0x00, 0x5E, 0x10, 0x00, 0x01};

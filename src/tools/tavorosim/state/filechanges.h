@@ -33,7 +33,7 @@ private:
     Places m_places;
 };
 
-/// Makes the changes in \a index.
+/// Applies the changes to \a index.
 void makeChanges(const FileChanges::Places &places, FileIndex &index);
 
 } // namespace Tavoro::Sim

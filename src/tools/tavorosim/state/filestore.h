@@ -61,10 +61,10 @@ public:
     void setMostUnfinished(qint64 bytes) { m_mostUnfinished = bytes; }
 
     const FileIndex &index() const { return m_index; }
-    /// Changes of the files as they are now, to be committed before any others.
+    /// A new set of changes to the present files. Commit it before you make another one.
     FileChanges change() const { return FileChanges(m_index); }
-    /// Makes the changes, and replaces the saved setup by \a setup if there is one, in one step.
-    /// False when they cannot be written; then nothing changes.
+    /// Applies the changes and, if given, replaces the saved setup by \a setup, in one transaction.
+    /// If writing fails, returns false and changes nothing.
     bool commit(const FileChanges &changes, const std::optional<QByteArray> &setup = {});
     /// Reads the saved setup of a store in a folder; without one \a setup stays empty. On failure
     /// \a error holds a sentence.

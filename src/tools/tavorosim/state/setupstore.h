@@ -4,8 +4,8 @@
 
 namespace Tavoro::Sim {
 
-/// Makes \a changes and saves \a setup with the files, in one step; a store in memory saves none.
-/// False when that cannot be written; then nothing changes.
+/// Applies \a changes and saves \a setup with the files, in one transaction; a store in memory
+/// saves no setup. If writing fails, returns false and changes nothing.
 bool saveSetup(FileStore &files, const FileChanges &changes, const Setup &setup);
 
 /// Replaces \a setup by the saved one, if there is one and it has the same connectors: a device

@@ -15,7 +15,7 @@ FileKey keyOf(const ProtoModel::s_FileIdentity &id);
 
 /// A file of the device: its record, and where its content is.
 struct StoredFile : ProtoModel::File::s_FileDetail {
-    std::string contentName; ///< Its file in the folder; empty in memory.
+    std::string contentName; ///< Name of the content file in the folder; empty in memory.
     QByteArray content; ///< The content itself in memory.
     TAVORO_FIELDS(fileId, fileType, general, source, size, contentName)
 };

@@ -69,7 +69,7 @@ void Upgrade::showProgress()
     m_progress.subSections.rate = percentOf(m_elapsed % timePerSection, timePerSection);
     if (m_elapsed == duration())
         m_progress.subSections.rate = whole;
-    qint64 begin = 0; // Of the section, in the time of the whole.
+    qint64 begin = 0; // start of the section in the time of the whole upgrade
     for (s_UpgradePartPercent &part : m_progress.parts) {
         const qint64 partBegin = begin;
         for (s_UpgradeSectionPercent &section : part.section) {

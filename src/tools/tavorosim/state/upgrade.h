@@ -45,7 +45,7 @@ private:
     ProtoModel::Auxiliary::s_UpgradeDetail m_detail;
     ProtoModel::Auxiliary::s_UpgradePercent m_progress;
     std::map<Section, quint32> m_revisions;
-    qint64 m_sections = 0; ///< In all parts.
+    qint64 m_sections = 0; ///< Number of sections in all parts.
     qint64 m_elapsed = 0;
     qint32 m_failurePercent = -1; ///< -1: never.
 };

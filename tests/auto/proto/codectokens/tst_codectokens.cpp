@@ -64,7 +64,7 @@ private Q_SLOTS:
     void integerDigitsWrapAround();
     void fractionIsSummedDigitByDigit();
     void exponentScalesAndAHugeOneTakesNoTime();
-    void integerBeforeAPointKeepsItsKind();
+    void negativeIntegerPartOfAFractionWrapsAround();
     void unclosedBlockCommentLeavesThePreviousTokenCurrent();
     void firstTokenHasNoPreviousTokenAlsoWhenReadAgain();
     void lineFeedAsFirstCharacterBeginsNoLine();
@@ -205,7 +205,7 @@ void tst_CodecTokens::exponentScalesAndAHugeOneTakesNoTime()
 
 // When an integer becomes a float, it is read as signed if it is negative, and as unsigned
 // otherwise.
-void tst_CodecTokens::integerBeforeAPointKeepsItsKind()
+void tst_CodecTokens::negativeIntegerPartOfAFractionWrapsAround()
 {
     QVERIFY(numberIn("18446744073709551615.0").token.value.real == 18446744073709551616.0);
     QVERIFY(numberIn("-18446744073709551615.0").token.value.real == -1.0);

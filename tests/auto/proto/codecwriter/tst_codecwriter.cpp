@@ -110,7 +110,7 @@ private Q_SLOTS:
     void malformedTextEndsTheStringWithoutAnError();
     void textOfEveryLengthIsWrittenCompletely();
     void bufferGrowsInWholeStepsAndKeepsItsContent();
-    void writeThatFitsKeepsItsPlace();
+    void writeThatFitsDoesNotMoveTheBuffer();
     void largeWriteGetsItsSpaceInOneStep();
     void manyEscapesNeedFewBuffers_data();
     void manyEscapesNeedFewBuffers();
@@ -268,7 +268,7 @@ void tst_CodecWriter::bufferGrowsInWholeStepsAndKeepsItsContent()
     QVERIFY(at == writer.start + 1024);
 }
 
-void tst_CodecWriter::writeThatFitsKeepsItsPlace()
+void tst_CodecWriter::writeThatFitsDoesNotMoveTheBuffer()
 {
     ajson::JsonWriter writer;
     char *const start = writer.start;

@@ -23,8 +23,8 @@ class tst_CaptureReplay : public QObject {
 
 private Q_SLOTS:
     void captureIsPlayedBackAsADevice();
-    void whatWentWrongGoesWrongAgain_data();
-    void whatWentWrongGoesWrongAgain();
+    void recordedFaultsArePlayedBack_data();
+    void recordedFaultsArePlayedBack();
     void keptWritesArePlayedBack();
     void keptSplitAnswerAndReportArePlayedBack();
 };
@@ -44,7 +44,7 @@ void tst_CaptureReplay::captureIsPlayedBackAsADevice()
     QCOMPARE(device.surprises(), 0);
 }
 
-void tst_CaptureReplay::whatWentWrongGoesWrongAgain_data()
+void tst_CaptureReplay::recordedFaultsArePlayedBack_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<int>("status");
@@ -69,8 +69,8 @@ void tst_CaptureReplay::whatWentWrongGoesWrongAgain_data()
 
 namespace {
 
-/// Two reads; of the first one the status, and how often the channel was connected over it and how
-/// many reports came.
+/// Makes two reads. Checks the status of the first one, and the counts of connections and reports
+/// after it.
 void readTwice(quint16 port)
 {
     QFETCH(int, status);
@@ -86,8 +86,8 @@ void readTwice(quint16 port)
 
 } // namespace
 
-/// A read that falls under a fault and one after it, on a device and then on its capture.
-void tst_CaptureReplay::whatWentWrongGoesWrongAgain()
+/// Makes a read with a fault and one without, first on a device and then on its capture.
+void tst_CaptureReplay::recordedFaultsArePlayedBack()
 {
     QFETCH(QString, fault);
     QTemporaryDir folder;

@@ -94,8 +94,8 @@ private Q_SLOTS:
     void requestWithoutAFreeTagIsRefused();
     void invalidRequestIsRefused();
     void requestAfterTheEndOfTheApplicationIsRefused();
-    void wrongAnswer_data();
-    void wrongAnswer();
+    void wrongAnswerHasItsStatus_data();
+    void wrongAnswerHasItsStatus();
     void answerToAnotherRequestIsDetected();
     void deviceThatDoesNotAnswerPingsIsDisconnected();
     void nothingIsSentTwice();
@@ -224,7 +224,7 @@ void tst_ChannelStatuses::requestAfterTheEndOfTheApplicationIsRefused()
              QStringLiteral("software error: Sending thread is not initialized or not started"));
 }
 
-void tst_ChannelStatuses::wrongAnswer_data()
+void tst_ChannelStatuses::wrongAnswerHasItsStatus_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("text");
@@ -245,7 +245,7 @@ void tst_ChannelStatuses::wrongAnswer_data()
     row("stall", 365, "protocol error: Device response decoding timed out");
 }
 
-void tst_ChannelStatuses::wrongAnswer()
+void tst_ChannelStatuses::wrongAnswerHasItsStatus()
 {
     QFETCH(int, status);
     QFETCH(QString, text);
@@ -257,7 +257,7 @@ void tst_ChannelStatuses::wrongAnswer()
     QCOMPARE(textOf(status), text);
 }
 
-/// Number, tag and stream are those of the first request, the code is not.
+/// The answer has the number, tag and stream of the first request, but another code.
 void tst_ChannelStatuses::answerToAnotherRequestIsDetected()
 {
     Line line("silent,code=DeviceSwap,count=1");

@@ -66,9 +66,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void lossOfControlIsToldAndRefusesOperations();
+    void lossOfControlIsReportedAndRefusesOperations();
     void requestForControlNamesWhoHoldsIt();
-    void forcedControlIsToldAndRefusesTheOther();
+    void forcedControlIsReportedAndRefusesTheOther();
 
 private:
     bool freeze(QString &error)
@@ -84,8 +84,8 @@ private:
     int otherWrites();
 
     std::unique_ptr<ReportedControl> m_reported;
-    std::unique_ptr<SimulatedConnection> m_client; // that the manager knows
-    std::shared_ptr<NetworkChannel> m_other; // that it does not
+    std::unique_ptr<SimulatedConnection> m_client; // known to the manager
+    std::shared_ptr<NetworkChannel> m_other; // unknown to the manager
 };
 
 void tst_ControlLoopback::init()
@@ -105,7 +105,7 @@ void tst_ControlLoopback::cleanup()
     m_reported.reset();
 }
 
-/// The status that a write of the other client gets.
+/// The status of a write by the other client.
 int tst_ControlLoopback::otherWrites()
 {
     const auto command = std::make_shared<DeviceRequestCommand>();
@@ -116,7 +116,7 @@ int tst_ControlLoopback::otherWrites()
     return m_other->sendSyncRequest(command)->status;
 }
 
-void tst_ControlLoopback::lossOfControlIsToldAndRefusesOperations()
+void tst_ControlLoopback::lossOfControlIsReportedAndRefusesOperations()
 {
     QCOMPARE(otherWrites(), 0);
     QTRY_COMPARE(m_reported->of(m_client->channel), States{false});
@@ -145,7 +145,7 @@ void tst_ControlLoopback::requestForControlNamesWhoHoldsIt()
     QVERIFY(error.endsWith(QLatin1Char('.')));
 }
 
-void tst_ControlLoopback::forcedControlIsToldAndRefusesTheOther()
+void tst_ControlLoopback::forcedControlIsReportedAndRefusesTheOther()
 {
     QCOMPARE(otherWrites(), 0);
     QTRY_COMPARE(m_reported->of(m_client->channel), States{false});

@@ -21,10 +21,10 @@ namespace {
 constexpr int callers = 8;
 constexpr Milliseconds requestTime = 1s;
 constexpr Milliseconds grace = 500ms;
-constexpr int latency = 100; ///< In ms; all callers wait at once.
+constexpr int latency = 100; ///< Milliseconds, so that all callers wait at the same time.
 
-/// The texts that callers may get when the fault affects the fourth of them, besides that of a
-/// connection that was lost before; at least one caller gets the first text.
+/// The texts that callers may get when the fault affects the fourth of them. At least one caller
+/// gets the first text. Callers may also get the text of a connection that was lost before.
 struct FaultRow {
     const char *fault;
     bool isLost; ///< The connection ends.
@@ -183,7 +183,7 @@ void tst_FaultCallers::floodBeyondTheLimitIsDroppedAndTheAnswerArrives()
     constexpr quint64 sent = 5000;
     Bench bench;
     bench.addFault("flood=5000,code=DeviceDetail,count=1");
-    const Outcome outcome = bench.read(); // meanwhile no report is taken
+    const Outcome outcome = bench.read(); // no report is processed meanwhile
     QVERIFY2(outcome.ok, qPrintable(outcome.error));
     const auto statistics = bench.connection.channel->statistics();
     const auto most = static_cast<quint64>(2 * SSProxy::ChannelOptions().maxPendingReports);

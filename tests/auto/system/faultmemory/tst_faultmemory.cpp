@@ -16,15 +16,15 @@
 
 namespace {
 
-// What the simulated device keeps; the oldest is dropped first.
+// Limits of what the simulated device keeps. The oldest is dropped first.
 constexpr int mostConnections = 64;
-constexpr int mostStreams = 16; // answers in several packets, of each connection
+constexpr int mostStreams = 16; // answers in several packets, for each connection
 
-// Faults that make it keep one more.
+// Faults that make it keep one more connection or answer.
 constexpr FaultRow dropBefore{"drop-before", true, longTime, {}, ""};
 constexpr FaultRow wrongIndex{"wrong-index", false, longTime, {}, ""};
 
-/// An operation with a fault, and the end of the fault.
+/// Runs an operation with a fault, and then ends the fault.
 void goWrong(FaultBench &bench, const FaultRow &fault, const Operation &operation)
 {
     bench.addFault(QLatin1String(fault.fault) + QLatin1String(operation.rule));
@@ -43,8 +43,8 @@ bool readScreens(FaultBench &bench, QString &error)
     return Tavoro::Control::Screen(bench.device()).readDetails(-1, 0, -1, screens, error);
 }
 
-/// Makes the simulated device keep as many answers as it can, each like those that \a operation
-/// will leave.
+/// Makes the simulated device keep as many answers as it can. They are like those that \a operation
+/// leaves.
 void fillStreams(FaultBench &bench, const Operation &operation)
 {
     Operation leaving = operation;
@@ -56,7 +56,7 @@ void fillStreams(FaultBench &bench, const Operation &operation)
         goWrong(bench, wrongIndex, leaving);
 }
 
-/// What is allocated when everything that the last exchange started has ended.
+/// The allocated memory when everything that the last exchange started has ended.
 Allocated allocatedAtRest(FaultBench &bench)
 {
     constexpr int longest = 1000;

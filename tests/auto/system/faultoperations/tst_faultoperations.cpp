@@ -1,5 +1,5 @@
-// Every fault of a device in every kind of operation: what the caller, the log, the status bar, the
-// model and the store show, and that everything works when the fault is over.
+// Every fault of a device in every kind of operation: checks the result, the log, the status bar,
+// the model and the store, and that everything works when the fault is over.
 
 #include <support/tavorosim/faultrows.h>
 #include <support/tavorosim/operations.h>
@@ -12,7 +12,7 @@
 namespace {
 
 // clang-format off
-/// What a cell reports to the user.
+/// The reason that a user sees for the status in a cell.
 struct Words {
     const char *cell;
     const char *reason;
@@ -32,7 +32,7 @@ constexpr Words words[] = {
     {"offline", "The device is offline"},
 };
 
-/// Why an answer is not a record.
+/// The error text of the codec for an answer that is not a valid record.
 struct NoRecord {
     const char *fault;
     const char *operation;
@@ -72,7 +72,7 @@ QString logged(const QString &text)
     return QStringLiteral("warning: ") + text;
 }
 
-/// One outcome of a cell, in the words of an operation.
+/// One outcome of a cell, with the texts of an operation.
 class Outcome {
 public:
     Outcome(const FaultRow &fault, const Operation &operation, const QString &cell)
@@ -126,7 +126,7 @@ public:
         return isFailure() ? shownOn(2, sentence())
                            : shownOn(0, QLatin1String(m_operation.succeeded));
     }
-    /// Packets that a streamed read passes on.
+    /// The number of packets that a streamed read passes on.
     int handedOver() const
     {
         if (isOk())
@@ -143,8 +143,8 @@ private:
     const QString m_otherPacket;
 };
 
-/// The row of a screen whose record broke off in its timing: the fields after that place have their
-/// defaults.
+/// The row of a screen whose record was truncated in its timing: the fields after that place have
+/// their defaults.
 QString brokenOff(const QString &row)
 {
     const QString place = QStringLiteral("\"timing\":{\"interlaced\":0,");
@@ -154,8 +154,8 @@ QString brokenOff(const QString &row)
     return row.left(row.indexOf(place)) + other.mid(other.indexOf(place)) + QLatin1Char(' ');
 }
 
-/// What is in model and store after a synchronisation. When the screens are not read, there are no
-/// layers either; everything else that can be read is there.
+/// The rows of model and store after a synchronisation. If the read of the screens fails, there are
+/// no layers either; all other objects that can be read are there.
 QStringList heldAfter(const FaultBench &bench, const Outcome &outcome, bool hasFiles, int screens)
 {
     const auto before = [&](int kind) {
@@ -177,8 +177,8 @@ class tst_FaultOperations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyCell_data();
-    void everyCell();
+    void everyCellHolds_data();
+    void everyCellHolds();
     void cleanupTestCase();
 
 private:
@@ -210,7 +210,7 @@ void tst_FaultOperations::cleanupTestCase()
     m_bench.reset();
 }
 
-void tst_FaultOperations::everyCell_data()
+void tst_FaultOperations::everyCellHolds_data()
 {
     QTest::addColumn<int>("row");
     QTest::addColumn<int>("column");
@@ -220,7 +220,7 @@ void tst_FaultOperations::everyCell_data()
     }
 }
 
-void tst_FaultOperations::everyCell()
+void tst_FaultOperations::everyCellHolds()
 {
     QFETCH(int, row);
     QFETCH(int, column);

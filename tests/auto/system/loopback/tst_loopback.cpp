@@ -25,12 +25,12 @@ class tst_Loopback : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsWrittenIsRead();
-    void longAnswersAndLongWritesGoInPackets();
+    void writtenTextIsReadBack();
+    void longAnswersAndLongWritesAreSplitIntoPackets();
     void allIsReadAsASynchronisationReadsIt();
     void filtersReachTheDevice();
     void removeAllReachesTheDevice();
-    void aRefusalComesBackInWords();
+    void aRefusalIsReturnedAsAText();
     void threadsShareAChannelWithoutMixingAnswers();
     void splitWritesOfThreadsStayInTheirOrder();
     void reportsReachTheModel();
@@ -56,7 +56,7 @@ std::string nameOf(const SimulatedConnection &connection)
 
 } // namespace
 
-void tst_Loopback::whatIsWrittenIsRead()
+void tst_Loopback::writtenTextIsReadBack()
 {
     SimulatedConnection connection;
     Control::Device device(connection.model);
@@ -65,7 +65,7 @@ void tst_Loopback::whatIsWrittenIsRead()
     QCOMPARE(nameOf(connection), std::string("East"));
 }
 
-void tst_Loopback::longAnswersAndLongWritesGoInPackets()
+void tst_Loopback::longAnswersAndLongWritesAreSplitIntoPackets()
 {
     SimulatedConnection connection(smallPackets(100));
     QSignalSpy received(DeviceList::instance(), &DeviceList::signalReadDataFromHWProgressChanged);
@@ -121,7 +121,7 @@ void tst_Loopback::removeAllReachesTheDevice()
     QCOMPARE(int(layers.size()), 24);
 }
 
-void tst_Loopback::aRefusalComesBackInWords()
+void tst_Loopback::aRefusalIsReturnedAsAText()
 {
     SimulatedConnection connection;
     QString error;

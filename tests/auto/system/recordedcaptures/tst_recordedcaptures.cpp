@@ -1,4 +1,4 @@
-// Sessions with a device that were captured once: what the library makes of each stays what it was.
+// Plays recorded sessions back and checks that the library still interprets them in the same way.
 
 #include <support/tavorobizmodel/modeltext.h>
 #include <support/tavorocontrol/wholeread.h>
@@ -32,7 +32,7 @@ struct Played {
     TcpConnection connection;
 };
 
-/// The bodies that a device answered to a command, one after the other.
+/// The bodies of all answers to a command, in order.
 QString answers(const char *name, quint16 code)
 {
     QFile file(captured(name));
@@ -73,8 +73,8 @@ private Q_SLOTS:
 
     void wholeDeviceIsSynchronised();
     void reportsChangeTheModel();
-    void answerThatBrokeOffIsTooShort();
-    void lostConnectionIsMadeAnew();
+    void truncatedAnswerIsTooShort();
+    void channelReconnectsAfterALostConnection();
     void writeUnderTheControlOfOthersIsRefused();
     void splitAnswerIsJoined();
 };
@@ -151,7 +151,7 @@ void tst_RecordedCaptures::reportsChangeTheModel()
     QCOMPARE(played.device.unplayed(), 0);
 }
 
-void tst_RecordedCaptures::answerThatBrokeOffIsTooShort()
+void tst_RecordedCaptures::truncatedAnswerIsTooShort()
 {
     Played played("halfanswer");
     QString error;
@@ -162,7 +162,7 @@ void tst_RecordedCaptures::answerThatBrokeOffIsTooShort()
     QCOMPARE(played.device.unplayed(), 0);
 }
 
-void tst_RecordedCaptures::lostConnectionIsMadeAnew()
+void tst_RecordedCaptures::channelReconnectsAfterALostConnection()
 {
     Played played("lost");
     QString error;

@@ -44,9 +44,9 @@ private Q_SLOTS:
     void init() { m_connection = std::make_unique<SimulatedConnection>(); }
     void cleanup() { m_connection.reset(); }
 
-    void outcomeAfterALostConnection_data();
-    void outcomeAfterALostConnection();
-    void outcomeAfterATimeout();
+    void outcomeIsKnownAfterALostConnection_data();
+    void outcomeIsKnownAfterALostConnection();
+    void outcomeIsKnownAfterATimeout();
     void outcomeOfAnAnsweredRequestIsKnown();
     void refusalByAFaultIsTheOutcome();
     void unsentTagHasNotArrived();
@@ -80,7 +80,7 @@ private:
     std::unique_ptr<SimulatedConnection> m_connection;
 };
 
-void tst_RequestOutcome::outcomeAfterALostConnection_data()
+void tst_RequestOutcome::outcomeIsKnownAfterALostConnection_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<QByteArray>("body");
@@ -94,7 +94,7 @@ void tst_RequestOutcome::outcomeAfterALostConnection_data()
     // clang-format on
 }
 
-void tst_RequestOutcome::outcomeAfterALostConnection()
+void tst_RequestOutcome::outcomeIsKnownAfterALostConnection()
 {
     QFETCH(QString, fault);
     QFETCH(QByteArray, body);
@@ -111,7 +111,7 @@ void tst_RequestOutcome::outcomeAfterALostConnection()
     QCOMPARE(isSwapOff(), isDone);
 }
 
-void tst_RequestOutcome::outcomeAfterATimeout()
+void tst_RequestOutcome::outcomeIsKnownAfterATimeout()
 {
     addFault(QStringLiteral("silent,count=1"));
     const auto write = swapWrite(swapOff, 200);

@@ -1,4 +1,5 @@
-// More callers at once than a device keeps split exchanges for: all of them succeed.
+// More callers at the same time than the split exchanges that a device can keep: all of them
+// succeed.
 
 #include <tavorocontrol/screen.h>
 

@@ -11,7 +11,7 @@
 
 using namespace Tavoro;
 
-/// A whole device of the network in the model: TCP, synchronisation and reports together.
+/// Reads a whole device into the model: TCP, synchronisation and reports together.
 class tst_SyncSimulated : public QObject {
     Q_OBJECT
 
@@ -21,11 +21,11 @@ private Q_SLOTS:
 
     void wholeDeviceIsInTheModel();
     void objectsKnowEachOther();
-    void contentsComeByteForByte();
+    void contentsArriveByteForByte();
     void smallPacketsMakeNoDifference();
     void writesReachTheModelWithTheNextSynchronisation();
     void reportsChangeWhatWasRead();
-    void reportsComeWhileTheDeviceIsReadAgain();
+    void reportsArriveWhileTheDeviceIsReadAgain();
     void deviceThatGoesAwayIsOffline();
     void twoDevicesAreReadAtOnce();
 };
@@ -117,7 +117,7 @@ void tst_SyncSimulated::objectsKnowEachOther()
     QCOMPARE(outputs, 8);
 }
 
-void tst_SyncSimulated::contentsComeByteForByte()
+void tst_SyncSimulated::contentsArriveByteForByte()
 {
     const MessageCatcher quiet;
     using namespace std::string_literals;
@@ -136,7 +136,7 @@ void tst_SyncSimulated::contentsComeByteForByte()
     };
     QCOMPARE(content(2, 1), "\0\xFF\"{\r\n"s);
     QVERIFY(content(12, 4) == large);
-    QCOMPARE(content(10, 2), std::string()); // of this type the details do
+    QCOMPARE(content(10, 2), std::string()); // content of this type is not read
 }
 
 void tst_SyncSimulated::smallPacketsMakeNoDifference()
@@ -185,15 +185,15 @@ void tst_SyncSimulated::reportsChangeWhatWasRead()
     QTRY_COMPARE(device->findPower(2)->status, 0);
 }
 
-// Whatever was reported in the meantime: in the end the model holds what the device is.
-void tst_SyncSimulated::reportsComeWhileTheDeviceIsReadAgain()
+// Whatever the device reports during the synchronisations, the model matches the device afterwards.
+void tst_SyncSimulated::reportsArriveWhileTheDeviceIsReadAgain()
 {
     const MessageCatcher quiet;
     SimulatedSync sync;
     QVERIFY(sync.run());
     const auto device = sync.listed();
     int reports = 0;
-    QTimer reporting; // between the events of this thread, while the task reads on its own
+    QTimer reporting; // on this thread, while the task reads on another one
     connect(&reporting, &QTimer::timeout, this, [&] {
         sync.connection.simulator->execute(QStringLiteral("power 2 %1").arg(++reports % 2));
     });
@@ -222,7 +222,7 @@ void tst_SyncSimulated::deviceThatGoesAwayIsOffline()
     QVERIFY(device->layers().isEmpty());
 
     SSProxy::DeviceManager::instance()->removeDeviceChannel(sync.connection.channel);
-    QVERIFY(!sync.run()); // not even begun
+    QVERIFY(!sync.run()); // it does not start
     QVERIFY(!device->isOnline());
 }
 

@@ -39,7 +39,7 @@ private Q_SLOTS:
     void interfaceKnowsItsScreenAndTheLayersThatShowIt();
     void objectsThatOutliveTheirDeviceHaveNoRelations();
 
-    void activeScreenGoesWithItsScreen();
+    void clearingTheDeviceClearsTheActiveScreen();
     void activeScreenIsAlwaysOneOfTheDevice();
     void multiviewerScreenBecomesTheActiveMultiviewer();
     void layoutOfMultiviewerOutlivesClearing();
@@ -199,7 +199,7 @@ void tst_BizModel::objectsThatOutliveTheirDeviceHaveNoRelations()
     QCOMPARE(screen->detail().screenZeLK.enable, 1);
 }
 
-void tst_BizModel::activeScreenGoesWithItsScreen()
+void tst_BizModel::clearingTheDeviceClearsTheActiveScreen()
 {
     const auto device = ModelRecords::device();
     QVERIFY(device->activedScreen().expired());
@@ -222,7 +222,7 @@ void tst_BizModel::activeScreenIsAlwaysOneOfTheDevice()
 
     QString error;
     device->initModelData(std::vector{screen(1, 0), screen(3, 0)}, error);
-    device->setActivedScreen(held); // of before
+    device->setActivedScreen(held); // an object from before
     QVERIFY(device->activedScreen().expired());
     const auto current = device->findScreen(1, 0).lock();
     device->setActivedScreen(current);

@@ -9,14 +9,15 @@
 using namespace ModelRecords;
 using namespace Tavoro;
 
-/// What a device is built of, what is wrong in its data, and what follows from its timings.
+/// How a device is built from its records, which data are reported as wrong, and how crops follow
+/// the timings.
 class tst_BizModelBuild : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void soundDataLeaveTheErrorAlone();
-    void identityThatOccursTwiceIsReportedAndTheFirstTaken();
-    void missingOutputIsReportedAndTheScreenTaken();
+    void validDataLeaveTheErrorUnchanged();
+    void duplicateIdentityIsReportedAndTheFirstIsUsed();
+    void missingOutputIsReportedAndTheScreenIsCreated();
     void layerOnAMissingScreenIsReportedAndLeftOut();
     void manyFaultsAreCounted();
     void reportedSlotsAreTakenFromTheDetail();
@@ -29,7 +30,7 @@ private Q_SLOTS:
     void ownCropOfTheInterfaceFollowsToo();
 };
 
-void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
+void tst_BizModelBuild::validDataLeaveTheErrorUnchanged()
 {
     const auto device = ModelRecords::device();
     QString error = QStringLiteral("from before");
@@ -41,7 +42,7 @@ void tst_BizModelBuild::soundDataLeaveTheErrorAlone()
     QCOMPARE(error, QStringLiteral("from before"));
 }
 
-void tst_BizModelBuild::identityThatOccursTwiceIsReportedAndTheFirstTaken()
+void tst_BizModelBuild::duplicateIdentityIsReportedAndTheFirstIsUsed()
 {
     const auto device = ModelRecords::device();
     QString error;
@@ -70,7 +71,7 @@ void tst_BizModelBuild::identityThatOccursTwiceIsReportedAndTheFirstTaken()
     QCOMPARE(device->findGroup("g")->groupName, std::string("a"));
 }
 
-void tst_BizModelBuild::missingOutputIsReportedAndTheScreenTaken()
+void tst_BizModelBuild::missingOutputIsReportedAndTheScreenIsCreated()
 {
     const auto device = ModelRecords::device();
     QString error;
@@ -110,7 +111,7 @@ void tst_BizModelBuild::reportedSlotsAreTakenFromTheDetail()
     s_DeviceDetail detail;
     detail.subcards = {{2, 7, 0, 0, 0, {}}, {3, 8, 0, 0, 0, {}}};
     ProtoModel::Device::s_subcards reported;
-    reported.subcards = {{2, 99, 0, 0, 0, {}}}; // of the report only the slot counts
+    reported.subcards = {{2, 99, 0, 0, 0, {}}}; // only the slot of the report counts
     QString error;
     QVERIFY(device->updateSlotModelData(reported, detail, error));
     QCOMPARE(device->findSubcard(2)->modelId, 7);
@@ -128,7 +129,7 @@ void tst_BizModelBuild::missingSlotIsReported()
     QString error;
     QVERIFY(!device->updateSlotModelData(reported, detail, error));
     QCOMPARE(error, QStringLiteral("The device has no slot 4"));
-    QCOMPARE(device->findSubcard(2)->modelId, 0); // and nothing was changed
+    QCOMPARE(device->findSubcard(2)->modelId, 0); // nothing was changed
 }
 
 void tst_BizModelBuild::cropFollowsTheTimingOfTheInterface()
@@ -137,7 +138,7 @@ void tst_BizModelBuild::cropFollowsTheTimingOfTheInterface()
     const auto input = device->findInterface({1, 2, 3}).lock();
     const auto layer = device->layers().last().lock();
     input->setActualTiming(timing(1280, 720));
-    QCOMPARE(layer->detail().source.crop[0].rect.width, 1920); // not asked for yet
+    QCOMPARE(layer->detail().source.crop[0].rect.width, 1920); // the crop has not been updated yet
     input->updateLayerInputCrop();
     const auto rect = layer->detail().source.crop[0].rect;
     QCOMPARE(rect.x, 0);
@@ -176,7 +177,7 @@ void tst_BizModelBuild::cropStaysWhenTheDeviceIsReadAgainWithoutASignal()
     QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 640);
     QCOMPARE(device->findInterface({1, 2, 3}).lock()->detail().crop.rect.width, 1280);
 
-    cropped.source.crop[0].widthRatio = 25000; // not the crop of before
+    cropped.source.crop[0].widthRatio = 25000; // not the previous crop
     readAgain();
     QCOMPARE(device->layers().last().lock()->detail().source.crop[0].rect.width, 1920);
 

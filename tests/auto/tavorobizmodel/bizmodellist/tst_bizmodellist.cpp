@@ -37,7 +37,7 @@ private Q_SLOTS:
     void deviceOfTheSameIdentityIsReplaced();
     void deviceThatMovedKeepsItsCropsWithoutASignal();
     void devicesWithoutNumbersAreDistinguishedByAddress();
-    void nullIsNotTaken();
+    void nullIsNotAppended();
     void removedDeviceIsGone();
     void thereIsNoSaverWithoutAStore();
     void everyTypeInSignalsIsRegistered();
@@ -65,7 +65,7 @@ void tst_BizModelList::deviceIsFoundByItsWholeIdentity()
     QVERIFY(!found(ip, mac, QStringLiteral("00000000000000AC")));
 }
 
-// Also when the list has been searched for it before.
+// A previous search for it makes no difference.
 void tst_BizModelList::deviceIsFoundAsSoonAsItIsAppended()
 {
     const auto device = ModelRecords::device();
@@ -170,7 +170,7 @@ void tst_BizModelList::devicesWithoutNumbersAreDistinguishedByAddress()
     QCOMPARE(list->devices().size(), 2);
 }
 
-void tst_BizModelList::nullIsNotTaken()
+void tst_BizModelList::nullIsNotAppended()
 {
     QVERIFY(DeviceList::instance()->append(nullptr).expired());
     QVERIFY(DeviceList::instance()->devices().isEmpty());

@@ -7,20 +7,20 @@
 
 using namespace Tavoro;
 
-/// Records in which no field has its default, through the model and its store.
+/// Passes records in which no field has its default through the model and its store.
 class tst_BizModelRecords : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void everyFieldThatWasReadIsKept();
-    void everyFieldComesBackInTheNextRun();
-    void whatWasReportedComesBackInTheNextRun();
+    void everyFieldIsRestoredInTheNextRun();
+    void reportedStateIsRestoredInTheNextRun();
 };
 
 namespace {
 
-/// The text of a record, as the table of values has it; but screens have a type that a mask can
-/// name.
+/// The text of a record from the table of values, except that screens get a type that a mask of
+/// types can name.
 QString valueOf(const char *record)
 {
     const auto rows = dataTable(QStringLiteral("recordvalues.tsv"));
@@ -80,7 +80,7 @@ void tst_BizModelRecords::everyFieldThatWasReadIsKept()
     QCOMPARE(held.files, QStringList(valueOf(file)));
 }
 
-void tst_BizModelRecords::everyFieldComesBackInTheNextRun()
+void tst_BizModelRecords::everyFieldIsRestoredInTheNextRun()
 {
     const QTemporaryDir folder;
     const QString store = folder.filePath(QStringLiteral("devices.sqlite"));
@@ -94,7 +94,7 @@ void tst_BizModelRecords::everyFieldComesBackInTheNextRun()
     QCOMPARE(ModelText(*model.onlyDevice()).all(), ModelText(*device).all());
 }
 
-void tst_BizModelRecords::whatWasReportedComesBackInTheNextRun()
+void tst_BizModelRecords::reportedStateIsRestoredInTheNextRun()
 {
     const QTemporaryDir folder;
     const QString store = folder.filePath(QStringLiteral("devices.sqlite"));

@@ -155,7 +155,7 @@ void tst_BizModelSignals::screenEmitsItsChanges()
     QCOMPARE(silent.size(), 0);
 }
 
-// A screen that is missing from a report has no genlock any more.
+// A screen that is missing from a report no longer has a genlock.
 void tst_BizModelSignals::eachScreenWhoseGenlockChangesEmits()
 {
     const auto genlock = [](int screenType, quint8 screenId, int status) {

@@ -46,15 +46,15 @@ void rebuild(BizModel::Device &device)
 
 } // namespace
 
-/// The model under several threads.
+/// Uses the model from several threads.
 class tst_BizModelThreads : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void reportsArriveWhileTheDeviceIsRebuilt();
     void relationsAreFollowedWhileTheDeviceIsRebuilt();
-    void deviceGoesWhileItsObjectsAreUsed();
-    void devicesComeAndGoWhileTheyAreLookedUp();
+    void deviceIsDestroyedWhileItsObjectsAreUsed();
+    void devicesAreAddedAndRemovedDuringLookups();
 };
 
 void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
@@ -80,7 +80,7 @@ void tst_BizModelThreads::reportsArriveWhileTheDeviceIsRebuilt()
                 file->setTransferProgress({});
         },
     });
-    // Four each for clearing and for building, and three for the reports.
+    // Four for clearing, four for building, three for the reports.
     QCOMPARE(emitted.load(), rounds * 11);
 }
 
@@ -117,7 +117,7 @@ void tst_BizModelThreads::relationsAreFollowedWhileTheDeviceIsRebuilt()
     QCOMPARE(device->layers().size(), 2);
 }
 
-void tst_BizModelThreads::deviceGoesWhileItsObjectsAreUsed()
+void tst_BizModelThreads::deviceIsDestroyedWhileItsObjectsAreUsed()
 {
     for (int round = 0; round < 50; ++round) {
         auto device = ModelRecords::device();
@@ -134,7 +134,7 @@ void tst_BizModelThreads::deviceGoesWhileItsObjectsAreUsed()
     }
 }
 
-void tst_BizModelThreads::devicesComeAndGoWhileTheyAreLookedUp()
+void tst_BizModelThreads::devicesAreAddedAndRemovedDuringLookups()
 {
     auto *const list = BizModel::DeviceList::instance();
     const auto device = ModelRecords::device(1);

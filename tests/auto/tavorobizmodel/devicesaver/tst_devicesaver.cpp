@@ -89,7 +89,7 @@ void tst_DeviceSaver::waitingForABusySaverReturnsWhenItIsDone()
         [&] {
             begun.release();
             QSemaphore never;
-            never.tryAcquire(1, 200); // time for a caller who does not wait to be back
+            never.tryAcquire(1, 200); // a caller that does not wait would have returned by now
             isDone = true;
         },
         Qt::DirectConnection);

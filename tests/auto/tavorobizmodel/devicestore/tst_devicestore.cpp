@@ -27,7 +27,7 @@ std::string text(const Record &record)
 
 } // namespace
 
-/// Devices that are kept from one run to the next.
+/// Devices that the store keeps from one run to the next.
 class tst_DeviceStore : public QObject, private StoreFolder {
     Q_OBJECT
 
@@ -36,8 +36,8 @@ private Q_SLOTS:
 
     void nothingIsTouchedUntilAStoreIsOpened();
     void deviceOfTheLastRunIsOffline();
-    void everythingOfADeviceComesBack();
-    void everyByteOfARecordComesBack();
+    void wholeDeviceIsRestored();
+    void everyByteOfARecordIsRestored();
     void onlyChangedRowsAreWritten();
     void removedObjectsAreRemovedFromTheStore();
     void orderOfTheDeviceIsKept();
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void devicesWithoutNumbersAreStoredByAddress();
 
 private:
-    /// Rows that a save of \a device writes into the file.
+    /// The rows that a save of \a device writes into the file.
     QStringList written(const std::shared_ptr<BizModel::Device> &device) const;
 };
 
@@ -96,7 +96,7 @@ void tst_DeviceStore::deviceOfTheLastRunIsOffline()
              model.onlyDevice());
 }
 
-void tst_DeviceStore::everythingOfADeviceComesBack()
+void tst_DeviceStore::wholeDeviceIsRestored()
 {
     const auto device = ModelRecords::device();
     device->setName(QString::fromUtf8("J\xC3\xBCrgen's \"box\"\\"));
@@ -134,8 +134,8 @@ void tst_DeviceStore::everythingOfADeviceComesBack()
     QCOMPARE(multiviewer->rowColSpan(), QSize(6, 3));
 }
 
-// Text of a device is bytes: it need not be valid UTF-8.
-void tst_DeviceStore::everyByteOfARecordComesBack()
+// A text from a device may contain any bytes, also invalid UTF-8.
+void tst_DeviceStore::everyByteOfARecordIsRestored()
 {
     const std::string screen = "Wall \xF0\x9F\x93\xBA north";
     std::string everyByte;
@@ -232,7 +232,7 @@ void tst_DeviceStore::orderOfTheDeviceIsKept()
     device->initModelData(std::vector{ModelRecords::file(0, 9), ModelRecords::file(0, 4),
                                       ModelRecords::file(0, 3), ModelRecords::file(0, 5)},
                           error);
-    // The new one finds room between its neighbours, which stay as they are.
+    // The new one is placed between its neighbours, which are not changed.
     QCOMPARE(written(device), QStringList(QStringLiteral("INSERT 5 0/4/0/0/0")));
     device->initModelData(std::vector{ModelRecords::file(0, 5), ModelRecords::file(0, 9)}, error);
     QVERIFY(!written(device).isEmpty());

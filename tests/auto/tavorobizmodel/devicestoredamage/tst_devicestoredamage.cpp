@@ -24,7 +24,7 @@ void damage(const QString &fileName)
     damaged.write(garbage);
 }
 
-/// Only the index of the devices, by which a save finds them and which loading does not read.
+/// Damages only the index of the devices. A save finds devices by it; loading does not read it.
 void damageIndex(const QString &fileName)
 {
     const StoreFile store(fileName);
@@ -37,23 +37,23 @@ void damageIndex(const QString &fileName)
     QVERIFY(page > 1);
     QFile damaged(fileName);
     QVERIFY(damaged.open(QIODevice::ReadWrite));
-    QVERIFY(damaged.seek(24)); // the count of changes, so that pages in the cache are read again
+    QVERIFY(damaged.seek(24)); // the change counter, so that SQLite reads cached pages again
     damaged.write("xxxx");
     QVERIFY(damaged.seek((page - 1) * size));
     damaged.write(QByteArray(100, 'x'));
 }
 
-/// A name with room for "-journal" but not for ".damaged-1": no file system of Linux takes more
-/// than 255 bytes, not even from root.
+/// A name with room for "-journal" but not for ".damaged-1": file systems on Linux accept at most
+/// 255 bytes, also from root.
 const QString nameTooLongToBeKept(246, QLatin1Char('n'));
 
-/// What SQLite says of a file of garbage when it is opened, and when it was open.
+/// The error texts of SQLite for a file that was damaged before and after it was opened.
 const QString notADatabase = QStringLiteral("file is not a database Unable to execute statement");
 const QString noDatabaseAnyMore = QStringLiteral("file is not a database Unable to fetch row");
 
 } // namespace
 
-/// Files of a store that are damaged wholly or in part, on a disk that may fail as well.
+/// Store files that are damaged completely or in part, on a disk that may also fail.
 class tst_DeviceStoreDamage : public QObject {
     Q_OBJECT
 
@@ -61,10 +61,10 @@ private Q_SLOTS:
     void initTestCase() { FaultyVfs::install(); }
 
     void damagedFileIsReplacedOnceTheDiskHasRoom();
-    void damageThatLoadingDoesNotMeetIsFound();
+    void damagedIndexIsFoundWhenTheStoreIsOpened();
     void indexDamagedWhileOpenIsCreatedAgain();
-    void journalOfADamagedFileGoesWithIt();
-    void damagedFileThatCannotBeRenamedIsLeftAlone();
+    void journalOfADamagedFileIsRenamedWithIt();
+    void damagedFileThatCannotBeRenamedIsNotChanged();
     void damagedFileThatCannotBeRenamedFailsSavesUntilItIsGone();
 };
 
@@ -102,7 +102,7 @@ void tst_DeviceStoreDamage::damagedFileIsReplacedOnceTheDiskHasRoom()
     }
 }
 
-void tst_DeviceStoreDamage::damageThatLoadingDoesNotMeetIsFound()
+void tst_DeviceStoreDamage::damagedIndexIsFoundWhenTheStoreIsOpened()
 {
     const MessageCatcher quiet;
     const QTemporaryDir folder;
@@ -138,13 +138,14 @@ void tst_DeviceStoreDamage::indexDamagedWhileOpenIsCreatedAgain()
     QCOMPARE(stateOf(*model.onlyDevice()), New);
 }
 
-void tst_DeviceStoreDamage::journalOfADamagedFileGoesWithIt()
+void tst_DeviceStoreDamage::journalOfADamagedFileIsRenamedWithIt()
 {
     const MessageCatcher quiet;
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("devices.sqlite"));
     damage(file);
-    const QByteArray overwritten(600, '\0'); // its head; SQLite leaves such a journal where it is
+    const QByteArray overwritten(
+        600, '\0'); // overwrites the header; SQLite does not delete such a journal
     QFile journal(file + QStringLiteral("-journal"));
     QVERIFY(journal.open(QIODevice::WriteOnly));
     journal.write(overwritten);
@@ -156,7 +157,7 @@ void tst_DeviceStoreDamage::journalOfADamagedFileGoesWithIt()
     QCOMPARE(contentOf(file + QStringLiteral(".damaged-1-journal")), overwritten);
 }
 
-void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsLeftAlone()
+void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsNotChanged()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(nameTooLongToBeKept);

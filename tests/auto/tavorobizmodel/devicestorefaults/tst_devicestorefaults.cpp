@@ -14,8 +14,8 @@ using namespace StoredStates;
 
 namespace {
 
-/// What a child process does: saves the new state and is killed at the \a number-th operation.
-/// Prints the count of operations when it outlives that.
+/// Runs in a child process: saves the new state and is killed at the \a number-th operation. Prints
+/// the number of operations if it survives.
 int saveAsChild(const QString &fileName, FaultyVfs::Fault fault, int number)
 {
     StoredModel model(fileName);
@@ -26,7 +26,7 @@ int saveAsChild(const QString &fileName, FaultyVfs::Fault fault, int number)
     return 0;
 }
 
-/// What another does: asks for a save of the new state, and ends without closing the store.
+/// Runs in a child process: requests a save of the new state and ends without closing the store.
 int leaveAsChild(const QString &fileName)
 {
     auto *const list = Tavoro::BizModel::DeviceList::instance();
@@ -41,7 +41,7 @@ int leaveAsChild(const QString &fileName)
 
 } // namespace
 
-/// A disk that fails, and a process that ends in the middle of a save.
+/// A disk that fails, and a process that is killed during a save.
 class tst_DeviceStoreFaults : public QObject {
     Q_OBJECT
 
@@ -52,7 +52,7 @@ private Q_SLOTS:
     void fullDiskIsReportedAndTheSaveRetried();
     void failedSaveWaitsForItsTimeOrTheEnd();
     void fullDiskLeavesTheLastCompleteSave();
-    void fileThatCanOnlyBeReadIsRefused();
+    void readOnlyFileIsRefused();
 };
 
 void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne_data()
@@ -90,7 +90,7 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
         QVERIFY(model.onlyDevice());
         const State state = stateOf(*model.onlyDevice());
         QVERIFY2(state == Old || state == New, qPrintable(QString::number(number)));
-        QVERIFY(state >= last); // once a save is complete, it is there at every later moment
+        QVERIFY(state >= last); // a save stays complete at every later operation
         last = state;
         const int operations = child.readAllStandardOutput().trimmed().toInt();
         if (!isKilled && number > operations)
@@ -109,7 +109,7 @@ void tst_DeviceStoreFaults::endOfTheApplicationDoesTheSaves()
     QVERIFY(child.waitForFinished());
     QCOMPARE(child.exitStatus(), QProcess::NormalExit);
     QCOMPARE(child.exitCode(), 0);
-    QCOMPARE(child.readAllStandardError(), QByteArray()); // nothing of the store is left open
+    QCOMPARE(child.readAllStandardError(), QByteArray()); // no warning about an open database
     const StoredModel model(file);
     QVERIFY(model.onlyDevice());
     QCOMPARE(stateOf(*model.onlyDevice()), New);
@@ -145,7 +145,7 @@ void tst_DeviceStoreFaults::failedSaveWaitsForItsTimeOrTheEnd()
         model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
         QTRY_COMPARE(caught.failures.size(), 1);
         FaultyVfs::arm(FaultyVfs::Fault::None, 0);
-        QTest::qWait(100); // time for a saver that does not wait
+        QTest::qWait(100); // a saver that does not wait would have saved by now
         QCOMPARE(caught.failures.size(), 1);
         QCOMPARE(FaultyVfs::operations(), 0);
     }
@@ -159,7 +159,7 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     const MessageCatcher quiet;
     const QTemporaryDir folder;
     int failed = 0;
-    int operations = 1; // those of a save, from the first round on
+    int operations = 1; // of a save; counted in round 0
     for (int number = 0; number <= operations; ++number) {
         const QString file = folder.filePath(QStringLiteral("%1.sqlite").arg(number));
         const StoreSignals caught;
@@ -172,7 +172,8 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
             model.list->saveDeviceDataThread()->saveDevicesInfor(changed);
             QTRY_COMPARE(caught.saved.size() + caught.failures.size(), 2);
             operations = number ? operations : FaultyVfs::operations();
-            model.list->saveDeviceDataThread()->setTemporaryStop(true); // no second try at the end
+            model.list->saveDeviceDataThread()->setTemporaryStop(
+                true); // no further attempt at the end
         }
         FaultyVfs::arm(FaultyVfs::Fault::None, 0);
         const StoredModel model(file);
@@ -185,7 +186,7 @@ void tst_DeviceStoreFaults::fullDiskLeavesTheLastCompleteSave()
     QVERIFY(failed > 3);
 }
 
-void tst_DeviceStoreFaults::fileThatCanOnlyBeReadIsRefused()
+void tst_DeviceStoreFaults::readOnlyFileIsRefused()
 {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("devices.sqlite"));

@@ -14,7 +14,7 @@
 
 using namespace Tavoro;
 
-/// Where the file of a store lies, and files that are not, or no longer, what a store reads.
+/// The location of the store file, and files that a store cannot read or can no longer read.
 class tst_DeviceStoreFile : public QObject, private StoreFolder {
     Q_OBJECT
 
@@ -26,10 +26,10 @@ private Q_SLOTS:
     void folderThatCannotBeCreatedIsReported();
 
     void schemaVersionIsKept();
-    void rowIsTheRecordInItsOwnFormat();
-    void fileOfALaterVersionIsLeftAlone();
+    void rowHoldsTheRecordInTheFormatOfTheStore();
+    void fileOfALaterVersionIsNotChanged();
     void fileOfAnEarlierVersionIsSetAside();
-    void fileOfAnotherKindIsLeftAlone();
+    void fileOfAnotherKindIsNotChanged();
 
     void damagedFileIsSetAside();
     void fileDamagedWhileOpenIsCreatedAgain();
@@ -37,12 +37,12 @@ private Q_SLOTS:
     void damagedRowIsWrittenAgainByTheNextSave();
     void rowThatIsNotARecordIsSetAside_data();
     void rowThatIsNotARecordIsSetAside();
-    void fieldThatIsNotKnownIsSkipped();
-    void fieldThatIsMissingKeepsItsDefault();
+    void unknownFieldIsSkipped();
+    void missingFieldKeepsItsDefault();
     void deviceWhoseIdentityIsDamagedKeepsTheRest();
 
 private:
-    /// Replaces the body of a row, with the digest that fits it.
+    /// Replaces the body of a row and corrects its digest.
     void writeBody(int kind, const QString &key, const QByteArray &body) const;
 };
 
@@ -90,7 +90,7 @@ void tst_DeviceStoreFile::schemaVersionIsKept()
              QStringList(QStringLiteral("2")));
 }
 
-void tst_DeviceStoreFile::rowIsTheRecordInItsOwnFormat()
+void tst_DeviceStoreFile::rowHoldsTheRecordInTheFormatOfTheStore()
 {
     const auto device = ModelRecords::device();
     QString error;
@@ -108,7 +108,7 @@ void tst_DeviceStoreFile::rowIsTheRecordInItsOwnFormat()
                                         "00")));
 }
 
-void tst_DeviceStoreFile::fileOfALaterVersionIsLeftAlone()
+void tst_DeviceStoreFile::fileOfALaterVersionIsNotChanged()
 {
     {
         const StoredModel model(file());
@@ -135,7 +135,7 @@ void tst_DeviceStoreFile::fileOfAnEarlierVersionIsSetAside()
     QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
 }
 
-void tst_DeviceStoreFile::fileOfAnotherKindIsLeftAlone()
+void tst_DeviceStoreFile::fileOfAnotherKindIsNotChanged()
 {
     query(file(), QStringLiteral("CREATE TABLE recipes (title TEXT)"));
     const StoredModel model(file());
@@ -213,7 +213,7 @@ void tst_DeviceStoreFile::damagedRowIsSetAsideAndTheOthersLoad()
         model.save(ModelRecords::device(1));
         model.save(ModelRecords::device(2));
     }
-    // One bit of the content of a file is flipped.
+    // Flips one bit in the content of a file.
     query(file(),
           QStringLiteral("UPDATE record SET content = X'610063' WHERE kind = 5 AND device = 2"));
     const StoreSignals caught;
@@ -307,8 +307,8 @@ void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside()
                                               " 000000000001")));
 }
 
-// A later version of the records has fields that this one has not.
-void tst_DeviceStoreFile::fieldThatIsNotKnownIsSkipped()
+// A later version of the records has fields that this version does not have.
+void tst_DeviceStoreFile::unknownFieldIsSkipped()
 {
     {
         const StoredModel model(file());
@@ -337,7 +337,7 @@ void tst_DeviceStoreFile::fieldThatIsNotKnownIsSkipped()
     QCOMPARE(caught.damagedRecords, QStringList());
 }
 
-void tst_DeviceStoreFile::fieldThatIsMissingKeepsItsDefault()
+void tst_DeviceStoreFile::missingFieldKeepsItsDefault()
 {
     {
         const StoredModel model(file());

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Another process that works on the same file.
+/// Stands for another process that uses the same file.
 class OtherProcess {
 public:
     explicit OtherProcess(const QString &fileName)
@@ -36,7 +36,7 @@ public:
             == SQLITE_OK;
     }
 
-    /// Has the transaction committed as soon as the store waits for it.
+    /// Commits the transaction as soon as the store waits for it.
     void commitWhenWaitedFor()
     {
         FaultyVfs::catchWait([this] {

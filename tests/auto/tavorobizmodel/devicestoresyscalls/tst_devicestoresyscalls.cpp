@@ -1,5 +1,5 @@
-// What the operating system can do to a save: end the process at any of its system calls, and find
-// no space at any of them. strace does both, call by call.
+// Ends a save at each of its system calls, and lets each of them fail for lack of space. strace
+// does both, call by call.
 
 #include <support/tavorobizmodel/storedstates.h>
 
@@ -15,7 +15,7 @@ using namespace StoredStates;
 
 namespace {
 
-/// What a child process does: saves the new state over the old one, trying again soon if it must.
+/// Runs in a child process: saves the new state over the old one, with a short retry interval.
 int saveAsChild(const QString &fileName)
 {
     const StoredModel model(fileName, 20);
@@ -45,7 +45,7 @@ private:
     };
 
     void addCalls() const;
-    /// Saves over a fresh copy of the old state with \a options of strace.
+    /// Saves over a new copy of the old state under strace with \a options.
     Outcome saved(const QStringList &options);
     State storedState() const;
 
@@ -96,7 +96,7 @@ void tst_DeviceStoreSyscalls::saveKilledAtAnyCallLeavesAWholeState()
                                            .arg(call, QString::number(number))});
         QVERIFY(outcome.isKilled);
         QVERIFY2(outcome.state != Mixed, qPrintable(QString::number(number)));
-        QVERIFY(outcome.state >= last); // once a save is complete, it is there at every later call
+        QVERIFY(outcome.state >= last); // a save stays complete at every later call
         last = outcome.state;
     }
 }

@@ -11,7 +11,7 @@
 using namespace Tavoro;
 using Control::AutoReportManager;
 
-/// There is one manager per process: these tests run in the order of its life.
+/// There is one manager per process: these tests follow its life from creation to deletion.
 class tst_AutoReportManager : public QObject {
     Q_OBJECT
 
@@ -23,8 +23,8 @@ private Q_SLOTS:
     void reportOfAnUnknownDeviceOnlyLogs_data();
     void reportOfAnUnknownDeviceOnlyLogs();
     void stoppedReportsAreDropped();
-    void stopComesBeforeTheLookup();
-    void unknownDeviceComesBeforeTheStop();
+    void stopIsCheckedBeforeTheCode();
+    void deviceIsLookedUpBeforeTheStopIsChecked();
     void unknownCodeIsLogged_data();
     void unknownCodeIsLogged();
 
@@ -118,7 +118,7 @@ void tst_AutoReportManager::stoppedReportsAreDropped()
     QCOMPARE(heldPowers(it), std::string(powersThen));
 }
 
-void tst_AutoReportManager::stopComesBeforeTheLookup()
+void tst_AutoReportManager::stopIsCheckedBeforeTheCode()
 {
     Reported it;
     AutoReportManager::instance()->setIsStopAutoReport(true);
@@ -131,7 +131,7 @@ void tst_AutoReportManager::stopComesBeforeTheLookup()
                              .arg(QLatin1String(identity))));
 }
 
-void tst_AutoReportManager::unknownDeviceComesBeforeTheStop()
+void tst_AutoReportManager::deviceIsLookedUpBeforeTheStopIsChecked()
 {
     Reported it;
     const ScriptedDevice unknown(8);
@@ -188,7 +188,7 @@ void tst_AutoReportManager::deletedManagerHandlesNothing()
 
 void tst_AutoReportManager::noSecondManagerIsCreated()
 {
-    AutoReportManager::instance(); // the first call, when this test runs alone
+    AutoReportManager::instance(); // creates the manager if this test runs alone
     AutoReportManager::deleteInstance();
     QVERIFY(!AutoReportManager::instance());
     QVERIFY(!AutoReportManager::instance());

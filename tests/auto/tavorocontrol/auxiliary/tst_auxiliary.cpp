@@ -113,7 +113,7 @@ const ReadRow &recordRead(int row)
 }
 
 /// The caller's error text after a failure.
-QString toldToCaller(const ReadRow &row, const QString &text)
+QString errorOfCaller(const ReadRow &row, const QString &text)
 {
     return row.code == 0xFC0D ? textFromBefore() : text;
 }
@@ -244,7 +244,7 @@ void tst_Auxiliary::refusedReadFails()
             .arg(QString::fromLatin1(read.label));
 
     QVERIFY(!read.read(it.control, seen, it.error));
-    QCOMPARE(it.error, toldToCaller(read, sentence));
+    QCOMPARE(it.error, errorOfCaller(read, sentence));
     QVERIFY(it.journal.lines().contains(QStringLiteral("status bar 2 for 5000 ms: ") + sentence));
 }
 
@@ -257,9 +257,9 @@ void tst_Auxiliary::undecodableAnswerGivesTheCodecsText()
     std::string seen;
     QVERIFY(!read.read(it.control, seen, it.error));
     QCOMPARE(it.error.trimmed(),
-             toldToCaller(read,
-                          QStringLiteral("Decode json failed: ")
-                              + QString::fromLatin1(read.decodeError)));
+             errorOfCaller(read,
+                           QStringLiteral("Decode json failed: ")
+                               + QString::fromLatin1(read.decodeError)));
     QCOMPARE(it.warnings(), QStringList());
 }
 
@@ -283,7 +283,7 @@ void tst_Auxiliary::readOfADeviceThatIsGoneFails()
                                  .arg(QString::fromLatin1(read.label));
 
     QVERIFY(!read.read(it.control, seen, it.error));
-    QCOMPARE(it.error, toldToCaller(read, sentence));
+    QCOMPARE(it.error, errorOfCaller(read, sentence));
     QVERIFY(it.journal.lines().contains(QStringLiteral("status bar 2 for 5000 ms: ") + sentence));
     QCOMPARE(it.sentCount(), std::size_t(0));
 }

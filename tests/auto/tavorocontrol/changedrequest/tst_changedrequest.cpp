@@ -10,7 +10,7 @@ using namespace Tavoro;
 
 namespace {
 
-/// Puts other values into every byte of the head that an exchange reads.
+/// Changes every byte of the head that an exchange reads.
 void change(SSProxy::DeviceRequestCommand &request, quint8 value)
 {
     auto &head = request.head();

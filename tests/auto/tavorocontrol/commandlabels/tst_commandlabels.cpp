@@ -14,8 +14,8 @@ private Q_SLOTS:
     void everyPairHasItsLabelOrNone();
     void labelsOfTheTable_data();
     void labelsOfTheTable();
-    void pairsWithoutACommand_data();
-    void pairsWithoutACommand();
+    void pairsWithoutACommandHaveNoLabel_data();
+    void pairsWithoutACommandHaveNoLabel();
 
 private:
     QMap<int, QString> m_labels; ///< The key is the command code.
@@ -58,7 +58,7 @@ void tst_CommandLabels::labelsOfTheTable()
           "label");
 }
 
-void tst_CommandLabels::pairsWithoutACommand_data()
+void tst_CommandLabels::pairsWithoutACommandHaveNoLabel_data()
 {
     QTest::addColumn<int>("code");
 
@@ -70,7 +70,7 @@ void tst_CommandLabels::pairsWithoutACommand_data()
     QTest::newRow("base code between files and maintenance") << 0xFB01;
 }
 
-void tst_CommandLabels::pairsWithoutACommand()
+void tst_CommandLabels::pairsWithoutACommandHaveNoLabel()
 {
     QFETCH(const int, code);
     QCOMPARE(ControlHelper::commandLabel(static_cast<quint8>(code >> 8), static_cast<quint8>(code)),

@@ -79,8 +79,8 @@ class tst_ControlHelper : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void failures_data();
-    void failures();
+    void failuresAreReported_data();
+    void failuresAreReported();
     void failedReadKeepsReceivedData();
     void nullRequestNeverReachesTheStatusBar();
     void nullRequestIsCheckedBeforeTheDevice();
@@ -95,14 +95,14 @@ private Q_SLOTS:
     void cancelledStateDoesNotStopPlainExchanges();
 };
 
-void tst_ControlHelper::failures_data()
+void tst_ControlHelper::failuresAreReported_data()
 {
     QTest::addColumn<const FailureRow *>("row");
     for (const FailureRow &row : failureRows)
         QTest::newRow(row.name) << &row;
 }
 
-void tst_ControlHelper::failures()
+void tst_ControlHelper::failuresAreReported()
 {
     QFETCH(const FailureRow *, row);
     RequestPath path;

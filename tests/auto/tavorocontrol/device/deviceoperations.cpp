@@ -71,7 +71,7 @@ bool write(Control::Device &device, BizModel::Device *, std::string &, QString &
 const s_General               general{{"Main \"A\"", 1}};
 const s_subcards              subcards{{{1, 2, 3, 4, 5, {{6, 7, 8, 9, 10}, {-1, -2, 3, -4, -5}}}, {2, 0, 0, 0, 0, {}}}};
 const s_Genlock               genlock{{2, 4294967295U}};
-const s_Networks              networks{{{1, "02:00:5E", 1, "192.0.2.7", "255.255.0.0", "192.0.2.1"}}}; // its present address
+const s_Networks              networks{{{1, "02:00:5E", 1, "192.0.2.7", "255.255.0.0", "192.0.2.1"}}}; // its current address
 const s_swap                  swapped{1};
 const s_InterfaceMapping      mapping{{3}, {1, 2, 3, 4, 5, 6, 7}};
 const s_DynamicRangConversion conversion{1, 2};

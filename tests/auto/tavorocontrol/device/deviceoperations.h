@@ -26,14 +26,14 @@ struct OperationRow {
     const char *label;
     const char *body; ///< Body of the request.
     const char *answer;
-    const char *seen; ///< What the caller or the model gets.
+    const char *seen; ///< The result that the caller or the model gets.
     unsigned kind;
     Call call;
 };
 
 /// Every operation of the class, written by hand.
 ///
-/// In a file of its own, since the test would be too long.
+/// In a separate file, since the test would be too long.
 extern const std::vector<OperationRow> operationRows;
 
 /// The whole state of a device; no field has its default.

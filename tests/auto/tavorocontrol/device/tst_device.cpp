@@ -17,17 +17,17 @@ class tst_Device : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void operations_data();
-    void operations();
-    void refusedOperations_data();
-    void refusedOperations();
+    void operationsSucceed_data();
+    void operationsSucceed();
+    void refusedOperationsFail_data();
+    void refusedOperationsFail();
     void withNoChannelDecodingReadsFailAndWritesSucceed_data();
     void withNoChannelDecodingReadsFailAndWritesSucceed();
-    void operationsOfAGoneDevice_data();
-    void operationsOfAGoneDevice();
+    void operationsOfAGoneDeviceFail_data();
+    void operationsOfAGoneDeviceFail();
 
     void decodeFailureIsNeitherLoggedNorShown();
-    void readsOfADeviceLostInFlight();
+    void readsOfADeviceLostInFlightFail();
     void missingKeysKeepTheirDefaults();
     void readSubcardDetailPassesTheModelsText();
     void timeoutOfSubcardModeIsOverridden();
@@ -79,12 +79,12 @@ QString sentence(const OperationRow &row, const char *reason)
 
 Q_DECLARE_METATYPE(const OperationRow *)
 
-void tst_Device::operations_data()
+void tst_Device::operationsSucceed_data()
 {
     addOperationRows();
 }
 
-void tst_Device::operations()
+void tst_Device::operationsSucceed()
 {
     QFETCH(const OperationRow *, row);
     RequestPath path;
@@ -124,12 +124,12 @@ void tst_Device::operations()
     QCOMPARE(sent[0].timeout, 777);
 }
 
-void tst_Device::refusedOperations_data()
+void tst_Device::refusedOperationsFail_data()
 {
     addOperationRows();
 }
 
-void tst_Device::refusedOperations()
+void tst_Device::refusedOperationsFail()
 {
     QFETCH(const OperationRow *, row);
     RequestPath path;
@@ -159,12 +159,12 @@ void tst_Device::withNoChannelDecodingReadsFailAndWritesSucceed()
     QVERIFY(called.lines.filter(QStringLiteral("status bar")).isEmpty());
 }
 
-void tst_Device::operationsOfAGoneDevice_data()
+void tst_Device::operationsOfAGoneDeviceFail_data()
 {
     addOperationRows();
 }
 
-void tst_Device::operationsOfAGoneDevice()
+void tst_Device::operationsOfAGoneDeviceFail()
 {
     QFETCH(const OperationRow *, row);
     RequestPath path;
@@ -200,7 +200,7 @@ void tst_Device::decodeFailureIsNeitherLoggedNorShown()
     }
 }
 
-void tst_Device::readsOfADeviceLostInFlight()
+void tst_Device::readsOfADeviceLostInFlightFail()
 {
     for (const char *name : {"readDetails", "readDeviceDetails", "readSubcardDetail"}) {
         RequestPath path;

@@ -49,14 +49,14 @@ public:
         using List = Control::DeviceList;
         QObject::connect(
             list.get(), &List::signalReadDeviceDetailStarted, &m_context,
-            [this](const QString &ip) { tell(QStringLiteral("started %1").arg(ip)); },
+            [this](const QString &ip) { log(QStringLiteral("started %1").arg(ip)); },
             Qt::DirectConnection);
         QObject::connect(
             list.get(), &List::signalReadDeviceDetailFinished, &m_context,
             [this](bool success, const QString &ip, const QString &mac, const QString &sn) {
-                tell(QStringLiteral("finished %1 '%2' '%3' '%4'")
-                         .arg(int(success))
-                         .arg(ip, mac, sn));
+                log(QStringLiteral("finished %1 '%2' '%3' '%4'")
+                        .arg(int(success))
+                        .arg(ip, mac, sn));
                 if (atFinish)
                     atFinish();
             },
@@ -69,17 +69,17 @@ public:
         return list->readDeviceDetail(ip, mac, sn, error);
     }
 
-    bool isFinished() const { return !told.filter(QStringLiteral("finished")).isEmpty(); }
+    bool isFinished() const { return !logged.filter(QStringLiteral("finished")).isEmpty(); }
 
     std::unique_ptr<Control::DeviceList> list = std::make_unique<Control::DeviceList>(nullptr);
     QString error = QString::fromLatin1(before);
-    QStringList told;
+    QStringList logged;
     std::function<void()> atFinish;
 
 private:
-    void tell(const QString &line)
+    void log(const QString &line)
     {
-        told << (QThread::currentThread() == list->thread() ? line : QStringLiteral("elsewhere"));
+        logged << (QThread::currentThread() == list->thread() ? line : QStringLiteral("elsewhere"));
     }
 
     QObject m_context;
@@ -88,8 +88,8 @@ private:
 const QStringList readWell =
     textLines({"started 192.0.2.7", "finished 1 '192.0.2.7' '02005E100007' '0123456789ABCD07'"});
 
-/// Calls a function of the test's choice when a synchronisation has looked for the device in the
-/// model and has not filled it yet.
+/// Calls a function of the test after a synchronisation has looked the device up in the model and
+/// before it fills the device.
 class ChannelWithModelStep : public WholeDeviceChannel {
 public:
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const override
@@ -128,9 +128,9 @@ void tst_DeviceList::synchronisationStartsAndFinishes()
     Synchronised it;
     Reading reading;
     QVERIFY(reading.begin());
-    QVERIFY(reading.told.isEmpty()); // nothing comes before the event loop
+    QVERIFY(reading.logged.isEmpty()); // no signal before the event loop runs
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
     QCOMPARE(reading.error, QString::fromLatin1(before));
     QCOMPARE(it.asked().size(), 8);
     QCOMPARE(it.lines(),
@@ -161,7 +161,7 @@ void tst_DeviceList::deviceOfTheModelIsReadByItsIdentity()
     Reading reading;
     QVERIFY(reading.list->readDeviceDetail(it.device.model, reading.error));
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
     QCOMPARE(reading.error, QString::fromLatin1(before));
     QCOMPARE(it.device.model->screens(30).size(), 2);
 }
@@ -173,9 +173,9 @@ void tst_DeviceList::failedSynchronisationFinishesWithFalse()
     Reading reading;
     QVERIFY(reading.begin());
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told.last(),
+    QCOMPARE(reading.logged.last(),
              QStringLiteral("finished 0 '192.0.2.7' '02005E100007' '0123456789ABCD07'"));
-    QCOMPARE(reading.error, QString::fromLatin1(before)); // the reason is in the log
+    QCOMPARE(reading.error, QString::fromLatin1(before)); // the log has the reason
     QCOMPARE(it.lines().last(),
              QStringLiteral(R"(debug: "Sync device model result is 0, device ip is192.0.2.7.")"));
 }
@@ -189,7 +189,7 @@ void tst_DeviceList::deviceWithoutAddressFinishesWithEmptyTexts()
     Reading reading;
     QVERIFY(reading.begin(QString()));
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, textLines({"started ", "finished 0 '' '' ''"}));
+    QCOMPARE(reading.logged, textLines({"started ", "finished 0 '' '' ''"}));
     QCOMPARE(it.lines(),
              textLines({"info: Sync device init model begin.",
                         "warning: Sync device model failed,Device ip invalid.",
@@ -210,7 +210,7 @@ void tst_DeviceList::secondCallWhileRunningIsAcceptedAndIgnored()
 
     QVERIFY(reading.begin());
     QVERIFY(reading.list->readDeviceDetail(other.model, reading.error));
-    QVERIFY(reading.begin(QStringLiteral("198.51.100.1"))); // one without a channel
+    QVERIFY(reading.begin(QStringLiteral("198.51.100.1"))); // a device without a channel
     const auto stillRunning =
         "warning: Sync device model failed, last sync device is still running.";
     QCOMPARE(it.journal.lines(), textLines({stillRunning, stillRunning, stillRunning}));
@@ -218,7 +218,7 @@ void tst_DeviceList::secondCallWhileRunningIsAcceptedAndIgnored()
 
     gate.open();
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
     QVERIFY(other.channel->sent().empty());
     QCOMPARE(it.asked().size(), 8);
 }
@@ -248,7 +248,7 @@ void tst_DeviceList::callBetweenEndAndFinishCountsAsRunning()
     QVERIFY(it.lines().contains(
         QStringLiteral("warning: Sync device model failed, last sync device is still running.")));
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
 }
 
 void tst_DeviceList::callFromTheFinishedSlotIsAccepted()
@@ -262,7 +262,7 @@ void tst_DeviceList::callFromTheFinishedSlotIsAccepted()
     };
     QVERIFY(reading.begin());
     QTRY_COMPARE(calls, 2);
-    QCOMPARE(reading.told, readWell + readWell);
+    QCOMPARE(reading.logged, readWell + readWell);
     QVERIFY(it.lines().filter(QStringLiteral("still running")).isEmpty());
     QCOMPARE(it.asked().size(), 16);
 }
@@ -281,7 +281,7 @@ void tst_DeviceList::identityWithoutChannelIsRefused()
                         "warning: Sync device model failed, device para error"}));
     QVERIFY(!it.device.model->isOnline());
     QCoreApplication::processEvents();
-    QVERIFY(reading.told.isEmpty());
+    QVERIFY(reading.logged.isEmpty());
 }
 
 void tst_DeviceList::refusedCallLeavesTheListUsable()
@@ -291,7 +291,7 @@ void tst_DeviceList::refusedCallLeavesTheListUsable()
     QVERIFY(!reading.begin(QStringLiteral("198.51.100.1")));
     QVERIFY(reading.begin());
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
 }
 
 void tst_DeviceList::expiredDeviceIsRefused()
@@ -302,7 +302,7 @@ void tst_DeviceList::expiredDeviceIsRefused()
     QCOMPARE(reading.error, QStringLiteral("Device model is nullptr"));
     QVERIFY(it.journal.lines().isEmpty());
 
-    // Also while the task is busy: it is not looked at.
+    // The result is the same while the task is busy.
     Gate gate;
     it.channel->reply(0xFC0C, heldBack(gate));
     QVERIFY(reading.begin());
@@ -312,7 +312,7 @@ void tst_DeviceList::expiredDeviceIsRefused()
     QCOMPARE(reading.error, QStringLiteral("Device model is nullptr"));
     gate.open();
     QTRY_VERIFY(reading.isFinished());
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
 }
 
 void tst_DeviceList::destructionWaitsForTheSynchronisation()
@@ -329,7 +329,7 @@ void tst_DeviceList::destructionWaitsForTheSynchronisation()
     QCOMPARE(it.asked().size(), 7); // all but the layers, as the screens' answer is empty
     QCOMPARE(it.lines().last(), QStringLiteral("info: Sync device init model end."));
     QCoreApplication::processEvents();
-    QVERIFY(reading.told.isEmpty());
+    QVERIFY(reading.logged.isEmpty());
     QVERIFY(it.lines().filter(QStringLiteral("task finished")).isEmpty());
 }
 
@@ -340,7 +340,7 @@ void tst_DeviceList::destructionWithoutSynchronisationReturnsAtOnce()
     QVERIFY(reading.begin());
     QTRY_VERIFY(reading.isFinished());
     reading.list.reset();
-    QCOMPARE(reading.told, readWell);
+    QCOMPARE(reading.logged, readWell);
     const Reading unused;
 }
 
@@ -364,8 +364,8 @@ void tst_DeviceList::twoListsReadTwoDevicesAtOnce()
     otherGate.open();
     QTRY_VERIFY(reading.isFinished());
     QTRY_VERIFY(otherReading.isFinished());
-    QCOMPARE(reading.told, readWell);
-    QCOMPARE(otherReading.told,
+    QCOMPARE(reading.logged, readWell);
+    QCOMPARE(otherReading.logged,
              textLines({"started 192.0.2.8",
                         "finished 1 '192.0.2.8' '02005E100008' '0123456789ABCD08'"}));
     QCOMPARE(it.asked(), otherChannel->asked());

@@ -1,4 +1,4 @@
-// What an operation does to the channel of its device besides the exchange.
+// How an operation changes the channel of its device, apart from the exchange.
 
 #include <support/tavorocontrol/requestpath.h>
 #include <tavorobizmodel/device.h>

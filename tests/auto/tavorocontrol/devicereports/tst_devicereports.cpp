@@ -18,8 +18,8 @@ private Q_SLOTS:
     void undecodableReportsFail();
     void reportsOnAMissingDeviceFail_data();
     void reportsOnAMissingDeviceFail();
-    void decodingComesBeforeTheDevice_data();
-    void decodingComesBeforeTheDevice();
+    void bodyIsDecodedBeforeTheDeviceIsChecked_data();
+    void bodyIsDecodedBeforeTheDeviceIsChecked();
     void everyGroupReachesTheModel();
     void switchOfTheRelationsIsNotApplied();
     void missingCutoutChannelsKeepTheirDefaults();
@@ -41,7 +41,7 @@ struct ReportRow {
     const char *name;
     Handler handler;
     const char *body;
-    const char *effect; ///< What the model holds then, as JSON.
+    const char *effect; ///< The part of the model after the report, as JSON.
     std::string (*held)(const BizModel::Device &);
     const char *badBody;
     const char *badText; ///< After "Decode json failed: ".
@@ -172,12 +172,12 @@ void tst_DeviceReports::reportsOnAMissingDeviceFail()
     QCOMPARE(path.takeLines(), row->goneLine ? textLines({row->goneLine}) : QStringList());
 }
 
-void tst_DeviceReports::decodingComesBeforeTheDevice_data()
+void tst_DeviceReports::bodyIsDecodedBeforeTheDeviceIsChecked_data()
 {
     addReportRows();
 }
 
-void tst_DeviceReports::decodingComesBeforeTheDevice()
+void tst_DeviceReports::bodyIsDecodedBeforeTheDeviceIsChecked()
 {
     QFETCH(const ReportRow *, row);
     RequestPath path;
@@ -201,7 +201,7 @@ void tst_DeviceReports::everyGroupReachesTheModel()
     QCOMPARE(changes.size(), 3);
 }
 
-// Kept: a report changes the relations alone.
+// Kept: a report changes only the relations.
 void tst_DeviceReports::switchOfTheRelationsIsNotApplied()
 {
     RequestPath path;

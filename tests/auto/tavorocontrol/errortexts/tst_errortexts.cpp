@@ -12,8 +12,8 @@ class tst_ErrorTexts : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void everyStatusHasItsText();
-    void boundaries_data();
-    void boundaries();
+    void rangesOfStatusesHaveTheirTexts_data();
+    void rangesOfStatusesHaveTheirTexts();
 
 private:
     QString expected(int status) const;
@@ -49,7 +49,7 @@ void tst_ErrorTexts::everyStatusHasItsText()
     }
 }
 
-void tst_ErrorTexts::boundaries_data()
+void tst_ErrorTexts::rangesOfStatusesHaveTheirTexts_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<QString>("text");
@@ -73,7 +73,7 @@ void tst_ErrorTexts::boundaries_data()
     // clang-format on
 }
 
-void tst_ErrorTexts::boundaries()
+void tst_ErrorTexts::rangesOfStatusesHaveTheirTexts()
 {
     QFETCH(const int, status);
     QTEST(ControlHelper::errorText(static_cast<quint16>(status)), "text");

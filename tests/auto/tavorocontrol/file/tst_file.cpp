@@ -54,7 +54,7 @@ const WriteRow<File> &fileWrite(int row)
     return fileWrites()[std::size_t(row)];
 }
 
-/// What the caller of readDetails() gets.
+/// The records that the caller of readDetails() gets.
 struct Listing {
     bool ok;
     QStringList names;

@@ -7,5 +7,5 @@
 /// Every write of the class that takes a list: its form, its code, and the body of a list whose
 /// fields are all off their defaults, worked out by hand.
 ///
-/// In a file of its own, since moc cannot parse these raw strings.
+/// In a separate file, since moc cannot parse these raw strings.
 const std::vector<WriteRow<Tavoro::Control::Layer>> &layerWrites();

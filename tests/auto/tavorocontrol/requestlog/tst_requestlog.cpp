@@ -57,10 +57,10 @@ class tst_RequestLog : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_data();
-    void reads();
-    void writes_data();
-    void writes();
+    void readsAreLogged_data();
+    void readsAreLogged();
+    void writesAreLogged_data();
+    void writesAreLogged();
     void requestIsLoggedBeforeItIsSent();
     void contentHasAHeadingForOnePacketOnly_data();
     void contentHasAHeadingForOnePacketOnly();
@@ -117,14 +117,14 @@ const LogRow writeRows[] = {
 
 } // namespace
 
-void tst_RequestLog::reads_data()
+void tst_RequestLog::readsAreLogged_data()
 {
     QTest::addColumn<const LogRow *>("row");
     for (const LogRow &row : readRows)
         QTest::newRow(row.name) << &row;
 }
 
-void tst_RequestLog::reads()
+void tst_RequestLog::readsAreLogged()
 {
     QFETCH(const LogRow *, row);
     RequestPath path;
@@ -140,14 +140,14 @@ void tst_RequestLog::reads()
                      static_cast<quint8>(row->code >> 8), static_cast<quint8>(row->code))));
 }
 
-void tst_RequestLog::writes_data()
+void tst_RequestLog::writesAreLogged_data()
 {
     QTest::addColumn<const LogRow *>("row");
     for (const LogRow &row : writeRows)
         QTest::newRow(row.name) << &row;
 }
 
-void tst_RequestLog::writes()
+void tst_RequestLog::writesAreLogged()
 {
     QFETCH(const LogRow *, row);
     RequestPath path;

@@ -69,7 +69,7 @@ bool isWriter()
 
 } // namespace
 
-// The libraries of the process find this function before the system's.
+// The libraries of the process use this function instead of the system's.
 extern "C" Q_DECL_EXPORT int pthread_cond_timedwait(pthread_cond_t *condition,
                                                     pthread_mutex_t *mutex, const timespec *until)
 {
@@ -78,7 +78,7 @@ extern "C" Q_DECL_EXPORT int pthread_cond_timedwait(pthread_cond_t *condition,
     if (!isWriter())
         return wait(condition, mutex, until);
     if (const NextSleep *sleep = nextSleep.exchange(nullptr)) {
-        pthread_mutex_unlock(mutex); // the thread that wakes this one takes the mutex
+        pthread_mutex_unlock(mutex); // another thread can now notify this one
         sleep->before();
         pthread_mutex_lock(mutex);
         sleep->during();

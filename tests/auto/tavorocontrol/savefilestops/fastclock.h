@@ -2,10 +2,10 @@
 
 #include <functional>
 
-/// During its lifetime, timed waits of threads named "SaveFile" time out at once: the ten seconds
-/// of the writer would make a slow test.
+/// During its lifetime, timed waits of threads named "SaveFile" time out at once. Otherwise a test
+/// would take the ten seconds of the writer.
 ///
-/// Linux only. Has no effect elsewhere, and under ThreadSanitizer, which has waits of its own.
+/// Linux only. Has no effect elsewhere, nor under ThreadSanitizer, which has its own waits.
 class FastClock {
 public:
     FastClock();
@@ -18,9 +18,9 @@ public:
     int waitsThatRanOut() const;
 };
 
-/// Acts when a thread named "SaveFile" next goes to sleep: \a before while it is still awake and
-/// may be called, \a during when whatever wakes it waits until it sleeps. Where FastClock is
-/// possible.
+/// Calls functions when a thread named "SaveFile" next goes to sleep. \a before runs while its
+/// mutex is unlocked, so other threads can notify it. \a during runs while its mutex is locked, so
+/// other threads have to wait until it sleeps. Works only if FastClock::isPossible().
 class NextSleep {
 public:
     NextSleep(std::function<void()> before, std::function<void()> during);

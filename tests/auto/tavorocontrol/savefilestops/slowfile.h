@@ -10,8 +10,8 @@ namespace Tavoro::Control {
 class SaveFile;
 }
 
-/// A file that takes no byte until the test allows it: a named pipe, in which a writer blocks as
-/// soon as the pipe is full. POSIX only.
+/// A file that accepts bytes only when the test reads them: a named pipe, on which a writer blocks
+/// as soon as the pipe is full. POSIX only.
 class SlowFile {
 public:
     explicit SlowFile(const QString &path);
@@ -23,12 +23,12 @@ public:
     /// first of them. False if it could not be started.
     bool fill(Tavoro::Control::SaveFile &file);
 
-    /// Reads everything, on a thread of its own, until the writer closes the file.
+    /// Reads everything on a separate thread until the writer closes the file.
     void drainFromNowOn();
-    /// The same, beginning when \a condition holds.
+    /// The same, but starts when \a condition holds.
     void drainOnce(std::function<bool()> condition);
 
-    /// What was read. Waits until the writer has closed the file.
+    /// Returns the bytes that were read. Waits until the writer has closed the file.
     QByteArray drained();
     /// Whether the writer has closed the file. Call it after drained().
     bool isClosed() const { return m_isClosed; }
@@ -41,6 +41,6 @@ private:
     const QByteArray m_path;
     const int m_readEnd;
     QByteArray m_drained; // used by the thread while it runs
-    bool m_isClosed = false; // likewise
+    bool m_isClosed = false; // used by the thread while it runs
     std::thread m_thread;
 };

@@ -19,7 +19,7 @@ QString leftCount(int pieces)
     return QStringLiteral("debug: Left save file count :  %1").arg(pieces);
 }
 
-/// A stop lets the worker finish the piece that it is writing, and no more.
+/// After a stop, the worker only finishes the piece that it is writing.
 void verifyWholePiecesButNotAll(const QByteArray &content)
 {
     QVERIFY(!content.isEmpty());
@@ -30,7 +30,7 @@ void verifyWholePiecesButNotAll(const QByteArray &content)
 
 } // namespace
 
-/// What the queued writer does when it is stopped, and when it is idle.
+/// How the queued writer behaves when it is stopped and when it is idle.
 class tst_SaveFileStops : public QObject {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ private Q_SLOTS:
     void waitForStopWaitsUntilTheQueueIsEmpty();
     void waitForStopOnAnEmptyQueueLogsOnce();
 
-    void idleWorkerWakesAndGoesBackToWaiting();
+    void idleWorkerWakesAndWaitsAgain();
     void resultIsFalseUntilTheWorkerHasEnded();
     void resultIsTrueAlthoughNothingCouldBeWritten();
     void piecesForAClosedFileAreDropped();
@@ -126,7 +126,7 @@ void tst_SaveFileStops::waitForStopWaitsUntilTheQueueIsEmpty()
     QVERIFY(file.waitForStop());
     QVERIFY(slow.drained().startsWith(SlowFile::batch()));
     const QStringList lines = journal.lines();
-    QVERIFY(lines.size() >= 3); // one, and one more for each check that found pieces
+    QVERIFY(lines.size() >= 3); // one, plus one for each check that found pieces
     QCOMPARE(lines.count(leftCount(2)), int(lines.size()));
 }
 
@@ -142,7 +142,7 @@ void tst_SaveFileStops::waitForStopOnAnEmptyQueueLogsOnce()
     QCOMPARE(contentOf(path("f")), QByteArray());
 }
 
-void tst_SaveFileStops::idleWorkerWakesAndGoesBackToWaiting()
+void tst_SaveFileStops::idleWorkerWakesAndWaitsAgain()
 {
     if (!FastClock::isPossible())
         QSKIP("takes ten seconds here");
@@ -170,7 +170,7 @@ void tst_SaveFileStops::resultIsFalseUntilTheWorkerHasEnded()
     QVERIFY(file.startWrite(path("f"), m_it->error));
     file.append("b");
     QTRY_COMPARE(contentOf(path("f")), QByteArray("ab"));
-    QVERIFY(!file.fileSaveResult()); // a new run, a new result
+    QVERIFY(!file.fileSaveResult()); // a new run resets the result
 }
 
 void tst_SaveFileStops::resultIsTrueAlthoughNothingCouldBeWritten()

@@ -50,7 +50,7 @@ private Q_SLOTS:
     void writeIsSplitAtTheLimit_data();
     void writeIsSplitAtTheLimit();
     void emptyBodyTakesTheOnePacketPath();
-    void oneByteMoreThanTheLimitGoesOutInTwo();
+    void oneByteAboveTheLimitIsSentInTwoPackets();
     void splitWriteNeverSendsTheRequestItself();
     void refusedSecondPacketOfAWriteLeavesTheBareText_data();
     void refusedSecondPacketOfAWriteLeavesTheBareText();
@@ -200,7 +200,7 @@ void tst_SplitExchange::emptyBodyTakesTheOnePacketPath()
     QCOMPARE(hex(sent[0].headBytes(18, 35)), headBytes("02", "0000000000000000", "0711"));
 }
 
-void tst_SplitExchange::oneByteMoreThanTheLimitGoesOutInTwo()
+void tst_SplitExchange::oneByteAboveTheLimitIsSentInTwoPackets()
 {
     RequestPath path;
     path.device.channel->info.maxPacketSize = 4;

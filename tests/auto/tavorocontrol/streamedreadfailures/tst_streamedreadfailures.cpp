@@ -89,8 +89,8 @@ class tst_StreamedReadFailures : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void failures_data();
-    void failures();
+    void failuresAreReported_data();
+    void failuresAreReported();
     void nullRequestIsCheckedBeforeTheDevice();
     void missingDeviceIsReportedToTheCallback();
 
@@ -99,14 +99,14 @@ private Q_SLOTS:
     void emptyCallbackThrowsAtTheFirstReport();
 };
 
-void tst_StreamedReadFailures::failures_data()
+void tst_StreamedReadFailures::failuresAreReported_data()
 {
     QTest::addColumn<const FailureRow *>("row");
     for (const FailureRow &row : failureRows)
         QTest::newRow(row.name) << &row;
 }
 
-void tst_StreamedReadFailures::failures()
+void tst_StreamedReadFailures::failuresAreReported()
 {
     QFETCH(const FailureRow *, row);
     StreamPath path;

@@ -1,4 +1,4 @@
-// The memory that a streamed read holds, counted at each allocation of the process.
+// The memory that a streamed read uses, counted at each allocation of the process.
 
 #include <support/common/allocated.h>
 #include <support/tavorocontrol/streampath.h>
@@ -16,7 +16,7 @@ namespace {
 constexpr qint64 packetSize = 4 << 20;
 constexpr qint64 slack = 64 << 10; ///< For heads, texts and log lines.
 
-/// Makes each packet when it is requested, and notes what the process holds then.
+/// Makes each packet when it is requested, and records the allocated memory at that time.
 class MeasuringChannel : public ScriptedChannel {
 public:
     std::shared_ptr<SSProxy::DeviceResponseCommand>
@@ -43,7 +43,7 @@ struct Measured {
     Measured()
     {
         channel->packets = 3;
-        read(); // what is made once is made before the first measurement
+        read(); // one-time allocations happen before the first measurement
         channel->kept.clear();
         channel->packets = 8;
         channel->peak = 0;

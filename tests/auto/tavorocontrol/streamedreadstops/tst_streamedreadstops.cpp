@@ -6,7 +6,7 @@
 
 #include <thread>
 
-/// What ends a streamed read from outside: a cancel, and control or the connection that is lost.
+/// Streamed reads that end early: by a cancel, or because control or the connection is lost.
 class tst_StreamedReadStops : public QObject {
     Q_OBJECT
 

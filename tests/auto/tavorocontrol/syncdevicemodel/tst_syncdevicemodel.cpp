@@ -11,7 +11,7 @@
 
 using namespace Tavoro;
 
-/// What a synchronisation leaves in the model.
+/// The model after a synchronisation.
 class tst_SyncDeviceModel : public QObject {
     Q_OBJECT
 
@@ -31,8 +31,8 @@ private Q_SLOTS:
     void missingChannelMakesTheDeviceOffline();
     void missingChannelDoesNotChangeTheName();
     void offlineMessageIsTranslated();
-    void failedModelSteps_data();
-    void failedModelSteps();
+    void failedModelStepsAreReported_data();
+    void failedModelStepsAreReported();
     void everyModelStepFailsByItself();
     void deviceWithoutAddressDoesNotReachTheModel();
 };
@@ -46,7 +46,7 @@ QList<int> counts(const BizModel::Device &device)
             int(device.layers().size()), int(device.files().size())};
 }
 
-/// Removes the channel while the last request of a run is on its way.
+/// Removes the channel while the last request of a run is in flight.
 void loseChannelAtLastRequest(Synchronised &it)
 {
     ScriptedAnswer last = ScriptedAnswer::packet("a picture");
@@ -176,9 +176,9 @@ void tst_SyncDeviceModel::modelGetsTheOutcomeOfTheReads()
     it.channel->reply(0xFC0C, ScriptedAnswer::refusal(5));
     it.run();
     QVERIFY(!it.listed()->isSyncDataSuccess());
-    QVERIFY(it.task.isSyncSucess()); // which is the outcome of the layers
+    QVERIFY(it.task.isSyncSucess()); // the outcome is that of the layers
 
-    // And the other way round: all is read, but the layers do not fit.
+    // Conversely, all reads succeed, but the layers name a screen that does not exist.
     it.task.resetDevice();
     it.channel->reply(0xFC0C, {});
     it.channel->replyBody(0x1400, R"([{"layerIdenti":{"screenId":200,"screenType":1}}])");
@@ -315,14 +315,14 @@ const std::vector<ModelRow> modelRows = {
 
 } // namespace
 
-void tst_SyncDeviceModel::failedModelSteps_data()
+void tst_SyncDeviceModel::failedModelStepsAreReported_data()
 {
     QTest::addColumn<int>("row");
     for (std::size_t i = 0; i < modelRows.size(); ++i)
         QTest::newRow(modelRows[i].name) << int(i);
 }
 
-void tst_SyncDeviceModel::failedModelSteps()
+void tst_SyncDeviceModel::failedModelStepsAreReported()
 {
     QFETCH(const int, row);
     const ModelRow &step = modelRows[std::size_t(row)];
@@ -332,7 +332,7 @@ void tst_SyncDeviceModel::failedModelSteps()
     const QString warning = QString::fromLatin1(step.warning);
     QCOMPARE(it.lines(), modelStep({warning}));
     QCOMPARE(it.task.isSyncSucess(), step.success);
-    QVERIFY(it.listed()->isSyncDataSuccess()); // the reads went well
+    QVERIFY(it.listed()->isSyncDataSuccess()); // all reads succeeded
     QCOMPARE(it.task.errorMsg(), warning.section(QLatin1Char('"'), 1, 1));
 }
 

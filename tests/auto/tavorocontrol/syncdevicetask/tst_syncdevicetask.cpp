@@ -8,14 +8,14 @@
 
 using namespace Tavoro;
 
-/// What the task reads, in which order, and what a failure of each step means. tst_SyncDeviceModel
-/// tests what the answers change in the model.
+/// The reads of the task, their order, and the effect of a failure in each step.
+/// tst_SyncDeviceModel tests the changes in the model.
 class tst_SyncDeviceTask : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void freshTaskIsIdle();
-    void runningStatusIsWhatTheOwnerSets();
+    void runningStatusIsTheOneThatWasSet();
     void setDeviceCreatesTheWorkingDevice();
     void deviceWithoutChannelIsRefused();
     void deviceWithoutChannelGoesOffline();
@@ -29,10 +29,10 @@ private Q_SLOTS:
     void readsCarryNoBody();
     void runKeepsWhatItRead();
     void runWithoutDeviceDoesNothing();
-    void failures_data();
-    void failures();
-    void notReady_data();
-    void notReady();
+    void failedReadsAreReported_data();
+    void failedReadsAreReported();
+    void deviceThatIsNotReadyIsNotReadFurther_data();
+    void deviceThatIsNotReadyIsNotReadFurther();
     void notReadyIsTranslated();
     void undecodableAnswerIsAFailure();
 };
@@ -66,7 +66,7 @@ void tst_SyncDeviceTask::freshTaskIsIdle()
     QVERIFY(task.fileDetail().empty());
 }
 
-void tst_SyncDeviceTask::runningStatusIsWhatTheOwnerSets()
+void tst_SyncDeviceTask::runningStatusIsTheOneThatWasSet()
 {
     SyncTask task;
     task.setRunningStatus(true);
@@ -82,7 +82,7 @@ void tst_SyncDeviceTask::setDeviceCreatesTheWorkingDevice()
     QCOMPARE(it.task.deviceIp(), it.ip());
     QCOMPARE(it.task.deviceMAC(), it.mac());
     QCOMPARE(it.task.deviceSN(), it.sn());
-    QVERIFY(!it.listed()); // not before it was read
+    QVERIFY(!it.listed()); // it has not been read yet
     QVERIFY(it.asked().isEmpty());
     QVERIFY(it.journal.lines().isEmpty());
 }
@@ -290,14 +290,14 @@ const std::vector<FailureRow> failureRows = {
 
 } // namespace
 
-void tst_SyncDeviceTask::failures_data()
+void tst_SyncDeviceTask::failedReadsAreReported_data()
 {
     QTest::addColumn<int>("row");
     for (std::size_t i = 0; i < failureRows.size(); ++i)
         QTest::newRow(failureRows[i].name) << int(i);
 }
 
-void tst_SyncDeviceTask::failures()
+void tst_SyncDeviceTask::failedReadsAreReported()
 {
     QFETCH(const int, row);
     const FailureRow &failure = failureRows[std::size_t(row)];
@@ -318,7 +318,7 @@ void tst_SyncDeviceTask::failures()
     QVERIFY(!it.listed()->isSyncDataSuccess());
 }
 
-void tst_SyncDeviceTask::notReady_data()
+void tst_SyncDeviceTask::deviceThatIsNotReadyIsNotReadFurther_data()
 {
     QTest::addColumn<int>("status");
     QTest::addColumn<bool>("success");
@@ -328,7 +328,7 @@ void tst_SyncDeviceTask::notReady_data()
     QTest::newRow("negative") << -1 << true;
 }
 
-void tst_SyncDeviceTask::notReady()
+void tst_SyncDeviceTask::deviceThatIsNotReadyIsNotReadFurther()
 {
     QFETCH(const int, status);
     QFETCH(const bool, success);

@@ -6,7 +6,7 @@
 using namespace Tavoro;
 using FileDetail = ProtoModel::File::s_FileDetail;
 
-/// Which of the listed files are kept, and of which the content is read.
+/// Which of the listed files are kept, and which contents are read.
 class tst_SyncFiles : public QObject {
     Q_OBJECT
 

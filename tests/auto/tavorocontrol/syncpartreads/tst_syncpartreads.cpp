@@ -8,7 +8,7 @@ using Control::SyncDeviceTask;
 using WeakDevice = std::weak_ptr<BizModel::Device>;
 using WeakScreen = std::weak_ptr<BizModel::Screen>;
 
-/// The reads of single kinds, which a run does not use.
+/// The reads of single kinds of objects, which a run does not use.
 class tst_SyncPartReads : public QObject {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private Q_SLOTS:
     void secondTypeOfPresetsWaitsForTheFirst();
     void layersOfEveryScreenAreGathered();
     void firstFailedScreenEndsTheReadOfLayers();
-    void previewWaitsForTheProgramme();
+    void previewIsNotReadIfTheProgrammeFails();
     void layersOfAMissingScreenOrDeviceAreNotRead();
     void contentsOfAMissingDeviceAreNotRead();
 };
@@ -139,7 +139,7 @@ void tst_SyncPartReads::firstFailedScreenEndsTheReadOfLayers()
                             "Get layer detail information failed: hardware error:6 ."));
 }
 
-void tst_SyncPartReads::previewWaitsForTheProgramme()
+void tst_SyncPartReads::previewIsNotReadIfTheProgrammeFails()
 {
     PartReads it;
     it.channel->reply(0x1400, ScriptedAnswer::refusal(6));

@@ -32,19 +32,19 @@ SaveDeviceDataThread *DeviceList::saveDeviceDataThread() const
 
 void SaveDeviceDataThread::setTemporaryStop(bool stop)
 {
-    listener->tell(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: resume"));
+    listener->add(stop ? QStringLiteral("saver: stop") : QStringLiteral("saver: resume"));
 }
 
 void SaveDeviceDataThread::waitForSavingDataFinished()
 {
-    listener->tell(QStringLiteral("saver: wait"));
+    listener->add(QStringLiteral("saver: wait"));
 }
 
 void SaveDeviceDataThread::saveDevicesInfor(std::weak_ptr<Device> weakDevice)
 {
     const auto device = weakDevice.lock();
-    listener->tell(QStringLiteral("saver: save ")
-                   + (device ? device->IPAddress() : QStringLiteral("nothing")));
+    listener->add(QStringLiteral("saver: save ")
+                  + (device ? device->IPAddress() : QStringLiteral("nothing")));
 }
 
 } // namespace Tavoro::BizModel

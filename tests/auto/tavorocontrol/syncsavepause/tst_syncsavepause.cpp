@@ -12,7 +12,7 @@ using namespace Tavoro;
 
 Q_DECLARE_METATYPE(ScriptedAnswer)
 
-/// The model's saver is paused while a device is read, however that ends.
+/// The model's saver is paused while a device is read, and resumes however the read ends.
 class tst_SyncSavePause : public QObject {
     Q_OBJECT
 

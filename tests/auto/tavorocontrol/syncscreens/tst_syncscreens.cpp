@@ -9,7 +9,7 @@
 using namespace Tavoro;
 using BizModel::MVRScreen;
 
-/// What a synchronisation makes of the screens that the user works on.
+/// How a synchronisation changes the active screens.
 class tst_SyncScreens : public QObject {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ private Q_SLOTS:
     void screensOfOtherTypesDoNotBecomeActive_data();
     void screensOfOtherTypesDoNotBecomeActive();
     void withoutOrdinaryScreensNoneIsActive();
-    void activeScreenIsOneOfTheDeviceAlsoWhenTheFormerIsHeld();
+    void activeScreenIsReplacedEvenIfACallerHoldsTheOldOne();
     void layoutsOfMultiviewersAreKeptById();
     void layoutsAreKeptAlsoWhenTheModelForgetsThem();
 };
@@ -102,7 +102,7 @@ void tst_SyncScreens::withoutOrdinaryScreensNoneIsActive()
     QVERIFY(it.task.isSyncSucess());
 }
 
-void tst_SyncScreens::activeScreenIsOneOfTheDeviceAlsoWhenTheFormerIsHeld()
+void tst_SyncScreens::activeScreenIsReplacedEvenIfACallerHoldsTheOldOne()
 {
     Synchronised it;
     it.run();
@@ -135,7 +135,7 @@ void tst_SyncScreens::layoutsOfMultiviewersAreKeptById()
     QCOMPARE(multiviewer(4)->rowColSpan(), standard);
 }
 
-// The model of this repository remembers the layouts itself. Another one need not.
+// The model of this project remembers the layouts itself. Another model need not.
 void tst_SyncScreens::layoutsAreKeptAlsoWhenTheModelForgetsThem()
 {
     const auto channel = std::make_shared<InterferingChannel>();

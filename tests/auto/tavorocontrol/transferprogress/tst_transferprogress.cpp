@@ -28,7 +28,7 @@ private Q_SLOTS:
     void devicesAreKeptApart();
     void resetEmptiesTheRecordAndKeepsIt();
     void resetTakesANewTime();
-    void reportAfterAResetGoesIntoTheSameRecord();
+    void reportAfterAResetUpdatesTheSameRecord();
     void resetOfADeviceWithoutARecordAddsNone();
     void resetDoesNotChangeOtherDevices();
     void expiredDeviceIsLoggedByAllThree();
@@ -43,7 +43,7 @@ AutoReportManager &manager()
     return *AutoReportManager::instance();
 }
 
-/// Each test has a device of its own: records are never removed.
+/// Each test uses a different device, since records are never removed.
 std::shared_ptr<BizModel::Device> makeDevice()
 {
     return std::make_shared<BizModel::Device>(quint16(1), nullptr);
@@ -207,7 +207,7 @@ void tst_TransferProgress::resetTakesANewTime()
     QVERIFY(later.lastTime > record.lastTime);
 }
 
-void tst_TransferProgress::reportAfterAResetGoesIntoTheSameRecord()
+void tst_TransferProgress::reportAfterAResetUpdatesTheSameRecord()
 {
     const auto device = makeDevice();
     manager().updateDeviceFileTransferProgressRecord(device, {percent(1, 10), percent(2, 20)});
@@ -218,7 +218,7 @@ void tst_TransferProgress::reportAfterAResetGoesIntoTheSameRecord()
     QCOMPARE(quoted(record.percents), QStringLiteral("6/3/1:30%/2"));
     QVERIFY(record.isTransferring);
 
-    // A second record after the first one would now show the former figures.
+    // If there were a second record, the reset would leave its percentage.
     manager().resetDeviceFileTransferProgressRecord(device);
     QVERIFY(manager().findDeviceFileTransferProgressRecord(device, record));
     QVERIFY(record.percents.empty());
@@ -303,7 +303,7 @@ void tst_TransferProgress::recordsAreUsedFromManyThreadsAtOnce()
         Progress record;
         while (!isOver) {
             const bool found = manager().findDeviceFileTransferProgressRecord(device, record);
-            // Both figures of a report belong together; after a reset both are missing.
+            // Both figures come from the same report; after a reset both are missing.
             const bool isWhole =
                 std::all_of(record.percents.begin(), record.percents.end(),
                             [](const Percent &p) { return p.fileId == p.percent; });

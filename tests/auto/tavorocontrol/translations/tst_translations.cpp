@@ -26,8 +26,8 @@ constexpr auto listContext = "Tavoro::Control::DeviceList";
 constexpr auto syncContext = "Tavoro::Control::SyncDeviceTask";
 constexpr auto saveContext = "Tavoro::Control::SaveFilePrivate";
 
-/// Puts every text of the request path and of the device list into marks. One sentence gets another
-/// word order.
+/// Translates the texts of the request path and of the device list by putting them between marks.
+/// One sentence gets a different word order.
 class Marks : public QTranslator {
 public:
     Marks() { QCoreApplication::installTranslator(this); }

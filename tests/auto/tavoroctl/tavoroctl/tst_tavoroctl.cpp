@@ -19,7 +19,7 @@ private Q_SLOTS:
 
     void writeReachesTheDevice();
     void readPrintsItsAnswerAsJson();
-    void readTakesNegativeFilters();
+    void readAcceptsNegativeFilters();
     void readsAndWritesAreSplitIntoPackets();
     void operationsMayTakeOnlyNumbers();
     void refusalIsReportedOnceAndEndsWithOne();
@@ -84,7 +84,7 @@ void tst_TavoroCtl::readPrintsItsAnswerAsJson()
     QCOMPARE(call({"Device.sendReadDeviceDetailsCmd"}).output, decoded);
 }
 
-void tst_TavoroCtl::readTakesNegativeFilters()
+void tst_TavoroCtl::readAcceptsNegativeFilters()
 {
     const Run read = call({"Layer.readDetails", "77", "-1", "-1", "-1"});
     QCOMPARE(read.output, QByteArray("[]\n"));

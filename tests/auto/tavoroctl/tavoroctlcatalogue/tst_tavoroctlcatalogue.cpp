@@ -20,7 +20,7 @@ private Q_SLOTS:
 
 namespace {
 
-/// Members that a call by name cannot make, each with the reason.
+/// Members that the tool cannot call by name, each with the reason.
 struct Exception {
     const char *name;
     const char *reason;

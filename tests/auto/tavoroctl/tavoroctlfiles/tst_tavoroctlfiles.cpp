@@ -14,7 +14,7 @@ private Q_SLOTS:
     void cleanup();
 
     void filesShowsATable();
-    void filesOfOneType();
+    void filesListsOneType();
     void filesPrintsJson();
     void pulledContentEqualsPushedContent_data();
     void pulledContentEqualsPushedContent();
@@ -32,7 +32,7 @@ private Q_SLOTS:
     void refusalOfTheLastPacketIsReported();
     void pushWhoseLastPacketIsLostFails();
     void pushWhoseLastAnswerIsLostForGoodFails();
-    void pushOfMorePacketsThanAClientTakesIsRefused();
+    void pushOfMorePacketsThanAClientAcceptsIsRefused();
 
     void progressIsDrawnOnATerminal();
     void progressIsNotDrawnInAPipe();
@@ -69,7 +69,7 @@ void tst_TavoroCtlFiles::filesShowsATable()
     QCOMPARE(files.exitCode, 0);
 }
 
-void tst_TavoroCtlFiles::filesOfOneType()
+void tst_TavoroCtlFiles::filesListsOneType()
 {
     const QByteArray file = m_bench->makeFile("nine", "123456789");
     QCOMPARE(m_bench->run("push", {file, "--type", "2"}).exitCode, 0);
@@ -261,7 +261,7 @@ void tst_TavoroCtlFiles::pushWhoseLastAnswerIsLostForGoodFails()
     QCOMPARE(push.exitCode, 1);
 }
 
-void tst_TavoroCtlFiles::pushOfMorePacketsThanAClientTakesIsRefused()
+void tst_TavoroCtlFiles::pushOfMorePacketsThanAClientAcceptsIsRefused()
 {
     usePacketsOf(1);
     const QByteArray file = m_bench->makeFile("long", bytes(65537));

@@ -29,7 +29,7 @@ private Q_SLOTS:
     void wrongUsageEndsWithTwo();
 
 private:
-    /// A device of two inputs and three outputs, the clock of which runs at \a speed percent.
+    /// A device with two inputs and three outputs, whose clock runs at \a speed percent.
     void useDevice(int speed);
     QByteArray read(const QByteArray &operation, const QByteArrayList &filters) const;
 

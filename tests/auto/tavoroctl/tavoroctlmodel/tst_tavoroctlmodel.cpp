@@ -1,4 +1,4 @@
-// sync and watch: a device in the model, and the changes that its reports make.
+// sync and watch: reading a device into the model, and the changes by its reports.
 
 #include <support/tavoroctl/toolbench.h>
 
@@ -291,7 +291,7 @@ void tst_TavoroCtlModel::watchReadsTheDeviceAgainAfterAReconnect()
     QCOMPARE(m_bench->run("push", {m_bench->makeFile("wall", "123456789")}).exitCode, 0);
     RunningTool watch(m_bench->line("watch"));
     QVERIFY(watch.waitForErrors(watching));
-    // Neither of the two is reported.
+    // The device reports neither change.
     QCOMPARE(m_bench->run("preset save", {"1"}).exitCode, 0);
     QCOMPARE(
         m_bench->run("call", {"File.writeDeleteFiles", R"([{"fileId":0,"fileType":0}])"}).exitCode,

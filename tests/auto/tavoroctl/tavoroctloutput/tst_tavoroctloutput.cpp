@@ -1,4 +1,4 @@
-// Standard output that cannot be written: every command says so and fails.
+// Standard output that cannot be written: every command reports it and fails.
 
 #include <support/tavoroctl/toolcalls.h>
 

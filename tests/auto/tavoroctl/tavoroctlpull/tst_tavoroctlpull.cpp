@@ -53,7 +53,7 @@ private Q_SLOTS:
 private:
     /// Pushes a file of a few packets and returns its content.
     QByteArray pushContent();
-    /// Makes a node of a character device in the folder; false if that takes more rights.
+    /// Creates a character device node in the folder; false if the process may not do that.
     bool makeDevice(const QByteArray &name, unsigned minor) const;
     bool isKind(const QByteArray &name, mode_t kind) const;
 };
@@ -240,8 +240,8 @@ void tst_TavoroCtlPull::pullToAFullDiskLeavesNothing()
 
 void tst_TavoroCtlPull::pullAcceptsTheAnnouncedNumberOfPackets()
 {
-    // More packets than a channel accepts by default. The device takes no such file: it was stored
-    // while its packets were longer.
+    // More packets than a channel accepts by default. The device would refuse such a file, so it is
+    // stored while the packets are longer.
     constexpr int length = 65537;
     SimOptions options;
     options.filesFolder = m_bench->folder.filePath(QStringLiteral("files"));

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void lostAnswerToTheStartIsNotAFailure();
 
 private:
-    /// A device of two inputs and three outputs, the clock of which runs at \a speed percent.
+    /// A device with two inputs and three outputs, whose clock runs at \a speed percent.
     void useDevice(int speed);
     /// Waits until an upgrade has begun.
     void waitForStart() const;
@@ -38,7 +38,7 @@ private:
 
 namespace {
 
-constexpr int stopped = 0; ///< Speed of a clock.
+constexpr int stopped = 0; ///< Speed of a clock that does not run.
 const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
 const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
                                    "slot 1, type 2: written\n"

@@ -1,5 +1,5 @@
-// Faults of the simulated device: how rules are read and used, and the bytes that leave for each
-// fault.
+// Faults of the simulated device: how rules are read and applied, and the bytes that each fault
+// sends.
 
 #include <support/tavorosim/faultrule.h>
 
@@ -27,7 +27,7 @@ constexpr char halfAnswer[] = "545601020A000000000102005D291AF560BB0200010100000
 struct FaultCase {
     const char *rule;
     const char *bytes;
-    int carriedOut; ///< How often.
+    int carriedOut; ///< How often the request is carried out.
     const char *effect;
 };
 
@@ -89,7 +89,7 @@ WireHead readRequest(quint8 tag = 2, quint16 stream = 2, quint32 total = 0, quin
     return head;
 }
 
-/// What becomes of the connection, in words.
+/// The effects on the connection, as text.
 QString effectOf(const Delivery &delivery)
 {
     QStringList words;
@@ -106,7 +106,7 @@ QString effectOf(const Delivery &delivery)
     return words.join(QLatin1Char(' '));
 }
 
-/// One connection whose answers are all {"swap":1}, or with a split answer its packets "0", "1" ...
+/// One connection. Its answers are {"swap":1}, or the packets "0", "1" and so on of a split answer.
 struct Connection {
     explicit Connection(std::initializer_list<const char *> texts, quint32 packets = 1)
         : total(packets)
@@ -164,21 +164,21 @@ private Q_SLOTS:
     void everyFaultHasACase();
     void eachFaultSendsItsBytes_data();
     void eachFaultSendsItsBytes();
-    void firstRuleThatFitsIsTaken();
+    void firstMatchingRuleApplies();
     void rulesWithoutCodeSpareTheIdentity();
     void countAndSkipAreUsedUp();
     void shareDependsOnTheSeed();
     void shareAppliesAfterSkip();
     void anotherRequestsTagIsUsed();
-    void swappedPacketsComeInEachOthersPlace();
+    void swappedPacketsAreDeliveredInReverseOrder();
 };
 
 void tst_FaultRules::ruleIsReadAndWritten_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("told");
-    const auto row = [](const char *text, const char *told) {
-        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(told);
+    QTest::addColumn<QString>("written");
+    const auto row = [](const char *text, const char *written) {
+        QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(written);
     };
     row("silent", "silent");
     row("status=255", "status=255");
@@ -200,11 +200,11 @@ void tst_FaultRules::ruleIsReadAndWritten_data()
 void tst_FaultRules::ruleIsReadAndWritten()
 {
     QFETCH(QString, text);
-    QFETCH(QString, told);
+    QFETCH(QString, written);
     QString error;
     const auto read = parseFaultRule(text, error);
     QVERIFY2(read, qPrintable(error));
-    QCOMPARE(toText(*read), told);
+    QCOMPARE(toText(*read), written);
 }
 
 void tst_FaultRules::invalidRulesAreRefused_data()
@@ -302,7 +302,7 @@ void tst_FaultRules::eachFaultSendsItsBytes()
     QCOMPARE(connection.ask(readRequest()).bytes.toHex().toUpper(), QByteArray(rightAnswer));
 }
 
-void tst_FaultRules::firstRuleThatFitsIsTaken()
+void tst_FaultRules::firstMatchingRuleApplies()
 {
     Connection connection{"status=3,code=0x1101", "status=4", "status=5"};
     QCOMPARE(int(headOf(connection.ask(readRequest(), 0x1100)).status), 4);
@@ -364,7 +364,7 @@ void tst_FaultRules::anotherRequestsTagIsUsed()
     QCOMPARE(int(head.code()), 0x1100);
 }
 
-void tst_FaultRules::swappedPacketsComeInEachOthersPlace()
+void tst_FaultRules::swappedPacketsAreDeliveredInReverseOrder()
 {
     Connection connection({"swap-packets,skip=1,count=1"}, 4);
     QCOMPARE(packetOf(connection.ask(readRequest(2))), QStringLiteral("2/0/0"));

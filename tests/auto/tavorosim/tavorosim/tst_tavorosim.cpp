@@ -39,7 +39,7 @@ private Q_SLOTS:
     void consoleCommandsMakeReports();
     void invalidConsoleLinesAreRefused_data();
     void invalidConsoleLinesAreRefused();
-    void theControlPortTakesConsoleCommands();
+    void theControlPortAcceptsConsoleCommands();
     void latencyKeepsTheOrderOfAnswers();
     void portInUseIsReported();
     void addressesWithColonsAreInBrackets();
@@ -193,7 +193,8 @@ void tst_TavoroSim::clientWithoutIdentityRequestGetsNoReports()
     QVERIFY(stranger.connectTo(bench.device->port()));
     QCOMPARE(int(stranger.read(groupInfo).head.status), 0);
     QVERIFY(bench.device->execute(QStringLiteral("power 2 0")).ok);
-    QVERIFY(!stranger.identity().empty()); // The next frame that comes, so no report came before.
+    QVERIFY(
+        !stranger.identity().empty()); // The next frame is the identity, so there was no report.
     QVERIFY(bench.device->execute(QStringLiteral("power 2 1")).ok);
     QVERIFY(contains(stranger.waitForReport(), "\"powerId\":2,\"iSignal\":1"));
 }
@@ -202,7 +203,7 @@ namespace {
 
 constexpr int longReports = 30;
 
-/// 120 MiB of reports: more than the device keeps and the network takes.
+/// Causes 120 MiB of reports: more than the buffers of the device and of the network.
 void report(SimulatedDevice &device)
 {
     const QString name(4 << 20, QLatin1Char('n'));
@@ -224,7 +225,7 @@ void tst_TavoroSim::clientThatDoesNotReadGetsNoMoreReportsWhichIsLoggedOnce()
     const QString line = QStringLiteral("PEER does not read: reports are dropped");
     report(*bench.device);
     QCOMPARE(lines(), QStringList(line));
-    QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0); // after all that was sent
+    QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0); // after all reports
     const int kept = bench.client->keptReports();
     QVERIFY(kept >= 4 && kept < longReports);
     report(*bench.device);
@@ -310,7 +311,7 @@ void tst_TavoroSim::invalidConsoleLinesAreRefused()
     QCOMPARE(bench.device->execute(line).line(), answer);
 }
 
-void tst_TavoroSim::theControlPortTakesConsoleCommands()
+void tst_TavoroSim::theControlPortAcceptsConsoleCommands()
 {
     SimOptions options;
     options.controlPort = 0;
@@ -357,7 +358,7 @@ void tst_TavoroSim::portInUseIsReported()
 void tst_TavoroSim::addressesWithColonsAreInBrackets()
 {
     SimOptions options;
-    options.address = QHostAddress(QStringLiteral("2001:db8::1")); // of no machine
+    options.address = QHostAddress(QStringLiteral("2001:db8::1")); // no machine has this address
     options.port = 6630;
     SimulatedDevice device(options);
     QString error;

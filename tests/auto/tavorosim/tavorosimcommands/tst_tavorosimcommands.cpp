@@ -254,8 +254,8 @@ void tst_TavoroSimCommands::writesAreReportedToAllClients()
     QCOMPARE(client().control(1), 0);
     QCOMPARE(int(other.waitForReport().head.code()), 0x0101); // who holds control now
     QCOMPARE(status(quint16(code), body), 0);
-    for (WireClient *told : {&client(), &other}) {
-        const WireFrame frame = told->waitForReport();
+    for (WireClient *receiver : {&client(), &other}) {
+        const WireFrame frame = receiver->waitForReport();
         QCOMPARE(int(frame.head.code()), reported);
         QCOMPARE(QByteArray::fromStdString(frame.body), report);
     }

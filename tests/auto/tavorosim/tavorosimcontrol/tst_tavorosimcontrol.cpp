@@ -1,4 +1,4 @@
-// The simulated device lets one client at a time write.
+// The simulated device lets only one client at a time write.
 
 #include <support/tavorosim/simbench.h>
 
@@ -74,7 +74,7 @@ void tst_TavoroSimControl::allClientsMayRead()
     Client second(bench);
     QCOMPARE(first.control(take), 0);
     QCOMPARE(int(second.wire.read(0x1100).head.status), 0);
-    QCOMPARE(first.control(take), 0); // once more does no harm
+    QCOMPARE(first.control(take), 0); // taking it again changes nothing
 }
 
 void tst_TavoroSimControl::writesOfOthersChangeNothing()
@@ -112,7 +112,7 @@ void tst_TavoroSimControl::controlIsTakenGivenUpAndForced()
     Client second(bench);
     QCOMPARE(first.control(take), 0);
     QCOMPARE(second.control(take), 67);
-    QCOMPARE(second.control(giveUp), 0); // what it does not have
+    QCOMPARE(second.control(giveUp), 0); // it does not have control
     QCOMPARE(second.write(), 67);
     QCOMPARE(first.control(giveUp), 0);
     QCOMPARE(second.control(take), 0);
@@ -150,7 +150,7 @@ void tst_TavoroSimControl::clientsConcernedGetAReport()
     QVERIFY2(held.body.rfind("127.0.0.1:", 0) == 0, held.body.c_str());
 
     QCOMPARE(second.control(force), 0);
-    const WireFrame lost = first.wire.waitForReport(); // of its own writes it heard nothing
+    const WireFrame lost = first.wire.waitForReport(); // its own writes were not reported to it
     QCOMPARE(lost.head.code(), controlCode);
     QCOMPARE(int(lost.head.arg2[0]), 1);
     QVERIFY(lost.body != held.body);

@@ -1,4 +1,4 @@
-// What a client on the wire sees of the faults of a simulated device.
+// The effects of faults of the simulated device on a client.
 
 #include <support/tavorosim/faultrule.h>
 #include <support/tavorosim/simbench.h>
@@ -14,14 +14,14 @@ using SSProxy::CommandType;
 
 namespace {
 
-constexpr char swapBody[] = "{\"swap\":0}"; // it is 1 in the factory
+constexpr char swapBody[] = "{\"swap\":0}"; // the factory value is 1
 
 int swapOf(SimBench &bench)
 {
     return bench.client->read(0x1100).body.find("\"swap\":1") == std::string::npos ? 0 : 1;
 }
 
-/// Lets the device read nothing more from the client for so many milliseconds.
+/// Makes the device stop reading from the client for this number of milliseconds.
 void pauseReading(SimBench &bench, int milliseconds)
 {
     const QString line = QStringLiteral("fault add stop-reading=%1,count=1").arg(milliseconds);
@@ -37,21 +37,21 @@ class tst_TavorosimFaults : public QObject {
 
 private Q_SLOTS:
     void consoleAddsListsAndClears();
-    void commandLineTakesRulesAndTheSeed();
-    void seedDecidesWhichExchangesGoWrong();
-    void rightAndWrongAnswersOnTheWire();
+    void commandLineAcceptsRulesAndTheSeed();
+    void seedDeterminesWhichExchangesFail();
+    void ruleAppliesToTheSelectedExchangeOnly();
     void requestsThatAreNotCarriedOutChangeNothing_data();
     void requestsThatAreNotCarriedOutChangeNothing();
     void requestsThatAreCarriedOutChangeTheDevice_data();
     void requestsThatAreCarriedOutChangeTheDevice();
-    void lateAnswersComeAfterOthers();
+    void lateAnswersArriveAfterOthers();
     void deviceThatStopsReadingReadsOnWhenCleared();
     void deviceThatStopsReadingLeavesFurtherRequests();
     void pauseWithATimeEndsByItself();
-    void timeOfAPauseThatWasEndedEndsNoLaterOne();
+    void timerOfAClearedPauseDoesNotEndTheNextOne();
     void rebootedDeviceHasTheSavedSetup();
-    void floodComesBeforeTheAnswer();
-    void largestFloodComesWhole();
+    void floodArrivesBeforeTheAnswer();
+    void largestFloodArrivesCompletely();
     void identityFaultsNeedItsName();
 };
 
@@ -75,7 +75,7 @@ void tst_TavorosimFaults::consoleAddsListsAndClears()
         QCOMPARE(line(wrong), usage);
 }
 
-void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
+void tst_TavorosimFaults::commandLineAcceptsRulesAndTheSeed()
 {
     const CommandLine line = parseCommandLine(
         {QStringLiteral("tavorosim"), QStringLiteral("--fault"), QStringLiteral("silent,count=1"),
@@ -93,7 +93,7 @@ void tst_TavorosimFaults::commandLineTakesRulesAndTheSeed()
                  "tavorosim: \"loud\" is not a valid value for --fault: unknown fault: \"loud\"."));
 }
 
-void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
+void tst_TavorosimFaults::seedDeterminesWhichExchangesFail()
 {
     const auto statuses = [](quint32 seed) {
         SimOptions options;
@@ -109,7 +109,7 @@ void tst_TavorosimFaults::seedDecidesWhichExchangesGoWrong()
     QVERIFY(statuses(7) != statuses(8));
 }
 
-void tst_TavorosimFaults::rightAndWrongAnswersOnTheWire()
+void tst_TavorosimFaults::ruleAppliesToTheSelectedExchangeOnly()
 {
     SimOptions options;
     options.faults = {faultRule("status=8,skip=1,count=1")};
@@ -157,7 +157,7 @@ void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice()
     QCOMPARE(swapOf(bench), 0);
 }
 
-void tst_TavorosimFaults::lateAnswersComeAfterOthers()
+void tst_TavorosimFaults::lateAnswersArriveAfterOthers()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
@@ -214,7 +214,7 @@ void tst_TavorosimFaults::pauseWithATimeEndsByItself()
     QVERIFY2(time.elapsed() >= 100, qPrintable(QString::number(time.elapsed())));
 }
 
-void tst_TavorosimFaults::timeOfAPauseThatWasEndedEndsNoLaterOne()
+void tst_TavorosimFaults::timerOfAClearedPauseDoesNotEndTheNextOne()
 {
     SimBench bench;
     pauseReading(bench, 200);
@@ -239,7 +239,7 @@ void tst_TavorosimFaults::rebootedDeviceHasTheSavedSetup()
     QCOMPARE(swapOf(bench), 1);
 }
 
-void tst_TavorosimFaults::floodComesBeforeTheAnswer()
+void tst_TavorosimFaults::floodArrivesBeforeTheAnswer()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100,count=1")).ok);
@@ -248,7 +248,7 @@ void tst_TavorosimFaults::floodComesBeforeTheAnswer()
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1103);
 }
 
-void tst_TavorosimFaults::largestFloodComesWhole()
+void tst_TavorosimFaults::largestFloodArrivesCompletely()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);

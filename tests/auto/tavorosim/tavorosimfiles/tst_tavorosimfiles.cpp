@@ -74,7 +74,7 @@ private Q_SLOTS:
     void badAnnouncementsAreRefused_data();
     void badAnnouncementsAreRefused();
     void anEmptyFileIsAFile();
-    void aContentComesInPiecesOfAnyStream();
+    void packetsOfAContentMayUseAnyStream();
     void aPieceOutOfTurnDropsTheContent();
     void theEndOfTheConnectionDropsTheContent();
     void progressIsReportedWhileContentArrives();
@@ -83,11 +83,11 @@ private Q_SLOTS:
     void aReplacedContentIsReadToItsEnd_data();
     void aReplacedContentIsReadToItsEnd();
     void deletingRemovesAllOrNothing();
-    void movingTakesAFreePlaceOnly();
+    void filesMoveOnlyToFreePlaces();
     void unknownFilesAreRefused();
-    void announcedLengthThatCannotBeGivenBackIsRefused();
-    void contentThatCannotBeGivenBackIsRefused();
-    void fileThatCannotBeGivenBackIsNotCreated();
+    void announcedLengthThatIsTooLongToReadIsRefused();
+    void contentThatIsTooLongToReadIsRefused();
+    void fileThatIsTooLongToReadIsNotCreated();
     void unfinishedContentsOfAConnectionAreLimited();
 };
 
@@ -167,7 +167,7 @@ void tst_TavoroSimFiles::contentThatWasNotAnnouncedIsRefused()
     QTEST(status, "status");
     QCOMPARE(bench.list(), std::string("[]"));
     QCOMPARE(bench.send(2, 7, sample), 0); // The announcement still holds.
-    QCOMPARE(bench.send(2, 7, sample), 3); // It holds once.
+    QCOMPARE(bench.send(2, 7, sample), 3); // It holds for one content only.
 }
 
 void tst_TavoroSimFiles::badAnnouncementsAreRefused_data()
@@ -206,7 +206,7 @@ void tst_TavoroSimFiles::anEmptyFileIsAFile()
     QCOMPARE(bench.receive(5, 0).body, std::string());
 }
 
-void tst_TavoroSimFiles::aContentComesInPiecesOfAnyStream()
+void tst_TavoroSimFiles::packetsOfAContentMayUseAnyStream()
 {
     SimBench bench(smallPackets(200));
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, 9, -873187034)), 0);
@@ -318,7 +318,7 @@ void tst_TavoroSimFiles::aReplacedContentIsReadToItsEnd()
     QCOMPARE(bench.receive(2, 7).body, first);
     auto reader = std::exchange(bench.client, std::make_unique<WireClient>());
     QVERIFY(bench.client->connectTo(bench.device->port()));
-    QCOMPARE(bench.client->control(3), 0); // forced: the reader wrote before
+    QCOMPARE(bench.client->control(3), 0); // forced: the reader has control
     bench.import(2, 7, "new");
     bench.client = std::move(reader);
     QCOMPARE(bench.receive(2, 7, 2, 1).body, std::string(200, 'b'));
@@ -341,7 +341,7 @@ void tst_TavoroSimFiles::deletingRemovesAllOrNothing()
     QCOMPARE(int(bench.receive(2, 1).head.status), 3);
 }
 
-void tst_TavoroSimFiles::movingTakesAFreePlaceOnly()
+void tst_TavoroSimFiles::filesMoveOnlyToFreePlaces()
 {
     SimBench bench;
     bench.import(2, 1, "a");
@@ -376,7 +376,7 @@ void tst_TavoroSimFiles::unknownFilesAreRefused()
     QCOMPARE(int(bench.receive(any, any).head.status), 3);
 }
 
-void tst_TavoroSimFiles::announcedLengthThatCannotBeGivenBackIsRefused()
+void tst_TavoroSimFiles::announcedLengthThatIsTooLongToReadIsRefused()
 {
     SimBench bench(smallPackets(200));
     constexpr int longest = 200 * 65536;
@@ -385,7 +385,7 @@ void tst_TavoroSimFiles::announcedLengthThatCannotBeGivenBackIsRefused()
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, longest, 0)), 0);
 }
 
-void tst_TavoroSimFiles::contentThatCannotBeGivenBackIsRefused()
+void tst_TavoroSimFiles::contentThatIsTooLongToReadIsRefused()
 {
     SimState state;
     state.files.setLongestContent(8);
@@ -404,7 +404,7 @@ void tst_TavoroSimFiles::contentThatCannotBeGivenBackIsRefused()
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
 }
 
-void tst_TavoroSimFiles::fileThatCannotBeGivenBackIsNotCreated()
+void tst_TavoroSimFiles::fileThatIsTooLongToReadIsNotCreated()
 {
     SimState state;
     static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeChassis({});

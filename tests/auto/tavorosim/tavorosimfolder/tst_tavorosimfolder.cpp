@@ -38,7 +38,7 @@ QStringList filesIn(const QString &folder, const char *pattern)
     return QDir(folder).entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name);
 }
 
-/// Copies the files of \a folder, for a device of its own.
+/// Copies the files of \a folder for another device.
 void copyFiles(const QString &folder, const QString &to)
 {
     for (const QString &name : filesIn(folder, "*"))
@@ -212,7 +212,7 @@ void tst_TavoroSimFolder::fileWithoutItsContentIsRemoved()
     bench.switchOn();
     QCOMPARE(bench.list(), std::string("[]"));
     bench.switchOff();
-    bench.switchOn(); // without another message
+    bench.switchOn(); // no further message
     QCOMPARE(bench.list(), std::string("[]"));
 }
 

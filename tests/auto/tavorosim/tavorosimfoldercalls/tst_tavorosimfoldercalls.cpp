@@ -1,5 +1,5 @@
-// What the operating system can do to a change in the folder: end the process at any system call
-// that changes a file, or find no space there. strace does both, call by call.
+// Ends a change of the folder at each system call that changes a file, and lets each of these calls
+// fail for lack of space. strace does both, call by call.
 
 #include <tavorosim/state/filestore.h>
 
@@ -38,7 +38,7 @@ bool makeOld(const QString &folder)
         && store.commit(changes, QByteArray("old setup"));
 }
 
-/// What a child process does: replaces file 1, removes file 2, adds file 3, saves another setup.
+/// Runs in a child process: replaces file 1, removes file 2, adds file 3, saves another setup.
 int changeAsChild(const QString &folder)
 {
     FileStore store;
@@ -93,7 +93,7 @@ private:
     };
 
     void addCalls() const;
-    /// Changes a copy of the old folder with \a options of strace.
+    /// Changes a copy of the old folder under strace with \a options.
     Outcome changed(const QStringList &options) const;
 
     const QTemporaryDir m_old;
@@ -133,7 +133,7 @@ void tst_TavoroSimFolderCalls::deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheC
 {
     QFETCH(int, count);
     const QString call = QString::fromUtf8(QTest::currentDataTag());
-    bool isDone = false; // a command that was complete at one call is complete at each later one
+    bool isDone = false; // once complete, the command is complete at every later call
     for (int number = 1; number <= count; ++number) {
         const Outcome outcome = changed({QStringLiteral("-e"),
                                          QStringLiteral("inject=%1:signal=SIGKILL:when=%2")

@@ -1,4 +1,4 @@
-// What one connection may make the simulated device hold.
+// Limits of what the simulated device keeps for one connection.
 
 #include <support/common/messagecatcher.h>
 #include <support/tavorosim/simbench.h>
@@ -42,7 +42,7 @@ QByteArray frameOf(const WireFrame &frame)
     return Tavoro::SSProxy::Wire::encodeFrame(frame.head, frame.body);
 }
 
-/// A client that sends what it is given and never reads.
+/// A client that sends and never reads.
 class Sender {
 public:
     explicit Sender(quint16 port)
@@ -53,7 +53,8 @@ public:
             qFatal("the device does not listen");
     }
 
-    /// Sends until everything has left or the device takes no more. Returns what has not left.
+    /// Sends until everything is sent or the device stops reading. Returns the number of unsent
+    /// bytes.
     qint64 send(const QByteArray &bytes)
     {
         m_socket.write(bytes);
@@ -95,7 +96,7 @@ void tst_TavoroSimLimits::clientThatSendsAndNeverReadsIsHeldUp()
     const QByteArray request = frameOf(WireClient::request(deviceDetail, CommandType::Read));
     sender.send(request.repeated(30000)); // more answers than the device keeps
     QVERIFY(sender.send(QByteArray(64 * mebibyte, '\0')) > 0);
-    QVERIFY(!bench.client->read(deviceDetail).body.empty()); // others are served
+    QVERIFY(!bench.client->read(deviceDetail).body.empty()); // other clients are served
 }
 
 void tst_TavoroSimLimits::clientWithManyDelayedAnswersIsHeldUp()
@@ -210,7 +211,7 @@ void tst_TavoroSimLimits::controlChangesDoNotPileUpForAClientThatDoesNotRead()
         QCOMPARE(bench.client->control(2), 0);
     }
     QCOMPARE(bench.client->control(1), 0);
-    // The reports that were sent come before the answer; none of them is of control.
+    // The reports before the answer are the ones that were sent; none of them is about control.
     QCOMPARE(int(reader.read(deviceDetail).head.status), 0);
     QList<int> states;
     for (int i = reader.keptReports(); i > 0 || states.isEmpty(); --i) {
@@ -253,7 +254,7 @@ void tst_TavoroSimLimits::clientThatIsGoneCausesNoWarnings()
         client.flush();
         client.close();
     }
-    // Its answer is delayed by as long as those for the clients that are gone.
+    // Its answers are delayed like those for the clients that are gone.
     QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0);
     QCOMPARE(int(bench.client->read(deviceDetail).head.status), 0);
     QStringList warnings;

@@ -10,20 +10,20 @@ private Q_SLOTS:
     void init() { start(); }
     void cleanup() { stop(); }
 
-    void aRestartDropsConnectionsAndComesBack();
+    void aRestartDropsConnectionsAndTheDeviceReturns();
     void aRestartAnswersFirstHoweverLate();
     void aShutDownDeviceWaitsToBeSwitchedOn();
     void restartRestoresTheSavedSetup();
-    void theFactoryResetBringsTheSetupBack();
-    void theFactoryResetMayTakeTheFiles();
-    void theClockKeepsTheTimeItWasGiven();
+    void theFactoryResetRestoresTheSetup();
+    void theFactoryResetMayRemoveTheFiles();
+    void theClockContinuesFromTheTimeThatWasSet();
     void filesAreLoadedAfterARestart();
     void lossesAreCountedBetweenStartAndStop();
     void aPickedColourIsReported_data();
     void aPickedColourIsReported();
     void aFailedPowerSupplyIsSeenInTheSelfCheck();
-    void refusals_data();
-    void refusals();
+    void invalidRequestsAreRefused_data();
+    void invalidRequestsAreRefused();
     void theClockRunsByItself();
 };
 
@@ -52,7 +52,7 @@ bool has(const std::string &text, const char *part)
 
 } // namespace
 
-void tst_TavoroSimMaintenance::aRestartDropsConnectionsAndComesBack()
+void tst_TavoroSimMaintenance::aRestartDropsConnectionsAndTheDeviceReturns()
 {
     const quint16 port = m_bench->device->port();
     WireClient other;
@@ -101,7 +101,7 @@ void tst_TavoroSimMaintenance::restartRestoresTheSavedSetup()
     QVERIFY(has(read(0x1100), "\"swap\":0"));
 }
 
-void tst_TavoroSimMaintenance::theFactoryResetBringsTheSetupBack()
+void tst_TavoroSimMaintenance::theFactoryResetRestoresTheSetup()
 {
     const std::string factory = read(0x1100) + read(0x1300);
     m_bench->import(2, 1, "logo");
@@ -115,14 +115,14 @@ void tst_TavoroSimMaintenance::theFactoryResetBringsTheSetupBack()
     QCOMPARE(read(0x1100) + read(0x1300), factory);
 }
 
-void tst_TavoroSimMaintenance::theFactoryResetMayTakeTheFiles()
+void tst_TavoroSimMaintenance::theFactoryResetMayRemoveTheFiles()
 {
     m_bench->import(2, 1, "logo");
     QCOMPARE(m_bench->write(factoryReset, R"({"type":1})"), 0);
     QCOMPARE(m_bench->list(), std::string("[]"));
 }
 
-void tst_TavoroSimMaintenance::theClockKeepsTheTimeItWasGiven()
+void tst_TavoroSimMaintenance::theClockContinuesFromTheTimeThatWasSet()
 {
     const char *const given =
         R"({"year":2026,"month":2,"day":28,"hour":23,"minute":59,"second":59,"millisecond":500})";
@@ -173,7 +173,7 @@ void tst_TavoroSimMaintenance::lossesAreCountedBetweenStartAndStop()
     run("cable 1 2");
     QCOMPARE(read(lossResult), counts(0, 0));
     QCOMPARE(m_bench->write(lossCount, R"({"type":1})"), 0);
-    run("cable 1 2"); // Nothing is plugged there any more.
+    run("cable 1 2"); // The cable is no longer plugged in.
     QCOMPARE(read(lossResult), counts(0, 0));
     run("cable 1 4");
     run("timing 1 2 1280 720 50");
@@ -229,7 +229,7 @@ void tst_TavoroSimMaintenance::aFailedPowerSupplyIsSeenInTheSelfCheck()
     QVERIFY(has(read(selfCheck), R"("value":"0.0 V","max":"12.6 V","min":"11.4 V","state":1,)"));
 }
 
-void tst_TavoroSimMaintenance::refusals_data()
+void tst_TavoroSimMaintenance::invalidRequestsAreRefused_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("body");
@@ -249,7 +249,7 @@ void tst_TavoroSimMaintenance::refusals_data()
     // clang-format on
 }
 
-void tst_TavoroSimMaintenance::refusals()
+void tst_TavoroSimMaintenance::invalidRequestsAreRefused()
 {
     QFETCH(int, code);
     QFETCH(QString, body);

@@ -14,7 +14,7 @@ namespace {
 constexpr quint16 outcomeCode = 0x0102;
 constexpr char swapOff[] = R"({"swap":0})";
 
-/// 8 bytes of the client, the number of the connection and that of the request.
+/// 8 bytes of the client ID, the number of the connection and the number of the request.
 std::string requestId(char client, char connection, int number)
 {
     std::string id(8, client);
@@ -45,7 +45,7 @@ class tst_TavoroSimOutcome : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void requestsAreCountedAsTheyCome();
+    void everyReceivedRequestIsCounted();
     void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
     void connectionsAndClientsAreDistinguished();
@@ -59,7 +59,7 @@ private Q_SLOTS:
     void heldBackPacketIsDone();
 };
 
-void tst_TavoroSimOutcome::requestsAreCountedAsTheyCome()
+void tst_TavoroSimOutcome::everyReceivedRequestIsCounted()
 {
     SimBench bench;
     WireClient &client = *bench.client;
@@ -128,7 +128,7 @@ void tst_TavoroSimOutcome::newConnectionEndsTheOlderOneOfTheClient()
     WireClient again;
     QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
     QVERIFY(bench.client->waitForEnd());
-    QCOMPARE(again.control(1), 0); // which the old connection held
+    QCOMPARE(again.control(1), 0); // the old connection had control
     QCOMPARE(int(other.read(0x1100).head.status), 0);
 }
 
@@ -201,7 +201,7 @@ void tst_TavoroSimOutcome::faultsThatDoNotAnswerLeaveItUnderWay()
     QTEST(ask(again, 'a', 1, 1), "outcome");
 }
 
-/// The second packet comes first; the first one then answers the second request.
+/// The second packet is sent first; the first packet then answers the second request.
 void tst_TavoroSimOutcome::heldBackPacketIsDone()
 {
     Sim::SimOptions options;

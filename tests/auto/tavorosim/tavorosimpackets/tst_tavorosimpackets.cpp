@@ -10,7 +10,7 @@ class tst_TavoroSimPackets : public QObject {
 
 private Q_SLOTS:
     void aReadAnswersInOnePacketWhenItFits();
-    void aLongAnswerComesInPackets();
+    void aLongAnswerIsSplitIntoPackets();
     void anAnswerDoesNotChangeBetweenItsPackets();
     void furtherPacketsAreGoneAfterTheLast();
     void aPacketOutOfTurnIsRefused();
@@ -66,7 +66,7 @@ void tst_TavoroSimPackets::aReadAnswersInOnePacketWhenItFits()
     QVERIFY(contains(answer, "{\"general\":{\"name\":\"Simulated device\",\"status\":1},"));
 }
 
-void tst_TavoroSimPackets::aLongAnswerComesInPackets()
+void tst_TavoroSimPackets::aLongAnswerIsSplitIntoPackets()
 {
     SimBench whole;
     const std::string expected = whole.client->read(deviceDetail).body;

@@ -1,5 +1,5 @@
-// What the simulated device makes files of: pictures, logs, EDID, presets and projects, and what
-// applying the last two brings back.
+// The files that the simulated device creates: pictures, logs, EDID, presets and projects. Also
+// what applying a preset or a project restores.
 
 #include <support/tavorosim/simbench.h>
 
@@ -16,15 +16,15 @@ private Q_SLOTS:
     void init() { m_bench = std::make_unique<SimBench>(options()); }
     void cleanup() { m_bench.reset(); }
 
-    void aPresetBringsScreensAndLayersBack();
-    void aPresetLeavesOtherScreensAlone();
-    void aPresetBringsADeletedScreenBack();
-    void aPresetBringsExchangedOutputsBack();
+    void aPresetRestoresScreensAndLayers();
+    void aPresetDoesNotChangeOtherScreens();
+    void aPresetRestoresADeletedScreen();
+    void aPresetRestoresSwappedOutputs();
     void aPresetWhoseOutputsAreTakenIsRefused();
     void aPresetIntoPreviewLeavesTheProgramme();
     void aProjectMakesTheDeviceHaveItsScreensOnly();
-    void aProjectBringsItsFilesBack_data();
-    void aProjectBringsItsFilesBack();
+    void aProjectRestoresItsFiles_data();
+    void aProjectRestoresItsFiles();
     void refusalsChangeNothing_data();
     void refusalsChangeNothing();
     void anImageIsCapturedFromAnInput();
@@ -82,7 +82,7 @@ const char *const thief =
 
 } // namespace
 
-void tst_TavoroSimPresets::aPresetBringsScreensAndLayersBack()
+void tst_TavoroSimPresets::aPresetRestoresScreensAndLayers()
 {
     const std::string before = screens() + layers();
     QCOMPARE(m_bench->write(createPreset, presetOfScreen1), 0);
@@ -94,7 +94,7 @@ void tst_TavoroSimPresets::aPresetBringsScreensAndLayersBack()
     QCOMPARE(screens() + layers(), before);
 }
 
-void tst_TavoroSimPresets::aPresetLeavesOtherScreensAlone()
+void tst_TavoroSimPresets::aPresetDoesNotChangeOtherScreens()
 {
     QCOMPARE(m_bench->write(createPreset, presetOfScreen1), 0);
     QCOMPARE(m_bench->write(screenFreeze, freeze2), 0);
@@ -103,7 +103,7 @@ void tst_TavoroSimPresets::aPresetLeavesOtherScreensAlone()
     QCOMPARE(screens(), frozen);
 }
 
-void tst_TavoroSimPresets::aPresetBringsADeletedScreenBack()
+void tst_TavoroSimPresets::aPresetRestoresADeletedScreen()
 {
     const std::string before = screens() + layers();
     QCOMPARE(m_bench->write(createPreset, presetOfScreen1), 0);
@@ -112,7 +112,7 @@ void tst_TavoroSimPresets::aPresetBringsADeletedScreenBack()
     QCOMPARE(screens() + layers(), before);
 }
 
-void tst_TavoroSimPresets::aPresetBringsExchangedOutputsBack()
+void tst_TavoroSimPresets::aPresetRestoresSwappedOutputs()
 {
     const std::string before = screens() + layers();
     const QJsonArray list = QJsonDocument::fromJson(QByteArray::fromStdString(screens())).array();
@@ -173,7 +173,7 @@ void tst_TavoroSimPresets::aProjectMakesTheDeviceHaveItsScreensOnly()
     QCOMPARE(screens() + layers(), before);
 }
 
-void tst_TavoroSimPresets::aProjectBringsItsFilesBack_data()
+void tst_TavoroSimPresets::aProjectRestoresItsFiles_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<bool>("isHeld");
@@ -183,7 +183,7 @@ void tst_TavoroSimPresets::aProjectBringsItsFilesBack_data()
     QTest::newRow("other, not asked for") << 12 << false;
 }
 
-void tst_TavoroSimPresets::aProjectBringsItsFilesBack()
+void tst_TavoroSimPresets::aProjectRestoresItsFiles()
 {
     QFETCH(int, type);
     QFETCH(bool, isHeld);
@@ -219,9 +219,9 @@ void tst_TavoroSimPresets::refusalsChangeNothing_data()
     QTest::newRow("EDID of no interface")      << 0xFA0B << R"([{"fileId":1,"fileType":12,"interfaceId":{"slotId":99}}])"               << 3;
     QTest::newRow("apply no preset")           << 0x1501 << R"([{"fileId":9,"fileType":6}])"                                            << 3;
     QTest::newRow("apply in no way")           << 0x1501 << R"([{"fileId":5,"fileType":6,"applyType":2}])"                              << 4;
-    QTest::newRow("apply what is no preset")   << 0x1501 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
+    QTest::newRow("apply a non-preset")        << 0x1501 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
     QTest::newRow("apply no project")          << 0x1601 << R"([{"fileId":9,"fileType":9}])"                                            << 3;
-    QTest::newRow("apply what is no project")  << 0x1601 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
+    QTest::newRow("apply a non-project")       << 0x1601 << R"([{"fileId":5,"fileType":6}])"                                            << 9;
     QTest::newRow("apply JSON without end")    << 0x1601 << R"([{"fileId":5,"fileType":6})"                                             << 2;
     // clang-format on
 }

@@ -15,12 +15,12 @@ private Q_SLOTS:
     void printsWhereItListens();
     void addressesWithColonsAreInBrackets();
     void standardInputIsItsConsole();
-    void linesThatComeTogetherAreAllServed();
+    void linesThatArriveTogetherAreAllServed();
     void partialLineDoesNotBlock();
     void theLastLineNeedsNoEnd();
     void nothingIsServedAfterQuit();
     void continuesWithoutAConsole();
-    void logsExchangesOnlyWhenAsked();
+    void exchangesAreLoggedOnlyOnRequest();
     void printsItsVersion();
     void helpNamesEveryOption();
     void wrongOptionsEndWithTwo_data();
@@ -67,7 +67,7 @@ public:
     QString firstLine;
 };
 
-/// Lets a program run to its end.
+/// Runs a program to its end.
 int run(const QStringList &arguments, QString &output, QString &errors)
 {
     QProcess process;
@@ -124,7 +124,7 @@ void tst_TavoroSimProgram::standardInputIsItsConsole()
     QCOMPARE(program.process.exitCode(), 0);
 }
 
-void tst_TavoroSimProgram::linesThatComeTogetherAreAllServed()
+void tst_TavoroSimProgram::linesThatArriveTogetherAreAllServed()
 {
     Program program(anyPort);
     program.process.write("power 1 0\npower 1 1\nquit\n");
@@ -177,7 +177,7 @@ void tst_TavoroSimProgram::continuesWithoutAConsole()
     QCOMPARE(program.process.state(), QProcess::Running);
 }
 
-void tst_TavoroSimProgram::logsExchangesOnlyWhenAsked()
+void tst_TavoroSimProgram::exchangesAreLoggedOnlyOnRequest()
 {
     for (const bool isAsked : {false, true}) {
         QStringList arguments = anyPort;

@@ -1,4 +1,4 @@
-// The life of screens and layers on the simulated device: how they come, change places and go.
+// Screens and layers on the simulated device: how they are created, moved and removed.
 
 #include <support/tavorosim/simreads.h>
 
@@ -15,7 +15,7 @@ private Q_SLOTS:
 
     void enablingCreatesAScreen();
     void anOutputServesOneScreenAtATime();
-    void deletingAScreenTakesItsLayersAndFreesItsOutputs();
+    void deletingAScreenRemovesItsLayersAndFreesItsOutputs();
     void takeSwapsPreviewAndProgramme();
     void takeCopiesWhileSwapIsOff();
     void tBarTakesAtItsEndAndOnlyThere();
@@ -41,11 +41,11 @@ void tst_TavoroSimScreens::anOutputServesOneScreenAtATime()
     const QByteArray wanted =
         R"([{"screenId":9,"screenType":1,"mosaic":{"outputs":)" + outputOfScreen4 + "}}]";
     QCOMPARE(status(0x1301, wanted), 8);
-    QCOMPARE(status(0x1301, R"([{"screenId":4,"screenType":4}])"), 0); // Gives its output back.
+    QCOMPARE(status(0x1301, R"([{"screenId":4,"screenType":4}])"), 0); // Its output is free again.
     QCOMPARE(status(0x1301, wanted), 0);
 }
 
-void tst_TavoroSimScreens::deletingAScreenTakesItsLayersAndFreesItsOutputs()
+void tst_TavoroSimScreens::deletingAScreenRemovesItsLayersAndFreesItsOutputs()
 {
     QCOMPARE(status(0x130F, R"([{"screenId":1,"screenType":1}])"), 0);
     QCOMPARE(list(screen, screen1), QByteArray("[]"));
@@ -139,7 +139,7 @@ void tst_TavoroSimScreens::removingAnEmptyListRemovesNothing()
 
 void tst_TavoroSimScreens::zOrderMakesRoom()
 {
-    // Stacked as 0 (background), 1, 2, 3; layer 1 goes where layer 3 is.
+    // Stacked as 0 (background), 1, 2, 3; layer 1 moves to the position of layer 3.
     QCOMPARE(
         status(
             0x1402,

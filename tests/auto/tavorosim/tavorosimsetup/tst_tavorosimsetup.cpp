@@ -13,8 +13,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void savedSetupComesBackWhole();
-    void unsavedSetupDoesNotComeBack();
+    void savedSetupIsRestoredCompletely();
+    void unsavedSetupIsNotRestored();
     void savedNamesMayHoldAnyCharacter();
     void factoryResetIsSaved();
     void factoryResetWithFilesIsOneStep();
@@ -32,7 +32,7 @@ private:
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
     std::string whole() { return read(0x1100) + read(0x1200) + read(0x1300) + read(0x1400); }
     bool isSwapped() { return read(0x1100).find("\"swap\":1") != std::string::npos; }
-    /// Runs a statement on the database, while the device is off.
+    /// Runs a statement on the database while the device is off.
     bool change(const char *statement, const QVariant &value = {})
     {
         m_bench.reset(); // the database serves one device at a time
@@ -77,7 +77,7 @@ void tst_TavoroSimSetup::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroSimSetup::savedSetupComesBackWhole()
+void tst_TavoroSimSetup::savedSetupIsRestoredCompletely()
 {
     const std::string factory = whole();
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
@@ -89,7 +89,7 @@ void tst_TavoroSimSetup::savedSetupComesBackWhole()
     QCOMPARE(whole(), saved);
 }
 
-void tst_TavoroSimSetup::unsavedSetupDoesNotComeBack()
+void tst_TavoroSimSetup::unsavedSetupIsNotRestored()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     restart();

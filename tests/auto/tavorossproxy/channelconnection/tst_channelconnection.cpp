@@ -18,8 +18,8 @@ private Q_SLOTS:
     void readyChannelKnowsTheIdentity();
     void addressIsThatOfTheConnection();
     void packetSizeIsLimitedByTheChannel();
-    void identityThatCannotBeUsed_data();
-    void identityThatCannotBeUsed();
+    void invalidIdentityEndsTheConnection_data();
+    void invalidIdentityEndsTheConnection();
     void identityInABrokenFrameEndsTheAttempt();
     void frameOfUnknownKindBeforeTheIdentityIsSkipped();
     void reportBeforeTheIdentityIsDropped();
@@ -82,7 +82,7 @@ void tst_ChannelConnection::packetSizeIsLimitedByTheChannel()
     QCOMPARE(m_channel->deviceBaseInfo().maxPacketSize, quint32(64 << 20));
 }
 
-void tst_ChannelConnection::identityThatCannotBeUsed_data()
+void tst_ChannelConnection::invalidIdentityEndsTheConnection_data()
 {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<int>("status");
@@ -108,7 +108,7 @@ void tst_ChannelConnection::identityThatCannotBeUsed_data()
                "and only version 1 is supported.");
 }
 
-void tst_ChannelConnection::identityThatCannotBeUsed()
+void tst_ChannelConnection::invalidIdentityEndsTheConnection()
 {
     QFETCH(QByteArray, body);
     QFETCH(int, status);
@@ -191,7 +191,7 @@ void tst_ChannelConnection::identityTimeoutBeginsWithTheConnection()
     QVERIFY(!m_peer->isOpen);
 }
 
-/// The time to identify itself and the time that callers usually wait end together.
+/// The device has as long to identify itself as callers wait by default.
 void tst_ChannelConnection::deviceThatDoesNotIdentifyItselfIsReportedAsSuch()
 {
     const auto sentence = QStringLiteral(

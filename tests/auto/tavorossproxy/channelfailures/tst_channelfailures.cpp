@@ -39,8 +39,8 @@ private Q_SLOTS:
     void callOnTheChannelsThreadIsRefused();
     void callAfterTheThreadHasEndedIsRefused();
 
-    void answerThatDoesNotMatch_data();
-    void answerThatDoesNotMatch();
+    void answerThatDoesNotMatchFailsTheRequest_data();
+    void answerThatDoesNotMatchFailsTheRequest();
     void packetCountAtTheLimitIsAccepted();
     void anotherPacketOfAReadIsRefused();
     void furtherPacketWithAnotherTotalIsRefused();
@@ -48,10 +48,10 @@ private Q_SLOTS:
     void countsOfZeroAreOnePacket();
     void refusalsHaveNoIndex();
     void answersToWritesHaveNoIndex();
-    void frameThatEndsTheConnection_data();
-    void frameThatEndsTheConnection();
+    void fatalFrameEndsTheConnection_data();
+    void fatalFrameEndsTheConnection();
     void strayAnswersAreDroppedAndCounted();
-    void secondAnswerReachesNobody();
+    void secondAnswerIsDropped();
 
     void lostConnectionEndsAllRequests();
     void connectionThatEndsWithinAnAnswerIsReported();
@@ -140,7 +140,7 @@ void tst_ChannelFailures::callAfterTheThreadHasEndedIsRefused()
     QCOMPARE(call(request()).response()->status, quint16(264));
 }
 
-void tst_ChannelFailures::answerThatDoesNotMatch_data()
+void tst_ChannelFailures::answerThatDoesNotMatchFailsTheRequest_data()
 {
     QTest::addColumn<int>("position");
     QTest::addColumn<int>("value");
@@ -151,12 +151,12 @@ void tst_ChannelFailures::answerThatDoesNotMatch_data()
     QTest::newRow("type") << 20 << 2 << 362;
     QTest::newRow("unknown kind") << 10 << 99 << 362;
     QTest::newRow("kind of a client") << 10 << 1 << 362;
-    QTest::newRow("packet count") << 23 << 2 << 363; // 131072 and some
+    QTest::newRow("packet count") << 23 << 2 << 363; // more than 131072
     QTest::newRow("checksum index") << 9 << 7 << 360;
     QTest::newRow("checksum of the body") << 40 << int('X') << 361;
 }
 
-void tst_ChannelFailures::answerThatDoesNotMatch()
+void tst_ChannelFailures::answerThatDoesNotMatchFailsTheRequest()
 {
     QFETCH(int, position);
     QFETCH(int, value);
@@ -237,7 +237,7 @@ void tst_ChannelFailures::countsOfZeroAreOnePacket_data()
     QTest::newRow("binary write, last index") << 4 << 4294967295u << 363;
 }
 
-/// A caller that divides by the count gets no infinite progress.
+/// Otherwise a caller that divides by the count would get an infinite progress.
 void tst_ChannelFailures::countsOfZeroAreOnePacket()
 {
     QFETCH(int, type);
@@ -282,7 +282,7 @@ void tst_ChannelFailures::answersToWritesHaveNoIndex()
     QCOMPARE(int(caller.response()->status), 0);
 }
 
-void tst_ChannelFailures::frameThatEndsTheConnection_data()
+void tst_ChannelFailures::fatalFrameEndsTheConnection_data()
 {
     QTest::addColumn<int>("position");
     QTest::addColumn<int>("value");
@@ -294,7 +294,7 @@ void tst_ChannelFailures::frameThatEndsTheConnection_data()
     QTest::newRow("body above the limit") << 7 << 0x10 << true << 363;
 }
 
-void tst_ChannelFailures::frameThatEndsTheConnection()
+void tst_ChannelFailures::fatalFrameEndsTheConnection()
 {
     QFETCH(int, position);
     QFETCH(int, value);
@@ -335,7 +335,7 @@ void tst_ChannelFailures::strayAnswersAreDroppedAndCounted()
     QCOMPARE(caller.response()->body(), std::string("mine"));
 }
 
-void tst_ChannelFailures::secondAnswerReachesNobody()
+void tst_ChannelFailures::secondAnswerIsDropped()
 {
     connectChannel();
     auto caller = call(request());

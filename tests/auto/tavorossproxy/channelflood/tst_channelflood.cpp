@@ -26,7 +26,7 @@ private Q_SLOTS:
     void zeroLimitsLetRequestsThrough();
     void zeroPausesArePauses();
     void unlimitedTimesAreLong();
-    void allTagsMayBeOwedAtTheMost();
+    void owedAnswersAreLimitedToAllTags();
     void longestBodyFitsIntoAFrame();
 
 private:
@@ -265,7 +265,7 @@ void tst_ChannelFlood::unlimitedTimesAreLong()
     QVERIFY(m_peer->isOpen);
 }
 
-void tst_ChannelFlood::allTagsMayBeOwedAtTheMost()
+void tst_ChannelFlood::owedAnswersAreLimitedToAllTags()
 {
     m_options.maxOwedAnswers = 1000;
     reopen();

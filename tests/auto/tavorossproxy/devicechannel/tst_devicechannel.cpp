@@ -75,7 +75,7 @@ void tst_DeviceChannel::requestGetsItsTagAndStream()
     QCOMPARE(Wire::wireHead(command->head()).stream, head.stream);
 }
 
-/// Nor the tag of its last exchange, whose outcome would be taken for that of this one.
+/// Nor does it keep the tag of its last exchange, whose outcome would be taken for its own.
 void tst_DeviceChannel::requestThatIsRefusedHasNoTag()
 {
     connectChannel();

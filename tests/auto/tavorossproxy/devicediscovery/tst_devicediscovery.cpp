@@ -188,7 +188,7 @@ void tst_DeviceDiscovery::searchWithoutASocketFailsAtOnce()
     };
     QElapsedTimer time;
     time.start();
-    QTRY_VERIFY(fails()); // the query before closes its socket a little later
+    QTRY_VERIFY(fails()); // the previous query closes its socket a little later
     QVERIFY(time.elapsed() < 300000);
     QVERIFY2(error.startsWith(QLatin1String("Cannot search for devices: ")), qPrintable(error));
 }
@@ -201,7 +201,7 @@ void tst_DeviceDiscovery::targetThatIsNotAnIpv4AddressGetsNoRequest_data()
     QTest::newRow("nothing") << "";
 }
 
-/// Qt would send the request to this machine instead.
+/// Otherwise Qt would send the request to this machine.
 void tst_DeviceDiscovery::targetThatIsNotAnIpv4AddressGetsNoRequest()
 {
     QFETCH(QString, address);

@@ -243,7 +243,7 @@ void tst_DeviceTracker::deviceWhoseChannelReachedAnotherDeviceGetsANewOne()
     mine->info = device();
     m_registry->add(mine);
     m_tracker->noteSeen(device());
-    mine->info = device("192.0.2.7", 8); // the devices have changed places
+    mine->info = device("192.0.2.7", 8); // the devices have swapped their addresses
     mine->isReady = true;
     m_tracker->noteSeen(device("192.0.2.7", 8));
     m_tracker->noteSeen(device("192.0.2.99"));

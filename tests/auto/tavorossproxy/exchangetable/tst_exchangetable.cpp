@@ -81,13 +81,14 @@ private:
     {
         return m_table->begin(command, m_clock.now());
     }
-    /// Begins, submits and sends a request; its head as it was sent.
+    /// Begins, submits and sends a request. Returns its head as sent.
     Wire::WireHead sent(const DeviceRequestCommand &command);
-    /// Makes a whole exchange; its tag.
+    /// Makes a whole exchange and returns its tag.
     quint8 exchanged();
-    /// Makes a whole exchange of one packet of a read; its stream.
+    /// Makes a whole exchange for one packet of a read and returns its stream.
     quint16 readPacket(quint32 totalCount, quint32 sendCount, quint16 stream = 0);
-    /// Whether one of as many reads as there are streams for reads gets \a stream.
+    /// Makes as many reads as there are streams for reads. Returns whether one of them gets \a
+    /// stream.
     bool isUsedAgain(quint16 stream);
 
     ManualLoop m_clock;
@@ -124,7 +125,7 @@ void tst_ExchangeTable::allTagsAreUsedBeforeOneIsUsedAgain()
     QCOMPARE(begin(request()).head.lables, *tags.begin());
 }
 
-/// A channel reconnects before more answers than these are owed.
+/// A channel reconnects before more answers are owed.
 void tst_ExchangeTable::owedAnswersShortenTheLifeOfATag()
 {
     for (int i = 0; i < ChannelOptions().maxOwedAnswers - 1; ++i)

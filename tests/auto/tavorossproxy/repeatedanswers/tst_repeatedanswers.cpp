@@ -1,4 +1,4 @@
-// A device that repeats an old answer under a tag that is used again changes no outcome.
+// A device repeats an old answer under a tag that is in use again: no outcome changes.
 
 #include <tavorowire/frame.h>
 
@@ -115,12 +115,12 @@ private Q_SLOTS:
     void answerRepeatedAfterOneRoundOfTagsIsSkipped_data();
     void answerRepeatedAfterOneRoundOfTagsIsSkipped();
     void answerRepeatedOnTheNextConnectionIsSkipped();
-    void repeatedAnswerThatBreaksOffEndsNoOtherRequest();
+    void truncatedRepeatedAnswerEndsNoOtherRequest();
 
 private:
     /// The next request has reached the device.
     bool isAsked();
-    /// Answers the next request with \a body; the frame that was sent.
+    /// Answers the next request with \a body. Returns the frame that was sent.
     std::string answerNext(const std::string &body);
     /// Answers the next request with status 4.
     void refuseNext();
@@ -182,7 +182,7 @@ void tst_RepeatedAnswers::answerRepeatedAfterOneRoundOfTagsIsSkipped()
     QCOMPARE(responses.back()->body(), std::string());
 }
 
-/// Requests keep their count when the channel connects again.
+/// The count of requests continues when the channel reconnects.
 void tst_RepeatedAnswers::answerRepeatedOnTheNextConnectionIsSkipped()
 {
     connectChannel();
@@ -203,7 +203,7 @@ void tst_RepeatedAnswers::answerRepeatedOnTheNextConnectionIsSkipped()
     QCOMPARE(int(caller.responses().front()->status), 4);
 }
 
-void tst_RepeatedAnswers::repeatedAnswerThatBreaksOffEndsNoOtherRequest()
+void tst_RepeatedAnswers::truncatedRepeatedAnswerEndsNoOtherRequest()
 {
     connectChannel();
     Caller caller(*m_loop, m_channel, &splitWrite, tagCount + 1);

@@ -197,7 +197,7 @@ void tst_ReportQueue::reportsAreReleasedOnOtherThreads()
         if (m_woken.exchange(0) > 0)
             m_queue->deliverWaiting();
     }
-    // The thread that releases the last one wakes the queue; no report is left behind.
+    // The thread that releases the last one wakes the queue; no report remains in it.
     const auto isThrough = [&] {
         if (m_woken.exchange(0) > 0)
             m_queue->deliverWaiting();

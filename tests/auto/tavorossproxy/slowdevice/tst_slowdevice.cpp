@@ -1,5 +1,5 @@
-// Devices that send or take a frame slowly: bytes count as progress only if enough of them travel
-// in time.
+// Devices that send or read a frame slowly: bytes count as progress only if enough of them are
+// transferred in time.
 
 #include <tavorowire/frame.h>
 
@@ -16,10 +16,10 @@ class tst_SlowDevice : public ChannelTest {
 private Q_SLOTS:
     void answerThatTricklesEndsTheConnectionWithItsRequest();
     void answerAtTheMinimumRateKeepsTheConnection();
-    void frameThatTricklesIsNoSignOfLife();
+    void tricklingFrameIsNotASignOfLife();
     void frameAtTheMinimumRateIsASignOfLife();
-    void requestThatIsTakenTooSlowlyEndsTheConnection();
-    void requestThatIsTakenAtTheMinimumRateKeepsTheConnection();
+    void requestReadTooSlowlyEndsTheConnection();
+    void requestReadAtTheMinimumRateKeepsTheConnection();
     void progressOfARequestCountsWhileAFrameTrickles();
 
 private:
@@ -71,7 +71,7 @@ void tst_SlowDevice::answerAtTheMinimumRateKeepsTheConnection()
     QCOMPARE(m_channel->statistics().lateAnswers, quint64(1));
 }
 
-void tst_SlowDevice::frameThatTricklesIsNoSignOfLife()
+void tst_SlowDevice::tricklingFrameIsNotASignOfLife()
 {
     connectChannel();
     const QByteArray frame = Wire::encodeLinkFrame(Wire::FrameKind::Pong);
@@ -100,7 +100,7 @@ void tst_SlowDevice::frameAtTheMinimumRateIsASignOfLife()
     QVERIFY(m_channel->isHardwareReadFinished());
 }
 
-void tst_SlowDevice::requestThatIsTakenTooSlowlyEndsTheConnection()
+void tst_SlowDevice::requestReadTooSlowlyEndsTheConnection()
 {
     connectChannel();
     m_peer->setReading(false);
@@ -115,7 +115,7 @@ void tst_SlowDevice::requestThatIsTakenTooSlowlyEndsTheConnection()
     QCOMPARE(int(caller.response()->status), 364);
 }
 
-void tst_SlowDevice::requestThatIsTakenAtTheMinimumRateKeepsTheConnection()
+void tst_SlowDevice::requestReadAtTheMinimumRateKeepsTheConnection()
 {
     m_peer->accept();
     Wire::WireHead head;

@@ -34,7 +34,7 @@ Request packet(quint8 type, quint8 exchange, quint32 index, const PacketHead &fi
     return request;
 }
 
-/// Callers on threads of their own, each of which makes a split exchange of two packets.
+/// Callers on separate threads, each of which makes a split exchange of two packets.
 class Callers {
 public:
     Callers(ManualLoop &loop, std::shared_ptr<NetworkChannel> channel)
@@ -55,7 +55,7 @@ public:
         caller.thread = std::thread([=, &caller] {
             auto first = packet(type, exchange, 0, {}, timeout);
             auto response = m_channel->sendSyncRequest(first);
-            // A write has no stream in common that its caller knows of.
+            // The caller of a write does not choose a common stream for its packets.
             const PacketHead head = type == readType ? first->head() : PacketHead();
             if (response->status == 0)
                 response = m_channel->sendSyncRequest(packet(type, exchange, 1, head, timeout));
@@ -101,7 +101,7 @@ private Q_SLOTS:
 private:
     /// Rows for reads and writes.
     static void addTypes();
-    /// Lets 16 callers begin; the heads of their first packets.
+    /// Lets 16 callers begin. Returns the heads of their first packets.
     std::vector<Wire::WireHead> fill(Callers &callers, quint8 type, int timeout = 60000);
     /// Nothing reaches the device although \a count callers wait.
     bool areHeldBack(std::size_t count);
@@ -242,7 +242,7 @@ void tst_SplitPlaces::callersGetPlacesInTheirOrder()
     }
 }
 
-/// A caller that asks for no further packet says nothing of it.
+/// The channel does not notice when a caller stops requesting packets.
 void tst_SplitPlaces::abandonedReadLosesItsPlaceAfterTenSeconds()
 {
     connectChannel();

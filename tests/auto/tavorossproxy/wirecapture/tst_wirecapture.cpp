@@ -237,7 +237,7 @@ void tst_WireCapture::fileThatCannotBeWrittenIsReportedAsASentence()
     QCOMPARE(int(send(*connectTo(device.port()), 1, 0x110A)->status), 0);
 }
 
-/// Into a pipe, whose other end goes away.
+/// The capture is written into a pipe whose reader closes it.
 void tst_WireCapture::captureThatCannotContinueLogsWhyItEnds()
 {
     QTemporaryDir folder;
