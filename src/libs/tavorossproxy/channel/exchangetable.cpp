@@ -319,18 +319,18 @@ quint8 ExchangeTable::freeTag()
 /// packets inherit, since the caller may send another read between two of them.
 void ExchangeTable::assignStream(Wire::WireHead &head, SplitPlaces *places)
 {
-    const auto place = places ? places->freePlace(m_clock.now()) : std::nullopt;
+    const int place = places ? places->freePlace(m_clock.now()) : -1;
     if (isSplitWrite(head)) {
-        if (place)
-            places->take(*place, static_cast<quint16>(firstWriteStream + *place));
+        if (place >= 0)
+            places->take(place, static_cast<quint16>(firstWriteStream + place));
         head.stream = m_splitWrites.streamOfThisThread();
         m_splitWrites.resume(head.stream);
         return;
     }
     if (head.stream == 0)
         head.stream = head.totalCount > 1 ? contentStreamOfThisThread() : freshStream();
-    if (place)
-        places->take(*place, head.stream);
+    if (place >= 0)
+        places->take(place, head.stream);
     m_splitReads.resume(head.stream);
 }
 

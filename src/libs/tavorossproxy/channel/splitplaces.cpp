@@ -24,20 +24,19 @@ quint16 SplitPlaces::streamOfThisThread() const
     return 0;
 }
 
-std::optional<std::size_t> SplitPlaces::freePlace(TimePoint now) const
+int SplitPlaces::freePlace(TimePoint now) const
 {
     const auto isFree = [now](const Place &place) {
         return place.stream == 0 || abandonedAt(place) <= now;
     };
     const auto place = std::find_if(m_places.begin(), m_places.end(), isFree);
-    if (place == m_places.end())
-        return std::nullopt;
-    return static_cast<std::size_t>(place - m_places.begin());
+    return place == m_places.end() ? -1 : static_cast<int>(place - m_places.begin());
 }
 
-void SplitPlaces::take(std::size_t place, quint16 stream)
+void SplitPlaces::take(int place, quint16 stream)
 {
-    m_places[place] = {stream, std::this_thread::get_id(), TimePoint::max()};
+    m_places[static_cast<std::size_t>(place)] = {stream, std::this_thread::get_id(),
+                                                 TimePoint::max()};
 }
 
 void SplitPlaces::resume(quint16 stream)
@@ -78,7 +77,7 @@ quint16 SplitPlaces::await(Clock &clock, std::unique_lock<std::mutex> &lock, Tim
     Waiting own;
     m_waiting.push_back(&own);
     const auto isServed = [&] {
-        return m_waiting.front() == &own && freePlace(clock.now()).has_value();
+        return m_waiting.front() == &own && freePlace(clock.now()) >= 0;
     };
     while (own.refusal == 0 && !isServed() && clock.now() < deadline) {
         TimePoint next = deadline;

@@ -7,7 +7,6 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -29,10 +28,10 @@ public:
     bool holds(quint16 stream) const { return find(stream) != nullptr; }
     /// The stream of the place that the calling thread has; 0 if it has none.
     quint16 streamOfThisThread() const;
-    /// The index of a free place for take(); nothing if none is free.
-    std::optional<std::size_t> freePlace(TimePoint now) const;
+    /// The index of a free place for take(); -1 if none is free.
+    int freePlace(TimePoint now) const;
     /// Gives a free place to \a stream and to the calling thread.
-    void take(std::size_t place, quint16 stream);
+    void take(int place, quint16 stream);
     /// A packet of the exchange was sent, or is about to be.
     void resume(quint16 stream);
     /// A packet of the exchange was answered; the caller is expected to send the next one.
