@@ -263,6 +263,9 @@ void tst_TavoroSimProgram::aPortInUseEndsWithOne()
 
 void tst_TavoroSimProgram::outOfDescriptorsItPausesAcceptingAndLogsItOnce()
 {
+#ifdef TAVORO_SANITIZE
+    QSKIP("UndefinedBehaviorSanitizer itself needs descriptors to check the type of an object.");
+#endif
     Program program({QStringLiteral("-c"), QStringLiteral("ulimit -n 32; exec \"$0\" --port 0"),
                      QStringLiteral(TAVOROSIM)},
                     QStringLiteral("sh"));
