@@ -26,7 +26,7 @@ StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
     // The loop holds references to the channel, so callers get a handle whose last release stops
     // it.
     StreamChannel *const address = channel.get();
-    const std::shared_ptr<StreamChannel> handle(
+    std::shared_ptr<StreamChannel> handle(
         address, [channel](StreamChannel *) mutable { std::exchange(channel, {})->stopChannel(); });
     channel->start(std::move(stream), handle, std::move(handler), std::move(controlHandler));
     return handle;
