@@ -95,9 +95,9 @@ std::string definitionText(const std::string &name, const std::vector<Property> 
 template <class Record, std::size_t... Field>
 std::string definition(std::index_sequence<Field...>)
 {
-    const auto &list = ajson::RecordFields<Record>::list;
-    return Record().visitFields([&](const auto &...members) {
-        return definitionText(nameOf<Record>(), {property(list[Field], members)...});
+    using Fields = ajson::RecordFields<Record>;
+    return Record().visitFields([](const auto &...members) {
+        return definitionText(nameOf<Record>(), {property(Fields::list[Field], members)...});
     });
 }
 
