@@ -12,6 +12,7 @@ void ManualPeer::accept(const std::string &address)
 void ManualPeer::send(std::string_view bytes)
 {
     m_events->streamReceived(bytes);
+    m_events->streamBatchEnded();
 }
 
 void ManualPeer::send(const Wire::WireHead &head, std::string_view body)

@@ -1,5 +1,7 @@
 #include "channellink_p.h"
 
+#include <tavorossproxy/io/connectedsocket_p.h>
+
 #include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/channelstatus.h>
 #include <tavorowire/frame.h>
@@ -32,9 +34,13 @@ ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
       m_clock(clock),
       m_options(options),
       m_events(events),
-      m_parser(options.maxBodySize),
-      m_keepAlive(options),
-      m_pause(options.firstReconnectPause)
+      m_incoming(options.maxBodySize,
+                 [this](Wire::FrameEvent &&answer) {
+                     m_hasAnswered = m_hasRequested.load();
+                     m_events.linkAnswered(std::move(answer));
+                 }),
+      m_pause(options.firstReconnectPause),
+      m_keepAlive(options)
 {
     m_connection.client = makeClientId();
 }
@@ -48,6 +54,7 @@ void ChannelLink::start()
 void ChannelLink::stop()
 {
     m_phase = Phase::Stopped;
+    setSocket(nullptr);
     m_stream->close();
 }
 
@@ -66,7 +73,7 @@ bool ChannelLink::moveTo(const QString &host, quint16 port)
         return false;
     }
     m_stream->close();
-    m_parser.reset();
+    m_incoming.clear();
     m_pause = m_options.firstReconnectPause;
     connect();
     return true;
@@ -98,13 +105,14 @@ void ChannelLink::drop(quint16 status, const QString &reason)
 {
     if (m_phase == Phase::Idle || m_phase == Phase::Pausing || m_phase == Phase::Stopped)
         return;
-    const auto unfinished = m_parser.unfinishedHead();
+    setSocket(nullptr);
+    m_stream->close(); // no other thread receives after this
+    const auto unfinished = m_incoming.unfinishedHead();
     const bool isBrokenOff =
         status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
     if (m_phase == Phase::Ready && isStable())
         m_pause = m_options.firstReconnectPause;
-    m_parser.reset();
-    m_stream->close();
+    m_incoming.clear();
     enter(Phase::Pausing, m_pause);
     m_pause = std::min(2 * m_pause, m_options.longestReconnectPause);
     m_events.linkLost(status, reason, isBrokenOff ? unfinished->number : 0u);
@@ -115,6 +123,18 @@ void ChannelLink::drop(quint16 status, const QString &reason)
 bool ChannelLink::isStable() const
 {
     return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
+}
+
+std::shared_ptr<ConnectedSocket> ChannelLink::socket() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_socket;
+}
+
+void ChannelLink::setSocket(std::shared_ptr<ConnectedSocket> socket)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_socket = std::move(socket);
 }
 
 bool ChannelLink::canSend() const
@@ -128,10 +148,23 @@ void ChannelLink::send(const QByteArray &frame)
     write(frame);
 }
 
+void ChannelLink::send(const QByteArray &frame, ConnectedSocket &socket)
+{
+    m_hasRequested = true;
+    noteWritten(frame.size());
+    socket.send(frame);
+}
+
 void ChannelLink::write(const QByteArray &frame)
 {
-    m_keepAlive.noteWritten(frame.size());
+    noteWritten(frame.size());
     m_stream->write(frame);
+}
+
+void ChannelLink::noteWritten(qint64 bytes)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_keepAlive.noteWritten(bytes);
 }
 
 void ChannelLink::connect()
@@ -161,7 +194,13 @@ void ChannelLink::wantTick(Clock::TimePoint time)
 
 void ChannelLink::keepAlive()
 {
-    switch (m_keepAlive.check(m_clock.now(), m_stream->unsentBytes())) {
+    KeepAlive::Action action{};
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        action = m_keepAlive.check(m_clock.now(), m_stream->unsentBytes());
+        m_due = m_keepAlive.nextCheck();
+    }
+    switch (action) {
     case KeepAlive::Action::Disconnect:
         return drop(DeviceSilent, tr("it stopped answering"));
     case KeepAlive::Action::Ping:
@@ -170,7 +209,6 @@ void ChannelLink::keepAlive()
     case KeepAlive::Action::None:
         break;
     }
-    m_due = m_keepAlive.nextCheck();
     wantTick(m_due);
 }
 
@@ -180,7 +218,10 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
     enter(Phase::Identifying, m_options.identityTimeout);
     m_events.linkIdentifying(notIdentifiedReason());
     ++m_connection.number;
-    m_keepAlive.begin(m_clock.now());
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_keepAlive.begin(m_clock.now());
+    }
     Wire::WireHead head;
     head.kind = static_cast<quint8>(FrameKind::IdentityRequest);
     write(Wire::encodeFrame(head, Wire::encodeConnectionId(m_connection)));
@@ -189,18 +230,28 @@ void ChannelLink::streamOpened(const std::string &peerAddress)
 void ChannelLink::streamReceived(std::string_view bytes)
 {
     const auto count = static_cast<qint64>(bytes.size());
-    bool isSameFrame = m_parser.isWithinFrame();
-    while (auto event = m_parser.next(bytes)) {
-        isSameFrame = false;
-        handle(std::move(*event));
-        if (m_phase != Phase::Ready && m_phase != Phase::Identifying)
-            return; // the frame ended the connection
+    const IncomingFrames::Batch batch = m_incoming.receive(bytes);
+    if (batch.hasWaiting)
+        m_events.linkHasFrames();
+    if (batch.unfinished && m_phase == Phase::Ready)
+        m_events.linkReceiving(*batch.unfinished);
+    Clock::TimePoint progress;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_keepAlive.noteReceived(count, batch.isSameFrame, m_clock.now());
+        if (batch.isWithinFrame)
+            progress = m_keepAlive.lastFrameProgress();
     }
-    if (const auto head = m_parser.unfinishedHead(); head && m_phase == Phase::Ready)
-        m_events.linkReceiving(*head);
-    m_keepAlive.noteReceived(count, isSameFrame, m_clock.now());
-    m_events.linkProgressed(m_parser.isWithinFrame() ? m_keepAlive.lastFrameProgress()
-                                                     : Clock::TimePoint());
+    m_events.linkProgressed(progress);
+}
+
+/// A frame that ends the connection discards those after it.
+void ChannelLink::handleFrames()
+{
+    while (auto frame = m_incoming.next()) {
+        handle(std::move(*frame));
+        m_incoming.handled();
+    }
 }
 
 void ChannelLink::streamDrained()
@@ -211,6 +262,7 @@ void ChannelLink::streamDrained()
 
 void ChannelLink::streamClosed(const QString &reason)
 {
+    handleFrames();
     drop(Disconnected, reason);
 }
 
@@ -228,7 +280,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
     case FrameKind::Pong:
         return;
     case FrameKind::Response:
-        m_hasAnswered = m_hasRequested;
+        m_hasAnswered = m_hasRequested.load();
         [[fallthrough]];
     case FrameKind::Report:
         if (m_phase == Phase::Ready)
@@ -287,6 +339,8 @@ void ChannelLink::takeIdentity(const std::string &body)
     m_hasRequested = false;
     m_hasAnswered = false;
     enter(Phase::Ready, m_options.keepAliveInterval);
+    setSocket(m_stream->socket());
+    m_incoming.setCompletesAnswers(true);
     m_events.linkReady(std::move(info));
 }
 

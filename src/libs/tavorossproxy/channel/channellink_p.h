@@ -1,5 +1,6 @@
 #pragma once
 
+#include "incomingframes_p.h"
 #include "keepalive_p.h"
 #include <tavorossproxy/io/bytestream_p.h>
 #include <tavorossproxy/io/clock_p.h>
@@ -12,12 +13,21 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 
 namespace Tavoro::SSProxy::Internal {
 
 /// Maintains the connection to a device: connects, reads the identity, pings, and reconnects after
-/// a loss. On the loop's thread.
+/// a loss.
+///
+/// | member                      | thread                                                        |
+/// |-----------------------------|---------------------------------------------------------------|
+/// | socket, send with a socket  | any                                                           |
+/// | streamReceived, m_incoming  | the one that receives, see ByteStream::socket()               |
+/// | m_socket, m_keepAlive       | any, guarded by m_mutex                                       |
+/// | everything else             | the loop's                                                    |
 ///
 /// \code
 /// Idle --start--> Connecting --opened--> Identifying --identity--> Ready
@@ -48,6 +58,11 @@ public:
         virtual void linkWritable() = 0;
         /// A response or a report was received, or an invalid frame.
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
+        /// An answer was received that need not wait for the loop's thread. On the thread that
+        /// receives, as the following three.
+        virtual void linkAnswered(Wire::FrameEvent &&answer) = 0;
+        /// The loop's thread must call handleFrames().
+        virtual void linkHasFrames() = 0;
         /// The head of a frame was received, and its body is incomplete.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
         /// Bytes have arrived. \a lastProgress is the time at which the unfinished frame last made
@@ -74,16 +89,23 @@ public:
     bool moveTo(const QString &host, quint16 port);
     /// Call it at the time that linkWantsTick() requested.
     void tick(Clock::TimePoint time);
+    /// Handles the frames that wait for the loop's thread.
+    void handleFrames();
     /// Closes the connection, and reconnects after a pause.
     void drop(quint16 status, const QString &reason);
 
     /// Identifies the current connection to the device.
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
+    /// Returns the socket of the connection while the channel is ready, for the threads of callers.
+    /// Null if only the loop's thread can send and receive.
+    std::shared_ptr<ConnectedSocket> socket() const;
     /// Returns true if the channel is ready and the socket accepts further bytes.
     bool canSend() const;
     /// Sends the frame of a request.
     void send(const QByteArray &frame);
+    /// Sends the frame over \a socket, which socket() has returned.
+    void send(const QByteArray &frame, ConnectedSocket &socket);
 
 private:
     enum class Phase {
@@ -97,14 +119,17 @@ private:
 
     void streamOpened(const std::string &peerAddress) override;
     void streamReceived(std::string_view bytes) override;
+    void streamBatchEnded() override { handleFrames(); }
     void streamDrained() override;
     void streamClosed(const QString &reason) override;
 
     void connect();
     bool isStable() const;
+    void setSocket(std::shared_ptr<ConnectedSocket> socket);
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
     void write(const QByteArray &frame);
+    void noteWritten(qint64 bytes);
     void keepAlive();
     void handle(Wire::FrameEvent &&event);
     void answerPing(quint8 lables);
@@ -116,17 +141,20 @@ private:
     Clock &m_clock;
     const ChannelOptions m_options;
     Events &m_events;
-    Wire::FrameParser m_parser;
-    Phase m_phase = Phase::Idle;
+    IncomingFrames m_incoming;
+    std::atomic<Phase> m_phase{Phase::Idle};
     Wire::ConnectionId m_connection;
     Clock::TimePoint m_due; ///< When the phase times out, or is checked again.
     Clock::TimePoint m_tick = Clock::TimePoint::max(); ///< The pending tick; others are stale.
-    KeepAlive m_keepAlive;
     ChannelOptions::Milliseconds m_pause; ///< Before the next attempt.
     Clock::TimePoint m_readySince;
-    bool m_hasRequested = false; ///< A request was sent over this connection.
-    bool m_hasAnswered = false; ///< The device has answered a request of this connection.
+    std::atomic<bool> m_hasRequested{false}; ///< A request was sent over this connection.
+    std::atomic<bool> m_hasAnswered{false}; ///< The device has answered one of this connection.
     std::string m_peerAddress;
+
+    mutable std::mutex m_mutex; // guards what follows; nothing is called while it is held
+    KeepAlive m_keepAlive;
+    std::shared_ptr<ConnectedSocket> m_socket; ///< Null unless the channel is ready.
 };
 
 } // namespace Tavoro::SSProxy::Internal

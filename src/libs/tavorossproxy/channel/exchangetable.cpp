@@ -14,10 +14,6 @@ namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// How long a caller spins for its answer before it blocks. Waking a blocked thread takes about as
-/// long as a device on the local network needs to answer.
-constexpr std::chrono::microseconds spinTime(200);
-
 /// Longest frame whose storage is reused, in bytes.
 constexpr int longestKept = 4 << 20;
 
@@ -43,6 +39,12 @@ bool isRead(const Wire::WireHead &request)
 {
     return request.type == quint8(CommandType::Read)
         || request.type == quint8(CommandType::BinaryRead);
+}
+
+/// The request carries a packet of a file.
+bool isContent(const Wire::WireHead &request)
+{
+    return request.type == quint8(CommandType::BinaryWrite);
 }
 
 /// The device may keep the answer to \a head and send it packet by packet.
@@ -192,6 +194,8 @@ void ExchangeTable::recycle(QByteArray frame)
     m_storage = std::move(frame);
 }
 
+/// The caller begins to receive before its request is sent: otherwise the answer could wake the
+/// loop's thread as well.
 void ExchangeTable::submit(quint8 tag, QByteArray frame)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -201,46 +205,84 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
     slot.state = State::Unsent;
     slot.frame = std::move(frame);
     m_unsent.push_back(tag);
+    beginReading(slot);
 }
 
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
                                                             Clock::TimePoint deadline)
 {
-    const auto start = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[request.lables];
-    if (m_answersQuickly)
-        spinUntilCompleted(lock, slot, deadline);
-    while (slot.state != State::Completed && m_clock.now() < deadline)
-        m_clock.waitUntil(slot.completed, lock, deadline);
-    m_answersQuickly = std::chrono::steady_clock::now() - start < spinTime;
+    while (slot.state != State::Completed && m_clock.now() < deadline) {
+        if (beginReading(slot))
+            read(lock, slot, deadline);
+        else
+            wait(lock, slot, deadline);
+    }
+    endReading(slot);
     if (slot.state != State::Completed)
         return giveUp(request.lables);
     slot.state = State::Free;
     return std::move(slot.response);
 }
 
-/// Call it with the mutex held by \a lock. Each round releases the mutex, so that the answer can be
-/// completed, and lets other threads run.
-void ExchangeTable::spinUntilCompleted(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                                       Clock::TimePoint deadline) const
+/// Returns true if the caller of this exchange receives from now on, or does so already. Call it
+/// with the mutex held.
+bool ExchangeTable::beginReading(const Slot &slot)
 {
-    const auto end = std::chrono::steady_clock::now() + spinTime;
-    while (slot.state != State::Completed && std::chrono::steady_clock::now() < end
-           && m_clock.now() < deadline) {
-        lock.unlock();
-        std::this_thread::yield();
-        lock.lock();
-    }
+    if (!m_reading && m_reader && m_reader->begin())
+        m_reading = &slot;
+    return m_reading == &slot;
 }
 
-std::optional<QByteArray> ExchangeTable::takeUnsent()
+/// Receives until the answer has arrived or the connection has ended. Call it with the mutex held
+/// by \a lock.
+void ExchangeTable::read(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                         Clock::TimePoint deadline)
+{
+    bool isConnected = true;
+    while (isConnected && slot.state != State::Completed && m_clock.now() < deadline) {
+        lock.unlock();
+        isConnected = m_reader->receive(deadline);
+        lock.lock();
+    }
+    endReading(slot);
+}
+
+/// Lets another caller receive, or else the loop's thread. Call it with the mutex held.
+void ExchangeTable::endReading(const Slot &slot)
+{
+    if (m_reading != &slot)
+        return;
+    m_reading = nullptr;
+    m_reader->end();
+    if (!m_waiting.empty())
+        m_waiting.front()->completed.notify_one();
+}
+
+/// Waits while another thread receives. Call it with the mutex held by \a lock.
+void ExchangeTable::wait(std::unique_lock<std::mutex> &lock, Slot &slot, Clock::TimePoint deadline)
+{
+    m_waiting.push_back(&slot);
+    m_clock.waitUntil(slot.completed, lock, deadline);
+    m_waiting.erase(std::find(m_waiting.begin(), m_waiting.end(), &slot));
+}
+
+/// Contents are long: a request for records, which an operator may wait for, does not wait until
+/// all of those that were submitted earlier have been sent.
+std::optional<QByteArray> ExchangeTable::takeUnsent(bool withContents)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_unsent.empty())
+    const auto isRecord = [this](quint8 tag) {
+        return !isContent(m_slots[tag].request);
+    };
+    auto next = std::find_if(m_unsent.begin(), m_unsent.end(), isRecord);
+    if (next == m_unsent.end() && withContents)
+        next = m_unsent.begin();
+    if (next == m_unsent.end())
         return std::nullopt;
-    Slot &slot = m_slots[m_unsent.front()];
-    m_unsent.pop_front();
+    Slot &slot = m_slots[*next];
+    m_unsent.erase(next);
     slot.state = State::Sent;
     slot.request.number = m_lastNumber = std::max(m_lastNumber + 1, 1u);
     slot.sent = Wire::RequestId{m_connection, slot.request.number};
@@ -360,7 +402,10 @@ void ExchangeTable::end(Slot &slot, quint16 status)
     slot.state = State::Completed;
     slot.frame.clear();
     slot.response = makeResponse(Wire::packetHead(slot.request), status);
-    slot.completed.notify_one();
+    if (m_reading == &slot)
+        m_reader->interrupt();
+    else
+        slot.completed.notify_one();
 }
 
 /// Call it with the mutex held, when the request has timed out.

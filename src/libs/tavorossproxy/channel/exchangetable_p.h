@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerreader_p.h"
 #include "splitslots_p.h"
 #include <tavorossproxy/io/clock_p.h>
 
@@ -25,7 +26,8 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                               | thread                       |
 /// |--------------------------------------|------------------------------|
 /// | begin, submit, await                 | that of the caller, in order |
-/// | takeUnsent, answerStarted, complete  | that of the channel's loop   |
+/// | takeUnsent                           | any, one at a time           |
+/// | answerStarted, complete              | any                          |
 /// | takeStorage, recycle                 | any                          |
 /// | open, close, refusal and the counts  | any                          |
 ///
@@ -43,7 +45,10 @@ namespace Tavoro::SSProxy::Internal {
 /// \endcode
 class ExchangeTable {
 public:
-    explicit ExchangeTable(Clock &clock) : m_clock(clock) { }
+    /// With a \a reader, one of the callers whose requests are in flight receives for all of them.
+    explicit ExchangeTable(Clock &clock, AnswerReader *reader = nullptr)
+        : m_clock(clock), m_reader(reader)
+    { }
 
     /// Accepts requests with bodies of at most \a maxBody bytes, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
@@ -69,8 +74,9 @@ public:
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
                                                  Clock::TimePoint deadline);
 
-    /// Takes the next frame to send, if there is one, and numbers it.
-    std::optional<QByteArray> takeUnsent();
+    /// Takes the next frame to send, if there is one, and numbers it. Requests for records precede
+    /// contents of files, and \a withContents says whether the latter may be sent now.
+    std::optional<QByteArray> takeUnsent(bool withContents = true);
     /// Keeps the storage of a sent frame for the next one.
     void recycle(QByteArray frame);
     /// The answer with \a head has started to arrive.
@@ -115,12 +121,15 @@ private:
     quint8 freeTag();
     quint16 freshStream();
     void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
-    void spinUntilCompleted(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                            Clock::TimePoint deadline) const;
+    bool beginReading(const Slot &slot);
+    void read(std::unique_lock<std::mutex> &lock, const Slot &slot, Clock::TimePoint deadline);
+    void endReading(const Slot &slot);
+    void wait(std::unique_lock<std::mutex> &lock, Slot &slot, Clock::TimePoint deadline);
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
 
     Clock &m_clock;
+    AnswerReader *const m_reader;
     mutable std::mutex m_mutex; // guards everything below
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
@@ -133,10 +142,11 @@ private:
     SplitSlots m_splitReads{Wire::splitReadLimit};
     SplitSlots m_splitWrites{Wire::splitWriteLimit};
     int m_timedOut = 0;
-    bool m_answersQuickly = true; ///< The last answer arrived within the spin time.
     Counts m_counts;
     QByteArray m_storage; ///< Storage of the frame that was sent last.
-    std::deque<quint8> m_unsent; ///< Tags in state Unsent, in order of sending.
+    std::deque<quint8> m_unsent; ///< Tags in state Unsent, in the order of submit().
+    std::deque<Slot *> m_waiting; ///< Exchanges whose callers wait and do not receive.
+    const Slot *m_reading = nullptr; ///< The exchange whose caller receives; null if none does.
     std::array<Slot, 256> m_slots; ///< By tag; 0 is not used.
 };
 

@@ -3,6 +3,7 @@
 #include "clampedoptions_p.h"
 #include "commands_p.h"
 #include "outcomequery_p.h"
+#include <tavorossproxy/io/connectedsocket_p.h>
 #include <tavorossproxy/logging_p.h>
 
 #include <tavorowire/checksums.h>
@@ -37,7 +38,7 @@ StreamChannel::StreamChannel(const QString &peerName, std::shared_ptr<EventLoop>
     : m_loop(std::move(loop)),
       m_options(clampedOptions(options)),
       m_invalidFrames(*m_loop, [this] { return this->peerName(); }),
-      m_exchanges(m_loop->clock()),
+      m_exchanges(m_loop->clock(), &m_reader),
       m_peerName(peerName),
       m_reason(tr("no connection yet"))
 { }
@@ -183,7 +184,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     QByteArray frame = m_exchanges.takeStorage();
     Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
     m_exchanges.submit(ticket.head.lables, std::move(frame));
-    postSending();
+    sendUnsent();
     auto response = m_exchanges.await(ticket.head, deadline);
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
@@ -195,17 +196,33 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     return response;
 }
 
-void StreamChannel::postSending()
+/// Any thread. What cannot be sent now is sent when the stream has been drained, or after the next
+/// connection was established.
+void StreamChannel::sendUnsent()
 {
-    if (m_isSendingPosted.exchange(true))
-        return;
-    m_loop->post([self = shared_from_this()] {
-        self->m_isSendingPosted = false;
-        self->sendUnsent();
-    });
+    const std::lock_guard<std::mutex> lock(m_sendMutex);
+    if (const auto socket = m_link ? m_link->socket() : nullptr)
+        sendOver(*socket);
+    else if (m_loop->isCurrentThread())
+        sendOnLoop();
+    else
+        postSending();
 }
 
-void StreamChannel::sendUnsent()
+/// A content is sent only if nothing else waits, so that a later request for records waits for one
+/// packet at most.
+void StreamChannel::sendOver(ConnectedSocket &socket)
+{
+    while (socket.unsentBytes() < m_options.maxUnsentBytes) {
+        auto frame = m_exchanges.takeUnsent(socket.unsentBytes() == 0);
+        if (!frame)
+            return;
+        m_link->send(*frame, socket);
+        m_exchanges.recycle(std::move(*frame));
+    }
+}
+
+void StreamChannel::sendOnLoop()
 {
     while (m_link && m_link->canSend()) {
         auto frame = m_exchanges.takeUnsent();
@@ -214,6 +231,16 @@ void StreamChannel::sendUnsent()
         m_link->send(*frame);
         m_exchanges.recycle(std::move(*frame));
     }
+}
+
+void StreamChannel::postSending()
+{
+    if (m_isSendingPosted.exchange(true))
+        return;
+    m_loop->post([self = shared_from_this()] {
+        self->m_isSendingPosted = false;
+        self->sendUnsent();
+    });
 }
 
 bool StreamChannel::hasStalled() const
@@ -267,7 +294,11 @@ void StreamChannel::endLink()
     if (!m_link)
         return;
     m_link->stop();
-    m_link.reset();
+    m_reader.setSocket(nullptr);
+    {
+        const std::lock_guard<std::mutex> lock(m_sendMutex);
+        m_link.reset();
+    }
     m_reports->stop();
     m_invalidFrames.stop();
     m_control->stop();
@@ -306,7 +337,11 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
 {
     const QString name = QString::fromStdString(info.name);
     const bool isMaster = info.controlState == quint8(Wire::ControlState::Yours);
+    m_reader.setSocket(m_link->socket());
     {
+        // A thread that still sends over the previous connection must not take the frame of a new
+        // request.
+        const std::lock_guard<std::mutex> sendLock(m_sendMutex);
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
@@ -323,6 +358,7 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
 void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer)
 {
     releaseConnection();
+    m_reader.setSocket(nullptr);
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
@@ -348,12 +384,27 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
     if (isAboutControl)
         m_control->take(event);
     // A frame of a kind that devices do not send is probably meant as an answer.
-    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
+    if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType)
         m_exchanges.complete(std::move(event), m_options.maxPacketCount);
-        m_loop->announceCall();
-    } else if (event.status == 0 && !isAboutControl) {
+    else if (event.status == 0 && !isAboutControl)
         m_reports->take(std::move(event));
-    }
+}
+
+void StreamChannel::linkAnswered(Wire::FrameEvent &&answer)
+{
+    m_exchanges.complete(std::move(answer), m_options.maxPacketCount);
+}
+
+/// On its own thread the loop handles the frames without a call.
+void StreamChannel::linkHasFrames()
+{
+    if (m_loop->isCurrentThread() || m_isHandlingPosted.exchange(true))
+        return;
+    m_loop->post([self = shared_from_this()] {
+        self->m_isHandlingPosted = false;
+        if (self->m_link)
+            self->m_link->handleFrames();
+    });
 }
 
 void StreamChannel::linkReceiving(const Wire::WireHead &head)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerreader_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
@@ -23,8 +24,9 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
 /// | the public functions                      | any                                        |
-/// | m_link, its events, m_invalidFrames       | that of the loop                           |
-/// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_link, its events, m_invalidFrames       | that of the loop, except that sendUnsent() |
+/// |                                           | uses m_link on any, and the events say so  |
+/// | m_control, m_reports, m_exchanges, m_reader | as each says                             |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -84,14 +86,18 @@ private:
     void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) override;
     void linkWritable() override { sendUnsent(); }
     void linkReceived(Wire::FrameEvent &&event) override;
+    void linkAnswered(Wire::FrameEvent &&answer) override;
+    void linkHasFrames() override;
     void linkReceiving(const Wire::WireHead &head) override;
     void linkProgressed(Clock::TimePoint lastProgress) override;
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
-    void postSending();
     void sendUnsent();
+    void sendOver(ConnectedSocket &socket);
+    void sendOnLoop();
+    void postSending();
     bool hasStalled() const;
     void closeConnection(quint64 connection, const QString &reason);
     void releaseConnection();
@@ -106,8 +112,11 @@ private:
     std::unique_ptr<ChannelLink> m_link;
     InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
+    AnswerReader m_reader;
     ExchangeTable m_exchanges;
+    std::mutex m_sendMutex; // held while a thread sends, so that requests keep their order
     std::atomic<bool> m_isSendingPosted{false};
+    std::atomic<bool> m_isHandlingPosted{false};
     std::atomic<quint64> m_connections{0};
     /// When the unfinished incoming frame last made progress; the epoch if there is none.
     std::atomic<Clock::TimePoint> m_lastFrameProgress{Clock::TimePoint()};

@@ -4,19 +4,26 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace Tavoro::SSProxy::Internal {
 
+class ConnectedSocket;
+
 /// A stream of bytes to a peer, with one connection at a time. It is used, emits its events and is
-/// destroyed on the loop's thread.
+/// destroyed on the loop's thread, except for what socket() allows other threads.
 class ByteStream {
 public:
     class Events {
     public:
         virtual void streamOpened(const std::string &peerAddress) = 0;
+        /// Called on the thread that receives, see socket(); one thread at a time. No callback to
+        /// the application may be made from here.
         virtual void streamReceived(std::string_view bytes) = 0;
+        /// The loop's thread has received bytes and holds no lock any more.
+        virtual void streamBatchEnded() = 0;
         /// The system has taken all bytes that were written.
         virtual void streamDrained() = 0;
         /// The connection was lost, or the attempt has failed.
@@ -38,6 +45,9 @@ public:
     virtual bool setPeer(const QString &host, quint16 port) = 0;
     /// Returns how many written bytes the system has not taken yet.
     virtual qint64 unsentBytes() const = 0;
+    /// Returns the socket of the open connection, by which other threads send and receive. Null if
+    /// only the loop's thread can do so.
+    virtual std::shared_ptr<ConnectedSocket> socket() const { return nullptr; }
 };
 
 } // namespace Tavoro::SSProxy::Internal

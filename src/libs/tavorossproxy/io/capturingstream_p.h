@@ -21,6 +21,7 @@ public:
 private:
     void streamOpened(const std::string &peerAddress) override;
     void streamReceived(std::string_view bytes) override;
+    void streamBatchEnded() override { m_events->streamBatchEnded(); }
     void streamDrained() override { m_events->streamDrained(); }
     void streamClosed(const QString &reason) override;
     void noteEnd(Wire::CaptureEvent event, std::string_view reason = {});

@@ -12,7 +12,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                  | thread       |
 /// |-----------------------------------------|--------------|
 /// | clock, isCurrentThread, post            | any          |
-/// | announceCall, postAt, attach, detach    | the loop's   |
+/// | postAt, attach, detach                  | the loop's   |
 /// | connections                             | the loop's   |
 class EventLoop {
 public:
@@ -33,9 +33,6 @@ public:
     /// Runs \a call on the thread, in the order of the calls. Returns false if the thread has
     /// ended.
     virtual bool post(std::function<void()> call) = 0;
-
-    /// Announces that a caller has received its answer and may post its next request soon.
-    virtual void announceCall() { }
     /// Runs \a call at \a time.
     virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
     /// Keeps \a client alive until it is detached, and calls its loopEnding() if the thread ends

@@ -6,15 +6,11 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
-#include <thread>
 #include <utility>
 
 namespace Tavoro::SSProxy::Internal {
 
 namespace {
-
-/// How long the thread spins for an expected call.
-constexpr std::chrono::microseconds spinTime(50);
 
 struct RunningThread {
     std::mutex mutex;
@@ -71,38 +67,14 @@ bool EventLoopThread::post(std::function<void()> call)
     bool mustWake = false;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        mustWake = m_calls.isEmpty() && !m_spinWait.isActive;
+        mustWake = m_calls.isEmpty();
         if (!m_calls.add(std::move(call)))
             return false;
-        m_spinWait.isWorthwhile = m_clock.now() - m_spinWait.since < spinTime;
     }
     // Invoked by name: all data is passed under the mutex.
     if (mustWake)
         QMetaObject::invokeMethod(this, "runCalls", Qt::QueuedConnection);
     return true;
-}
-
-void EventLoopThread::announceCall()
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_spinWait.since = m_clock.now();
-    if (m_spinWait.isWorthwhile && !std::exchange(m_spinWait.isActive, true))
-        QMetaObject::invokeMethod(this, "spin", Qt::QueuedConnection);
-}
-
-void EventLoopThread::spin()
-{
-    const auto end = m_clock.now() + spinTime;
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (m_calls.isEmpty() && m_clock.now() < end) {
-        lock.unlock();
-        std::this_thread::yield();
-        lock.lock();
-    }
-    m_spinWait.isActive = false;
-    m_spinWait.isWorthwhile = !m_calls.isEmpty();
-    lock.unlock();
-    runCalls();
 }
 
 void EventLoopThread::postAt(Clock::TimePoint time, std::function<void()> call)

@@ -1,26 +1,31 @@
 #include "tcpstream_p.h"
 
 #include "addresstext_p.h"
+#include "connectedsocket_p.h"
 
 #include <QNetworkProxy>
 #include <QTcpSocket>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <utility>
 
 namespace Tavoro::SSProxy::Internal {
 
 namespace {
 
-/// Longer than the packets of common devices, so that one read returns a packet with its head.
-constexpr std::size_t receivedAtOnce = 128u << 10;
-
-/// Most reads in a row before other sockets are served. The socket emits readyRead() again if more
-/// is left.
+/// Most reads in a row before other sockets are served. The poll reports what is left.
 constexpr int maxRounds = 32;
+
+/// Without an error, or if a packet has shown that the peer does not know the connection any more.
+bool isClosedByPeer(int error)
+{
+    return error == 0 || error == ECONNRESET || error == EPIPE;
+}
 
 } // namespace
 
-TcpStream::TcpStream(const QString &host, quint16 port)
-    : m_host(host), m_port(port), m_received(receivedAtOnce)
-{ }
+TcpStream::TcpStream(const QString &host, quint16 port) : m_host(host), m_port(port) { }
 
 TcpStream::~TcpStream()
 {
@@ -31,39 +36,31 @@ void TcpStream::open(Events &events)
 {
     close();
     m_events = &events;
-    if (!m_callContext)
-        m_callContext = std::make_unique<QObject>();
-    m_socket = std::make_unique<QTcpSocket>();
-    m_hasFailed = false;
-    m_socket->setProxy(QNetworkProxy::NoProxy); // devices are on the local network
-    connectSignals(events);
-    // Unbuffered: frames are long and complete, so a buffer would only copy them once more.
-    m_socket->connectToHost(m_host, m_port, QIODevice::ReadWrite | QIODevice::Unbuffered);
+    m_attempt = std::make_unique<QTcpSocket>();
+    QTcpSocket *const attempt = m_attempt.get();
+    attempt->setProxy(QNetworkProxy::NoProxy); // devices are on the local network
+    QObject::connect(attempt, &QTcpSocket::connected, attempt, [this] { takeOver(); });
+    QObject::connect(attempt, &QTcpSocket::errorOccurred, attempt,
+                     [this, attempt] { fail(attempt->errorString()); });
+    attempt->connectToHost(m_host, m_port);
 }
 
-/// May be called from a signal of the socket, so the socket itself is deleted later.
+/// May be called from a signal of the attempt, so its socket itself is deleted later.
 void TcpStream::close()
 {
-    if (!m_socket)
-        return;
-    m_socket->disconnect();
-    m_socket->abort();
-    m_socket.release()->deleteLater();
+    if (m_attempt) {
+        m_attempt->disconnect();
+        m_attempt->abort();
+        m_attempt.release()->deleteLater();
+    }
+    if (const auto socket = std::exchange(m_socket, nullptr))
+        socket->end();
 }
 
-/// If an unbuffered socket finds while it sends that the connection is lost, it emits no signal,
-/// stops reading, and logs a warning for each further write. So the failure is handled here.
-/// streamClosed() is called later, not within the caller's call.
 void TcpStream::write(const QByteArray &bytes)
 {
-    if (!m_socket || m_hasFailed || m_socket->write(bytes) >= 0)
-        return;
-    m_hasFailed = true;
-    const auto failLater = [this, socket = m_socket.get()] {
-        if (m_socket.get() == socket)
-            fail(*m_events);
-    };
-    QMetaObject::invokeMethod(m_callContext.get(), failLater, Qt::QueuedConnection);
+    if (m_socket)
+        m_socket->send(bytes);
 }
 
 bool TcpStream::setPeer(const QString &host, quint16 port)
@@ -77,53 +74,55 @@ bool TcpStream::setPeer(const QString &host, quint16 port)
 
 qint64 TcpStream::unsentBytes() const
 {
-    return m_socket ? m_socket->bytesToWrite() : 0;
+    return m_socket ? m_socket->unsentBytes() : 0;
 }
 
-void TcpStream::connectSignals(Events &events)
+/// Qt's socket closes its own descriptor and leaves the connection to the duplicate.
+void TcpStream::takeOver()
 {
-    QTcpSocket *socket = m_socket.get();
-    QObject::connect(socket, &QTcpSocket::connected, socket, [this, &events] {
-        m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        events.streamOpened(peerAddress());
-    });
-    QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, &events] { receive(events); });
-    QObject::connect(socket, &QTcpSocket::bytesWritten, socket, [this, &events] {
-        if (m_socket->bytesToWrite() == 0)
-            events.streamDrained();
-    });
-    QObject::connect(socket, &QTcpSocket::errorOccurred, socket, [this, &events] { fail(events); });
-    QObject::connect(socket, &QTcpSocket::disconnected, socket, [this, &events] { fail(events); });
+    m_attempt->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    const std::string address = addressText(m_attempt->peerAddress()).toStdString();
+    const int descriptor =
+        ::fcntl(static_cast<int>(m_attempt->socketDescriptor()), F_DUPFD_CLOEXEC, 0);
+    if (descriptor < 0)
+        return fail(qt_error_string(errno));
+    close();
+    SocketPoll::Watcher &watcher = *this;
+    m_socket = std::make_shared<ConnectedSocket>(descriptor, watcher, *m_events);
+    m_events->streamOpened(address);
 }
 
-void TcpStream::receive(Events &events)
+void TcpStream::socketReady()
 {
-    const QTcpSocket *const socket = m_socket.get();
-    const auto isOpen = [this, socket] {
-        return m_socket && m_socket.get() == socket && !m_hasFailed;
-    };
-    for (int round = 0; round < maxRounds && isOpen(); ++round) {
-        const auto room = static_cast<qint64>(m_received.size());
-        const qint64 count = m_socket->read(m_received.data(), room);
-        if (count < 0)
-            return fail(events); // the socket emits no signal for this
-        if (count > 0)
-            events.streamReceived({m_received.data(), static_cast<std::size_t>(count)});
-        if (count < room)
-            return; // nothing more has arrived yet
+    const auto socket = m_socket;
+    if (socket->sendWaiting())
+        m_events->streamDrained();
+    if (m_socket == socket)
+        receive();
+}
+
+void TcpStream::receive()
+{
+    const auto socket = m_socket;
+    for (int round = 0; round < maxRounds && m_socket == socket; ++round) {
+        switch (socket->receive()) {
+        case ConnectedSocket::Received::Bytes:
+            m_events->streamBatchEnded();
+            break;
+        case ConnectedSocket::Received::Nothing:
+            return;
+        case ConnectedSocket::Received::End:
+            return fail(isClosedByPeer(socket->error())
+                            ? tr("The remote host closed the connection")
+                            : qt_error_string(socket->error()));
+        }
     }
 }
 
-void TcpStream::fail(Events &events)
+void TcpStream::fail(const QString &reason)
 {
-    const QString reason = m_socket->errorString();
     close();
-    events.streamClosed(reason);
-}
-
-std::string TcpStream::peerAddress() const
-{
-    return addressText(m_socket->peerAddress()).toStdString();
+    m_events->streamClosed(reason);
 }
 
 } // namespace Tavoro::SSProxy::Internal

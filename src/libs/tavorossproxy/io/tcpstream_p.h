@@ -1,20 +1,26 @@
 #pragma once
 
 #include "bytestream_p.h"
+#include "socketpoll_p.h"
 
-#include <QObject>
+#include <QCoreApplication>
 #include <QString>
 #include <QtGlobal>
 
 #include <memory>
-#include <vector>
+#include <string>
 
+QT_BEGIN_NAMESPACE
 class QTcpSocket;
+QT_END_NAMESPACE
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A stream over TCP. Uses a new socket for each connection.
-class TcpStream final : public ByteStream {
+/// A stream over TCP. Qt connects; the connected socket is then read and written without Qt, so
+/// that callers can do so on their own threads.
+class TcpStream final : public ByteStream, private SocketPoll::Watcher {
+    Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::TcpStream)
+
 public:
     TcpStream(const QString &host, quint16 port);
     ~TcpStream() override;
@@ -24,22 +30,19 @@ public:
     void write(const QByteArray &bytes) override;
     bool setPeer(const QString &host, quint16 port) override;
     qint64 unsentBytes() const override;
+    std::shared_ptr<ConnectedSocket> socket() const override { return m_socket; }
 
 private:
-    void connectSignals(Events &events);
-    void receive(Events &events);
-    void fail(Events &events);
-    std::string peerAddress() const;
+    void socketReady() override;
+    void takeOver();
+    void receive();
+    void fail(const QString &reason);
 
     QString m_host;
     quint16 m_port;
     Events *m_events = nullptr; ///< Receiver of the last connection's events; outlives it.
-    std::unique_ptr<QTcpSocket> m_socket; ///< Null without a connection and an attempt.
-    bool m_hasFailed = false; ///< A write has failed; streamClosed() follows.
-    /// Context of delayed calls, which must not run after the stream was destroyed. The socket
-    /// cannot be the context: a closed one may live longer.
-    std::unique_ptr<QObject> m_callContext;
-    std::vector<char> m_received; ///< Receive buffer, reused so that it stays in the cache.
+    std::unique_ptr<QTcpSocket> m_attempt; ///< Null unless the stream is connecting.
+    std::shared_ptr<ConnectedSocket> m_socket; ///< Null without a connection.
 };
 
 } // namespace Tavoro::SSProxy::Internal

@@ -20,6 +20,7 @@ namespace {
 struct ReceivedEvents final : ByteStream::Events {
     void streamOpened(const std::string &) override { ++opened; }
     void streamReceived(std::string_view bytes) override { received += bytes; }
+    void streamBatchEnded() override { }
     void streamDrained() override { }
     void streamClosed(const QString &reason) override
     {
