@@ -12,15 +12,17 @@
 //
 // latencybenchmark [--case NAME] [--samples N] [--mebibytes N] [--json]
 //
-// Rounds of writes and of bare exchanges alternate. Each line is the duration that 50, 99 or 99.9 %
-// of the exchanges do not exceed, beside that of its peer and the goal for the ratio. --case limits
-// the run to one case, besides "alone".
+// The benchmark runs on one processor, the devices and the bare peer on another. Rounds of writes
+// and of bare exchanges alternate. Each line is the duration that 50, 99 or 99.9 % of the exchanges
+// do not exceed, beside that of its peer and the goal for the ratio. --case limits the run to one
+// case, besides "alone".
 
 #include "barepeer.h"
 #include "loads.h"
 
 #include <support/bench.h>
 #include <support/deviceprocess.h>
+#include <support/onprocessor.h>
 #include <support/results.h>
 #include <support/samples.h>
 
@@ -38,6 +40,7 @@
 #include <functional>
 #include <memory>
 #include <thread>
+#include <utility>
 #include <vector>
 
 using namespace Tavoro;
@@ -49,6 +52,7 @@ using Bench::Samples;
 
 namespace {
 
+constexpr unsigned client = 0, devices = 1; ///< Processors.
 constexpr int headSize = 40;
 constexpr int mostMebibytes = 1024;
 constexpr std::size_t samplesPerRound = 500;
@@ -82,16 +86,22 @@ struct Wanted {
 /// installation.
 class Setup {
 public:
-    quint16 idlePort() const { return m_idleDevice.port(); }
-    quint16 controlPort() const { return m_device.controlPort(); }
+    quint16 idlePort() const { return m_idleDevice->port(); }
+    quint16 controlPort() const { return m_device->controlPort(); }
     std::weak_ptr<BizModel::Device> model() const { return m_route.model(); }
 
 private:
+    static std::unique_ptr<Bench::DeviceProcess> startDevice(const QStringList &arguments)
+    {
+        const Bench::OnProcessor processor(devices);
+        return std::make_unique<Bench::DeviceProcess>(QStringLiteral(TAVOROSIM), arguments);
+    }
+
     const QTemporaryDir m_folder;
-    const Bench::DeviceProcess m_device{QStringLiteral(TAVOROSIM),
-                                        {QStringLiteral("--files"), m_folder.path()}};
-    const Bench::DeviceProcess m_idleDevice{QStringLiteral(TAVOROSIM), {}};
-    const Bench::Route m_route{m_device.port()};
+    const std::unique_ptr<Bench::DeviceProcess> m_device =
+        startDevice({QStringLiteral("--files"), m_folder.path()});
+    const std::unique_ptr<Bench::DeviceProcess> m_idleDevice = startDevice({});
+    const Bench::Route m_route{m_device->port()};
 };
 
 struct Durations {
@@ -112,9 +122,7 @@ public:
         : m_wanted(wanted),
           m_setup(setup),
           m_screen(setup.model(), nullptr),
-          m_bare(
-              {QStringLiteral("bare"), QString::number(requestSize()), QString::number(headSize)},
-              requestSize(), headSize),
+          m_bare(startBarePeer()),
           m_printer(QStringLiteral("latency"), wanted.isJson)
     { }
 
@@ -132,6 +140,7 @@ public:
     }
 
 private:
+    static std::unique_ptr<BarePeer> startBarePeer();
     std::vector<Case> cases();
     Durations measure(const Case &one);
     void writeBar();
@@ -146,10 +155,18 @@ private:
     const Wanted m_wanted;
     const Setup &m_setup;
     Control::Screen m_screen;
-    BarePeer m_bare;
+    const std::unique_ptr<BarePeer> m_bare;
     const Bench::ResultPrinter m_printer;
     int m_percent = 10;
 };
+
+std::unique_ptr<BarePeer> Benchmark::startBarePeer()
+{
+    const Bench::OnProcessor processor(devices);
+    const QStringList arguments{QStringLiteral("bare"), QString::number(requestSize()),
+                                QString::number(headSize)};
+    return std::make_unique<BarePeer>(arguments, requestSize(), headSize);
+}
 
 std::vector<Case> Benchmark::cases()
 {
@@ -203,13 +220,13 @@ Durations Benchmark::measure(const Case &one)
 {
     const std::unique_ptr<Load> load = one.begin ? one.begin() : nullptr;
     for (int warmUp = 0; warmUp < 200; ++warmUp) {
-        m_bare.exchange();
+        m_bare->exchange();
         writeBar();
     }
     Durations durations;
     while (durations.writes.count() < m_wanted.samples) {
         for (std::size_t i = 0; i < samplesPerRound; ++i)
-            durations.bare.add([this] { m_bare.exchange(); });
+            durations.bare.add([this] { m_bare->exchange(); });
         for (std::size_t i = 0; i < samplesPerRound; ++i)
             durations.writes.add([this] { writeBar(); });
     }
@@ -241,10 +258,21 @@ void Benchmark::printBesideBare(const QString &name, const Durations &durations,
     print(name, durations.writes, QStringLiteral("bare sockets"), durations.bare, goals);
 }
 
+/// The machine may be faster or slower than it was when the writes were alone. The bare sockets,
+/// which idle channels do not concern, show by how much.
 void Benchmark::printBesideAlone(const QString &name, const Durations &durations,
                                  const Durations &alone) const
 {
-    print(name, durations.writes, QStringLiteral("alone"), alone.writes, {{1.3}, {1.3}, {}});
+    printBesideBare(name, durations, {{}, {}, {}});
+    for (const auto &[statistic, share] : {std::pair{"p50", 0.5}, std::pair{"p99", 0.99}}) {
+        const double speed = durations.bare.percentile(share) / alone.bare.percentile(share);
+        m_printer.print({name + QLatin1Char(' ') + QLatin1String(statistic),
+                         durations.writes.percentile(share),
+                         QStringLiteral("us"),
+                         QStringLiteral("alone, to scale"),
+                         alone.writes.percentile(share) * speed,
+                         {1.3}});
+    }
 }
 
 /// The peer is the p99 without the load and the delay that a load may add.
@@ -290,6 +318,7 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*=false"));
     const Wanted wanted = wantedOf(application);
+    const Bench::OnProcessor processor(client);
     const Setup setup;
     BizModel::DeviceList::instance()->append(setup.model().lock());
     Control::AutoReportManager::instance(); // applies reports on this thread

@@ -1,6 +1,7 @@
 #include "loads.h"
 
 #include <support/bench.h>
+#include <support/onprocessor.h>
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/tcpdevicechannel.h>
@@ -74,6 +75,7 @@ int computeForever()
 BusyCores::BusyCores()
 {
     for (unsigned core = 0; core < std::thread::hardware_concurrency(); ++core) {
+        const Bench::OnProcessor processor(core);
         m_processes.push_back(std::make_unique<QProcess>());
         m_processes.back()->start(QCoreApplication::applicationFilePath(),
                                   {QStringLiteral("compute")});

@@ -64,6 +64,14 @@ void EchoDevice::takeConnection()
     });
 }
 
+/// A report, or nothing.
+QByteArray EchoDevice::report() const
+{
+    Wire::WireHead head;
+    head.kind = static_cast<quint8>(Wire::FrameKind::Report);
+    return reportsBeforeAnswers ? Wire::encodeFrame(head, "{}") : QByteArray();
+}
+
 QByteArray EchoDevice::answerTo(const Wire::FrameEvent &frame)
 {
     Wire::WireHead head = Wire::responseHead(frame.head);
@@ -73,7 +81,7 @@ QByteArray EchoDevice::answerTo(const Wire::FrameEvent &frame)
         return Wire::encodeFrame(head, identity);
     case Wire::FrameKind::Request:
         if (!frame.body.empty())
-            return Wire::encodeFrame(head, frame.body);
+            return report() + Wire::encodeFrame(head, frame.body);
         ++silentRequests;
         return {};
     default:

@@ -26,10 +26,12 @@ public:
     void endConnections();
 
     int silentRequests = 0; ///< Received requests without a body.
+    bool reportsBeforeAnswers = false; ///< Sends a report together with each answer, before it.
     bool dropsNextRequest = false; ///< Ends the connection at its first bytes.
 
 private:
     void takeConnection();
+    QByteArray report() const;
     QByteArray answerTo(const Tavoro::SSProxy::Wire::FrameEvent &frame);
 
     QTcpServer m_server;

@@ -220,6 +220,7 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead
             wait(lock, slot, deadline);
     }
     endReading(slot);
+    wakeNextReader();
     if (slot.state != State::Completed)
         return giveUp(request.lables);
     slot.state = State::Free;
@@ -249,14 +250,21 @@ void ExchangeTable::read(std::unique_lock<std::mutex> &lock, const Slot &slot,
     endReading(slot);
 }
 
-/// Lets another caller receive, or else the loop's thread. Call it with the mutex held.
+/// Lets the loop's thread receive, until another caller does. Call it with the mutex held.
 void ExchangeTable::endReading(const Slot &slot)
 {
     if (m_reading != &slot)
         return;
     m_reading = nullptr;
     m_reader->end();
-    if (!m_waiting.empty())
+}
+
+/// A caller that waits receives from now on. Each caller that leaves wakes another one, even if it
+/// has not received: it may have been woken for this, and have found its own answer. Call it with
+/// the mutex held.
+void ExchangeTable::wakeNextReader()
+{
+    if (!m_reading && !m_waiting.empty())
         m_waiting.front()->completed.notify_one();
 }
 

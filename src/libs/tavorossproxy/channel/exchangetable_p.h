@@ -124,6 +124,7 @@ private:
     bool beginReading(const Slot &slot);
     void read(std::unique_lock<std::mutex> &lock, const Slot &slot, Clock::TimePoint deadline);
     void endReading(const Slot &slot);
+    void wakeNextReader();
     void wait(std::unique_lock<std::mutex> &lock, Slot &slot, Clock::TimePoint deadline);
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);

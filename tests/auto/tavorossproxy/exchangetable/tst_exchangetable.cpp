@@ -63,6 +63,8 @@ private Q_SLOTS:
     void owedAnswerKeepsItsTag();
     void unsentRequestThatTimesOutFreesItsTag();
     void framesAreSentInOrder();
+    void recordsAreSentBeforeContentsThatWait();
+    void contentsWaitWhenTheyMayNotBeSent();
     void requestsAreNumberedInTheOrderOfSending();
     void numbersContinueOnTheNextConnection();
     void answerWithAnotherNumberIsStray();
@@ -81,6 +83,8 @@ private:
     {
         return m_table->begin(command, m_clock.now());
     }
+    /// Begins and submits a request.
+    void submit(quint8 type, const char *body);
     /// Begins, submits and sends a request. Returns its head as sent.
     Wire::WireHead sent(const DeviceRequestCommand &command);
     /// Makes a whole exchange and returns its tag.
@@ -192,6 +196,32 @@ void tst_ExchangeTable::framesAreSentInOrder()
     QCOMPARE(m_table->takeUnsent()->mid(headSize), QByteArray("two"));
     QCOMPARE(m_table->takeUnsent()->mid(headSize), QByteArray("three"));
     QVERIFY(!m_table->takeUnsent().has_value());
+}
+
+void tst_ExchangeTable::submit(quint8 type, const char *body)
+{
+    const auto head = begin(request(type)).head;
+    m_table->submit(head.lables, Wire::encodeFrame(head, body));
+}
+
+void tst_ExchangeTable::recordsAreSentBeforeContentsThatWait()
+{
+    submit(4, "content");
+    submit(4, "more content");
+    submit(2, "take");
+    submit(1, "read");
+    for (const char *body : {"take", "read", "content", "more content"})
+        QCOMPARE(m_table->takeUnsent()->mid(int(sizeof(Wire::WireHead))), QByteArray(body));
+}
+
+void tst_ExchangeTable::contentsWaitWhenTheyMayNotBeSent()
+{
+    submit(4, "content");
+    QVERIFY(!m_table->takeUnsent(false).has_value());
+    submit(2, "take");
+    QVERIFY(m_table->takeUnsent(false).has_value());
+    QVERIFY(!m_table->takeUnsent(false).has_value());
+    QVERIFY(m_table->takeUnsent(true).has_value());
 }
 
 void tst_ExchangeTable::requestsAreNumberedInTheOrderOfSending()
