@@ -9,7 +9,8 @@
 //   bareGather     as bareRead, but the packets are joined in a string of reserved size
 //   wholeRead      File::readBinary into a string
 //
-// transferbenchmark [--size MEBIBYTES] [--packet BYTES] [--rounds N] [--folder DIR] [--json]
+// transferbenchmark [--size MEBIBYTES] [--packet BYTES] [--rounds N] [--folder DIR]
+//                   [--only NAME] [--json]
 //
 // Each line is a workload: its best rate over the rounds in MiB per second, that of the sockets
 // that do the same with the bytes, the ratio and its goal. The device runs in the same process on
@@ -45,6 +46,7 @@ struct Wanted {
     int packetSize = 0;
     int rounds = 0;
     QString folder;
+    QString only; ///< One workload, for profiles; empty: all of them.
     bool isJson = false;
 };
 
@@ -67,11 +69,15 @@ Wanted wantedOf(const QStringList &arguments)
     add("packet", "BYTES", "65536");
     add("rounds", "N", "3");
     add("folder", "DIR", "");
+    add("only", "NAME", "");
     parser.addOption(QCommandLineOption(QStringLiteral("json")));
     parser.process(arguments);
     return {qint64{numberOf(parser, "size", 1, 1024)} << 20,
-            numberOf(parser, "packet", 1, 64 << 20), numberOf(parser, "rounds", 1, 100),
-            parser.value(QStringLiteral("folder")), parser.isSet(QStringLiteral("json"))};
+            numberOf(parser, "packet", 1, 64 << 20),
+            numberOf(parser, "rounds", 1, 100),
+            parser.value(QStringLiteral("folder")),
+            parser.value(QStringLiteral("only")),
+            parser.isSet(QStringLiteral("json"))};
 }
 
 Sim::SimOptions simOptions(const Wanted &wanted)
@@ -194,6 +200,15 @@ int main(int argc, char *argv[])
         content[at] = static_cast<char>(at); // All pieces differ.
 
     std::vector<Workload> all = workloads(file, content, wanted);
+    if (!wanted.only.isEmpty()) {
+        importFile(file, content);
+        for (Workload &workload : all) {
+            for (int round = 0;
+                 round < wanted.rounds && QLatin1String(workload.name) == wanted.only; ++round)
+                measure(workload);
+        }
+        return 0;
+    }
     for (int round = 0; round < wanted.rounds; ++round)
         std::for_each(all.begin(), all.end(), measure);
     print(all, wanted);
