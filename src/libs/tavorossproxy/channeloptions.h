@@ -14,7 +14,8 @@ constexpr quint16 defaultTcpPort = 6630;
 ///
 /// Values out of range count as the nearest valid value:
 /// - times are 1 ms to 24 h, except \c maxRequestTime, which is at least 1 ms;
-/// - \c minTransferRate, \c maxPacketCount, \c maxUnsentBytes and \c maxOwedAnswers are at least 1.
+/// - \c minTransferRate, \c maxPacketCount, \c maxUnsentBytes and \c maxTimedOutRequests are at
+/// least 1.
 struct ChannelOptions {
     /// The unit of all times.
     using Milliseconds = std::chrono::milliseconds;
@@ -74,7 +75,7 @@ struct ChannelOptions {
     /// Answers to timed-out requests that may be outstanding, at most 255 (the number of tags). A
     /// request that timed out keeps its tag, so that its late answer cannot reach another request.
     /// When this number is reached, the channel reconnects, which frees the tags.
-    int maxOwedAnswers = 128;
+    int maxTimedOutRequests = 128;
 };
 
 } // namespace Tavoro::SSProxy

@@ -69,8 +69,8 @@ public:
     ///
     /// Tags are reused: ask before 254 further requests were sent, calls of this function included.
     /// Each other request that is in flight, or that timed out and was not answered, lowers that
-    /// number by one. With one caller and the default of ChannelOptions::maxOwedAnswers a tag is
-    /// not reused for at least 127 requests.
+    /// number by one. With one caller and the default of ChannelOptions::maxTimedOutRequests a tag
+    /// is not reused for at least 127 requests.
     ///
     /// The packets of a split write have tags of their own, which the caller does not get: the head
     /// of its request holds the tag 0, for which the outcome is \c Unknown.

@@ -147,7 +147,7 @@ void Reader::endConnection(int channel)
     for (auto &[event, direction] : m_channels[channel]) {
         if (!direction.parser.isWithinFrame())
             continue;
-        direction.begun.kind = CapturedKind::Part;
+        direction.begun.kind = CapturedKind::Incomplete;
         direction.begun.frame = {};
         direction.begun.frame.head = direction.parser.unfinishedHead().value_or(WireHead());
         m_items.push_back(std::move(direction.begun));

@@ -42,7 +42,7 @@ std::string encodeCaptureLine(int channel, qint64 microseconds, CaptureEvent eve
 enum class CapturedKind {
     Opened, ///< The connection is established.
     Frame, ///< A complete frame, valid or not.
-    Part, ///< The beginning of a frame whose rest never arrived.
+    Incomplete, ///< The beginning of a frame whose rest never arrived.
     Closed, ///< The client has closed the connection.
     Lost ///< The connection has ended otherwise.
 };

@@ -41,9 +41,9 @@ public:
         virtual void linkIdentifying(const QString &reason) = 0;
         /// The device has identified itself, and requests may be sent.
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
-        /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
-        /// was being received, or 0.
-        virtual void linkLost(quint16 status, const QString &reason, quint32 brokenOff) = 0;
+        /// The connection or the attempt has failed. \a interruptedAnswer is the number of the
+        /// answer that was being received, or 0.
+        virtual void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) = 0;
         /// The system has taken all written bytes.
         virtual void linkWritable() = 0;
         /// A response or a report was received, or an invalid frame.
@@ -101,7 +101,7 @@ private:
     void streamClosed(const QString &reason) override;
 
     void connect();
-    bool hasProvedGood() const;
+    bool isStable() const;
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
     void write(const QByteArray &frame);

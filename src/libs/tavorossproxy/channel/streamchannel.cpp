@@ -1,8 +1,8 @@
 #include "streamchannel_p.h"
 
+#include "clampedoptions_p.h"
 #include "commands_p.h"
 #include "outcomequery_p.h"
-#include "usableoptions_p.h"
 #include <tavorossproxy/logging_p.h>
 
 #include <tavorowire/checksums.h>
@@ -35,8 +35,8 @@ StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
 StreamChannel::StreamChannel(const QString &peerName, std::shared_ptr<EventLoop> loop,
                              const ChannelOptions &options)
     : m_loop(std::move(loop)),
-      m_options(usableOptions(options)),
-      m_refusedFrames(*m_loop, [this] { return this->peerName(); }),
+      m_options(clampedOptions(options)),
+      m_invalidFrames(*m_loop, [this] { return this->peerName(); }),
       m_exchanges(m_loop->clock()),
       m_peerName(peerName),
       m_reason(tr("no connection yet"))
@@ -147,7 +147,7 @@ ChannelStatistics StreamChannel::statistics() const
     statistics.strayAnswers = counts.strayAnswers;
     statistics.reports = m_reports->delivered();
     statistics.droppedReports = m_reports->dropped();
-    statistics.protocolErrors = m_refusedFrames.count();
+    statistics.protocolErrors = m_invalidFrames.count();
     return statistics;
 }
 
@@ -187,7 +187,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     auto response = m_exchanges.await(ticket.head, deadline);
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
-    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
+    if (m_exchanges.timedOutRequests() >= m_options.maxTimedOutRequests)
         closeConnection(connection, tr("it owes too many answers"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
              && hasStalled())
@@ -212,7 +212,7 @@ void StreamChannel::sendUnsent()
         if (!frame)
             return;
         m_link->send(*frame);
-        m_exchanges.giveBack(std::move(*frame));
+        m_exchanges.recycle(std::move(*frame));
     }
 }
 
@@ -233,7 +233,7 @@ void StreamChannel::closeConnection(quint64 connection, const QString &reason)
             return;
         m_state = State::Waiting;
         m_reason = reason;
-        m_exchanges.shut(Disconnected, Disconnected);
+        m_exchanges.close(Disconnected, Disconnected);
     }
     m_loop->post([self = shared_from_this(), connection, reason] {
         if (self->m_link && self->m_connections == connection)
@@ -250,7 +250,7 @@ void StreamChannel::stopAccepting(quint16 refusal, const QString &reason)
             return;
         m_state = State::Stopped;
         m_reason = reason;
-        m_exchanges.shut(refusal, refusal);
+        m_exchanges.close(refusal, refusal);
     }
     m_stateChanged.notify_all();
 }
@@ -269,7 +269,7 @@ void StreamChannel::endLink()
     m_link->stop();
     m_link.reset();
     m_reports->stop();
-    m_refusedFrames.stop();
+    m_invalidFrames.stop();
     m_control->stop();
 }
 
@@ -292,7 +292,7 @@ void StreamChannel::linkConnecting()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_state != State::Stopped)
-        m_exchanges.shut(Connecting, Disconnected);
+        m_exchanges.close(Connecting, Disconnected);
 }
 
 void StreamChannel::linkIdentifying(const QString &reason)
@@ -320,7 +320,7 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
     m_control->begin(isMaster);
 }
 
-void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brokenOff)
+void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer)
 {
     releaseConnection();
     {
@@ -328,8 +328,8 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brok
         if (m_state == State::Stopped)
             return;
         // After a loss the refusal is always Disconnected; after a failed attempt it is the cause.
-        m_exchanges.shut(m_state == State::Ready ? quint16(Disconnected) : status, status,
-                         brokenOff);
+        m_exchanges.close(m_state == State::Ready ? quint16(Disconnected) : status, status,
+                          interruptedAnswer);
         m_state = State::Waiting;
         m_reason = reason;
         m_lastFrameProgress = Clock::TimePoint();
@@ -340,7 +340,7 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brok
 void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 {
     if (event.status != 0)
-        m_refusedFrames.add(event.status);
+        m_invalidFrames.add(event.status);
     if (event.fatal)
         return;
     const bool isAboutControl =
@@ -349,8 +349,8 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
         m_control->take(event);
     // A frame of a kind that devices do not send is probably meant as an answer.
     if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
-        m_exchanges.settle(std::move(event), m_options.maxPacketCount);
-        m_loop->expectCall();
+        m_exchanges.complete(std::move(event), m_options.maxPacketCount);
+        m_loop->announceCall();
     } else if (event.status == 0 && !isAboutControl) {
         m_reports->take(std::move(event));
     }
@@ -359,7 +359,7 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 void StreamChannel::linkReceiving(const Wire::WireHead &head)
 {
     if (head.kind == quint8(Wire::FrameKind::Response))
-        m_exchanges.noteBegun(head);
+        m_exchanges.answerStarted(head);
 }
 
 void StreamChannel::linkProgressed(Clock::TimePoint lastProgress)

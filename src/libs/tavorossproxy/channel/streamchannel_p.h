@@ -4,7 +4,7 @@
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
 #include "expecteddevice_p.h"
-#include "refusedframes_p.h"
+#include "invalidframes_p.h"
 #include "reportdelivery_p.h"
 #include <tavorossproxy/io/eventloop_p.h>
 
@@ -23,14 +23,14 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
 /// | the public functions                      | any                                        |
-/// | m_link, its events, m_refusedFrames       | that of the loop                           |
+/// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
                             public ExpectedDevice,
                             public std::enable_shared_from_this<StreamChannel>,
-                            public EventLoop::User,
+                            public EventLoop::Client,
                             public ChannelLink::Events {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::StreamChannel)
 
@@ -81,7 +81,7 @@ private:
     void linkConnecting() override;
     void linkIdentifying(const QString &reason) override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
-    void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
+    void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) override;
     void linkWritable() override { sendUnsent(); }
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;
@@ -104,7 +104,7 @@ private:
     std::unique_ptr<DeviceControl> m_control; ///< Set before the channel is used.
     std::unique_ptr<ReportDelivery> m_reports; ///< Set before the channel is used.
     std::unique_ptr<ChannelLink> m_link;
-    RefusedFrames m_refusedFrames;
+    InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};

@@ -76,7 +76,7 @@ QString eventText(const CapturedItem &item)
         return QStringLiteral("connected to %1").arg(QString::fromStdString(item.text));
     case CapturedKind::Frame:
         return frameText(item) + (item.frame.status == 0 ? bodyText(item.frame.body) : QString());
-    case CapturedKind::Part:
+    case CapturedKind::Incomplete:
         return partText(item);
     case CapturedKind::Closed:
         return QStringLiteral("closed");
@@ -88,7 +88,7 @@ QString eventText(const CapturedItem &item)
 
 char directionOf(const CapturedItem &item)
 {
-    if (item.kind != CapturedKind::Frame && item.kind != CapturedKind::Part)
+    if (item.kind != CapturedKind::Frame && item.kind != CapturedKind::Incomplete)
         return '|';
     return item.isFromClient ? '>' : '<';
 }

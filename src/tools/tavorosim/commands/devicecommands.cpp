@@ -14,7 +14,7 @@ using namespace ProtoModel::Device;
 namespace {
 
 constexpr std::size_t longestName = 128; ///< Bytes of the name of the device.
-constexpr std::size_t mostGroups = 64;
+constexpr std::size_t maxGroups = 64;
 
 template <class List, class Predicate>
 auto *findIf(List &list, Predicate predicate)
@@ -191,7 +191,7 @@ DeviceStatus writeGroups(SimState &state, const Request &request, Reports &repor
     const bool allNamed =
         std::all_of(record.groupInfos.begin(), record.groupInfos.end(),
                     [](const s_DeviceGroupInfoBody &group) { return !group.groupId.empty(); });
-    if (!allNamed || record.groupInfos.size() > mostGroups)
+    if (!allNamed || record.groupInfos.size() > maxGroups)
         return DeviceStatus::ValueOutOfRange;
     state.device.groupInfos = record.groupInfos;
     reports.push_back(reportGroups(state));

@@ -13,7 +13,7 @@ using namespace ProtoModel::File;
 namespace {
 
 constexpr std::size_t longestName = 255; ///< Bytes of the name of a file.
-constexpr std::size_t mostUploads = 16; ///< Simultaneous uploads on one connection.
+constexpr std::size_t maxUploads = 16; ///< Simultaneous uploads on one connection.
 
 /// The type of a transfer in a progress report.
 enum TransferType : qint32 {
@@ -105,7 +105,7 @@ DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
     const auto length = static_cast<qint64>(request.body.size());
     if (upload.content.length() + length > limit)
         return announced.size.length != 0 ? DeviceStatus::WrongContent : DeviceStatus::BodyTooLong;
-    if (bytesIn(*request.uploads) + length > state.files.mostUnfinished()
+    if (bytesIn(*request.uploads) + length > state.files.maxUnfinished()
         || !upload.content.append(request.body))
         return DeviceStatus::StorageFailed;
     if (++upload.next < upload.totalCount)
@@ -117,8 +117,8 @@ DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
 
 bool isFileIdentity(const s_FileIdentity &id)
 {
-    return id.fileType >= 0 && id.fileType <= mostFileNumber && id.fileId >= 0
-        && id.fileId <= mostFileNumber;
+    return id.fileType >= 0 && id.fileType <= maxFileNumber && id.fileId >= 0
+        && id.fileId <= maxFileNumber;
 }
 
 bool isFileName(const s_FileGeneral &general)
@@ -191,7 +191,7 @@ DeviceStatus writeFileContent(SimState &state, const Request &request, Reports &
     const s_FileInfo *const announced = valueOf(state.announced, key);
     if (!announced)
         return DeviceStatus::NoSuchObject;
-    if (request.uploads->size() >= mostUploads && request.uploads->count(key) == 0)
+    if (request.uploads->size() >= maxUploads && request.uploads->count(key) == 0)
         return DeviceStatus::Busy;
     Upload *const upload = findUpload(state, request);
     const DeviceStatus status =

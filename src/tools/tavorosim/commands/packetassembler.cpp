@@ -78,7 +78,7 @@ PacketAssembler::Packet PacketAssembler::answerFirst(const WireHead &head, std::
         forgetStream(m_writes, head);
     if (!isOfType(head, CommandType::Write) || head.totalCount <= 1)
         return answerWhole(head, std::move(body));
-    if (m_writes.size() >= mostStreams || bytesIn(m_writes) + body.size() > mostCollected)
+    if (m_writes.size() >= maxStreams || bytesIn(m_writes) + body.size() > maxCollected)
         return emptyAnswer(head, DeviceStatus::Busy);
     m_writes.push_back(Stream{head, 1, head.totalCount, std::move(body), nullptr});
     return emptyAnswer(head, DeviceStatus::Success);
@@ -138,8 +138,7 @@ PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::
 void PacketAssembler::keepAnswer(Stream answer)
 {
     m_answers.push_back(std::move(answer));
-    while (m_answers.size() > mostStreams
-           || (m_answers.size() > 1 && bytesIn(m_answers) > mostKept))
+    while (m_answers.size() > maxStreams || (m_answers.size() > 1 && bytesIn(m_answers) > maxKept))
         m_answers.pop_front();
 }
 
@@ -168,9 +167,9 @@ DeviceStatus PacketAssembler::checkFurther(const WireHead &head, const Stream &w
     if (head.sendCount != write.next || head.totalCount != write.totalCount
         || !areOfOneExchange(head, write.first))
         return DeviceStatus::WrongPacket;
-    if (write.body.size() + length > mostCollected)
+    if (write.body.size() + length > maxCollected)
         return DeviceStatus::BodyTooLong;
-    return bytesIn(m_writes) + length > mostCollected ? DeviceStatus::Busy : DeviceStatus::Success;
+    return bytesIn(m_writes) + length > maxCollected ? DeviceStatus::Busy : DeviceStatus::Success;
 }
 
 PacketAssembler::Packet PacketAssembler::handOut(const WireHead &head)
@@ -210,7 +209,7 @@ void PacketAssembler::readAhead()
     const auto stream = findStream(m_answers, *m_handedOut);
     m_handedOut.reset();
     if (stream == m_answers.end() || !stream->content || stream->ahead
-        || bytesIn(m_answers) + m_packetSize > mostKept)
+        || bytesIn(m_answers) + m_packetSize > maxKept)
         return;
     std::string body = cut(*stream, std::size_t{stream->next} * m_packetSize);
     const quint32 checksum = SSProxy::Wire::crc32(body);

@@ -31,11 +31,11 @@ public:
         std::optional<quint32> checksum = {}; ///< Checksum of the body, if already known.
     };
 
-    static constexpr quint32 mostPackets = 65536; ///< A client takes no more of one answer.
-    static constexpr std::size_t mostStreams = 16; ///< Split writes, and answers.
+    static constexpr quint32 maxPackets = 65536; ///< A client takes no more of one answer.
+    static constexpr std::size_t maxStreams = 16; ///< Split writes, and answers.
     /// Bytes of all split writes together, and so the longest body of one.
-    static constexpr std::size_t mostCollected = std::size_t{64} << 20;
-    static constexpr std::size_t mostKept = std::size_t{64} << 20; ///< Bytes of all answers.
+    static constexpr std::size_t maxCollected = std::size_t{64} << 20;
+    static constexpr std::size_t maxKept = std::size_t{64} << 20; ///< Bytes of all answers.
 
     /// \a packetSize is the longest body of a packet in either direction.
     PacketAssembler(quint32 packetSize, CarryOut carryOut);

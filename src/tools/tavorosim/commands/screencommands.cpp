@@ -16,7 +16,7 @@ namespace {
 using Screens = std::map<ScreenKey, s_ScreenFullDetail>;
 
 constexpr qint32 endOfTBar = 100;
-constexpr qint32 mostScreenTypes = 4;
+constexpr qint32 maxScreenTypes = 4;
 
 /// Whether another screen than \a screen shows something on \a output.
 bool isTaken(const Screens &screens, const s_ScreenId &screen, const s_InterfaceID &output)
@@ -32,7 +32,7 @@ bool isTaken(const Screens &screens, const s_ScreenId &screen, const s_Interface
 
 DeviceStatus checkShape(const s_Enable &wanted)
 {
-    const bool isValid = wanted.screenType >= 1 && wanted.screenType <= mostScreenTypes
+    const bool isValid = wanted.screenType >= 1 && wanted.screenType <= maxScreenTypes
         && isMosaic(wanted.mosaic) && isPhysicalSize(wanted.physicalSize);
     return isValid ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }

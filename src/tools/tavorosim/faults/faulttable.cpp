@@ -153,7 +153,7 @@ void swapPackets(const FaultedRequest &request, Delivery &delivery)
     delivery.bytes = frameOf(request.makeAnswer(head));
     auto &heldBack = request.past.heldBack;
     heldBack.push_back(std::move(due));
-    if (heldBack.size() > PacketAssembler::mostStreams) // the oldest will not be requested
+    if (heldBack.size() > PacketAssembler::maxStreams) // the oldest will not be requested
         heldBack.pop_front();
 }
 
@@ -201,7 +201,7 @@ void flood(const FaultedRequest &request, Delivery &delivery)
 }
 
 constexpr quint32 tenMinutes = 600000;
-constexpr quint32 mostReports = 100000; ///< They fit into the buffer of SimClient::mostUnread.
+constexpr quint32 maxReports = 100000; ///< They fit into the buffer of SimClient::maxUnread.
 constexpr quint32 aboveEveryLimit = 0x10000000;
 
 // The device carries a request out unless the help says otherwise.
@@ -236,7 +236,7 @@ constexpr FaultRow faultRows[] = {
     {"garble",              "BYTES",  1,    any,         1,               "replaces bytes of the body by #, in a valid frame",           garbleBody},
     {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault clear\"", stopReading},
     {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
-    {"flood",               "NUMBER", 1,    mostReports, 0,               "sends reports before the answer, up to 100000",               flood},
+    {"flood",               "NUMBER", 1,    maxReports, 0,               "sends reports before the answer, up to 100000",               flood},
 };
 // clang-format on
 

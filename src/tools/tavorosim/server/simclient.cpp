@@ -74,7 +74,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     // Bytes beyond the limit stay in the network's buffers, which slows the sender down.
-    socket->setReadBufferSize(mostReceived);
+    socket->setReadBufferSize(maxReceived);
     connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::bytesWritten, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::disconnected, this, &SimClient::disconnected);
@@ -103,7 +103,7 @@ bool SimClient::hasRoomForReport()
     const qint64 unread = m_socket->bytesToWrite();
     if (unread == 0)
         m_dropsReports = false;
-    if (unread <= mostUnread)
+    if (unread <= maxUnread)
         return true;
     if (!std::exchange(m_dropsReports, true))
         qCWarning(simLog, "%s does not read: reports are dropped", qUtf8Printable(m_peer));
@@ -118,14 +118,14 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     WireHead head = reportHead();
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
-    m_owedControl = SSProxy::Wire::encodeFrame(head, holder.toStdString());
+    m_pendingControlReport = SSProxy::Wire::encodeFrame(head, holder.toStdString());
     sendOwedControl();
 }
 
 void SimClient::sendOwedControl()
 {
-    if (!m_owedControl.isEmpty() && m_socket->bytesToWrite() <= mostUnread)
-        write(std::exchange(m_owedControl, {}));
+    if (!m_pendingControlReport.isEmpty() && m_socket->bytesToWrite() <= maxUnread)
+        write(std::exchange(m_pendingControlReport, {}));
 }
 
 bool SimClient::isSameClient(const ConnectionId &id) const
@@ -175,8 +175,7 @@ bool SimClient::mayRead() const
 
 bool SimClient::hasRoomForAnswer() const
 {
-    return m_socket->bytesToWrite() + m_delayedBytes <= mostUnread
-        && m_delayedAnswers < mostDelayed;
+    return m_socket->bytesToWrite() + m_delayedBytes <= maxUnread && m_delayedAnswers < maxDelayed;
 }
 
 bool SimClient::receive()

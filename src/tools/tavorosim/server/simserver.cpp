@@ -53,7 +53,7 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
     // Every stored content can be read back: clients accept a limited number of packets.
-    const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::mostPackets;
+    const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::maxPackets;
     m_state.files.setLongestContent(std::min(longest, m_state.files.longestContent()));
     m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
     m_elapsed.start();

@@ -57,8 +57,8 @@ public:
     void setLongestContent(qint64 bytes) { m_longestContent = bytes; }
     /// Bytes that the unfinished contents of one connection may have together: 1 GiB in memory, no
     /// limit in a folder.
-    qint64 mostUnfinished() const { return m_folder.isEmpty() ? m_mostUnfinished : noLimit; }
-    void setMostUnfinished(qint64 bytes) { m_mostUnfinished = bytes; }
+    qint64 maxUnfinished() const { return m_folder.isEmpty() ? m_maxUnfinished : noLimit; }
+    void setMaxUnfinished(qint64 bytes) { m_maxUnfinished = bytes; }
 
     const FileIndex &index() const { return m_index; }
     /// A new set of changes to the present files. Commit it before you make another one.
@@ -91,7 +91,7 @@ private:
     QString pathOf(const QString &name) const;
 
     static constexpr qint64 noLimit = std::numeric_limits<qint64>::max();
-    qint64 m_mostUnfinished = qint64{1} << 30;
+    qint64 m_maxUnfinished = qint64{1} << 30;
     qint64 m_longestContent = std::numeric_limits<qint32>::max();
     QString m_folder; ///< Empty: in memory.
     FileIndex m_index;

@@ -422,7 +422,7 @@ void tst_TavoroSimFiles::fileThatIsTooLongToReadIsNotCreated()
 void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
 {
     SimState state;
-    state.files.setMostUnfinished(10);
+    state.files.setMaxUnfinished(10);
     Uploads uploads;
     Reports reports;
     Request request = writeOf(Command::FileImport);

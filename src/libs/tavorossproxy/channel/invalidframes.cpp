@@ -1,4 +1,4 @@
-#include "refusedframes_p.h"
+#include "invalidframes_p.h"
 
 #include <tavorossproxy/logging_p.h>
 
@@ -13,12 +13,12 @@ constexpr std::chrono::seconds logInterval(1);
 
 } // namespace
 
-RefusedFrames::RefusedFrames(EventLoop &loop, std::function<QString()> peerName)
+InvalidFrames::InvalidFrames(EventLoop &loop, std::function<QString()> peerName)
     : m_peerName(std::move(peerName)),
       m_lines(loop, logInterval, [this](quint64 count) { logFurther(count); })
 { }
 
-void RefusedFrames::add(quint16 status)
+void InvalidFrames::add(quint16 status)
 {
     ++m_count;
     m_lastStatus = status;
@@ -26,7 +26,7 @@ void RefusedFrames::add(quint16 status)
         qCWarning(channelLog) << "Frame refused from" << m_peerName() << "status" << status;
 }
 
-void RefusedFrames::logFurther(quint64 count) const
+void InvalidFrames::logFurther(quint64 count) const
 {
     qCWarning(channelLog) << "Further frames refused from" << m_peerName() << "number" << count
                           << "last status" << m_lastStatus;

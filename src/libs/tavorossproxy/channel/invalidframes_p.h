@@ -11,10 +11,10 @@ namespace Tavoro::SSProxy::Internal {
 
 /// Counts and logs invalid frames that a device sends. On the loop's thread, except count(), which
 /// any thread may call.
-class RefusedFrames {
+class InvalidFrames {
 public:
     /// \a peerName returns the device's name for the log.
-    RefusedFrames(EventLoop &loop, std::function<QString()> peerName);
+    InvalidFrames(EventLoop &loop, std::function<QString()> peerName);
 
     /// A frame was refused with \a status.
     void add(quint16 status);

@@ -5,6 +5,6 @@
 namespace Tavoro::SSProxy::Internal {
 
 /// Returns \a options with values out of range replaced as ChannelOptions documents.
-ChannelOptions usableOptions(ChannelOptions options);
+ChannelOptions clampedOptions(ChannelOptions options);
 
 } // namespace Tavoro::SSProxy::Internal

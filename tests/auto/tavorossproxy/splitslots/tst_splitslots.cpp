@@ -16,7 +16,7 @@ namespace {
 
 constexpr quint8 readType = 1;
 constexpr quint8 writeType = 2;
-constexpr int places = 16;
+constexpr int slotCount = 16;
 
 using Request = std::shared_ptr<DeviceRequestCommand>;
 
@@ -83,19 +83,19 @@ private:
 
 } // namespace
 
-class tst_SplitPlaces : public ChannelTest {
+class tst_SplitSlots : public ChannelTest {
     Q_OBJECT
 
 private Q_SLOTS:
     void seventeenthCallerWaitsForTheLastPacketOfAnother_data();
     void seventeenthCallerWaitsForTheLastPacketOfAnother();
-    void refusalFreesAPlace_data();
-    void refusalFreesAPlace();
-    void timeoutFreesAPlace();
+    void refusalFreesASlot_data();
+    void refusalFreesASlot();
+    void timeoutFreesASlot();
     void waitEndsWithTheCallersTime();
     void waitEndsWithTheConnection();
-    void callersGetPlacesInTheirOrder();
-    void abandonedReadLosesItsPlaceAfterTenSeconds();
+    void callersGetSlotsInTheirOrder();
+    void abandonedReadLosesItsSlotAfterTenSeconds();
     void otherRequestsDoNotWait();
 
 private:
@@ -109,31 +109,31 @@ private:
     void refuse(const Wire::WireHead &head);
 };
 
-void tst_SplitPlaces::addTypes()
+void tst_SplitSlots::addTypes()
 {
     QTest::addColumn<quint8>("type");
     QTest::newRow("read") << readType;
     QTest::newRow("write") << writeType;
 }
 
-std::vector<Wire::WireHead> tst_SplitPlaces::fill(Callers &callers, quint8 type, int timeout)
+std::vector<Wire::WireHead> tst_SplitSlots::fill(Callers &callers, quint8 type, int timeout)
 {
     std::vector<Wire::WireHead> heads;
-    for (int i = 0; i < places; ++i) {
+    for (int i = 0; i < slotCount; ++i) {
         callers.add(type, static_cast<quint8>(i), timeout);
         heads.push_back(nextRequest());
     }
     return heads;
 }
 
-bool tst_SplitPlaces::areHeldBack(std::size_t count)
+bool tst_SplitSlots::areHeldBack(std::size_t count)
 {
     m_loop->awaitWaiting(count);
     m_loop->run();
     return m_peer->frames.empty();
 }
 
-void tst_SplitPlaces::answerFirst(const Wire::WireHead &head)
+void tst_SplitSlots::answerFirst(const Wire::WireHead &head)
 {
     auto response = Wire::responseHead(head);
     if (head.type == readType)
@@ -141,113 +141,113 @@ void tst_SplitPlaces::answerFirst(const Wire::WireHead &head)
     m_peer->send(response);
 }
 
-void tst_SplitPlaces::refuse(const Wire::WireHead &head)
+void tst_SplitSlots::refuse(const Wire::WireHead &head)
 {
     auto response = Wire::responseHead(head);
     response.status = 8;
     m_peer->send(response);
 }
 
-void tst_SplitPlaces::seventeenthCallerWaitsForTheLastPacketOfAnother_data()
+void tst_SplitSlots::seventeenthCallerWaitsForTheLastPacketOfAnother_data()
 {
     addTypes();
 }
 
-void tst_SplitPlaces::seventeenthCallerWaitsForTheLastPacketOfAnother()
+void tst_SplitSlots::seventeenthCallerWaitsForTheLastPacketOfAnother()
 {
     QFETCH(quint8, type);
     connectChannel();
     Callers callers(*m_loop, m_channel);
     const auto heads = fill(callers, type);
-    callers.add(type, places);
-    QVERIFY(areHeldBack(places + 1));
+    callers.add(type, slotCount);
+    QVERIFY(areHeldBack(slotCount + 1));
 
     answerFirst(heads[3]);
     const auto second = nextRequest();
     QCOMPARE(int(second.FC), 3);
-    QVERIFY(areHeldBack(places + 1));
+    QVERIFY(areHeldBack(slotCount + 1));
     auto last = Wire::responseHead(second);
     last.totalCount = 2;
     last.sendCount = 1;
     m_peer->send(last);
     QCOMPARE(callers.status(3), 0);
-    QCOMPARE(int(nextRequest().FC), places);
+    QCOMPARE(int(nextRequest().FC), slotCount);
 }
 
-void tst_SplitPlaces::refusalFreesAPlace_data()
+void tst_SplitSlots::refusalFreesASlot_data()
 {
     addTypes();
 }
 
-void tst_SplitPlaces::refusalFreesAPlace()
+void tst_SplitSlots::refusalFreesASlot()
 {
     QFETCH(quint8, type);
     connectChannel();
     Callers callers(*m_loop, m_channel);
     const auto heads = fill(callers, type);
-    callers.add(type, places);
-    QVERIFY(areHeldBack(places + 1));
+    callers.add(type, slotCount);
+    QVERIFY(areHeldBack(slotCount + 1));
     refuse(heads[5]);
-    QCOMPARE(int(nextRequest().FC), places);
+    QCOMPARE(int(nextRequest().FC), slotCount);
 }
 
-void tst_SplitPlaces::timeoutFreesAPlace()
+void tst_SplitSlots::timeoutFreesASlot()
 {
     connectChannel();
     Callers callers(*m_loop, m_channel);
     fill(callers, readType, 1000);
-    callers.add(readType, places);
-    QVERIFY(areHeldBack(places + 1));
+    callers.add(readType, slotCount);
+    QVERIFY(areHeldBack(slotCount + 1));
     m_loop->advance(1s);
-    QCOMPARE(int(nextRequest().FC), places);
+    QCOMPARE(int(nextRequest().FC), slotCount);
     QCOMPARE(callers.status(0), 260);
 }
 
-void tst_SplitPlaces::waitEndsWithTheCallersTime()
+void tst_SplitSlots::waitEndsWithTheCallersTime()
 {
     connectChannel();
     Callers callers(*m_loop, m_channel);
     fill(callers, readType);
-    callers.add(readType, places, 500);
-    QVERIFY(areHeldBack(places + 1));
+    callers.add(readType, slotCount, 500);
+    QVERIFY(areHeldBack(slotCount + 1));
     m_loop->advance(500ms);
-    QCOMPARE(callers.status(places), 260);
+    QCOMPARE(callers.status(slotCount), 260);
     QVERIFY(m_peer->frames.empty());
     QCOMPARE(m_channel->statistics().timeouts, quint64(1));
 }
 
-void tst_SplitPlaces::waitEndsWithTheConnection()
+void tst_SplitSlots::waitEndsWithTheConnection()
 {
     connectChannel();
     Callers callers(*m_loop, m_channel);
     fill(callers, writeType);
-    callers.add(writeType, places);
-    QVERIFY(areHeldBack(places + 1));
+    callers.add(writeType, slotCount);
+    QVERIFY(areHeldBack(slotCount + 1));
     m_peer->fail(QStringLiteral("cable pulled"));
-    QCOMPARE(callers.status(places), 259);
+    QCOMPARE(callers.status(slotCount), 259);
 }
 
-void tst_SplitPlaces::callersGetPlacesInTheirOrder()
+void tst_SplitSlots::callersGetSlotsInTheirOrder()
 {
     connectChannel();
     Callers callers(*m_loop, m_channel);
     const auto heads = fill(callers, readType);
-    for (int i = places; i < places + 3; ++i) {
+    for (int i = slotCount; i < slotCount + 3; ++i) {
         callers.add(readType, static_cast<quint8>(i));
         QVERIFY(areHeldBack(static_cast<std::size_t>(i) + 1));
     }
-    for (int i = places; i < places + 3; ++i) {
-        refuse(heads[static_cast<std::size_t>(i - places)]);
+    for (int i = slotCount; i < slotCount + 3; ++i) {
+        refuse(heads[static_cast<std::size_t>(i - slotCount)]);
         QCOMPARE(int(nextRequest().FC), i);
     }
 }
 
 /// The channel does not notice when a caller stops requesting packets.
-void tst_SplitPlaces::abandonedReadLosesItsPlaceAfterTenSeconds()
+void tst_SplitSlots::abandonedReadLosesItsSlotAfterTenSeconds()
 {
     connectChannel();
     std::vector<Wire::WireHead> heads;
-    for (int i = 0; i < places; ++i) {
+    for (int i = 0; i < slotCount; ++i) {
         auto caller = call(packet(readType, static_cast<quint8>(i), 0, {}, 60000));
         heads.push_back(nextRequest());
         answerFirst(heads.back());
@@ -256,14 +256,14 @@ void tst_SplitPlaces::abandonedReadLosesItsPlaceAfterTenSeconds()
     m_loop->advance(9999ms);
     m_peer->frames.clear(); // a ping
     Callers callers(*m_loop, m_channel);
-    callers.add(readType, places);
+    callers.add(readType, slotCount);
     QVERIFY(areHeldBack(1));
     m_loop->advance(1ms);
     QCOMPARE(int(nextRequest().kind), 6); // the next ping
-    QCOMPARE(int(nextRequest().FC), places);
+    QCOMPARE(int(nextRequest().FC), slotCount);
 }
 
-void tst_SplitPlaces::otherRequestsDoNotWait()
+void tst_SplitSlots::otherRequestsDoNotWait()
 {
     connectChannel();
     Callers readers(*m_loop, m_channel);
@@ -280,5 +280,5 @@ void tst_SplitPlaces::otherRequestsDoNotWait()
     QCOMPARE(int(nextRequest().sendCount), 1);
 }
 
-QTEST_GUILESS_MAIN(tst_SplitPlaces)
-#include "tst_splitplaces.moc"
+QTEST_GUILESS_MAIN(tst_SplitSlots)
+#include "tst_splitslots.moc"
