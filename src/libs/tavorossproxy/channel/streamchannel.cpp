@@ -15,6 +15,19 @@
 
 namespace Tavoro::SSProxy::Internal {
 
+namespace {
+
+bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
+{
+    if (event.head.kind != quint8(Wire::FrameKind::Report))
+        return false;
+    Wire::JsonElements elements;
+    elements.add(event.body);
+    return elements.count() > maxElements;
+}
+
+} // namespace
+
 std::shared_ptr<StreamChannel>
 StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
                     std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
@@ -352,6 +365,8 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 inte
 
 void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 {
+    if (event.status == 0 && isReportAbove(m_options.maxElements, event))
+        event.status = WrongLength;
     if (event.status != 0)
         m_invalidFrames.add(event.status);
     if (event.fatal)

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void refusedSplitReadFreesItsSlot();
     void contentOfAFileDoesNotCount();
     void answerToAWriteDoesNotCount();
+    void reportAboveTheLimitIsSkippedAndCounted();
     void largestDeviceIsFarBelowTheDefault();
     void limitOfZeroCountsAsOne();
 
@@ -196,6 +197,20 @@ void tst_AnswerElements::answerToAWriteDoesNotCount()
 {
     connectWithLimit(2);
     QCOMPARE(exchangeStatus("[1,2,3,4]", 2), quint16(0));
+}
+
+void tst_AnswerElements::reportAboveTheLimitIsSkippedAndCounted()
+{
+    connectWithLimit(3);
+    Wire::WireHead report;
+    report.kind = quint8(Wire::FrameKind::Report);
+    m_peer->send(report, "[1,2,3,4]");
+    m_peer->send(report, "[1,2,3]");
+    m_loop->run();
+    QCOMPARE(m_reports.size(), std::size_t(1));
+    QCOMPARE(m_reports.front().second->body(), std::string("[1,2,3]"));
+    QCOMPARE(m_channel->statistics().protocolErrors, quint64(1));
+    QCOMPARE(exchangeStatus("[1,2,3]"), quint16(0));
 }
 
 void tst_AnswerElements::largestDeviceIsFarBelowTheDefault()
