@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerelements_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
@@ -25,6 +26,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | the public functions                      | any                                        |
 /// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_answerElements                          | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -90,6 +92,8 @@ private:
     void loopEnding() override;
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
+                                                        quint64 elements);
     void postSending();
     void sendUnsent();
     bool hasStalled() const;
@@ -107,6 +111,7 @@ private:
     InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
     ExchangeTable m_exchanges;
+    AnswerElements m_answerElements;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
     /// When the unfinished incoming frame last made progress; the epoch if there is none.
