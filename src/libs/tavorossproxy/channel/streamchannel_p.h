@@ -23,6 +23,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
 /// | the public functions                      | any                                        |
+/// | m_connectionHandler                       | that of the loop                           |
 /// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
@@ -60,6 +61,9 @@ public:
     void moveTo(const QString &host, quint16 port) override;
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
+    RequestOutcome outcomeOf(const RequestIdentity &id) override;
+    bool readControlHolder(QString &holder) override;
+    void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
     bool connectsTo(const QString &host, quint16 port) const override;
@@ -89,7 +93,10 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
+                                                    Exchange &observed);
+    ConnectionState connectionState() const;
+    void notifyConnection();
     void postSending();
     void sendUnsent();
     bool hasStalled() const;
@@ -106,6 +113,7 @@ private:
     std::unique_ptr<ChannelLink> m_link;
     InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
+    std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
     ExchangeTable m_exchanges;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
