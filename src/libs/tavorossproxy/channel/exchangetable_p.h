@@ -65,9 +65,10 @@ public:
     /// Queues the frame of the request for sending.
     void submit(quint8 tag, QByteArray frame);
     /// Blocks until the answer has arrived or \a deadline has passed, and frees the tag. Never
-    /// null.
+    /// null. \a sent identifies the request at the device; it stays empty if it was not sent.
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
-                                                 Clock::TimePoint deadline);
+                                                 Clock::TimePoint deadline,
+                                                 std::optional<Wire::RequestId> *sent = nullptr);
 
     /// The caller does not request a further packet of a split read.
     void endSplitRead(quint16 stream);
