@@ -96,7 +96,7 @@ private:
     void loopEnding() override;
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
-                                                     Exchange &observed);
+                                                    Exchange &observed);
     std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
                                                         quint64 elements);
     ConnectionState connectionState() const;

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void channelWithoutAnIdentityIsConnecting();
     void lostConnectionEndsTheRequest();
     void lostConnectionRefusesRequests();
+    void anotherDeviceAtTheAddressIsRefused();
     void missingAnswerEndsTheRequest();
     void requestFromAReportIsRefused();
     void requestWithoutAFreeTagIsRefused();
@@ -156,6 +157,26 @@ void tst_ChannelStatuses::lostConnectionRefusesRequests()
     const quint64 requests = line.channel->statistics().requests;
     QCOMPARE(line.ask(swapCode), 259);
     QCOMPARE(line.channel->statistics().requests, requests); // it was not sent
+}
+
+void tst_ChannelStatuses::anotherDeviceAtTheAddressIsRefused()
+{
+    ChannelOptions options;
+    options.identity = "FFFFFFFFFFFFFFFF";
+    options.firstReconnectPause = 60s;
+    Line line("", options);
+    QTRY_COMPARE(line.ask(swapCode), 259);
+    QString error;
+    QVERIFY(!line.channel->waitUntilReady(0, error));
+    QCOMPARE(
+        error,
+        QStringLiteral("The device at 127.0.0.1:%1 cannot be reached: another device is there.")
+            .arg(line.device->port()));
+    QCOMPARE(line.channel->statistics().requests, quint64(0)); // nothing was sent
+    QVERIFY(line.device->execute(QStringLiteral("fault add late=1,code=identity,count=1")).ok);
+    line.channel->reconnectNow();
+    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString());
+    QTRY_COMPARE(line.ask(swapCode), 259);
 }
 
 void tst_ChannelStatuses::missingAnswerEndsTheRequest()
