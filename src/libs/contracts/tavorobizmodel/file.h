@@ -28,6 +28,8 @@ public:
     /// The control library itself does not call these.
     /// @{
 
+    /// Type and number; never changes.
+    ProtoModel::s_FileIdentity identity() const;
     /// A copy of the record of the file. \c binary is the content of the file, or empty if the
     /// content was not read.
     ProtoModel::File::s_FileDetail detail() const;
@@ -38,10 +40,15 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// For applications: the transfer progress changed. Emitted on the thread that changed it.
+    /// For applications: the record or the transfer progress changed. Emitted on the thread that
+    /// changed it.
     void fileChanged();
 
 private:
+    friend class DeviceUpdater;
+    /// Replaces the record by one that was read. Returns false if they are equal.
+    bool assign(const ProtoModel::File::s_FileDetail &read);
+
     const std::unique_ptr<FilePrivate> d;
 };
 

@@ -237,6 +237,12 @@ void ExchangeTable::spinUntilCompleted(std::unique_lock<std::mutex> &lock, const
     }
 }
 
+void ExchangeTable::endSplitRead(quint16 stream)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_splitReads.release(stream);
+}
+
 std::optional<QByteArray> ExchangeTable::takeUnsent()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -15,6 +15,19 @@
 
 namespace Tavoro::SSProxy::Internal {
 
+namespace {
+
+bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
+{
+    if (event.head.kind != quint8(Wire::FrameKind::Report))
+        return false;
+    Wire::JsonElements elements;
+    elements.add(event.body);
+    return elements.count() > maxElements;
+}
+
+} // namespace
+
 std::shared_ptr<StreamChannel>
 StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
                     std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
@@ -244,6 +257,9 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     auto response = m_exchanges.await(ticket.head, deadline, &sent);
     if (sent)
         observed.sent = {sent->connection.client, sent->connection.number, sent->number};
+    const quint64 elements = m_answerElements.add(ticket.head, *response);
+    if (elements > m_options.maxElements)
+        return refuseAnswer(ticket.head, elements);
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
     if (m_exchanges.timedOutRequests() >= m_options.maxTimedOutRequests)
@@ -252,6 +268,16 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
              && hasStalled())
         closeConnection(connection, tr("it stopped in the middle of a frame"));
     return response;
+}
+
+/// Ends the exchange. The caller requests no further packet of the answer.
+std::shared_ptr<DeviceResponseCommand> StreamChannel::refuseAnswer(const Wire::WireHead &request,
+                                                                   quint64 elements)
+{
+    qCWarning(channelLog) << "Answer refused from" << peerName() << "elements" << elements
+                          << "limit" << m_options.maxElements;
+    m_exchanges.endSplitRead(request.stream);
+    return makeResponse(Wire::packetHead(request), WrongLength);
 }
 
 void StreamChannel::postSending()
@@ -405,6 +431,8 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 inte
 
 void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 {
+    if (event.status == 0 && isReportAbove(m_options.maxElements, event))
+        event.status = WrongLength;
     if (event.status != 0)
         m_invalidFrames.add(event.status);
     if (event.fatal)

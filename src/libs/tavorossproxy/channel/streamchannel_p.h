@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerelements_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
@@ -26,6 +27,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | m_connectionHandler                       | that of the loop                           |
 /// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_answerElements                          | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -97,6 +99,8 @@ private:
                                                     Exchange &observed);
     ConnectionState connectionState() const;
     void notifyConnection();
+    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
+                                                        quint64 elements);
     void postSending();
     void sendUnsent();
     bool hasStalled() const;
@@ -115,6 +119,7 @@ private:
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
     std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
     ExchangeTable m_exchanges;
+    AnswerElements m_answerElements;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
     /// When the unfinished incoming frame last made progress; the epoch if there is none.
