@@ -12,13 +12,15 @@ using ProtoModel::Layer::s_LayerIdentity;
 
 Scope screenOrLayers(ScopeKind kind, const s_ScreenId &id)
 {
+    Q_ASSERT(kind == ScopeKind::Screens || kind == ScopeKind::Layers);
     return kind == ScopeKind::Layers ? Scope::layersOf(id) : Scope::screen(id);
 }
 
 } // namespace
 
-NamedScope scopeOf(ScopeKind /*kind*/, const s_InterfaceID &id)
+NamedScope scopeOf([[maybe_unused]] ScopeKind kind, const s_InterfaceID &id)
 {
+    Q_ASSERT(kind == ScopeKind::Interfaces);
     return {Scope::interface(id), "slotId connectorId splitId"};
 }
 
@@ -27,13 +29,15 @@ NamedScope scopeOf(ScopeKind kind, const s_ScreenId &id)
     return {screenOrLayers(kind, id), "screenType screenId"};
 }
 
-NamedScope scopeOf(ScopeKind /*kind*/, const s_FileIdentity &id)
+NamedScope scopeOf([[maybe_unused]] ScopeKind kind, const s_FileIdentity &id)
 {
+    Q_ASSERT(kind == ScopeKind::Files);
     return {Scope::file(id), "fileType fileId"};
 }
 
-NamedScope scopeOf(ScopeKind /*kind*/, const s_LayerIdentity &id)
+NamedScope scopeOf([[maybe_unused]] ScopeKind kind, const s_LayerIdentity &id)
 {
+    Q_ASSERT(kind == ScopeKind::Layers);
     return {Scope::layersOf(id, id.sceneType),
             "layerIdenti.screenType layerIdenti.screenId layerIdenti.sceneType"};
 }
