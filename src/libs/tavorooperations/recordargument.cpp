@@ -1,6 +1,6 @@
-#include "recordargument.h"
+#include "recordargument_p.h"
 
-#include "jsontext.h"
+#include <tavorooperations/jsontext.h>
 
 #include <QByteArray>
 #include <QJsonArray>
@@ -14,7 +14,7 @@
 #include <cctype>
 #include <cstring>
 
-namespace Tavoro::Ctl {
+namespace Tavoro::Operations::Internal {
 
 namespace {
 
@@ -180,15 +180,16 @@ Fault faultOfCodec(const std::string &error)
     return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
 }
 
-Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing)
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
+                     bool &lacksKeys)
 {
     RecordComparison comparison(QByteArray::fromStdString(text));
     Fault fault = comparison.compare(jsonValue(sent));
     const QStringList &keys = comparison.missingKeys();
     if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)
         return fault;
-    return QStringLiteral("missing keys: %1; give them, or send their defaults with --defaults")
-        .arg(keys.join(QStringLiteral(", ")));
+    lacksKeys = true;
+    return QStringLiteral("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
 }
 
-} // namespace Tavoro::Ctl
+} // namespace Tavoro::Operations::Internal

@@ -1,8 +1,8 @@
-#include "argumentreader.h"
+#include "argumentreader_p.h"
 
 #include <QRegularExpression>
 
-namespace Tavoro::Ctl {
+namespace Tavoro::Operations::Internal {
 
 namespace {
 
@@ -14,16 +14,6 @@ bool isWholeNumber(const QString &text)
 }
 
 } // namespace
-
-void ArgumentReader::read(int &filter)
-{
-    filter = static_cast<int>(takeNumber(-1, 255));
-}
-
-void ArgumentReader::read(quint8 &number)
-{
-    number = static_cast<quint8>(takeNumber(0, 255));
-}
 
 void ArgumentReader::read(QString &text)
 {
@@ -66,4 +56,4 @@ void ArgumentReader::setFault(const Fault &fault)
         m_fault = QStringLiteral("argument %1: %2").arg(m_taken).arg(fault);
 }
 
-} // namespace Tavoro::Ctl
+} // namespace Tavoro::Operations::Internal

@@ -1,6 +1,7 @@
 #pragma once
 
-// The name of each record in the schema: its C++ name without the namespace that all share.
+// The name of each record in schemas and descriptions: its C++ name without the namespace that all
+// share.
 
 #include <tavorocontrol/proto/auxiliary.h>
 #include <tavorocontrol/proto/device.h>
@@ -18,7 +19,7 @@
 #include <string>
 #include <string_view>
 
-namespace Tavoro::Schema {
+namespace Tavoro::Operations::Internal {
 
 template <class Record>
 constexpr std::string_view fullName;
@@ -37,4 +38,4 @@ std::string nameOf()
     return std::string(fullName<Record>.substr(shared.size()));
 }
 
-} // namespace Tavoro::Schema
+} // namespace Tavoro::Operations::Internal

@@ -6,8 +6,9 @@
 //   std::vector  {"type": "array", "items": ..., "default": []}
 //   record       {"$ref": "#/$defs/..."}
 
-#include "recordnames.h"
-#include "schema.h"
+#include "recordnames_p.h"
+
+#include <tavorooperations/schema.h>
 
 #include <tavorocontrol/proto/json/recordwriter.h>
 
@@ -16,9 +17,11 @@
 #include <utility>
 #include <vector>
 
-namespace Tavoro::Schema {
+namespace Tavoro::Operations {
 
 namespace {
+
+using Internal::nameOf;
 
 constexpr char head[] =
     "{\n"
@@ -126,4 +129,4 @@ std::string recordsDocument()
     return text + "\n  }\n}\n";
 }
 
-} // namespace Tavoro::Schema
+} // namespace Tavoro::Operations

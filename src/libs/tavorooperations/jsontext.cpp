@@ -1,9 +1,9 @@
-#include "jsontext.h"
+#include <tavorooperations/jsontext.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 
-namespace Tavoro::Ctl {
+namespace Tavoro::Operations {
 
 QString jsonText(const QJsonValue &value)
 {
@@ -17,4 +17,4 @@ QJsonValue jsonValue(const std::string &text)
     return QJsonDocument::fromJson(list).array().at(0);
 }
 
-} // namespace Tavoro::Ctl
+} // namespace Tavoro::Operations

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recordtext.h"
+#include <tavorooperations/operation.h>
 
 #include <tavorocontrol/proto/codec.h>
 
@@ -10,18 +10,11 @@
 #include <type_traits>
 #include <vector>
 
-namespace Tavoro::Ctl {
+namespace Tavoro::Operations::Internal {
 
-/// The fault of a record that a user typed, as a text with its line and column, both counted
+/// The fault of a record in JSON, as a text with its line and column, both counted
 /// from 1. Empty if the record is valid.
 using Fault = QString;
-
-/// How missing keys of a record are handled. The codec leaves their fields at the defaults, so a
-/// device would receive values that the user did not type.
-enum class MissingKeys {
-    Refused,
-    SentAsDefaults,
-};
 
 /// Checks that \a text is JSON.
 Fault faultOfSyntax(const std::string &text);
@@ -29,15 +22,16 @@ Fault faultOfSyntax(const std::string &text);
 /// Checks that \a text, which is JSON, is a list or an object as \a expectsList says.
 Fault faultOfShape(const std::string &text, bool expectsList);
 
-/// Converts the codec's error text to the form that this tool shows.
+/// Converts the codec's error text to the form that callers get.
 Fault faultOfCodec(const std::string &error);
 
 /// Compares \a text with \a sent, the record that was decoded from it and would be sent.
 ///
 /// The codec is lenient: it skips unknown keys, truncates numbers to the width of their field,
-/// reads words as numbers and leaves missing keys at their defaults. The tool sends a record only
-/// if it is exactly what the user typed.
-Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing);
+/// reads words as numbers and leaves missing keys at their defaults. A record is sent only if it is
+/// exactly what the caller wrote. \a lacksKeys becomes true if the fault is that keys are missing.
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
+                     bool &lacksKeys);
 
 template <class Record>
 struct IsList : std::false_type { };
@@ -46,7 +40,7 @@ struct IsList<std::vector<Record>> : std::true_type { };
 
 /// Decodes \a text into \a record.
 template <class Record>
-Fault readRecord(const std::string &text, Record &record, MissingKeys missing)
+Fault readRecord(const std::string &text, Record &record, MissingKeys missing, bool &lacksKeys)
 {
     Fault fault = faultOfSyntax(text);
     if (fault.isEmpty())
@@ -56,7 +50,9 @@ Fault readRecord(const std::string &text, Record &record, MissingKeys missing)
     std::string error;
     if (!ajson::decodeRecord(text, record, error))
         return faultOfCodec(error);
-    return faultOfMeaning(text, recordText(record), missing);
+    std::string sent;
+    ajson::encodeRecord(record, sent);
+    return faultOfMeaning(text, sent, missing, lacksKeys);
 }
 
-} // namespace Tavoro::Ctl
+} // namespace Tavoro::Operations::Internal
