@@ -189,7 +189,9 @@ private:
     template <std::size_t... position, class... Given>
     void setArguments(std::index_sequence<position...>, Given &&...given)
     {
-        ((std::get<position>(m_arguments) = std::forward<Given>(given)), ...);
+        ((std::get<position>(m_arguments) =
+              static_cast<std::tuple_element_t<position, Arguments>>(std::forward<Given>(given))),
+         ...);
     }
 
     const Method m_method;
