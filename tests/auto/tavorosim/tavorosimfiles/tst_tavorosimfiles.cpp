@@ -3,7 +3,7 @@
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commands/commandtable.h>
-#include <tavorosim/state/chassis.h>
+#include <tavorosim/state/factorysetup.h>
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -388,7 +388,7 @@ void tst_TavoroSimFiles::announcedLengthThatIsTooLongToReadIsRefused()
 void tst_TavoroSimFiles::contentThatIsTooLongToReadIsRefused()
 {
     SimState state;
-    state.files.setLongestContent(8);
+    state.files.setMaxContentLength(8);
     Uploads uploads;
     Request request = writeOf(Command::FileImport);
     request.uploads = &uploads;
@@ -407,22 +407,22 @@ void tst_TavoroSimFiles::contentThatIsTooLongToReadIsRefused()
 void tst_TavoroSimFiles::fileThatIsTooLongToReadIsNotCreated()
 {
     SimState state;
-    static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeChassis({});
+    static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeFactorySetup({});
     Request request = writeOf(Command::FileCreateEdid);
     request.body = R"([{"fileId":1,"fileType":2,"general":{"name":"edid"},)"
                    R"("interfaceId":{"slotId":1,"connectorId":1,"splitId":0}}])";
     Reports reports;
-    state.files.setLongestContent(127);
+    state.files.setMaxContentLength(127);
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::StorageFailed);
     QVERIFY(state.files.index().empty());
-    state.files.setLongestContent(128);
+    state.files.setMaxContentLength(128);
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
 }
 
 void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
 {
     SimState state;
-    state.files.setMostUnfinished(10);
+    state.files.setMaxUnfinishedBytes(10);
     Uploads uploads;
     Reports reports;
     Request request = writeOf(Command::FileImport);

@@ -137,7 +137,7 @@ void tst_TavoroSimFolder::folderKeepsNamesOfAnyBytes()
         FileStore store;
         QVERIFY2(store.open(folder.path(), error), qPrintable(error));
         FileChanges changes = store.change();
-        QVERIFY(store.place(changes, detail, sample));
+        QVERIFY(store.put(changes, detail, sample));
         QVERIFY(store.commit(changes));
     }
     FileStore store;

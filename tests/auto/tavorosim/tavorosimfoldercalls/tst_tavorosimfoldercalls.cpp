@@ -18,12 +18,12 @@ using Tavoro::Sim::FileStore;
 
 namespace {
 
-bool place(FileStore &store, FileChanges &changes, qint32 id, std::string_view content)
+bool put(FileStore &store, FileChanges &changes, qint32 id, std::string_view content)
 {
     s_FileDetail detail;
     detail.fileType = 2;
     detail.fileId = id;
-    return store.place(changes, detail, content);
+    return store.put(changes, detail, content);
 }
 
 /// Stores the files 1 and 2.
@@ -34,7 +34,7 @@ bool makeOld(const QString &folder)
     if (!store.open(folder, error))
         return false;
     FileChanges changes = store.change();
-    return place(store, changes, 1, "old") && place(store, changes, 2, "gone")
+    return put(store, changes, 1, "old") && put(store, changes, 2, "gone")
         && store.commit(changes, QByteArray("old setup"));
 }
 
@@ -47,7 +47,7 @@ int changeAsChild(const QString &folder)
         return 2;
     FileChanges changes = store.change();
     changes.remove({2, 2});
-    const bool done = place(store, changes, 1, "replaced") && place(store, changes, 3, "added")
+    const bool done = put(store, changes, 1, "replaced") && put(store, changes, 3, "added")
         && store.commit(changes, QByteArray("new setup"));
     return done ? 0 : 1;
 }
