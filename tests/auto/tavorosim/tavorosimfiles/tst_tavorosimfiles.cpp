@@ -1,5 +1,7 @@
 // The files of the simulated device: announced, sent, listed, moved, deleted, read back.
 
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commands/commandtable.h>
@@ -10,6 +12,7 @@
 
 #include <utility>
 
+using namespace CommandCodes;
 using Tavoro::Sim::carryOut;
 using Tavoro::Sim::DeviceStatus;
 using Tavoro::Sim::Reports;
@@ -22,10 +25,6 @@ using Tavoro::SSProxy::CommandType;
 
 namespace {
 
-constexpr quint16 fileDelete = 0xFA01;
-constexpr quint16 fileGeneral = 0xFA02;
-constexpr quint16 fileImport = 0xFA03;
-constexpr quint16 fileProgress = 0xFA05;
 constexpr quint8 any = 0xFF;
 
 const std::string sample = "123456789"; ///< Its hash sum is 0xCBF43926, -873187034.
@@ -49,13 +48,6 @@ Request writeOf(Command command)
     request.command = command;
     request.type = CommandType::Write;
     return request;
-}
-
-SimOptions smallPackets(quint32 size)
-{
-    SimOptions options;
-    options.packetSize = size;
-    return options;
 }
 
 } // namespace
@@ -208,7 +200,7 @@ void tst_TavoroSimFiles::anEmptyFileIsAFile()
 
 void tst_TavoroSimFiles::packetsOfAContentMayUseAnyStream()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, 9, -873187034)), 0);
     for (quint32 i = 0; i < 3; ++i) {
         WireFrame piece =
@@ -279,7 +271,7 @@ void tst_TavoroSimFiles::aRefusedContentIsReportedAsFailed()
 
 void tst_TavoroSimFiles::aLongContentIsReadInPackets()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     const std::string content(450, 'x');
     QCOMPARE(bench.write(fileImport, SimBench::announcement(16, 254, 450, 0)), 0);
     for (quint32 i = 0; i < 3; ++i)
@@ -307,7 +299,7 @@ void tst_TavoroSimFiles::aReplacedContentIsReadToItsEnd()
 {
     QFETCH(bool, isInFolder);
     QTemporaryDir folder;
-    SimOptions options = smallPackets(200);
+    SimOptions options = packetsOf(200);
     if (isInFolder)
         options.filesFolder = folder.path();
     SimBench bench(options);
@@ -378,7 +370,7 @@ void tst_TavoroSimFiles::unknownFilesAreRefused()
 
 void tst_TavoroSimFiles::announcedLengthThatIsTooLongToReadIsRefused()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     constexpr int longest = 200 * 65536;
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, longest + 1, 0)), 7);
     QCOMPARE(bench.send(2, 7, sample), 3); // not announced
