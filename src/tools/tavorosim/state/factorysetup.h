@@ -13,6 +13,6 @@ namespace Tavoro::Sim {
 /// outputs side by side, the second a blended mosaic of four, the third a multiviewer, the fourth
 /// an auxiliary screen; all others are ordinary ones over one output. When the outputs are used up,
 /// the remaining screens have none.
-Setup makeChassis(const DeviceOptions &options);
+Setup makeFactorySetup(const DeviceOptions &options);
 
 } // namespace Tavoro::Sim

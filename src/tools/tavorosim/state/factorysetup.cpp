@@ -1,4 +1,4 @@
-#include "chassis.h"
+#include "factorysetup.h"
 
 #include <QByteArray>
 
@@ -210,7 +210,7 @@ void addLayers(Setup &setup, const Screen::s_ScreenFullDetail &screen, const Dev
 
 } // namespace
 
-Setup makeChassis(const DeviceOptions &options)
+Setup makeFactorySetup(const DeviceOptions &options)
 {
     Setup setup;
     setUpDevice(setup.device, options);
