@@ -66,3 +66,13 @@ inline Tavoro::SSProxy::Wire::WireHead requestHead(quint8 type, quint16 code, qu
     head.stream = static_cast<quint16>(number);
     return head;
 }
+
+/// A response that repeats the head of its request, with packet \a index of \a count.
+inline std::string responseTo(const Tavoro::SSProxy::Wire::WireHead &request,
+                              std::string_view body = {}, quint32 index = 0, quint32 count = 1)
+{
+    Tavoro::SSProxy::Wire::WireHead head = Tavoro::SSProxy::Wire::responseHead(request);
+    head.sendCount = index;
+    head.totalCount = count;
+    return frameOf(head, body);
+}
