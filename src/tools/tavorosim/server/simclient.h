@@ -86,7 +86,7 @@ private:
     void stopReading(int milliseconds);
     void sendLater(const QByteArray &frame, int delay);
     void write(const QByteArray &frame);
-    void sendOwedControl();
+    void sendControlReport();
     /// Adds the answer to the outcomes and to the log.
     void note(const SSProxy::Wire::WireHead &request, const std::string &body,
               const PacketAssembler::Packet &answer);
