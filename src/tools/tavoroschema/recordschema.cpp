@@ -9,7 +9,7 @@
 #include "recordnames.h"
 #include "schema.h"
 
-#include <tavorocontrol/proto/json/recordwriter.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <limits>
 #include <type_traits>
@@ -33,8 +33,9 @@ constexpr char head[] =
 template <class Value>
 std::string encoded(const Value &value)
 {
-    ajson::JsonWriter writer;
-    return {writer.start, ajson::writeValue(writer, writer.cursor, value)};
+    std::string text;
+    ajson::encodeRecord(value, text);
+    return text;
 }
 
 /// The members of the schema of a type, without braces.
