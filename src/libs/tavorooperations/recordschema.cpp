@@ -10,7 +10,7 @@
 
 #include <tavorooperations/schema.h>
 
-#include <tavorocontrol/proto/json/recordwriter.h>
+#include <tavorocontrol/proto/recordcodec.h>
 
 #include <limits>
 #include <type_traits>
@@ -36,8 +36,9 @@ constexpr char head[] =
 template <class Value>
 std::string encoded(const Value &value)
 {
-    ajson::JsonWriter writer;
-    return {writer.start, ajson::writeValue(writer, writer.cursor, value)};
+    std::string text;
+    ajson::encodeRecord(value, text);
+    return text;
 }
 
 /// The members of the schema of a type, without braces.
