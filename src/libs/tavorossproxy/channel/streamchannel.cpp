@@ -400,10 +400,10 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
+        ++m_connections; // first, so that isHardwareReadFinished() never belongs to an older count
         m_exchanges.open(info.maxPacketSize, m_link->connectionId());
         m_info = std::move(info);
         m_state = State::Ready;
-        ++m_connections;
     }
     m_stateChanged.notify_all();
     qCInfo(channelLog) << "Connected to" << peerName() << name;

@@ -5,8 +5,10 @@
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/screen.h>
-#include <tavorossproxy/devicecommand.h>
 
+#include <support/common/requestcommand.h>
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simulatedconnection.h>
 
 #include <QLoggingCategory>
@@ -18,19 +20,13 @@
 #include <thread>
 #include <vector>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 
 namespace {
 
 constexpr int callers = 64;
 constexpr int rounds = 5;
-
-Sim::SimOptions packetsOf(quint32 size)
-{
-    Sim::SimOptions options;
-    options.packetSize = size;
-    return options;
-}
 
 /// Runs \a operation in many threads at once, several times in each, and counts its failures.
 int failuresOf(const std::function<bool(int caller, QString &error)> &operation)
@@ -51,7 +47,6 @@ int failuresOf(const std::function<bool(int caller, QString &error)> &operation)
 }
 
 constexpr int mebibyte = 1 << 20;
-constexpr quint16 groupInfo = 0x110A;
 
 /// A device that keeps six answers of 10 MiB, which it sends in three packets each.
 class LongAnswers : public SimulatedConnection {
@@ -67,11 +62,7 @@ public:
     void beginReads() const
     {
         for (int i = 0; i < 7; ++i) {
-            const auto request = std::make_shared<SSProxy::DeviceRequestCommand>();
-            request->head().type = static_cast<quint8>(SSProxy::CommandType::Read);
-            request->head().BC = groupInfo >> 8;
-            request->head().FC = groupInfo & 0xFF;
-            const auto response = channel->sendSyncRequest(request);
+            const auto response = channel->sendSyncRequest(requestCommand(1, groupInfo));
             QCOMPARE(int(response->status), 0);
             QCOMPARE(quint32(response->head().totalCount), 3u);
         }
