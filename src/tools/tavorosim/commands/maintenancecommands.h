@@ -15,7 +15,7 @@ DeviceStatus writeSave(SimState &state, const Request &request, Reports &reports
 DeviceStatus writeLossCount(SimState &state, const Request &request, Reports &reports);
 /// The counts of all inputs.
 std::string readLosses(const SimState &state, const Request &request);
-/// Reports the color at a point of an input (type 1) or of a screen (3) to all clients.
+/// Reports the colour at a point of an input (type 1) or of a screen (3) to all clients.
 DeviceStatus writeCutoutPosition(SimState &state, const Request &request, Reports &reports);
 std::string readSelfCheck(const SimState &state, const Request &request);
 DeviceStatus writeDeviceTime(SimState &state, const Request &request, Reports &reports);

@@ -221,7 +221,7 @@ constexpr ConsoleCommand commands[] = {
 //   command     arguments                                effect                                         valid       range         handler
     {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 anyNumber,  "",           numeric<onInput<pullCable>>},
     {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,     "0 or 1",     numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "sets the color depth of an input's source",   isUInt16,   "0 to 65535", numeric<onInput<setDepth>>},
+    {"depth",    "SLOT CONNECTOR BITS",                   "sets the colour depth of an input's source",   isUInt16,   "0 to 65535", numeric<onInput<setDepth>>},
     {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,     "0 or 1",     numeric<setGenlock>},
     {"group",    "ID NAME",                               "names a group, and adds it if it is new",     anyNumber,  "",           setGroup},
     {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration, "0 or more",  numeric<advanceClock>},
