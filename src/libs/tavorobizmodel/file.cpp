@@ -49,6 +49,18 @@ ProtoModel::File::s_FileDetail File::detail() const
     return d->detail().detail;
 }
 
+ProtoModel::File::s_FileDetail File::listEntry() const
+{
+    return d->read([](const FileState &state) {
+        ProtoModel::File::s_FileDetail entry;
+        static_cast<ProtoModel::s_FileIdentity &>(entry) = state.detail;
+        entry.general = state.detail.general;
+        entry.source = state.detail.source;
+        entry.size = state.detail.size;
+        return entry;
+    });
+}
+
 ProtoModel::File::s_FileTransPercent File::transferProgress() const
 {
     return d->detail().progress;

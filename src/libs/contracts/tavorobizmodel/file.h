@@ -33,6 +33,8 @@ public:
     /// A copy of the record of the file. \c binary is the content of the file, or empty if the
     /// content was not read.
     ProtoModel::File::s_FileDetail detail() const;
+    /// The same without the content, which may be long.
+    ProtoModel::File::s_FileDetail listEntry() const;
     /// Progress of the transfer, as last reported; zeros before the first report.
     ProtoModel::File::s_FileTransPercent transferProgress() const;
     /// The device that stores the file; expired when the device is gone.

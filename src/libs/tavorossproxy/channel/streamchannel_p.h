@@ -97,10 +97,10 @@ private:
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
                                                     Exchange &observed);
-    ConnectionState connectionState() const;
-    void notifyConnection();
     std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
                                                         quint64 elements);
+    ConnectionState connectionState() const;
+    void notifyConnection();
     void postSending();
     void sendUnsent();
     bool hasStalled() const;

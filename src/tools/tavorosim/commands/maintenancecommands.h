@@ -30,8 +30,8 @@ void switchOff(SimState &state, Power power);
 /// Switches the device on again, with the saved setup; it loads its files.
 void switchOn(SimState &state);
 /// True while something runs that takes time.
-bool isAtWork(const SimState &state);
+bool hasTimedWork(const SimState &state);
 /// Advances the device's clock.
-void pass(SimState &state, qint64 milliseconds, Reports &reports);
+void advanceTime(SimState &state, qint64 milliseconds, Reports &reports);
 
 } // namespace Tavoro::Sim

@@ -19,8 +19,9 @@ struct OwnClass {
     void convert(int) { }
 };
 
-template <Mistake mistake>
-void makeCall(DeviceSession &wall)
+/// The type of the session is a parameter, so that only the selected call is compiled.
+template <Mistake mistake, class Session>
+void makeCall(Session &wall)
 {
     const ProtoModel::Device::s_swap swap;
     if constexpr (mistake == nothing)
