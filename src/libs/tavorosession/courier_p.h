@@ -2,35 +2,38 @@
 
 #include <QMetaObject>
 #include <QObject>
-#include <QThread>
 
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 namespace Tavoro::SessionInternal {
 
-/// Runs functions on the thread that created it, from its event loop. Threads in the background
-/// keep it alive, so that they need not know whether the object that they report to still exists.
-class Courier : public QObject {
+/// Runs functions on the thread that created it, from its event loop, until it is closed. Threads
+/// in the background share it, so that they need not know whether the session still exists.
+class Courier {
 public:
-    static std::shared_ptr<Courier> create()
-    {
-        return {new Courier, [](Courier *courier) {
-                    if (courier->thread() == QThread::currentThread())
-                        delete courier;
-                    else
-                        courier->deleteLater();
-                }};
-    }
-
-    /// Runs \a function later on the courier's thread, in the order of the calls. Any thread.
+    /// Runs \a function later, in the order of the calls. Drops it if the courier is closed. Any
+    /// thread.
     void post(std::function<void()> function)
     {
-        QMetaObject::invokeMethod(this, std::move(function), Qt::QueuedConnection);
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_receiver)
+            QMetaObject::invokeMethod(m_receiver.get(), std::move(function), Qt::QueuedConnection);
+    }
+
+    /// Drops the functions that did not run yet, and all later ones. On the courier's thread.
+    void close()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        const auto receiver = std::exchange(m_receiver, nullptr);
+        lock.unlock(); // the dropped functions may hold what posts in its destructor
     }
 
 private:
-    Courier() = default;
+    std::mutex m_mutex;
+    std::unique_ptr<QObject> m_receiver = std::make_unique<QObject>(); // guarded by m_mutex
 };
 
 } // namespace Tavoro::SessionInternal

@@ -138,12 +138,12 @@ void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QStr
 void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
 {
     switch (connection.phase) {
-    case ConnectionState::Ready:
+    case ConnectionState::Phase::Ready:
         return connected(connection.connections);
-    case ConnectionState::Connecting:
-    case ConnectionState::Pausing:
+    case ConnectionState::Phase::Connecting:
+    case ConnectionState::Phase::Pausing:
         return waitForConnection(connection.reason, connection.pause);
-    case ConnectionState::Stopped:
+    case ConnectionState::Phase::Stopped:
         return close(translated(stoppedReason));
     }
 }

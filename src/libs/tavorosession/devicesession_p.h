@@ -11,7 +11,7 @@ namespace Tavoro::SessionInternal {
 
 /// The state of one device session: follows its channel, reads the device, and passes calls on. On
 /// the session's thread.
-class DeviceSessionPrivate : private DeviceReading::Events {
+class DeviceSessionPrivate final : private DeviceReading::Events {
 public:
     DeviceSessionPrivate(const Shared &shared, const QString &host, quint16 port,
                          const SessionOptions &options,

@@ -46,7 +46,7 @@ public:
 
     const SessionOptions options;
     QThreadPool pool;
-    const std::shared_ptr<Courier> courier = Courier::create();
+    const std::shared_ptr<Courier> courier = std::make_shared<Courier>();
     ReadQueue readQueue{readsAtTheSameTime};
     QList<DeviceSession *> devices;
     QMetaObject::Connection discovery;
@@ -72,6 +72,7 @@ Session::~Session()
     while (!d->devices.isEmpty())
         delete d->devices.last();
     d->pool.waitForDone(); // all channels were stopped, so no lane blocks
+    d->courier->close();
 }
 
 DeviceSession *Session::open(const QString &host, quint16 port)

@@ -32,13 +32,13 @@ struct RequestOutcome {
 /// Whether a channel has a connection, and if not, why.
 struct ConnectionState {
     /// What the channel does.
-    enum Phase : quint8 {
+    enum class Phase : quint8 {
         Connecting, ///< Connects, or waits for the identity of the device.
         Ready, ///< Accepts requests.
         Pausing, ///< Waits for the next attempt to connect.
         Stopped, ///< Does not connect any more.
     };
-    Phase phase = Connecting; ///< What the channel does.
+    Phase phase = Phase::Connecting; ///< What the channel does.
     /// Why the channel is not ready; words for the end of a sentence, translated. Empty if it is
     /// ready.
     QString reason;

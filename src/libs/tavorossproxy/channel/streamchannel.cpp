@@ -166,13 +166,13 @@ ConnectionState StreamChannel::connectionState() const
     ConnectionState state;
     state.connections = m_connections;
     if (m_link && m_link->isReady()) {
-        state.phase = ConnectionState::Ready;
+        state.phase = ConnectionState::Phase::Ready;
         return state;
     }
     const auto pause = m_link ? m_link->timeToNextAttempt() : std::nullopt;
-    state.phase = pause ? ConnectionState::Pausing
-        : m_link        ? ConnectionState::Connecting
-                        : ConnectionState::Stopped;
+    state.phase = pause ? ConnectionState::Phase::Pausing
+        : m_link        ? ConnectionState::Phase::Connecting
+                        : ConnectionState::Phase::Stopped;
     state.pause = pause.value_or(state.pause);
     const std::lock_guard<std::mutex> lock(m_mutex);
     state.reason = m_reason;

@@ -196,11 +196,11 @@ void tst_ExchangeWatch::connectionHandlerGetsEachState()
     QTRY_VERIFY(hasStates(4));
     channel().stopChannel();
     QTRY_VERIFY(hasStates(5));
-    const int expected[] = {ConnectionState::Ready, ConnectionState::Pausing,
-                            ConnectionState::Connecting, ConnectionState::Ready,
-                            ConnectionState::Stopped};
+    using Phase = ConnectionState::Phase;
+    const Phase expected[] = {Phase::Ready, Phase::Pausing, Phase::Connecting, Phase::Ready,
+                              Phase::Stopped};
     for (std::size_t i = 0; i < states.size(); ++i)
-        QCOMPARE(int(states[i].phase), expected[i]);
+        QCOMPARE(int(states[i].phase), int(expected[i]));
     QVERIFY(states[1].pause > 50s);
     QVERIFY(!states[1].reason.isEmpty());
     QCOMPARE(states[0].connections, quint64(1));
