@@ -8,6 +8,7 @@
 // status 1 if the large file raises a peak by more than a few packets. Linux only.
 
 #include <support/bench.h>
+#include <support/deviceprocess.h>
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/devicemanager.h>
@@ -17,7 +18,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -34,37 +34,6 @@ constexpr int fileId = 1;
 constexpr int packetSize = 64 * 1024;
 constexpr int packetsPerMebibyte = (1 << 20) / packetSize;
 constexpr qint64 allowedGrowth = 1024; ///< KiB: a few packets.
-
-/// The simulated device in a separate process.
-class Device {
-public:
-    Device()
-    {
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(TAVOROSIM),
-                        {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--files"),
-                         m_folder.path()});
-        require(m_process.waitForStarted() && m_process.waitForReadyRead(Bench::patience),
-                QStringLiteral("tavorosim does not start"));
-        const QByteArray line = m_process.readLine().trimmed(); // "listening on ADDRESS:PORT"
-        m_port = line.mid(line.lastIndexOf(':') + 1).toUShort();
-    }
-    ~Device()
-    {
-        m_process.write("quit\n");
-        m_process.waitForFinished();
-    }
-    Device(const Device &) = delete;
-    Device &operator=(const Device &) = delete;
-
-    quint16 port() const { return m_port; }
-    qint64 pid() const { return m_process.processId(); }
-
-private:
-    const QTemporaryDir m_folder;
-    QProcess m_process;
-    quint16 m_port = 0;
-};
 
 /// The highest resident memory of a process so far, in KiB.
 qint64 peakOf(qint64 pid)
@@ -122,7 +91,7 @@ struct Peaks {
     qint64 device = 0;
 };
 
-Peaks transfer(Control::File &file, int mebibytes, const Device &device)
+Peaks transfer(Control::File &file, int mebibytes, const Bench::DeviceProcess &device)
 {
     const quint32 written = writeFile(file, mebibytes);
     require(readFile(file) == written, QStringLiteral("not the same content"));
@@ -148,7 +117,9 @@ int main(int argc, char *argv[])
     const int small = numberOf(parser, "small", 1, 2047);
     const int large = numberOf(parser, "large", 1, 2047);
 
-    const Device device;
+    const QTemporaryDir folder;
+    const Bench::DeviceProcess device(QStringLiteral(TAVOROSIM),
+                                      {QStringLiteral("--files"), folder.path()});
     const Bench::Route route(device.port());
     Control::File file(route.model(), nullptr);
     const Peaks before = transfer(file, small, device);

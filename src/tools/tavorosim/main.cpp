@@ -54,6 +54,8 @@ bool serveConsole(SimServer &server, const QString &line)
 
 int main(int argc, char *argv[])
 {
+    // GLib's loop makes several more system calls for each request.
+    qputenv("QT_NO_GLIB", "1");
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tavorosim"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TAVORO_VERSION));

@@ -3,8 +3,8 @@
 #include "commandlist.h"
 
 #include <tavorocontrol/auxiliary.h>
-#include <tavoroctl/operations/recordtext.h>
 #include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
 
 namespace Tavoro::Ctl {

@@ -118,14 +118,14 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     WireHead head = reportHead();
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
-    m_owedControl = SSProxy::Wire::encodeFrame(head, holder.toStdString());
-    sendOwedControl();
+    m_pendingControlReport = SSProxy::Wire::encodeFrame(head, holder.toStdString());
+    sendControlReport();
 }
 
-void SimClient::sendOwedControl()
+void SimClient::sendControlReport()
 {
-    if (!m_owedControl.isEmpty() && m_socket->bytesToWrite() <= maxUnreadBytes)
-        write(std::exchange(m_owedControl, {}));
+    if (!m_pendingControlReport.isEmpty() && m_socket->bytesToWrite() <= maxUnreadBytes)
+        write(std::exchange(m_pendingControlReport, {}));
 }
 
 bool SimClient::isSameClient(const ConnectionId &id) const
@@ -163,7 +163,7 @@ void SimClient::readFrames()
                 take(std::move(*event));
         }
         m_socket->flush(); // now, not when the event loop does it
-        sendOwedControl();
+        sendControlReport();
     } while (mayRead() && (!m_rest.empty() || m_socket->bytesAvailable() > 0));
     m_assembler.readAhead();
 }

@@ -199,7 +199,7 @@ void tst_ChannelStatuses::requestFromAReportIsRefused()
 void tst_ChannelStatuses::requestWithoutAFreeTagIsRefused()
 {
     ChannelOptions options;
-    options.maxOwedAnswers = 1000;
+    options.maxTimedOutRequests = 1000;
     Line line("silent", options);
     QVERIFY(line.isReady());
     std::vector<std::future<int>> callers;
