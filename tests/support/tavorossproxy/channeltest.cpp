@@ -64,13 +64,13 @@ void ChannelTest::openChannel()
     m_loop->run();
 }
 
-void ChannelTest::connectChannel()
+void ChannelTest::connectChannel(unsigned maxPacketSize)
 {
     m_peer->accept();
     m_peer->frames.clear();
     Wire::WireHead head;
     head.kind = 5;
-    m_peer->send(head, identity());
+    m_peer->send(head, identity(maxPacketSize));
 }
 
 Wire::WireHead ChannelTest::nextRequest()

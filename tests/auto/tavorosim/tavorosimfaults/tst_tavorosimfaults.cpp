@@ -3,6 +3,7 @@
 #include <support/common/contains.h>
 #include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/faultrule.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commandline.h>
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void rebootedDeviceHasTheSavedSetup();
     void floodArrivesBeforeTheAnswer();
     void largestFloodArrivesCompletely();
+    void oldestSwappedPacketIsForgottenBeyondSixteen();
     void identityFaultsNeedItsName();
 };
 
@@ -255,6 +257,24 @@ void tst_TavorosimFaults::largestFloodArrivesCompletely()
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);
     QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QCOMPARE(bench.client->keptReports(), 100000);
+}
+
+void tst_TavorosimFaults::oldestSwappedPacketIsForgottenBeyondSixteen()
+{
+    SimBench bench(packetsOf(500));
+    QVERIFY(bench.device->execute(QStringLiteral("fault add swap-packets,count=17")).ok);
+    WireFrame request = WireClient::readRequest(deviceDetail);
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        const WireFrame second = bench.client->exchange(request);
+        QCOMPARE(int(second.head.sendCount), 1);
+        request.head.totalCount = second.head.totalCount;
+    }
+    request.head.sendCount = 1;
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        QCOMPARE(int(bench.client->exchange(request).head.status), stream == 1 ? 6 : 0);
+    }
 }
 
 void tst_TavorosimFaults::identityFaultsNeedItsName()

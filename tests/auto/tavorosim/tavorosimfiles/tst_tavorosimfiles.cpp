@@ -81,6 +81,7 @@ private Q_SLOTS:
     void contentThatIsTooLongToReadIsRefused();
     void fileThatIsTooLongToReadIsNotCreated();
     void unfinishedContentsOfAConnectionAreLimited();
+    void seventeenthUnfinishedContentOfAConnectionIsRefused();
 };
 
 void tst_TavoroSimFiles::anImportedFileIsListedAndReadBack()
@@ -436,6 +437,19 @@ void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
     Uploads others;
     request.uploads = &others; // of another connection
     QCOMPARE(send(2, "12345678"), DeviceStatus::Success);
+}
+
+void tst_TavoroSimFiles::seventeenthUnfinishedContentOfAConnectionIsRefused()
+{
+    SimBench bench;
+    for (int id = 1; id <= 17; ++id)
+        QCOMPARE(bench.write(fileImport, SimBench::announcement(2, id, 0, 0)), 0);
+    for (quint8 id = 1; id <= 16; ++id)
+        QCOMPARE(bench.send(2, id, "a", 2), 0);
+    QCOMPARE(bench.send(2, 17, "a", 2), 8);
+    QCOMPARE(bench.send(2, 16, "b", 2), 0); // begins again
+    QCOMPARE(bench.send(2, 1, "b", 2, 1), 0); // is complete
+    QCOMPARE(bench.send(2, 17, "a", 2), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimFiles)

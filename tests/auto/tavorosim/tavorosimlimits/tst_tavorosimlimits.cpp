@@ -27,6 +27,7 @@ private Q_SLOTS:
     void collectionBeyondSixteenIsRefused();
     void collectionsTogetherHoldAtMost64MiB();
     void splitWriteAbove64MiBIsTooLong();
+    void oldestAnswersAreForgottenBeyondSixteen();
     void oldestAnswersAreForgottenBeyond64MiB();
     void controlChangesDoNotPileUpForAClientThatDoesNotRead();
     void consoleLineWithoutEndClosesItsConnection();
@@ -163,6 +164,22 @@ void tst_TavoroSimLimits::splitWriteAbove64MiBIsTooLong()
         QCOMPARE(statusOf(bench, piece(1, 6, i, part)), 0);
     QCOMPARE(statusOf(bench, piece(1, 6, 4, " ")), 7);
     QCOMPARE(statusOf(bench, piece(1, 6, 5, " ")), 5); // dropped
+}
+
+void tst_TavoroSimLimits::oldestAnswersAreForgottenBeyondSixteen()
+{
+    SimBench bench(packetsOf(500));
+    WireFrame request = WireClient::readRequest(deviceDetail);
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        request.head.totalCount = bench.client->exchange(request).head.totalCount;
+        QVERIFY(request.head.totalCount > 2);
+    }
+    request.head.sendCount = 1;
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        QCOMPARE(statusOf(bench, request), stream == 1 ? 6 : 0);
+    }
 }
 
 void tst_TavoroSimLimits::oldestAnswersAreForgottenBeyond64MiB()

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void everyReceivedRequestIsCounted();
     void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
+    void onlyTheLastConnectionsAreRemembered();
     void connectionsAndClientsAreDistinguished();
     void clientsWithoutIdAreServedAndForgotten();
     void newConnectionEndsTheOlderOneOfTheClient();
@@ -96,6 +97,19 @@ void tst_TavoroSimOutcome::onlyTheLastRequestsAreRemembered()
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0300"));
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0000"));
     QCOMPARE(ask(*bench.client, 'a', 1, 256), QByteArray("0300"));
+}
+
+void tst_TavoroSimOutcome::onlyTheLastConnectionsAreRemembered()
+{
+    SimBench bench;
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
+    for (char connection = 1; connection <= 64; ++connection) {
+        QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0300"));
+        WireClient other;
+        QVERIFY(other.connectTo(bench.device->port()) && introduce(other, 'b', connection));
+    }
+    QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0000"));
 }
 
 void tst_TavoroSimOutcome::connectionsAndClientsAreDistinguished()
