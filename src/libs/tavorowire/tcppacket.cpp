@@ -9,8 +9,10 @@ namespace {
 constexpr quint8 tcpProtocol = 6;
 constexpr quint8 timeToLive = 64;
 constexpr quint16 window = 0xFFFF;
-/// Window scale 14, the largest, and an option without meaning that fills the word.
-constexpr std::string_view synOptions("\x03\x03\x0E\x01", 4);
+/// Segments of up to 65000 bytes, window scale 14, and an option without meaning that fills the
+/// word.
+constexpr std::string_view synOptions("\x02\x04\xFD\xE8\x03\x03\x0E\x01", 8);
+static_assert(longestTcpPayload == 0xFDE8);
 constexpr std::size_t ipv4ChecksumAt = 10;
 constexpr std::size_t tcpChecksumAt = 16;
 

@@ -23,11 +23,18 @@ QStringList errorsOf(const QByteArray &output)
     return errors;
 }
 
-QProcessEnvironment environment(const QString &emptyFolder)
+/// A folder without settings and plugins.
+const QTemporaryDir &emptyFolder()
+{
+    static const QTemporaryDir folder;
+    return folder;
+}
+
+QProcessEnvironment environment()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"HOME", "WIRESHARK_CONFIG_DIR"})
-        environment.insert(QLatin1String(name), emptyFolder);
+        environment.insert(QLatin1String(name), emptyFolder().path());
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
     return environment;
@@ -40,14 +47,18 @@ bool isInstalled()
     return !QStandardPaths::findExecutable(QStringLiteral("tshark")).isEmpty();
 }
 
-QString run(const QStringList &arguments)
+void start(QProcess &tshark, const QStringList &arguments)
 {
-    const QTemporaryDir emptyFolder;
-    QProcess tshark;
-    tshark.setProcessEnvironment(environment(emptyFolder.path()));
+    tshark.setProcessEnvironment(environment());
     tshark.start(QStringLiteral("tshark"),
                  arguments
                      + QStringList{QStringLiteral("-X"), QStringLiteral("lua_script:" DISSECTOR)});
+}
+
+QString run(const QStringList &arguments)
+{
+    QProcess tshark;
+    start(tshark, arguments);
     if (!tshark.waitForFinished(120000))
         qFatal("tshark: %s", qUtf8Printable(tshark.errorString()));
     const QStringList errors = errorsOf(tshark.readAllStandardError());

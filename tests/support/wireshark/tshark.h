@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 
@@ -12,11 +12,14 @@ namespace Tshark {
 bool isInstalled();
 constexpr char skipMessage[] = "tshark is not installed; scripts/setup test installs it";
 
-/// Returns what tshark prints. It reads a capture twice, as Wireshark does, so that requests show
-/// their answers. Ends the test program if tshark reports an error.
+/// Starts tshark.
+void start(QProcess &tshark, const QStringList &arguments);
+
+/// Returns what tshark prints. Ends the test program if tshark reports an error.
 QString run(const QStringList &arguments);
 
-/// Returns the lines that tshark prints for the packets of \a capture that \a filter selects.
+/// Returns the lines that tshark prints for the packets of \a capture that \a filter selects. It
+/// reads the capture twice, as Wireshark does, so that requests show their answers.
 QStringList lines(const QString &capture, const QString &filter, const QStringList &arguments = {});
 
 /// Returns a line for each of these packets with the values of \a fields. "|" separates fields, ","

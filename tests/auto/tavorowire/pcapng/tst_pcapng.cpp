@@ -104,14 +104,14 @@ void tst_Pcapng::connectionOpensWithThreePackets()
     PcapngEncoder encoder(qint64(0x644D1) << 32);
     const std::string blocks = encoder.encode(3, 5, CaptureEvent::Open, "10.1.2.3");
     QCOMPARE(packetCount(blocks), 3);
-    QCOMPARE(hexOf(blocks.substr(0, 96)),
-             hex({"06000000 60000000 00000000 d1440600 05000000 2c000000 2c000000",
-                  "4500002c 00004000 4006 6cc7 c0000201 0a010203",
-                  "c000 19e6 00000000 00000000 6002 ffff e6ee 0000 03030e01",
-                  "0100 0900 6368616e6e656c2033 000000 0000 0000 60000000"}));
+    QCOMPARE(hexOf(blocks.substr(0, 100)),
+             hex({"06000000 64000000 00000000 d1440600 05000000 30000000 30000000",
+                  "45000030 00004000 4006 6cc3 c0000201 0a010203",
+                  "c000 19e6 00000000 00000000 7002 ffff d6fd 0000 0204fde8 03030e01",
+                  "0100 0900 6368616e6e656c2033 000000 0000 0000 64000000"}));
     QCOMPARE(hexOf(packetOf(blocks, 1)),
-             hex({"4500002c 00004000 4006 6cc7 0a010203 c0000201",
-                  "19e6 c000 00000000 00000001 6012 ffff e6dd 0000 03030e01"}));
+             hex({"45000030 00004000 4006 6cc3 0a010203 c0000201",
+                  "19e6 c000 00000000 00000001 7012 ffff d6ec 0000 0204fde8 03030e01"}));
     QCOMPARE(hexOf(packetOf(blocks, 2)),
              hex({"45000028 00004000 4006 6ccb c0000201 0a010203",
                   "c000 19e6 00000001 00000001 5010 ffff 07e7 0000"}));

@@ -84,9 +84,14 @@ void tst_DissectorFaults::faultsOfFramesAreReported()
         {withHead("report", &WireHead::checksumIndex, quint8(0)),         "Report DevicePower|Wrong body checksum"},
         {withHead("ping", &WireHead::bodyChecksum, 1u),                   "Ping|Wrong body checksum,The capture does not contain an answer"},
         {withHead("report", &WireHead::kind, quint8(8)),                  "Frame of kind 8|Unknown kind of frame"},
-        {withHead("report", &WireHead::sendCount, 1u),                    "Report DevicePower|The index of the packet is not less than the number of packets"},
-        {dump("write-refused"),                                           "Response 1: DeviceSwap write, refused with status 4: a value is out of range|The device refused the request,The capture does not contain the request"},
-        {withHead("write-refused", &WireHead::status, quint8(99)),        "Response 1: DeviceSwap write, refused with status 99: a status of this device|The device refused the request,The capture does not contain the request"},
+        {withHead("report", &WireHead::sendCount, 1u),
+         "Report DevicePower|The index of the packet is not less than the number of packets"},
+        {dump("write-refused"),
+         "Response 1: DeviceSwap write, refused with status 4: a value is out of range"
+         "|The device refused the request,The capture does not contain the request"},
+        {withHead("write-refused", &WireHead::status, quint8(99)),
+         "Response 1: DeviceSwap write, refused with status 99: a status of this device"
+         "|The device refused the request,The capture does not contain the request"},
     };
     // clang-format on
     HandMadeCapture capture;
