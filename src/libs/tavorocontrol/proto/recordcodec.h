@@ -20,6 +20,8 @@ bool decodeRecord(const std::string &json, Record &record, std::string &error)
 {
     try {
         JsonReader reader(json.c_str(), json.size());
+        if constexpr (IsVector<Record>::value)
+            reserveElements(reader, record);
         // One more token is fetched after the value, and ignored.
         fetch(reader, readValue(reader, reader.place(), record));
     } catch (const std::exception &e) { // ajson::exception among them

@@ -1,60 +1,16 @@
 #pragma once
 
-// Writes records and vectors. The punctuation and the keys between two values are one constant
-// text, put with the value after it:
-//
-//   {"fileId":1,"general":{"name":"logo"},"length":5}
-//   oooooooooo oooooooooooooooooooo    ooooooooooooo c
-//
-// A value therefore consists of its opening text (o), its body, and its closing text (c), which
-// precedes the opening text of the next field.
+// Writes records and vectors: the constant texts around the bodies of values, and the bodies.
 
 #include <tavorocontrol/proto/json/integertext.h>
-#include <tavorocontrol/proto/json/literal.h>
-#include <tavorocontrol/proto/json/recordfields.h>
+#include <tavorocontrol/proto/json/recordtext.h>
 #include <tavorocontrol/proto/json/textwriter.h>
 
-#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace ajson {
-
-/// The text before the body of a value.
-template <class Value, class = void>
-struct OpeningText : NoText { };
-template <>
-struct OpeningText<std::string> : Symbol<'"'> { };
-template <class Element>
-struct OpeningText<std::vector<Element>> : Symbol<'['> { };
-
-/// The text after the body of a value.
-template <class Value, class = void>
-struct ClosingText : NoText { };
-template <>
-struct ClosingText<std::string> : Symbol<'"'> { };
-template <class Element>
-struct ClosingText<std::vector<Element>> : Symbol<']'> { };
-
-template <class Record, std::size_t Field>
-using MemberType = typename RecordFields<Record>::Types::template Type<Field>;
-
-template <class Record>
-struct OpeningText<Record, std::enable_if_t<HasFields<Record>::value>>
-    : Joined<Symbol<'{'>, KeyLiteral<Record, 0>, OpeningText<MemberType<Record, 0>>> { };
-template <class Record>
-struct ClosingText<Record, std::enable_if_t<HasFields<Record>::value>>
-    : Joined<ClosingText<MemberType<Record, RecordFields<Record>::count - 1>>, Symbol<'}'>> { };
-
-/// The text between the bodies of two fields.
-template <class Record, std::size_t Field>
-struct TextBeforeField : Joined<ClosingText<MemberType<Record, Field - 1>>, Symbol<','>,
-                                KeyLiteral<Record, Field>, OpeningText<MemberType<Record, Field>>> {
-};
-/// The opening text of the record contains that of its first field.
-template <class Record>
-struct TextBeforeField<Record, 0> : NoText { };
 
 /// Puts a constant text in whole blocks. Overwrites bytes after it.
 template <class Text>
@@ -70,25 +26,7 @@ char *putText(char *at) noexcept
 
 /// The size of the longest text of a value, without the contents of strings and vectors.
 template <class Value>
-constexpr std::size_t maxFixedSize();
-
-template <class Record, std::size_t... Field>
-constexpr std::size_t maxFieldsSize(std::index_sequence<Field...>)
-{
-    return (...
-            + (TextBeforeField<Record, Field>::size + maxFixedSize<MemberType<Record, Field>>()));
-}
-
-template <class Value>
-constexpr std::size_t maxFixedSize()
-{
-    std::size_t size = OpeningText<Value>::size + ClosingText<Value>::size;
-    if constexpr (std::is_integral_v<Value>)
-        size += std::numeric_limits<Value>::digits10 + 1 + std::is_signed_v<Value>;
-    else if constexpr (HasFields<Value>::value)
-        size += maxFieldsSize<Value>(typename RecordFields<Value>::Indices());
-    return size;
-}
+constexpr std::size_t maxFixedSize = fixedSize<Value, 20>();
 
 /// Writes the body of a value. The caller has reserved the fixed size of the value, and \a Rest is
 /// what must be reserved again after the content of a string or a vector.
@@ -108,7 +46,7 @@ char *writeFields(JsonWriter &writer, char *at, const Record &record, std::index
 template <class Value>
 char *writeValue(JsonWriter &writer, char *at, const Value &value)
 {
-    constexpr std::size_t size = maxFixedSize<Value>() + 1; // and a comma
+    constexpr std::size_t size = maxFixedSize<Value> + 1; // and a comma
     at = putText<OpeningText<Value>>(writer.reserve(at, size));
     return putText<ClosingText<Value>>(writeBody<size>(writer, at, value));
 }
