@@ -61,7 +61,7 @@ public:
     template <class Record>
     void change(Record &record)
     {
-        record.visitFields([this](auto &...fields) { (changeField(fields), ...); });
+        record.visitFields([this](auto &...fields) { (this->changeField(fields), ...); });
     }
 
     /// Lists objects as devices do, in the order of their identities, each only once.
