@@ -27,11 +27,11 @@ public:
     {
         m_timed.emplace(time, std::move(call));
     }
-    void attach(std::shared_ptr<User> user) override { m_users.insert(std::move(user)); }
-    void detach(const User *user) override
+    void attach(std::shared_ptr<Client> client) override { m_clients.insert(std::move(client)); }
+    void detach(const Client *client) override
     {
-        for (auto it = m_users.begin(); it != m_users.end();)
-            it = it->get() == user ? m_users.erase(it) : std::next(it);
+        for (auto it = m_clients.begin(); it != m_clients.end();)
+            it = it->get() == client ? m_clients.erase(it) : std::next(it);
     }
 
     TimePoint now() const override { return m_now; }
@@ -75,7 +75,7 @@ private:
     std::mutex m_mutex; // guards m_calls, as CallQueue requires
     Tavoro::SSProxy::Internal::CallQueue m_calls{m_mutex};
     std::multimap<TimePoint, std::function<void()>> m_timed;
-    std::set<std::shared_ptr<User>> m_users;
+    std::set<std::shared_ptr<Client>> m_clients;
     bool m_isRunning = false;
     TimePoint m_now{std::chrono::hours(1)};
 };

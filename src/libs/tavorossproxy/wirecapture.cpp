@@ -39,7 +39,7 @@ bool isRunning()
 }
 
 /// A capture that the application started continues.
-void startWhatTheEnvironmentNames()
+void startCaptureFromEnvironment()
 {
     if (isRunning())
         return;
@@ -69,7 +69,7 @@ void stopWireCapture()
 std::shared_ptr<Internal::CaptureFile> Internal::CaptureFile::running()
 {
     static std::once_flag environmentRead;
-    std::call_once(environmentRead, startWhatTheEnvironmentNames);
+    std::call_once(environmentRead, startCaptureFromEnvironment);
     const std::lock_guard<std::mutex> lock(SSProxy::running().mutex);
     return SSProxy::running().file;
 }

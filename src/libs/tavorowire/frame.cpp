@@ -13,7 +13,7 @@ std::string_view bytesOf(const WireHead &head)
     return {reinterpret_cast<const char *>(&head), sizeof head};
 }
 
-WireHead sealed(WireHead head, std::string_view body, quint32 bodyChecksum)
+WireHead withChecksums(WireHead head, std::string_view body, quint32 bodyChecksum)
 {
     head.flag = frameFlag;
     head.version = frameVersion;
@@ -32,9 +32,9 @@ quint16 headChecksum(WireHead head)
     return crc16(bytesOf(head));
 }
 
-WireHead sealed(WireHead head, std::string_view body)
+WireHead withChecksums(WireHead head, std::string_view body)
 {
-    return sealed(head, body, crc32(body));
+    return withChecksums(head, body, crc32(body));
 }
 
 QByteArray encodeFrame(const WireHead &head, std::string_view body)
@@ -47,7 +47,7 @@ QByteArray encodeFrame(const WireHead &head, std::string_view body)
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame)
 {
-    const WireHead wire = sealed(head, body, bodyChecksum);
+    const WireHead wire = withChecksums(head, body, bodyChecksum);
     frame.resize(0);
     frame.reserve(static_cast<int>(sizeof wire + body.size()));
     frame.append(bytesOf(wire).data(), static_cast<int>(sizeof wire));

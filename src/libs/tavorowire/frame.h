@@ -9,7 +9,7 @@
 namespace Tavoro::SSProxy::Wire {
 
 /// Returns \a head with the flag, version, length and checksums of a frame with \a body.
-WireHead sealed(WireHead head, std::string_view body);
+WireHead withChecksums(WireHead head, std::string_view body);
 
 /// Returns the bytes of a frame.
 QByteArray encodeFrame(const WireHead &head, std::string_view body = {});

@@ -18,10 +18,10 @@ void ManualLoop::postAt(TimePoint time, std::function<void()> call)
     m_timed.emplace(time, std::move(call));
 }
 
-void ManualLoop::detach(const User *user)
+void ManualLoop::detach(const Client *client)
 {
-    for (auto it = m_users.begin(); it != m_users.end();)
-        it = it->get() == user ? m_users.erase(it) : std::next(it);
+    for (auto it = m_clients.begin(); it != m_clients.end();)
+        it = it->get() == client ? m_clients.erase(it) : std::next(it);
 }
 
 ManualLoop::TimePoint ManualLoop::now() const
@@ -78,9 +78,9 @@ void ManualLoop::end()
         m_calls.end();
     }
     run();
-    for (const auto &user : m_users)
-        user->loopEnding();
-    m_users.clear();
+    for (const auto &client : m_clients)
+        client->loopEnding();
+    m_clients.clear();
 }
 
 bool ManualLoop::waitForCalls()

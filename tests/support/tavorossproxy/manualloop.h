@@ -22,8 +22,8 @@ public:
     bool isCurrentThread() const override { return std::this_thread::get_id() == m_owner; }
     bool post(std::function<void()> call) override;
     void postAt(TimePoint time, std::function<void()> call) override;
-    void attach(std::shared_ptr<User> user) override { m_users.insert(std::move(user)); }
-    void detach(const User *user) override;
+    void attach(std::shared_ptr<Client> client) override { m_clients.insert(std::move(client)); }
+    void detach(const Client *client) override;
 
     TimePoint now() const override;
     void waitUntil(std::condition_variable &condition, std::unique_lock<std::mutex> &lock,
@@ -63,7 +63,7 @@ private:
     void setTime(TimePoint time);
 
     const std::thread::id m_owner = std::this_thread::get_id();
-    std::set<std::shared_ptr<User>> m_users;
+    std::set<std::shared_ptr<Client>> m_clients;
     std::multimap<TimePoint, std::function<void()>> m_timed;
 
     mutable std::mutex m_mutex; // guards what follows

@@ -101,7 +101,7 @@ void ChannelLink::drop(quint16 status, const QString &reason)
     const auto unfinished = m_parser.unfinishedHead();
     const bool isBrokenOff =
         status == Disconnected && unfinished && unfinished->kind == quint8(FrameKind::Response);
-    if (m_phase == Phase::Ready && hasProvedGood())
+    if (m_phase == Phase::Ready && isStable())
         m_pause = m_options.firstReconnectPause;
     m_parser.reset();
     m_stream->close();
@@ -112,9 +112,18 @@ void ChannelLink::drop(quint16 status, const QString &reason)
 
 /// Whether the next pause is the shortest one. A device that identifies itself and then closes the
 /// connection must not be reconnected after the shortest pause forever.
-bool ChannelLink::hasProvedGood() const
+bool ChannelLink::isStable() const
 {
     return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
+}
+
+std::optional<ChannelOptions::Milliseconds> ChannelLink::timeToNextAttempt() const
+{
+    if (m_phase != Phase::Pausing)
+        return std::nullopt;
+    const auto rest = m_due - m_clock.now();
+    return std::max(std::chrono::duration_cast<ChannelOptions::Milliseconds>(rest),
+                    ChannelOptions::Milliseconds::zero());
 }
 
 bool ChannelLink::canSend() const

@@ -13,6 +13,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace Tavoro::SSProxy::Internal {
 
@@ -41,9 +42,9 @@ public:
         virtual void linkIdentifying(const QString &reason) = 0;
         /// The device has identified itself, and requests may be sent.
         virtual void linkReady(ProtoModel::DeviceBaseInfo info) = 0;
-        /// The connection or the attempt has failed. \a brokenOff is the number of the answer that
-        /// was being received, or 0.
-        virtual void linkLost(quint16 status, const QString &reason, quint32 brokenOff) = 0;
+        /// The connection or the attempt has failed. \a interruptedAnswer is the number of the
+        /// answer that was being received, or 0.
+        virtual void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) = 0;
         /// The system has taken all written bytes.
         virtual void linkWritable() = 0;
         /// A response or a report was received, or an invalid frame.
@@ -77,6 +78,11 @@ public:
     /// Closes the connection, and reconnects after a pause.
     void drop(quint16 status, const QString &reason);
 
+    /// Whether the device has identified itself over the current connection.
+    bool isReady() const { return m_phase == Phase::Ready; }
+    /// The time until the next attempt to connect; nothing if the link is not in the pause between
+    /// two attempts.
+    std::optional<ChannelOptions::Milliseconds> timeToNextAttempt() const;
     /// Identifies the current connection to the device.
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 
@@ -101,7 +107,7 @@ private:
     void streamClosed(const QString &reason) override;
 
     void connect();
-    bool hasProvedGood() const;
+    bool isStable() const;
     void enter(Phase phase, ChannelOptions::Milliseconds due);
     void wantTick(Clock::TimePoint time);
     void write(const QByteArray &frame);

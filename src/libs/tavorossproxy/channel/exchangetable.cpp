@@ -30,7 +30,7 @@ quint16 contentStreamOfThisThread()
 {
     static std::atomic<unsigned> threads{0};
     thread_local const unsigned number = threads++;
-    constexpr unsigned first = firstWriteStream + Wire::collectedWrites;
+    constexpr unsigned first = firstWriteStream + Wire::splitWriteLimit;
     return static_cast<quint16>(first + number % (0x10000 - first));
 }
 
@@ -73,7 +73,7 @@ bool isRightPacket(const Wire::WireHead &request, const Wire::WireHead &answer)
 }
 
 /// A device may send the count 0 for an answer of one packet: callers get packet 1 of 1.
-Wire::WireHead countedOnce(Wire::WireHead answer)
+Wire::WireHead asSinglePacket(Wire::WireHead answer)
 {
     if (answer.totalCount == 0 && answer.sendCount == 0)
         answer.totalCount = 1;
@@ -106,22 +106,22 @@ void ExchangeTable::open(quint32 maxBody, Wire::ConnectionId connection)
     m_connection = std::move(connection);
 }
 
-void ExchangeTable::shut(quint16 refusal, quint16 status, quint32 brokenOff)
+void ExchangeTable::close(quint16 refusal, quint16 status, quint32 interruptedAnswer)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_refusal = refusal;
     m_unsent.clear();
-    for (SplitPlaces *const places : {&m_splitReads, &m_splitWrites})
-        places->shut(refusal);
-    m_owed = 0;
-    const auto isBrokenOff = [brokenOff](const Slot &slot) {
-        return brokenOff != 0 && slot.request.number == brokenOff;
+    for (SplitSlots *const slots : {&m_splitReads, &m_splitWrites})
+        slots->close(refusal);
+    m_timedOut = 0;
+    const auto isInterrupted = [interruptedAnswer](const Slot &slot) {
+        return interruptedAnswer != 0 && slot.request.number == interruptedAnswer;
     };
     for (Slot &slot : m_slots) {
-        if (slot.state == State::Owed)
+        if (slot.state == State::TimedOut)
             slot.state = State::Free;
-        else if (slot.state != State::Free && slot.state != State::Settled)
-            end(slot, isBrokenOff(slot) ? quint16(AnswerTooShort) : status);
+        else if (slot.state != State::Free && slot.state != State::Completed)
+            end(slot, isInterrupted(slot) ? quint16(AnswerTooShort) : status);
     }
 }
 
@@ -139,20 +139,20 @@ ExchangeTable::Ticket ExchangeTable::begin(const DeviceRequestCommand &request,
     ticket.head.kind = static_cast<quint8>(Wire::FrameKind::Request);
 
     std::unique_lock<std::mutex> lock(m_mutex);
-    SplitPlaces *const places = placesFor(ticket.head);
+    SplitSlots *const slots = slotsFor(ticket.head);
     ticket.refusal = refusalOf(ticket.head, request.body().size());
-    if (ticket.refusal == 0 && places)
-        ticket.refusal = places->await(m_clock, lock, deadline);
+    if (ticket.refusal == 0 && slots)
+        ticket.refusal = slots->await(m_clock, lock, deadline);
     m_counts.timeouts += ticket.refusal == RequestTimedOut;
     if (ticket.refusal == 0 && (ticket.head.lables = freeTag()) == 0)
         ticket.refusal = NoFreeTag;
     if (ticket.refusal != 0)
         return ticket;
 
-    assignStream(ticket.head, places);
+    assignStream(ticket.head, slots);
     Slot &slot = m_slots[ticket.head.lables];
     slot.state = State::Taken;
-    slot.begun = false;
+    slot.hasAnswerStarted = false;
     slot.sent.reset();
     slot.request = ticket.head;
     ++m_counts.requests;
@@ -166,8 +166,8 @@ quint16 ExchangeTable::refusalOf(const Wire::WireHead &head, std::size_t bodySiz
     return isKnownType(head.type) && bodySize <= m_maxBody ? quint16(0) : quint16(InvalidRequest);
 }
 
-/// The places among which a request needs one; null if it needs none or already has one.
-SplitPlaces *ExchangeTable::placesFor(const Wire::WireHead &head)
+/// The slots among which a request needs one; null if it needs none or already has one.
+SplitSlots *ExchangeTable::slotsFor(const Wire::WireHead &head)
 {
     if (isSplitWrite(head) && m_splitWrites.streamOfThisThread() == 0)
         return &m_splitWrites;
@@ -184,7 +184,7 @@ QByteArray ExchangeTable::takeStorage()
     return std::exchange(m_storage, {});
 }
 
-void ExchangeTable::giveBack(QByteArray frame)
+void ExchangeTable::recycle(QByteArray frame)
 {
     if (frame.capacity() > longestKept)
         return;
@@ -204,34 +204,43 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
 }
 
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
-                                                            Clock::TimePoint deadline)
+                                                            Clock::TimePoint deadline,
+                                                            std::optional<Wire::RequestId> *sent)
 {
     const auto start = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[request.lables];
     if (m_answersQuickly)
-        spinUntilSettled(lock, slot, deadline);
-    while (slot.state != State::Settled && m_clock.now() < deadline)
-        m_clock.waitUntil(slot.settled, lock, deadline);
+        spinUntilCompleted(lock, slot, deadline);
+    while (slot.state != State::Completed && m_clock.now() < deadline)
+        m_clock.waitUntil(slot.completed, lock, deadline);
     m_answersQuickly = std::chrono::steady_clock::now() - start < spinTime;
-    if (slot.state != State::Settled)
+    if (sent)
+        *sent = slot.sent;
+    if (slot.state != State::Completed)
         return giveUp(request.lables);
     slot.state = State::Free;
     return std::move(slot.response);
 }
 
 /// Call it with the mutex held by \a lock. Each round releases the mutex, so that the answer can be
-/// settled, and lets other threads run.
-void ExchangeTable::spinUntilSettled(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                                     Clock::TimePoint deadline) const
+/// completed, and lets other threads run.
+void ExchangeTable::spinUntilCompleted(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                                       Clock::TimePoint deadline) const
 {
     const auto end = std::chrono::steady_clock::now() + spinTime;
-    while (slot.state != State::Settled && std::chrono::steady_clock::now() < end
+    while (slot.state != State::Completed && std::chrono::steady_clock::now() < end
            && m_clock.now() < deadline) {
         lock.unlock();
         std::this_thread::yield();
         lock.lock();
     }
+}
+
+void ExchangeTable::endSplitRead(quint16 stream)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_splitReads.release(stream);
 }
 
 std::optional<QByteArray> ExchangeTable::takeUnsent()
@@ -248,31 +257,31 @@ std::optional<QByteArray> ExchangeTable::takeUnsent()
     return std::move(slot.frame);
 }
 
-void ExchangeTable::noteBegun(const Wire::WireHead &head)
+void ExchangeTable::answerStarted(const Wire::WireHead &head)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[head.lables];
     if (slot.state == State::Sent && isAnswerTo(slot.request, head))
-        slot.begun = true;
+        slot.hasAnswerStarted = true;
 }
 
-void ExchangeTable::settle(Wire::FrameEvent &&answer, quint32 maxPacketCount)
+void ExchangeTable::complete(Wire::FrameEvent &&answer, quint32 maxPacketCount)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[answer.head.lables];
     const bool isWaiting = slot.state == State::Sent;
-    const bool isOwed = slot.state == State::Owed;
-    if ((!isWaiting && !isOwed) || !isAnswerTo(slot.request, answer.head)) {
+    const bool isLate = slot.state == State::TimedOut;
+    if ((!isWaiting && !isLate) || !isAnswerTo(slot.request, answer.head)) {
         ++m_counts.strayAnswers;
         return;
     }
-    if (isOwed) {
+    if (isLate) {
         slot.state = State::Free;
-        --m_owed;
+        --m_timedOut;
         ++m_counts.lateAnswers;
         return;
     }
-    answer.head = countedOnce(answer.head);
+    answer.head = asSinglePacket(answer.head);
     if (answer.status == 0)
         answer.status = mismatch(slot.request, answer.head, maxPacketCount);
     notePacket(slot.request, answer.head, answer.status);
@@ -290,10 +299,10 @@ std::optional<Wire::RequestId> ExchangeTable::lastSent(quint8 tag) const
     return m_slots[tag].sent;
 }
 
-int ExchangeTable::owedAnswers() const
+int ExchangeTable::timedOutRequests() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_owed;
+    return m_timedOut;
 }
 
 ExchangeTable::Counts ExchangeTable::counts() const
@@ -317,21 +326,21 @@ quint8 ExchangeTable::freeTag()
 /// The packets of a split write reach the channel without a stream, one after the other from one
 /// thread: the thread determines their stream. A read gets a stream of its own, which its further
 /// packets inherit, since the caller may send another read between two of them.
-void ExchangeTable::assignStream(Wire::WireHead &head, SplitPlaces *places)
+void ExchangeTable::assignStream(Wire::WireHead &head, SplitSlots *slots)
 {
-    const int place = places ? places->freePlace(m_clock.now()) : -1;
+    const int slot = slots ? slots->freeSlot(m_clock.now()) : -1;
     if (isSplitWrite(head)) {
-        if (place >= 0)
-            places->take(place, static_cast<quint16>(firstWriteStream + place));
+        if (slot >= 0)
+            slots->assign(slot, static_cast<quint16>(firstWriteStream + slot));
         head.stream = m_splitWrites.streamOfThisThread();
-        m_splitWrites.resume(head.stream);
+        m_splitWrites.packetSent(head.stream);
         return;
     }
     if (head.stream == 0)
         head.stream = head.totalCount > 1 ? contentStreamOfThisThread() : freshStream();
-    if (place >= 0)
-        places->take(place, head.stream);
-    m_splitReads.resume(head.stream);
+    if (slot >= 0)
+        slots->assign(slot, head.stream);
+    m_splitReads.packetSent(head.stream);
 }
 
 quint16 ExchangeTable::freshStream()
@@ -346,21 +355,21 @@ quint16 ExchangeTable::freshStream()
 void ExchangeTable::notePacket(const Wire::WireHead &request, const Wire::WireHead &answer,
                                quint16 failure)
 {
-    SplitPlaces &places = isRead(request) ? m_splitReads : m_splitWrites;
+    SplitSlots &slots = isRead(request) ? m_splitReads : m_splitWrites;
     const Wire::WireHead &counted = isRead(request) ? answer : request;
     const bool isLast = quint64(counted.sendCount) + 1 >= counted.totalCount;
     if (isLast || answer.status != 0 || failure != 0)
-        places.release(request.stream);
+        slots.release(request.stream);
     else
-        places.pause(request.stream, m_clock.now());
+        slots.packetAnswered(request.stream, m_clock.now());
 }
 
 void ExchangeTable::end(Slot &slot, quint16 status)
 {
-    slot.state = State::Settled;
+    slot.state = State::Completed;
     slot.frame.clear();
     slot.response = makeResponse(Wire::packetHead(slot.request), status);
-    slot.settled.notify_one();
+    slot.completed.notify_one();
 }
 
 /// Call it with the mutex held, when the request has timed out.
@@ -371,12 +380,13 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::giveUp(quint8 tag)
     notePacket(slot.request, slot.request, RequestTimedOut);
     if (!mayBeAnswered)
         m_unsent.erase(std::remove(m_unsent.begin(), m_unsent.end(), tag), m_unsent.end());
-    slot.state = mayBeAnswered ? State::Owed : State::Free;
+    slot.state = mayBeAnswered ? State::TimedOut : State::Free;
     slot.frame.clear();
-    m_owed += mayBeAnswered;
+    m_timedOut += mayBeAnswered;
     ++m_counts.timeouts;
     return makeResponse(Wire::packetHead(slot.request),
-                        mayBeAnswered && slot.begun ? AnswerIncomplete : RequestTimedOut);
+                        mayBeAnswered && slot.hasAnswerStarted ? AnswerIncomplete
+                                                               : RequestTimedOut);
 }
 
 } // namespace Tavoro::SSProxy::Internal

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "splitplaces_p.h"
+#include "splitslots_p.h"
 #include <tavorossproxy/io/clock_p.h>
 
 #include <tavorossproxy/channelstatus.h>
@@ -22,19 +22,24 @@ namespace Tavoro::SSProxy::Internal {
 
 /// The requests in flight on one connection, by tag.
 ///
-/// | member                              | thread                       |
-/// |-------------------------------------|------------------------------|
-/// | begin, submit, await                | that of the caller, in order |
-/// | takeUnsent, noteBegun, settle       | that of the channel's loop   |
-/// | takeStorage, giveBack               | any                          |
-/// | open, shut, refusal and the counts  | any                          |
+/// | member                               | thread                       |
+/// |--------------------------------------|------------------------------|
+/// | begin, submit, await                 | that of the caller, in order |
+/// | takeUnsent, answerStarted, complete  | that of the channel's loop   |
+/// | takeStorage, recycle, endSplitRead   | any                          |
+/// | open, close, refusal and the counts  | any                          |
 ///
-/// The states of a tag. shut() ends every request in flight and frees owed tags:
+/// The states of a tag. close() ends every request in flight, and frees the tags of requests that
+/// timed out:
 /// \code
-/// Free --begin--> Taken --submit--> Unsent --takeUnsent--> Sent --settle--> Settled --await-->
-/// Free
-///                   |                 |                     |
-///                   +--- time out ----+---> Free            +--time out--> Owed --settle--> Free
+/// Free      --begin-->                Taken
+/// Taken     --submit-->               Unsent
+/// Unsent    --takeUnsent-->           Sent
+/// Sent      --complete-->             Completed
+/// Completed --await-->                Free
+/// Taken, Unsent --await, too late-->  Free
+/// Sent      --await, too late-->      TimedOut
+/// TimedOut  --complete-->             Free
 /// \endcode
 class ExchangeTable {
 public:
@@ -43,8 +48,8 @@ public:
     /// Accepts requests with bodies of at most \a maxBody bytes, to be sent over \a connection.
     void open(quint32 maxBody, Wire::ConnectionId connection = {});
     /// Refuses requests with \a refusal from now on. Ends the requests in flight with \a status,
-    /// except that with the number \a brokenOff, which ends with AnswerTooShort.
-    void shut(quint16 refusal, quint16 status, quint32 brokenOff = 0);
+    /// except that with the number \a interruptedAnswer, which ends with AnswerTooShort.
+    void close(quint16 refusal, quint16 status, quint32 interruptedAnswer = 0);
     /// The status with which a request is refused now; 0 if requests are accepted.
     quint16 refusal() const;
 
@@ -53,32 +58,36 @@ public:
         Wire::WireHead head; ///< The head of the request, with its tag and its stream.
     };
     /// Assigns a tag to a request, and a stream if it has none. Blocks a request that may begin a
-    /// split exchange until the device has a place for it, until \a deadline at the latest.
+    /// split exchange until the device has a slot for it, until \a deadline at the latest.
     Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
     /// Returns storage for a frame, with arbitrary content.
     QByteArray takeStorage();
     /// Queues the frame of the request for sending.
     void submit(quint8 tag, QByteArray frame);
     /// Blocks until the answer has arrived or \a deadline has passed, and frees the tag. Never
-    /// null.
+    /// null. \a sent identifies the request at the device; it stays empty if it was not sent.
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
-                                                 Clock::TimePoint deadline);
+                                                 Clock::TimePoint deadline,
+                                                 std::optional<Wire::RequestId> *sent = nullptr);
+
+    /// The caller does not request a further packet of a split read.
+    void endSplitRead(quint16 stream);
 
     /// Takes the next frame to send, if there is one, and numbers it.
     std::optional<QByteArray> takeUnsent();
     /// Keeps the storage of a sent frame for the next one.
-    void giveBack(QByteArray frame);
-    /// The answer with \a head has begun to arrive.
-    void noteBegun(const Wire::WireHead &head);
+    void recycle(QByteArray frame);
+    /// The answer with \a head has started to arrive.
+    void answerStarted(const Wire::WireHead &head);
     /// Ends the request that waits for \a answer: with the answer, or with a status if the answer
     /// is not valid.
-    void settle(Wire::FrameEvent &&answer, quint32 maxPacketCount);
+    void complete(Wire::FrameEvent &&answer, quint32 maxPacketCount);
 
     /// Identifies the last request with this tag. Returns nothing if it was not sent.
     std::optional<Wire::RequestId> lastSent(quint8 tag) const;
 
     /// Number of requests that timed out and whose answers may still arrive.
-    int owedAnswers() const;
+    int timedOutRequests() const;
 
     struct Counts {
         quint64 requests = 0, timeouts = 0, lateAnswers = 0, strayAnswers = 0;
@@ -91,27 +100,27 @@ private:
         Taken,
         Unsent,
         Sent,
-        Settled,
-        Owed
+        Completed,
+        TimedOut
     };
     struct Slot {
         State state = State::Free;
-        bool begun = false; ///< A part of the answer has arrived.
+        bool hasAnswerStarted = false; ///< A part of the answer has arrived.
         std::optional<Wire::RequestId> sent; ///< Identifies the request at the device.
         Wire::WireHead request; ///< What the answer must match.
         QByteArray frame; ///< The frame to send, in state Unsent.
-        std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Settled.
-        std::condition_variable settled;
+        std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Completed.
+        std::condition_variable completed;
     };
 
     quint16 refusalOf(const Wire::WireHead &head, std::size_t bodySize) const;
-    SplitPlaces *placesFor(const Wire::WireHead &head);
-    void assignStream(Wire::WireHead &head, SplitPlaces *places);
+    SplitSlots *slotsFor(const Wire::WireHead &head);
+    void assignStream(Wire::WireHead &head, SplitSlots *slots);
     quint8 freeTag();
     quint16 freshStream();
     void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
-    void spinUntilSettled(std::unique_lock<std::mutex> &lock, const Slot &slot,
-                          Clock::TimePoint deadline) const;
+    void spinUntilCompleted(std::unique_lock<std::mutex> &lock, const Slot &slot,
+                            Clock::TimePoint deadline) const;
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
 
@@ -125,9 +134,9 @@ private:
     quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
     quint16 m_lastStream = 0;
-    SplitPlaces m_splitReads{Wire::keptAnswers};
-    SplitPlaces m_splitWrites{Wire::collectedWrites};
-    int m_owed = 0;
+    SplitSlots m_splitReads{Wire::splitReadLimit};
+    SplitSlots m_splitWrites{Wire::splitWriteLimit};
+    int m_timedOut = 0;
     bool m_answersQuickly = true; ///< The last answer arrived within the spin time.
     Counts m_counts;
     QByteArray m_storage; ///< Storage of the frame that was sent last.

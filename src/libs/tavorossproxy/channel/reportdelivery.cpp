@@ -18,7 +18,7 @@ constexpr std::chrono::seconds logInterval(1);
 ReportDelivery::ReportDelivery(std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
                                std::function<QString()> peerName, Handler handler)
     : m_peerName(std::move(peerName)),
-      m_presence(std::make_shared<ReportDelivery *>(this)),
+      m_lifetime(std::make_shared<ReportDelivery *>(this)),
       m_queue(
           {options.maxPendingReports, options.maxPendingReportBytes},
           [this, handler = std::move(handler)](std::shared_ptr<IDeviceCommand> report) {
@@ -32,8 +32,8 @@ ReportDelivery::ReportDelivery(std::shared_ptr<EventLoop> loop, const ChannelOpt
 /// Reports may be released on any thread, and after the channel was destroyed.
 std::function<void()> ReportDelivery::makeWake(std::shared_ptr<EventLoop> loop) const
 {
-    const auto deliver = [presence = std::weak_ptr<ReportDelivery *>(m_presence)] {
-        if (const auto self = presence.lock())
+    const auto deliver = [lifetime = std::weak_ptr<ReportDelivery *>(m_lifetime)] {
+        if (const auto self = lifetime.lock())
             (*self)->m_queue.deliverWaiting();
     };
     return [loop = std::move(loop), deliver] {
@@ -50,7 +50,7 @@ void ReportDelivery::take(Wire::FrameEvent &&report)
 
 void ReportDelivery::stop()
 {
-    m_presence.reset();
+    m_lifetime.reset();
     m_queue.dropWaiting();
     m_droppedLines.flush();
 }

@@ -42,7 +42,7 @@ private:
 
     const std::function<QString()> m_peerName;
     /// Points at this object until stop(); posted calls hold it weakly.
-    std::shared_ptr<ReportDelivery *> m_presence;
+    std::shared_ptr<ReportDelivery *> m_lifetime;
     ReportQueue m_queue;
     RateLimiter m_droppedLines; ///< Limits how often dropped reports are logged.
     std::atomic<quint64> m_delivered{0};

@@ -1,8 +1,8 @@
 #include "streamchannel_p.h"
 
+#include "clampedoptions_p.h"
 #include "commands_p.h"
 #include "outcomequery_p.h"
-#include "usableoptions_p.h"
 #include <tavorossproxy/logging_p.h>
 
 #include <tavorowire/checksums.h>
@@ -14,6 +14,19 @@
 #include <utility>
 
 namespace Tavoro::SSProxy::Internal {
+
+namespace {
+
+bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
+{
+    if (event.head.kind != quint8(Wire::FrameKind::Report))
+        return false;
+    Wire::JsonElements elements;
+    elements.add(event.body);
+    return elements.count() > maxElements;
+}
+
+} // namespace
 
 std::shared_ptr<StreamChannel>
 StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
@@ -35,8 +48,8 @@ StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
 StreamChannel::StreamChannel(const QString &peerName, std::shared_ptr<EventLoop> loop,
                              const ChannelOptions &options)
     : m_loop(std::move(loop)),
-      m_options(usableOptions(options)),
-      m_refusedFrames(*m_loop, [this] { return this->peerName(); }),
+      m_options(clampedOptions(options)),
+      m_invalidFrames(*m_loop, [this] { return this->peerName(); }),
       m_exchanges(m_loop->clock()),
       m_peerName(peerName),
       m_reason(tr("no connection yet"))
@@ -130,6 +143,48 @@ RequestOutcome StreamChannel::requestOutcome(quint8 lables)
     return outcome;
 }
 
+RequestOutcome StreamChannel::outcomeOf(const RequestIdentity &id)
+{
+    return queryOutcome(*this, {{id.client, id.connection}, id.number});
+}
+
+bool StreamChannel::readControlHolder(QString &holder)
+{
+    return m_control->readHolder(holder);
+}
+
+void StreamChannel::setConnectionHandler(std::function<void(const ConnectionState &)> handler)
+{
+    m_loop->post([self = shared_from_this(), handler = std::move(handler)]() mutable {
+        self->m_connectionHandler = std::move(handler);
+        self->notifyConnection();
+    });
+}
+
+ConnectionState StreamChannel::connectionState() const
+{
+    ConnectionState state;
+    state.connections = m_connections;
+    if (m_link && m_link->isReady()) {
+        state.phase = ConnectionState::Phase::Ready;
+        return state;
+    }
+    const auto pause = m_link ? m_link->timeToNextAttempt() : std::nullopt;
+    state.phase = pause ? ConnectionState::Phase::Pausing
+        : m_link        ? ConnectionState::Phase::Connecting
+                        : ConnectionState::Phase::Stopped;
+    state.pause = pause.value_or(state.pause);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    state.reason = m_reason;
+    return state;
+}
+
+void StreamChannel::notifyConnection()
+{
+    if (m_connectionHandler)
+        m_connectionHandler(connectionState());
+}
+
 ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -147,7 +202,7 @@ ChannelStatistics StreamChannel::statistics() const
     statistics.strayAnswers = counts.strayAnswers;
     statistics.reports = m_reports->delivered();
     statistics.droppedReports = m_reports->dropped();
-    statistics.protocolErrors = m_refusedFrames.count();
+    statistics.protocolErrors = m_invalidFrames.count();
     return statistics;
 }
 
@@ -165,10 +220,23 @@ QString StreamChannel::peerName() const
 std::shared_ptr<DeviceResponseCommand>
 StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
 {
-    return request ? exchange(*request) : makeResponse({}, InvalidRequest);
+    if (!request)
+        return makeResponse({}, InvalidRequest);
+    Exchange observed;
+    auto response = exchange(*request, observed);
+    const PacketHead &head = request->head();
+    observed.status = response->status;
+    observed.type = static_cast<CommandType>(head.type);
+    observed.code = static_cast<quint16>(head.BC << 8 | head.FC);
+    observed.packet = head.sendCount;
+    observed.packets = std::max(head.totalCount, 1u);
+    ExchangeWatch::report(std::move(observed));
+    return response;
 }
 
-std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestCommand &request)
+/// Sets the members of \a observed that say whether and when the request was sent.
+std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestCommand &request,
+                                                               Exchange &observed)
 {
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
@@ -184,15 +252,32 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
     m_exchanges.submit(ticket.head.lables, std::move(frame));
     postSending();
-    auto response = m_exchanges.await(ticket.head, deadline);
+    observed.time = std::chrono::steady_clock::now();
+    std::optional<Wire::RequestId> sent;
+    auto response = m_exchanges.await(ticket.head, deadline, &sent);
+    if (sent)
+        observed.sent = {sent->connection.client, sent->connection.number, sent->number};
+    const quint64 elements = m_answerElements.add(ticket.head, *response);
+    if (elements > m_options.maxElements)
+        return refuseAnswer(ticket.head, elements);
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
-    if (m_exchanges.owedAnswers() >= m_options.maxOwedAnswers)
+    if (m_exchanges.timedOutRequests() >= m_options.maxTimedOutRequests)
         closeConnection(connection, tr("it owes too many answers"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
              && hasStalled())
         closeConnection(connection, tr("it stopped in the middle of a frame"));
     return response;
+}
+
+/// Ends the exchange. The caller requests no further packet of the answer.
+std::shared_ptr<DeviceResponseCommand> StreamChannel::refuseAnswer(const Wire::WireHead &request,
+                                                                   quint64 elements)
+{
+    qCWarning(channelLog) << "Answer refused from" << peerName() << "elements" << elements
+                          << "limit" << m_options.maxElements;
+    m_exchanges.endSplitRead(request.stream);
+    return makeResponse(Wire::packetHead(request), WrongLength);
 }
 
 void StreamChannel::postSending()
@@ -212,7 +297,7 @@ void StreamChannel::sendUnsent()
         if (!frame)
             return;
         m_link->send(*frame);
-        m_exchanges.giveBack(std::move(*frame));
+        m_exchanges.recycle(std::move(*frame));
     }
 }
 
@@ -233,7 +318,7 @@ void StreamChannel::closeConnection(quint64 connection, const QString &reason)
             return;
         m_state = State::Waiting;
         m_reason = reason;
-        m_exchanges.shut(Disconnected, Disconnected);
+        m_exchanges.close(Disconnected, Disconnected);
     }
     m_loop->post([self = shared_from_this(), connection, reason] {
         if (self->m_link && self->m_connections == connection)
@@ -250,7 +335,7 @@ void StreamChannel::stopAccepting(quint16 refusal, const QString &reason)
             return;
         m_state = State::Stopped;
         m_reason = reason;
-        m_exchanges.shut(refusal, refusal);
+        m_exchanges.close(refusal, refusal);
     }
     m_stateChanged.notify_all();
 }
@@ -269,8 +354,10 @@ void StreamChannel::endLink()
     m_link->stop();
     m_link.reset();
     m_reports->stop();
-    m_refusedFrames.stop();
+    m_invalidFrames.stop();
     m_control->stop();
+    notifyConnection();
+    m_connectionHandler = {};
 }
 
 bool StreamChannel::linkMayConnect()
@@ -290,9 +377,12 @@ void StreamChannel::releaseConnection()
 
 void StreamChannel::linkConnecting()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_state != State::Stopped)
-        m_exchanges.shut(Connecting, Disconnected);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state != State::Stopped)
+            m_exchanges.close(Connecting, Disconnected);
+    }
+    notifyConnection();
 }
 
 void StreamChannel::linkIdentifying(const QString &reason)
@@ -310,17 +400,18 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
+        ++m_connections; // first, so that isHardwareReadFinished() never belongs to an older count
         m_exchanges.open(info.maxPacketSize, m_link->connectionId());
         m_info = std::move(info);
         m_state = State::Ready;
-        ++m_connections;
     }
     m_stateChanged.notify_all();
     qCInfo(channelLog) << "Connected to" << peerName() << name;
     m_control->begin(isMaster);
+    notifyConnection();
 }
 
-void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brokenOff)
+void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer)
 {
     releaseConnection();
     {
@@ -328,19 +419,22 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 brok
         if (m_state == State::Stopped)
             return;
         // After a loss the refusal is always Disconnected; after a failed attempt it is the cause.
-        m_exchanges.shut(m_state == State::Ready ? quint16(Disconnected) : status, status,
-                         brokenOff);
+        m_exchanges.close(m_state == State::Ready ? quint16(Disconnected) : status, status,
+                          interruptedAnswer);
         m_state = State::Waiting;
         m_reason = reason;
         m_lastFrameProgress = Clock::TimePoint();
     }
     qCWarning(channelLog) << "No connection to" << peerName() << reason;
+    notifyConnection();
 }
 
 void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 {
+    if (event.status == 0 && isReportAbove(m_options.maxElements, event))
+        event.status = WrongLength;
     if (event.status != 0)
-        m_refusedFrames.add(event.status);
+        m_invalidFrames.add(event.status);
     if (event.fatal)
         return;
     const bool isAboutControl =
@@ -349,8 +443,8 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
         m_control->take(event);
     // A frame of a kind that devices do not send is probably meant as an answer.
     if (event.head.kind == quint8(Wire::FrameKind::Response) || event.status == WrongType) {
-        m_exchanges.settle(std::move(event), m_options.maxPacketCount);
-        m_loop->expectCall();
+        m_exchanges.complete(std::move(event), m_options.maxPacketCount);
+        m_loop->announceCall();
     } else if (event.status == 0 && !isAboutControl) {
         m_reports->take(std::move(event));
     }
@@ -359,7 +453,7 @@ void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 void StreamChannel::linkReceiving(const Wire::WireHead &head)
 {
     if (head.kind == quint8(Wire::FrameKind::Response))
-        m_exchanges.noteBegun(head);
+        m_exchanges.answerStarted(head);
 }
 
 void StreamChannel::linkProgressed(Clock::TimePoint lastProgress)

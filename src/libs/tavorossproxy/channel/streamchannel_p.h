@@ -1,10 +1,11 @@
 #pragma once
 
+#include "answerelements_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
 #include "expecteddevice_p.h"
-#include "refusedframes_p.h"
+#include "invalidframes_p.h"
 #include "reportdelivery_p.h"
 #include <tavorossproxy/io/eventloop_p.h>
 
@@ -23,14 +24,16 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
 /// | the public functions                      | any                                        |
-/// | m_link, its events, m_refusedFrames       | that of the loop                           |
+/// | m_connectionHandler                       | that of the loop                           |
+/// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_answerElements                          | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
                             public ExpectedDevice,
                             public std::enable_shared_from_this<StreamChannel>,
-                            public EventLoop::User,
+                            public EventLoop::Client,
                             public ChannelLink::Events {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::StreamChannel)
 
@@ -60,6 +63,9 @@ public:
     void moveTo(const QString &host, quint16 port) override;
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
+    RequestOutcome outcomeOf(const RequestIdentity &id) override;
+    bool readControlHolder(QString &holder) override;
+    void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
     bool connectsTo(const QString &host, quint16 port) const override;
@@ -81,7 +87,7 @@ private:
     void linkConnecting() override;
     void linkIdentifying(const QString &reason) override;
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
-    void linkLost(quint16 status, const QString &reason, quint32 brokenOff) override;
+    void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) override;
     void linkWritable() override { sendUnsent(); }
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkReceiving(const Wire::WireHead &head) override;
@@ -89,7 +95,12 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
+                                                    Exchange &observed);
+    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
+                                                        quint64 elements);
+    ConnectionState connectionState() const;
+    void notifyConnection();
     void postSending();
     void sendUnsent();
     bool hasStalled() const;
@@ -104,9 +115,11 @@ private:
     std::unique_ptr<DeviceControl> m_control; ///< Set before the channel is used.
     std::unique_ptr<ReportDelivery> m_reports; ///< Set before the channel is used.
     std::unique_ptr<ChannelLink> m_link;
-    RefusedFrames m_refusedFrames;
+    InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
+    std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
     ExchangeTable m_exchanges;
+    AnswerElements m_answerElements;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
     /// When the unfinished incoming frame last made progress; the epoch if there is none.

@@ -43,14 +43,14 @@ void DeviceTracker::noteSeen(const ProtoModel::DeviceBaseInfo &device)
     if (const AnyChannel channel = findInManager(key)) {
         m_known[key] = channel;
         follow(channel, device);
-    } else if (const AnyChannel unidentified = findBoundFor(device)) {
+    } else if (const AnyChannel unidentified = findUnidentified(device)) {
         follow(unidentified, device); // its device is known once it has connected
     } else {
         open(key, device);
     }
 }
 
-void DeviceTracker::readmit()
+void DeviceTracker::forgetRemoved()
 {
     for (auto known = m_known.begin(); known != m_known.end();)
         known =
@@ -91,7 +91,7 @@ DeviceTracker::AnyChannel DeviceTracker::findInManager(const std::string &key) c
 
 /// Returns a channel that connects to the device's address and accepts any device there.
 DeviceTracker::AnyChannel
-DeviceTracker::findBoundFor(const ProtoModel::DeviceBaseInfo &device) const
+DeviceTracker::findUnidentified(const ProtoModel::DeviceBaseInfo &device) const
 {
     const QString host = QString::fromStdString(device.ip);
     for (const AnyChannel &channel : m_channels->all()) {

@@ -31,12 +31,12 @@ public:
     void noteSeen(const ProtoModel::DeviceBaseInfo &device);
     /// Lets noteSeen() open channels again for devices whose channels were removed from the
     /// manager.
-    void readmit();
+    void forgetRemoved();
 
 private:
     bool followKnown(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
     AnyChannel findInManager(const std::string &key) const;
-    AnyChannel findBoundFor(const ProtoModel::DeviceBaseInfo &device) const;
+    AnyChannel findUnidentified(const ProtoModel::DeviceBaseInfo &device) const;
     void follow(const AnyChannel &channel, const ProtoModel::DeviceBaseInfo &device);
     void open(const std::string &key, const ProtoModel::DeviceBaseInfo &device);
 

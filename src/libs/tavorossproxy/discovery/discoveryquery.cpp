@@ -14,7 +14,7 @@ DiscoveryQuery::DiscoveryQuery(std::shared_ptr<EventLoop> loop,
                                std::chrono::milliseconds interval)
     : m_loop(std::move(loop)),
       m_targets(std::move(targets)),
-      m_interval(std::min<std::chrono::milliseconds>(interval, longestTime)),
+      m_interval(std::min<std::chrono::milliseconds>(interval, maxDuration)),
       m_socket(std::move(socket)),
       m_invalidDatagrams(*m_loop, std::chrono::seconds(1), [](quint64 count) {
           qCDebug(channelLog) << "Ignored further discovery answers" << count;

@@ -20,7 +20,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | stop, sendNow    | any        |
 /// | others           | the loop's |
 class DiscoveryQuery final : public std::enable_shared_from_this<DiscoveryQuery>,
-                             public EventLoop::User {
+                             public EventLoop::Client {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::DiscoveryQuery)
 
 public:

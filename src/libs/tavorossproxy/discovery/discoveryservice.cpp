@@ -24,7 +24,7 @@ void DiscoveryService::stop()
 void DiscoveryService::refresh()
 {
     m_loop->post([service = shared_from_this()] {
-        service->m_tracker->readmit();
+        service->m_tracker->forgetRemoved();
         if (service->m_query)
             service->m_query->sendNow();
     });

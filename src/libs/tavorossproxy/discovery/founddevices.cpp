@@ -7,7 +7,7 @@ namespace Tavoro::SSProxy::Internal {
 namespace {
 
 /// Limits the memory of a search: a peer may answer under any number of identities.
-constexpr std::size_t mostDevices = 1024;
+constexpr std::size_t maxDevices = 1024;
 
 } // namespace
 
@@ -17,7 +17,7 @@ void FoundDevices::add(const ProtoModel::DeviceBaseInfo &device)
     const auto isSame = [&](const auto &known) {
         return known.sn == device.sn && known.mac == device.mac;
     };
-    if (m_devices.size() < mostDevices && std::none_of(m_devices.begin(), m_devices.end(), isSame))
+    if (m_devices.size() < maxDevices && std::none_of(m_devices.begin(), m_devices.end(), isSame))
         m_devices.push_back(device);
     m_changed.notify_all();
 }

@@ -7,7 +7,7 @@
 namespace Tavoro::SSProxy::Internal {
 
 /// Longest timeout or pause; longer ones could overflow the clock.
-constexpr std::chrono::hours longestTime(24);
+constexpr std::chrono::hours maxDuration(24);
 
 /// The clock of timeouts and pauses. Any thread.
 class Clock {

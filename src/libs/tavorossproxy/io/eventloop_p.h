@@ -12,18 +12,18 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                  | thread       |
 /// |-----------------------------------------|--------------|
 /// | clock, isCurrentThread, post            | any          |
-/// | expectCall, postAt, attach, detach      | the loop's   |
+/// | announceCall, postAt, attach, detach    | the loop's   |
 /// | connections                             | the loop's   |
 class EventLoop {
 public:
     /// An object that works on the thread.
-    class User {
+    class Client {
     public:
         /// The thread ends after this call.
         virtual void loopEnding() = 0;
 
     protected:
-        ~User() = default;
+        ~Client() = default;
     };
 
     virtual ~EventLoop() = default;
@@ -35,13 +35,13 @@ public:
     virtual bool post(std::function<void()> call) = 0;
 
     /// Announces that a caller has received its answer and may post its next request soon.
-    virtual void expectCall() { }
+    virtual void announceCall() { }
     /// Runs \a call at \a time.
     virtual void postAt(Clock::TimePoint time, std::function<void()> call) = 0;
-    /// Keeps \a user alive until it is detached, and calls its loopEnding() if the thread ends
+    /// Keeps \a client alive until it is detached, and calls its loopEnding() if the thread ends
     /// before.
-    virtual void attach(std::shared_ptr<User> user) = 0;
-    virtual void detach(const User *user) = 0;
+    virtual void attach(std::shared_ptr<Client> client) = 0;
+    virtual void detach(const Client *client) = 0;
 
     int connections = 0; ///< Channels that have a connection or are connecting.
 };

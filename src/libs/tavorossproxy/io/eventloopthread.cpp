@@ -82,7 +82,7 @@ bool EventLoopThread::post(std::function<void()> call)
     return true;
 }
 
-void EventLoopThread::expectCall()
+void EventLoopThread::announceCall()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_spinWait.since = m_clock.now();
@@ -114,16 +114,17 @@ void EventLoopThread::postAt(Clock::TimePoint time, std::function<void()> call)
                        Qt::PreciseTimer, this, std::move(call));
 }
 
-void EventLoopThread::attach(std::shared_ptr<User> user)
+void EventLoopThread::attach(std::shared_ptr<Client> client)
 {
-    m_users.push_back(std::move(user));
+    m_clients.push_back(std::move(client));
 }
 
-void EventLoopThread::detach(const User *user)
+void EventLoopThread::detach(const Client *client)
 {
-    m_users.erase(std::remove_if(m_users.begin(), m_users.end(),
-                                 [user](const auto &attached) { return attached.get() == user; }),
-                  m_users.end());
+    m_clients.erase(
+        std::remove_if(m_clients.begin(), m_clients.end(),
+                       [client](const auto &attached) { return attached.get() == client; }),
+        m_clients.end());
 }
 
 /// Runs the calls that were posted before, and refuses later ones.
@@ -134,9 +135,9 @@ void EventLoopThread::end()
         m_calls.end();
     }
     runCalls();
-    for (const auto &user : m_users)
-        user->loopEnding();
-    m_users.clear();
+    for (const auto &client : m_clients)
+        client->loopEnding();
+    m_clients.clear();
     m_thread.quit();
 }
 

@@ -19,7 +19,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | instance, stop      | any but the thread itself        |
 /// | post                | any                              |
 /// | m_calls, m_spinWait | any, guarded by m_mutex          |
-/// | m_users             | the thread itself                |
+/// | m_clients           | the thread itself                |
 class EventLoopThread final : public QObject, public EventLoop {
     Q_OBJECT
 
@@ -36,10 +36,10 @@ public:
     Clock &clock() override { return m_clock; }
     bool isCurrentThread() const override { return QThread::currentThread() == &m_thread; }
     bool post(std::function<void()> call) override;
-    void expectCall() override;
+    void announceCall() override;
     void postAt(Clock::TimePoint time, std::function<void()> call) override;
-    void attach(std::shared_ptr<User> user) override;
-    void detach(const User *user) override;
+    void attach(std::shared_ptr<Client> client) override;
+    void detach(const Client *client) override;
 
 private:
     /// State of spinning: the thread spins for an expected call before it blocks, since waking it
@@ -59,7 +59,7 @@ private:
     std::mutex m_mutex; // never held while a call runs
     CallQueue m_calls{m_mutex};
     SpinWait m_spinWait; // guarded by m_mutex
-    std::vector<std::shared_ptr<User>> m_users;
+    std::vector<std::shared_ptr<Client>> m_clients;
 };
 
 } // namespace Tavoro::SSProxy::Internal

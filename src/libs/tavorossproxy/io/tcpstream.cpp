@@ -14,7 +14,7 @@ constexpr std::size_t receivedAtOnce = 128u << 10;
 
 /// Most reads in a row before other sockets are served. The socket emits readyRead() again if more
 /// is left.
-constexpr int mostRounds = 32;
+constexpr int maxRounds = 32;
 
 } // namespace
 
@@ -31,8 +31,8 @@ void TcpStream::open(Events &events)
 {
     close();
     m_events = &events;
-    if (!m_presence)
-        m_presence = std::make_unique<QObject>();
+    if (!m_callContext)
+        m_callContext = std::make_unique<QObject>();
     m_socket = std::make_unique<QTcpSocket>();
     m_hasFailed = false;
     m_socket->setProxy(QNetworkProxy::NoProxy); // devices are on the local network
@@ -63,7 +63,7 @@ void TcpStream::write(const QByteArray &bytes)
         if (m_socket.get() == socket)
             fail(*m_events);
     };
-    QMetaObject::invokeMethod(m_presence.get(), failLater, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(m_callContext.get(), failLater, Qt::QueuedConnection);
 }
 
 bool TcpStream::setPeer(const QString &host, quint16 port)
@@ -102,7 +102,7 @@ void TcpStream::receive(Events &events)
     const auto isOpen = [this, socket] {
         return m_socket && m_socket.get() == socket && !m_hasFailed;
     };
-    for (int round = 0; round < mostRounds && isOpen(); ++round) {
+    for (int round = 0; round < maxRounds && isOpen(); ++round) {
         const auto room = static_cast<qint64>(m_received.size());
         const qint64 count = m_socket->read(m_received.data(), room);
         if (count < 0)

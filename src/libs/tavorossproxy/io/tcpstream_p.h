@@ -38,7 +38,7 @@ private:
     bool m_hasFailed = false; ///< A write has failed; streamClosed() follows.
     /// Context of delayed calls, which must not run after the stream was destroyed. The socket
     /// cannot be the context: a closed one may live longer.
-    std::unique_ptr<QObject> m_presence;
+    std::unique_ptr<QObject> m_callContext;
     std::vector<char> m_received; ///< Receive buffer, reused so that it stays in the cache.
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 /// Most datagrams in a row before other sockets are served. The socket emits readyRead() again if
 /// more are left.
-constexpr int mostRounds = 32;
+constexpr int maxRounds = 32;
 
 } // namespace
 
@@ -65,7 +65,7 @@ QStringList UdpSocket::broadcastAddresses() const
 /// \a receiver must not destroy the socket.
 void UdpSocket::receive(const Receiver &receiver)
 {
-    for (int round = 0; round < mostRounds && m_socket->hasPendingDatagrams(); ++round) {
+    for (int round = 0; round < maxRounds && m_socket->hasPendingDatagrams(); ++round) {
         const QNetworkDatagram datagram = m_socket->receiveDatagram();
         const QByteArray bytes = datagram.data();
         receiver(addressText(datagram.senderAddress()),

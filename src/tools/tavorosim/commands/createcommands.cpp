@@ -18,15 +18,15 @@ using namespace ProtoModel::File;
 
 namespace {
 
-constexpr qint32 mostZoom = 64;
+constexpr qint32 maxZoom = 64;
 
 DeviceStatus makeImage(const SimState &state, const s_CreateImageFile &record, s_FileDetail &detail,
                        std::string &content)
 {
     const qint32 step = record.source.zoomRatio;
-    if (step < 1 || step > mostZoom)
+    if (step < 1 || step > maxZoom)
         return DeviceStatus::ValueOutOfRange;
-    const auto picture = pictureOf(state, record.source.type, record.source.id);
+    const auto picture = findPicture(state, record.source.type, record.source.id);
     if (!picture)
         return DeviceStatus::NoSuchObject;
     detail.source = record.source;

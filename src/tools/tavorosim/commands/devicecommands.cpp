@@ -13,8 +13,8 @@ using namespace ProtoModel::Device;
 
 namespace {
 
-constexpr std::size_t longestName = 128; ///< Bytes of the name of the device.
-constexpr std::size_t mostGroups = 64;
+constexpr std::size_t maxNameLength = 128; ///< Bytes of the name of the device.
+constexpr std::size_t maxGroups = 64;
 
 template <class List, class Predicate>
 auto *findIf(List &list, Predicate predicate)
@@ -45,7 +45,7 @@ DeviceStatus checkModes(const SimState &state, const s_subcardBody &wanted)
     for (const s_ConnectorBody &connector : wanted.connectors) {
         if (!findConnector(*card, connector.id))
             return DeviceStatus::NoSuchObject;
-        if (!isCode(connector.workMode) || !isCode(connector.capacityMode))
+        if (!isUInt16(connector.workMode) || !isUInt16(connector.capacityMode))
             return DeviceStatus::ValueOutOfRange;
     }
     return DeviceStatus::Success;
@@ -90,8 +90,8 @@ DeviceStatus checkRelation(const SimState &state, const s_Relation &relation)
     }
     const bool isOneOfThem = relation.actualInterface == relation.interfaceA
         || relation.actualInterface == relation.interfaceB;
-    return isCode(relation.type) && isOneOfThem ? DeviceStatus::Success
-                                                : DeviceStatus::ValueOutOfRange;
+    return isUInt16(relation.type) && isOneOfThem ? DeviceStatus::Success
+                                                  : DeviceStatus::ValueOutOfRange;
 }
 
 /// Calls \a check for each element of \a list. Returns the status of the first one that is refused.
@@ -128,7 +128,7 @@ DeviceStatus writeDeviceGeneral(SimState &state, const Request &request, Reports
     s_General record;
     if (!decoded(request.body, record))
         return DeviceStatus::MalformedBody;
-    if (record.general.name.empty() || record.general.name.size() > longestName)
+    if (record.general.name.empty() || record.general.name.size() > maxNameLength)
         return DeviceStatus::ValueOutOfRange;
     state.device.general.name = record.general.name;
     return DeviceStatus::Success;
@@ -191,7 +191,7 @@ DeviceStatus writeGroups(SimState &state, const Request &request, Reports &repor
     const bool allNamed =
         std::all_of(record.groupInfos.begin(), record.groupInfos.end(),
                     [](const s_DeviceGroupInfoBody &group) { return !group.groupId.empty(); });
-    if (!allNamed || record.groupInfos.size() > mostGroups)
+    if (!allNamed || record.groupInfos.size() > maxGroups)
         return DeviceStatus::ValueOutOfRange;
     state.device.groupInfos = record.groupInfos;
     reports.push_back(reportGroups(state));

@@ -6,7 +6,7 @@
 namespace Tavoro::Sim {
 
 /// The greatest type and number of a file: 255 in the head of a command selects all.
-constexpr qint32 mostFileNumber = 254;
+constexpr qint32 maxFileNumber = 254;
 
 /// True if a file may have this identity, or this name.
 bool isFileIdentity(const ProtoModel::s_FileIdentity &id);

@@ -19,12 +19,12 @@ void ConnectionOutcomes::arrive(quint32 number)
     if (number == 0)
         return;
     m_lastArrived = number;
-    m_outcomes[number % mostRequests] = {number, OutcomeState::UnderWay, 0};
+    m_outcomes[number % maxRequests] = {number, OutcomeState::UnderWay, 0};
 }
 
 void ConnectionOutcomes::finish(quint32 number, quint8 status)
 {
-    Outcome &outcome = m_outcomes[number % mostRequests];
+    Outcome &outcome = m_outcomes[number % maxRequests];
     if (number != 0 && outcome.number == number)
         outcome = {number, OutcomeState::Done, status};
 }
@@ -33,19 +33,19 @@ void ConnectionOutcomes::finish(quint32 number, quint8 status)
 /// has been forgotten if it is much older than the last one, and has not arrived otherwise.
 std::string ConnectionOutcomes::read(quint32 number) const
 {
-    const Outcome &outcome = m_outcomes[number % mostRequests];
+    const Outcome &outcome = m_outcomes[number % maxRequests];
     if (number == 0)
         return bytes(OutcomeState::Unknown);
     if (outcome.number == number)
         return bytes(outcome.state, outcome.status);
-    const bool isForgotten = m_lastArrived > number && m_lastArrived - number >= mostRequests;
+    const bool isForgotten = m_lastArrived > number && m_lastArrived - number >= maxRequests;
     return bytes(isForgotten ? OutcomeState::Unknown : OutcomeState::NotArrived);
 }
 
 std::shared_ptr<ConnectionOutcomes> OutcomeLog::open(const ConnectionId &id)
 {
     m_connections.push_back(std::make_shared<ConnectionOutcomes>(id));
-    if (m_connections.size() > mostConnections)
+    if (m_connections.size() > maxConnections)
         m_connections.pop_front();
     return m_connections.back();
 }

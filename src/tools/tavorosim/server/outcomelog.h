@@ -12,7 +12,7 @@ namespace Tavoro::Sim {
 /// The outcomes of the last requests of one connection, by the numbers that the client gave them.
 class ConnectionOutcomes {
 public:
-    static constexpr quint32 mostRequests = 256;
+    static constexpr quint32 maxRequests = 256;
 
     explicit ConnectionOutcomes(SSProxy::Wire::ConnectionId id) : m_id(std::move(id)) { }
 
@@ -33,13 +33,13 @@ private:
 
     const SSProxy::Wire::ConnectionId m_id;
     quint32 m_lastArrived = 0; ///< 0: none.
-    std::array<Outcome, mostRequests> m_outcomes;
+    std::array<Outcome, maxRequests> m_outcomes;
 };
 
 /// The outcomes of the last connections of all clients.
 class OutcomeLog {
 public:
-    static constexpr std::size_t mostConnections = 64;
+    static constexpr std::size_t maxConnections = 64;
 
     std::shared_ptr<ConnectionOutcomes> open(const SSProxy::Wire::ConnectionId &id);
     void forgetAll() { m_connections.clear(); }

@@ -17,8 +17,8 @@
 namespace {
 
 // Limits of what the simulated device keeps. The oldest is dropped first.
-constexpr int mostConnections = 64;
-constexpr int mostStreams = 16; // answers in several packets, for each connection
+constexpr int maxConnections = 64;
+constexpr int maxStreams = 16; // answers in several packets, for each connection
 
 // Faults that make it keep one more connection or answer.
 constexpr FaultRow dropBefore{"drop-before", true, longTime, {}, ""};
@@ -52,7 +52,7 @@ void fillStreams(FaultBench &bench, const Operation &operation)
         leaving.name = "read of screens";
         leaving.run = readScreens;
     }
-    for (int i = 0; i <= mostStreams; ++i)
+    for (int i = 0; i <= maxStreams; ++i)
         goWrong(bench, wrongIndex, leaving);
 }
 
@@ -106,7 +106,7 @@ void tst_FaultMemory::makeBench(std::chrono::milliseconds requestTime)
     m_requestTime = requestTime;
     m_bench.reset(); // the process has one store
     m_bench = std::make_unique<FaultBench>(requestTime);
-    for (int i = 0; i <= mostConnections; ++i)
+    for (int i = 0; i <= maxConnections; ++i)
         goWrong(*m_bench, dropBefore, operations[0]);
     m_bench->remember();
 }
@@ -142,7 +142,7 @@ void tst_FaultMemory::nothingLeaks_data()
 /// either, since queues grow and shrink; two that return are proof enough.
 void tst_FaultMemory::nothingLeaks()
 {
-    constexpr int mostRounds = 40;
+    constexpr int maxRounds = 40;
     QFETCH(int, row);
     QFETCH(int, column);
     const FaultRow &fault = faultRows[row];
@@ -151,9 +151,9 @@ void tst_FaultMemory::nothingLeaks()
         makeBench(fault.time);
     if (!fault.isLost)
         fillStreams(*m_bench, operation);
-    std::array<Allocated, mostRounds + 1> seen{allocatedAtRest(*m_bench)};
+    std::array<Allocated, maxRounds + 1> seen{allocatedAtRest(*m_bench)};
     int back = 0; // rounds that returned to the former allocation
-    for (int round = 1; back < 2 && round <= mostRounds; ++round) {
+    for (int round = 1; back < 2 && round <= maxRounds; ++round) {
         goWrong(*m_bench, fault, operation);
         m_bench->checkResources();
         const auto here = seen.begin() + round;
@@ -161,7 +161,7 @@ void tst_FaultMemory::nothingLeaks()
         back += std::any_of(seen.begin(), here,
                             [&](const Allocated &earlier) { return here->isAsIn(earlier); });
     }
-    QVERIFY2(back == 2, qPrintable(seen[mostRounds].moreThan(seen[mostRounds - 1])));
+    QVERIFY2(back == 2, qPrintable(seen[maxRounds].moreThan(seen[maxRounds - 1])));
 }
 
 QTEST_GUILESS_MAIN(tst_FaultMemory)

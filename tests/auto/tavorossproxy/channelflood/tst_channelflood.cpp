@@ -26,7 +26,7 @@ private Q_SLOTS:
     void zeroLimitsLetRequestsThrough();
     void zeroPausesArePauses();
     void unlimitedTimesAreLong();
-    void owedAnswersAreLimitedToAllTags();
+    void timedOutRequestsAreLimitedToAllTags();
     void longestBodyFitsIntoAFrame();
 
 private:
@@ -207,7 +207,7 @@ void tst_ChannelFlood::zeroLimitsLetRequestsThrough()
     m_options.maxRequestTime = 0ms;
     m_options.maxPacketCount = 0;
     m_options.maxUnsentBytes = 0;
-    m_options.maxOwedAnswers = 0;
+    m_options.maxTimedOutRequests = 0;
     reopen();
     auto caller = call(request());
     answer(nextRequest(), "here");
@@ -265,9 +265,9 @@ void tst_ChannelFlood::unlimitedTimesAreLong()
     QVERIFY(m_peer->isOpen);
 }
 
-void tst_ChannelFlood::owedAnswersAreLimitedToAllTags()
+void tst_ChannelFlood::timedOutRequestsAreLimitedToAllTags()
 {
-    m_options.maxOwedAnswers = 1000;
+    m_options.maxTimedOutRequests = 1000;
     reopen();
     for (int owed = 0; owed < 255; ++owed) {
         QVERIFY(m_channel->isHardwareReadFinished());

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void zeroTimeoutEndsTheRequestAtOnce();
     void singleBytesDoNotExtendTheTimeout();
     void lateAnswerIsDroppedAndCounted();
-    void tooManyOwedAnswersReconnect();
+    void tooManyTimedOutRequestsReconnect();
     void requestsAreHeldBackWhileTheDeviceDoesNotRead();
 
     void reportsGoToTheHandler();
@@ -250,7 +250,7 @@ void tst_DeviceChannel::lateAnswerIsDroppedAndCounted()
     QCOMPARE(caller.response()->body(), std::string("in time"));
 }
 
-void tst_DeviceChannel::tooManyOwedAnswersReconnect()
+void tst_DeviceChannel::tooManyTimedOutRequestsReconnect()
 {
     connectChannel();
     for (int i = 0; i < 128; ++i) {

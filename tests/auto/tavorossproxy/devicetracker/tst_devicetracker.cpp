@@ -298,7 +298,7 @@ void tst_DeviceTracker::removedDeviceStaysAwayUntilItIsReadmitted()
     m_registry->remove(m_channels.at(0));
     m_tracker->noteSeen(device());
     QCOMPARE(m_registry->all().size(), std::size_t(1));
-    m_tracker->readmit();
+    m_tracker->forgetRemoved();
     m_tracker->noteSeen(device());
     m_tracker->noteSeen(device("192.0.2.8", 8));
     QCOMPARE(m_registry->all().size(), std::size_t(2));

@@ -57,7 +57,7 @@ class tst_ExchangeTable : public QObject {
 private Q_SLOTS:
     void init();
     void allTagsAreUsedBeforeOneIsUsedAgain();
-    void owedAnswersShortenTheLifeOfATag();
+    void timedOutRequestsShortenTheLifeOfATag();
     void tagIsNeverZero();
     void requestWithoutAFreeTagIsRefused();
     void owedAnswerKeepsItsTag();
@@ -111,7 +111,7 @@ Wire::WireHead tst_ExchangeTable::sent(const DeviceRequestCommand &command)
 quint8 tst_ExchangeTable::exchanged()
 {
     const auto head = sent(request());
-    m_table->settle(answerTo(head), maxPackets);
+    m_table->complete(answerTo(head), maxPackets);
     m_table->await(head, m_clock.now());
     return head.lables;
 }
@@ -126,11 +126,11 @@ void tst_ExchangeTable::allTagsAreUsedBeforeOneIsUsedAgain()
 }
 
 /// A channel reconnects before more answers are owed.
-void tst_ExchangeTable::owedAnswersShortenTheLifeOfATag()
+void tst_ExchangeTable::timedOutRequestsShortenTheLifeOfATag()
 {
-    for (int i = 0; i < ChannelOptions().maxOwedAnswers - 1; ++i)
+    for (int i = 0; i < ChannelOptions().maxTimedOutRequests - 1; ++i)
         m_table->await(sent(request()), m_clock.now()); // times out
-    QCOMPARE(m_table->owedAnswers(), 127);
+    QCOMPARE(m_table->timedOutRequests(), 127);
     const quint8 tag = exchanged();
     for (int i = 0; i < 127; ++i)
         QVERIFY(exchanged() != tag);
@@ -150,7 +150,7 @@ void tst_ExchangeTable::requestWithoutAFreeTagIsRefused()
         last = sent(request(2)); // more reads would wait
     QCOMPARE(begin(request()).refusal, quint16(262));
 
-    m_table->settle(answerTo(last), maxPackets);
+    m_table->complete(answerTo(last), maxPackets);
     m_table->await(last, m_clock.now());
     const auto ticket = begin(request());
     QCOMPARE(ticket.refusal, quint16(0));
@@ -161,13 +161,13 @@ void tst_ExchangeTable::owedAnswerKeepsItsTag()
 {
     const auto late = sent(request());
     QCOMPARE(m_table->await(late, m_clock.now())->status, quint16(260));
-    QCOMPARE(m_table->owedAnswers(), 1);
+    QCOMPARE(m_table->timedOutRequests(), 1);
     for (int i = 0; i < 254; ++i)
         QVERIFY(sent(request(2)).lables != late.lables);
     QCOMPARE(begin(request()).refusal, quint16(262));
 
-    m_table->settle(answerTo(late, "late"), maxPackets);
-    QCOMPARE(m_table->owedAnswers(), 0);
+    m_table->complete(answerTo(late, "late"), maxPackets);
+    QCOMPARE(m_table->timedOutRequests(), 0);
     QCOMPARE(m_table->counts().lateAnswers, quint64(1));
     QCOMPARE(begin(request()).head.lables, late.lables);
 }
@@ -178,7 +178,7 @@ void tst_ExchangeTable::unsentRequestThatTimesOutFreesItsTag()
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(260));
     QVERIFY(!m_table->takeUnsent().has_value());
-    QCOMPARE(m_table->owedAnswers(), 0);
+    QCOMPARE(m_table->timedOutRequests(), 0);
 }
 
 void tst_ExchangeTable::framesAreSentInOrder()
@@ -216,7 +216,7 @@ void tst_ExchangeTable::requestsAreNumberedInTheOrderOfSending()
 void tst_ExchangeTable::numbersContinueOnTheNextConnection()
 {
     QCOMPARE(numberOf(sent(request())), quint32(1));
-    m_table->shut(Disconnected, Disconnected);
+    m_table->close(Disconnected, Disconnected);
     m_table->open(1024);
     QCOMPARE(numberOf(sent(request())), quint32(2));
 }
@@ -226,9 +226,9 @@ void tst_ExchangeTable::answerWithAnotherNumberIsStray()
     const auto head = sent(request());
     auto other = head;
     ++other.number;
-    m_table->settle(answerTo(other), maxPackets);
+    m_table->complete(answerTo(other), maxPackets);
     QCOMPARE(m_table->counts().strayAnswers, quint64(1));
-    m_table->settle(answerTo(head, "own"), maxPackets);
+    m_table->complete(answerTo(head, "own"), maxPackets);
     QCOMPARE(m_table->await(head, m_clock.now())->body(), std::string("own"));
 }
 
@@ -248,7 +248,7 @@ quint16 tst_ExchangeTable::readPacket(quint32 totalCount, quint32 sendCount, qui
     auto answer = answerTo(head);
     answer.head.totalCount = totalCount;
     answer.head.sendCount = sendCount;
-    m_table->settle(std::move(answer), maxPackets);
+    m_table->complete(std::move(answer), maxPackets);
     m_table->await(head, m_clock.now());
     return head.stream;
 }
@@ -276,7 +276,7 @@ void tst_ExchangeTable::streamsAreUsedAgainAfterTheLastPacket()
     QVERIFY(isUsedAgain(ended));
 
     const quint16 lost = readPacket(2, 0);
-    m_table->shut(259, 259);
+    m_table->close(259, 259);
     m_table->open(1024);
     QVERIFY(isUsedAgain(lost));
 }
@@ -305,7 +305,7 @@ void tst_ExchangeTable::streamOfTheCallerIsKept()
 void tst_ExchangeTable::requestEndsIfTheConnectionIsLostBeforeSubmit()
 {
     const auto ticket = begin(request());
-    m_table->shut(Disconnected, Disconnected);
+    m_table->close(Disconnected, Disconnected);
     m_table->submit(ticket.head.lables, Wire::encodeFrame(ticket.head));
     QVERIFY(!m_table->takeUnsent().has_value());
     QCOMPARE(m_table->await(ticket.head, m_clock.now())->status, quint16(259));
@@ -315,10 +315,10 @@ void tst_ExchangeTable::shutFreesOwedTags()
 {
     const auto late = sent(request());
     m_table->await(late, m_clock.now());
-    m_table->shut(Disconnected, Disconnected);
-    QCOMPARE(m_table->owedAnswers(), 0);
+    m_table->close(Disconnected, Disconnected);
+    QCOMPARE(m_table->timedOutRequests(), 0);
     m_table->open(1024);
-    m_table->settle(answerTo(late), maxPackets);
+    m_table->complete(answerTo(late), maxPackets);
     QCOMPARE(m_table->counts().strayAnswers, quint64(1));
 }
 
