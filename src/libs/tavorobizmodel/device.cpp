@@ -69,15 +69,15 @@ Device::Device(unsigned short id, QObject *parent)
 Device::~Device() = default;
 
 // clang-format off
-QString Device::sn() const        { return d->get(&DeviceState::sn); }
-QString Device::MAC() const       { return d->get(&DeviceState::mac); }
-QString Device::IPAddress() const { return d->get(&DeviceState::ip); }
-QString Device::name() const      { return d->get(&DeviceState::name); }
+QString Device::sn() const        { return d->value(&DeviceState::sn); }
+QString Device::MAC() const       { return d->value(&DeviceState::mac); }
+QString Device::IPAddress() const { return d->value(&DeviceState::ip); }
+QString Device::name() const      { return d->value(&DeviceState::name); }
 
-unsigned short Device::modelId() const                                  { return d->get(&DeviceState::modelId); }
-bool Device::isOnline() const                                           { return d->get(&DeviceState::online); }
-bool Device::isSyncDataSuccess() const                                  { return d->get(&DeviceState::syncSuccess); }
-ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->get(&DeviceState::info); }
+unsigned short Device::modelId() const                                  { return d->value(&DeviceState::modelId); }
+bool Device::isOnline() const                                           { return d->value(&DeviceState::online); }
+bool Device::isSyncDataSuccess() const                                  { return d->value(&DeviceState::syncSuccess); }
+ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->value(&DeviceState::info); }
 ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->records.process(); }
 ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->settings->cutout(); }
 

@@ -16,7 +16,7 @@ using ProtoModel::Interface::s_InterfaceDetail;
 using ProtoModel::Layer::s_LayerFullDetail;
 using ProtoModel::Screen::s_ScreenFullDetail;
 
-DeviceBuilder::DeviceBuilder(Device &device) : m_device(device), m_d(DevicePrivate::of(device)) { }
+DeviceBuilder::DeviceBuilder(Device &device) : m_device(device), m_d(DevicePrivate::get(device)) { }
 
 void DeviceBuilder::build(const s_DeviceDetail &detail)
 {

@@ -36,7 +36,7 @@ public:
 
     DevicePrivate(Device &device, unsigned short number) : q(device), id(number) { }
 
-    static DevicePrivate &of(const Device &device) { return *device.d; }
+    static DevicePrivate &get(const Device &device) { return *device.d; }
     static DeviceContents &contentsOf(const Device &device) { return device.d->contents; }
 
     /// Returns the result of calling \a look with the state. \a look must not emit signals.
@@ -48,7 +48,7 @@ public:
     }
 
     template <class Value>
-    Value get(Value DeviceState::*member) const
+    Value value(Value DeviceState::*member) const
     {
         const std::lock_guard lock(m_mutex);
         return m_state.*member;
@@ -90,13 +90,13 @@ public:
     /// changed.
     void setIdentity(const ProtoModel::DeviceBaseInfo &info)
     {
-        bool isOther = false;
+        bool hasChanged = false;
         write([&](DeviceState &state) {
             const auto before = std::make_pair(state.mac, state.sn);
             replaceInfo(state, info);
-            isOther = before != std::make_pair(state.mac, state.sn);
+            hasChanged = before != std::make_pair(state.mac, state.sn);
         });
-        if (isOther)
+        if (hasChanged)
             notifyIdentity();
     }
 

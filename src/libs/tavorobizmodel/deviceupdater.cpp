@@ -26,7 +26,7 @@ constexpr int multiviewerScreens = 8;
 
 } // namespace
 
-DeviceUpdater::DeviceUpdater(Device &device) : m_device(device), m_d(DevicePrivate::of(device)) { }
+DeviceUpdater::DeviceUpdater(Device &device) : m_device(device), m_d(DevicePrivate::get(device)) { }
 
 /// Stores the objects of one kind. Also rebuilds the indexes of their relations, which may have
 /// changed although the list did not.

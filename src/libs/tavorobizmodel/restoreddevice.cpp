@@ -91,7 +91,7 @@ std::shared_ptr<Device> RestoredDevice::make() const
         device->setName(QString::fromStdString(m_identity.name));
     device->setScreenGenlocks(m_genlocks);
     device->updateCutoutRGB(m_cutout, faults);
-    const auto &d = DevicePrivate::of(*device);
+    const auto &d = DevicePrivate::get(*device);
     for (const s_StoredLayout &layout : m_layouts)
         d.settings->setLayout(layout.screenId, QSize(layout.columns, layout.rows));
     return device;

@@ -69,7 +69,7 @@ int Screen::genlockStatus() const
     const auto owner = d->device.lock();
     if (!owner)
         return 0;
-    const auto genlock = DevicePrivate::of(*owner).records.findScreenGenlock(objectId(d->id));
+    const auto genlock = DevicePrivate::get(*owner).records.findScreenGenlock(objectId(d->id));
     return genlock ? genlock->genlockSignal.status : 0;
 }
 

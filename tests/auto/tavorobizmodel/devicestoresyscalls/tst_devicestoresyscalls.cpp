@@ -116,7 +116,7 @@ State tst_DeviceStoreSyscalls::storedState() const
     const StoredModel model(m_file);
     QCoreApplication::processEvents();
     const auto device = model.onlyDevice();
-    return model.isOpen && caught.setAside.isEmpty() && device ? stateOf(*device) : Mixed;
+    return model.isOpen && caught.quarantined.isEmpty() && device ? stateOf(*device) : Mixed;
 }
 
 int main(int argc, char **argv)
