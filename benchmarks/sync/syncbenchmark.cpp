@@ -8,8 +8,9 @@
 //   rest              the rest of the synchronisation: requests, texts, joining, threads
 //   bare              two bare sockets move the same bytes in the same packets
 //
-// syncbenchmark [--scale N] [--rounds N]
+// syncbenchmark [--scale N] [--rounds N] [--process] [--json]
 //
+// The device runs on a thread of this process, or with --process in a process of its own.
 // --scale 10 multiplies everything by ten, but a device has 255 screens at most. Each line is the
 // best of the rounds in milliseconds. The last line compares the synchronisation with the bare
 // sockets and the decoding.
@@ -17,6 +18,8 @@
 #include "recordingchannel.h"
 
 #include <support/bench.h>
+#include <support/deviceprocess.h>
+#include <support/results.h>
 
 #include <tavorobizmodel/devicelist.h>
 #include <tavorocontrol/devicelist.h>
@@ -36,6 +39,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 
 using namespace Tavoro;
 using Bench::numberOf;
@@ -84,6 +88,37 @@ Sim::SimOptions largeDevice(int scale)
     options.layersPerScreen = (4000 * scale + 2 * options.screens - 1) / (2 * options.screens);
     return options;
 }
+
+QStringList argumentsOf(const Sim::SimOptions &options)
+{
+    QStringList arguments;
+    const auto add = [&arguments](const char *name, int value) {
+        arguments << QLatin1String(name) << QString::number(value);
+    };
+    add("--inputs", options.inputs);
+    add("--outputs", options.outputs);
+    add("--screens", options.screens);
+    add("--layers-per-screen", options.layersPerScreen);
+    return arguments;
+}
+
+/// The device, on a thread of this process or in a process of its own.
+class LargeDevice {
+public:
+    LargeDevice(int scale, bool inProcess)
+    {
+        if (inProcess)
+            m_process = std::make_unique<Bench::DeviceProcess>(QStringLiteral(TAVOROSIM),
+                                                               argumentsOf(largeDevice(scale)));
+        else
+            m_local = std::make_unique<Bench::LocalDevice>(largeDevice(scale));
+    }
+    quint16 port() const { return m_process ? m_process->port() : m_local->port(); }
+
+private:
+    std::unique_ptr<Bench::DeviceProcess> m_process;
+    std::unique_ptr<Bench::LocalDevice> m_local;
+};
 
 void importFiles(Control::File &files, int count)
 {
@@ -199,8 +234,15 @@ void print(const Results &results, const RecordingChannel &channel)
     std::printf("  model         %9.1f ms\n", results.model.value());
     std::printf("  rest          %9.1f ms\n", rest);
     std::printf("bare            %9.1f ms\n", results.bare.value());
-    std::printf("synchronisation / (bare + decode) %.2f\n",
-                whole / (results.bare.value() + results.decode.value()));
+}
+
+void compare(const Results &results, const QString &name, bool asJson)
+{
+    constexpr Bench::Goal goal{1.1};
+    Bench::ResultPrinter(QStringLiteral("sync"), asJson)
+        .print({name, results.synchronisation.value(), QStringLiteral("ms"),
+                QStringLiteral("bare + decode"), results.bare.value() + results.decode.value(),
+                goal});
 }
 
 } // namespace
@@ -214,11 +256,15 @@ int main(int argc, char *argv[])
         {QStringLiteral("scale"), QString(), QStringLiteral("N"), QStringLiteral("1")});
     parser.addOption(
         {QStringLiteral("rounds"), QString(), QStringLiteral("N"), QStringLiteral("3")});
+    parser.addOption(QCommandLineOption(QStringLiteral("process")));
+    parser.addOption(QCommandLineOption(QStringLiteral("json")));
     parser.process(application);
+    const bool hasProcess = parser.isSet(QStringLiteral("process"));
+    const bool isJson = parser.isSet(QStringLiteral("json"));
     const int scale = numberOf(parser, "scale", 1, 10);
     const int rounds = numberOf(parser, "rounds", 1, 10);
 
-    const Bench::LocalDevice device(largeDevice(scale));
+    const LargeDevice device(scale, hasProcess);
     const Bench::Route route(device.port());
     const auto model = route.model().lock();
     Control::File files(model, nullptr);
@@ -230,7 +276,13 @@ int main(int argc, char *argv[])
     Results results;
     for (int round = 0; round < rounds; ++round)
         runRound(channel, *model, results);
-    print(results, *channel);
+    if (!isJson)
+        print(results, *channel);
+    compare(results,
+            QStringLiteral("synchronisation x%1, device %2")
+                .arg(scale)
+                .arg(hasProcess ? QStringLiteral("process") : QStringLiteral("thread")),
+            isJson);
     DeviceManager::instance()->removeDeviceChannel(channel);
     return 0;
 }

@@ -9,14 +9,15 @@
 //   bareGather     as bareRead, but the packets are joined in a string of reserved size
 //   wholeRead      File::readBinary into a string
 //
-// transferbenchmark [--size MEBIBYTES] [--packet BYTES] [--rounds N] [--folder DIR]
+// transferbenchmark [--size MEBIBYTES] [--packet BYTES] [--rounds N] [--folder DIR] [--json]
 //
-// Each line is a workload: its best rate over the rounds in MiB per second, the microseconds per
-// packet, and the ratio to the bareWrite or bareRead above it. The device runs in the
-// same process on its own thread and keeps the file in memory, or in DIR.
+// Each line is a workload: its best rate over the rounds in MiB per second, that of the sockets
+// that do the same with the bytes, the ratio and its goal. The device runs in the same process on
+// its own thread and keeps the file in memory, or in DIR.
 
 #include <support/barepair.h>
 #include <support/bench.h>
+#include <support/results.h>
 
 #include <tavorocontrol/file.h>
 
@@ -26,7 +27,6 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
-#include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
@@ -45,11 +45,13 @@ struct Wanted {
     int packetSize = 0;
     int rounds = 0;
     QString folder;
+    bool isJson = false;
 };
 
 struct Workload {
     const char *name;
-    bool isBare; ///< The reference for the workloads after it.
+    std::size_t peer; ///< Index of the workload that it is compared with.
+    double goal; ///< Least ratio to its peer; 0: no goal.
     std::function<void()> run;
     double best = 0; ///< Seconds.
 };
@@ -65,10 +67,11 @@ Wanted wantedOf(const QStringList &arguments)
     add("packet", "BYTES", "65536");
     add("rounds", "N", "3");
     add("folder", "DIR", "");
+    parser.addOption(QCommandLineOption(QStringLiteral("json")));
     parser.process(arguments);
     return {qint64{numberOf(parser, "size", 1, 1024)} << 20,
             numberOf(parser, "packet", 1, 64 << 20), numberOf(parser, "rounds", 1, 100),
-            parser.value(QStringLiteral("folder"))};
+            parser.value(QStringLiteral("folder")), parser.isSet(QStringLiteral("json"))};
 }
 
 Sim::SimOptions simOptions(const Wanted &wanted)
@@ -126,24 +129,27 @@ std::vector<Workload> workloads(Control::File &file, const std::string &content,
     const auto dropReads = [&content, reads] {
         Bench::runBarePair(reads, content);
     };
-    return {
-        {"bareWrite", true, dropWrites},
-        {"bareStore", false, store},
-        {"import", false,
-         [&] {
-             importFile(file, content);
-         }},
-        {"bareRead", true, dropReads},
-        {"streamedRead", false,
-         [&] {
-             readStreamed(file);
-         }},
-        {"bareGather", false, gather},
-        {"wholeRead", false,
-         [&] {
-             readWhole(file, content.size());
-         }},
+    const auto import = [&file, &content] {
+        importFile(file, content);
     };
+    const auto streamed = [&file] {
+        readStreamed(file);
+    };
+    const auto whole = [&file, &content] {
+        readWhole(file, content.size());
+    };
+    // clang-format off
+    return {
+    //   name            peer  goal  work
+        {"bareWrite",    0,    0,    dropWrites},
+        {"bareStore",    0,    0,    store},
+        {"import",       1,    0.95, import},
+        {"bareRead",     3,    0,    dropReads},
+        {"streamedRead", 3,    1,    streamed},
+        {"bareGather",   3,    0,    gather},
+        {"wholeRead",    5,    0.95, whole},
+    };
+    // clang-format on
 }
 
 void measure(Workload &workload)
@@ -157,14 +163,19 @@ void measure(Workload &workload)
 
 void print(const std::vector<Workload> &workloads, const Wanted &wanted)
 {
+    const Bench::ResultPrinter printer(QStringLiteral("transfer"), wanted.isJson);
     const double mebibytes = static_cast<double>(wanted.length) / (1 << 20);
-    const double packets = static_cast<double>(wanted.length) / wanted.packetSize;
-    double bare = 0;
     for (const Workload &workload : workloads) {
-        if (workload.isBare)
-            bare = workload.best;
-        std::printf("%-13s %8.0f MiB/s %9.1f us/packet %6.2f\n", workload.name,
-                    mebibytes / workload.best, workload.best / packets * 1e6, bare / workload.best);
+        const Workload &peer = workloads[workload.peer];
+        const QString name = QStringLiteral("%1, packets of %2")
+                                 .arg(QLatin1String(workload.name))
+                                 .arg(wanted.packetSize);
+        printer.print({name,
+                       mebibytes / workload.best,
+                       QStringLiteral("MiB/s"),
+                       QLatin1String(peer.name),
+                       mebibytes / peer.best,
+                       {workload.goal, true}});
     }
 }
 

@@ -1,6 +1,6 @@
 // Measures the memory of a streamed read, and of the simulated device that serves it.
 //
-//   transfermemory [--small MEBIBYTES] [--large MEBIBYTES]
+//   transfermemory [--small MEBIBYTES] [--large MEBIBYTES] [--json]
 //
 // Starts tavorosim with a folder for its files. Then, first with a small and then with a large
 // file, 16 and 1024 MiB by default: writes the file in pieces, reads it back as a stream, compares
@@ -8,6 +8,8 @@
 // status 1 if the large file raises a peak by more than a few packets. Linux only.
 
 #include <support/bench.h>
+#include <support/deviceprocess.h>
+#include <support/results.h>
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/devicemanager.h>
@@ -17,10 +19,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QProcess>
 #include <QTemporaryDir>
 
-#include <cstdio>
 #include <string>
 
 using namespace Tavoro;
@@ -34,37 +34,6 @@ constexpr int fileId = 1;
 constexpr int packetSize = 64 * 1024;
 constexpr int packetsPerMebibyte = (1 << 20) / packetSize;
 constexpr qint64 allowedGrowth = 1024; ///< KiB: a few packets.
-
-/// The simulated device in a separate process.
-class Device {
-public:
-    Device()
-    {
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(TAVOROSIM),
-                        {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--files"),
-                         m_folder.path()});
-        require(m_process.waitForStarted() && m_process.waitForReadyRead(Bench::patience),
-                QStringLiteral("tavorosim does not start"));
-        const QByteArray line = m_process.readLine().trimmed(); // "listening on ADDRESS:PORT"
-        m_port = line.mid(line.lastIndexOf(':') + 1).toUShort();
-    }
-    ~Device()
-    {
-        m_process.write("quit\n");
-        m_process.waitForFinished();
-    }
-    Device(const Device &) = delete;
-    Device &operator=(const Device &) = delete;
-
-    quint16 port() const { return m_port; }
-    qint64 pid() const { return m_process.processId(); }
-
-private:
-    const QTemporaryDir m_folder;
-    QProcess m_process;
-    quint16 m_port = 0;
-};
 
 /// The highest resident memory of a process so far, in KiB.
 qint64 peakOf(qint64 pid)
@@ -122,15 +91,24 @@ struct Peaks {
     qint64 device = 0;
 };
 
-Peaks transfer(Control::File &file, int mebibytes, const Device &device)
+Peaks transfer(Control::File &file, int mebibytes, const Bench::DeviceProcess &device)
 {
     const quint32 written = writeFile(file, mebibytes);
     require(readFile(file) == written, QStringLiteral("not the same content"));
-    const Peaks peaks{peakOf(QCoreApplication::applicationPid()), peakOf(device.pid())};
-    std::printf("%5d MiB: peak of the reader %lld KiB, of the device %lld KiB\n", mebibytes,
-                static_cast<long long>(peaks.reader), static_cast<long long>(peaks.device));
-    std::fflush(stdout);
-    return peaks;
+    return {peakOf(QCoreApplication::applicationPid()), peakOf(device.pid())};
+}
+
+/// Prints the peak with the large file. Returns false if it is too much above that with the small
+/// one.
+bool compare(const Bench::ResultPrinter &printer, const QString &name, qint64 small, qint64 large)
+{
+    printer.print({name,
+                   double(large),
+                   QStringLiteral("KiB"),
+                   QStringLiteral("small file + %1 KiB").arg(allowedGrowth),
+                   double(small + allowedGrowth),
+                   {1.0}});
+    return large <= small + allowedGrowth;
 }
 
 } // namespace
@@ -144,15 +122,23 @@ int main(int argc, char *argv[])
         {QStringLiteral("small"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("16")});
     parser.addOption(
         {QStringLiteral("large"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("1024")});
+    parser.addOption(QCommandLineOption(QStringLiteral("json")));
     parser.process(application);
     const int small = numberOf(parser, "small", 1, 2047);
     const int large = numberOf(parser, "large", 1, 2047);
 
-    const Device device;
+    const QTemporaryDir folder;
+    const Bench::DeviceProcess device(QStringLiteral(TAVOROSIM),
+                                      {QStringLiteral("--files"), folder.path()});
     const Bench::Route route(device.port());
     Control::File file(route.model(), nullptr);
     const Peaks before = transfer(file, small, device);
     const Peaks after = transfer(file, large, device);
-    return after.reader - before.reader > allowedGrowth
-        || after.device - before.device > allowedGrowth;
+    const Bench::ResultPrinter printer(QStringLiteral("memory"),
+                                       parser.isSet(QStringLiteral("json")));
+    const bool readerIsFlat =
+        compare(printer, QStringLiteral("peak of the reader"), before.reader, after.reader);
+    const bool deviceIsFlat =
+        compare(printer, QStringLiteral("peak of the device"), before.device, after.device);
+    return readerIsFlat && deviceIsFlat ? 0 : 1;
 }

@@ -38,8 +38,8 @@ QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
 using ProtoModel::Screen::s_ScreenGenlockBody;
 
 /// A screen without a record has the default status.
-bool isOther(const std::optional<s_ScreenGenlockBody> &before,
-             const std::optional<s_ScreenGenlockBody> &now)
+bool hasOtherStatus(const std::optional<s_ScreenGenlockBody> &before,
+                    const std::optional<s_ScreenGenlockBody> &now)
 {
     const auto status = [](const std::optional<s_ScreenGenlockBody> &genlock) {
         return genlock.value_or(s_ScreenGenlockBody()).genlockSignal.status;
@@ -97,7 +97,7 @@ QString Device::ipMacSn() const
 
 void Device::updateDeviceBaseInfo(ProtoModel::DeviceBaseInfo info)
 {
-    d->setIdentity(std::move(info));
+    d->setIdentity(info);
 }
 
 unsigned short Device::tcpProtocolVersion() const
@@ -142,7 +142,7 @@ void Device::clearAll(bool keepUserSettings)
     d->keepLayerCrops();
     d->contents.take(Interfaces());
     d->contents.take(Layers());
-    const bool wasActive = d->contents.take(Screens());
+    const bool wasActive = d->contents.take(Screens(), DeviceContents::ActiveScreens::AreCleared);
     d->contents.take(Files());
     if (!keepUserSettings)
         d->settings->clear();
@@ -254,8 +254,7 @@ void Device::setScreenGenlocks(const std::vector<s_ScreenGenlockBody> &genlocks)
         return;
     const auto screens = d->contents.screens();
     for (const auto &screen : screens) {
-        const ProtoModel::s_ScreenId id{screen->screenId(), screen->screenType()};
-        if (isOther(before.find(objectId(id)), now.find(objectId(id))))
+        if (hasOtherStatus(before.find(objectId(*screen)), now.find(objectId(*screen))))
             Q_EMIT screen->screenChanged();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "devicecontents_p.h"
 #include "devicerecords_p.h"
+#include "recordequality_p.h"
 #include "usersettings_p.h"
 
 #include <tavorobizmodel/device.h>
@@ -13,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 
 namespace Tavoro::BizModel {
 
@@ -86,19 +88,25 @@ public:
 
     /// Stores MAC address and serial number in one step, so that no thread sees only one of them
     /// changed.
-    void setIdentity(ProtoModel::DeviceBaseInfo info)
+    void setIdentity(const ProtoModel::DeviceBaseInfo &info)
     {
-        const QString mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
-        const QString sn = QString::fromStdString(ProtoModel::hexDigits(info.sn));
         bool isOther = false;
         write([&](DeviceState &state) {
-            isOther = state.mac != mac || state.sn != sn;
-            state.mac = mac;
-            state.sn = sn;
-            state.info = std::move(info);
+            const auto before = std::make_pair(state.mac, state.sn);
+            replaceInfo(state, info);
+            isOther = before != std::make_pair(state.mac, state.sn);
         });
         if (isOther)
             notifyIdentity();
+    }
+
+    /// Stores the identity record of a channel, with MAC address and serial number as text. Returns
+    /// false if it is equal.
+    static bool replaceInfo(DeviceState &state, const ProtoModel::DeviceBaseInfo &info)
+    {
+        state.mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
+        state.sn = QString::fromStdString(ProtoModel::hexDigits(info.sn));
+        return replaceIfDifferent(state.info, info);
     }
 
     /// Store the crops of objects that are about to be replaced in the user settings.

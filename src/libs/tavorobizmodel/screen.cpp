@@ -73,6 +73,11 @@ int Screen::genlockStatus() const
     return genlock ? genlock->genlockSignal.status : 0;
 }
 
+bool Screen::assign(const s_ScreenFullDetail &read)
+{
+    return d->assign(read);
+}
+
 void Screen::setScreenZelk(const ProtoModel::Screen::s_ScreenZeLK &zelk)
 {
     d->change([&](s_ScreenFullDetail &known) { known.screenZeLK = zelk; });

@@ -32,9 +32,8 @@ bool decodeRecord(const std::string &json, Record &record, std::string &error)
 template <class Record>
 void encodeRecord(const Record &record, std::string &text)
 {
-    JsonWriter writer;
-    writer.cursor = writeValue(writer, writer.cursor, record);
-    text.assign(writer.start, writer.cursor);
+    JsonWriter writer(text);
+    writer.finish(writeValue(writer, writer.start(), record));
 }
 
 /// Returns true for every record that can be read and written. Any other type fails to compile,

@@ -117,6 +117,15 @@ bool ChannelLink::isStable() const
     return m_hasAnswered || m_clock.now() - m_readySince >= m_options.longestReconnectPause;
 }
 
+std::optional<ChannelOptions::Milliseconds> ChannelLink::timeToNextAttempt() const
+{
+    if (m_phase != Phase::Pausing)
+        return std::nullopt;
+    const auto rest = m_due - m_clock.now();
+    return std::max(std::chrono::duration_cast<ChannelOptions::Milliseconds>(rest),
+                    ChannelOptions::Milliseconds::zero());
+}
+
 bool ChannelLink::canSend() const
 {
     return m_phase == Phase::Ready && m_stream->unsentBytes() < m_options.maxUnsentBytes;

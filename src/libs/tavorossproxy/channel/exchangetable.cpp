@@ -204,7 +204,8 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
 }
 
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
-                                                            Clock::TimePoint deadline)
+                                                            Clock::TimePoint deadline,
+                                                            std::optional<Wire::RequestId> *sent)
 {
     const auto start = std::chrono::steady_clock::now();
     std::unique_lock<std::mutex> lock(m_mutex);
@@ -214,6 +215,8 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead
     while (slot.state != State::Completed && m_clock.now() < deadline)
         m_clock.waitUntil(slot.completed, lock, deadline);
     m_answersQuickly = std::chrono::steady_clock::now() - start < spinTime;
+    if (sent)
+        *sent = slot.sent;
     if (slot.state != State::Completed)
         return giveUp(request.lables);
     slot.state = State::Free;
@@ -232,6 +235,12 @@ void ExchangeTable::spinUntilCompleted(std::unique_lock<std::mutex> &lock, const
         std::this_thread::yield();
         lock.lock();
     }
+}
+
+void ExchangeTable::endSplitRead(quint16 stream)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_splitReads.release(stream);
 }
 
 std::optional<QByteArray> ExchangeTable::takeUnsent()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerelements_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
@@ -23,8 +24,10 @@ namespace Tavoro::SSProxy::Internal {
 /// | member                                    | thread                                     |
 /// |-------------------------------------------|--------------------------------------------|
 /// | the public functions                      | any                                        |
+/// | m_connectionHandler                       | that of the loop                           |
 /// | m_link, its events, m_invalidFrames       | that of the loop                           |
 /// | m_control, m_reports, m_exchanges         | as each says                               |
+/// | m_answerElements                          | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -60,6 +63,9 @@ public:
     void moveTo(const QString &host, quint16 port) override;
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
+    RequestOutcome outcomeOf(const RequestIdentity &id) override;
+    bool readControlHolder(QString &holder) override;
+    void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
     bool connectsTo(const QString &host, quint16 port) const override;
@@ -89,7 +95,12 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
+                                                    Exchange &observed);
+    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
+                                                        quint64 elements);
+    ConnectionState connectionState() const;
+    void notifyConnection();
     void postSending();
     void sendUnsent();
     bool hasStalled() const;
@@ -106,7 +117,9 @@ private:
     std::unique_ptr<ChannelLink> m_link;
     InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
+    std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
     ExchangeTable m_exchanges;
+    AnswerElements m_answerElements;
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<quint64> m_connections{0};
     /// When the unfinished incoming frame last made progress; the epoch if there is none.

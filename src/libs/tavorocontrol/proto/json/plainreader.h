@@ -13,15 +13,6 @@
 
 namespace ajson {
 
-/// Returns the bytes at \a at as a word; they need not be aligned.
-template <class Word>
-Word loadWord(const char *at) noexcept
-{
-    Word word;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-}
-
 /// Compares \a text, which has at least the size of a word, word by word. The last word may overlap
 /// the previous one.
 template <class Word, std::size_t Size>

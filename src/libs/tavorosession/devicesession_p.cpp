@@ -1,0 +1,289 @@
+#include "devicesession_p.h"
+
+#include "logging_p.h"
+#include "outcome_p.h"
+
+#include <tavorobizmodel/device.h>
+#include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/devicemanager.h>
+#include <tavorossproxy/tcpdevicechannel.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+
+#include <utility>
+
+namespace Tavoro::SessionInternal {
+
+using Milliseconds = std::chrono::milliseconds;
+using SSProxy::ConnectionState;
+using SSProxy::DeviceManager;
+
+namespace {
+
+// clang-format off
+constexpr char closedReason[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the session is closed");
+constexpr char notConnected[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "there is no connection yet");
+constexpr char stoppedReason[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "its channel was stopped");
+// clang-format on
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("Tavoro::DeviceSession", text);
+}
+
+std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info)
+{
+    constexpr unsigned short noNumberYet = 65535;
+    auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
+    device->setIPAddress(QString::fromStdString(info.ip));
+    device->updateDeviceBaseInfo(info);
+    const auto known = BizModel::DeviceList::instance()
+                           ->findDevice(device->IPAddress(), device->MAC(), device->sn())
+                           .lock();
+    if (known)
+        return known;
+    device->setName(QString::fromStdString(info.name));
+    device->setModelId(info.modelId);
+    BizModel::DeviceList::instance()->append(device);
+    return device;
+}
+
+} // namespace
+
+DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &wantedHost,
+                                           quint16 wantedPort, const SessionOptions &options,
+                                           std::shared_ptr<BizModel::Device> known)
+    : host(wantedHost),
+      port(wantedPort),
+      device(std::move(known)),
+      m_shared(shared),
+      m_options(options),
+      m_calls(shared.pool, shared.courier, options.maxWaitingCalls, options.outcomeTime,
+              [this](CallJob &job, const CallResult &result, bool isReplaced) {
+                  deliver(job, result, isReplaced);
+              }),
+      m_reading(shared, options, *this),
+      m_self(std::make_shared<DeviceSessionPrivate *>(this))
+{
+    state.since = QDateTime::currentDateTime();
+    state.reason = translated(closedReason);
+    m_calls.setTarget(nullptr, state.reason);
+}
+
+DeviceSessionPrivate::~DeviceSessionPrivate()
+{
+    q = nullptr;
+    close(translated(closedReason));
+}
+
+QString DeviceSessionPrivate::name() const
+{
+    const QString known = device ? device->name() : QString();
+    return known.isEmpty() ? address() : known;
+}
+
+QString DeviceSessionPrivate::address() const
+{
+    const bool isIpv6 = host.contains(QLatin1Char(':'));
+    return (isIpv6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2")).arg(host).arg(port);
+}
+
+void DeviceSessionPrivate::open()
+{
+    if (!channel)
+        adopt(SSProxy::openTcpDeviceChannel(host, port, m_options.channel));
+}
+
+void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened)
+{
+    DeviceManager::instance()->addDeviceChannel(opened);
+    m_calls.setTarget(nullptr, translated(notConnected));
+    setState(DeviceState::Connecting);
+    channel = std::move(opened);
+    const std::weak_ptr<SSProxy::NetworkChannel> followed = channel;
+    channel->setConnectionHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), followed,
+                                   courier = m_shared.courier](const ConnectionState &connection) {
+        courier->post([weak, followed, connection] {
+            const auto self = weak.lock();
+            if (self && !followed.expired() && (*self)->channel == followed.lock())
+                (*self)->connectionChanged(connection);
+        });
+    });
+}
+
+void DeviceSessionPrivate::close(const QString &reason)
+{
+    if (!channel)
+        return;
+    const auto closed = std::exchange(channel, nullptr);
+    closed->stopChannel();
+    DeviceManager::instance()->removeDeviceChannel(closed);
+    lost(DeviceState::Disconnected, reason, Milliseconds::zero());
+    m_calls.endAll(reason);
+}
+
+void DeviceSessionPrivate::reconnectNow()
+{
+    if (channel)
+        channel->reconnectNow();
+}
+
+void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QString &key)
+{
+    m_calls.start(job, key);
+}
+
+void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
+{
+    switch (connection.phase) {
+    case ConnectionState::Phase::Ready:
+        return connected(connection.connections);
+    case ConnectionState::Phase::Connecting:
+    case ConnectionState::Phase::Pausing:
+        return waitForConnection(connection.reason, connection.pause);
+    case ConnectionState::Phase::Stopped:
+        return close(translated(stoppedReason));
+    }
+}
+
+void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds pause)
+{
+    if (m_target)
+        return lost(DeviceState::Lost, reason, pause);
+    setDetails(reason, pause);
+}
+
+void DeviceSessionPrivate::connected(quint64 connections)
+{
+    takeDevice();
+    CallTarget target;
+    target.device = device;
+    target.channel = channel;
+    target.connections = connections;
+    m_target = std::make_shared<const CallTarget>(std::move(target));
+    setOnline(true);
+    m_calls.setTarget(m_target, {});
+    m_reading.request(m_target);
+}
+
+/// Takes the device of the channel's identity from the model, or adds it there.
+void DeviceSessionPrivate::takeDevice()
+{
+    const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
+    if (host.isEmpty()) {
+        host = QString::fromStdString(info.ip);
+        port = info.tcpPort;
+    }
+    const auto connectedDevice = listedDevice(info);
+    connectedDevice->setIPAddress(QString::fromStdString(info.ip));
+    connectedDevice->updateDeviceBaseInfo(info);
+    const bool isOther = std::exchange(device, connectedDevice) != connectedDevice;
+    if (isOther)
+        m_reportedName.clear();
+    reportDevice();
+}
+
+void DeviceSessionPrivate::reportDevice()
+{
+    const QString former = std::exchange(m_reportedName, name());
+    if (former != m_reportedName && q)
+        Q_EMIT q->deviceChanged();
+}
+
+void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, Milliseconds pause)
+{
+    m_target = nullptr;
+    m_reading.stop();
+    setOnline(false);
+    m_calls.setTarget(nullptr, reason);
+    setState(kind, reason, pause);
+}
+
+void DeviceSessionPrivate::setOnline(bool isOnline)
+{
+    if (device && device->isOnline() != isOnline)
+        device->setDeviceOnlineFlag(isOnline);
+}
+
+void DeviceSessionPrivate::readAgain()
+{
+    if (m_target)
+        m_reading.request(m_target);
+}
+
+void DeviceSessionPrivate::readingStarted()
+{
+    readProgress = 0;
+    setState(DeviceState::Reading);
+}
+
+void DeviceSessionPrivate::readingProgressed(double share)
+{
+    readProgress = share;
+    if (q)
+        Q_EMIT q->readProgressChanged(share);
+}
+
+void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
+{
+    reportDevice();
+    setDetails(reason, pause);
+}
+
+void DeviceSessionPrivate::readingEnded(const QString &failures)
+{
+    reportDevice();
+    setState(DeviceState::Ready, failures);
+}
+
+void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,
+                                    Milliseconds pause)
+{
+    if (kind == state.kind)
+        return setDetails(reason, pause);
+    const QDateTime now = QDateTime::currentDateTime();
+    state = {kind, reason, now,
+             pause > Milliseconds::zero() ? now.addMSecs(pause.count()) : QDateTime()};
+    qCInfo(sessionLog) << name() << "is now" << kind << reason;
+    if (q)
+        Q_EMIT q->stateChanged();
+}
+
+void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
+{
+    const QDateTime next = pause > Milliseconds::zero()
+        ? QDateTime::currentDateTime().addMSecs(pause.count())
+        : QDateTime();
+    if (reason == state.reason && next == state.nextAttempt)
+        return;
+    state.reason = reason;
+    state.nextAttempt = next;
+    if (!m_target)
+        m_calls.setTarget(nullptr, reason);
+    if (q)
+        Q_EMIT q->stateDetailsChanged();
+}
+
+void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+{
+    OutcomeData data;
+    data.kind = result.kind;
+    data.status = result.status;
+    data.reason = result.reason;
+    if (result.code != 0)
+        data.operation = Control::ControlHelper::commandLabel(
+            static_cast<quint8>(result.code >> 8), static_cast<quint8>(result.code & 0xFF));
+    data.deviceName = name();
+    data.isReplaced = isReplaced;
+    const Outcome outcome = makeOutcome(data);
+    qCInfo(sessionLog).noquote() << outcome.text();
+    if (q)
+        Q_EMIT q->callFinished(outcome);
+    if (job.observer)
+        job.observer(outcome, result);
+    job.operation->finish(outcome, !job.hasRun);
+}
+
+} // namespace Tavoro::SessionInternal
