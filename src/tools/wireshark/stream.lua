@@ -17,7 +17,7 @@ end
 -- Asks for further segments, if Wireshark can join them. Returns false otherwise, for example if the capture contains only
 -- the first bytes of each packet.
 local function askForMore(tvb, offset, pinfo, missing)
-    if pinfo.can_desegment == 0 or tvb:reported_len() > tvb:len() then
+    if pinfo.can_desegment == 0 then
         return false
     end
     pinfo.desegment_offset = offset

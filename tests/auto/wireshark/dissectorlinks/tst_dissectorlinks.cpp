@@ -72,6 +72,7 @@ private Q_SLOTS:
     void initTestCase();
     void answersOfOtherOrderFindTheirRequests();
     void pingsOfBothSidesFindTheirPongs();
+    void pingsWithTheSameTagAreAnsweredInTheirOrder();
     void connectionsHaveExchangesOfTheirOwn();
     void missingRequestsAndAnswersAreReported();
     void repeatedAnswerIsReported();
@@ -109,6 +110,16 @@ void tst_DissectorLinks::pingsOfBothSidesFindTheirPongs()
     QCOMPARE(linksOf(capture, {frameNumber, answerIn, answerTo}),
              QStringList({QStringLiteral("4|7|"), QStringLiteral("5|6|"), QStringLiteral("6||5"),
                           QStringLiteral("7||4")}));
+}
+
+void tst_DissectorLinks::pingsWithTheSameTagAreAnsweredInTheirOrder()
+{
+    HandMadeCapture capture;
+    capture.sent(linkFrame(FrameKind::Ping)).sent(linkFrame(FrameKind::Ping));
+    capture.received(linkFrame(FrameKind::Pong)).received(linkFrame(FrameKind::Pong));
+    QCOMPARE(linksOf(capture, {frameNumber, answerIn, answerTo}),
+             QStringList({QStringLiteral("4|6|"), QStringLiteral("5|7|"), QStringLiteral("6||4"),
+                          QStringLiteral("7||5")}));
 }
 
 void tst_DissectorLinks::connectionsHaveExchangesOfTheirOwn()

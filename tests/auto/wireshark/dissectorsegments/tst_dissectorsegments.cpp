@@ -15,6 +15,7 @@ private Q_SLOTS:
     void initTestCase();
     void framesAreJoinedFromSegments();
     void framesInOneSegmentAreAllShown();
+    void framesBeforeAnIncompleteOneAreShownInTheirSegment();
     void framesAreRecognisedOnAnyPort();
     void portCanBeDecodedAsTheProtocol();
     void otherProtocolOnThePortIsLeftAlone();
@@ -67,6 +68,19 @@ void tst_DissectorSegments::framesInOneSegmentAreAllShown()
             QStringLiteral("|4,4|0.001000000,0.001000000|Pong; Response 1: DeviceSwap write, "
                            "success; Report DevicePower"),
         }));
+}
+
+void tst_DissectorSegments::framesBeforeAnIncompleteOneAreShownInTheirSegment()
+{
+    HandMadeCapture capture;
+    capture.received(dump("report") + dump("ping").substr(0, 30));
+    capture.received(dump("ping").substr(30) + dump("report"));
+    QCOMPARE(Tshark::fields(capture.save(), QStringLiteral("tavoro"),
+                            {QStringLiteral("frame.number"), QStringLiteral("_ws.col.Info")}),
+             QStringList({
+                 QStringLiteral("4|Report DevicePower"),
+                 QStringLiteral("5|Ping; Report DevicePower"),
+             }));
 }
 
 namespace {
