@@ -37,6 +37,8 @@ public:
     explicit CallJob(std::shared_ptr<PendingOperation> call) : operation(std::move(call)) { }
 
     void run() override;
+    /// Name of the call for its outcome, translated. On the courier's thread.
+    virtual QString label() const;
 
     const std::shared_ptr<PendingOperation> operation;
     std::shared_ptr<GroupGate> gate; ///< Null unless the call belongs to a group.
@@ -52,8 +54,13 @@ public:
     bool hasRun = false; ///< run() has ended, or will not be called.
     bool hasEnded = false; ///< The outcome was delivered.
 
+protected:
+    /// Makes the call and blocks until it has ended.
+    virtual CallResult attempt();
+
 private:
     CallResult carryOut();
+    void nameHolder(CallResult &refused) const;
 };
 
 } // namespace Tavoro::SessionInternal

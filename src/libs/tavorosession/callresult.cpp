@@ -110,6 +110,17 @@ CallResult notSent(NotSentReason reason)
     return notSent(reasonText(reason));
 }
 
+CallResult refused(quint16 status)
+{
+    return withStatus({}, Outcome::Refused, status);
+}
+
+QString controlledBy(const QString &holder)
+{
+    return QCoreApplication::translate("Tavoro::Outcome", "the device is controlled by %1")
+        .arg(holder);
+}
+
 CallResult notSent(const QString &reason)
 {
     CallResult result;

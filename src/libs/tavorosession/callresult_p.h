@@ -38,6 +38,10 @@ QString reasonText(NotSentReason reason);
 CallResult notSent(const QString &reason);
 /// \overload
 CallResult notSent(NotSentReason reason);
+/// A call that the device has refused with \a status.
+CallResult refused(quint16 status);
+/// The reason of a refusal while the client \a holder controls the device, translated.
+QString controlledBy(const QString &holder);
 /// The result of an operation that returned \a ok and \a error while \a watch observed its
 /// exchanges. The texts of operations only supplement it: for a record that cannot be decoded, and
 /// for an operation that sent nothing.

@@ -17,11 +17,12 @@ constexpr int longestPause = 16;
 
 } // namespace
 
-DeviceReading::DeviceReading(const Shared &shared, const SessionOptions &options, Events &events)
+DeviceReading::DeviceReading(const Shared &shared, std::shared_ptr<Lane> lane,
+                             const SessionOptions &options, Events &events)
     : m_shared(shared),
       m_options(options),
       m_events(events),
-      m_lane(std::make_shared<Lane>(shared.pool)),
+      m_lane(std::move(lane)),
       m_pause(options.readPause),
       m_self(std::make_shared<DeviceReading *>(this))
 {

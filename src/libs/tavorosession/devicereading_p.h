@@ -33,7 +33,9 @@ public:
         ~Events() = default;
     };
 
-    DeviceReading(const Shared &shared, const SessionOptions &options, Events &events);
+    /// Reads in \a lane.
+    DeviceReading(const Shared &shared, std::shared_ptr<Lane> lane, const SessionOptions &options,
+                  Events &events);
     ~DeviceReading();
 
     /// Reads the device over \a target. If it is being read, reads it once more afterwards.

@@ -31,6 +31,26 @@ void        DeviceSession::reconnectNow()                         { d->reconnect
 void        DeviceSession::readAgain()                            { d->readAgain(); }
 // clang-format on
 
+bool DeviceSession::isControlledByOthers() const
+{
+    return d->isControlledByOthers;
+}
+
+PendingCall<Outcome> DeviceSession::takeControl()
+{
+    return d->requestControl(SSProxy::ControlAction::Take);
+}
+
+PendingCall<Outcome> DeviceSession::forceControl()
+{
+    return d->requestControl(SSProxy::ControlAction::Force);
+}
+
+PendingCall<Outcome> DeviceSession::releaseControl()
+{
+    return d->requestControl(SSProxy::ControlAction::GiveUp);
+}
+
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)
 {
     d->start(std::make_shared<CallJob>(std::move(call)), key);

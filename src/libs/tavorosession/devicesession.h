@@ -65,6 +65,24 @@ public:
     void readAgain();
     /// @}
 
+    /// \name Control
+    ///
+    /// A device accepts writes from one client at a time: from the one that holds control, or from
+    /// the first one that writes. Reading and watching take no control. The outcome of a request is
+    /// Refused if another client holds control; its reason names that client.
+    /// @{
+
+    /// True if another client holds control of the device. False without a connection.
+    bool isControlledByOthers() const;
+    /// Takes control unless another client holds it.
+    PendingCall<Outcome> takeControl();
+    /// Takes control even if another client holds it. The device reports the loss to that client.
+    PendingCall<Outcome> forceControl();
+    /// Gives control up. Without effect if this client does not hold it. See also
+    /// SessionOptions::controlIdleTime.
+    PendingCall<Outcome> releaseControl();
+    /// @}
+
     /// \name Calls
     ///
     /// Each call is carried out in the background. The calls of a device are carried out in the
@@ -137,6 +155,8 @@ Q_SIGNALS:
     void stateDetailsChanged();
     /// readProgress() has changed.
     void readProgressChanged(double share);
+    /// isControlledByOthers() has changed.
+    void controlChanged();
     /// name() or device() has changed.
     void deviceChanged();
     /// A call has ended. Emitted for each call of the application, before its result is delivered.

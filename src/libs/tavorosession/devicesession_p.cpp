@@ -1,11 +1,11 @@
 #include "devicesession_p.h"
 
+#include "controljob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/controlhelper.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -64,12 +64,23 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               [this](CallJob &job, const CallResult &result, bool isReplaced) {
                   deliver(job, result, isReplaced);
               }),
-      m_reading(shared, options, *this),
+      m_reads(std::make_shared<Lane>(shared.pool)),
+      m_reading(shared, m_reads, options, *this),
+      m_follower(m_reads, shared.courier, [this] { readAgain(); }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
+    QObject::connect(DeviceManager::instance(), &DeviceManager::masterControlChanged,
+                     &m_controlIdle, [this](const std::weak_ptr<SSProxy::DeviceChannel> &changed) {
+                         if (channel && changed.lock() == channel)
+                             followControl();
+                     });
+    m_controlIdle.setSingleShot(true);
+    m_controlIdle.setInterval(options.controlIdleTime);
+    QObject::connect(&m_controlIdle, &QTimer::timeout, &m_controlIdle,
+                     [this] { requestControl(SSProxy::ControlAction::GiveUp); });
 }
 
 DeviceSessionPrivate::~DeviceSessionPrivate()
@@ -135,6 +146,32 @@ void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QStr
     m_calls.start(job, key);
 }
 
+PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
+{
+    const auto job = std::make_shared<ControlJob>(action);
+    PendingCall<Outcome> pending(job->future());
+    if (action == SSProxy::ControlAction::GiveUp)
+        m_controlIdle.stop();
+    m_calls.start(job, {});
+    return pending;
+}
+
+void DeviceSessionPrivate::followControl()
+{
+    const bool isOthers = m_target && !m_target->channel->isMasterControl();
+    if (std::exchange(isControlledByOthers, isOthers) != isOthers && q)
+        Q_EMIT q->controlChanged();
+}
+
+/// A write takes control, and so begins the idle time after which it is given up.
+void DeviceSessionPrivate::noteUse(const CallJob &job, const CallResult &result)
+{
+    const auto operation = job.operation->operation();
+    if (m_controlIdle.interval() > 0 && result.kind == Outcome::Done && operation
+        && operation->direction() == Operations::Direction::Write)
+        m_controlIdle.start();
+}
+
 void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
 {
     switch (connection.phase) {
@@ -164,7 +201,9 @@ void DeviceSessionPrivate::connected(quint64 connections)
     target.connections = connections;
     m_target = std::make_shared<const CallTarget>(std::move(target));
     setOnline(true);
+    followControl();
     m_calls.setTarget(m_target, {});
+    m_follower.setTarget(m_target);
     m_reading.request(m_target);
 }
 
@@ -196,6 +235,9 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
 {
     m_target = nullptr;
     m_reading.stop();
+    m_follower.setTarget(nullptr);
+    m_controlIdle.stop();
+    followControl();
     setOnline(false);
     m_calls.setTarget(nullptr, reason);
     setState(kind, reason, pause);
@@ -272,12 +314,13 @@ void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool 
     data.kind = result.kind;
     data.status = result.status;
     data.reason = result.reason;
-    if (result.code != 0)
-        data.operation = Control::ControlHelper::commandLabel(
-            static_cast<quint8>(result.code >> 8), static_cast<quint8>(result.code & 0xFF));
+    data.operation = job.label();
     data.deviceName = name();
     data.isReplaced = isReplaced;
     const Outcome outcome = makeOutcome(data);
+    noteUse(job, result);
+    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
+        m_follower.note(job.operation->changes());
     qCInfo(sessionLog).noquote() << outcome.text();
     if (q)
         Q_EMIT q->callFinished(outcome);

@@ -2,10 +2,14 @@
 
 #include "callqueue_p.h"
 #include "devicereading_p.h"
+#include "modelfollower_p.h"
 #include "shared_p.h"
 
 #include <tavorosession/devicesession.h>
 #include <tavorosession/sessionoptions.h>
+#include <tavorossproxy/controlaction.h>
+
+#include <QTimer>
 
 namespace Tavoro::SessionInternal {
 
@@ -25,6 +29,7 @@ public:
     void reconnectNow();
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
+    PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
 
     QString name() const;
     QString address() const;
@@ -35,6 +40,7 @@ public:
     quint16 port;
     DeviceState state;
     double readProgress = 0;
+    bool isControlledByOthers = false;
     std::shared_ptr<BizModel::Device> device;
     std::shared_ptr<SSProxy::NetworkChannel> channel;
 
@@ -45,6 +51,8 @@ private:
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
     void takeDevice();
     void setOnline(bool isOnline);
+    void followControl();
+    void noteUse(const CallJob &job, const CallResult &result);
     void reportDevice();
 
     void readingStarted() override;
@@ -60,8 +68,11 @@ private:
     const Shared m_shared;
     const SessionOptions m_options;
     CallQueue m_calls;
+    const std::shared_ptr<Lane> m_reads;
     DeviceReading m_reading;
+    ModelFollower m_follower;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
+    QTimer m_controlIdle; ///< Runs since the last write, if control is given up by itself.
     QString m_reportedName; ///< The name that deviceChanged() has reported.
     std::shared_ptr<DeviceSessionPrivate *> m_self; ///< For posts that may arrive too late.
 };

@@ -2,15 +2,19 @@
 
 #include <tavorosession/outcome.h>
 
+#include <tavorooperations/operation.h>
+
 #include <QFutureInterface>
 #include <QString>
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace Tavoro::BizModel {
 class Device;
@@ -39,6 +43,10 @@ public:
     virtual bool isCanceled() const = 0;
     /// True if the operation carries the content of a file, and so belongs to the transfer lane.
     virtual bool isTransfer() const = 0;
+    /// The operation in the table; nothing if it is not there.
+    virtual std::optional<Operations::Operation> operation() const = 0;
+    /// What the call changes on the device. After run() has ended.
+    virtual std::vector<Operations::Scope> changes() const = 0;
 };
 
 /// The value that a call keeps for a parameter.
@@ -183,6 +191,16 @@ public:
                    Class,
                    Control::
                        File> && (std::is_same_v<std::tuple_element_t<index, Arguments>, std::string> || ...);
+    }
+
+    std::optional<Operations::Operation> operation() const override
+    {
+        return Operations::find(m_method);
+    }
+
+    std::vector<Operations::Scope> changes() const override
+    {
+        return Operations::changedBy(m_method, std::get<index>(m_arguments)...);
     }
 
 private:

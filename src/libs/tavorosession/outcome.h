@@ -62,8 +62,8 @@ public:
     QString reason() const;
     /// The sentence for the user. It names the device and the operation. Translated.
     QString text() const;
-    /// Name of the operation, translated, such as "Take". "Request" if nothing was sent, since the
-    /// name is that of the command that was sent.
+    /// Name of the operation's command, translated, such as "screen take information"; "Request" if
+    /// the command is not known.
     QString operation() const;
     /// Name of the device when the call ended, or its address if it has no name.
     QString deviceName() const;
