@@ -41,8 +41,8 @@ bool readInto(std::vector<Record> &records, const DeviceRow &row)
 
 RestoredDevice::RestoredDevice(const DeviceIdentity &identity)
 {
-    ProtoModel::bytesOfHexDigits(identity.sn.toStdString(), m_identity.info.sn);
-    ProtoModel::bytesOfHexDigits(identity.mac.toStdString(), m_identity.info.mac);
+    ProtoModel::parseHexDigits(identity.sn.toStdString(), m_identity.info.sn);
+    ProtoModel::parseHexDigits(identity.mac.toStdString(), m_identity.info.mac);
     m_identity.ip = identity.address.toStdString();
 }
 

@@ -119,7 +119,7 @@ Q_NEVER_INLINE Progress readOtherField(JsonReader &reader, Progress progress, Pl
     const bool isFirst = progress.at == begin;
     if (!isFirst && !takeFieldSeparator(reader, progress.at))
         return {reader.place(), Progress::complete};
-    reader.nextAt(isFirst ? begin : reader.place());
+    reader.readTokenAt(isFirst ? begin : reader.place());
     // Kept: the brace of an empty record stays current, so that it ends the enclosing record too.
     if (isFirst && reader.token.isSymbol('}'))
         return {nullptr, Progress::complete};
@@ -197,7 +197,7 @@ Place readVector(JsonReader &reader, Place at, std::vector<Element> &vector)
     }
     for (;;) {
         if (!beginsElement<Element>(*at)) {
-            reader.nextAt(at);
+            reader.readTokenAt(at);
             at = nullptr;
             if (reader.token.isSymbol(']'))
                 return reader.place();
