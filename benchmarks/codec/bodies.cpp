@@ -1,5 +1,6 @@
 #include "bodies.h"
 
+#include <random>
 #include <string>
 
 using namespace Tavoro::ProtoModel;
@@ -8,130 +9,182 @@ namespace Bodies {
 
 namespace {
 
-Device::s_subcardBody subcard(qint32 slot)
-{
-    Device::s_subcardBody card;
-    card.slotId = slot;
-    card.modelId = 4096 + slot % 5;
-    card.boardId = 17;
-    card.cardType = slot % 3;
-    card.online = 1;
-    for (qint32 id = 0; id < 4; ++id) {
-        Device::s_ConnectorBody connector;
-        connector.id = id;
-        connector.type = 3 + id % 2;
-        connector.copyId = 0xFFFFFFFF;
-        connector.workMode = 1;
-        connector.capacityMode = 2;
-        card.connectors.push_back(connector);
+/// The same numbers with every standard library, unlike the distributions of \c std.
+class Random {
+public:
+    explicit Random(std::mt19937::result_type seed) : m_engine(seed) { }
+
+    qint32 below(qint32 bound)
+    {
+        return static_cast<qint32>(m_engine() % static_cast<quint32>(bound));
     }
-    return card;
+    qint32 between(qint32 least, qint32 most) { return least + below(most - least + 1); }
+    quint32 bits() { return static_cast<quint32>(m_engine()); }
+
+    /// A name of ASCII characters.
+    std::string name(qint32 leastLength, qint32 mostLength)
+    {
+        constexpr char characters[] =
+            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789 _-.";
+        std::string name(static_cast<std::size_t>(between(leastLength, mostLength)), ' ');
+        for (char &c : name)
+            c = characters[static_cast<std::size_t>(below(sizeof characters - 1))];
+        return name;
+    }
+
+private:
+    std::mt19937 m_engine;
+};
+
+Screen::s_Rect rect(Random &random)
+{
+    return {random.below(16000), random.below(8000), random.between(320, 4096),
+            random.between(240, 2160)};
 }
 
-Screen::s_MosaicOutput output(qint32 index)
+Screen::s_MosaicOutput output(Random &random)
 {
     Screen::s_MosaicOutput output;
-    output.interfaceId.slotId = 10 + index / 4;
-    output.interfaceId.connectorId = index % 4;
-    output.pos.x = 1920 * (index % 2);
-    output.pos.y = 1080 * (index / 2);
-    output.crop.x = output.pos.x;
-    output.crop.y = output.pos.y;
-    output.feather.resize(4);
-    for (Screen::s_Feather &feather : output.feather)
-        feather.width = 128;
+    output.interfaceId = {random.between(1, 40), random.between(1, 8), random.below(4)};
+    output.pos = {random.below(16000), random.below(8000)};
+    output.crop = rect(random);
+    for (qint32 edge = 0; edge < 4; ++edge)
+        output.feather.push_back(
+            {random.below(2), edge, random.between(100, 300), random.below(512)});
     return output;
 }
 
-Screen::s_ScreenFullDetail screen(int index)
+s_TimingAxisBody timingAxis(Random &random)
+{
+    const qint32 size = random.between(480, 4096);
+    return {size, random.below(200), random.below(100), random.below(2),
+            size + random.between(20, 400)};
+}
+
+Screen::s_Mosaic mosaic(Random &random)
+{
+    Screen::s_Mosaic mosaic;
+    mosaic.type = random.below(4);
+    mosaic.splice = {random.between(1, 4), random.between(1, 4)};
+    mosaic.window = rect(random);
+    mosaic.refOutputPara.colorDepths = {random.below(4), 255};
+    mosaic.refOutputPara.colorSpaces = {random.below(4), 255};
+    mosaic.refOutputPara.colorRanges = {random.below(2), 255};
+    mosaic.refOutputPara.formatMapping = random.below(8);
+    mosaic.refOutputPara.timing = {0, random.between(24, 144), 0, timingAxis(random),
+                                   timingAxis(random)};
+    for (qint32 count = random.between(1, 8); count > 0; --count)
+        mosaic.outputs.push_back(output(random));
+    return mosaic;
+}
+
+s_AllRGB allRGB(Random &random)
+{
+    return {random.below(101), random.below(101), random.below(101), random.below(101)};
+}
+
+s_DynamicRangeDetail dynamicRange(Random &random)
+{
+    s_DynamicRangeDetail range;
+    range.type = random.below(4);
+    range.SDR.Gamma = random.between(100, 300);
+    range.HDR10 = {random.below(2) == 0, random.between(100, 10000), random.below(200),
+                   random.between(100, 10000)};
+    range.HLG = {random.below(200), random.below(10)};
+    return range;
+}
+
+// Every eighth name has a character that needs an escape.
+std::string screenName(Random &random)
+{
+    const std::string name = random.name(6, 24);
+    return random.below(8) == 0 ? "B\xC3\xBChne " + name : name;
+}
+
+Screen::s_ScreenFullDetail screen(Random &random, quint8 id)
 {
     Screen::s_ScreenFullDetail screen;
-    screen.screenId = static_cast<quint8>(index);
-    screen.screenType = index % 3;
-    screen.general.name = index % 8 == 7 ? "B\xC3\xBChne " + std::to_string(index)
-                                         : "Screen " + std::to_string(index);
-    screen.general.nameGB2312 = screen.general.name;
-    screen.general.index = index;
-    screen.mosaic.type = 1;
-    screen.mosaic.splice.row = 2;
-    screen.mosaic.splice.column = 2;
-    screen.mosaic.window.width = 3840;
-    screen.mosaic.window.height = 2160;
-    screen.mosaic.refOutputPara.timing.horizontal = {1920, 88, 44, 1, 2200};
-    screen.mosaic.refOutputPara.timing.vertical = {1080, 4, 5, 1, 1125};
-    for (qint32 i = 0; i < 4; ++i)
-        screen.mosaic.outputs.push_back(output(i));
-    screen.layout.x = 3840 * (index % 8);
-    screen.layout.y = 2160 * (index / 8);
-    screen.physicalSize.dotPitch = 2500;
-    screen.selected = index == 0;
-    screen.switchEffect.time = 10;
+    screen.screenId = id;
+    screen.screenType = random.between(1, 4);
+    screen.general = {screenName(random), screenName(random), id};
+    screen.mosaic = mosaic(random);
+    screen.backgroundColor = {random.below(256), random.below(256), random.below(256)};
+    screen.layout = {random.below(60000), random.below(30000)};
+    screen.physicalSize = {random.between(500, 30000), random.between(500, 30000),
+                           random.below(5000), random.below(3)};
+    screen.PGMEdit = random.below(2);
+    screen.selected = random.below(2);
+    screen.imageQuality = {allRGB(random), allRGB(random), random.between(-180, 180),
+                           random.below(101), random.between(10, 1000)};
+    screen.freeze = random.below(2);
+    screen.FTB = {random.below(2), random.below(100)};
+    screen.testPattern = {random.below(2),  random.below(20), random.below(100), random.below(16),
+                          random.below(10), random.below(10), random.below(4)};
+    screen.switchEffect = {random.below(100), random.below(4), random.below(20)};
+    screen.tbar.percent = random.below(101);
+    screen.HDR.colorGamut = {random.below(5), 255};
+    screen.HDR.dynamicRange = {dynamicRange(random), dynamicRange(random)};
+    screen.screenZeLK = {random.below(2), random.below(3)};
     return screen;
+}
+
+File::s_FileDetail file(Random &random)
+{
+    File::s_FileDetail file;
+    file.fileId = random.below(255);
+    file.fileType = random.below(8);
+    file.general.name = random.name(16, 40);
+    const qint32 slot = random.between(1, 40);
+    const qint32 connector = random.between(1, 8);
+    file.source = {static_cast<quint32>(slot << 16 | connector << 8), random.below(4),
+                   random.between(1, 8)};
+    file.size = {random.between(10000, 30000000), static_cast<qint32>(random.bits()),
+                 random.between(16, 8192), random.between(16, 8192)};
+    return file;
+}
+
+Screen::s_SwitchEffect switchEffect(Random &random, quint8 id)
+{
+    Screen::s_SwitchEffect effect;
+    effect.screenId = id;
+    effect.screenType = random.between(1, 4);
+    effect.switchEffect = {random.below(1000), random.below(8), random.below(64)};
+    return effect;
 }
 
 } // namespace
 
-Device::s_DeviceDetail deviceDetail()
+std::vector<Screens> screens()
 {
-    Device::s_DeviceDetail detail;
-    detail.general.name = "Main stage processor";
-    detail.general.status = 1;
-    detail.powers = {{0, 1, 1}, {1, 1, 1}};
-    for (qint32 slot = 0; slot < 16; ++slot)
-        detail.subcards.push_back(subcard(slot));
-    for (int i = 0; i < 2; ++i) {
-        Device::s_NetworkBody network;
-        network.index = i;
-        network.MAC = "00:1B:44:11:3A:B" + std::to_string(i);
-        detail.networks.push_back(network);
+    Random random(1);
+    std::vector<Screens> bodies(16);
+    for (Screens &body : bodies) {
+        for (quint8 id = 0; id < 32; ++id)
+            body.push_back(screen(random, id));
     }
-    for (int i = 0; i < 4; ++i) {
-        Device::s_DeviceGroupInfoBody group;
-        group.groupName = "Group " + std::to_string(i);
-        group.groupId = "7b0e9c1e-52d5-4f0a-9a3c-1c2d3e4f506" + std::to_string(i);
-        detail.groupInfos.push_back(group);
-    }
-    for (qint32 i = 0; i < 8; ++i)
-        detail.interfaceRelation.relation.push_back({1, i, i + 32, i});
-    return detail;
+    return bodies;
 }
 
-std::vector<Screen::s_ScreenFullDetail> screens()
+std::vector<Files> files()
 {
-    std::vector<Screen::s_ScreenFullDetail> screens;
-    for (int i = 0; i < 32; ++i)
-        screens.push_back(screen(i));
-    return screens;
+    Random random(2);
+    std::vector<Files> bodies(8);
+    for (Files &body : bodies) {
+        for (int i = 0; i < 2000; ++i)
+            body.push_back(file(random));
+    }
+    return bodies;
 }
 
-std::vector<File::s_FileDetail> files()
+std::vector<SwitchEffects> switchEffects()
 {
-    std::vector<File::s_FileDetail> files(2000);
-    quint32 hash = 1;
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        File::s_FileDetail &file = files[i];
-        hash = hash * 1664525 + 1013904223;
-        file.fileId = static_cast<decltype(file.fileId)>(i);
-        file.fileType = static_cast<decltype(file.fileType)>(i % 5);
-        file.general.name = "Background " + std::to_string(i) + ".png";
-        file.source.id = static_cast<quint32>(i * 7);
-        file.size.length = static_cast<qint32>(hash >> 8);
-        file.size.hashSum = static_cast<qint32>(hash);
-        file.size.width = 1920;
-        file.size.height = 1080;
+    Random random(3);
+    std::vector<SwitchEffects> bodies(512);
+    for (SwitchEffects &body : bodies) {
+        for (quint8 id = 0; id < 8; ++id)
+            body.push_back(switchEffect(random, id));
     }
-    return files;
-}
-
-std::vector<Screen::s_SwitchEffect> switchEffects()
-{
-    std::vector<Screen::s_SwitchEffect> effects(8);
-    for (std::size_t i = 0; i < effects.size(); ++i) {
-        effects[i].screenId = static_cast<quint8>(i);
-        effects[i].switchEffect.time = 15;
-        effects[i].switchEffect.type = 3;
-    }
-    return effects;
+    return bodies;
 }
 
 } // namespace Bodies

@@ -10,13 +10,11 @@ namespace Peer {
 /// measurement. It has no writer.
 class SimdJson {
 public:
-    explicit SimdJson(const std::string &text) : m_text(text) { }
-
     template <class Value>
-    void decode(Value &value)
+    void decode(const simdjson::padded_string &text, Value &value)
     {
         simdjson::ondemand::document document;
-        if (m_parser.iterate(m_text).get(document))
+        if (m_parser.iterate(text).get(document))
             return;
         if constexpr (ajson::IsVector<Value>::value) {
             simdjson::ondemand::array array;
@@ -75,7 +73,6 @@ private:
         });
     }
 
-    simdjson::padded_string m_text;
     simdjson::ondemand::parser m_parser;
 };
 

@@ -4,10 +4,10 @@
 
 namespace Bench {
 
-/// What a result must reach in comparison with its peer.
+/// What a result must reach.
 struct Goal {
-    double ratio = 0; ///< Bound of value / peer value; 0: there is no goal.
-    bool isAtLeast = false; ///< The ratio must not be smaller; otherwise it must not be larger.
+    double bound = 0; ///< Of value / peer value, or of the value without a peer; 0: no goal.
+    bool isAtLeast = false; ///< The bound is the least; otherwise it is the most.
 };
 
 /// One measured number, beside that of the peer in the same run.
@@ -15,7 +15,7 @@ struct Result {
     QString name; ///< Workload and statistic, for example "alone p99".
     double value = 0;
     QString unit;
-    QString peer;
+    QString peer; ///< Empty if the number is compared with nothing.
     double peerValue = 0;
     Goal goal;
 };

@@ -1,6 +1,6 @@
 // Measures the memory of a streamed read, and of the simulated device that serves it.
 //
-//   transfermemory [--small MEBIBYTES] [--large MEBIBYTES]
+//   transfermemory [--small MEBIBYTES] [--large MEBIBYTES] [--json]
 //
 // Starts tavorosim with a folder for its files. Then, first with a small and then with a large
 // file, 16 and 1024 MiB by default: writes the file in pieces, reads it back as a stream, compares
@@ -9,6 +9,7 @@
 
 #include <support/bench.h>
 #include <support/deviceprocess.h>
+#include <support/results.h>
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/devicemanager.h>
@@ -20,7 +21,6 @@
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 
-#include <cstdio>
 #include <string>
 
 using namespace Tavoro;
@@ -95,11 +95,20 @@ Peaks transfer(Control::File &file, int mebibytes, const Bench::DeviceProcess &d
 {
     const quint32 written = writeFile(file, mebibytes);
     require(readFile(file) == written, QStringLiteral("not the same content"));
-    const Peaks peaks{peakOf(QCoreApplication::applicationPid()), peakOf(device.pid())};
-    std::printf("%5d MiB: peak of the reader %lld KiB, of the device %lld KiB\n", mebibytes,
-                static_cast<long long>(peaks.reader), static_cast<long long>(peaks.device));
-    std::fflush(stdout);
-    return peaks;
+    return {peakOf(QCoreApplication::applicationPid()), peakOf(device.pid())};
+}
+
+/// Prints the peak with the large file. Returns false if it is too much above that with the small
+/// one.
+bool compare(const Bench::ResultPrinter &printer, const QString &name, qint64 small, qint64 large)
+{
+    printer.print({name,
+                   double(large),
+                   QStringLiteral("KiB"),
+                   QStringLiteral("small file + %1 KiB").arg(allowedGrowth),
+                   double(small + allowedGrowth),
+                   {1.0}});
+    return large <= small + allowedGrowth;
 }
 
 } // namespace
@@ -113,6 +122,7 @@ int main(int argc, char *argv[])
         {QStringLiteral("small"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("16")});
     parser.addOption(
         {QStringLiteral("large"), QString(), QStringLiteral("MEBIBYTES"), QStringLiteral("1024")});
+    parser.addOption(QCommandLineOption(QStringLiteral("json")));
     parser.process(application);
     const int small = numberOf(parser, "small", 1, 2047);
     const int large = numberOf(parser, "large", 1, 2047);
@@ -124,6 +134,11 @@ int main(int argc, char *argv[])
     Control::File file(route.model(), nullptr);
     const Peaks before = transfer(file, small, device);
     const Peaks after = transfer(file, large, device);
-    return after.reader - before.reader > allowedGrowth
-        || after.device - before.device > allowedGrowth;
+    const Bench::ResultPrinter printer(QStringLiteral("memory"),
+                                       parser.isSet(QStringLiteral("json")));
+    const bool readerIsFlat =
+        compare(printer, QStringLiteral("peak of the reader"), before.reader, after.reader);
+    const bool deviceIsFlat =
+        compare(printer, QStringLiteral("peak of the device"), before.device, after.device);
+    return readerIsFlat && deviceIsFlat ? 0 : 1;
 }

@@ -37,6 +37,8 @@ constexpr Step steps[] = {
     {"sees a report change the model", followsReports},
     {"prints records", printsRecords},
     {"sends records of its own", sendsRecordsOfItsOwn},
+    {"calls operations by name", callsByName},
+    {"describes operations", describesOperations},
 };
 
 bool connectTo(const QStringList &arguments, Simulator &simulator, Connection &connection)

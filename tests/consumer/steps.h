@@ -20,6 +20,8 @@ bool readsTheNewVersion(Connection &connection);
 bool followsReports(Connection &connection);
 bool printsRecords(Connection &connection);
 bool sendsRecordsOfItsOwn(Connection &connection);
+bool callsByName(Connection &connection);
+bool describesOperations(Connection &connection);
 
 /// A power supply fails and a source changes; the device reports both unsolicited.
 bool followsWhatHappensThere(Connection &connection, Simulator &simulator);

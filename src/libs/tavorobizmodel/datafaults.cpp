@@ -44,9 +44,21 @@ void DataFaults::add(const QString &sentence)
         m_sentences.append(sentence);
 }
 
-void DataFaults::addTwice(const QString &what)
+void DataFaults::addDuplicate(const QString &object)
 {
-    add(Device::tr("%1 occurs twice.").arg(what));
+    add(Device::tr("%1 occurs twice.").arg(object));
+}
+
+void DataFaults::addMissingOutput(const ProtoModel::s_ScreenId &screen,
+                                  const ProtoModel::s_InterfaceID &output)
+{
+    add(Device::tr("%1 has the output %2, which the device does not have.")
+            .arg(quoted(screen), quoted(output)));
+}
+
+void DataFaults::addMissingScreen(const ProtoModel::Layer::s_LayerIdentity &layer)
+{
+    add(Device::tr("%1: the device does not have the screen.").arg(quoted(layer)));
 }
 
 bool DataFaults::report(QString &error) const

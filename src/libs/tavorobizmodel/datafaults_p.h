@@ -1,5 +1,8 @@
 #pragma once
 
+#include <tavorocontrol/proto/identities.h>
+#include <tavorocontrol/proto/layer.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -8,14 +11,20 @@ namespace Tavoro::BizModel {
 /// The faults in the data that a device sent, one sentence each.
 class DataFaults {
 public:
-    void add(const QString &sentence);
-    /// Adds the fault that \a what occurs twice.
-    void addTwice(const QString &what);
+    /// Several records have the same identity. \a object names it.
+    void addDuplicate(const QString &object);
+    /// A screen has an output that the device does not have.
+    void addMissingOutput(const ProtoModel::s_ScreenId &screen,
+                          const ProtoModel::s_InterfaceID &output);
+    /// A layer is on a screen that the device does not have.
+    void addMissingScreen(const ProtoModel::Layer::s_LayerIdentity &layer);
     /// Returns true if there are no faults. Otherwise returns false, with the first few sentences
     /// in \a error.
     bool report(QString &error) const;
 
 private:
+    void add(const QString &sentence);
+
     QStringList m_sentences; // the first few
     int m_count = 0;
 };

@@ -38,8 +38,8 @@ QList<std::shared_ptr<s_CommandTimeout>> slowCommands()
 using ProtoModel::Screen::s_ScreenGenlockBody;
 
 /// A screen without a record has the default status.
-bool isOther(const std::optional<s_ScreenGenlockBody> &before,
-             const std::optional<s_ScreenGenlockBody> &now)
+bool hasOtherStatus(const std::optional<s_ScreenGenlockBody> &before,
+                    const std::optional<s_ScreenGenlockBody> &now)
 {
     const auto status = [](const std::optional<s_ScreenGenlockBody> &genlock) {
         return genlock.value_or(s_ScreenGenlockBody()).genlockSignal.status;
@@ -69,15 +69,15 @@ Device::Device(unsigned short id, QObject *parent)
 Device::~Device() = default;
 
 // clang-format off
-QString Device::sn() const        { return d->get(&DeviceState::sn); }
-QString Device::MAC() const       { return d->get(&DeviceState::mac); }
-QString Device::IPAddress() const { return d->get(&DeviceState::ip); }
-QString Device::name() const      { return d->get(&DeviceState::name); }
+QString Device::sn() const        { return d->value(&DeviceState::sn); }
+QString Device::MAC() const       { return d->value(&DeviceState::mac); }
+QString Device::IPAddress() const { return d->value(&DeviceState::ip); }
+QString Device::name() const      { return d->value(&DeviceState::name); }
 
-unsigned short Device::modelId() const                                  { return d->get(&DeviceState::modelId); }
-bool Device::isOnline() const                                           { return d->get(&DeviceState::online); }
-bool Device::isSyncDataSuccess() const                                  { return d->get(&DeviceState::syncSuccess); }
-ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->get(&DeviceState::info); }
+unsigned short Device::modelId() const                                  { return d->value(&DeviceState::modelId); }
+bool Device::isOnline() const                                           { return d->value(&DeviceState::online); }
+bool Device::isSyncDataSuccess() const                                  { return d->value(&DeviceState::syncSuccess); }
+ProtoModel::DeviceBaseInfo Device::deviceBaseInfo() const               { return d->value(&DeviceState::info); }
 ProtoModel::Auxiliary::s_DeviceProcess Device::deviceProcess() const    { return d->records.process(); }
 ProtoModel::s_RGB Device::cutoutRGB() const                             { return d->settings->cutout(); }
 
@@ -97,7 +97,7 @@ QString Device::ipMacSn() const
 
 void Device::updateDeviceBaseInfo(ProtoModel::DeviceBaseInfo info)
 {
-    d->setIdentity(std::move(info));
+    d->setIdentity(info);
 }
 
 unsigned short Device::tcpProtocolVersion() const
@@ -142,7 +142,7 @@ void Device::clearAll(bool keepUserSettings)
     d->keepLayerCrops();
     d->contents.take(Interfaces());
     d->contents.take(Layers());
-    const bool wasActive = d->contents.take(Screens());
+    const bool wasActive = d->contents.take(Screens(), DeviceContents::ActiveScreens::AreCleared);
     d->contents.take(Files());
     if (!keepUserSettings)
         d->settings->clear();
@@ -254,8 +254,7 @@ void Device::setScreenGenlocks(const std::vector<s_ScreenGenlockBody> &genlocks)
         return;
     const auto screens = d->contents.screens();
     for (const auto &screen : screens) {
-        const ProtoModel::s_ScreenId id{screen->screenId(), screen->screenType()};
-        if (isOther(before.find(objectId(id)), now.find(objectId(id))))
+        if (hasOtherStatus(before.find(objectId(*screen)), now.find(objectId(*screen))))
             Q_EMIT screen->screenChanged();
     }
 }

@@ -1,5 +1,7 @@
 #include "devicecontents_p.h"
 
+#include "inputcrop_p.h"
+
 #include <tavorobizmodel/enums.h>
 
 #include <utility>
@@ -16,6 +18,14 @@ std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetai
                     static_cast<qint32>(source.id & 0xFF), 0, 0};
 }
 
+QSize shownPicture(const DeviceContents &contents,
+                   const ProtoModel::Layer::s_LayerFullDetail &layer)
+{
+    const auto shown = shownInterface(layer);
+    const auto interface = shown ? contents.findInterface(*shown) : nullptr;
+    return interface ? pictureSize(interface->detail().actualTiming) : QSize();
+}
+
 // Each function destroys the old objects after the mutex was released, since their destructors may
 // run code of the application.
 
@@ -25,7 +35,7 @@ void DeviceContents::take(Interfaces interfaces)
     std::swap(m_interfaces, interfaces);
 }
 
-bool DeviceContents::take(Screens screens)
+bool DeviceContents::take(Screens screens, ActiveScreens active)
 {
     std::shared_ptr<Screen> activeScreen;
     std::shared_ptr<MVRScreen> activeMultiviewer;
@@ -37,8 +47,14 @@ bool DeviceContents::take(Screens screens)
     const std::lock_guard lock(m_mutex);
     std::swap(m_screens, screens);
     m_screenOfOutput.swap(screenOfOutput);
-    m_activeScreen.swap(activeScreen);
-    m_activeMultiviewer.swap(activeMultiviewer);
+    const auto isKept = [&](const std::shared_ptr<Screen> &screen) {
+        return active == ActiveScreens::AreKept && screen
+            && m_screens.find(objectId(*screen)) == screen;
+    };
+    if (!isKept(m_activeScreen))
+        m_activeScreen.swap(activeScreen);
+    if (!isKept(m_activeMultiviewer))
+        m_activeMultiviewer.swap(activeMultiviewer);
     return activeScreen || activeMultiviewer;
 }
 
@@ -68,11 +84,8 @@ bool DeviceContents::setActive(const std::shared_ptr<Screen> &screen)
 {
     auto multiviewer = std::dynamic_pointer_cast<MVRScreen>(screen);
     const std::lock_guard lock(m_mutex);
-    if (screen) {
-        const ProtoModel::s_ScreenId id{screen->screenId(), screen->screenType()};
-        if (m_screens.find(objectId(id)) != screen)
-            return false;
-    }
+    if (screen && m_screens.find(objectId(*screen)) != screen)
+        return false;
     if (multiviewer)
         m_activeMultiviewer = std::move(multiviewer);
     else

@@ -9,8 +9,11 @@
 #include <tavorobizmodel/mvrscreen.h>
 #include <tavorobizmodel/screen.h>
 
+#include <QSize>
+
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -33,10 +36,15 @@ class DeviceContents {
 public:
     using LayerList = std::vector<std::shared_ptr<Layer>>;
 
+    /// What happens to the active screens when the screens are replaced.
+    enum class ActiveScreens {
+        AreCleared, ///< No screen and no multiviewer screen is active afterwards.
+        AreKept, ///< A screen that is also among the new ones stays active.
+    };
+
     void take(Interfaces interfaces);
-    /// Afterwards no screen and no multiviewer screen is active. Returns whether one was active
-    /// before.
-    bool take(Screens screens);
+    /// Returns whether a screen or a multiviewer screen that was active no longer is.
+    bool take(Screens screens, ActiveScreens active);
     void take(Layers layers);
     void take(Files files);
 
@@ -102,5 +110,16 @@ private:
 
 /// Returns the identity of the interface that a layer shows; nothing if it shows none.
 std::optional<ObjectId> shownInterface(const ProtoModel::Layer::s_LayerFullDetail &layer);
+
+/// Returns the size in pixels of the picture that a layer shows; empty without a video signal.
+QSize shownPicture(const DeviceContents &contents,
+                   const ProtoModel::Layer::s_LayerFullDetail &layer);
+
+// clang-format off
+inline ObjectId objectId(const Interface &interface) { return objectId(interface.interfaceId()); }
+inline ObjectId objectId(const Screen &screen)       { return objectId(ProtoModel::s_ScreenId{screen.screenId(), screen.screenType()}); }
+inline ObjectId objectId(const Layer &layer)         { return objectId(layer.identity()); }
+inline ObjectId objectId(const File &file)           { return objectId(file.identity()); }
+// clang-format on
 
 } // namespace Tavoro::BizModel

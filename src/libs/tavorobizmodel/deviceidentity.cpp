@@ -18,7 +18,7 @@ bool isZero(const QString &digits)
 
 DeviceIdentity DeviceIdentity::of(const Device &device)
 {
-    return DevicePrivate::of(device).read(
+    return DevicePrivate::get(device).read(
         [](const DeviceState &state) { return of(state.sn, state.mac, state.ip); });
 }
 

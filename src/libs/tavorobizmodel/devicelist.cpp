@@ -24,8 +24,8 @@ void closeStoreOfApplication()
 
 class DeviceListPrivate {
 public:
-    /// A member of this class, because only this class is a friend of the saver.
-    static SaveDeviceDataThreadPrivate &partOf(SaveDeviceDataThread &saver) { return *saver.d; }
+    /// A member, because only this class is a friend of the saver.
+    SaveDeviceDataThreadPrivate &saverPrivate() { return *saver.d; }
 
     ListedDevices devices;
     SaveDeviceDataThread saver;
@@ -63,8 +63,8 @@ std::weak_ptr<Device> DeviceList::append(std::shared_ptr<Device> device)
     if (!device)
         return {};
     const auto appended = d->devices.append(device);
-    for (const DevicePtr &former : appended.former)
-        Q_EMIT signalDeviceRemoved(former);
+    for (const DevicePtr &replaced : appended.replaced)
+        Q_EMIT signalDeviceRemoved(replaced);
     if (appended.isNew)
         Q_EMIT signalDeviceAppended(device);
     return device;
@@ -80,14 +80,14 @@ bool DeviceList::remove(const std::weak_ptr<Device> &device)
     const auto known = device.lock();
     if (!known || !d->devices.remove(known))
         return false;
-    DeviceListPrivate::partOf(d->saver).askToForget(*known);
+    d->saverPrivate().requestRemoval(*known);
     Q_EMIT signalDeviceRemoved(device);
     return true;
 }
 
 SaveDeviceDataThread *DeviceList::saveDeviceDataThread() const
 {
-    return DeviceListPrivate::partOf(d->saver).isOpen() ? &d->saver : nullptr;
+    return d->saverPrivate().isOpen() ? &d->saver : nullptr;
 }
 
 bool DeviceList::openDeviceStore(const s_DeviceStoreOptions &options, QString &error)
@@ -97,7 +97,7 @@ bool DeviceList::openDeviceStore(const s_DeviceStoreOptions &options, QString &e
         chosen.fileName = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
             + QStringLiteral("/devices.sqlite");
     std::vector<DevicePtr> devices;
-    if (!DeviceListPrivate::partOf(d->saver).open(chosen, devices, error))
+    if (!d->saverPrivate().open(chosen, devices, error))
         return false;
     // The connection to the file must be closed before the application object is destroyed.
     qAddPostRoutine(closeStoreOfApplication);
@@ -111,7 +111,7 @@ bool DeviceList::openDeviceStore(const s_DeviceStoreOptions &options, QString &e
 void DeviceList::closeDeviceStore()
 {
     qRemovePostRoutine(closeStoreOfApplication);
-    DeviceListPrivate::partOf(d->saver).close();
+    d->saverPrivate().close();
 }
 
 } // namespace Tavoro::BizModel

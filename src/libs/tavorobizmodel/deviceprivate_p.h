@@ -2,6 +2,7 @@
 
 #include "devicecontents_p.h"
 #include "devicerecords_p.h"
+#include "recordequality_p.h"
 #include "usersettings_p.h"
 
 #include <tavorobizmodel/device.h>
@@ -13,6 +14,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 
 namespace Tavoro::BizModel {
 
@@ -34,7 +36,7 @@ public:
 
     DevicePrivate(Device &device, unsigned short number) : q(device), id(number) { }
 
-    static DevicePrivate &of(const Device &device) { return *device.d; }
+    static DevicePrivate &get(const Device &device) { return *device.d; }
     static DeviceContents &contentsOf(const Device &device) { return device.d->contents; }
 
     /// Returns the result of calling \a look with the state. \a look must not emit signals.
@@ -46,7 +48,7 @@ public:
     }
 
     template <class Value>
-    Value get(Value DeviceState::*member) const
+    Value value(Value DeviceState::*member) const
     {
         const std::lock_guard lock(m_mutex);
         return m_state.*member;
@@ -86,19 +88,25 @@ public:
 
     /// Stores MAC address and serial number in one step, so that no thread sees only one of them
     /// changed.
-    void setIdentity(ProtoModel::DeviceBaseInfo info)
+    void setIdentity(const ProtoModel::DeviceBaseInfo &info)
     {
-        const QString mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
-        const QString sn = QString::fromStdString(ProtoModel::hexDigits(info.sn));
-        bool isOther = false;
+        bool hasChanged = false;
         write([&](DeviceState &state) {
-            isOther = state.mac != mac || state.sn != sn;
-            state.mac = mac;
-            state.sn = sn;
-            state.info = std::move(info);
+            const auto before = std::make_pair(state.mac, state.sn);
+            replaceInfo(state, info);
+            hasChanged = before != std::make_pair(state.mac, state.sn);
         });
-        if (isOther)
+        if (hasChanged)
             notifyIdentity();
+    }
+
+    /// Stores the identity record of a channel, with MAC address and serial number as text. Returns
+    /// false if it is equal.
+    static bool replaceInfo(DeviceState &state, const ProtoModel::DeviceBaseInfo &info)
+    {
+        state.mac = QString::fromStdString(ProtoModel::hexDigits(info.mac));
+        state.sn = QString::fromStdString(ProtoModel::hexDigits(info.sn));
+        return replaceIfDifferent(state.info, info);
     }
 
     /// Store the crops of objects that are about to be replaced in the user settings.

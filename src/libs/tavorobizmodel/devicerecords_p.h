@@ -1,8 +1,10 @@
 #pragma once
 
+#include "datafaults_p.h"
 #include "keyedlist_p.h"
 #include "objectid_p.h"
 
+#include <tavorobizmodel/enums.h>
 #include <tavorocontrol/proto/auxiliary.h>
 #include <tavorocontrol/proto/device.h>
 #include <tavorocontrol/proto/screen.h>
@@ -19,14 +21,23 @@ using Powers = KeyedList<int, ProtoModel::Device::s_PowerBody>;
 using Groups = KeyedList<std::string, ProtoModel::Device::s_DeviceGroupInfoBody>;
 using ScreenGenlocks = KeyedList<ObjectId, ProtoModel::Screen::s_ScreenGenlockBody, ObjectIdHash>;
 
+/// The detail record of a device, with its lists stored by key.
+struct IndexedDetail {
+    ProtoModel::Device::s_DeviceDetail detail; ///< Without the lists below.
+    Subcards subcards;
+    Powers powers;
+    Groups groups;
+};
+
+/// Moves the lists of \a detail. If a key occurs twice, its first record is used.
+IndexedDetail indexed(ProtoModel::Device::s_DeviceDetail detail, DataFaults &faults);
+
 /// The records of the device as a whole: as read, and updated by reports. All members may be called
 /// from any thread.
 class DeviceRecords {
 public:
-    /// Replaces the records by those of a read. The lists come from the other arguments, not from
-    /// \a detail.
-    void replace(ProtoModel::Device::s_DeviceDetail detail, Subcards subcards, Powers powers,
-                 Groups groups);
+    /// Replaces the records by those of a read. Returns the parts that differ.
+    std::vector<Enum::Device::DataPart> replace(IndexedDetail read);
     /// Returns the details of the device, including all lists.
     ProtoModel::Device::s_DeviceDetail detail() const;
 
@@ -53,10 +64,7 @@ public:
 
 private:
     mutable std::mutex m_mutex;
-    ProtoModel::Device::s_DeviceDetail m_detail; // guarded by m_mutex, as all below; without lists
-    Subcards m_subcards;
-    Powers m_powers;
-    Groups m_groups;
+    IndexedDetail m_read; // guarded by m_mutex, as all below
     ScreenGenlocks m_screenGenlocks;
     ProtoModel::Auxiliary::s_DeviceProcess m_process;
 };

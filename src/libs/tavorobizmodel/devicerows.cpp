@@ -58,7 +58,7 @@ QString DeviceRow::name() const
 
 void visitRows(const Device &device, const std::function<void(const DeviceRow &)> &visit)
 {
-    const auto &d = DevicePrivate::of(device);
+    const auto &d = DevicePrivate::get(device);
     const QString onlyOne = QStringLiteral(""); // SQL would store a null string as NULL
     const auto visitRow = [&](RowKind kind, const QString &key, const auto &record) {
         visit({kind, key, RowFormat::encode(record), {}});

@@ -18,11 +18,11 @@ StoreOutcome DeviceStore::load(Loaded &loaded, QString &error)
 {
     std::vector<qlonglong> damaged;
     const StoreOutcome outcome =
-        m_database.perform([&] { return loadDevices(loaded, damaged); }, error);
+        m_database.outsideTransaction([&] { return loadDevices(loaded, damaged); }, error);
     if (outcome != StoreOutcome::Done || damaged.empty())
         return outcome;
     QString moveError; // if the move fails, the row stays and is found again next time
-    m_database.transact([&] { return setAside(damaged); }, moveError);
+    m_database.inTransaction([&] { return quarantine(damaged); }, moveError);
     return outcome;
 }
 
@@ -52,16 +52,16 @@ bool DeviceStore::loadDevices(Loaded &loaded, std::vector<qlonglong> &damaged)
         if (row.digest() == query.value(7).toByteArray() && device->take(row))
             continue;
         damaged.push_back(query.value(4).toLongLong());
-        loaded.setAside << DeviceList::tr("%1 of the device %2 %3 %4")
-                               .arg(row.name(), identity.sn, identity.mac, identity.address)
-                               .trimmed();
+        loaded.quarantined << DeviceList::tr("%1 of the device %2 %3 %4")
+                                  .arg(row.name(), identity.sn, identity.mac, identity.address)
+                                  .trimmed();
     }
     if (device)
         loaded.devices.push_back(device->make());
     return true;
 }
 
-bool DeviceStore::setAside(const std::vector<qlonglong> &rows)
+bool DeviceStore::quarantine(const std::vector<qlonglong> &rows)
 {
     for (const char *statement :
          {"INSERT OR REPLACE INTO damaged SELECT * FROM record WHERE rowid = ?",
@@ -80,7 +80,7 @@ bool DeviceStore::setAside(const std::vector<qlonglong> &rows)
 
 StoreOutcome DeviceStore::save(const Device &device, QString &error)
 {
-    return m_database.transact([&] { return writeChanges(device); }, error);
+    return m_database.inTransaction([&] { return writeChanges(device); }, error);
 }
 
 StoreOutcome DeviceStore::remove(const DeviceIdentity &identity, QString &error)
@@ -92,7 +92,7 @@ StoreOutcome DeviceStore::remove(const DeviceIdentity &identity, QString &error)
                    QStringLiteral("DELETE FROM device WHERE sn = ? AND mac = ? AND address = ?"))
             && run(query, identity);
     };
-    return m_database.transact(steps, error);
+    return m_database.inTransaction(steps, error);
 }
 
 /// Runs a statement on the device with this identity.

@@ -34,7 +34,7 @@ public:
     struct Loaded {
         std::vector<std::shared_ptr<Device>> devices;
         /// Names of the damaged rows, which were moved to the table \c damaged.
-        QStringList setAside;
+        QStringList quarantined;
     };
 
     StoreOutcome load(Loaded &loaded, QString &error);
@@ -50,7 +50,7 @@ private:
     using StoredRows = QHash<RowId, StoredRow>;
 
     bool loadDevices(Loaded &loaded, std::vector<qlonglong> &damaged);
-    bool setAside(const std::vector<qlonglong> &rows);
+    bool quarantine(const std::vector<qlonglong> &rows);
     bool run(QSqlQuery &query, const DeviceIdentity &identity);
     bool findOrAdd(const DeviceIdentity &identity, qlonglong &id);
     bool findRows(qlonglong id, StoredRows &rows);

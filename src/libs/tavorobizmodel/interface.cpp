@@ -36,6 +36,13 @@ Interface::Interface(const s_InterfaceDetail &detail, std::weak_ptr<Device> devi
 
 Interface::~Interface() = default;
 
+bool Interface::assign(s_InterfaceDetail read, const UserSettings &settings)
+{
+    settings.restorePixels(UserSettings::CropOwner::Interface, objectId(d->id), 0, read.crop);
+    fitCrop(read.crop, pictureSize(read.actualTiming));
+    return d->assign(read);
+}
+
 void Interface::restoreCrop(const UserSettings &settings)
 {
     d->change([&](s_InterfaceDetail &known) {

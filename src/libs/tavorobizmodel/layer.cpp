@@ -8,16 +8,34 @@ namespace Tavoro::BizModel {
 
 using ProtoModel::Layer::s_LayerFullDetail;
 
+namespace {
+
+void restorePixels(s_LayerFullDetail &layer, const UserSettings &settings)
+{
+    auto &crops = layer.source.crop;
+    for (std::size_t i = 0; i < crops.size(); ++i)
+        settings.restorePixels(UserSettings::CropOwner::Layer, objectId(layer.layerIdenti), i,
+                               crops[i]);
+}
+
+/// Returns true if the pixels of a crop changed.
+bool fitPixels(s_LayerFullDetail &layer, const QSize &picture)
+{
+    bool any = false;
+    for (auto &crop : layer.source.crop)
+        any = fitCrop(crop, picture) || any;
+    return any;
+}
+
+} // namespace
+
 class LayerPrivate : public ObjectPrivate<s_LayerFullDetail> {
 public:
     LayerPrivate(Layer &layer, const s_LayerFullDetail &read, std::weak_ptr<Device> owner)
-        : ObjectPrivate(layer, read, std::move(owner)),
-          identity(read.layerIdenti),
-          shown(shownInterface(read))
+        : ObjectPrivate(layer, read, std::move(owner)), identity(read.layerIdenti)
     { }
 
     const ProtoModel::Layer::s_LayerIdentity identity;
-    const std::optional<ObjectId> shown;
 };
 
 Layer::Layer(const s_LayerFullDetail &detail, std::weak_ptr<Device> device)
@@ -51,27 +69,25 @@ std::weak_ptr<Screen> Layer::screen() const
 std::weak_ptr<Interface> Layer::source() const
 {
     const auto owner = d->device.lock();
-    return owner && d->shown ? DevicePrivate::contentsOf(*owner).findInterface(*d->shown) : nullptr;
+    const auto shown = d->read(shownInterface);
+    return owner && shown ? DevicePrivate::contentsOf(*owner).findInterface(*shown) : nullptr;
+}
+
+bool Layer::assign(s_LayerFullDetail read, const UserSettings &settings, const QSize &picture)
+{
+    restorePixels(read, settings);
+    fitPixels(read, picture);
+    return d->assign(read);
 }
 
 void Layer::restoreCrops(const UserSettings &settings)
 {
-    d->change([&](s_LayerFullDetail &known) {
-        auto &crops = known.source.crop;
-        for (std::size_t i = 0; i < crops.size(); ++i)
-            settings.restorePixels(UserSettings::CropOwner::Layer, objectId(d->identity), i,
-                                   crops[i]);
-    });
+    d->change([&](s_LayerFullDetail &known) { restorePixels(known, settings); });
 }
 
 bool Layer::fitCrops(const QSize &picture)
 {
-    return d->change([&](s_LayerFullDetail &known) {
-        bool any = false;
-        for (auto &crop : known.source.crop)
-            any = fitCrop(crop, picture) || any;
-        return any;
-    });
+    return d->change([&](s_LayerFullDetail &known) { return fitPixels(known, picture); });
 }
 
 void Layer::fitInputCrop(const QSize &picture)

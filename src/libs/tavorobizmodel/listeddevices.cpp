@@ -44,15 +44,15 @@ ListedDevices::Appended ListedDevices::append(const DevicePtr &device)
     const auto place = std::find_if(m_devices.begin(), m_devices.end(), isSame);
     const auto index = std::distance(m_devices.begin(), place);
     const auto end = std::stable_partition(place, m_devices.end(), std::not_fn(isSame));
-    result.former.assign(end, m_devices.end());
+    result.replaced.assign(end, m_devices.end());
     m_devices.erase(end, m_devices.end());
     m_devices.insert(m_devices.begin() + index, device);
-    for (const DevicePtr &former : result.former)
-        DevicePrivate::of(*device).adopt(DevicePrivate::of(*former));
-    if (result.former.empty())
+    for (const DevicePtr &replaced : result.replaced)
+        DevicePrivate::get(*device).adopt(DevicePrivate::get(*replaced));
+    if (result.replaced.empty())
         addToIndex(device);
     else
-        forgetIndex();
+        invalidateIndex();
     return result;
 }
 
@@ -61,7 +61,7 @@ bool ListedDevices::appendRestored(const DevicePtr &device)
     const std::lock_guard lock(m_mutex);
     const auto listed = std::find_if(m_devices.begin(), m_devices.end(), sameAs(*device));
     if (listed != m_devices.end()) {
-        DevicePrivate::of(**listed).adopt(DevicePrivate::of(*device));
+        DevicePrivate::get(**listed).adopt(DevicePrivate::get(*device));
         return false;
     }
     m_devices.push_back(device);
@@ -76,7 +76,7 @@ bool ListedDevices::remove(const DevicePtr &device)
     if (place == m_devices.end())
         return false;
     m_devices.erase(place);
-    forgetIndex();
+    invalidateIndex();
     return true;
 }
 
@@ -87,7 +87,7 @@ std::vector<ListedDevices::DevicePtr> ListedDevices::all() const
 }
 
 /// Makes the next lookup rebuild the index.
-void ListedDevices::forgetIndex()
+void ListedDevices::invalidateIndex()
 {
     m_index.clear();
     m_indexed = outOfDate;

@@ -34,7 +34,7 @@ public:
     /// What append() did.
     struct Appended {
         bool isNew = false; ///< The device object was not in the list before.
-        std::vector<DevicePtr> former; ///< Objects with the same identity, which were removed.
+        std::vector<DevicePtr> replaced; ///< Objects with the same identity.
     };
 
     /// Returns the matching device; null if there is none.
@@ -60,7 +60,7 @@ private:
     static constexpr quint64 outOfDate = ~quint64(0);
 
     void addToIndex(const DevicePtr &device);
-    void forgetIndex();
+    void invalidateIndex();
 
     mutable std::mutex m_mutex;
     std::vector<DevicePtr> m_devices; // guarded by m_mutex, as all below

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recordequality_p.h"
+
 #include <tavorobizmodel/device.h>
 
 #include <QCoreApplication>
@@ -36,12 +38,26 @@ public:
         return m_detail;
     }
 
+    /// Replaces the record. Returns false if they are equal.
+    bool assign(const Detail &now)
+    {
+        return change([&](Detail &known) { return replaceIfDifferent(known, now); });
+    }
+
     /// Changes the record. Returns the result of \a change.
     template <class Change>
     auto change(const Change &change)
     {
         const std::lock_guard lock(m_mutex);
         return change(m_detail);
+    }
+
+    /// Returns the result of calling \a look with the record. \a look must not emit signals.
+    template <class Look>
+    auto read(const Look &look) const
+    {
+        const std::lock_guard lock(m_mutex);
+        return look(m_detail);
     }
 
     /// Emits \a signal of \a object, unless the signals of the device are blocked.

@@ -14,7 +14,7 @@ bool ReplaceableStore::open(const QString &fileName, DeviceStore::Loaded &loaded
         outcome = m_store.load(loaded, error);
     if (outcome != StoreOutcome::Done)
         loaded = {};
-    reportSetAside(loaded.setAside);
+    reportQuarantined(loaded.quarantined);
     return outcome == StoreOutcome::Done
         || (outcome == StoreOutcome::Damaged && replaceFile(error));
 }
@@ -40,19 +40,20 @@ bool ReplaceableStore::run(const Step &step, QString &error, bool &isNewFile)
 bool ReplaceableStore::replaceFile(QString &error)
 {
     m_store.close();
-    const QString kept = StoreDatabase::setAside(m_fileName);
+    const QString kept = StoreDatabase::quarantine(m_fileName);
     if (kept.isEmpty())
         return false;
     qCWarning(modelLog) << "The store of devices is damaged:" << error << "Kept as" << kept;
-    Q_EMIT DeviceList::instance()->signalDeviceStoreSetAside(m_fileName, kept);
+    Q_EMIT DeviceList::instance()->signalDeviceStoreQuarantined(m_fileName, kept);
     return m_store.open(m_fileName, error) == StoreOutcome::Done;
 }
 
-void ReplaceableStore::reportSetAside(const QStringList &rows) const
+void ReplaceableStore::reportQuarantined(const QStringList &rows) const
 {
     for (const QString &row : rows) {
-        qCWarning(modelLog) << "A row in the store of devices is damaged and was set aside:" << row;
-        Q_EMIT DeviceList::instance()->signalStoredRecordSetAside(m_fileName, row);
+        qCWarning(modelLog) << "A row in the store of devices is damaged and was quarantined:"
+                            << row;
+        Q_EMIT DeviceList::instance()->signalStoredRecordQuarantined(m_fileName, row);
     }
 }
 

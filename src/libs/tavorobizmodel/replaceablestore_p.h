@@ -26,7 +26,7 @@ public:
 
 private:
     bool replaceFile(QString &error);
-    void reportSetAside(const QStringList &rows) const;
+    void reportQuarantined(const QStringList &rows) const;
 
     DeviceStore m_store;
     QString m_fileName;

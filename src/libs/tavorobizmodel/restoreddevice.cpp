@@ -41,8 +41,8 @@ bool readInto(std::vector<Record> &records, const DeviceRow &row)
 
 RestoredDevice::RestoredDevice(const DeviceIdentity &identity)
 {
-    ProtoModel::bytesOfHexDigits(identity.sn.toStdString(), m_identity.info.sn);
-    ProtoModel::bytesOfHexDigits(identity.mac.toStdString(), m_identity.info.mac);
+    ProtoModel::parseHexDigits(identity.sn.toStdString(), m_identity.info.sn);
+    ProtoModel::parseHexDigits(identity.mac.toStdString(), m_identity.info.mac);
     m_identity.ip = identity.address.toStdString();
 }
 
@@ -91,7 +91,7 @@ std::shared_ptr<Device> RestoredDevice::make() const
         device->setName(QString::fromStdString(m_identity.name));
     device->setScreenGenlocks(m_genlocks);
     device->updateCutoutRGB(m_cutout, faults);
-    const auto &d = DevicePrivate::of(*device);
+    const auto &d = DevicePrivate::get(*device);
     for (const s_StoredLayout &layout : m_layouts)
         d.settings->setLayout(layout.screenId, QSize(layout.columns, layout.rows));
     return device;

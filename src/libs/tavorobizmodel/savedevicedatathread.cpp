@@ -51,23 +51,23 @@ bool SaveDeviceDataThreadPrivate::isOpen() const
     return m_isOpen;
 }
 
-void SaveDeviceDataThreadPrivate::askToSave(const std::weak_ptr<Device> &weakDevice)
+void SaveDeviceDataThreadPrivate::requestSave(const std::weak_ptr<Device> &weakDevice)
 {
     if (const auto device = weakDevice.lock())
-        ask({DeviceIdentity::of(*device), SaverJob::Kind::Save, device, false});
+        enqueue({DeviceIdentity::of(*device), SaverJob::Kind::Save, device, false});
 }
 
-void SaveDeviceDataThreadPrivate::askToForget(const Device &device)
+void SaveDeviceDataThreadPrivate::requestRemoval(const Device &device)
 {
-    ask({DeviceIdentity::of(device), SaverJob::Kind::Forget, {}, false});
+    enqueue({DeviceIdentity::of(device), SaverJob::Kind::Remove, {}, false});
 }
 
-void SaveDeviceDataThreadPrivate::ask(SaverJob job)
+void SaveDeviceDataThreadPrivate::enqueue(SaverJob job)
 {
     const std::lock_guard lock(m_mutex);
     if (!m_isOpen || m_isClosing)
         return;
-    m_jobs.ask(std::move(job));
+    m_jobs.enqueue(std::move(job));
     m_changed.notify_all();
 }
 
@@ -104,7 +104,7 @@ void SaveDeviceDataThreadPrivate::run(const QString &fileName, std::chrono::mill
         m_changed.notify_all();
     }
     if (done)
-        workOff(retryDelay);
+        processJobs(retryDelay);
     m_store.close();
 }
 
@@ -115,7 +115,7 @@ bool SaveDeviceDataThreadPrivate::mayTakeJob() const
     return !isPaused() && !m_jobs.isEmpty() && (m_isClosing || Clock::now() >= m_notBefore);
 }
 
-void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
+void SaveDeviceDataThreadPrivate::processJobs(std::chrono::milliseconds retryDelay)
 {
     std::unique_lock lock(m_mutex);
     while (true) {
@@ -133,11 +133,11 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
         const SaverJob job = m_jobs.take();
         m_isWorking = true;
         lock.unlock();
-        const bool done = work(job);
+        const bool done = execute(job);
         lock.lock();
         m_isWorking = false;
         if (!done && !m_isClosing) {
-            m_jobs.putBack(job);
+            m_jobs.requeue(job);
             m_notBefore = Clock::now() + retryDelay;
         }
         m_changed.notify_all();
@@ -146,7 +146,7 @@ void SaveDeviceDataThreadPrivate::workOff(std::chrono::milliseconds retryDelay)
     m_isOpen = false;
 }
 
-bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
+bool SaveDeviceDataThreadPrivate::execute(const SaverJob &job)
 {
     QString error;
     bool isNewFile = false;
@@ -155,7 +155,7 @@ bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
     };
     const bool done = m_store.run(step, error, isNewFile);
     if (isNewFile)
-        askToSaveOthers(job);
+        requestSavesOfOthers(job);
     if (!done) {
         qCWarning(modelLog) << "Saving device data failed:" << error;
         Q_EMIT DeviceList::instance()->signalSaveDeviceDataFailed(error);
@@ -167,13 +167,13 @@ bool SaveDeviceDataThreadPrivate::work(const SaverJob &job)
 }
 
 /// A new file does not hold the other devices yet.
-void SaveDeviceDataThreadPrivate::askToSaveOthers(const SaverJob &job)
+void SaveDeviceDataThreadPrivate::requestSavesOfOthers(const SaverJob &job)
 {
     const auto saved = job.device.lock();
     const auto devices = DeviceList::instance()->devices();
     for (const auto &device : devices) {
         if (device.lock() != saved)
-            askToSave(device);
+            requestSave(device);
     }
 }
 
@@ -183,7 +183,7 @@ StoreOutcome SaveDeviceDataThreadPrivate::attempt(DeviceStore &store, const Save
     const auto device = job.device.lock();
     if (device)
         return store.save(*device, error);
-    if (job.kind == SaverJob::Kind::Forget || job.forgetsIfGone)
+    if (job.kind == SaverJob::Kind::Remove || job.removesIfExpired)
         return store.remove(job.identity, error);
     return StoreOutcome::Done;
 }
@@ -205,7 +205,7 @@ void SaveDeviceDataThread::waitForSavingDataFinished()
 
 void SaveDeviceDataThread::saveDevicesInfor(std::weak_ptr<Device> device)
 {
-    d->askToSave(device);
+    d->requestSave(device);
 }
 
 } // namespace Tavoro::BizModel

@@ -24,7 +24,7 @@ struct s_DeviceStoreOptions;
 /// | member                 | thread                  |
 /// |------------------------|-------------------------|
 /// | open, close            | the application's       |
-/// | ask, setStop, wait     | any                     |
+/// | requests, setStop, wait | any                     |
 /// | run and what it calls  | the saver's own         |
 class SaveDeviceDataThreadPrivate {
 public:
@@ -36,8 +36,8 @@ public:
     void close();
     bool isOpen() const;
 
-    void askToSave(const std::weak_ptr<Device> &device);
-    void askToForget(const Device &device);
+    void requestSave(const std::weak_ptr<Device> &device);
+    void requestRemoval(const Device &device);
     void setStop(bool stop);
     void waitForRunningJob();
 
@@ -51,13 +51,13 @@ private:
         QString error;
     };
 
-    void ask(SaverJob job);
+    void enqueue(SaverJob job);
     void run(const QString &fileName, std::chrono::milliseconds retryDelay);
-    void workOff(std::chrono::milliseconds retryDelay);
+    void processJobs(std::chrono::milliseconds retryDelay);
     bool isPaused() const { return m_pauses > 0; }
     bool mayTakeJob() const;
-    bool work(const SaverJob &job);
-    void askToSaveOthers(const SaverJob &job);
+    bool execute(const SaverJob &job);
+    void requestSavesOfOthers(const SaverJob &job);
     static StoreOutcome attempt(DeviceStore &store, const SaverJob &job, QString &error);
 
     mutable std::mutex m_mutex;

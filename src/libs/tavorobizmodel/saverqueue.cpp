@@ -7,22 +7,22 @@ namespace Tavoro::BizModel {
 
 namespace {
 
-/// Whether \a job still has to forget the device if there is nothing to save.
-bool forgets(const SaverJob &job)
+/// Whether \a job still has to remove the device if there is nothing to save.
+bool isRemoval(const SaverJob &job)
 {
-    return job.kind == SaverJob::Kind::Forget || job.forgetsIfGone;
+    return job.kind == SaverJob::Kind::Remove || job.removesIfExpired;
 }
 
 } // namespace
 
-void SaverQueue::ask(SaverJob job)
+void SaverQueue::enqueue(SaverJob job)
 {
     const auto place = find(job.identity);
     if (place == m_jobs.end()) {
         m_jobs.push_back(std::move(job));
         return;
     }
-    job.forgetsIfGone = forgets(*place);
+    job.removesIfExpired = isRemoval(*place);
     *place = std::move(job);
 }
 
@@ -33,13 +33,13 @@ SaverJob SaverQueue::take()
     return job;
 }
 
-void SaverQueue::putBack(SaverJob job)
+void SaverQueue::requeue(SaverJob job)
 {
     const auto place = find(job.identity);
     if (place == m_jobs.end())
         m_jobs.push_front(std::move(job));
     else
-        place->forgetsIfGone = place->forgetsIfGone || forgets(job);
+        place->removesIfExpired = place->removesIfExpired || isRemoval(job);
 }
 
 std::deque<SaverJob>::iterator SaverQueue::find(const DeviceIdentity &identity)

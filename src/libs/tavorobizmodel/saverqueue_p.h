@@ -13,15 +13,15 @@ class Device;
 struct SaverJob {
     enum class Kind {
         Save,
-        Forget,
+        Remove,
     };
 
     DeviceIdentity identity;
     Kind kind = Kind::Save;
     std::weak_ptr<Device> device; ///< The device to save.
-    /// This job replaced one to forget the device. If the device is gone when the save would begin,
-    /// it is forgotten.
-    bool forgetsIfGone = false;
+    /// This job replaced one that removes the device. If the device has expired when the save would
+    /// begin, it is removed.
+    bool removesIfExpired = false;
 };
 
 /// The jobs of the saver, one per device: the last request replaces earlier ones. Not thread-safe.
@@ -29,11 +29,11 @@ class SaverQueue {
 public:
     bool isEmpty() const { return m_jobs.empty(); }
     /// Adds a job. If there is a job for the same device, replaces it and keeps its position.
-    void ask(SaverJob job);
+    void enqueue(SaverJob job);
     /// Removes and returns the first job. The queue must not be empty.
     SaverJob take();
     /// Puts a failed job back to the front, unless there is a newer one for its device.
-    void putBack(SaverJob job);
+    void requeue(SaverJob job);
     void clear() { m_jobs.clear(); }
 
 private:

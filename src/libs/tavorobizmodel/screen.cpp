@@ -69,8 +69,13 @@ int Screen::genlockStatus() const
     const auto owner = d->device.lock();
     if (!owner)
         return 0;
-    const auto genlock = DevicePrivate::of(*owner).records.findScreenGenlock(objectId(d->id));
+    const auto genlock = DevicePrivate::get(*owner).records.findScreenGenlock(objectId(d->id));
     return genlock ? genlock->genlockSignal.status : 0;
+}
+
+bool Screen::assign(const s_ScreenFullDetail &read)
+{
+    return d->assign(read);
 }
 
 void Screen::setScreenZelk(const ProtoModel::Screen::s_ScreenZeLK &zelk)

@@ -64,8 +64,8 @@ bool StoreDatabase::begin()
     QString error;
     return run(QStringLiteral("PRAGMA foreign_keys = ON"))
         && run(QStringLiteral("PRAGMA synchronous = EXTRA"))
-        && transact([this] { return checkOrCreate(); }, error) == StoreOutcome::Done && checkPages()
-        && checkWritable();
+        && inTransaction([this] { return checkOrCreate(); }, error) == StoreOutcome::Done
+        && checkPages() && checkWritable();
 }
 
 /// SQLite opens a file that it may not write as read-only; then no save would ever succeed.
@@ -126,7 +126,7 @@ bool StoreDatabase::makeTables()
         && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
 }
 
-QString StoreDatabase::setAside(const QString &fileName)
+QString StoreDatabase::quarantine(const QString &fileName)
 {
     QString kept;
     for (int number = 1; kept.isEmpty() || QFile::exists(kept); ++number)

@@ -25,7 +25,7 @@ enum class StoreOutcome {
 ///              digest,                SHA-1, see DeviceRow::digest()
 ///              body,                  the record, as rowformat_p.h describes it
 ///              content                the bytes of a file
-///     damaged  as record              rows that were set aside, the last one of each key
+///     damaged  as record              rows that were quarantined, the last one of each key
 class StoreDatabase {
 public:
     StoreDatabase();
@@ -53,7 +53,7 @@ public:
 
     /// Runs \a steps as one transaction, which is rolled back if they return false.
     template <class Steps>
-    StoreOutcome transact(const Steps &steps, QString &error)
+    StoreOutcome inTransaction(const Steps &steps, QString &error)
     {
         m_failure = {};
         const bool done =
@@ -65,14 +65,14 @@ public:
 
     /// Runs \a steps without a transaction.
     template <class Steps>
-    StoreOutcome perform(const Steps &steps, QString &error)
+    StoreOutcome outsideTransaction(const Steps &steps, QString &error)
     {
         m_failure = {};
         return outcome(steps(), error);
     }
 
     /// Renames a damaged file within its folder. Returns the new name, or an empty text on failure.
-    static QString setAside(const QString &fileName);
+    static QString quarantine(const QString &fileName);
 
 private:
     struct Failure {

@@ -60,7 +60,7 @@ std::shared_ptr<BizModel::Device> lockOrWarn(const std::weak_ptr<BizModel::Devic
 }
 
 template <class Record>
-bool readOfPresentDevice(OperationTarget target, Command command, Record &record, QString &error)
+bool readIfDeviceExists(OperationTarget target, Command command, Record &record, QString &error)
 {
     const auto device = lockOrWarn(target.device);
     if (!device)
@@ -73,7 +73,7 @@ bool readOfPresentDevice(OperationTarget target, Command command, Record &record
     return decode(answer, record, error);
 }
 
-void dropChannel(const BizModel::Device &device)
+void removeChannel(const BizModel::Device &device)
 {
     const auto channel = channelOf(device);
     if (!channel)
@@ -155,12 +155,12 @@ bool Device::readSubcardDetail(const s_subcards &reported, QString &error)
 
 bool Device::readDeviceGroupInfo(s_DeviceGroupInfos &groups, QString &error)
 {
-    return readOfPresentDevice(target(), Command::DeviceGroupInfo, groups, error);
+    return readIfDeviceExists(target(), Command::DeviceGroupInfo, groups, error);
 }
 
 bool Device::readOutputMapping(s_InterfaceMapping &mapping, QString &error)
 {
-    return readOfPresentDevice(target(), Command::DeviceOutputMapping, mapping, error);
+    return readIfDeviceExists(target(), Command::DeviceOutputMapping, mapping, error);
 }
 
 bool Device::writeNetConfig(const s_Networks &networks, QString &error)
@@ -172,7 +172,7 @@ bool Device::writeNetConfig(const s_Networks &networks, QString &error)
     const std::string address = device->IPAddress().toStdString();
     for (const s_NetworkBody &network : networks.networks) {
         if (network.ip != address)
-            dropChannel(*device);
+            removeChannel(*device);
     }
     return true;
 }

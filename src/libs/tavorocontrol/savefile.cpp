@@ -13,7 +13,7 @@ using Internal::controlLog;
 namespace {
 
 /// In ms; append() and both stop functions wake the thread at once.
-constexpr int longestSleep = 10000;
+constexpr int waitTimeout = 10000;
 constexpr int drainInterval = 10; ///< In ms.
 
 void logPending(qsizetype pieces)
@@ -113,7 +113,7 @@ void SaveFilePrivate::run()
 bool SaveFilePrivate::takeBatch(QList<std::string> &batch)
 {
     const QMutexLocker lock(&mutex);
-    if (queue.isEmpty() && !condition.wait(&mutex, longestSleep))
+    if (queue.isEmpty() && !condition.wait(&mutex, waitTimeout))
         return true;
     if (stopFlag)
         return false;

@@ -14,8 +14,8 @@ constexpr quint16 defaultTcpPort = 6630;
 ///
 /// Values out of range count as the nearest valid value:
 /// - times are 1 ms to 24 h, except \c maxRequestTime, which is at least 1 ms;
-/// - \c minTransferRate, \c maxPacketCount, \c maxUnsentBytes and \c maxTimedOutRequests are at
-/// least 1.
+/// - \c minTransferRate, \c maxPacketCount, \c maxElements, \c maxUnsentBytes and
+/// \c maxTimedOutRequests are at least 1.
 struct ChannelOptions {
     /// The unit of all times.
     using Milliseconds = std::chrono::milliseconds;
@@ -56,6 +56,12 @@ struct ChannelOptions {
     quint32 maxBodySize = 64u << 20;
     /// Most packets that an answer may announce. An answer that announces more is refused.
     quint32 maxPacketCount = 65536;
+    /// Most elements of a JSON answer, over all its packets: the commas and opening brackets
+    /// outside strings. An answer with more is refused. This limits the memory of decoded answers,
+    /// since a few bytes of JSON can become a record of some hundred bytes: an answer at the
+    /// default limit takes at most about 2 GiB. The same limit applies to each report. The layers
+    /// of a device, for comparison, have 83 elements each.
+    quint32 maxElements = 8u << 20;
     /// Bytes that may wait in the socket. While more wait, further requests wait in the channel,
     /// and the device's pings are not answered.
     quint32 maxUnsentBytes = 4u << 20;

@@ -3,8 +3,12 @@
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/controlaction.h>
 #include <tavorossproxy/devicechannel.h>
+#include <tavorossproxy/exchangewatch.h>
 
 #include <QString>
+
+#include <chrono>
+#include <functional>
 
 namespace Tavoro::SSProxy {
 
@@ -23,6 +27,25 @@ struct RequestOutcome {
     /// no effect. If it is \c Unknown, the status with which the query failed, or 0 if the device
     /// answered it.
     quint16 status = 0;
+};
+
+/// Whether a channel has a connection, and if not, why.
+struct ConnectionState {
+    /// What the channel does.
+    enum class Phase : quint8 {
+        Connecting, ///< Connects, or waits for the identity of the device.
+        Ready, ///< Accepts requests.
+        Pausing, ///< Waits for the next attempt to connect.
+        Stopped, ///< Does not connect any more.
+    };
+    Phase phase = Phase::Connecting; ///< What the channel does.
+    /// Why the channel is not ready; words for the end of a sentence, translated. Empty if it is
+    /// ready.
+    QString reason;
+    /// If \c phase is \c Pausing, the time until the next attempt.
+    std::chrono::milliseconds pause{0};
+    /// Number of connections over which the device has identified itself, this one included.
+    quint64 connections = 0;
 };
 
 /// Counters of a channel since it was opened.
@@ -78,6 +101,23 @@ public:
     /// Does not repeat the request. Blocks until the device answers, at most 10 s. Fails on the
     /// channels' thread.
     virtual RequestOutcome requestOutcome(quint8 lables) = 0;
+
+    /// Asks the device for the outcome of the request \a id, see ExchangeWatch. Unlike tags, the
+    /// identities of requests are not reused. A device remembers a limited number of requests.
+    /// Otherwise the same as requestOutcome(). The default implementation returns \c Unknown.
+    virtual RequestOutcome outcomeOf(const RequestIdentity &id);
+
+    /// Reads which client holds control of the device, without requesting it: \a holder gets the
+    /// client's address and port, or becomes empty if no client holds control or the device does
+    /// not support control. This client is named as well if it is the holder. Returns false if the
+    /// device did not answer. Blocks until the device answers, at most 10 s. Fails on the channels'
+    /// thread. The default implementation fails.
+    virtual bool readControlHolder(QString &holder);
+
+    /// Calls \a handler at once with the present state, and then each time that it changes, until
+    /// the channel has stopped or another handler is set. The calls are made on the channels'
+    /// thread, so the handler must not block. The default implementation does nothing.
+    virtual void setConnectionHandler(std::function<void(const ConnectionState &)> handler);
 
     /// Returns the counters of the channel. Does not block.
     virtual ChannelStatistics statistics() const = 0;

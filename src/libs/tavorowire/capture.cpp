@@ -50,30 +50,33 @@ bool readHex(const std::string &text, std::string &bytes)
     return true;
 }
 
-struct Line {
-    int channel = 0;
-    qint64 microseconds = 0;
-    CaptureEvent event = CaptureEvent::Open;
-    std::string rest;
-};
+bool hasBytes(CaptureEvent event)
+{
+    return event == CaptureEvent::Sent || event == CaptureEvent::Received;
+}
 
-bool readLine(const std::string &text, Line &line)
+bool readEvent(const std::string &word, CaptureEvent &event)
+{
+    const auto *const found = std::find(std::begin(eventWords), std::end(eventWords), word);
+    event = static_cast<CaptureEvent>(found - std::begin(eventWords));
+    return found != std::end(eventWords);
+}
+
+bool readLine(const std::string &text, CaptureLine &line)
 {
     std::istringstream words(text);
     double seconds = 0;
     std::string event;
-    if (!(words >> line.channel >> seconds >> event))
+    if (!(words >> line.channel >> seconds >> event) || !readEvent(event, line.event))
         return false;
     line.microseconds = std::llround(seconds * 1e6);
-    std::getline(words >> std::ws, line.rest);
-    line.rest.erase(line.rest.find_last_not_of(" \r") + 1);
-    for (std::size_t i = 0; i < std::size(eventWords); ++i) {
-        if (event == eventWords[i]) {
-            line.event = static_cast<CaptureEvent>(i);
-            return true;
-        }
-    }
-    return false;
+    std::string rest;
+    std::getline(words >> std::ws, rest);
+    rest.erase(rest.find_last_not_of(" \r") + 1);
+    if (hasBytes(line.event))
+        return readHex(rest, line.bytes);
+    line.bytes = rest;
+    return true;
 }
 
 /// The bytes of one direction of a connection.
@@ -86,29 +89,25 @@ class Reader {
 public:
     explicit Reader(std::vector<CapturedItem> &items) : m_items(items) { }
 
-    /// Returns false if the line is not a line of a capture.
-    bool take(const Line &line);
+    void take(const CaptureLine &line);
     /// Adds the incomplete frames at the end of the capture.
     void end();
 
 private:
     using Directions = std::map<CaptureEvent, Direction>;
 
-    void takeBytes(const Line &line, std::string_view bytes);
+    void takeBytes(const CaptureLine &line);
     void endConnection(int channel);
 
     std::vector<CapturedItem> &m_items;
     std::map<int, Directions> m_channels;
 };
 
-bool Reader::take(const Line &line)
+void Reader::take(const CaptureLine &line)
 {
-    if (line.event == CaptureEvent::Sent || line.event == CaptureEvent::Received) {
-        std::string bytes;
-        const bool isHex = readHex(line.rest, bytes);
-        if (isHex)
-            takeBytes(line, bytes);
-        return isHex;
+    if (hasBytes(line.event)) {
+        takeBytes(line);
+        return;
     }
     endConnection(line.channel);
     CapturedItem item;
@@ -117,13 +116,13 @@ bool Reader::take(const Line &line)
     item.kind = line.event == CaptureEvent::Open ? CapturedKind::Opened
         : line.event == CaptureEvent::Close      ? CapturedKind::Closed
                                                  : CapturedKind::Lost;
-    item.text = line.rest;
+    item.text = line.bytes;
     m_items.push_back(std::move(item));
-    return true;
 }
 
-void Reader::takeBytes(const Line &line, std::string_view bytes)
+void Reader::takeBytes(const CaptureLine &line)
 {
+    std::string_view bytes = line.bytes;
     Direction &direction = m_channels[line.channel][line.event];
     CapturedItem &begun = direction.begun;
     begun.channel = line.channel;
@@ -177,14 +176,15 @@ std::string encodeCaptureLine(int channel, qint64 microseconds, CaptureEvent eve
                                      static_cast<long long>(microseconds % 1000000),
                                      eventWords[static_cast<int>(event)]);
     std::string line(front, static_cast<std::size_t>(length));
-    if (event == CaptureEvent::Sent || event == CaptureEvent::Received)
+    if (hasBytes(event))
         line.append(" ").append(hexOf(bytes));
     else if (event != CaptureEvent::Close)
         line.append(" ").append(onOneLine(bytes));
     return line + '\n';
 }
 
-bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, std::string &error)
+bool readCapture(const std::string &text, const std::function<void(const CaptureLine &)> &take,
+                 std::string &error)
 {
     std::istringstream lines(text);
     std::string written;
@@ -192,16 +192,25 @@ bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, st
         error = "line 1: not a capture";
         return false;
     }
-    Reader reader(items);
     for (int number = 2; std::getline(lines, written); ++number) {
         if (written.empty() || written[0] == '#')
             continue;
-        Line line;
-        if (!readLine(written, line) || !reader.take(line)) {
+        CaptureLine line;
+        if (!readLine(written, line)) {
             error = "line " + std::to_string(number) + ": not a line of a capture";
             return false;
         }
+        take(line);
     }
+    return true;
+}
+
+bool decodeCapture(const std::string &text, std::vector<CapturedItem> &items, std::string &error)
+{
+    Reader reader(items);
+    if (!readCapture(
+            text, [&reader](const CaptureLine &line) { reader.take(line); }, error))
+        return false;
     reader.end();
     return true;
 }

@@ -4,6 +4,7 @@
 
 #include <QtGlobal>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,20 @@ std::string captureHeading();
 /// the bytes for Sent and Received.
 std::string encodeCaptureLine(int channel, qint64 microseconds, CaptureEvent event,
                               std::string_view bytes = {});
+
+/// An event as a line of a capture gives it.
+struct CaptureLine {
+    int channel = 0;
+    qint64 microseconds = 0; ///< Time since the start of the capture.
+    CaptureEvent event = CaptureEvent::Open;
+    /// The address for Open, the reason for Lost, and the bytes for Sent and Received.
+    std::string bytes;
+};
+
+/// Calls \a take for each event of a capture. Returns false, with a sentence in \a error that names
+/// the line, if a line is invalid, after the events of the lines before it.
+bool readCapture(const std::string &text, const std::function<void(const CaptureLine &)> &take,
+                 std::string &error);
 
 /// Kind of an item that decodeCapture() finds.
 enum class CapturedKind {

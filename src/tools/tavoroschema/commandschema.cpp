@@ -1,8 +1,9 @@
 // The bodies of the commands. The request of a read and the answer of a write have an empty body; a
 // report is not answered.
 
-#include "recordnames.h"
 #include "schema.h"
+
+#include <tavorooperations/recordnames_p.h>
 
 #include <tavorossproxy/commandcodes.h>
 
@@ -11,6 +12,7 @@
 namespace Tavoro::Schema {
 
 using namespace ProtoModel;
+using Operations::Internal::nameOf;
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include "schema.h"
 
+#include <tavorooperations/schema.h>
+
 #include <fstream>
 #include <iostream>
 
@@ -27,7 +29,7 @@ int main(int argc, char *argv[])
         return 2;
     }
     const std::string folder = argv[1];
-    const bool isSaved = save(folder + "/records.json", Tavoro::Schema::recordsDocument())
+    const bool isSaved = save(folder + "/records.json", Tavoro::Operations::recordsDocument())
         && save(folder + "/commands.json", Tavoro::Schema::commandsDocument());
     return isSaved ? 0 : 1;
 }

@@ -5,9 +5,6 @@
 /// The committed description of all bodies, for programs in other languages.
 namespace Tavoro::Schema {
 
-/// docs/schema/records.json: a JSON Schema with a definition for each record.
-std::string recordsDocument();
-
 /// docs/schema/commands.json: for each command the schemas of its request, answer and report.
 std::string commandsDocument();
 

@@ -24,12 +24,12 @@ struct OptionRow {
     Setter set;
 };
 
-template <auto Member, qint64 Least, qint64 Most>
+template <auto Member, qint64 Min, qint64 Max>
 bool setNumber(SimOptions &options, const QString &value, QString &reason)
 {
     const std::optional<qint64> number = toNumber(value);
-    if (!number || *number < Least || *number > Most) {
-        reason = QStringLiteral("expected a number from %1 to %2").arg(Least).arg(Most);
+    if (!number || *number < Min || *number > Max) {
+        reason = QStringLiteral("expected a number from %1 to %2").arg(Min).arg(Max);
         return false;
     }
     using Number = std::decay_t<decltype(options.*Member)>;

@@ -23,7 +23,7 @@ enum ExitStatus {
     UsageError = 2,
 };
 
-void say(FILE *stream, const QString &text)
+void printLine(FILE *stream, const QString &text)
 {
     std::fputs(qUtf8Printable(text + QLatin1Char('\n')), stream);
     std::fflush(stream);
@@ -33,7 +33,7 @@ void logToStandardError(QtMsgType /*level*/, const QMessageLogContext & /*contex
                         const QString &text)
 {
     const QString time = QTime::currentTime().toString(Qt::ISODateWithMs);
-    say(stderr, time + QLatin1Char(' ') + text);
+    printLine(stderr, time + QLatin1Char(' ') + text);
 }
 
 /// Serves a line of the console; false when it was the last one.
@@ -44,9 +44,9 @@ bool serveConsole(SimServer &server, const QString &line)
         return false;
     }
     if (line == QLatin1String("help"))
-        say(stdout, consoleHelp() + QStringLiteral("  quit"));
+        printLine(stdout, consoleHelp() + QStringLiteral("  quit"));
     else
-        say(stdout, server.execute(line).line());
+        printLine(stdout, server.execute(line).line());
     return true;
 }
 
@@ -63,22 +63,22 @@ int main(int argc, char *argv[])
 
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
     if (!line.text.isEmpty()) {
-        say(line.isValid ? stdout : stderr, line.text);
+        printLine(line.isValid ? stdout : stderr, line.text);
         return line.isValid ? Done : UsageError;
     }
     SimServer server(line.options);
     QString error;
     if (!server.listen(error)) {
-        say(stderr, QStringLiteral("tavorosim: ") + error);
+        printLine(stderr, QStringLiteral("tavorosim: ") + error);
         return CannotServe;
     }
     const QString address = line.options.address.toString();
-    say(stdout,
-        QStringLiteral("listening on ") + SSProxy::Wire::hostAndPort(address, server.port()));
+    printLine(stdout,
+              QStringLiteral("listening on ") + SSProxy::Wire::hostAndPort(address, server.port()));
     if (line.options.controlPort >= 0)
-        say(stdout, QStringLiteral("control port %1").arg(server.controlPort()));
+        printLine(stdout, QStringLiteral("control port %1").arg(server.controlPort()));
     if (line.options.discoveryPort >= 0)
-        say(stdout, QStringLiteral("discovery port %1").arg(server.discoveryPort()));
+        printLine(stdout, QStringLiteral("discovery port %1").arg(server.discoveryPort()));
 
     // After the end of the input the device continues without a console.
     const InputLines console([&](const QString &input) { return serveConsole(server, input); });

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "requestcommand.h"
+
 #include <tavorosim/simulateddevice.h>
-#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorossproxy/wirecapture.h>
 #include <tavorowire/capture.h>
@@ -30,12 +31,7 @@ inline std::shared_ptr<Tavoro::SSProxy::DeviceResponseCommand>
 send(Tavoro::SSProxy::NetworkChannel &channel, quint8 type, quint16 code,
      const std::string &body = {})
 {
-    auto command = std::make_shared<Tavoro::SSProxy::DeviceRequestCommand>();
-    command->head().type = type;
-    command->head().BC = static_cast<quint8>(code >> 8);
-    command->head().FC = static_cast<quint8>(code & 0xFF);
-    command->body() = body;
-    return channel.sendSyncRequest(command);
+    return channel.sendSyncRequest(requestCommand(type, code, body));
 }
 
 /// Captures three exchanges with a simulated device into the file \a path: a read, a write and a

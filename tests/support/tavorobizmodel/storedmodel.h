@@ -26,19 +26,19 @@ public:
                 [this](const auto &device) { saved.append(device.lock()); });
         connect(list, &DeviceList::signalSaveDeviceDataFailed, this,
                 [this](const QString &text) { failures.append(text); });
-        connect(list, &DeviceList::signalStoredRecordSetAside, this,
+        connect(list, &DeviceList::signalStoredRecordQuarantined, this,
                 [this](const QString &fileName, const QString &record) {
                     damagedRecords.append(fileName + QStringLiteral(": ") + record);
                 });
-        connect(list, &DeviceList::signalDeviceStoreSetAside, this,
-                [this](const QString &fileName, const QString &keptAs) {
-                    setAside.append(fileName + QStringLiteral(" as ") + keptAs);
+        connect(list, &DeviceList::signalDeviceStoreQuarantined, this,
+                [this](const QString &fileName, const QString &quarantineFile) {
+                    quarantined.append(fileName + QStringLiteral(" as ") + quarantineFile);
                 });
     }
 
     QList<std::shared_ptr<Tavoro::BizModel::Device>> saved;
     QStringList failures;
-    QStringList setAside;
+    QStringList quarantined;
     QStringList damagedRecords;
 };
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "scripteddevice.h"
+#include <support/common/requestcommand.h>
 #include <support/tavorobizmodel/journal.h>
 
 #include <tavorocontrol/controlhelper.h>
-#include <tavorossproxy/devicecommand.h>
 
 #include <QString>
 #include <QStringList>
@@ -39,18 +39,14 @@ public:
     /// A request whose head holds a different value in each field that a test checks.
     static Request request(quint8 type, quint16 code, const std::string &body = {})
     {
-        auto made = std::make_shared<Tavoro::SSProxy::DeviceRequestCommand>();
+        auto made = requestCommand(type, code, body);
         auto &head = made->head();
         head.lables = 7;
         head.opaque18[0] = 0xA1;
         head.opaque18[1] = 0xA2;
-        head.type = type;
-        head.BC = static_cast<quint8>(code >> 8);
-        head.FC = static_cast<quint8>(code & 0xFF);
         for (quint8 i = 0; i < 4; ++i)
             head.arg2[i] = static_cast<quint8>(i + 1);
         head.opaque35 = 0xA5;
-        made->body() = body;
         return made;
     }
 

@@ -12,6 +12,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 /// The task, for running it on the test's thread.
@@ -76,6 +77,17 @@ public:
     {
         setDevice();
         task.run();
+    }
+
+    /// True if the synchronisation ends with the exception of the test.
+    bool runThrows()
+    {
+        try {
+            run();
+        } catch (const std::runtime_error &) {
+            return true;
+        }
+        return false;
     }
 
     QStringList asked() const { return channel->asked(); }

@@ -21,6 +21,10 @@ protected:
         wanted.screens = 1;
         return wanted;
     }
+    /// Body of an upgrade that restarts the device.
+    static constexpr char upgradeAndRestart[] =
+        R"({"filePath":"/a.bin","reboot":1,"parts":[{"type":1,"section":[{"code":257}]}]})";
+
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
     /// Carries out a line of the device's console.
     void run(const char *line)

@@ -1,5 +1,6 @@
 #include "channeltest.h"
 
+#include <support/common/requestcommand.h>
 #include <tavorowire/frame.h>
 
 #include <QTest>
@@ -36,13 +37,7 @@ std::string ChannelTest::identity(unsigned maxPacketSize)
 ChannelTest::Request ChannelTest::request(quint16 code, quint8 type, const std::string &body,
                                           int timeout)
 {
-    auto command = std::make_shared<DeviceRequestCommand>();
-    command->head().type = type;
-    command->head().BC = static_cast<quint8>(code >> 8);
-    command->head().FC = static_cast<quint8>(code & 0xFF);
-    command->body() = body;
-    command->setTimeout(timeout);
-    return command;
+    return requestCommand(type, code, body, timeout);
 }
 
 void ChannelTest::init()
@@ -69,13 +64,13 @@ void ChannelTest::openChannel()
     m_loop->run();
 }
 
-void ChannelTest::connectChannel()
+void ChannelTest::connectChannel(unsigned maxPacketSize)
 {
     m_peer->accept();
     m_peer->frames.clear();
     Wire::WireHead head;
     head.kind = 5;
-    m_peer->send(head, identity());
+    m_peer->send(head, identity(maxPacketSize));
 }
 
 Wire::WireHead ChannelTest::nextRequest()

@@ -52,7 +52,7 @@ protected:
 
     /// Opens m_channel with m_options. The channel before must have been destroyed.
     void openChannel();
-    void connectChannel();
+    void connectChannel(unsigned maxPacketSize = 64);
     Call call(Request command) { return Call(*m_loop, m_channel, std::move(command)); }
     /// Runs the loop until a request reaches the device; its head.
     Tavoro::SSProxy::Wire::WireHead nextRequest();

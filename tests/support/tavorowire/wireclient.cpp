@@ -42,6 +42,11 @@ WireFrame WireClient::request(quint16 code, CommandType type, const std::string 
     return frame;
 }
 
+WireFrame WireClient::readRequest(quint16 code)
+{
+    return request(code, Tavoro::SSProxy::CommandType::Read);
+}
+
 WireFrame WireClient::numbered(WireFrame frame)
 {
     if (frame.head.kind == static_cast<quint8>(FrameKind::Request) && frame.head.number == 0)

@@ -28,6 +28,9 @@ public:
     static WireFrame request(quint16 code, Tavoro::SSProxy::CommandType type,
                              const std::string &body = {});
 
+    /// Returns the request of a read without filters, on stream 1.
+    static WireFrame readRequest(quint16 code);
+
     /// \a frame with the next number, if it is a request without one.
     WireFrame numbered(WireFrame frame);
     /// Numbers \a frame and sends it.

@@ -33,9 +33,10 @@ class Screen;
 
 /// One device of the model. Always own it by a \c std::shared_ptr.
 ///
-/// A device owns its interfaces, screens, layers and files. They are replaced as a whole when the
-/// device is read again: keep weak pointers, and get new ones after deviceDataChanged(). While the
-/// signals of the device are blocked, its objects emit nothing either.
+/// A device owns its interfaces, screens, layers and files. A synchronisation replaces them as a
+/// whole, an update (see deviceupdate.h) keeps those that still exist: keep weak pointers, and get
+/// new ones after deviceDataChanged(). While the signals of the device are blocked, its objects
+/// emit nothing either.
 ///
 /// All members may be called from any thread and return at once; none of them sends anything to the
 /// device. deviceConfig() is an exception: change the settings only before you share the device.
@@ -202,7 +203,7 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// For applications: data of the device as a whole changed, or its objects were replaced.
+    /// For applications: data of the device as a whole changed, or the list of its objects did.
     /// Emitted on the thread that made the change. Connect with a context object to receive it on
     /// that object's thread.
     void deviceDataChanged(Tavoro::BizModel::Enum::Device::DataPart part);

@@ -67,10 +67,10 @@ public:
     /// to save in the background. Without this call nothing is stored and no file is accessed. A
     /// device that is already in the list stays there and takes over the stored user settings.
     ///
-    /// If the file is damaged, it is renamed, a new one is created, and signalDeviceStoreSetAside()
-    /// is emitted. If a record is damaged, it is skipped, and signalStoredRecordSetAside() is
-    /// emitted. Returns false, with the reason in \a error, if no file can be used or a store is
-    /// already open.
+    /// If the file is damaged, it is renamed, a new one is created, and
+    /// signalDeviceStoreQuarantined() is emitted. If a record is damaged, it is skipped, and
+    /// signalStoredRecordQuarantined() is emitted. Returns false, with the reason in \a error, if
+    /// no file can be used or a store is already open.
     ///
     /// Call it on the application's thread. It blocks until the file is read, and up to 10 s while
     /// another process uses the file. The store closes with the application.
@@ -111,12 +111,12 @@ Q_SIGNALS:
     /// A save failed, for example because the disk is full. \a text holds the reason. The save is
     /// retried after s_DeviceStoreOptions::retryDelay.
     void signalSaveDeviceDataFailed(QString text);
-    /// The file of the store was damaged. It was renamed to \a keptAs.
-    void signalDeviceStoreSetAside(QString fileName, QString keptAs);
+    /// The file of the store was damaged. It was renamed to \a quarantineFile.
+    void signalDeviceStoreQuarantined(QString fileName, QString quarantineFile);
     /// A record in the store was damaged and was skipped when the store was opened. \a record names
     /// it and its device. The damaged row is kept in the table \c damaged of the file; the next
     /// save of the device writes the record again.
-    void signalStoredRecordSetAside(QString fileName, QString record);
+    void signalStoredRecordQuarantined(QString fileName, QString record);
     /// @}
 
 private:

@@ -54,10 +54,10 @@ enum DataPart : int {
     ScreenGenlocks = 9, ///< Genlock states of the screens.
     Process = 10, ///< Progress of the device as a whole.
     CutoutRGB = 11, ///< The cutout colour.
-    Interfaces = 12, ///< The interface objects were replaced.
-    Screens = 13, ///< The screen objects were replaced.
-    Layers = 14, ///< The layer objects were replaced.
-    Files = 15, ///< The file objects were replaced.
+    Interfaces = 12, ///< Interface objects were added, removed, moved or replaced.
+    Screens = 13, ///< Screen objects were added, removed, moved or replaced.
+    Layers = 14, ///< Layer objects were added, removed, moved or replaced.
+    Files = 15, ///< File objects were added, removed, moved or replaced.
     ActiveScreens = 16, ///< The active screen or the active multiviewer.
 };
 

@@ -28,9 +28,13 @@ public:
     /// The control library itself does not call these.
     /// @{
 
+    /// Type and number; never changes.
+    ProtoModel::s_FileIdentity identity() const;
     /// A copy of the record of the file. \c binary is the content of the file, or empty if the
     /// content was not read.
     ProtoModel::File::s_FileDetail detail() const;
+    /// The same without the content, which may be long.
+    ProtoModel::File::s_FileDetail listEntry() const;
     /// Progress of the transfer, as last reported; zeros before the first report.
     ProtoModel::File::s_FileTransPercent transferProgress() const;
     /// The device that stores the file; expired when the device is gone.
@@ -38,10 +42,15 @@ public:
     /// @}
 
 Q_SIGNALS:
-    /// For applications: the transfer progress changed. Emitted on the thread that changed it.
+    /// For applications: the record or the transfer progress changed. Emitted on the thread that
+    /// changed it.
     void fileChanged();
 
 private:
+    friend class DeviceUpdater;
+    /// Replaces the record by one that was read. Returns false if they are equal.
+    bool assign(const ProtoModel::File::s_FileDetail &read);
+
     const std::unique_ptr<FilePrivate> d;
 };
 

@@ -75,6 +75,9 @@ Q_SIGNALS:
 private:
     friend class DeviceBuilder;
     friend class DevicePrivate;
+    friend class DeviceUpdater;
+    /// Replaces the record by one that was read. Returns false if they are equal.
+    bool assign(ProtoModel::Interface::s_InterfaceDetail read, const UserSettings &settings);
     /// Restores the kept pixels of the crop, and recomputes them if there is a video signal.
     void restoreCrop(const UserSettings &settings);
 

@@ -47,7 +47,12 @@ Q_SIGNALS:
 private:
     friend class DeviceBuilder;
     friend class DevicePrivate;
+    friend class DeviceUpdater;
     friend class Interface;
+    /// Replaces the record by one that was read, whose crops show a picture of this size. Returns
+    /// false if they are equal.
+    bool assign(ProtoModel::Layer::s_LayerFullDetail read, const UserSettings &settings,
+                const QSize &picture);
     /// Restores the kept pixels of the crops.
     void restoreCrops(const UserSettings &settings);
     /// Computes the pixels of the crops for a picture of this size. Returns true if they changed.

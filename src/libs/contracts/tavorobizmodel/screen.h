@@ -60,6 +60,10 @@ protected:
     void notifyChange();
 
 private:
+    friend class DeviceUpdater;
+    /// Replaces the record by one that was read. Returns false if they are equal.
+    bool assign(const ProtoModel::Screen::s_ScreenFullDetail &read);
+
     const std::unique_ptr<ScreenPrivate> d;
 };
 

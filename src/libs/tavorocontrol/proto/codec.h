@@ -20,7 +20,8 @@ template <class Record>
 TAVOROPROTO_EXPORT bool decodeRecord(const std::string &json, Record &record, std::string &error);
 
 /// Replaces \a text by the JSON of \a record: every field, in the order of TAVORO_FIELDS(), without
-/// blanks. Fails only when memory runs out, with \c std::bad_alloc.
+/// blanks. \a text must not be part of \a record. Fails only when memory runs out, with
+/// \c std::bad_alloc; \a text is then incomplete.
 template <class Record>
 TAVOROPROTO_EXPORT void encodeRecord(const Record &record, std::string &text);
 

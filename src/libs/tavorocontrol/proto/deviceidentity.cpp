@@ -24,11 +24,11 @@ bool decodeIdentity(const std::string &body, DeviceBaseInfo &info, std::string &
     if (!ajson::decodeRecord(body, identity, error))
         return false;
     DeviceBaseInfo &decoded = identity;
-    if (!bytesOfHexDigits(identity.sn, decoded.sn)) {
+    if (!parseHexDigits(identity.sn, decoded.sn)) {
         error = "the serial number is not 16 hexadecimal digits";
         return false;
     }
-    if (!bytesOfHexDigits(identity.mac, decoded.mac)) {
+    if (!parseHexDigits(identity.mac, decoded.mac)) {
         error = "the MAC address is not 12 hexadecimal digits";
         return false;
     }

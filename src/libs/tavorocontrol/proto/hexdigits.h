@@ -53,7 +53,7 @@ constexpr int hexValue(char digit)
 /// The inverse of hexDigits(). Accepts digits of either case. Returns false if \a text does not
 /// consist of two digits for each byte.
 template <std::size_t size>
-bool bytesOfHexDigits(const std::string &text, std::array<quint8, size> &bytes)
+bool parseHexDigits(const std::string &text, std::array<quint8, size> &bytes)
 {
     if (text.size() != 2 * size)
         return false;

@@ -20,6 +20,8 @@ bool decodeRecord(const std::string &json, Record &record, std::string &error)
 {
     try {
         JsonReader reader(json.c_str(), json.size());
+        if constexpr (IsVector<Record>::value)
+            reserveElements(reader, record);
         // One more token is fetched after the value, and ignored.
         fetch(reader, readValue(reader, reader.place(), record));
     } catch (const std::exception &e) { // ajson::exception among them
@@ -32,9 +34,8 @@ bool decodeRecord(const std::string &json, Record &record, std::string &error)
 template <class Record>
 void encodeRecord(const Record &record, std::string &text)
 {
-    JsonWriter writer;
-    writer.cursor = writeValue(writer, writer.cursor, record);
-    text.assign(writer.start, writer.cursor);
+    JsonWriter writer(text);
+    writer.finish(writeValue(writer, writer.start(), record));
 }
 
 /// Returns true for every record that can be read and written. Any other type fails to compile,

@@ -10,14 +10,14 @@ namespace Tavoro::Control {
 namespace {
 
 AutoReportManager *manager = nullptr;
-std::once_flag managerMade;
+std::once_flag managerCreated;
 
 } // namespace
 
 // Kept: the flag is never reset, so there is no second manager.
 AutoReportManager *AutoReportManager::instance()
 {
-    std::call_once(managerMade, [] { manager = new (std::nothrow) AutoReportManager(nullptr); });
+    std::call_once(managerCreated, [] { manager = new (std::nothrow) AutoReportManager(nullptr); });
     return manager;
 }
 

@@ -44,9 +44,9 @@ std::shared_ptr<BizModel::Device> modelOf(const SSProxy::DeviceChannel &channel)
 
 /// Applies a report with a control object on the stack. Logs \a failed if that fails.
 template <class ControlClass>
-bool pass(bool (ControlClass::*update)(const std::string &, QString &),
-          const std::weak_ptr<BizModel::Device> &device, const std::string &body,
-          const char *failed, bool resultOnFailure)
+bool applyReport(bool (ControlClass::*update)(const std::string &, QString &),
+                 const std::weak_ptr<BizModel::Device> &device, const std::string &body,
+                 const char *failed, bool resultOnFailure)
 {
     ControlClass control(device, nullptr);
     QString error;
@@ -57,9 +57,9 @@ bool pass(bool (ControlClass::*update)(const std::string &, QString &),
 }
 
 /// Makes the log lines about one report.
-class ReportLine {
+class ReportLog {
 public:
-    explicit ReportLine(SSProxy::IDeviceCommand &command)
+    explicit ReportLog(SSProxy::IDeviceCommand &command)
         : m_base(twoDigits(command.head().BC)),
           m_function(twoDigits(command.head().FC)),
           m_label(commandLabel(command.head().BC, command.head().FC)),
@@ -128,35 +128,35 @@ using Reports = AutoReportManagerPrivate;
 // clang-format off
 // Each row names the operation that applies the report, the text that a failure logs, and the result that is logged then.
 bool Reports::receiveAutoReportSubcards(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateSubcardsInfo, device, body, "Process subcard auto report info failed ", true); }
+{ return applyReport(&Device::updateSubcardsInfo, device, body, "Process subcard auto report info failed ", true); }
 bool Reports::receiveAutoReportPowerInfo(WeakDevice device, const std::string &body)
-{ return pass(&Device::updatePowerConfig, device, body, "Process power info auto report info failed ", true); }
+{ return applyReport(&Device::updatePowerConfig, device, body, "Process power info auto report info failed ", true); }
 bool Reports::receiveAutoReportGenlockStatus(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateGenlockStatus, device, body, "Process device genlock status auto report info failed ", true); }
+{ return applyReport(&Device::updateGenlockStatus, device, body, "Process device genlock status auto report info failed ", true); }
 bool Reports::receiveAutoReportDeviceGroupInfo(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateDeviceGroupInfo, device, body, "Process device group information auto report info failed ", false); }
+{ return applyReport(&Device::updateDeviceGroupInfo, device, body, "Process device group information auto report info failed ", false); }
 bool Reports::receiveAutoReportInterfaceRelationInfo(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateInterfaceRelationInfo, device, body, "Process device interface relation auto report info failed ", false); }
+{ return applyReport(&Device::updateInterfaceRelationInfo, device, body, "Process device interface relation auto report info failed ", false); }
 bool Reports::receiveAutoReportInterfaceGeneralInfo(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateInterfaceGeneralInfo, device, body, "Process interface general info auto report info failed ", true); }
+{ return applyReport(&Interface::updateInterfaceGeneralInfo, device, body, "Process interface general info auto report info failed ", true); }
 bool Reports::receiveAutoReportInterfaceActualTiming(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateActualTiming, device, body, "Process interface actual timing auto report info failed ", true); }
+{ return applyReport(&Interface::updateActualTiming, device, body, "Process interface actual timing auto report info failed ", true); }
 bool Reports::receiveAutoReportInterfaceBitDepthInfo(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateInterfaceBitDepthInfo, device, body, "Process interface colorDepths info auto report info failed ", true); }
+{ return applyReport(&Interface::updateInterfaceBitDepthInfo, device, body, "Process interface colorDepths info auto report info failed ", true); }
 bool Reports::receiveAutoReportInterfaceColorSpacesInfo(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateInterfaceColorSpacesInfo, device, body, "Process interface colorSpaces info auto report info failed ", true); }
+{ return applyReport(&Interface::updateInterfaceColorSpacesInfo, device, body, "Process interface colorSpaces info auto report info failed ", true); }
 bool Reports::receiveAutoReportInterfaceColorRangesInfo(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateInterfaceColorRangesInfo, device, body, "Process interface colorRsnges info auto report info failed ", true); }
+{ return applyReport(&Interface::updateInterfaceColorRangesInfo, device, body, "Process interface colorRsnges info auto report info failed ", true); }
 bool Reports::receiveAutoReportInterfaceHDRInfo(WeakDevice device, const std::string &body)
-{ return pass(&Interface::updateInterfaceHDRInfo, device, body, "Process interface HDR info auto report info failed ", true); }
+{ return applyReport(&Interface::updateInterfaceHDRInfo, device, body, "Process interface HDR info auto report info failed ", true); }
 bool Reports::receiveAutoReportScreenGenlockInfo(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateScreenGenlockInfo, device, body, "Process screen Genlock info auto report info failed ", true); }
+{ return applyReport(&Device::updateScreenGenlockInfo, device, body, "Process screen Genlock info auto report info failed ", true); }
 bool Reports::receiveAutoReportScreenZelkInfo(WeakDevice device, const std::string &body)
-{ return pass(&Screen::updateScreenZelkInfo, device, body, "Process screen Zelk info auto report info failed ", true); }
+{ return applyReport(&Screen::updateScreenZelkInfo, device, body, "Process screen Zelk info auto report info failed ", true); }
 bool Reports::receiveAutoReportCutoutRGB(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateCutoutRGB, device, body, "Process cutout RGB auto report info failed ", true); }
+{ return applyReport(&Device::updateCutoutRGB, device, body, "Process cutout RGB auto report info failed ", true); }
 bool Reports::receiveAutoReportDeviceTransferProgress(WeakDevice device, const std::string &body)
-{ return pass(&Device::updateTransferProgress, device, body, "Process device file transfer progress auto report info failed ", true); }
+{ return applyReport(&Device::updateTransferProgress, device, body, "Process device file transfer progress auto report info failed ", true); }
 // clang-format on
 
 bool Reports::receiveAutoReportFileTransferProgress(WeakDevice device, const std::string &body)
@@ -218,18 +218,18 @@ void AutoReportManagerPrivate::slotReceiveDeviceAutoReportInfo(
         qCWarning(controlLog) << "TavoroCmd auto report: Invalid channel";
         return;
     }
-    const ReportLine line(*command);
+    const ReportLog log(*command);
     const auto device = modelOf(*channel);
     if (!device)
-        return line.logUnknownDevice();
+        return log.logUnknownDevice();
     if (isStopAutoReport)
-        return line.logStopped(*device);
+        return log.logStopped(*device);
     const auto handler =
         reportHandlers.constFind(reportKey(command->head().BC, command->head().FC));
     if (handler == reportHandlers.constEnd())
-        return line.logUnknownCode(*device);
+        return log.logUnknownCode(*device);
     const bool result = (*handler)(device, command->body());
-    line.logHandled(*device, result);
+    log.logHandled(*device, result);
 }
 
 } // namespace Tavoro::Control::Internal

@@ -113,7 +113,7 @@ constexpr LabelRow labelRows[] = {
 };
 // clang-format on
 
-constexpr bool standInOrder()
+constexpr bool areOrdered()
 {
     for (std::size_t i = 1; i < std::size(labelRows); ++i) {
         if (labelRows[i - 1].command >= labelRows[i].command)
@@ -121,7 +121,7 @@ constexpr bool standInOrder()
     }
     return true;
 }
-static_assert(standInOrder(), "labels are looked up by bisection");
+static_assert(areOrdered(), "labels are looked up by bisection");
 
 } // namespace
 

@@ -23,7 +23,7 @@ std::shared_ptr<SSProxy::DeviceRequestCommand> packetRequest(const SSProxy::Pack
     return request;
 }
 
-Reply judge(std::shared_ptr<SSProxy::DeviceResponseCommand> response)
+Reply classify(std::shared_ptr<SSProxy::DeviceResponseCommand> response)
 {
     if (!response)
         return {Failure::NullResponse, 0, nullptr};
@@ -36,7 +36,7 @@ Reply sendPacket(SSProxy::DeviceChannel &channel,
 {
     if (!channel.isHardwareReadFinished())
         return {Failure::Offline, 0, nullptr};
-    return judge(channel.sendSyncRequest(std::move(request)));
+    return classify(channel.sendSyncRequest(std::move(request)));
 }
 
 std::string takeBody(const Reply &reply)

@@ -40,7 +40,7 @@ std::shared_ptr<SSProxy::DeviceRequestCommand> packetRequest(const SSProxy::Pack
                                                              quint32 totalCount, quint32 sendCount);
 
 /// Classifies the response that a channel returned.
-Reply judge(std::shared_ptr<SSProxy::DeviceResponseCommand> response);
+Reply classify(std::shared_ptr<SSProxy::DeviceResponseCommand> response);
 
 /// Sends one packet and waits for its response. Does not send if the channel is not ready.
 Reply sendPacket(SSProxy::DeviceChannel &channel,

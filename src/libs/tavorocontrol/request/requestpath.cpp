@@ -33,7 +33,7 @@ void setTableTimeout(BizModel::Device &device, const ExchangeReporter &reporter,
 
 /// Does the same as QString::toStdString(), but without a temporary object for the ASCII characters
 /// of addresses and numbers, since it runs for every request.
-std::string toText(const QString &text)
+std::string toStdString(const QString &text)
 {
     std::string plain(static_cast<std::size_t>(text.size()), '\0');
     const QChar *next = text.constData();
@@ -53,7 +53,7 @@ std::string toText(const QString &text)
 std::shared_ptr<SSProxy::DeviceChannel> channelOf(const BizModel::Device &device)
 {
     return SSProxy::DeviceManager::instance()->findTavoroDeviceChannel(
-        toText(device.IPAddress()), toText(device.MAC()), toText(device.sn()));
+        toStdString(device.IPAddress()), toStdString(device.MAC()), toStdString(device.sn()));
 }
 
 bool openRequestPath(ExchangeReporter &reporter, const std::weak_ptr<BizModel::Device> &device,

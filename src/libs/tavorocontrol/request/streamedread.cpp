@@ -29,22 +29,22 @@ bool StreamedRead::run(const std::weak_ptr<BizModel::Device> &device,
     if (m_cancelled) {
         m_error = translated(cancelledText);
         qCWarning(controlLog) << m_error;
-        return passOnFailure();
+        return deliverFailure();
     }
     if (!request) {
         refuseMissingRequest(m_error);
-        return passOnFailure();
+        return deliverFailure();
     }
     ExchangeReporter reporter(Verb::Get, *request);
     m_reporter = &reporter;
     RequestPath path;
     if (!openRequestPath(reporter, device, *request, m_error, path))
-        return passOnFailure();
+        return deliverFailure();
     m_device = path.device.get();
     if (!path.channel) {
         // Kept: a device that exists only in the model has no data, and the read succeeds.
         reporter.logMissingChannel();
-        passOn(1.0, {});
+        deliverPacket(1.0, {});
         return true;
     }
     return readPackets(*path.channel, request);
@@ -57,7 +57,7 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
         return fail({Failure::Offline, 0, nullptr});
     if (!mayContinue(channel))
         return false;
-    Reply reply = judge(channel.sendSyncRequest(request));
+    Reply reply = classify(channel.sendSyncRequest(request));
     if (reply.failure != Failure::None)
         return fail(reply);
 
@@ -65,13 +65,13 @@ bool StreamedRead::readPackets(SSProxy::DeviceChannel &channel,
     const double progress = (answer.sendCount + 1.0) / answer.totalCount;
     if (quint64(answer.sendCount) + 1 == answer.totalCount) {
         m_reporter->succeedRead(answer.type, reply.response->body(), true);
-        passOn(progress, reply.response->body());
+        deliverPacket(progress, reply.response->body());
         return true;
     }
     m_progress = progress;
     if (!mayContinue(channel))
         return false;
-    passOn(progress, reply.response->body());
+    deliverPacket(progress, reply.response->body());
     return readFurtherPackets(channel, request->head(), answer, std::move(reply));
 }
 
@@ -91,10 +91,10 @@ bool StreamedRead::readFurtherPackets(SSProxy::DeviceChannel &channel, SSProxy::
         auto response = channel.sendSyncRequest(packetRequest(head, totalCount, i));
         if (!mayContinue(channel))
             return false;
-        reply = judge(std::move(response));
+        reply = classify(std::move(response));
         if (reply.failure != Failure::None)
             return fail(reply, {i, totalCount});
-        passOn((i + 1.0) / totalCount, reply.response->body());
+        deliverPacket((i + 1.0) / totalCount, reply.response->body());
     }
     return m_reporter->succeedRead(answer.type, reply.response->body(), false);
 }
@@ -110,7 +110,7 @@ bool StreamedRead::isStillMaster(SSProxy::DeviceChannel &channel)
         return true;
     m_error = translated(controlledByOthers);
     qCWarning(controlLog) << m_error;
-    return passOnFailure();
+    return deliverFailure();
 }
 
 bool StreamedRead::isNotCancelled()
@@ -121,10 +121,10 @@ bool StreamedRead::isNotCancelled()
     qCWarning(controlLog) << QStringLiteral("%1%2").arg(QStringLiteral("TavoroCmd stopped :"),
                                                         m_error)
                           << m_device->name() << m_device->ipMacSn();
-    return passOnFailure();
+    return deliverFailure();
 }
 
-void StreamedRead::passOn(double progress, const std::string &data)
+void StreamedRead::deliverPacket(double progress, const std::string &data)
 {
     m_progress = progress;
     m_callback(true, progress, data, m_error);
@@ -133,10 +133,10 @@ void StreamedRead::passOn(double progress, const std::string &data)
 bool StreamedRead::fail(const Reply &reply, PacketCount count)
 {
     m_reporter->fail(reply, m_error, count);
-    return passOnFailure();
+    return deliverFailure();
 }
 
-bool StreamedRead::passOnFailure()
+bool StreamedRead::deliverFailure()
 {
     m_callback(false, m_progress, {}, m_error);
     return false;

@@ -42,9 +42,9 @@ private:
     bool isStillMaster(SSProxy::DeviceChannel &channel);
     bool isNotCancelled();
 
-    void passOn(double progress, const std::string &data);
+    void deliverPacket(double progress, const std::string &data);
     bool fail(const Reply &reply, PacketCount count = {});
-    bool passOnFailure();
+    bool deliverFailure();
 
     const std::atomic<bool> &m_cancelled;
     const Callback m_callback;

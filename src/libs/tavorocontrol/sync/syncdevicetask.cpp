@@ -48,7 +48,7 @@ void release(std::vector<Record> &records)
     std::vector<Record>().swap(records);
 }
 
-ProtoModel::Auxiliary::s_DeviceTime timeOfNow()
+ProtoModel::Auxiliary::s_DeviceTime currentTime()
 {
     const QDate date = QDate::currentDate();
     const QTime time = QTime::currentTime();
@@ -144,7 +144,7 @@ void SyncDeviceTask::run()
 void SyncDeviceTask::setDeviceClock(WeakDevice device)
 {
     QString error;
-    if (Auxiliary(device, nullptr).setDeviceTime(timeOfNow(), error))
+    if (Auxiliary(device, nullptr).setDeviceTime(currentTime(), error))
         return;
     qCWarning(controlLog) << "set device time failed." << error;
     d->syncSuccess = false;
@@ -178,20 +178,20 @@ bool SyncDeviceTask::readEssentials(WeakDevice device)
 /// not read without screens.
 void SyncDeviceTask::readRest(WeakDevice device)
 {
-    const auto require = [this](bool read, const char *words) {
+    const auto noteResult = [this](bool read, const char *words) {
         if (!read)
             qCWarning(controlLog) << words;
         d->syncSuccess = d->syncSuccess && read;
     };
     if (readScreenDetail(device)) {
-        require(readDeviceLayerDetail(device), "Read layer details failed.");
+        noteResult(readDeviceLayerDetail(device), "Read layer details failed.");
     } else {
         qCWarning(controlLog) << "Read screen details failed." << d->errorMsg;
         d->syncSuccess = false;
     }
-    require(readFileDetail(device), "Read file details failed.");
+    noteResult(readFileDetail(device), "Read file details failed.");
     d->dropRemovedFiles();
-    require(readFileBinary(device), "Read file binary failed.");
+    noteResult(readFileBinary(device), "Read file binary failed.");
 }
 
 // clang-format off

@@ -61,19 +61,24 @@ void chooseActiveScreens(BizModel::Device &device, const MultiviewerLayouts &lay
 }
 
 /// Blocks the signals of a device while it is filled, so that no slot sees a half-filled device.
-class Silence {
+/// Always unblocks them, unlike QSignalBlocker: of two that overlap, the last one to end would
+/// block them for ever.
+class SignalBlock {
 public:
-    explicit Silence(BizModel::Device &device) : m_device(device) { m_device.blockSignals(true); }
-    ~Silence() { m_device.blockSignals(false); }
-    Silence(const Silence &) = delete;
-    Silence &operator=(const Silence &) = delete;
+    explicit SignalBlock(BizModel::Device &device) : m_device(device)
+    {
+        m_device.blockSignals(true);
+    }
+    ~SignalBlock() { m_device.blockSignals(false); }
+    SignalBlock(const SignalBlock &) = delete;
+    SignalBlock &operator=(const SignalBlock &) = delete;
 
 private:
     BizModel::Device &m_device;
 };
 
 template <class Detail>
-bool feed(BizModel::Device &device, const Detail &detail, QString &error, const char *failed)
+bool initOrWarn(BizModel::Device &device, const Detail &detail, QString &error, const char *failed)
 {
     if (device.initModelData(detail, error))
         return true;
@@ -124,27 +129,27 @@ bool SyncDeviceTaskPrivate::initDeviceModelData()
 
     const auto channel = SSProxy::DeviceManager::instance()->findDeviceChannel(
         ip.toStdString(), q->deviceMAC().toStdString(), q->deviceSN().toStdString());
-    const bool layersFed = fill(*modelDevice, ip, channel.get(), layouts);
+    const bool layersAccepted = fillModel(*modelDevice, ip, channel.get(), layouts);
     if (!known)
         DeviceList::instance()->append(modelDevice);
     qCInfo(controlLog) << "Sync device init model end.";
-    return layersFed;
+    return layersAccepted;
 }
 
-bool SyncDeviceTaskPrivate::fill(BizModel::Device &modelDevice, const QString &ip,
-                                 const SSProxy::DeviceChannel *channel,
-                                 const MultiviewerLayouts &layouts)
+bool SyncDeviceTaskPrivate::fillModel(BizModel::Device &modelDevice, const QString &ip,
+                                      const SSProxy::DeviceChannel *channel,
+                                      const MultiviewerLayouts &layouts)
 {
-    const Silence silence(modelDevice);
-    takeIdentity(modelDevice, channel);
+    const SignalBlock block(modelDevice);
+    setIdentity(modelDevice, channel);
     modelDevice.setSyncDataSuccess(q->isSyncSucess());
-    const bool layersFed = feedModel(modelDevice, ip);
+    const bool layersAccepted = initFromRecords(modelDevice, ip);
     chooseActiveScreens(modelDevice, layouts);
-    return layersFed;
+    return layersAccepted;
 }
 
-void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
-                                         const SSProxy::DeviceChannel *channel)
+void SyncDeviceTaskPrivate::setIdentity(BizModel::Device &modelDevice,
+                                        const SSProxy::DeviceChannel *channel)
 {
     if (!channel) {
         qCWarning(controlLog) << "Sync device model failed, device offline";
@@ -164,15 +169,15 @@ void SyncDeviceTaskPrivate::takeIdentity(BizModel::Device &modelDevice,
 }
 
 /// Continues with the next step if one fails.
-bool SyncDeviceTaskPrivate::feedModel(BizModel::Device &modelDevice, const QString &ip)
+bool SyncDeviceTaskPrivate::initFromRecords(BizModel::Device &modelDevice, const QString &ip)
 {
-    feed(modelDevice, *deviceDetail, errorMsg, "Create device model failed,");
+    initOrWarn(modelDevice, *deviceDetail, errorMsg, "Create device model failed,");
     if (modelDevice.IPAddress().isEmpty())
         modelDevice.setIPAddress(ip);
-    feed(modelDevice, *interfaceDetail, errorMsg, "Create interface model failed,");
-    feed(modelDevice, *fileDetail, errorMsg, "Create file model failed,");
-    feed(modelDevice, *screenDetail, errorMsg, "Create screen model failed,");
-    return feed(modelDevice, *layerDetail, errorMsg, "Create layer model failed,");
+    initOrWarn(modelDevice, *interfaceDetail, errorMsg, "Create interface model failed,");
+    initOrWarn(modelDevice, *fileDetail, errorMsg, "Create file model failed,");
+    initOrWarn(modelDevice, *screenDetail, errorMsg, "Create screen model failed,");
+    return initOrWarn(modelDevice, *layerDetail, errorMsg, "Create layer model failed,");
 }
 
 } // namespace Tavoro::Control::Internal

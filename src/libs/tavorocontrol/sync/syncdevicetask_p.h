@@ -41,10 +41,10 @@ public:
     std::atomic<bool> runningStatus{false};
 
 private:
-    bool fill(BizModel::Device &modelDevice, const QString &ip,
-              const SSProxy::DeviceChannel *channel, const MultiviewerLayouts &layouts);
-    void takeIdentity(BizModel::Device &modelDevice, const SSProxy::DeviceChannel *channel);
-    bool feedModel(BizModel::Device &modelDevice, const QString &ip);
+    bool fillModel(BizModel::Device &modelDevice, const QString &ip,
+                   const SSProxy::DeviceChannel *channel, const MultiviewerLayouts &layouts);
+    void setIdentity(BizModel::Device &modelDevice, const SSProxy::DeviceChannel *channel);
+    bool initFromRecords(BizModel::Device &modelDevice, const QString &ip);
 
     SyncDeviceTask *const q;
 };

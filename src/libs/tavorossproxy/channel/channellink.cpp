@@ -137,6 +137,15 @@ void ChannelLink::setSocket(std::shared_ptr<ConnectedSocket> socket)
     m_socket = std::move(socket);
 }
 
+std::optional<ChannelOptions::Milliseconds> ChannelLink::timeToNextAttempt() const
+{
+    if (m_phase != Phase::Pausing)
+        return std::nullopt;
+    const auto rest = m_due - m_clock.now();
+    return std::max(std::chrono::duration_cast<ChannelOptions::Milliseconds>(rest),
+                    ChannelOptions::Milliseconds::zero());
+}
+
 bool ChannelLink::canSend() const
 {
     return m_phase == Phase::Ready && m_stream->unsentBytes() < m_options.maxUnsentBytes;

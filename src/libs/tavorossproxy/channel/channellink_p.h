@@ -16,6 +16,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 namespace Tavoro::SSProxy::Internal {
 
@@ -94,6 +95,11 @@ public:
     /// Closes the connection, and reconnects after a pause.
     void drop(quint16 status, const QString &reason);
 
+    /// Whether the device has identified itself over the current connection.
+    bool isReady() const { return m_phase == Phase::Ready; }
+    /// The time until the next attempt to connect; nothing if the link is not in the pause between
+    /// two attempts.
+    std::optional<ChannelOptions::Milliseconds> timeToNextAttempt() const;
     /// Identifies the current connection to the device.
     const Wire::ConnectionId &connectionId() const { return m_connection; }
 

@@ -30,6 +30,7 @@ ChannelOptions clampedOptions(ChannelOptions options)
     options.maxRequestTime = std::max(options.maxRequestTime, Milliseconds(1));
     options.maxBodySize = std::min(options.maxBodySize, maxBodySize);
     options.maxPacketCount = std::max(options.maxPacketCount, 1u);
+    options.maxElements = std::max(options.maxElements, 1u);
     options.maxUnsentBytes = std::max(options.maxUnsentBytes, 1u);
     options.minTransferRate = std::max(options.minTransferRate, 1u);
     options.maxTimedOutRequests = std::clamp(options.maxTimedOutRequests, 1, tagCount);

@@ -76,14 +76,29 @@ QString DeviceControl::reasonOf(quint16 status)
     }
 }
 
-QString DeviceControl::holder(TimePoint deadline)
+std::shared_ptr<DeviceResponseCommand> DeviceControl::askForHolder(int milliseconds)
 {
     const auto request = makeLinkRequest(CommandType::Read, Wire::LinkCommand::Control);
+    request->setTimeout(milliseconds);
+    return m_channel.sendSyncRequest(request);
+}
+
+bool DeviceControl::readHolder(QString &holder)
+{
+    const auto response = askForHolder(DeviceRequestCommand::defaultTimeout);
+    const bool hasControl = response->status != quint16(Wire::DeviceStatus::UnknownCommand);
+    if (hasControl && response->status != quint16(Wire::DeviceStatus::Success))
+        return false;
+    holder = hasControl ? QString::fromStdString(response->body()) : QString();
+    return true;
+}
+
+QString DeviceControl::holder(TimePoint deadline)
+{
     const auto rest = std::chrono::duration_cast<Milliseconds>(deadline - m_loop.clock().now());
     if (rest.count() < 1)
         return tr("another client");
-    request->setTimeout(static_cast<int>(rest.count()));
-    const auto response = m_channel.sendSyncRequest(request);
+    const auto response = askForHolder(static_cast<int>(rest.count()));
     return response->status == 0 && !response->body().empty()
         ? QString::fromStdString(response->body())
         : tr("another client");

@@ -19,6 +19,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | member             | thread         |
 /// |--------------------|----------------|
 /// | isMaster, request  | any            |
+/// | readHolder         | any            |
 /// | the others         | that of the loop |
 class DeviceControl {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::SSProxy::Internal::DeviceControl)
@@ -37,6 +38,9 @@ public:
     /// See NetworkChannel::requestControl().
     bool request(ControlAction action, QString &error);
 
+    /// See NetworkChannel::readControlHolder().
+    bool readHolder(QString &holder);
+
     /// The connection is ready; its identity says whether another client holds control.
     void begin(bool isMaster) { setMaster(isMaster, {}); }
     /// A report about control, or the answer to a request for it, has arrived.
@@ -47,6 +51,7 @@ public:
 private:
     using TimePoint = Clock::TimePoint;
 
+    std::shared_ptr<DeviceResponseCommand> askForHolder(int milliseconds);
     QString holder(TimePoint deadline);
     static QString reasonOf(quint16 status);
     QString requestFailed(ControlAction action, quint16 status) const;

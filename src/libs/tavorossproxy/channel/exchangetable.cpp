@@ -209,7 +209,8 @@ void ExchangeTable::submit(quint8 tag, QByteArray frame)
 }
 
 std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead &request,
-                                                            Clock::TimePoint deadline)
+                                                            Clock::TimePoint deadline,
+                                                            std::optional<Wire::RequestId> *sent)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     Slot &slot = m_slots[request.lables];
@@ -221,6 +222,8 @@ std::shared_ptr<DeviceResponseCommand> ExchangeTable::await(const Wire::WireHead
     }
     endReading(slot);
     wakeNextReader();
+    if (sent)
+        *sent = slot.sent;
     if (slot.state != State::Completed)
         return giveUp(request.lables);
     slot.state = State::Free;
@@ -274,6 +277,12 @@ void ExchangeTable::wait(std::unique_lock<std::mutex> &lock, Slot &slot, Clock::
     m_waiting.push_back(&slot);
     m_clock.waitUntil(slot.completed, lock, deadline);
     m_waiting.erase(std::find(m_waiting.begin(), m_waiting.end(), &slot));
+}
+
+void ExchangeTable::endSplitRead(quint16 stream)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_splitReads.release(stream);
 }
 
 /// Contents are long: a request for records, which an operator may wait for, does not wait until

@@ -28,7 +28,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | begin, submit, await                 | that of the caller, in order |
 /// | takeUnsent                           | any, one at a time           |
 /// | answerStarted, complete              | any                          |
-/// | takeStorage, recycle                 | any                          |
+/// | takeStorage, recycle, endSplitRead   | any                          |
 /// | open, close, refusal and the counts  | any                          |
 ///
 /// The states of a tag. close() ends every request in flight, and frees the tags of requests that
@@ -70,9 +70,13 @@ public:
     /// Queues the frame of the request for sending.
     void submit(quint8 tag, QByteArray frame);
     /// Blocks until the answer has arrived or \a deadline has passed, and frees the tag. Never
-    /// null.
+    /// null. \a sent identifies the request at the device; it stays empty if it was not sent.
     std::shared_ptr<DeviceResponseCommand> await(const Wire::WireHead &request,
-                                                 Clock::TimePoint deadline);
+                                                 Clock::TimePoint deadline,
+                                                 std::optional<Wire::RequestId> *sent = nullptr);
+
+    /// The caller does not request a further packet of a split read.
+    void endSplitRead(quint16 stream);
 
     /// Takes the next frame to send, if there is one, and numbers it. Requests for records precede
     /// contents of files, and \a withContents says whether the latter may be sent now.

@@ -16,6 +16,19 @@
 
 namespace Tavoro::SSProxy::Internal {
 
+namespace {
+
+bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
+{
+    if (event.head.kind != quint8(Wire::FrameKind::Report))
+        return false;
+    Wire::JsonElements elements;
+    elements.add(event.body);
+    return elements.count() > maxElements;
+}
+
+} // namespace
+
 std::shared_ptr<StreamChannel>
 StreamChannel::open(const QString &peerName, std::unique_ptr<ByteStream> stream,
                     std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
@@ -131,6 +144,48 @@ RequestOutcome StreamChannel::requestOutcome(quint8 lables)
     return outcome;
 }
 
+RequestOutcome StreamChannel::outcomeOf(const RequestIdentity &id)
+{
+    return queryOutcome(*this, {{id.client, id.connection}, id.number});
+}
+
+bool StreamChannel::readControlHolder(QString &holder)
+{
+    return m_control->readHolder(holder);
+}
+
+void StreamChannel::setConnectionHandler(std::function<void(const ConnectionState &)> handler)
+{
+    m_loop->post([self = shared_from_this(), handler = std::move(handler)]() mutable {
+        self->m_connectionHandler = std::move(handler);
+        self->notifyConnection();
+    });
+}
+
+ConnectionState StreamChannel::connectionState() const
+{
+    ConnectionState state;
+    state.connections = m_connections;
+    if (m_link && m_link->isReady()) {
+        state.phase = ConnectionState::Phase::Ready;
+        return state;
+    }
+    const auto pause = m_link ? m_link->timeToNextAttempt() : std::nullopt;
+    state.phase = pause ? ConnectionState::Phase::Pausing
+        : m_link        ? ConnectionState::Phase::Connecting
+                        : ConnectionState::Phase::Stopped;
+    state.pause = pause.value_or(state.pause);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    state.reason = m_reason;
+    return state;
+}
+
+void StreamChannel::notifyConnection()
+{
+    if (m_connectionHandler)
+        m_connectionHandler(connectionState());
+}
+
 ProtoModel::DeviceBaseInfo StreamChannel::deviceBaseInfo() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -166,10 +221,23 @@ QString StreamChannel::peerName() const
 std::shared_ptr<DeviceResponseCommand>
 StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
 {
-    return request ? exchange(*request) : makeResponse({}, InvalidRequest);
+    if (!request)
+        return makeResponse({}, InvalidRequest);
+    Exchange observed;
+    auto response = exchange(*request, observed);
+    const PacketHead &head = request->head();
+    observed.status = response->status;
+    observed.type = static_cast<CommandType>(head.type);
+    observed.code = static_cast<quint16>(head.BC << 8 | head.FC);
+    observed.packet = head.sendCount;
+    observed.packets = std::max(head.totalCount, 1u);
+    ExchangeWatch::report(std::move(observed));
+    return response;
 }
 
-std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestCommand &request)
+/// Sets the members of \a observed that say whether and when the request was sent.
+std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestCommand &request,
+                                                               Exchange &observed)
 {
     const auto deadline = m_loop->clock().now()
         + std::min(ChannelOptions::Milliseconds(request.timeout()), m_options.maxRequestTime);
@@ -184,8 +252,15 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     QByteArray frame = m_exchanges.takeStorage();
     Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
     m_exchanges.submit(ticket.head.lables, std::move(frame));
+    observed.time = std::chrono::steady_clock::now();
     sendUnsent();
-    auto response = m_exchanges.await(ticket.head, deadline);
+    std::optional<Wire::RequestId> sent;
+    auto response = m_exchanges.await(ticket.head, deadline, &sent);
+    if (sent)
+        observed.sent = {sent->connection.client, sent->connection.number, sent->number};
+    const quint64 elements = m_answerElements.add(ticket.head, *response);
+    if (elements > m_options.maxElements)
+        return refuseAnswer(ticket.head, elements);
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
     if (m_exchanges.timedOutRequests() >= m_options.maxTimedOutRequests)
@@ -194,6 +269,16 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
              && hasStalled())
         closeConnection(connection, tr("it stopped in the middle of a frame"));
     return response;
+}
+
+/// Ends the exchange. The caller requests no further packet of the answer.
+std::shared_ptr<DeviceResponseCommand> StreamChannel::refuseAnswer(const Wire::WireHead &request,
+                                                                   quint64 elements)
+{
+    qCWarning(channelLog) << "Answer refused from" << peerName() << "elements" << elements
+                          << "limit" << m_options.maxElements;
+    m_exchanges.endSplitRead(request.stream);
+    return makeResponse(Wire::packetHead(request), WrongLength);
 }
 
 /// Any thread. What cannot be sent now is sent when the stream has been drained, or after the next
@@ -302,6 +387,8 @@ void StreamChannel::endLink()
     m_reports->stop();
     m_invalidFrames.stop();
     m_control->stop();
+    notifyConnection();
+    m_connectionHandler = {};
 }
 
 bool StreamChannel::linkMayConnect()
@@ -321,9 +408,12 @@ void StreamChannel::releaseConnection()
 
 void StreamChannel::linkConnecting()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_state != State::Stopped)
-        m_exchanges.close(Connecting, Disconnected);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_state != State::Stopped)
+            m_exchanges.close(Connecting, Disconnected);
+    }
+    notifyConnection();
 }
 
 void StreamChannel::linkIdentifying(const QString &reason)
@@ -345,14 +435,15 @@ void StreamChannel::linkReady(ProtoModel::DeviceBaseInfo info)
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_state == State::Stopped)
             return;
+        ++m_connections; // first, so that isHardwareReadFinished() never belongs to an older count
         m_exchanges.open(info.maxPacketSize, m_link->connectionId());
         m_info = std::move(info);
         m_state = State::Ready;
-        ++m_connections;
     }
     m_stateChanged.notify_all();
     qCInfo(channelLog) << "Connected to" << peerName() << name;
     m_control->begin(isMaster);
+    notifyConnection();
 }
 
 void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer)
@@ -371,10 +462,13 @@ void StreamChannel::linkLost(quint16 status, const QString &reason, quint32 inte
         m_lastFrameProgress = Clock::TimePoint();
     }
     qCWarning(channelLog) << "No connection to" << peerName() << reason;
+    notifyConnection();
 }
 
 void StreamChannel::linkReceived(Wire::FrameEvent &&event)
 {
+    if (event.status == 0 && isReportAbove(m_options.maxElements, event))
+        event.status = WrongLength;
     if (event.status != 0)
         m_invalidFrames.add(event.status);
     if (event.fatal)

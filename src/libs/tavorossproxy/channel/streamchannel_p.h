@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerelements_p.h"
 #include "answerreader_p.h"
 #include "channellink_p.h"
 #include "devicecontrol_p.h"
@@ -26,7 +27,10 @@ namespace Tavoro::SSProxy::Internal {
 /// | the public functions                      | any                                        |
 /// | m_link, its events, m_invalidFrames       | that of the loop, except that sendUnsent() |
 /// |                                           | uses m_link on any, and the events say so  |
-/// | m_control, m_reports, m_exchanges, m_reader | as each says                             |
+/// | m_connectionHandler                       | that of the loop                           |
+/// | m_control, m_reports                      | as each says                               |
+/// | m_exchanges, m_reader                     | as each says                               |
+/// | m_answerElements                          | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -62,6 +66,9 @@ public:
     void moveTo(const QString &host, quint16 port) override;
     bool requestControl(ControlAction action, QString &error) override;
     RequestOutcome requestOutcome(quint8 lables) override;
+    RequestOutcome outcomeOf(const RequestIdentity &id) override;
+    bool readControlHolder(QString &holder) override;
+    void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
     bool connectsTo(const QString &host, quint16 port) const override;
@@ -93,7 +100,12 @@ private:
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request);
+    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
+                                                    Exchange &observed);
+    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
+                                                        quint64 elements);
+    ConnectionState connectionState() const;
+    void notifyConnection();
     void sendUnsent();
     void sendOver(ConnectedSocket &socket);
     void sendOnLoop();
@@ -112,8 +124,10 @@ private:
     std::unique_ptr<ChannelLink> m_link;
     InvalidFrames m_invalidFrames;
     bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
+    std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
     AnswerReader m_reader;
     ExchangeTable m_exchanges;
+    AnswerElements m_answerElements;
     std::mutex m_sendMutex; // held while a thread sends, so that requests keep their order
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<bool> m_isHandlingPosted{false};

@@ -1,13 +1,23 @@
 #include "capturefile_p.h"
 
 #include <tavorossproxy/logging_p.h>
+#include <tavorowire/captureformats.h>
+
+#include <QDateTime>
 
 namespace Tavoro::SSProxy::Internal {
+
+CaptureFile::CaptureFile(const QString &path)
+    : m_file(path),
+      m_encoder(Wire::captureEncoderFor(path, QDateTime::currentMSecsSinceEpoch() * 1000))
+{
+    m_clock.start();
+}
 
 bool CaptureFile::open(QString &error)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const QByteArray heading = QByteArray::fromStdString(Wire::captureHeading());
+    const QByteArray heading = QByteArray::fromStdString(m_encoder->heading());
     if (m_file.open(QIODevice::WriteOnly) && m_file.write(heading) == heading.size()
         && m_file.flush())
         return true;
@@ -27,16 +37,16 @@ int CaptureFile::addChannel()
     return ++m_channels;
 }
 
-/// Each line is flushed, so that the capture of a process that crashes is complete.
+/// Each event is flushed, so that the capture of a process that crashes is complete.
 void CaptureFile::write(int channel, Wire::CaptureEvent event, std::string_view bytes)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_file.isOpen())
         return;
-    const std::string line =
-        Wire::encodeCaptureLine(channel, m_clock.nsecsElapsed() / 1000, event, bytes);
-    const auto length = static_cast<qint64>(line.size());
-    if (m_file.write(line.data(), length) == length && m_file.flush())
+    const std::string encoded =
+        m_encoder->encode(channel, m_clock.nsecsElapsed() / 1000, event, bytes);
+    const auto length = static_cast<qint64>(encoded.size());
+    if (m_file.write(encoded.data(), length) == length && m_file.flush())
         return;
     qCWarning(channelLog, "The capture %s ends here: %s", qUtf8Printable(m_file.fileName()),
               qUtf8Printable(m_file.errorString()));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavorowire/capture.h>
+#include <tavorowire/captureencoder.h>
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -14,7 +14,7 @@ namespace Tavoro::SSProxy::Internal {
 /// The file of a capture. Any thread.
 class CaptureFile {
 public:
-    explicit CaptureFile(const QString &path) : m_file(path) { m_clock.start(); }
+    explicit CaptureFile(const QString &path);
 
     /// Creates the file and writes its heading. Returns false, with a sentence in \a error, on
     /// failure.
@@ -22,7 +22,7 @@ public:
     void close();
     /// Returns a number for a further channel, from 1.
     int addChannel();
-    /// Appends a line. If it cannot be written, logs that and ends the capture.
+    /// Appends an event. If it cannot be written, logs that and ends the capture.
     void write(int channel, Wire::CaptureEvent event, std::string_view bytes = {});
 
     /// Returns the running capture, or null.
@@ -31,6 +31,7 @@ public:
 private:
     std::mutex m_mutex; // guards what follows
     QFile m_file;
+    const std::unique_ptr<Wire::CaptureEncoder> m_encoder;
     QElapsedTimer m_clock;
     int m_channels = 0;
 };

@@ -3,7 +3,7 @@
 #include "commandlist.h"
 
 #include <tavoroctl/arguments/batchline.h>
-#include <tavoroctl/operations/operation.h>
+#include <tavorooperations/operation.h>
 
 #include <algorithm>
 #include <iostream>
@@ -14,7 +14,7 @@ namespace {
 
 /// The origin of calls: the command line, or a line of a batch.
 struct CallSource {
-    MissingKeys missing = MissingKeys::Refused;
+    Operations::MissingKeys missing = Operations::MissingKeys::Refused;
     QString place; ///< Prefix of each message about a fault; empty for the command call.
 };
 
@@ -22,8 +22,14 @@ CallSource sourceOf(const Arguments &arguments)
 {
     CallSource source;
     if (arguments.options.contains(QStringLiteral("defaults")))
-        source.missing = MissingKeys::SentAsDefaults;
+        source.missing = Operations::MissingKeys::SentAsDefaults;
     return source;
+}
+
+QString adviceFor(const Operations::PreparedCall &call)
+{
+    return call.lacksKeys ? QStringLiteral("; give them, or send their defaults with --defaults")
+                          : QString();
 }
 
 ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call,
@@ -34,26 +40,24 @@ ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call
         return refuseHost(tool, hostText, source.place);
     if (call.isEmpty())
         return refuse(tool, source.place + QStringLiteral("expected an operation"));
-    const Operation *const operation = findOperation(call.at(0));
+    const auto operation = Operations::find(call.at(0));
     if (!operation)
         return refuse(tool,
                       source.place
                           + QStringLiteral("unknown operation \"%1\"; \"tavoroctl list\" lists "
                                            "all operations")
                                 .arg(call.at(0)));
-    const PreparedCall prepared = operation->calls.prepare(call.mid(1), source.missing);
+    const Operations::PreparedCall prepared = operation->prepare(call.mid(1), source.missing);
     if (!prepared.fault.isEmpty())
-        return refuse(tool, source.place + call.at(0) + QStringLiteral(", ") + prepared.fault);
+        return refuse(tool, source.place + prepared.fault + adviceFor(prepared));
 
     QString error;
     const auto device = tool.session.device(*host, error);
     if (!device)
         return fail(tool, error);
-    const CallResult result = prepared.run(device);
+    const Operations::CallResult result = prepared.run(device);
     if (!result.ok)
-        return fail(tool,
-                    result.error.isEmpty() ? QStringLiteral("%1 failed.").arg(call.at(0))
-                                           : result.error);
+        return fail(tool, result.error);
     if (!result.answer.empty())
         tool.console.answerJson(result.answer);
     return Done;
@@ -74,13 +78,25 @@ ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &l
 
 ExitStatus listOne(Tool &tool, const QString &name)
 {
-    const Operation *const operation = findOperation(name);
+    const auto operation = Operations::find(name);
     if (!operation)
         return refuse(tool, QStringLiteral("unknown operation \"%1\"").arg(name));
-    const OperationForm form = operation->calls.form();
-    if (!form.sample.empty())
-        tool.console.answerJson(form.sample);
+    for (const Operations::Argument &argument : operation->arguments()) {
+        if (!argument.sample.empty())
+            tool.console.answerJson(argument.sample);
+    }
     return Done;
+}
+
+/// What a call takes and prints: "FILTER FILTER -> [File::s_FileDetail]".
+QString usageOf(const Operations::Operation &operation)
+{
+    QStringList words;
+    for (const Operations::Argument &argument : operation.arguments())
+        words += argument.type;
+    if (!operation.answer().isEmpty())
+        words += QStringLiteral("-> ") + operation.answer();
+    return words.join(QLatin1Char(' '));
 }
 
 } // namespace
@@ -112,15 +128,12 @@ ExitStatus runList(Tool &tool, const Arguments &arguments)
 {
     if (!arguments.words.isEmpty())
         return listOne(tool, arguments.words.at(0));
-    for (const Operation &operation : allOperations()) {
-        const OperationForm form = operation.calls.form();
-        QString usage = form.arguments.join(QLatin1Char(' '));
-        if (!form.answer.isEmpty())
-            usage += QStringLiteral(" -> ") + form.answer;
+    for (const Operations::Operation &operation : Operations::all()) {
+        const auto code = static_cast<uint>(operation.command());
         tool.console.answer(QStringLiteral("%1 0x%2  %3")
-                                .arg(QLatin1String(operation.name), -42)
-                                .arg(static_cast<uint>(operation.command), 4, 16, QLatin1Char('0'))
-                                .arg(usage.trimmed()));
+                                .arg(operation.name(), -42)
+                                .arg(code, 4, 16, QLatin1Char('0'))
+                                .arg(usageOf(operation)));
     }
     return Done;
 }

@@ -39,6 +39,9 @@ constexpr OptionRow projectSaveOptions[] = {
 constexpr OptionRow projectApplyOptions[] = {
     {"type",       "TYPE",         "Type of the file (10)."},
 };
+constexpr OptionRow replayOptions[] = {
+    {"pcapng",     "OUT",          "Write the capture to OUT for Wireshark instead; - is stdout."},
+};
 
 // In alphabetical order.
 constexpr CommandRow commandRows[] = {
@@ -69,7 +72,7 @@ constexpr CommandRow commandRows[] = {
     {"reboot", "HOST[:PORT]",
      "Restarts the device.",                                                                   runReboot},
     {"replay", "FILE",
-     "Shows the connections and frames of a capture.",                                         runReplay},
+     "Shows the connections and frames of a capture.",                                         runReplay,       replayOptions},
     {"selfcheck", "HOST[:PORT]",
      "Shows the measurements of the device; ends with 1 if one is out of its range.",          runSelfCheck},
     {"show", "HOST[:PORT]",

@@ -4,8 +4,8 @@
 
 #include <tavorocontrol/file.h>
 #include <tavoroctl/arguments/fileplace.h>
-#include <tavoroctl/operations/recordtext.h>
 #include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
 
 namespace Tavoro::Ctl {

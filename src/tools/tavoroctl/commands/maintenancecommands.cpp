@@ -3,8 +3,8 @@
 #include "commandlist.h"
 
 #include <tavorocontrol/auxiliary.h>
-#include <tavoroctl/operations/recordtext.h>
 #include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
 
 namespace Tavoro::Ctl {
@@ -91,13 +91,9 @@ ExitStatus runVersion(Tool &tool, const Arguments &arguments)
 ExitStatus runReboot(Tool &tool, const Arguments &arguments)
 {
     constexpr qint32 restart = 0; // 1 would shut the device down.
-    ExitStatus status = Done;
-    const auto device = openDevice(tool, arguments.words.at(0), status);
-    if (!device)
-        return status;
-    QString error;
-    return Control::Auxiliary(device).writeRestartShutdown({restart}, error) ? Done
-                                                                             : fail(tool, error);
+    return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
+        return Control::Auxiliary(device).writeRestartShutdown({restart}, error);
+    });
 }
 
 } // namespace Tavoro::Ctl

@@ -1,9 +1,11 @@
+// Stores screens of a device as a preset, and applies one.
+
 #include "commandlist.h"
+#include "setupfile.h"
 
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/preset.h>
 #include <tavorocontrol/screen.h>
-#include <tavoroctl/arguments/fileplace.h>
 #include <tavoroctl/arguments/number.h>
 
 #include <algorithm>
@@ -14,11 +16,10 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-bool readPresetPlace(const Arguments &arguments, FilePlace &place, QString &fault)
+bool readPresetFile(const Arguments &arguments, SetupFile &file, QString &fault)
 {
-    const QString type =
-        arguments.options.value(QStringLiteral("type"), QStringLiteral("screen-preset"));
-    return readFilePlace(type, arguments.words.at(1), place, fault);
+    return readSetupFile(arguments, QStringLiteral("screen-preset"), QStringLiteral("Preset"), file,
+                         fault);
 }
 
 /// Reads the IDs of screens. An empty set stands for all screens.
@@ -59,48 +60,33 @@ bool findScreens(const std::shared_ptr<BizModel::Device> &device, std::set<int> 
 
 ExitStatus runPresetSave(Tool &tool, const Arguments &arguments)
 {
-    FilePlace place;
+    SetupFile file;
     std::set<int> numbers;
     QString fault;
-    if (!readPresetPlace(arguments, place, fault)
+    if (!readPresetFile(arguments, file, fault)
         || !readScreenNumbers(arguments.words.mid(2), numbers, fault))
         return refuse(tool, fault);
-    ExitStatus status = Done;
-    const auto device = openDevice(tool, arguments.words.at(0), status);
-    if (!device)
-        return status;
-    ProtoModel::File::s_CreatePresetFile preset;
-    preset.fileType = place.type;
-    preset.fileId = place.id;
-    preset.general.name =
-        arguments.options.value(QStringLiteral("name"), QStringLiteral("Preset %1").arg(place.id))
-            .toStdString();
-    QString error;
-    if (!findScreens(device, numbers, preset.screens, error)
-        || !Control::File(device).writeCreatePresetFile({preset}, error))
-        return fail(tool, error);
-    return Done;
+    return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
+        ProtoModel::File::s_CreatePresetFile preset{file.id, file.general, {}};
+        return findScreens(device, numbers, preset.screens, error)
+            && Control::File(device).writeCreatePresetFile({preset}, error);
+    });
 }
 
 ExitStatus runPresetApply(Tool &tool, const Arguments &arguments)
 {
-    FilePlace place;
+    SetupFile file;
     QString fault;
-    ProtoModel::Preset::s_PresetPlay play;
     const QString applyType =
         arguments.options.value(QStringLiteral("apply-type"), QStringLiteral("0"));
-    if (!readPresetPlace(arguments, place, fault))
+    if (!readPresetFile(arguments, file, fault))
         return refuse(tool, fault);
+    ProtoModel::Preset::s_PresetPlay play{file.id, 0};
     if (!readNumber(applyType, std::numeric_limits<qint32>::max(), play.applyType))
         return refuse(tool, QStringLiteral("\"%1\" is not a number").arg(applyType));
-    ExitStatus status = Done;
-    const auto device = openDevice(tool, arguments.words.at(0), status);
-    if (!device)
-        return status;
-    play.fileType = place.type;
-    play.fileId = place.id;
-    QString error;
-    return Control::Preset(device).presetApply({play}, error) ? Done : fail(tool, error);
+    return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
+        return Control::Preset(device).presetApply({play}, error);
+    });
 }
 
 } // namespace Tavoro::Ctl

@@ -1,9 +1,9 @@
 // Stores the state of a device as a project, and applies one.
 
 #include "commandlist.h"
+#include "setupfile.h"
 
 #include <tavorocontrol/file.h>
-#include <tavoroctl/arguments/fileplace.h>
 
 #include <algorithm>
 #include <iterator>
@@ -56,51 +56,36 @@ bool readKinds(const QString &text, s_FileContain &contain, QString &fault)
 
 /// The types of files have no name for projects. Synchronising a device fetches the contents of
 /// most types, but not of this one.
-bool readProjectPlace(const Arguments &arguments, FilePlace &place, QString &fault)
+bool readProjectFile(const Arguments &arguments, SetupFile &file, QString &fault)
 {
-    const QString type = arguments.options.value(QStringLiteral("type"), QStringLiteral("10"));
-    return readFilePlace(type, arguments.words.at(1), place, fault);
+    return readSetupFile(arguments, QStringLiteral("10"), QStringLiteral("Project"), file, fault);
 }
 
 } // namespace
 
 ExitStatus runProjectSave(Tool &tool, const Arguments &arguments)
 {
-    FilePlace place;
-    ProtoModel::File::s_CreateProjFile project;
+    SetupFile file;
+    s_FileContain contain;
     QString fault;
     const QString kinds = arguments.options.value(QStringLiteral("contain"), QStringLiteral("all"));
-    if (!readProjectPlace(arguments, place, fault) || !readKinds(kinds, project.contain, fault))
+    if (!readProjectFile(arguments, file, fault) || !readKinds(kinds, contain, fault))
         return refuse(tool, fault);
-    ExitStatus status = Done;
-    const auto device = openDevice(tool, arguments.words.at(0), status);
-    if (!device)
-        return status;
-    project.fileType = place.type;
-    project.fileId = place.id;
-    project.general.name =
-        arguments.options.value(QStringLiteral("name"), QStringLiteral("Project %1").arg(place.id))
-            .toStdString();
-    QString error;
-    return Control::File(device).writeCreateProjectFile({project}, error) ? Done
-                                                                          : fail(tool, error);
+    return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
+        return Control::File(device).writeCreateProjectFile({{file.id, file.general, contain}},
+                                                            error);
+    });
 }
 
 ExitStatus runProjectApply(Tool &tool, const Arguments &arguments)
 {
-    FilePlace place;
+    SetupFile file;
     QString fault;
-    if (!readProjectPlace(arguments, place, fault))
+    if (!readProjectFile(arguments, file, fault))
         return refuse(tool, fault);
-    ExitStatus status = Done;
-    const auto device = openDevice(tool, arguments.words.at(0), status);
-    if (!device)
-        return status;
-    ProtoModel::ProjectFile::s_ProjectFileApply project;
-    project.fileType = place.type;
-    project.fileId = place.id;
-    QString error;
-    return Control::File(device).writeApplyProjectFile({project}, error) ? Done : fail(tool, error);
+    return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
+        return Control::File(device).writeApplyProjectFile({{file.id}}, error);
+    });
 }
 
 } // namespace Tavoro::Ctl

@@ -1,7 +1,9 @@
 #include "commandlist.h"
 
 #include <tavoroctl/output/printable.h>
+#include <tavoroctl/transfers/contenttarget.h>
 #include <tavorowire/capture.h>
+#include <tavorowire/pcapng.h>
 
 #include <QFile>
 
@@ -102,6 +104,34 @@ QString lineOf(const CapturedItem &item)
         + eventText(item);
 }
 
+ExitStatus showCapture(Tool &tool, const std::string &text, std::string &fault)
+{
+    std::vector<CapturedItem> items;
+    SSProxy::Wire::decodeCapture(text, items, fault);
+    for (const CapturedItem &item : items)
+        tool.console.answer(printable(lineOf(item)));
+    return Done;
+}
+
+/// Writes the capture for Wireshark. Text does not contain the time of its start: the packets are
+/// of the year 1970.
+ExitStatus convertCapture(Tool &tool, const std::string &text, const QString &path,
+                          std::string &fault)
+{
+    SSProxy::Wire::PcapngEncoder encoder(0);
+    std::string converted = encoder.heading();
+    const auto convert = [&](const SSProxy::Wire::CaptureLine &line) {
+        converted += encoder.encode(line.channel, line.microseconds, line.event, line.bytes);
+    };
+    if (!SSProxy::Wire::readCapture(text, convert, fault))
+        return Done;
+    ContentTarget target(path);
+    QString error;
+    const bool isWritten =
+        target.open(error) && target.write(converted, error) && target.commit(error);
+    return isWritten ? Done : fail(tool, error);
+}
+
 } // namespace
 
 ExitStatus runReplay(Tool &tool, const Arguments &arguments)
@@ -112,13 +142,14 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()));
-    std::vector<CapturedItem> items;
-    std::string error;
-    const bool isRead = SSProxy::Wire::decodeCapture(file.readAll().toStdString(), items, error);
-    for (const CapturedItem &item : items)
-        tool.console.answer(printable(lineOf(item)));
-    return isRead ? Done
-                  : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(error)));
+    const std::string text = file.readAll().toStdString();
+    const QString target = arguments.options.value(QStringLiteral("pcapng"));
+    std::string fault;
+    const ExitStatus status = target.isNull() ? showCapture(tool, text, fault)
+                                              : convertCapture(tool, text, target, fault);
+    return fault.empty()
+        ? status
+        : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(fault)));
 }
 
 } // namespace Tavoro::Ctl

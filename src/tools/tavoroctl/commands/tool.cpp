@@ -39,6 +39,18 @@ std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText
     return device;
 }
 
+ExitStatus
+carryOut(Tool &tool, const QString &hostText,
+         const std::function<bool(const std::shared_ptr<BizModel::Device> &, QString &)> &operation)
+{
+    ExitStatus status = Done;
+    const auto device = openDevice(tool, hostText, status);
+    if (!device)
+        return status;
+    QString error;
+    return operation(device, error) ? Done : fail(tool, error);
+}
+
 void show(Tool &tool, const std::string &json, const QString &table)
 {
     if (tool.asJson)

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -40,6 +41,12 @@ ExitStatus refuseEmpty(Tool &tool, const QString &name);
 /// then, and \a status is the exit status of the command.
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,
                                              ExitStatus &status);
+
+/// Connects to the device at HOST[:PORT] and carries out \a operation on it, which returns false
+/// with the reason in its second argument. Reports what fails.
+ExitStatus carryOut(
+    Tool &tool, const QString &hostText,
+    const std::function<bool(const std::shared_ptr<BizModel::Device> &, QString &)> &operation);
 
 /// Prints \a json or \a table, depending on the command line.
 void show(Tool &tool, const std::string &json, const QString &table);

@@ -1,6 +1,6 @@
 #include "jsondiff.h"
 
-#include <tavoroctl/operations/jsontext.h>
+#include <tavorooperations/jsontext.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -13,7 +13,7 @@ namespace {
 
 QString valueText(const QJsonValue &value)
 {
-    return value.isUndefined() ? QStringLiteral("nothing") : jsonText(value);
+    return value.isUndefined() ? QStringLiteral("nothing") : Operations::jsonText(value);
 }
 
 void compare(const QString &path, const QJsonValue &before, const QJsonValue &after,

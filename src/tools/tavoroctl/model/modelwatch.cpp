@@ -9,9 +9,9 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavoroctl/arguments/fileplace.h>
-#include <tavoroctl/operations/jsontext.h>
-#include <tavoroctl/operations/recordtext.h>
 #include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/recordtext.h>
+#include <tavorooperations/jsontext.h>
 
 #include <QJsonObject>
 
@@ -22,7 +22,7 @@ namespace {
 template <class Record>
 QJsonObject jsonOf(const Record &record)
 {
-    return jsonValue(recordText(record)).toObject();
+    return Operations::jsonValue(recordText(record)).toObject();
 }
 
 // The name and the state of each kind of object.

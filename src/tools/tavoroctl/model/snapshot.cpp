@@ -4,8 +4,8 @@
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
-#include <tavoroctl/operations/recordtext.h>
 #include <tavoroctl/output/labels.h>
+#include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
 
 #include <algorithm>

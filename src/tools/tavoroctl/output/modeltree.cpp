@@ -9,7 +9,7 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavoroctl/arguments/fileplace.h>
-#include <tavoroctl/operations/recordtext.h>
+#include <tavoroctl/output/recordtext.h>
 
 #include <algorithm>
 #include <vector>

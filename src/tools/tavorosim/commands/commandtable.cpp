@@ -56,7 +56,7 @@ constexpr CommandRow commandRows[] = {
     {Command::InterfaceColorDepth,         nullptr,        writeColorDepth},
     {Command::InterfaceColorSpace,         nullptr,        writeColorSpace},
     {Command::InterfaceColorRange,         nullptr,        writeColorRange},
-    {Command::InterfaceFormatMapping,      nullptr,        writeMember<&I::s_FormatMapping::formatMapping, &ID::formatMapping, isCode>},
+    {Command::InterfaceFormatMapping,      nullptr,        writeMember<&I::s_FormatMapping::formatMapping, &ID::formatMapping, isUInt16>},
     {Command::InterfaceHDR,                nullptr,        writeInterfaceHDR},
 
     {Command::ScreenDetail,                readScreens,    nullptr},

@@ -26,7 +26,7 @@ DeviceStatus makeImage(const SimState &state, const s_CreateImageFile &record, s
     const qint32 step = record.source.zoomRatio;
     if (step < 1 || step > maxZoom)
         return DeviceStatus::ValueOutOfRange;
-    const auto picture = pictureOf(state, record.source.type, record.source.id);
+    const auto picture = findPicture(state, record.source.type, record.source.id);
     if (!picture)
         return DeviceStatus::NoSuchObject;
     detail.source = record.source;

@@ -28,7 +28,7 @@ DeviceStatus createEach(SimState &state, const Request &request, FileMaker<Recor
         const DeviceStatus status = make(state, record, detail, content);
         if (status != DeviceStatus::Success)
             return status;
-        if (!state.files.place(changes, detail, content))
+        if (!state.files.put(changes, detail, content))
             return DeviceStatus::StorageFailed;
     }
     return commit(state, changes);

@@ -13,7 +13,7 @@ using namespace ProtoModel::Device;
 
 namespace {
 
-constexpr std::size_t longestName = 128; ///< Bytes of the name of the device.
+constexpr std::size_t maxNameLength = 128; ///< Bytes of the name of the device.
 constexpr std::size_t maxGroups = 64;
 
 template <class List, class Predicate>
@@ -45,7 +45,7 @@ DeviceStatus checkModes(const SimState &state, const s_subcardBody &wanted)
     for (const s_ConnectorBody &connector : wanted.connectors) {
         if (!findConnector(*card, connector.id))
             return DeviceStatus::NoSuchObject;
-        if (!isCode(connector.workMode) || !isCode(connector.capacityMode))
+        if (!isUInt16(connector.workMode) || !isUInt16(connector.capacityMode))
             return DeviceStatus::ValueOutOfRange;
     }
     return DeviceStatus::Success;
@@ -90,8 +90,8 @@ DeviceStatus checkRelation(const SimState &state, const s_Relation &relation)
     }
     const bool isOneOfThem = relation.actualInterface == relation.interfaceA
         || relation.actualInterface == relation.interfaceB;
-    return isCode(relation.type) && isOneOfThem ? DeviceStatus::Success
-                                                : DeviceStatus::ValueOutOfRange;
+    return isUInt16(relation.type) && isOneOfThem ? DeviceStatus::Success
+                                                  : DeviceStatus::ValueOutOfRange;
 }
 
 /// Calls \a check for each element of \a list. Returns the status of the first one that is refused.
@@ -128,7 +128,7 @@ DeviceStatus writeDeviceGeneral(SimState &state, const Request &request, Reports
     s_General record;
     if (!decoded(request.body, record))
         return DeviceStatus::MalformedBody;
-    if (record.general.name.empty() || record.general.name.size() > longestName)
+    if (record.general.name.empty() || record.general.name.size() > maxNameLength)
         return DeviceStatus::ValueOutOfRange;
     state.device.general.name = record.general.name;
     return DeviceStatus::Success;

@@ -12,7 +12,7 @@ using namespace ProtoModel::File;
 
 namespace {
 
-constexpr std::size_t longestName = 255; ///< Bytes of the name of a file.
+constexpr std::size_t maxNameLength = 255; ///< Bytes of the name of a file.
 constexpr std::size_t maxUploads = 16; ///< Simultaneous uploads on one connection.
 
 /// The type of a transfer in a progress report.
@@ -35,7 +35,7 @@ DeviceStatus checkAnnounced(const SimState &state, const s_FileInfo &file)
 {
     if (!isFileIdentity(file) || !isFileName(file.general) || file.size.length < 0)
         return DeviceStatus::ValueOutOfRange;
-    if (file.size.length > state.files.longestContent())
+    if (file.size.length > state.files.maxContentLength())
         return DeviceStatus::BodyTooLong;
     const bool hasInterface = keyOf(file.interfaceIds) != InterfaceKey{};
     return hasInterface && !find(state, file.interfaceIds) ? DeviceStatus::NoSuchObject
@@ -60,10 +60,10 @@ Upload *findUpload(SimState &state, const Request &request)
     const FileKey key = namedFile(request);
     if (request.sendCount == 0) {
         uploads.erase(key);
-        return &uploads.emplace(key, Upload{state.files.receive(), request.totalCount})
+        return &uploads.emplace(key, Upload{state.files.beginContent(), request.totalCount})
                     .first->second;
     }
-    Upload *const upload = valueOf(uploads, key);
+    Upload *const upload = findValue(uploads, key);
     const bool isNext =
         upload && upload->next == request.sendCount && upload->totalCount == request.totalCount;
     return isNext ? upload : nullptr;
@@ -77,7 +77,7 @@ qint64 bytesIn(const Uploads &uploads)
 }
 
 /// Stores a complete content.
-DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingContent content)
+DeviceStatus storeContent(SimState &state, const s_FileInfo &announced, IncomingContent content)
 {
     const s_FileSize &size = announced.size;
     if ((size.length != 0 && size.length != content.length())
@@ -88,7 +88,7 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
     detail.general = announced.general;
     detail.size = size;
     FileChanges changes = state.files.change();
-    if (!state.files.place(changes, detail, std::move(content)))
+    if (!state.files.put(changes, detail, std::move(content)))
         return DeviceStatus::StorageFailed;
     const DeviceStatus status = commit(state, changes);
     if (status == DeviceStatus::Success)
@@ -97,20 +97,20 @@ DeviceStatus finish(SimState &state, const s_FileInfo &announced, IncomingConten
 }
 
 /// Takes the expected packet.
-DeviceStatus take(SimState &state, const s_FileInfo &announced, Upload &upload,
-                  const Request &request)
+DeviceStatus addPacket(SimState &state, const s_FileInfo &announced, Upload &upload,
+                       const Request &request)
 {
     const qint64 limit =
-        announced.size.length != 0 ? announced.size.length : state.files.longestContent();
+        announced.size.length != 0 ? announced.size.length : state.files.maxContentLength();
     const auto length = static_cast<qint64>(request.body.size());
     if (upload.content.length() + length > limit)
         return announced.size.length != 0 ? DeviceStatus::WrongContent : DeviceStatus::BodyTooLong;
-    if (bytesIn(*request.uploads) + length > state.files.maxUnfinished()
+    if (bytesIn(*request.uploads) + length > state.files.maxUnfinishedBytes()
         || !upload.content.append(request.body))
         return DeviceStatus::StorageFailed;
     if (++upload.next < upload.totalCount)
         return DeviceStatus::Success;
-    return finish(state, announced, std::move(upload.content));
+    return storeContent(state, announced, std::move(upload.content));
 }
 
 } // namespace
@@ -123,7 +123,7 @@ bool isFileIdentity(const s_FileIdentity &id)
 
 bool isFileName(const s_FileGeneral &general)
 {
-    return !general.name.empty() && general.name.size() <= longestName;
+    return !general.name.empty() && general.name.size() <= maxNameLength;
 }
 
 DeviceStatus commit(SimState &state, const FileChanges &changes)
@@ -135,7 +135,7 @@ std::string readFiles(const SimState &state, const Request &request)
 {
     std::vector<s_FileDetail> list;
     for (const auto &[key, file] : state.files.index()) {
-        if (passes(file.fileType, request.arg2[0]) && passes(file.fileId, request.arg2[1]))
+        if (matches(file.fileType, request.arg2[0]) && matches(file.fileId, request.arg2[1]))
             list.push_back(file);
     }
     return encoded(list);
@@ -173,7 +173,7 @@ DeviceStatus writeFileGeneral(SimState &state, const Request &request, Reports &
         changes.remove(keyOf(wanted));
         if (changes.find(keyOf(destination)))
             return DeviceStatus::Busy;
-        changes.place(std::move(moved));
+        changes.put(std::move(moved));
     }
     return commit(state, changes);
 }
@@ -188,14 +188,14 @@ DeviceStatus writeFileAnnounced(SimState &state, const Request &request, Reports
 DeviceStatus writeFileContent(SimState &state, const Request &request, Reports &reports)
 {
     const FileKey key = namedFile(request);
-    const s_FileInfo *const announced = valueOf(state.announced, key);
+    const s_FileInfo *const announced = findValue(state.announced, key);
     if (!announced)
         return DeviceStatus::NoSuchObject;
     if (request.uploads->size() >= maxUploads && request.uploads->count(key) == 0)
         return DeviceStatus::Busy;
     Upload *const upload = findUpload(state, request);
     const DeviceStatus status =
-        upload ? take(state, *announced, *upload, request) : DeviceStatus::WrongPacket;
+        upload ? addPacket(state, *announced, *upload, request) : DeviceStatus::WrongPacket;
     const qint64 done = request.sendCount + qint64{status == DeviceStatus::Success};
     const auto percent =
         static_cast<qint32>(std::min<qint64>(done * 100 / request.totalCount, 100));
@@ -211,7 +211,7 @@ DeviceStatus writeFileContent(SimState &state, const Request &request, Reports &
 
 Answer readContent(const SimState &state, const Request &request)
 {
-    const StoredFile *const file = valueOf(state.files.index(), namedFile(request));
+    const StoredFile *const file = findValue(state.files.index(), namedFile(request));
     if (!file)
         return {DeviceStatus::NoSuchObject, {}, nullptr};
     auto content = state.files.content(*file);

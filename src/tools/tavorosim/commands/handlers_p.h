@@ -116,16 +116,16 @@ DeviceStatus writeDeviceRecord(SimState &state, const Request &request, Reports 
 
 constexpr quint8 noRestriction = 0xFF;
 
-/// True if \a value passes the filter byte of a read.
-inline bool passes(qint32 value, quint8 filter)
+/// True if \a value matches the filter byte of a read.
+inline bool matches(qint32 value, quint8 filter)
 {
     return filter == noRestriction || value == filter;
 }
 
-/// True if \a type passes the filter of a type, for which 0 restricts nothing either.
-inline bool passesType(qint32 type, quint8 filter)
+/// True if \a type matches the filter of a type, for which 0 restricts nothing either.
+inline bool matchesType(qint32 type, quint8 filter)
 {
-    return filter == 0 || passes(type, filter);
+    return filter == 0 || matches(type, filter);
 }
 
 } // namespace Tavoro::Sim

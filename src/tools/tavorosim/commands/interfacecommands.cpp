@@ -9,48 +9,48 @@ using namespace ProtoModel::Interface;
 
 namespace {
 
-constexpr qint32 asItComes = 255; ///< Preset of a value that the signal determines.
+constexpr qint32 automatic = 255; ///< Preset of a value that the signal determines.
 
-void ask(qint32 &preset, qint32 &actual, qint32 asked)
+void setPreset(qint32 &preset, qint32 &actual, qint32 wanted)
 {
-    preset = asked;
-    if (asked != asItComes)
-        actual = asked;
+    preset = wanted;
+    if (wanted != automatic)
+        actual = wanted;
 }
 
 // How an interface takes each kind of body: it stores the preset only, and the signal follows.
 // clang-format off
-void follow(s_ColorDepthBody &now, const s_ColorDepthBody &asked) { ask(now.presetColorDepth, now.actualColorDepth, asked.presetColorDepth); }
-void follow(s_ColorSpaceBody &now, const s_ColorSpaceBody &asked) { ask(now.presetColorSpace, now.actualColorSpace, asked.presetColorSpace); }
-void follow(s_ColorRangeBody &now, const s_ColorRangeBody &asked) { ask(now.presetColorRange, now.actualColorRange, asked.presetColorRange); }
-void follow(s_ColorGamutBody &now, const s_ColorGamutBody &asked) { ask(now.presetColorGamut, now.actualColorGamut, asked.presetColorGamut); }
+void applyPreset(s_ColorDepthBody &now, const s_ColorDepthBody &wanted) { setPreset(now.presetColorDepth, now.actualColorDepth, wanted.presetColorDepth); }
+void applyPreset(s_ColorSpaceBody &now, const s_ColorSpaceBody &wanted) { setPreset(now.presetColorSpace, now.actualColorSpace, wanted.presetColorSpace); }
+void applyPreset(s_ColorRangeBody &now, const s_ColorRangeBody &wanted) { setPreset(now.presetColorRange, now.actualColorRange, wanted.presetColorRange); }
+void applyPreset(s_ColorGamutBody &now, const s_ColorGamutBody &wanted) { setPreset(now.presetColorGamut, now.actualColorGamut, wanted.presetColorGamut); }
 // clang-format on
 
-void follow(s_HDRBody &now, const s_HDRBody &asked)
+void applyPreset(s_HDRBody &now, const s_HDRBody &wanted)
 {
-    follow(now.colorGamut, asked.colorGamut);
-    now.dynamicRange.presetDynamicRange = asked.dynamicRange.presetDynamicRange;
-    if (asked.dynamicRange.presetDynamicRange.type != asItComes)
-        now.dynamicRange.actualDynamicRange = asked.dynamicRange.presetDynamicRange;
+    applyPreset(now.colorGamut, wanted.colorGamut);
+    now.dynamicRange.presetDynamicRange = wanted.dynamicRange.presetDynamicRange;
+    if (wanted.dynamicRange.presetDynamicRange.type != automatic)
+        now.dynamicRange.actualDynamicRange = wanted.dynamicRange.presetDynamicRange;
 }
 
-void follow(s_InterfaceGeneralBody &now, const s_InterfaceGeneralBody &asked)
+void applyPreset(s_InterfaceGeneralBody &now, const s_InterfaceGeneralBody &wanted)
 {
-    now.name = asked.name;
-    now.nameGB2312 = asked.nameGB2312;
+    now.name = wanted.name;
+    now.nameGB2312 = wanted.nameGB2312;
 }
 
 bool isPreset(const s_ColorDepthBody &body)
 {
-    return isCode(body.presetColorDepth);
+    return isUInt16(body.presetColorDepth);
 }
 bool isPreset(const s_ColorSpaceBody &body)
 {
-    return isCode(body.presetColorSpace);
+    return isUInt16(body.presetColorSpace);
 }
 bool isPreset(const s_ColorRangeBody &body)
 {
-    return isCode(body.presetColorRange);
+    return isUInt16(body.presetColorRange);
 }
 bool isPreset(const s_InterfaceGeneralBody & /*body*/)
 {
@@ -58,8 +58,8 @@ bool isPreset(const s_InterfaceGeneralBody & /*body*/)
 }
 bool isPreset(const s_HDRBody &body)
 {
-    return isCode(body.colorGamut.presetColorGamut)
-        && isCode(body.dynamicRange.presetDynamicRange.type);
+    return isUInt16(body.colorGamut.presetColorGamut)
+        && isUInt16(body.dynamicRange.presetDynamicRange.type);
 }
 
 /// The record that reports member \a To of \a interface as member \a From.
@@ -80,7 +80,7 @@ DeviceStatus writePreset(SimState &state, const Request &request, Reports &repor
     const DeviceStatus status = writeEach<Record>(
         state, request, checkMember<From, isPreset>, [&](SimState &now, const Record &record) {
             s_InterfaceDetail &interface = *find(now, identityOf(record));
-            follow(interface.*To, record.*From);
+            applyPreset(interface.*To, record.*From);
             changed.push_back(recordOf<From, To>(interface));
         });
     if (!changed.empty())
@@ -94,8 +94,8 @@ std::string readInterfaces(const SimState &state, const Request &request)
 {
     std::vector<s_InterfaceDetail> list;
     for (const auto &[key, interface] : state.interfaces) {
-        if (passesType(interface.general.type, request.arg2[2])
-            && passes(interface.interfaceId.slotId, request.arg2[1]))
+        if (matchesType(interface.general.type, request.arg2[2])
+            && matches(interface.interfaceId.slotId, request.arg2[1]))
             list.push_back(interface);
     }
     return encoded(list);

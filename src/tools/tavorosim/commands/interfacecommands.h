@@ -24,7 +24,7 @@ DeviceStatus writeHDCP(SimState &state, const Request &request, Reports &reports
 
 /// The report of the actual timing of the interface.
 Report reportTiming(const ProtoModel::Interface::s_InterfaceDetail &interface);
-/// The report of the actual color depth of the interface.
+/// The report of the actual colour depth of the interface.
 Report reportColorDepth(const ProtoModel::Interface::s_InterfaceDetail &interface);
 
 } // namespace Tavoro::Sim

@@ -24,7 +24,7 @@ std::pair<Layers::iterator, Layers::iterator> layersOf(Setup &setup, const s_Scr
             setup.layers.upper_bound({screen.screenType, screen.screenId, most, most, 255})};
 }
 
-bool isThere(const SimState &state, const s_SourceGeneral &source)
+bool exists(const SimState &state, const s_SourceGeneral &source)
 {
     switch (source.type) {
     case NoSource:
@@ -44,31 +44,31 @@ bool isThere(const SimState &state, const s_SourceGeneral &source)
 
 DeviceStatus checkSource(const SimState &state, const s_LayerSourceBody &source)
 {
-    if (!isThere(state, source.general))
+    if (!exists(state, source.general))
         return DeviceStatus::NoSuchObject;
     return std::all_of(source.crop.begin(), source.crop.end(), isCrop)
         ? DeviceStatus::Success
         : DeviceStatus::ValueOutOfRange;
 }
 
-DeviceStatus checkPlace(const SimState &state, const s_LayerIdentity &id)
+DeviceStatus checkIdentity(const SimState &state, const s_LayerIdentity &id)
 {
     if (!find(state, static_cast<const s_ScreenId &>(id)))
         return DeviceStatus::NoSuchObject;
     const bool isValid =
-        (id.sceneType == PreviewScene || id.sceneType == ProgrammeScene) && isCode(id.layerType);
+        (id.sceneType == PreviewScene || id.sceneType == ProgrammeScene) && isUInt16(id.layerType);
     return isValid ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }
 
 template <class Record>
 DeviceStatus checkEnable(const SimState &state, const Record &layer)
 {
-    DeviceStatus status = checkPlace(state, layer.layerIdenti);
+    DeviceStatus status = checkIdentity(state, layer.layerIdenti);
     if (status == DeviceStatus::Success)
         status = checkSource(state, layer.source);
     if (status != DeviceStatus::Success)
         return status;
-    const bool isValid = isCode(layer.zorder) && isLayerGeneral(layer.general)
+    const bool isValid = isUInt16(layer.zorder) && isLayerGeneral(layer.general)
         && isWindow(layer.window) && isBorder(layer.border);
     return isValid ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }
@@ -85,7 +85,7 @@ DeviceStatus checkEnableAll(const SimState &state, const s_LayerFullDetail &laye
 }
 
 /// Moves a layer to position \a zorder of its scene, and the layers there up.
-void stack(SimState &state, s_LayerFullDetail &layer, qint32 zorder)
+void moveToZOrder(SimState &state, s_LayerFullDetail &layer, qint32 zorder)
 {
     std::vector<s_LayerFullDetail *> above;
     const auto [first, last] = layersOf(state, layer.layerIdenti);
@@ -108,7 +108,7 @@ void enableAll(SimState &state, const s_LayerFullDetail &wanted)
 {
     s_LayerFullDetail &layer = state.layers[keyOf(wanted.layerIdenti)];
     layer = wanted;
-    stack(state, layer, wanted.zorder);
+    moveToZOrder(state, layer, wanted.zorder);
 }
 
 void enable(SimState &state, const s_LayerEnable &wanted)
@@ -119,10 +119,10 @@ void enable(SimState &state, const s_LayerEnable &wanted)
     layer.source = wanted.source;
     layer.window = wanted.window;
     layer.border = wanted.border;
-    stack(state, layer, wanted.zorder);
+    moveToZOrder(state, layer, wanted.zorder);
 }
 
-DeviceStatus checkThere(const SimState &state, const s_LayerRemoved &layer)
+DeviceStatus checkExists(const SimState &state, const s_LayerRemoved &layer)
 {
     return find(state, layer.layerIdenti) ? DeviceStatus::Success : DeviceStatus::NoSuchObject;
 }
@@ -139,7 +139,7 @@ DeviceStatus removeAll(SimState &state, const Request &request)
 }
 
 /// Takes the layers of one scene out of the state.
-std::vector<s_LayerFullDetail> takeOut(SimState &state, const s_ScreenId &screen, qint32 scene)
+std::vector<s_LayerFullDetail> extractScene(SimState &state, const s_ScreenId &screen, qint32 scene)
 {
     std::vector<s_LayerFullDetail> taken;
     auto [layer, last] = layersOf(state, screen);
@@ -154,7 +154,7 @@ std::vector<s_LayerFullDetail> takeOut(SimState &state, const s_ScreenId &screen
     return taken;
 }
 
-void putIn(SimState &state, std::vector<s_LayerFullDetail> layers, qint32 scene)
+void insertScene(SimState &state, std::vector<s_LayerFullDetail> layers, qint32 scene)
 {
     for (s_LayerFullDetail &layer : layers) {
         layer.layerIdenti.sceneType = scene;
@@ -170,8 +170,8 @@ std::string readLayers(const SimState &state, const Request &request)
     std::vector<s_LayerFullDetail> list;
     for (const auto &[key, layer] : state.layers) {
         const s_LayerIdentity &id = layer.layerIdenti;
-        if (passes(id.screenId, request.arg2[3]) && passesType(id.screenType, request.arg2[2])
-            && passes(id.sceneType, request.arg2[1]) && passes(id.layerType, request.arg2[0]))
+        if (matches(id.screenId, request.arg2[3]) && matchesType(id.screenType, request.arg2[2])
+            && matches(id.sceneType, request.arg2[1]) && matches(id.layerType, request.arg2[0]))
             list.push_back(layer);
     }
     return encoded(list);
@@ -189,9 +189,10 @@ DeviceStatus writeLayerEnable(SimState &state, const Request &request, Reports &
 
 DeviceStatus writeLayerZOrder(SimState &state, const Request &request, Reports & /*reports*/)
 {
-    return writeEach<s_LayerZorder>(state, request, checkMember<&s_LayerZorder::zorder, isCode>,
+    return writeEach<s_LayerZorder>(state, request, checkMember<&s_LayerZorder::zorder, isUInt16>,
                                     [](SimState &now, const s_LayerZorder &record) {
-                                        stack(now, *find(now, record.layerIdenti), record.zorder);
+                                        moveToZOrder(now, *find(now, record.layerIdenti),
+                                                     record.zorder);
                                     });
 }
 
@@ -211,7 +212,7 @@ DeviceStatus writeLayerRemoved(SimState &state, const Request &request, Reports 
 {
     if (request.arg2[0] == noRestriction && request.arg2[1] == noRestriction)
         return removeAll(state, request);
-    return writeEach<s_LayerRemoved>(state, request, checkThere,
+    return writeEach<s_LayerRemoved>(state, request, checkExists,
                                      [](SimState &now, const s_LayerRemoved &layer) {
                                          now.layers.erase(keyOf(layer.layerIdenti));
                                      });
@@ -225,17 +226,17 @@ void removeLayers(Setup &setup, const s_ScreenId &screen)
 
 void swapScenes(SimState &state, const s_ScreenId &screen)
 {
-    std::vector<s_LayerFullDetail> preview = takeOut(state, screen, PreviewScene);
-    putIn(state, takeOut(state, screen, ProgrammeScene), PreviewScene);
-    putIn(state, std::move(preview), ProgrammeScene);
+    std::vector<s_LayerFullDetail> preview = extractScene(state, screen, PreviewScene);
+    insertScene(state, extractScene(state, screen, ProgrammeScene), PreviewScene);
+    insertScene(state, std::move(preview), ProgrammeScene);
 }
 
 void copyPreviewToProgramme(SimState &state, const s_ScreenId &screen)
 {
-    std::vector<s_LayerFullDetail> preview = takeOut(state, screen, PreviewScene);
-    takeOut(state, screen, ProgrammeScene);
-    putIn(state, preview, PreviewScene);
-    putIn(state, std::move(preview), ProgrammeScene);
+    std::vector<s_LayerFullDetail> preview = extractScene(state, screen, PreviewScene);
+    extractScene(state, screen, ProgrammeScene);
+    insertScene(state, preview, PreviewScene);
+    insertScene(state, std::move(preview), ProgrammeScene);
 }
 
 } // namespace Tavoro::Sim

@@ -70,7 +70,7 @@ s_DeviceProcess loadOf(const SimState &state)
     return process;
 }
 
-void passLoading(SimState &state, qint64 milliseconds, Reports &reports)
+void advanceLoading(SimState &state, qint64 milliseconds, Reports &reports)
 {
     Maintenance &now = state.maintenance;
     if (!now.isLoading)
@@ -149,7 +149,7 @@ std::string readLosses(const SimState &state, const Request & /*request*/)
         const auto connector = static_cast<quint8>(interface.interfaceId.connectorId);
         if (list.empty() || list.back().slotId != slot)
             list.push_back({slot, {}});
-        const quint32 *const times = valueOf(losses, {slot, connector});
+        const quint32 *const times = findValue(losses, {slot, connector});
         list.back().connectors.push_back({connector, times ? *times : 0});
     }
     return encoded(list);
@@ -171,7 +171,7 @@ DeviceStatus writeCutoutPosition(SimState &state, const Request &request, Report
         return DeviceStatus::ValueOutOfRange;
     if (point.enable == 0)
         return DeviceStatus::Success;
-    const auto picture = pictureOf(state, point.type, point.id);
+    const auto picture = findPicture(state, point.type, point.id);
     if (!picture)
         return DeviceStatus::NoSuchObject;
     const auto [x, y] = point.pos;
@@ -245,13 +245,13 @@ void switchOn(SimState &state)
     now.isLoading = !state.files.index().empty();
 }
 
-bool isAtWork(const SimState &state)
+bool hasTimedWork(const SimState &state)
 {
     const Maintenance &now = state.maintenance;
     return now.isLoading || now.upgrade.isRunning() || now.power == Power::Restarting;
 }
 
-void pass(SimState &state, qint64 milliseconds, Reports &reports)
+void advanceTime(SimState &state, qint64 milliseconds, Reports &reports)
 {
     Maintenance &now = state.maintenance;
     now.uptime += milliseconds;
@@ -260,7 +260,7 @@ void pass(SimState &state, qint64 milliseconds, Reports &reports)
         if (now.restartLeft <= 0)
             switchOn(state);
     } else if (now.power == Power::On) {
-        passLoading(state, milliseconds, reports);
+        advanceLoading(state, milliseconds, reports);
         if (now.upgrade.advance(milliseconds))
             switchOff(state, Power::Restarting);
     }

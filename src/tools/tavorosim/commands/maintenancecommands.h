@@ -15,7 +15,7 @@ DeviceStatus writeSave(SimState &state, const Request &request, Reports &reports
 DeviceStatus writeLossCount(SimState &state, const Request &request, Reports &reports);
 /// The counts of all inputs.
 std::string readLosses(const SimState &state, const Request &request);
-/// Reports the color at a point of an input (type 1) or of a screen (3) to all clients.
+/// Reports the colour at a point of an input (type 1) or of a screen (3) to all clients.
 DeviceStatus writeCutoutPosition(SimState &state, const Request &request, Reports &reports);
 std::string readSelfCheck(const SimState &state, const Request &request);
 DeviceStatus writeDeviceTime(SimState &state, const Request &request, Reports &reports);
@@ -30,8 +30,8 @@ void switchOff(SimState &state, Power power);
 /// Switches the device on again, with the saved setup; it loads its files.
 void switchOn(SimState &state);
 /// True while something runs that takes time.
-bool isAtWork(const SimState &state);
+bool hasTimedWork(const SimState &state);
 /// Advances the device's clock.
-void pass(SimState &state, qint64 milliseconds, Reports &reports);
+void advanceTime(SimState &state, qint64 milliseconds, Reports &reports);
 
 } // namespace Tavoro::Sim

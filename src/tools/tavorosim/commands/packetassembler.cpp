@@ -78,7 +78,7 @@ PacketAssembler::Packet PacketAssembler::answerFirst(const WireHead &head, std::
         forgetStream(m_writes, head);
     if (!isOfType(head, CommandType::Write) || head.totalCount <= 1)
         return answerWhole(head, std::move(body));
-    if (m_writes.size() >= maxStreams || bytesIn(m_writes) + body.size() > maxCollected)
+    if (m_writes.size() >= maxStreams || bytesIn(m_writes) + body.size() > maxCollectedBytes)
         return emptyAnswer(head, DeviceStatus::Busy);
     m_writes.push_back(Stream{head, 1, head.totalCount, std::move(body), nullptr});
     return emptyAnswer(head, DeviceStatus::Success);
@@ -90,7 +90,7 @@ PacketAssembler::Packet PacketAssembler::answerFurther(const WireHead &head, std
         return collect(head, std::move(body));
     if (isOfType(head, CommandType::BinaryWrite))
         return answerWhole(head, std::move(body));
-    return handOut(head);
+    return answerNextPacket(head);
 }
 
 /// True if a further packet belongs to the split write of its stream, even if its type is wrong.
@@ -130,7 +130,7 @@ PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::
     Packet first = piece(head, stream, 0);
     if (stream.totalCount > 1) {
         keepAnswer(std::move(stream));
-        m_handedOut = quint16{head.stream}; // the field is packed: no reference to it
+        m_lastAnswered = quint16{head.stream}; // the field is packed: no reference to it
     }
     return first;
 }
@@ -138,7 +138,8 @@ PacketAssembler::Packet PacketAssembler::answerWhole(const WireHead &head, std::
 void PacketAssembler::keepAnswer(Stream answer)
 {
     m_answers.push_back(std::move(answer));
-    while (m_answers.size() > maxStreams || (m_answers.size() > 1 && bytesIn(m_answers) > maxKept))
+    while (m_answers.size() > maxStreams
+           || (m_answers.size() > 1 && bytesIn(m_answers) > maxKeptBytes))
         m_answers.pop_front();
 }
 
@@ -167,12 +168,13 @@ DeviceStatus PacketAssembler::checkFurther(const WireHead &head, const Stream &w
     if (head.sendCount != write.next || head.totalCount != write.totalCount
         || !areOfOneExchange(head, write.first))
         return DeviceStatus::WrongPacket;
-    if (write.body.size() + length > maxCollected)
+    if (write.body.size() + length > maxCollectedBytes)
         return DeviceStatus::BodyTooLong;
-    return bytesIn(m_writes) + length > maxCollected ? DeviceStatus::Busy : DeviceStatus::Success;
+    return bytesIn(m_writes) + length > maxCollectedBytes ? DeviceStatus::Busy
+                                                          : DeviceStatus::Success;
 }
 
-PacketAssembler::Packet PacketAssembler::handOut(const WireHead &head)
+PacketAssembler::Packet PacketAssembler::answerNextPacket(const WireHead &head)
 {
     const auto stream = findStream(m_answers, head.stream);
     if (stream == m_answers.end() || !areOfOneExchange(head, stream->first))
@@ -180,7 +182,7 @@ PacketAssembler::Packet PacketAssembler::handOut(const WireHead &head)
     if (head.sendCount != stream->next || head.totalCount != stream->totalCount)
         return emptyAnswer(head, DeviceStatus::WrongPacket);
     Packet packet = piece(head, *stream, stream->next);
-    m_handedOut = quint16{head.stream}; // the field is packed: no reference to it
+    m_lastAnswered = quint16{head.stream}; // the field is packed: no reference to it
     if (++stream->next == stream->totalCount)
         m_answers.erase(stream);
     return packet;
@@ -204,12 +206,12 @@ PacketAssembler::Packet PacketAssembler::piece(const WireHead &request, Stream &
 
 void PacketAssembler::readAhead()
 {
-    if (!m_handedOut)
+    if (!m_lastAnswered)
         return;
-    const auto stream = findStream(m_answers, *m_handedOut);
-    m_handedOut.reset();
+    const auto stream = findStream(m_answers, *m_lastAnswered);
+    m_lastAnswered.reset();
     if (stream == m_answers.end() || !stream->content || stream->ahead
-        || bytesIn(m_answers) + m_packetSize > maxKept)
+        || bytesIn(m_answers) + m_packetSize > maxKeptBytes)
         return;
     std::string body = cut(*stream, std::size_t{stream->next} * m_packetSize);
     const quint32 checksum = SSProxy::Wire::crc32(body);

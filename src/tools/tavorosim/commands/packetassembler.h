@@ -34,8 +34,8 @@ public:
     static constexpr quint32 maxPackets = 65536; ///< A client takes no more of one answer.
     static constexpr std::size_t maxStreams = 16; ///< Split writes, and answers.
     /// Bytes of all split writes together, and so the longest body of one.
-    static constexpr std::size_t maxCollected = std::size_t{64} << 20;
-    static constexpr std::size_t maxKept = std::size_t{64} << 20; ///< Bytes of all answers.
+    static constexpr std::size_t maxCollectedBytes = std::size_t{64} << 20;
+    static constexpr std::size_t maxKeptBytes = std::size_t{64} << 20; ///< Bytes of all answers.
 
     /// \a packetSize is the longest body of a packet in either direction.
     PacketAssembler(quint32 packetSize, CarryOut carryOut);
@@ -71,7 +71,7 @@ private:
     DeviceStatus checkFurther(const SSProxy::Wire::WireHead &head, const Stream &write,
                               std::size_t length) const;
     void keepAnswer(Stream answer);
-    Packet handOut(const SSProxy::Wire::WireHead &head);
+    Packet answerNextPacket(const SSProxy::Wire::WireHead &head);
     Packet piece(const SSProxy::Wire::WireHead &request, Stream &stream, quint32 index) const;
     std::size_t lengthOf(const Stream &stream) const;
     std::string cut(const Stream &stream, std::size_t offset) const;
@@ -80,7 +80,7 @@ private:
     const CarryOut m_carryOut;
     Streams m_writes;
     Streams m_answers;
-    std::optional<quint16> m_handedOut; ///< Stream of the unfinished answer that was sent last.
+    std::optional<quint16> m_lastAnswered; ///< Stream of the unfinished answer that was sent last.
     Uploads m_uploads;
 };
 

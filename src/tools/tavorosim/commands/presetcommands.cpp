@@ -112,7 +112,7 @@ DeviceStatus applyPreset(const SimState &state, Setup &setup, const s_PresetPlay
 {
     if (play.applyType != AsStored && play.applyType != IntoPreview)
         return DeviceStatus::ValueOutOfRange;
-    const StoredFile *const file = valueOf(state.files.index(), keyOf(play));
+    const StoredFile *const file = findValue(state.files.index(), keyOf(play));
     const auto content = file ? state.files.content(*file) : nullptr;
     if (!content)
         return DeviceStatus::NoSuchObject;
@@ -155,42 +155,42 @@ bool makeProject(SimState &state, const s_CreateProjFile &record, FileChanges &c
     StoredProject stored;
     for (const auto &[key, screen] : state.screens)
         addScreen(stored, state, screen);
-    const auto isHeld = [&](const StoredFile &file) {
+    const auto isIncluded = [&](const StoredFile &file) {
         return keyOf(file) != keyOf(record) && isContained(record.contain, file.fileType);
     };
     const FileIndex index = changes.applied();
     for (const auto &[key, file] : index) {
-        if (isHeld(file))
+        if (isIncluded(file))
             stored.files.push_back(file);
     }
-    IncomingContent project = state.files.receive();
+    IncomingContent project = state.files.beginContent();
     bool ok = project.append(encoded(stored) + '\n');
     for (const auto &[key, file] : index) {
-        const auto content = isHeld(file) ? state.files.content(file) : nullptr;
-        if (isHeld(file))
+        const auto content = isIncluded(file) ? state.files.content(file) : nullptr;
+        if (isIncluded(file))
             ok = ok && content && copy(*content, file.size.length, project);
     }
     s_FileDetail detail;
     static_cast<s_FileIdentity &>(detail) = record;
     detail.general = record.general;
-    return ok && state.files.place(changes, detail, std::move(project));
+    return ok && state.files.put(changes, detail, std::move(project));
 }
 
 DeviceStatus applyProject(SimState &state, Setup &setup, FileChanges &changes,
                           const s_ProjectFileApply &apply)
 {
-    const StoredFile *const file = valueOf(state.files.index(), keyOf(apply));
+    const StoredFile *const file = findValue(state.files.index(), keyOf(apply));
     const auto content = file ? state.files.content(*file) : nullptr;
     if (!content)
         return DeviceStatus::NoSuchObject;
     StoredProject stored;
     if (!decoded(content->readLine().toStdString(), stored))
         return DeviceStatus::WrongContent;
-    for (const s_FileDetail &held : stored.files) {
-        IncomingContent part = state.files.receive();
-        if (!copy(*content, held.size.length, part))
+    for (const s_FileDetail &included : stored.files) {
+        IncomingContent part = state.files.beginContent();
+        if (!copy(*content, included.size.length, part))
             return DeviceStatus::WrongContent;
-        if (!state.files.place(changes, held, std::move(part)))
+        if (!state.files.put(changes, included, std::move(part)))
             return DeviceStatus::StorageFailed;
     }
     setup.screens.clear();

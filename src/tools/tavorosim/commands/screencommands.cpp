@@ -16,7 +16,7 @@ namespace {
 using Screens = std::map<ScreenKey, s_ScreenFullDetail>;
 
 constexpr qint32 endOfTBar = 100;
-constexpr qint32 maxScreenTypes = 4;
+constexpr qint32 maxScreenType = 4;
 
 /// Whether another screen than \a screen shows something on \a output.
 bool isTaken(const Screens &screens, const s_ScreenId &screen, const s_InterfaceID &output)
@@ -32,7 +32,7 @@ bool isTaken(const Screens &screens, const s_ScreenId &screen, const s_Interface
 
 DeviceStatus checkShape(const s_Enable &wanted)
 {
-    const bool isValid = wanted.screenType >= 1 && wanted.screenType <= maxScreenTypes
+    const bool isValid = wanted.screenType >= 1 && wanted.screenType <= maxScreenType
         && isMosaic(wanted.mosaic) && isPhysicalSize(wanted.physicalSize);
     return isValid ? DeviceStatus::Success : DeviceStatus::ValueOutOfRange;
 }
@@ -81,8 +81,8 @@ std::string readScreens(const SimState &state, const Request &request)
 {
     std::vector<s_ScreenFullDetail> list;
     for (const auto &[key, screen] : state.screens) {
-        if (passes(screen.screenId, request.arg2[3])
-            && passesType(screen.screenType, request.arg2[2]))
+        if (matches(screen.screenId, request.arg2[3])
+            && matchesType(screen.screenType, request.arg2[2]))
             list.push_back(screen);
     }
     return encoded(list);

@@ -29,7 +29,7 @@ std::string versionText(quint32 revision)
     return "1.0." + std::to_string(revision);
 }
 
-bool isThere(const SimState &state, const s_UpgradePart &part)
+bool exists(const SimState &state, const s_UpgradePart &part)
 {
     const std::vector<Unit> units = unitsOf(state);
     return std::any_of(units.begin(), units.end(), [&](const Unit &unit) {
@@ -37,7 +37,7 @@ bool isThere(const SimState &state, const s_UpgradePart &part)
     });
 }
 
-bool isThere(quint16 section)
+bool exists(quint16 section)
 {
     return std::any_of(std::begin(sectionRows), std::end(sectionRows),
                        [=](const SectionRow &row) { return row.code == section; });
@@ -47,12 +47,12 @@ DeviceStatus checkParts(const SimState &state, const std::vector<s_UpgradePart> 
 {
     std::set<Upgrade::Section> named;
     for (const s_UpgradePart &part : parts) {
-        if (!isThere(state, part))
+        if (!exists(state, part))
             return DeviceStatus::NoSuchObject;
         if (part.section.empty())
             return DeviceStatus::ValueOutOfRange;
         for (const s_UpgradeSection &section : part.section) {
-            if (!isThere(section.code))
+            if (!exists(section.code))
                 return DeviceStatus::NoSuchObject;
             if (!named.insert({{part.type, part.slotId}, section.code}).second)
                 return DeviceStatus::ValueOutOfRange;

@@ -52,7 +52,7 @@ bool isDuration(const qint32 &value)
 }
 
 /// Why the last argument is not valid; nothing if it is.
-QString refusalOfLast(const ConsoleCommand &command, const QStringList &arguments)
+QString checkLastArgument(const ConsoleCommand &command, const QStringList &arguments)
 {
     bool isNumber = false;
     const int value = arguments.last().toInt(&isNumber);
@@ -138,16 +138,16 @@ Input *findInput(SimState &state, const Numbers &numbers)
 }
 
 /// True if \a pixels is a valid width or height of a picture.
-bool isSide(int pixels)
+bool isPictureSize(int pixels)
 {
-    return pixels >= 1 && isCode(pixels);
+    return pixels >= 1 && isUInt16(pixels);
 }
 
 QString setTiming(SimState & /*state*/, Input &input, const Numbers &numbers, Reports &reports)
 {
     const int width = numbers.at(2);
     const int height = numbers.at(3);
-    if (!isSide(width) || !isSide(height)) // so that the sums below do not overflow
+    if (!isPictureSize(width) || !isPictureSize(height)) // so that the sums below do not overflow
         return unsupportedTiming;
     s_TimingDetailBody timing;
     timing.refresh = numbers.at(4);
@@ -182,9 +182,9 @@ QString failUpgrade(SimState &state, const Numbers &numbers, Reports & /*reports
     return {};
 }
 
-QString passTime(SimState &state, const Numbers &numbers, Reports &reports)
+QString advanceClock(SimState &state, const Numbers &numbers, Reports &reports)
 {
-    pass(state, numbers.at(0), reports);
+    advanceTime(state, numbers.at(0), reports);
     return {};
 }
 
@@ -221,10 +221,10 @@ constexpr ConsoleCommand commands[] = {
 //   command     arguments                                effect                                         valid       range         handler
     {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 anyNumber,  "",           numeric<onInput<pullCable>>},
     {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,     "0 or 1",     numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "sets the color depth of an input's source",   isCode,     "0 to 65535", numeric<onInput<setDepth>>},
+    {"depth",    "SLOT CONNECTOR BITS",                   "sets the colour depth of an input's source",   isUInt16,   "0 to 65535", numeric<onInput<setDepth>>},
     {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,     "0 or 1",     numeric<setGenlock>},
     {"group",    "ID NAME",                               "names a group, and adds it if it is new",     anyNumber,  "",           setGroup},
-    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration, "0 or more",  numeric<passTime>},
+    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration, "0 or more",  numeric<advanceClock>},
     {"power",    "ID STATUS",                             "makes a power supply work (1) or fail (0)",   isFlag,     "0 or 1",     numeric<setPower>},
     {"relation", "INTERFACE",                             "switches a pair of interfaces to this one",   anyNumber,  "",           numeric<setRelation>},
     {"spoil",    "PERCENT",                               "makes the upgrade fail at this progress",     isPercent,  "0 to 100",   numeric<failUpgrade>},
@@ -252,7 +252,7 @@ ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString 
     const QString usage = QLatin1String(command->usage);
     if (parts.size() != usage.count(QLatin1Char(' ')) + 1)
         return {false, QStringLiteral("usage: %1 %2").arg(name, usage)};
-    QString fault = refusalOfLast(*command, parts);
+    QString fault = checkLastArgument(*command, parts);
     if (fault.isEmpty())
         fault = command->handler(state, parts, reports);
     return {fault.isEmpty(), fault};

@@ -27,10 +27,10 @@ struct Setting {
     bool hasValue;
 };
 
-bool setNumber(const QString &text, quint32 least, quint32 most, quint32 &number)
+bool setNumber(const QString &text, quint32 min, quint32 max, quint32 &number)
 {
     const std::optional<qint64> read = toNumber(text);
-    if (!read || *read < least || *read > most)
+    if (!read || *read < min || *read > max)
         return false;
     number = static_cast<quint32>(*read);
     return true;
@@ -82,15 +82,15 @@ bool setFault(FaultRule &rule, const Setting &setting, QString &error)
         return false;
     }
     const FaultRow &row = *rule.fault;
-    rule.value = row.usual;
+    rule.value = row.defaultValue;
     if (!setting.hasValue && !row.needsValue())
         return true;
-    if (row.takesValue() && setNumber(setting.value, row.least, row.most, rule.value))
+    if (row.takesValue() && setNumber(setting.value, row.min, row.max, rule.value))
         return true;
     error = row.takesValue() ? QStringLiteral("%1 takes a number from %2 to %3")
                                    .arg(setting.name)
-                                   .arg(row.least)
-                                   .arg(row.most)
+                                   .arg(row.min)
+                                   .arg(row.max)
                              : QStringLiteral("%1 takes no value").arg(setting.name);
     return false;
 }

@@ -44,7 +44,7 @@ void refuse(const FaultedRequest &request, Delivery &delivery)
     Packet packet{SSProxy::Wire::responseHead(request.head), {}};
     packet.head.status = static_cast<quint8>(request.value);
     delivery.bytes = frameOf(packet);
-    delivery.unworked = std::move(packet);
+    delivery.preparedAnswer = std::move(packet);
 }
 
 void answerLate(const FaultedRequest &request, Delivery &delivery)
@@ -130,10 +130,10 @@ void answerTwice(const FaultedRequest &request, Delivery &delivery)
 void answerAnother(const FaultedRequest &request, Delivery &delivery)
 {
     Packet packet = request.answer();
-    if (request.past.unanswered.lables != 0) {
-        packet.head.lables = request.past.unanswered.lables;
-        packet.head.stream = request.past.unanswered.stream;
-        packet.head.number = request.past.unanswered.number;
+    if (request.history.unanswered.lables != 0) {
+        packet.head.lables = request.history.unanswered.lables;
+        packet.head.stream = request.history.unanswered.stream;
+        packet.head.number = request.history.unanswered.number;
     }
     delivery.bytes = frameOf(packet);
 }
@@ -151,7 +151,7 @@ void swapPackets(const FaultedRequest &request, Delivery &delivery)
     head.totalCount = due.head.totalCount;
     head.sendCount = next;
     delivery.bytes = frameOf(request.makeAnswer(head));
-    auto &heldBack = request.past.heldBack;
+    auto &heldBack = request.history.heldBack;
     heldBack.push_back(std::move(due));
     if (heldBack.size() > PacketAssembler::maxStreams) // the oldest will not be requested
         heldBack.pop_front();
@@ -201,13 +201,13 @@ void flood(const FaultedRequest &request, Delivery &delivery)
 }
 
 constexpr quint32 tenMinutes = 600000;
-constexpr quint32 maxReports = 100000; ///< They fit into the buffer of SimClient::maxUnread.
+constexpr quint32 maxReports = 100000; ///< They fit into the buffer of SimClient::maxUnreadBytes.
 constexpr quint32 aboveEveryLimit = 0x10000000;
 
 // The device carries a request out unless the help says otherwise.
 // clang-format off
 constexpr FaultRow faultRows[] = {
-//   name                   value     least most         usual            help                                                           action
+//   name                   value     min   max          default          help                                                           injection
     {"status",              "NUMBER", 1,    255,         0,               "refuses the request with this status",                        refuse},
     {"late",                "MS",     1,    tenMinutes,  0,               "answers later",                                               answerLate},
     {"silent",              "",       0,    0,           0,               "never answers",                                               keepSilent},
@@ -236,7 +236,7 @@ constexpr FaultRow faultRows[] = {
     {"garble",              "BYTES",  1,    any,         1,               "replaces bytes of the body by #, in a valid frame",           garbleBody},
     {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault clear\"", stopReading},
     {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
-    {"flood",               "NUMBER", 1,    maxReports, 0,               "sends reports before the answer, up to 100000",               flood},
+    {"flood",               "NUMBER", 1,    maxReports,  0,               "sends reports before the answer, up to 100000",               flood},
 };
 // clang-format on
 

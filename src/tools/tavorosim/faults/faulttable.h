@@ -15,8 +15,8 @@ namespace Tavoro::Sim {
 /// The bytes that answer one request, and the effects on the connection.
 struct Delivery {
     QByteArray bytes;
-    /// The answer in \c bytes if it was made without carrying the request out.
-    std::optional<PacketAssembler::Packet> unworked = {};
+    /// The answer in \c bytes if MakeAnswer did not make it for this request.
+    std::optional<PacketAssembler::Packet> preparedAnswer = {};
     int delay = 0; ///< Milliseconds before the bytes are sent.
     bool endsConnection = false; ///< Ends the connection after the bytes.
     bool stopsReading = false;
@@ -26,7 +26,7 @@ struct Delivery {
 };
 
 /// The part of the history of one connection that faults need.
-struct ConnectionPast {
+struct ConnectionHistory {
     /// The last request without an answer; its tag is 0 if there is none.
     SSProxy::Wire::WireHead unanswered;
     /// Packets of swap-packets that wait for the next request.
@@ -41,7 +41,7 @@ struct FaultedRequest {
     const SSProxy::Wire::WireHead &head;
     quint32 value; ///< The value of the rule.
     const MakeAnswer &makeAnswer;
-    ConnectionPast &past;
+    ConnectionHistory &history;
     std::mt19937 &random;
 
     PacketAssembler::Packet answer() const { return makeAnswer(head); }
@@ -51,14 +51,14 @@ struct FaultedRequest {
 struct FaultRow {
     const char *name;
     const char *valueName; ///< Empty when it takes no value.
-    quint32 least; ///< Least value.
-    quint32 most; ///< Greatest value.
-    quint32 usual; ///< The default value; below \c least: the value is required.
+    quint32 min; ///< Smallest value.
+    quint32 max; ///< Largest value.
+    quint32 defaultValue; ///< Below \c min: the rule must give the value.
     const char *help;
-    void (*act)(const FaultedRequest &request, Delivery &delivery);
+    void (*inject)(const FaultedRequest &request, Delivery &delivery);
 
     bool takesValue() const { return valueName[0] != '\0'; }
-    bool needsValue() const { return takesValue() && usual < least; }
+    bool needsValue() const { return takesValue() && defaultValue < min; }
 };
 
 /// The fault of this name, null when there is none.

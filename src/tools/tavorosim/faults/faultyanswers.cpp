@@ -16,20 +16,21 @@ Delivery FaultyAnswers::deliver(const WireHead &request, quint16 code, const Mak
         return delivery;
     if (const auto rule = m_rules.next(code)) {
         qCInfo(simLog, "fault %s", qUtf8Printable(toText(*rule)));
-        rule->fault->act({request, rule->value, makeAnswer, m_past, m_rules.random()}, delivery);
+        rule->fault->inject({request, rule->value, makeAnswer, m_history, m_rules.random()},
+                            delivery);
     } else {
         const PacketAssembler::Packet answer = makeAnswer(request);
         delivery.bytes = SSProxy::Wire::encodeFrame(answer.head, answer.body);
     }
     if (delivery.bytes.isEmpty())
-        m_past.unanswered = request;
+        m_history.unanswered = request;
     return delivery;
 }
 
 /// Delivers the packet that was kept when the requested one was sent in its place.
 bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
 {
-    auto &heldBack = m_past.heldBack;
+    auto &heldBack = m_history.heldBack;
     const auto held = std::find_if(heldBack.begin(), heldBack.end(), [&](const auto &packet) {
         return packet.head.stream == request.stream
             && packet.head.sendCount + 1 == request.sendCount;
@@ -39,7 +40,7 @@ bool FaultyAnswers::takeHeldBack(const WireHead &request, Delivery &delivery)
     held->head.lables = request.lables;
     held->head.number = request.number;
     delivery.bytes = SSProxy::Wire::encodeFrame(held->head, held->body);
-    delivery.unworked = std::move(*held);
+    delivery.preparedAnswer = std::move(*held);
     heldBack.erase(held);
     return true;
 }

@@ -11,7 +11,7 @@ public:
     explicit FaultyAnswers(FaultRules &rules) : m_rules(rules) { }
 
     /// True while no fault can apply on this connection: answers may be sent unchanged.
-    bool isIdle() const { return m_rules.isEmpty() && m_past.heldBack.empty(); }
+    bool isIdle() const { return m_rules.isEmpty() && m_history.heldBack.empty(); }
 
     /// Answers \a request. \a code is its code, or that of the identity.
     Delivery deliver(const SSProxy::Wire::WireHead &request, quint16 code,
@@ -21,7 +21,7 @@ private:
     bool takeHeldBack(const SSProxy::Wire::WireHead &request, Delivery &delivery);
 
     FaultRules &m_rules;
-    ConnectionPast m_past;
+    ConnectionHistory m_history;
 };
 
 } // namespace Tavoro::Sim

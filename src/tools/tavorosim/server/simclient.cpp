@@ -25,7 +25,7 @@ using SSProxy::Wire::WireHead;
 namespace {
 
 /// The longest frame body that is skipped to be refused; a longer one ends the connection.
-constexpr quint32 longestBody = SSProxy::Wire::defaultMaxBodySize;
+constexpr quint32 maxBodySize = SSProxy::Wire::defaultMaxBodySize;
 
 const char *typeName(quint8 type)
 {
@@ -62,7 +62,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
       m_latency(options.latencyMilliseconds),
       m_services(std::move(services)),
       m_received(readSize),
-      m_parser(longestBody),
+      m_parser(maxBodySize),
       m_assembler(options.packetSize,
                   [this](const Request &request) { return m_services.carryOut(*this, request); }),
       m_faults(faults),
@@ -74,7 +74,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     // Bytes beyond the limit stay in the network's buffers, which slows the sender down.
-    socket->setReadBufferSize(maxReceived);
+    socket->setReadBufferSize(maxReceivedBytes);
     connect(socket, &QTcpSocket::readyRead, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::bytesWritten, this, &SimClient::readFrames);
     connect(socket, &QTcpSocket::disconnected, this, &SimClient::disconnected);
@@ -103,7 +103,7 @@ bool SimClient::hasRoomForReport()
     const qint64 unread = m_socket->bytesToWrite();
     if (unread == 0)
         m_dropsReports = false;
-    if (unread <= maxUnread)
+    if (unread <= maxUnreadBytes)
         return true;
     if (!std::exchange(m_dropsReports, true))
         qCWarning(simLog, "%s does not read: reports are dropped", qUtf8Printable(m_peer));
@@ -119,12 +119,12 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
     m_pendingControlReport = SSProxy::Wire::encodeFrame(head, holder.toStdString());
-    sendOwedControl();
+    sendControlReport();
 }
 
-void SimClient::sendOwedControl()
+void SimClient::sendControlReport()
 {
-    if (!m_pendingControlReport.isEmpty() && m_socket->bytesToWrite() <= maxUnread)
+    if (!m_pendingControlReport.isEmpty() && m_socket->bytesToWrite() <= maxUnreadBytes)
         write(std::exchange(m_pendingControlReport, {}));
 }
 
@@ -163,7 +163,7 @@ void SimClient::readFrames()
                 take(std::move(*event));
         }
         m_socket->flush(); // now, not when the event loop does it
-        sendOwedControl();
+        sendControlReport();
     } while (mayRead() && (!m_rest.empty() || m_socket->bytesAvailable() > 0));
     m_assembler.readAhead();
 }
@@ -175,7 +175,8 @@ bool SimClient::mayRead() const
 
 bool SimClient::hasRoomForAnswer() const
 {
-    return m_socket->bytesToWrite() + m_delayedBytes <= maxUnread && m_delayedAnswers < maxDelayed;
+    return m_socket->bytesToWrite() + m_delayedBytes <= maxUnreadBytes
+        && m_delayedAnswers < maxDelayedAnswers;
 }
 
 bool SimClient::receive()
@@ -224,8 +225,8 @@ void SimClient::answerRequest(FrameEvent event)
         return makeAnswer(std::move(event));
     };
     const Delivery delivery = m_faults.deliver(request, request.code(), answerTo);
-    if (delivery.unworked)
-        note(request, {}, *delivery.unworked);
+    if (delivery.preparedAnswer)
+        note(request, {}, *delivery.preparedAnswer);
     carryOut(delivery);
 }
 

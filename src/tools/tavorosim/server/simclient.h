@@ -86,7 +86,7 @@ private:
     void stopReading(int milliseconds);
     void sendLater(const QByteArray &frame, int delay);
     void write(const QByteArray &frame);
-    void sendOwedControl();
+    void sendControlReport();
     /// Adds the answer to the outcomes and to the log.
     void note(const SSProxy::Wire::WireHead &request, const std::string &body,
               const PacketAssembler::Packet &answer);
@@ -95,9 +95,9 @@ private:
 
     /// A client that leaves more than this unread gets no further reports, and its requests are not
     /// read until it reads.
-    static constexpr qint64 maxUnread = 16 << 20;
-    static constexpr int maxDelayed = 1024; ///< Delayed answers.
-    static constexpr qint64 maxReceived = 256 << 10; ///< Bytes that the socket holds.
+    static constexpr qint64 maxUnreadBytes = 16 << 20;
+    static constexpr int maxDelayedAnswers = 1024; ///< Delayed answers.
+    static constexpr qint64 maxReceivedBytes = 256 << 10; ///< Bytes that the socket holds.
     static constexpr qint64 readSize = 64 << 10; ///< Bytes that are taken from the socket at once.
 
     QTcpSocket *const m_socket;

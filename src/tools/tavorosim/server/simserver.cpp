@@ -6,7 +6,7 @@
 #include <tavorosim/commands/commandtable.h>
 #include <tavorosim/commands/devicecommands.h>
 #include <tavorosim/commands/maintenancecommands.h>
-#include <tavorosim/state/chassis.h>
+#include <tavorosim/state/factorysetup.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
 #include <tavorowire/hostandport.h>
@@ -27,7 +27,7 @@ using SSProxy::Wire::LinkCommand;
 namespace {
 
 constexpr int tick = 50; ///< Milliseconds between two readings of the clock.
-constexpr qint64 longestLine = 64 << 10; ///< Bytes of a line on the control port.
+constexpr qint64 maxLineLength = 64 << 10; ///< Bytes of a line on the control port.
 
 /// True for writes, except of the clock: each client sets it when it synchronises.
 bool needsControl(const Request &request)
@@ -49,12 +49,12 @@ SimServer::SimServer(SimOptions options, QObject *parent)
     m_faults.seed(m_options.seed);
     for (const FaultRule &rule : m_options.faults)
         m_faults.add(rule);
-    m_state.factory = makeChassis(m_options);
+    m_state.factory = makeFactorySetup(m_options);
     m_state.saved = m_state.factory;
     static_cast<Setup &>(m_state) = m_state.factory;
     // Every stored content can be read back: clients accept a limited number of packets.
-    const qint64 longest = qint64{m_options.packetSize} * PacketAssembler::maxPackets;
-    m_state.files.setLongestContent(std::min(longest, m_state.files.longestContent()));
+    const qint64 maxLength = qint64{m_options.packetSize} * PacketAssembler::maxPackets;
+    m_state.files.setMaxContentLength(std::min(maxLength, m_state.files.maxContentLength()));
     m_state.maintenance.clockAtStart = QDateTime::currentMSecsSinceEpoch();
     m_elapsed.start();
     m_tick.setInterval(tick);
@@ -142,7 +142,7 @@ SimClient::Services SimServer::servicesForClients()
 void SimServer::acceptConsole(QTcpSocket *socket)
 {
     socket->setParent(this);
-    socket->setReadBufferSize(longestLine);
+    socket->setReadBufferSize(maxLineLength);
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     connect(socket, &QTcpSocket::readyRead, this, [this, socket] { serveConsole(*socket); });
     connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] { serveConsole(*socket); });
@@ -151,13 +151,13 @@ void SimServer::acceptConsole(QTcpSocket *socket)
 /// Serves the lines that have arrived, as long as their answers are read.
 void SimServer::serveConsole(QTcpSocket &socket)
 {
-    while (socket.isOpen() && socket.bytesToWrite() < longestLine && socket.canReadLine()) {
+    while (socket.isOpen() && socket.bytesToWrite() < maxLineLength && socket.canReadLine()) {
         const ConsoleAnswer answer = execute(QString::fromUtf8(socket.readLine()));
         socket.write(answer.line().toUtf8() + '\n');
     }
-    if (socket.bytesAvailable() < longestLine || socket.canReadLine())
+    if (socket.bytesAvailable() < maxLineLength || socket.canReadLine())
         return;
-    qCWarning(simLog, "a console line is longer than %lld bytes", longestLine);
+    qCWarning(simLog, "a console line is longer than %lld bytes", maxLineLength);
     socket.abort();
 }
 
@@ -282,14 +282,14 @@ void SimServer::catchUp()
 {
     const qint64 due = m_elapsed.elapsed() * m_options.clockSpeed / 100;
     Reports reports;
-    pass(m_state, due - std::exchange(m_passed, due), reports);
+    advanceTime(m_state, due - std::exchange(m_passed, due), reports);
     sendReports(reports);
     followPower();
 }
 
 void SimServer::followPower()
 {
-    if (m_options.clockSpeed == 0 || !isAtWork(m_state))
+    if (m_options.clockSpeed == 0 || !hasTimedWork(m_state))
         m_tick.stop();
     else if (!m_tick.isActive())
         m_tick.start();

@@ -9,43 +9,43 @@ FileKey keyOf(const ProtoModel::s_FileIdentity &id)
 
 const StoredFile *FileChanges::find(const FileKey &key) const
 {
-    if (const auto changed = m_places.find(key); changed != m_places.end())
+    if (const auto changed = m_entries.find(key); changed != m_entries.end())
         return changed->second ? &*changed->second : nullptr;
     const auto file = m_index.find(key);
     return file != m_index.end() ? &file->second : nullptr;
 }
 
-void FileChanges::place(StoredFile file)
+void FileChanges::put(StoredFile file)
 {
     const FileKey key = keyOf(file);
-    m_places[key] = std::move(file);
+    m_entries[key] = std::move(file);
 }
 
 bool FileChanges::remove(const FileKey &key)
 {
     if (!find(key))
         return false;
-    m_places[key].reset();
+    m_entries[key].reset();
     return true;
 }
 
 void FileChanges::removeAll()
 {
-    m_places.clear();
+    m_entries.clear();
     for (const auto &[key, file] : m_index)
-        m_places[key].reset();
+        m_entries[key].reset();
 }
 
 FileIndex FileChanges::applied() const
 {
     FileIndex index = m_index;
-    makeChanges(m_places, index);
+    applyChanges(m_entries, index);
     return index;
 }
 
-void makeChanges(const FileChanges::Places &places, FileIndex &index)
+void applyChanges(const FileChanges::Entries &entries, FileIndex &index)
 {
-    for (const auto &[key, file] : places) {
+    for (const auto &[key, file] : entries) {
         if (file)
             index[key] = *file;
         else

@@ -11,7 +11,7 @@ namespace Tavoro::Sim {
 class FileChanges {
 public:
     /// The new file for each changed key; none for a removed one.
-    using Places = std::map<FileKey, std::optional<StoredFile>>;
+    using Entries = std::map<FileKey, std::optional<StoredFile>>;
 
     /// \a index must outlive the changes and not change meanwhile.
     explicit FileChanges(const FileIndex &index) : m_index(index) { }
@@ -19,21 +19,21 @@ public:
     /// The file of \a key with the changes so far; null if there is none.
     const StoredFile *find(const FileKey &key) const;
     /// Adds \a file, or replaces the one of the same key.
-    void place(StoredFile file);
+    void put(StoredFile file);
     /// False when there is no such file.
     bool remove(const FileKey &key);
     void removeAll();
 
     /// All files with the changes so far.
     FileIndex applied() const;
-    const Places &places() const { return m_places; }
+    const Entries &entries() const { return m_entries; }
 
 private:
     const FileIndex &m_index;
-    Places m_places;
+    Entries m_entries;
 };
 
 /// Applies the changes to \a index.
-void makeChanges(const FileChanges::Places &places, FileIndex &index);
+void applyChanges(const FileChanges::Entries &entries, FileIndex &index);
 
 } // namespace Tavoro::Sim

@@ -32,10 +32,10 @@ quint64 numberOf(const QString &name)
     return name.section(QLatin1Char('-'), 1).toULongLong();
 }
 
-std::vector<DeviceDatabase::Row> rowsOf(const FileChanges::Places &places)
+std::vector<DeviceDatabase::Row> rowsOf(const FileChanges::Entries &entries)
 {
     std::vector<DeviceDatabase::Row> rows;
-    for (const auto &[key, file] : places) {
+    for (const auto &[key, file] : entries) {
         rows.push_back({key, std::nullopt});
         if (file)
             rows.back().second = encodeStored(*file);
@@ -48,7 +48,7 @@ std::vector<DeviceDatabase::Row> rowsOf(const FileChanges::Places &places)
 bool IncomingContent::append(std::string_view bytes)
 {
     const auto size = static_cast<qint64>(bytes.size());
-    if (size > m_longest - m_length)
+    if (size > m_maxLength - m_length)
         return false;
     m_length += size;
     m_crc = SSProxy::Wire::crc32(bytes, m_crc);
@@ -70,8 +70,8 @@ bool FileStore::open(const QString &folder, QString &error)
     m_database = std::make_unique<DeviceDatabase>();
     if (!m_database->open(directory.filePath(databaseName), error) || !readFiles(error))
         return false;
-    dropMissing();
-    removeUnnamed();
+    dropFilesWithoutContent();
+    removeUnreferenced();
     return true;
 }
 
@@ -91,7 +91,7 @@ bool FileStore::readFiles(QString &error)
     return true;
 }
 
-void FileStore::dropMissing()
+void FileStore::dropFilesWithoutContent()
 {
     FileChanges changes = change();
     for (const auto &[key, file] : m_index) {
@@ -106,7 +106,7 @@ void FileStore::dropMissing()
 }
 
 /// Removes what a crash left: contents that no row names.
-void FileStore::removeUnnamed() const
+void FileStore::removeUnreferenced() const
 {
     std::set<QString> names;
     for (const auto &[key, file] : m_index)
@@ -119,13 +119,13 @@ void FileStore::removeUnnamed() const
 
 bool FileStore::commit(const FileChanges &changes, const std::optional<QByteArray> &setup)
 {
-    const FileChanges::Places &places = changes.places();
-    if (m_database && (!places.empty() || setup)) {
-        if (!m_database->write(rowsOf(places), setup))
+    const FileChanges::Entries &entries = changes.entries();
+    if (m_database && (!entries.empty() || setup)) {
+        if (!m_database->write(rowsOf(entries), setup))
             return false;
-        removeReplaced(places);
+        removeReplacedContents(entries);
     }
-    makeChanges(places, m_index);
+    applyChanges(entries, m_index);
     return true;
 }
 
@@ -134,25 +134,25 @@ bool FileStore::readSetup(std::optional<QByteArray> &setup, QString &error)
     return !m_database || m_database->readSetup(setup, error);
 }
 
-/// Removes the contents that the index names and \a places replace.
-void FileStore::removeReplaced(const FileChanges::Places &places) const
+/// Removes the contents that the index names and \a entries replace.
+void FileStore::removeReplacedContents(const FileChanges::Entries &entries) const
 {
     std::set<std::string> names;
-    for (const auto &[key, file] : places) {
+    for (const auto &[key, file] : entries) {
         if (file)
             names.insert(file->contentName);
     }
-    for (const auto &[key, file] : places) {
+    for (const auto &[key, file] : entries) {
         const auto old = m_index.find(key);
         if (old != m_index.end() && names.count(old->second.contentName) == 0)
             QFile::remove(pathOf(QString::fromStdString(old->second.contentName)));
     }
 }
 
-IncomingContent FileStore::receive()
+IncomingContent FileStore::beginContent()
 {
     IncomingContent content;
-    content.m_longest = m_longestContent;
+    content.m_maxLength = m_maxContentLength;
     content.m_name = "content-" + std::to_string(++m_lastName);
     if (m_folder.isEmpty())
         content.m_device = std::make_unique<QBuffer>();
@@ -163,7 +163,7 @@ IncomingContent FileStore::receive()
     return content;
 }
 
-bool FileStore::place(FileChanges &changes, const s_FileDetail &detail, IncomingContent content)
+bool FileStore::put(FileChanges &changes, const s_FileDetail &detail, IncomingContent content)
 {
     StoredFile file;
     static_cast<s_FileDetail &>(file) = detail;
@@ -177,14 +177,14 @@ bool FileStore::place(FileChanges &changes, const s_FileDetail &detail, Incoming
     } else {
         file.content = static_cast<QBuffer &>(*content.m_device).data();
     }
-    changes.place(std::move(file));
+    changes.put(std::move(file));
     return true;
 }
 
-bool FileStore::place(FileChanges &changes, const s_FileDetail &detail, std::string_view bytes)
+bool FileStore::put(FileChanges &changes, const s_FileDetail &detail, std::string_view bytes)
 {
-    IncomingContent content = receive();
-    return content.append(bytes) && place(changes, detail, std::move(content));
+    IncomingContent content = beginContent();
+    return content.append(bytes) && put(changes, detail, std::move(content));
 }
 
 std::shared_ptr<QIODevice> FileStore::content(const StoredFile &file) const

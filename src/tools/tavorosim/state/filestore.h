@@ -15,7 +15,7 @@ namespace Tavoro::Sim {
 
 class DeviceDatabase;
 
-/// A content that is being written into the store. It is deleted unless it is placed there.
+/// A content that is being written into the store. It is deleted unless it is put there.
 class IncomingContent {
 public:
     /// False when the store has no room for it, or takes no content of that length.
@@ -28,7 +28,7 @@ private:
     friend class FileStore;
     std::string m_name;
     std::unique_ptr<QIODevice> m_device;
-    qint64 m_longest = 0;
+    qint64 m_maxLength = 0;
     qint64 m_length = 0;
     quint32 m_crc = 0;
 };
@@ -53,12 +53,15 @@ public:
 
     /// Bytes of the longest content that the store takes; at first as many as the length of a file
     /// can express.
-    qint64 longestContent() const { return m_longestContent; }
-    void setLongestContent(qint64 bytes) { m_longestContent = bytes; }
+    qint64 maxContentLength() const { return m_maxContentLength; }
+    void setMaxContentLength(qint64 bytes) { m_maxContentLength = bytes; }
     /// Bytes that the unfinished contents of one connection may have together: 1 GiB in memory, no
     /// limit in a folder.
-    qint64 maxUnfinished() const { return m_folder.isEmpty() ? m_maxUnfinished : noLimit; }
-    void setMaxUnfinished(qint64 bytes) { m_maxUnfinished = bytes; }
+    qint64 maxUnfinishedBytes() const
+    {
+        return m_folder.isEmpty() ? m_maxUnfinishedBytes : noLimit;
+    }
+    void setMaxUnfinishedBytes(qint64 bytes) { m_maxUnfinishedBytes = bytes; }
 
     const FileIndex &index() const { return m_index; }
     /// A new set of changes to the present files. Commit it before you make another one.
@@ -70,14 +73,14 @@ public:
     /// \a error holds a sentence.
     bool readSetup(std::optional<QByteArray> &setup, QString &error);
 
-    IncomingContent receive();
+    IncomingContent beginContent();
     /// Adds the file of \a detail to \a changes, with the length and hash sum of \a content; it
     /// replaces one of the same number. False when there is no room for it.
-    bool place(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
-               IncomingContent content);
+    bool put(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
+             IncomingContent content);
     /// The same with all bytes at once.
-    bool place(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
-               std::string_view bytes);
+    bool put(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,
+             std::string_view bytes);
 
     /// Reads the content as it is now, even if it is replaced meanwhile. Null when it is missing in
     /// the folder.
@@ -85,14 +88,14 @@ public:
 
 private:
     bool readFiles(QString &error);
-    void dropMissing();
-    void removeReplaced(const FileChanges::Places &places) const;
-    void removeUnnamed() const;
+    void dropFilesWithoutContent();
+    void removeReplacedContents(const FileChanges::Entries &entries) const;
+    void removeUnreferenced() const;
     QString pathOf(const QString &name) const;
 
     static constexpr qint64 noLimit = std::numeric_limits<qint64>::max();
-    qint64 m_maxUnfinished = qint64{1} << 30;
-    qint64 m_longestContent = std::numeric_limits<qint32>::max();
+    qint64 m_maxUnfinishedBytes = qint64{1} << 30;
+    qint64 m_maxContentLength = std::numeric_limits<qint32>::max();
     QString m_folder; ///< Empty: in memory.
     FileIndex m_index;
     quint64 m_lastName = 0; ///< Number in the name of the newest content.

@@ -37,7 +37,7 @@ std::string Picture::toPixmap(qint32 step) const
     return bytes;
 }
 
-std::optional<Picture> pictureOf(const SimState &state, qint32 sourceType, quint32 id)
+std::optional<Picture> findPicture(const SimState &state, qint32 sourceType, quint32 id)
 {
     if (sourceType == InputSource) {
         const auto *const input = findInterface(state, id);

@@ -20,6 +20,6 @@ struct Picture {
 };
 
 /// The picture of a source; nothing if there is no such input or screen.
-std::optional<Picture> pictureOf(const SimState &state, qint32 sourceType, quint32 id);
+std::optional<Picture> findPicture(const SimState &state, qint32 sourceType, quint32 id);
 
 } // namespace Tavoro::Sim

@@ -20,14 +20,14 @@ bool areBetween(std::initializer_list<qint32> values, qint32 least, qint32 most)
                        [=](qint32 value) { return isBetween(value, least, most); });
 }
 
-bool areCodes(std::initializer_list<qint32> values)
+bool areUInt16(std::initializer_list<qint32> values)
 {
     return areBetween(values, 0, 65535);
 }
 
 bool isTimingAxis(const s_TimingAxisBody &axis)
 {
-    return areCodes({axis.addTime, axis.frontPorch, axis.sync, axis.totalTime})
+    return areUInt16({axis.addTime, axis.frontPorch, axis.sync, axis.totalTime})
         && isFlag(axis.syncPolarity);
 }
 
@@ -38,7 +38,7 @@ bool isRGBA(const Layer::s_RGBA &color)
 
 bool isUMDEntry(const Layer::s_LayerUMDBody &entry)
 {
-    return isCode(entry.index) && isFlag(entry.enable) && isRGBA(entry.color.foregroundColor)
+    return isUInt16(entry.index) && isFlag(entry.enable) && isRGBA(entry.color.foregroundColor)
         && isRGBA(entry.color.backgroundColor);
 }
 
@@ -48,7 +48,7 @@ bool isOutputOfMosaic(const Screen::s_MosaicOutput &output)
         && std::all_of(output.feather.begin(), output.feather.end(),
                        [](const Screen::s_Feather &feather) {
                            return isFlag(feather.enable)
-                               && areCodes({feather.type, feather.gamma, feather.width});
+                               && areUInt16({feather.type, feather.gamma, feather.width});
                        });
 }
 
@@ -69,9 +69,9 @@ bool isPercent(const qint32 &value)
     return isBetween(value, 0, 100);
 }
 
-bool isCode(const qint32 &value)
+bool isUInt16(const qint32 &value)
 {
-    return areCodes({value});
+    return areUInt16({value});
 }
 
 bool isColor(const s_RGB &color)
@@ -92,21 +92,21 @@ bool isImageQuality(const s_ImageQualityBody &quality)
 bool isTestPattern(const s_TestPatternBody &pattern)
 {
     return isFlag(pattern.enable)
-        && areCodes({pattern.type, pattern.bright, pattern.grid, pattern.speed,
-                     pattern.gridLineWidth, pattern.gridType});
+        && areUInt16({pattern.type, pattern.bright, pattern.grid, pattern.speed,
+                      pattern.gridLineWidth, pattern.gridType});
 }
 
 bool isTiming(const s_TimingDetailBody &timing)
 {
     return isFlag(timing.interlaced) && isBetween(timing.refresh, 0, 1000000)
-        && isCode(timing.compatMode) && isTimingAxis(timing.horizontal)
+        && isUInt16(timing.compatMode) && isTimingAxis(timing.horizontal)
         && isTimingAxis(timing.vertical);
 }
 
 bool isCrop(const s_CropBody &crop)
 {
     constexpr qint32 whole = 100000;
-    return isCode(crop.type) && isFlag(crop.enable) && isBetween(crop.widthRatio, 1, whole)
+    return isUInt16(crop.type) && isFlag(crop.enable) && isBetween(crop.widthRatio, 1, whole)
         && isBetween(crop.heightRatio, 1, whole) && isBetween(crop.xRatio, 0, whole)
         && isBetween(crop.yRatio, 0, whole);
 }
@@ -119,27 +119,27 @@ bool isWindow(const Screen::s_Rect &window)
 
 bool isDynamicRangConversion(const Device::s_DynamicRangConversion &conversion)
 {
-    return isFlag(conversion.enable) && isCode(conversion.type);
+    return isFlag(conversion.enable) && isUInt16(conversion.type);
 }
 
 bool isMapping(const Device::s_InterfaceMapping &mapping)
 {
     const Device::s_InterfaceMappingTestPattern &pattern = mapping.testPattern;
-    return isCode(mapping.general.type) && isFlag(pattern.enable)
-        && areCodes({pattern.type, pattern.bright, pattern.grid, pattern.speed,
-                     pattern.gridLineWidth, pattern.gridType});
+    return isUInt16(mapping.general.type) && isFlag(pattern.enable)
+        && areUInt16({pattern.type, pattern.bright, pattern.grid, pattern.speed,
+                      pattern.gridLineWidth, pattern.gridType});
 }
 
 bool isHDCP(const Interface::s_HDCPBody &hdcp)
 {
-    return isCode(hdcp.presetType);
+    return isUInt16(hdcp.presetType);
 }
 
 bool isCutout(const Interface::s_CutoutBody &cutout)
 {
     return isFlag(cutout.enable)
-        && areCodes({cutout.type, cutout.brightness.threshold, cutout.brightness.gain,
-                     cutout.hue.background, cutout.hue.foreground})
+        && areUInt16({cutout.type, cutout.brightness.threshold, cutout.brightness.gain,
+                      cutout.hue.background, cutout.hue.foreground})
         && isColor(cutout.hue.color);
 }
 
@@ -150,17 +150,17 @@ bool isPhysicalSize(const Screen::s_PhysicalSizeBody &size)
 
 bool isFTB(const Screen::s_FTBBody &ftb)
 {
-    return isFlag(ftb.enable) && isCode(ftb.time);
+    return isFlag(ftb.enable) && isUInt16(ftb.time);
 }
 
 bool isSwitchEffect(const Screen::s_SwitchEffectBody &effect)
 {
-    return areCodes({effect.time, effect.direction, effect.type});
+    return areUInt16({effect.time, effect.direction, effect.type});
 }
 
 bool isMosaic(const Screen::s_Mosaic &mosaic)
 {
-    return isCode(mosaic.type) && areBetween({mosaic.splice.row, mosaic.splice.column}, 1, 255)
+    return isUInt16(mosaic.type) && areBetween({mosaic.splice.row, mosaic.splice.column}, 1, 255)
         && isWindow(mosaic.window) && isTiming(mosaic.refOutputPara.timing)
         && std::all_of(mosaic.outputs.begin(), mosaic.outputs.end(), isOutputOfMosaic);
 }
@@ -170,12 +170,12 @@ bool isLayerGeneral(const Layer::s_LayerGeneralBody &general)
     return areBetween(
                {general.isBackground, general.isFreeze, general.isMonochrome, general.isInverse}, 0,
                1)
-        && isCode(general.flipType);
+        && isUInt16(general.flipType);
 }
 
 bool isMask(const Layer::s_LayerMaskBody &mask)
 {
-    return isFlag(mask.enable) && areCodes({mask.left, mask.right, mask.top, mask.bottom});
+    return isFlag(mask.enable) && areUInt16({mask.left, mask.right, mask.top, mask.bottom});
 }
 
 bool isTestColor(const Layer::s_LayerTestColor &color)
@@ -185,13 +185,13 @@ bool isTestColor(const Layer::s_LayerTestColor &color)
 
 bool isShadow(const Layer::s_LayerShadowBody &shadow)
 {
-    return isFlag(shadow.general.enable) && isCode(shadow.general.feather)
+    return isFlag(shadow.general.enable) && isUInt16(shadow.general.feather)
         && isWindow(shadow.window) && isRGBA(shadow.color);
 }
 
 bool isBorder(const Layer::s_LayerBorderBody &border)
 {
-    return isFlag(border.enable) && areCodes({border.type, border.size.hWidth, border.size.vWidth})
+    return isFlag(border.enable) && areUInt16({border.type, border.size.hWidth, border.size.vWidth})
         && isRGBA(border.color);
 }
 

@@ -17,7 +17,7 @@ bool isAnything(const Value & /*value*/)
 bool isFlag(const quint8 &value);
 bool isFlag(const qint32 &value);
 bool isPercent(const qint32 &value);
-bool isCode(const qint32 &value); ///< A number that selects one of several: 0 to 65535.
+bool isUInt16(const qint32 &value);
 
 bool isColor(const ProtoModel::s_RGB &color);
 bool isImageQuality(const ProtoModel::s_ImageQualityBody &quality);

@@ -28,7 +28,7 @@ const ProtoModel::Interface::s_InterfaceDetail *findInterface(const SimState &st
     const auto lowByte = [](quint32 number) {
         return static_cast<qint32>(number & 0xFF);
     };
-    return valueOf(
+    return findValue(
         state.interfaces,
         {static_cast<qint32>(packedId >> 16), lowByte(packedId >> 8), lowByte(packedId)});
 }

@@ -81,7 +81,7 @@ struct SimState : Setup {
 };
 
 template <class Map>
-auto *valueOf(Map &map, const typename Map::key_type &key)
+auto *findValue(Map &map, const typename Map::key_type &key)
 {
     const auto found = map.find(key);
     return found == map.end() ? nullptr : &found->second;
@@ -92,17 +92,17 @@ auto *valueOf(Map &map, const typename Map::key_type &key)
 template <class State>
 auto *find(State &state, const ProtoModel::s_InterfaceID &id)
 {
-    return valueOf(state.interfaces, keyOf(id));
+    return findValue(state.interfaces, keyOf(id));
 }
 template <class State>
 auto *find(State &state, const ProtoModel::s_ScreenId &id)
 {
-    return valueOf(state.screens, keyOf(id));
+    return findValue(state.screens, keyOf(id));
 }
 template <class State>
 auto *find(State &state, const ProtoModel::Layer::s_LayerIdentity &id)
 {
-    return valueOf(state.layers, keyOf(id));
+    return findValue(state.layers, keyOf(id));
 }
 /// @}
 

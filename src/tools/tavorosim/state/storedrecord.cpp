@@ -9,7 +9,7 @@ constexpr unsigned zero = 0x100; ///< Stands for the byte 0, at which the codec 
 
 } // namespace
 
-void expandText(std::string &text)
+void bytesToCharacters(std::string &text)
 {
     std::string expanded;
     for (const char byte : text) {
@@ -24,7 +24,7 @@ void expandText(std::string &text)
     text = std::move(expanded);
 }
 
-void joinText(std::string &text)
+void charactersToBytes(std::string &text)
 {
     std::string joined;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -15,37 +15,37 @@
 namespace Tavoro::Sim {
 
 /// One character for each byte, and back.
-void expandText(std::string &text);
-void joinText(std::string &text);
+void bytesToCharacters(std::string &text);
+void charactersToBytes(std::string &text);
 
 template <class Change>
-void changeTexts(std::string &text, const Change &change)
+void transformTexts(std::string &text, const Change &change)
 {
     change(text);
 }
 template <class Number, class Change>
-std::enable_if_t<std::is_integral_v<Number>> changeTexts(Number & /*number*/,
-                                                         const Change & /*change*/)
+std::enable_if_t<std::is_integral_v<Number>> transformTexts(Number & /*number*/,
+                                                            const Change & /*change*/)
 { }
 template <class Record, class Change>
-std::enable_if_t<!std::is_integral_v<Record>> changeTexts(Record &record, const Change &change);
+std::enable_if_t<!std::is_integral_v<Record>> transformTexts(Record &record, const Change &change);
 template <class Element, class Change>
-void changeTexts(std::vector<Element> &list, const Change &change)
+void transformTexts(std::vector<Element> &list, const Change &change)
 {
     for (Element &element : list)
-        changeTexts(element, change);
+        transformTexts(element, change);
 }
 /// Calls \a change for each text of a record.
 template <class Record, class Change>
-std::enable_if_t<!std::is_integral_v<Record>> changeTexts(Record &record, const Change &change)
+std::enable_if_t<!std::is_integral_v<Record>> transformTexts(Record &record, const Change &change)
 {
-    record.visitFields([&change](auto &...fields) { (..., changeTexts(fields, change)); });
+    record.visitFields([&change](auto &...fields) { (..., transformTexts(fields, change)); });
 }
 
 template <class Record>
 QByteArray encodeStored(Record record)
 {
-    changeTexts(record, expandText);
+    transformTexts(record, bytesToCharacters);
     std::string text;
     ajson::encodeRecord(record, text);
     return QByteArray::fromStdString(text);
@@ -60,7 +60,7 @@ bool decodeStored(const QByteArray &stored, Record &record, QString &error)
         error = QString::fromStdString(reason);
         return false;
     }
-    changeTexts(record, joinText);
+    transformTexts(record, charactersToBytes);
     return true;
 }
 

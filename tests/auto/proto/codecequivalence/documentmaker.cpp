@@ -36,6 +36,18 @@ const std::vector<std::string> snippets = {
 
 } // namespace
 
+std::string DocumentMaker::bytes(std::size_t maxSize)
+{
+    std::string bytes(below(maxSize + 1), '\0');
+    const std::vector<std::string> escaped = {
+        "\t", "\"", "\\", "\x01", "\x7F", "\xC3\xA9", "\xF0\x9F\x98\x80"};
+    for (char &c : bytes)
+        c = static_cast<char>(' ' + below('~' - ' '));
+    for (std::size_t count = below(4); count > 0; --count)
+        bytes.insert(below(bytes.size() + 1), oneOf(escaped));
+    return bytes;
+}
+
 std::string DocumentMaker::blank()
 {
     return isOdd() ? oneOf(blanks) : "";

@@ -18,6 +18,9 @@ public:
         return mutated(valueFor(Value()));
     }
 
+    /// Up to \a maxSize bytes, mostly ASCII characters that need no escape.
+    std::string bytes(std::size_t maxSize);
+
 private:
     std::size_t below(std::size_t bound) { return static_cast<std::size_t>(m_random() % bound); }
     bool isOdd() { return m_oddity != 0 && below(100) < m_oddity; }

@@ -9,6 +9,7 @@
 #include <tavorocontrol/proto/codec.h>
 #include <tavorocontrol/proto/device.h>
 #include <tavorocontrol/proto/file.h>
+#include <tavorocontrol/proto/json/jsonwriter.h>
 #include <tavorocontrol/proto/screen.h>
 
 #include <QtTest>
@@ -90,6 +91,26 @@ void compareMany(std::uint64_t seed, int share)
     }
 }
 
+/// Lists of records that exceed the writer's buffer, with strings of all lengths.
+void compareLongTexts(std::uint64_t seed)
+{
+    DocumentMaker maker(seed);
+    for (int i = 0; i < 20; ++i) {
+        std::vector<Sample::Everything> list(200);
+        std::string error;
+        for (Sample::Everything &record : list) {
+            ajson::decodeRecord(maker.make<Sample::Everything>(), record, error);
+            record.nameLong = maker.bytes(100);
+        }
+        list[0].name = maker.bytes(20000);
+        std::string written;
+        ajson::encodeRecord(list, written);
+        QVERIFY(written.size() > 3 * ajson::JsonWriter::bufferSize);
+        QCOMPARE(QByteArray::fromStdString(written),
+                 QByteArray::fromStdString(PlainWriter::text(list)));
+    }
+}
+
 } // namespace
 
 class tst_CodecEquivalence : public QObject {
@@ -101,6 +122,7 @@ private Q_SLOTS:
     void listsAreReadAndWrittenAlike() { compareMany<Sample::Lists>(3, 20); }
     void nestedRecordsAreReadAndWrittenAlike() { compareMany<Sample::Everything>(4, 20); }
     void arrayOfRecordsIsReadAndWrittenAlike() { compareMany<std::vector<Sample::Numbers>>(5, 15); }
+    void longTextsAreWrittenAlike() { compareLongTexts(7); }
     void deviceDetailIsReadAndWrittenAlike()
     {
         compareMany<Tavoro::ProtoModel::Device::s_DeviceDetail>(6, 15);

@@ -200,7 +200,10 @@ void tst_CodecTokens::exponentScalesAndAHugeOneTakesNoTime()
     QVERIFY(numberIn("0e999999999").token.value.real == 0.0);
     QVERIFY(numberIn("1e-99999999999999").token.value.real == 0.0);
     QVERIFY(qIsInf(numberIn("1e99999999999999").token.value.real));
-    QCOMPARE(numberIn("1e99999999999999").exponent, 0);
+    JsonReader reader("1e3 1e2");
+    reader.next();
+    reader.next();
+    QVERIFY(reader.token.value.real == 100.0); // the first exponent does not count again
 }
 
 // When an integer becomes a float, it is read as signed if it is negative, and as unsigned
@@ -231,7 +234,7 @@ void tst_CodecTokens::firstTokenHasNoPreviousTokenAlsoWhenReadAgain()
     reader.next();
     QVERIFY(reader.atEnd());
     QCOMPARE(reader.token.kind, JsonTokenKind::word);
-    reader.nextAt(text + 1);
+    reader.readTokenAt(text + 1);
     QCOMPARE(reader.token.kind, JsonTokenKind::word);
     QCOMPARE(reader.token.length, std::size_t(0));
 }
@@ -264,12 +267,10 @@ void tst_CodecTokens::readerBeginsAtTheFirstCharacter()
 {
     const char text[] = "{}";
     const JsonReader reader(text);
-    QCOMPARE(reader.input, text);
+    QVERIFY(reader.place() == text);
     QCOMPARE(reader.position(), std::size_t(0));
     QCOMPARE(reader.line(), std::uint64_t(0));
     QCOMPARE(reader.column(), std::uint64_t(0));
-    QCOMPARE(reader.decimal, 0.1);
-    QCOMPARE(reader.exponent, 0);
     QVERIFY(!reader.atEnd());
 }
 

@@ -2,6 +2,8 @@
 
 #include <support/proto/recordschema.h>
 
+#include <tavorooperations/schema.h>
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -105,9 +107,11 @@ private Q_SLOTS:
 /// After a change of a record or a command: cmake --build --preset dev --target schema
 void tst_RecordSchema::committedFilesAreWhatTheGeneratorWrites()
 {
-    using namespace Tavoro::Schema;
-    QCOMPARE(contentOf("docs/schema/records.json"), QByteArray::fromStdString(recordsDocument()));
-    QCOMPARE(contentOf("docs/schema/commands.json"), QByteArray::fromStdString(commandsDocument()));
+    using namespace Tavoro;
+    QCOMPARE(contentOf("docs/schema/records.json"),
+             QByteArray::fromStdString(Operations::recordsDocument()));
+    QCOMPARE(contentOf("docs/schema/commands.json"),
+             QByteArray::fromStdString(Schema::commandsDocument()));
 }
 
 void tst_RecordSchema::everyRecordHasADefinition()

@@ -1,8 +1,10 @@
 // Every status that the channel itself sets, by its cause, over TCP to a simulated device.
 
+#include <support/common/requestcommand.h>
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <tavorocontrol/controlhelper.h>
 #include <tavorosim/simulateddevice.h>
-#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -14,25 +16,17 @@
 #include <memory>
 #include <string>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr quint16 detail = 0x1100;
-constexpr quint16 swapCode = 0x1107;
-
 std::shared_ptr<DeviceRequestCommand> request(quint16 code, int timeout = 20000)
 {
-    auto command = std::make_shared<DeviceRequestCommand>();
-    command->head().type = code == swapCode ? 2 : 1;
-    command->head().BC = static_cast<quint8>(code >> 8);
-    command->head().FC = static_cast<quint8>(code & 0xFF);
-    if (code == swapCode)
-        command->body() = R"({"swap":0})";
-    command->setTimeout(timeout);
-    return command;
+    return code == deviceSwap ? requestCommand(2, code, swapOff, timeout)
+                              : requestCommand(1, code, {}, timeout);
 }
 
 /// A device that follows a fault rule from the beginning, and a channel to it.
@@ -56,13 +50,13 @@ struct Line {
         QString error;
         return channel->waitUntilReady(10000, error);
     }
-    int ask(quint16 code = detail, int timeout = 20000)
+    int ask(quint16 code = deviceDetail, int timeout = 20000)
     {
         return channel->sendSyncRequest(request(code, timeout))->status;
     }
     std::string swap()
     {
-        const std::string body = channel->sendSyncRequest(request(detail))->body();
+        const std::string body = channel->sendSyncRequest(request(deviceDetail))->body();
         const auto at = body.find("\"swap\":");
         return at == std::string::npos ? "unknown" : body.substr(at + 7, 1);
     }
@@ -89,6 +83,7 @@ private Q_SLOTS:
     void channelWithoutAnIdentityIsConnecting();
     void lostConnectionEndsTheRequest();
     void lostConnectionRefusesRequests();
+    void anotherDeviceAtTheAddressIsRefused();
     void missingAnswerEndsTheRequest();
     void requestFromAReportIsRefused();
     void requestWithoutAFreeTagIsRefused();
@@ -122,7 +117,7 @@ void tst_ChannelStatuses::cleanup()
 void tst_ChannelStatuses::channelWithoutAnAddressIsNotInitialised()
 {
     const auto channel = openTcpDeviceChannel(QString());
-    QCOMPARE(int(channel->sendSyncRequest(request(detail))->status), 257);
+    QCOMPARE(int(channel->sendSyncRequest(request(deviceDetail))->status), 257);
     QCOMPARE(textOf(257), QStringLiteral("software error: Channel is not initialized"));
 }
 
@@ -139,7 +134,7 @@ void tst_ChannelStatuses::lostConnectionEndsTheRequest()
 {
     Line line("drop-before,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
-    QCOMPARE(line.ask(swapCode), 259);
+    QCOMPARE(line.ask(deviceSwap), 259);
     QCOMPARE(textOf(259), QStringLiteral("software error: Channel disconnected"));
     line.channel->reconnectNow();
     QVERIFY(line.isReady());
@@ -154,15 +149,35 @@ void tst_ChannelStatuses::lostConnectionRefusesRequests()
     QVERIFY(line.isReady());
     QCOMPARE(line.ask(), 259);
     const quint64 requests = line.channel->statistics().requests;
-    QCOMPARE(line.ask(swapCode), 259);
+    QCOMPARE(line.ask(deviceSwap), 259);
     QCOMPARE(line.channel->statistics().requests, requests); // it was not sent
+}
+
+void tst_ChannelStatuses::anotherDeviceAtTheAddressIsRefused()
+{
+    ChannelOptions options;
+    options.identity = "FFFFFFFFFFFFFFFF";
+    options.firstReconnectPause = 60s;
+    Line line("", options);
+    QTRY_COMPARE(line.ask(deviceSwap), 259);
+    QString error;
+    QVERIFY(!line.channel->waitUntilReady(0, error));
+    QCOMPARE(
+        error,
+        QStringLiteral("The device at 127.0.0.1:%1 cannot be reached: another device is there.")
+            .arg(line.device->port()));
+    QCOMPARE(line.channel->statistics().requests, quint64(0)); // nothing was sent
+    QVERIFY(line.device->execute(QStringLiteral("fault add late=1,code=identity,count=1")).ok);
+    line.channel->reconnectNow();
+    QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString());
+    QTRY_COMPARE(line.ask(deviceSwap), 259);
 }
 
 void tst_ChannelStatuses::missingAnswerEndsTheRequest()
 {
     Line line("silent,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
-    QCOMPARE(line.ask(swapCode, 50), 260);
+    QCOMPARE(line.ask(deviceSwap, 50), 260);
     QCOMPARE(textOf(260), QStringLiteral("software error: Request timed out"));
     QCOMPARE(line.swap(), std::string("0")); // the device carried it out all the same
 }
@@ -190,7 +205,7 @@ void tst_ChannelStatuses::requestWithoutAFreeTagIsRefused()
     std::vector<std::future<int>> callers;
     for (int i = 0; i < 255; ++i)
         callers.push_back(
-            std::async(std::launch::async, [&] { return line.ask(swapCode, 60000); }));
+            std::async(std::launch::async, [&] { return line.ask(deviceSwap, 60000); }));
     QTRY_COMPARE(line.channel->statistics().requests, quint64(255));
     QCOMPARE(line.ask(), 262);
     QCOMPARE(textOf(262), QStringLiteral("software error: Sync request is being executed"));
@@ -204,10 +219,10 @@ void tst_ChannelStatuses::invalidRequestIsRefused()
     Line line;
     QVERIFY(line.isReady());
     QCOMPARE(int(line.channel->sendSyncRequest(nullptr)->status), 263);
-    auto ofNoType = request(detail);
+    auto ofNoType = request(deviceDetail);
     ofNoType->head().type = 5;
     QCOMPARE(int(line.channel->sendSyncRequest(ofNoType)->status), 263);
-    auto tooLong = request(swapCode);
+    auto tooLong = request(deviceSwap);
     tooLong->body() = std::string(64 * 1024 + 1, ' ');
     QCOMPARE(int(line.channel->sendSyncRequest(tooLong)->status), 263);
     QCOMPARE(textOf(263), QStringLiteral("software error: Invalid request command"));
@@ -253,7 +268,7 @@ void tst_ChannelStatuses::wrongAnswerHasItsStatus()
     QVERIFY(line.isReady());
     const QString rule = QLatin1String(QTest::currentDataTag());
     QVERIFY(line.device->execute(QStringLiteral("fault add ") + rule).ok);
-    QCOMPARE(line.ask(detail, status == 365 ? 100 : 20000), status);
+    QCOMPARE(line.ask(deviceDetail, status == 365 ? 100 : 20000), status);
     QCOMPARE(textOf(status), text);
 }
 
@@ -262,10 +277,10 @@ void tst_ChannelStatuses::answerToAnotherRequestIsDetected()
 {
     Line line("silent,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
-    auto first = std::async(std::launch::async, [&] { return line.ask(swapCode); });
+    auto first = std::async(std::launch::async, [&] { return line.ask(deviceSwap); });
     QTRY_COMPARE(line.device->execute(QStringLiteral("fault list")).text, QString());
     QVERIFY(line.device->execute(QStringLiteral("fault add other-tag")).ok);
-    QCOMPARE(line.ask(detail, 100), 260);
+    QCOMPARE(line.ask(deviceDetail, 100), 260);
     QCOMPARE(first.get(), 357);
 }
 
@@ -285,10 +300,10 @@ void tst_ChannelStatuses::nothingIsSentTwice()
 {
     Line line("ignore,code=DeviceSwap,count=1");
     QVERIFY(line.isReady());
-    QCOMPARE(line.ask(swapCode, 50), 260);
+    QCOMPARE(line.ask(deviceSwap, 50), 260);
     QVERIFY(
         line.device->execute(QStringLiteral("fault add drop-request,code=DeviceSwap,count=1")).ok);
-    QCOMPARE(line.ask(swapCode), 259);
+    QCOMPARE(line.ask(deviceSwap), 259);
     line.channel->reconnectNow();
     QVERIFY(line.isReady());
     QCOMPARE(line.swap(), std::string("1"));
@@ -299,12 +314,10 @@ void tst_ChannelStatuses::nothingIsSentTwice()
 void tst_ChannelStatuses::unsentRequestsThatTimedOutAreNotSentLater()
 {
     constexpr int requests = 12;
-    Sim::SimOptions bigPackets;
-    bigPackets.packetSize = 4 << 20;
-    Line line("stop-reading,count=1", {}, bigPackets);
+    Line line("stop-reading,count=1", {}, packetsOf(4 << 20));
     QVERIFY(line.isReady());
-    QCOMPARE(line.ask(detail, 20), 260);
-    auto long4MiB = request(swapCode, 20);
+    QCOMPARE(line.ask(deviceDetail, 20), 260);
+    auto long4MiB = request(deviceSwap, 20);
     long4MiB->body() = std::string(4 << 20, ' ');
     for (int i = 0; i < requests; ++i)
         QCOMPARE(int(line.channel->sendSyncRequest(long4MiB)->status), 260);

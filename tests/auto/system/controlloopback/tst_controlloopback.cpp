@@ -1,10 +1,11 @@
 // Control of a device between two clients, from the operations of the library to the simulated
 // device and back.
 
+#include <support/common/requestcommand.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simulatedconnection.h>
 
 #include <tavorocontrol/screen.h>
-#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -14,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 
@@ -108,12 +110,7 @@ void tst_ControlLoopback::cleanup()
 /// The status of a write by the other client.
 int tst_ControlLoopback::otherWrites()
 {
-    const auto command = std::make_shared<DeviceRequestCommand>();
-    command->head().type = 2;
-    command->head().BC = 0x11;
-    command->head().FC = 7;
-    command->body() = R"({"swap":0})";
-    return m_other->sendSyncRequest(command)->status;
+    return m_other->sendSyncRequest(requestCommand(2, deviceSwap, swapOff))->status;
 }
 
 void tst_ControlLoopback::lossOfControlIsReportedAndRefusesOperations()

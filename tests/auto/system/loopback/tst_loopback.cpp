@@ -1,6 +1,7 @@
 // The whole path: an operation of the library, the channel, TCP, the simulated device, and back;
 // and a report from the device into the model.
 
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simulatedconnection.h>
 
 #include <tavorobizmodel/devicelist.h>
@@ -39,13 +40,6 @@ private Q_SLOTS:
 
 namespace {
 
-SimOptions smallPackets(quint32 size)
-{
-    SimOptions options;
-    options.packetSize = size;
-    return options;
-}
-
 std::string nameOf(const SimulatedConnection &connection)
 {
     ProtoModel::Device::s_DeviceDetail detail;
@@ -67,7 +61,7 @@ void tst_Loopback::writtenTextIsReadBack()
 
 void tst_Loopback::longAnswersAndLongWritesAreSplitIntoPackets()
 {
-    SimulatedConnection connection(smallPackets(100));
+    SimulatedConnection connection(packetsOf(100));
     QSignalSpy received(DeviceList::instance(), &DeviceList::signalReadDataFromHWProgressChanged);
     QSignalSpy sent(DeviceList::instance(), &DeviceList::signalSendData2HWProgressChanged);
     const std::string name(120, 'x'); // In a body of 149 bytes.
@@ -131,7 +125,7 @@ void tst_Loopback::aRefusalIsReturnedAsAText()
 
 void tst_Loopback::threadsShareAChannelWithoutMixingAnswers()
 {
-    SimulatedConnection connection(smallPackets(500));
+    SimulatedConnection connection(packetsOf(500));
     std::atomic<int> wrongAnswers{0};
     const auto readScreen = [&](int id) {
         Control::Screen screen(connection.model);
@@ -165,7 +159,7 @@ void tst_Loopback::threadsShareAChannelWithoutMixingAnswers()
 void tst_Loopback::splitWritesOfThreadsStayInTheirOrder()
 {
     constexpr int writers = 3;
-    SimulatedConnection connection(smallPackets(500));
+    SimulatedConnection connection(packetsOf(500));
     std::atomic<int> failures{0};
     const auto nameFor = [](int id) {
         return std::string(4000, static_cast<char>('a' + id)); // In nine packets.

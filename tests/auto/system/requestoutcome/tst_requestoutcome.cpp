@@ -1,38 +1,28 @@
 // Outcomes of requests that ended without an answer: the channel asks the simulated device by their
 // tags, and sends no request again.
 
+#include <support/common/contains.h>
+#include <support/common/requestcommand.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simulatedconnection.h>
 
 #include <tavorocontrol/controlhelper.h>
-#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/networkchannel.h>
 
 #include <QTest>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using namespace Tavoro::SSProxy;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char swapOff[] = R"({"swap":0})";
 constexpr char swapTo7[] = R"({"swap":7})";
-
-std::shared_ptr<DeviceRequestCommand> request(quint8 type, quint8 functionCode,
-                                              const std::string &body = {}, int timeout = 10000)
-{
-    auto command = std::make_shared<DeviceRequestCommand>();
-    command->head().type = type;
-    command->head().BC = 0x11;
-    command->head().FC = functionCode;
-    command->body() = body;
-    command->setTimeout(timeout);
-    return command;
-}
 
 std::shared_ptr<DeviceRequestCommand> swapWrite(const char *body, int timeout = 10000)
 {
-    return request(2, 7, body, timeout);
+    return requestCommand(2, deviceSwap, body, timeout);
 }
 
 } // namespace
@@ -73,8 +63,8 @@ private:
     }
     bool isSwapOff()
     {
-        const auto response = channel().sendSyncRequest(request(1, 0));
-        return response->body().find("\"swap\":0") != std::string::npos;
+        const auto response = channel().sendSyncRequest(requestCommand(1, deviceDetail));
+        return contains(response->body(), "\"swap\":0");
     }
 
     std::unique_ptr<SimulatedConnection> m_connection;
@@ -149,7 +139,7 @@ void tst_RequestOutcome::unsentTagHasNotArrived()
 void tst_RequestOutcome::splitWriteHasNoTagOfItsOwn()
 {
     const auto name =
-        request(2, 1, R"({"general":{"name":")" + std::string(100000, 'n') + R"("}})");
+        requestCommand(2, 0x1101, R"({"general":{"name":")" + std::string(100000, 'n') + R"("}})");
     addFault(QStringLiteral("drop-before,code=DeviceGeneral,skip=1,count=1"));
     QString error;
     QVERIFY(!Control::ControlHelper().sendSyncRequest(m_connection->model, name, error, true));
@@ -189,7 +179,7 @@ void tst_RequestOutcome::olderUsesOfATagDoNotCount()
     const auto first = swapWrite(swapOff);
     QCOMPARE(int(send(first)), 0);
     for (int i = 0; i < 254; ++i)
-        QCOMPARE(int(send(request(1, 0))), 0);
+        QCOMPARE(int(send(requestCommand(1, deviceDetail))), 0);
     addFault(QStringLiteral("drop-request,count=1"));
     const auto second = swapWrite(swapOff);
     QCOMPARE(int(send(second)), 259);

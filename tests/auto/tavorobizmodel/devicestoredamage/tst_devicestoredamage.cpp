@@ -95,7 +95,8 @@ void tst_DeviceStoreDamage::damagedFileIsReplacedOnceTheDiskHasRoom()
             QTRY_VERIFY(caught.saved.size() == 2 || FaultyVfs::operations() >= number);
             FaultyVfs::arm(FaultyVfs::Fault::None, 0);
             QTRY_COMPARE(caught.saved, (Devices{first, second}));
-            QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+            QCOMPARE(caught.quarantined,
+                     QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
         }
         const StoredModel model(file);
         QCOMPARE(model.list->devices().size(), 2);
@@ -116,7 +117,7 @@ void tst_DeviceStoreDamage::damagedIndexIsFoundWhenTheStoreIsOpened()
     const StoredModel model(file);
     QVERIFY2(model.isOpen, qPrintable(model.error));
     QVERIFY(model.list->devices().isEmpty());
-    QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+    QTRY_COMPARE(caught.quarantined, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
 }
 
 void tst_DeviceStoreDamage::indexDamagedWhileOpenIsCreatedAgain()
@@ -130,7 +131,7 @@ void tst_DeviceStoreDamage::indexDamagedWhileOpenIsCreatedAgain()
         damageIndex(file);
         const StoreSignals caught;
         model.save(deviceIn(New));
-        QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
+        QCOMPARE(caught.quarantined, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file)));
         QCOMPARE(caught.failures, QStringList());
     }
     const StoredModel model(file);
@@ -170,7 +171,7 @@ void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedIsNotChanged()
     QVERIFY(!model.list->saveDeviceDataThread());
     QVERIFY(model.list->devices().isEmpty());
     QCoreApplication::processEvents();
-    QCOMPARE(caught.setAside, QStringList());
+    QCOMPARE(caught.quarantined, QStringList());
     QCOMPARE(log.texts("tavoro.model", QtWarningMsg), QStringList());
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(nameTooLongToBeKept));
     QCOMPARE(contentOf(file), garbage);
@@ -205,7 +206,7 @@ void tst_DeviceStoreDamage::damagedFileThatCannotBeRenamedFailsSavesUntilItIsGon
 
         QVERIFY(QFile::remove(file));
         QTRY_COMPARE(caught.saved, (Devices{first, second}));
-        QCOMPARE(caught.setAside, QStringList());
+        QCOMPARE(caught.quarantined, QStringList());
     }
     const StoredModel model(file);
     QCOMPARE(model.list->devices().size(), 2);

@@ -86,7 +86,7 @@ void tst_DeviceStoreFaults::killedSaveLeavesTheLastCompleteOne()
         const StoredModel model(file);
         QVERIFY2(model.isOpen, qPrintable(model.error));
         QCoreApplication::processEvents();
-        QCOMPARE(caught.setAside, QStringList());
+        QCOMPARE(caught.quarantined, QStringList());
         QVERIFY(model.onlyDevice());
         const State state = stateOf(*model.onlyDevice());
         QVERIFY2(state == Old || state == New, qPrintable(QString::number(number)));

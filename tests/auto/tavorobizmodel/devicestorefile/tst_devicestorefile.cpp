@@ -28,15 +28,15 @@ private Q_SLOTS:
     void schemaVersionIsKept();
     void rowHoldsTheRecordInTheFormatOfTheStore();
     void fileOfALaterVersionIsNotChanged();
-    void fileOfAnEarlierVersionIsSetAside();
+    void fileOfAnEarlierVersionIsQuarantined();
     void fileOfAnotherKindIsNotChanged();
 
-    void damagedFileIsSetAside();
+    void damagedFileIsQuarantined();
     void fileDamagedWhileOpenIsCreatedAgain();
-    void damagedRowIsSetAsideAndTheOthersLoad();
+    void damagedRowIsQuarantinedAndTheOthersLoad();
     void damagedRowIsWrittenAgainByTheNextSave();
-    void rowThatIsNotARecordIsSetAside_data();
-    void rowThatIsNotARecordIsSetAside();
+    void rowThatIsNotARecordIsQuarantined_data();
+    void rowThatIsNotARecordIsQuarantined();
     void unknownFieldIsSkipped();
     void missingFieldKeepsItsDefault();
     void deviceWhoseIdentityIsDamagedKeepsTheRest();
@@ -122,7 +122,7 @@ void tst_DeviceStoreFile::fileOfALaterVersionIsNotChanged()
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
 }
 
-void tst_DeviceStoreFile::fileOfAnEarlierVersionIsSetAside()
+void tst_DeviceStoreFile::fileOfAnEarlierVersionIsQuarantined()
 {
     {
         const StoredModel model(file());
@@ -132,7 +132,7 @@ void tst_DeviceStoreFile::fileOfAnEarlierVersionIsSetAside()
     const StoreSignals caught;
     const StoredModel model(file());
     QVERIFY2(model.isOpen, qPrintable(model.error));
-    QTRY_COMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
+    QTRY_COMPARE(caught.quarantined, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
 }
 
 void tst_DeviceStoreFile::fileOfAnotherKindIsNotChanged()
@@ -143,7 +143,7 @@ void tst_DeviceStoreFile::fileOfAnotherKindIsNotChanged()
     QCOMPARE(model.error, QStringLiteral("The file %1 is not a store of devices.").arg(file()));
 }
 
-void tst_DeviceStoreFile::damagedFileIsSetAside()
+void tst_DeviceStoreFile::damagedFileIsQuarantined()
 {
     const QByteArray garbage(5000, 'x');
     for (const char *kept : {"/devices.sqlite.damaged-1", "/devices.sqlite.damaged-2"}) {
@@ -155,10 +155,11 @@ void tst_DeviceStoreFile::damagedFileIsSetAside()
         const MessageCatcher log;
         const StoredModel model(file());
         QVERIFY2(model.isOpen, qPrintable(model.error));
-        const QString keptAs = m_folder->path() + QLatin1String(kept);
-        QTRY_COMPARE(caught.setAside, QStringList(file() + QStringLiteral(" as ") + keptAs));
+        const QString quarantineFile = m_folder->path() + QLatin1String(kept);
+        QTRY_COMPARE(caught.quarantined,
+                     QStringList(file() + QStringLiteral(" as ") + quarantineFile));
         QCOMPARE(log.texts("tavoro.model", QtWarningMsg).size(), 1);
-        QFile aside(keptAs);
+        QFile aside(quarantineFile);
         QVERIFY(aside.open(QIODevice::ReadOnly));
         QCOMPARE(aside.readAll(), garbage);
         model.save(ModelRecords::device());
@@ -184,7 +185,7 @@ void tst_DeviceStoreFile::fileDamagedWhileOpenIsCreatedAgain()
         const StoreSignals caught;
         model.list->saveDeviceDataThread()->saveDevicesInfor(first);
         QTRY_COMPARE(caught.saved, (QList<std::shared_ptr<BizModel::Device>>{first, second}));
-        QCOMPARE(caught.setAside, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
+        QCOMPARE(caught.quarantined, QStringList(QStringLiteral("%1 as %1.damaged-1").arg(file())));
         QCOMPARE(caught.failures, QStringList());
     }
     const StoredModel model(file());
@@ -206,7 +207,7 @@ void tst_DeviceStoreFile::writeBody(int kind, const QString &key, const QByteArr
     QCOMPARE(result, QStringList());
 }
 
-void tst_DeviceStoreFile::damagedRowIsSetAsideAndTheOthersLoad()
+void tst_DeviceStoreFile::damagedRowIsQuarantinedAndTheOthersLoad()
 {
     {
         const StoredModel model(file());
@@ -231,10 +232,10 @@ void tst_DeviceStoreFile::damagedRowIsSetAsideAndTheOthersLoad()
     QTRY_COMPARE(caught.damagedRecords, QStringList(file() + QStringLiteral(": ") + record));
     QCOMPARE(
         log.texts("tavoro.model", QtWarningMsg),
-        QStringList(QStringLiteral("A row in the store of devices is damaged and was set aside:"
+        QStringList(QStringLiteral("A row in the store of devices is damaged and was quarantined:"
                                    " \"%1\"")
                         .arg(record)));
-    QCOMPARE(caught.setAside, QStringList());
+    QCOMPARE(caught.quarantined, QStringList());
     QCOMPARE(query(file(), QStringLiteral("SELECT hex(content) FROM damaged")),
              QStringList(QStringLiteral("610063")));
 }
@@ -260,7 +261,7 @@ void tst_DeviceStoreFile::damagedRowIsWrittenAgainByTheNextSave()
     QCOMPARE(caught.damagedRecords, QStringList());
 }
 
-void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside_data()
+void tst_DeviceStoreFile::rowThatIsNotARecordIsQuarantined_data()
 {
     QTest::addColumn<QByteArray>("body");
     const QByteArray sound = QByteArray::fromHex("017201527501014775010142750100");
@@ -288,7 +289,7 @@ void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside_data()
         << QByteArray::fromHex("0172") + QByteArray::fromHex("017872").repeated(100000);
 }
 
-void tst_DeviceStoreFile::rowThatIsNotARecordIsSetAside()
+void tst_DeviceStoreFile::rowThatIsNotARecordIsQuarantined()
 {
     QFETCH(QByteArray, body);
     {

@@ -1,13 +1,11 @@
 // Ends a save at each of its system calls, and lets each of them fail for lack of space. strace
 // does both, call by call.
 
+#include <support/common/tracedrun.h>
 #include <support/tavorobizmodel/storedstates.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QMap>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -32,19 +30,19 @@ class tst_DeviceStoreSyscalls : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void saveKilledAtAnyCallLeavesAWholeState_data() { addCalls(); }
+    void saveKilledAtAnyCallLeavesAWholeState_data() { TracedRun::addRows(m_calls); }
     void saveKilledAtAnyCallLeavesAWholeState();
-    void saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState_data() { addCalls(); }
+    void saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState_data()
+    {
+        TracedRun::addRows(m_calls);
+    }
     void saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOldState();
 
 private:
-    struct Outcome {
-        bool isKilled;
-        int exitCode;
-        State state;
+    struct Outcome : TracedRun::Result {
+        State state = Mixed;
     };
 
-    void addCalls() const;
     /// Saves over a new copy of the old state under strace with \a options.
     Outcome saved(const QStringList &options);
     State storedState() const;
@@ -52,7 +50,7 @@ private:
     const QTemporaryDir m_folder;
     const QString m_old = m_folder.filePath(QStringLiteral("old.sqlite"));
     const QString m_file = m_folder.filePath(QStringLiteral("devices.sqlite"));
-    QMap<QByteArray, int> m_calls; ///< How often an undisturbed save makes each system call.
+    TracedRun::Calls m_calls; ///< Those of an undisturbed save.
 };
 
 void tst_DeviceStoreSyscalls::initTestCase()
@@ -62,27 +60,13 @@ void tst_DeviceStoreSyscalls::initTestCase()
         model.save(deviceIn(Old));
     }
     const QString log = m_folder.filePath(QStringLiteral("calls"));
-    const Outcome outcome = saved({QStringLiteral("-o"), log});
+    const Outcome outcome = saved(TracedRun::logTo(log));
     QCOMPARE(outcome.exitCode, 0);
     QCOMPARE(outcome.state, New);
 
-    QFile calls(log);
-    QVERIFY(calls.open(QIODevice::ReadOnly));
-    const QRegularExpression call(QStringLiteral("^\\d+ +(\\w+)\\("));
-    while (!calls.atEnd()) {
-        const auto match = call.match(QString::fromUtf8(calls.readLine()));
-        if (match.hasMatch())
-            ++m_calls[match.captured(1).toUtf8()];
-    }
+    m_calls = TracedRun::callsIn(log);
     QVERIFY(m_calls.value("pwrite64") > 10);
     QVERIFY(m_calls.value("fdatasync") + m_calls.value("fsync") > 2);
-}
-
-void tst_DeviceStoreSyscalls::addCalls() const
-{
-    QTest::addColumn<int>("count");
-    for (auto call = m_calls.begin(); call != m_calls.end(); ++call)
-        QTest::newRow(call.key().constData()) << call.value();
 }
 
 void tst_DeviceStoreSyscalls::saveKilledAtAnyCallLeavesAWholeState()
@@ -91,9 +75,7 @@ void tst_DeviceStoreSyscalls::saveKilledAtAnyCallLeavesAWholeState()
     const QString call = QString::fromUtf8(QTest::currentDataTag());
     State last = Old;
     for (int number = 1; number <= count; ++number) {
-        const Outcome outcome = saved({QStringLiteral("-e"),
-                                       QStringLiteral("inject=%1:signal=SIGKILL:when=%2")
-                                           .arg(call, QString::number(number))});
+        const Outcome outcome = saved(TracedRun::killAt(call, number));
         QVERIFY(outcome.isKilled);
         QVERIFY2(outcome.state != Mixed, qPrintable(QString::number(number)));
         QVERIFY(outcome.state >= last); // a save stays complete at every later call
@@ -106,9 +88,7 @@ void tst_DeviceStoreSyscalls::saveWithoutSpaceAtAnyCallIsTriedAgainOrLeavesTheOl
     QFETCH(int, count);
     const QString call = QString::fromUtf8(QTest::currentDataTag());
     for (int number = 1; number <= count; ++number) {
-        const Outcome outcome = saved(
-            {QStringLiteral("-e"),
-             QStringLiteral("inject=%1:error=ENOSPC:when=%2").arg(call, QString::number(number))});
+        const Outcome outcome = saved(TracedRun::failWithoutSpaceAt(call, number));
         QVERIFY(!outcome.isKilled);
         QCOMPARE(outcome.state, outcome.exitCode == 0 ? New : Old);
     }
@@ -118,20 +98,16 @@ tst_DeviceStoreSyscalls::Outcome tst_DeviceStoreSyscalls::saved(const QStringLis
 {
     QFile::remove(m_file);
     if (!QFile::copy(m_old, m_file))
-        return {false, -1, Mixed};
-    QStringList arguments{QStringLiteral("-f"), QStringLiteral("-qq"), QStringLiteral("-o"),
-                          QStringLiteral("/dev/null")};
+        return {};
+    QStringList filter;
     const QStringList ofTheStore{
         {}, QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")};
     for (const QString &ending : ofTheStore)
-        arguments << QStringLiteral("-P") << m_file + ending;
-    arguments << QStringLiteral("-P") << m_folder.path() << options
-              << QCoreApplication::applicationFilePath() << QStringLiteral("--save") << m_file;
-    QProcess child;
-    child.start(QStringLiteral("strace"), arguments);
-    if (!child.waitForFinished())
-        return {false, -1, Mixed};
-    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), storedState()};
+        filter << QStringLiteral("-P") << m_file + ending;
+    filter << QStringLiteral("-P") << m_folder.path();
+    const TracedRun::Result result =
+        TracedRun::run(filter + options, {QStringLiteral("--save"), m_file});
+    return {result, storedState()};
 }
 
 State tst_DeviceStoreSyscalls::storedState() const
@@ -140,7 +116,7 @@ State tst_DeviceStoreSyscalls::storedState() const
     const StoredModel model(m_file);
     QCoreApplication::processEvents();
     const auto device = model.onlyDevice();
-    return model.isOpen && caught.setAside.isEmpty() && device ? stateOf(*device) : Mixed;
+    return model.isOpen && caught.quarantined.isEmpty() && device ? stateOf(*device) : Mixed;
 }
 
 int main(int argc, char **argv)

@@ -1,4 +1,4 @@
-#include <support/tavorocontrol/operationtest.h>
+#include <support/tavorocontrol/writetests.h>
 #include <tavorocontrol/auxiliary.h>
 #include <tavorocontrol/proto/codec.h>
 
@@ -51,11 +51,6 @@ const std::vector<WriteRow<Auxiliary>> &recordWrites()
     return rows;
 }
 // clang-format on
-
-const WriteRow<Auxiliary> &recordWrite(int row)
-{
-    return recordWrites()[std::size_t(row)];
-}
 
 /// One read: the member, and an answer in which no field has its default.
 struct ReadRow {
@@ -120,18 +115,13 @@ QString errorOfCaller(const ReadRow &row, const QString &text)
 
 } // namespace
 
-class tst_Auxiliary : public QObject {
+class tst_Auxiliary : public WriteTests {
     Q_OBJECT
 
+public:
+    tst_Auxiliary() : WriteTests(checked(recordWrites())) { }
+
 private Q_SLOTS:
-    void writeReachesTheDevice_data() { addRows(recordWrites()); }
-    void writeReachesTheDevice();
-    void refusedWriteFails_data() { addRows(recordWrites()); }
-    void refusedWriteFails();
-    void writeWithoutChannelIsDone_data() { addRows(recordWrites()); }
-    void writeWithoutChannelIsDone();
-    void writeToADeviceThatIsGoneFails_data() { addRows(recordWrites()); }
-    void writeToADeviceThatIsGoneFails();
     void timeoutOfSaveDeviceDataIsOverridden();
     void pickCutoutPosReadsNothingFromTheAnswer();
 
@@ -153,30 +143,6 @@ private Q_SLOTS:
 
     void updateCutoutRGBReturnsFalseWithoutTraffic();
 };
-
-void tst_Auxiliary::writeReachesTheDevice()
-{
-    QFETCH(int, row);
-    verifyWrite<Auxiliary>(recordWrite(row).write, recordWrite(row).code, recordWrite(row).body);
-}
-
-void tst_Auxiliary::refusedWriteFails()
-{
-    QFETCH(int, row);
-    verifyRefusedWrite(recordWrite(row));
-}
-
-void tst_Auxiliary::writeWithoutChannelIsDone()
-{
-    QFETCH(int, row);
-    verifyWriteWithoutChannel(recordWrite(row));
-}
-
-void tst_Auxiliary::writeToADeviceThatIsGoneFails()
-{
-    QFETCH(int, row);
-    verifyWriteOfAGoneDevice(recordWrite(row));
-}
 
 void tst_Auxiliary::timeoutOfSaveDeviceDataIsOverridden()
 {

@@ -1,4 +1,4 @@
-#include <support/tavorocontrol/operationtest.h>
+#include <support/tavorocontrol/writetests.h>
 #include <tavorobizmodel/file.h>
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/proto/codec.h>
@@ -49,11 +49,6 @@ const std::vector<WriteRow<File>> &fileWrites()
 }
 // clang-format on
 
-const WriteRow<File> &fileWrite(int row)
-{
-    return fileWrites()[std::size_t(row)];
-}
-
 /// The records that the caller of readDetails() gets.
 struct Listing {
     bool ok;
@@ -73,20 +68,13 @@ Listing readDetails(Controlled<File> &it, std::vector<s_FileDetail> files = {})
 
 } // namespace
 
-class tst_File : public QObject {
+class tst_File : public ListWriteTests {
     Q_OBJECT
 
+public:
+    tst_File() : ListWriteTests(checked(fileWrites())) { }
+
 private Q_SLOTS:
-    void writeReachesTheDevice_data() { addRows(fileWrites()); }
-    void writeReachesTheDevice();
-    void emptyListSendsTwoBrackets_data() { addRows(fileWrites()); }
-    void emptyListSendsTwoBrackets();
-    void refusedWriteFails_data() { addRows(fileWrites()); }
-    void refusedWriteFails();
-    void writeWithoutChannelIsDone_data() { addRows(fileWrites()); }
-    void writeWithoutChannelIsDone();
-    void writeToADeviceThatIsGoneFails_data() { addRows(fileWrites()); }
-    void writeToADeviceThatIsGoneFails();
     void deviceStaysForTheLengthOfAProjectApply();
     void deletedFileStaysInTheModel();
     void writeFileReturnsFalseAndSendsNothing_data();
@@ -104,41 +92,6 @@ private Q_SLOTS:
     void readHasTheTimeoutOfTheTable();
     void cancelledStateStopsNeitherReadsNorWrites();
 };
-
-void tst_File::writeReachesTheDevice()
-{
-    QFETCH(int, row);
-    verifyWrite<File>(fileWrite(row).write, fileWrite(row).code, fileWrite(row).body);
-}
-
-void tst_File::emptyListSendsTwoBrackets()
-{
-    QFETCH(int, row);
-    verifyWrite<File>(fileWrite(row).writeEmpty, fileWrite(row).code, "[]");
-}
-
-void tst_File::refusedWriteFails()
-{
-    QFETCH(int, row);
-    verifyRefusedWrite(fileWrite(row));
-}
-
-void tst_File::writeWithoutChannelIsDone()
-{
-    QFETCH(int, row);
-    verifyWriteWithoutChannel(fileWrite(row));
-}
-
-void tst_File::writeToADeviceThatIsGoneFails()
-{
-    QFETCH(int, row);
-    Controlled<File> it;
-    it.device.model.reset();
-    QVERIFY(!fileWrite(row).write(it.control, it.error));
-    QVERIFY2(it.error.endsWith(QStringLiteral(" failed: invalid device model data .")),
-             qPrintable(it.error));
-    QCOMPARE(it.sentCount(), std::size_t(0));
-}
 
 void tst_File::deviceStaysForTheLengthOfAProjectApply()
 {

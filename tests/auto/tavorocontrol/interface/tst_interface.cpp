@@ -1,5 +1,6 @@
 #include "interfacewrites.h"
 
+#include <support/tavorocontrol/writetests.h>
 #include <tavorobizmodel/interface.h>
 
 #include <QtTest>
@@ -18,20 +19,13 @@ static_assert(
     std::is_same_v<decltype(&Interface::writeActualTiming),
                    bool (Interface::*)(const std::vector<s_ActualTimingDetail> &, QString &)>);
 
-class tst_Interface : public QObject {
+class tst_Interface : public ListWriteTests {
     Q_OBJECT
 
+public:
+    tst_Interface() : ListWriteTests(checked(interfaceWrites())) { }
+
 private Q_SLOTS:
-    void writeReachesTheDevice_data() { addRows(interfaceWrites()); }
-    void writeReachesTheDevice();
-    void emptyListSendsTwoBrackets_data() { addRows(interfaceWrites()); }
-    void emptyListSendsTwoBrackets();
-    void refusedWriteFails_data() { addRows(interfaceWrites()); }
-    void refusedWriteFails();
-    void writeWithoutChannelIsDone_data() { addRows(interfaceWrites()); }
-    void writeWithoutChannelIsDone();
-    void writeOfAGoneDeviceFails_data() { addRows(interfaceWrites()); }
-    void writeOfAGoneDeviceFails();
     void writesDoNotChangeTheModel();
     void nameAndGeneralAreTheSameCommand();
     void actualTimingIsNeverSent();
@@ -46,38 +40,6 @@ private Q_SLOTS:
     void undecodableAnswerGivesTheCodecsText_data();
     void undecodableAnswerGivesTheCodecsText();
 };
-
-void tst_Interface::writeReachesTheDevice()
-{
-    QFETCH(int, row);
-    const auto &write = interfaceWrites()[std::size_t(row)];
-    verifyWrite<Interface>(write.write, write.code, write.body);
-}
-
-void tst_Interface::emptyListSendsTwoBrackets()
-{
-    QFETCH(int, row);
-    const auto &write = interfaceWrites()[std::size_t(row)];
-    verifyWrite<Interface>(write.writeEmpty, write.code, "[]");
-}
-
-void tst_Interface::refusedWriteFails()
-{
-    QFETCH(int, row);
-    verifyRefusedWrite(interfaceWrites()[std::size_t(row)]);
-}
-
-void tst_Interface::writeWithoutChannelIsDone()
-{
-    QFETCH(int, row);
-    verifyWriteWithoutChannel(interfaceWrites()[std::size_t(row)]);
-}
-
-void tst_Interface::writeOfAGoneDeviceFails()
-{
-    QFETCH(int, row);
-    verifyWriteOfAGoneDevice(interfaceWrites()[std::size_t(row)]);
-}
 
 void tst_Interface::writesDoNotChangeTheModel()
 {

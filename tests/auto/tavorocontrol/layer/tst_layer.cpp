@@ -1,6 +1,7 @@
 #include "layerwrites.h"
 
 #include <QtTest>
+#include <support/tavorocontrol/writetests.h>
 
 using namespace Tavoro::ProtoModel::Layer;
 using Tavoro::Control::Layer;
@@ -14,21 +15,13 @@ static_assert(std::is_same_v<decltype(&Layer::readDetails),
 static_assert(std::is_same_v<decltype(&Layer::writeRemovedAll),
                              bool (Layer::*)(unsigned char, unsigned char, QString &)>);
 
-class tst_Layer : public QObject {
+class tst_Layer : public ListWriteTests {
     Q_OBJECT
 
-private Q_SLOTS:
-    void writeReachesTheDevice_data() { addRows(layerWrites()); }
-    void writeReachesTheDevice();
-    void emptyListSendsTwoBrackets_data() { addRows(layerWrites()); }
-    void emptyListSendsTwoBrackets();
-    void refusedWriteFails_data() { addRows(layerWrites()); }
-    void refusedWriteFails();
-    void writeWithoutChannelIsDone_data() { addRows(layerWrites()); }
-    void writeWithoutChannelIsDone();
-    void writeOfAGoneDeviceFails_data() { addRows(layerWrites()); }
-    void writeOfAGoneDeviceFails();
+public:
+    tst_Layer() : ListWriteTests(checked(layerWrites())) { }
 
+private Q_SLOTS:
     void removedAllNamesTheScreenInTheHead_data();
     void removedAllNamesTheScreenInTheHead();
     void removedAllOfScreen2SendsFFFF0002();
@@ -46,38 +39,6 @@ private Q_SLOTS:
     void undecodableAnswerGivesTheCodecsText_data();
     void undecodableAnswerGivesTheCodecsText();
 };
-
-void tst_Layer::writeReachesTheDevice()
-{
-    QFETCH(int, row);
-    const auto &write = layerWrites()[std::size_t(row)];
-    verifyWrite<Layer>(write.write, write.code, write.body);
-}
-
-void tst_Layer::emptyListSendsTwoBrackets()
-{
-    QFETCH(int, row);
-    const auto &write = layerWrites()[std::size_t(row)];
-    verifyWrite<Layer>(write.writeEmpty, write.code, "[]");
-}
-
-void tst_Layer::refusedWriteFails()
-{
-    QFETCH(int, row);
-    verifyRefusedWrite(layerWrites()[std::size_t(row)]);
-}
-
-void tst_Layer::writeWithoutChannelIsDone()
-{
-    QFETCH(int, row);
-    verifyWriteWithoutChannel(layerWrites()[std::size_t(row)]);
-}
-
-void tst_Layer::writeOfAGoneDeviceFails()
-{
-    QFETCH(int, row);
-    verifyWriteOfAGoneDevice(layerWrites()[std::size_t(row)]);
-}
 
 void tst_Layer::removedAllNamesTheScreenInTheHead_data()
 {

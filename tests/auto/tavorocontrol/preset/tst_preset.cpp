@@ -1,4 +1,4 @@
-#include <support/tavorocontrol/operationtest.h>
+#include <support/tavorocontrol/writetests.h>
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/preset.h>
 
@@ -12,49 +12,28 @@ static_assert(std::is_constructible_v<Preset, std::weak_ptr<Tavoro::BizModel::De
 
 namespace {
 
-const WriteRow<Preset> &presetApply()
+const std::vector<WriteRow<Preset>> &presetWrites()
 {
-    static const auto row = byReference<s_PresetPlay>(
+    static const std::vector<WriteRow<Preset>> rows{byReference<s_PresetPlay>(
         "presetApply", &Preset::presetApply, 0x1501, {{{3, 6}, 1}, {{4, 8}, 2}},
-        R"([{"fileId":3,"fileType":6,"applyType":1},{"fileId":4,"fileType":8,"applyType":2}])");
-    return row;
+        R"([{"fileId":3,"fileType":6,"applyType":1},{"fileId":4,"fileType":8,"applyType":2}])")};
+    return rows;
 }
 
 } // namespace
 
-class tst_Preset : public QObject {
+class tst_Preset : public ListWriteTests {
     Q_OBJECT
 
+public:
+    tst_Preset() : ListWriteTests(checked(presetWrites())) { }
+
 private Q_SLOTS:
-    void applyReachesTheDevice();
-    void emptyListSendsTwoBrackets();
-    void refusedApplyFails();
-    void applyWithoutChannelIsDone();
-    void applyToADeviceThatIsGoneFails();
+    void failureNamesTheCommand();
     void applyDoesNotChangeTheModel();
 };
 
-void tst_Preset::applyReachesTheDevice()
-{
-    verifyWrite<Preset>(presetApply().write, 0x1501, presetApply().body);
-}
-
-void tst_Preset::emptyListSendsTwoBrackets()
-{
-    verifyWrite<Preset>(presetApply().writeEmpty, 0x1501, "[]");
-}
-
-void tst_Preset::refusedApplyFails()
-{
-    verifyRefusedWrite(presetApply());
-}
-
-void tst_Preset::applyWithoutChannelIsDone()
-{
-    verifyWriteWithoutChannel(presetApply());
-}
-
-void tst_Preset::applyToADeviceThatIsGoneFails()
+void tst_Preset::failureNamesTheCommand()
 {
     Controlled<Preset> it;
     it.device.model.reset();
@@ -72,7 +51,7 @@ void tst_Preset::applyDoesNotChangeTheModel()
     const QSignalSpy screenChanges(screen.lock().get(), &Tavoro::BizModel::Screen::screenChanged);
     const QSignalSpy deviceChanges(it.device.model.get(),
                                    &Tavoro::BizModel::Device::deviceDataChanged);
-    QVERIFY(presetApply().write(it.control, it.error));
+    QVERIFY(presetWrites().front().write(it.control, it.error));
     QCOMPARE(screenChanges.size(), 0);
     QCOMPARE(deviceChanges.size(), 0);
     QCOMPARE(it.device.model->deviceDetail().presetApplyType, quint8(0)); // a different key

@@ -1,7 +1,7 @@
+#include <support/common/requestcommand.h>
 #include <support/tavorobizmodel/journal.h>
 #include <support/tavorocontrol/scripteddevice.h>
 #include <tavorocontrol/controlhelper.h>
-#include <tavorossproxy/devicecommand.h>
 
 #include <QtTest>
 
@@ -16,18 +16,6 @@ namespace {
 constexpr int threadCount = 4;
 constexpr int rounds = 50;
 
-using Request = std::shared_ptr<SSProxy::DeviceRequestCommand>;
-
-Request request(quint8 type, quint8 functionCode, const std::string &body)
-{
-    auto made = std::make_shared<SSProxy::DeviceRequestCommand>();
-    made->head().type = type;
-    made->head().BC = 0x11;
-    made->head().FC = functionCode;
-    made->body() = body;
-    return made;
-}
-
 /// Reads and writes in turn, in two packets each. Returns the number of correct rounds.
 int readAndWrite(Control::ControlHelper &helper, const std::shared_ptr<BizModel::Device> &model)
 {
@@ -35,9 +23,9 @@ int readAndWrite(Control::ControlHelper &helper, const std::shared_ptr<BizModel:
     for (int round = 0; round < rounds; ++round) {
         std::string result;
         QString error;
-        const bool read = helper.sendSyncRequest(model, request(1, 0x00, {}), result, error);
+        const bool read = helper.sendSyncRequest(model, requestCommand(1, 0x1100), result, error);
         const bool written =
-            helper.sendSyncRequest(model, request(2, 0x07, "abcdefgh"), error, true);
+            helper.sendSyncRequest(model, requestCommand(2, 0x1107, "abcdefgh"), error, true);
         if (read && written && result == "onetwo" && error.isEmpty())
             ++good;
     }
@@ -105,8 +93,8 @@ void tst_RequestThreads::oneDeviceIsWrittenBySeveralThreadsAtOnce()
             Control::ControlHelper helper;
             for (int round = 0; round < rounds; ++round) {
                 QString error;
-                good +=
-                    helper.sendSyncRequest(device.model, request(2, 0x07, "abcdefgh"), error, true);
+                good += helper.sendSyncRequest(device.model, requestCommand(2, 0x1107, "abcdefgh"),
+                                               error, true);
             }
         });
     }

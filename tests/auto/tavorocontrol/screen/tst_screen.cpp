@@ -1,6 +1,6 @@
 #include "screenwrites.h"
 
-#include <support/tavorocontrol/operationtest.h>
+#include <support/tavorocontrol/writetests.h>
 
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/screen.h>
@@ -48,20 +48,13 @@ struct WithScreens : Controlled<Screen> {
 
 } // namespace
 
-class tst_Screen : public QObject {
+class tst_Screen : public ListWriteTests {
     Q_OBJECT
 
+public:
+    tst_Screen() : ListWriteTests(checked(screenWrites())) { }
+
 private Q_SLOTS:
-    void writeReachesTheDevice_data() { addRows(screenWrites()); }
-    void writeReachesTheDevice();
-    void emptyListSendsTwoBrackets_data() { addRows(screenWrites()); }
-    void emptyListSendsTwoBrackets();
-    void refusedWriteFails_data() { addRows(screenWrites()); }
-    void refusedWriteFails();
-    void writeWithoutChannelIsDone_data() { addRows(screenWrites()); }
-    void writeWithoutChannelIsDone();
-    void writeOfAGoneDeviceFails_data() { addRows(screenWrites()); }
-    void writeOfAGoneDeviceFails();
     void writesDoNotChangeTheModel();
     void takeAndSwitchEffectRunUnderTheTablesTimeout();
     void takeAndSwitchEffectDifferByFunctionCodeAlone();
@@ -82,38 +75,6 @@ private Q_SLOTS:
     void undecodableZelkReportGivesTheCodecsText();
     void emptyZelkReportSucceeds();
 };
-
-void tst_Screen::writeReachesTheDevice()
-{
-    QFETCH(int, row);
-    const auto &write = screenWrites()[std::size_t(row)];
-    verifyWrite<Screen>(write.write, write.code, write.body);
-}
-
-void tst_Screen::emptyListSendsTwoBrackets()
-{
-    QFETCH(int, row);
-    const auto &write = screenWrites()[std::size_t(row)];
-    verifyWrite<Screen>(write.writeEmpty, write.code, "[]");
-}
-
-void tst_Screen::refusedWriteFails()
-{
-    QFETCH(int, row);
-    verifyRefusedWrite(screenWrites()[std::size_t(row)]);
-}
-
-void tst_Screen::writeWithoutChannelIsDone()
-{
-    QFETCH(int, row);
-    verifyWriteWithoutChannel(screenWrites()[std::size_t(row)]);
-}
-
-void tst_Screen::writeOfAGoneDeviceFails()
-{
-    QFETCH(int, row);
-    verifyWriteOfAGoneDevice(screenWrites()[std::size_t(row)]);
-}
 
 void tst_Screen::writesDoNotChangeTheModel()
 {

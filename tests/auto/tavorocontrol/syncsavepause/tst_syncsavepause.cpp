@@ -91,13 +91,7 @@ void tst_SyncSavePause::saverResumesAfterAnException()
     };
     it.channel->reply(0x1300, answer);
     const ScriptedSaver saver(it.journal);
-    bool isThrown = false;
-    try {
-        it.run();
-    } catch (const std::runtime_error &) {
-        isThrown = true;
-    }
-    QVERIFY(isThrown);
+    QVERIFY(it.runThrows());
     QCOMPARE(saverLines(it), pausedAround(work, "saver: save 192.0.2.7"));
 }
 

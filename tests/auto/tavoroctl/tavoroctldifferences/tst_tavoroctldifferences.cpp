@@ -1,10 +1,11 @@
 // The differences between two records, as text.
 
 #include <tavoroctl/model/jsondiff.h>
-#include <tavoroctl/operations/jsontext.h>
+#include <tavorooperations/jsontext.h>
 
 #include <QTest>
 
+using namespace Tavoro;
 using namespace Tavoro::Ctl;
 
 class tst_TavoroCtlDifferences : public QObject {
@@ -42,8 +43,8 @@ void tst_TavoroCtlDifferences::eachChangedValueIsListed()
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
     QFETCH(QByteArray, message);
-    const QStringList found =
-        differences(jsonValue(before.toStdString()), jsonValue(after.toStdString()));
+    const QStringList found = differences(Operations::jsonValue(before.toStdString()),
+                                          Operations::jsonValue(after.toStdString()));
     QCOMPARE(found.join(QStringLiteral(", ")).toUtf8(), message);
 }
 

@@ -1,12 +1,10 @@
 // preset, reboot, selfcheck and version on a simulated device.
 
-#include <support/tavoroctl/toolbench.h>
+#include <support/tavoroctl/fastdevice.h>
 
 #include <QTest>
 
-using Tavoro::Sim::SimOptions;
-
-class tst_TavoroCtlMaintenance : public QObject {
+class tst_TavoroCtlMaintenance : public QObject, protected FastDevice {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -27,18 +25,10 @@ private Q_SLOTS:
     void missingPresetEndsWithOne();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
-
-private:
-    /// A device with two inputs and three outputs, whose clock runs at \a speed percent.
-    void useDevice(int speed);
-    QByteArray read(const QByteArray &operation, const QByteArrayList &filters) const;
-
-    std::unique_ptr<ToolBench> m_bench;
 };
 
 namespace {
 
-const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
 const QByteArray take = R"([{"screenId":1,"screenType":1,)"
                         R"("switchEffect":{"time":5,"direction":0,"type":1}}])";
 
@@ -46,28 +36,12 @@ const QByteArray take = R"([{"screenId":1,"screenType":1,)"
 
 void tst_TavoroCtlMaintenance::init()
 {
-    constexpr int fast = 5000;
-    useDevice(fast);
+    useDevice();
 }
 
 void tst_TavoroCtlMaintenance::cleanup()
 {
     m_bench.reset();
-}
-
-void tst_TavoroCtlMaintenance::useDevice(int speed)
-{
-    SimOptions options;
-    options.inputs = 2;
-    options.outputs = 3;
-    options.clockSpeed = speed;
-    m_bench = std::make_unique<ToolBench>(options);
-}
-
-QByteArray tst_TavoroCtlMaintenance::read(const QByteArray &operation,
-                                          const QByteArrayList &filters) const
-{
-    return m_bench->run("call", QByteArrayList{operation} + filters).output;
 }
 
 void tst_TavoroCtlMaintenance::versionShowsEveryUnit()
@@ -150,8 +124,7 @@ void tst_TavoroCtlMaintenance::applyingAPresetRestoresScreens()
 
 void tst_TavoroCtlMaintenance::presetCoversTheGivenScreens()
 {
-    SimOptions options;
-    m_bench = std::make_unique<ToolBench>(options);
+    m_bench = std::make_unique<ToolBench>();
     QCOMPARE(m_bench->run("preset save", {"1", "2", "4", "--type", "device-preset"}).exitCode, 0);
     QCOMPARE(m_bench->run("pull", {"8", "1", m_bench->path("preset")}).exitCode, 0);
     const QByteArray preset = m_bench->content("preset");

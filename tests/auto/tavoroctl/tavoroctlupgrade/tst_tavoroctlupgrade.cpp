@@ -1,12 +1,10 @@
 // upgrade on a simulated device: how it is started, followed and attached to.
 
-#include <support/tavoroctl/toolbench.h>
+#include <support/tavoroctl/fastdevice.h>
 
 #include <QTest>
 
-using Tavoro::Sim::SimOptions;
-
-class tst_TavoroCtlUpgrade : public QObject {
+class tst_TavoroCtlUpgrade : public QObject, protected FastDevice {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -27,19 +25,13 @@ private Q_SLOTS:
     void lostAnswerToTheStartIsNotAFailure();
 
 private:
-    /// A device with two inputs and three outputs, whose clock runs at \a speed percent.
-    void useDevice(int speed);
     /// Waits until an upgrade has begun.
     void waitForStart() const;
-    QByteArray read(const QByteArray &operation) const;
-
-    std::unique_ptr<ToolBench> m_bench;
 };
 
 namespace {
 
 constexpr int stopped = 0; ///< Speed of a clock that does not run.
-const QByteArray name = R"({"general":{"name":"Main hall","status":1}})";
 const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
                                    "slot 1, type 2: written\n"
                                    "slot 2, type 2: written\n"
@@ -49,27 +41,12 @@ const QByteArray allUnitsWritten = "slot 0, type 1: written\n"
 
 void tst_TavoroCtlUpgrade::init()
 {
-    constexpr int fast = 5000;
-    useDevice(fast);
+    useDevice();
 }
 
 void tst_TavoroCtlUpgrade::cleanup()
 {
     m_bench.reset();
-}
-
-void tst_TavoroCtlUpgrade::useDevice(int speed)
-{
-    SimOptions options;
-    options.inputs = 2;
-    options.outputs = 3;
-    options.clockSpeed = speed;
-    m_bench = std::make_unique<ToolBench>(options);
-}
-
-QByteArray tst_TavoroCtlUpgrade::read(const QByteArray &operation) const
-{
-    return m_bench->run("call", {operation}).output;
 }
 
 void tst_TavoroCtlUpgrade::waitForStart() const

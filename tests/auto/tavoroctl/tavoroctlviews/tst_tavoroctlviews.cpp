@@ -30,6 +30,8 @@ private Q_SLOTS:
     void replayShowsTheContentOfACapture_data();
     void replayShowsTheContentOfACapture();
     void replayOfAMissingFileFails();
+    void replayWritesACaptureForWireshark();
+    void replayWritesNothingFromAnInvalidCapture();
     void environmentVariableCapturesTheWire();
     void failedCaptureIsLogged_data();
     void failedCaptureIsLogged();
@@ -160,6 +162,32 @@ void tst_TavoroCtlViews::replayOfAMissingFileFails()
     const Run missing = run({"replay", "/no/such/capture"});
     QCOMPARE(missing.errors, QByteArray("/no/such/capture: No such file or directory\n"));
     QCOMPARE(missing.exitCode, 1);
+}
+
+void tst_TavoroCtlViews::replayWritesACaptureForWireshark()
+{
+    const QByteArray capture = m_bench->makeFile(
+        "two.txt", "# tavoro wire capture 1\n7 0.000001 open 10.1.2.3\n7 0.5 > 5456\n");
+    const Run replay = run({"replay", capture, "--pcapng", m_bench->path("two.pcapng")});
+    QCOMPARE(replay.output, QByteArray());
+    QCOMPARE(replay.errors, QByteArray());
+    QCOMPARE(replay.exitCode, 0);
+    const QByteArray bytes = m_bench->content("two.pcapng");
+    QCOMPARE(bytes.left(4), QByteArray("\n\r\r\n"));
+    QVERIFY(bytes.contains("channel 7"));
+    // The two bytes, and two zeros, at the end of the last block, which has 76 bytes.
+    QCOMPARE(bytes.right(8).toHex(), QByteArray("545600004c000000"));
+    QCOMPARE(run({"replay", "--pcapng", "-", capture}).output, bytes);
+}
+
+void tst_TavoroCtlViews::replayWritesNothingFromAnInvalidCapture()
+{
+    const QByteArray capture = m_bench->makeFile(
+        "invalid.txt", "# tavoro wire capture 1\n1 0.0 open 10.1.2.3\n1 0.0 fly\n");
+    const Run replay = run({"replay", capture, "--pcapng", m_bench->path("invalid.pcapng")});
+    QCOMPARE(replay.errors, capture + ": line 3: not a line of a capture\n");
+    QCOMPARE(replay.exitCode, 1);
+    QVERIFY(m_bench->content("invalid.pcapng").isNull());
 }
 
 void tst_TavoroCtlViews::environmentVariableCapturesTheWire()

@@ -1,6 +1,8 @@
 // The simulated device on its socket: clients, reports, its console, and what it refuses.
 
+#include <support/common/contains.h>
 #include <support/common/messagecatcher.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commandline.h>
@@ -9,6 +11,7 @@
 
 #include <QRegularExpression>
 
+using namespace CommandCodes;
 using Tavoro::ProtoModel::DeviceBaseInfo;
 using Tavoro::Sim::CommandLine;
 using Tavoro::Sim::ConsoleAnswer;
@@ -45,24 +48,6 @@ private Q_SLOTS:
     void addressesWithColonsAreInBrackets();
 };
 
-namespace {
-
-constexpr quint16 deviceDetail = 0x1100;
-constexpr quint16 deviceSwap = 0x1107;
-constexpr quint16 groupInfo = 0x110A;
-
-WireFrame readRequest(quint16 code)
-{
-    return WireClient::request(code, CommandType::Read);
-}
-
-bool contains(const WireFrame &frame, const char *text)
-{
-    return frame.body.find(text) != std::string::npos;
-}
-
-} // namespace
-
 void tst_TavoroSim::numbersOfOptionsAreDecimalWithoutThePrefix0x()
 {
     const auto latencyOf = [](const char *number) {
@@ -95,7 +80,7 @@ void tst_TavoroSim::identityHoldsTheOptions()
     for (const char *part :
          {"\"name\":\"Wall\"", "\"sn\":\"0102030405060708\"", "\"mac\":\"090A0B0C0D0E\"",
           "\"modelId\":4660", "\"maxPacketSize\":4711", "\"slotCount\":4"})
-        QVERIFY2(identity.find(part) != std::string::npos, part);
+        QVERIFY2(contains(identity, part), part);
 }
 
 void tst_TavoroSim::anUnknownCommandIsRefused_data()
@@ -121,7 +106,7 @@ void tst_TavoroSim::anUnknownCommandIsRefused()
         WireClient::request(quint16(code), static_cast<CommandType>(type), R"({"swap":0})"));
     QCOMPARE(int(answer.head.status), 1);
     QCOMPARE(answer.body, std::string());
-    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":1"));
+    QVERIFY(contains(bench.client->read(deviceDetail).body, "\"swap\":1"));
 }
 
 void tst_TavoroSim::aWrongBodyChecksumIsRefused()
@@ -164,7 +149,7 @@ void tst_TavoroSim::clientsShareOneState()
     WireClient other;
     QVERIFY(other.connectTo(bench.device->port()));
     QCOMPARE(int(other.write(deviceSwap, R"({"swap":0})").head.status), 0);
-    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":0"));
+    QVERIFY(contains(bench.client->read(deviceDetail).body, "\"swap\":0"));
 }
 
 void tst_TavoroSim::reportsReachEveryClient()
@@ -196,7 +181,7 @@ void tst_TavoroSim::clientWithoutIdentityRequestGetsNoReports()
     QVERIFY(
         !stranger.identity().empty()); // The next frame is the identity, so there was no report.
     QVERIFY(bench.device->execute(QStringLiteral("power 2 1")).ok);
-    QVERIFY(contains(stranger.waitForReport(), "\"powerId\":2,\"iSignal\":1"));
+    QVERIFY(contains(stranger.waitForReport().body, "\"powerId\":2,\"iSignal\":1"));
 }
 
 namespace {
@@ -271,7 +256,7 @@ void tst_TavoroSim::consoleCommandsMakeReports()
     QVERIFY2(answer.ok, qPrintable(answer.text));
     const WireFrame report = bench.client->waitForReport();
     QCOMPARE(int(report.head.code()), code);
-    QVERIFY2(contains(report, qUtf8Printable(part)), report.body.c_str());
+    QVERIFY2(contains(report.body, qUtf8Printable(part)), report.body.c_str());
 }
 
 void tst_TavoroSim::invalidConsoleLinesAreRefused_data()
@@ -334,7 +319,7 @@ void tst_TavoroSim::latencyKeepsTheOrderOfAnswers()
     options.latencyMilliseconds = 20;
     SimBench bench(options);
     for (quint8 tag = 1; tag <= 8; ++tag) {
-        WireFrame request = readRequest(groupInfo);
+        WireFrame request = WireClient::readRequest(groupInfo);
         request.head.lables = tag;
         if (tag < 8)
             bench.client->send(request);

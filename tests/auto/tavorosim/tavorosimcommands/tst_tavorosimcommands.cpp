@@ -18,6 +18,8 @@ private Q_SLOTS:
     void writesAreReadBack();
     void refusedWritesChangeNothing_data();
     void refusedWritesChangeNothing();
+    void limitsAreInclusive_data();
+    void limitsAreInclusive();
     void oneBadElementRefusesTheWholeList();
     void writesAreReportedToAllClients_data();
     void writesAreReportedToAllClients();
@@ -210,6 +212,41 @@ void tst_TavoroSimCommands::refusedWritesChangeNothing()
     const QByteArray before = everything();
     QCOMPARE(status(quint16(code), body), expected);
     QCOMPARE(everything(), before);
+}
+
+void tst_TavoroSimCommands::limitsAreInclusive_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("accepted");
+    QTest::addColumn<QByteArray>("refused");
+    const auto deviceName = [](int bytes) {
+        return R"({"general":{"name":")" + QByteArray(bytes, 'n') + R"("}})";
+    };
+    const auto groups = [](int number) {
+        const QByteArray list = QByteArray(R"({"groupId":"1"},)").repeated(number);
+        return R"({"groupInfos":[)" + list.left(list.size() - 1) + "]}";
+    };
+    const auto fileName = [](int bytes) {
+        return R"([{"fileId":1,"fileType":2,"general":{"name":")" + QByteArray(bytes, 'n')
+            + R"("}}])";
+    };
+    const auto image = [](int zoom) {
+        return R"([{"fileId":1,"fileType":0,"source":{"type":1,"id":65792,"zoomRatio":)"
+            + QByteArray::number(zoom) + "}}]";
+    };
+    QTest::newRow("name of the device") << 0x1101 << deviceName(128) << deviceName(129);
+    QTest::newRow("groups") << 0x110A << groups(64) << groups(65);
+    QTest::newRow("name of a file") << 0xFA03 << fileName(255) << fileName(256);
+    QTest::newRow("zoom of an image") << 0xFA06 << image(64) << image(65);
+}
+
+void tst_TavoroSimCommands::limitsAreInclusive()
+{
+    QFETCH(int, code);
+    QFETCH(QByteArray, accepted);
+    QFETCH(QByteArray, refused);
+    QCOMPARE(status(quint16(code), refused), 4);
+    QCOMPARE(status(quint16(code), accepted), 0);
 }
 
 void tst_TavoroSimCommands::oneBadElementRefusesTheWholeList()

@@ -1,17 +1,16 @@
 // The simulated device lets only one client at a time write.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simbench.h>
 
 #include <QTest>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using SSProxy::CommandType;
 
 namespace {
-
-constexpr quint16 controlCode = 0x0101;
-constexpr quint16 swapCode = 0x1107;
-constexpr char swapOff[] = R"({"swap":0})";
 
 /// A client that has asked for the identity.
 struct Client {
@@ -22,11 +21,8 @@ struct Client {
     }
 
     int control(quint8 action) { return wire.control(action); }
-    int write() { return wire.write(swapCode, swapOff).head.status; }
-    bool seesThatOthersHoldControl() const
-    {
-        return identity.find("\"controlState\":1") != std::string::npos;
-    }
+    int write() { return wire.write(deviceSwap, swapOff).head.status; }
+    bool seesThatOthersHoldControl() const { return contains(identity, "\"controlState\":1"); }
 
     WireClient wire;
     std::string identity;
@@ -73,7 +69,7 @@ void tst_TavoroSimControl::allClientsMayRead()
     Client first(bench);
     Client second(bench);
     QCOMPARE(first.control(take), 0);
-    QCOMPARE(int(second.wire.read(0x1100).head.status), 0);
+    QCOMPARE(int(second.wire.read(deviceDetail).head.status), 0);
     QCOMPARE(first.control(take), 0); // taking it again changes nothing
 }
 
@@ -83,10 +79,10 @@ void tst_TavoroSimControl::writesOfOthersChangeNothing()
     Client first(bench);
     Client second(bench);
     QCOMPARE(first.control(take), 0);
-    const std::string before = second.wire.read(0x1100).body;
-    QVERIFY(before.find("\"swap\":1") != std::string::npos);
+    const std::string before = second.wire.read(deviceDetail).body;
+    QVERIFY(contains(before, "\"swap\":1"));
     QCOMPARE(second.write(), 67);
-    QCOMPARE(second.wire.read(0x1100).body, before);
+    QCOMPARE(second.wire.read(deviceDetail).body, before);
 }
 
 void tst_TavoroSimControl::splitWritesOfOthersAreRefused()
@@ -97,7 +93,7 @@ void tst_TavoroSimControl::splitWritesOfOthersAreRefused()
     Client first(bench);
     Client second(bench);
     QCOMPARE(first.control(take), 0);
-    WireFrame piece = WireClient::request(swapCode, CommandType::Write, R"({"swap")");
+    WireFrame piece = WireClient::request(deviceSwap, CommandType::Write, R"({"swap")");
     piece.head.totalCount = 2;
     QCOMPARE(int(second.wire.exchange(piece).head.status), 0); // nothing is carried out yet
     piece.head.sendCount = 1;
@@ -164,7 +160,7 @@ void tst_TavoroSimControl::identityShowsWhetherOthersHoldControl()
     QVERIFY(!first.seesThatOthersHoldControl());
     QCOMPARE(first.control(take), 0);
     QVERIFY(Client(bench).seesThatOthersHoldControl());
-    QVERIFY(first.wire.identity().find("\"controlState\":0") != std::string::npos);
+    QVERIFY(contains(first.wire.identity(), "\"controlState\":0"));
 }
 
 void tst_TavoroSimControl::readOfControlNamesTheHolder()
@@ -194,8 +190,8 @@ void tst_TavoroSimControl::refusedWriteDoesNotTakeControl_data()
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<int>("status");
     QTest::newRow("no such command") << 0x9900 << QByteArray("{}") << 1;
-    QTest::newRow("body") << int(swapCode) << QByteArray("{") << 2;
-    QTest::newRow("value") << int(swapCode) << QByteArray(R"({"swap":7})") << 4;
+    QTest::newRow("body") << int(deviceSwap) << QByteArray("{") << 2;
+    QTest::newRow("value") << int(deviceSwap) << QByteArray(R"({"swap":7})") << 4;
 }
 
 void tst_TavoroSimControl::refusedWriteDoesNotTakeControl()
@@ -214,7 +210,6 @@ void tst_TavoroSimControl::refusedWriteDoesNotTakeControl()
 
 void tst_TavoroSimControl::settingTheClockNeedsNoControlAndDoesNotTakeIt()
 {
-    constexpr quint16 deviceTime = 0xFC0C;
     SimBench bench;
     Client first(bench);
     Client second(bench);

@@ -1,6 +1,9 @@
 // The effects of faults of the simulated device on a client.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/faultrule.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commandline.h>
@@ -8,17 +11,16 @@
 
 #include <QElapsedTimer>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using namespace Tavoro::Sim;
 using SSProxy::CommandType;
 
 namespace {
 
-constexpr char swapBody[] = "{\"swap\":0}"; // the factory value is 1
-
 int swapOf(SimBench &bench)
 {
-    return bench.client->read(0x1100).body.find("\"swap\":1") == std::string::npos ? 0 : 1;
+    return contains(bench.client->read(deviceDetail).body, "\"swap\":1") ? 1 : 0;
 }
 
 /// Makes the device stop reading from the client for this number of milliseconds.
@@ -26,7 +28,7 @@ void pauseReading(SimBench &bench, int milliseconds)
 {
     const QString line = QStringLiteral("fault add stop-reading=%1,count=1").arg(milliseconds);
     QVERIFY(bench.device->execute(line).ok);
-    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
 }
 
@@ -52,6 +54,7 @@ private Q_SLOTS:
     void rebootedDeviceHasTheSavedSetup();
     void floodArrivesBeforeTheAnswer();
     void largestFloodArrivesCompletely();
+    void oldestSwappedPacketIsForgottenBeyondSixteen();
     void identityFaultsNeedItsName();
 };
 
@@ -64,7 +67,7 @@ void tst_TavorosimFaults::consoleAddsListsAndClears()
     QCOMPARE(line("fault list"), QStringLiteral("ok"));
     QCOMPARE(line("fault add status=8,code=0x1107,count=2"), QStringLiteral("ok"));
     QCOMPARE(line("fault add late=5,share=10"), QStringLiteral("ok"));
-    QCOMPARE(bench.write(0x1107, swapBody), 8);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 8);
     QCOMPARE(line("fault list"),
              QStringLiteral("ok status=8,code=DeviceSwap,count=1 late=5,share=10"));
     QCOMPARE(line("fault add loud"), QStringLiteral("error unknown fault: \"loud\""));
@@ -102,7 +105,7 @@ void tst_TavorosimFaults::seedDeterminesWhichExchangesFail()
         SimBench bench(options);
         QList<int> seen;
         for (int i = 0; i < 32; ++i)
-            seen.append(bench.write(0x1107, swapBody));
+            seen.append(bench.write(deviceSwap, swapOff));
         return seen;
     };
     QCOMPARE(statuses(7), statuses(7));
@@ -114,9 +117,9 @@ void tst_TavorosimFaults::ruleAppliesToTheSelectedExchangeOnly()
     SimOptions options;
     options.faults = {faultRule("status=8,skip=1,count=1")};
     SimBench bench(options);
-    QCOMPARE(bench.write(0x1107, swapBody), 0);
-    QCOMPARE(bench.write(0x1107, swapBody), 8);
-    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 8);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
 }
 
 void tst_TavorosimFaults::requestsThatAreNotCarriedOutChangeNothing_data()
@@ -131,7 +134,7 @@ void tst_TavorosimFaults::requestsThatAreNotCarriedOutChangeNothing()
     QFETCH(QString, fault);
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add %1,count=1").arg(fault)).ok);
-    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
     QVERIFY(bench.reconnect());
     QCOMPARE(swapOf(bench), 1);
@@ -149,7 +152,7 @@ void tst_TavorosimFaults::requestsThatAreCarriedOutChangeTheDevice()
     QFETCH(QString, fault);
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add %1,count=1").arg(fault)).ok);
-    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     if (fault.startsWith(QLatin1String("drop")))
         QVERIFY(bench.client->waitForEnd());
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
@@ -161,10 +164,10 @@ void tst_TavorosimFaults::lateAnswersArriveAfterOthers()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
-    WireFrame late = WireClient::request(0x1107, CommandType::Write, swapBody);
+    WireFrame late = WireClient::request(deviceSwap, CommandType::Write, swapOff);
     late.head.lables = 1;
     bench.client->send(late);
-    WireFrame prompt = WireClient::request(0x1100, CommandType::Read);
+    WireFrame prompt = WireClient::readRequest(deviceDetail);
     prompt.head.lables = 2;
     QCOMPARE(int(bench.client->exchange(prompt).head.lables), 2);
     QCOMPARE(int(bench.client->receiveResponse().head.lables), 1);
@@ -174,15 +177,15 @@ void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,count=1")).ok);
-    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapBody));
+    bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
-    WireFrame read = WireClient::request(0x1100, CommandType::Read);
+    WireFrame read = WireClient::readRequest(deviceDetail);
     read.head.lables = 9;
     bench.client->send(read);
     QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
     const WireFrame answer = bench.client->receiveResponse();
     QCOMPARE(int(answer.head.lables), 9);
-    QVERIFY(answer.body.find("\"swap\":1") != std::string::npos);
+    QVERIFY(contains(answer.body, "\"swap\":1"));
 }
 
 void tst_TavorosimFaults::deviceThatStopsReadingLeavesFurtherRequests()
@@ -192,11 +195,11 @@ void tst_TavorosimFaults::deviceThatStopsReadingLeavesFurtherRequests()
     WireClient other;
     QVERIFY(other.connectTo(bench.device->port()));
     const auto swap = [&] {
-        return other.read(0x1100).body.find("\"swap\":1") != std::string::npos;
+        return contains(other.read(deviceDetail).body, "\"swap\":1");
     };
     QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,code=0x1100,count=1")).ok);
-    const WireFrame read = WireClient::request(0x1100, CommandType::Read);
-    const WireFrame write = WireClient::request(0x1107, CommandType::Write, swapBody);
+    const WireFrame read = WireClient::readRequest(deviceDetail);
+    const WireFrame write = WireClient::request(deviceSwap, CommandType::Write, swapOff);
     bench.client->sendBytes(encodeFrame(read.head, {}) + encodeFrame(write.head, write.body));
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
     QVERIFY(swap());
@@ -231,9 +234,9 @@ void tst_TavorosimFaults::rebootedDeviceHasTheSavedSetup()
     SimOptions options;
     options.clockSpeed = 10000;
     SimBench bench(options);
-    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QVERIFY(bench.device->execute(QStringLiteral("fault add reboot,count=1")).ok);
-    bench.client->send(WireClient::request(0x1100, CommandType::Read));
+    bench.client->send(WireClient::readRequest(deviceDetail));
     QVERIFY(bench.client->waitForEnd());
     QTRY_VERIFY(bench.reconnect());
     QCOMPARE(swapOf(bench), 1);
@@ -243,7 +246,7 @@ void tst_TavorosimFaults::floodArrivesBeforeTheAnswer()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100,count=1")).ok);
-    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QCOMPARE(bench.client->keptReports(), 100);
     QCOMPARE(int(bench.client->waitForReport().head.code()), 0x1103);
 }
@@ -252,8 +255,26 @@ void tst_TavorosimFaults::largestFloodArrivesCompletely()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add flood=100000,count=1")).ok);
-    QCOMPARE(bench.write(0x1107, swapBody), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QCOMPARE(bench.client->keptReports(), 100000);
+}
+
+void tst_TavorosimFaults::oldestSwappedPacketIsForgottenBeyondSixteen()
+{
+    SimBench bench(packetsOf(500));
+    QVERIFY(bench.device->execute(QStringLiteral("fault add swap-packets,count=17")).ok);
+    WireFrame request = WireClient::readRequest(deviceDetail);
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        const WireFrame second = bench.client->exchange(request);
+        QCOMPARE(int(second.head.sendCount), 1);
+        request.head.totalCount = second.head.totalCount;
+    }
+    request.head.sendCount = 1;
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        QCOMPARE(int(bench.client->exchange(request).head.status), stream == 1 ? 6 : 0);
+    }
 }
 
 void tst_TavorosimFaults::identityFaultsNeedItsName()

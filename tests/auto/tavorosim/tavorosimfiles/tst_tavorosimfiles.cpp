@@ -1,15 +1,18 @@
 // The files of the simulated device: announced, sent, listed, moved, deleted, read back.
 
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorosim/commands/commandtable.h>
-#include <tavorosim/state/chassis.h>
+#include <tavorosim/state/factorysetup.h>
 
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <utility>
 
+using namespace CommandCodes;
 using Tavoro::Sim::carryOut;
 using Tavoro::Sim::DeviceStatus;
 using Tavoro::Sim::Reports;
@@ -22,10 +25,6 @@ using Tavoro::SSProxy::CommandType;
 
 namespace {
 
-constexpr quint16 fileDelete = 0xFA01;
-constexpr quint16 fileGeneral = 0xFA02;
-constexpr quint16 fileImport = 0xFA03;
-constexpr quint16 fileProgress = 0xFA05;
 constexpr quint8 any = 0xFF;
 
 const std::string sample = "123456789"; ///< Its hash sum is 0xCBF43926, -873187034.
@@ -49,13 +48,6 @@ Request writeOf(Command command)
     request.command = command;
     request.type = CommandType::Write;
     return request;
-}
-
-SimOptions smallPackets(quint32 size)
-{
-    SimOptions options;
-    options.packetSize = size;
-    return options;
 }
 
 } // namespace
@@ -89,6 +81,7 @@ private Q_SLOTS:
     void contentThatIsTooLongToReadIsRefused();
     void fileThatIsTooLongToReadIsNotCreated();
     void unfinishedContentsOfAConnectionAreLimited();
+    void seventeenthUnfinishedContentOfAConnectionIsRefused();
 };
 
 void tst_TavoroSimFiles::anImportedFileIsListedAndReadBack()
@@ -208,7 +201,7 @@ void tst_TavoroSimFiles::anEmptyFileIsAFile()
 
 void tst_TavoroSimFiles::packetsOfAContentMayUseAnyStream()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, 9, -873187034)), 0);
     for (quint32 i = 0; i < 3; ++i) {
         WireFrame piece =
@@ -279,7 +272,7 @@ void tst_TavoroSimFiles::aRefusedContentIsReportedAsFailed()
 
 void tst_TavoroSimFiles::aLongContentIsReadInPackets()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     const std::string content(450, 'x');
     QCOMPARE(bench.write(fileImport, SimBench::announcement(16, 254, 450, 0)), 0);
     for (quint32 i = 0; i < 3; ++i)
@@ -307,7 +300,7 @@ void tst_TavoroSimFiles::aReplacedContentIsReadToItsEnd()
 {
     QFETCH(bool, isInFolder);
     QTemporaryDir folder;
-    SimOptions options = smallPackets(200);
+    SimOptions options = packetsOf(200);
     if (isInFolder)
         options.filesFolder = folder.path();
     SimBench bench(options);
@@ -378,7 +371,7 @@ void tst_TavoroSimFiles::unknownFilesAreRefused()
 
 void tst_TavoroSimFiles::announcedLengthThatIsTooLongToReadIsRefused()
 {
-    SimBench bench(smallPackets(200));
+    SimBench bench(packetsOf(200));
     constexpr int longest = 200 * 65536;
     QCOMPARE(bench.write(fileImport, SimBench::announcement(2, 7, longest + 1, 0)), 7);
     QCOMPARE(bench.send(2, 7, sample), 3); // not announced
@@ -388,7 +381,7 @@ void tst_TavoroSimFiles::announcedLengthThatIsTooLongToReadIsRefused()
 void tst_TavoroSimFiles::contentThatIsTooLongToReadIsRefused()
 {
     SimState state;
-    state.files.setLongestContent(8);
+    state.files.setMaxContentLength(8);
     Uploads uploads;
     Request request = writeOf(Command::FileImport);
     request.uploads = &uploads;
@@ -407,22 +400,22 @@ void tst_TavoroSimFiles::contentThatIsTooLongToReadIsRefused()
 void tst_TavoroSimFiles::fileThatIsTooLongToReadIsNotCreated()
 {
     SimState state;
-    static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeChassis({});
+    static_cast<Tavoro::Sim::Setup &>(state) = Tavoro::Sim::makeFactorySetup({});
     Request request = writeOf(Command::FileCreateEdid);
     request.body = R"([{"fileId":1,"fileType":2,"general":{"name":"edid"},)"
                    R"("interfaceId":{"slotId":1,"connectorId":1,"splitId":0}}])";
     Reports reports;
-    state.files.setLongestContent(127);
+    state.files.setMaxContentLength(127);
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::StorageFailed);
     QVERIFY(state.files.index().empty());
-    state.files.setLongestContent(128);
+    state.files.setMaxContentLength(128);
     QCOMPARE(carryOut(state, request, reports).status, DeviceStatus::Success);
 }
 
 void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
 {
     SimState state;
-    state.files.setMaxUnfinished(10);
+    state.files.setMaxUnfinishedBytes(10);
     Uploads uploads;
     Reports reports;
     Request request = writeOf(Command::FileImport);
@@ -444,6 +437,19 @@ void tst_TavoroSimFiles::unfinishedContentsOfAConnectionAreLimited()
     Uploads others;
     request.uploads = &others; // of another connection
     QCOMPARE(send(2, "12345678"), DeviceStatus::Success);
+}
+
+void tst_TavoroSimFiles::seventeenthUnfinishedContentOfAConnectionIsRefused()
+{
+    SimBench bench;
+    for (int id = 1; id <= 17; ++id)
+        QCOMPARE(bench.write(fileImport, SimBench::announcement(2, id, 0, 0)), 0);
+    for (quint8 id = 1; id <= 16; ++id)
+        QCOMPARE(bench.send(2, id, "a", 2), 0);
+    QCOMPARE(bench.send(2, 17, "a", 2), 8);
+    QCOMPARE(bench.send(2, 16, "b", 2), 0); // begins again
+    QCOMPARE(bench.send(2, 1, "b", 2, 1), 0); // is complete
+    QCOMPARE(bench.send(2, 17, "a", 2), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimFiles)

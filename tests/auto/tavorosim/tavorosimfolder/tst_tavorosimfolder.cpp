@@ -1,5 +1,6 @@
 // The folder in which a simulated device keeps its files from run to run.
 
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simbench.h>
 #include <support/tavorosim/sqlfile.h>
 
@@ -13,6 +14,7 @@
 #include <functional>
 #include <vector>
 
+using namespace CommandCodes;
 using Tavoro::ProtoModel::File::s_FileDetail;
 using Tavoro::Sim::FileChanges;
 using Tavoro::Sim::FileStore;
@@ -20,9 +22,6 @@ using Tavoro::Sim::SimOptions;
 using Tavoro::Sim::SimulatedDevice;
 
 namespace {
-
-constexpr quint16 fileDelete = 0xFA01;
-constexpr quint16 fileGeneral = 0xFA02;
 
 const std::string sample = "123456789"; ///< Its hash sum is 0xCBF43926, -873187034.
 
@@ -137,7 +136,7 @@ void tst_TavoroSimFolder::folderKeepsNamesOfAnyBytes()
         FileStore store;
         QVERIFY2(store.open(folder.path(), error), qPrintable(error));
         FileChanges changes = store.change();
-        QVERIFY(store.place(changes, detail, sample));
+        QVERIFY(store.put(changes, detail, sample));
         QVERIFY(store.commit(changes));
     }
     FileStore store;

@@ -1,14 +1,12 @@
 // Ends a change of the folder at each system call that changes a file, and lets each of these calls
 // fail for lack of space. strace does both, call by call.
 
+#include <support/common/tracedrun.h>
 #include <tavorosim/state/filestore.h>
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QMap>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,12 +16,12 @@ using Tavoro::Sim::FileStore;
 
 namespace {
 
-bool place(FileStore &store, FileChanges &changes, qint32 id, std::string_view content)
+bool put(FileStore &store, FileChanges &changes, qint32 id, std::string_view content)
 {
     s_FileDetail detail;
     detail.fileType = 2;
     detail.fileId = id;
-    return store.place(changes, detail, content);
+    return store.put(changes, detail, content);
 }
 
 /// Stores the files 1 and 2.
@@ -34,7 +32,7 @@ bool makeOld(const QString &folder)
     if (!store.open(folder, error))
         return false;
     FileChanges changes = store.change();
-    return place(store, changes, 1, "old") && place(store, changes, 2, "gone")
+    return put(store, changes, 1, "old") && put(store, changes, 2, "gone")
         && store.commit(changes, QByteArray("old setup"));
 }
 
@@ -47,7 +45,7 @@ int changeAsChild(const QString &folder)
         return 2;
     FileChanges changes = store.change();
     changes.remove({2, 2});
-    const bool done = place(store, changes, 1, "replaced") && place(store, changes, 3, "added")
+    const bool done = put(store, changes, 1, "replaced") && put(store, changes, 3, "added")
         && store.commit(changes, QByteArray("new setup"));
     return done ? 0 : 1;
 }
@@ -80,24 +78,27 @@ class tst_TavoroSimFolderCalls : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand_data() { addCalls(); }
+    void deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand_data()
+    {
+        TracedRun::addRows(m_calls);
+    }
     void deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand();
-    void deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut_data() { addCalls(); }
+    void deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut_data()
+    {
+        TracedRun::addRows(m_calls);
+    }
     void deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCarriesItOut();
 
 private:
-    struct Outcome {
-        bool isKilled;
-        int exitCode;
+    struct Outcome : TracedRun::Result {
         QString state;
     };
 
-    void addCalls() const;
     /// Changes a copy of the old folder under strace with \a options.
     Outcome changed(const QStringList &options) const;
 
     const QTemporaryDir m_old;
-    QMap<QByteArray, int> m_calls; ///< How often an undisturbed change makes each system call.
+    TracedRun::Calls m_calls; ///< Those of an undisturbed change.
 };
 
 void tst_TavoroSimFolderCalls::initTestCase()
@@ -106,27 +107,13 @@ void tst_TavoroSimFolderCalls::initTestCase()
     QCOMPARE(stateOf(m_old.path()), oldState);
     QTemporaryDir logs;
     const QString log = logs.filePath(QStringLiteral("calls"));
-    const Outcome outcome = changed({QStringLiteral("-o"), log});
+    const Outcome outcome = changed(TracedRun::logTo(log));
     QCOMPARE(outcome.exitCode, 0);
     QCOMPARE(outcome.state, newState);
 
-    QFile calls(log);
-    QVERIFY(calls.open(QIODevice::ReadOnly));
-    const QRegularExpression call(QStringLiteral("^\\d+ +(\\w+)\\("));
-    while (!calls.atEnd()) {
-        const auto match = call.match(QString::fromUtf8(calls.readLine()));
-        if (match.hasMatch())
-            ++m_calls[match.captured(1).toUtf8()];
-    }
+    m_calls = TracedRun::callsIn(log);
     QVERIFY(m_calls.value("pwrite64") > 3);
     QVERIFY(m_calls.value("fdatasync") + m_calls.value("fsync") > 3);
-}
-
-void tst_TavoroSimFolderCalls::addCalls() const
-{
-    QTest::addColumn<int>("count");
-    for (auto call = m_calls.begin(); call != m_calls.end(); ++call)
-        QTest::newRow(call.key().constData()) << call.value();
 }
 
 void tst_TavoroSimFolderCalls::deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheCommand()
@@ -135,9 +122,7 @@ void tst_TavoroSimFolderCalls::deviceKilledAtAnyCallHasTheFilesBeforeOrAfterTheC
     const QString call = QString::fromUtf8(QTest::currentDataTag());
     bool isDone = false; // once complete, the command is complete at every later call
     for (int number = 1; number <= count; ++number) {
-        const Outcome outcome = changed({QStringLiteral("-e"),
-                                         QStringLiteral("inject=%1:signal=SIGKILL:when=%2")
-                                             .arg(call, QString::number(number))});
+        const Outcome outcome = changed(TracedRun::killAt(call, number));
         QVERIFY(outcome.isKilled);
         isDone = isDone || outcome.state == newState;
         QCOMPARE(outcome.state, isDone ? newState : oldState);
@@ -150,9 +135,7 @@ void tst_TavoroSimFolderCalls::deviceWithoutSpaceAtAnyCallRefusesTheCommandOrCar
     const QString call = QString::fromUtf8(QTest::currentDataTag());
     const bool isSync = call.contains(QLatin1String("sync"));
     for (int number = 1; number <= count; ++number) {
-        const Outcome outcome = changed(
-            {QStringLiteral("-e"),
-             QStringLiteral("inject=%1:error=ENOSPC:when=%2").arg(call, QString::number(number))});
+        const Outcome outcome = changed(TracedRun::failWithoutSpaceAt(call, number));
         QVERIFY(!outcome.isKilled);
         // After a failed sync the change may be on the disk or not.
         if (outcome.exitCode == 0 || (isSync && outcome.state != oldState))
@@ -170,16 +153,10 @@ tst_TavoroSimFolderCalls::changed(const QStringList &options) const
         if (!QFile::copy(m_old.filePath(name), folder.filePath(name)))
             return {};
     }
-    QStringList arguments{QStringLiteral("-f"), QStringLiteral("-qq"),
-                          QStringLiteral("-o"), QStringLiteral("/dev/null"),
-                          QStringLiteral("-e"), QStringLiteral("trace=") + changingCalls};
-    arguments << options << QCoreApplication::applicationFilePath() << QStringLiteral("--change")
-              << folder.path();
-    QProcess child;
-    child.start(QStringLiteral("strace"), arguments);
-    if (!child.waitForFinished())
-        return {};
-    return {child.exitStatus() == QProcess::CrashExit, child.exitCode(), stateOf(folder.path())};
+    const QStringList filter{QStringLiteral("-e"), QStringLiteral("trace=") + changingCalls};
+    const TracedRun::Result result =
+        TracedRun::run(filter + options, {QStringLiteral("--change"), folder.path()});
+    return {result, stateOf(folder.path())};
 }
 
 int main(int argc, char **argv)

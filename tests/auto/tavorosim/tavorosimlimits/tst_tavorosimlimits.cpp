@@ -1,6 +1,9 @@
 // Limits of what the simulated device keeps for one connection.
 
+#include <support/common/contains.h>
 #include <support/common/messagecatcher.h>
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorowire/frame.h>
@@ -10,6 +13,7 @@
 #include <QTcpSocket>
 #include <QTest>
 
+using namespace CommandCodes;
 using Tavoro::Sim::SimOptions;
 using Tavoro::SSProxy::CommandType;
 
@@ -23,6 +27,7 @@ private Q_SLOTS:
     void collectionBeyondSixteenIsRefused();
     void collectionsTogetherHoldAtMost64MiB();
     void splitWriteAbove64MiBIsTooLong();
+    void oldestAnswersAreForgottenBeyondSixteen();
     void oldestAnswersAreForgottenBeyond64MiB();
     void controlChangesDoNotPileUpForAClientThatDoesNotRead();
     void consoleLineWithoutEndClosesItsConnection();
@@ -31,9 +36,6 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr quint16 deviceDetail = 0x1100;
-constexpr quint16 deviceSwap = 0x1107;
-constexpr quint16 groupInfo = 0x110A;
 constexpr int busy = 8;
 constexpr qint64 mebibyte = 1 << 20;
 
@@ -80,20 +82,13 @@ int statusOf(SimBench &bench, const WireFrame &frame)
     return bench.client->exchange(frame).head.status;
 }
 
-SimOptions packetsOf(qint64 size)
-{
-    SimOptions options;
-    options.packetSize = static_cast<quint32>(size);
-    return options;
-}
-
 } // namespace
 
 void tst_TavoroSimLimits::clientThatSendsAndNeverReadsIsHeldUp()
 {
     SimBench bench;
     Sender sender(bench.device->port());
-    const QByteArray request = frameOf(WireClient::request(deviceDetail, CommandType::Read));
+    const QByteArray request = frameOf(WireClient::readRequest(deviceDetail));
     sender.send(request.repeated(30000)); // more answers than the device keeps
     QVERIFY(sender.send(QByteArray(64 * mebibyte, '\0')) > 0);
     QVERIFY(!bench.client->read(deviceDetail).body.empty()); // other clients are served
@@ -109,7 +104,7 @@ void tst_TavoroSimLimits::clientWithManyDelayedAnswersIsHeldUp()
     QString error;
     QVERIFY2(device.start(error), qPrintable(error));
     Sender sender(device.port());
-    WireFrame request = WireClient::request(deviceSwap, CommandType::Read); // answered without body
+    WireFrame request = WireClient::readRequest(deviceSwap); // answered without body
     request.body = std::string(8 << 10, ' ');
     QVERIFY(sender.send(frameOf(request).repeated(8000)) > 0);
 }
@@ -123,16 +118,15 @@ void tst_TavoroSimLimits::answersToOneBlockOfRequestsStopAtTheLimit()
     WireClient client;
     QVERIFY(client.connectTo(bench.device->port()));
     // All of them arrive at once; the answers come to 100 MiB.
-    const QByteArray requests =
-        frameOf(WireClient::request(groupInfo, CommandType::Read)).repeated(100);
+    const QByteArray requests = frameOf(WireClient::readRequest(groupInfo)).repeated(100);
     const QByteArray write = frameOf(piece(1, 1, 0, R"({"swap":0})"));
     client.sendBytes(requests + write);
     // Not reached before the client reads.
-    QVERIFY(bench.client->read(deviceDetail).body.find("\"swap\":1") != std::string::npos);
+    QVERIFY(contains(bench.client->read(deviceDetail).body, "\"swap\":1"));
     for (int i = 0; i < 100; ++i)
         QVERIFY(client.receiveResponse().body.size() > std::size_t(mebibyte));
     QCOMPARE(int(client.receiveResponse().head.status), 0);
-    QVERIFY(bench.client->read(deviceDetail).body.find("\"swap\":0") != std::string::npos);
+    QVERIFY(contains(bench.client->read(deviceDetail).body, "\"swap\":0"));
 }
 
 void tst_TavoroSimLimits::collectionBeyondSixteenIsRefused()
@@ -172,13 +166,29 @@ void tst_TavoroSimLimits::splitWriteAbove64MiBIsTooLong()
     QCOMPARE(statusOf(bench, piece(1, 6, 5, " ")), 5); // dropped
 }
 
+void tst_TavoroSimLimits::oldestAnswersAreForgottenBeyondSixteen()
+{
+    SimBench bench(packetsOf(500));
+    WireFrame request = WireClient::readRequest(deviceDetail);
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        request.head.totalCount = bench.client->exchange(request).head.totalCount;
+        QVERIFY(request.head.totalCount > 2);
+    }
+    request.head.sendCount = 1;
+    for (quint16 stream = 1; stream <= 17; ++stream) {
+        request.head.stream = stream;
+        QCOMPARE(statusOf(bench, request), stream == 1 ? 6 : 0);
+    }
+}
+
 void tst_TavoroSimLimits::oldestAnswersAreForgottenBeyond64MiB()
 {
     SimBench bench(packetsOf(4 * mebibyte));
     const QString name(10 * mebibyte, QLatin1Char('n'));
     QVERIFY(bench.device->execute(QStringLiteral("group 1 ") + name).ok);
     QCOMPARE(int(bench.client->waitForReport().head.code()), int(groupInfo));
-    WireFrame request = WireClient::request(groupInfo, CommandType::Read);
+    WireFrame request = WireClient::readRequest(groupInfo);
     for (quint16 stream = 1; stream <= 7; ++stream) {
         request.head.stream = stream;
         request.head.sendCount = 0;
@@ -217,7 +227,7 @@ void tst_TavoroSimLimits::controlChangesDoNotPileUpForAClientThatDoesNotRead()
     for (int i = reader.keptReports(); i > 0 || states.isEmpty(); --i) {
         const WireFrame report = reader.waitForReport();
         QVERIFY(report.head.kind != 0);
-        if (report.head.code() == 0x0101)
+        if (report.head.code() == controlCode)
             states.append(report.head.arg2[0]);
     }
     QCOMPARE(states, QList<int>{1});
@@ -245,7 +255,7 @@ void tst_TavoroSimLimits::clientThatIsGoneCausesNoWarnings()
     options.latencyMilliseconds = 1;
     SimBench bench(options);
     const MessageCatcher catcher;
-    const QByteArray request = frameOf(WireClient::request(deviceDetail, CommandType::Read));
+    const QByteArray request = frameOf(WireClient::readRequest(deviceDetail));
     for (int i = 0; i < 50; ++i) {
         QTcpSocket client;
         client.connectToHost(QHostAddress::LocalHost, bench.device->port());

@@ -1,7 +1,11 @@
 // The maintenance of the simulated device: power, factory, clock, counts and checks. Time passes
 // only when a test lets it.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simclock.h>
+
+using namespace CommandCodes;
 
 class tst_TavoroSimMaintenance : public QObject, private SimClockFixture {
     Q_OBJECT
@@ -27,31 +31,6 @@ private Q_SLOTS:
     void theClockRunsByItself();
 };
 
-namespace {
-
-constexpr quint16 deviceSwap = 0x1107;
-constexpr quint16 restartShutdown = 0xFC01;
-constexpr quint16 factoryReset = 0xFC02;
-constexpr quint16 save = 0xFC03;
-constexpr quint16 lossCount = 0xFC04;
-constexpr quint16 lossResult = 0xFC05;
-constexpr quint16 cutoutPosition = 0xFC06;
-constexpr quint16 upgradeDetail = 0xFC08;
-constexpr quint16 selfCheck = 0xFC0B;
-constexpr quint16 deviceTime = 0xFC0C;
-constexpr quint16 loadProgress = 0xFC0D;
-
-const char *const swapOff = R"({"swap":0})";
-const char *const upgradeAndRestart =
-    R"({"filePath":"/a.bin","reboot":1,"parts":[{"type":1,"section":[{"code":257}]}]})";
-
-bool has(const std::string &text, const char *part)
-{
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 void tst_TavoroSimMaintenance::aRestartDropsConnectionsAndTheDeviceReturns()
 {
     const quint16 port = m_bench->device->port();
@@ -66,7 +45,7 @@ void tst_TavoroSimMaintenance::aRestartDropsConnectionsAndTheDeviceReturns()
     run("pass 1");
     QCOMPARE(m_bench->device->port(), port);
     QVERIFY(m_bench->reconnect());
-    QVERIFY(has(read(0x1100), "Simulated device"));
+    QVERIFY(contains(read(deviceDetail), "Simulated device"));
 }
 
 void tst_TavoroSimMaintenance::aRestartAnswersFirstHoweverLate()
@@ -94,25 +73,25 @@ void tst_TavoroSimMaintenance::restartRestoresTheSavedSetup()
 {
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     restart();
-    QVERIFY(has(read(0x1100), "\"swap\":1"));
+    QVERIFY(contains(read(deviceDetail), "\"swap\":1"));
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
     QCOMPARE(m_bench->write(save, {}), 0);
     restart();
-    QVERIFY(has(read(0x1100), "\"swap\":0"));
+    QVERIFY(contains(read(deviceDetail), "\"swap\":0"));
 }
 
 void tst_TavoroSimMaintenance::theFactoryResetRestoresTheSetup()
 {
-    const std::string factory = read(0x1100) + read(0x1300);
+    const std::string factory = read(deviceDetail) + read(0x1300);
     m_bench->import(2, 1, "logo");
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
-    QCOMPARE(m_bench->write(0x130F, R"([{"screenId":1,"screenType":1}])"), 0);
+    QCOMPARE(m_bench->write(screenDeleted, R"([{"screenId":1,"screenType":1}])"), 0);
     QCOMPARE(m_bench->write(save, {}), 0);
     QCOMPARE(m_bench->write(factoryReset, R"({"type":0})"), 0);
-    QCOMPARE(read(0x1100) + read(0x1300), factory);
+    QCOMPARE(read(deviceDetail) + read(0x1300), factory);
     QCOMPARE(m_bench->receive(2, 1).body, std::string("logo"));
     restart();
-    QCOMPARE(read(0x1100) + read(0x1300), factory);
+    QCOMPARE(read(deviceDetail) + read(0x1300), factory);
 }
 
 void tst_TavoroSimMaintenance::theFactoryResetMayRemoveTheFiles()
@@ -128,12 +107,12 @@ void tst_TavoroSimMaintenance::theClockContinuesFromTheTimeThatWasSet()
         R"({"year":2026,"month":2,"day":28,"hour":23,"minute":59,"second":59,"millisecond":500})";
     QCOMPARE(m_bench->write(deviceTime, given), 0);
     run("pass 1500");
-    QCOMPARE(m_bench->write(0xFA09, R"([{"fileId":1,"fileType":10,"parts":[]}])"), 0);
+    QCOMPARE(m_bench->write(createLog, R"([{"fileId":1,"fileType":10,"parts":[]}])"), 0);
     QCOMPARE(m_bench->receive(10, 1).body, std::string("2026-03-01T00:00:01.000Z\n"));
     restart();
     m_bench->client = std::make_unique<WireClient>();
     QVERIFY(m_bench->client->connectTo(m_bench->device->port()));
-    QVERIFY(has(m_bench->client->identity(), "\"startTime\":1772323202000,"));
+    QVERIFY(contains(m_bench->client->identity(), "\"startTime\":1772323202000,"));
 }
 
 void tst_TavoroSimMaintenance::filesAreLoadedAfterARestart()
@@ -226,7 +205,8 @@ void tst_TavoroSimMaintenance::aFailedPowerSupplyIsSeenInTheSelfCheck()
             R"({"type":2,"slotId":2,"modelId":30496,"section":[)"
             R"({"sequence":0,"name":"Temperature","value":"41 C","max":"85 C","min":"-10 C","state":0,"showBrief":1}]}]})"));
     run("power 2 0");
-    QVERIFY(has(read(selfCheck), R"("value":"0.0 V","max":"12.6 V","min":"11.4 V","state":1,)"));
+    QVERIFY(
+        contains(read(selfCheck), R"("value":"0.0 V","max":"12.6 V","min":"11.4 V","state":1,)"));
 }
 
 void tst_TavoroSimMaintenance::invalidRequestsAreRefused_data()
@@ -255,7 +235,7 @@ void tst_TavoroSimMaintenance::invalidRequestsAreRefused()
     QFETCH(QString, body);
     const int status = m_bench->write(static_cast<quint16>(code), body.toStdString());
     QTEST(status, "status");
-    QVERIFY(!read(0x1100).empty());
+    QVERIFY(!read(deviceDetail).empty());
 }
 
 void tst_TavoroSimMaintenance::theClockRunsByItself()

@@ -1,18 +1,18 @@
 // The simulated device remembers what it answered, for each connection of each client.
 
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
 #include <tavorowire/frame.h>
 
 #include <QTest>
 
+using namespace CommandCodes;
 using namespace Tavoro;
 using SSProxy::CommandType;
 
 namespace {
-
-constexpr quint16 outcomeCode = 0x0102;
-constexpr char swapOff[] = R"({"swap":0})";
 
 /// 8 bytes of the client ID, the number of the connection and the number of the request.
 std::string requestId(char client, char connection, int number)
@@ -48,6 +48,7 @@ private Q_SLOTS:
     void everyReceivedRequestIsCounted();
     void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
+    void onlyTheLastConnectionsAreRemembered();
     void connectionsAndClientsAreDistinguished();
     void clientsWithoutIdAreServedAndForgotten();
     void newConnectionEndsTheOlderOneOfTheClient();
@@ -64,13 +65,13 @@ void tst_TavoroSimOutcome::everyReceivedRequestIsCounted()
     SimBench bench;
     WireClient &client = *bench.client;
     QVERIFY(introduce(client, 'a', 1));
-    QCOMPARE(bench.write(0x1107, swapOff), 0);
-    QCOMPARE(bench.write(0x1107, R"({"swap":7})"), 4);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
+    QCOMPARE(bench.write(deviceSwap, R"({"swap":7})"), 4);
     QCOMPARE(ask(client, 'a', 1, 1), QByteArray("0300"));
     QCOMPARE(ask(client, 'a', 1, 2), QByteArray("0304"));
 
     const WireFrame broken =
-        client.numbered(WireClient::request(0x1107, CommandType::Write, swapOff));
+        client.numbered(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     QByteArray bytes = SSProxy::Wire::encodeFrame(broken.head, broken.body);
     bytes[bytes.size() - 1] = 'X';
     client.sendBytes(bytes); // the fifth, with the questions
@@ -92,17 +93,30 @@ void tst_TavoroSimOutcome::onlyTheLastRequestsAreRemembered()
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
     for (int i = 0; i < 256; ++i)
-        QCOMPARE(bench.write(0x1107, swapOff), 0);
+        QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0300"));
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0000"));
     QCOMPARE(ask(*bench.client, 'a', 1, 256), QByteArray("0300"));
+}
+
+void tst_TavoroSimOutcome::onlyTheLastConnectionsAreRemembered()
+{
+    SimBench bench;
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
+    for (char connection = 1; connection <= 64; ++connection) {
+        QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0300"));
+        WireClient other;
+        QVERIFY(other.connectTo(bench.device->port()) && introduce(other, 'b', connection));
+    }
+    QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0000"));
 }
 
 void tst_TavoroSimOutcome::connectionsAndClientsAreDistinguished()
 {
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
-    QCOMPARE(bench.write(0x1107, swapOff), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     WireClient again;
     QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
     QCOMPARE(ask(again, 'a', 1, 1), QByteArray("0300"));
@@ -114,7 +128,7 @@ void tst_TavoroSimOutcome::connectionsAndClientsAreDistinguished()
 void tst_TavoroSimOutcome::clientsWithoutIdAreServedAndForgotten()
 {
     SimBench bench; // its client asks for the identity with an empty body
-    QCOMPARE(bench.write(0x1107, swapOff), 0);
+    QCOMPARE(bench.write(deviceSwap, swapOff), 0);
     QCOMPARE(ask(*bench.client, 'a', 1, 1), QByteArray("0000"));
 }
 
@@ -129,7 +143,7 @@ void tst_TavoroSimOutcome::newConnectionEndsTheOlderOneOfTheClient()
     QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
     QVERIFY(bench.client->waitForEnd());
     QCOMPARE(again.control(1), 0); // the old connection had control
-    QCOMPARE(int(other.read(0x1100).head.status), 0);
+    QCOMPARE(int(other.read(deviceDetail).head.status), 0);
 }
 
 void tst_TavoroSimOutcome::invalidQuestionsAreRefused()
@@ -177,7 +191,7 @@ void tst_TavoroSimOutcome::faultsThatAnswerAreDone()
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
     addFault(bench, fault);
-    bench.write(0x1107, swapOff);
+    bench.write(deviceSwap, swapOff);
     WireClient again;
     QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
     QTEST(ask(again, 'a', 1, 1), "outcome");
@@ -194,7 +208,7 @@ void tst_TavoroSimOutcome::faultsThatDoNotAnswerLeaveItUnderWay()
     SimBench bench;
     QVERIFY(introduce(*bench.client, 'a', 1));
     addFault(bench, fault + QStringLiteral(",count=1"));
-    bench.client->send(WireClient::request(0x1107, CommandType::Write, swapOff));
+    bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
     QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
     WireClient again;
     QVERIFY(again.connectTo(bench.device->port()) && introduce(again, 'a', 2));
@@ -204,12 +218,10 @@ void tst_TavoroSimOutcome::faultsThatDoNotAnswerLeaveItUnderWay()
 /// The second packet is sent first; the first packet then answers the second request.
 void tst_TavoroSimOutcome::heldBackPacketIsDone()
 {
-    Sim::SimOptions options;
-    options.packetSize = 400;
-    SimBench bench(options);
+    SimBench bench(packetsOf(400));
     QVERIFY(introduce(*bench.client, 'a', 1));
     QVERIFY(bench.device->execute(QStringLiteral("fault add swap-packets,count=1")).ok);
-    WireFrame request = WireClient::request(0x1100, CommandType::Read);
+    WireFrame request = WireClient::readRequest(deviceDetail);
     const WireFrame first = bench.client->exchange(request);
     QCOMPARE(int(first.head.sendCount), 1);
     request.head.sendCount = 1;

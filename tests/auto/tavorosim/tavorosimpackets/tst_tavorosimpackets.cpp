@@ -1,7 +1,11 @@
 // Long answers and split writes of the simulated device.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
+#include <support/tavorosim/packetsize.h>
 #include <support/tavorosim/simbench.h>
 
+using namespace CommandCodes;
 using Tavoro::Sim::SimOptions;
 using Tavoro::SSProxy::CommandType;
 
@@ -26,31 +30,11 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr quint16 deviceDetail = 0x1100;
-constexpr quint16 deviceSwap = 0x1107;
-
-SimOptions smallPackets(quint32 size)
-{
-    SimOptions options;
-    options.packetSize = size;
-    return options;
-}
-
 WireFrame furtherPacket(WireFrame request, quint32 totalCount, quint32 sendCount)
 {
     request.head.totalCount = totalCount;
     request.head.sendCount = sendCount;
     return request;
-}
-
-WireFrame readRequest(quint16 code)
-{
-    return WireClient::request(code, CommandType::Read);
-}
-
-bool contains(const WireFrame &frame, const char *text)
-{
-    return frame.body.find(text) != std::string::npos;
 }
 
 } // namespace
@@ -63,15 +47,15 @@ void tst_TavoroSimPackets::aReadAnswersInOnePacketWhenItFits()
     QCOMPARE(int(answer.head.status), 0);
     QCOMPARE(answer.head.totalCount, 1u);
     QCOMPARE(answer.head.sendCount, 0u);
-    QVERIFY(contains(answer, "{\"general\":{\"name\":\"Simulated device\",\"status\":1},"));
+    QVERIFY(contains(answer.body, "{\"general\":{\"name\":\"Simulated device\",\"status\":1},"));
 }
 
 void tst_TavoroSimPackets::aLongAnswerIsSplitIntoPackets()
 {
     SimBench whole;
     const std::string expected = whole.client->read(deviceDetail).body;
-    SimBench split(smallPackets(500));
-    const WireFrame request = readRequest(deviceDetail);
+    SimBench split(packetsOf(500));
+    const WireFrame request = WireClient::readRequest(deviceDetail);
     WireFrame answer = split.client->exchange(request);
     const quint32 count = answer.head.totalCount;
     QCOMPARE(count, quint32((expected.size() + 499) / 500));
@@ -89,8 +73,8 @@ void tst_TavoroSimPackets::aLongAnswerIsSplitIntoPackets()
 
 void tst_TavoroSimPackets::anAnswerDoesNotChangeBetweenItsPackets()
 {
-    SimBench bench(smallPackets(40));
-    const WireFrame request = readRequest(deviceDetail);
+    SimBench bench(packetsOf(40));
+    const WireFrame request = WireClient::readRequest(deviceDetail);
     WireFrame answer = bench.client->exchange(request);
     std::string joined = answer.body;
     WireFrame change = WireClient::request(0x1104, CommandType::Write, R"({"genlock":{"type":1}})");
@@ -98,13 +82,13 @@ void tst_TavoroSimPackets::anAnswerDoesNotChangeBetweenItsPackets()
     QCOMPARE(int(bench.client->exchange(change).head.status), 0);
     for (quint32 i = 1; i < answer.head.totalCount; ++i)
         joined += bench.client->exchange(furtherPacket(request, answer.head.totalCount, i)).body;
-    QVERIFY(joined.find("\"genlock\":{\"type\":0,") != std::string::npos);
+    QVERIFY(contains(joined, "\"genlock\":{\"type\":0,"));
 }
 
 void tst_TavoroSimPackets::furtherPacketsAreGoneAfterTheLast()
 {
-    SimBench bench(smallPackets(1000));
-    const WireFrame request = readRequest(deviceDetail);
+    SimBench bench(packetsOf(1000));
+    const WireFrame request = WireClient::readRequest(deviceDetail);
     const quint32 count = bench.client->exchange(request).head.totalCount;
     QCOMPARE(count, 2u);
     QCOMPARE(int(bench.client->exchange(furtherPacket(request, count, 1)).head.status), 0);
@@ -115,8 +99,8 @@ void tst_TavoroSimPackets::furtherPacketsAreGoneAfterTheLast()
 
 void tst_TavoroSimPackets::aPacketOutOfTurnIsRefused()
 {
-    SimBench bench(smallPackets(500));
-    const WireFrame request = readRequest(deviceDetail);
+    SimBench bench(packetsOf(500));
+    const WireFrame request = WireClient::readRequest(deviceDetail);
     const quint32 count = bench.client->exchange(request).head.totalCount;
     QVERIFY(count > 2);
     QCOMPARE(int(bench.client->exchange(furtherPacket(request, count, 2)).head.status), 5);
@@ -126,21 +110,21 @@ void tst_TavoroSimPackets::aPacketOutOfTurnIsRefused()
 
 void tst_TavoroSimPackets::streamsKeepTheirAnswersApart()
 {
-    SimBench bench(smallPackets(100));
-    WireFrame details = readRequest(deviceDetail);
-    WireFrame mapping = readRequest(0x1108);
+    SimBench bench(packetsOf(100));
+    WireFrame details = WireClient::readRequest(deviceDetail);
+    WireFrame mapping = WireClient::readRequest(0x1108);
     mapping.head.stream = 2;
     const quint32 detailCount = bench.client->exchange(details).head.totalCount;
     const quint32 mappingCount = bench.client->exchange(mapping).head.totalCount;
     QCOMPARE(mappingCount, 2u);
     const WireFrame end = bench.client->exchange(furtherPacket(mapping, mappingCount, 1));
-    QVERIFY(contains(end, "\"gridType\":0}}"));
+    QVERIFY(contains(end.body, "\"gridType\":0}}"));
     QCOMPARE(int(bench.client->exchange(furtherPacket(details, detailCount, 1)).head.status), 0);
 }
 
 void tst_TavoroSimPackets::aSplitWriteIsCarriedOutWithItsLastPacket()
 {
-    SimBench bench(smallPackets(4));
+    SimBench bench(packetsOf(4));
     const std::string body = R"({"swap":0})";
     for (quint32 i = 0; i < 3; ++i) {
         const WireFrame piece =
@@ -150,14 +134,14 @@ void tst_TavoroSimPackets::aSplitWriteIsCarriedOutWithItsLastPacket()
         QCOMPARE(answer.body, std::string());
     }
     SimBench whole;
-    QVERIFY(contains(whole.client->read(deviceDetail), "\"swap\":1"));
+    QVERIFY(contains(whole.client->read(deviceDetail).body, "\"swap\":1"));
 
-    WireFrame first = readRequest(deviceDetail);
+    WireFrame first = WireClient::readRequest(deviceDetail);
     const quint32 count = bench.client->exchange(first).head.totalCount;
     std::string joined;
     for (quint32 i = 1; i < count; ++i)
         joined += bench.client->exchange(furtherPacket(first, count, i)).body;
-    QVERIFY(joined.find("\"swap\":0") != std::string::npos);
+    QVERIFY(contains(joined, "\"swap\":0"));
 }
 
 void tst_TavoroSimPackets::aSplitWriteOutOfTurnIsDropped()
@@ -207,7 +191,7 @@ void tst_TavoroSimPackets::aPacketThatDiffersFromItsSplitWriteDropsIt()
     QCOMPARE(int(answer.head.status), 5);
     QCOMPARE(answer.body, std::string());
     QCOMPARE(int(bench.client->exchange(furtherPacket(piece, 3, 1)).head.status), 5); // dropped
-    QVERIFY(contains(bench.client->read(deviceDetail), "\"swap\":1"));
+    QVERIFY(contains(bench.client->read(deviceDetail).body, "\"swap\":1"));
 }
 
 void tst_TavoroSimPackets::aFirstPacketDropsTheSplitWriteOfItsStream_data()
@@ -233,7 +217,7 @@ void tst_TavoroSimPackets::aFirstPacketDropsTheSplitWriteOfItsStream()
 
 void tst_TavoroSimPackets::aPacketAboveTheLimitIsRefused()
 {
-    SimBench bench(smallPackets(9));
+    SimBench bench(packetsOf(9));
     QCOMPARE(int(bench.client->write(deviceSwap, R"({"swap":0})").head.status), 7);
     QCOMPARE(int(bench.client->write(deviceSwap, R"({"swap":)").head.status), 2);
 }

@@ -1,6 +1,8 @@
 // The files that the simulated device creates: pictures, logs, EDID, presets and projects. Also
 // what applying a preset or a project restores.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simbench.h>
 
 #include <QJsonArray>
@@ -8,6 +10,8 @@
 #include <QJsonObject>
 
 #include <numeric>
+
+using namespace CommandCodes;
 
 class tst_TavoroSimPresets : public QObject {
     Q_OBJECT
@@ -51,19 +55,6 @@ private:
 
 namespace {
 
-constexpr quint16 screenFreeze = 0x1309;
-constexpr quint16 screenDeleted = 0x130F;
-constexpr quint16 screenEnable = 0x1301;
-constexpr quint16 screenTake = 0x130E;
-constexpr quint16 presetApply = 0x1501;
-constexpr quint16 projectApply = 0x1601;
-constexpr quint16 createImage = 0xFA06;
-constexpr quint16 createPreset = 0xFA07;
-constexpr quint16 createProject = 0xFA08;
-constexpr quint16 createLog = 0xFA09;
-constexpr quint16 createEdid = 0xFA0B;
-constexpr quint16 deviceTime = 0xFC0C;
-
 const char *const presetOfScreen1 =
     R"([{"fileId":3,"fileType":6,"general":{"name":"Show"},"screens":[{"screenId":1,"screenType":1}]}])";
 const char *const presetOfBoth =
@@ -86,7 +77,7 @@ void tst_TavoroSimPresets::aPresetRestoresScreensAndLayers()
 {
     const std::string before = screens() + layers();
     QCOMPARE(m_bench->write(createPreset, presetOfScreen1), 0);
-    QVERIFY(m_bench->list(6, 3).find("\"general\":{\"name\":\"Show\"}") != std::string::npos);
+    QVERIFY(contains(m_bench->list(6, 3), "\"general\":{\"name\":\"Show\"}"));
     QCOMPARE(m_bench->write(screenFreeze, freeze1), 0);
     QCOMPARE(m_bench->write(screenTake, take1), 0);
     QVERIFY(screens() + layers() != before);
@@ -244,8 +235,8 @@ void tst_TavoroSimPresets::anImageIsCapturedFromAnInput()
                             R"("source":{"id":65792,"type":1,"zoomRatio":16}}])"),
              0);
     const std::string list = m_bench->list(0, 1);
-    QVERIFY2(list.find(R"("source":{"id":65792,"type":1,"zoomRatio":16})") != std::string::npos
-                 && list.find(R"("width":120,"height":68)") != std::string::npos,
+    QVERIFY2(contains(list, R"("source":{"id":65792,"type":1,"zoomRatio":16})")
+                 && contains(list, R"("width":120,"height":68)"),
              list.c_str());
     const std::string image = m_bench->receive(0, 1).body;
     const std::string head = "P6\n120 68\n255\n";

@@ -1,10 +1,14 @@
 // The setup that the simulated device saves with its files.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simbench.h>
 #include <support/tavorosim/sqlfile.h>
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
+
+using namespace CommandCodes;
 
 class tst_TavoroSimSetup : public QObject {
     Q_OBJECT
@@ -30,8 +34,8 @@ private:
         m_bench = std::make_unique<SimBench>(m_options);
     }
     std::string read(quint16 code) { return m_bench->client->read(code).body; }
-    std::string whole() { return read(0x1100) + read(0x1200) + read(0x1300) + read(0x1400); }
-    bool isSwapped() { return read(0x1100).find("\"swap\":1") != std::string::npos; }
+    std::string whole() { return read(deviceDetail) + read(0x1200) + read(0x1300) + read(0x1400); }
+    bool isSwapped() { return contains(read(deviceDetail), "\"swap\":1"); }
     /// Runs a statement on the database while the device is off.
     bool change(const char *statement, const QVariant &value = {})
     {
@@ -52,11 +56,6 @@ private:
 
 namespace {
 
-constexpr quint16 deviceSwap = 0x1107;
-constexpr quint16 screenFtb = 0x130F;
-constexpr quint16 factoryReset = 0xFC02;
-constexpr quint16 save = 0xFC03;
-const char *const swapOff = R"({"swap":0})";
 constexpr int storageFailed = 10;
 
 } // namespace
@@ -81,7 +80,7 @@ void tst_TavoroSimSetup::savedSetupIsRestoredCompletely()
 {
     const std::string factory = whole();
     QCOMPARE(m_bench->write(deviceSwap, swapOff), 0);
-    QCOMPARE(m_bench->write(screenFtb, R"([{"screenId":1,"screenType":1}])"), 0);
+    QCOMPARE(m_bench->write(screenDeleted, R"([{"screenId":1,"screenType":1}])"), 0);
     QCOMPARE(m_bench->write(save, {}), 0);
     const std::string saved = whole();
     QVERIFY(saved != factory);

@@ -1,6 +1,10 @@
 // Upgrades of the simulated device. Time passes only when a test lets it.
 
+#include <support/common/contains.h>
+#include <support/tavorosim/commandcodes.h>
 #include <support/tavorosim/simclock.h>
+
+using namespace CommandCodes;
 
 class tst_TavoroSimUpgrade : public QObject, private SimClockFixture {
     Q_OBJECT
@@ -22,18 +26,8 @@ private Q_SLOTS:
 
 namespace {
 
-constexpr quint16 upgradeDetail = 0xFC08;
-constexpr quint16 upgradePercent = 0xFC09;
-
 const char *const upgradeCard1 =
     R"({"upgradeType":1,"filePath":"/a.bin","reboot":0,"parts":[{"type":2,"slotId":1,"section":[{"code":257},{"code":258}]}]})";
-const char *const upgradeAndRestart =
-    R"({"filePath":"/a.bin","reboot":1,"parts":[{"type":1,"section":[{"code":257}]}]})";
-
-bool has(const std::string &text, const char *part)
-{
-    return text.find(part) != std::string::npos;
-}
 
 } // namespace
 
@@ -69,12 +63,12 @@ void tst_TavoroSimUpgrade::anUpgradeOfNothingNamedIsOneOfAll()
     QCOMPARE(m_bench->write(upgradeDetail, R"({"filePath":"/a.bin"})"), 0);
     run("pass 5999");
     const std::string progress = read(upgradePercent);
-    QVERIFY(has(progress, R"("rate":99,)"));
+    QVERIFY(contains(progress, R"("rate":99,)"));
     for (const char *unit :
          {R"("type":1,"slotId":0,)", R"("type":2,"slotId":1,)", R"("type":2,"slotId":2,)"})
-        QVERIFY2(has(progress, unit), progress.c_str());
+        QVERIFY2(contains(progress, unit), progress.c_str());
     run("pass 1");
-    QVERIFY(has(read(upgradePercent), R"({"result":0,"rate":100,)"));
+    QVERIFY(contains(read(upgradePercent), R"({"result":0,"rate":100,)"));
 }
 
 void tst_TavoroSimUpgrade::anUpgradeChangesTheVersions()
@@ -95,7 +89,7 @@ void tst_TavoroSimUpgrade::upgradeFailsAtTheSpoiledPercentage()
     QCOMPARE(m_bench->write(upgradeDetail, upgradeCard1), 0);
     run("spoil 75");
     run("pass 1000");
-    QVERIFY(has(read(upgradePercent), R"({"result":0,"rate":50,)"));
+    QVERIFY(contains(read(upgradePercent), R"({"result":0,"rate":50,)"));
     run("pass 10000");
     const std::string failed =
         R"({"result":1,"rate":75,"subSections":{"rate":50},"parts":[{"type":2,"slotId":1,)"
@@ -106,7 +100,7 @@ void tst_TavoroSimUpgrade::upgradeFailsAtTheSpoiledPercentage()
     QVERIFY(!hasVersion(R"({"code":258,"version":"1.0.1",)"));
     QCOMPARE(m_bench->write(upgradeDetail, upgradeCard1), 0); // The fault is over.
     run("pass 2000");
-    QVERIFY(has(read(upgradePercent), R"({"result":0,"rate":100,)"));
+    QVERIFY(contains(read(upgradePercent), R"({"result":0,"rate":100,)"));
 }
 
 void tst_TavoroSimUpgrade::anUpgradeEndsWithTheRestart()
@@ -114,7 +108,7 @@ void tst_TavoroSimUpgrade::anUpgradeEndsWithTheRestart()
     QCOMPARE(m_bench->write(upgradeDetail, upgradeCard1), 0);
     run("pass 500");
     restart();
-    QVERIFY(has(read(upgradePercent), R"({"result":1,"rate":25,)"));
+    QVERIFY(contains(read(upgradePercent), R"({"result":1,"rate":25,)"));
 }
 
 void tst_TavoroSimUpgrade::anUpgradeMayRestartTheDevice()
@@ -124,7 +118,7 @@ void tst_TavoroSimUpgrade::anUpgradeMayRestartTheDevice()
     QVERIFY(m_bench->client->waitForEnd());
     run("pass 1000");
     QVERIFY(m_bench->reconnect());
-    QVERIFY(has(read(upgradePercent), R"({"result":0,"rate":100,)"));
+    QVERIFY(contains(read(upgradePercent), R"({"result":0,"rate":100,)"));
     QVERIFY(hasVersion(R"({"version":"1.0.1",)"));
 }
 
@@ -156,7 +150,7 @@ void tst_TavoroSimUpgrade::badUpgradesAreRefused()
     QFETCH(QString, body);
     const int status = m_bench->write(upgradeDetail, body.toStdString());
     QTEST(status, "status");
-    QVERIFY(has(read(upgradePercent), R"("parts":[]})"));
+    QVERIFY(contains(read(upgradePercent), R"("parts":[]})"));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroSimUpgrade)

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <cstring>
+#include <functional>
 
 using namespace Tavoro::SSProxy;
 using namespace std::chrono_literals;
@@ -63,6 +64,23 @@ private Q_SLOTS:
     void endOfTheThreadEndsAllRequests();
 
 private:
+    static Request packet1Of3(quint8 type)
+    {
+        Request further = request(0x1100, type);
+        further->head().totalCount = 3;
+        further->head().sendCount = 1;
+        return further;
+    }
+    /// Sends a request; the device answers it with a head that \a change has changed.
+    Response responseTo(const Request &command, const std::function<void(Wire::WireHead &)> &change,
+                        const std::string &body = "body")
+    {
+        auto caller = call(command);
+        auto head = Wire::responseHead(nextRequest());
+        change(head);
+        m_peer->send(head, body);
+        return caller.response();
+    }
     /// Replaces the channel with a connected one with the present m_options.
     void reopenChannel()
     {
@@ -182,11 +200,9 @@ void tst_ChannelFailures::packetCountAtTheLimitIsAccepted()
 {
     connectChannel();
     for (const unsigned count : {65536u, 65537u}) {
-        auto caller = call(request());
-        auto head = Wire::responseHead(nextRequest());
-        head.totalCount = count;
-        m_peer->send(head);
-        QCOMPARE(int(caller.response()->status), count == 65536 ? 0 : 363);
+        const auto response =
+            responseTo(request(), [&](Wire::WireHead &head) { head.totalCount = count; }, {});
+        QCOMPARE(int(response->status), count == 65536 ? 0 : 363);
     }
 }
 
@@ -194,15 +210,10 @@ void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
 {
     connectChannel();
     for (const quint8 type : {quint8(1), quint8(3)}) {
-        auto command = request(0x1100, type);
-        command->head().totalCount = 3;
-        command->head().sendCount = 1;
-        auto caller = call(command);
-        auto head = Wire::responseHead(nextRequest());
-        head.totalCount = 3;
-        head.sendCount = 2;
-        m_peer->send(head, "later");
-        const auto response = caller.response();
+        const auto response = responseTo(packet1Of3(type), [](Wire::WireHead &head) {
+            head.totalCount = 3;
+            head.sendCount = 2;
+        });
         QCOMPARE(int(response->status), 363);
         QCOMPARE(response->body(), std::string());
     }
@@ -211,15 +222,10 @@ void tst_ChannelFailures::anotherPacketOfAReadIsRefused()
 void tst_ChannelFailures::furtherPacketWithAnotherTotalIsRefused()
 {
     connectChannel();
-    auto command = request();
-    command->head().totalCount = 3;
-    command->head().sendCount = 1;
-    auto caller = call(command);
-    auto head = Wire::responseHead(nextRequest());
-    head.totalCount = 4;
-    head.sendCount = 1;
-    m_peer->send(head, "of another answer");
-    const auto response = caller.response();
+    const auto response = responseTo(packet1Of3(1), [](Wire::WireHead &head) {
+        head.totalCount = 4;
+        head.sendCount = 1;
+    });
     QCOMPARE(int(response->status), 363);
     QCOMPARE(response->body(), std::string());
 }
@@ -243,12 +249,11 @@ void tst_ChannelFailures::countsOfZeroAreOnePacket()
     QFETCH(int, type);
     QFETCH(unsigned, sendCount);
     connectChannel();
-    auto caller = call(request(0x1100, static_cast<quint8>(type)));
-    auto head = Wire::responseHead(nextRequest());
-    head.totalCount = 0;
-    head.sendCount = sendCount;
-    m_peer->send(head, "body");
-    const auto response = caller.response();
+    const auto response =
+        responseTo(request(0x1100, static_cast<quint8>(type)), [&](Wire::WireHead &head) {
+            head.totalCount = 0;
+            head.sendCount = sendCount;
+        });
     QTEST(int(response->status), "status");
     if (response->status != 0)
         return;
@@ -261,25 +266,16 @@ void tst_ChannelFailures::countsOfZeroAreOnePacket()
 void tst_ChannelFailures::refusalsHaveNoIndex()
 {
     connectChannel();
-    auto command = request();
-    command->head().totalCount = 3;
-    command->head().sendCount = 1;
-    auto caller = call(command);
-    auto head = Wire::responseHead(nextRequest());
-    head.status = 8;
-    m_peer->send(head);
-    QCOMPARE(int(caller.response()->status), 8);
+    const auto response =
+        responseTo(packet1Of3(1), [](Wire::WireHead &head) { head.status = 8; }, {});
+    QCOMPARE(int(response->status), 8);
 }
 
 void tst_ChannelFailures::answersToWritesHaveNoIndex()
 {
     connectChannel();
-    auto command = request(0x1107, 2, "piece");
-    command->head().totalCount = 3;
-    command->head().sendCount = 1;
-    auto caller = call(command);
-    answer(nextRequest());
-    QCOMPARE(int(caller.response()->status), 0);
+    const auto response = responseTo(packet1Of3(2), [](Wire::WireHead & /*head*/) {}, {});
+    QCOMPARE(int(response->status), 0);
 }
 
 void tst_ChannelFailures::fatalFrameEndsTheConnection_data()

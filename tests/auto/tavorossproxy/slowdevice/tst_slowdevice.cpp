@@ -34,6 +34,17 @@ private:
         m_peer->send(std::string_view(frame.constData() + position, std::size_t(count)));
         position += count;
     }
+    /// Writes a body of \a size bytes to a device that reads nothing after its identity request.
+    Call callWithUnreadBody(unsigned size)
+    {
+        connectChannel(size);
+        m_peer->setReading(false);
+        return call(request(0x1101, 2, std::string(size, 'x'), 600000));
+    }
+    bool hasUnsentBytes()
+    {
+        return m_loop->runUntil([this] { return m_peer->unsentBytes() > 0; });
+    }
 };
 
 void tst_SlowDevice::answerThatTricklesEndsTheConnectionWithItsRequest()
@@ -102,10 +113,8 @@ void tst_SlowDevice::frameAtTheMinimumRateIsASignOfLife()
 
 void tst_SlowDevice::requestReadTooSlowlyEndsTheConnection()
 {
-    connectChannel();
-    m_peer->setReading(false);
-    auto caller = call(request(0x1101, 2, std::string(64, 'x'), 600000));
-    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
+    auto caller = callWithUnreadBody(64);
+    QVERIFY(hasUnsentBytes());
     for (int taken = 0; taken < 30; ++taken) {
         QVERIFY(m_channel->isHardwareReadFinished());
         m_peer->takePart(1);
@@ -117,13 +126,8 @@ void tst_SlowDevice::requestReadTooSlowlyEndsTheConnection()
 
 void tst_SlowDevice::requestReadAtTheMinimumRateKeepsTheConnection()
 {
-    m_peer->accept();
-    Wire::WireHead head;
-    head.kind = 5;
-    m_peer->send(head, identity(1 << 20));
-    m_peer->setReading(false);
-    auto caller = call(request(0x1101, 2, std::string(1 << 20, 'x'), 600000));
-    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
+    auto caller = callWithUnreadBody(1 << 20);
+    QVERIFY(hasUnsentBytes());
     for (int i = 0; i < 60; ++i) {
         m_peer->takePart(1024);
         m_loop->advance(1s);
@@ -136,13 +140,8 @@ void tst_SlowDevice::requestReadAtTheMinimumRateKeepsTheConnection()
 
 void tst_SlowDevice::progressOfARequestCountsWhileAFrameTrickles()
 {
-    m_peer->accept();
-    Wire::WireHead head;
-    head.kind = 5;
-    m_peer->send(head, identity(1 << 20));
-    m_peer->setReading(false);
-    auto caller = call(request(0x1101, 2, std::string(1 << 20, 'x'), 600000));
-    QVERIFY(m_loop->runUntil([&] { return m_peer->unsentBytes() > 0; }));
+    auto caller = callWithUnreadBody(1 << 20);
+    QVERIFY(hasUnsentBytes());
     const QByteArray frame = Wire::encodeLinkFrame(Wire::FrameKind::Pong);
     for (int position = 0; position < 39;) {
         m_peer->takePart(1024);

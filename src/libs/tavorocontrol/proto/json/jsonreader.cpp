@@ -71,7 +71,9 @@ JsonToken tokenThatEndsAt(const char *place) noexcept
 exception::~exception() = default;
 
 JsonReader::JsonReader(const char *text, std::size_t length) noexcept
-    : input(text ? text : ""), m_cursor(input), m_end(input + (text ? lengthOf(text, length) : 0))
+    : m_text(text ? text : ""),
+      m_cursor(m_text),
+      m_end(m_text + (text ? lengthOf(text, length) : 0))
 { }
 
 void JsonReader::next()
@@ -99,11 +101,11 @@ void JsonReader::next()
     } while (skipComment());
 }
 
-void JsonReader::nextAt(const char *place)
+void JsonReader::readTokenAt(const char *place)
 {
     if (place != m_cursor) {
         m_cursor = place;
-        token = place == input ? JsonToken() : tokenThatEndsAt(place);
+        token = place == m_text ? JsonToken() : tokenThatEndsAt(place);
     }
     next();
 }
@@ -118,17 +120,17 @@ void JsonReader::fail(const char *words) const
 // end of the input counts as a character of its line.
 std::uint64_t JsonReader::line() const noexcept
 {
-    if (m_cursor == input)
+    if (m_cursor == m_text)
         return 0;
     const char *last = m_cursor == m_end ? m_cursor : m_cursor + 1;
-    return static_cast<std::uint64_t>(std::count(input + 1, last, '\n'));
+    return static_cast<std::uint64_t>(std::count(m_text + 1, last, '\n'));
 }
 
 // A carriage return has no column, and a line feed has column 0 of the line that it begins.
 std::uint64_t JsonReader::column() const noexcept
 {
     std::uint64_t column = 0;
-    for (const char *c = m_cursor; c != input; --c) {
+    for (const char *c = m_cursor; c != m_text; --c) {
         const char arrivedAt = c == m_end ? '\0' : *c;
         if (arrivedAt == '\n')
             break;
@@ -148,20 +150,20 @@ void JsonReader::skipBlanks() noexcept
 // Kept: a block comment that is closed is an error.
 bool JsonReader::skipComment()
 {
-    take();
+    advance();
     if (current() == '/') {
         while (!atEnd() && current() != '\n')
-            take();
+            advance();
         return true;
     }
     if (current() != '*')
         fail("not a comment!");
-    take();
+    advance();
     while (!atEnd()) {
         const bool star = current() == '*';
-        take();
+        advance();
         if (star && current() == '/') {
-            take();
+            advance();
             fail("not a comment!");
         }
     }
@@ -184,8 +186,8 @@ void JsonReader::scanQuotedString()
         if (atEnd() || current() == '\n')
             fail("not a valid quote string!");
         if (current() == '\\')
-            take();
-        take();
+            advance();
+        advance();
     }
     token.length = static_cast<std::size_t>(m_cursor - token.text);
     ++m_cursor;
@@ -198,7 +200,7 @@ void JsonReader::scanBareWord()
     while (!isBlank(current()) && !isSymbol(current())) {
         if (atEnd())
             fail("not a valid string!");
-        take();
+        advance();
     }
     token.length = static_cast<std::size_t>(m_cursor - token.text);
 }
@@ -229,8 +231,8 @@ bool JsonReader::scanFraction()
         fail("not a valid number!");
     becomeFloat();
     for (++m_cursor; isDigit(current()); ++m_cursor) {
-        token.value.real += static_cast<double>(digitValue(*m_cursor)) * decimal;
-        decimal *= 0.1;
+        token.value.real += static_cast<double>(digitValue(*m_cursor)) * m_digitWeight;
+        m_digitWeight *= 0.1;
     }
     return true;
 }
@@ -249,7 +251,7 @@ bool JsonReader::scanExponent()
     else if (!isDigit(current()))
         return false;
     for (; isDigit(current()); ++m_cursor)
-        exponent = appendDigit(exponent, *m_cursor);
+        m_exponent = appendDigit(m_exponent, *m_cursor);
     scale(divides ? 0.1 : 10.0);
     return true;
 }
@@ -264,19 +266,19 @@ void JsonReader::becomeFloat() noexcept
     else
         return;
     token.kind = JsonTokenKind::floatNumber;
-    decimal = 0.1;
+    m_digitWeight = 0.1;
 }
 
 // Stops when the value no longer changes, at 0 or infinity, so that a huge exponent takes no time.
 void JsonReader::scale(double factor) noexcept
 {
-    for (; exponent > 0; --exponent) {
+    for (; m_exponent > 0; --m_exponent) {
         const double scaled = token.value.real * factor;
         if (!(scaled < token.value.real || scaled > token.value.real))
             break;
         token.value.real = scaled;
     }
-    exponent = 0;
+    m_exponent = 0;
 }
 
 } // namespace ajson

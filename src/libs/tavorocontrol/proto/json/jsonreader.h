@@ -29,7 +29,7 @@ public:
 
     /// Makes the token at \a place current. The previous token, if there is one, must end exactly
     /// there; this reader need not have read it.
-    void nextAt(const char *place);
+    void readTokenAt(const char *place);
 
     /// Throws an exception with \a words and with the line and column of the cursor.
     [[noreturn]] void fail(const char *words) const;
@@ -39,21 +39,18 @@ public:
     std::uint64_t column() const noexcept;
 
     /// Offset of the cursor, which is after the current token.
-    std::size_t position() const noexcept { return static_cast<std::size_t>(m_cursor - input); }
-    std::size_t length() const noexcept { return static_cast<std::size_t>(m_end - input); }
+    std::size_t position() const noexcept { return static_cast<std::size_t>(m_cursor - m_text); }
+    std::size_t length() const noexcept { return static_cast<std::size_t>(m_end - m_text); }
     /// The cursor and the end of the input, as places in the text.
     const char *place() const noexcept { return m_cursor; }
     const char *end() const noexcept { return m_end; }
     bool atEnd() const noexcept { return current() == '\0'; }
 
     JsonToken token;
-    const char *const input;
-    double decimal = 0.1; ///< Weight of the next digit after the point.
-    std::int32_t exponent = 0; ///< 0 between numbers.
 
 private:
     char current() const noexcept { return m_cursor == m_end ? '\0' : *m_cursor; }
-    void take() noexcept
+    void advance() noexcept
     {
         if (!atEnd())
             ++m_cursor;
@@ -70,8 +67,11 @@ private:
     void becomeFloat() noexcept;
     void scale(double factor) noexcept;
 
+    const char *const m_text;
     const char *m_cursor;
     const char *m_end;
+    double m_digitWeight = 0.1; ///< Of the next digit after the point.
+    std::int32_t m_exponent = 0; ///< 0 between numbers.
 };
 
 } // namespace ajson

@@ -1,31 +1,30 @@
 #include "jsonwriter.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace ajson {
 
-JsonWriter::JsonWriter() noexcept : start(m_first), cursor(m_first), limit(m_first + step) { }
+JsonWriter::JsonWriter(std::string &text) noexcept
+    : m_text(text), m_start(m_first), m_limit(m_first + bufferSize)
+{ }
 
-JsonWriter::~JsonWriter()
+void JsonWriter::finish(const char *written)
 {
-    if (start != m_first)
-        delete[] start;
+    const auto size = static_cast<std::size_t>(written - m_start);
+    if (m_isFlushed)
+        m_text.append(m_start, size);
+    else
+        m_text.assign(m_start, size);
+    m_isFlushed = true;
 }
 
-char *JsonWriter::grow(char *written, std::size_t size)
+char *JsonWriter::flush(const char *written, std::size_t size)
 {
-    const auto used = static_cast<std::size_t>(written - start);
-    const std::size_t needed = std::max(used + size, 2 * capacity());
-    const std::size_t grown = (needed + step - 1) / step * step;
-    char *const buffer = new char[grown];
-    std::memcpy(buffer, start, used);
-    if (start != m_first)
-        delete[] start;
-    start = buffer;
-    cursor = buffer + used;
-    limit = buffer + grown;
-    return cursor;
+    finish(written);
+    if (size > static_cast<std::size_t>(m_limit - m_start)) {
+        m_large.reset(new char[size + overshoot]);
+        m_start = m_large.get();
+        m_limit = m_start + size;
+    }
+    return m_start;
 }
 
 } // namespace ajson

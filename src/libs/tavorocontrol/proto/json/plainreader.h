@@ -13,15 +13,6 @@
 
 namespace ajson {
 
-/// Returns the bytes at \a at as a word; they need not be aligned.
-template <class Word>
-Word loadWord(const char *at) noexcept
-{
-    Word word;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-}
-
 /// Compares \a text, which has at least the size of a word, word by word. The last word may overlap
 /// the previous one.
 template <class Word, std::size_t Size>
@@ -34,14 +25,13 @@ bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
     return difference == 0;
 }
 
-/// Returns true if the text at \a at is the key of the field.
-template <class Record, std::size_t Field>
-bool startsWithKey(const char *at, const char *end) noexcept
+/// Returns true if the input at \a at begins with the text.
+template <class Text>
+bool startsWith(const char *at, const char *end) noexcept
 {
-    using Key = KeyLiteral<Record, Field>;
     using Word =
-        std::conditional_t<(Key::size < sizeof(std::uint64_t)), std::uint32_t, std::uint64_t>;
-    return static_cast<std::size_t>(end - at) >= Key::size && equalWords<Word>(at, Key::text);
+        std::conditional_t<(Text::size < sizeof(std::uint64_t)), std::uint32_t, std::uint64_t>;
+    return static_cast<std::size_t>(end - at) >= Text::size && equalWords<Word>(at, Text::text);
 }
 
 /// \name Plain values
@@ -69,7 +59,7 @@ Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &val
         bits = bits * 10 + digit; // low bits only, as with tokens
         ++at;
     }
-    if (*at == '.' || *at == 'e' || *at == 'E')
+    if (*at != ',' && (*at == '.' || *at == 'e' || *at == 'E'))
         return nullptr;
     value = static_cast<Integer>(negative ? 0 - bits : bits);
     return at;
@@ -83,7 +73,7 @@ inline const char *readPlain(const char *at, const char *end, std::string &value
     const char *const quote = findSpecial(begin, end);
     if (quote == end || *quote != '"')
         return nullptr;
-    value.assign(begin, static_cast<std::size_t>(quote - begin));
+    value = std::string(begin, quote);
     return quote + 1;
 }
 

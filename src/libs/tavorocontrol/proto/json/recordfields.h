@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -44,6 +45,9 @@ struct IsFieldType<char32_t> : std::false_type { };
 /// The types of a record's members, in the order of the list.
 template <class... Members>
 struct MemberTypes {
+    template <std::size_t Field>
+    using Type = std::tuple_element_t<Field, std::tuple<Members...>>;
+
     static constexpr std::size_t count = sizeof...(Members);
     static constexpr bool areSupported = (... && IsFieldType<Members>::value);
 };

@@ -4,10 +4,12 @@
 // tokeniser otherwise. Either path can continue at any place where the other stopped.
 
 #include <tavorocontrol/proto/json/plainreader.h>
+#include <tavorocontrol/proto/json/recordtext.h>
 #include <tavorocontrol/proto/json/valuereader.h>
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <tuple>
 
 namespace ajson {
@@ -45,50 +47,47 @@ Q_ALWAYS_INLINE Place readScalar(JsonReader &reader, Place at, Value &value)
     return after ? after : readToken(reader, at, value);
 }
 
-/// Progress of reading the fields of a record.
+/// Progress of reading the fields of a record. Passed by value, so that it stays in registers.
 struct Progress {
-    Place at; ///< Where the next key is expected; after the record if there is none.
-    std::size_t expected; ///< The field whose key should come next.
-    bool more; ///< Another key follows.
+    static constexpr std::size_t complete = FieldList::maxSize + 1;
+
+    Place at; ///< After the last value, or after the brace that opens the record.
+    std::size_t expected; ///< The field whose key should come next, or \c complete.
 };
 
-/// Takes the comma after a field, or the brace after the last field.
-Q_ALWAYS_INLINE void takeSeparator(JsonReader &reader, Progress &progress)
-{
-    if (progress.at && (*progress.at == ',' || *progress.at == '}')) {
-        progress.more = *progress.at++ == ',';
-    } else {
-        progress.more = takeFieldSeparator(reader, progress.at);
-        progress.at = reader.place();
-    }
-}
+/// The text between the value of the previous field and that of the field.
+template <class Record, std::size_t Field>
+struct FieldStart : Joined<Symbol<','>, KeyLiteral<Record, Field>> { };
+template <class Record>
+struct FieldStart<Record, 0> : KeyLiteral<Record, 0> { };
 
-/// Reads the field if its key comes next. Returns true if another field follows it.
+/// Reads the field if its key comes next. Returns true if the place after it is known.
 template <class Record, std::size_t Field, class Member>
 Q_ALWAYS_INLINE bool readExpectedField(JsonReader &reader, Progress &progress, Member &member)
 {
-    if (!startsWithKey<Record, Field>(progress.at, reader.end()))
+    using Start = FieldStart<Record, Field>;
+    if (!startsWith<Start>(progress.at, reader.end()))
         return false;
-    const Place at = progress.at + KeyLiteral<Record, Field>::size;
+    const Place at = progress.at + Start::size;
     if constexpr (std::is_integral_v<Member>)
         progress.at = readScalar(reader, at, member);
     else
         progress.at = readValue(reader, at, member);
     progress.expected = Field + 1;
-    takeSeparator(reader, progress);
-    return progress.more;
+    return progress.at != nullptr;
 }
 
 /// Reads fields for as long as their keys come in the order of the list.
 template <class Record, std::size_t... Field>
-Q_ALWAYS_INLINE void readExpectedFields(JsonReader &reader, Progress &progress, Record &record,
-                                        std::index_sequence<Field...>)
+Q_ALWAYS_INLINE Progress readExpectedFields(JsonReader &reader, Progress progress, Record &record,
+                                            std::index_sequence<Field...>)
 {
     const auto members =
         record.visitFields([](auto &...listed) { return std::forward_as_tuple(listed...); });
     (void)(...
            && (Field < progress.expected
                || readExpectedField<Record, Field>(reader, progress, std::get<Field>(members))));
+    return progress;
 }
 
 template <class Record, std::size_t... Field>
@@ -110,27 +109,27 @@ std::size_t findField(std::string_view key, std::index_sequence<Field...>)
     return field;
 }
 
-/// Reads a field with any key, by its tokens. \a begin is the place of the first key.
+/// Reads a field with any key, by its tokens, beginning with the comma before it. \a begin is the
+/// place after the brace that opens the record, where no comma is expected.
 template <class Record>
 Q_NEVER_INLINE Progress readOtherField(JsonReader &reader, Progress progress, Place begin,
                                        Record &record)
 {
     using Indices = typename RecordFields<Record>::Indices;
-    reader.nextAt(progress.at);
+    const bool isFirst = progress.at == begin;
+    if (!isFirst && !takeFieldSeparator(reader, progress.at))
+        return {reader.place(), Progress::complete};
+    reader.readTokenAt(isFirst ? begin : reader.place());
     // Kept: the brace of an empty record stays current, so that it ends the enclosing record too.
-    if (progress.at == begin && reader.token.isSymbol('}'))
-        return {nullptr, 0, false};
+    if (isFirst && reader.token.isSymbol('}'))
+        return {nullptr, Progress::complete};
     const std::size_t field = findField<Record>(takeKey(reader), Indices());
     if (field == RecordFields<Record>::count) {
         reader.next();
         skipValue(reader);
-        progress.at = nullptr;
-    } else {
-        progress.at = readField(reader, record, field, Indices());
-        progress.expected = field + 1;
+        return {nullptr, progress.expected};
     }
-    takeSeparator(reader, progress);
-    return progress;
+    return {readField(reader, record, field, Indices()), field + 1};
 }
 
 template <class Record>
@@ -142,14 +141,17 @@ Place readObject(JsonReader &reader, Place at, Record &record)
         requireSymbol(reader, at, '{', "read object must start with {!");
         at = reader.place();
     }
-    Progress progress{at, 0, true};
-    for (;;) {
-        readExpectedFields(reader, progress, record, typename RecordFields<Record>::Indices());
-        if (progress.more)
-            progress = readOtherField(reader, progress, at, record);
-        if (!progress.more)
-            return progress.at;
-    }
+    Progress progress{at, 0};
+    do {
+        if (progress.at) {
+            progress = readExpectedFields(reader, progress, record,
+                                          typename RecordFields<Record>::Indices());
+            if (progress.at && *progress.at == '}' && progress.at != at)
+                return progress.at + 1;
+        }
+        progress = readOtherField(reader, progress, at, record);
+    } while (progress.expected != Progress::complete);
+    return progress.at;
 }
 
 /// Returns true if an element that begins with \a c can be appended before its first token is
@@ -158,6 +160,15 @@ template <class Element>
 bool beginsElement(char c)
 {
     return (HasFields<Element>::value && c == '{') || (IsVector<Element>::value && c == '[');
+}
+
+/// Reserves memory for the elements of the vector that a body consists of, so that it need not grow
+/// if every element has all its keys. The memory is at most as large as the body.
+template <class Element>
+void reserveElements(const JsonReader &reader, std::vector<Element> &vector)
+{
+    constexpr std::size_t shortest = std::max(fixedSize<Element, 1>() + 1, sizeof(Element));
+    vector.reserve(vector.size() + reader.length() / shortest + 1);
 }
 
 template <class Element>
@@ -186,7 +197,7 @@ Place readVector(JsonReader &reader, Place at, std::vector<Element> &vector)
     }
     for (;;) {
         if (!beginsElement<Element>(*at)) {
-            reader.nextAt(at);
+            reader.readTokenAt(at);
             at = nullptr;
             if (reader.token.isSymbol(']'))
                 return reader.place();

@@ -1,11 +1,23 @@
 #pragma once
 
-// Functions that search a text, eight bytes at a time.
+// Tests and copies of text, eight or sixteen bytes at a time.
 
+#include <QtAlgorithms>
+
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
+#if defined(__SSE2__) && !defined(TAVORO_NO_SIMD)
+#include <emmintrin.h>
+#endif
+
 namespace ajson {
+
+constexpr bool isSpecial(char c) noexcept
+{
+    return c == '"' || c == '\\' || static_cast<unsigned char>(c) < ' ';
+}
 
 constexpr std::uint64_t eachByte(std::uint64_t byte) noexcept
 {
@@ -23,32 +35,105 @@ constexpr std::uint64_t bytesEqual(std::uint64_t word, char c) noexcept
     return bytesBelow(word ^ eachByte(static_cast<unsigned char>(c)), 1);
 }
 
-constexpr bool isSpecial(char c) noexcept
+/// Not 0 if a byte of \a word is special.
+constexpr std::uint64_t bytesSpecial(std::uint64_t word) noexcept
 {
-    return c == '"' || c == '\\' || static_cast<unsigned char>(c) < ' ';
+    return bytesBelow(word, ' ') | bytesEqual(word, '"') | bytesEqual(word, '\\');
 }
 
-/// Whether a string can hold the character as it is written.
-constexpr bool isPlain(char c) noexcept
-{
-    return !isSpecial(c) && static_cast<unsigned char>(c) <= '~';
-}
-
-/// Not 0 if a byte of \a word is not plain.
+/// Not 0 if a byte of \a word cannot stand in a string as it is.
 constexpr std::uint64_t bytesNotPlain(std::uint64_t word) noexcept
 {
     return bytesBelow(word, ' ') | bytesEqual(word, '"') | bytesEqual(word, '\\')
         | bytesEqual(word, 127) | (word & eachByte(0x80));
 }
 
+/// Returns the bytes at \a at as a word; they need not be aligned.
+template <class Word>
+Word loadWord(const char *at) noexcept
+{
+    Word word;
+    std::memcpy(&word, at, sizeof word);
+    return word;
+}
+
+#if defined(__SSE2__) && !defined(TAVORO_NO_SIMD)
+
+/// Sixteen bytes of a text.
+class Block {
+public:
+    static constexpr std::size_t size = 16;
+
+    explicit Block(const char *at) noexcept
+        : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at)))
+    { }
+    void store(char *at) const noexcept
+    {
+        _mm_storeu_si128(reinterpret_cast<__m128i *>(at), m_bytes);
+    }
+
+    /// Not 0 if a byte cannot stand in a string as it is.
+    std::uint64_t notPlain() const noexcept
+    {
+        const __m128i belowBlank = _mm_cmplt_epi8(m_bytes, _mm_set1_epi8(' ')); // 128 to 255 too
+        return maskOf(_mm_or_si128(_mm_or_si128(belowBlank, equal('"')),
+                                   _mm_or_si128(equal('\\'), equal(127))));
+    }
+
+    /// The index of the first quote, backslash or control character; 16 if there is none.
+    unsigned firstSpecial() const noexcept
+    {
+        const __m128i lastControl = _mm_set1_epi8(' ' - 1);
+        const __m128i control = _mm_cmpeq_epi8(_mm_max_epu8(m_bytes, lastControl), lastControl);
+        const unsigned mask = maskOf(_mm_or_si128(control, _mm_or_si128(equal('"'), equal('\\'))));
+        return qCountTrailingZeroBits(mask | 1U << size);
+    }
+
+private:
+    __m128i equal(char c) const noexcept { return _mm_cmpeq_epi8(m_bytes, _mm_set1_epi8(c)); }
+    static unsigned maskOf(__m128i bytes) noexcept
+    {
+        return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+    }
+
+    __m128i m_bytes;
+};
+
+#else
+
+class Block {
+public:
+    static constexpr std::size_t size = 16;
+
+    explicit Block(const char *at) noexcept { std::memcpy(m_bytes, at, size); }
+    void store(char *at) const noexcept { std::memcpy(at, m_bytes, size); }
+
+    std::uint64_t notPlain() const noexcept
+    {
+        return bytesNotPlain(loadWord<std::uint64_t>(m_bytes))
+            | bytesNotPlain(loadWord<std::uint64_t>(m_bytes + 8));
+    }
+
+    unsigned firstSpecial() const noexcept
+    {
+        unsigned i = bytesSpecial(loadWord<std::uint64_t>(m_bytes)) ? 0 : 8;
+        while (i < size && !isSpecial(m_bytes[i]))
+            ++i;
+        return i;
+    }
+
+private:
+    char m_bytes[size];
+};
+
+#endif
+
 /// The first quote, backslash or control character, or \a end.
 inline const char *findSpecial(const char *at, const char *end) noexcept
 {
-    for (; end - at >= 8; at += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, at, 8);
-        if (bytesBelow(word, ' ') | bytesEqual(word, '"') | bytesEqual(word, '\\'))
-            break;
+    for (; static_cast<std::size_t>(end - at) >= Block::size; at += Block::size) {
+        if (const unsigned special = Block(at).firstSpecial(); special < Block::size)
+            return at + special;
     }
     while (at != end && !isSpecial(*at))
         ++at;

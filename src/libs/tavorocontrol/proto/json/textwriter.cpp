@@ -61,20 +61,41 @@ char *putEscape(char *at, std::uint32_t codePoint)
     return putLongEscape(at, codePoint & 0xFFFF);
 }
 
+// Writes up to the first character that needs an escape, at which from is then.
+char *writePlain(JsonWriter &writer, char *at, const char *&from, const char *end)
+{
+    while (static_cast<std::size_t>(end - from) >= Block::size) {
+        const Block block(from);
+        if (block.notPlain())
+            break;
+        at = writer.reserve(at, Block::size);
+        block.store(at);
+        at += Block::size;
+        from += Block::size;
+    }
+    at = writer.reserve(at, Block::size);
+    while (from != end && isPlain(*from))
+        *at++ = *from++;
+    return at;
+}
+
 } // namespace
 
-char *writeEscaped(JsonWriter &writer, char *at, const char *from, const char *end)
+char *writeEscaped(JsonWriter &writer, char *at, const std::string &text, std::size_t rest)
 {
-    while (from != end && *from != '\0') {
+    const char *from = text.data();
+    const char *const end = from + text.size();
+    for (;;) {
+        at = writePlain(writer, at, from, end);
+        if (from == end || *from == '\0')
+            break;
         const Utf8CodePoint next = decodeUtf8(from, end);
         if (next.length == 0)
             break;
         from += next.length;
-        at = writer.begin(at, maxEscapeSize + static_cast<std::size_t>(end - from) + 1);
-        at = putEscape(at, next.value);
-        at = putPlain(at, from, end);
+        at = putEscape(writer.reserve(at, maxEscapeSize), next.value);
     }
-    return at;
+    return writer.reserve(at, rest);
 }
 
 } // namespace ajson

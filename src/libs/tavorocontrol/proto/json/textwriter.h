@@ -1,105 +1,102 @@
 #pragma once
 
-// Puts numbers and strings into a buffer of JSON text. Each function returns the place after its
-// text.
-
-#include <tavorocontrol/proto/json/textscan.h>
+// Puts strings into a buffer of JSON text. Each function returns the place after its text.
 
 #include <tavorocontrol/proto/export.h>
 #include <tavorocontrol/proto/json/jsonwriter.h>
+#include <tavorocontrol/proto/json/textscan.h>
 
-#include <array>
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 
 namespace ajson {
 
-constexpr std::array<char, 200> makeDigitPairs()
+/// Whether a string can hold the character as it is written.
+constexpr bool isPlain(char c) noexcept
 {
-    std::array<char, 200> pairs{};
-    for (std::size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+}
+
+/// \name Copies of texts
+/// Each function copies the text. It returns 0 if all characters are plain.
+/// @{
+
+inline std::uint64_t copyBytes(char *at, const char *from, std::size_t size) noexcept
+{
+    std::uint64_t notPlain = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        at[i] = from[i];
+        notPlain |= !isPlain(from[i]);
     }
-    return pairs;
+    return notPlain;
 }
 
-inline constexpr std::array<char, 200> digitPairs = makeDigitPairs();
-
-/// Puts a number below 100 with both its digits.
-inline char *putPair(char *at, std::size_t number) noexcept
+/// For texts that have at least the size of a word and at most that of two: two words, which may
+/// overlap.
+template <class Word>
+std::uint64_t copyWords(char *at, const char *from, std::size_t size) noexcept
 {
-    std::memcpy(at, &digitPairs[2 * number], 2);
-    return at + 2;
+    const std::size_t last = size - sizeof(Word);
+    const Word words[] = {loadWord<Word>(from), loadWord<Word>(from + last)};
+    std::memcpy(at, &words[0], sizeof(Word));
+    std::memcpy(at + last, &words[1], sizeof(Word));
+    if constexpr (sizeof words == sizeof(std::uint64_t))
+        return bytesNotPlain(words[0] | std::uint64_t{words[1]} << 32);
+    else
+        return bytesNotPlain(words[0]) | bytesNotPlain(words[1]);
 }
 
-/// Puts a number below 100 without a leading zero.
-inline char *putSmall(char *at, std::size_t number) noexcept
+inline std::uint64_t copyBlock(char *at, const char *from, std::size_t offset) noexcept
 {
-    if (number >= 10)
-        return putPair(at, number);
-    *at = static_cast<char>('0' + number);
-    return at + 1;
+    const Block block(from + offset);
+    block.store(at + offset);
+    return block.notPlain();
 }
 
-template <class Unsigned>
-char *putDigits(char *at, Unsigned number) noexcept
+/// For texts that have at least the size of a block. Blocks may overlap. Texts of up to three
+/// blocks take no branches that depend on their length.
+inline std::uint64_t copyBlocks(char *at, const char *from, std::size_t size) noexcept
 {
-    if (number < 100)
-        return putSmall(at, number);
-    if (number < 10000)
-        return putPair(putSmall(at, number / 100), number % 100);
-    at = putDigits(at, number / 10000);
-    return putPair(putPair(at, number % 10000 / 100), number % 100);
+    const std::size_t last = size - Block::size;
+    std::uint64_t notPlain = copyBlock(at, from, 0)
+        | copyBlock(at, from, std::min(Block::size, last)) | copyBlock(at, from, last);
+    for (std::size_t i = 2 * Block::size; i < last; i += Block::size)
+        notPlain |= copyBlock(at, from, i);
+    return notPlain;
 }
 
-template <class Integer>
-char *putInteger(char *at, Integer number) noexcept
+/// For texts that are shorter than a block. Not inlined, so that the copy of longer texts stays
+/// small.
+inline Q_NEVER_INLINE std::uint64_t copyShort(char *at, const char *from, std::size_t size) noexcept
 {
-    using Bits = std::conditional_t<sizeof(Integer) == 8, std::uint64_t, std::uint32_t>;
-    const auto bits = static_cast<Bits>(number);
-    if constexpr (std::is_signed_v<Integer>) {
-        if (number < 0) {
-            *at = '-';
-            return putDigits(at + 1, 0 - bits);
-        }
-    }
-    return putDigits(at, bits);
+    if (size >= sizeof(std::uint64_t))
+        return copyWords<std::uint64_t>(at, from, size);
+    if (size >= sizeof(std::uint32_t))
+        return copyWords<std::uint32_t>(at, from, size);
+    return copyBytes(at, from, size);
 }
 
-/// Puts the content of a string up to its end, or up to the first character that needs an escape.
-/// \a from is then at that character.
-inline char *putPlain(char *at, const char *&from, const char *end) noexcept
+inline std::uint64_t copyText(char *at, const char *from, std::size_t size) noexcept
 {
-    for (; end - from >= 8; at += 8, from += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, from, 8);
-        if (bytesNotPlain(word))
-            break;
-        std::memcpy(at, &word, 8);
-    }
-    while (from != end && isPlain(*from))
-        *at++ = *from++;
-    return at;
+    return size >= Block::size ? copyBlocks(at, from, size) : copyShort(at, from, size);
 }
 
-/// Puts the rest of a string, which begins with a character that needs an escape. Reserves space
-/// for the closing quote.
-TAVOROPROTO_EXPORT char *writeEscaped(JsonWriter &writer, char *at, const char *from,
-                                      const char *end);
+/// @}
 
-inline char *writeString(JsonWriter &writer, char *at, const std::string &text)
+/// Writes the content of a string of any length, with escapes. Reserves \a rest bytes after it.
+TAVOROPROTO_EXPORT char *writeEscaped(JsonWriter &writer, char *at, const std::string &text,
+                                      std::size_t rest);
+
+/// Writes the content of a string. Reserves \a rest bytes after it.
+inline char *writeContent(JsonWriter &writer, char *at, const std::string &text, std::size_t rest)
 {
-    const char *from = text.data();
-    const char *const end = from + text.size();
-    at = writer.begin(at, text.size() + 2);
-    *at++ = '"';
-    at = putPlain(at, from, end);
-    if (from != end)
-        at = writeEscaped(writer, at, from, end);
-    *at++ = '"';
-    return at;
+    const std::size_t size = text.size();
+    if (size + rest <= writer.space(at) && copyText(at, text.data(), size) == 0)
+        return at + size;
+    return writeEscaped(writer, at, text, rest);
 }
 
 } // namespace ajson

@@ -19,7 +19,7 @@ using Place = const char *;
 inline void fetch(JsonReader &reader, Place at)
 {
     if (at)
-        reader.nextAt(at);
+        reader.readTokenAt(at);
 }
 
 /// \name Value of the current token

@@ -1,0 +1,7 @@
+#include <tavoromodels/edithandler.h>
+
+namespace Tavoro::Models {
+
+EditHandler::~EditHandler() = default;
+
+} // namespace Tavoro::Models

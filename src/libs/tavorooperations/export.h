@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtGlobal>
+
+#if defined(TAVOROOPERATIONS_LIBRARY)
+#define TAVOROOPERATIONS_EXPORT Q_DECL_EXPORT
+#else
+#define TAVOROOPERATIONS_EXPORT Q_DECL_IMPORT
+#endif

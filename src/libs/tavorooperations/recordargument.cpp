@@ -1,0 +1,195 @@
+#include "recordargument_p.h"
+
+#include <tavorooperations/jsontext.h>
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonParseError>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+namespace Tavoro::Operations::Internal {
+
+namespace {
+
+Fault placed(qint64 line, qint64 column, const QString &words)
+{
+    return QStringLiteral("line %1, column %2: %3").arg(line).arg(column).arg(words);
+}
+
+/// A fault at the byte \a offset of \a text.
+Fault placedAt(const QByteArray &text, int offset, const QString &words)
+{
+    const QByteArray before = text.left(offset);
+    const QByteArray line = before.mid(before.lastIndexOf('\n') + 1);
+    return placed(before.count('\n') + 1, QString::fromUtf8(line).size() + 1, words);
+}
+
+bool isSame(const QJsonValue &typed, const QJsonValue &sent)
+{
+    return typed.isBool() ? sent.toInt(-1) == (typed.toBool() ? 1 : 0) : typed == sent;
+}
+
+/// Compares a valid JSON text with the record that it would be sent as, value by value.
+class RecordComparison {
+public:
+    explicit RecordComparison(QByteArray text) : m_text(std::move(text)) { }
+
+    /// The first difference, empty if there is none. Collects the keys that the text lacks.
+    Fault compare(const QJsonValue &sent) { return compareValue(sent, {}); }
+
+    /// The keys of \c sent that the text lacks, by their paths: "[0].window.y".
+    const QStringList &missingKeys() const { return m_missing; }
+
+private:
+    /// Compares the value at the current position. Its place in the record is \a path.
+    Fault compareValue(const QJsonValue &sent, const QString &path)
+    {
+        const char first = peek();
+        if (first == '{' && sent.isObject())
+            return compareObject(sent.toObject(), path);
+        if (first == '[' && sent.isArray())
+            return compareArray(sent.toArray(), path);
+        return compareScalar(sent);
+    }
+
+    /// The next character that is not a blank.
+    char peek()
+    {
+        while (m_offset < m_text.size() && std::isspace(static_cast<uchar>(m_text[m_offset])))
+            ++m_offset;
+        return m_offset < m_text.size() ? m_text[m_offset] : '\0';
+    }
+
+    /// Steps over the next character if it is \a expected.
+    bool takeIf(char expected)
+    {
+        const bool isIt = peek() == expected;
+        m_offset += isIt ? 1 : 0;
+        return isIt;
+    }
+
+    QByteArray takeScalar()
+    {
+        const int start = m_offset;
+        if (takeIf('"')) {
+            while (m_text[m_offset] != '"')
+                m_offset += m_text[m_offset] == '\\' ? 2 : 1;
+            ++m_offset;
+        } else {
+            while (m_offset < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_offset]))
+                ++m_offset;
+        }
+        return m_text.mid(start, m_offset - start);
+    }
+
+    Fault compareObject(const QJsonObject &sent, const QString &path)
+    {
+        const QString prefix = path.isEmpty() ? path : path + QLatin1Char('.');
+        QStringList missing = sent.keys();
+        takeIf('{');
+        while (!takeIf('}')) {
+            peek();
+            const int start = m_offset;
+            const QString key = jsonValue(takeScalar().toStdString()).toString();
+            if (!sent.contains(key)) {
+                return placedAt(m_text, start,
+                                QStringLiteral("unknown key \"%1\"; the keys here are: %2")
+                                    .arg(key, sent.keys().join(QStringLiteral(", "))));
+            }
+            missing.removeOne(key);
+            takeIf(':');
+            Fault fault = compareValue(sent.value(key), prefix + key);
+            if (!fault.isEmpty())
+                return fault;
+            takeIf(',');
+        }
+        for (const QString &key : qAsConst(missing))
+            m_missing += prefix + key;
+        return {};
+    }
+
+    Fault compareArray(const QJsonArray &sent, const QString &path)
+    {
+        takeIf('[');
+        for (int i = 0; !takeIf(']'); ++i) {
+            Fault fault = compareValue(sent.at(i), QStringLiteral("%1[%2]").arg(path).arg(i));
+            if (!fault.isEmpty())
+                return fault;
+            takeIf(',');
+        }
+        return {};
+    }
+
+    Fault compareScalar(const QJsonValue &sent)
+    {
+        const int start = m_offset;
+        const QByteArray typed = takeScalar();
+        if (isSame(jsonValue(typed.toStdString()), sent))
+            return {};
+        return placedAt(
+            m_text, start,
+            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent)));
+    }
+
+    const QByteArray m_text;
+    int m_offset = 0;
+    QStringList m_missing;
+};
+
+} // namespace
+
+Fault faultOfSyntax(const std::string &text)
+{
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    QJsonParseError error;
+    QJsonDocument::fromJson(bytes, &error);
+    if (error.error == QJsonParseError::NoError)
+        return {};
+    return placedAt(bytes, std::clamp(error.offset, 0, static_cast<int>(bytes.size())),
+                    error.errorString());
+}
+
+Fault faultOfShape(const std::string &text, bool expectsList)
+{
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    const std::size_t start = text.find_first_of("{[");
+    if (start == std::string::npos || (text[start] == '[') == expectsList)
+        return {};
+    return placedAt(bytes, static_cast<int>(start),
+                    expectsList ? QStringLiteral("expected a list [...], found an object")
+                                : QStringLiteral("expected an object {...}, found a list"));
+}
+
+Fault faultOfCodec(const std::string &error)
+{
+    QString text = QString::fromStdString(error);
+    static const QRegularExpression form(
+        QStringLiteral("^error at line :(\\d+) col :(\\d+) msg:(.*)$"));
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return text;
+    // The codec counts from 0, and its column is the one after the fault.
+    const qint64 column = std::max<qint64>(1, match.captured(2).toLongLong());
+    return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
+}
+
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
+                     bool &lacksKeys)
+{
+    RecordComparison comparison(QByteArray::fromStdString(text));
+    Fault fault = comparison.compare(jsonValue(sent));
+    const QStringList &keys = comparison.missingKeys();
+    if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)
+        return fault;
+    lacksKeys = true;
+    return QStringLiteral("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
+}
+
+} // namespace Tavoro::Operations::Internal

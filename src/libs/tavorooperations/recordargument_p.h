@@ -1,0 +1,58 @@
+#pragma once
+
+#include <tavorooperations/operation.h>
+
+#include <tavorocontrol/proto/codec.h>
+
+#include <QString>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace Tavoro::Operations::Internal {
+
+/// The fault of a record in JSON, as a text with its line and column, both counted
+/// from 1. Empty if the record is valid.
+using Fault = QString;
+
+/// Checks that \a text is JSON.
+Fault faultOfSyntax(const std::string &text);
+
+/// Checks that \a text, which is JSON, is a list or an object as \a expectsList says.
+Fault faultOfShape(const std::string &text, bool expectsList);
+
+/// Converts the codec's error text to the form that callers get.
+Fault faultOfCodec(const std::string &error);
+
+/// Compares \a text with \a sent, the record that was decoded from it and would be sent.
+///
+/// The codec is lenient: it skips unknown keys, truncates numbers to the width of their field,
+/// reads words as numbers and leaves missing keys at their defaults. A record is sent only if it is
+/// exactly what the caller wrote. \a lacksKeys becomes true if the fault is that keys are missing.
+Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
+                     bool &lacksKeys);
+
+template <class Record>
+struct IsList : std::false_type { };
+template <class Record>
+struct IsList<std::vector<Record>> : std::true_type { };
+
+/// Decodes \a text into \a record.
+template <class Record>
+Fault readRecord(const std::string &text, Record &record, MissingKeys missing, bool &lacksKeys)
+{
+    Fault fault = faultOfSyntax(text);
+    if (fault.isEmpty())
+        fault = faultOfShape(text, IsList<Record>::value);
+    if (!fault.isEmpty())
+        return fault;
+    std::string error;
+    if (!ajson::decodeRecord(text, record, error))
+        return faultOfCodec(error);
+    std::string sent;
+    ajson::encodeRecord(record, sent);
+    return faultOfMeaning(text, sent, missing, lacksKeys);
+}
+
+} // namespace Tavoro::Operations::Internal

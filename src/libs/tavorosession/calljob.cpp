@@ -1,0 +1,62 @@
+#include "calljob_p.h"
+
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/commandcodes.h>
+#include <tavorossproxy/exchangewatch.h>
+
+namespace Tavoro::SessionInternal {
+
+bool CallTarget::isConnected() const
+{
+    return channel->isHardwareReadFinished() && channel->statistics().connections == connections;
+}
+
+void CallJob::run()
+{
+    result = carryOut();
+    courier->post([self = shared_from_this()] { self->finished(self); });
+}
+
+/// The command that was sent, or that the operation would have sent.
+QString CallJob::label() const
+{
+    const auto entry = operation->operation();
+    const quint16 sent = hasRun ? result.code : quint16(0);
+    const quint16 code = sent == 0 && entry ? static_cast<quint16>(entry->command()) : sent;
+    if (code == 0)
+        return {};
+    return Control::ControlHelper::commandLabel(static_cast<quint8>(code >> 8),
+                                                static_cast<quint8>(code & 0xFF));
+}
+
+CallResult CallJob::carryOut()
+{
+    if (gate)
+        gate->arrive();
+    if (operation->isCanceled())
+        return notSent(NotSentReason::Canceled);
+    if (!target->isConnected())
+        return notSent(NotSentReason::ConnectionLost);
+    CallResult attempted = attempt();
+    if (attempted.kind == Outcome::Refused && attempted.status == SSProxy::statusControlledByOthers)
+        nameHolder(attempted);
+    return attempted;
+}
+
+CallResult CallJob::attempt()
+{
+    const SSProxy::ExchangeWatch watch;
+    QString error;
+    const bool ok = operation->run(target->device, error);
+    return resultOf(ok, error, watch);
+}
+
+/// Adds which client controls the device, if the device says it.
+void CallJob::nameHolder(CallResult &refused) const
+{
+    QString holder;
+    if (target->channel->readControlHolder(holder) && !holder.isEmpty())
+        refused.reason = controlledBy(holder);
+}
+
+} // namespace Tavoro::SessionInternal

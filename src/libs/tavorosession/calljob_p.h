@@ -1,0 +1,66 @@
+#pragma once
+
+#include "callresult_p.h"
+#include "courier_p.h"
+#include "groupgate_p.h"
+#include "lane_p.h"
+
+#include <tavorosession/operationcall.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace Tavoro::SessionInternal {
+
+/// The connection on which calls are sent. Never changes: a new connection has a new target.
+struct CallTarget {
+    std::shared_ptr<BizModel::Device> device;
+    std::shared_ptr<SSProxy::NetworkChannel> channel;
+    quint64 connections = 0; ///< ChannelStatistics::connections of this connection.
+
+    /// Returns true while the channel has this connection. Any thread.
+    bool isConnected() const;
+};
+
+/// A call of the application, on its way through a lane.
+///
+/// | member                               | thread                                        |
+/// |--------------------------------------|-----------------------------------------------|
+/// | run                                  | that of the lane                              |
+/// | result                               | that of the lane until run() has ended        |
+/// | hasRun, hasEnded, the handlers       | that of the courier                           |
+/// | the others                           | any; they do not change while a lane has it   |
+class CallJob : public LaneJob, public std::enable_shared_from_this<CallJob> {
+public:
+    explicit CallJob(std::shared_ptr<PendingOperation> call) : operation(std::move(call)) { }
+
+    void run() override;
+    /// Name of the call for its outcome, translated. On the courier's thread.
+    virtual QString label() const;
+
+    const std::shared_ptr<PendingOperation> operation;
+    std::shared_ptr<GroupGate> gate; ///< Null unless the call belongs to a group.
+    /// Gets the result of a call that belongs to a group.
+    std::function<void(const Outcome &outcome, const CallResult &result)> observer;
+
+    // Set by CallQueue before a lane has the job.
+    std::shared_ptr<const CallTarget> target;
+    std::shared_ptr<Courier> courier;
+    std::function<void(const std::shared_ptr<CallJob> &)> finished; ///< run() has ended.
+
+    CallResult result;
+    bool hasRun = false; ///< run() has ended, or will not be called.
+    bool hasEnded = false; ///< The outcome was delivered.
+
+protected:
+    /// Makes the call and blocks until it has ended.
+    virtual CallResult attempt();
+
+private:
+    CallResult carryOut();
+    void nameHolder(CallResult &refused) const;
+};
+
+} // namespace Tavoro::SessionInternal

@@ -1,0 +1,112 @@
+#include "callqueue_p.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavoro::SessionInternal {
+
+CallQueue::CallQueue(QThreadPool &pool, std::shared_ptr<Courier> courier, int limit,
+                     std::chrono::milliseconds outcomeTime, Deliver deliver)
+    : m_courier(courier),
+      m_limit(static_cast<std::size_t>(std::max(limit, 1))),
+      m_deliver(std::move(deliver)),
+      m_commands(std::make_shared<Lane>(pool)),
+      m_transfers(std::make_shared<Lane>(pool)),
+      m_unknown(pool, std::move(courier), outcomeTime,
+                [this](const JobPtr &job, const CallResult &result) { end(job, result); }),
+      m_self(std::make_shared<CallQueue *>(this))
+{ }
+
+CallQueue::~CallQueue()
+{
+    endAll({});
+}
+
+void CallQueue::setTarget(std::shared_ptr<const CallTarget> target, const QString &reason)
+{
+    endWaiting(reasonText(NotSentReason::ConnectionLost));
+    m_target = std::move(target);
+    m_reason = reason;
+    m_unknown.setTarget(m_target);
+}
+
+void CallQueue::start(JobPtr job, const QString &key)
+{
+    job->target = m_target;
+    job->courier = m_courier;
+    job->finished = [weak = std::weak_ptr<CallQueue *>(m_self)](const JobPtr &ended) {
+        if (const auto self = weak.lock())
+            (*self)->finished(ended);
+    };
+    if (!m_target)
+        return endUnsent(job, m_reason);
+    if (!key.isEmpty())
+        dropReplaced(key);
+    Lane &lane = laneOf(*job);
+    if (lane.waiting() >= m_limit)
+        return endUnsent(job, reasonText(NotSentReason::QueueFull));
+    if (!key.isEmpty())
+        m_latest.insert(key, job);
+    m_calls.push_back(job);
+    lane.append(std::move(job));
+}
+
+Lane &CallQueue::laneOf(const CallJob &job)
+{
+    return job.operation->isTransfer() ? *m_transfers : *m_commands;
+}
+
+void CallQueue::dropReplaced(const QString &key)
+{
+    const JobPtr former = m_latest.take(key).lock();
+    if (former && !former->hasEnded && laneOf(*former).remove(former))
+        endUnsent(former, reasonText(NotSentReason::Replaced), true);
+}
+
+void CallQueue::finished(const JobPtr &job)
+{
+    job->hasRun = true;
+    if (job->hasEnded)
+        return;
+    if (job->result.kind == Outcome::Unknown)
+        m_unknown.add(job);
+    else
+        end(job, job->result);
+}
+
+void CallQueue::end(const JobPtr &job, const CallResult &result, bool isReplaced)
+{
+    if (std::exchange(job->hasEnded, true))
+        return;
+    if (job->gate && result.kind == Outcome::NotSent)
+        job->gate->leave();
+    m_calls.erase(std::remove(m_calls.begin(), m_calls.end(), job), m_calls.end());
+    m_deliver(*job, result, isReplaced);
+}
+
+void CallQueue::endUnsent(const JobPtr &job, const QString &reason, bool isReplaced)
+{
+    job->hasRun = true;
+    end(job, notSent(reason), isReplaced);
+}
+
+void CallQueue::endWaiting(const QString &reason)
+{
+    for (const auto &lane : {m_commands, m_transfers}) {
+        for (const auto &waiting : lane->removeAll())
+            endUnsent(std::static_pointer_cast<CallJob>(waiting), reason);
+    }
+}
+
+void CallQueue::endAll(const QString &reason)
+{
+    endWaiting(reason);
+    m_unknown.endAll();
+    CallResult unknown;
+    unknown.kind = Outcome::Unknown;
+    unknown.reason = reason;
+    while (!m_calls.empty())
+        end(JobPtr(m_calls.front()), unknown);
+}
+
+} // namespace Tavoro::SessionInternal

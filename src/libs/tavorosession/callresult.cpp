@@ -1,0 +1,182 @@
+#include "callresult_p.h"
+
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/channelstatus.h>
+#include <tavorossproxy/commandcodes.h>
+
+#include <QCoreApplication>
+
+namespace Tavoro::SessionInternal {
+
+using SSProxy::CommandType;
+using SSProxy::Exchange;
+using SSProxy::RequestOutcome;
+
+namespace {
+
+constexpr quint16 lastDeviceStatus = 255;
+
+struct ReasonRow {
+    quint16 status;
+    const char *reason;
+};
+
+// clang-format off
+// The statuses that users meet. Others have the text of the control library.
+constexpr ReasonRow reasons[] = {
+    {1,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device does not know this command")},
+    {2,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device does not accept this data")},
+    {3,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device does not have this object")},
+    {4,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "a value is out of range")},
+    {7,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the data is too long for the device")},
+    {8,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device is busy, or the object is in use")},
+    {9,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the content differs from its announcement")},
+    {10,  QT_TRANSLATE_NOOP("Tavoro::Outcome", "the storage of the device is full or has failed")},
+    {SSProxy::statusControlledByOthers, QT_TRANSLATE_NOOP("Tavoro::Outcome", "another client controls the device")},
+    {SSProxy::statusDataUpdated,        QT_TRANSLATE_NOOP("Tavoro::Outcome", "another client has changed the device, read it again first")},
+    {SSProxy::Disconnected,     QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost")},
+    {SSProxy::RequestTimedOut,  QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device did not answer in time")},
+    {SSProxy::AnswerTooShort,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost within the answer")},
+    {SSProxy::DeviceSilent,     QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device stopped answering")},
+    {SSProxy::AnswerIncomplete, QT_TRANSLATE_NOOP("Tavoro::Outcome", "the answer was not complete in time")},
+};
+// clang-format on
+
+struct NotSentRow {
+    NotSentReason reason;
+    const char *text;
+};
+
+// clang-format off
+constexpr NotSentRow notSentRows[] = {
+    {NotSentReason::NoConnection,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "there is no connection")},
+    {NotSentReason::ConnectionLost, QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost before")},
+    {NotSentReason::QueueFull,      QT_TRANSLATE_NOOP("Tavoro::Outcome", "too many calls are waiting")},
+    {NotSentReason::Replaced,       QT_TRANSLATE_NOOP("Tavoro::Outcome", "a newer value has replaced it")},
+    {NotSentReason::Canceled,       QT_TRANSLATE_NOOP("Tavoro::Outcome", "it was cancelled")},
+};
+// clang-format on
+
+constexpr char notWhole[] =
+    QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost before the last packet was sent");
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("Tavoro::Outcome", text);
+}
+
+QString reasonOf(quint16 status)
+{
+    for (const ReasonRow &row : reasons) {
+        if (row.status == status)
+            return translated(row.reason);
+    }
+    return Control::ControlHelper::errorText(status);
+}
+
+bool isWrite(const Exchange &exchange)
+{
+    return exchange.type == CommandType::Write || exchange.type == CommandType::BinaryWrite;
+}
+
+/// The device carries a split write out with its last packet.
+bool mayBeCarriedOut(const Exchange &exchange)
+{
+    return !isWrite(exchange) || exchange.packet + 1 >= exchange.packets;
+}
+
+CallResult withStatus(CallResult result, Outcome::Kind kind, quint16 status)
+{
+    result.kind = kind;
+    result.status = status;
+    result.reason = kind == Outcome::Done ? QString() : reasonOf(status);
+    return result;
+}
+
+} // namespace
+
+QString reasonText(NotSentReason reason)
+{
+    for (const NotSentRow &row : notSentRows) {
+        if (row.reason == reason)
+            return translated(row.text);
+    }
+    Q_ASSERT_X(false, "reasonText", "a reason without words");
+    return {};
+}
+
+CallResult notSent(NotSentReason reason)
+{
+    return notSent(reasonText(reason));
+}
+
+CallResult refused(quint16 status)
+{
+    return withStatus({}, Outcome::Refused, status);
+}
+
+QString controlledBy(const QString &holder)
+{
+    return QCoreApplication::translate("Tavoro::Outcome", "the device is controlled by %1")
+        .arg(holder);
+}
+
+CallResult notSent(const QString &reason)
+{
+    CallResult result;
+    result.reason = reason;
+    return result;
+}
+
+CallResult resultOf(bool ok, const QString &error, const SSProxy::ExchangeWatch &watch)
+{
+    if (!watch.last())
+        return error.isEmpty() || ok ? notSent(NotSentReason::NoConnection) : notSent(error);
+    const Exchange &last = *watch.last();
+    CallResult result;
+    result.code = last.code;
+    result.firstSent = watch.firstSent();
+    if (last.status != 0 && last.status <= lastDeviceStatus)
+        return withStatus(result, Outcome::Refused, last.status);
+    if (!ok && !mayBeCarriedOut(last)) {
+        result = withStatus(result, Outcome::NotSent, last.status);
+        result.reason = translated(notWhole);
+        return result;
+    }
+    if (last.status == 0 && !ok && !isWrite(last)) { // the answer cannot be used
+        result.kind = Outcome::Unknown;
+        result.reason = error;
+        return result;
+    }
+    if (last.status == 0)
+        return withStatus(result, Outcome::Done, 0);
+    if (!last.sent)
+        return withStatus(result, Outcome::NotSent, last.status);
+    result = withStatus(result, Outcome::Unknown, last.status);
+    if (isWrite(last))
+        result.unresolved = last.sent;
+    return result;
+}
+
+CallResult resolved(const CallResult &unknown, const RequestOutcome &outcome)
+{
+    switch (outcome.state) {
+    case RequestOutcome::Done:
+        return withStatus(unknown, outcome.status == 0 ? Outcome::Done : Outcome::Refused,
+                          outcome.status);
+    case RequestOutcome::NotArrived:
+        return withStatus(unknown, Outcome::NotSent, unknown.status);
+    case RequestOutcome::Unknown:
+    case RequestOutcome::UnderWay:
+        break;
+    }
+    return unknown;
+}
+
+bool mayBeAskedAgain(const RequestOutcome &outcome)
+{
+    return outcome.state == RequestOutcome::UnderWay
+        || (outcome.state == RequestOutcome::Unknown && outcome.status != 0);
+}
+
+} // namespace Tavoro::SessionInternal

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "calljob_p.h"
+
+#include <tavorossproxy/controlaction.h>
+
+#include <QFuture>
+
+#include <memory>
+
+namespace Tavoro::SessionInternal {
+
+/// A request for control of the device, on its way through the command lane.
+class ControlJob : public CallJob {
+public:
+    explicit ControlJob(SSProxy::ControlAction action);
+
+    QFuture<Outcome> future() const;
+    QString label() const override;
+
+protected:
+    CallResult attempt() override;
+
+private:
+    class Request;
+    ControlJob(SSProxy::ControlAction action, std::shared_ptr<Request> request);
+
+    const SSProxy::ControlAction m_action;
+    const std::shared_ptr<Request> m_request;
+};
+
+} // namespace Tavoro::SessionInternal

@@ -1,0 +1,59 @@
+#include "devicesession_p.h"
+
+#include <tavorobizmodel/device.h>
+
+namespace Tavoro {
+
+using namespace SessionInternal;
+
+DeviceSession::DeviceSession(std::unique_ptr<DeviceSessionPrivate> data, QObject *parent)
+    : QObject(parent), d(std::move(data))
+{
+    d->q = this;
+}
+
+DeviceSession::~DeviceSession()
+{
+    d->q = nullptr;
+    if (d->deleted)
+        d->deleted();
+}
+
+// clang-format off
+DeviceState DeviceSession::state() const                          { return d->state; }
+double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
+QString     DeviceSession::name() const                           { return d->name(); }
+QString     DeviceSession::address() const                        { return d->address(); }
+std::shared_ptr<BizModel::Device> DeviceSession::device() const   { return d->device; }
+void        DeviceSession::open()                                 { d->open(); }
+void        DeviceSession::close()                                { d->close(tr("the session is closed")); }
+void        DeviceSession::reconnectNow()                         { d->reconnectNow(); }
+void        DeviceSession::readAgain()                            { d->readAgain(); }
+// clang-format on
+
+bool DeviceSession::isControlledByOthers() const
+{
+    return d->isControlledByOthers;
+}
+
+PendingCall<Outcome> DeviceSession::takeControl()
+{
+    return d->requestControl(SSProxy::ControlAction::Take);
+}
+
+PendingCall<Outcome> DeviceSession::forceControl()
+{
+    return d->requestControl(SSProxy::ControlAction::Force);
+}
+
+PendingCall<Outcome> DeviceSession::releaseControl()
+{
+    return d->requestControl(SSProxy::ControlAction::GiveUp);
+}
+
+void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)
+{
+    d->start(std::make_shared<CallJob>(std::move(call)), key);
+}
+
+} // namespace Tavoro

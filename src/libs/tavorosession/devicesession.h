@@ -1,0 +1,182 @@
+#pragma once
+
+#include <tavorosession/devicestate.h>
+#include <tavorosession/export.h>
+#include <tavorosession/operationcall.h>
+#include <tavorosession/outcome.h>
+#include <tavorosession/pendingcall.h>
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace Tavoro {
+
+namespace SessionInternal {
+class DeviceSessionPrivate;
+} // namespace SessionInternal
+
+/// The application's work with one device: connects, reads the device into the model, reads it
+/// again after a loss, and calls operations of the control classes in the background.
+///
+/// A Session makes and owns these objects. An object belongs to the thread of its Session: call its
+/// members there; its signals are emitted there. No member blocks. Deleting an object ends its
+/// calls: those that wait as NotSent, the one under way as Unknown.
+///
+/// docs/session.md describes states, lanes and outcomes.
+class TAVOROSESSION_EXPORT DeviceSession : public QObject {
+    Q_OBJECT
+
+public:
+    ~DeviceSession() override;
+
+    /// \name State
+    /// @{
+
+    /// What the session does, why, since when, and when it tries again.
+    DeviceState state() const;
+    /// True if the device is connected and has been read.
+    bool isReady() const { return state().kind == DeviceState::Ready; }
+    /// The share of the reading that is done, from 0 to 1; 0 unless the state is Reading.
+    double readProgress() const;
+    /// Name of the device, or its address while the name is not known.
+    QString name() const;
+    /// Address and port of the device, such as 192.0.2.7:6630.
+    QString address() const;
+    /// The device in the model. Null until the device has been connected for the first time, unless
+    /// it was opened from the store. The object stays the same when the device is read again.
+    std::shared_ptr<BizModel::Device> device() const;
+    /// @}
+
+    /// \name Connection
+    /// @{
+
+    /// Connects again after close(). Does nothing if the session is open.
+    void open();
+    /// Disconnects, and ends all calls as the destructor does. The model keeps the device, which is
+    /// offline.
+    void close();
+    /// Tries to connect at once instead of after the pause.
+    void reconnectNow();
+    /// Reads the device again. While it is being read, it is read once more afterwards.
+    void readAgain();
+    /// @}
+
+    /// \name Control
+    ///
+    /// A device accepts writes from one client at a time: from the one that holds control, or from
+    /// the first one that writes. Reading and watching take no control. The outcome of a request is
+    /// Refused if another client holds control; its reason names that client.
+    /// @{
+
+    /// True if another client holds control of the device. False without a connection.
+    bool isControlledByOthers() const;
+    /// Takes control unless another client holds it.
+    PendingCall<Outcome> takeControl();
+    /// Takes control even if another client holds it. The device reports the loss to that client.
+    PendingCall<Outcome> forceControl();
+    /// Gives control up. Without effect if this client does not hold it. See also
+    /// SessionOptions::controlIdleTime.
+    PendingCall<Outcome> releaseControl();
+    /// @}
+
+    /// \name Calls
+    ///
+    /// Each call is carried out in the background. The calls of a device are carried out in the
+    /// order in which they were made, except that contents of files have a lane of their own.
+    /// Devices do not wait for each other.
+    ///
+    /// A call is sent at once and at most once. Without a connection its outcome is NotSent, also
+    /// if the connection is lost while the call waits; it is not sent later. If too many calls wait
+    /// (SessionOptions::maxWaitingCalls), a further one is NotSent as well.
+    /// @{
+
+    /// Calls an operation of a control class: a member that returns \c bool and has the error text
+    /// as its last parameter. \a argument is its only other parameter, and may be in braces:
+    /// \code
+    /// wall->call(&Control::Screen::writeTake, {effect});
+    /// \endcode
+    /// The argument is copied. The result is an Outcome, or an Answer if the operation delivers a
+    /// record by reference.
+    template <class Control, class Parameter>
+    auto call(bool (Control::*operation)(Parameter, QString &),
+              const SessionInternal::Value<Parameter> &argument)
+    {
+        return start(SessionInternal::makeCall(operation, argument));
+    }
+
+    /// Does the same for operations with any number of arguments before the error text.
+    ///
+    /// A record that the operation delivers is omitted:
+    /// \code
+    /// wall->call(&Control::Screen::readDetails, -1, 0, -1)
+    ///     .then(this, [](const auto &answer) { show(answer.record()); });
+    /// \endcode
+    /// Select among overloads with \c qOverload. Arguments of other types do not compile.
+    template <class Method, class... Arguments,
+              class = std::enable_if_t<!SessionInternal::isSingleArgument<Method, Arguments...>>>
+    auto call(Method operation, Arguments &&...arguments)
+    {
+        return start(SessionInternal::makeCall(operation, std::forward<Arguments>(arguments)...));
+    }
+
+    /// Calls an operation, and replaces a waiting call with the same \a key: that call ends as
+    /// NotSent, and Outcome::isReplaced() is true for it. So at most one call with the key is under
+    /// way and one waits, and the last value always arrives. For controls that send values faster
+    /// than the device takes them, such as a T-bar:
+    /// \code
+    /// wall->callLatest(QStringLiteral("tbar"), &Control::Screen::writeTBar, {position});
+    /// \endcode
+    /// The new call takes the last place among the waiting calls.
+    template <class Control, class Parameter>
+    auto callLatest(const QString &key, bool (Control::*operation)(Parameter, QString &),
+                    const SessionInternal::Value<Parameter> &argument)
+    {
+        return start(SessionInternal::makeCall(operation, argument), key);
+    }
+
+    /// Does the same for operations with any number of arguments.
+    template <class Method, class... Arguments,
+              class = std::enable_if_t<!SessionInternal::isSingleArgument<Method, Arguments...>>>
+    auto callLatest(const QString &key, Method operation, Arguments &&...arguments)
+    {
+        return start(SessionInternal::makeCall(operation, std::forward<Arguments>(arguments)...),
+                     key);
+    }
+    /// @}
+
+Q_SIGNALS:
+    /// The kind of state() has changed. Emitted once for each change.
+    void stateChanged();
+    /// The reason or the next attempt of state() has changed, but not its kind.
+    void stateDetailsChanged();
+    /// readProgress() has changed.
+    void readProgressChanged(double share);
+    /// isControlledByOthers() has changed.
+    void controlChanged();
+    /// name() or device() has changed.
+    void deviceChanged();
+    /// A call has ended. Emitted for each call of the application, before its result is delivered.
+    void callFinished(const Tavoro::Outcome &outcome);
+
+private:
+    friend class Session;
+    friend class SessionInternal::DeviceSessionPrivate;
+    DeviceSession(std::unique_ptr<SessionInternal::DeviceSessionPrivate> data, QObject *parent);
+
+    template <class Call>
+    auto start(const std::shared_ptr<Call> &call, const QString &key = {})
+    {
+        PendingCall<typename Call::Result> pending(call->future());
+        startCall(call, key);
+        return pending;
+    }
+    void startCall(std::shared_ptr<SessionInternal::PendingOperation> call, const QString &key);
+
+    const std::unique_ptr<SessionInternal::DeviceSessionPrivate> d;
+};
+
+} // namespace Tavoro

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "calljob_p.h"
+
+#include <tavorooperations/scope.h>
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace Tavoro::SessionInternal {
+
+/// Keeps the model equal to the device after writes: reads what they have changed, and applies it
+/// as differences. Writes that follow each other closely are bundled. On the session's thread.
+class ModelFollower {
+public:
+    /// Called when a read failed, so that the model may differ from the device.
+    using FailureHandler = std::function<void()>;
+
+    /// Reads in \a lane, which it shares with the reading of the whole device: what was read first
+    /// is applied first.
+    ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier> courier,
+                  FailureHandler failed);
+
+    /// Reads over \a target from now on. Null: forgets what was noted, since the whole device is
+    /// read after the next connection.
+    void setTarget(std::shared_ptr<const CallTarget> target);
+    /// A write has changed \a scopes, or may have.
+    void note(const std::vector<Operations::Scope> &scopes);
+
+private:
+    void read();
+
+    const std::shared_ptr<Lane> m_lane;
+    const std::shared_ptr<Courier> m_courier;
+    const FailureHandler m_failed;
+    std::shared_ptr<const CallTarget> m_target;
+    std::vector<Operations::Scope> m_scopes; ///< Changed, and not read yet.
+    QTimer m_timer; ///< Runs while scopes are collected.
+    std::shared_ptr<ModelFollower *> m_self; ///< For posts that may arrive too late.
+};
+
+} // namespace Tavoro::SessionInternal

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <tavorosession/devicesession.h>
+#include <tavorosession/export.h>
+#include <tavorosession/groupoutcome.h>
+#include <tavorosession/sessionoptions.h>
+
+#include <tavorossproxy/devicediscovery.h>
+#include <tavorossproxy/networkchannel.h>
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace Tavoro {
+
+namespace SessionInternal {
+class SessionPrivate;
+}
+
+/// The application's work with all its devices. Create one object on the application's thread, and
+/// call its members there; its signals are emitted there. No member blocks.
+///
+/// \code
+/// Session session;
+/// DeviceSession *wall = session.open(QStringLiteral("192.0.2.7"));
+/// connect(wall, &DeviceSession::stateChanged, this, [=] { show(wall->state()); });
+/// \endcode
+///
+/// It applies the reports of the devices to the model (Control::AutoReportManager), reads at most
+/// four devices at the same time, and needs a thread for each device only while that device is busy
+/// with a call. Destroying it ends all calls, and takes less than a second.
+class TAVOROSESSION_EXPORT Session : public QObject {
+    Q_OBJECT
+
+public:
+    /// A session whose devices get \a options, unless open() gets others.
+    explicit Session(const SessionOptions &options = {}, QObject *parent = nullptr);
+    ~Session() override;
+
+    /// Opens the device at \a host and \a port. If it is open already, returns that session.
+    /// The session belongs to this object; delete it to close the device.
+    DeviceSession *open(const QString &host, quint16 port = SSProxy::defaultTcpPort);
+    /// Does the same with other options.
+    DeviceSession *open(const QString &host, quint16 port, const SessionOptions &options);
+    /// Opens the devices of the model's list that have an address and no session, such as those of
+    /// the last run after BizModel::DeviceList::openDeviceStore(). Each has its last known model at
+    /// once, and becomes ready later. Returns the new sessions.
+    QList<DeviceSession *> openListed();
+
+    /// Searches the network for devices and opens each that answers; deviceAdded() reports it. See
+    /// SSProxy::startDeviceDiscovery(), which stays in effect until stopDiscovery().
+    void startDiscovery(const SSProxy::DiscoveryOptions &options = {});
+    /// Stops the search. The devices that were found stay open.
+    void stopDiscovery();
+
+    /// The sessions of all devices, in the order in which they were opened.
+    QList<DeviceSession *> devices() const;
+
+    /// Calls an operation on several devices, see DeviceSession::call(). The calls are sent
+    /// together: each waits until the others can be sent as well, but at most half a second. The
+    /// result holds all outcomes and the time between the first and the last sending. Each device
+    /// occurs once in \a devices.
+    template <class Control, class Parameter>
+    PendingCall<GroupOutcome> callAll(const QList<DeviceSession *> &devices,
+                                      bool (Control::*operation)(Parameter, QString &),
+                                      const SessionInternal::Value<Parameter> &argument)
+    {
+        return startAll(devices, [&] { return SessionInternal::makeCall(operation, argument); });
+    }
+    /// Does the same for operations with any number of arguments.
+    template <class Method, class... Arguments,
+              class = std::enable_if_t<!SessionInternal::isSingleArgument<Method, Arguments...>>>
+    PendingCall<GroupOutcome> callAll(const QList<DeviceSession *> &devices, Method operation,
+                                      const Arguments &...arguments)
+    {
+        return startAll(devices,
+                        [&] { return SessionInternal::makeCall(operation, arguments...); });
+    }
+
+Q_SIGNALS:
+    /// A device was opened.
+    void deviceAdded(Tavoro::DeviceSession *device);
+    /// The session of a device is about to be deleted. Its members must not be called any more.
+    void deviceRemoved(Tavoro::DeviceSession *device);
+
+private:
+    using Calls = std::vector<std::shared_ptr<SessionInternal::PendingOperation>>;
+
+    template <class MakeCall>
+    PendingCall<GroupOutcome> startAll(const QList<DeviceSession *> &devices, MakeCall makeCall)
+    {
+        Calls calls;
+        for (int i = 0; i < devices.size(); ++i)
+            calls.push_back(makeCall());
+        return startGroup(devices, calls);
+    }
+    PendingCall<GroupOutcome> startGroup(const QList<DeviceSession *> &devices, const Calls &calls);
+    DeviceSession *add(std::unique_ptr<SessionInternal::DeviceSessionPrivate> data);
+    void adopt(std::shared_ptr<SSProxy::NetworkChannel> channel);
+
+    const std::unique_ptr<SessionInternal::SessionPrivate> d;
+};
+
+} // namespace Tavoro

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <tavorossproxy/channeloptions.h>
+
+#include <chrono>
+
+namespace Tavoro {
+
+/// Settings of the work with a device. The defaults suit an operator's application.
+struct SessionOptions {
+    /// The unit of all times.
+    using Milliseconds = std::chrono::milliseconds;
+
+    /// Calls that may wait in a lane. Beyond them a call fails at once, as NotSent.
+    int maxWaitingCalls = 256;
+    /// How long a call whose outcome is not known may wait for the device to say what it did with
+    /// it. After this time its outcome is Unknown. 0: the device is not asked.
+    Milliseconds outcomeTime{20000};
+    /// Sets the clock of the device when it is read. That needs no control and takes none.
+    bool setsClock = true;
+    /// Reads the contents of files, not only their list, of the types that a synchronisation
+    /// (Control::DeviceList) reads.
+    bool readsFileContents = true;
+    /// How long the session waits before it reads a device again that could not be read although it
+    /// is connected. Each further pause is twice as long, up to 16 times this value.
+    Milliseconds readPause{1000};
+    /// Gives up control of the device after this time without a call that changes something. 0:
+    /// keeps control until releaseControl().
+    Milliseconds controlIdleTime{0};
+    /// Options of the channels that the session opens.
+    SSProxy::ChannelOptions channel;
+};
+
+} // namespace Tavoro

@@ -1,0 +1,129 @@
+#include "unknowncalls_p.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Tavoro::SessionInternal {
+
+using SSProxy::RequestOutcome;
+using Time = std::chrono::steady_clock;
+
+namespace {
+
+/// Pause between two questions about a call: a device that is still busy with it says so at once.
+constexpr std::chrono::milliseconds askingInterval(250);
+
+class Question : public LaneJob {
+public:
+    using Handler = std::function<void(const RequestOutcome &)>;
+
+    Question(std::shared_ptr<const CallTarget> target, SSProxy::RequestIdentity id,
+             std::shared_ptr<Courier> courier, Handler handler)
+        : m_target(std::move(target)),
+          m_id(std::move(id)),
+          m_courier(std::move(courier)),
+          m_handler(std::move(handler))
+    { }
+
+    void run() override
+    {
+        RequestOutcome outcome;
+        outcome.status = SSProxy::Disconnected;
+        if (m_target->isConnected())
+            outcome = m_target->channel->outcomeOf(m_id);
+        m_courier->post([handler = m_handler, outcome] { handler(outcome); });
+    }
+
+private:
+    const std::shared_ptr<const CallTarget> m_target;
+    const SSProxy::RequestIdentity m_id;
+    const std::shared_ptr<Courier> m_courier;
+    const Handler m_handler;
+};
+
+} // namespace
+
+UnknownCalls::UnknownCalls(QThreadPool &pool, std::shared_ptr<Courier> courier,
+                           std::chrono::milliseconds time, Deliver deliver)
+    : m_courier(std::move(courier)),
+      m_time(time),
+      m_deliver(std::move(deliver)),
+      m_questions(std::make_shared<Lane>(pool)),
+      m_self(std::make_shared<UnknownCalls *>(this))
+{
+    m_timer.setInterval(askingInterval);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { askAll(); });
+}
+
+UnknownCalls::~UnknownCalls()
+{
+    m_questions->removeAll();
+}
+
+void UnknownCalls::add(JobPtr job)
+{
+    if (!job->result.unresolved || m_time <= std::chrono::milliseconds::zero())
+        return m_deliver(job, job->result);
+    m_calls.push_back({std::move(job), Time::now() + m_time, false});
+    ask(m_calls.back());
+    m_timer.start();
+}
+
+void UnknownCalls::setTarget(std::shared_ptr<const CallTarget> target)
+{
+    m_target = std::move(target);
+    askAll();
+}
+
+void UnknownCalls::endAll()
+{
+    while (!m_calls.empty())
+        deliver(m_calls.begin(), m_calls.front().job->result);
+}
+
+void UnknownCalls::askAll()
+{
+    const auto now = Time::now();
+    for (auto next = m_calls.begin(); next != m_calls.end();) {
+        const auto entry = next++;
+        if (entry->deadline <= now)
+            deliver(entry, entry->job->result);
+        else
+            ask(*entry);
+    }
+}
+
+void UnknownCalls::ask(Entry &entry)
+{
+    if (!m_target || std::exchange(entry.isAsked, true))
+        return;
+    const auto handler = [weak = std::weak_ptr<UnknownCalls *>(m_self),
+                          job = entry.job](const RequestOutcome &outcome) {
+        if (const auto self = weak.lock())
+            (*self)->answered(job, outcome);
+    };
+    m_questions->append(
+        std::make_shared<Question>(m_target, *entry.job->result.unresolved, m_courier, handler));
+}
+
+void UnknownCalls::answered(const JobPtr &job, const RequestOutcome &outcome)
+{
+    const auto entry = std::find_if(m_calls.begin(), m_calls.end(),
+                                    [&](const Entry &each) { return each.job == job; });
+    if (entry == m_calls.end())
+        return; // its time was over
+    entry->isAsked = false;
+    if (!mayBeAskedAgain(outcome))
+        deliver(entry, resolved(job->result, outcome));
+}
+
+void UnknownCalls::deliver(std::list<Entry>::iterator entry, const CallResult &result)
+{
+    const JobPtr job = std::move(entry->job);
+    m_calls.erase(entry);
+    if (m_calls.empty())
+        m_timer.stop();
+    m_deliver(job, result);
+}
+
+} // namespace Tavoro::SessionInternal

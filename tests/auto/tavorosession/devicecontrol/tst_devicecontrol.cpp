@@ -1,0 +1,120 @@
+// Control of a device: taken, released and forced by a session, and who holds it otherwise.
+
+#include <support/tavorosession/sessionbench.h>
+
+#include <tavorocontrol/device.h>
+
+#include <QSignalSpy>
+
+using namespace Tavoro;
+using namespace std::chrono_literals;
+using SSProxy::ControlAction;
+
+class tst_DeviceControl : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { start(SessionBench::fastOptions()); }
+    void cleanup()
+    {
+        m_other.reset();
+        m_bench.reset();
+    }
+
+    void readingTakesNoControl();
+    void controlIsTakenAndReleased();
+    void refusalsNameTheHolder();
+    void controlIsForced();
+    void lossOfControlIsReported();
+    void controlIsReleasedAfterTheIdleTime();
+
+private:
+    void start(const SessionBench::Options &options)
+    {
+        m_other.reset();
+        m_bench = std::make_unique<SessionBench>(options);
+        QVERIFY(m_bench->openReady());
+        m_other = std::make_unique<TcpConnection>(m_bench->running->simulator->port());
+    }
+    DeviceSession &wall() { return *m_bench->wall; }
+    PendingCall<Outcome> callSwap() { return wall().call(&Control::Device::writeSwap, {1}); }
+    QString holder()
+    {
+        QString name;
+        m_other->channel->readControlHolder(name);
+        return name;
+    }
+    bool otherRequests(ControlAction action)
+    {
+        QString error;
+        return m_other->channel->requestControl(action, error);
+    }
+
+    std::unique_ptr<SessionBench> m_bench;
+    std::unique_ptr<TcpConnection> m_other;
+};
+
+void tst_DeviceControl::readingTakesNoControl()
+{
+    QCOMPARE(holder(), QString());
+    QVERIFY(resultOf(wall().call(&Control::Device::readDetails)));
+    QCOMPARE(holder(), QString());
+    QVERIFY(!wall().isControlledByOthers());
+}
+
+void tst_DeviceControl::controlIsTakenAndReleased()
+{
+    QVERIFY(resultOf(wall().takeControl()));
+    QVERIFY(!holder().isEmpty());
+    QVERIFY(!otherRequests(ControlAction::Take));
+    QVERIFY(resultOf(wall().releaseControl()));
+    QCOMPARE(holder(), QString());
+}
+
+void tst_DeviceControl::refusalsNameTheHolder()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    const QString reason = QStringLiteral("the device is controlled by ") + holder();
+    const Outcome request = resultOf(wall().takeControl());
+    QCOMPARE(int(request.kind()), int(Outcome::Refused));
+    QCOMPARE(request.status(), quint16(67));
+    QCOMPARE(request.text(),
+             QStringLiteral("wall 1: the request for control was refused: %1.").arg(reason));
+    const Outcome write = resultOf(callSwap());
+    QCOMPARE(int(write.kind()), int(Outcome::Refused));
+    QCOMPARE(write.reason(), reason);
+}
+
+void tst_DeviceControl::controlIsForced()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    QTRY_VERIFY(wall().isControlledByOthers());
+    QVERIFY(resultOf(wall().forceControl()));
+    QTRY_VERIFY(!wall().isControlledByOthers());
+    QVERIFY(resultOf(callSwap()));
+}
+
+void tst_DeviceControl::lossOfControlIsReported()
+{
+    QVERIFY(resultOf(wall().takeControl()));
+    QSignalSpy changed(&wall(), &DeviceSession::controlChanged);
+    QVERIFY(otherRequests(ControlAction::Force));
+    QTRY_COMPARE(changed.size(), 1);
+    QVERIFY(wall().isControlledByOthers());
+    QVERIFY(otherRequests(ControlAction::GiveUp));
+    QTRY_COMPARE(changed.size(), 2);
+    QVERIFY(!wall().isControlledByOthers());
+}
+
+void tst_DeviceControl::controlIsReleasedAfterTheIdleTime()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.controlIdleTime = 200ms;
+    start(options);
+    QVERIFY(resultOf(callSwap()));
+    QVERIFY(!holder().isEmpty());
+    QTRY_COMPARE(holder(), QString());
+}
+
+QTEST_GUILESS_MAIN(tst_DeviceControl)
+#include "tst_devicecontrol.moc"

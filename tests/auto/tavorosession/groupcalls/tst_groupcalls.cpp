@@ -1,0 +1,145 @@
+// Calls to several devices at once, and devices that do not wait for each other.
+
+#include <support/tavorosession/sessionbench.h>
+
+#include <tavorocontrol/device.h>
+
+using namespace Tavoro;
+using namespace std::chrono_literals;
+
+class tst_GroupCalls : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void groupIsSentTogether();
+    void groupHoldsTheOutcomeOfEachDevice();
+    void groupDoesNotWaitForADeviceWithoutAConnection();
+    void groupDoesNotWaitLongForABusyDevice();
+    void emptyGroupEndsAtOnce();
+    void devicesDoNotWaitForEachOther();
+    void atMostFourDevicesAreReadAtTheSameTime();
+
+private:
+    static constexpr int count = 8;
+
+    PendingCall<GroupOutcome> callSwap(quint8 value = 0)
+    {
+        ProtoModel::Device::s_swap swap;
+        swap.swap = value;
+        return m_bench->session->callAll(m_walls, &Control::Device::writeSwap, swap);
+    }
+    void addFault(int wall, const char *rule)
+    {
+        const QString line = QStringLiteral("fault add ") + QLatin1String(rule);
+        QVERIFY(m_simulators[static_cast<std::size_t>(wall)]->simulator->execute(line).ok);
+    }
+    bool areReady() const
+    {
+        return std::all_of(m_walls.begin(), m_walls.end(),
+                           [](DeviceSession *wall) { return wall->isReady(); });
+    }
+
+    std::vector<std::unique_ptr<RunningSimulator>> m_simulators;
+    std::unique_ptr<SessionBench> m_bench;
+    QList<DeviceSession *> m_walls;
+};
+
+void tst_GroupCalls::init()
+{
+    m_bench = std::make_unique<SessionBench>();
+    for (int i = 0; i < count; ++i) {
+        m_simulators.push_back(std::make_unique<RunningSimulator>(
+            SessionBench::smallDevice(static_cast<quint8>(i + 10))));
+        m_walls << m_bench->session->open(QStringLiteral("127.0.0.1"),
+                                          m_simulators.back()->simulator->port());
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(areReady(), 60000);
+}
+
+void tst_GroupCalls::cleanup()
+{
+    m_bench.reset();
+    m_simulators.clear();
+    m_walls.clear();
+}
+
+void tst_GroupCalls::groupIsSentTogether()
+{
+    const GroupOutcome group = resultOf(callSwap());
+    QVERIFY2(bool(group), qPrintable(group.failures().join(QLatin1Char('\n'))));
+    QCOMPARE(group.outcomes.size(), std::size_t(count));
+    QVERIFY(group.spread > 0us);
+    QVERIFY(group.spread < 10s);
+}
+
+void tst_GroupCalls::groupHoldsTheOutcomeOfEachDevice()
+{
+    addFault(2, "status=8,code=0x1107,count=1");
+    const GroupOutcome group = resultOf(callSwap());
+    QVERIFY(!group);
+    for (std::size_t i = 0; i < count; ++i) {
+        QCOMPARE(int(group.outcomes[i].kind()), int(i == 2 ? Outcome::Refused : Outcome::Done));
+        QCOMPARE(group.outcomes[i].deviceName(), QStringLiteral("wall %1").arg(i + 10));
+    }
+    QCOMPARE(group.failures(), QStringList{group.outcomes[2].text()});
+}
+
+void tst_GroupCalls::groupDoesNotWaitForADeviceWithoutAConnection()
+{
+    m_walls[1]->close();
+    const GroupOutcome group = resultOf(callSwap());
+    QCOMPARE(int(group.outcomes[0].kind()), int(Outcome::Done));
+    QCOMPARE(int(group.outcomes[1].kind()), int(Outcome::NotSent));
+    QCOMPARE(group.failures().size(), 1);
+}
+
+void tst_GroupCalls::groupDoesNotWaitLongForABusyDevice()
+{
+    addFault(0, "late=1500,code=0x1101,count=1");
+    const auto busy =
+        m_walls[0]->call(&Control::Device::writeDeviceGeneral, ProtoModel::Device::s_General());
+    const GroupOutcome group = resultOf(callSwap());
+    QVERIFY(group);
+    QVERIFY(busy.future().isFinished());
+    QVERIFY(group.spread > 500ms); // the device was late, and the result says so
+}
+
+void tst_GroupCalls::emptyGroupEndsAtOnce()
+{
+    m_walls.clear();
+    QVERIFY(resultOf(callSwap()));
+}
+
+void tst_GroupCalls::devicesDoNotWaitForEachOther()
+{
+    for (int i = 1; i < count; ++i) {
+        addFault(i, "silent");
+        m_walls[i]->call(&Control::Device::writeSwap, {1});
+    }
+    QVERIFY(resultOf(m_walls[0]->call(&Control::Device::writeSwap, {1})));
+    QVERIFY(m_walls[0]->isReady());
+}
+
+void tst_GroupCalls::atMostFourDevicesAreReadAtTheSameTime()
+{
+    for (int i = 0; i < count; ++i)
+        addFault(i, "late=100");
+    int most = 0;
+    for (DeviceSession *const wall : qAsConst(m_walls)) {
+        connect(wall, &DeviceSession::readProgressChanged, this, [&] {
+            most = std::max(most,
+                            static_cast<int>(std::count_if(
+                                m_walls.begin(), m_walls.end(),
+                                [](DeviceSession *each) { return each->readProgress() > 0; })));
+        });
+        wall->readAgain();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(areReady(), 60000);
+    QCOMPARE(most, 4);
+}
+
+QTEST_GUILESS_MAIN(tst_GroupCalls)
+#include "tst_groupcalls.moc"
