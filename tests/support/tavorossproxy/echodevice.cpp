@@ -26,6 +26,14 @@ int EchoDevice::connections() const
     return int(m_server.findChildren<QTcpSocket *>().size());
 }
 
+qint64 EchoDevice::unsentBytes() const
+{
+    qint64 sum = 0;
+    for (const auto *socket : m_server.findChildren<QTcpSocket *>())
+        sum += socket->bytesToWrite();
+    return sum;
+}
+
 void EchoDevice::send(Wire::FrameKind kind, const QByteArray &body)
 {
     Wire::WireHead head;

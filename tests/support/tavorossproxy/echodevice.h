@@ -21,6 +21,8 @@ public:
 
     quint16 port() const { return m_server.serverPort(); }
     int connections() const;
+    /// Bytes that the network has not taken yet.
+    qint64 unsentBytes() const;
     void send(Tavoro::SSProxy::Wire::FrameKind kind, const QByteArray &body = {});
     void dropConnections();
     void endConnections();

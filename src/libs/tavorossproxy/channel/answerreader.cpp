@@ -11,17 +11,30 @@ void AnswerReader::setSocket(std::shared_ptr<ConnectedSocket> socket)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_socket = std::move(socket);
+    m_isPaused = false;
+}
+
+void AnswerReader::pause()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isPaused = true;
+}
+
+void AnswerReader::resume()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isPaused = false;
 }
 
 bool AnswerReader::begin()
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_reading = m_socket;
+        m_reading = m_isPaused ? nullptr : m_socket;
     }
-    if (!m_reading)
-        return false;
     m_wakeUp = &WakeUp::ofThisThread();
+    if (!m_reading || !m_wakeUp->isValid())
+        return false;
     m_thread = std::this_thread::get_id();
     m_reading->beginReading();
     return true;
@@ -30,12 +43,11 @@ bool AnswerReader::begin()
 bool AnswerReader::receive(Clock::TimePoint deadline)
 {
     m_reading->awaitBytes(*m_wakeUp, deadline);
-    if (m_reading->receive() != ConnectedSocket::Received::End)
-        return true;
+    const bool hasEnded = m_reading->receive() == ConnectedSocket::Received::End;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_socket == m_reading)
+    if (hasEnded && m_socket == m_reading)
         m_socket.reset();
-    return false;
+    return !hasEnded && !m_isPaused;
 }
 
 void AnswerReader::end()

@@ -261,6 +261,7 @@ void ChannelLink::handleFrames()
         handle(std::move(*frame));
         m_incoming.handled();
     }
+    m_events.linkHandledFrames();
 }
 
 void ChannelLink::streamDrained()

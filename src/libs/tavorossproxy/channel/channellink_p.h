@@ -60,10 +60,12 @@ public:
         /// A response or a report was received, or an invalid frame.
         virtual void linkReceived(Wire::FrameEvent &&event) = 0;
         /// An answer was received that need not wait for the loop's thread. On the thread that
-        /// receives, as the following three.
+        /// receives, as linkHasFrames(), linkReceiving() and linkProgressed().
         virtual void linkAnswered(Wire::FrameEvent &&answer) = 0;
         /// The loop's thread must call handleFrames().
         virtual void linkHasFrames() = 0;
+        /// No frame waits any more.
+        virtual void linkHandledFrames() = 0;
         /// The head of a frame was received, and its body is incomplete.
         virtual void linkReceiving(const Wire::WireHead &head) = 0;
         /// Bytes have arrived. \a lastProgress is the time at which the unfinished frame last made

@@ -492,6 +492,7 @@ void StreamChannel::linkAnswered(Wire::FrameEvent &&answer)
 /// On its own thread the loop handles the frames without a call.
 void StreamChannel::linkHasFrames()
 {
+    m_reader.pause();
     if (m_loop->isCurrentThread() || m_isHandlingPosted.exchange(true))
         return;
     m_loop->post([self = shared_from_this()] {

@@ -95,6 +95,7 @@ private:
     void linkReceived(Wire::FrameEvent &&event) override;
     void linkAnswered(Wire::FrameEvent &&answer) override;
     void linkHasFrames() override;
+    void linkHandledFrames() override { m_reader.resume(); }
     void linkReceiving(const Wire::WireHead &head) override;
     void linkProgressed(Clock::TimePoint lastProgress) override;
     void linkWantsTick(Clock::TimePoint time) override;

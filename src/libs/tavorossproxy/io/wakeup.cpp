@@ -15,7 +15,8 @@ WakeUp::WakeUp() : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) { }
 
 WakeUp::~WakeUp()
 {
-    ::close(m_descriptor);
+    if (isValid())
+        ::close(m_descriptor);
 }
 
 void WakeUp::wake() const

@@ -18,6 +18,8 @@ public:
     WakeUp(const WakeUp &) = delete;
     WakeUp &operator=(const WakeUp &) = delete;
 
+    /// False if the system had no descriptor left; the thread must not wait for a socket then.
+    bool isValid() const { return m_descriptor >= 0; }
     /// Ends the current wait, or else the next one.
     void wake() const;
     /// Descriptor that is readable after wake().

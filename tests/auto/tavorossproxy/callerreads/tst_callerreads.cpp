@@ -76,6 +76,7 @@ private Q_SLOTS:
     void stopEndsARequestWhileThatThreadIsBusy();
     void requestEndsAtItsTimeout();
     void reportIsHandledBeforeTheAnswerAfterIt();
+    void callerDoesNotCollectReportsThatNothingHandles();
     void lossThatACallerFindsEndsItsRequest();
 
 private:
@@ -183,6 +184,30 @@ void tst_CallerReads::reportIsHandledBeforeTheAnswerAfterIt()
     QTRY_VERIFY_WITH_TIMEOUT(isDone(caller), 60000);
     QCOMPARE(caller.get(), 200);
     disconnect(connection);
+}
+
+/// What is not received stays in the network's buffers, which slows the device down. The reports
+/// are far longer than these buffers.
+void tst_CallerReads::callerDoesNotCollectReportsThatNothingHandles()
+{
+    constexpr int reportCount = 64;
+    const QByteArray body(1 << 20, 'r');
+    auto answer = sendFromAThread(m_channel, {});
+    QTRY_COMPARE(m_device->silentRequests, 1);
+    {
+        const BusyChannelThread busy;
+        QVERIFY(busy.isStarted());
+        for (int i = 0; i < reportCount; ++i)
+            m_device->send(Wire::FrameKind::Report, body);
+        qint64 unsent = 0;
+        do { // until nothing is sent any more
+            unsent = m_device->unsentBytes();
+        } while (QTest::qWaitFor([&] { return m_device->unsentBytes() < unsent; }, 500));
+        QVERIFY(unsent > 0);
+    }
+    QTRY_COMPARE(m_channel->statistics().reports, quint64(reportCount));
+    m_channel->stopChannel();
+    QTRY_VERIFY(isDone(answer));
 }
 
 void tst_CallerReads::lossThatACallerFindsEndsItsRequest()
