@@ -85,12 +85,34 @@ bool mayBeCarriedOut(const Exchange &exchange)
     return !isWrite(exchange) || exchange.packet + 1 >= exchange.packets;
 }
 
-CallResult withStatus(CallResult result, Outcome::Kind kind, quint16 status)
+void setStatus(CallResult &result, Outcome::Kind kind, quint16 status)
 {
     result.kind = kind;
     result.status = status;
     result.reason = kind == Outcome::Done ? QString() : reasonOf(status);
-    return result;
+}
+
+/// Classifies the last exchange of an operation that returned \a ok and \a error.
+void classify(CallResult &result, const Exchange &last, bool ok, const QString &error)
+{
+    const bool isRefused = last.status != 0 && last.status <= lastDeviceStatus;
+    if (isRefused) {
+        setStatus(result, Outcome::Refused, last.status);
+    } else if (!ok && !mayBeCarriedOut(last)) {
+        setStatus(result, Outcome::NotSent, last.status);
+        result.reason = translated(notWhole);
+    } else if (last.status == 0 && !ok && !isWrite(last)) { // the answer cannot be used
+        result.kind = Outcome::Unknown;
+        result.reason = error;
+    } else if (last.status == 0) {
+        setStatus(result, Outcome::Done, 0);
+    } else if (!last.sent) {
+        setStatus(result, Outcome::NotSent, last.status);
+    } else {
+        setStatus(result, Outcome::Unknown, last.status);
+        if (isWrite(last))
+            result.unresolved = last.sent;
+    }
 }
 
 } // namespace
@@ -112,7 +134,9 @@ CallResult notSent(NotSentReason reason)
 
 CallResult refused(quint16 status)
 {
-    return withStatus({}, Outcome::Refused, status);
+    CallResult result;
+    setStatus(result, Outcome::Refused, status);
+    return result;
 }
 
 QString controlledBy(const QString &holder)
@@ -132,45 +156,28 @@ CallResult resultOf(bool ok, const QString &error, const SSProxy::ExchangeWatch 
 {
     if (!watch.last())
         return error.isEmpty() || ok ? notSent(NotSentReason::NoConnection) : notSent(error);
-    const Exchange &last = *watch.last();
     CallResult result;
-    result.code = last.code;
+    result.code = watch.last()->code;
     result.firstSent = watch.firstSent();
-    if (last.status != 0 && last.status <= lastDeviceStatus)
-        return withStatus(result, Outcome::Refused, last.status);
-    if (!ok && !mayBeCarriedOut(last)) {
-        result = withStatus(result, Outcome::NotSent, last.status);
-        result.reason = translated(notWhole);
-        return result;
-    }
-    if (last.status == 0 && !ok && !isWrite(last)) { // the answer cannot be used
-        result.kind = Outcome::Unknown;
-        result.reason = error;
-        return result;
-    }
-    if (last.status == 0)
-        return withStatus(result, Outcome::Done, 0);
-    if (!last.sent)
-        return withStatus(result, Outcome::NotSent, last.status);
-    result = withStatus(result, Outcome::Unknown, last.status);
-    if (isWrite(last))
-        result.unresolved = last.sent;
+    classify(result, *watch.last(), ok, error);
     return result;
 }
 
 CallResult resolved(const CallResult &unknown, const RequestOutcome &outcome)
 {
+    CallResult result = unknown;
     switch (outcome.state) {
     case RequestOutcome::Done:
-        return withStatus(unknown, outcome.status == 0 ? Outcome::Done : Outcome::Refused,
-                          outcome.status);
+        setStatus(result, outcome.status == 0 ? Outcome::Done : Outcome::Refused, outcome.status);
+        break;
     case RequestOutcome::NotArrived:
-        return withStatus(unknown, Outcome::NotSent, unknown.status);
+        setStatus(result, Outcome::NotSent, unknown.status);
+        break;
     case RequestOutcome::Unknown:
     case RequestOutcome::UnderWay:
         break;
     }
-    return unknown;
+    return result;
 }
 
 bool mayBeAskedAgain(const RequestOutcome &outcome)

@@ -66,7 +66,7 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               }),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier, [this] { readAgain(); }),
+      m_follower(m_reads, shared.courier, [this](bool isComplete) { followed(isComplete); }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
     state.since = QDateTime::currentDateTime();
@@ -253,6 +253,14 @@ void DeviceSessionPrivate::readAgain()
 {
     if (m_target)
         m_reading.request(m_target);
+}
+
+/// A write may have renamed the device.
+void DeviceSessionPrivate::followed(bool isComplete)
+{
+    reportDevice();
+    if (!isComplete)
+        readAgain();
 }
 
 void DeviceSessionPrivate::readingStarted()

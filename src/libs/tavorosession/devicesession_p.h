@@ -54,6 +54,7 @@ private:
     void followControl();
     void noteUse(const CallJob &job, const CallResult &result);
     void reportDevice();
+    void followed(bool isComplete);
 
     void readingStarted() override;
     void readingProgressed(double share) override;

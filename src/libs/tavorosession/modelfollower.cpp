@@ -69,10 +69,10 @@ void apply(const FollowingRead &read)
 } // namespace
 
 ModelFollower::ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier> courier,
-                             FailureHandler failed)
+                             FinishedHandler finished)
     : m_lane(std::move(lane)),
       m_courier(std::move(courier)),
-      m_failed(std::move(failed)),
+      m_finished(std::move(finished)),
       m_self(std::make_shared<ModelFollower *>(this))
 {
     m_timer.setSingleShot(true);
@@ -104,8 +104,7 @@ void ModelFollower::read()
         if (!self || (*self)->m_target != ended.target)
             return; // the whole device is read after a loss
         apply(ended);
-        if (ended.hasFailed)
-            (*self)->m_failed();
+        (*self)->m_finished(!ended.hasFailed);
     };
     m_lane->append(std::make_shared<FollowingRead>(
         m_target, Operations::readsFor(std::exchange(m_scopes, {})), m_courier, finished));

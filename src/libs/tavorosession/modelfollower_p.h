@@ -16,13 +16,14 @@ namespace Tavoro::SessionInternal {
 /// as differences. Writes that follow each other closely are bundled. On the session's thread.
 class ModelFollower {
 public:
-    /// Called when a read failed, so that the model may differ from the device.
-    using FailureHandler = std::function<void()>;
+    /// Called when what was read has been applied. If \a isComplete is false, a read has failed,
+    /// and the model may differ from the device.
+    using FinishedHandler = std::function<void(bool isComplete)>;
 
     /// Reads in \a lane, which it shares with the reading of the whole device: what was read first
     /// is applied first.
     ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier> courier,
-                  FailureHandler failed);
+                  FinishedHandler finished);
 
     /// Reads over \a target from now on. Null: forgets what was noted, since the whole device is
     /// read after the next connection.
@@ -35,7 +36,7 @@ private:
 
     const std::shared_ptr<Lane> m_lane;
     const std::shared_ptr<Courier> m_courier;
-    const FailureHandler m_failed;
+    const FinishedHandler m_finished;
     std::shared_ptr<const CallTarget> m_target;
     std::vector<Operations::Scope> m_scopes; ///< Changed, and not read yet.
     QTimer m_timer; ///< Runs while scopes are collected.

@@ -57,7 +57,7 @@ public:
         options.inputs = 2;
         options.outputs = 2;
         options.screens = 2;
-        options.layersPerScreen = 1;
+        options.layersPerScreen = 2;
         options.name = QStringLiteral("wall %1").arg(number);
         options.sn.back() = number;
         options.mac.back() = number;

@@ -1,14 +1,22 @@
 // The model follows the writes of a session, without another reading of the whole device, and keeps
 // its objects.
 
+#include <support/tavorosession/devicelog.h>
 #include <support/tavorosession/sessionbench.h>
 
 #include <tavorobizmodel/interface.h>
+#include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
+#include <tavorocontrol/device.h>
+#include <tavorocontrol/file.h>
 #include <tavorocontrol/interface.h>
+#include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
 
+#include <QSignalSpy>
+
 using namespace Tavoro;
+using namespace std::chrono_literals;
 
 class tst_ModelFollows : public QObject {
     Q_OBJECT
@@ -21,15 +29,54 @@ private Q_SLOTS:
     }
     void cleanup() { m_bench.reset(); }
 
+    void nameOfTheDeviceFollows();
     void interfaceFollowsAndStaysTheSameObject();
     void screenFollowsAndStaysTheSameObject();
+    void movedWindowFollows();
+    void removedLayersLeaveTheModel();
+    void takeSwapsTheLayersInTheModel();
+    void createdFileIsInTheModel();
+    void writesInQuickSuccessionAreReadOnce();
+    void refusedWriteReadsNothing();
+    void writeWithALostAnswerFollowsToo();
+    void failedReadIsFollowedByAReadingOfTheDevice();
+    void onlyWhatDiffersIsSignalled();
 
 private:
     DeviceSession &wall() { return *m_bench->wall; }
     std::shared_ptr<BizModel::Device> model() { return wall().device(); }
+    std::shared_ptr<BizModel::Layer> layer(int scene = 2)
+    {
+        for (const auto &each : model()->layers()) {
+            const auto found = each.lock();
+            if (found->identity().sceneType == scene && found->identity().screenId == 1
+                && found->identity().layerType == 1)
+                return found;
+        }
+        return nullptr;
+    }
+    PendingCall<Outcome> moveTo(qint32 x)
+    {
+        ProtoModel::Layer::s_LayerWindow moved;
+        moved.layerIdenti = layer()->identity();
+        moved.window = layer()->detail().window;
+        moved.window.x = x;
+        return wall().call(&Control::Layer::writeWindow, {moved});
+    }
 
     std::unique_ptr<SessionBench> m_bench;
 };
+
+void tst_ModelFollows::nameOfTheDeviceFollows()
+{
+    QSignalSpy changed(&wall(), &DeviceSession::deviceChanged);
+    ProtoModel::Device::s_General general;
+    general.general.name = "stage";
+    QVERIFY(resultOf(wall().call(&Control::Device::writeDeviceGeneral, general)));
+    QTRY_COMPARE(model()->name(), QStringLiteral("stage"));
+    QCOMPARE(wall().name(), QStringLiteral("stage"));
+    QCOMPARE(changed.size(), 1);
+}
 
 void tst_ModelFollows::interfaceFollowsAndStaysTheSameObject()
 {
@@ -52,6 +99,95 @@ void tst_ModelFollows::screenFollowsAndStaysTheSameObject()
     QVERIFY(resultOf(wall().call(&Control::Screen::writeFreeze, {freeze})));
     QTRY_COMPARE(int(before->detail().freeze), 1);
     QCOMPARE(model()->findScreen(1, 1).lock(), before);
+}
+
+void tst_ModelFollows::movedWindowFollows()
+{
+    const auto before = layer();
+    QSignalSpy changed(before.get(), &BizModel::Layer::layerChanged);
+    QVERIFY(resultOf(moveTo(77)));
+    QTRY_COMPARE(int(before->detail().window.x), 77);
+    QCOMPARE(layer(), before);
+    QCOMPARE(changed.size(), 1);
+}
+
+void tst_ModelFollows::removedLayersLeaveTheModel()
+{
+    const auto count = model()->layers().size();
+    QVERIFY(resultOf(wall().call(&Control::Layer::writeRemovedAll, 1, 1)));
+    QTRY_VERIFY(model()->layers().size() < count);
+    QVERIFY(!layer());
+    QVERIFY(!model()->layers().isEmpty()); // those of the other screen
+}
+
+void tst_ModelFollows::takeSwapsTheLayersInTheModel()
+{
+    QVERIFY(resultOf(moveTo(123)));
+    QTRY_COMPARE(int(layer()->detail().window.x), 123);
+    ProtoModel::Screen::s_SwitchEffect effect;
+    effect.screenId = 1;
+    effect.screenType = 1;
+    QVERIFY(resultOf(wall().call(&Control::Screen::writeTake, {effect})));
+    QTRY_COMPARE(int(layer(4)->detail().window.x), 123);
+}
+
+void tst_ModelFollows::createdFileIsInTheModel()
+{
+    QVERIFY(model()->findFile(BizModel::Enum::File::ScreenPreset, 3).expired());
+    ProtoModel::File::s_CreatePresetFile preset;
+    preset.fileId = 3;
+    preset.fileType = 6;
+    QVERIFY(resultOf(wall().call(&Control::File::writeCreatePresetFile, {preset})));
+    QTRY_VERIFY(!model()->findFile(BizModel::Enum::File::ScreenPreset, 3).expired());
+}
+
+void tst_ModelFollows::writesInQuickSuccessionAreReadOnce()
+{
+    DeviceLog log;
+    for (int x = 1; x <= 10; ++x)
+        moveTo(x);
+    QTRY_COMPARE(int(layer()->detail().window.x), 10);
+    const auto reads = log.codes().count(QStringLiteral("1400"));
+    QVERIFY2(reads >= 1 && reads < 10, qPrintable(QString::number(reads)));
+    QCOMPARE(log.codes().count(QStringLiteral("1200")), 0);
+}
+
+void tst_ModelFollows::refusedWriteReadsNothing()
+{
+    DeviceLog log;
+    ProtoModel::Device::s_swap swap;
+    swap.swap = 7;
+    QCOMPARE(int(resultOf(wall().call(&Control::Device::writeSwap, swap)).kind()),
+             int(Outcome::Refused));
+    QVERIFY(resultOf(moveTo(5)));
+    QTRY_COMPARE(int(layer()->detail().window.x), 5);
+    QVERIFY(!log.codes().contains(QStringLiteral("1100")));
+}
+
+void tst_ModelFollows::writeWithALostAnswerFollowsToo()
+{
+    QVERIFY(m_bench->addFault("silent,code=0x1405,count=1"));
+    QVERIFY(resultOf(moveTo(55)));
+    QTRY_COMPARE(int(layer()->detail().window.x), 55);
+}
+
+void tst_ModelFollows::failedReadIsFollowedByAReadingOfTheDevice()
+{
+    QVERIFY(m_bench->addFault("status=8,code=0x1400,count=1"));
+    QVERIFY(resultOf(moveTo(66)));
+    QTRY_COMPARE(int(layer()->detail().window.x), 66);
+    QTRY_VERIFY(wall().isReady());
+}
+
+void tst_ModelFollows::onlyWhatDiffersIsSignalled()
+{
+    QSignalSpy device(model().get(), &BizModel::Device::deviceDataChanged);
+    QSignalSpy screen(model()->findScreen(1, 1).lock().get(), &BizModel::Screen::screenChanged);
+    QSignalSpy moved(layer().get(), &BizModel::Layer::layerChanged);
+    QVERIFY(resultOf(moveTo(88)));
+    QTRY_COMPARE(moved.size(), 1);
+    QCOMPARE(device.size(), 0);
+    QCOMPARE(screen.size(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ModelFollows)
