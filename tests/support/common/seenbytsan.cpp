@@ -7,7 +7,10 @@
 
 #include <QDeadlineTimer>
 #include <QMutex>
+#include <QObject>
+#include <QRunnable>
 #include <QThread>
+#include <QThreadPool>
 #include <QWaitCondition>
 
 #include <dlfcn.h>
@@ -25,6 +28,26 @@ Function *original(const char *symbol)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, symbol));
 }
+
+/// Stands for the connections of all objects.
+char connections;
+
+/// Runs another runnable, and announces that everything before its start precedes its run.
+class AnnouncedRunnable final : public QRunnable {
+public:
+    explicit AnnouncedRunnable(QRunnable *runnable) : m_runnable(runnable) { }
+
+    __attribute__((no_sanitize("thread"))) void run() override
+    {
+        __tsan_acquire(m_runnable);
+        m_runnable->run();
+        if (m_runnable->autoDelete())
+            delete m_runnable;
+    }
+
+private:
+    QRunnable *const m_runnable;
+};
 
 } // namespace
 
@@ -98,4 +121,35 @@ bool QThread::isRunning() const
     if (!running)
         __tsan_acquire(const_cast<QThread *>(this));
     return running;
+}
+
+QMetaObject::Connection QObject::connectImpl(const QObject *sender, void **signal,
+                                             const QObject *receiver, void **slotPtr,
+                                             QtPrivate::QSlotObjectBase *slot,
+                                             Qt::ConnectionType type, const int *types,
+                                             const QMetaObject *senderMetaObject)
+{
+    static auto *const real =
+        original<decltype(connectImpl)>("_ZN7QObject11connectImplEPKS_PPvS1_S3_"
+                                        "PN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPKi"
+                                        "PK11QMetaObject");
+    __tsan_release(&connections);
+    return real(sender, signal, receiver, slotPtr, slot, type, types, senderMetaObject);
+}
+
+void QMetaObject::activate(QObject *sender, const QMetaObject *object, int localSignal, void **args)
+{
+    static auto *const real = original<void(QObject *, const QMetaObject *, int, void **)>(
+        "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
+    __tsan_acquire(&connections);
+    real(sender, object, localSignal, args);
+}
+
+void QThreadPool::start(QRunnable *runnable, int priority)
+{
+    static auto *const real =
+        original<void(QThreadPool *, QRunnable *, int)>("_ZN11QThreadPool5startEP9QRunnablei");
+    auto *const announced = new AnnouncedRunnable(runnable);
+    __tsan_release(runnable);
+    real(this, announced, priority);
 }
