@@ -29,6 +29,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target, const QString &reason);
     /// Queues a call; a \a key replaces a waiting call with the same one.
     void start(std::shared_ptr<CallJob> job, const QString &key);
+    /// Ends the calls that wait as not sent.
+    void endWaiting(const QString &reason);
     /// Ends all calls: those that wait as not sent, those under way as unknown.
     void endAll(const QString &reason);
 
@@ -40,7 +42,6 @@ private:
     void finished(const JobPtr &job);
     void end(const JobPtr &job, const CallResult &result, bool isReplaced = false);
     void endUnsent(const JobPtr &job, const QString &reason, bool isReplaced = false);
-    void endWaiting(const QString &reason);
 
     const std::shared_ptr<Courier> m_courier;
     const std::size_t m_limit;

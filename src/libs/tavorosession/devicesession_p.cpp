@@ -128,6 +128,7 @@ void DeviceSessionPrivate::close(const QString &reason)
 {
     if (!channel)
         return;
+    m_calls.endWaiting(reason); // first: the lane starts the next call when the one under way ends
     const auto closed = std::exchange(channel, nullptr);
     closed->stopChannel();
     DeviceManager::instance()->removeDeviceChannel(closed);

@@ -63,7 +63,9 @@ QString Outcome::operation() const
 
 QString Outcome::text() const
 {
-    return sentenceOf(kind()).arg(deviceName(), operation(), reason());
+    const QString sentence = sentenceOf(kind());
+    return kind() == Done ? sentence.arg(deviceName(), operation())
+                          : sentence.arg(deviceName(), operation(), reason());
 }
 
 } // namespace Tavoro
