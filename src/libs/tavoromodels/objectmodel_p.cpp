@@ -78,8 +78,10 @@ void ObjectModelPrivate::apply(const RowChange &change, const ObjectList &wanted
         break;
     case RowChange::Insert: {
         std::vector<Row> added;
-        for (int i = 0; i < change.count; ++i)
-            added.push_back(makeRow(wanted[static_cast<std::size_t>(change.wanted + i)]));
+        added.reserve(static_cast<std::size_t>(change.count));
+        const auto first = wanted.begin() + change.wanted;
+        std::transform(first, first + change.count, std::back_inserter(added),
+                       [this](const auto &object) { return makeRow(object); });
         q.beginInsertRows({}, change.row, last);
         rows.insert(begin, std::make_move_iterator(added.begin()),
                     std::make_move_iterator(added.end()));
@@ -140,6 +142,7 @@ void ObjectModelPrivate::refreshAll()
 std::vector<QVariant> ObjectModelPrivate::allValues(const Row &row) const
 {
     std::vector<QVariant> values;
+    values.reserve(roles.size());
     for (int i = 0; i < static_cast<int>(roles.size()); ++i)
         values.push_back(value(row, i));
     return values;
