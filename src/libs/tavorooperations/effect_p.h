@@ -96,6 +96,7 @@ template <class Record>
 std::vector<NamedScope> scopesOf(ScopeKind kind, const std::vector<Record> &records)
 {
     std::vector<NamedScope> scopes;
+    scopes.reserve(records.size());
     for (const Record &record : records)
         scopes.push_back(scopeOf(kind, identityOf(record)));
     return scopes;

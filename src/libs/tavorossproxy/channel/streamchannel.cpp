@@ -230,7 +230,7 @@ StreamChannel::sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request)
     observed.type = static_cast<CommandType>(head.type);
     observed.code = static_cast<quint16>(head.BC << 8 | head.FC);
     observed.packet = head.sendCount;
-    observed.packets = std::max(head.totalCount, 1u);
+    observed.packets = std::max(quint32{head.totalCount}, 1u); // a copy: the head is packed
     ExchangeWatch::report(std::move(observed));
     return response;
 }
