@@ -39,9 +39,9 @@ std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo 
     auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
     device->setIPAddress(QString::fromStdString(info.ip));
     device->updateDeviceBaseInfo(info);
-    const auto known = BizModel::DeviceList::instance()
-                           ->findDevice(device->IPAddress(), device->MAC(), device->sn())
-                           .lock();
+    auto known = BizModel::DeviceList::instance()
+                     ->findDevice(device->IPAddress(), device->MAC(), device->sn())
+                     .lock();
     if (known)
         return known;
     device->setName(QString::fromStdString(info.name));
