@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+
 namespace Tavoro::SessionInternal {
 
 using SSProxy::CommandType;
@@ -111,7 +113,7 @@ void classify(CallResult &result, const Exchange &last, bool ok, const QString &
     } else {
         setStatus(result, Outcome::Unknown, last.status);
         if (isWrite(last))
-            result.unresolved = last.sent;
+            result.unresolved = std::make_shared<SSProxy::RequestIdentity>(*last.sent);
     }
 }
 

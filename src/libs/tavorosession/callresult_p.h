@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 
 namespace Tavoro::SessionInternal {
@@ -18,8 +19,9 @@ struct CallResult {
     quint16 status = 0;
     quint16 code = 0; ///< Of the last command that was sent; 0 if none was.
     QString reason;
-    /// The request to ask the device about, if the kind is Unknown and the answer can change that.
-    std::optional<SSProxy::RequestIdentity> unresolved;
+    /// The request to ask the device about, if the kind is Unknown and the answer can change that;
+    /// otherwise null.
+    std::shared_ptr<const SSProxy::RequestIdentity> unresolved;
     std::optional<std::chrono::steady_clock::time_point> firstSent;
 };
 
