@@ -24,7 +24,7 @@ constexpr Goal goals[] = {
 };
 // clang-format on
 
-/// 0 if there is no goal.
+/// 0 without a goal.
 double goalOf(const std::string &name, const std::string &peer)
 {
     for (const Goal &goal : goals) {

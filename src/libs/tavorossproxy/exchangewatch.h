@@ -30,8 +30,9 @@ struct Exchange {
     std::chrono::steady_clock::time_point time;
 };
 
-/// Observes the exchanges of the thread that creates it, until it is destroyed. By it a caller of
-/// an operation learns what became of the request, which the operation's error text does not say.
+/// Observes the exchanges of the thread that creates it, until it is destroyed. It shows a
+/// caller of an operation what became of the request: the error text of the operation does not say
+/// whether the device received it.
 ///
 /// \code
 /// ExchangeWatch watch;

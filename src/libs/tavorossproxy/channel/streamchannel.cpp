@@ -264,7 +264,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
 
     const quint64 connection = m_connections; // read first: a newer one must not be closed
     if (m_exchanges.timedOutRequests() >= m_options.maxTimedOutRequests)
-        closeConnection(connection, tr("it owes too many answers"));
+        closeConnection(connection, tr("it left too many requests unanswered"));
     else if ((response->status == RequestTimedOut || response->status == AnswerIncomplete)
              && hasStalled())
         closeConnection(connection, tr("it stopped in the middle of a frame"));
