@@ -23,14 +23,15 @@ const QString stream = QStringLiteral("tcp.stream");
 const QString info = QStringLiteral("_ws.col.Info");
 const QString message = QStringLiteral("_ws.expert.message");
 
-/// The head of a frame with another value and the checksum for it.
+/// The head of a frame with another value and the checksum for it. The head is packed: its members
+/// may be unaligned.
 template <class Value>
 std::string withHead(const char *frame, Value WireHead::*member, Value value)
 {
     std::string bytes = dump(frame);
     WireHead head;
     std::memcpy(static_cast<void *>(&head), bytes.data(), sizeof head);
-    head.*member = value;
+    std::memcpy(static_cast<void *>(&(head.*member)), &value, sizeof value);
     head.headChecksum = Wire::headChecksum(head);
     return bytes.replace(0, sizeof head, reinterpret_cast<const char *>(&head), sizeof head);
 }
