@@ -43,6 +43,8 @@ public:
     /// Ends a reading, and forgets the target. The read under way ends when its connection does,
     /// and changes nothing any more.
     void stop();
+    /// Returns true while the device is being read: what was read is applied later.
+    bool isReading() const { return m_reader != nullptr; }
 
 private:
     using ReaderPtr = std::shared_ptr<DeviceReader>;

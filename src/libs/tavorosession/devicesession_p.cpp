@@ -3,6 +3,7 @@
 #include "controljob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
+#include "scoperead_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -254,6 +255,13 @@ void DeviceSessionPrivate::readAgain()
 {
     if (m_target)
         m_reading.request(m_target);
+}
+
+/// What is being read may be older than the report, and is applied after it.
+void DeviceSessionPrivate::reported(quint8 baseCode)
+{
+    if (m_reading.isReading() || m_follower.isReading())
+        m_follower.note(reportedScopes(baseCode));
 }
 
 /// A write may have renamed the device.

@@ -28,6 +28,8 @@ public:
     void close(const QString &reason);
     void reconnectNow();
     void readAgain();
+    /// The device has sent a report with this base code, which has been applied to the model.
+    void reported(quint8 baseCode);
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
 

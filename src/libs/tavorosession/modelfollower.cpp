@@ -83,6 +83,7 @@ ModelFollower::ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier
 void ModelFollower::setTarget(std::shared_ptr<const CallTarget> target)
 {
     m_target = std::move(target);
+    m_readsUnderWay = 0;
     m_scopes.clear();
     m_timer.stop();
 }
@@ -103,9 +104,11 @@ void ModelFollower::read()
         const auto self = weak.lock();
         if (!self || (*self)->m_target != ended.target)
             return; // the whole device is read after a loss
+        --(*self)->m_readsUnderWay;
         apply(ended);
         (*self)->m_finished(!ended.hasFailed);
     };
+    ++m_readsUnderWay;
     m_lane->append(std::make_shared<FollowingRead>(
         m_target, Operations::readsFor(std::exchange(m_scopes, {})), m_courier, finished));
 }

@@ -30,6 +30,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target);
     /// A write has changed \a scopes, or may have.
     void note(const std::vector<Operations::Scope> &scopes);
+    /// Returns true while a read is under way: what it has read is applied later.
+    bool isReading() const { return m_readsUnderWay > 0; }
 
 private:
     void read();
@@ -40,6 +42,7 @@ private:
     std::shared_ptr<const CallTarget> m_target;
     std::vector<Operations::Scope> m_scopes; ///< Changed, and not read yet.
     QTimer m_timer; ///< Runs while scopes are collected.
+    int m_readsUnderWay = 0; ///< Over m_target.
     std::shared_ptr<ModelFollower *> m_self; ///< For posts that may arrive too late.
 };
 

@@ -8,6 +8,7 @@
 #include <tavorobizmodel/devicelist.h>
 #include <tavorocontrol/autoreportmanager.h>
 #include <tavorocontrol/proto/deviceidentity.h>
+#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/devicemanager.h>
 
 #include <QThreadPool>
@@ -63,7 +64,16 @@ public:
 Session::Session(const SessionOptions &options, QObject *parent)
     : QObject(parent), d(std::make_unique<SessionPrivate>(options))
 {
-    Control::AutoReportManager::instance();
+    Control::AutoReportManager::instance(); // first, so that it applies each report first
+    connect(DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished, this,
+            [this](const std::weak_ptr<SSProxy::DeviceChannel> &sender,
+                   const std::shared_ptr<SSProxy::IDeviceCommand> &report) {
+                const auto channel = sender.lock();
+                for (DeviceSession *const device : qAsConst(d->devices)) {
+                    if (channel && device->d->channel == channel)
+                        device->d->reported(report->head().BC);
+                }
+            });
 }
 
 Session::~Session()
