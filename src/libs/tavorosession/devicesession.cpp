@@ -1,4 +1,5 @@
 #include "devicesession_p.h"
+#include "namedcall_p.h"
 #include "statetext_p.h"
 
 #include <tavorobizmodel/device.h>
@@ -36,6 +37,24 @@ void        DeviceSession::readAgain()                            { d->readAgain
 bool DeviceSession::isControlledByOthers() const
 {
     return d->isControlledByOthers;
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments));
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
+                                                                 const QString &name,
+                                                                 const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments), key);
+}
+
+PendingCall<bool> DeviceSession::modelUpdate()
+{
+    return d->modelUpdate();
 }
 
 PendingCall<Outcome> DeviceSession::takeControl()
