@@ -49,5 +49,6 @@ function(tavoro_library name alias)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:tavoro_settings>)
+    target_compile_features(${name} PUBLIC cxx_std_17) # for applications: the headers need it
     target_precompile_headers(${name} REUSE_FROM tavoro_coreheaders)
 endfunction()
