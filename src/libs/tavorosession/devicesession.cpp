@@ -1,5 +1,6 @@
 #include "devicesession_p.h"
 #include "namedcall_p.h"
+#include "statetext_p.h"
 
 #include <tavorobizmodel/device.h>
 
@@ -22,6 +23,7 @@ DeviceSession::~DeviceSession()
 
 // clang-format off
 DeviceState DeviceSession::state() const                          { return d->state; }
+QString     DeviceSession::stateText() const                      { return SessionInternal::stateText(d->state, name()); }
 double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
 QString     DeviceSession::name() const                           { return d->name(); }
 QString     DeviceSession::address() const                        { return d->address(); }

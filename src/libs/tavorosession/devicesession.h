@@ -44,6 +44,8 @@ public:
 
     /// What the session does, why, since when, and when it tries again.
     DeviceState state() const;
+    /// The sentence for the user about state(). It names the device. Translated.
+    QString stateText() const;
     /// True if the device is connected and has been read.
     bool isReady() const { return state().kind == DeviceState::Ready; }
     /// The share of the reading that is done, from 0 to 1; 0 unless the state is Reading.

@@ -238,6 +238,9 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
 {
     if (m_target)
         return lost(DeviceState::Lost, reason, pause);
+    const bool hasFailed = pause > Milliseconds::zero() || !state.reason.isEmpty();
+    if (!hasFailed)
+        return; // during the first attempt there is no reason yet
     setDetails(reason, pause);
 }
 
