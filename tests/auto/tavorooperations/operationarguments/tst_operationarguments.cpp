@@ -70,16 +70,21 @@ void tst_OperationArguments::faultOfARecordNamesItsPlace_data()
     QTest::newRow("empty")           << ""                                   << "line 1, column 1: illegal value";
     QTest::newRow("cut off")         << R"({"general":)"                     << "line 1, column 12: unterminated object";
     QTest::newRow("list")            << R"( [{"general":{}}])"               << "line 1, column 2: expected an object {...}, found a list";
-    QTest::newRow("unknown key")     << R"({"genral":{}})"                   << R"(line 1, column 2: unknown key "genral"; did you mean "general"; the keys here are: general)";
-    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"      << R"(line 2, column 4: unknown key "nme"; did you mean "name"; the keys here are: name, status)";
+    QTest::newRow("unknown key")     << R"({"genral":{}})"
+        << R"(line 1, column 2: unknown key "genral"; did you mean "general"; the keys here are: general)";
+    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"
+        << R"(line 2, column 4: unknown key "nme"; did you mean "name"; the keys here are: name, status)";
     QTest::newRow("word for number") << R"({"general":{"status":"on"}})"     << R"(line 1, column 22: "on" would be sent as 0)";
-    QTest::newRow("too large")       << R"({"general":{"status":4294967297}})" << "line 1, column 22: 4294967297 would be sent as 1; the range is -2147483648 to 2147483647";
-    QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"      << "line 1, column 22: 1.5 would be sent as 1; the range is -2147483648 to 2147483647";
+    QTest::newRow("too large")       << R"({"general":{"status":4294967297}})"
+        << "line 1, column 22: 4294967297 would be sent as 1; the range is -2147483648 to 2147483647";
+    QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"
+        << "line 1, column 22: 1.5 would be sent as 1; the range is -2147483648 to 2147483647";
     QTest::newRow("null")            << R"({"general":{"status":null}})"     << "line 1, column 22: null would be sent as 0";
     QTest::newRow("number for text") << R"({"general":{"name":5}})"          << "line 1, column 20: not a valid string.";
     QTest::newRow("object for list") << R"({"general":[]})"                  << "line 1, column 12: read object must start with {!";
     QTest::newRow("after the empty") << R"({"general":{},"x":1})"            << R"(line 1, column 15: unknown key "x"; the keys here are: general)";
-    QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})" << "line 1, column 33: 7.5 would be sent as 7; the range is -2147483648 to 2147483647";
+    QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})"
+        << "line 1, column 33: 7.5 would be sent as 7; the range is -2147483648 to 2147483647";
     // clang-format on
 }
 
