@@ -1,4 +1,6 @@
 #include "devicesession_p.h"
+#include "namedcall_p.h"
+#include "statetext_p.h"
 
 #include <tavorobizmodel/device.h>
 
@@ -21,6 +23,7 @@ DeviceSession::~DeviceSession()
 
 // clang-format off
 DeviceState DeviceSession::state() const                          { return d->state; }
+QString     DeviceSession::stateText() const                      { return SessionInternal::stateText(d->state, name()); }
 double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
 QString     DeviceSession::name() const                           { return d->name(); }
 QString     DeviceSession::address() const                        { return d->address(); }
@@ -34,6 +37,24 @@ void        DeviceSession::readAgain()                            { d->readAgain
 bool DeviceSession::isControlledByOthers() const
 {
     return d->isControlledByOthers;
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments));
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
+                                                                 const QString &name,
+                                                                 const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments), key);
+}
+
+PendingCall<bool> DeviceSession::modelUpdate()
+{
+    return d->modelUpdate();
 }
 
 PendingCall<Outcome> DeviceSession::takeControl()

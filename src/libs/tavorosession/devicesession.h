@@ -8,8 +8,10 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -38,6 +40,8 @@ public:
 
     /// What the session does, why, since when, and when it tries again.
     DeviceState state() const;
+    /// The sentence for the user about state(). It names the device. Translated.
+    QString stateText() const;
     /// True if the device is connected and has been read.
     bool isReady() const { return state().kind == DeviceState::Ready; }
     /// The share of the reading that is done, from 0 to 1; 0 unless the state is Reading.
@@ -146,6 +150,29 @@ public:
         return start(SessionInternal::makeCall(operation, std::forward<Arguments>(arguments)...),
                      key);
     }
+
+    /// Calls an operation by its name in the table of operations, with JSON, see
+    /// Operations::Operation::prepare(). The record of the answer is JSON; it is empty for a write.
+    /// If the name or an argument is not valid, the outcome is NotSent, and its reason says what is
+    /// wrong.
+    PendingCall<Answer<std::string>> callByName(const QString &name,
+                                                const QStringList &arguments = {});
+    /// Does the same, and replaces a waiting call with the same \a key as callLatest() does.
+    PendingCall<Answer<std::string>> callLatestByName(const QString &key, const QString &name,
+                                                      const QStringList &arguments = {});
+
+    /// Ends when the model contains what the calls that have ended until now have changed. It does
+    /// so at once if nothing has to be read. While the connection is lost, it waits for the next
+    /// reading.
+    /// \code
+    /// wall->call(&Control::Layer::writeWindow, {window}).then(this, [=](const Outcome &outcome) {
+    ///     if (outcome)
+    ///         wall->modelUpdate().then(this, [=](bool isComplete) { show(wall->device()); });
+    /// });
+    /// \endcode
+    /// The result is false if the device could not be read completely, or if the session was
+    /// closed before.
+    PendingCall<bool> modelUpdate();
     /// @}
 
 Q_SIGNALS:

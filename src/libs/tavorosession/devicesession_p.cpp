@@ -66,7 +66,8 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               }),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier, [this](bool isComplete) { followed(isComplete); }),
+      m_follower(m_reads, shared.courier,
+                 [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
     state.since = QDateTime::currentDateTime();
@@ -134,6 +135,7 @@ void DeviceSessionPrivate::close(const QString &reason)
     DeviceManager::instance()->removeDeviceChannel(closed);
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
+    m_updates.endAll();
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -154,6 +156,14 @@ PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction
     if (action == SSProxy::ControlAction::GiveUp)
         m_controlIdle.stop();
     m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<bool> DeviceSessionPrivate::modelUpdate()
+{
+    PendingCall<bool> pending = m_updates.wait(m_follower.noted());
+    if (!channel)
+        m_updates.endAll();
     return pending;
 }
 
@@ -190,6 +200,9 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
 {
     if (m_target)
         return lost(DeviceState::Lost, reason, pause);
+    const bool hasFailed = pause > Milliseconds::zero() || !state.reason.isEmpty();
+    if (!hasFailed)
+        return; // during the first attempt there is no reason yet
     setDetails(reason, pause);
 }
 
@@ -237,6 +250,7 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_target = nullptr;
     m_reading.stop();
     m_follower.setTarget(nullptr);
+    m_updates.lost(m_follower.noted());
     m_controlIdle.stop();
     followControl();
     setOnline(false);
@@ -257,8 +271,9 @@ void DeviceSessionPrivate::readAgain()
 }
 
 /// A write may have renamed the device.
-void DeviceSessionPrivate::followed(bool isComplete)
+void DeviceSessionPrivate::followed(quint64 noted, bool isComplete)
 {
+    m_updates.followed(noted, isComplete);
     reportDevice();
     if (!isComplete)
         readAgain();
@@ -266,6 +281,7 @@ void DeviceSessionPrivate::followed(bool isComplete)
 
 void DeviceSessionPrivate::readingStarted()
 {
+    m_updates.readingStarted(m_follower.noted());
     readProgress = 0;
     setState(DeviceState::Reading);
 }
@@ -287,6 +303,7 @@ void DeviceSessionPrivate::readingEnded(const QString &failures)
 {
     reportDevice();
     setState(DeviceState::Ready, failures);
+    m_updates.readingEnded(failures.isEmpty());
 }
 
 void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,
