@@ -31,6 +31,7 @@ public:
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
+    PendingCall<Answer<QString>> readControlHolder();
     PendingCall<bool> modelUpdate();
 
     QString name() const;
