@@ -1,34 +1,24 @@
 #include "actions.h"
 
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/theme/icon.h>
 #include <tavoropanel/undo/changes.h>
 
 #include <QAction>
-#include <QIcon>
 #include <QUndoStack>
 
 namespace Tavoro::Panel {
-
-namespace {
-
-QIcon iconOf(const ActionRow &row)
-{
-    const QString name = QString::fromLatin1(row.icon);
-    return name.isEmpty()
-        ? QIcon()
-        : QIcon::fromTheme(name, QIcon(QStringLiteral(":/icons/%1.svg").arg(name)));
-}
-
-} // namespace
 
 Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
     : QObject(parent), m_selection(selection), m_changes(changes)
 {
     for (const ActionRow &row : actionTable()) {
-        auto *const action = new QAction(iconOf(row), tr(row.text), this);
+        auto *const action = new QAction(tr(row.text), this);
+        if (*row.icon)
+            action->setIcon(icon(row.icon));
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-        action->setToolTip(tr(row.description));
-        action->setStatusTip(tr(row.description));
+        action->setToolTip(tr(descriptionOf(row.id)));
+        action->setStatusTip(action->toolTip());
         action->setAutoRepeat(false);
         m_actions.emplace(row.id, action);
     }

@@ -34,10 +34,12 @@ struct ActionRow {
     const char *text; ///< To be translated; with a mnemonic.
     const char *shortcut; ///< As in QKeySequence; empty for none.
     const char *icon; ///< Name in the icon theme; empty for none.
-    const char *description; ///< Tool tip and status tip; to be translated.
 };
 
 /// All actions.
 const std::vector<ActionRow> &actionTable();
+
+/// What an action does, in one sentence to be translated.
+const char *descriptionOf(ActionId id);
 
 } // namespace Tavoro::Panel

@@ -49,31 +49,36 @@ void Selection::setDevice(DeviceSession *device)
     if (m_device)
         m_device->disconnect(this);
     m_device = device;
-    m_layer.reset();
-    m_screens.clear();
     if (device) {
-        connect(device, &DeviceSession::stateChanged, this, &Selection::updateCanWrite);
-        connect(device, &DeviceSession::controlChanged, this, &Selection::updateCanWrite);
+        for (const auto changed : {&DeviceSession::stateChanged, &DeviceSession::controlChanged}) {
+            connect(device, changed, this, &Selection::updateCanWrite);
+            connect(device, changed, this, &Selection::stateChanged);
+        }
         connect(device, &DeviceSession::deviceChanged, this, &Selection::watchDevice);
     }
-    watchDevice();
+    setLayer(std::nullopt);
+    setScreens({});
     Q_EMIT deviceChanged();
-    Q_EMIT screensChanged();
-    Q_EMIT layerChanged();
+    watchDevice();
     updateCanWrite();
 }
 
 /// Follows the device in the model, which does not exist before the first connection.
 void Selection::watchDevice()
 {
+    const auto model = modelOf(m_device);
+    if (model == m_model.lock())
+        return;
     disconnect(m_modelConnection);
-    if (const auto model = modelOf(m_device)) {
+    m_model = model;
+    if (model) {
         m_modelConnection =
             connect(model.get(), &BizModel::Device::deviceDataChanged, this, [this](DataPart part) {
                 if (part == DataPart::Screens || part == DataPart::Layers)
                     checkObjects();
             });
     }
+    Q_EMIT modelChanged();
     checkObjects();
 }
 
