@@ -1,4 +1,5 @@
 #include "devicesession_p.h"
+#include "namedcall_p.h"
 
 #include <tavorobizmodel/device.h>
 
@@ -36,6 +37,24 @@ bool DeviceSession::isControlledByOthers() const
     return d->isControlledByOthers;
 }
 
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments));
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
+                                                                 const QString &name,
+                                                                 const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments), key);
+}
+
+PendingCall<bool> DeviceSession::modelUpdate()
+{
+    return d->modelUpdate();
+}
+
 PendingCall<Outcome> DeviceSession::takeControl()
 {
     return d->requestControl(SSProxy::ControlAction::Take);
@@ -49,6 +68,11 @@ PendingCall<Outcome> DeviceSession::forceControl()
 PendingCall<Outcome> DeviceSession::releaseControl()
 {
     return d->requestControl(SSProxy::ControlAction::GiveUp);
+}
+
+PendingCall<Answer<QString>> DeviceSession::readControlHolder()
+{
+    return d->readControlHolder();
 }
 
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)

@@ -8,8 +8,10 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -81,6 +83,10 @@ public:
     /// Gives control up. Without effect if this client does not hold it. See also
     /// SessionOptions::controlIdleTime.
     PendingCall<Outcome> releaseControl();
+    /// Asks the device which client holds control, without requesting it. The record is the
+    /// client's address and port, such as 192.0.2.9:50000; empty if no client holds control. This
+    /// program is the holder if the record is not empty and isControlledByOthers() is false.
+    PendingCall<Answer<QString>> readControlHolder();
     /// @}
 
     /// \name Calls
@@ -146,6 +152,29 @@ public:
         return start(SessionInternal::makeCall(operation, std::forward<Arguments>(arguments)...),
                      key);
     }
+
+    /// Calls an operation by its name in the table of operations, with JSON, see
+    /// Operations::Operation::prepare(). The record of the answer is JSON; it is empty for a write.
+    /// If the name or an argument is not valid, the outcome is NotSent, and its reason says what is
+    /// wrong.
+    PendingCall<Answer<std::string>> callByName(const QString &name,
+                                                const QStringList &arguments = {});
+    /// Does the same, and replaces a waiting call with the same \a key as callLatest() does.
+    PendingCall<Answer<std::string>> callLatestByName(const QString &key, const QString &name,
+                                                      const QStringList &arguments = {});
+
+    /// Ends when the model contains what the calls that have ended until now have changed. It does
+    /// so at once if nothing has to be read. While the connection is lost, it waits for the next
+    /// reading.
+    /// \code
+    /// wall->call(&Control::Layer::writeWindow, {window}).then(this, [=](const Outcome &outcome) {
+    ///     if (outcome)
+    ///         wall->modelUpdate().then(this, [=](bool isComplete) { show(wall->device()); });
+    /// });
+    /// \endcode
+    /// The result is false if the device could not be read completely, or if the session was
+    /// closed before.
+    PendingCall<bool> modelUpdate();
     /// @}
 
 Q_SIGNALS:

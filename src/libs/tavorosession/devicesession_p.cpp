@@ -1,6 +1,7 @@
 #include "devicesession_p.h"
 
 #include "controljob_p.h"
+#include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
 
@@ -66,7 +67,8 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               }),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier, [this](bool isComplete) { followed(isComplete); }),
+      m_follower(m_reads, shared.courier,
+                 [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
     state.since = QDateTime::currentDateTime();
@@ -134,6 +136,7 @@ void DeviceSessionPrivate::close(const QString &reason)
     DeviceManager::instance()->removeDeviceChannel(closed);
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
+    m_updates.endAll();
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -154,6 +157,22 @@ PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction
     if (action == SSProxy::ControlAction::GiveUp)
         m_controlIdle.stop();
     m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<Answer<QString>> DeviceSessionPrivate::readControlHolder()
+{
+    const auto job = std::make_shared<HolderJob>();
+    PendingCall<Answer<QString>> pending(job->future());
+    m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<bool> DeviceSessionPrivate::modelUpdate()
+{
+    PendingCall<bool> pending = m_updates.wait(m_follower.noted());
+    if (!channel)
+        m_updates.endAll();
     return pending;
 }
 
@@ -237,6 +256,7 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_target = nullptr;
     m_reading.stop();
     m_follower.setTarget(nullptr);
+    m_updates.lost(m_follower.noted());
     m_controlIdle.stop();
     followControl();
     setOnline(false);
@@ -257,8 +277,9 @@ void DeviceSessionPrivate::readAgain()
 }
 
 /// A write may have renamed the device.
-void DeviceSessionPrivate::followed(bool isComplete)
+void DeviceSessionPrivate::followed(quint64 noted, bool isComplete)
 {
+    m_updates.followed(noted, isComplete);
     reportDevice();
     if (!isComplete)
         readAgain();
@@ -266,6 +287,7 @@ void DeviceSessionPrivate::followed(bool isComplete)
 
 void DeviceSessionPrivate::readingStarted()
 {
+    m_updates.readingStarted(m_follower.noted());
     readProgress = 0;
     setState(DeviceState::Reading);
 }
@@ -287,6 +309,7 @@ void DeviceSessionPrivate::readingEnded(const QString &failures)
 {
     reportDevice();
     setState(DeviceState::Ready, failures);
+    m_updates.readingEnded(failures.isEmpty());
 }
 
 void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,

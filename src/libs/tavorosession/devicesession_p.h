@@ -3,6 +3,7 @@
 #include "callqueue_p.h"
 #include "devicereading_p.h"
 #include "modelfollower_p.h"
+#include "modelupdates_p.h"
 #include "shared_p.h"
 
 #include <tavorosession/devicesession.h>
@@ -30,6 +31,8 @@ public:
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
+    PendingCall<Answer<QString>> readControlHolder();
+    PendingCall<bool> modelUpdate();
 
     QString name() const;
     QString address() const;
@@ -54,7 +57,7 @@ private:
     void followControl();
     void noteUse(const CallJob &job, const CallResult &result);
     void reportDevice();
-    void followed(bool isComplete);
+    void followed(quint64 noted, bool isComplete);
 
     void readingStarted() override;
     void readingProgressed(double share) override;
@@ -72,6 +75,7 @@ private:
     const std::shared_ptr<Lane> m_reads;
     DeviceReading m_reading;
     ModelFollower m_follower;
+    ModelUpdates m_updates;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
     QTimer m_controlIdle; ///< Runs since the last write, if control is given up by itself.
     QString m_reportedName; ///< The name that deviceChanged() has reported.

@@ -4,6 +4,7 @@
 
 #include <tavorooperations/operation.h>
 
+#include <QFuture>
 #include <QFutureInterface>
 #include <QString>
 
