@@ -26,6 +26,7 @@ Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
         updateEnabled();
     };
     connect(&selection, &Selection::deviceChanged, this, update);
+    connect(&selection, &Selection::stateChanged, this, update);
     connect(&selection, &Selection::canWriteChanged, this, update);
     connect(&selection, &Selection::screensChanged, this, update);
     connect(&selection, &Selection::layerChanged, this, update);
@@ -52,6 +53,8 @@ bool Actions::isMet(Needs needs) const
         return true;
     case Needs::Device:
         return m_selection.device();
+    case Needs::Connection:
+        return m_selection.isConnected();
     case Needs::WritableScreens:
         return m_selection.canWrite() && !m_selection.screens().isEmpty();
     case Needs::WritableLayer:

@@ -13,7 +13,7 @@ const std::vector<ActionRow> &actionTable()
     static const std::vector<ActionRow> table = {
         // id                  menu          needs                   text                          shortcut        icon
         {Id::Take,             Menu::Live,   Needs::WritableScreens, TEXT("&Take"),                "Space",        "media-playback-start"},
-        {Id::Cut,              Menu::Live,   Needs::WritableScreens, TEXT("&Cut"),                 "Return",       "media-skip-forward"},
+        {Id::Cut,              Menu::Live,   Needs::WritableScreens, TEXT("&Cut"),                 "Ctrl+Space",   "media-skip-forward"},
         {Id::Freeze,           Menu::Live,   Needs::WritableScreens, TEXT("F&reeze"),              "F",            "media-playback-pause"},
         {Id::FadeToBlack,      Menu::Live,   Needs::WritableScreens, TEXT("Fade to &black"),       "B",            "contrast"},
         {Id::SelectAllScreens, Menu::Live,   Needs::Device,          TEXT("Select &all screens"),  "Ctrl+Shift+A", "edit-select-all"},
@@ -26,10 +26,10 @@ const std::vector<ActionRow> &actionTable()
         {Id::RemoveDevice,     Menu::Device, Needs::Device,          TEXT("Remo&ve device"),       "",             "list-remove"},
         {Id::FindDevices,      Menu::Device, Needs::Nothing,         TEXT("&Find devices"),        "Ctrl+F",       "edit-find"},
         {Id::Reconnect,        Menu::Device, Needs::Device,          TEXT("Re&connect now"),       "Ctrl+R",       "network-connect"},
-        {Id::ReadAgain,        Menu::Device, Needs::Device,          TEXT("&Read again"),          "F5",           "view-refresh"},
-        {Id::TakeControl,      Menu::Device, Needs::Device,          TEXT("&Take control"),        "Ctrl+T",       "object-locked"},
-        {Id::ForceControl,     Menu::Device, Needs::Device,          TEXT("F&orce control…"),      "",             "dialog-warning"},
-        {Id::ReleaseControl,   Menu::Device, Needs::Device,          TEXT("Re&lease control"),     "",             "object-unlocked"},
+        {Id::ReadAgain,        Menu::Device, Needs::Connection,      TEXT("&Read again"),          "F5",           "view-refresh"},
+        {Id::TakeControl,      Menu::Device, Needs::Connection,      TEXT("&Take control"),        "Ctrl+T",       "object-locked"},
+        {Id::ForceControl,     Menu::Device, Needs::Connection,      TEXT("F&orce control…"),      "",             "dialog-warning"},
+        {Id::ReleaseControl,   Menu::Device, Needs::Connection,      TEXT("Re&lease control"),     "",             "object-unlocked"},
         {Id::Quit,             Menu::Device, Needs::Nothing,         TEXT("&Quit"),                "Ctrl+Q",       "application-exit"},
         {Id::ZoomIn,           Menu::View,   Needs::Nothing,         TEXT("Zoom &in"),             "Ctrl++",       "zoom-in"},
         {Id::ZoomOut,          Menu::View,   Needs::Nothing,         TEXT("Zoom &out"),            "Ctrl+-",       "zoom-out"},

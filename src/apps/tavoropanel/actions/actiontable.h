@@ -19,6 +19,7 @@ enum class Menu : int {
 enum class Needs : int {
     Nothing, ///< Always.
     Device, ///< A device is selected.
+    Connection, ///< The selected device is connected.
     WritableScreens, ///< Screens of a device are selected that accepts writes.
     WritableLayer, ///< A layer is selected, and its device accepts writes.
     WritableDevice, ///< A device is selected that accepts writes.

@@ -36,12 +36,6 @@ QPushButton *makeButton(QAction &action, QWidget *parent)
     return button;
 }
 
-bool isConnected(const DeviceSession &device)
-{
-    const auto kind = device.state().kind;
-    return kind == DeviceState::Ready || kind == DeviceState::Reading;
-}
-
 /// Shows a label as text on a colour.
 void setBadge(QLabel &label, const QColor &background, const QColor &foreground)
 {
@@ -69,16 +63,20 @@ ControlBar::ControlBar(Selection &selection, Messages &messages, Actions &action
     m_name->setTextFormat(Qt::PlainText);
     m_state->setTextFormat(Qt::PlainText);
     m_control->setTextFormat(Qt::PlainText);
+    for (QLabel *const badge : {m_state, m_control}) {
+        badge->setAutoFillBackground(true);
+        badge->setContentsMargins(10, 3, 10, 3);
+    }
     m_control->setObjectName(QStringLiteral("controlState"));
-    m_control->setAutoFillBackground(true);
-    m_control->setContentsMargins(10, 3, 10, 3);
+    m_state->setObjectName(QStringLiteral("deviceState"));
     m_control->setAccessibleName(tr("Control"));
 
     auto *const row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
     row->setSpacing(10);
     row->addWidget(m_name);
-    row->addWidget(m_state, 1);
+    row->addWidget(m_state);
+    row->addStretch(1);
     row->addWidget(m_control);
     for (const ActionId id : buttonActions)
         row->addWidget(makeButton(actions.action(id), this));
@@ -124,7 +122,7 @@ void ControlBar::followDevice()
 void ControlBar::readHolder()
 {
     m_holder.clear();
-    if (!m_device || !isConnected(*m_device))
+    if (!m_selection.isConnected())
         return;
     m_isAsking = true;
     const QPointer<DeviceSession> device = m_device;
@@ -141,8 +139,12 @@ void ControlBar::update()
 {
     m_name->setText(m_device ? m_device->name() : tr("No device"));
     m_state->setText(m_device ? stateText(*m_device) : QString());
+    if (m_device && m_device->state().kind == DeviceState::Lost)
+        setBadge(*m_state, Colours::programme, Colours::onColour);
+    else
+        m_state->setPalette({});
     m_control->setText(controlText());
-    m_control->setVisible(m_device && isConnected(*m_device));
+    m_control->setVisible(m_selection.isConnected());
     if (m_device && m_device->isControlledByOthers())
         setBadge(*m_control, Colours::warning, Colours::onWarning);
     else if (!m_holder.isEmpty())

@@ -5,6 +5,7 @@
 #include <tavoropanel/theme/colours.h>
 #include <tavorosession/devicestate.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
@@ -86,16 +87,24 @@ QFont nameFont(const QFont &font)
     return bold;
 }
 
-/// The lines below the name.
-QStringList linesOf(const QModelIndex &index)
+/// The texts below the name.
+QStringList textsOf(const QModelIndex &index)
 {
-    QStringList lines{index.data(SessionsModel::StateTextRole).toString()};
-    for (const int role : {SessionsModel::ControlTextRole, SessionsModel::MessageRole}) {
-        const QString line = index.data(role).toString();
-        if (!line.isEmpty())
-            lines << line;
+    QStringList texts;
+    for (const int role : {SessionsModel::StateTextRole, SessionsModel::ControlTextRole,
+                           SessionsModel::MessageRole}) {
+        const QString text = index.data(role).toString();
+        if (!text.isEmpty())
+            texts << text;
     }
-    return lines;
+    return texts;
+}
+
+/// Where a text is: the whole width, and as many lines as it needs.
+QRect placeOf(const QFont &font, const QRect &rest, const QString &text)
+{
+    const QRect needed = QFontMetrics(font).boundingRect(rest, Qt::TextWordWrap, text);
+    return {rest.left(), rest.top(), rest.width(), needed.height()};
 }
 
 } // namespace
@@ -116,17 +125,16 @@ void DeviceDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 
     painter->save();
     painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const auto drawLine = [&](const QFont &font, const QString &text) {
-        const QFontMetrics metrics(font);
+    const auto draw = [&](const QFont &font, const QString &text) {
+        const QRect place = placeOf(font, rest, text);
         painter->setFont(font);
-        painter->drawText(rest.left(), rest.top() + metrics.ascent(),
-                          metrics.elidedText(text, Qt::ElideRight, rest.width()));
-        rest.setTop(rest.top() + metrics.lineSpacing());
+        painter->drawText(place, Qt::TextWordWrap, text);
+        rest.setTop(place.bottom() + 1);
     };
-    drawLine(nameFont(option.font), index.data().toString());
-    const QStringList lines = linesOf(index);
-    for (const QString &line : lines)
-        drawLine(option.font, line);
+    draw(nameFont(option.font), index.data().toString());
+    const QStringList texts = textsOf(index);
+    for (const QString &text : texts)
+        draw(option.font, text);
     painter->restore();
 
     const double share = index.data(SessionsModel::ProgressRole).toDouble();
@@ -143,10 +151,14 @@ void DeviceDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 
 QSize DeviceDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const int lines = static_cast<int>(linesOf(index).size());
-    return {160,
-            2 * margin + QFontMetrics(nameFont(option.font)).lineSpacing()
-                + lines * option.fontMetrics.lineSpacing()};
+    const auto *const view = qobject_cast<const QAbstractItemView *>(option.widget);
+    const int width = view ? view->viewport()->width() : 240;
+    const QRect rest(0, 0, width - 3 * margin - symbolSize, 10000);
+    int height = placeOf(nameFont(option.font), rest, index.data().toString()).height();
+    const QStringList texts = textsOf(index);
+    for (const QString &text : texts)
+        height += placeOf(option.font, rest, text).height();
+    return {width, height + 2 * margin};
 }
 
 } // namespace Tavoro::Panel

@@ -93,34 +93,38 @@ void LiveBar::updateLit()
 
 void LiveBar::updateStatus()
 {
-    // Without a connection the reason for that matters more than an older failure.
-    const LiveStatus::Kind kind = m_operations.calls().status().kind;
-    if (!m_selection.canWrite() && (kind == LiveStatus::Failed || kind == LiveStatus::Done)) {
-        m_operations.calls().clear();
-        return;
-    }
     m_tBar->setEnabled(m_actions.action(ActionId::Take).isEnabled());
-    m_status->show(m_operations.calls().status(), idleText());
+    const LiveStatus &call = m_operations.calls().status();
+    const LiveStatus screens = screensStatus();
+    const bool isOver = call.kind == LiveStatus::Failed || call.kind == LiveStatus::Done;
+    if (isOver && screens.kind == LiveStatus::Blocked && !m_selection.canWrite())
+        m_operations.calls().clear(); // updates the status again
+    else
+        m_status->show(call.kind == LiveStatus::Idle ? screens : call);
 }
 
 /// Why the screens cannot be operated, or which ones are.
-QString LiveBar::idleText() const
+LiveStatus LiveBar::screensStatus() const
 {
+    const auto blocked = [](const QString &text) {
+        return LiveStatus{LiveStatus::Blocked, text};
+    };
     const DeviceSession *const device = m_selection.device();
     if (!device)
-        return tr("Select a device to operate its screens.");
+        return {LiveStatus::Idle, tr("Select a device to operate its screens.")};
+    if (!m_selection.isConnected())
+        return blocked(tr("%1: %2").arg(device->name(), stateText(*device)));
     if (device->isControlledByOthers())
-        return tr("%1 is controlled by another client. Take control to operate it.")
-            .arg(device->name());
-    if (!m_selection.canWrite())
-        return tr("%1: %2").arg(device->name(), stateText(*device));
-    if (m_selection.screens().isEmpty())
-        return tr("Select a screen to operate it.");
-    QStringList names;
+        return blocked(tr("%1 is controlled by another client. Take control to operate it.")
+                           .arg(device->name()));
     const auto screens = m_selection.screenObjects();
+    if (screens.isEmpty())
+        return {LiveStatus::Idle, tr("Select a screen to operate it.")};
+    QStringList names;
     for (const auto &screen : screens)
         names << QString::fromStdString(screen->detail().general.name);
-    return tr("Operating %1 of %2.").arg(names.join(QStringLiteral(", ")), device->name());
+    return {LiveStatus::Idle,
+            tr("Operating %1 of %2.").arg(names.join(QStringLiteral(", ")), device->name())};
 }
 
 } // namespace Tavoro::Panel

@@ -29,7 +29,7 @@ private:
     void connectActions();
     void updateLit();
     void updateStatus();
-    QString idleText() const;
+    LiveStatus screensStatus() const;
 
     Selection &m_selection;
     Actions &m_actions;

@@ -91,7 +91,7 @@ void LiveButton::paintEvent(QPaintEvent *)
         isColoured ? Colours::onColour : palette().color(QPalette::ButtonText);
 
     painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Link), 3)
-                              : QPen(palette().color(QPalette::Light), 1));
+                              : QPen(palette().color(QPalette::Mid), 1));
     painter.setBrush(background());
     painter.drawRoundedRect(frame, radius, radius);
 

@@ -30,19 +30,25 @@ ScreenButton::ScreenButton(QWidget *parent) : QAbstractButton(parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
 
-void ScreenButton::show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen)
+void ScreenButton::show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen,
+                        bool isConnected)
 {
     m_screen = screen;
     setText(name);
     const bool isFrozen = screen.freeze != 0;
     const bool isBlack = screen.FTB.enable != 0;
-    if (isFrozen && isBlack)
+    if (!isConnected)
+        m_state = tr("Not connected");
+    else if (isFrozen && isBlack)
         m_state = tr("Black, frozen");
     else if (isBlack)
         m_state = tr("Black");
     else
         m_state = isFrozen ? tr("Frozen") : tr("On air");
-    m_stateColour = isBlack ? Colours::black : isFrozen ? Colours::frozen : Colours::programme;
+    m_stateColour = !isConnected ? QColor()
+        : isBlack                ? Colours::black
+        : isFrozen               ? Colours::frozen
+                                 : Colours::programme;
     setAccessibleName(tr("Screen %1").arg(name));
     setAccessibleDescription(tr("Selects the screen for take, cut, T-bar, freeze and fade to "
                                 "black. Its state: %1.")
@@ -71,7 +77,7 @@ void ScreenButton::paintEvent(QPaintEvent *)
     const QRectF frame = QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5);
     const QColor edge = hasFocus() ? palette().color(QPalette::Link)
         : isChecked()              ? palette().color(QPalette::Highlight)
-                                   : palette().color(QPalette::Light);
+                                   : palette().color(QPalette::Mid);
     painter.setPen(QPen(edge, hasFocus() || isChecked() ? 3 : 1));
     painter.setBrush(palette().color(isChecked() ? QPalette::Button : QPalette::AlternateBase));
     painter.drawRoundedRect(frame, 6, 6);
@@ -100,11 +106,12 @@ void ScreenButton::paintEvent(QPaintEvent *)
 
     top += name.lineSpacing() + 6;
     const QRectF badge(margin, top, width() - 2 * margin, fontMetrics().lineSpacing() + 4);
-    painter.setPen(QPen(palette().color(QPalette::Light), 1));
-    painter.setBrush(m_stateColour);
+    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+    painter.setBrush(m_stateColour.isValid() ? QBrush(m_stateColour) : QBrush(Qt::NoBrush));
     painter.drawRoundedRect(badge, 3, 3);
     painter.setFont(font());
-    painter.setPen(Colours::onColour);
+    painter.setPen(m_stateColour.isValid() ? Colours::onColour
+                                           : palette().color(QPalette::ButtonText));
     painter.drawText(badge, Qt::AlignCenter, m_state);
 }
 

@@ -13,8 +13,10 @@ class ScreenButton : public QAbstractButton {
 public:
     explicit ScreenButton(QWidget *parent = nullptr);
 
-    /// Shows a screen. \a name is its name, or its number.
-    void show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen);
+    /// Shows a screen. \a name is its name, or its number. Without a connection its state is not
+    /// known.
+    void show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen,
+              bool isConnected);
     const ProtoModel::s_ScreenId &screen() const { return m_screen; }
 
     QSize sizeHint() const override;
@@ -26,7 +28,7 @@ protected:
 private:
     ProtoModel::s_ScreenId m_screen;
     QString m_state; ///< Words for frozen, black or ready.
-    QColor m_stateColour;
+    QColor m_stateColour; ///< Not valid: that of the button.
 };
 
 } // namespace Tavoro::Panel

@@ -36,6 +36,7 @@ ScreenButtons::ScreenButtons(Selection &selection, QWidget *parent)
     connect(&selection, &Selection::deviceChanged, this, follow);
     connect(&selection, &Selection::modelChanged, this, follow);
     connect(&selection, &Selection::screensChanged, this, &ScreenButtons::update);
+    connect(&selection, &Selection::stateChanged, this, &ScreenButtons::update);
     connect(m_screens, &QAbstractItemModel::rowsInserted, this, &ScreenButtons::rebuild);
     connect(m_screens, &QAbstractItemModel::rowsRemoved, this, &ScreenButtons::rebuild);
     connect(m_screens, &QAbstractItemModel::rowsMoved, this, &ScreenButtons::rebuild);
@@ -69,7 +70,8 @@ void ScreenButtons::update()
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
         const QModelIndex index = m_screens->index(static_cast<int>(i));
         if (const auto screen = m_screens->screen(index)) {
-            m_buttons[i]->show(index.data().toString(), screen->detail());
+            m_buttons[i]->show(index.data().toString(), screen->detail(),
+                               m_selection.isConnected());
             m_buttons[i]->setChecked(m_selection.contains(m_buttons[i]->screen()));
         }
     }

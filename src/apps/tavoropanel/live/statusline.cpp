@@ -26,6 +26,7 @@ const KindRow &rowOf(LiveStatus::Kind kind)
     // clang-format off
     static const KindRow rows[] = {
         {LiveStatus::Idle,    "",                      {},                   {}},
+        {LiveStatus::Blocked, WORD("Not possible"),    Colours::warning,     Colours::onWarning},
         {LiveStatus::Waiting, WORD("Waiting"),         Colours::warning,     Colours::onWarning},
         {LiveStatus::Unknown, WORD("Outcome unknown"), Colours::warning,     Colours::onWarning},
         {LiveStatus::Failed,  WORD("Failed"),          Colours::programme,   Colours::onColour},
@@ -69,37 +70,37 @@ StatusLine::StatusLine(QAction &dismiss, QWidget *parent)
     row->addWidget(m_dismiss);
     setFixedHeight(m_dismiss->sizeHint().height() + 8);
     setAccessibleName(tr("State of the live controls"));
-    show({}, {});
+    show({});
 }
 
-void StatusLine::show(const LiveStatus &status, const QString &idleText)
+void StatusLine::show(const LiveStatus &status)
 {
     const KindRow &row = rowOf(status.kind);
     m_status = status;
-    m_sentence = status.kind == LiveStatus::Idle ? idleText : status.text;
     m_word->setText(tr(row.word));
     m_word->setVisible(status.kind != LiveStatus::Idle);
-    m_dismiss->setVisible(status.kind != LiveStatus::Idle);
+    m_dismiss->setVisible(status.kind != LiveStatus::Idle && status.kind != LiveStatus::Blocked);
     QPalette colours;
     if (row.foreground.isValid())
         colours.setColor(QPalette::WindowText, row.foreground);
     m_word->setPalette(colours);
     m_text->setPalette(colours);
     setAccessibleDescription(text());
-    setToolTip(m_sentence);
+    setToolTip(m_status.text);
     elide();
     update();
 }
 
 QString StatusLine::text() const
 {
-    return m_status.kind == LiveStatus::Idle ? m_sentence
-                                             : tr("%1: %2").arg(m_word->text(), m_sentence);
+    return m_status.kind == LiveStatus::Idle ? m_status.text
+                                             : tr("%1: %2").arg(m_word->text(), m_status.text);
 }
 
 void StatusLine::elide()
 {
-    m_text->setText(m_text->fontMetrics().elidedText(m_sentence, Qt::ElideRight, m_text->width()));
+    m_text->setText(
+        m_text->fontMetrics().elidedText(m_status.text, Qt::ElideRight, m_text->width()));
 }
 
 void StatusLine::resizeEvent(QResizeEvent *event)

@@ -21,8 +21,7 @@ public:
     /// \a dismiss removes a status that the operator has read.
     explicit StatusLine(QAction &dismiss, QWidget *parent = nullptr);
 
-    /// Shows a status. \a idleText is shown while there is nothing to report.
-    void show(const LiveStatus &status, const QString &idleText);
+    void show(const LiveStatus &status);
     /// What is shown: a word and a sentence.
     QString text() const;
 
@@ -34,7 +33,6 @@ private:
     void elide();
 
     LiveStatus m_status;
-    QString m_sentence;
     QLabel *const m_word;
     QLabel *const m_text;
     QToolButton *const m_dismiss;

@@ -97,8 +97,8 @@ void TBar::paintEvent(QPaintEvent *)
     const int text = fontMetrics().lineSpacing();
     const QRectF knob = QRectF(handle());
     const QRectF groove(4, knob.center().y() - grooveWidth / 2.0, width() - 8, grooveWidth);
-    painter.setPen(QPen(palette().color(QPalette::Light), 1));
-    painter.setBrush(palette().color(QPalette::Dark));
+    painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+    painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(groove, 5, 5);
     QRectF done = groove;
     done.setRight(knob.center().x());
@@ -107,7 +107,7 @@ void TBar::paintEvent(QPaintEvent *)
     painter.drawRoundedRect(done, 5, 5);
 
     painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Link), 3)
-                              : QPen(palette().color(QPalette::Light), 1));
+                              : QPen(palette().color(QPalette::Mid), 1));
     painter.setBrush(palette().color(isEnabled() ? QPalette::Button : QPalette::Window));
     painter.drawRoundedRect(knob, 5, 5);
     painter.drawLine(QPointF(knob.center().x(), knob.top() + 8),

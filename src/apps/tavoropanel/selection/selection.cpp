@@ -123,14 +123,17 @@ bool Selection::exists(const ScreenId &screen) const
     return model && !model->findScreen(screen.screenType, screen.screenId).expired();
 }
 
+bool Selection::isConnected() const
+{
+    if (!m_device)
+        return false;
+    const DeviceState::Kind kind = m_device->state().kind;
+    return kind == DeviceState::Ready || kind == DeviceState::Reading;
+}
+
 void Selection::updateCanWrite()
 {
-    bool canWrite = false;
-    if (m_device) {
-        const auto state = m_device->state().kind;
-        canWrite = (state == DeviceState::Ready || state == DeviceState::Reading)
-            && !m_device->isControlledByOthers();
-    }
+    const bool canWrite = isConnected() && !m_device->isControlledByOthers();
     if (canWrite == m_canWrite)
         return;
     m_canWrite = canWrite;

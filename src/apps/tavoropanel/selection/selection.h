@@ -39,6 +39,8 @@ public:
     DeviceSession *device() const { return m_device; }
     void setDevice(DeviceSession *device);
 
+    /// True if the selected device is connected.
+    bool isConnected() const;
     /// True if the selected device is connected and no other client controls it.
     bool canWrite() const { return m_canWrite; }
 

@@ -36,7 +36,7 @@ constexpr ColourRow colours[] = {
     {QPalette::Link,            0xff6cb0f5, 0xff1559a6},
     {QPalette::Light,           0xff434c54, 0xffffffff},
     {QPalette::Midlight,        0xff384047, 0xffeef1f4},
-    {QPalette::Mid,             0xff2a3036, 0xffb4bdc5},
+    {QPalette::Mid,             0xff434c54, 0xffa3aeb8},
     {QPalette::Dark,            0xff0f1214, 0xff97a2ac},
     {QPalette::Shadow,          0xff000000, 0xff6a747d},
 };
