@@ -51,6 +51,8 @@ void Selection::setDevice(DeviceSession *device)
     m_device = device;
     m_layer.reset();
     m_screens.clear();
+    m_interface.reset();
+    m_file.reset();
     if (device) {
         connect(device, &DeviceSession::stateChanged, this, &Selection::updateCanWrite);
         connect(device, &DeviceSession::controlChanged, this, &Selection::updateCanWrite);
@@ -60,6 +62,8 @@ void Selection::setDevice(DeviceSession *device)
     Q_EMIT deviceChanged();
     Q_EMIT screensChanged();
     Q_EMIT layerChanged();
+    Q_EMIT interfaceChanged();
+    Q_EMIT fileChanged();
     updateCanWrite();
 }
 
@@ -199,6 +203,18 @@ std::shared_ptr<BizModel::Layer> Selection::layerObject() const
 {
     const auto model = modelOf(m_device);
     return model && m_layer ? model->findLayer(*m_layer).lock() : nullptr;
+}
+
+void Selection::setInterface(const std::optional<InterfaceId> &interface)
+{
+    m_interface = interface;
+    Q_EMIT interfaceChanged();
+}
+
+void Selection::setFile(const std::optional<FileId> &file)
+{
+    m_file = file;
+    Q_EMIT fileChanged();
 }
 
 } // namespace Tavoro::Panel
