@@ -5,7 +5,6 @@
 #include <tavoropanel/undo/changes.h>
 
 #include <QAction>
-#include <QUndoStack>
 
 namespace Tavoro::Panel {
 
@@ -30,8 +29,9 @@ Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
     connect(&selection, &Selection::canWriteChanged, this, update);
     connect(&selection, &Selection::screensChanged, this, update);
     connect(&selection, &Selection::layerChanged, this, update);
-    connect(&changes.steps(), &QUndoStack::canUndoChanged, this, update);
-    connect(&changes.steps(), &QUndoStack::canRedoChanged, this, update);
+    connect(&changes, &Changes::stepsChanged, this, update);
+    connect(&action(ActionId::Undo), &QAction::triggered, &changes, &Changes::undo);
+    connect(&action(ActionId::Redo), &QAction::triggered, &changes, &Changes::redo);
     updateEnabled();
 }
 
@@ -62,9 +62,9 @@ bool Actions::isMet(Needs needs) const
     case Needs::WritableDevice:
         return m_selection.canWrite();
     case Needs::UndoStep:
-        return m_changes.steps().canUndo();
+        return m_changes.canUndo();
     case Needs::RedoStep:
-        return m_changes.steps().canRedo();
+        return m_changes.canRedo();
     }
     return false;
 }

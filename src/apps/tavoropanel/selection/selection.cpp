@@ -58,6 +58,8 @@ void Selection::setDevice(DeviceSession *device)
     }
     setLayer(std::nullopt);
     setScreens({});
+    setInterface(std::nullopt);
+    setFile(std::nullopt);
     Q_EMIT deviceChanged();
     watchDevice();
     updateCanWrite();
@@ -207,6 +209,18 @@ std::shared_ptr<BizModel::Layer> Selection::layerObject() const
 {
     const auto model = modelOf(m_device);
     return model && m_layer ? model->findLayer(*m_layer).lock() : nullptr;
+}
+
+void Selection::setInterface(const std::optional<InterfaceId> &interface)
+{
+    m_interface = interface;
+    Q_EMIT interfaceChanged();
+}
+
+void Selection::setFile(const std::optional<FileId> &file)
+{
+    m_file = file;
+    Q_EMIT fileChanged();
 }
 
 } // namespace Tavoro::Panel

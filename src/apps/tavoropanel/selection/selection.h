@@ -32,6 +32,8 @@ class Selection : public QObject {
 public:
     using ScreenId = ProtoModel::s_ScreenId;
     using LayerId = ProtoModel::Layer::s_LayerIdentity;
+    using InterfaceId = ProtoModel::s_InterfaceID;
+    using FileId = ProtoModel::s_FileIdentity;
 
     explicit Selection(Session &session, QObject *parent = nullptr);
 
@@ -63,6 +65,13 @@ public:
     /// The object of the selected layer; null if there is none.
     std::shared_ptr<BizModel::Layer> layerObject() const;
 
+    /// The interface whose details the operator looks at; nothing if there is none.
+    const std::optional<InterfaceId> &interface() const { return m_interface; }
+    void setInterface(const std::optional<InterfaceId> &interface);
+    /// The file whose details the operator looks at; nothing if there is none.
+    const std::optional<FileId> &file() const { return m_file; }
+    void setFile(const std::optional<FileId> &file);
+
 Q_SIGNALS:
     /// Another device is selected. Screens and layer have changed with it.
     void deviceChanged();
@@ -78,6 +87,10 @@ Q_SIGNALS:
     void sceneChanged();
     /// Another layer is selected, or none.
     void layerChanged();
+    /// An interface was selected, also the same one again, or none.
+    void interfaceChanged();
+    /// A file was selected, also the same one again, or none.
+    void fileChanged();
 
 private:
     void watchDevice();
@@ -92,6 +105,8 @@ private:
     QMetaObject::Connection m_modelConnection; ///< To m_model.
     QList<ScreenId> m_screens;
     std::optional<LayerId> m_layer;
+    std::optional<InterfaceId> m_interface;
+    std::optional<FileId> m_file;
     Scene m_scene = Scene::Preview;
     bool m_canWrite = false;
 };

@@ -17,7 +17,6 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QUndoStack>
 
 namespace Tavoro::Panel {
 
@@ -181,10 +180,6 @@ void MainWindow::addDock(const PartRow &row, QWidget &part)
 
 void MainWindow::connectActions()
 {
-    connect(&m_actions.action(ActionId::Undo), &QAction::triggered, &m_changes.steps(),
-            &QUndoStack::undo);
-    connect(&m_actions.action(ActionId::Redo), &QAction::triggered, &m_changes.steps(),
-            &QUndoStack::redo);
     connect(&m_actions.action(ActionId::Quit), &QAction::triggered, this, &QWidget::close);
     connect(&m_actions.action(ActionId::ShowShortcuts), &QAction::triggered, this, [this] {
         auto *const dialog = new ShortcutsDialog(m_actions, this);
