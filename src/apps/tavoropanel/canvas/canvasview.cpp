@@ -24,6 +24,7 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr double largestScale = 4; ///< Pixels of the view for each pixel of a screen.
 constexpr double wheelNotch = 120; ///< The angle of one notch, as Qt counts it.
+constexpr int opacityStep = 5; ///< In percent.
 constexpr double hintHeight = 44; ///< In pixels of the view.
 
 } // namespace
@@ -75,6 +76,10 @@ void CanvasView::connectActions(const Actions &actions)
     on(ActionId::ZoomFit, [this] { fit(); });
     on(ActionId::RaiseLayer, [this] { restackSelected(StackingMove::Raise); });
     on(ActionId::LowerLayer, [this] { restackSelected(StackingMove::Lower); });
+    on(ActionId::RaiseLayerToTop, [this] { restackSelected(StackingMove::ToTop); });
+    on(ActionId::LowerLayerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
+    on(ActionId::MoreOpaque, [this] { m_keys.changeOpacity(opacityStep); });
+    on(ActionId::LessOpaque, [this] { m_keys.changeOpacity(-opacityStep); });
 }
 
 void CanvasView::restackSelected(StackingMove move)
