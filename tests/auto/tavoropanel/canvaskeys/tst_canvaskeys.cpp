@@ -3,7 +3,6 @@
 
 #include <QAction>
 #include <QLineEdit>
-#include <QMenu>
 
 #include <map>
 
@@ -34,10 +33,6 @@ private Q_SLOTS:
     void orderChanges();
     void opacityChanges();
     void opacityStaysWithinItsRange();
-    void sourceChangesByTheMenu();
-    void sourceIsRemovedByTheMenu();
-    void opacityChangesByTheMenu();
-    void menuMarksWhatTheLayerHas();
 
 private:
     CanvasBench &bench() { return *m_bench; }
@@ -52,8 +47,6 @@ private:
     }
     /// The numbers of the layers that the device holds, the bottom layer first.
     QList<int> order();
-    /// Opens the context menu by the keyboard, and returns one of its menus.
-    QMenu *openMenu(int index);
 
     std::unique_ptr<CanvasBench> m_bench;
 };
@@ -75,15 +68,6 @@ QList<int> tst_CanvasKeys::order()
     for (const auto &[position, number] : positions)
         numbers << number;
     return numbers;
-}
-
-QMenu *tst_CanvasKeys::openMenu(int index)
-{
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(&bench().view, &event);
-    auto *const menu = bench().view.findChild<QMenu *>();
-    return menu ? menu->findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly).value(index)
-                : nullptr;
 }
 
 void tst_CanvasKeys::tabSelectsTheLayersOfTheScreenFromTheTop()
@@ -258,56 +242,6 @@ void tst_CanvasKeys::opacityStaysWithinItsRange()
     QCOMPARE(bench().item(2).opacityPercent(), 0);
     QTRY_COMPARE(bench().held(2).opacity, 0);
     QCOMPARE(bench().complaints(), QStringList());
-}
-
-void tst_CanvasKeys::sourceChangesByTheMenu()
-{
-    bench().selection.setLayer(CanvasBench::id(2));
-    QMenu *const sources = openMenu(0);
-    QVERIFY(sources);
-    QCOMPARE(sources->actions().at(4)->text(), QStringLiteral("Input 5  (1920×1080p60)"));
-    sources->actions().at(4)->trigger();
-    const auto source = [&] {
-        return bench().held(2).source.general;
-    };
-    QTRY_COMPARE(source().id, quint32(2 << 16 | 1 << 8));
-    QCOMPARE(source().type, 1);
-    QCOMPARE(bench().held(2).source.crop.size(), std::size_t(1));
-    QTRY_COMPARE(bench().item(2).face().source, QStringLiteral("Input 5"));
-}
-
-void tst_CanvasKeys::sourceIsRemovedByTheMenu()
-{
-    bench().selection.setLayer(CanvasBench::id(2));
-    QMenu *const sources = openMenu(0);
-    QVERIFY(sources);
-    sources->actions().last()->trigger();
-    QTRY_COMPARE(bench().held(2).source.general.type, 0);
-    QTRY_COMPARE(bench().item(2).face().lines().first(), QStringLiteral("No source"));
-}
-
-void tst_CanvasKeys::opacityChangesByTheMenu()
-{
-    bench().selection.setLayer(CanvasBench::id(2));
-    QMenu *const opacities = openMenu(1);
-    QVERIFY(opacities);
-    QCOMPARE(opacities->actions().at(2)->text(), QStringLiteral("50 %"));
-    opacities->actions().at(2)->trigger();
-    QTRY_COMPARE(bench().held(2).opacity, 50);
-}
-
-void tst_CanvasKeys::menuMarksWhatTheLayerHas()
-{
-    bench().selection.setLayer(CanvasBench::id(2));
-    QMenu *const sources = openMenu(0);
-    QVERIFY(sources);
-    QStringList checked;
-    const auto actions = sources->actions();
-    for (const QAction *const action : actions) {
-        if (action->isChecked())
-            checked << action->text();
-    }
-    QCOMPARE(checked, QStringList{QStringLiteral("Input 6  (1920×1080p60)")});
 }
 
 QTEST_MAIN(tst_CanvasKeys)
