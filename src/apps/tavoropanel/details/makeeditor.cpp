@@ -24,7 +24,7 @@ ValueEditor *makeEditor(const Field &field, Models::InterfacesModel &inputs, QWi
     case FieldEditor::Shown:
         break;
     }
-    return new ShownValue(field, parent);
+    return new ReadOnlyValue(field, parent);
 }
 
 } // namespace Tavoro::Panel

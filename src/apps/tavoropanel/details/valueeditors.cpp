@@ -167,14 +167,14 @@ void ColourEditor::openDialogue()
 
 // Shown
 
-ShownValue::ShownValue(const Field &field, QWidget *parent)
+ReadOnlyValue::ReadOnlyValue(const Field &field, QWidget *parent)
     : ValueEditor(parent), m_label(new QLabel(this)), m_text(field.text)
 {
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setControl(m_label);
 }
 
-void ShownValue::setValue(const QVariant &value)
+void ReadOnlyValue::setValue(const QVariant &value)
 {
     m_label->setText(m_text(value));
 }

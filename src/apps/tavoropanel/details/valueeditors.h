@@ -88,11 +88,11 @@ private:
 };
 
 /// A text that the user can select and copy.
-class ShownValue : public ValueEditor {
+class ReadOnlyValue : public ValueEditor {
     Q_OBJECT
 
 public:
-    ShownValue(const Field &field, QWidget *parent);
+    ReadOnlyValue(const Field &field, QWidget *parent);
     void setValue(const QVariant &value) override;
 
 private:

@@ -14,6 +14,7 @@ class Session;
 } // namespace Tavoro
 
 namespace Tavoro::BizModel {
+class Device;
 class Layer;
 class Screen;
 } // namespace Tavoro::BizModel
@@ -40,6 +41,8 @@ public:
     DeviceSession *device() const { return m_device; }
     void setDevice(DeviceSession *device);
 
+    /// True if the selected device is connected.
+    bool isConnected() const;
     /// True if the selected device is connected and no other client controls it.
     bool canWrite() const { return m_canWrite; }
 
@@ -72,6 +75,10 @@ public:
 Q_SIGNALS:
     /// Another device is selected. Screens and layer have changed with it.
     void deviceChanged();
+    /// The device in the model exists now, or is another object. Precedes changes of the screens.
+    void modelChanged();
+    /// State or control of the selected device has changed.
+    void stateChanged();
     /// canWrite() has changed.
     void canWriteChanged();
     /// Other screens are selected.
@@ -94,7 +101,8 @@ private:
     bool exists(const ScreenId &screen) const;
 
     DeviceSession *m_device = nullptr;
-    QMetaObject::Connection m_modelConnection; ///< To the device in the model.
+    std::weak_ptr<BizModel::Device> m_model; ///< The device in the model.
+    QMetaObject::Connection m_modelConnection; ///< To m_model.
     QList<ScreenId> m_screens;
     std::optional<LayerId> m_layer;
     std::optional<InterfaceId> m_interface;
