@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 
 namespace Tavoro::Panel {
 
@@ -22,10 +23,15 @@ void ValueEditor::setControl(QWidget *control)
 
 bool ValueEditor::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Wheel || m_control->hasFocus())
-        return QWidget::eventFilter(watched, event);
-    event->ignore();
-    return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)
+            event->accept();
+    } else if (event->type() == QEvent::Wheel && !m_control->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace Tavoro::Panel

@@ -24,7 +24,8 @@ Q_SIGNALS:
 protected:
     explicit ValueEditor(QWidget *parent) : QWidget(parent) { }
     /// Fills the editor with the control. A wheel over a control without focus scrolls the page
-    /// instead of changing the device.
+    /// instead of changing the device. Return and Space go to the control with the focus, although
+    /// they are shortcuts of the window.
     void setControl(QWidget *control);
     bool eventFilter(QObject *watched, QEvent *event) override;
 
