@@ -52,6 +52,12 @@ PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &
     return start(std::make_shared<NamedCall>(name, arguments), key);
 }
 
+TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+DeviceSession::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
+{
+    return d->upgrade(upgrade);
+}
+
 PendingCall<bool> DeviceSession::modelUpdate()
 {
     return d->modelUpdate();

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <tavorosession/devicefiles.h>
 #include <tavorosession/devicestate.h>
 #include <tavorosession/export.h>
 #include <tavorosession/operationcall.h>
 #include <tavorosession/outcome.h>
 #include <tavorosession/pendingcall.h>
+#include <tavorosession/trackedcall.h>
+
+#include <tavorocontrol/proto/auxiliary.h>
 
 #include <QObject>
 #include <QString>
@@ -85,6 +89,24 @@ public:
     /// Gives control up. Without effect if this client does not hold it. See also
     /// SessionOptions::controlIdleTime.
     PendingCall<Outcome> releaseControl();
+    /// @}
+
+    /// \name Files and upgrades
+    /// @{
+
+    /// The files of the device: transfers of their contents, and presets.
+    DeviceFiles files() { return DeviceFiles(*this); }
+
+    /// Starts a firmware upgrade from a package that the device holds (0xFC08), and reads its
+    /// progress five times per second until it has ended (0xFC09). It continues when the connection
+    /// is lost or the device restarts.
+    ///
+    /// The outcome is Refused if the device refused to start, or if the upgrade has failed; the
+    /// record then says how far it got. It is Unknown if the device has not reported a progress for
+    /// SessionOptions::upgradeTime. A device cannot stop an upgrade: cancelling one that has begun
+    /// only ends the reading of its progress.
+    TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+    upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     /// @}
 
     /// \name Calls
@@ -190,6 +212,7 @@ Q_SIGNALS:
     void callFinished(const Tavoro::Outcome &outcome);
 
 private:
+    friend class DeviceFiles;
     friend class Session;
     friend class SessionInternal::DeviceSessionPrivate;
     DeviceSession(std::unique_ptr<SessionInternal::DeviceSessionPrivate> data, QObject *parent);

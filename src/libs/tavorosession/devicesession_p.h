@@ -5,6 +5,7 @@
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
 #include "shared_p.h"
+#include "upgradecall_p.h"
 
 #include <tavorosession/devicesession.h>
 #include <tavorosession/sessionoptions.h>
@@ -30,6 +31,9 @@ public:
     void reconnectNow();
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
+    /// Starts a call that \a tracker can cancel.
+    void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker);
+    TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<bool> modelUpdate();
 
@@ -66,6 +70,8 @@ private:
     void setState(DeviceState::Kind kind, const QString &reason = {},
                   std::chrono::milliseconds pause = {});
     void setDetails(const QString &reason, std::chrono::milliseconds pause);
+    Outcome makeOutcome(const CallResult &result, const QString &label, bool isReplaced) const;
+    void report(const Outcome &outcome);
     void deliver(CallJob &job, const CallResult &result, bool isReplaced);
 
     const Shared m_shared;
@@ -75,6 +81,7 @@ private:
     DeviceReading m_reading;
     ModelFollower m_follower;
     ModelUpdates m_updates;
+    std::vector<std::shared_ptr<UpgradeCall>> m_upgrades;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
     QTimer m_controlIdle; ///< Runs since the last write, if control is given up by itself.
     QString m_reportedName; ///< The name that deviceChanged() has reported.
