@@ -1,6 +1,6 @@
 #include <tavorosession/devicefiles.h>
 
-#include "devicesession_p.h"
+#include "callstarter_p.h"
 #include "transferjob_p.h"
 
 #include <tavorobizmodel/device.h>
@@ -15,11 +15,11 @@ namespace Tavoro {
 using namespace SessionInternal;
 using Operations::Scope;
 using ProtoModel::s_FileIdentity;
-using ProtoModel::File::s_FileInfo;
+using namespace ProtoModel::File;
 
 namespace {
 
-PendingTransfer startSending(DeviceSessionPrivate &device, const s_FileInfo &file,
+PendingTransfer startSending(CallStarter &device, const s_FileInfo &file,
                              std::unique_ptr<ContentSource> content)
 {
     const auto call = std::make_shared<TransferOperation<Outcome>>(
@@ -30,16 +30,26 @@ PendingTransfer startSending(DeviceSessionPrivate &device, const s_FileInfo &fil
 }
 
 /// The length of a file that the model knows, or 0.
-qint64 knownSize(const DeviceSessionPrivate &device, const s_FileIdentity &file)
+qint64 knownSize(const CallStarter &device, const s_FileIdentity &file)
 {
     const auto type = static_cast<BizModel::Enum::File::FileType>(file.fileType);
-    const auto known = device.device ? device.device->findFile(type, file.fileId).lock() : nullptr;
+    const auto model = device.modelDevice();
+    const auto known = model ? model->findFile(type, file.fileId).lock() : nullptr;
     return known ? known->listEntry().size.length : 0;
+}
+
+template <class Method, class Argument>
+PendingCall<Outcome> startCall(CallStarter &device, Method method, const Argument &argument)
+{
+    const auto call = makeCall(method, argument);
+    PendingCall<Outcome> pending(call->future());
+    device.start(std::make_shared<CallJob>(call));
+    return pending;
 }
 
 /// \a makeTarget gets the call, which keeps the content.
 template <class Result, class MakeTarget>
-TrackedCall<Result> startFetching(DeviceSessionPrivate &device, const s_FileIdentity &file,
+TrackedCall<Result> startFetching(CallStarter &device, const s_FileIdentity &file,
                                   MakeTarget makeTarget)
 {
     const auto call =
@@ -54,45 +64,47 @@ TrackedCall<Result> startFetching(DeviceSessionPrivate &device, const s_FileIden
 
 PendingTransfer DeviceFiles::send(const s_FileInfo &file, std::string content)
 {
-    return startSending(*m_device.d, file, sourceOf(std::move(content)));
+    return startSending(m_device, file, sourceOf(std::move(content)));
 }
 
 PendingTransfer DeviceFiles::send(const s_FileInfo &file, std::shared_ptr<QIODevice> content)
 {
-    return startSending(*m_device.d, file, sourceOf(std::move(content)));
+    return startSending(m_device, file, sourceOf(std::move(content)));
 }
 
 PendingTransfer DeviceFiles::sendFrom(const s_FileInfo &file, const QString &path)
 {
-    return startSending(*m_device.d, file, sourceAt(path));
+    return startSending(m_device, file, sourceAt(path));
 }
 
 PendingContent DeviceFiles::fetch(const s_FileIdentity &file)
 {
-    return startFetching<Answer<std::string>>(*m_device.d, file,
+    return startFetching<Answer<std::string>>(m_device, file,
                                               [](auto &call) { return targetOf(call.content); });
 }
 
 PendingTransfer DeviceFiles::fetch(const s_FileIdentity &file, std::shared_ptr<QIODevice> target)
 {
-    return startFetching<Outcome>(*m_device.d, file,
+    return startFetching<Outcome>(m_device, file,
                                   [&](auto &) { return targetOf(std::move(target)); });
 }
 
 PendingTransfer DeviceFiles::fetchTo(const s_FileIdentity &file, const QString &path)
 {
-    return startFetching<Outcome>(*m_device.d, file, [&](auto &) { return targetAt(path); });
+    return startFetching<Outcome>(m_device, file, [&](auto &) { return targetAt(path); });
 }
 
 PendingCall<Outcome> DeviceFiles::savePreset(const s_FileIdentity &file, const std::string &name,
                                              const std::vector<ProtoModel::s_ScreenId> &screens)
 {
-    return m_device.call(&Control::File::writeCreatePresetFile, {{file, {name}, screens}});
+    const s_CreatePresetFile preset{file, {name}, screens};
+    return startCall(m_device, &Control::File::writeCreatePresetFile, std::vector{preset});
 }
 
 PendingCall<Outcome> DeviceFiles::applyPreset(const s_FileIdentity &file, int applyType)
 {
-    return m_device.call(&Control::Preset::presetApply, {{file, applyType}});
+    const ProtoModel::Preset::s_PresetPlay preset{file, applyType};
+    return startCall(m_device, &Control::Preset::presetApply, std::vector{preset});
 }
 
 PendingCall<Outcome> DeviceFiles::rename(const s_FileIdentity &file, const std::string &name)
@@ -103,13 +115,13 @@ PendingCall<Outcome> DeviceFiles::rename(const s_FileIdentity &file, const std::
 PendingCall<Outcome> DeviceFiles::move(const s_FileIdentity &file,
                                        const s_FileIdentity &destination, const std::string &name)
 {
-    return m_device.call(&Control::File::writeFilesInfo,
-                         {{file, {name}, destination.fileId, destination.fileType}});
+    const s_ModifyFileInfo moved{file, {name}, destination.fileId, destination.fileType};
+    return startCall(m_device, &Control::File::writeFilesInfo, std::vector{moved});
 }
 
 PendingCall<Outcome> DeviceFiles::remove(const s_FileIdentity &file)
 {
-    return m_device.call(&Control::File::writeDeleteFiles, {{file}});
+    return startCall(m_device, &Control::File::writeDeleteFiles, std::vector{s_DeleteFile{file}});
 }
 
 } // namespace Tavoro

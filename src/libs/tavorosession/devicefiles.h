@@ -20,7 +20,9 @@ QT_END_NAMESPACE
 
 namespace Tavoro {
 
-class DeviceSession;
+namespace SessionInternal {
+class CallStarter;
+}
 
 /// The files of a device: transfers of their contents, and presets. Get it from
 /// DeviceSession::files() for each use; it does not keep the session alive.
@@ -33,7 +35,7 @@ class DeviceSession;
 class TAVOROSESSION_EXPORT DeviceFiles {
 public:
     /// For DeviceSession.
-    explicit DeviceFiles(DeviceSession &device) : m_device(device) { }
+    explicit DeviceFiles(SessionInternal::CallStarter &device) : m_device(device) { }
 
     /// \name Sending
     ///
@@ -96,7 +98,7 @@ public:
     /// @}
 
 private:
-    DeviceSession &m_device;
+    SessionInternal::CallStarter &m_device;
 };
 
 } // namespace Tavoro

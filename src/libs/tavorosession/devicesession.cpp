@@ -52,6 +52,11 @@ PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &
     return start(std::make_shared<NamedCall>(name, arguments), key);
 }
 
+DeviceFiles DeviceSession::files()
+{
+    return DeviceFiles(*d);
+}
+
 TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
 DeviceSession::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
 {

@@ -95,7 +95,7 @@ public:
     /// @{
 
     /// The files of the device: transfers of their contents, and presets.
-    DeviceFiles files() { return DeviceFiles(*this); }
+    DeviceFiles files();
 
     /// Starts a firmware upgrade from a package that the device holds (0xFC08), and reads its
     /// progress five times per second until it has ended (0xFC09). It continues when the connection
@@ -212,7 +212,6 @@ Q_SIGNALS:
     void callFinished(const Tavoro::Outcome &outcome);
 
 private:
-    friend class DeviceFiles;
     friend class Session;
     friend class SessionInternal::DeviceSessionPrivate;
     DeviceSession(std::unique_ptr<SessionInternal::DeviceSessionPrivate> data, QObject *parent);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "callqueue_p.h"
+#include "callstarter_p.h"
 #include "devicereading_p.h"
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
@@ -17,7 +18,7 @@ namespace Tavoro::SessionInternal {
 
 /// The state of one device session: follows its channel, reads the device, and passes calls on. On
 /// the session's thread.
-class DeviceSessionPrivate final : private DeviceReading::Events {
+class DeviceSessionPrivate final : public CallStarter, private DeviceReading::Events {
 public:
     DeviceSessionPrivate(const Shared &shared, const QString &host, quint16 port,
                          const SessionOptions &options,
@@ -31,8 +32,9 @@ public:
     void reconnectNow();
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
-    /// Starts a call that \a tracker can cancel.
-    void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker);
+    void start(const std::shared_ptr<CallJob> &job) override { start(job, {}); }
+    void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker) override;
+    std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<bool> modelUpdate();

@@ -53,7 +53,7 @@ const QStringList classNames =
     QStringLiteral("Device Interface Screen Layer Preset File Auxiliary").split(QLatin1Char(' '));
 
 struct Member {
-    QString name; ///< "File::readBinary", and what tells an overload from the others.
+    QString name; ///< "File::readBinary", or "File::readBinary with a callback".
     bool hasErrorLast = false;
 };
 

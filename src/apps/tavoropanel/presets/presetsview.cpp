@@ -1,0 +1,9 @@
+#include "presetsview.h"
+
+namespace Tavoro::Panel {
+
+PresetsView::PresetsView(Selection &, Messages &, Changes &, Actions &, QWidget *parent)
+    : QWidget(parent)
+{ }
+
+} // namespace Tavoro::Panel
