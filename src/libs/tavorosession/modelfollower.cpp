@@ -92,6 +92,7 @@ void ModelFollower::note(const std::vector<Scope> &scopes)
 {
     if (!m_target || scopes.empty())
         return;
+    ++m_noted;
     m_scopes.insert(m_scopes.end(), scopes.begin(), scopes.end());
     if (!m_timer.isActive())
         m_timer.start();
@@ -99,14 +100,14 @@ void ModelFollower::note(const std::vector<Scope> &scopes)
 
 void ModelFollower::read()
 {
-    const auto finished = [weak =
-                               std::weak_ptr<ModelFollower *>(m_self)](const FollowingRead &ended) {
+    const auto finished = [weak = std::weak_ptr<ModelFollower *>(m_self),
+                           noted = m_noted](const FollowingRead &ended) {
         const auto self = weak.lock();
         if (!self || (*self)->m_target != ended.target)
             return; // the whole device is read after a loss
         --(*self)->m_readsUnderWay;
         apply(ended);
-        (*self)->m_finished(!ended.hasFailed);
+        (*self)->m_finished(noted, !ended.hasFailed);
     };
     ++m_readsUnderWay;
     m_lane->append(std::make_shared<FollowingRead>(

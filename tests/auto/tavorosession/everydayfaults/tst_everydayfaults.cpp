@@ -164,7 +164,7 @@ void tst_EverydayFaults::closingDuringASynchronisationDoesNotWaitForTheDevice()
     time.start();
     m_bench->session.reset();
     QVERIFY2(time.elapsed() < longestGap, qPrintable(QString::number(time.elapsed())));
-    QCOMPARE(log.codes(), QStringList()); // there was no further read
+    QCOMPARE(log.codes(), QStringList()); // it did not continue with the next read
 }
 
 void tst_EverydayFaults::lostAndReturnedConnectionIsReported()
