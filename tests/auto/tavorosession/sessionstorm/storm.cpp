@@ -19,7 +19,7 @@ constexpr const char *faults[] = {
     "status=8", "late=100", "silent", "ignore", "stall", "drop-request", "drop-before", "drop-within",
     "drop-after", "wrong-flag", "wrong-version", "wrong-head-checksum", "wrong-length", "wrong-length=1",
     "wrong-index", "wrong-checksum", "wrong-kind", "wrong-type", "wrong-code", "wrong-tag", "wrong-stream",
-    "other-tag", "packets", "swap-packets", "twice", "truncate", "garble", "stop-reading=300", "reboot", "flood=100",
+    "other-tag", "packets", "swap-packets", "twice", "truncate", "garble=100000", "stop-reading=300", "reboot", "flood=100",
 };
 // Reads of a device, writes of the storm, and any exchange.
 constexpr const char *exchanges[] = {
