@@ -24,6 +24,10 @@ struct CallTarget {
     bool isConnected() const;
 };
 
+/// Asks the device for the name of the client that controls it, if \a result is a refusal for that
+/// reason. Blocks.
+void nameHolder(const CallTarget &target, CallResult &result);
+
 /// A call of the application, on its way through a lane.
 ///
 /// | member                               | thread                                        |
@@ -61,7 +65,6 @@ protected:
 
 private:
     CallResult carryOut();
-    void nameHolder(CallResult &refused) const;
 };
 
 } // namespace Tavoro::SessionInternal

@@ -1,11 +1,9 @@
 #include "devicesession_p.h"
 
-#include "controljob_p.h"
+#include "listeddevice_p.h"
 #include "logging_p.h"
-#include "outcome_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorobizmodel/devicelist.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -33,23 +31,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("Tavoro::DeviceSession", text);
 }
 
-std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info)
-{
-    constexpr unsigned short noNumberYet = 65535;
-    auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
-    device->setIPAddress(QString::fromStdString(info.ip));
-    device->updateDeviceBaseInfo(info);
-    auto known = BizModel::DeviceList::instance()
-                     ->findDevice(device->IPAddress(), device->MAC(), device->sn())
-                     .lock();
-    if (known)
-        return known;
-    device->setName(QString::fromStdString(info.name));
-    device->setModelId(info.modelId);
-    BizModel::DeviceList::instance()->append(device);
-    return device;
-}
-
 } // namespace
 
 DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &wantedHost,
@@ -60,10 +41,8 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
       device(std::move(known)),
       m_shared(shared),
       m_options(options),
-      m_calls(shared.pool, shared.courier, options.maxWaitingCalls, options.outcomeTime,
-              [this](CallJob &job, const CallResult &result, bool isReplaced) {
-                  deliver(job, result, isReplaced);
-              }),
+      m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
+      m_calls(shared.pool, shared.courier, options, *this),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
       m_follower(m_reads, shared.courier,
@@ -73,15 +52,6 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
-    QObject::connect(DeviceManager::instance(), &DeviceManager::masterControlChanged,
-                     &m_controlIdle, [this](const std::weak_ptr<SSProxy::DeviceChannel> &changed) {
-                         if (channel && changed.lock() == channel)
-                             followControl();
-                     });
-    m_controlIdle.setSingleShot(true);
-    m_controlIdle.setInterval(options.controlIdleTime);
-    QObject::connect(&m_controlIdle, &QTimer::timeout, &m_controlIdle,
-                     [this] { requestControl(SSProxy::ControlAction::GiveUp); });
 }
 
 DeviceSessionPrivate::~DeviceSessionPrivate()
@@ -136,8 +106,6 @@ void DeviceSessionPrivate::close(const QString &reason)
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
     m_updates.endAll();
-    for (const auto &upgrade : std::exchange(m_upgrades, {}))
-        upgrade->end(reason);
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -146,55 +114,11 @@ void DeviceSessionPrivate::reconnectNow()
         channel->reconnectNow();
 }
 
-void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QString &key)
-{
-    m_calls.start(job, key);
-}
-
-void DeviceSessionPrivate::startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker)
-{
-    tracker.setCancelHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), job] {
-        if (const auto self = weak.lock())
-            (*self)->m_calls.cancel(job);
-    });
-    m_calls.start(job, {});
-}
-
-TrackedCall<UpgradeCall::Result>
-DeviceSessionPrivate::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
-{
-    UpgradeCall::Session session;
-    session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
-        job->isQuiet = isQuiet;
-        m_calls.start(job, {});
-    };
-    session.report = [this](const CallResult &result, const QString &label) {
-        const Outcome outcome = makeOutcome(result, label, false);
-        report(outcome);
-        return outcome;
-    };
-    session.isConnected = [this] {
-        return m_target != nullptr;
-    };
-    const auto ended = [](const auto &each) {
-        return each->hasEnded();
-    };
-    m_upgrades.erase(std::remove_if(m_upgrades.begin(), m_upgrades.end(), ended), m_upgrades.end());
-    m_upgrades.push_back(std::make_shared<UpgradeCall>(std::move(session), m_options.upgradeTime));
-    const auto started = m_upgrades.back();
-    auto pending = started->pending();
-    started->start(upgrade);
-    return pending;
-}
-
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
 {
-    const auto job = std::make_shared<ControlJob>(action);
-    PendingCall<Outcome> pending(job->future());
     if (action == SSProxy::ControlAction::GiveUp)
-        m_controlIdle.stop();
-    m_calls.start(job, {});
-    return pending;
+        m_control.noteRelease();
+    return m_calls.requestControl(action);
 }
 
 PendingCall<bool> DeviceSessionPrivate::modelUpdate()
@@ -203,22 +127,6 @@ PendingCall<bool> DeviceSessionPrivate::modelUpdate()
     if (!channel)
         m_updates.endAll();
     return pending;
-}
-
-void DeviceSessionPrivate::followControl()
-{
-    const bool isOthers = m_target && !m_target->channel->isMasterControl();
-    if (std::exchange(isControlledByOthers, isOthers) != isOthers && q)
-        Q_EMIT q->controlChanged();
-}
-
-/// A write takes control, and so begins the idle time after which it is given up.
-void DeviceSessionPrivate::noteUse(const CallJob &job, const CallResult &result)
-{
-    const auto operation = job.operation->operation();
-    if (m_controlIdle.interval() > 0 && result.kind == Outcome::Done && operation
-        && operation->direction() == Operations::Direction::Write)
-        m_controlIdle.start();
 }
 
 void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
@@ -253,7 +161,7 @@ void DeviceSessionPrivate::connected(quint64 connections)
     target.connections = connections;
     m_target = std::make_shared<const CallTarget>(std::move(target));
     setOnline(true);
-    followControl();
+    m_control.setTarget(m_target);
     m_calls.setTarget(m_target, {});
     m_follower.setTarget(m_target);
     m_reading.request(m_target);
@@ -289,8 +197,7 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_reading.stop();
     m_follower.setTarget(nullptr);
     m_updates.lost(m_follower.noted());
-    m_controlIdle.stop();
-    followControl();
+    m_control.setTarget(nullptr);
     setOnline(false);
     m_calls.setTarget(nullptr, reason);
     setState(kind, reason, pause);
@@ -372,38 +279,27 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
         Q_EMIT q->stateDetailsChanged();
 }
 
-Outcome DeviceSessionPrivate::makeOutcome(const CallResult &result, const QString &label,
-                                          bool isReplaced) const
+void DeviceSessionPrivate::callEnded(const Outcome &outcome)
 {
-    OutcomeData data;
-    data.kind = result.kind;
-    data.status = result.status;
-    data.reason = result.reason;
-    data.operation = label;
-    data.deviceName = name();
-    data.isReplaced = isReplaced;
-    data.isCanceled = result.isCanceled;
-    return SessionInternal::makeOutcome(data);
-}
-
-void DeviceSessionPrivate::report(const Outcome &outcome)
-{
-    qCInfo(sessionLog).noquote() << outcome.text();
     if (q)
         Q_EMIT q->callFinished(outcome);
 }
 
-void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+void DeviceSessionPrivate::deviceWritten(const std::vector<Operations::Scope> &scopes)
 {
-    const Outcome outcome = makeOutcome(result, job.label(), isReplaced);
-    noteUse(job, result);
-    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
-        m_follower.note(job.operation->changes());
-    if (!job.isQuiet)
-        report(outcome);
-    if (job.observer)
-        job.observer(outcome, result);
-    job.operation->finish(outcome, !job.hasRun);
+    m_follower.note(scopes);
+}
+
+void DeviceSessionPrivate::controlChanged()
+{
+    if (q)
+        Q_EMIT q->controlChanged();
+}
+
+void DeviceSessionPrivate::controlHolderChanged()
+{
+    if (q)
+        Q_EMIT q->controlHolderChanged();
 }
 
 } // namespace Tavoro::SessionInternal
