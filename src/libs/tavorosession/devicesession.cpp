@@ -52,6 +52,11 @@ PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &
     return start(std::make_shared<NamedCall>(name, arguments), key);
 }
 
+void DeviceSession::setBodiesLogged(bool areLogged)
+{
+    d->setBodiesLogged(areLogged);
+}
+
 DeviceFiles DeviceSession::files()
 {
     return DeviceFiles(d->calls());

@@ -113,6 +113,16 @@ public:
     upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     /// @}
 
+    /// \name Log
+    /// @{
+
+    /// Sets whether the lines that are logged about the device, under tavoro.control, contain the
+    /// bodies of requests, answers and reports. The default is SessionOptions::logsBodies. Applies
+    /// to all lines about the device while the session exists, also to those of other users of the
+    /// control library.
+    void setBodiesLogged(bool areLogged);
+    /// @}
+
     /// \name Calls
     ///
     /// Each call is carried out in the background. The calls of a device are carried out in the

@@ -4,6 +4,7 @@
 #include "logging_p.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavorocontrol/bodylog.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -38,7 +39,6 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
                                            std::shared_ptr<BizModel::Device> known)
     : host(wantedHost),
       port(wantedPort),
-      device(std::move(known)),
       m_shared(shared),
       m_options(options),
       m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
@@ -47,8 +47,10 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
       m_reading(shared, m_reads, options, *this),
       m_follower(m_reads, shared.courier,
                  [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_logsBodies(options.logsBodies),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
+    setDevice(std::move(known));
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
@@ -58,6 +60,7 @@ DeviceSessionPrivate::~DeviceSessionPrivate()
 {
     q = nullptr;
     close(translated(closedReason));
+    setDevice(nullptr);
 }
 
 QString DeviceSessionPrivate::name() const
@@ -178,10 +181,27 @@ void DeviceSessionPrivate::takeDevice()
     const auto connectedDevice = listedDevice(info);
     connectedDevice->setIPAddress(QString::fromStdString(info.ip));
     connectedDevice->updateDeviceBaseInfo(info);
-    const bool isOther = std::exchange(device, connectedDevice) != connectedDevice;
-    if (isOther)
+    if (device != connectedDevice) {
+        setDevice(connectedDevice);
         m_reportedName.clear();
+    }
     reportDevice();
+}
+
+void DeviceSessionPrivate::setDevice(std::shared_ptr<BizModel::Device> known)
+{
+    if (device)
+        Control::setBodiesLogged(device, true);
+    device = std::move(known);
+    if (device)
+        Control::setBodiesLogged(device, m_logsBodies);
+}
+
+void DeviceSessionPrivate::setBodiesLogged(bool areLogged)
+{
+    m_logsBodies = areLogged;
+    if (device)
+        Control::setBodiesLogged(device, areLogged);
 }
 
 void DeviceSessionPrivate::reportDevice()

@@ -34,6 +34,7 @@ public:
     const ControlWatch &control() const { return m_control; }
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<bool> modelUpdate();
+    void setBodiesLogged(bool areLogged);
 
     QString name() const;
     QString address() const;
@@ -54,6 +55,7 @@ private:
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
     void takeDevice();
     void setOnline(bool isOnline);
+    void setDevice(std::shared_ptr<BizModel::Device> known);
     void reportDevice();
     void followed(quint64 noted, bool isComplete);
 
@@ -87,6 +89,7 @@ private:
     ModelFollower m_follower;
     ModelUpdates m_updates;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
+    bool m_logsBodies;
     QString m_reportedName; ///< The name that deviceChanged() has reported.
     std::shared_ptr<DeviceSessionPrivate *> m_self; ///< For posts that may arrive too late.
 };

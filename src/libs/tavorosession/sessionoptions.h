@@ -30,6 +30,9 @@ struct SessionOptions {
     /// How long an upgrade may continue without a report of its progress, for example while the
     /// device restarts.
     Milliseconds upgradeTime{300000};
+    /// Whether the log contains the bodies of requests, answers and reports, see
+    /// DeviceSession::setBodiesLogged().
+    bool logsBodies = false;
     /// Options of the channels that the session opens.
     SSProxy::ChannelOptions channel;
 };
