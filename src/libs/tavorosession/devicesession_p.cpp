@@ -47,6 +47,10 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
       m_reading(shared, m_reads, options, *this),
       m_follower(m_reads, shared.courier,
                  [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_poll(options.poll,
+             [this](const Operations::Scope &scope, std::function<void()> ended) {
+                 m_follower.poll(scope, std::move(ended));
+             }),
       m_logsBodies(options.logsBodies),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
@@ -162,6 +166,7 @@ void DeviceSessionPrivate::connected(quint64 connections)
     target.device = device;
     target.channel = channel;
     target.connections = connections;
+    target.reports = std::make_shared<ReportCounts>(channel);
     m_target = std::make_shared<const CallTarget>(std::move(target));
     setOnline(true);
     m_control.setTarget(m_target);
@@ -258,6 +263,11 @@ void DeviceSessionPrivate::readingProgressed(double share)
         Q_EMIT q->readProgressChanged(share);
 }
 
+void DeviceSessionPrivate::readingOutdated(const std::vector<Operations::Scope> &scopes)
+{
+    m_follower.note(scopes);
+}
+
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
 {
     reportDevice();
@@ -276,6 +286,7 @@ void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reaso
 {
     if (kind == state.kind)
         return setDetails(reason, pause);
+    m_poll.setActive(kind == DeviceState::Ready);
     const QDateTime now = QDateTime::currentDateTime();
     state = {kind, reason, now,
              pause > Milliseconds::zero() ? now.addMSecs(pause.count()) : QDateTime()};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundpoll_p.h"
 #include "controlwatch_p.h"
 #include "devicecalls_p.h"
 #include "devicereading_p.h"
@@ -61,6 +62,7 @@ private:
 
     void readingStarted() override;
     void readingProgressed(double share) override;
+    void readingOutdated(const std::vector<Operations::Scope> &scopes) override;
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;
 
@@ -88,6 +90,7 @@ private:
     DeviceReading m_reading;
     ModelFollower m_follower;
     ModelUpdates m_updates;
+    BackgroundPoll m_poll;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
     bool m_logsBodies;
     QString m_reportedName; ///< The name that deviceChanged() has reported.
