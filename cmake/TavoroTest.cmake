@@ -1,5 +1,6 @@
-# tavoro_add_test(NAME [SOURCES ...] [LIBRARIES ...] [LABELS ...])
+# tavoro_add_test(NAME [SOURCES ...] [LIBRARIES ...] [LABELS ...] [HEADERS TARGET])
 # Adds the Qt Test program tst_NAME from NAME/tst_NAME.cpp in the calling folder; CTest runs it under the name NAME.
+# HEADERS names the precompiled headers, tavoro_testheaders by default.
 # Tests with the label "threads" also run under ThreadSanitizer. The target threaded_tests builds only these.
 add_custom_target(threaded_tests)
 
@@ -8,7 +9,7 @@ set(tavoro_long_tests
     codecequivalence devicestorefaults devicestoresyscalls faultmemory faultoperations tavorosimfoldercalls)
 
 function(tavoro_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;LABELS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "HEADERS" "SOURCES;LIBRARIES;LABELS")
     set(source ${CMAKE_CURRENT_SOURCE_DIR}/${name}/tst_${name}.cpp)
     # Calls moc directly: automoc would start two more programs and compile one more file for each test.
     set(moc ${CMAKE_CURRENT_BINARY_DIR}/moc/tst_${name}.moc)
@@ -17,7 +18,10 @@ function(tavoro_add_test name)
     target_include_directories(tst_${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc)
     # Otherwise Qt Test includes all of Qt Network in tests that link it, for comparisons that no test uses.
     target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB)
-    target_precompile_headers(tst_${name} REUSE_FROM tavoro_testheaders)
+    if(NOT arg_HEADERS)
+        set(arg_HEADERS tavoro_testheaders)
+    endif()
+    target_precompile_headers(tst_${name} REUSE_FROM ${arg_HEADERS})
     target_compile_definitions(tst_${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
     target_link_libraries(tst_${name} PRIVATE
         tavoro_settings tavoro_testsupport Qt${QT_VERSION_MAJOR}::Test ${arg_LIBRARIES})

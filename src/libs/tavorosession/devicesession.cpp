@@ -1,4 +1,6 @@
 #include "devicesession_p.h"
+#include "namedcall_p.h"
+#include "statetext_p.h"
 
 #include <tavorobizmodel/device.h>
 
@@ -21,6 +23,7 @@ DeviceSession::~DeviceSession()
 
 // clang-format off
 DeviceState DeviceSession::state() const                          { return d->state; }
+QString     DeviceSession::stateText() const                      { return SessionInternal::stateText(d->state, name()); }
 double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
 QString     DeviceSession::name() const                           { return d->name(); }
 QString     DeviceSession::address() const                        { return d->address(); }
@@ -36,6 +39,35 @@ bool DeviceSession::isControlledByOthers() const
     return d->isControlledByOthers;
 }
 
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments));
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
+                                                                 const QString &name,
+                                                                 const QStringList &arguments)
+{
+    return start(std::make_shared<NamedCall>(name, arguments), key);
+}
+
+DeviceFiles DeviceSession::files()
+{
+    return DeviceFiles(*d);
+}
+
+TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+DeviceSession::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
+{
+    return d->upgrade(upgrade);
+}
+
+PendingCall<bool> DeviceSession::modelUpdate()
+{
+    return d->modelUpdate();
+}
+
 PendingCall<Outcome> DeviceSession::takeControl()
 {
     return d->requestControl(SSProxy::ControlAction::Take);
@@ -49,6 +81,11 @@ PendingCall<Outcome> DeviceSession::forceControl()
 PendingCall<Outcome> DeviceSession::releaseControl()
 {
     return d->requestControl(SSProxy::ControlAction::GiveUp);
+}
+
+PendingCall<Answer<QString>> DeviceSession::readControlHolder()
+{
+    return d->readControlHolder();
 }
 
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)

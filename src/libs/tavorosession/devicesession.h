@@ -1,15 +1,21 @@
 #pragma once
 
+#include <tavorosession/devicefiles.h>
 #include <tavorosession/devicestate.h>
 #include <tavorosession/export.h>
 #include <tavorosession/operationcall.h>
 #include <tavorosession/outcome.h>
 #include <tavorosession/pendingcall.h>
+#include <tavorosession/trackedcall.h>
+
+#include <tavorocontrol/proto/auxiliary.h>
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <string>
 #include <type_traits>
 #include <utility>
 
@@ -38,6 +44,8 @@ public:
 
     /// What the session does, why, since when, and when it tries again.
     DeviceState state() const;
+    /// The sentence for the user about state(). It names the device. Translated.
+    QString stateText() const;
     /// True if the device is connected and has been read.
     bool isReady() const { return state().kind == DeviceState::Ready; }
     /// The share of the reading that is done, from 0 to 1; 0 unless the state is Reading.
@@ -81,6 +89,28 @@ public:
     /// Gives control up. Without effect if this client does not hold it. See also
     /// SessionOptions::controlIdleTime.
     PendingCall<Outcome> releaseControl();
+    /// Asks the device which client holds control, without requesting it. The record is the
+    /// client's address and port, such as 192.0.2.9:50000; empty if no client holds control. This
+    /// program is the holder if the record is not empty and isControlledByOthers() is false.
+    PendingCall<Answer<QString>> readControlHolder();
+    /// @}
+
+    /// \name Files and upgrades
+    /// @{
+
+    /// The files of the device: transfers of their contents, and presets.
+    DeviceFiles files();
+
+    /// Starts a firmware upgrade from a package that the device holds (0xFC08), and reads its
+    /// progress five times per second until it has ended (0xFC09). It continues when the connection
+    /// is lost or the device restarts.
+    ///
+    /// The outcome is Refused if the device refused to start, or if the upgrade has failed; the
+    /// record then says how far it got. It is Unknown if the device has not reported a progress for
+    /// SessionOptions::upgradeTime. A device cannot stop an upgrade: cancelling one that has begun
+    /// only ends the reading of its progress.
+    TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+    upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     /// @}
 
     /// \name Calls
@@ -146,6 +176,29 @@ public:
         return start(SessionInternal::makeCall(operation, std::forward<Arguments>(arguments)...),
                      key);
     }
+
+    /// Calls an operation by its name in the table of operations, with JSON, see
+    /// Operations::Operation::prepare(). The record of the answer is JSON; it is empty for a write.
+    /// If the name or an argument is not valid, the outcome is NotSent, and its reason says what is
+    /// wrong.
+    PendingCall<Answer<std::string>> callByName(const QString &name,
+                                                const QStringList &arguments = {});
+    /// Does the same, and replaces a waiting call with the same \a key as callLatest() does.
+    PendingCall<Answer<std::string>> callLatestByName(const QString &key, const QString &name,
+                                                      const QStringList &arguments = {});
+
+    /// Ends when the model contains what the calls that have ended until now have changed. It does
+    /// so at once if nothing has to be read. While the connection is lost, it waits for the next
+    /// reading.
+    /// \code
+    /// wall->call(&Control::Layer::writeWindow, {window}).then(this, [=](const Outcome &outcome) {
+    ///     if (outcome)
+    ///         wall->modelUpdate().then(this, [=](bool isComplete) { show(wall->device()); });
+    /// });
+    /// \endcode
+    /// The result is false if the device could not be read completely, or if the session was
+    /// closed before.
+    PendingCall<bool> modelUpdate();
     /// @}
 
 Q_SIGNALS:

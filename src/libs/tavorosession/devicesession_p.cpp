@@ -1,6 +1,7 @@
 #include "devicesession_p.h"
 
 #include "controljob_p.h"
+#include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
 
@@ -66,7 +67,8 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               }),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier, [this](bool isComplete) { followed(isComplete); }),
+      m_follower(m_reads, shared.courier,
+                 [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
     state.since = QDateTime::currentDateTime();
@@ -134,6 +136,9 @@ void DeviceSessionPrivate::close(const QString &reason)
     DeviceManager::instance()->removeDeviceChannel(closed);
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
+    m_updates.endAll();
+    for (const auto &upgrade : std::exchange(m_upgrades, {}))
+        upgrade->end(reason);
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -147,6 +152,42 @@ void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QStr
     m_calls.start(job, key);
 }
 
+void DeviceSessionPrivate::startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker)
+{
+    tracker.setCancelHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), job] {
+        if (const auto self = weak.lock())
+            (*self)->m_calls.cancel(job);
+    });
+    m_calls.start(job, {});
+}
+
+TrackedCall<UpgradeCall::Result>
+DeviceSessionPrivate::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
+{
+    UpgradeCall::Session session;
+    session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
+        job->isQuiet = isQuiet;
+        m_calls.start(job, {});
+    };
+    session.report = [this](const CallResult &result, const QString &label) {
+        const Outcome outcome = makeOutcome(result, label, false);
+        report(outcome);
+        return outcome;
+    };
+    session.isConnected = [this] {
+        return m_target != nullptr;
+    };
+    const auto ended = [](const auto &each) {
+        return each->hasEnded();
+    };
+    m_upgrades.erase(std::remove_if(m_upgrades.begin(), m_upgrades.end(), ended), m_upgrades.end());
+    m_upgrades.push_back(std::make_shared<UpgradeCall>(std::move(session), m_options.upgradeTime));
+    const auto started = m_upgrades.back();
+    auto pending = started->pending();
+    started->start(upgrade);
+    return pending;
+}
+
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
 {
     const auto job = std::make_shared<ControlJob>(action);
@@ -154,6 +195,22 @@ PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction
     if (action == SSProxy::ControlAction::GiveUp)
         m_controlIdle.stop();
     m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<Answer<QString>> DeviceSessionPrivate::readControlHolder()
+{
+    const auto job = std::make_shared<HolderJob>();
+    PendingCall<Answer<QString>> pending(job->future());
+    m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<bool> DeviceSessionPrivate::modelUpdate()
+{
+    PendingCall<bool> pending = m_updates.wait(m_follower.noted());
+    if (!channel)
+        m_updates.endAll();
     return pending;
 }
 
@@ -190,6 +247,9 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
 {
     if (m_target)
         return lost(DeviceState::Lost, reason, pause);
+    const bool hasFailed = pause > Milliseconds::zero() || !state.reason.isEmpty();
+    if (!hasFailed)
+        return; // during the first attempt there is no reason yet
     setDetails(reason, pause);
 }
 
@@ -237,6 +297,7 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_target = nullptr;
     m_reading.stop();
     m_follower.setTarget(nullptr);
+    m_updates.lost(m_follower.noted());
     m_controlIdle.stop();
     followControl();
     setOnline(false);
@@ -257,8 +318,9 @@ void DeviceSessionPrivate::readAgain()
 }
 
 /// A write may have renamed the device.
-void DeviceSessionPrivate::followed(bool isComplete)
+void DeviceSessionPrivate::followed(quint64 noted, bool isComplete)
 {
+    m_updates.followed(noted, isComplete);
     reportDevice();
     if (!isComplete)
         readAgain();
@@ -266,6 +328,7 @@ void DeviceSessionPrivate::followed(bool isComplete)
 
 void DeviceSessionPrivate::readingStarted()
 {
+    m_updates.readingStarted(m_follower.noted());
     readProgress = 0;
     setState(DeviceState::Reading);
 }
@@ -287,6 +350,7 @@ void DeviceSessionPrivate::readingEnded(const QString &failures)
 {
     reportDevice();
     setState(DeviceState::Ready, failures);
+    m_updates.readingEnded(failures.isEmpty());
 }
 
 void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,
@@ -317,22 +381,35 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
         Q_EMIT q->stateDetailsChanged();
 }
 
-void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+Outcome DeviceSessionPrivate::makeOutcome(const CallResult &result, const QString &label,
+                                          bool isReplaced) const
 {
     OutcomeData data;
     data.kind = result.kind;
     data.status = result.status;
     data.reason = result.reason;
-    data.operation = job.label();
+    data.operation = label;
     data.deviceName = name();
     data.isReplaced = isReplaced;
-    const Outcome outcome = makeOutcome(data);
-    noteUse(job, result);
-    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
-        m_follower.note(job.operation->changes());
+    data.isCanceled = result.isCanceled;
+    return SessionInternal::makeOutcome(data);
+}
+
+void DeviceSessionPrivate::report(const Outcome &outcome)
+{
     qCInfo(sessionLog).noquote() << outcome.text();
     if (q)
         Q_EMIT q->callFinished(outcome);
+}
+
+void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+{
+    const Outcome outcome = makeOutcome(result, job.label(), isReplaced);
+    noteUse(job, result);
+    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
+        m_follower.note(job.operation->changes());
+    if (!job.isQuiet)
+        report(outcome);
     if (job.observer)
         job.observer(outcome, result);
     job.operation->finish(outcome, !job.hasRun);

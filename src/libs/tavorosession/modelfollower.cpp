@@ -91,6 +91,7 @@ void ModelFollower::note(const std::vector<Scope> &scopes)
 {
     if (!m_target || scopes.empty())
         return;
+    ++m_noted;
     m_scopes.insert(m_scopes.end(), scopes.begin(), scopes.end());
     if (!m_timer.isActive())
         m_timer.start();
@@ -98,13 +99,13 @@ void ModelFollower::note(const std::vector<Scope> &scopes)
 
 void ModelFollower::read()
 {
-    const auto finished = [weak =
-                               std::weak_ptr<ModelFollower *>(m_self)](const FollowingRead &ended) {
+    const auto finished = [weak = std::weak_ptr<ModelFollower *>(m_self),
+                           noted = m_noted](const FollowingRead &ended) {
         const auto self = weak.lock();
         if (!self || (*self)->m_target != ended.target)
             return; // the whole device is read after a loss
         apply(ended);
-        (*self)->m_finished(!ended.hasFailed);
+        (*self)->m_finished(noted, !ended.hasFailed);
     };
     m_lane->append(std::make_shared<FollowingRead>(
         m_target, Operations::readsFor(std::exchange(m_scopes, {})), m_courier, finished));

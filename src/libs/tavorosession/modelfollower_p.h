@@ -16,9 +16,9 @@ namespace Tavoro::SessionInternal {
 /// as differences. Writes that follow each other closely are bundled. On the session's thread.
 class ModelFollower {
 public:
-    /// Called when what was read has been applied. If \a isComplete is false, a read has failed,
-    /// and the model may differ from the device.
-    using FinishedHandler = std::function<void(bool isComplete)>;
+    /// Called when what the first \a noted writes have changed was applied. If \a isComplete is
+    /// false, a read has failed, and the model may differ from the device.
+    using FinishedHandler = std::function<void(quint64 noted, bool isComplete)>;
 
     /// Reads in \a lane, which it shares with the reading of the whole device: what was read first
     /// is applied first.
@@ -30,6 +30,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target);
     /// A write has changed \a scopes, or may have.
     void note(const std::vector<Operations::Scope> &scopes);
+    /// Number of writes that were noted since the follower was created.
+    quint64 noted() const { return m_noted; }
 
 private:
     void read();
@@ -39,6 +41,7 @@ private:
     const FinishedHandler m_finished;
     std::shared_ptr<const CallTarget> m_target;
     std::vector<Operations::Scope> m_scopes; ///< Changed, and not read yet.
+    quint64 m_noted = 0;
     QTimer m_timer; ///< Runs while scopes are collected.
     std::shared_ptr<ModelFollower *> m_self; ///< For posts that may arrive too late.
 };

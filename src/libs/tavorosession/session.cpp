@@ -52,12 +52,6 @@ public:
     QMetaObject::Connection discovery;
 
     Shared shared() { return {pool, courier, readQueue}; }
-    bool hasSession(const BizModel::Device &device) const
-    {
-        return std::any_of(devices.begin(), devices.end(), [&](const DeviceSession *session) {
-            return session->device().get() == &device;
-        });
-    }
 };
 
 Session::Session(const SessionOptions &options, QObject *parent)
@@ -97,7 +91,7 @@ QList<DeviceSession *> Session::openListed()
     QList<DeviceSession *> opened;
     for (const auto &listed : BizModel::DeviceList::instance()->devices()) {
         const auto device = listed.lock();
-        if (!device || device->IPAddress().isEmpty() || d->hasSession(*device))
+        if (!device || device->IPAddress().isEmpty() || find(device))
             continue;
         SessionOptions options = d->options;
         options.channel.identity = ProtoModel::identityKey(device->deviceBaseInfo());
@@ -153,6 +147,15 @@ DeviceSession *Session::add(std::unique_ptr<DeviceSessionPrivate> data)
 QList<DeviceSession *> Session::devices() const
 {
     return d->devices;
+}
+
+DeviceSession *Session::find(const std::shared_ptr<BizModel::Device> &device) const
+{
+    const auto found =
+        std::find_if(d->devices.cbegin(), d->devices.cend(), [&](const DeviceSession *session) {
+            return device && session->device() == device;
+        });
+    return found == d->devices.cend() ? nullptr : *found;
 }
 
 PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devices,

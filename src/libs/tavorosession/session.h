@@ -59,6 +59,8 @@ public:
 
     /// The sessions of all devices, in the order in which they were opened.
     QList<DeviceSession *> devices() const;
+    /// The session of a device of the model; null if there is none.
+    DeviceSession *find(const std::shared_ptr<BizModel::Device> &device) const;
 
     /// Calls an operation on several devices, see DeviceSession::call(). The calls are sent
     /// together: each waits until the others can be sent as well, but at most half a second. The

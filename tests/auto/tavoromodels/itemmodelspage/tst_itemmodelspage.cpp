@@ -6,6 +6,8 @@
 #include <tavoromodels/edithandler.h>
 #include <tavoromodels/layersmodel.h>
 #include <tavoromodels/screensmodel.h>
+#include <tavoromodels/sessionedithandler.h>
+#include <tavorosession/session.h>
 
 #include <QJsonDocument>
 #include <QtTest>
@@ -65,6 +67,7 @@ private Q_SLOTS:
     void everySnippetIsCompiled();
     void snippetsOfModelsWork();
     void snippetOfAHandlerWorks();
+    void snippetOfASessionWorks();
 };
 
 void tst_ItemModelsPage::everySnippetIsCompiled()
@@ -115,6 +118,16 @@ void tst_ItemModelsPage::snippetOfAHandlerWorks()
     QVERIFY(!screens.setData(screens.index(0), 1, screens.role("selected")));
     QVERIFY(screens.setData(screens.index(0), 1, screens.role("freeze")));
     QCOMPARE(lastWrite.value(QStringLiteral("freeze")).toInt(), 1);
+}
+
+void tst_ItemModelsPage::snippetOfASessionWorks()
+{
+    Session session;
+    SessionEditHandler editor(session);
+    ScreensModel screens;
+    screens.setEditHandler(&editor);
+    QVERIFY(editor.canEdit(ObjectKind::Screen, QStringLiteral("freeze")));
+    QVERIFY(!editor.canEdit(ObjectKind::Screen, QStringLiteral("screenId")));
 }
 
 QTEST_GUILESS_MAIN(tst_ItemModelsPage)

@@ -1,0 +1,48 @@
+#include "namedcall_p.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace Tavoro::SessionInternal {
+
+namespace {
+
+Operations::PreparedCall prepared(const std::optional<Operations::Operation> &operation,
+                                  const QString &name, const QStringList &arguments)
+{
+    if (operation)
+        return operation->prepare(arguments);
+    Operations::PreparedCall unknown;
+    unknown.fault =
+        QCoreApplication::translate("Tavoro::Outcome", "unknown operation \"%1\"").arg(name);
+    return unknown;
+}
+
+} // namespace
+
+NamedCall::NamedCall(const QString &name, const QStringList &arguments)
+    : m_operation(Operations::find(name)), m_call(prepared(m_operation, name, arguments))
+{
+    m_promise.reportStarted();
+}
+
+bool NamedCall::run(const std::weak_ptr<BizModel::Device> &device, QString &error)
+{
+    if (!m_call.run) {
+        error = m_call.fault;
+        return false;
+    }
+    Operations::CallResult result = m_call.run(device);
+    m_answer = std::move(result.answer);
+    error = result.error;
+    return result.ok;
+}
+
+void NamedCall::finish(const Outcome &outcome, bool mayRun)
+{
+    m_promise.reportResult(Result(outcome, mayRun ? std::string() : std::move(m_answer)));
+    m_promise.reportFinished();
+}
+
+} // namespace Tavoro::SessionInternal
