@@ -8,6 +8,7 @@ namespace Tavoro::Ctl {
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments);
 ExitStatus runCall(Tool &tool, const Arguments &arguments);
+ExitStatus runControl(Tool &tool, const Arguments &arguments);
 ExitStatus runDiscover(Tool &tool, const Arguments &arguments);
 ExitStatus runFiles(Tool &tool, const Arguments &arguments);
 ExitStatus runHelp(Tool &tool, const Arguments &arguments);

@@ -101,6 +101,9 @@ void tst_TavoroCtlJson::outputOfEveryCommandIsValid_data()
     QTest::newRow("batch")            << QByteArrayList{"done"}            << QByteArray("batch HOST");
     QTest::newRow("call")             << QByteArrayList{"files"}           << QByteArray("call HOST File.readDetails -1 -1");
     QTest::newRow("call of a write")  << QByteArrayList{"done"}            << QByteArray(R"(call HOST Device.writeSwap {"swap":1})");
+    QTest::newRow("call of a dry run") << QByteArrayList{"request"}        << QByteArray(R"(call --dry-run HOST Device.writeSwap {"swap":1})");
+    QTest::newRow("control")          << QByteArrayList{"holder"}          << QByteArray("control HOST who");
+    QTest::newRow("control release")  << QByteArrayList{"done"}            << QByteArray("control HOST release");
     QTest::newRow("discover")         << QByteArrayList{"devices"}         << QByteArray("discover TARGET");
     QTest::newRow("files")            << QByteArrayList{"files"}           << QByteArray("files HOST");
     QTest::newRow("help")             << QByteArrayList{"program"}         << QByteArray("help");

@@ -1,0 +1,68 @@
+#include "objectidentity.h"
+
+#include <algorithm>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+using Operations::ScopeKind;
+
+struct IdentityRow {
+    ScopeKind kind;
+    const char *holder; ///< The key of a member that holds the identity; empty if none does.
+    const char *keys; ///< The keys of the identity.
+};
+
+// clang-format off
+constexpr IdentityRow rows[] = {
+    {ScopeKind::Device,     "",            ""},
+    {ScopeKind::Interfaces, "interfaceId", "slotId connectorId splitId"},
+    {ScopeKind::Files,      "",            "fileType fileId"},
+    {ScopeKind::Screens,    "",            "screenType screenId"},
+    {ScopeKind::Layers,     "layerIdenti", "screenType screenId sceneType layerType layerId"},
+};
+// clang-format on
+
+const IdentityRow &rowOf(ScopeKind kind)
+{
+    return rows[static_cast<std::size_t>(kind)];
+}
+
+QStringList keysOf(const IdentityRow &row)
+{
+    return QString::fromLatin1(row.keys).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+QJsonObject identityKeys(ScopeKind kind, const QJsonObject &record)
+{
+    const IdentityRow &row = rowOf(kind);
+    const QString holder = QLatin1String(row.holder);
+    if (record.contains(holder))
+        return {{holder, record.value(holder)}};
+    QJsonObject found;
+    for (const QString &key : keysOf(row)) {
+        if (record.contains(key))
+            found.insert(key, record.value(key));
+    }
+    return found;
+}
+
+QJsonObject identityOf(ScopeKind kind, const QJsonObject &record)
+{
+    const QJsonObject keys = identityKeys(kind, record);
+    const QString holder = QLatin1String(rowOf(kind).holder);
+    return keys.contains(holder) ? keys.value(holder).toObject() : keys;
+}
+
+bool identifies(ScopeKind kind, const QJsonObject &record)
+{
+    const QJsonObject identity = identityOf(kind, record);
+    const QStringList keys = keysOf(rowOf(kind));
+    return std::all_of(keys.begin(), keys.end(),
+                       [&](const QString &key) { return identity.contains(key); });
+}
+
+} // namespace Tavoro::Ctl
