@@ -1,5 +1,9 @@
 #include "objectidentity.h"
 
+#include <tavoroctl/output/labels.h>
+
+#include <QStringList>
+
 #include <algorithm>
 
 namespace Tavoro::Ctl {
@@ -63,6 +67,36 @@ bool identifies(ScopeKind kind, const QJsonObject &record)
     const QStringList keys = keysOf(rowOf(kind));
     return std::all_of(keys.begin(), keys.end(),
                        [&](const QString &key) { return identity.contains(key); });
+}
+
+QString objectName(ScopeKind kind, const QJsonObject &record)
+{
+    const QJsonObject identity = identityOf(kind, record);
+    const auto value = [&](const char *key) {
+        return identity.value(QLatin1String(key)).toInt();
+    };
+    ProtoModel::s_ScreenId screen;
+    screen.screenId = static_cast<quint8>(value("screenId"));
+    screen.screenType = value("screenType");
+    switch (kind) {
+    case ScopeKind::Device:
+        return QStringLiteral("device");
+    case ScopeKind::Interfaces:
+        return QStringLiteral("interface %1.%2.%3")
+            .arg(value("slotId"))
+            .arg(value("connectorId"))
+            .arg(value("splitId"));
+    case ScopeKind::Files:
+        return QStringLiteral("file %1:%2").arg(value("fileType")).arg(value("fileId"));
+    case ScopeKind::Screens:
+        return QStringLiteral("screen ") + idOf(screen);
+    case ScopeKind::Layers:
+        return QStringLiteral("screen %1, %2, layer %3 (type %4)")
+            .arg(idOf(screen), sceneOf(value("sceneType")))
+            .arg(value("layerId"))
+            .arg(value("layerType"));
+    }
+    return {};
 }
 
 } // namespace Tavoro::Ctl

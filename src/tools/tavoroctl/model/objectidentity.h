@@ -3,7 +3,7 @@
 #include <tavorooperations/scope.h>
 
 #include <QJsonObject>
-#include <QStringList>
+#include <QString>
 
 namespace Tavoro::Ctl {
 
@@ -16,5 +16,8 @@ QJsonObject identityOf(Operations::ScopeKind kind, const QJsonObject &record);
 
 /// Whether the record identifies one object of \a kind.
 bool identifies(Operations::ScopeKind kind, const QJsonObject &record);
+
+/// "screen 1 (type 1)".
+QString objectName(Operations::ScopeKind kind, const QJsonObject &record);
 
 } // namespace Tavoro::Ctl

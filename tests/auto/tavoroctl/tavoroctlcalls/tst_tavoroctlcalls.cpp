@@ -62,7 +62,8 @@ void tst_TavoroCtlCalls::mergeKeepsWhatIsNotGiven_data()
         << QByteArray(R"([{"layerIdenti":{"screenId":1,"screenType":1,"layerId":1,"layerType":1,"sceneType":2},"window":{"x":100}}])") << layers
         << QByteArray(R"("window":{"x":0,"y":0,"width":1280,"height":1080})") << QByteArray(R"("window":{"x":100,"y":0,"width":1280,"height":1080})");
     QTest::newRow("screen")    << QByteArray("Screen.writeScreenGeneral") << QByteArray(R"([{"screenId":1,"screenType":1,"general":{"name":"East"}}])")
-        << screens << QByteArray(R"("general":{"name":"Main","nameGB2312":"Main","index":1})") << QByteArray(R"("general":{"name":"East","nameGB2312":"Main","index":1})");
+        << screens << QByteArray(R"("general":{"name":"Main","nameGB2312":"Main","index":1})")
+        << QByteArray(R"("general":{"name":"East","nameGB2312":"Main","index":1})");
     QTest::newRow("interface") << QByteArray("Interface.writeImageQuality")
         << QByteArray(R"([{"slotId":1,"connectorId":1,"splitId":0,"imageQuality":{"contrast":{"all":40}}}])") << interfaces
         << QByteArray(R"("imageQuality":{"contrast":{"all":50,)") << QByteArray(R"("imageQuality":{"contrast":{"all":40,)");
