@@ -43,5 +43,7 @@ function(tavoro_install_package)
         ${PROJECT_BINARY_DIR}/${tavoro_package}Config.cmake
         ${PROJECT_BINARY_DIR}/${tavoro_package}ConfigVersion.cmake
         DESTINATION ${tavoro_package_dir} COMPONENT Devel)
+    # For projects that use this build without installing it, such as that of docs/guide.md.
+    export(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: FILE ${PROJECT_BINARY_DIR}/${tavoro_package}Targets.cmake)
     install(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: DESTINATION ${tavoro_package_dir} COMPONENT Devel)
 endfunction()

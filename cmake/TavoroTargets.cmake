@@ -29,7 +29,7 @@ endif()
 
 # tavoro_precompiled_headers(NAME LIBRARY HEADERS ...)
 # Compiles headers that many targets include once; a target uses them with target_precompile_headers(... REUSE_FROM NAME).
-# They only save time: each source still includes what it uses, and the preset ci-clang-qt6 disables them.
+# They only save time: each source still includes what it uses, and the preset asan disables them.
 function(tavoro_precompiled_headers name library)
     add_executable(${name} EXCLUDE_FROM_ALL ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/headerowner.cpp)
     target_precompile_headers(${name} PRIVATE ${ARGN})
@@ -49,5 +49,6 @@ function(tavoro_library name alias)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:tavoro_settings>)
+    target_compile_features(${name} PUBLIC cxx_std_17) # for applications: the headers need it
     target_precompile_headers(${name} REUSE_FROM tavoro_coreheaders)
 endfunction()

@@ -13,7 +13,8 @@ DeviceProcess::DeviceProcess(const QString &program, const QStringList &argument
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     const QStringList ports{QStringLiteral("--port"), QStringLiteral("0"),
-                            QStringLiteral("--control-port"), QStringLiteral("0")};
+                            QStringLiteral("--control-port"), QStringLiteral("0"),
+                            QStringLiteral("--no-discovery")};
     m_process.start(program, ports + arguments);
     require(m_process.waitForStarted(), QStringLiteral("%1 does not start").arg(program));
     m_port = readPort(); // "listening on ADDRESS:PORT"

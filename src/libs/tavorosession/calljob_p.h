@@ -41,6 +41,7 @@ public:
     virtual QString label() const;
 
     const std::shared_ptr<PendingOperation> operation;
+    bool isQuiet = false; ///< The application learns nothing of this call.
     std::shared_ptr<GroupGate> gate; ///< Null unless the call belongs to a group.
     /// Gets the result of a call that belongs to a group.
     std::function<void(const Outcome &outcome, const CallResult &result)> observer;

@@ -63,6 +63,14 @@ void CallQueue::dropReplaced(const QString &key)
         endUnsent(former, reasonText(NotSentReason::Replaced), true);
 }
 
+void CallQueue::cancel(const JobPtr &job)
+{
+    if (job->hasEnded || !laneOf(*job).remove(job))
+        return;
+    job->hasRun = true;
+    end(job, notSent(NotSentReason::Canceled));
+}
+
 void CallQueue::finished(const JobPtr &job)
 {
     job->hasRun = true;

@@ -29,6 +29,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target, const QString &reason);
     /// Queues a call; a \a key replaces a waiting call with the same one.
     void start(std::shared_ptr<CallJob> job, const QString &key);
+    /// Ends a call that waits as cancelled; without effect on others.
+    void cancel(const std::shared_ptr<CallJob> &job);
     /// Ends the calls that wait as not sent.
     void endWaiting(const QString &reason);
     /// Ends all calls: those that wait as not sent, those under way as unknown.

@@ -59,6 +59,8 @@ constexpr NotSentRow notSentRows[] = {
 };
 // clang-format on
 
+constexpr char notReadable[] =
+    QT_TRANSLATE_NOOP("Tavoro::Outcome", "the answer of the device cannot be read");
 constexpr char notWhole[] =
     QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost before the last packet was sent");
 
@@ -105,7 +107,7 @@ void classify(CallResult &result, const Exchange &last, bool ok, const QString &
         result.reason = translated(notWhole);
     } else if (last.status == 0 && !ok && !isWrite(last)) { // the answer cannot be used
         result.kind = Outcome::Unknown;
-        result.reason = error;
+        result.reason = error.isEmpty() ? translated(notReadable) : error;
     } else if (last.status == 0) {
         setStatus(result, Outcome::Done, 0);
     } else if (!last.sent) {
@@ -131,7 +133,9 @@ QString reasonText(NotSentReason reason)
 
 CallResult notSent(NotSentReason reason)
 {
-    return notSent(reasonText(reason));
+    CallResult result = notSent(reasonText(reason));
+    result.isCanceled = reason == NotSentReason::Canceled;
+    return result;
 }
 
 CallResult refused(quint16 status)

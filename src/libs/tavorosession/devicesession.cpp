@@ -1,5 +1,6 @@
 #include "devicesession_p.h"
 #include "namedcall_p.h"
+#include "statetext_p.h"
 
 #include <tavorobizmodel/device.h>
 
@@ -22,6 +23,7 @@ DeviceSession::~DeviceSession()
 
 // clang-format off
 DeviceState DeviceSession::state() const                          { return d->state; }
+QString     DeviceSession::stateText() const                      { return SessionInternal::stateText(d->state, name()); }
 double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
 QString     DeviceSession::name() const                           { return d->name(); }
 QString     DeviceSession::address() const                        { return d->address(); }
@@ -48,6 +50,17 @@ PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &
                                                                  const QStringList &arguments)
 {
     return start(std::make_shared<NamedCall>(name, arguments), key);
+}
+
+DeviceFiles DeviceSession::files()
+{
+    return DeviceFiles(*d);
+}
+
+TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+DeviceSession::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
+{
+    return d->upgrade(upgrade);
 }
 
 PendingCall<bool> DeviceSession::modelUpdate()

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <tavorosession/devicefiles.h>
 #include <tavorosession/devicestate.h>
 #include <tavorosession/export.h>
 #include <tavorosession/operationcall.h>
 #include <tavorosession/outcome.h>
 #include <tavorosession/pendingcall.h>
+#include <tavorosession/trackedcall.h>
+
+#include <tavorocontrol/proto/auxiliary.h>
 
 #include <QObject>
 #include <QString>
@@ -40,6 +44,8 @@ public:
 
     /// What the session does, why, since when, and when it tries again.
     DeviceState state() const;
+    /// The sentence for the user about state(). It names the device. Translated.
+    QString stateText() const;
     /// True if the device is connected and has been read.
     bool isReady() const { return state().kind == DeviceState::Ready; }
     /// The share of the reading that is done, from 0 to 1; 0 unless the state is Reading.
@@ -87,6 +93,24 @@ public:
     /// client's address and port, such as 192.0.2.9:50000; empty if no client holds control. This
     /// program is the holder if the record is not empty and isControlledByOthers() is false.
     PendingCall<Answer<QString>> readControlHolder();
+    /// @}
+
+    /// \name Files and upgrades
+    /// @{
+
+    /// The files of the device: transfers of their contents, and presets.
+    DeviceFiles files();
+
+    /// Starts a firmware upgrade from a package that the device holds (0xFC08), and reads its
+    /// progress five times per second until it has ended (0xFC09). It continues when the connection
+    /// is lost or the device restarts.
+    ///
+    /// The outcome is Refused if the device refused to start, or if the upgrade has failed; the
+    /// record then says how far it got. It is Unknown if the device has not reported a progress for
+    /// SessionOptions::upgradeTime. A device cannot stop an upgrade: cancelling one that has begun
+    /// only ends the reading of its progress.
+    TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
+    upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     /// @}
 
     /// \name Calls

@@ -137,6 +137,8 @@ void DeviceSessionPrivate::close(const QString &reason)
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
     m_updates.endAll();
+    for (const auto &upgrade : std::exchange(m_upgrades, {}))
+        upgrade->end(reason);
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -148,6 +150,42 @@ void DeviceSessionPrivate::reconnectNow()
 void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QString &key)
 {
     m_calls.start(job, key);
+}
+
+void DeviceSessionPrivate::startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker)
+{
+    tracker.setCancelHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), job] {
+        if (const auto self = weak.lock())
+            (*self)->m_calls.cancel(job);
+    });
+    m_calls.start(job, {});
+}
+
+TrackedCall<UpgradeCall::Result>
+DeviceSessionPrivate::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
+{
+    UpgradeCall::Session session;
+    session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
+        job->isQuiet = isQuiet;
+        m_calls.start(job, {});
+    };
+    session.report = [this](const CallResult &result, const QString &label) {
+        const Outcome outcome = makeOutcome(result, label, false);
+        report(outcome);
+        return outcome;
+    };
+    session.isConnected = [this] {
+        return m_target != nullptr;
+    };
+    const auto ended = [](const auto &each) {
+        return each->hasEnded();
+    };
+    m_upgrades.erase(std::remove_if(m_upgrades.begin(), m_upgrades.end(), ended), m_upgrades.end());
+    m_upgrades.push_back(std::make_shared<UpgradeCall>(std::move(session), m_options.upgradeTime));
+    const auto started = m_upgrades.back();
+    auto pending = started->pending();
+    started->start(upgrade);
+    return pending;
 }
 
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
@@ -209,6 +247,9 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
 {
     if (m_target)
         return lost(DeviceState::Lost, reason, pause);
+    const bool hasFailed = pause > Milliseconds::zero() || !state.reason.isEmpty();
+    if (!hasFailed)
+        return; // during the first attempt there is no reason yet
     setDetails(reason, pause);
 }
 
@@ -340,22 +381,35 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
         Q_EMIT q->stateDetailsChanged();
 }
 
-void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+Outcome DeviceSessionPrivate::makeOutcome(const CallResult &result, const QString &label,
+                                          bool isReplaced) const
 {
     OutcomeData data;
     data.kind = result.kind;
     data.status = result.status;
     data.reason = result.reason;
-    data.operation = job.label();
+    data.operation = label;
     data.deviceName = name();
     data.isReplaced = isReplaced;
-    const Outcome outcome = makeOutcome(data);
-    noteUse(job, result);
-    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
-        m_follower.note(job.operation->changes());
+    data.isCanceled = result.isCanceled;
+    return SessionInternal::makeOutcome(data);
+}
+
+void DeviceSessionPrivate::report(const Outcome &outcome)
+{
     qCInfo(sessionLog).noquote() << outcome.text();
     if (q)
         Q_EMIT q->callFinished(outcome);
+}
+
+void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+{
+    const Outcome outcome = makeOutcome(result, job.label(), isReplaced);
+    noteUse(job, result);
+    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
+        m_follower.note(job.operation->changes());
+    if (!job.isQuiet)
+        report(outcome);
     if (job.observer)
         job.observer(outcome, result);
     job.operation->finish(outcome, !job.hasRun);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "callqueue_p.h"
+#include "callstarter_p.h"
 #include "devicereading_p.h"
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
 #include "shared_p.h"
+#include "upgradecall_p.h"
 
 #include <tavorosession/devicesession.h>
 #include <tavorosession/sessionoptions.h>
@@ -16,7 +18,7 @@ namespace Tavoro::SessionInternal {
 
 /// The state of one device session: follows its channel, reads the device, and passes calls on. On
 /// the session's thread.
-class DeviceSessionPrivate final : private DeviceReading::Events {
+class DeviceSessionPrivate final : public CallStarter, private DeviceReading::Events {
 public:
     DeviceSessionPrivate(const Shared &shared, const QString &host, quint16 port,
                          const SessionOptions &options,
@@ -30,6 +32,10 @@ public:
     void reconnectNow();
     void readAgain();
     void start(const std::shared_ptr<CallJob> &job, const QString &key);
+    void start(const std::shared_ptr<CallJob> &job) override { start(job, {}); }
+    void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker) override;
+    std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
+    TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<Answer<QString>> readControlHolder();
     PendingCall<bool> modelUpdate();
@@ -67,6 +73,8 @@ private:
     void setState(DeviceState::Kind kind, const QString &reason = {},
                   std::chrono::milliseconds pause = {});
     void setDetails(const QString &reason, std::chrono::milliseconds pause);
+    Outcome makeOutcome(const CallResult &result, const QString &label, bool isReplaced) const;
+    void report(const Outcome &outcome);
     void deliver(CallJob &job, const CallResult &result, bool isReplaced);
 
     const Shared m_shared;
@@ -76,6 +84,7 @@ private:
     DeviceReading m_reading;
     ModelFollower m_follower;
     ModelUpdates m_updates;
+    std::vector<std::shared_ptr<UpgradeCall>> m_upgrades;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
     QTimer m_controlIdle; ///< Runs since the last write, if control is given up by itself.
     QString m_reportedName; ///< The name that deviceChanged() has reported.

@@ -71,9 +71,10 @@ struct MethodTraits<bool (Class::*)(All...)> {
     template <std::size_t index>
     using Parameter = std::tuple_element_t<index, std::tuple<All..., void>>;
 
-    /// Operations have the error text last.
+    using Last = std::tuple_element_t<sizeof...(All), std::tuple<void, All...>>;
+    /// Operations have the error text last. One takes it by value.
     static constexpr bool isOperation =
-        std::is_same_v<std::tuple_element_t<sizeof...(All), std::tuple<void, All...>>, QString &>;
+        std::is_same_v<Last, QString &> || std::is_same_v<Last, QString>;
     /// Parameters without the error text.
     static constexpr std::size_t count = sizeof...(All) - isOperation;
     using Indices = std::make_index_sequence<count>;
@@ -111,21 +112,13 @@ constexpr bool areArguments()
         return false;
 }
 
-/// True for a write that takes its record by reference: the record must not be omitted, although
-/// the type of the operation is that of a read.
+/// True for a write in the table. Some take their record by reference, as reads do: then the record
+/// must not be omitted.
 template <class Method>
-bool isWriteByReference(Method method)
+bool isWrite(Method method)
 {
-    using Class = typename MethodTraits<Method>::Control;
-    if constexpr (std::is_same_v<Class, Control::Device>) {
-        if constexpr (std::is_same_v<Method, decltype(&Class::writeOutputMapping)>)
-            return method == &Class::writeOutputMapping;
-        return std::is_same_v<
-                   Method,
-                   decltype(&Class::
-                                writeZelk)> || std::is_same_v<Method, decltype(&Class::writeDynamicRangConversion)>;
-    }
-    return false;
+    const auto entry = Operations::find(method);
+    return entry && entry->direction() == Operations::Direction::Write;
 }
 
 template <class Method, class Indices = typename MethodTraits<Method>::Indices>
@@ -156,7 +149,7 @@ public:
                       "call(): the operation is not a member of a control class");
         setArguments(std::make_index_sequence<sizeof...(Given)>(), std::forward<Given>(given)...);
         if constexpr (sizeof...(Given) < Traits::count)
-            m_lacksRecord = isWriteByReference(method);
+            m_lacksRecord = isWrite(method);
         m_promise.reportStarted();
     }
 

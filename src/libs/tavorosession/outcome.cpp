@@ -22,6 +22,8 @@ constexpr SentenceRow sentences[] = {
 };
 // clang-format on
 
+constexpr char cancelled[] = QT_TRANSLATE_NOOP("Tavoro::Outcome", "%1: %2 was cancelled.");
+
 QString sentenceOf(Outcome::Kind kind)
 {
     for (const SentenceRow &row : sentences) {
@@ -53,6 +55,7 @@ quint16       Outcome::status() const     { return d->status; }
 QString       Outcome::reason() const     { return d->reason; }
 QString       Outcome::deviceName() const { return d->deviceName; }
 bool          Outcome::isReplaced() const { return d->isReplaced; }
+bool          Outcome::isCanceled() const { return d->isCanceled; }
 // clang-format on
 
 QString Outcome::operation() const
@@ -63,6 +66,9 @@ QString Outcome::operation() const
 
 QString Outcome::text() const
 {
+    if (kind() == NotSent && isCanceled())
+        return QCoreApplication::translate("Tavoro::Outcome", cancelled)
+            .arg(deviceName(), operation());
     const QString sentence = sentenceOf(kind());
     return kind() == Done ? sentence.arg(deviceName(), operation())
                           : sentence.arg(deviceName(), operation(), reason());

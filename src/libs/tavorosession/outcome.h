@@ -29,8 +29,8 @@ public:
     enum Kind {
         Done, ///< The device has carried it out. Nothing but an answer of the device leads here.
         Refused, ///< The device has refused it. Nothing has changed on the device.
-        NotSent, ///< The device has not received it and will not receive it later. Nothing has
-                 ///< changed on the device.
+        NotSent, ///< The device has not received it, or not all of it, and will not receive it
+                 ///< later. Nothing has changed on the device.
         Unknown, ///< The request was sent, but no valid answer was received, and the device could
                  ///< not say afterwards whether it has carried the operation out.
     };
@@ -70,6 +70,9 @@ public:
     /// True if the call was not sent because callLatest() replaced it by a newer one with the same
     /// key. Its kind is NotSent. Applications do not report it to the user.
     bool isReplaced() const;
+    /// True if the call ended because the application has cancelled it, see TrackedCall::cancel().
+    /// Its kind is NotSent, or Unknown for an upgrade that the device had begun.
+    bool isCanceled() const;
 
 private:
     QSharedDataPointer<SessionInternal::OutcomeData> d;

@@ -15,6 +15,7 @@ public:
     QString operation;
     QString deviceName;
     bool isReplaced = false;
+    bool isCanceled = false;
 };
 
 /// Makes an outcome from \a data.

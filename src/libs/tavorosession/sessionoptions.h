@@ -27,6 +27,9 @@ struct SessionOptions {
     /// Gives up control of the device after this time without a call that changes something. 0:
     /// keeps control until releaseControl().
     Milliseconds controlIdleTime{0};
+    /// How long an upgrade may continue without a report of its progress, for example while the
+    /// device restarts.
+    Milliseconds upgradeTime{300000};
     /// Options of the channels that the session opens.
     SSProxy::ChannelOptions channel;
 };

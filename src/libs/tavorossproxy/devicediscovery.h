@@ -23,7 +23,8 @@ struct DiscoveryTarget {
 /// How to search for devices on the network.
 struct DiscoveryOptions {
     /// Where to send requests. Empty: to the broadcast address of each network to which this
-    /// machine is connected at the time.
+    /// machine is connected at the time, and to 127.255.255.255, which simulated devices on this
+    /// machine answer.
     std::vector<DiscoveryTarget> targets;
     /// Pause between two requests, at most a day. 0: requests are sent only at the start and when
     /// the manager is refreshed.

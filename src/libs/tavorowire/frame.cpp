@@ -13,11 +13,11 @@ std::string_view bytesOf(const WireHead &head)
     return {reinterpret_cast<const char *>(&head), sizeof head};
 }
 
-WireHead withChecksums(WireHead head, std::string_view body, quint32 bodyChecksum)
+WireHead withChecksums(WireHead head, std::size_t bodySize, quint32 bodyChecksum)
 {
     head.flag = frameFlag;
     head.version = frameVersion;
-    head.bodyLength = static_cast<quint32>(body.size());
+    head.bodyLength = static_cast<quint32>(bodySize);
     head.checksumIndex = static_cast<quint8>(ChecksumIndex::Crc32);
     head.bodyChecksum = bodyChecksum;
     head.headChecksum = headChecksum(head);
@@ -34,7 +34,7 @@ quint16 headChecksum(WireHead head)
 
 WireHead withChecksums(WireHead head, std::string_view body)
 {
-    return withChecksums(head, body, crc32(body));
+    return withChecksums(head, body.size(), crc32(body));
 }
 
 QByteArray encodeFrame(const WireHead &head, std::string_view body)
@@ -47,11 +47,18 @@ QByteArray encodeFrame(const WireHead &head, std::string_view body)
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame)
 {
-    const WireHead wire = withChecksums(head, body, bodyChecksum);
+    const WireHead wire = withChecksums(head, body.size(), bodyChecksum);
     frame.resize(0);
     frame.reserve(static_cast<int>(sizeof wire + body.size()));
     frame.append(bytesOf(wire).data(), static_cast<int>(sizeof wire));
     frame.append(body.data(), static_cast<int>(body.size()));
+}
+
+void writeHead(const WireHead &head, quint32 bodyChecksum, QByteArray &frame)
+{
+    const auto size = static_cast<std::size_t>(frame.size()) - sizeof head;
+    const WireHead wire = withChecksums(head, size, bodyChecksum);
+    std::memcpy(frame.data(), &wire, sizeof wire);
 }
 
 void setNumber(QByteArray &frame, quint32 number)

@@ -17,6 +17,10 @@ QByteArray encodeFrame(const WireHead &head, std::string_view body = {});
 void encodeFrame(const WireHead &head, std::string_view body, quint32 bodyChecksum,
                  QByteArray &frame);
 
+/// Writes the head into \a frame, which consists of room for a head and of a body. \a bodyChecksum
+/// is crc32() of the body.
+void writeHead(const WireHead &head, quint32 bodyChecksum, QByteArray &frame);
+
 /// Sets the request number in the head of an encoded frame, and updates the head checksum.
 void setNumber(QByteArray &frame, quint32 number);
 

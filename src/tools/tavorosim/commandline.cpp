@@ -1,9 +1,11 @@
 #include "commandline.h"
 
 #include <tavorosim/console/console.h>
+#include <tavorosim/console/scenario.h>
 #include <tavorosim/faults/faulttable.h>
 #include <tavorosim/state/numbers.h>
 
+#include <QAbstractSocket>
 #include <QCommandLineParser>
 #include <QLoggingCategory>
 
@@ -70,6 +72,12 @@ bool setFilesFolder(SimOptions &options, const QString &value, QString & /*reaso
     return !value.isEmpty();
 }
 
+bool setScenario(SimOptions &options, const QString &value, QString &reason)
+{
+    options.scenario = value;
+    return readScenario(value, reason).has_value();
+}
+
 bool addFault(SimOptions &options, const QString &value, QString &reason)
 {
     const auto rule = parseFaultRule(value, reason);
@@ -84,7 +92,8 @@ constexpr OptionRow optionRows[] = {
     {"address",           "ADDRESS", "Listen on ADDRESS (127.0.0.1).",                                setAddress},
     {"port",              "PORT",    "Listen on PORT (6630); 0: any free port.",                      setNumber<&SimOptions::port, 0, 65535>},
     {"control-port",      "PORT",    "Console port, for this machine only; 0: any free port.",        setNumber<&SimOptions::controlPort, 0, 65535>},
-    {"discovery",         "PORT",    "Answer discovery requests on this UDP port; 0: any free port.", setNumber<&SimOptions::discoveryPort, 0, 65535>},
+    {"discovery",         "PORT",    "Answer discovery requests on this UDP port; 0: any free port. On a loopback address 6631 by default.",
+                                                                                                      setNumber<&SimOptions::discoveryPort, 0, 65535>},
     {"name",              "NAME",    "Device name.",                                                  setName},
     {"sn",                "DIGITS",  "Serial number, 16 hexadecimal digits.",                         setDigits<&SimOptions::sn>},
     {"mac",               "DIGITS",  "MAC address, 12 hexadecimal digits.",                           setDigits<&SimOptions::mac>},
@@ -95,6 +104,7 @@ constexpr OptionRow optionRows[] = {
     {"files",             "DIR",     "Keep files and the saved setup in the folder DIR.",             setFilesFolder},
     {"fault",             "RULE",    "Inject a fault (see below); may be given several times.",       addFault},
     {"seed",              "NUMBER",  "Seed for random faults (1).",                                   setNumber<&SimOptions::seed, 0, 4294967295>},
+    {"scenario",          "SCENE",   "Carry out a scenario (see below), or the one in the file SCENE.",  setScenario},
     {"inputs",            "COUNT",   "Input connectors (8), 1 to 4096.",                              setNumber<&SimOptions::inputs, 1, 4096>},
     {"outputs",           "COUNT",   "Output connectors (8), 1 to 4096.",                             setNumber<&SimOptions::outputs, 1, 4096>},
     {"screens",           "COUNT",   "Screens of all kinds (4), 0 to 255.",                           setNumber<&SimOptions::screens, 0, 255>},
@@ -103,6 +113,8 @@ constexpr OptionRow optionRows[] = {
 // clang-format on
 
 constexpr quint16 usualPort = 6630;
+constexpr quint16 usualDiscoveryPort = 6631;
+const QString noDiscovery = QStringLiteral("no-discovery");
 
 void describe(QCommandLineParser &parser)
 {
@@ -113,12 +125,14 @@ void describe(QCommandLineParser &parser)
         + QStringLiteral("  help, quit (standard input only)\n\n"
                          "RULE is FAULT[=VALUE][,code=CODE][,skip=N][,count=N][,share=PERCENT]. "
                          "Faults:\n")
-        + faultHelp());
+        + faultHelp()
+        + QStringLiteral("\nScenarios: %1.").arg(scenarioNames().join(QLatin1String(", "))));
     parser.addHelpOption();
     parser.addVersionOption();
     for (const OptionRow &row : optionRows)
         parser.addOption(
             {QLatin1String(row.name), QLatin1String(row.help), QLatin1String(row.valueName)});
+    parser.addOption({noDiscovery, QStringLiteral("Do not answer discovery requests.")});
     parser.addOption(
         {QStringLiteral("log"), QStringLiteral("Log each exchange on standard error.")});
     parser.addOption(
@@ -144,6 +158,17 @@ QString readOptions(const QCommandLineParser &parser, SimOptions &options)
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("\"%1\" is not an option.").arg(parser.positionalArguments().at(0));
     return {};
+}
+
+/// A device that listens on this machine only can be found by default. One that listens on a
+/// network appears there only on request.
+void setUsualDiscovery(const QCommandLineParser &parser, SimOptions &options)
+{
+    if (parser.isSet(noDiscovery))
+        options.discoveryPort = -1;
+    else if (options.discoveryPort < 0 && options.address.isLoopback()
+             && options.address.protocol() == QAbstractSocket::IPv4Protocol)
+        options.discoveryPort = usualDiscoveryPort;
 }
 
 void enableLog(const QCommandLineParser &parser)
@@ -174,6 +199,7 @@ CommandLine parseCommandLine(const QStringList &arguments)
         line.isValid = fault.isEmpty();
         if (!line.isValid)
             line.text = QStringLiteral("tavorosim: ") + fault;
+        setUsualDiscovery(parser, line.options);
         enableLog(parser);
     }
     return line;

@@ -14,8 +14,8 @@
 #include <memory>
 #include <optional>
 
-/// Sees whether the thread that created it was blocked: the longest gap between two shots of a
-/// timer of 10 ms.
+/// Sees whether the thread that created it was blocked: counts the shots of a timer of 10 ms, and
+/// measures the longest gap between two of them.
 class Heartbeat {
 public:
     Heartbeat()
@@ -27,13 +27,24 @@ public:
     }
     /// In milliseconds, up to now.
     qint64 longestGap() const { return std::max(m_longest, m_elapsed.elapsed()); }
+    /// Waits until the timer has fired \a count times more.
+    bool waitForBeats(int count = 10) const
+    {
+        return QTest::qWaitFor([this, wanted = m_beats + count] { return m_beats >= wanted; },
+                               60000);
+    }
 
 private:
-    void beat() { m_longest = std::max(m_longest, m_elapsed.restart()); }
+    void beat()
+    {
+        m_longest = std::max(m_longest, m_elapsed.restart());
+        ++m_beats;
+    }
 
     QTimer m_timer;
     QElapsedTimer m_elapsed;
     qint64 m_longest = 0;
+    int m_beats = 0;
 };
 
 /// A simulated device and a session. Each bench may give its device another identity.
@@ -91,6 +102,13 @@ public:
     bool addFault(const char *rule)
     {
         return execute(QStringLiteral("fault add ") + QLatin1String(rule));
+    }
+    /// Whether the device has rules left that contain \a text. A rule with a count is removed when
+    /// its exchanges have arrived.
+    bool hasFaults(const char *text = "")
+    {
+        const QString rules = running->simulator->execute(QStringLiteral("fault list")).text;
+        return !rules.isEmpty() && rules.contains(QLatin1String(text));
     }
 
     std::unique_ptr<RunningSimulator> running;

@@ -45,8 +45,7 @@ int tabOf(Kind kind)
 DetailsView::DetailsView(Selection &selection, Messages & /*messages*/, Changes &changes,
                          Actions & /*actions*/, QWidget *parent)
     : QWidget(parent),
-      m_edits(selection, changes),
-      m_rows(selection, m_edits),
+      m_rows(selection, changes),
       m_tabs(new QTabBar(this)),
       m_stack(new QStackedWidget(this))
 {
@@ -110,7 +109,7 @@ void DetailsView::showPage(int tab)
     if (!page.row.isValid())
         return m_stack->setCurrentIndex(0);
     if (!page.form) {
-        page.form = new DetailsForm({kind, m_rows.model(kind), m_edits, m_rows.inputs()});
+        page.form = new DetailsForm({kind, m_rows.model(kind), m_rows.edits(), m_rows.inputs()});
         page.area->setWidget(page.form);
         page.area->setMinimumWidth(page.form->minimumSizeHint().width()
                                    + page.area->verticalScrollBar()->sizeHint().width());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "changeedits.h"
 #include "selectedrows.h"
 
 #include <QWidget>
@@ -43,7 +42,6 @@ private:
     void update(Models::ObjectKind kind);
     void showPage(int tab);
 
-    ChangeEdits m_edits;
     SelectedRows m_rows;
     QTabBar *const m_tabs;
     QStackedWidget *const m_stack;

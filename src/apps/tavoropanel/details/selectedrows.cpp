@@ -38,13 +38,13 @@ bool isSameInterface(const ProtoModel::s_InterfaceID &one, const ProtoModel::s_I
 
 } // namespace
 
-SelectedRows::SelectedRows(const Selection &selection, Models::EditHandler &edits, QObject *parent)
-    : QObject(parent), m_selection(selection)
+SelectedRows::SelectedRows(const Selection &selection, Changes &changes, QObject *parent)
+    : QObject(parent), m_selection(selection), m_edits(changes)
 {
     m_inputs.setInterfaceType(inputType);
     for (const Kind kind : {Kind::Device, Kind::Interface, Kind::Screen, Kind::Layer, Kind::File}) {
         const Models::ObjectModel &rows = model(kind);
-        model(kind).setEditHandler(&edits);
+        model(kind).setEditHandler(&m_edits);
         const auto report = [this, kind] {
             Q_EMIT changed(kind);
         };
@@ -71,6 +71,7 @@ Models::ObjectModel &SelectedRows::model(Kind kind)
 void SelectedRows::followDevice()
 {
     disconnect(m_deviceConnection);
+    m_edits.setDevice(m_selection.device());
     if (const DeviceSession *const device = m_selection.device())
         m_deviceConnection =
             connect(device, &DeviceSession::deviceChanged, this, &SelectedRows::showDevice);

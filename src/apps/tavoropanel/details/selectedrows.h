@@ -1,7 +1,8 @@
 #pragma once
 
+#include <tavoropanel/undo/changeedits.h>
+
 #include <tavoromodels/devicesmodel.h>
-#include <tavoromodels/edithandler.h>
 #include <tavoromodels/filesmodel.h>
 #include <tavoromodels/interfacesmodel.h>
 #include <tavoromodels/layersmodel.h>
@@ -13,6 +14,7 @@
 
 namespace Tavoro::Panel {
 
+class Changes;
 class Selection;
 
 /// The item models of the selected device, and the rows of what is selected.
@@ -20,11 +22,13 @@ class SelectedRows : public QObject {
     Q_OBJECT
 
 public:
-    SelectedRows(const Selection &selection, Models::EditHandler &edits, QObject *parent = nullptr);
+    SelectedRows(const Selection &selection, Changes &changes, QObject *parent = nullptr);
 
     Models::ObjectModel &model(Models::ObjectKind kind);
     /// The row of the selected object of a kind; invalid if there is none.
     QModelIndex row(Models::ObjectKind kind) const;
+    /// Carries out the edits of the models.
+    Models::EditHandler &edits() { return m_edits; }
     /// The inputs of the device.
     Models::InterfacesModel &inputs() { return m_inputs; }
 
@@ -38,6 +42,7 @@ private:
     void showScene();
 
     const Selection &m_selection;
+    ChangeEdits m_edits;
     Models::DevicesModel m_devices;
     Models::InterfacesModel m_interfaces;
     Models::InterfacesModel m_inputs;

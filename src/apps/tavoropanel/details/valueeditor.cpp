@@ -22,10 +22,11 @@ void ValueEditor::setControl(QWidget *control)
 
 bool ValueEditor::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Wheel || m_control->hasFocus())
-        return QWidget::eventFilter(watched, event);
-    event->ignore();
-    return true;
+    if (event->type() == QEvent::Wheel && !m_control->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace Tavoro::Panel

@@ -6,28 +6,13 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-
-#include <algorithm>
+#include <tavorocontrol/proto/contentmemory.h>
 
 namespace Tavoro::Control::Internal {
 
 namespace {
 
 using BizModel::DeviceList;
-
-/// Reserves memory for \a more bytes.
-///
-/// The announced size is trusted up to the length of the longest packet, and beyond that up to 16
-/// times the received bytes. If it is correct, hardly any byte is copied twice. If it is too large,
-/// it costs address space, but no memory.
-void reserve(std::string &result, std::size_t more, std::size_t announced)
-{
-    constexpr std::size_t alwaysTrusted = 64u << 20;
-    const std::size_t needed = result.size() + more;
-    const std::size_t trusted = std::min(announced, std::max(alwaysTrusted, 16 * result.size()));
-    if (needed > result.capacity() && needed <= trusted)
-        result.reserve(trusted);
-}
 
 /// Reads the packets after the first one and appends them to \a result. \a head is a copy of the
 /// head of the caller's request, since a channel or a slot may change the request meanwhile.
@@ -44,7 +29,7 @@ bool readFurtherPackets(const ExchangeReporter &reporter, SSProxy::DeviceChannel
             return reporter.fail(reply, error);
         if (reply.failure != Failure::None)
             return reporter.fail(reply, error, {i, totalCount});
-        reserve(result, reply.response->body().size(), announced);
+        ProtoModel::reserveForContent(result, reply.response->body().size(), announced);
         result += reply.response->body();
         Q_EMIT DeviceList::instance()->signalReadDataFromHWProgressChanged((i + 1.0) / totalCount);
     }

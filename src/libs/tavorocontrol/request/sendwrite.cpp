@@ -39,10 +39,13 @@ bool writeManyPackets(const ExchangeReporter &reporter, SSProxy::DeviceChannel &
                       QString &error)
 {
     const quint32 count = packetCount(body.size(), limit);
+    std::string storage; // of the previous packet: new memory costs more than the copy
     for (quint32 i = 0; i < count; ++i) {
         const auto request = packetRequest(head, count, i);
+        request->body() = std::move(storage);
         request->body().assign(body, std::size_t(i) * limit, limit);
         const Reply reply = sendPacket(channel, request);
+        storage = request.use_count() == 1 ? std::move(request->body()) : std::string();
         const PacketCount packet{i + 1, count};
         if (reply.failure == Failure::Status)
             return reporter.failSplitWrite(reply.status, error, packet);

@@ -20,7 +20,8 @@ public:
     /// Starts to receive on any free port. Returns false, with the reason in \a error, on failure.
     virtual bool open(Receiver receiver, QString &error) = 0;
     virtual void send(const QString &address, quint16 port, const QByteArray &datagram) = 0;
-    /// Returns the broadcast addresses of the networks to which this machine is connected now.
+    /// Returns the broadcast addresses of the networks to which this machine is connected now, and
+    /// that of the machine itself.
     virtual QStringList broadcastAddresses() const = 0;
 };
 

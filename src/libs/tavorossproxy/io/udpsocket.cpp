@@ -52,7 +52,11 @@ QStringList UdpSocket::broadcastAddresses() const
     QStringList addresses;
     for (const QNetworkInterface &network : QNetworkInterface::allInterfaces()) {
         const auto flags = network.flags();
-        if (!(flags & QNetworkInterface::IsUp) || !(flags & QNetworkInterface::CanBroadcast))
+        if (!(flags & QNetworkInterface::IsUp))
+            continue;
+        if (flags & QNetworkInterface::IsLoopBack)
+            addresses.append(QStringLiteral("127.255.255.255"));
+        if (!(flags & QNetworkInterface::CanBroadcast))
             continue;
         for (const QNetworkAddressEntry &entry : network.addressEntries()) {
             if (!entry.broadcast().isNull())

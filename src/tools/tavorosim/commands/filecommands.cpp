@@ -54,14 +54,14 @@ void reportProgress(const FileKey &key, qint32 percent, TransferStatus status, R
 }
 
 /// The upload of the packet, a new one for a first packet; null if the packet is out of order.
-Upload *findUpload(SimState &state, const Request &request)
+Upload *findUpload(SimState &state, const s_FileInfo &announced, const Request &request)
 {
     Uploads &uploads = *request.uploads;
     const FileKey key = namedFile(request);
     if (request.sendCount == 0) {
         uploads.erase(key);
-        return &uploads.emplace(key, Upload{state.files.beginContent(), request.totalCount})
-                    .first->second;
+        IncomingContent content = state.files.beginContent(announced.size.length);
+        return &uploads.emplace(key, Upload{std::move(content), request.totalCount}).first->second;
     }
     Upload *const upload = findValue(uploads, key);
     const bool isNext =
@@ -193,7 +193,7 @@ DeviceStatus writeFileContent(SimState &state, const Request &request, Reports &
         return DeviceStatus::NoSuchObject;
     if (request.uploads->size() >= maxUploads && request.uploads->count(key) == 0)
         return DeviceStatus::Busy;
-    Upload *const upload = findUpload(state, request);
+    Upload *const upload = findUpload(state, *announced, request);
     const DeviceStatus status =
         upload ? addPacket(state, *announced, *upload, request) : DeviceStatus::WrongPacket;
     const qint64 done = request.sendCount + qint64{status == DeviceStatus::Success};

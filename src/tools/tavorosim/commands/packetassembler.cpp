@@ -3,9 +3,12 @@
 #include <tavorowire/checksums.h>
 #include <tavorowire/frame.h>
 
+#include <QIODevice>
+
 #include <algorithm>
 #include <cstring>
 #include <numeric>
+#include <utility>
 
 namespace Tavoro::Sim {
 
@@ -49,13 +52,35 @@ void forgetStream(Streams &streams, const WireHead &head)
 template <class Streams>
 std::size_t bytesIn(const Streams &streams)
 {
-    return std::accumulate(
-        streams.begin(), streams.end(), std::size_t{0}, [](std::size_t sum, const auto &stream) {
-            return sum + stream.body.size() + (stream.ahead ? stream.ahead->body.size() : 0);
-        });
+    return std::accumulate(streams.begin(), streams.end(), std::size_t{0},
+                           [](std::size_t sum, const auto &stream) {
+                               const int ahead = stream.ahead ? stream.ahead->frame.size() : 0;
+                               return sum + stream.body.size() + static_cast<std::size_t>(ahead);
+                           });
+}
+
+void readPiece(QIODevice &content, std::size_t offset, char *bytes, std::size_t size)
+{
+    content.seek(static_cast<qint64>(offset));
+    content.read(bytes, static_cast<qint64>(size));
 }
 
 } // namespace
+
+std::string_view PacketAssembler::Packet::bytes() const
+{
+    if (frame.isEmpty())
+        return body;
+    return {frame.constData() + sizeof head, static_cast<std::size_t>(frame.size()) - sizeof head};
+}
+
+void PacketAssembler::Packet::unpack()
+{
+    if (frame.isEmpty())
+        return;
+    body = bytes();
+    frame.clear();
+}
 
 PacketAssembler::PacketAssembler(quint32 packetSize, CarryOut carryOut)
     : m_packetSize(packetSize), m_carryOut(std::move(carryOut))
@@ -195,7 +220,7 @@ PacketAssembler::Packet PacketAssembler::piece(const WireHead &request, Stream &
     packet.head.totalCount = stream.totalCount;
     packet.head.sendCount = index;
     if (stream.ahead) {
-        packet.body = std::move(stream.ahead->body);
+        packet.frame = std::move(stream.ahead->frame);
         packet.checksum = stream.ahead->checksum;
         stream.ahead.reset();
     } else {
@@ -204,7 +229,7 @@ PacketAssembler::Packet PacketAssembler::piece(const WireHead &request, Stream &
     return packet;
 }
 
-void PacketAssembler::readAhead()
+void PacketAssembler::readAhead(QByteArray &storage)
 {
     if (!m_lastAnswered)
         return;
@@ -213,9 +238,13 @@ void PacketAssembler::readAhead()
     if (stream == m_answers.end() || !stream->content || stream->ahead
         || bytesIn(m_answers) + m_packetSize > maxKeptBytes)
         return;
-    std::string body = cut(*stream, std::size_t{stream->next} * m_packetSize);
-    const quint32 checksum = SSProxy::Wire::crc32(body);
-    stream->ahead = Piece{std::move(body), checksum};
+    const std::size_t offset = std::size_t{stream->next} * m_packetSize;
+    const std::size_t size = lengthOfPiece(*stream, offset);
+    QByteArray frame = storage.isDetached() ? std::exchange(storage, {}) : QByteArray();
+    frame.resize(static_cast<int>(sizeof(WireHead) + size));
+    char *const bytes = frame.data() + sizeof(WireHead);
+    readPiece(*stream->content, offset, bytes, size);
+    stream->ahead = Piece{std::move(frame), SSProxy::Wire::crc32({bytes, size})};
 }
 
 std::size_t PacketAssembler::lengthOf(const Stream &stream) const
@@ -223,13 +252,17 @@ std::size_t PacketAssembler::lengthOf(const Stream &stream) const
     return stream.content ? static_cast<std::size_t>(stream.content->size()) : stream.body.size();
 }
 
+std::size_t PacketAssembler::lengthOfPiece(const Stream &stream, std::size_t offset) const
+{
+    return std::min<std::size_t>(m_packetSize, lengthOf(stream) - offset);
+}
+
 std::string PacketAssembler::cut(const Stream &stream, std::size_t offset) const
 {
     if (!stream.content)
         return stream.body.substr(offset, m_packetSize);
-    std::string bytes(std::min<std::size_t>(m_packetSize, lengthOf(stream) - offset), '\0');
-    stream.content->seek(static_cast<qint64>(offset));
-    stream.content->read(bytes.data(), static_cast<qint64>(bytes.size()));
+    std::string bytes(lengthOfPiece(stream, offset), '\0');
+    readPiece(*stream.content, offset, bytes.data(), bytes.size());
     return bytes;
 }
 

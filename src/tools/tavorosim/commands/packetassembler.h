@@ -4,11 +4,14 @@
 
 #include <tavorowire/wirehead.h>
 
+#include <QByteArray>
+
 #include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace Tavoro::Sim {
 
@@ -28,7 +31,15 @@ public:
     struct Packet {
         SSProxy::Wire::WireHead head;
         std::string body;
-        std::optional<quint32> checksum = {}; ///< Checksum of the body, if already known.
+        /// A piece of a content that was read ahead, instead of the body. The room for the head
+        /// precedes it.
+        QByteArray frame = {};
+        quint32 checksum = 0; ///< Of the piece in \c frame.
+
+        /// The body, which a zero byte follows.
+        std::string_view bytes() const;
+        /// Moves a piece that was read ahead to the body.
+        void unpack();
     };
 
     static constexpr quint32 maxPackets = 65536; ///< A client takes no more of one answer.
@@ -43,14 +54,14 @@ public:
     /// The one response to a request frame.
     Packet answer(const SSProxy::Wire::WireHead &head, std::string body);
     /// Reads the next piece of the content that is being sent, while the client is busy with the
-    /// one before.
-    void readAhead();
+    /// one before. May take the \a storage of a frame that is not needed any more.
+    void readAhead(QByteArray &storage);
 
 private:
     /// A piece of an answer that was read before it is requested.
     struct Piece {
-        std::string body;
-        quint32 checksum = 0;
+        QByteArray frame; ///< With room for the head.
+        quint32 checksum = 0; ///< Of the body.
     };
     /// A write that is being collected, or an answer that is being handed out.
     struct Stream {
@@ -74,6 +85,7 @@ private:
     Packet answerNextPacket(const SSProxy::Wire::WireHead &head);
     Packet piece(const SSProxy::Wire::WireHead &request, Stream &stream, quint32 index) const;
     std::size_t lengthOf(const Stream &stream) const;
+    std::size_t lengthOfPiece(const Stream &stream, std::size_t offset) const;
     std::string cut(const Stream &stream, std::size_t offset) const;
 
     const quint32 m_packetSize;

@@ -7,6 +7,7 @@
 #include <tavorosim/commands/interfacecommands.h>
 #include <tavorosim/commands/maintenancecommands.h>
 #include <tavorosim/commands/screencommands.h>
+#include <tavorosim/faults/faultrules.h>
 #include <tavorosim/state/ranges.h>
 
 #include <QStringList>
@@ -233,29 +234,65 @@ constexpr ConsoleCommand commands[] = {
 };
 // clang-format on
 
+/// A line of the console in its parts.
+struct ConsoleLine {
+    explicit ConsoleLine(const QString &line)
+        : arguments(line.simplified().split(QLatin1Char(' '))), name(arguments.takeFirst())
+    { }
+
+    bool isEmpty() const { return name.isEmpty(); }
+    bool isFault() const { return name == QLatin1String("fault"); }
+
+    QStringList arguments;
+    QString name;
+};
+
+/// The command of a line; null if there is none of this name.
+const ConsoleCommand *findCommand(const QString &name)
+{
+    const auto command =
+        std::find_if(std::begin(commands), std::end(commands),
+                     [&](const ConsoleCommand &row) { return name == QLatin1String(row.name); });
+    return command == std::end(commands) ? nullptr : command;
+}
+
+QString commandFault(const ConsoleCommand *command, const ConsoleLine &line)
+{
+    if (!command)
+        return QStringLiteral("unknown command: %1").arg(line.name);
+    const QString usage = QLatin1String(command->usage);
+    if (line.arguments.size() != usage.count(QLatin1Char(' ')) + 1)
+        return QStringLiteral("usage: %1 %2").arg(line.name, usage);
+    return checkLastArgument(*command, line.arguments);
+}
+
 } // namespace
 
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports)
 {
-    QStringList parts = line.simplified().split(QLatin1Char(' '));
-    const QString name = parts.takeFirst();
-    if (name.isEmpty())
+    const ConsoleLine parts(line);
+    if (parts.isEmpty())
         return {};
-    if (name == QLatin1String("fault"))
-        return executeFault(faults, parts);
-    const auto command =
-        std::find_if(std::begin(commands), std::end(commands),
-                     [&](const ConsoleCommand &row) { return name == QLatin1String(row.name); });
-    if (command == std::end(commands))
-        return {false, QStringLiteral("unknown command: %1").arg(name)};
-    const QString usage = QLatin1String(command->usage);
-    if (parts.size() != usage.count(QLatin1Char(' ')) + 1)
-        return {false, QStringLiteral("usage: %1 %2").arg(name, usage)};
-    QString fault = checkLastArgument(*command, parts);
+    if (parts.isFault())
+        return executeFault(faults, parts.arguments);
+    const ConsoleCommand *const command = findCommand(parts.name);
+    QString fault = commandFault(command, parts);
     if (fault.isEmpty())
-        fault = command->handler(state, parts, reports);
+        fault = command->handler(state, parts.arguments, reports);
     return {fault.isEmpty(), fault};
+}
+
+QString consoleFault(const QString &line)
+{
+    const ConsoleLine parts(line);
+    if (parts.isEmpty())
+        return {};
+    if (!parts.isFault())
+        return commandFault(findCommand(parts.name), parts);
+    FaultRules rules; // Not those of a device.
+    const ConsoleAnswer answer = executeFault(rules, parts.arguments);
+    return answer.ok ? QString() : answer.text;
 }
 
 QString consoleHelp()

@@ -16,6 +16,10 @@ class FaultRules;
 ConsoleAnswer executeConsole(SimState &state, FaultRules &faults, const QString &line,
                              Reports &reports);
 
+/// Why \a line is not a valid line of the console, whatever the state of the device; empty if it is
+/// valid.
+QString consoleFault(const QString &line);
+
 /// The commands of the console as text, one per line.
 QString consoleHelp();
 

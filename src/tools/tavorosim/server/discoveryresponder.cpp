@@ -9,24 +9,38 @@
 namespace Tavoro::Sim {
 
 DiscoveryResponder::DiscoveryResponder(Identity identity, QObject *parent)
-    : QObject(parent), m_identity(std::move(identity)), m_socket(this)
+    : QObject(parent), m_identity(std::move(identity)), m_socket(this), m_loopbackBroadcasts(this)
 {
-    connect(&m_socket, &QUdpSocket::readyRead, this, &DiscoveryResponder::answer);
+    for (QUdpSocket *const socket : {&m_socket, &m_loopbackBroadcasts})
+        connect(socket, &QUdpSocket::readyRead, this, [this, socket] { answer(*socket); });
 }
 
 bool DiscoveryResponder::listen(const QHostAddress &address, quint16 port, QString &error)
 {
-    if (m_socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
+    if (!bind(m_socket, address, port, error))
+        return false;
+    const bool isLoopback =
+        address.isLoopback() && address.protocol() == QAbstractSocket::IPv4Protocol;
+    return !isLoopback
+        || bind(m_loopbackBroadcasts, QHostAddress(QStringLiteral("127.255.255.255")),
+                m_socket.localPort(), error);
+}
+
+bool DiscoveryResponder::bind(QUdpSocket &socket, const QHostAddress &address, quint16 port,
+                              QString &error)
+{
+    if (socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
         return true;
     error = QStringLiteral("cannot listen for discovery requests on %1: %2")
-                .arg(SSProxy::Wire::hostAndPort(address.toString(), port), m_socket.errorString());
+                .arg(SSProxy::Wire::hostAndPort(address.toString(), port), socket.errorString());
     return false;
 }
 
-void DiscoveryResponder::answer()
+/// Answers from the address of the device, since clients connect to the address of the answer.
+void DiscoveryResponder::answer(QUdpSocket &socket)
 {
-    while (m_socket.hasPendingDatagrams()) {
-        const QNetworkDatagram question = m_socket.receiveDatagram();
+    while (socket.hasPendingDatagrams()) {
+        const QNetworkDatagram question = socket.receiveDatagram();
         const QByteArray bytes = question.data();
         const ProtoModel::DeviceBaseInfo device = m_identity();
         if (device.tcpPort == 0

@@ -20,15 +20,19 @@ public:
 
     explicit DiscoveryResponder(Identity identity, QObject *parent = nullptr);
 
-    /// Shares \a port with other devices of this machine. On failure \a error holds a sentence.
+    /// Shares \a port with other devices of this machine. On a loopback address it also answers the
+    /// requests that are broadcast on this machine. On failure \a error holds a sentence.
     bool listen(const QHostAddress &address, quint16 port, QString &error);
     quint16 port() const { return m_socket.localPort(); }
 
 private:
-    void answer();
+    bool bind(QUdpSocket &socket, const QHostAddress &address, quint16 port, QString &error);
+    void answer(QUdpSocket &socket);
 
     const Identity m_identity;
     QUdpSocket m_socket;
+    QUdpSocket
+        m_loopbackBroadcasts; ///< Receives only: a loopback address gets no broadcasts itself.
 };
 
 } // namespace Tavoro::Sim

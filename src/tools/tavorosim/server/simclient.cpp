@@ -61,6 +61,7 @@ SimClient::SimClient(QTcpSocket *socket, const SimOptions &options, FaultRules &
       m_peer(SSProxy::Wire::hostAndPort(socket->peerAddress().toString(), socket->peerPort())),
       m_latency(options.latencyMilliseconds),
       m_services(std::move(services)),
+      m_sender(*socket),
       m_received(readSize),
       m_parser(maxBodySize),
       m_assembler(options.packetSize,
@@ -93,17 +94,16 @@ void SimClient::send(const Report &report)
     WireHead head = reportHead();
     head.BC = SSProxy::baseCode(report.command);
     head.FC = SSProxy::functionCode(report.command);
-    write(SSProxy::Wire::encodeFrame(head, report.body));
+    m_sender.send(SSProxy::Wire::encodeFrame(head, report.body));
     qCInfo(simLog, "%s report 0x%04X", qUtf8Printable(m_peer), head.code());
     qCDebug(simLog, "%s", report.body.c_str());
 }
 
 bool SimClient::hasRoomForReport()
 {
-    const qint64 unread = m_socket->bytesToWrite();
-    if (unread == 0)
+    if (m_sender.isDrained())
         m_dropsReports = false;
-    if (unread <= maxUnreadBytes)
+    if (m_sender.hasRoomForReport())
         return true;
     if (!std::exchange(m_dropsReports, true))
         qCWarning(simLog, "%s does not read: reports are dropped", qUtf8Printable(m_peer));
@@ -118,14 +118,7 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     WireHead head = reportHead();
     setCode(head, SSProxy::Wire::LinkCommand::Control);
     head.arg2[0] = static_cast<quint8>(state);
-    m_pendingControlReport = SSProxy::Wire::encodeFrame(head, holder.toStdString());
-    sendControlReport();
-}
-
-void SimClient::sendControlReport()
-{
-    if (!m_pendingControlReport.isEmpty() && m_socket->bytesToWrite() <= maxUnreadBytes)
-        write(std::exchange(m_pendingControlReport, {}));
+    m_sender.sendControlReport(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
 }
 
 bool SimClient::isSameClient(const ConnectionId &id) const
@@ -163,20 +156,14 @@ void SimClient::readFrames()
                 take(std::move(*event));
         }
         m_socket->flush(); // now, not when the event loop does it
-        sendControlReport();
+        m_sender.sendWaitingReport();
     } while (mayRead() && (!m_rest.empty() || m_socket->bytesAvailable() > 0));
-    m_assembler.readAhead();
+    m_assembler.readAhead(m_frame);
 }
 
 bool SimClient::mayRead() const
 {
-    return m_isReading && !m_isEnding && m_socket->isOpen() && hasRoomForAnswer();
-}
-
-bool SimClient::hasRoomForAnswer() const
-{
-    return m_socket->bytesToWrite() + m_delayedBytes <= maxUnreadBytes
-        && m_delayedAnswers < maxDelayedAnswers;
+    return m_isReading && !m_isEnding && m_socket->isOpen() && m_sender.hasRoomForAnswer();
 }
 
 bool SimClient::receive()
@@ -199,7 +186,7 @@ void SimClient::take(FrameEvent event)
     case FrameKind::IdentityRequest:
         return answerIdentity(event.body);
     case FrameKind::Ping:
-        return write(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
+        return m_sender.send(SSProxy::Wire::encodeLinkFrame(FrameKind::Pong, event.head.lables));
     case FrameKind::Response:
     case FrameKind::Report:
     case FrameKind::IdentityAnswer:
@@ -213,21 +200,29 @@ void SimClient::answerRequest(FrameEvent event)
     if (m_outcomes)
         m_outcomes->arrive(event.head.number);
     if (m_faults.isIdle()) {
-        const PacketAssembler::Packet answer = makeAnswer(std::move(event));
-        const quint32 checksum =
-            answer.checksum ? *answer.checksum : SSProxy::Wire::crc32(answer.body);
-        SSProxy::Wire::encodeFrame(answer.head, answer.body, checksum, m_frame);
-        return sendLater(m_frame, m_latency);
+        encode(makeAnswer(std::move(event)));
+        return m_sender.sendLater(m_frame, m_latency);
     }
     const WireHead request = event.head;
     const auto answerTo = [&](const WireHead &head) {
         event.head = head;
-        return makeAnswer(std::move(event));
+        PacketAssembler::Packet answer = makeAnswer(std::move(event));
+        answer.unpack();
+        return answer;
     };
     const Delivery delivery = m_faults.deliver(request, request.code(), answerTo);
     if (delivery.preparedAnswer)
         note(request, {}, *delivery.preparedAnswer);
     carryOut(delivery);
+}
+
+void SimClient::encode(PacketAssembler::Packet answer)
+{
+    if (answer.frame.isEmpty())
+        return SSProxy::Wire::encodeFrame(answer.head, answer.body,
+                                          SSProxy::Wire::crc32(answer.body), m_frame);
+    m_frame = std::move(answer.frame);
+    SSProxy::Wire::writeHead(answer.head, answer.checksum, m_frame);
 }
 
 PacketAssembler::Packet SimClient::makeAnswer(FrameEvent event)
@@ -263,7 +258,7 @@ void SimClient::carryOut(const Delivery &delivery)
     if (delivery.reports > 0)
         Q_EMIT reportsRequested(delivery.reports);
     if (!delivery.bytes.isEmpty())
-        sendLater(delivery.bytes, m_latency + delivery.delay);
+        m_sender.sendLater(delivery.bytes, m_latency + delivery.delay);
     if (delivery.stopsReading)
         stopReading(delivery.readingPause);
     if (delivery.endsConnection)
@@ -287,27 +282,6 @@ void SimClient::stopReading(int milliseconds)
         m_pause.start(milliseconds);
 }
 
-void SimClient::sendLater(const QByteArray &frame, int delay)
-{
-    if (delay == 0)
-        return write(frame);
-    m_delayedBytes += frame.size();
-    ++m_delayedAnswers;
-    // Precise timers of one length fire in the order in which they were started.
-    QTimer::singleShot(delay, Qt::PreciseTimer, this, [this, frame] {
-        m_delayedBytes -= frame.size();
-        --m_delayedAnswers;
-        write(frame);
-    });
-}
-
-/// A connection that has ended takes no more: its client is deleted only by the event loop.
-void SimClient::write(const QByteArray &frame)
-{
-    if (m_socket->isOpen())
-        m_socket->write(frame);
-}
-
 void SimClient::note(const WireHead &request, const std::string &body,
                      const PacketAssembler::Packet &answer)
 {
@@ -316,9 +290,10 @@ void SimClient::note(const WireHead &request, const std::string &body,
     qCInfo(simLog, "%s %s 0x%04X [%d %d %d %d] packet %u/%u -> status %d, packet %u/%u, %zu bytes",
            qUtf8Printable(m_peer), typeName(request.type), request.code(), request.arg2[3],
            request.arg2[2], request.arg2[1], request.arg2[0], request.sendCount, request.totalCount,
-           answer.head.status, answer.head.sendCount, answer.head.totalCount, answer.body.size());
+           answer.head.status, answer.head.sendCount, answer.head.totalCount,
+           answer.bytes().size());
     qCDebug(simLog, "> %s", body.c_str());
-    qCDebug(simLog, "< %s", answer.body.c_str());
+    qCDebug(simLog, "< %s", answer.bytes().data());
 }
 
 } // namespace Tavoro::Sim

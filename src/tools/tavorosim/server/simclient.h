@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framesender.h"
 #include "outcomelog.h"
 
 #include <tavorosim/commands/packetassembler.h>
@@ -80,23 +81,17 @@ private:
     void take(SSProxy::Wire::FrameEvent event);
     void answerRequest(SSProxy::Wire::FrameEvent event);
     PacketAssembler::Packet makeAnswer(SSProxy::Wire::FrameEvent event);
+    /// Writes the frame of the answer to m_frame.
+    void encode(PacketAssembler::Packet answer);
     void answerIdentity(const std::string &connection);
     void carryOut(const Delivery &delivery);
     void endLater(int delay);
     void stopReading(int milliseconds);
-    void sendLater(const QByteArray &frame, int delay);
-    void write(const QByteArray &frame);
-    void sendControlReport();
     /// Adds the answer to the outcomes and to the log.
     void note(const SSProxy::Wire::WireHead &request, const std::string &body,
               const PacketAssembler::Packet &answer);
     bool hasRoomForReport();
-    bool hasRoomForAnswer() const;
 
-    /// A client that leaves more than this unread gets no further reports, and its requests are not
-    /// read until it reads.
-    static constexpr qint64 maxUnreadBytes = 16 << 20;
-    static constexpr int maxDelayedAnswers = 1024; ///< Delayed answers.
     static constexpr qint64 maxReceivedBytes = 256 << 10; ///< Bytes that the socket holds.
     static constexpr qint64 readSize = 64 << 10; ///< Bytes that are taken from the socket at once.
 
@@ -104,14 +99,11 @@ private:
     const QString m_peer;
     const int m_latency;
     const Services m_services;
+    FrameSender m_sender;
     std::shared_ptr<ConnectionOutcomes> m_outcomes; ///< Null without a connection ID.
     std::vector<char> m_received; ///< The bytes that were read last.
     std::string_view m_rest; ///< The part of them that has not been parsed.
     QByteArray m_frame; ///< The frame that was sent last; kept, as m_received is, for its storage.
-    qint64 m_delayedBytes = 0; ///< Bytes of delayed answers.
-    int m_delayedAnswers = 0;
-    QByteArray
-        m_pendingControlReport; ///< Report of control that waits until the client reads, or empty.
     SSProxy::Wire::FrameParser m_parser;
     PacketAssembler m_assembler;
     FaultyAnswers m_faults;

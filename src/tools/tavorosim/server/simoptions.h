@@ -16,6 +16,7 @@ struct SimOptions : DeviceOptions {
     int controlPort = -1; ///< Port for console commands; 0: any free port, -1: none.
 
     int discoveryPort = -1; ///< UDP port for discovery requests; 0: any free port, -1: none.
+    QString scenario; ///< Name or file of a scenario that the device carries out; empty: none.
 
     quint32 packetSize = 64 * 1024; ///< Longest body of a packet in either direction; at least 1.
     int latencyMilliseconds = 0; ///< Delay of each answer.

@@ -1,5 +1,6 @@
 #include "simserver.h"
 
+#include "scenariorunner.h"
 #include "simclient.h"
 
 #include <tavorocontrol/proto/deviceidentity.h>
@@ -17,6 +18,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace Tavoro::Sim {
@@ -76,8 +78,27 @@ bool SimServer::openFolder(QString &error)
 
 bool SimServer::listen(QString &error)
 {
+    std::optional<Scenario> scenario;
+    if (!m_options.scenario.isEmpty()) {
+        scenario = readScenario(m_options.scenario, error);
+        if (!scenario) {
+            error = QStringLiteral("the scenario \"%1\" is not valid: %2")
+                        .arg(m_options.scenario, error);
+            return false;
+        }
+    }
     if (!m_options.filesFolder.isEmpty() && !openFolder(error))
         return false;
+    if (!openPorts(error))
+        return false;
+    if (scenario)
+        new ScenarioRunner(
+            *scenario, [this](const QString &line) { return execute(line); }, this);
+    return true;
+}
+
+bool SimServer::openPorts(QString &error)
+{
     if (!m_listener.open(m_options.address, m_options.port, error))
         return false;
     m_port = m_listener.port();

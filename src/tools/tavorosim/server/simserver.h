@@ -34,8 +34,8 @@ public:
     explicit SimServer(SimOptions options, QObject *parent = nullptr);
     ~SimServer() override;
 
-    /// Opens the folder of the files, if there is one, and the ports. On failure \a error holds a
-    /// sentence.
+    /// Opens the folder of the files, if there is one, and the ports, and starts the scenario. On
+    /// failure \a error holds a sentence.
     bool listen(QString &error);
     quint16 port() const { return m_port; }
     quint16 discoveryPort() const { return m_discovery.port(); }
@@ -46,6 +46,7 @@ public:
 
 private:
     bool openFolder(QString &error);
+    bool openPorts(QString &error);
     void acceptClient(QTcpSocket *socket);
     void acceptConsole(QTcpSocket *socket);
     void serveConsole(QTcpSocket &socket);

@@ -4,6 +4,7 @@
 #include "simlog.h"
 #include "storedrecord.h"
 
+#include <tavorocontrol/proto/contentmemory.h>
 #include <tavorocontrol/proto/recordcodec.h>
 #include <tavorowire/checksums.h>
 
@@ -52,6 +53,9 @@ bool IncomingContent::append(std::string_view bytes)
         return false;
     m_length += size;
     m_crc = SSProxy::Wire::crc32(bytes, m_crc);
+    if (auto *const memory = qobject_cast<QBuffer *>(m_device.get()))
+        ProtoModel::reserveForContent(memory->buffer(), bytes.size(),
+                                      static_cast<std::size_t>(m_announced));
     return m_device->write(bytes.data(), size) == size;
 }
 
@@ -149,9 +153,10 @@ void FileStore::removeReplacedContents(const FileChanges::Entries &entries) cons
     }
 }
 
-IncomingContent FileStore::beginContent()
+IncomingContent FileStore::beginContent(qint64 announced)
 {
     IncomingContent content;
+    content.m_announced = std::min(announced, m_maxUnfinishedBytes);
     content.m_maxLength = m_maxContentLength;
     content.m_name = "content-" + std::to_string(++m_lastName);
     if (m_folder.isEmpty())

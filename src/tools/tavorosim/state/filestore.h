@@ -28,6 +28,7 @@ private:
     friend class FileStore;
     std::string m_name;
     std::unique_ptr<QIODevice> m_device;
+    qint64 m_announced = 0;
     qint64 m_maxLength = 0;
     qint64 m_length = 0;
     quint32 m_crc = 0;
@@ -73,7 +74,8 @@ public:
     /// \a error holds a sentence.
     bool readSetup(std::optional<QByteArray> &setup, QString &error);
 
-    IncomingContent beginContent();
+    /// \a announced is the length that the client has announced; 0 if it is unknown.
+    IncomingContent beginContent(qint64 announced = 0);
     /// Adds the file of \a detail to \a changes, with the length and hash sum of \a content; it
     /// replaces one of the same number. False when there is no room for it.
     bool put(FileChanges &changes, const ProtoModel::File::s_FileDetail &detail,

@@ -1,5 +1,5 @@
 #include <support/tavorobizmodel/randomreading.h>
-#include <support/tavoromodels/modelmirror.h>
+#include <support/tavoromodels/allmodels.h>
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -9,64 +9,18 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/mvrscreen.h>
 #include <tavorobizmodel/screen.h>
-#include <tavoromodels/devicesmodel.h>
-#include <tavoromodels/filesmodel.h>
-#include <tavoromodels/interfacesmodel.h>
-#include <tavoromodels/layersmodel.h>
-#include <tavoromodels/screensmodel.h>
 
-#include <QAbstractItemModelTester>
 #include <QtTest>
 
-#include <array>
 #include <thread>
 
 using namespace Tavoro;
-using namespace Tavoro::Models;
 
 namespace {
 
 constexpr int everyType = 0x7FFFFFFF;
 
-/// One model of each kind, and layers of several scenes.
-struct AllModels {
-    explicit AllModels(const std::shared_ptr<BizModel::Device> &device)
-    {
-        interfaces.setDevice(device);
-        inputs.setInterfaceType(1);
-        inputs.setDevice(device);
-        screens.setDevice(device);
-        files.setDevice(device);
-        int number = 0;
-        for (LayersModel &layers : scenes) {
-            layers.setScene({static_cast<quint8>(number % 2), number / 2 % 2 + 1},
-                            number % 4 == 3 ? 2 : 4);
-            layers.setDevice(device);
-            ++number;
-        }
-    }
-
-    std::vector<ObjectModel *> all()
-    {
-        std::vector<ObjectModel *> models{&devices, &interfaces, &inputs, &screens, &files};
-        for (LayersModel &layers : scenes)
-            models.push_back(&layers);
-        return models;
-    }
-
-    DevicesModel devices;
-    InterfacesModel interfaces;
-    InterfacesModel inputs;
-    ScreensModel screens;
-    FilesModel files;
-    std::array<LayersModel, 4> scenes;
-};
-
-/// The values of all rows and roles.
-QList<ModelMirror::Row> contents(const QAbstractItemModel &model)
-{
-    return ModelMirror(model).rows;
-}
+const AllModels::Scenes scenes{{{{0, 1}, 4}, {{1, 1}, 4}, {{0, 2}, 4}, {{1, 2}, 2}}};
 
 template <class List>
 auto anyOf(const List &list, RandomReadings &random)
@@ -135,29 +89,15 @@ void tst_ItemModelStorm::modelsFollowReadingsAndReports()
         RandomReadings readings(seed);
         const auto device = std::make_shared<BizModel::Device>(1, nullptr);
         BizModel::DeviceList::instance()->append(device);
-        AllModels models(device);
-        std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
-        std::vector<std::unique_ptr<ModelMirror>> mirrors;
-        for (ObjectModel *const model : models.all()) {
-            testers.push_back(std::make_unique<QAbstractItemModelTester>(
-                model, QAbstractItemModelTester::FailureReportingMode::QtTest));
-            mirrors.push_back(std::make_unique<ModelMirror>(*model));
-        }
+        const WatchedModels models(device, scenes);
         for (int i = 0; i < 20; ++i) {
             QString error;
             BizModel::updateDevice(*device, readings.next(), error);
             for (int n = 0; n < 10; ++n)
                 report(*device, readings);
-            AllModels made(device);
-            const auto expected = made.all();
-            const auto actual = models.all();
-            for (std::size_t m = 0; m < actual.size(); ++m) {
-                QVERIFY(mirrors[m]->isUpToDate());
-                QCOMPARE(mirrors[m]->faults, QStringList());
-                QCOMPARE(contents(*actual[m]), contents(*expected[m]));
-            }
+            QCOMPARE(models.faults(), QStringList());
         }
-        for (const auto &mirror : mirrors) {
+        for (const auto &mirror : models.mirrors()) {
             changes += mirror->changes.size();
             moves += mirror->moves;
         }
@@ -172,14 +112,7 @@ void tst_ItemModelStorm::modelsFollowReportsOfAnotherThread()
     RandomReadings readings(99);
     const auto device = std::make_shared<BizModel::Device>(1, nullptr);
     BizModel::DeviceList::instance()->append(device);
-    AllModels models(device);
-    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
-    std::vector<std::unique_ptr<ModelMirror>> mirrors;
-    for (ObjectModel *const model : models.all()) {
-        testers.push_back(std::make_unique<QAbstractItemModelTester>(
-            model, QAbstractItemModelTester::FailureReportingMode::QtTest));
-        mirrors.push_back(std::make_unique<ModelMirror>(*model));
-    }
+    const WatchedModels models(device, scenes);
     std::thread reporter([device] {
         RandomReadings random(7);
         for (int i = 0; i < 500; ++i)
@@ -192,14 +125,7 @@ void tst_ItemModelStorm::modelsFollowReportsOfAnotherThread()
     }
     reporter.join();
     QCoreApplication::processEvents();
-    AllModels made(device);
-    const auto expected = made.all();
-    const auto actual = models.all();
-    for (std::size_t m = 0; m < actual.size(); ++m) {
-        QVERIFY(mirrors[m]->isUpToDate());
-        QCOMPARE(mirrors[m]->faults, QStringList());
-        QCOMPARE(contents(*actual[m]), contents(*expected[m]));
-    }
+    QCOMPARE(models.faults(), QStringList());
     BizModel::DeviceList::instance()->remove(device);
 }
 

@@ -1,12 +1,18 @@
 // The simulated device as a program: what it prints, what it reads, how it ends.
 
+#include <tavorossproxy/devicediscovery.h>
+#include <tavorowire/hostandport.h>
+
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <array>
+
+using namespace Tavoro;
 
 class tst_TavoroSimProgram : public QObject {
     Q_OBJECT
@@ -17,6 +23,8 @@ private Q_SLOTS:
     void standardInputIsItsConsole();
     void linesThatArriveTogetherAreAllServed();
     void partialLineDoesNotBlock();
+    void scenarioIsCarriedOutLineByLine();
+    void devicesOfThisMachineAreFoundByDefault();
     void theLastLineNeedsNoEnd();
     void nothingIsServedAfterQuit();
     void continuesWithoutAConsole();
@@ -79,7 +87,21 @@ int run(const QStringList &arguments, QString &output, QString &errors)
     return process.exitCode();
 }
 
-const QStringList anyPort{QStringLiteral("--port"), QStringLiteral("0")};
+/// Where devices with these last bytes of the serial number are found, without a given address.
+/// Other devices of this machine and its networks may answer too.
+QStringList foundPlaces(quint8 firstNumber, quint8 lastNumber)
+{
+    QStringList places;
+    for (const auto &device : SSProxy::findDevices(500)) {
+        if (device.sn[7] >= firstNumber && device.sn[7] <= lastNumber)
+            places += SSProxy::Wire::hostAndPort(QString::fromStdString(device.ip), device.tcpPort);
+    }
+    places.sort();
+    return places;
+}
+
+const QStringList anyPort{QStringLiteral("--port"), QStringLiteral("0"),
+                          QStringLiteral("--no-discovery")};
 
 } // namespace
 
@@ -149,6 +171,37 @@ void tst_TavoroSimProgram::partialLineDoesNotBlock()
     QCOMPARE(program.ask(" 1 7"), QStringLiteral("error \"7\" is not a valid STATUS (0 or 1)"));
 }
 
+void tst_TavoroSimProgram::scenarioIsCarriedOutLineByLine()
+{
+    QTemporaryFile scenario;
+    QVERIFY(scenario.open());
+    scenario.write(
+        "# Two faults of the scene itself, each pass\nwait 1\npower 99 0\ndepth 1 99 8\nrepeat\n");
+    scenario.close();
+    Program program(anyPort + QStringList{QStringLiteral("--scenario"), scenario.fileName()});
+    program.process.setReadChannel(QProcess::StandardError);
+    const QString warning = QStringLiteral("scenario \"%1\", line %2: no such object");
+    for (const int line : {3, 4, 3, 4})
+        QCOMPARE(program.readLine().section(QLatin1Char(' '), 1),
+                 warning.arg(scenario.fileName()).arg(line));
+}
+
+void tst_TavoroSimProgram::devicesOfThisMachineAreFoundByDefault()
+{
+    const QStringList usual{QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--sn")};
+    Program first(usual + QStringList{QStringLiteral("53494D00000000A1")});
+    Program second(usual
+                   + QStringList{QStringLiteral("53494D00000000A2"), QStringLiteral("--address"),
+                                 QStringLiteral("127.0.0.2")});
+    QCOMPARE(second.readLine(), QStringLiteral("discovery port 6631"));
+    Program hidden(
+        usual + QStringList{QStringLiteral("53494D00000000A3"), QStringLiteral("--no-discovery")});
+    QTRY_COMPARE_WITH_TIMEOUT(foundPlaces(0xA1, 0xA3),
+                              QStringList({QStringLiteral("127.0.0.1:%1").arg(first.port()),
+                                           QStringLiteral("127.0.0.2:%1").arg(second.port())}),
+                              patience);
+}
+
 void tst_TavoroSimProgram::theLastLineNeedsNoEnd()
 {
     Program program(anyPort);
@@ -212,7 +265,7 @@ void tst_TavoroSimProgram::helpNamesEveryOption()
     for (const char *option :
          {"--address", "--port", "--control-port", "--discovery", "--name", "--sn", "--mac",
           "--model", "--packet-size", "--latency", "--inputs", "--outputs", "--screens",
-          "--layers-per-screen", "--log", "--log-bodies"})
+          "--layers-per-screen", "--scenario", "--no-discovery", "--log", "--log-bodies"})
         QVERIFY2(output.contains(QLatin1String(option)), option);
 }
 
@@ -232,6 +285,9 @@ void tst_TavoroSimProgram::wrongOptionsEndWithTwo_data()
     QTest::newRow("address")     << QByteArrayList{"--address", "here"}  << "\"here\" is not a valid value for --address: expected an IP address.";
     QTest::newRow("fault")       << QByteArrayList{"--fault", "status=0"}
         << "\"status=0\" is not a valid value for --fault: status takes a number from 1 to 255.";
+    QTest::newRow("scenario")    << QByteArrayList{"--scenario", "storm"}
+        << "\"storm\" is not a valid value for --scenario: cannot read it: No such file or directory;"
+           " the scenarios of the program are busy-show, flaky-network, power-failure.";
     QTest::newRow("word")        << QByteArrayList{"now"}                << "\"now\" is not an option.";
     // clang-format on
 }
@@ -266,7 +322,8 @@ void tst_TavoroSimProgram::outOfDescriptorsItPausesAcceptingAndLogsItOnce()
 #ifdef TAVORO_SANITIZE
     QSKIP("UndefinedBehaviorSanitizer itself needs descriptors to check the type of an object.");
 #endif
-    Program program({QStringLiteral("-c"), QStringLiteral("ulimit -n 32; exec \"$0\" --port 0"),
+    Program program({QStringLiteral("-c"),
+                     QStringLiteral("ulimit -n 32; exec \"$0\" --port 0 --no-discovery"),
                      QStringLiteral(TAVOROSIM)},
                     QStringLiteral("sh"));
     std::array<QTcpSocket, 40> sockets;

@@ -1,12 +1,10 @@
 #include "changeedits.h"
 
-#include <tavoropanel/selection/selection.h>
-#include <tavoropanel/undo/changes.h>
+#include "changes.h"
 
 #include <tavorooperations/keywrite.h>
 
 #include <QCoreApplication>
-#include <QPointer>
 
 #include <optional>
 #include <utility>
@@ -18,7 +16,7 @@ using Operations::ScopeKind;
 namespace {
 
 class Texts {
-    Q_DECLARE_TR_FUNCTIONS(Details)
+    Q_DECLARE_TR_FUNCTIONS(ChangeEdits)
 };
 
 ScopeKind scopeOf(Models::ObjectKind kind)
@@ -60,14 +58,19 @@ QString valueKey(const Models::Edit &edit, const QString &operation)
 {
     QJsonObject identity = edit.record;
     identity.remove(edit.key);
-    return QStringLiteral("details ") + operation + Operations::jsonText(identity);
+    return QStringLiteral("edit ") + operation + Operations::jsonText(identity);
 }
 
 } // namespace
 
-ChangeEdits::ChangeEdits(const Selection &selection, Changes &changes)
-    : m_selection(selection), m_changes(changes)
-{ }
+ChangeEdits::ChangeEdits(Changes &changes) : m_changes(changes) { }
+
+ChangeEdits::~ChangeEdits() = default;
+
+void ChangeEdits::setDevice(DeviceSession *device)
+{
+    m_device = device;
+}
 
 bool ChangeEdits::canEdit(Models::ObjectKind kind, const QString &key) const
 {
@@ -77,11 +80,11 @@ bool ChangeEdits::canEdit(Models::ObjectKind kind, const QString &key) const
 void ChangeEdits::edit(const Models::Edit &edit, Done done)
 {
     const std::optional<Write> write = writeOf(edit);
-    const QPointer<DeviceSession> device = m_selection.device();
+    const QPointer<DeviceSession> device = m_device;
     if (!write || !device || device->device() != edit.device.lock())
         return done(Texts::tr("This property cannot be changed now."));
     m_changes.callLatestByName(valueKey(edit, write->operation), *device, *write)
-        .then(&m_changes, [device, done = std::move(done), this](const Outcome &outcome) {
+        .then(&m_changes, [this, device, done = std::move(done)](const Outcome &outcome) {
             if (!outcome && !outcome.isReplaced())
                 done(outcome.reason());
             else if (!outcome || !device)

@@ -1,0 +1,399 @@
+// Contents of files that a session sends and fetches: progress, cancelling, and what the device
+// holds afterwards.
+
+#include <support/tavorosession/devicelog.h>
+#include <support/tavorosession/sessionbench.h>
+
+#include <tavorobizmodel/file.h>
+#include <tavorocontrol/device.h>
+#include <tavorossproxy/controlaction.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace Tavoro;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr quint32 packetSize = 4000;
+constexpr int packets = 25;
+
+/// A content of several packets; \a seed makes contents differ.
+std::string content(char seed = 'a')
+{
+    std::string bytes(std::size_t(packetSize) * (packets - 1) + 10, '\0');
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>(i * 7 + i / 251 + std::size_t(seed));
+    return bytes;
+}
+
+ProtoModel::File::s_FileInfo fileInfo(qint32 id = 7)
+{
+    ProtoModel::File::s_FileInfo file;
+    file.fileType = 2;
+    file.fileId = id;
+    file.general.name = "picture";
+    return file;
+}
+
+std::string contentAt(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "no file";
+}
+
+} // namespace
+
+class tst_Transfers : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_bench.reset(); }
+
+    void contentIsTheSameAfterBothWays_data();
+    void contentIsTheSameAfterBothWays();
+    void emptyContentIsTransferred();
+    void sentFileIsInTheModel();
+    void progressGrowsToTheTotalBeforeTheResult();
+    void takeDoesNotWaitForATransfer();
+    void transfersAreCarriedOutOneAfterTheOther();
+    void waitingTransferIsCancelledAtOnce();
+    void cancelledSendKeepsTheOldFile();
+    void cancelledFetchKeepsTheOldTarget();
+    void cancellingAnEndedTransferChangesNothing();
+    void contentThatCannotBeReadIsNotSent_data();
+    void contentThatCannotBeReadIsNotSent();
+    void targetThatCannotBeWrittenGetsNothing();
+    void fullDiskEndsAFetch();
+    void fetchNeedsNoControl();
+    void refusalOfASendNamesTheHolder();
+    void missingFileIsRefused();
+    void connectionLostWithinASendLeavesTheOldFile();
+    void lostAnswerToTheAnnouncementIsNotSent();
+    void lostLastAnswerIsResolvedByTheDevice();
+    void closedSessionEndsItsTransfers();
+
+private:
+    DeviceSession &wall() { return *m_bench->wall; }
+    DeviceFiles files() { return wall().files(); }
+    QString path(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+    void writeFile(const QString &path, const std::string &bytes) const
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes.data(), qint64(bytes.size()));
+    }
+    std::string onDevice(qint32 id = 7)
+    {
+        const auto answer = resultOf(files().fetch({id, 2}));
+        return answer ? answer.record() : answer.text().toStdString();
+    }
+
+    std::unique_ptr<SessionBench> m_bench;
+    QTemporaryDir m_folder;
+};
+
+void tst_Transfers::init()
+{
+    Sim::SimOptions device = SessionBench::smallDevice();
+    device.packetSize = packetSize;
+    m_bench = std::make_unique<SessionBench>(SessionBench::fastOptions(), device);
+    QVERIFY(m_bench->openReady());
+}
+
+void tst_Transfers::contentIsTheSameAfterBothWays_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("memory") << 0;
+    QTest::newRow("device of Qt") << 1;
+    QTest::newRow("path") << 2;
+}
+
+void tst_Transfers::contentIsTheSameAfterBothWays()
+{
+    QFETCH(int, way);
+    const auto buffer = std::make_shared<QBuffer>();
+    buffer->setData(QByteArray::fromStdString(content()));
+    writeFile(path("source"), content());
+    const auto sent = way == 0 ? files().send(fileInfo(), content())
+        : way == 1             ? files().send(fileInfo(), buffer)
+                               : files().sendFrom(fileInfo(), path("source"));
+    QVERIFY2(resultOf(sent), qPrintable(resultOf(sent).text()));
+
+    std::string fetched;
+    if (way == 0) {
+        fetched = onDevice();
+    } else if (way == 1) {
+        const auto target = std::make_shared<QBuffer>();
+        QVERIFY(resultOf(files().fetch(fileInfo(), target)));
+        fetched = target->data().toStdString();
+    } else {
+        QVERIFY(resultOf(files().fetchTo(fileInfo(), path("target"))));
+        fetched = contentAt(path("target"));
+    }
+    QVERIFY(fetched == content());
+}
+
+void tst_Transfers::emptyContentIsTransferred()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), std::string())));
+    const auto answer = resultOf(files().fetch(fileInfo()));
+    QVERIFY2(answer, qPrintable(answer.text()));
+    QCOMPARE(answer.record(), std::string());
+}
+
+void tst_Transfers::sentFileIsInTheModel()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), content())));
+    QVERIFY(resultOf(wall().modelUpdate()));
+    const auto file = wall().device()->findFile(BizModel::Enum::File::Logo, 7).lock();
+    QVERIFY(file);
+    QCOMPARE(file->listEntry().general.name, std::string("picture"));
+    QCOMPARE(file->listEntry().size.length, qint32(content().size()));
+}
+
+void tst_Transfers::progressGrowsToTheTotalBeforeTheResult()
+{
+    QVERIFY(m_bench->addFault("late=20,code=0xFA03"));
+    QVERIFY(m_bench->addFault("late=20,code=0xFA04"));
+    const auto total = qint64(content().size());
+    const auto follow = [&](const auto &transfer) {
+        QList<TransferProgress> seen;
+        bool hasEnded = false;
+        transfer.onProgress(this, [&](const TransferProgress &now) {
+            QVERIFY(!hasEnded);
+            seen << now;
+        });
+        transfer.then(this, [&](const Outcome &outcome) {
+            QVERIFY(outcome);
+            hasEnded = true;
+        });
+        QTRY_VERIFY(hasEnded);
+        QVERIFY2(seen.size() >= 3 && seen.size() < packets, "25 packets in half a second");
+        qint64 done = 0;
+        for (const TransferProgress &each : qAsConst(seen)) {
+            QVERIFY(each.done >= done);
+            QVERIFY(each.rate >= 0);
+            done = each.done;
+        }
+        QCOMPARE(seen.last().done, total);
+        QCOMPARE(seen.last().total, total);
+        QCOMPARE(seen.last().share(), 1.0);
+        QVERIFY(seen.last().rate > 0);
+        QCOMPARE(transfer.progress().done, total);
+    };
+    follow(files().send(fileInfo(), content()));
+    follow(files().fetch(fileInfo()));
+}
+
+void tst_Transfers::takeDoesNotWaitForATransfer()
+{
+    QVERIFY(m_bench->addFault("late=100,code=0xFA03"));
+    const auto transfer = files().send(fileInfo(), content());
+    QTRY_VERIFY(transfer.progress().done > 0);
+    QVERIFY(resultOf(wall().call(&Control::Device::writeSwap, {1})));
+    QVERIFY(!transfer.future().isFinished());
+    transfer.cancel();
+    QVERIFY(resultOf(transfer).isCanceled());
+}
+
+void tst_Transfers::transfersAreCarriedOutOneAfterTheOther()
+{
+    QStringList ended;
+    for (qint32 id = 1; id <= 3; ++id)
+        files().send(fileInfo(id), content(char(id))).then(this, [&ended, id](const Outcome &o) {
+            ended << QStringLiteral("%1 %2").arg(id).arg(int(o.kind()));
+        });
+    QTRY_COMPARE(ended.join(QLatin1Char(',')), QStringLiteral("1 0,2 0,3 0"));
+    for (qint32 id = 1; id <= 3; ++id)
+        QVERIFY(onDevice(id) == content(char(id)));
+}
+
+void tst_Transfers::waitingTransferIsCancelledAtOnce()
+{
+    QVERIFY(m_bench->addFault("late=100,code=0xFA03"));
+    const auto first = files().send(fileInfo(1), content());
+    const auto waiting = files().send(fileInfo(2), content());
+    QSignalSpy finished(&wall(), &DeviceSession::callFinished);
+    waiting.cancel();
+    QVERIFY(waiting.future().isFinished());
+    const Outcome outcome = waiting.future().result();
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QVERIFY(outcome.isCanceled());
+    QCOMPARE(outcome.text(), QStringLiteral("wall 1: file import information was cancelled."));
+    QCOMPARE(finished.size(), 1);
+    first.cancel();
+    QVERIFY(resultOf(first).isCanceled());
+}
+
+void tst_Transfers::cancelledSendKeepsTheOldFile()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), content('a'))));
+    QVERIFY(m_bench->addFault("late=50,code=0xFA03"));
+    const auto transfer = files().send(fileInfo(), content('b'));
+    QTRY_VERIFY(transfer.progress().done > 0);
+    transfer.cancel();
+    const Outcome outcome = resultOf(transfer);
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QVERIFY(outcome.isCanceled());
+    QVERIFY(transfer.progress().done < qint64(content().size()));
+    QVERIFY(onDevice() == content('a'));
+    QVERIFY(m_bench->execute(QStringLiteral("fault clear")));
+    QVERIFY(resultOf(files().send(fileInfo(), content('c'))));
+    QVERIFY(onDevice() == content('c'));
+}
+
+void tst_Transfers::cancelledFetchKeepsTheOldTarget()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), content())));
+    writeFile(path("target"), "old");
+    QVERIFY(m_bench->addFault("late=50,code=0xFA04"));
+    const auto transfer = files().fetchTo(fileInfo(), path("target"));
+    QTRY_VERIFY(transfer.progress().done > 0);
+    transfer.cancel();
+    QVERIFY(resultOf(transfer).isCanceled());
+    QCOMPARE(contentAt(path("target")), std::string("old"));
+}
+
+void tst_Transfers::cancellingAnEndedTransferChangesNothing()
+{
+    const auto transfer = files().send(fileInfo(), content());
+    QVERIFY(resultOf(transfer));
+    transfer.cancel();
+    QVERIFY(resultOf(transfer));
+    QVERIFY(!resultOf(transfer).isCanceled());
+}
+
+void tst_Transfers::contentThatCannotBeReadIsNotSent_data()
+{
+    QTest::addColumn<int>("fault");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no such file")
+        << 0 << QStringLiteral("the content could not be read (No such file or directory)");
+    QTest::newRow("length is not known")
+        << 1 << QStringLiteral("the length of the content is not known");
+    QTest::newRow("ID") << 2 << QStringLiteral("type and ID of a file are 0 to 254");
+}
+
+void tst_Transfers::contentThatCannotBeReadIsNotSent()
+{
+    QFETCH(int, fault);
+    QFETCH(QString, reason);
+    DeviceLog log;
+    const auto process = std::make_shared<QProcess>();
+    process->start(QStringLiteral("true"), QStringList());
+    QVERIFY(process->waitForStarted());
+    const auto transfer = fault == 0 ? files().sendFrom(fileInfo(), path("missing"))
+        : fault == 1                 ? files().send(fileInfo(), process)
+                                     : files().send(fileInfo(255), content());
+    const Outcome outcome = resultOf(transfer);
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QCOMPARE(outcome.reason(), reason);
+    QVERIFY(!outcome.isCanceled());
+    QVERIFY(!log.codes().contains(QStringLiteral("FA03")));
+}
+
+void tst_Transfers::targetThatCannotBeWrittenGetsNothing()
+{
+    DeviceLog log;
+    const Outcome outcome = resultOf(files().fetchTo(fileInfo(), path("missing/target")));
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QVERIFY2(outcome.reason().startsWith(QLatin1String("the content could not be written (")),
+             qPrintable(outcome.reason()));
+    QVERIFY(!log.codes().contains(QStringLiteral("FA04")));
+}
+
+void tst_Transfers::fullDiskEndsAFetch()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("the system has no device that is always full");
+    QVERIFY(resultOf(files().send(fileInfo(), content())));
+    const auto full = std::make_shared<QFile>(QStringLiteral("/dev/full"));
+    const Outcome outcome = resultOf(files().fetch(fileInfo(), full));
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QCOMPARE(outcome.reason(),
+             QStringLiteral("the content could not be written (No space left on device)"));
+}
+
+void tst_Transfers::fetchNeedsNoControl()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), content())));
+    QVERIFY(resultOf(wall().releaseControl()));
+    TcpConnection other(m_bench->running->simulator->port());
+    QString error;
+    QVERIFY(other.channel->requestControl(SSProxy::ControlAction::Take, error));
+    QTRY_VERIFY(wall().isControlledByOthers());
+    QVERIFY(onDevice() == content());
+}
+
+void tst_Transfers::refusalOfASendNamesTheHolder()
+{
+    TcpConnection other(m_bench->running->simulator->port());
+    QString error;
+    QVERIFY(other.channel->requestControl(SSProxy::ControlAction::Take, error));
+    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
+    QCOMPARE(int(outcome.kind()), int(Outcome::Refused));
+    QVERIFY2(outcome.reason().startsWith(QLatin1String("the device is controlled by 127.0.0.1:")),
+             qPrintable(outcome.reason()));
+}
+
+void tst_Transfers::missingFileIsRefused()
+{
+    const auto answer = resultOf(files().fetch({200, 2}));
+    QCOMPARE(int(answer.kind()), int(Outcome::Refused));
+    QCOMPARE(answer.text(),
+             QStringLiteral("wall 1: file export information was refused: the device does not have "
+                            "this object."));
+}
+
+void tst_Transfers::connectionLostWithinASendLeavesTheOldFile()
+{
+    QVERIFY(resultOf(files().send(fileInfo(), content('a'))));
+    QVERIFY(m_bench->addFault("drop-before,code=0xFA03,skip=5,count=1"));
+    const Outcome outcome = resultOf(files().send(fileInfo(), content('b')));
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QCOMPARE(outcome.reason(),
+             QStringLiteral("the connection was lost before the last packet was sent"));
+    QTRY_VERIFY(wall().isReady());
+    QVERIFY(onDevice() == content('a'));
+}
+
+void tst_Transfers::lostAnswerToTheAnnouncementIsNotSent()
+{
+    QVERIFY(m_bench->addFault("drop-before,code=0xFA03,count=1"));
+    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QVERIFY(!outcome.reason().isEmpty());
+}
+
+void tst_Transfers::lostLastAnswerIsResolvedByTheDevice()
+{
+    const auto fault = QStringLiteral("drop-before,code=0xFA03,skip=%1,count=1").arg(packets);
+    QVERIFY(m_bench->addFault(qPrintable(fault)));
+    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
+    QVERIFY2(outcome, qPrintable(outcome.text()));
+    QTRY_VERIFY(wall().isReady());
+    QVERIFY(onDevice() == content());
+}
+
+void tst_Transfers::closedSessionEndsItsTransfers()
+{
+    QVERIFY(m_bench->addFault("late=100,code=0xFA03"));
+    const auto underWay = files().send(fileInfo(1), content());
+    const auto waiting = files().send(fileInfo(2), content());
+    QTRY_VERIFY(underWay.progress().done > 0);
+    m_bench->session.reset();
+    QVERIFY(underWay.future().isFinished());
+    QVERIFY(waiting.future().isFinished());
+    QCOMPARE(int(waiting.future().result().kind()), int(Outcome::NotSent));
+    underWay.cancel(); // without effect
+    QVERIFY(!underWay.future().result());
+}
+
+QTEST_GUILESS_MAIN(tst_Transfers)
+#include "tst_transfers.moc"

@@ -1,0 +1,152 @@
+// Firmware upgrades that a session starts and follows to their end.
+
+#include <support/tavorosession/devicelog.h>
+#include <support/tavorosession/sessionbench.h>
+
+#include <tavorocontrol/device.h>
+
+#include <QSignalSpy>
+
+using namespace Tavoro;
+using namespace std::chrono_literals;
+
+class tst_Upgrades : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { start(SessionBench::fastOptions()); }
+    void cleanup() { m_bench.reset(); }
+
+    void upgradeEndsWhenTheDeviceHasFinished();
+    void failedUpgradeNamesTheProgress();
+    void refusedUpgradeIsNotFollowed();
+    void upgradeIsFollowedOverARestart();
+    void upgradeWithoutAProgressIsUnknown();
+    void cancelledUpgradeContinuesOnTheDevice();
+    void upgradeThatWasNotSentIsCancelled();
+    void closedSessionEndsTheUpgrade();
+    void readsOfTheProgressAreNotReported();
+
+private:
+    void start(const SessionBench::Options &options)
+    {
+        m_bench.reset();
+        Sim::SimOptions device = SessionBench::smallDevice();
+        device.clockSpeed = 500;
+        m_bench = std::make_unique<SessionBench>(options, device);
+        QVERIFY(m_bench->openReady());
+    }
+    DeviceSession &wall() { return *m_bench->wall; }
+    auto upgrade(int reboot = 0)
+    {
+        ProtoModel::Auxiliary::s_UpgradeDetail detail;
+        detail.filePath = "/package";
+        detail.reboot = reboot;
+        return wall().upgrade(detail);
+    }
+
+    std::unique_ptr<SessionBench> m_bench;
+};
+
+void tst_Upgrades::upgradeEndsWhenTheDeviceHasFinished()
+{
+    QList<qint64> seen;
+    const auto call = upgrade();
+    call.onProgress(this, [&](const TransferProgress &now) {
+        QCOMPARE(now.total, qint64(100));
+        seen << now.done;
+    });
+    const auto answer = resultOf(call);
+    QVERIFY2(answer, qPrintable(answer.text()));
+    QCOMPARE(int(answer.record().rate), 100);
+    QVERIFY(seen.size() >= 3);
+    QVERIFY(std::is_sorted(seen.cbegin(), seen.cend()));
+    QCOMPARE(seen.last(), qint64(100));
+}
+
+void tst_Upgrades::failedUpgradeNamesTheProgress()
+{
+    QVERIFY(m_bench->execute(QStringLiteral("spoil 40")));
+    const auto answer = resultOf(upgrade());
+    QCOMPARE(int(answer.kind()), int(Outcome::Refused));
+    QCOMPARE(answer.text(),
+             QStringLiteral("wall 1: upgrade detail information was refused: it "
+                            "failed at 40 percent."));
+    QCOMPARE(int(answer.record().rate), 40);
+}
+
+void tst_Upgrades::refusedUpgradeIsNotFollowed()
+{
+    DeviceLog log;
+    QVERIFY(m_bench->addFault("status=8,code=0xFC08,count=1"));
+    const auto answer = resultOf(upgrade());
+    QCOMPARE(int(answer.kind()), int(Outcome::Refused));
+    QCOMPARE(int(answer.status()), 8);
+    QVERIFY(!log.codes().contains(QStringLiteral("FC09")));
+}
+
+void tst_Upgrades::upgradeIsFollowedOverARestart()
+{
+    QVERIFY(m_bench->addFault("drop-request,code=0xFC09,skip=1,count=1"));
+    QSignalSpy changed(&wall(), &DeviceSession::stateChanged);
+    const auto answer = resultOf(upgrade(1));
+    QVERIFY2(answer, qPrintable(answer.text()));
+    QVERIFY(changed.size() > 0);
+    QTRY_VERIFY(wall().isReady());
+}
+
+void tst_Upgrades::upgradeWithoutAProgressIsUnknown()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.upgradeTime = 500ms;
+    start(options);
+    QVERIFY(m_bench->addFault("status=8,code=0xFC09"));
+    const auto answer = resultOf(upgrade());
+    QCOMPARE(int(answer.kind()), int(Outcome::Unknown));
+    QCOMPARE(answer.reason(), QStringLiteral("the device does not report its progress any more"));
+}
+
+void tst_Upgrades::cancelledUpgradeContinuesOnTheDevice()
+{
+    const auto call = upgrade();
+    QTRY_VERIFY(call.progress().done > 0);
+    call.cancel();
+    QVERIFY(call.future().isFinished());
+    const auto answer = call.future().result();
+    QCOMPARE(int(answer.kind()), int(Outcome::Unknown));
+    QVERIFY(answer.isCanceled());
+    QCOMPARE(answer.reason(), QStringLiteral("the device continues, but is not followed any more"));
+}
+
+void tst_Upgrades::upgradeThatWasNotSentIsCancelled()
+{
+    DeviceLog log;
+    QVERIFY(m_bench->addFault("late=200,code=0x1107,count=1"));
+    wall().call(&Control::Device::writeSwap, {1});
+    const auto call = upgrade();
+    call.cancel();
+    const auto answer = resultOf(call);
+    QCOMPARE(int(answer.kind()), int(Outcome::NotSent));
+    QVERIFY(answer.isCanceled());
+    QVERIFY(!log.codes().contains(QStringLiteral("FC08")));
+}
+
+void tst_Upgrades::closedSessionEndsTheUpgrade()
+{
+    const auto call = upgrade();
+    QTRY_VERIFY(call.progress().done > 0);
+    wall().close();
+    QVERIFY(call.future().isFinished());
+    QCOMPARE(int(call.future().result().kind()), int(Outcome::Unknown));
+    QVERIFY(!call.future().result().isCanceled());
+}
+
+void tst_Upgrades::readsOfTheProgressAreNotReported()
+{
+    QSignalSpy finished(&wall(), &DeviceSession::callFinished);
+    QVERIFY(resultOf(upgrade()));
+    QCOMPARE(finished.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_Upgrades)
+#include "tst_upgrades.moc"
