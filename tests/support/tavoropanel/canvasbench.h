@@ -26,8 +26,9 @@ public:
         options.layersPerScreen = 4;
         return options;
     }
-    explicit CanvasBench(const Tavoro::Sim::SimOptions &device = twoScreens())
-        : PanelBench(fastOptions(), device), view(selection, messages, changes, actions)
+    explicit CanvasBench(const Options &options = fastOptions(),
+                         const Tavoro::Sim::SimOptions &device = twoScreens())
+        : PanelBench(options, device), view(selection, messages, changes, actions)
     {
         view.resize(1200, 600);
         view.show();

@@ -178,7 +178,7 @@ void CanvasScene::arrange()
         m_pairs[row].programme->setPos(place + QPointF(bounds.width() + middle, 0));
     }
     m_frame->follow();
-    const double frame = 6 / scale;
+    const double frame = margins.header / 4; // as wide as the items
     setSceneRect(QRectF(0, 0, 2 * bounds.width() + middle, bounds.height())
                      .adjusted(-frame, -frame, frame, frame));
     Q_EMIT screensArranged();

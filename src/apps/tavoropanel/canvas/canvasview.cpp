@@ -1,13 +1,12 @@
 #include "canvasview.h"
 
+#include "canvashint.h"
 #include "canvasscene.h"
 #include "canvastext.h"
 #include "layermenu.h"
 #include "selectionframe.h"
 
 #include <tavoropanel/actions/actions.h>
-
-#include <tavorosession/devicesession.h>
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -24,7 +23,7 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr double largestScale = 4; ///< Pixels of the view for each pixel of a screen.
 constexpr double wheelNotch = 120; ///< The angle of one notch, as Qt counts it.
-constexpr double hintHeight = 44; ///< In pixels of the view.
+constexpr int opacityStep = 5; ///< In percent.
 
 } // namespace
 
@@ -51,12 +50,13 @@ CanvasView::CanvasView(Selection &selection, Messages &messages, Changes &change
     connect(m_scene, &CanvasScene::screensArranged, this, [this] {
         if (m_isFitted)
             showAll();
+        describeSelection();
     });
     connect(m_scene, &CanvasScene::selectedLayerChanged, this, &CanvasView::describeSelection);
-    connect(&selection, &Selection::screensChanged, this, &CanvasView::describeSelection);
     connect(m_scene, &CanvasScene::deviceStateChanged, this, [this] {
         if (m_isFitted)
             fit();
+        describeSelection();
         viewport()->update();
     });
     connect(&selection, &Selection::deviceChanged, this, &CanvasView::fit);
@@ -75,6 +75,10 @@ void CanvasView::connectActions(const Actions &actions)
     on(ActionId::ZoomFit, [this] { fit(); });
     on(ActionId::RaiseLayer, [this] { restackSelected(StackingMove::Raise); });
     on(ActionId::LowerLayer, [this] { restackSelected(StackingMove::Lower); });
+    on(ActionId::RaiseToTop, [this] { restackSelected(StackingMove::ToTop); });
+    on(ActionId::LowerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
+    on(ActionId::MoreOpaque, [this] { m_keys.changeOpacity(opacityStep); });
+    on(ActionId::LessOpaque, [this] { m_keys.changeOpacity(-opacityStep); });
 }
 
 void CanvasView::restackSelected(StackingMove move)
@@ -119,7 +123,7 @@ void CanvasView::fit()
 QSizeF CanvasView::freeSize() const
 {
     const bool hasHint = !m_scene->screens().isEmpty() && !hint().isEmpty();
-    return QSizeF(viewport()->width(), viewport()->height() - (hasHint ? hintHeight : 0));
+    return QSizeF(viewport()->width(), viewport()->height() - (hasHint ? hintBarHeight : 0));
 }
 
 void CanvasView::showAll()
@@ -254,51 +258,33 @@ void CanvasView::updateTheme()
 
 void CanvasView::describeSelection()
 {
-    const LayerItem *const layer = m_scene->selectedLayer();
-    QString text = tr("No layer is selected.");
-    if (layer) {
+    QStringList sentences;
+    if (!hint().isEmpty())
+        sentences << hint();
+    if (const LayerItem *const layer = m_scene->selectedLayer()) {
         const ScreenItem *const screen = CanvasScene::screenOf(*layer);
-        text = tr("%1, %2, %3")
-                   .arg(screen->sceneName(), screen->name(), layer->shownFace().description());
+        sentences << tr("%1, %2, %3")
+                         .arg(screen->sceneName(), screen->name(),
+                              layer->shownFace().description());
+    } else if (!m_scene->screens().isEmpty()) {
+        sentences << tr("No layer is selected.");
     }
-    setAccessibleDescription(text);
+    setAccessibleDescription(sentences.join(QLatin1Char(' ')));
 }
 
 QString CanvasView::hint() const
 {
-    const DeviceSession *const device = m_selection.device();
-    if (!device)
-        return tr("Select a device to see its screens.");
-    const bool isEmpty = m_scene->screens().isEmpty();
-    switch (device->state().kind) {
-    case DeviceState::Disconnected:
-    case DeviceState::Lost:
-        return isEmpty ? tr("The device is not connected.")
-                       : tr("Not connected. This is the last known state of the device.");
-    case DeviceState::Connecting:
-        return tr("Connecting to the device…");
-    case DeviceState::Reading:
-        return isEmpty ? tr("Reading the device…") : QString();
-    case DeviceState::Ready:
-        return isEmpty ? tr("The device has no screens.") : QString();
-    }
-    return {};
+    return canvasHint(m_selection.device(), !m_scene->screens().isEmpty());
 }
 
 void CanvasView::drawForeground(QPainter *painter, const QRectF & /*rect*/)
 {
     const QString text = hint();
-    if (text.isEmpty())
-        return;
     const ViewPixels pixels(*painter);
-    QRectF area = viewport()->rect();
-    if (!m_scene->screens().isEmpty())
-        area.setTop(area.bottom() - hintHeight);
-    painter->fillRect(area, QColor(0, 0, 0, m_scene->screens().isEmpty() ? 0 : 190));
-    painter->setPen(m_scene->screens().isEmpty() ? palette().color(QPalette::WindowText)
-                                                 : QColor(Qt::white));
-    painter->setFont(canvasFont(18));
-    painter->drawText(area.adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap, text);
+    if (m_scene->screens().isEmpty())
+        paintHint(*painter, viewport()->rect(), text, palette().color(QPalette::WindowText));
+    else if (!text.isEmpty())
+        paintHintBar(*painter, viewport()->rect(), text);
 }
 
 } // namespace Tavoro::Panel

@@ -59,7 +59,10 @@ void LayerEditor::setWindow(LayerItem &layer, const QRect &window)
     const s_LayerWindow record{layer.id(), toRecord(window)};
     m_changes.callLatest(keyOf("window", layer), *device, &Control::Layer::writeWindow, {record})
         .then(&layer, [this, &layer, number](const Outcome &outcome) {
-            if (outcome.isReplaced())
+            // What became of an old value may be known only when the layer is elsewhere.
+            const bool isOutdated =
+                outcome.kind() == Outcome::Unknown && !layer.isLastWindow(number);
+            if (outcome.isReplaced() || isOutdated)
                 return;
             layer.endWindow(number, static_cast<bool>(outcome));
             if (!outcome)

@@ -39,6 +39,8 @@ public:
     /// @{
     quint64 sendWindow(const QRect &window);
     void endWindow(quint64 number, bool isAccepted);
+    /// True if no window was sent after the one with this number.
+    bool isLastWindow(quint64 number) const { return m_window.isLast(number); }
     quint64 sendOpacity(int percent);
     void endOpacity(quint64 number, bool isAccepted);
     /// @}

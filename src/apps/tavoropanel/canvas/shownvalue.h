@@ -18,6 +18,8 @@ public:
     const Value &shown() const { return m_sent ? *m_sent : m_actual; }
     /// What the device model holds.
     const Value &actual() const { return m_actual; }
+    /// True for the number of the value that was sent last.
+    bool isLast(quint64 number) const { return number == m_lastNumber; }
     /// True if the model does not have the shown value yet.
     bool isAwaited() const { return m_sent.has_value(); }
 
@@ -37,7 +39,7 @@ public:
     /// The device has accepted the value with this number. The model has it after the next read.
     void confirm(quint64 number)
     {
-        if (number != m_lastNumber)
+        if (!isLast(number))
             return;
         m_isConfirmed = true;
         settle();
@@ -45,7 +47,7 @@ public:
     /// Shows what the model holds, unless a newer value was sent.
     void drop(quint64 number)
     {
-        if (number == m_lastNumber)
+        if (isLast(number))
             m_sent.reset();
     }
     /// Shows what the model holds.

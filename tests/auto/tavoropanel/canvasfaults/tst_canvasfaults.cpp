@@ -5,6 +5,8 @@
 
 #include <tavorocontrol/screen.h>
 
+#include <QAction>
+
 using namespace Tavoro;
 using namespace Tavoro::Panel;
 
@@ -41,7 +43,11 @@ private:
 
 void tst_CanvasFaults::init()
 {
-    m_bench = std::make_unique<CanvasBench>();
+    using namespace std::chrono_literals;
+    CanvasBench::Options options = CanvasBench::fastOptions();
+    options.channel.maxRequestTime = 500ms;
+    options.outcomeTime = 1s;
+    m_bench = std::make_unique<CanvasBench>(options);
     QVERIFY(m_bench->openSelected());
     QTRY_COMPARE(m_bench->shown(2), start);
 }
@@ -54,7 +60,10 @@ void tst_CanvasFaults::refusedMoveReturnsTheLayer()
     QVERIFY(bench().shown(2) != start);
     QTRY_COMPARE(bench().shown(2), start);
     QCOMPARE(bench().heldWindow(2), start);
-    QCOMPARE(bench().complaints(),
+    // The value that waited meanwhile may be refused as well.
+    QStringList complaints = bench().complaints();
+    complaints.removeDuplicates();
+    QCOMPARE(complaints,
              QStringList{QStringLiteral(
                  "wall 1: layer window information was refused: a value is out of range.")});
 }
@@ -86,11 +95,13 @@ void tst_CanvasFaults::silentDeviceDoesNotBlockTheDrag()
             QCOMPARE(bench().shown(2), start.translated(bench().inScreen(from, to)));
     }
     bench().release(from + QPoint(-50, 25), Qt::ControlModifier);
+    const QRect last = bench().shown(2);
     QVERIFY(bench().execute(QStringLiteral("fault clear")));
-    // The device says that it has not carried the first write out; the last one follows or ends
-    // with it. Finally the canvas shows what the device holds.
+    // The outcome of the first write stays unknown; the last one follows when it is given up.
     QTRY_VERIFY_WITH_TIMEOUT(!bench().complaints().isEmpty(), 30000);
-    QTRY_COMPARE(bench().shown(2), bench().heldWindow(2));
+    QTRY_COMPARE(bench().heldWindow(2), last);
+    QTRY_COMPARE(bench().item(2).face().window, last);
+    QCOMPARE(bench().shown(2), last);
 }
 
 void tst_CanvasFaults::lostAnswerEndsWithWhatTheDeviceHolds()
@@ -191,8 +202,7 @@ void tst_CanvasFaults::refusedOpacityReturns()
 {
     QVERIFY(bench().addFault("status=4,code=0x1408"));
     bench().selection.setLayer(CanvasBench::id(2));
-    bench().view.setFocus();
-    QTest::keyClick(&bench().view, Qt::Key_Down, Qt::AltModifier);
+    bench().actions.action(ActionId::LessOpaque).trigger();
     QCOMPARE(bench().item(2).opacityPercent(), 95);
     QTRY_COMPARE(bench().item(2).opacityPercent(), 100);
     QCOMPARE(bench().held(2).opacity, 100);

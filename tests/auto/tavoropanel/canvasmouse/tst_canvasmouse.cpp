@@ -99,7 +99,7 @@ void tst_CanvasMouse::draggedLayerIsHeldByTheDevice()
     const QPoint from = bench().pointOf(2);
     const QPoint to = from + QPoint(-23, 9);
     const QRect expected = QRect(1400, 300, 800, 450).translated(bench().inScreen(from, to));
-    bench().drag(from, to);
+    bench().drag(from, to, Qt::ControlModifier);
     QCOMPARE(bench().shown(2), expected);
     QTRY_COMPARE(bench().heldWindow(2), expected);
     QTRY_COMPARE(bench().item(2).face().window, expected);
@@ -112,13 +112,13 @@ void tst_CanvasMouse::deviceFollowsDuringTheDrag()
     const QRect start(1400, 300, 800, 450);
     bench().press(from);
     for (const QPoint &way : {QPoint(-21, 7), QPoint(-25, 11), QPoint(17, -9)}) {
-        bench().moveTo(from + way);
+        bench().moveTo(from + way, Qt::ControlModifier);
         const QRect expected = start.translated(bench().inScreen(from, from + way));
         QCOMPARE(bench().shown(2), expected);
         QTRY_COMPARE(bench().heldWindow(2), expected);
         QCOMPARE(bench().shown(2), expected);
     }
-    bench().release(from + QPoint(17, -9));
+    bench().release(from + QPoint(17, -9), Qt::ControlModifier);
 }
 
 void tst_CanvasMouse::oneWriteIsUnderWayAndTheLastOneArrives()
