@@ -75,8 +75,8 @@ void CanvasView::connectActions(const Actions &actions)
     on(ActionId::ZoomFit, [this] { fit(); });
     on(ActionId::RaiseLayer, [this] { restackSelected(StackingMove::Raise); });
     on(ActionId::LowerLayer, [this] { restackSelected(StackingMove::Lower); });
-    on(ActionId::RaiseLayerToTop, [this] { restackSelected(StackingMove::ToTop); });
-    on(ActionId::LowerLayerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
+    on(ActionId::RaiseToTop, [this] { restackSelected(StackingMove::ToTop); });
+    on(ActionId::LowerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
     on(ActionId::MoreOpaque, [this] { m_keys.changeOpacity(opacityStep); });
     on(ActionId::LessOpaque, [this] { m_keys.changeOpacity(-opacityStep); });
 }

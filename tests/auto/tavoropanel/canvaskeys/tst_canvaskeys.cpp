@@ -194,8 +194,8 @@ void tst_CanvasKeys::orderChanges_data()
     // clang-format off
     QTest::newRow("raise")                       << ActionId::RaiseLayer         << quint8(1) << QList<int>{0, 2, 1, 3};
     QTest::newRow("lower")                       << ActionId::LowerLayer         << quint8(3) << QList<int>{0, 1, 3, 2};
-    QTest::newRow("to the top")                  << ActionId::RaiseLayerToTop    << quint8(1) << QList<int>{0, 2, 3, 1};
-    QTest::newRow("to the bottom")               << ActionId::LowerLayerToBottom << quint8(3) << QList<int>{0, 3, 1, 2};
+    QTest::newRow("to the top")                  << ActionId::RaiseToTop    << quint8(1) << QList<int>{0, 2, 3, 1};
+    QTest::newRow("to the bottom")               << ActionId::LowerToBottom << quint8(3) << QList<int>{0, 3, 1, 2};
     QTest::newRow("not below the background")    << ActionId::LowerLayer         << quint8(1) << QList<int>{0, 1, 2, 3};
     QTest::newRow("a background stays")          << ActionId::RaiseLayer         << quint8(0) << QList<int>{0, 1, 2, 3};
     // clang-format on
