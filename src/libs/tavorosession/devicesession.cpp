@@ -83,6 +83,11 @@ PendingCall<Outcome> DeviceSession::releaseControl()
     return d->requestControl(SSProxy::ControlAction::GiveUp);
 }
 
+PendingCall<Answer<QString>> DeviceSession::readControlHolder()
+{
+    return d->readControlHolder();
+}
+
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)
 {
     d->start(std::make_shared<CallJob>(std::move(call)), key);

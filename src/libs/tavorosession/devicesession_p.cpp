@@ -1,6 +1,7 @@
 #include "devicesession_p.h"
 
 #include "controljob_p.h"
+#include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
 
@@ -193,6 +194,14 @@ PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction
     PendingCall<Outcome> pending(job->future());
     if (action == SSProxy::ControlAction::GiveUp)
         m_controlIdle.stop();
+    m_calls.start(job, {});
+    return pending;
+}
+
+PendingCall<Answer<QString>> DeviceSessionPrivate::readControlHolder()
+{
+    const auto job = std::make_shared<HolderJob>();
+    PendingCall<Answer<QString>> pending(job->future());
     m_calls.start(job, {});
     return pending;
 }

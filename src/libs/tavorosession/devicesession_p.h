@@ -37,6 +37,7 @@ public:
     std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
+    PendingCall<Answer<QString>> readControlHolder();
     PendingCall<bool> modelUpdate();
 
     QString name() const;

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "presetlayout.h"
+
+#include <tavoropanel/undo/changeedits.h>
+
+#include <tavorocontrol/proto/identities.h>
+#include <tavoromodels/filesmodel.h>
+
+#include <QHash>
+#include <QPointer>
+#include <QSize>
+#include <QSortFilterProxyModel>
+
+namespace Tavoro::Panel {
+
+/// The presets of a device, with pictures of their layouts.
+///
+/// A picture is drawn from the content of the preset. What the device model does not contain is
+/// fetched from the device.
+class PresetsModel : public QSortFilterProxyModel {
+    Q_OBJECT
+
+public:
+    using FileId = ProtoModel::s_FileIdentity;
+
+    explicit PresetsModel(Changes &changes, QObject *parent = nullptr);
+
+    void setDevice(DeviceSession *device);
+    void setPictureSize(const QSize &size) { m_pictureSize = size; }
+
+    /// The preset of a row.
+    FileId preset(const QModelIndex &index) const;
+    /// The first number of a type that no file has; -1 if all are in use.
+    int freeNumber(int fileType) const;
+
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+Q_SIGNALS:
+    /// A preset could not be renamed.
+    void renameFailed(const QString &error);
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
+    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
+
+private:
+    /// The layout of a preset, read from the content with this size.
+    struct Known {
+        QVariant size;
+        std::optional<PresetLayout> layout;
+    };
+
+    void showDevice();
+    const std::optional<PresetLayout> &layoutOf(const QModelIndex &index) const;
+    void fetch(const FileId &file, const QVariant &size);
+    void learn(const FileId &file, const QVariant &size, const std::string &content);
+    void contentsChanged(const QModelIndex &first, const QModelIndex &last);
+
+    Models::FilesModel m_files;
+    ChangeEdits m_edits;
+    QPointer<DeviceSession> m_device;
+    QMetaObject::Connection m_deviceConnection;
+    QHash<QPair<int, int>, Known> m_known; ///< By type and number.
+    QSize m_pictureSize{144, 81};
+};
+
+} // namespace Tavoro::Panel
