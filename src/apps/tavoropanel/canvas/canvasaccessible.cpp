@@ -33,7 +33,8 @@ public:
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     QString text(QAccessible::Text text) const override
     {
-        return text == QAccessible::Name ? layer().fullDescription() : QString();
+        return text == QAccessible::Name ? CanvasScene::screenOf(layer())->description(layer())
+                                         : QString();
     }
     QRect rect() const override
     {
