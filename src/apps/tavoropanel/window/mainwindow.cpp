@@ -156,7 +156,8 @@ void MainWindow::addTopBar(QWidget &bar)
 void MainWindow::addBar(int place, QWidget &bar)
 {
     auto *const line = new QFrame(this);
-    line->setFrameShape(QFrame::HLine);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
     const bool isTop = place == m_column->indexOf(m_parts);
     bar.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_column->insertWidget(place, isTop ? &bar : line);
