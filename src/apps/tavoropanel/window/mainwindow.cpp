@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace Tavoro::Panel {
@@ -146,6 +147,11 @@ void MainWindow::addParts(Session &session)
         }
     }
     m_firstBottomDock->raise();
+    for (QTabBar *const tabs :
+         m_parts->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        tabs->setAccessibleName(tr("Parts below the canvas"));
+        tabs->setAccessibleDescription(tr("Selects presets, sources, images or the log"));
+    }
 }
 
 void MainWindow::addTopBar(QWidget &bar)

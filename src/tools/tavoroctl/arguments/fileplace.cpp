@@ -4,8 +4,6 @@
 
 #include <tavorobizmodel/enums.h>
 
-#include <QStringList>
-
 #include <algorithm>
 #include <iterator>
 
@@ -28,15 +26,15 @@ constexpr TypeRow typeRows[] = {
 
 constexpr int mostNumber = 254; ///< The highest type and the highest ID: 255 stands for all.
 
-QString typeNames()
+} // namespace
+
+QStringList fileTypeNames()
 {
     QStringList names;
     for (const TypeRow &row : typeRows)
         names += QLatin1String(row.name);
-    return names.join(QStringLiteral(", "));
+    return names;
 }
-
-} // namespace
 
 std::optional<int> parseFileType(const QString &text)
 {
@@ -63,7 +61,7 @@ bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QSt
         fault = QStringLiteral("\"%1\" is not a file type; use 0 to %2 or one of: %3")
                     .arg(type)
                     .arg(mostNumber)
-                    .arg(typeNames());
+                    .arg(fileTypeNames().join(QStringLiteral(", ")));
     else if (!readNumber(id, mostNumber, place.id))
         fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)").arg(id).arg(mostNumber);
     place.type = known.value_or(0);

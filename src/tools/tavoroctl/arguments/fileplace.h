@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -15,6 +16,9 @@ struct FilePlace {
 
 /// The type for \a text, a number or a name; nothing if it is neither.
 std::optional<int> parseFileType(const QString &text);
+
+/// The names of all types that have one.
+QStringList fileTypeNames();
 
 /// The name of a type, or its number if it has no name.
 QString fileTypeName(int type);

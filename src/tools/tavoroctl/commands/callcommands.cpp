@@ -1,8 +1,11 @@
-// Calls operations of the library by their names: call, batch, list.
+// Calls operations of the library by their names: call, batch.
 
 #include "commandlist.h"
+#include "unknownoperation.h"
 
 #include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/session/exchangestatus.h>
+#include <tavorooperations/jsontext.h>
 #include <tavorooperations/operation.h>
 
 #include <algorithm>
@@ -12,18 +15,19 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-/// The origin of calls: the command line, or a line of a batch.
-struct CallSource {
+/// One call, and where it comes from: the command line, or a line of a batch.
+struct Call {
+    QString host;
+    QStringList words; ///< The operation and its arguments.
     Operations::MissingKeys missing = Operations::MissingKeys::Refused;
-    QString place; ///< Prefix of each message about a fault; empty for the command call.
+    int line = 0; ///< Of the batch; 0 for the command call.
 };
 
-CallSource sourceOf(const Arguments &arguments)
+Operations::MissingKeys missingKeys(const Arguments &arguments)
 {
-    CallSource source;
-    if (arguments.options.contains(QStringLiteral("defaults")))
-        source.missing = Operations::MissingKeys::SentAsDefaults;
-    return source;
+    return arguments.options.contains(QStringLiteral("defaults"))
+        ? Operations::MissingKeys::SentAsDefaults
+        : Operations::MissingKeys::Refused;
 }
 
 QString adviceFor(const Operations::PreparedCall &call)
@@ -32,110 +36,94 @@ QString adviceFor(const Operations::PreparedCall &call)
                           : QString();
 }
 
-ExitStatus makeCall(Tool &tool, const QString &hostText, const QStringList &call,
-                    const CallSource &source)
+ExitStatus report(Tool &tool, const Call &call, ExitStatus exit, const QString &text,
+                  int status = 0)
 {
-    const std::optional<Host> host = parseHost(hostText);
-    if (!host)
-        return refuseHost(tool, hostText, source.place);
-    if (call.isEmpty())
-        return refuse(tool, source.place + QStringLiteral("expected an operation"));
-    const auto operation = Operations::find(call.at(0));
-    if (!operation)
-        return refuse(tool,
-                      source.place
-                          + QStringLiteral("unknown operation \"%1\"; \"tavoroctl list\" lists "
-                                           "all operations")
-                                .arg(call.at(0)));
-    const Operations::PreparedCall prepared = operation->prepare(call.mid(1), source.missing);
-    if (!prepared.fault.isEmpty())
-        return refuse(tool, source.place + prepared.fault + adviceFor(prepared));
-
-    QString error;
-    const auto device = tool.session.device(*host, error);
-    if (!device)
-        return fail(tool, error);
-    const Operations::CallResult result = prepared.run(device);
-    if (!result.ok)
-        return fail(tool, result.error);
-    if (!result.answer.empty())
-        tool.console.answerJson(result.answer);
-    return Done;
+    tool.console.error({exit, text, status, call.words.value(0), call.line});
+    return exit;
 }
 
-/// Makes the call of one line. The line begins with the host if \a batchHost is empty.
-ExitStatus makeCallOfLine(Tool &tool, const QString &batchHost, const QString &line,
-                          const CallSource &source)
+/// Prints what a call returned. The answer of the command call is the whole output: a record.
+ExitStatus showResult(Tool &tool, const Call &call, const Operations::CallResult &result)
 {
-    auto [call, fault] = splitBatchLine(line);
-    if (!fault.isEmpty())
-        return refuse(tool, source.place + fault);
-    if (call.isEmpty())
+    const bool hasAnswer = !result.answer.empty();
+    if (!tool.console.isJson() || (call.line == 0 && hasAnswer)) {
+        if (hasAnswer)
+            tool.console.answerJson(result.answer);
         return Done;
-    const QString host = batchHost.isEmpty() ? call.takeFirst() : batchHost;
-    return makeCall(tool, host, call, source);
-}
-
-ExitStatus listOne(Tool &tool, const QString &name)
-{
-    const auto operation = Operations::find(name);
-    if (!operation)
-        return refuse(tool, QStringLiteral("unknown operation \"%1\"").arg(name));
-    for (const Operations::Argument &argument : operation->arguments()) {
-        if (!argument.sample.empty())
-            tool.console.answerJson(argument.sample);
     }
-    return Done;
+    QJsonObject object{{QStringLiteral("host"), call.host},
+                       {QStringLiteral("operation"), call.words.at(0)},
+                       {QStringLiteral("line"), call.line}};
+    if (hasAnswer)
+        object.insert(QStringLiteral("answer"), Operations::jsonValue(result.answer));
+    return finish(tool, object);
 }
 
-/// What a call takes and prints: "FILTER FILTER -> [File::s_FileDetail]".
-QString usageOf(const Operations::Operation &operation)
+ExitStatus run(Tool &tool, const Call &call, const Operations::PreparedCall &prepared)
 {
-    QStringList words;
-    for (const Operations::Argument &argument : operation.arguments())
-        words += argument.type;
-    if (!operation.answer().isEmpty())
-        words += QStringLiteral("-> ") + operation.answer();
-    return words.join(QLatin1Char(' '));
+    QString error;
+    const auto device = tool.session.device(*parseHost(call.host), error);
+    if (!device)
+        return report(tool, call, Unreachable, error);
+    const SSProxy::ExchangeWatch watch;
+    const Operations::CallResult result = prepared.run(device);
+    return result.ok
+        ? showResult(tool, call, result)
+        : report(tool, call, exitStatusOf(watch.last()), result.error, statusOf(watch.last()));
+}
+
+ExitStatus makeCall(Tool &tool, const Call &call)
+{
+    if (!parseHost(call.host))
+        return report(tool, call, UsageError, faultOfHost(call.host));
+    if (call.words.isEmpty())
+        return report(tool, call, UsageError, QStringLiteral("expected an operation"));
+    const auto operation = Operations::find(call.words.at(0));
+    if (!operation)
+        return report(tool, call, UsageError, faultOfOperation(call.words.at(0)));
+    const Operations::PreparedCall prepared = operation->prepare(call.words.mid(1), call.missing);
+    if (!prepared.fault.isEmpty())
+        return report(tool, call, UsageError, prepared.fault + adviceFor(prepared));
+    return run(tool, call, prepared);
+}
+
+/// Makes the call of one line. The line begins with the host if that of \a call is empty.
+ExitStatus makeCallOfLine(Tool &tool, Call call, const QString &line)
+{
+    const BatchLine split = splitBatchLine(line);
+    call.words = split.words;
+    if (!split.fault.isEmpty())
+        return report(tool, call, UsageError, split.fault);
+    if (call.words.isEmpty())
+        return Done;
+    if (call.host.isEmpty())
+        call.host = call.words.takeFirst();
+    return makeCall(tool, call);
 }
 
 } // namespace
 
 ExitStatus runCall(Tool &tool, const Arguments &arguments)
 {
-    tool.console.showStatusBar(StatusBar::Everything);
-    return makeCall(tool, arguments.words.at(0), arguments.words.mid(1), sourceOf(arguments));
+    tool.console.showStatusBar(StatusBar::Successes);
+    return makeCall(tool,
+                    {arguments.words.at(0), arguments.words.mid(1), missingKeys(arguments), 0});
 }
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments)
 {
-    tool.console.showStatusBar(StatusBar::Everything);
-    const QString host = arguments.words.value(0);
-    if (!arguments.words.isEmpty() && !parseHost(host))
-        return refuseHost(tool, host);
-    CallSource source = sourceOf(arguments);
+    tool.console.showStatusBar(StatusBar::Successes);
+    Call call{arguments.words.value(0), {}, missingKeys(arguments), 0};
+    if (!arguments.words.isEmpty() && !parseHost(call.host))
+        return refuseHost(tool, call.host);
     ExitStatus worst = Done;
     std::string line;
-    for (int number = 1; !tool.console.hasOutputFailed() && std::getline(std::cin, line);
-         ++number) {
-        source.place = QStringLiteral("line %1 of the batch: ").arg(number);
-        worst = std::max(worst, makeCallOfLine(tool, host, QString::fromStdString(line), source));
+    while (!tool.console.hasOutputFailed() && std::getline(std::cin, line)) {
+        ++call.line;
+        worst = std::max(worst, makeCallOfLine(tool, call, QString::fromStdString(line)));
     }
     return worst;
-}
-
-ExitStatus runList(Tool &tool, const Arguments &arguments)
-{
-    if (!arguments.words.isEmpty())
-        return listOne(tool, arguments.words.at(0));
-    for (const Operations::Operation &operation : Operations::all()) {
-        const auto code = static_cast<uint>(operation.command());
-        tool.console.answer(QStringLiteral("%1 0x%2  %3")
-                                .arg(operation.name(), -42)
-                                .arg(code, 4, 16, QLatin1Char('0'))
-                                .arg(usageOf(operation)));
-    }
-    return Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -10,6 +10,7 @@ ExitStatus runBatch(Tool &tool, const Arguments &arguments);
 ExitStatus runCall(Tool &tool, const Arguments &arguments);
 ExitStatus runDiscover(Tool &tool, const Arguments &arguments);
 ExitStatus runFiles(Tool &tool, const Arguments &arguments);
+ExitStatus runHelp(Tool &tool, const Arguments &arguments);
 ExitStatus runList(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetApply(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);

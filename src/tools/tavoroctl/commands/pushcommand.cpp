@@ -82,7 +82,7 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     ContentSource content(path);
     QString error;
     if (!content.open(error))
-        return fail(tool, error);
+        return fail(tool, error, Failed);
     announce(content, arguments.options, info);
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);
@@ -91,7 +91,8 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
 
     error = faultOfLength(tool, *device, content);
     if (!error.isEmpty())
-        return fail(tool, error);
+        return fail(tool, error, Failed);
+    tool.console.streamProgress();
     // The status bar would show a lost answer to the last packet as a failure, but the upload may
     // have succeeded.
     tool.console.showStatusBar(StatusBar::Nothing);
@@ -99,7 +100,14 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     const Interruption interruption([&] { upload.cancel(); });
     bool isDone = false;
     runInBackground([&] { isDone = upload.run(content); });
-    return isDone ? Done : fail(tool, upload.error());
+    if (!isDone)
+        return upload.isCancelled() ? fail(tool, upload.error(), Interrupted)
+                                    : fail(tool, upload.error(), upload.lastExchange());
+    return finish(tool,
+                  {{QStringLiteral("fileType"), info.fileType},
+                   {QStringLiteral("fileId"), info.fileId},
+                   {QStringLiteral("name"), QString::fromStdString(info.general.name)},
+                   {QStringLiteral("bytes"), info.size.length}});
 }
 
 } // namespace Tavoro::Ctl

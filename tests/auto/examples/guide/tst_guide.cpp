@@ -29,6 +29,9 @@ QProcessEnvironment buildEnvironment(const QString &home)
     environment.insert(QStringLiteral("HOME"), home);
     environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home);
     environment.remove(QStringLiteral("XDG_DATA_HOME"));
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("fast_unwind_on_malloc=0"));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       QStringLiteral("suppressions=" TESTS_FOLDER "/lsan.supp"));
     return environment;
 }
 

@@ -191,6 +191,12 @@ void WindowTest::lostDeviceIsGrey()
     QVERIFY(ReadableDelegate().option(device).state & QStyle::State_Enabled);
     console("switch 0");
     QTRY_VERIFY(!(ReadableDelegate().option(device).state & QStyle::State_Enabled));
+    QVERIFY(find<QListView>("Programme")->model()->rowCount() > 0);
+    m_window->findChild<QPushButton *>()->click();
+    QTRY_VERIFY(m_window->statusBar()->currentMessage().startsWith(
+        QStringLiteral("Hall: screen take information was not sent: ")));
+    if (qEnvironmentVariableIsSet("SCREENSHOT_LOST"))
+        m_window->grab().save(qEnvironmentVariable("SCREENSHOT_LOST"));
 }
 
 int main(int argc, char *argv[])

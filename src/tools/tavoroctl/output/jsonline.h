@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QJsonObject>
+
+#include <string>
+
+namespace Tavoro::Ctl {
+
+/// The version of the objects that the tool writes. It changes when a program that reads them would
+/// have to change.
+constexpr int formatVersion = 1;
+
+/// The beginning of an object that is put together as text: "{" and its version.
+std::string formatHead();
+
+/// \a object with its version, in one line.
+std::string jsonLine(QJsonObject object);
+
+} // namespace Tavoro::Ctl
