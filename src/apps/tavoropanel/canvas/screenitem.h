@@ -44,7 +44,13 @@ public:
     /// Height of the title in pixels of the screen.
     void setHeaderHeight(double height);
     void setTheme(const CanvasTheme &theme);
-    void setChosen(bool isChosen);
+    /// How the screen is selected.
+    enum Choice {
+        NotChosen, ///< It is not selected.
+        OtherSceneChosen, ///< It is selected, and edits go to its other scene.
+        Chosen, ///< It is selected, and edits go to this scene.
+    };
+    void setChoice(Choice choice);
 
     /// The layers, the bottom layer first.
     QList<LayerItem *> layers() const { return m_layers; }
@@ -83,7 +89,7 @@ private:
     ProtoModel::Screen::s_ScreenFullDetail m_detail;
     QString m_name;
     double m_headerHeight = 0;
-    bool m_isChosen = false;
+    Choice m_choice = NotChosen;
     std::unique_ptr<CanvasTheme> m_theme;
     Models::LayersModel m_model;
     Stage *const m_stage; ///< Clips the layers to the screen; their parent.

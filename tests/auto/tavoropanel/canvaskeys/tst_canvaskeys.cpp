@@ -25,6 +25,7 @@ private Q_SLOTS:
     void arrowsMoveTheLayer_data();
     void arrowsMoveTheLayer();
     void arrowsAddUpWhileTheDeviceIsSlow();
+    void seriesOfArrowsIsOneStepOfUndo();
     void arrowsSelectSceneAndScreenWithoutALayer();
     void arrowsDoNotMoveABackground();
     void escapeDeselects();
@@ -141,6 +142,19 @@ void tst_CanvasKeys::arrowsAddUpWhileTheDeviceIsSlow()
     QTRY_COMPARE(bench().heldWindow(2), QRect(1292, 0, 1280, 1080));
     QTRY_COMPARE(bench().item(2).face().window.x(), 1292);
     QCOMPARE(bench().shown(2).x(), 1292);
+}
+
+void tst_CanvasKeys::seriesOfArrowsIsOneStepOfUndo()
+{
+    bench().selection.setLayer(CanvasBench::id(2));
+    for (int step = 0; step < 5; ++step)
+        press(Qt::Key_Down);
+    // Another selection ends the series at once, a pause later.
+    bench().selection.setLayer(CanvasBench::id(1));
+    QTRY_COMPARE(bench().changes.steps().count(), 1);
+    bench().changes.undo();
+    QTRY_COMPARE(bench().heldWindow(2), QRect(1280, 0, 1280, 1080));
+    QTRY_COMPARE(bench().shown(2), QRect(1280, 0, 1280, 1080));
 }
 
 void tst_CanvasKeys::arrowsSelectSceneAndScreenWithoutALayer()
