@@ -1,11 +1,11 @@
 #include "theme.h"
 
+#include "panelstyle.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QPalette>
 #include <QStandardPaths>
-#include <QStyle>
-#include <QStyleFactory>
 
 namespace Tavoro::Panel {
 
@@ -103,7 +103,7 @@ void applyTheme(Theme theme)
     current() = theme;
     addIconFolders();
     QIcon::setThemeName(isDark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new PanelStyle);
     QApplication::setPalette(paletteOf(isDark));
 }
 

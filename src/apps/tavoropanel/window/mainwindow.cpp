@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace Tavoro::Panel {
@@ -146,6 +147,11 @@ void MainWindow::addParts(Session &session)
         }
     }
     m_firstBottomDock->raise();
+    for (QTabBar *const tabs :
+         m_parts->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        tabs->setAccessibleName(tr("Parts below the canvas"));
+        tabs->setAccessibleDescription(tr("Selects presets, sources, images or the log"));
+    }
 }
 
 void MainWindow::addTopBar(QWidget &bar)
@@ -156,7 +162,8 @@ void MainWindow::addTopBar(QWidget &bar)
 void MainWindow::addBar(int place, QWidget &bar)
 {
     auto *const line = new QFrame(this);
-    line->setFrameShape(QFrame::HLine);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
     const bool isTop = place == m_column->indexOf(m_parts);
     bar.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_column->insertWidget(place, isTop ? &bar : line);

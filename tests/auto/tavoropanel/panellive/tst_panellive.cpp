@@ -206,6 +206,7 @@ void tst_PanelLive::screenIsSelectedByMouseAndKeyboard()
     const auto count = [this] {
         return m_bench->window->selection().screens().size();
     };
+    QTRY_VERIFY(screenButton(0).isVisible());
     WindowBench::click(screenButton(1));
     QCOMPARE(count(), 2);
     m_bench->key(Qt::Key_1, Qt::ControlModifier);
