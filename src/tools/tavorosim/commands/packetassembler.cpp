@@ -54,7 +54,7 @@ std::size_t bytesIn(const Streams &streams)
 {
     return std::accumulate(streams.begin(), streams.end(), std::size_t{0},
                            [](std::size_t sum, const auto &stream) {
-                               const int ahead = stream.ahead ? stream.ahead->frame.size() : 0;
+                               const auto ahead = stream.ahead ? stream.ahead->frame.size() : 0;
                                return sum + stream.body.size() + static_cast<std::size_t>(ahead);
                            });
 }
