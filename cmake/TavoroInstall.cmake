@@ -1,4 +1,4 @@
-# Installs libraries, headers, a pkg-config file for each library, and the package that find_package(TavoroControl) finds.
+# Installs libraries (each is a component), headers, a pkg-config file for each library, and the package that find_package(TavoroControl) finds.
 # A build with Qt 6 installs the same under names that end with Qt6.
 include(CMakePackageConfigHelpers)
 
@@ -12,7 +12,7 @@ set(tavoro_pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 function(tavoro_install name description)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "REQUIRES")
     install(TARGETS ${name} EXPORT ${tavoro_package}Targets
-        LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Devel
+        LIBRARY COMPONENT ${name} NAMELINK_COMPONENT Devel
         ARCHIVE COMPONENT Devel
         FILE_SET HEADERS DESTINATION ${tavoro_include_dir} COMPONENT Devel)
 
@@ -34,6 +34,13 @@ endfunction()
 
 # tavoro_install_package(): to be called once, after all libraries.
 function(tavoro_install_package)
+    if(QT_VERSION_MAJOR EQUAL 5)
+        set(tavoro_other_qt 6)
+        set(tavoro_other_package TavoroControlQt6)
+    else()
+        set(tavoro_other_qt 5)
+        set(tavoro_other_package TavoroControl)
+    endif()
     configure_package_config_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/TavoroControlConfig.cmake.in
         ${PROJECT_BINARY_DIR}/${tavoro_package}Config.cmake
         INSTALL_DESTINATION ${tavoro_package_dir})
@@ -47,3 +54,8 @@ function(tavoro_install_package)
     export(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: FILE ${PROJECT_BINARY_DIR}/${tavoro_package}Targets.cmake)
     install(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: DESTINATION ${tavoro_package_dir} COMPONENT Devel)
 endfunction()
+
+# The pages, with the folders in which they link each other.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT Documentation
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "schema" EXCLUDE)

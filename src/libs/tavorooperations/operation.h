@@ -86,7 +86,7 @@ struct CallResult {
 /// A call whose arguments are valid, or the reason why they are not. Nothing has been sent yet.
 struct PreparedCall {
     /// What is wrong with the arguments, and where: "Device.writeSwap, argument 1: line 1, column
-    /// 9: 300 would be sent as 44". Empty if they are valid.
+    /// 9: 300 would be sent as 44; the range is 0 to 255". Empty if they are valid.
     QString fault;
     /// Whether keys are missing and nothing else is wrong: the call would be valid with
     /// MissingKeys::SentAsDefaults.

@@ -1,6 +1,9 @@
 #include "recordargument_p.h"
 
+#include "numberrange_p.h"
+
 #include <tavorooperations/jsontext.h>
+#include <tavorooperations/nearest.h>
 
 #include <QByteArray>
 #include <QJsonArray>
@@ -13,6 +16,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <optional>
 
 namespace Tavoro::Operations::Internal {
 
@@ -39,7 +43,9 @@ bool isSame(const QJsonValue &typed, const QJsonValue &sent)
 /// Compares a valid JSON text with the record that it would be sent as, value by value.
 class RecordComparison {
 public:
-    explicit RecordComparison(QByteArray text) : m_text(std::move(text)) { }
+    RecordComparison(QByteArray text, QString type)
+        : m_text(std::move(text)), m_type(std::move(type))
+    { }
 
     /// The first difference, empty if there is none. Collects the keys that the text lacks.
     Fault compare(const QJsonValue &sent) { return compareValue(sent, {}); }
@@ -56,7 +62,7 @@ private:
             return compareObject(sent.toObject(), path);
         if (first == '[' && sent.isArray())
             return compareArray(sent.toArray(), path);
-        return compareScalar(sent);
+        return compareScalar(sent, path);
     }
 
     /// The next character that is not a blank.
@@ -100,8 +106,9 @@ private:
             const QString key = jsonValue(takeScalar().toStdString()).toString();
             if (!sent.contains(key)) {
                 return placedAt(m_text, start,
-                                QStringLiteral("unknown key \"%1\"; the keys here are: %2")
-                                    .arg(key, sent.keys().join(QStringLiteral(", "))));
+                                QStringLiteral("unknown key \"%1\"%2; the keys here are: %3")
+                                    .arg(key, suggestion(key, sent.keys()),
+                                         sent.keys().join(QStringLiteral(", "))));
             }
             missing.removeOne(key);
             takeIf(':');
@@ -127,7 +134,7 @@ private:
         return {};
     }
 
-    Fault compareScalar(const QJsonValue &sent)
+    Fault compareScalar(const QJsonValue &sent, const QString &path)
     {
         const int start = m_offset;
         const QByteArray typed = takeScalar();
@@ -135,10 +142,23 @@ private:
             return {};
         return placedAt(
             m_text, start,
-            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent)));
+            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent))
+                + rangeNote(typed, path));
+    }
+
+    /// The range of a number that does not fit; empty for other values.
+    QString rangeNote(const QByteArray &typed, const QString &path) const
+    {
+        bool isNumber = false;
+        typed.toDouble(&isNumber);
+        const std::optional<NumberLimits> limits = limitsAt(m_type, path);
+        return isNumber && limits
+            ? QStringLiteral("; the range is %1 to %2").arg(limits->least).arg(limits->most)
+            : QString();
     }
 
     const QByteArray m_text;
+    const QString m_type;
     int m_offset = 0;
     QStringList m_missing;
 };
@@ -180,10 +200,10 @@ Fault faultOfCodec(const std::string &error)
     return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
 }
 
-Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
-                     bool &lacksKeys)
+Fault faultOfMeaning(const std::string &text, const std::string &sent, const QString &type,
+                     MissingKeys missing, bool &lacksKeys)
 {
-    RecordComparison comparison(QByteArray::fromStdString(text));
+    RecordComparison comparison(QByteArray::fromStdString(text), type);
     Fault fault = comparison.compare(jsonValue(sent));
     const QStringList &keys = comparison.missingKeys();
     if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "recordnames_p.h"
+
 #include <tavorooperations/operation.h>
 
 #include <tavorocontrol/proto/codec.h>
 
+#include <QLatin1Char>
 #include <QString>
 
 #include <string>
@@ -29,14 +32,25 @@ Fault faultOfCodec(const std::string &error);
 ///
 /// The codec is lenient: it skips unknown keys, truncates numbers to the width of their field,
 /// reads words as numbers and leaves missing keys at their defaults. A record is sent only if it is
-/// exactly what the caller wrote. \a lacksKeys becomes true if the fault is that keys are missing.
-Fault faultOfMeaning(const std::string &text, const std::string &sent, MissingKeys missing,
-                     bool &lacksKeys);
+/// exactly what the caller wrote. \a type names the record, see Argument::type: a fault of a
+/// number names the range. \a lacksKeys becomes true if the fault is that keys are missing.
+Fault faultOfMeaning(const std::string &text, const std::string &sent, const QString &type,
+                     MissingKeys missing, bool &lacksKeys);
 
 template <class Record>
 struct IsList : std::false_type { };
 template <class Record>
 struct IsList<std::vector<Record>> : std::true_type { };
+
+/// The name of a record or of a list of records, see Argument::type.
+template <class Record>
+struct TypeName {
+    static QString text() { return QString::fromStdString(nameOf<Record>()); }
+};
+template <class Record>
+struct TypeName<std::vector<Record>> {
+    static QString text() { return QLatin1Char('[') + TypeName<Record>::text() + QLatin1Char(']'); }
+};
 
 /// Decodes \a text into \a record.
 template <class Record>
@@ -52,7 +66,7 @@ Fault readRecord(const std::string &text, Record &record, MissingKeys missing, b
         return faultOfCodec(error);
     std::string sent;
     ajson::encodeRecord(record, sent);
-    return faultOfMeaning(text, sent, missing, lacksKeys);
+    return faultOfMeaning(text, sent, TypeName<Record>::text(), missing, lacksKeys);
 }
 
 } // namespace Tavoro::Operations::Internal

@@ -1,6 +1,7 @@
 #include "devicecalls_p.h"
 
 #include "controljob_p.h"
+#include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
 
@@ -58,6 +59,14 @@ PendingCall<Outcome> DeviceCalls::requestControl(SSProxy::ControlAction action)
 {
     const auto job = std::make_shared<ControlJob>(action);
     PendingCall<Outcome> pending(job->future());
+    m_queue.start(job, {});
+    return pending;
+}
+
+PendingCall<Answer<QString>> DeviceCalls::readControlHolder()
+{
+    const auto job = std::make_shared<HolderJob>();
+    PendingCall<Answer<QString>> pending(job->future());
     m_queue.start(job, {});
     return pending;
 }

@@ -52,6 +52,7 @@ public:
     void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker) override;
     std::shared_ptr<BizModel::Device> modelDevice() const override;
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
+    PendingCall<Answer<QString>> readControlHolder();
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
 
 private:

@@ -93,6 +93,11 @@ PendingCall<Outcome> DeviceSession::releaseControl()
     return d->requestControl(SSProxy::ControlAction::GiveUp);
 }
 
+PendingCall<Answer<QString>> DeviceSession::readControlHolder()
+{
+    return d->calls().readControlHolder();
+}
+
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)
 {
     d->calls().startLatest(std::make_shared<CallJob>(std::move(call)), key);

@@ -93,6 +93,10 @@ public:
     /// Gives control up. Without effect if this client does not hold it. See also
     /// SessionOptions::controlIdleTime.
     PendingCall<Outcome> releaseControl();
+    /// Asks the device which client holds control, without requesting it. The record is the
+    /// client's address and port, such as 192.0.2.9:50000; empty if no client holds control. This
+    /// program is the holder if the record is not empty and isControlledByOthers() is false.
+    PendingCall<Answer<QString>> readControlHolder();
     /// @}
 
     /// \name Files and upgrades

@@ -1,63 +1,38 @@
 #include "commandline.h"
 
+#include <tavoroctl/commands/helpcommand.h>
+#include <tavorooperations/nearest.h>
+
 #include <QCommandLineParser>
 
 namespace Tavoro::Ctl {
 
 namespace {
 
-const QString verboseOption = QStringLiteral("verbose");
+const QString helpOption = QStringLiteral("help");
 const QString jsonOption = QStringLiteral("json");
-const QString timeoutOption = QStringLiteral("timeout");
+const QString quietOption = QStringLiteral("quiet");
 const QString requestTimeoutOption = QStringLiteral("request-timeout");
+const QString shortHelp = QStringLiteral("h");
+const QString shortVersion = QStringLiteral("v");
+const QString timeoutOption = QStringLiteral("timeout");
+const QString verboseOption = QStringLiteral("verbose");
+const QString versionOption = QStringLiteral("version");
 
-QString exitStatusHelp()
+/// Adds options to \a parser, and their names to \a names.
+void addOptions(QCommandLineParser &parser, const OptionRange &options, QStringList &names)
 {
-    return QStringLiteral("Exit status: 0 done, 1 a device, an operation or the output failed, 2 "
-                          "the command line is wrong and nothing was sent for it.");
-}
-
-void addCommonOptions(QCommandLineParser &parser)
-{
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOptions({
-        {verboseOption, QStringLiteral("Show the log on standard error.")},
-        {jsonOption, QStringLiteral("Print JSON instead of tables.")},
-        {timeoutOption, QStringLiteral("Wait MS milliseconds for a device to be ready (5000)."),
-         QStringLiteral("MS")},
-        {requestTimeoutOption,
-         QStringLiteral("Wait at most MS milliseconds for each answer (as long as the library "
-                        "waits, up to 200 s)."),
-         QStringLiteral("MS")},
-    });
-}
-
-void describeAll(QCommandLineParser &parser)
-{
-    parser.setApplicationDescription(
-        QStringLiteral("Controls a device from a terminal.\n\nCommands:\n") + commandHelp()
-        + QStringLiteral("\n\"tavoroctl COMMAND --help\" lists the options of a command.\n")
-        + exitStatusHelp());
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("The command."),
-                                 QStringLiteral("COMMAND [WORD ...]"));
-}
-
-void describe(QCommandLineParser &parser, const CommandRow &command)
-{
-    const QString name = QLatin1String(command.name);
-    parser.setApplicationDescription(exitStatusHelp());
-    parser.addPositionalArgument(name, QLatin1String(command.effect),
-                                 name + QLatin1Char(' ') + QLatin1String(command.usage));
-    for (const OptionRow &row : command.options)
+    for (const OptionRow &row : options) {
         parser.addOption(
             {QLatin1String(row.name), QLatin1String(row.effect), QLatin1String(row.value)});
+        names += QLatin1String(row.name);
+    }
 }
 
 void refuse(CommandLine &line, const QString &fault)
 {
-    line.isValid = false;
-    line.text = fault;
+    if (line.fault.isEmpty())
+        line.fault = fault;
 }
 
 void readMilliseconds(const QCommandLineParser &parser, const QString &option, CommandLine &line,
@@ -76,22 +51,34 @@ void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
 {
     line.isVerbose |= parser.isSet(verboseOption);
     line.asJson |= parser.isSet(jsonOption);
+    line.isQuiet |= parser.isSet(quietOption);
+    line.showsHelp |= parser.isSet(helpOption) || parser.isSet(shortHelp);
+    line.showsVersion |= parser.isSet(versionOption) || parser.isSet(shortVersion);
     readMilliseconds(parser, timeoutOption, line, line.limits.ready);
     readMilliseconds(parser, requestTimeoutOption, line, line.limits.request);
-    if (parser.isSet(QStringLiteral("help")))
-        line.text = parser.helpText();
-    if (parser.isSet(QStringLiteral("version")))
-        line.text = QStringLiteral("tavoroctl " TAVORO_VERSION);
 }
 
-/// Reads the options that \a parser knows and returns the other words.
-QStringList parseWith(QCommandLineParser &parser, const QStringList &words, CommandLine &line)
+/// What is wrong with the options, with a suggestion for an unknown one.
+QString faultOf(const QCommandLineParser &parser, const QStringList &names)
 {
-    addCommonOptions(parser);
-    if (parser.parse(words))
-        readCommonOptions(parser, line);
-    else
-        refuse(line, parser.errorText());
+    const QString unknown = parser.unknownOptionNames().value(0);
+    const QString nearest = Operations::nearest(unknown, names);
+    return nearest.isEmpty()
+        ? parser.errorText()
+        : QStringLiteral("%1 Did you mean --%2?").arg(parser.errorText(), nearest);
+}
+
+/// Reads the common options and those of \a options, and returns the other words.
+QStringList parseWith(QCommandLineParser &parser, const OptionRange &options,
+                      const QStringList &words, CommandLine &line)
+{
+    QStringList names;
+    addOptions(parser, commonOptions(), names);
+    addOptions(parser, options, names);
+    parser.addOptions({{shortHelp, {}}, {shortVersion, {}}});
+    if (!parser.parse(words))
+        refuse(line, faultOf(parser, names));
+    readCommonOptions(parser, line);
     return parser.positionalArguments();
 }
 
@@ -103,17 +90,18 @@ void parseArguments(const QString &program, const QStringList &words, CommandLin
     const auto wordsOfName =
         static_cast<int>(QString::fromLatin1(command.name).count(QLatin1Char(' '))) + 1;
     QCommandLineParser parser;
-    describe(parser, command);
     if (QLatin1String(command.name) == QLatin1String("call"))
         parser.setOptionsAfterPositionalArgumentsMode(
             QCommandLineParser::ParseAsPositionalArguments);
-    line.arguments.words = parseWith(parser, QStringList{program} + words.mid(wordsOfName), line);
+    line.arguments.words =
+        parseWith(parser, command.options, QStringList{program} + words.mid(wordsOfName), line);
     for (const OptionRow &row : command.options) {
         const QString name = QLatin1String(row.name);
         if (parser.isSet(name))
             line.arguments.options.insert(name, parser.value(name));
     }
-    if (line.text.isEmpty() && !takesWords(command, static_cast<int>(line.arguments.words.size())))
+    const bool isRun = !line.showsHelp && !line.showsVersion;
+    if (isRun && !takesWords(command, static_cast<int>(line.arguments.words.size())))
         refuse(line,
                QStringLiteral("%1 takes %2")
                    .arg(QLatin1String(command.name), QLatin1String(command.usage)));
@@ -125,20 +113,19 @@ CommandLine parseCommandLine(const QStringList &arguments)
 {
     CommandLine line;
     QCommandLineParser parser;
-    describeAll(parser);
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
-    const QStringList words = parseWith(parser, arguments, line);
-    if (!line.text.isEmpty())
-        return line;
+    const QStringList words = parseWith(parser, {}, arguments, line);
     line.command = findCommand(words);
+    if (!line.fault.isEmpty() || line.showsVersion)
+        return line;
     if (line.command)
         parseArguments(arguments.at(0), words, line);
-    else if (words.isEmpty())
+    else if (!words.isEmpty())
+        refuse(line, faultOfCommand(words));
+    else if (!line.showsHelp)
         refuse(line, QStringLiteral("expected a command; --help lists all commands"));
-    else
-        refuse(
-            line,
-            QStringLiteral("unknown command \"%1\"; --help lists all commands").arg(words.at(0)));
+    // An error is an object even if the option follows what is wrong.
+    line.asJson |= !line.fault.isEmpty() && words.contains(QStringLiteral("--json"));
     return line;
 }
 

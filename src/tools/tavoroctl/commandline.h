@@ -9,13 +9,15 @@ namespace Tavoro::Ctl {
 
 /// The parsed command line.
 struct CommandLine {
-    const CommandRow *command = nullptr; ///< Null when \c text is to be printed instead.
+    const CommandRow *command = nullptr; ///< May be null if help or version is to be shown.
     Arguments arguments;
     bool isVerbose = false;
+    bool isQuiet = false;
     bool asJson = false;
+    bool showsHelp = false;
+    bool showsVersion = false;
     Session::Limits limits;
-    QString text; ///< Help, the version, or the fault of the command line.
-    bool isValid = true; ///< False when \c text is a fault.
+    QString fault; ///< What is wrong; empty if the command line is valid.
 };
 
 CommandLine parseCommandLine(const QStringList &arguments);

@@ -2,24 +2,56 @@
 
 #include "commandline.h"
 
+#include <programhelp/hiddenoptions.h>
+#include <tavoroctl/commands/helpcommand.h>
+#include <tavoroctl/commands/program.h>
 #include <tavoroctl/output/standardstreams.h>
 
 #include <QCoreApplication>
 
+namespace {
+
+using namespace Tavoro;
+using namespace Tavoro::Ctl;
+
+void showVersion(Tool &tool)
+{
+    const QString name = QStringLiteral("tavoroctl");
+    const QString version = QStringLiteral(TAVORO_VERSION);
+    if (tool.console.isJson())
+        tool.console.answerObject(
+            {{QStringLiteral("program"), name}, {QStringLiteral("version"), version}});
+    else
+        tool.console.answer(name + QLatin1Char(' ') + version);
+}
+
+ExitStatus run(Tool &tool, const CommandLine &line)
+{
+    if (!line.fault.isEmpty())
+        return refuse(tool, line.fault);
+    if (line.showsHelp)
+        return showHelp(tool, tool.command.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    if (!line.showsVersion)
+        return line.command->run(tool, line.arguments);
+    showVersion(tool);
+    return Done;
+}
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
-    using namespace Tavoro::Ctl;
     protectStandardStreams();
-    QCoreApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tavoroctl"));
+    const QStringList arguments = QCoreApplication::arguments();
+    if (const auto status = Help::runHiddenOption(describeProgram(), completeValue, arguments))
+        return *status;
 
-    const CommandLine line = parseCommandLine(QCoreApplication::arguments());
+    const CommandLine line = parseCommandLine(arguments);
     setLogShown(line.isVerbose);
-    Tool tool{Console(!line.isVerbose), Session(line.limits), line.asJson, line.limits.ready};
-    if (!line.isValid)
-        return refuse(tool, line.text);
-    if (line.text.isEmpty())
-        return tool.console.statusWithOutput(line.command->run(tool, line.arguments));
-    tool.console.answer(line.text);
-    return tool.console.statusWithOutput(Done);
+    Tool tool{Console({line.asJson, line.isQuiet, !line.isVerbose}), Session(line.limits),
+              line.limits.ready, line.command ? QString::fromLatin1(line.command->name) : QString(),
+              SSProxy::ExchangeWatch()};
+    return tool.console.statusWithOutput(run(tool, line));
 }

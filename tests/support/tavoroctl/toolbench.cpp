@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QProcessEnvironment>
 
 #include <csignal>
 #include <cstdlib>
@@ -74,6 +75,9 @@ RunningTool::RunningTool(const QByteArrayList &arguments, const QString &errorFi
 {
     if (!errorFile.isEmpty())
         m_process.setStandardErrorFile(errorFile);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("NO_COLOR"), QStringLiteral("1"));
+    m_process.setProcessEnvironment(environment);
     m_process.start(QStringLiteral(TAVOROCTL), texts(arguments));
     m_process.waitForStarted(patience);
 }

@@ -1,34 +1,23 @@
 #include "actions.h"
 
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/theme/icon.h>
 #include <tavoropanel/undo/changes.h>
 
 #include <QAction>
-#include <QIcon>
-#include <QUndoStack>
 
 namespace Tavoro::Panel {
-
-namespace {
-
-QIcon iconOf(const ActionRow &row)
-{
-    const QString name = QString::fromLatin1(row.icon);
-    return name.isEmpty()
-        ? QIcon()
-        : QIcon::fromTheme(name, QIcon(QStringLiteral(":/icons/%1.svg").arg(name)));
-}
-
-} // namespace
 
 Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
     : QObject(parent), m_selection(selection), m_changes(changes)
 {
     for (const ActionRow &row : actionTable()) {
-        auto *const action = new QAction(iconOf(row), tr(row.text), this);
+        auto *const action = new QAction(tr(row.text), this);
+        if (*row.icon)
+            action->setIcon(icon(row.icon));
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
-        action->setToolTip(tr(row.description));
-        action->setStatusTip(tr(row.description));
+        action->setToolTip(tr(descriptionOf(row.id)));
+        action->setStatusTip(action->toolTip());
         action->setAutoRepeat(false);
         m_actions.emplace(row.id, action);
     }
@@ -36,11 +25,13 @@ Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
         updateEnabled();
     };
     connect(&selection, &Selection::deviceChanged, this, update);
+    connect(&selection, &Selection::stateChanged, this, update);
     connect(&selection, &Selection::canWriteChanged, this, update);
     connect(&selection, &Selection::screensChanged, this, update);
     connect(&selection, &Selection::layerChanged, this, update);
-    connect(&changes.steps(), &QUndoStack::canUndoChanged, this, update);
-    connect(&changes.steps(), &QUndoStack::canRedoChanged, this, update);
+    connect(&changes, &Changes::stepsChanged, this, update);
+    connect(&action(ActionId::Undo), &QAction::triggered, &changes, &Changes::undo);
+    connect(&action(ActionId::Redo), &QAction::triggered, &changes, &Changes::redo);
     updateEnabled();
 }
 
@@ -62,6 +53,8 @@ bool Actions::isMet(Needs needs) const
         return true;
     case Needs::Device:
         return m_selection.device();
+    case Needs::Connection:
+        return m_selection.isConnected();
     case Needs::WritableScreens:
         return m_selection.canWrite() && !m_selection.screens().isEmpty();
     case Needs::WritableLayer:
@@ -69,9 +62,9 @@ bool Actions::isMet(Needs needs) const
     case Needs::WritableDevice:
         return m_selection.canWrite();
     case Needs::UndoStep:
-        return m_changes.steps().canUndo();
+        return m_changes.canUndo();
     case Needs::RedoStep:
-        return m_changes.steps().canRedo();
+        return m_changes.canRedo();
     }
     return false;
 }

@@ -19,6 +19,7 @@ enum class Menu : int {
 enum class Needs : int {
     Nothing, ///< Always.
     Device, ///< A device is selected.
+    Connection, ///< The selected device is connected.
     WritableScreens, ///< Screens of a device are selected that accepts writes.
     WritableLayer, ///< A layer is selected, and its device accepts writes.
     WritableDevice, ///< A device is selected that accepts writes.
@@ -34,10 +35,12 @@ struct ActionRow {
     const char *text; ///< To be translated; with a mnemonic.
     const char *shortcut; ///< As in QKeySequence; empty for none.
     const char *icon; ///< Name in the icon theme; empty for none.
-    const char *description; ///< Tool tip and status tip; to be translated.
 };
 
 /// All actions.
 const std::vector<ActionRow> &actionTable();
+
+/// What an action does, in one sentence to be translated.
+const char *descriptionOf(ActionId id);
 
 } // namespace Tavoro::Panel

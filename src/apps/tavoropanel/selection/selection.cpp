@@ -49,31 +49,39 @@ void Selection::setDevice(DeviceSession *device)
     if (m_device)
         m_device->disconnect(this);
     m_device = device;
-    m_layer.reset();
-    m_screens.clear();
     if (device) {
-        connect(device, &DeviceSession::stateChanged, this, &Selection::updateCanWrite);
-        connect(device, &DeviceSession::controlChanged, this, &Selection::updateCanWrite);
+        for (const auto changed : {&DeviceSession::stateChanged, &DeviceSession::controlChanged}) {
+            connect(device, changed, this, &Selection::updateCanWrite);
+            connect(device, changed, this, &Selection::stateChanged);
+        }
+        connect(device, &DeviceSession::stateDetailsChanged, this, &Selection::stateChanged);
         connect(device, &DeviceSession::deviceChanged, this, &Selection::watchDevice);
     }
-    watchDevice();
+    setLayer(std::nullopt);
+    setScreens({});
+    setInterface(std::nullopt);
+    setFile(std::nullopt);
     Q_EMIT deviceChanged();
-    Q_EMIT screensChanged();
-    Q_EMIT layerChanged();
+    watchDevice();
     updateCanWrite();
 }
 
 /// Follows the device in the model, which does not exist before the first connection.
 void Selection::watchDevice()
 {
+    const auto model = modelOf(m_device);
+    if (model == m_model.lock())
+        return;
     disconnect(m_modelConnection);
-    if (const auto model = modelOf(m_device)) {
+    m_model = model;
+    if (model) {
         m_modelConnection =
             connect(model.get(), &BizModel::Device::deviceDataChanged, this, [this](DataPart part) {
                 if (part == DataPart::Screens || part == DataPart::Layers)
                     checkObjects();
             });
     }
+    Q_EMIT modelChanged();
     checkObjects();
 }
 
@@ -118,14 +126,17 @@ bool Selection::exists(const ScreenId &screen) const
     return model && !model->findScreen(screen.screenType, screen.screenId).expired();
 }
 
+bool Selection::isConnected() const
+{
+    if (!m_device)
+        return false;
+    const DeviceState::Kind kind = m_device->state().kind;
+    return kind == DeviceState::Ready || kind == DeviceState::Reading;
+}
+
 void Selection::updateCanWrite()
 {
-    bool canWrite = false;
-    if (m_device) {
-        const auto state = m_device->state().kind;
-        canWrite = (state == DeviceState::Ready || state == DeviceState::Reading)
-            && !m_device->isControlledByOthers();
-    }
+    const bool canWrite = isConnected() && !m_device->isControlledByOthers();
     if (canWrite == m_canWrite)
         return;
     m_canWrite = canWrite;
@@ -199,6 +210,18 @@ std::shared_ptr<BizModel::Layer> Selection::layerObject() const
 {
     const auto model = modelOf(m_device);
     return model && m_layer ? model->findLayer(*m_layer).lock() : nullptr;
+}
+
+void Selection::setInterface(const std::optional<InterfaceId> &interface)
+{
+    m_interface = interface;
+    Q_EMIT interfaceChanged();
+}
+
+void Selection::setFile(const std::optional<FileId> &file)
+{
+    m_file = file;
+    Q_EMIT fileChanged();
 }
 
 } // namespace Tavoro::Panel

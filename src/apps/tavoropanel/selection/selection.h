@@ -14,6 +14,7 @@ class Session;
 } // namespace Tavoro
 
 namespace Tavoro::BizModel {
+class Device;
 class Layer;
 class Screen;
 } // namespace Tavoro::BizModel
@@ -31,6 +32,8 @@ class Selection : public QObject {
 public:
     using ScreenId = ProtoModel::s_ScreenId;
     using LayerId = ProtoModel::Layer::s_LayerIdentity;
+    using InterfaceId = ProtoModel::s_InterfaceID;
+    using FileId = ProtoModel::s_FileIdentity;
 
     explicit Selection(Session &session, QObject *parent = nullptr);
 
@@ -38,6 +41,8 @@ public:
     DeviceSession *device() const { return m_device; }
     void setDevice(DeviceSession *device);
 
+    /// True if the selected device is connected.
+    bool isConnected() const;
     /// True if the selected device is connected and no other client controls it.
     bool canWrite() const { return m_canWrite; }
 
@@ -60,9 +65,20 @@ public:
     /// The object of the selected layer; null if there is none.
     std::shared_ptr<BizModel::Layer> layerObject() const;
 
+    /// The interface whose details the operator looks at; nothing if there is none.
+    const std::optional<InterfaceId> &interface() const { return m_interface; }
+    void setInterface(const std::optional<InterfaceId> &interface);
+    /// The file whose details the operator looks at; nothing if there is none.
+    const std::optional<FileId> &file() const { return m_file; }
+    void setFile(const std::optional<FileId> &file);
+
 Q_SIGNALS:
     /// Another device is selected. Screens and layer have changed with it.
     void deviceChanged();
+    /// The device in the model exists now, or is another object. Precedes changes of the screens.
+    void modelChanged();
+    /// State, its details, or control of the selected device have changed.
+    void stateChanged();
     /// canWrite() has changed.
     void canWriteChanged();
     /// Other screens are selected.
@@ -71,6 +87,10 @@ Q_SIGNALS:
     void sceneChanged();
     /// Another layer is selected, or none.
     void layerChanged();
+    /// An interface was selected, also the same one again, or none.
+    void interfaceChanged();
+    /// A file was selected, also the same one again, or none.
+    void fileChanged();
 
 private:
     void watchDevice();
@@ -81,9 +101,12 @@ private:
     bool exists(const ScreenId &screen) const;
 
     DeviceSession *m_device = nullptr;
-    QMetaObject::Connection m_modelConnection; ///< To the device in the model.
+    std::weak_ptr<BizModel::Device> m_model; ///< The device in the model.
+    QMetaObject::Connection m_modelConnection; ///< To m_model.
     QList<ScreenId> m_screens;
     std::optional<LayerId> m_layer;
+    std::optional<InterfaceId> m_interface;
+    std::optional<FileId> m_file;
     Scene m_scene = Scene::Preview;
     bool m_canWrite = false;
 };

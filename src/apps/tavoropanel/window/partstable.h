@@ -30,10 +30,12 @@ struct PartContext {
 
 /// Where a part is in the window.
 enum class Area : int {
+    Top, ///< A bar below the menus.
     Left,
-    Centre,
+    Centre, ///< One part.
     Right,
-    Bottom,
+    Bottom, ///< Tabs below the centre.
+    Foot, ///< A bar above the status bar.
 };
 
 /// One part of the window.

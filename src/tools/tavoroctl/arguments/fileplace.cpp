@@ -4,8 +4,6 @@
 
 #include <tavorobizmodel/enums.h>
 
-#include <QStringList>
-
 #include <algorithm>
 #include <iterator>
 
@@ -26,17 +24,15 @@ constexpr TypeRow typeRows[] = {
     {"device-preset", Type::DevicePreset},
 };
 
-constexpr int mostNumber = 254; ///< The highest type and the highest ID: 255 stands for all.
+} // namespace
 
-QString typeNames()
+QStringList fileTypeNames()
 {
     QStringList names;
     for (const TypeRow &row : typeRows)
         names += QLatin1String(row.name);
-    return names.join(QStringLiteral(", "));
+    return names;
 }
-
-} // namespace
 
 std::optional<int> parseFileType(const QString &text)
 {
@@ -46,7 +42,7 @@ std::optional<int> parseFileType(const QString &text)
     if (named != std::end(typeRows))
         return named->type;
     int type = 0;
-    return readNumber(text, mostNumber, type) ? std::optional(type) : std::nullopt;
+    return readNumber(text, highestFileNumber, type) ? std::optional(type) : std::nullopt;
 }
 
 QString fileTypeName(int type)
@@ -62,10 +58,12 @@ bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QSt
     if (!known)
         fault = QStringLiteral("\"%1\" is not a file type; use 0 to %2 or one of: %3")
                     .arg(type)
-                    .arg(mostNumber)
-                    .arg(typeNames());
-    else if (!readNumber(id, mostNumber, place.id))
-        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)").arg(id).arg(mostNumber);
+                    .arg(highestFileNumber)
+                    .arg(fileTypeNames().join(QStringLiteral(", ")));
+    else if (!readNumber(id, highestFileNumber, place.id))
+        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)")
+                    .arg(id)
+                    .arg(highestFileNumber);
     place.type = known.value_or(0);
     return fault.isEmpty();
 }

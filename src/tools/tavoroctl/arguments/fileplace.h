@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
 namespace Tavoro::Ctl {
+
+/// The highest type and the highest ID of a file: 255 stands for all.
+constexpr int highestFileNumber = 254;
 
 /// Type and ID of a file on a device. Each is one byte in the head of a command, and 255 stands for
 /// all.
@@ -15,6 +19,9 @@ struct FilePlace {
 
 /// The type for \a text, a number or a name; nothing if it is neither.
 std::optional<int> parseFileType(const QString &text);
+
+/// The names of all types that have one.
+QStringList fileTypeNames();
 
 /// The name of a type, or its number if it has no name.
 QString fileTypeName(int type);

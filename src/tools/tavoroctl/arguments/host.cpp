@@ -1,11 +1,14 @@
 #include "host.h"
 
+#include <QHostAddress>
 #include <QRegularExpression>
 
 namespace Tavoro::Ctl {
 
 std::optional<Host> parseHost(const QString &text, quint16 usualPort)
 {
+    if (QHostAddress(text).protocol() == QAbstractSocket::IPv6Protocol)
+        return Host{text, usualPort};
     static const QRegularExpression form(
         QStringLiteral("^(?:\\[([^\\]]+)\\]|([^:\\[\\]]+))(?::(\\d{1,5}))?$"));
     const QRegularExpressionMatch match = form.match(text);

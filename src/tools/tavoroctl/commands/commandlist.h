@@ -6,10 +6,14 @@
 /// allows.
 namespace Tavoro::Ctl {
 
+ExitStatus runApply(Tool &tool, const Arguments &arguments);
 ExitStatus runBatch(Tool &tool, const Arguments &arguments);
 ExitStatus runCall(Tool &tool, const Arguments &arguments);
+ExitStatus runControl(Tool &tool, const Arguments &arguments);
+ExitStatus runDiff(Tool &tool, const Arguments &arguments);
 ExitStatus runDiscover(Tool &tool, const Arguments &arguments);
 ExitStatus runFiles(Tool &tool, const Arguments &arguments);
+ExitStatus runHelp(Tool &tool, const Arguments &arguments);
 ExitStatus runList(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetApply(Tool &tool, const Arguments &arguments);
 ExitStatus runPresetSave(Tool &tool, const Arguments &arguments);

@@ -10,13 +10,35 @@ namespace Tavoro::Ctl {
 namespace {
 
 // clang-format off
+constexpr OptionRow commonRows[] = {
+//   name              value           effect
+    {"help",            "",             "Show this help."},
+    {"json",            "",             "Print JSON, also for errors."},
+    {"quiet",           "",             "Print only answers and errors."},
+    {"request-timeout", "MS",           "Wait at most MS milliseconds for each answer (as long as the library waits, up to 200 s)."},
+    {"timeout",         "MS",           "Wait MS milliseconds for a device to be ready (5000)."},
+    {"verbose",         "",             "Show the log on standard error."},
+    {"version",         "",             "Show the version of the program."},
+};
+constexpr OptionRow setupOptions[] = {
+//   name            value           effect
+    {"dry-run",      "",             "Print the writes as lines of a batch, and make none of them."},
+};
+constexpr OptionRow batchOptions[] = {
+    {"defaults",     "",             "Send missing keys of a record at their defaults."},
+    {"dry-run",      "",             "Print the requests, and send nothing."},
+    {"merge",        "",             "Send missing keys of a record as the device has them."},
+    {"stop-on-error", "",            "End after the first call that fails."},
+};
 constexpr OptionRow callOptions[] = {
-//   name          value           effect
     {"defaults",   "",             "Send missing keys of a record at their defaults."},
+    {"dry-run",    "",             "Print the request, and send nothing."},
+    {"merge",      "",             "Send missing keys of a record as the device has them."},
 };
 constexpr OptionRow pushOptions[] = {
     {"type",       "TYPE",         "Type of the file on the device (background)."},
-    {"id",         "ID",           "ID of the file on the device (0)."},
+    {"force",      "",             "Replace a file that the device has."},
+    {"id",         "ID",           "ID of the file on the device (a free one, which is printed)."},
     {"name",       "NAME",         "Name of the file on the device (that of FILE)."},
     {"size",       "WIDTHxHEIGHT", "Size of an image in pixels."},
 };
@@ -47,16 +69,24 @@ constexpr OptionRow replayOptions[] = {
 constexpr CommandRow commandRows[] = {
 //   name, words after it
 //   effect                                                                                    function         options
+    {"apply", "HOST[:PORT] FILE",
+     "Writes to the device what differs in FILE, a setup that sync wrote; - is stdin.",        runApply,        setupOptions},
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        callOptions},
+     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        batchOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
      "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",  runCall,         callOptions},
+    {"control", "HOST[:PORT] who|take|release|force",
+     "Shows which client holds control, holds it until Ctrl-C, or ends the control of another.", runControl},
+    {"diff", "HOST[:PORT] FILE",
+     "Shows what apply would change on the device; ends with 1 if it would change something.", runDiff},
     {"discover", "[ADDRESS[:PORT] ...]",
      "Lists the devices on the local network, or those that answer at ADDRESS.",               runDiscover},
     {"files", "HOST[:PORT] [TYPE]",
      "Lists the files on the device.",                                                         runFiles},
+    {"help", "[COMMAND ...]",
+     "Shows the help of the program or of a command.",                                         runHelp},
     {"list", "[OPERATION]",
-     "Lists all operations, or shows the record that OPERATION takes.",                        runList},
+     "Lists all operations or those of a class, or shows the record that OPERATION takes.",    runList},
     {"preset apply", "HOST[:PORT] ID",
      "Applies a preset.",                                                                      runPresetApply,  applyOptions},
     {"preset save", "HOST[:PORT] ID [SCREEN ...]",
@@ -83,23 +113,34 @@ constexpr CommandRow commandRows[] = {
      "Starts an upgrade from a package on the device, or follows the running one.",            runUpgrade,      upgradeOptions},
     {"version", "HOST[:PORT]",
      "Shows the versions of the device and of its units.",                                     runVersion},
-    {"watch", "HOST[:PORT]",
-     "Reads the device as sync does, then shows changes of the model until Ctrl-C.",           runWatch},
+    {"watch", "HOST[:PORT] [HOST[:PORT] ...]",
+     "Reads the devices as sync does, then shows changes of their models until Ctrl-C.",       runWatch},
 };
 // clang-format on
 
-bool beginsWith(const QStringList &words, const QStringList &name)
+} // namespace
+
+const CommandRow *CommandRange::begin() const
 {
-    return words.mid(0, name.size()) == name;
+    return std::begin(commandRows);
 }
 
-} // namespace
+const CommandRow *CommandRange::end() const
+{
+    return std::end(commandRows);
+}
+
+OptionRange commonOptions()
+{
+    return commonRows;
+}
 
 const CommandRow *findCommand(const QStringList &words)
 {
-    const auto found =
+    const auto *const found =
         std::find_if(std::begin(commandRows), std::end(commandRows), [&](const CommandRow &row) {
-            return beginsWith(words, QString::fromLatin1(row.name).split(QLatin1Char(' ')));
+            const QStringList name = QString::fromLatin1(row.name).split(QLatin1Char(' '));
+            return words.mid(0, name.size()) == name;
         });
     return found == std::end(commandRows) ? nullptr : found;
 }
@@ -114,16 +155,6 @@ bool takesWords(const CommandRow &command, int count)
     if (usage.contains(QLatin1String("...")))
         return count >= least;
     return count == least || (hasOptional && count == least + 1);
-}
-
-QString commandHelp()
-{
-    QString help;
-    for (const CommandRow &row : commandRows)
-        help +=
-            QStringLiteral("  %1 %2\n      %3\n")
-                .arg(QLatin1String(row.name), QLatin1String(row.usage), QLatin1String(row.effect));
-    return help;
 }
 
 } // namespace Tavoro::Ctl

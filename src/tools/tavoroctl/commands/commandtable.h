@@ -44,7 +44,13 @@ const CommandRow *findCommand(const QStringList &words);
 /// Whether the command takes \a count words.
 bool takesWords(const CommandRow &command, int count);
 
-/// All commands with their usage, for the help.
-QString commandHelp();
+/// The options of all commands.
+OptionRange commonOptions();
+
+/// All commands in alphabetical order, for range loops.
+struct CommandRange {
+    const CommandRow *begin() const;
+    const CommandRow *end() const;
+};
 
 } // namespace Tavoro::Ctl

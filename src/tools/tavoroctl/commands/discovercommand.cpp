@@ -1,5 +1,6 @@
 #include "commandlist.h"
 
+#include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorocontrol/proto/hexdigits.h>
 #include <tavoroctl/output/labels.h>
 #include <tavorossproxy/devicediscovery.h>
@@ -7,6 +8,9 @@
 #include <tavorowire/hostandport.h>
 
 #include <QHostAddress>
+
+#include <string>
+#include <vector>
 
 namespace Tavoro::Ctl {
 
@@ -21,6 +25,15 @@ QString lineOf(const ProtoModel::DeviceBaseInfo &device)
     return QStringLiteral("%1  %2  %3")
         .arg(place, -21)
         .arg(QString::fromStdString(ProtoModel::hexDigits(device.sn)), textOf(device.name));
+}
+
+/// The identities of the devices, as they sent them.
+std::string listOf(const std::vector<ProtoModel::DeviceBaseInfo> &devices)
+{
+    std::string list;
+    for (const ProtoModel::DeviceBaseInfo &device : devices)
+        list += (list.empty() ? "" : ",") + ProtoModel::encodeIdentity(device);
+    return '[' + list + ']';
 }
 
 /// Discovery works in IPv4 networks only, and does not resolve names.
@@ -46,10 +59,13 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
     QString error;
     const auto devices = SSProxy::findDevices(listeningTime, 0, targets, error);
     if (!error.isEmpty())
-        return fail(tool, error);
-    for (const ProtoModel::DeviceBaseInfo &device : devices)
-        tool.console.answer(lineOf(device));
-    return devices.empty() ? fail(tool, QStringLiteral("No device answered.")) : Done;
+        return fail(tool, error, Failed);
+    if (tool.console.isJson())
+        tool.console.answerJson(listOf(devices));
+    else
+        for (const ProtoModel::DeviceBaseInfo &device : devices)
+            tool.console.answer(lineOf(device));
+    return devices.empty() ? fail(tool, QStringLiteral("No device answered."), Unreachable) : Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -71,7 +71,7 @@ ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments)
     const int faults = countFaults(detail);
     return faults == 0
         ? Done
-        : fail(tool, QStringLiteral("The self check reports a fault in %1.").arg(faults));
+        : fail(tool, QStringLiteral("The self check reports a fault in %1.").arg(faults), Failed);
 }
 
 ExitStatus runVersion(Tool &tool, const Arguments &arguments)

@@ -24,6 +24,17 @@ bool readSize(const std::shared_ptr<BizModel::Device> &device, const FilePlace &
     return true;
 }
 
+/// The content itself may be the output.
+ExitStatus finishPull(Tool &tool, const FilePlace &place, const ContentTarget &target)
+{
+    if (target.isStandardOutput())
+        return Done;
+    return finish(tool,
+                  {{QStringLiteral("fileType"), place.type},
+                   {QStringLiteral("fileId"), place.id},
+                   {QStringLiteral("file"), target.name()}});
+}
+
 } // namespace
 
 ExitStatus runPull(Tool &tool, const Arguments &arguments)
@@ -46,18 +57,23 @@ ExitStatus runPull(Tool &tool, const Arguments &arguments)
         return fail(tool, error);
     ContentTarget target(path);
     if (!target.open(error))
-        return fail(tool, error);
+        return fail(tool, error, Failed);
+    if (!target.isStandardOutput())
+        tool.console.streamProgress();
 
     Download download(tool.console, device, target, size);
     const Interruption interruption([&] { download.cancel(); });
     runInBackground([&] { download.run(place); });
     error = download.error();
+    if (!error.isEmpty() && target.hasFailed())
+        return fail(tool, error, target.isStandardOutput() ? OutputFailed : Failed);
     if (!error.isEmpty())
-        return fail(tool, error);
+        return interruption.isInterrupted() ? fail(tool, error, Interrupted)
+                                            : fail(tool, error, download.lastExchange());
     // A signal that arrived with the last packet counts too.
     if (interruption.isInterrupted())
-        return fail(tool, QStringLiteral("Interrupted."));
-    return target.commit(error) ? Done : fail(tool, error);
+        return fail(tool, QStringLiteral("Interrupted."), Interrupted);
+    return target.commit(error) ? finishPull(tool, place, target) : fail(tool, error, Failed);
 }
 
 } // namespace Tavoro::Ctl

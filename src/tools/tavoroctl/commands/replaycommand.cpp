@@ -104,12 +104,54 @@ QString lineOf(const CapturedItem &item)
         + eventText(item);
 }
 
+const char *eventName(CapturedKind kind)
+{
+    switch (kind) {
+    case CapturedKind::Opened:
+        return "opened";
+    case CapturedKind::Frame:
+        return "frame";
+    case CapturedKind::Incomplete:
+        return "incomplete";
+    case CapturedKind::Closed:
+        return "closed";
+    case CapturedKind::Lost:
+        return "lost";
+    }
+    return "";
+}
+
+QJsonObject objectOf(const CapturedItem &item)
+{
+    QJsonObject object{
+        {QStringLiteral("event"), QLatin1String(eventName(item.kind))},
+        {QStringLiteral("seconds"), static_cast<double>(item.microseconds) / 1e6},
+        {QStringLiteral("channel"), static_cast<qint64>(item.channel)},
+        {QStringLiteral("text"), eventText(item)},
+    };
+    if (item.kind != CapturedKind::Frame || item.frame.status != 0)
+        return object;
+    const WireHead &head = item.frame.head;
+    object.insert(QStringLiteral("fromClient"), item.isFromClient);
+    object.insert(QStringLiteral("kind"), kindName(head.kind));
+    object.insert(QStringLiteral("code"), head.code());
+    object.insert(QStringLiteral("type"), head.type);
+    object.insert(QStringLiteral("tag"), head.lables);
+    object.insert(QStringLiteral("status"), head.status);
+    object.insert(QStringLiteral("bytes"), static_cast<qint64>(item.frame.body.size()));
+    return object;
+}
+
 ExitStatus showCapture(Tool &tool, const std::string &text, std::string &fault)
 {
     std::vector<CapturedItem> items;
     SSProxy::Wire::decodeCapture(text, items, fault);
-    for (const CapturedItem &item : items)
-        tool.console.answer(printable(lineOf(item)));
+    for (const CapturedItem &item : items) {
+        if (tool.console.isJson())
+            tool.console.answerObject(objectOf(item));
+        else
+            tool.console.answer(printable(lineOf(item)));
+    }
     return Done;
 }
 
@@ -129,7 +171,9 @@ ExitStatus convertCapture(Tool &tool, const std::string &text, const QString &pa
     QString error;
     const bool isWritten =
         target.open(error) && target.write(converted, error) && target.commit(error);
-    return isWritten ? Done : fail(tool, error);
+    if (!isWritten)
+        return fail(tool, error, Failed);
+    return target.isStandardOutput() ? Done : finish(tool, {{QStringLiteral("file"), path}});
 }
 
 } // namespace
@@ -141,7 +185,7 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
         return refuseEmpty(tool, QStringLiteral("FILE"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()));
+        return fail(tool, QStringLiteral("%1: %2").arg(path, file.errorString()), Failed);
     const std::string text = file.readAll().toStdString();
     const QString target = arguments.options.value(QStringLiteral("pcapng"));
     std::string fault;
@@ -149,7 +193,7 @@ ExitStatus runReplay(Tool &tool, const Arguments &arguments)
                                               : convertCapture(tool, text, target, fault);
     return fault.empty()
         ? status
-        : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(fault)));
+        : fail(tool, QStringLiteral("%1: %2").arg(path, QString::fromStdString(fault)), Failed);
 }
 
 } // namespace Tavoro::Ctl

@@ -1,22 +1,40 @@
 #include "tool.h"
 
+#include <tavoroctl/session/exchangestatus.h>
+
 namespace Tavoro::Ctl {
 
 ExitStatus refuse(Tool &tool, const QString &fault)
 {
-    tool.console.error(QStringLiteral("tavoroctl: ") + fault);
-    return UsageError;
+    return fail(tool, fault, UsageError);
 }
 
 ExitStatus fail(Tool &tool, const QString &error)
 {
-    tool.console.error(error);
-    return Failed;
+    return fail(tool, error, tool.watch.last());
 }
 
-ExitStatus refuseHost(Tool &tool, const QString &text, const QString &place)
+ExitStatus fail(Tool &tool, const QString &error, const std::optional<SSProxy::Exchange> &last)
 {
-    return refuse(tool, place + QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text));
+    const Failure failure{exitStatusOf(last), error, statusOf(last), {}, 0};
+    tool.console.error(failure);
+    return failure.exit;
+}
+
+ExitStatus fail(Tool &tool, const QString &error, ExitStatus status)
+{
+    tool.console.error({status, error, 0, {}, 0});
+    return status;
+}
+
+QString faultOfHost(const QString &text)
+{
+    return QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text);
+}
+
+ExitStatus refuseHost(Tool &tool, const QString &text)
+{
+    return refuse(tool, faultOfHost(text));
 }
 
 ExitStatus refuseEmpty(Tool &tool, const QString &name)
@@ -35,7 +53,7 @@ std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText
     QString error;
     auto device = tool.session.device(*host, error);
     if (!device)
-        status = fail(tool, error);
+        status = fail(tool, error, Unreachable);
     return device;
 }
 
@@ -48,12 +66,22 @@ carryOut(Tool &tool, const QString &hostText,
     if (!device)
         return status;
     QString error;
-    return operation(device, error) ? Done : fail(tool, error);
+    return operation(device, error) ? finish(tool) : fail(tool, error);
+}
+
+ExitStatus finish(Tool &tool, QJsonObject result)
+{
+    if (!tool.console.isJson())
+        return Done;
+    result.insert(QStringLiteral("event"), QStringLiteral("done"));
+    result.insert(QStringLiteral("command"), tool.command);
+    tool.console.answerObject(result);
+    return Done;
 }
 
 void show(Tool &tool, const std::string &json, const QString &table)
 {
-    if (tool.asJson)
+    if (tool.console.isJson())
         tool.console.answerJson(json);
     else
         tool.console.answer(table.trimmed());

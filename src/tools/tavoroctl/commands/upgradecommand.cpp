@@ -46,14 +46,16 @@ public:
         if (!m_device.readUpgradeProgress(progress, error))
             return judgeFailure(asked, error);
         m_unknownSince.invalidate();
-        m_tool.console.progress(progress.rate, QStringLiteral("upgrade"));
+        m_tool.console.progress({progress.rate, QStringLiteral("upgrade")});
         showFinishedUnits(progress);
         if (progress.result != 0)
-            return fail(m_tool, QStringLiteral("The upgrade failed at %1 %.").arg(progress.rate));
+            return fail(m_tool, QStringLiteral("The upgrade failed at %1 %.").arg(progress.rate),
+                        Failed);
         if (progress.rate < whole)
             return std::nullopt;
-        m_tool.console.answer(QStringLiteral("The upgrade is done."));
-        return Done;
+        if (!m_tool.console.isJson())
+            m_tool.console.answer(QStringLiteral("The upgrade is done."));
+        return finish(m_tool);
     }
 
 private:
@@ -65,7 +67,7 @@ private:
             m_unknownSince = asked;
         if (!m_unknownSince.hasExpired(m_tool.timeout))
             return std::nullopt;
-        m_tool.console.error(error);
+        m_tool.console.notice(error);
         return fail(m_tool, continues);
     }
 
@@ -75,11 +77,21 @@ private:
             const s_UpgradePartPercent &part = progress.parts.at(m_shown);
             if (part.result == 0 && part.rate < whole)
                 return;
-            const QString outcome = part.result == 0
-                ? QStringLiteral("written")
-                : QStringLiteral("failed with result %1").arg(part.result);
-            m_tool.console.answer(QStringLiteral("%1: %2").arg(unitName(part), outcome));
+            showUnit(part);
         }
+    }
+
+    void showUnit(const s_UpgradePartPercent &part)
+    {
+        if (m_tool.console.isJson())
+            return m_tool.console.answerObject({{QStringLiteral("event"), QStringLiteral("unit")},
+                                                {QStringLiteral("slotId"), part.slotId},
+                                                {QStringLiteral("type"), part.type},
+                                                {QStringLiteral("result"), part.result}});
+        const QString outcome = part.result == 0
+            ? QStringLiteral("written")
+            : QStringLiteral("failed with result %1").arg(part.result);
+        m_tool.console.answer(QStringLiteral("%1: %2").arg(unitName(part), outcome));
     }
 
     Tool &m_tool;
@@ -93,7 +105,7 @@ ExitStatus follow(Tool &tool, const std::shared_ptr<BizModel::Device> &device)
     Follower follower(tool, device);
     QEventLoop loop;
     const Interruption interruption(
-        [&] { loop.exit(fail(tool, QStringLiteral("Interrupted. ") + continues)); });
+        [&] { loop.exit(fail(tool, QStringLiteral("Interrupted. ") + continues, Interrupted)); });
     QTimer timer;
     timer.setInterval(lookInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
@@ -113,21 +125,28 @@ bool isUpgrading(const std::shared_ptr<BizModel::Device> &device)
 }
 
 /// Starts the upgrade unless one is running: a device that takes a second start might begin again.
-/// False with the reason in \a error if none is running afterwards.
-bool start(Tool &tool, const std::shared_ptr<BizModel::Device> &device,
-           const s_UpgradeDetail &upgrade, QString &error)
+/// Ends with another status than Done if none is running afterwards.
+ExitStatus start(Tool &tool, const std::shared_ptr<BizModel::Device> &device,
+                 const s_UpgradeDetail &upgrade)
 {
     if (!isUpgrading(device)) {
+        const SSProxy::ExchangeWatch watch;
+        QString error;
         if (Control::Auxiliary(device).setUgradeConfig(upgrade, error))
-            return true;
+            return Done;
+        const std::optional<SSProxy::Exchange> written = watch.last();
         // The answer may be lost, or another client may have been faster.
         QString ignored;
         if (!tool.session.channel(*device)->waitUntilReady(tool.timeout, ignored)
             || !isUpgrading(device))
-            return false;
+            return fail(tool, error, written);
     }
-    tool.console.answer(QStringLiteral("Following the upgrade that is running on the device."));
-    return true;
+    const QString text = QStringLiteral("Following the upgrade that is running on the device.");
+    if (tool.console.isJson())
+        tool.console.notice(text);
+    else
+        tool.console.answer(text);
+    return Done;
 }
 
 } // namespace
@@ -143,11 +162,12 @@ ExitStatus runUpgrade(Tool &tool, const Arguments &arguments)
         return status;
     // The status bar would show each read of the progress that fails.
     tool.console.showStatusBar(StatusBar::Nothing);
+    tool.console.streamProgress();
     s_UpgradeDetail upgrade;
     upgrade.filePath = package.toStdString();
     upgrade.reboot = arguments.options.contains(QStringLiteral("reboot")) ? 1 : 0;
-    QString error;
-    return start(tool, device, upgrade, error) ? follow(tool, device) : fail(tool, error);
+    status = start(tool, device, upgrade);
+    return status == Done ? follow(tool, device) : status;
 }
 
 } // namespace Tavoro::Ctl

@@ -4,6 +4,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -17,10 +18,10 @@ QString valueText(const QJsonValue &value)
 }
 
 void compare(const QString &path, const QJsonValue &before, const QJsonValue &after,
-             QStringList &found);
+             std::vector<Difference> &found);
 
 void compareObjects(const QString &path, const QJsonObject &before, const QJsonObject &after,
-                    QStringList &found)
+                    std::vector<Difference> &found)
 {
     QStringList keys = before.keys() + after.keys();
     keys.sort();
@@ -31,7 +32,7 @@ void compareObjects(const QString &path, const QJsonObject &before, const QJsonO
 }
 
 void compareArrays(const QString &path, const QJsonArray &before, const QJsonArray &after,
-                   QStringList &found)
+                   std::vector<Difference> &found)
 {
     const auto count = static_cast<int>(std::max(before.size(), after.size()));
     for (int i = 0; i < count; ++i) {
@@ -43,7 +44,7 @@ void compareArrays(const QString &path, const QJsonArray &before, const QJsonArr
 }
 
 void compare(const QString &path, const QJsonValue &before, const QJsonValue &after,
-             QStringList &found)
+             std::vector<Difference> &found)
 {
     if (before == after)
         return;
@@ -52,16 +53,39 @@ void compare(const QString &path, const QJsonValue &before, const QJsonValue &af
     else if (before.isArray() && after.isArray())
         compareArrays(path, before.toArray(), after.toArray(), found);
     else
-        found += QStringLiteral("%1 %2 -> %3").arg(path, valueText(before), valueText(after));
+        found.push_back({path, before, after});
 }
 
 } // namespace
 
-QStringList differences(const QJsonValue &before, const QJsonValue &after)
+QString Difference::text() const
 {
-    QStringList found;
+    return QStringLiteral("%1 %2 -> %3").arg(path, valueText(before), valueText(after));
+}
+
+QJsonObject Difference::toJson() const
+{
+    QJsonObject object{{QStringLiteral("path"), path}};
+    if (!before.isUndefined())
+        object.insert(QStringLiteral("before"), before);
+    if (!after.isUndefined())
+        object.insert(QStringLiteral("after"), after);
+    return object;
+}
+
+std::vector<Difference> differences(const QJsonValue &before, const QJsonValue &after)
+{
+    std::vector<Difference> found;
     compare({}, before, after, found);
     return found;
+}
+
+QString textOf(const std::vector<Difference> &differences)
+{
+    QStringList texts;
+    for (const Difference &difference : differences)
+        texts += difference.text();
+    return texts.join(QStringLiteral(", "));
 }
 
 } // namespace Tavoro::Ctl

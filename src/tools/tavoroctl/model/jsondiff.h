@@ -1,13 +1,29 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
-#include <QStringList>
+
+#include <vector>
 
 namespace Tavoro::Ctl {
 
-/// The differences between two values, one text for each: "window.x 0 -> 960". Elements of lists
-/// are named by their index: "powers[0].status 1 -> 0".
-QStringList differences(const QJsonValue &before, const QJsonValue &after);
+/// A value that differs. Undefined on the side where it does not exist.
+struct Difference {
+    QString path; ///< "window.x"; elements of lists are named by their index: "powers[0].status".
+    QJsonValue before;
+    QJsonValue after;
+
+    /// "window.x 0 -> 960".
+    QString text() const;
+    /// "path", "before" and "after"; a value that does not exist has no key.
+    QJsonObject toJson() const;
+};
+
+/// The differences between two values, in the order of their keys.
+std::vector<Difference> differences(const QJsonValue &before, const QJsonValue &after);
+
+/// The same as one text, separated by commas.
+QString textOf(const std::vector<Difference> &differences);
 
 } // namespace Tavoro::Ctl

@@ -18,9 +18,10 @@ ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
             [this](BizModel::Enum::StatusBarMsgType type, const QString &text) {
                 follow(type == BizModel::Enum::StatusBarFailure, text);
             });
-    connect(
-        model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
-        [this](double share) { m_console.progress(static_cast<int>(share * 100), m_lastText); });
+    connect(model, &BizModel::DeviceList::signalReadDataFromHWProgressChanged, this,
+            [this](double share) {
+                m_console.progress({static_cast<int>(share * 100), m_lastText});
+            });
     connect(&m_list, &Control::DeviceList::signalReadDeviceDetailFinished, this,
             [this](bool success) { finish(success); });
 }
@@ -39,7 +40,7 @@ void ModelReader::follow(bool isFailure, const QString &text)
     m_lastText = text;
     m_failures += isFailure ? 1 : 0;
     m_failedWrites += isFailure && text.startsWith(QLatin1String("Set ")) ? 1 : 0;
-    m_console.progress(0, text);
+    m_console.progress({0, text});
 }
 
 void ModelReader::finish(bool success)

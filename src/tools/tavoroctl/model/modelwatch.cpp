@@ -1,7 +1,5 @@
 #include "modelwatch.h"
 
-#include "jsondiff.h"
-
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
 #include <tavorobizmodel/file.h>
@@ -13,6 +11,7 @@
 #include <tavoroctl/output/recordtext.h>
 #include <tavorooperations/jsontext.h>
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 namespace Tavoro::Ctl {
@@ -88,10 +87,15 @@ QJsonValue stateOf(const BizModel::File &file)
     return jsonOf(file.detail());
 }
 
-QString transferLine(const ProtoModel::File::s_FileTransPercent &transfer)
+ModelChange transferChange(const ProtoModel::File::s_FileTransPercent &transfer)
 {
-    return QStringLiteral("file %1: transfer of type %2 at %3 %, status %4")
-        .arg(placeName({transfer.fileType, transfer.fileId}))
+    const QString name = QStringLiteral("file ") + placeName({transfer.fileType, transfer.fileId});
+    return {ModelChange::Transfer, name, {}, transfer};
+}
+
+QString transferText(const ProtoModel::File::s_FileTransPercent &transfer)
+{
+    return QStringLiteral("transfer of type %1 at %2 %, status %3")
         .arg(transfer.type)
         .arg(transfer.percent)
         .arg(transfer.status);
@@ -116,6 +120,40 @@ void followEach(const QList<std::weak_ptr<Object>> &list, void (Object::*signal)
 
 } // namespace
 
+QString ModelChange::text() const
+{
+    const auto words = [this] {
+        switch (kind) {
+        case Changed:
+            return textOf(differences);
+        case New:
+            return QStringLiteral("new");
+        case Gone:
+            return QStringLiteral("gone");
+        case Transfer:
+            return transferText(transfer);
+        }
+        return QString();
+    };
+    return object + QStringLiteral(": ") + words();
+}
+
+QJsonObject ModelChange::toJson() const
+{
+    static constexpr const char *events[] = {"change", "new", "gone", "transfer"};
+    QJsonObject json{{QStringLiteral("event"), QLatin1String(events[kind])},
+                     {QStringLiteral("object"), object}};
+    if (kind == Transfer)
+        json.insert(QStringLiteral("transfer"), jsonOf(transfer));
+    if (kind != Changed)
+        return json;
+    QJsonArray list;
+    for (const Difference &difference : differences)
+        list += difference.toJson();
+    json.insert(QStringLiteral("differences"), list);
+    return json;
+}
+
 void ModelWatch::follow(const std::shared_ptr<BizModel::Device> &device)
 {
     Objects now;
@@ -127,7 +165,7 @@ void ModelWatch::follow(const std::shared_ptr<BizModel::Device> &device)
     for (const QString &name : m_known.keys()) {
         if (!now.contains(name)) {
             m_known.remove(name);
-            m_show(name + QStringLiteral(": gone"));
+            m_show({ModelChange::Gone, name, {}, {}});
         }
     }
     for (auto object = now.constBegin(); object != now.constEnd(); ++object) {
@@ -135,7 +173,7 @@ void ModelWatch::follow(const std::shared_ptr<BizModel::Device> &device)
             compare(object.key(), object.value());
         } else {
             m_known.insert(object.key(), object.value());
-            m_show(object.key() + QStringLiteral(": new"));
+            m_show({ModelChange::New, object.key(), {}, {}});
         }
     }
 }
@@ -161,18 +199,20 @@ void ModelWatch::followObjects(BizModel::Device &device, Objects &objects)
                      });
     QObject::connect(BizModel::DeviceList::instance(),
                      &BizModel::DeviceList::signalFilesTransferProgressChanged, context,
-                     [this](const auto &, const auto &transfers) {
+                     [this, watched = &device](const auto &weak, const auto &transfers) {
+                         if (weak.lock().get() != watched)
+                             return;
                          for (const auto &transfer : transfers)
-                             m_show(transferLine(transfer));
+                             m_show(transferChange(transfer));
                      });
 }
 
 void ModelWatch::compare(const QString &name, const QJsonValue &now)
 {
-    const QStringList changes = differences(m_known.value(name), now);
+    const std::vector<Difference> changes = differences(m_known.value(name), now);
     m_known.insert(name, now);
-    if (!changes.isEmpty())
-        m_show(name + QStringLiteral(": ") + changes.join(QStringLiteral(", ")));
+    if (!changes.empty())
+        m_show({ModelChange::Changed, name, changes, {}});
 }
 
 } // namespace Tavoro::Ctl

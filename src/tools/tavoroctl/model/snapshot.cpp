@@ -4,6 +4,7 @@
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
+#include <tavoroctl/output/jsonline.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
@@ -97,8 +98,9 @@ bool Snapshot::read(const std::weak_ptr<BizModel::Device> &from, QString &error)
 
 std::string Snapshot::json() const
 {
-    return R"({"device":)" + recordText(device) + R"(,"interfaces":)" + recordText(interfaces)
-        + R"(,"screens":)" + recordText(screens) + R"(,"layers":)" + recordText(layers) + '}';
+    return formatHead() + R"("device":)" + recordText(device) + R"(,"interfaces":)"
+        + recordText(interfaces) + R"(,"screens":)" + recordText(screens) + R"(,"layers":)"
+        + recordText(layers) + '}';
 }
 
 QString Snapshot::tables() const

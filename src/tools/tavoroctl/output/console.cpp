@@ -1,7 +1,10 @@
 #include "console.h"
 
+#include "jsonline.h"
 #include "printable.h"
 #include "standardstreams.h"
+#include "statusmeaning.h"
+#include "terminal.h"
 
 #include <tavorobizmodel/devicelist.h>
 
@@ -11,17 +14,25 @@
 #include <cstdio>
 #include <utility>
 
-#include <unistd.h> // isatty
-
 namespace Tavoro::Ctl {
 
 namespace {
 
-void writeErrorLine(const QString &text)
+void writeToStandardError(const std::string &line)
 {
     QString ignored; // There is no place left to report it.
-    const std::string line = printable(text).toStdString() + '\n';
     writeBytes(stderr, line.data(), line.size(), ignored);
+}
+
+void writeErrorLine(const QString &text, bool isRed = false)
+{
+    const std::string line = printable(text).toStdString();
+    writeToStandardError((isRed ? "\x1b[31m" + line + "\x1b[0m" : line) + '\n');
+}
+
+void writeJsonLine(const QJsonObject &object)
+{
+    writeToStandardError(jsonLine(object) + '\n');
 }
 
 const char *levelName(QtMsgType level)
@@ -50,28 +61,54 @@ void writeLog(QtMsgType level, const QMessageLogContext &context, const QString 
 
 } // namespace
 
-Console::Console(bool mayDraw) : m_draws(mayDraw && isatty(fileno(stderr)) != 0)
+Console::Console(const OutputForm &form)
+    : m_form(form),
+      m_draws(form.mayDraw && !form.isQuiet && !form.isJson && isTerminal()),
+      m_colours(!form.isJson && mayUseColours())
 {
     connect(BizModel::DeviceList::instance(), &BizModel::DeviceList::signalShowStatusBarMsg, this,
             [this](BizModel::Enum::StatusBarMsgType type, const QString &text) {
-                const bool isFailure = type == BizModel::Enum::StatusBarFailure;
-                if (m_statusBar == StatusBar::Nothing
-                    || (m_statusBar == StatusBar::Failures && !isFailure))
-                    return;
-                m_lastShown = text;
-                wipe();
-                writeErrorLine(text);
+                showStatusBarText(type == BizModel::Enum::StatusBarFailure, text);
             });
 }
 
 Console::~Console()
 {
+    flushHeldFailure();
     wipe();
+}
+
+void Console::showStatusBarText(bool isFailure, const QString &text)
+{
+    const StatusBar other = isFailure ? StatusBar::Failures : StatusBar::Successes;
+    if (m_statusBar != StatusBar::Everything && m_statusBar != other)
+        return;
+    if (!isFailure && (m_form.isJson || m_form.isQuiet))
+        return;
+    if (m_form.isJson) {
+        flushHeldFailure();
+        m_heldFailure = text;
+        return;
+    }
+    m_lastShown = text;
+    wipe();
+    writeErrorLine(withMeanings(text), isFailure && m_colours);
+}
+
+void Console::flushHeldFailure()
+{
+    if (!m_heldFailure.isEmpty())
+        writeNotice(std::exchange(m_heldFailure, {}));
 }
 
 void Console::answer(const QString &text)
 {
     answerJson(printableLines(text).toStdString());
+}
+
+void Console::answerObject(const QJsonObject &object)
+{
+    answerJson(jsonLine(object));
 }
 
 void Console::answerJson(const std::string &text)
@@ -84,35 +121,67 @@ void Console::answerJson(const std::string &text)
     if (writeBytes(stdout, line.data(), line.size(), reason))
         return;
     m_hasOutputFailed = true;
-    error(QStringLiteral("Cannot write standard output: %1.").arg(reason));
+    error(
+        {OutputFailed, QStringLiteral("Cannot write standard output: %1.").arg(reason), 0, {}, 0});
 }
 
 ExitStatus Console::statusWithOutput(ExitStatus status) const
 {
-    return m_hasOutputFailed ? std::max(status, Failed) : status;
+    return m_hasOutputFailed ? std::max(status, OutputFailed) : status;
 }
 
-void Console::error(const QString &text)
+void Console::error(const Failure &failure)
 {
     wipe();
-    if (text != m_lastShown)
-        writeErrorLine(text);
+    if (m_form.isJson) {
+        if (m_heldFailure != failure.text)
+            flushHeldFailure();
+        m_heldFailure.clear();
+        writeJsonLine(failure.toJson());
+    } else if (failure.text != m_lastShown) {
+        writeErrorLine(failure.sentence(), m_colours);
+    }
     m_lastShown.clear();
 }
 
-void Console::progress(int percent, const QString &text)
+void Console::notice(const QString &text)
 {
-    if (m_draws)
-        QMetaObject::invokeMethod(this, [this, percent, text] { draw(percent, text); });
+    if (m_form.isQuiet)
+        return;
+    wipe();
+    writeNotice(text);
 }
 
-void Console::draw(int percent, const QString &text)
+void Console::writeNotice(const QString &text)
 {
-    constexpr int width = 30;
-    const int full = std::clamp(percent, 0, 100) * width / 100;
-    const QString bar = QString(full, QLatin1Char('#')) + QString(width - full, QLatin1Char('-'));
+    if (m_form.isJson)
+        writeJsonLine(
+            {{QStringLiteral("event"), QStringLiteral("notice")}, {QStringLiteral("text"), text}});
+    else
+        writeErrorLine(withMeanings(text));
+}
+
+void Console::progress(const Progress &progress)
+{
+    QMetaObject::invokeMethod(this, [this, progress] { showProgress(progress); });
+}
+
+void Console::showProgress(Progress progress)
+{
+    if (!m_sinceStart.isValid())
+        m_sinceStart.start();
+    progress.milliseconds = m_sinceStart.elapsed();
+    if (m_draws)
+        draw(progress);
+    else if (m_form.isJson && m_streamsProgress && !m_form.isQuiet)
+        answerObject(progressObject(progress));
+}
+
+void Console::draw(const Progress &progress)
+{
+    // The last column stays empty: some terminals begin a new line after it.
     const QString line =
-        QStringLiteral("\r[%1] %2 %  %3\x1b[K").arg(bar).arg(percent, 3).arg(printable(text));
+        QLatin1Char('\r') + progressLine(progress, terminalWidth() - 1) + QStringLiteral("\x1b[K");
     std::fputs(qUtf8Printable(line), stderr);
     std::fflush(stderr);
     m_isDrawn = true;

@@ -1,5 +1,6 @@
 #include "modeltree.h"
 
+#include "jsonline.h"
 #include "labels.h"
 #include "texttable.h"
 
@@ -176,7 +177,7 @@ QString modelTree(const BizModel::Device &device)
 
 std::string modelJson(const BizModel::Device &device)
 {
-    return R"({"device":)" + recordText(device.deviceDetail()) + R"(,"interfaces":)"
+    return formatHead() + R"("device":)" + recordText(device.deviceDetail()) + R"(,"interfaces":)"
         + encodedList(device.interfaces()) + R"(,"screens":)"
         + encodedList(device.screens(allScreens)) + R"(,"layers":)" + encodedList(device.layers())
         + R"(,"files":)" + encodedList(device.files()) + '}';

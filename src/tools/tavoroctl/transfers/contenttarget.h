@@ -20,15 +20,17 @@ public:
 
     /// For messages and the progress bar.
     QString name() const;
+    bool isStandardOutput() const { return m_path == QLatin1String("-"); }
 
     /// Opens the target. For a FIFO blocks until it has a reader.
     bool open(QString &error);
     /// Writes all of \a bytes. Blocks while a FIFO is full.
     bool write(const std::string &bytes, QString &error);
     bool commit(QString &error);
+    /// Whether a write has failed.
+    bool hasFailed() const { return m_device->error() != QFileDevice::NoError; }
 
 private:
-    bool isStandardOutput() const { return m_path == QLatin1String("-"); }
     bool openDevice();
     QString fault() const;
 

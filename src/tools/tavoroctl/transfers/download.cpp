@@ -6,8 +6,6 @@
 
 #include <QFileInfo>
 
-#include <utility>
-
 namespace Tavoro::Ctl {
 
 namespace {
@@ -24,6 +22,7 @@ Download::Download(Console &console, const std::shared_ptr<BizModel::Device> &de
 
 void Download::run(const FilePlace &place)
 {
+    const SSProxy::ExchangeWatch watch;
     m_source.readBinary(place.type, place.id,
                         [this](bool ok, double share, const std::string &data, QString &reason) {
                             if (ok)
@@ -31,6 +30,7 @@ void Download::run(const FilePlace &place)
                             else
                                 stop(reason);
                         });
+    m_lastExchange = watch.last();
 }
 
 QString Download::error() const
@@ -65,8 +65,9 @@ void Download::write(double share, const std::string &data)
     }
     m_checksum = SSProxy::Wire::crc32(data, m_checksum);
     const int percent = static_cast<int>(share * 100);
-    if (std::exchange(m_percent, percent) != percent)
-        m_console.progress(percent, QFileInfo(m_target.name()).fileName());
+    if (m_pace.mayShow(percent))
+        m_console.progress(
+            {percent, QFileInfo(m_target.name()).fileName(), m_length, m_size.length});
 }
 
 void Download::stop(const QString &reason)

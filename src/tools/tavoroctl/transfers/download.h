@@ -1,9 +1,13 @@
 #pragma once
 
 #include "contenttarget.h"
+#include "progresspace.h"
 
 #include <tavorocontrol/file.h>
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavorossproxy/exchangewatch.h>
+
+#include <optional>
 
 namespace Tavoro::Ctl {
 
@@ -26,6 +30,8 @@ public:
     /// Why run() ended early, or what is wrong with the content that was received. Empty if all of
     /// it was received and written. A length and a checksum of 0 are not compared.
     QString error() const;
+    /// The last exchange of run().
+    std::optional<SSProxy::Exchange> lastExchange() const { return m_lastExchange; }
 
 private:
     /// Stops the download when more arrives than the device announced. The channel itself accepts
@@ -41,7 +47,8 @@ private:
     qint64 m_length = 0;
     quint32 m_packets = 0;
     quint32 m_checksum = 0;
-    int m_percent = -1;
+    ProgressPace m_pace;
+    std::optional<SSProxy::Exchange> m_lastExchange;
     QString m_error;
 };
 

@@ -8,7 +8,6 @@
 #include <tavorossproxy/networkchannel.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace Tavoro::Ctl {
 
@@ -24,6 +23,15 @@ Upload::Upload(Console &console, const Target &target, const ProtoModel::File::s
 
 bool Upload::run(ContentSource &content)
 {
+    const SSProxy::ExchangeWatch watch;
+    quint8 lastTag = 0;
+    const bool isSent = send(content, lastTag);
+    m_lastExchange = watch.last();
+    return isSent || (lastTag != 0 && confirmLastPacket(lastTag));
+}
+
+bool Upload::send(ContentSource &content, quint8 &lastTag)
+{
     if (!Control::File(m_target.device).importFile({m_info}, m_error))
         return false;
     const auto length = static_cast<quint32>(m_info.size.length);
@@ -36,8 +44,9 @@ bool Upload::run(ContentSource &content)
         const Request request = packet(count, i);
         request->body() = content.read(m_packetSize);
         const bool isSent = m_helper.sendSyncRequest(m_target.device, request, m_error, false);
-        const bool isLast = i + 1 == count;
-        if (!isSent && !(isLast && confirmLastPacket(request->head().lables)))
+        if (i + 1 == count)
+            lastTag = request->head().lables;
+        if (!isSent)
             return false;
         showProgress(count, i);
     }
@@ -68,8 +77,10 @@ bool Upload::confirmLastPacket(quint8 tag)
         outcome = m_target.channel->requestOutcome(tag);
     switch (outcome.state) {
     case RequestOutcome::Done:
+        m_lastExchange->status = outcome.status;
         return outcome.status == 0;
     case RequestOutcome::NotArrived:
+        m_lastExchange->sent.reset();
         break;
     case RequestOutcome::UnderWay:
     case RequestOutcome::Unknown:
@@ -82,8 +93,11 @@ bool Upload::confirmLastPacket(quint8 tag)
 void Upload::showProgress(quint32 count, quint32 index)
 {
     const auto percent = static_cast<int>((index + 1) * quint64{100} / count);
-    if (std::exchange(m_percent, percent) != percent)
-        m_console.progress(percent, QString::fromStdString(m_info.general.name));
+    const qint64 sent = (index + qint64{1}) * m_packetSize;
+    const qint64 total = m_info.size.length;
+    if (m_pace.mayShow(percent))
+        m_console.progress(
+            {percent, QString::fromStdString(m_info.general.name), std::min(sent, total), total});
 }
 
 } // namespace Tavoro::Ctl

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "contentsource.h"
+#include "progresspace.h"
 
 #include <tavorocontrol/controlhelper.h>
 #include <tavorocontrol/proto/file.h>
+#include <tavorossproxy/exchangewatch.h>
 
 #include <atomic>
+#include <optional>
 
 namespace Tavoro::SSProxy {
 class NetworkChannel;
@@ -35,8 +38,14 @@ public:
     void cancel() { m_isCancelled = true; }
 
     QString error() const { return m_error; }
+    /// The last exchange of run(), with what the device said about it afterwards.
+    std::optional<SSProxy::Exchange> lastExchange() const { return m_lastExchange; }
+    /// Whether cancel() ended run().
+    bool isCancelled() const { return m_isCancelled; }
 
 private:
+    /// Sends all packets. \a lastTag becomes the tag of the last one when that was sent.
+    bool send(ContentSource &content, quint8 &lastTag);
     using Request = std::shared_ptr<SSProxy::DeviceRequestCommand>;
 
     Request packet(quint32 count, quint32 index) const;
@@ -50,8 +59,9 @@ private:
     Control::ControlHelper m_helper;
     const ProtoModel::File::s_FileInfo m_info;
     quint32 m_packetSize = 0; ///< Bytes of content in one packet.
-    int m_percent = -1;
+    ProgressPace m_pace;
     std::atomic<bool> m_isCancelled = false;
+    std::optional<SSProxy::Exchange> m_lastExchange;
     QString m_error;
 };
 

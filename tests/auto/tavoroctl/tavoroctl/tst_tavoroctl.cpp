@@ -22,7 +22,7 @@ private Q_SLOTS:
     void readAcceptsNegativeFilters();
     void readsAndWritesAreSplitIntoPackets();
     void operationsMayTakeOnlyNumbers();
-    void refusalIsReportedOnceAndEndsWithOne();
+    void refusalIsReportedOnceAndEndsWithFour();
     void errorNamesAnUnreachableHost();
     void errorNamesASilentHost();
     void recordWithMissingKeysIsRefused();
@@ -109,13 +109,14 @@ void tst_TavoroCtl::operationsMayTakeOnlyNumbers()
     QCOMPARE(call({"Layer.readDetails", "1", "1", "-1", "-1"}).output, QByteArray("[]\n"));
 }
 
-void tst_TavoroCtl::refusalIsReportedOnceAndEndsWithOne()
+void tst_TavoroCtl::refusalIsReportedOnceAndEndsWithFour()
 {
     const Run write = call({"Device.writeSwap", R"({"swap":2})"});
     QCOMPARE(write.errors,
-             QByteArray("Set device swap status information failed: hardware error:4 .\n"));
+             QByteArray("Set device swap status information failed: hardware error:4 (a value is "
+                        "out of range) .\n"));
     QCOMPARE(write.output, QByteArray());
-    QCOMPARE(write.exitCode, 1);
+    QCOMPARE(write.exitCode, 4);
 
     // This operation fails without a text, so the tool gives one.
     const Run silent = call({"Interface.writeActualTiming", "[]"});
@@ -133,7 +134,7 @@ void tst_TavoroCtl::errorNamesAnUnreachableHost()
     QVERIFY2(write.errors.contains(gone), write.errors.constData());
     QCOMPARE(write.errors.count('\n'), 1);
     QCOMPARE(write.output, QByteArray());
-    QCOMPARE(write.exitCode, 1);
+    QCOMPARE(write.exitCode, 3);
 }
 
 void tst_TavoroCtl::errorNamesASilentHost()
@@ -143,7 +144,7 @@ void tst_TavoroCtl::errorNamesASilentHost()
     const QByteArray place = "127.0.0.1:" + QByteArray::number(silent.serverPort());
     const Run write = run({"--timeout", "300", "call", place, "Device.writeSwap", R"({"swap":0})"});
     QVERIFY2(write.errors.contains(place), write.errors.constData());
-    QCOMPARE(write.exitCode, 1);
+    QCOMPARE(write.exitCode, 3);
 }
 
 void tst_TavoroCtl::recordWithMissingKeysIsRefused()
@@ -188,18 +189,30 @@ void tst_TavoroCtl::wrongUsageEndsWithTwoAndSendsNothing_data()
     QTest::newRow("bad host")          << QByteArrayList{"call", "a:b:c", swap, "{}"}    << "\"a:b:c\" is not HOST[:PORT]";
     QTest::newRow("no operation")      << QByteArrayList{"call", nowhere}                << "call takes HOST[:PORT] OPERATION [ARGUMENT ...]";
     QTest::newRow("unknown operation") << QByteArrayList{"call", nowhere, "Device.swap"}
-        << "unknown operation \"Device.swap\"; \"tavoroctl list\" lists all operations";
+        << "unknown operation \"Device.swap\"; did you mean \"Device.writeSwap\"; \"tavoroctl list\" lists all operations";
+    QTest::newRow("misspelt command")  << QByteArrayList{"discver"}
+        << "unknown command \"discver\"; did you mean \"discover\"; --help lists all commands";
+    QTest::newRow("misspelt pair")     << QByteArrayList{"preset", "aply", "a", "1"}
+        << "unknown command \"preset\"; did you mean \"preset apply\"; --help lists all commands";
+    QTest::newRow("misspelt option")   << QByteArrayList{"list", "--jsno"}               << "Unknown option 'jsno'. Did you mean --json?";
+    QTest::newRow("misspelt record")   << QByteArrayList{"call", nowhere, "Scren.writeTake"}
+        << "unknown operation \"Scren.writeTake\"; did you mean \"Screen.writeTake\"; \"tavoroctl list\" lists all operations";
+    QTest::newRow("out of range")      << QByteArrayList{"call", nowhere, swap, R"({"swap":300})"}
+        << "Device.writeSwap, argument 1: line 1, column 9: 300 would be sent as 44; the range is 0 to 255";
+    QTest::newRow("help of nothing")   << QByteArrayList{"help", "pul"}
+        << "unknown command \"pul\"; did you mean \"pull\"; --help lists all commands";
     QTest::newRow("no record")         << QByteArrayList{"call", nowhere, swap}          << "Device.writeSwap, argument 1: a record is missing";
     QTest::newRow("malformed record")  << QByteArrayList{"call", nowhere, swap, "{\"swap\":1"}
         << "Device.writeSwap, argument 1: line 1, column 10: invalid termination by number";
     QTest::newRow("list for object")   << QByteArrayList{"call", nowhere, swap, "[{\"swap\":1}]"}
         << "Device.writeSwap, argument 1: line 1, column 1: expected an object {...}, found a list";
     QTest::newRow("unknown key")       << QByteArrayList{"call", nowhere, swap, "{\"swop\":1}"}
-        << "Device.writeSwap, argument 1: line 1, column 2: unknown key \"swop\"; the keys here are: swap";
+        << "Device.writeSwap, argument 1: line 1, column 2: unknown key \"swop\"; did you mean \"swap\"; the keys here are: swap";
     QTest::newRow("too many words")    << QByteArrayList{"call", nowhere, swap, R"({"swap":1})", "{}"} << "Device.writeSwap, argument 2: unexpected \"{}\"";
     QTest::newRow("bad filter")        << QByteArrayList{"call", nowhere, "Screen.readDetails", "1", "all", "-1"}
         << "Screen.readDetails, argument 2: \"all\" is not a number";
-    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}          << "unknown operation \"Device.swap\"";
+    QTest::newRow("list of nothing")   << QByteArrayList{"list", "Device.swap"}
+        << "unknown operation \"Device.swap\"; did you mean \"Device.writeSwap\"; \"tavoroctl list\" lists all operations";
     QTest::newRow("list of two")       << QByteArrayList{"list", "a", "b"}               << "list takes [OPERATION]";
     QTest::newRow("show nothing")      << QByteArrayList{"show"}                         << "show takes HOST[:PORT]";
     // clang-format on
@@ -225,7 +238,7 @@ void tst_TavoroCtl::requestTimeoutLimitsEachRequest()
         run({"call", "--request-timeout", "300", host(), "Interface.readDetails", "0", "-1"});
     QVERIFY2(read.errors.startsWith("Get interface detail information failed: "),
              read.errors.constData());
-    QCOMPARE(read.exitCode, 1);
+    QCOMPARE(read.exitCode, 5);
     QVERIFY(asked.elapsed() < 20000);
 }
 
@@ -275,22 +288,24 @@ void tst_TavoroCtl::batchContinuesAfterAFailureAndEndsWithTheHighestStatus()
     const Run failed =
         run({"batch", host()}, "Device.writeSwap {\"swap\":2}\nDevice.writeSwap {\"swap\":0}\n");
     QCOMPARE(failed.errors,
-             QByteArray("Set device swap status information failed: hardware error:4 .\n"
+             QByteArray("line 1 of the batch: Set device swap status information failed: hardware "
+                        "error:4 (a value is out of range) .\n"
                         "Set device swap status information successfully.\n"));
-    QCOMPARE(failed.exitCode, 1);
+    QCOMPARE(failed.exitCode, 4);
     const Run wrong = run({"batch", host()}, "Device.swap\nDevice.writeSwap {\"swap\":2}\n");
     QCOMPARE(wrong.errors,
              QByteArray("tavoroctl: line 1 of the batch: unknown operation \"Device.swap\"; "
-                        "\"tavoroctl list\" lists all operations\n"
-                        "Set device swap status information failed: hardware error:4 .\n"));
-    QCOMPARE(wrong.exitCode, 2);
+                        "did you mean \"Device.writeSwap\"; \"tavoroctl list\" lists all "
+                        "operations\n"
+                        "line 2 of the batch: Set device swap status information failed: hardware "
+                        "error:4 (a value is out of range) .\n"));
+    QCOMPARE(wrong.exitCode, 4);
 }
 
 void tst_TavoroCtl::helpAndVersion()
 {
     const Run help = run({"--help"});
-    QVERIFY(help.output.contains(
-        "Exit status: 0 done, 1 a device, an operation or the output failed, "));
+    QVERIFY(help.output.contains("\nExit status:\n  0    Success."));
     QCOMPARE(help.exitCode, 0);
     QVERIFY(run({"--version"}).output.startsWith("tavoroctl 0."));
     QCOMPARE(run({"call", "--help"}).exitCode, 0);

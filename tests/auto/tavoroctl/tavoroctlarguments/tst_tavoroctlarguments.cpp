@@ -82,6 +82,12 @@ void tst_TavoroCtlArguments::hostsAreParsed_data()
                                << "::1" << 6630;
     QTest::newRow("version 6 with port") << "[::1]:99"
                                          << "::1" << 99;
+    QTest::newRow("version 6 without brackets") << "::1"
+                                                << "::1" << 6630;
+    QTest::newRow("long version 6 without brackets") << "fe80::1:99"
+                                                     << "fe80::1:99" << 6630;
+    QTest::newRow("two colons") << "a:b:c"
+                                << "" << 0;
     QTest::newRow("nothing") << ""
                              << "" << 0;
     QTest::newRow("no port") << "wall:"

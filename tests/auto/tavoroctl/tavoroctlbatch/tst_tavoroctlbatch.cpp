@@ -56,9 +56,9 @@ void tst_TavoroCtlBatch::devicesWithTheSameIdentityAreRefused()
     const ToolRun batch =
         ToolBench::run({"batch"}, swapLine(first.host(), 0) + swapLine(second.host(), 1));
     QCOMPARE(batch.errors,
-             swapDone + "The devices at " + first.host() + " and " + second.host()
-                 + " report the same identity; a batch cannot use both.\n");
-    QCOMPARE(batch.exitCode, 1);
+             swapDone + "line 2 of the batch: The devices at " + first.host() + " and "
+                 + second.host() + " report the same identity; a batch cannot use both.\n");
+    QCOMPARE(batch.exitCode, 3);
     QVERIFY(!isSwapped(first));
 }
 

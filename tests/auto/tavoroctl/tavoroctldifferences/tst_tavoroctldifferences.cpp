@@ -43,9 +43,9 @@ void tst_TavoroCtlDifferences::eachChangedValueIsListed()
     QFETCH(QByteArray, before);
     QFETCH(QByteArray, after);
     QFETCH(QByteArray, message);
-    const QStringList found = differences(Operations::jsonValue(before.toStdString()),
-                                          Operations::jsonValue(after.toStdString()));
-    QCOMPARE(found.join(QStringLiteral(", ")).toUtf8(), message);
+    const std::vector<Difference> found = differences(Operations::jsonValue(before.toStdString()),
+                                                      Operations::jsonValue(after.toStdString()));
+    QCOMPARE(textOf(found).toUtf8(), message);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlDifferences)

@@ -22,7 +22,7 @@ private Q_SLOTS:
     void presetOfAllScreensHasADefaultName();
     void presetCanBeAppliedToThePreview();
     void presetOfAMissingScreenEndsWithOne();
-    void missingPresetEndsWithOne();
+    void missingPresetEndsWithFour();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
 };
@@ -161,11 +161,13 @@ void tst_TavoroCtlMaintenance::presetOfAMissingScreenEndsWithOne()
     QVERIFY(!m_bench->run("files", {}).output.contains("preset"));
 }
 
-void tst_TavoroCtlMaintenance::missingPresetEndsWithOne()
+void tst_TavoroCtlMaintenance::missingPresetEndsWithFour()
 {
     const ToolRun apply = m_bench->run("preset apply", {"9"});
-    QCOMPARE(apply.errors, QByteArray("Set preset apply information failed: hardware error:3 .\n"));
-    QCOMPARE(apply.exitCode, 1);
+    QCOMPARE(apply.errors,
+             QByteArray("Set preset apply information failed: hardware error:3 (the body or the "
+                        "filters name an object that does not exist) .\n"));
+    QCOMPARE(apply.exitCode, 4);
 }
 
 void tst_TavoroCtlMaintenance::wrongUsageEndsWithTwo_data()

@@ -36,7 +36,7 @@ private Q_SLOTS:
     void watchEndsWithZero();
     void watchReadsTheDeviceAgainAfterAReconnect();
     void watchRepeatsAReadThatTheConnectionDoesNotSurvive();
-    void watchOfAMissingDeviceEndsWithOne();
+    void watchOfAMissingDeviceEndsWithThree();
 
 private:
     ToolRun stop(RunningTool &tool) const;
@@ -118,7 +118,7 @@ void tst_TavoroCtlModel::syncShowsTheModelAsJson()
     const ToolRun sync = m_bench->run("sync", {"--json"});
     const QJsonObject model = QJsonDocument::fromJson(sync.output).object();
     QCOMPARE(model.keys().join(QLatin1Char(' ')),
-             QStringLiteral("device files interfaces layers screens"));
+             QStringLiteral("device files formatVersion interfaces layers screens"));
     QCOMPARE(model.value(QLatin1String("interfaces")).toArray().size(), 4);
     QCOMPARE(model.value(QLatin1String("screens")).toArray().size(), 1);
     QCOMPARE(model.value(QLatin1String("layers")).toArray().size(), 4);
@@ -169,7 +169,8 @@ void tst_TavoroCtlModel::partlyFailedSyncShowsTheRest()
     QVERIFY(sync.output.contains("  screen 1 (type 1)  Main"));
     QVERIFY(!sync.output.contains("layer"));
     QCOMPARE(sync.errors,
-             QByteArray("Get layer detail information failed: hardware error:9 .\n"
+             QByteArray("Get layer detail information failed: hardware error:9 (length or hash of "
+                        "a file's content differ from those announced) .\n"
                         "The device could not be read completely.\n"));
     QCOMPARE(sync.exitCode, 1);
 }
@@ -316,7 +317,7 @@ void tst_TavoroCtlModel::watchRepeatsAReadThatTheConnectionDoesNotSurvive()
     QCOMPARE(run.exitCode, 0);
 }
 
-void tst_TavoroCtlModel::watchOfAMissingDeviceEndsWithOne()
+void tst_TavoroCtlModel::watchOfAMissingDeviceEndsWithThree()
 {
     QTcpSocket reserved; // Reserves a port without listening.
     QVERIFY2(reserved.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress),
@@ -324,7 +325,7 @@ void tst_TavoroCtlModel::watchOfAMissingDeviceEndsWithOne()
     const QByteArray place = "127.0.0.1:" + QByteArray::number(reserved.localPort());
     const ToolRun watch = ToolBench::run({"watch", place, "--timeout", "1000"});
     QVERIFY2(watch.errors.contains(place), watch.errors.constData());
-    QCOMPARE(watch.exitCode, 1);
+    QCOMPARE(watch.exitCode, 3);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlModel)

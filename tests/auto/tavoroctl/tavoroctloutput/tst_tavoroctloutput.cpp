@@ -13,14 +13,15 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void fullDiskEndsWithOne_data();
-    void fullDiskEndsWithOne();
-    void fullDiskKeepsTheStatusOfAUsageError();
+    void fullDiskEndsWithSeven_data();
+    void fullDiskEndsWithSeven();
+    void fullDiskCountsMoreThanAUsageError();
+    void fullDiskIsAnErrorObjectWithJson();
     void fullDiskEndsABatch();
     void fullDiskEndsAWatch();
-    void closedStandardOutputEndsWithOne();
+    void closedStandardOutputEndsWithSeven();
     void closedStandardOutputIsNotADeviceConnection();
-    void closedPipeEndsWithOne();
+    void closedPipeEndsWithSeven();
 
 private:
     /// Runs \a script in a shell, with the tool as $0 and \a words as the arguments.
@@ -67,7 +68,7 @@ void tst_TavoroCtlOutput::cleanup()
     m_bench.reset();
 }
 
-void tst_TavoroCtlOutput::fullDiskEndsWithOne_data()
+void tst_TavoroCtlOutput::fullDiskEndsWithSeven_data()
 {
     QTest::addColumn<QByteArray>("command");
     QTest::addColumn<QByteArray>("messages");
@@ -85,18 +86,16 @@ void tst_TavoroCtlOutput::fullDiskEndsWithOne_data()
         << QByteArray("Get device group information successfully.\n");
     QTest::newRow("discover")        << QByteArray("discover TARGET")                     << QByteArray();
     QTest::newRow("files")           << QByteArray("files HOST")                          << QByteArray();
-    QTest::newRow("files as JSON")   << QByteArray("files HOST --json")                   << QByteArray();
     QTest::newRow("replay")          << QByteArray("replay " TEST_DATA_DIR "/captures/CAPTURE") << QByteArray();
     QTest::newRow("selfcheck")       << QByteArray("selfcheck HOST")                      << QByteArray();
     QTest::newRow("show")            << QByteArray("show HOST")                           << devices;
     QTest::newRow("sync")            << QByteArray("sync HOST")                           << QByteArray();
-    QTest::newRow("sync as JSON")    << QByteArray("sync HOST --json")                    << QByteArray();
     QTest::newRow("upgrade")         << QByteArray("upgrade HOST /firmware/2.bin")        << QByteArray();
     QTest::newRow("version")         << QByteArray("version HOST")                        << QByteArray();
     // clang-format on
 }
 
-void tst_TavoroCtlOutput::fullDiskEndsWithOne()
+void tst_TavoroCtlOutput::fullDiskEndsWithSeven()
 {
     QFETCH(QByteArray, command);
     QFETCH(QByteArray, messages);
@@ -107,15 +106,27 @@ void tst_TavoroCtlOutput::fullDiskEndsWithOne()
     command.replace("CAPTURE", captures.first().toUtf8());
     const Run full = runInShell(fullDisk, command.split(' '));
     QCOMPARE(full.errors, messages + diskFull);
-    QCOMPARE(full.exitCode, 1);
+    QCOMPARE(full.exitCode, 7);
 }
 
-void tst_TavoroCtlOutput::fullDiskKeepsTheStatusOfAUsageError()
+void tst_TavoroCtlOutput::fullDiskIsAnErrorObjectWithJson()
+{
+    const Run full = runInShell(fullDisk, {"files", host(), "--json"});
+    QCOMPARE(full.errors,
+             QByteArray(R"({"event":"error","exitStatus":7,"formatVersion":1,"line":0,)"
+                        R"("meaning":"Standard output could not be written.","operation":"",)"
+                        R"("result":"output-failed","status":0,)"
+                        R"("text":"Cannot write standard output: No space left on device."})"
+                        "\n"));
+    QCOMPARE(full.exitCode, 7);
+}
+
+void tst_TavoroCtlOutput::fullDiskCountsMoreThanAUsageError()
 {
     const Run full = runInShell(R"(printf '%s\n' "$@" | "$0" batch >/dev/full)",
                                 {"nonsense", host() + " Device.readDeviceGroupInfo"});
     QVERIFY2(full.errors.endsWith(diskFull), full.errors.constData());
-    QCOMPARE(full.exitCode, 2);
+    QCOMPARE(full.exitCode, 7);
 }
 
 void tst_TavoroCtlOutput::fullDiskEndsABatch()
@@ -124,7 +135,7 @@ void tst_TavoroCtlOutput::fullDiskEndsABatch()
         R"(printf '%s\n' "$@" | "$0" batch >/dev/full)",
         {host() + " Device.readDeviceGroupInfo", host() + R"( Device.writeSwap {"swap":0})"});
     QCOMPARE(full.errors, "Get device group information successfully.\n" + diskFull);
-    QCOMPARE(full.exitCode, 1);
+    QCOMPARE(full.exitCode, 7);
     QVERIFY(call({"Device.readDetails"}).output.contains(R"("swap":1)"));
 }
 
@@ -139,14 +150,14 @@ void tst_TavoroCtlOutput::fullDiskEndsAWatch()
     QVERIFY(shell.waitForFinished());
     errors += shell.readAllStandardError();
     QVERIFY2(errors.endsWith(diskFull), errors.constData());
-    QCOMPARE(shell.exitCode(), 1);
+    QCOMPARE(shell.exitCode(), 7);
 }
 
-void tst_TavoroCtlOutput::closedStandardOutputEndsWithOne()
+void tst_TavoroCtlOutput::closedStandardOutputEndsWithSeven()
 {
     const Run closed = runInShell(R"(exec "$0" "$@" >&-)", {"list"});
     QCOMPARE(closed.errors, QByteArray("Cannot write standard output: Bad file descriptor.\n"));
-    QCOMPARE(closed.exitCode, 1);
+    QCOMPARE(closed.exitCode, 7);
 }
 
 void tst_TavoroCtlOutput::closedStandardOutputIsNotADeviceConnection()
@@ -157,10 +168,10 @@ void tst_TavoroCtlOutput::closedStandardOutputIsNotADeviceConnection()
     QCOMPARE(closed.errors,
              QByteArray("Get device group information successfully.\n"
                         "Cannot write standard output: Bad file descriptor.\n"));
-    QCOMPARE(closed.exitCode, 1);
+    QCOMPARE(closed.exitCode, 7);
 }
 
-void tst_TavoroCtlOutput::closedPipeEndsWithOne()
+void tst_TavoroCtlOutput::closedPipeEndsWithSeven()
 {
     // The tool starts after the reader of its output has closed the pipe.
     QProcess shell;
@@ -177,7 +188,7 @@ void tst_TavoroCtlOutput::closedPipeEndsWithOne()
     QCOMPARE(shell.readAllStandardError(),
              QByteArray("closed\n"
                         "Cannot write standard output: Broken pipe.\n"
-                        "status 1\n"));
+                        "status 7\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlOutput)

@@ -15,7 +15,7 @@ private Q_SLOTS:
     void projectContainsTheKindsThatAreNamed_data();
     void projectContainsTheKindsThatAreNamed();
     void projectHasADefaultNameAndType();
-    void missingProjectEndsWithOne();
+    void missingProjectEndsWithFour();
     void wrongUsageEndsWithTwo_data();
     void wrongUsageEndsWithTwo();
 
@@ -94,12 +94,13 @@ void tst_TavoroCtlProjects::projectHasADefaultNameAndType()
     QVERIFY(readFiles().contains("logo")); // A project contains all files by default.
 }
 
-void tst_TavoroCtlProjects::missingProjectEndsWithOne()
+void tst_TavoroCtlProjects::missingProjectEndsWithFour()
 {
     const Run apply = m_bench->run("project apply", {"9"});
     QCOMPARE(apply.errors,
-             QByteArray("Set ProjectFile apply information failed: hardware error:3 .\n"));
-    QCOMPARE(apply.exitCode, 1);
+             QByteArray("Set ProjectFile apply information failed: hardware error:3 (the body or "
+                        "the filters name an object that does not exist) .\n"));
+    QCOMPARE(apply.exitCode, 4);
 }
 
 void tst_TavoroCtlProjects::wrongUsageEndsWithTwo_data()

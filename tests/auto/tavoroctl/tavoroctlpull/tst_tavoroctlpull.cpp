@@ -48,7 +48,7 @@ private Q_SLOTS:
     void pullIntoASocketFails();
     void failedPullKeepsTheDevice();
     void pullWritesToStandardOutput();
-    void pullToAFullStandardOutputEndsWithOne();
+    void pullToAFullStandardOutputEndsWithSeven();
 
 private:
     /// Pushes a file of a few packets and returns its content.
@@ -106,15 +106,17 @@ void tst_TavoroCtlPull::pullReplacesAFile()
 void tst_TavoroCtlPull::pullOfAMissingFileLeavesNothing()
 {
     const ToolRun pull = m_bench->run("pull", {"logo", "9", m_bench->path("target")});
-    QCOMPARE(pull.errors, QByteArray("Get file export information failed: hardware error:3 .\n"));
-    QCOMPARE(pull.exitCode, 1);
+    QCOMPARE(pull.errors,
+             QByteArray("Get file export information failed: hardware error:3 (the body or the "
+                        "filters name an object that does not exist) .\n"));
+    QCOMPARE(pull.exitCode, 4);
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
 }
 
 void tst_TavoroCtlPull::failedPullKeepsTheExistingFile()
 {
     m_bench->makeFile("target", "old");
-    QCOMPARE(m_bench->run("pull", {"logo", "9", m_bench->path("target")}).exitCode, 1);
+    QCOMPARE(m_bench->run("pull", {"logo", "9", m_bench->path("target")}).exitCode, 4);
     QCOMPARE(m_bench->content("target"), QByteArray("old"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
 }
@@ -123,22 +125,27 @@ void tst_TavoroCtlPull::faultyPullLeavesNothing_data()
 {
     QTest::addColumn<QString>("fault");
     QTest::addColumn<QByteArray>("message");
+    QTest::addColumn<int>("exitCode");
     const QByteArray failed = "Get file export information failed: ";
     const QByteArray tooShort = "Received 4500 bytes, but the device announced 5000.\n";
     const QByteArray other =
         "The checksum of the received file does not match the one the device reports.\n";
-    const QByteArray noList = "Get file detail information failed: hardware error:9 .\n";
+    const QByteArray refused = failed
+        + "hardware error:9 (length or hash of a file's content differ from those announced) .\n";
+    const QByteArray noList = "Get file detail information failed: hardware error:9 (length or "
+                              "hash of a file's content differ from those announced) .\n";
     const auto inTheMiddle = [](const char *fault) {
         return QLatin1String(fault) + QStringLiteral(",code=FileExport,skip=3,count=1");
     };
     // clang-format off
-    QTest::newRow("refused in the middle")   << inTheMiddle("status=9")                              << failed + "hardware error:9 .\n";
-    QTest::newRow("connection lost")         << inTheMiddle("drop-within")                           << failed;
-    QTest::newRow("broken packet")           << inTheMiddle("wrong-checksum")                        << failed;
-    QTest::newRow("half a packet")           << inTheMiddle("truncate")                              << tooShort;
-    QTest::newRow("half of the last packet") << QStringLiteral("truncate,code=FileExport,skip=4")    << tooShort;
-    QTest::newRow("other bytes")             << inTheMiddle("garble")                                << other;
-    QTest::newRow("no list of files")        << QStringLiteral("status=9,code=FileDetail")           << noList;
+    QTest::newRow("refused in the middle")   << inTheMiddle("status=9")                              << refused
+        << 4;
+    QTest::newRow("connection lost")         << inTheMiddle("drop-within")                           << failed << 3;
+    QTest::newRow("broken packet")           << inTheMiddle("wrong-checksum")                        << failed << 1;
+    QTest::newRow("half a packet")           << inTheMiddle("truncate")                              << tooShort << 1;
+    QTest::newRow("half of the last packet") << QStringLiteral("truncate,code=FileExport,skip=4")    << tooShort << 1;
+    QTest::newRow("other bytes")             << inTheMiddle("garble")                                << other << 1;
+    QTest::newRow("no list of files")        << QStringLiteral("status=9,code=FileDetail")           << noList << 4;
     // clang-format on
 }
 
@@ -146,6 +153,7 @@ void tst_TavoroCtlPull::faultyPullLeavesNothing()
 {
     QFETCH(QString, fault);
     QFETCH(QByteArray, message);
+    QFETCH(int, exitCode);
     SimOptions options;
     options.packetSize = 1000;
     m_bench = std::make_unique<ToolBench>(options);
@@ -155,7 +163,7 @@ void tst_TavoroCtlPull::faultyPullLeavesNothing()
     const ToolRun pull = m_bench->run("pull", {"0", "0", m_bench->path("target")});
     QVERIFY2(pull.errors.startsWith(message), pull.errors.constData());
     QCOMPARE(pull.errors.count('\n'), 1);
-    QCOMPARE(pull.exitCode, 1);
+    QCOMPARE(pull.exitCode, exitCode);
     QCOMPARE(m_bench->content("target"), QByteArray("old"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"sent", "target"}));
 }
@@ -176,7 +184,7 @@ void tst_TavoroCtlPull::interruptedPullLeavesNothing()
                      terminal.name());
     QVERIFY(terminal.waitFor("]   1 %  target"));
     pull.interrupt(signalNumber);
-    QCOMPARE(pull.finish().exitCode, 1);
+    QCOMPARE(pull.finish().exitCode, 130);
     QVERIFY(terminal.drawn().endsWith("\r\x1b[KOperation has been cancelled.\r\n"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList());
 }
@@ -190,7 +198,7 @@ void tst_TavoroCtlPull::interruptedPullKeepsTheExistingFile()
                      terminal.name());
     QVERIFY(terminal.waitFor("]   1 %  target"));
     pull.interrupt();
-    QCOMPARE(pull.finish().exitCode, 1);
+    QCOMPARE(pull.finish().exitCode, 130);
     QCOMPARE(m_bench->content("target"), QByteArray("old"));
     QCOMPARE(m_bench->fileNames(), QByteArrayList({"target"}));
 }
@@ -203,7 +211,7 @@ void tst_TavoroCtlPull::pullFromALostDeviceLeavesNothing()
                      terminal.name());
     QVERIFY(terminal.waitFor("]   1 %  target"));
     m_bench->device.reset();
-    QCOMPARE(pull.finish().exitCode, 1);
+    QCOMPARE(pull.finish().exitCode, 3);
     const QByteArray drawn = terminal.drawn();
     QVERIFY2(drawn.contains("\x1b[KGet file export information failed: "), drawn.constData());
     QCOMPARE(drawn.count('\n'), 1);
@@ -324,7 +332,7 @@ void tst_TavoroCtlPull::pullWritesToStandardOutput()
     QCOMPARE(pull.exitCode, 0);
 }
 
-void tst_TavoroCtlPull::pullToAFullStandardOutputEndsWithOne()
+void tst_TavoroCtlPull::pullToAFullStandardOutputEndsWithSeven()
 {
     pushContent();
     QProcess tool;
@@ -335,7 +343,7 @@ void tst_TavoroCtlPull::pullToAFullStandardOutputEndsWithOne()
     QVERIFY(tool.waitForFinished());
     QCOMPARE(tool.readAllStandardError(),
              QByteArray("Cannot write standard output: No space left on device.\n"));
-    QCOMPARE(tool.exitCode(), 1);
+    QCOMPARE(tool.exitCode(), 7);
 }
 
 QTEST_GUILESS_MAIN(tst_TavoroCtlPull)

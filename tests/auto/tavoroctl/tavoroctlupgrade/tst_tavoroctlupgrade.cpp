@@ -13,7 +13,7 @@ private Q_SLOTS:
 
     void upgradeIsFollowedToItsEnd();
     void failedUpgradeEndsWithOne();
-    void refusedUpgradeEndsWithOne();
+    void refusedUpgradeEndsWithFour();
     void upgradeWithRebootWaitsForTheDevice();
     void upgradeOfADeviceThatStaysAwayEndsWithOne();
     void interruptedUpgradeContinuesOnTheDevice();
@@ -74,14 +74,15 @@ void tst_TavoroCtlUpgrade::failedUpgradeEndsWithOne()
     QCOMPARE(upgrade.exitCode, 1);
 }
 
-void tst_TavoroCtlUpgrade::refusedUpgradeEndsWithOne()
+void tst_TavoroCtlUpgrade::refusedUpgradeEndsWithFour()
 {
     m_bench->console(QStringLiteral("fault add status=4,code=0xFC08"));
     const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin"});
     QCOMPARE(upgrade.output, QByteArray());
     QCOMPARE(upgrade.errors,
-             QByteArray("Set upgrade detail information failed: hardware error:4 .\n"));
-    QCOMPARE(upgrade.exitCode, 1);
+             QByteArray("Set upgrade detail information failed: hardware error:4 (a value is out "
+                        "of range) .\n"));
+    QCOMPARE(upgrade.exitCode, 4);
 }
 
 void tst_TavoroCtlUpgrade::upgradeWithRebootWaitsForTheDevice()
@@ -121,7 +122,7 @@ void tst_TavoroCtlUpgrade::interruptedUpgradeContinuesOnTheDevice()
     const ToolRun upgrade = tool.finish();
     QCOMPARE(upgrade.output, QByteArray("slot 0, type 1: written\n"));
     QCOMPARE(upgrade.errors, QByteArray("Interrupted. The device continues with the upgrade.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
+    QCOMPARE(upgrade.exitCode, 130);
     m_bench->console(QStringLiteral("pass 3000"));
     QVERIFY(read("Auxiliary.readUpgradeProgress").startsWith(R"({"result":0,"rate":100,)"));
 }
@@ -156,9 +157,10 @@ void tst_TavoroCtlUpgrade::upgradeThatCannotBeFollowedContinuesOnTheDevice()
     const ToolRun upgrade = m_bench->run("upgrade", {"/firmware/2.bin", "--timeout", "300"});
     QCOMPARE(upgrade.output, QByteArray());
     QCOMPARE(upgrade.errors,
-             QByteArray("Get upgrade percent information failed: hardware error:9 .\n"
+             QByteArray("Get upgrade percent information failed: hardware error:9 (length or hash "
+                        "of a file's content differ from those announced) .\n"
                         "The device continues with the upgrade.\n"));
-    QCOMPARE(upgrade.exitCode, 1);
+    QCOMPARE(upgrade.exitCode, 4);
     m_bench->console(QStringLiteral("fault clear"));
     QTRY_VERIFY(m_bench->run("version", {}).output.contains("258 logic    1.0.1"));
 }

@@ -25,7 +25,7 @@ private Q_SLOTS:
     void optionMayFollowTheHost();
 
     void discoverListsTheDevicesThatAnswer();
-    void discoverWithoutAnswersEndsWithOne();
+    void discoverWithoutAnswersEndsWithThree();
 
     void replayShowsTheContentOfACapture_data();
     void replayShowsTheContentOfACapture();
@@ -107,12 +107,13 @@ void tst_TavoroCtlViews::showPrintsJson()
     const QJsonObject shown =
         QJsonDocument::fromJson(run({"--json", "show", host()}).output).object();
     QCOMPARE(shown.keys(),
-             QString::fromLatin1("device interfaces layers screens").split(QLatin1Char(' ')));
+             QString::fromLatin1("device formatVersion interfaces layers screens")
+                 .split(QLatin1Char(' ')));
 }
 
 void tst_TavoroCtlViews::optionMayFollowTheHost()
 {
-    QVERIFY(run({"show", host(), "--json"}).output.startsWith("{\"device\":{"));
+    QVERIFY(run({"show", host(), "--json"}).output.startsWith("{\"formatVersion\":1,\"device\":{"));
 }
 
 void tst_TavoroCtlViews::discoverListsTheDevicesThatAnswer()
@@ -127,12 +128,12 @@ void tst_TavoroCtlViews::discoverListsTheDevicesThatAnswer()
     QCOMPARE(discover.exitCode, 0);
 }
 
-void tst_TavoroCtlViews::discoverWithoutAnswersEndsWithOne()
+void tst_TavoroCtlViews::discoverWithoutAnswersEndsWithThree()
 {
     const Run discover = run({"discover", "127.0.0.1:9"});
     QCOMPARE(discover.errors, QByteArray("No device answered.\n"));
     QCOMPARE(discover.output, QByteArray());
-    QCOMPARE(discover.exitCode, 1);
+    QCOMPARE(discover.exitCode, 3);
     QCOMPARE(run({"discover", "127.0.0.1:99999"}).exitCode, 2);
 }
 

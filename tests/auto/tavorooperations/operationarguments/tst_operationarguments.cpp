@@ -70,16 +70,21 @@ void tst_OperationArguments::faultOfARecordNamesItsPlace_data()
     QTest::newRow("empty")           << ""                                   << "line 1, column 1: illegal value";
     QTest::newRow("cut off")         << R"({"general":)"                     << "line 1, column 12: unterminated object";
     QTest::newRow("list")            << R"( [{"general":{}}])"               << "line 1, column 2: expected an object {...}, found a list";
-    QTest::newRow("unknown key")     << R"({"genral":{}})"                   << R"(line 1, column 2: unknown key "genral"; the keys here are: general)";
-    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"      << R"(line 2, column 4: unknown key "nme"; the keys here are: name, status)";
+    QTest::newRow("unknown key")     << R"({"genral":{}})"
+        << R"(line 1, column 2: unknown key "genral"; did you mean "general"; the keys here are: general)";
+    QTest::newRow("key further in")  << "{\"general\":\n  {\"nme\":1}}"
+        << R"(line 2, column 4: unknown key "nme"; did you mean "name"; the keys here are: name, status)";
     QTest::newRow("word for number") << R"({"general":{"status":"on"}})"     << R"(line 1, column 22: "on" would be sent as 0)";
-    QTest::newRow("too large")       << R"({"general":{"status":4294967297}})" << "line 1, column 22: 4294967297 would be sent as 1";
-    QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"      << "line 1, column 22: 1.5 would be sent as 1";
+    QTest::newRow("too large")       << R"({"general":{"status":4294967297}})"
+        << "line 1, column 22: 4294967297 would be sent as 1; the range is -2147483648 to 2147483647";
+    QTest::newRow("fraction")        << R"({"general":{"status":1.5}})"
+        << "line 1, column 22: 1.5 would be sent as 1; the range is -2147483648 to 2147483647";
     QTest::newRow("null")            << R"({"general":{"status":null}})"     << "line 1, column 22: null would be sent as 0";
     QTest::newRow("number for text") << R"({"general":{"name":5}})"          << "line 1, column 20: not a valid string.";
     QTest::newRow("object for list") << R"({"general":[]})"                  << "line 1, column 12: read object must start with {!";
     QTest::newRow("after the empty") << R"({"general":{},"x":1})"            << R"(line 1, column 15: unknown key "x"; the keys here are: general)";
-    QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})" << "line 1, column 33: 7.5 would be sent as 7";
+    QTest::newRow("text with accent")<< R"({"general":{"name":"é","status":7.5}})"
+        << "line 1, column 33: 7.5 would be sent as 7; the range is -2147483648 to 2147483647";
     // clang-format on
 }
 
@@ -97,7 +102,7 @@ void tst_OperationArguments::faultOfAListNamesItsPlace_data()
     QTest::addColumn<QString>("fault");
     // clang-format off
     QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: expected a list [...], found an object";
-    QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0";
+    QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0; the range is 0 to 255";
     QTest::newRow("negative id")     << R"([{"screenId":-1}])"
         << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
     QTest::newRow("cut by an empty object") << R"([{"layout":{},"screenId":3}])" << "line 1, column 24: read object must start with {!";
@@ -127,7 +132,7 @@ void tst_OperationArguments::missingKeysAreListed_data()
         << QByteArray("missing keys: [0].window.height, [0].window.width, [0].window.y");
     QTest::newRow("second element") << "[{" + whole + "," + window + "},{" + window + "}]" << QByteArray("missing keys: [1].layerIdenti");
     QTest::newRow("typing error")   << QByteArray(R"([{"windo":{}}])")
-        << QByteArray(R"(line 1, column 3: unknown key "windo"; the keys here are: layerIdenti, window)");
+        << QByteArray(R"(line 1, column 3: unknown key "windo"; did you mean "window"; the keys here are: layerIdenti, window)");
     // clang-format on
 }
 

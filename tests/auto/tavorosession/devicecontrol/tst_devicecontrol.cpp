@@ -24,6 +24,7 @@ private Q_SLOTS:
     void readingTakesNoControl();
     void controlIsTakenAndReleased();
     void refusalsNameTheHolder();
+    void holderIsReadWithoutTakingControl();
     void controlIsForced();
     void lossOfControlIsReported();
     void controlIsReleasedAfterTheIdleTime();
@@ -87,6 +88,23 @@ void tst_DeviceControl::refusalsNameTheHolder()
     const Outcome write = resultOf(callSwap());
     QCOMPARE(int(write.kind()), int(Outcome::Refused));
     QCOMPARE(write.reason(), reason);
+}
+
+void tst_DeviceControl::holderIsReadWithoutTakingControl()
+{
+    const Answer<QString> free = resultOf(wall().readControlHolder());
+    QVERIFY2(free, qUtf8Printable(free.text()));
+    QCOMPARE(free.record(), QString());
+    QCOMPARE(holder(), QString());
+
+    QVERIFY(otherRequests(ControlAction::Take));
+    QTRY_VERIFY(wall().isControlledByOthers());
+    QVERIFY(!holder().isEmpty());
+    QCOMPARE(resultOf(wall().readControlHolder()).record(), holder());
+
+    QVERIFY(m_bench->execute(QStringLiteral("switch 0")));
+    QTRY_COMPARE(wall().state().kind, DeviceState::Lost);
+    QCOMPARE(resultOf(wall().readControlHolder()).kind(), Outcome::NotSent);
 }
 
 void tst_DeviceControl::controlIsForced()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "calljob_p.h"
+
+#include <QFuture>
+#include <QString>
+
+#include <memory>
+
+namespace Tavoro::SessionInternal {
+
+/// Asks the device which client holds control, on its way through the command lane.
+class HolderJob : public CallJob {
+public:
+    HolderJob();
+
+    QFuture<Answer<QString>> future() const;
+    QString label() const override;
+
+protected:
+    CallResult attempt() override;
+
+private:
+    class Request;
+    explicit HolderJob(std::shared_ptr<Request> request);
+
+    const std::shared_ptr<Request> m_request;
+};
+
+} // namespace Tavoro::SessionInternal

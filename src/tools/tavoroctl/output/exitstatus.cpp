@@ -1,0 +1,43 @@
+#include "exitstatus.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+// clang-format off
+constexpr ExitStatusRow rows[] = {
+//   status          name               meaning
+    {Done,           "done",            "Success. Also an interrupted watch."},
+    {Failed,         "failed",          "Something else failed; for diff: there are differences."},
+    {UsageError,     "usage",           "The command line or an input is not valid; nothing was sent for it."},
+    {Unreachable,    "unreachable",     "The device could not be reached, or the connection was lost during a read."},
+    {Refused,        "refused",         "The device refused the request; it changed nothing."},
+    {TimedOut,       "timed-out",       "A read was not answered in time."},
+    {UnknownOutcome, "unknown-outcome", "A write was not answered: the device may have carried it out."},
+    {OutputFailed,   "output-failed",   "Standard output could not be written."},
+    {Interrupted,    "interrupted",     "The command was interrupted by a signal."},
+};
+// clang-format on
+
+} // namespace
+
+const ExitStatusRow *ExitStatusRange::begin() const
+{
+    return std::begin(rows);
+}
+
+const ExitStatusRow *ExitStatusRange::end() const
+{
+    return std::end(rows);
+}
+
+const ExitStatusRow &rowOf(ExitStatus status)
+{
+    return *std::find_if(std::begin(rows), std::end(rows),
+                         [=](const ExitStatusRow &row) { return row.status == status; });
+}
+
+} // namespace Tavoro::Ctl

@@ -1,0 +1,46 @@
+#include "failure.h"
+
+#include "statusmeaning.h"
+
+#include <tavorocontrol/controlhelper.h>
+
+namespace Tavoro::Ctl {
+
+namespace {
+
+constexpr int lastDeviceStatus = 255;
+
+} // namespace
+
+QString Failure::meaning() const
+{
+    if (status == 0)
+        return QString::fromUtf8(rowOf(exit).meaning);
+    return status <= lastDeviceStatus
+        ? meaningOfStatus(status)
+        : Control::ControlHelper::errorText(static_cast<quint16>(status));
+}
+
+QString Failure::sentence() const
+{
+    const QString program = exit == UsageError ? QStringLiteral("tavoroctl: ") : QString();
+    const QString place =
+        line == 0 ? QString() : QStringLiteral("line %1 of the batch: ").arg(line);
+    return program + place + withMeanings(text);
+}
+
+QJsonObject Failure::toJson() const
+{
+    return {
+        {QStringLiteral("event"), QStringLiteral("error")},
+        {QStringLiteral("result"), QLatin1String(rowOf(exit).name)},
+        {QStringLiteral("exitStatus"), exit},
+        {QStringLiteral("status"), status},
+        {QStringLiteral("meaning"), meaning()},
+        {QStringLiteral("text"), text},
+        {QStringLiteral("operation"), operation},
+        {QStringLiteral("line"), line},
+    };
+}
+
+} // namespace Tavoro::Ctl
