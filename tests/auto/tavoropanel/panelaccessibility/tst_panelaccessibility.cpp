@@ -175,8 +175,14 @@ void tst_PanelAccessibility::longerTextsAreNotCutOff()
     WindowBench bench;
     QVERIFY(bench.openSelected());
     bench.window->resize(1600, 960);
+    QStringList widths;
+    for (const char *const part :
+         {"control", "devices", "canvas", "details", "presets", "sources", "files", "log", "live"})
+        widths << QStringLiteral("%1 %2")
+                      .arg(QLatin1String(part))
+                      .arg(bench.find<QWidget>(part).minimumSizeHint().width());
     QVERIFY2(bench.window->minimumSizeHint().width() <= 1600,
-             qPrintable(QString::number(bench.window->minimumSizeHint().width())));
+             qUtf8Printable(widths.join(QStringLiteral(", "))));
     QTest::qWait(0);
     for (QAbstractButton *const button : bench.window->findChildren<QAbstractButton *>()) {
         if (button->isVisible() && !button->text().isEmpty())
