@@ -28,8 +28,7 @@ QLabel *makeHeading(const QString &text, QWidget *parent)
 QString rangeText(const Field &field)
 {
     const auto number = [&](int value) {
-        const int decimals = field.divisor > 1 ? QString::number(field.divisor).size() - 1 : 0;
-        return QLocale().toString(double(value) / field.divisor, 'f', decimals);
+        return QLocale().toString(double(value) / field.divisor, 'f', field.decimals());
     };
     //: The range of a number, and its unit or nothing
     return DetailsForm::tr("%1 to %2%3")
