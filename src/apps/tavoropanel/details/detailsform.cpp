@@ -21,7 +21,8 @@ QLabel *makeHeading(const QString &text, QWidget *parent)
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    heading->setContentsMargins(0, heading->fontMetrics().height() / 2, 0, 0);
+    heading->setMinimumHeight(QFontMetrics(font).height() * 7 / 4);
+    heading->setAlignment(Qt::AlignLeading | Qt::AlignBottom);
     return heading;
 }
 
