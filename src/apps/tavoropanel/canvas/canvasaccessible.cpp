@@ -1,19 +1,23 @@
 #include "canvasaccessible.h"
 
 #include "canvasscene.h"
-#include "canvasview.h"
 
 #include <QAccessibleObject>
 #include <QAccessibleWidget>
+#include <QGraphicsView>
 
 namespace Tavoro::Panel {
 
 namespace {
 
-CanvasView *viewOf(const LayerItem &layer)
+QGraphicsView *viewOf(const LayerItem &layer)
 {
-    const auto *const scene = layer.scene();
-    return scene ? qobject_cast<CanvasView *>(scene->views().value(0)) : nullptr;
+    return layer.scene() ? layer.scene()->views().value(0) : nullptr;
+}
+
+CanvasScene *canvasOf(const QGraphicsView &view)
+{
+    return qobject_cast<CanvasScene *>(view.scene());
 }
 
 /// One layer, as an item of the list that the canvas is.
@@ -33,11 +37,12 @@ public:
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     QString text(QAccessible::Text text) const override
     {
-        return text == QAccessible::Name ? layer().fullDescription() : QString();
+        return text == QAccessible::Name ? CanvasScene::screenOf(layer())->description(layer())
+                                         : QString();
     }
     QRect rect() const override
     {
-        const CanvasView *const view = viewOf(layer());
+        const QGraphicsView *const view = viewOf(layer());
         if (!view)
             return {};
         const QRect area = view->mapFromScene(layer().sceneBoundingRect()).boundingRect();
@@ -46,8 +51,8 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state;
-        const CanvasView *const view = viewOf(layer());
-        const bool isSelected = view && view->canvas().selectedLayer() == &layer();
+        const QGraphicsView *const view = viewOf(layer());
+        const bool isSelected = view && canvasOf(*view)->selectedLayer() == &layer();
         state.selectable = true;
         state.focusable = true;
         state.selected = isSelected;
@@ -59,7 +64,7 @@ public:
 /// The canvas, as a list of the layers of all screens.
 class AccessibleCanvas : public QAccessibleWidget {
 public:
-    explicit AccessibleCanvas(CanvasView *view) : QAccessibleWidget(view, QAccessible::List) { }
+    explicit AccessibleCanvas(QGraphicsView *view) : QAccessibleWidget(view, QAccessible::List) { }
 
     QAccessibleInterface *child(int index) const override
     {
@@ -72,15 +77,15 @@ public:
     }
     QAccessibleInterface *focusChild() const override
     {
-        return QAccessible::queryAccessibleInterface(view().canvas().selectedLayer());
+        return QAccessible::queryAccessibleInterface(canvas().selectedLayer());
     }
 
 private:
-    CanvasView &view() const { return *static_cast<CanvasView *>(widget()); }
+    CanvasScene &canvas() const { return *canvasOf(*static_cast<QGraphicsView *>(widget())); }
     QList<LayerItem *> layers() const
     {
         QList<LayerItem *> all;
-        const auto screens = view().canvas().screens();
+        const auto screens = canvas().screens();
         for (const ScreenItem *const screen : screens)
             all << screen->layers();
         return all;
@@ -89,7 +94,8 @@ private:
 
 QAccessibleInterface *makeInterface(const QString & /*className*/, QObject *object)
 {
-    if (auto *const view = qobject_cast<CanvasView *>(object))
+    auto *const view = qobject_cast<QGraphicsView *>(object);
+    if (view && canvasOf(*view))
         return new AccessibleCanvas(view);
     if (auto *const layer = qobject_cast<LayerItem *>(object))
         return new AccessibleLayer(layer);

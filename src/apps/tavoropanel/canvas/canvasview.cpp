@@ -269,7 +269,7 @@ void CanvasView::describeSelection()
         sentences << hint();
     const LayerItem *const layer = m_scene->selectedLayer();
     if (layer)
-        sentences << layer->fullDescription();
+        sentences << CanvasScene::screenOf(*layer)->description(*layer);
     else if (!m_scene->screens().isEmpty())
         sentences << tr("No layer is selected.");
     setAccessibleDescription(sentences.join(QLatin1Char(' ')));

@@ -2,7 +2,6 @@
 
 #include "canvastext.h"
 #include "canvastheme.h"
-#include "screenitem.h"
 
 #include <QPainter>
 
@@ -26,12 +25,6 @@ LayerFace LayerItem::shownFace() const
     face.window = m_window.shown();
     face.opacity = m_opacity.shown();
     return face;
-}
-
-QString LayerItem::fullDescription() const
-{
-    const ScreenItem &screen = *static_cast<ScreenItem *>(parentItem()->parentItem());
-    return tr("%1, %2, %3").arg(screen.sceneName(), screen.name(), shownFace().description());
 }
 
 void LayerItem::show()

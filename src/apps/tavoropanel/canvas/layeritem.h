@@ -26,8 +26,6 @@ public:
     void setFace(LayerFace face);
     /// What is shown: with values that were sent and that the model does not have yet.
     LayerFace shownFace() const;
-    /// What is shown as a sentence that begins with the scene and the screen.
-    QString fullDescription() const;
     /// True if the operator cannot move the layer: a background fills its screen.
     bool isLocked() const { return m_face.isBackground; }
 

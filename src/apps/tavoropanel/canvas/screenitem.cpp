@@ -109,6 +109,11 @@ LayerItem *ScreenItem::findLayer(const ProtoModel::Layer::s_LayerIdentity &id) c
     return found == m_layers.end() ? nullptr : *found;
 }
 
+QString ScreenItem::description(const LayerItem &layer) const
+{
+    return tr("%1, %2, %3").arg(sceneName(), m_name, layer.shownFace().description());
+}
+
 void ScreenItem::insertLayers(int first, int last)
 {
     for (int row = first; row <= last; ++row) {

@@ -55,6 +55,8 @@ public:
     /// The layers, the bottom layer first.
     QList<LayerItem *> layers() const { return m_layers; }
     LayerItem *findLayer(const ProtoModel::Layer::s_LayerIdentity &id) const;
+    /// What is shown of a layer, as a sentence that begins with the scene and the screen.
+    QString description(const LayerItem &layer) const;
     /// Reads all layers again, after something changed that their rows do not contain.
     void refreshLayers();
 
