@@ -26,7 +26,7 @@ public:
         QString error;
         if (!m_demo.start(error))
             qFatal("%s", qUtf8Printable(error));
-        m_window.addTopBar(*new DemoBar(m_demo), QStringLiteral("Demo"));
+        m_window.addTopBar(*new DemoBar(m_demo));
         m_device = m_session.open(QStringLiteral("127.0.0.1"), m_demo.port());
         m_window.resize(1600, 960);
         m_window.show();

@@ -65,6 +65,7 @@ ControlBar::ControlBar(Selection &selection, Messages &messages, Actions &action
     m_control->setTextFormat(Qt::PlainText);
     for (QLabel *const badge : {m_state, m_control}) {
         badge->setAutoFillBackground(true);
+        badge->setBackgroundRole(QPalette::Window); // not that of the tool bar
         badge->setContentsMargins(10, 3, 10, 3);
     }
     m_control->setObjectName(QStringLiteral("controlState"));

@@ -41,7 +41,7 @@ QString rangeText(const Field &field)
 DetailsForm::DetailsForm(const Context &context, QWidget *parent)
     : QWidget(parent), m_context(context), m_layout(new QFormLayout(this))
 {
-    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    m_layout->setRowWrapPolicy(QFormLayout::DontWrapRows);
     m_layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     addSections();
     const Models::ObjectModel &model = m_context.model;
