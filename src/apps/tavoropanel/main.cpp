@@ -43,7 +43,7 @@ std::unique_ptr<DemoDevice> startDemo(Session &session, MainWindow &window)
         window.messages().report(Severity::Error, error);
         return device;
     }
-    window.addTopBar(*new DemoBar(*device), MainWindow::tr("Demo"));
+    window.addTopBar(*new DemoBar(*device));
     session.open(QStringLiteral("127.0.0.1"), device->port());
     return device;
 }

@@ -1,13 +1,9 @@
 #include "devicesession_p.h"
 
-#include "controljob_p.h"
-#include "holderjob_p.h"
+#include "listeddevice_p.h"
 #include "logging_p.h"
-#include "outcome_p.h"
-#include "scoperead_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorobizmodel/devicelist.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -27,29 +23,13 @@ namespace {
 // clang-format off
 constexpr char closedReason[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the session is closed");
 constexpr char notConnected[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "there is no connection yet");
+constexpr char openAlready[]   = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the device is open already, at %1");
 constexpr char stoppedReason[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "its channel was stopped");
 // clang-format on
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("Tavoro::DeviceSession", text);
-}
-
-std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info)
-{
-    constexpr unsigned short noNumberYet = 65535;
-    auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
-    device->setIPAddress(QString::fromStdString(info.ip));
-    device->updateDeviceBaseInfo(info);
-    auto known = BizModel::DeviceList::instance()
-                     ->findDevice(device->IPAddress(), device->MAC(), device->sn())
-                     .lock();
-    if (known)
-        return known;
-    device->setName(QString::fromStdString(info.name));
-    device->setModelId(info.modelId);
-    BizModel::DeviceList::instance()->append(device);
-    return device;
 }
 
 } // namespace
@@ -59,31 +39,26 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
                                            std::shared_ptr<BizModel::Device> known)
     : host(wantedHost),
       port(wantedPort),
-      device(std::move(known)),
       m_shared(shared),
       m_options(options),
-      m_calls(shared.pool, shared.courier, options.maxWaitingCalls, options.outcomeTime,
-              [this](CallJob &job, const CallResult &result, bool isReplaced) {
-                  deliver(job, result, isReplaced);
-              }),
+      m_device(shared.owners, this, options.logsBodies),
+      m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
+      m_calls(shared.pool, shared.courier, options, *this),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
       m_follower(m_reads, shared.courier,
                  [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_poll(options.poll,
+             [this](const Operations::Scope &scope, std::function<void()> ended) {
+                 m_follower.poll(scope, std::move(ended));
+             }),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
+    if (known)
+        m_device.set(std::move(known));
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
-    QObject::connect(DeviceManager::instance(), &DeviceManager::masterControlChanged,
-                     &m_controlIdle, [this](const std::weak_ptr<SSProxy::DeviceChannel> &changed) {
-                         if (channel && changed.lock() == channel)
-                             followControl();
-                     });
-    m_controlIdle.setSingleShot(true);
-    m_controlIdle.setInterval(options.controlIdleTime);
-    QObject::connect(&m_controlIdle, &QTimer::timeout, &m_controlIdle,
-                     [this] { requestControl(SSProxy::ControlAction::GiveUp); });
 }
 
 DeviceSessionPrivate::~DeviceSessionPrivate()
@@ -94,7 +69,7 @@ DeviceSessionPrivate::~DeviceSessionPrivate()
 
 QString DeviceSessionPrivate::name() const
 {
-    const QString known = device ? device->name() : QString();
+    const QString known = m_device.get() ? m_device.get()->name() : QString();
     return known.isEmpty() ? address() : known;
 }
 
@@ -138,73 +113,13 @@ void DeviceSessionPrivate::close(const QString &reason)
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
     m_updates.endAll();
-    for (const auto &upgrade : std::exchange(m_upgrades, {}))
-        upgrade->end(reason);
-}
-
-void DeviceSessionPrivate::reconnectNow()
-{
-    if (channel)
-        channel->reconnectNow();
-}
-
-void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QString &key)
-{
-    m_calls.start(job, key);
-}
-
-void DeviceSessionPrivate::startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker)
-{
-    tracker.setCancelHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), job] {
-        if (const auto self = weak.lock())
-            (*self)->m_calls.cancel(job);
-    });
-    m_calls.start(job, {});
-}
-
-TrackedCall<UpgradeCall::Result>
-DeviceSessionPrivate::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
-{
-    UpgradeCall::Session session;
-    session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
-        job->isQuiet = isQuiet;
-        m_calls.start(job, {});
-    };
-    session.report = [this](const CallResult &result, const QString &label) {
-        const Outcome outcome = makeOutcome(result, label, false);
-        report(outcome);
-        return outcome;
-    };
-    session.isConnected = [this] {
-        return m_target != nullptr;
-    };
-    const auto ended = [](const auto &each) {
-        return each->hasEnded();
-    };
-    m_upgrades.erase(std::remove_if(m_upgrades.begin(), m_upgrades.end(), ended), m_upgrades.end());
-    m_upgrades.push_back(std::make_shared<UpgradeCall>(std::move(session), m_options.upgradeTime));
-    const auto started = m_upgrades.back();
-    auto pending = started->pending();
-    started->start(upgrade);
-    return pending;
 }
 
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
 {
-    const auto job = std::make_shared<ControlJob>(action);
-    PendingCall<Outcome> pending(job->future());
     if (action == SSProxy::ControlAction::GiveUp)
-        m_controlIdle.stop();
-    m_calls.start(job, {});
-    return pending;
-}
-
-PendingCall<Answer<QString>> DeviceSessionPrivate::readControlHolder()
-{
-    const auto job = std::make_shared<HolderJob>();
-    PendingCall<Answer<QString>> pending(job->future());
-    m_calls.start(job, {});
-    return pending;
+        m_control.noteRelease();
+    return m_calls.requestControl(action);
 }
 
 PendingCall<bool> DeviceSessionPrivate::modelUpdate()
@@ -213,22 +128,6 @@ PendingCall<bool> DeviceSessionPrivate::modelUpdate()
     if (!channel)
         m_updates.endAll();
     return pending;
-}
-
-void DeviceSessionPrivate::followControl()
-{
-    const bool isOthers = m_target && !m_target->channel->isMasterControl();
-    if (std::exchange(isControlledByOthers, isOthers) != isOthers && q)
-        Q_EMIT q->controlChanged();
-}
-
-/// A write takes control, and so begins the idle time after which it is given up.
-void DeviceSessionPrivate::noteUse(const CallJob &job, const CallResult &result)
-{
-    const auto operation = job.operation->operation();
-    if (m_controlIdle.interval() > 0 && result.kind == Outcome::Done && operation
-        && operation->direction() == Operations::Direction::Write)
-        m_controlIdle.start();
 }
 
 void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
@@ -256,41 +155,64 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
 
 void DeviceSessionPrivate::connected(quint64 connections)
 {
-    takeDevice();
+    const auto found = listedDevice(channel->deviceBaseInfo());
+    DeviceSessionPrivate *const other = m_shared.owners.of(found.get());
+    if (other && other != this && other->channel)
+        return closeInFavourOf(*other);
+    takeDevice(found);
     CallTarget target;
-    target.device = device;
+    target.device = found;
     target.channel = channel;
     target.connections = connections;
+    target.reports = std::make_shared<ReportCounts>(channel);
     m_target = std::make_shared<const CallTarget>(std::move(target));
-    setOnline(true);
-    followControl();
+    m_device.setOnline(true);
+    m_control.setTarget(m_target);
     m_calls.setTarget(m_target, {});
     m_follower.setTarget(m_target);
     m_reading.request(m_target);
 }
 
-/// Takes the device of the channel's identity from the model, or adds it there.
-void DeviceSessionPrivate::takeDevice()
+/// One device has one session: calls and readings of two would disturb each other.
+void DeviceSessionPrivate::closeInFavourOf(DeviceSessionPrivate &other)
+{
+    const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
+    other.moveTo(host.isEmpty() ? QString::fromStdString(info.ip) : host,
+                 host.isEmpty() ? info.tcpPort : port);
+    close(translated(openAlready).arg(other.address()));
+}
+
+/// The device was seen at another address. A session that is connected stays where it is.
+void DeviceSessionPrivate::moveTo(const QString &newHost, quint16 newPort)
+{
+    if (m_target)
+        return;
+    host = newHost;
+    port = newPort;
+    channel->moveTo(host, port);
+    reportDevice();
+}
+
+void DeviceSessionPrivate::takeDevice(const std::shared_ptr<BizModel::Device> &found)
 {
     const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
     if (host.isEmpty()) {
         host = QString::fromStdString(info.ip);
         port = info.tcpPort;
     }
-    const auto connectedDevice = listedDevice(info);
-    connectedDevice->setIPAddress(QString::fromStdString(info.ip));
-    connectedDevice->updateDeviceBaseInfo(info);
-    const bool isOther = std::exchange(device, connectedDevice) != connectedDevice;
-    if (isOther)
+    found->setIPAddress(QString::fromStdString(info.ip));
+    found->updateDeviceBaseInfo(info);
+    if (m_device.get() != found)
         m_reportedName.clear();
+    m_device.set(found);
     reportDevice();
 }
 
 void DeviceSessionPrivate::reportDevice()
 {
     const QString former = std::exchange(m_reportedName, name());
-    if (former != m_reportedName && q)
-        Q_EMIT q->deviceChanged();
+    if (former != m_reportedName)
+        emitIfAlive(&DeviceSession::deviceChanged);
 }
 
 void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, Milliseconds pause)
@@ -299,30 +221,10 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_reading.stop();
     m_follower.setTarget(nullptr);
     m_updates.lost(m_follower.noted());
-    m_controlIdle.stop();
-    followControl();
-    setOnline(false);
+    m_control.setTarget(nullptr);
+    m_device.setOnline(false);
     m_calls.setTarget(nullptr, reason);
     setState(kind, reason, pause);
-}
-
-void DeviceSessionPrivate::setOnline(bool isOnline)
-{
-    if (device && device->isOnline() != isOnline)
-        device->setDeviceOnlineFlag(isOnline);
-}
-
-void DeviceSessionPrivate::readAgain()
-{
-    if (m_target)
-        m_reading.request(m_target);
-}
-
-/// What is being read may be older than the report, and is applied after it.
-void DeviceSessionPrivate::reported(quint8 baseCode)
-{
-    if (m_reading.isReading() || m_follower.isReading())
-        m_follower.note(reportedScopes(baseCode));
 }
 
 /// A write may have renamed the device.
@@ -344,8 +246,7 @@ void DeviceSessionPrivate::readingStarted()
 void DeviceSessionPrivate::readingProgressed(double share)
 {
     readProgress = share;
-    if (q)
-        Q_EMIT q->readProgressChanged(share);
+    emitIfAlive(&DeviceSession::readProgressChanged, share);
 }
 
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
@@ -366,12 +267,12 @@ void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reaso
 {
     if (kind == state.kind)
         return setDetails(reason, pause);
+    m_poll.setActive(kind == DeviceState::Ready);
     const QDateTime now = QDateTime::currentDateTime();
     state = {kind, reason, now,
              pause > Milliseconds::zero() ? now.addMSecs(pause.count()) : QDateTime()};
     qCInfo(sessionLog) << name() << "is now" << kind << reason;
-    if (q)
-        Q_EMIT q->stateChanged();
+    emitIfAlive(&DeviceSession::stateChanged);
 }
 
 void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
@@ -385,42 +286,7 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
     state.nextAttempt = next;
     if (!m_target)
         m_calls.setTarget(nullptr, reason);
-    if (q)
-        Q_EMIT q->stateDetailsChanged();
-}
-
-Outcome DeviceSessionPrivate::makeOutcome(const CallResult &result, const QString &label,
-                                          bool isReplaced) const
-{
-    OutcomeData data;
-    data.kind = result.kind;
-    data.status = result.status;
-    data.reason = result.reason;
-    data.operation = label;
-    data.deviceName = name();
-    data.isReplaced = isReplaced;
-    data.isCanceled = result.isCanceled;
-    return SessionInternal::makeOutcome(data);
-}
-
-void DeviceSessionPrivate::report(const Outcome &outcome)
-{
-    qCInfo(sessionLog).noquote() << outcome.text();
-    if (q)
-        Q_EMIT q->callFinished(outcome);
-}
-
-void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
-{
-    const Outcome outcome = makeOutcome(result, job.label(), isReplaced);
-    noteUse(job, result);
-    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
-        m_follower.note(job.operation->changes());
-    if (!job.isQuiet)
-        report(outcome);
-    if (job.observer)
-        job.observer(outcome, result);
-    job.operation->finish(outcome, !job.hasRun);
+    emitIfAlive(&DeviceSession::stateDetailsChanged);
 }
 
 } // namespace Tavoro::SessionInternal

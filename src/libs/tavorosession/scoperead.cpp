@@ -7,7 +7,6 @@
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
-#include <tavorossproxy/commandcodes.h>
 
 #include <utility>
 #include <vector>
@@ -98,20 +97,6 @@ ScopeUpdate readScope(const WeakDevice &device, const Scope &scope)
         return readLayers(device, scope.filters());
     }
     return {};
-}
-
-std::vector<Scope> reportedScopes(quint8 baseCode)
-{
-    switch (baseCode) {
-    case SSProxy::baseCode(SSProxy::Command::DeviceDetail):
-        return {Scope::device()};
-    case SSProxy::baseCode(SSProxy::Command::InterfaceDetail):
-        return {Scope::interfaces()};
-    case SSProxy::baseCode(SSProxy::Command::ScreenDetail):
-        return {Scope::screens()};
-    default: // progress, which is not part of a record
-        return {};
-    }
 }
 
 } // namespace Tavoro::SessionInternal

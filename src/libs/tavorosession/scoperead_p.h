@@ -6,7 +6,6 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 namespace Tavoro::BizModel {
 class Device;
@@ -22,8 +21,5 @@ using ScopeUpdate = std::function<bool(BizModel::Device &device, QString &error)
 /// answered. Returns an empty function if the read fails.
 ScopeUpdate readScope(const std::weak_ptr<BizModel::Device> &device,
                       const Operations::Scope &scope);
-
-/// What reports with a base code change of the records that reads return: nothing, or one scope.
-std::vector<Operations::Scope> reportedScopes(quint8 baseCode);
 
 } // namespace Tavoro::SessionInternal

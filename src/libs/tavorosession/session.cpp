@@ -8,7 +8,6 @@
 #include <tavorobizmodel/devicelist.h>
 #include <tavorocontrol/autoreportmanager.h>
 #include <tavorocontrol/proto/deviceidentity.h>
-#include <tavorossproxy/devicecommand.h>
 #include <tavorossproxy/devicemanager.h>
 
 #include <QThreadPool>
@@ -49,25 +48,17 @@ public:
     QThreadPool pool;
     const std::shared_ptr<Courier> courier = std::make_shared<Courier>();
     ReadQueue readQueue{readsAtTheSameTime};
+    DeviceOwners owners;
     QList<DeviceSession *> devices;
     QMetaObject::Connection discovery;
 
-    Shared shared() { return {pool, courier, readQueue}; }
+    Shared shared() { return {pool, courier, readQueue, owners}; }
 };
 
 Session::Session(const SessionOptions &options, QObject *parent)
     : QObject(parent), d(std::make_unique<SessionPrivate>(options))
 {
-    Control::AutoReportManager::instance(); // first, so that it applies each report first
-    connect(DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished, this,
-            [this](const std::weak_ptr<SSProxy::DeviceChannel> &sender,
-                   const std::shared_ptr<SSProxy::IDeviceCommand> &report) {
-                const auto channel = sender.lock();
-                for (DeviceSession *const device : qAsConst(d->devices)) {
-                    if (channel && device->d->channel == channel)
-                        device->d->reported(report->head().BC);
-                }
-            });
+    Control::AutoReportManager::instance();
 }
 
 Session::~Session()
@@ -124,6 +115,7 @@ void Session::startDiscovery(const SSProxy::DiscoveryOptions &options)
                             adopt(channel);
                     });
     SSProxy::startDeviceDiscovery(options);
+    DeviceManager::instance()->refreshDeviceChannel(); // also finds devices that were closed
 }
 
 void Session::stopDiscovery()
@@ -161,11 +153,8 @@ QList<DeviceSession *> Session::devices() const
 
 DeviceSession *Session::find(const std::shared_ptr<BizModel::Device> &device) const
 {
-    const auto found =
-        std::find_if(d->devices.cbegin(), d->devices.cend(), [&](const DeviceSession *session) {
-            return device && session->device() == device;
-        });
-    return found == d->devices.cend() ? nullptr : *found;
+    const DeviceSessionPrivate *const owner = d->owners.of(device.get());
+    return owner ? owner->q : nullptr;
 }
 
 PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devices,
@@ -179,7 +168,7 @@ PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devi
         job->observer = [group, i](const Outcome &outcome, const CallResult &result) {
             group->add(i, outcome, result);
         };
-        devices[static_cast<int>(i)]->d->start(job, {});
+        devices[static_cast<int>(i)]->d->calls().start(job);
     }
     return PendingCall<GroupOutcome>(group->future());
 }

@@ -45,6 +45,13 @@ void paintHint(QPainter &painter, const QRectF &view, const QString &text, const
     painter.drawText(view.adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap, text);
 }
 
+void paintFocus(QPainter &painter, const QRectF &view, const QColor &color)
+{
+    painter.setPen(QPen(color, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(view.adjusted(1, 1, -1, -1));
+}
+
 void paintHintBar(QPainter &painter, const QRectF &view, const QString &text)
 {
     QRectF bar = view;

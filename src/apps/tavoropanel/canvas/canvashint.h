@@ -23,6 +23,8 @@ QString canvasHint(const DeviceSession *device, bool hasScreens);
 
 /// Paints a hint in the middle of \a view.
 void paintHint(QPainter &painter, const QRectF &view, const QString &text, const QColor &color);
+/// Paints the frame of a view that has the keyboard.
+void paintFocus(QPainter &painter, const QRectF &view, const QColor &color);
 /// Paints a hint on a bar at the lower edge of \a view.
 void paintHintBar(QPainter &painter, const QRectF &view, const QString &text);
 

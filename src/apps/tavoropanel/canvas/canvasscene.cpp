@@ -246,8 +246,11 @@ ScreenItem *CanvasScene::screenOf(const LayerItem &layer)
 
 void CanvasScene::updateChosen()
 {
-    for (ScreenItem *const screen : screens())
-        screen->setChosen(m_selection.contains(screen->id()));
+    for (ScreenItem *const screen : screens()) {
+        const auto choice = screen->scene() == m_selection.scene() ? ScreenItem::Chosen
+                                                                   : ScreenItem::OtherSceneChosen;
+        screen->setChoice(m_selection.contains(screen->id()) ? choice : ScreenItem::NotChosen);
+    }
 }
 
 void CanvasScene::updateFrame()

@@ -1,5 +1,7 @@
 #include "canvastheme.h"
 
+#include <tavoropanel/theme/colours.h>
+
 namespace Tavoro::Panel {
 
 CanvasTheme CanvasTheme::of(const QPalette &palette)
@@ -10,9 +12,9 @@ CanvasTheme CanvasTheme::of(const QPalette &palette)
                           : palette.color(QPalette::Window).darker(108);
     theme.title = palette.color(QPalette::WindowText);
     theme.detail = isDark ? QColor(0xB4, 0xB4, 0xB4) : QColor(0x48, 0x48, 0x48);
-    theme.preview = isDark ? QColor(0x2E, 0x9E, 0x4F) : QColor(0x1C, 0x7A, 0x38);
-    theme.programme = isDark ? QColor(0xD8, 0x3A, 0x34) : QColor(0xB7, 0x1C, 0x1C);
-    theme.label = Qt::white;
+    theme.preview = Colours::preview;
+    theme.programme = Colours::programme;
+    theme.label = Colours::onColour;
     theme.highlight = palette.color(QPalette::Highlight);
     theme.highlightText = palette.color(QPalette::HighlightedText);
     return theme;

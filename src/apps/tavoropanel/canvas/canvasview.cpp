@@ -1,5 +1,6 @@
 #include "canvasview.h"
 
+#include "canvasaccessible.h"
 #include "canvashint.h"
 #include "canvasscene.h"
 #include "canvastext.h"
@@ -37,6 +38,7 @@ CanvasView::CanvasView(Selection &selection, Messages &messages, Changes &change
       m_dragger(*m_scene, selection, m_editor, this),
       m_keys(*m_scene, selection, m_editor, this)
 {
+    installCanvasAccessibility();
     setScene(m_scene);
     setAccessibleName(tr("Canvas"));
     setFrameShape(NoFrame);
@@ -53,6 +55,10 @@ CanvasView::CanvasView(Selection &selection, Messages &messages, Changes &change
         describeSelection();
     });
     connect(m_scene, &CanvasScene::selectedLayerChanged, this, &CanvasView::describeSelection);
+    connect(&selection, &Selection::layerChanged, this, [this] {
+        if (LayerItem *const layer = hasFocus() ? m_scene->selectedLayer() : nullptr)
+            announceLayer(*layer);
+    });
     connect(m_scene, &CanvasScene::deviceStateChanged, this, [this] {
         if (m_isFitted)
             fit();
@@ -75,8 +81,8 @@ void CanvasView::connectActions(const Actions &actions)
     on(ActionId::ZoomFit, [this] { fit(); });
     on(ActionId::RaiseLayer, [this] { restackSelected(StackingMove::Raise); });
     on(ActionId::LowerLayer, [this] { restackSelected(StackingMove::Lower); });
-    on(ActionId::RaiseLayerToTop, [this] { restackSelected(StackingMove::ToTop); });
-    on(ActionId::LowerLayerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
+    on(ActionId::RaiseToTop, [this] { restackSelected(StackingMove::ToTop); });
+    on(ActionId::LowerToBottom, [this] { restackSelected(StackingMove::ToBottom); });
     on(ActionId::MoreOpaque, [this] { m_keys.changeOpacity(opacityStep); });
     on(ActionId::LessOpaque, [this] { m_keys.changeOpacity(-opacityStep); });
 }
@@ -261,14 +267,11 @@ void CanvasView::describeSelection()
     QStringList sentences;
     if (!hint().isEmpty())
         sentences << hint();
-    if (const LayerItem *const layer = m_scene->selectedLayer()) {
-        const ScreenItem *const screen = CanvasScene::screenOf(*layer);
-        sentences << tr("%1, %2, %3")
-                         .arg(screen->sceneName(), screen->name(),
-                              layer->shownFace().description());
-    } else if (!m_scene->screens().isEmpty()) {
+    const LayerItem *const layer = m_scene->selectedLayer();
+    if (layer)
+        sentences << CanvasScene::screenOf(*layer)->description(*layer);
+    else if (!m_scene->screens().isEmpty())
         sentences << tr("No layer is selected.");
-    }
     setAccessibleDescription(sentences.join(QLatin1Char(' ')));
 }
 
@@ -285,6 +288,8 @@ void CanvasView::drawForeground(QPainter *painter, const QRectF & /*rect*/)
         paintHint(*painter, viewport()->rect(), text, palette().color(QPalette::WindowText));
     else if (!text.isEmpty())
         paintHintBar(*painter, viewport()->rect(), text);
+    if (hasFocus() && !m_scene->selectedLayer())
+        paintFocus(*painter, viewport()->rect(), palette().color(QPalette::Highlight));
 }
 
 } // namespace Tavoro::Panel

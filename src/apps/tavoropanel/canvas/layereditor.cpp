@@ -50,22 +50,42 @@ QString LayerEditor::keyOf(const char *property, const LayerItem &layer) const
         .arg(id.layerId);
 }
 
+/// Passes the outcome of a call on to the item that shows its value. Returns false if the item
+/// shows what the device holds, since the device did not accept the value.
+template <class Value>
+bool LayerEditor::follow(LayerItem &layer, ShownValue<Value> &value, quint64 number,
+                         const Outcome &outcome)
+{
+    // What became of an old value may be known only when the layer has a newer one.
+    const bool isOutdated = outcome.kind() == Outcome::Unknown && !value.isLast(number);
+    if (outcome.isReplaced() || isOutdated)
+        return true;
+    DeviceSession *const device = m_selection.device();
+    if (!outcome || !device) {
+        value.follow();
+        layer.show();
+        return false;
+    }
+    if (value.isLast(number)) {
+        device->modelUpdate().then(&layer, [&layer, &value, number](bool) {
+            value.followAfter(number);
+            layer.show();
+        });
+    }
+    return true;
+}
+
 void LayerEditor::setWindow(LayerItem &layer, const QRect &window)
 {
     DeviceSession *const device = m_selection.device();
     if (!device || window == layer.window())
         return;
-    const quint64 number = layer.sendWindow(window);
+    const quint64 number = layer.shownWindow().send(window);
+    layer.show();
     const s_LayerWindow record{layer.id(), toRecord(window)};
     m_changes.callLatest(keyOf("window", layer), *device, &Control::Layer::writeWindow, {record})
         .then(&layer, [this, &layer, number](const Outcome &outcome) {
-            // What became of an old value may be known only when the layer is elsewhere.
-            const bool isOutdated =
-                outcome.kind() == Outcome::Unknown && !layer.isLastWindow(number);
-            if (outcome.isReplaced() || isOutdated)
-                return;
-            layer.endWindow(number, static_cast<bool>(outcome));
-            if (!outcome)
+            if (!follow(layer, layer.shownWindow(), number, outcome))
                 Q_EMIT windowFailed(&layer);
         });
 }
@@ -82,12 +102,12 @@ void LayerEditor::setOpacity(LayerItem &layer, int percent)
     percent = std::clamp(percent, 0, 100);
     if (!device || percent == layer.opacityPercent())
         return;
-    const quint64 number = layer.sendOpacity(percent);
+    const quint64 number = layer.shownOpacity().send(percent);
+    layer.show();
     const s_LayerOpacity record{layer.id(), percent};
     m_changes.callLatest(keyOf("opacity", layer), *device, &Control::Layer::writeOpacity, {record})
-        .then(&layer, [&layer, number](const Outcome &outcome) {
-            if (!outcome.isReplaced())
-                layer.endOpacity(number, static_cast<bool>(outcome));
+        .then(&layer, [this, &layer, number](const Outcome &outcome) {
+            follow(layer, layer.shownOpacity(), number, outcome);
         });
 }
 

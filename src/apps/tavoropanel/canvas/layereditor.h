@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shownvalue.h"
 #include "stacking.h"
 
 #include <tavorocontrol/proto/layer.h>
@@ -49,6 +50,8 @@ Q_SIGNALS:
     void windowFailed(Tavoro::Panel::LayerItem *layer);
 
 private:
+    template <class Value>
+    bool follow(LayerItem &layer, ShownValue<Value> &value, quint64 number, const Outcome &outcome);
     QString keyOf(const char *property, const LayerItem &layer) const;
 
     Selection &m_selection;

@@ -4,19 +4,10 @@
 #include "canvastheme.h"
 
 #include <QPainter>
-#include <QTimer>
 
-#include <chrono>
 #include <utility>
 
 namespace Tavoro::Panel {
-
-namespace {
-
-/// How long an accepted value is shown if the device does not hold it afterwards.
-constexpr std::chrono::milliseconds followTime(2000);
-
-} // namespace
 
 LayerItem::LayerItem(QGraphicsItem *parent) : QGraphicsObject(parent) { }
 
@@ -34,46 +25,6 @@ LayerFace LayerItem::shownFace() const
     face.window = m_window.shown();
     face.opacity = m_opacity.shown();
     return face;
-}
-
-quint64 LayerItem::sendWindow(const QRect &window)
-{
-    const quint64 number = m_window.send(window);
-    show();
-    return number;
-}
-
-void LayerItem::endWindow(quint64 number, bool isAccepted)
-{
-    end(m_window, number, isAccepted);
-}
-
-quint64 LayerItem::sendOpacity(int percent)
-{
-    const quint64 number = m_opacity.send(percent);
-    show();
-    return number;
-}
-
-void LayerItem::endOpacity(quint64 number, bool isAccepted)
-{
-    end(m_opacity, number, isAccepted);
-}
-
-template <class Value>
-void LayerItem::end(ShownValue<Value> &value, quint64 number, bool isAccepted)
-{
-    if (isAccepted) {
-        value.confirm(number);
-        // The device may hold another value than it has accepted.
-        QTimer::singleShot(followTime, this, [this, &value, number] {
-            value.drop(number);
-            show();
-        });
-    } else {
-        value.drop();
-    }
-    show();
 }
 
 void LayerItem::show()

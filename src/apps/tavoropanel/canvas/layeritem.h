@@ -32,18 +32,11 @@ public:
     QRect window() const { return m_window.shown(); }
     int opacityPercent() const { return m_opacity.shown(); }
 
-    /// \name Values that were sent
-    ///
-    /// sendWindow() and sendOpacity() show a value and return its number. When the call has ended,
-    /// the outcome is passed on with that number.
-    /// @{
-    quint64 sendWindow(const QRect &window);
-    void endWindow(quint64 number, bool isAccepted);
-    /// True if no window was sent after the one with this number.
-    bool isLastWindow(quint64 number) const { return m_window.isLast(number); }
-    quint64 sendOpacity(int percent);
-    void endOpacity(quint64 number, bool isAccepted);
-    /// @}
+    /// Values that the operator has sent to the device. They are shown until the model follows.
+    ShownValue<QRect> &shownWindow() { return m_window; }
+    ShownValue<int> &shownOpacity() { return m_opacity; }
+    /// Shows the item again, after one of these values has changed.
+    void show();
 
     /// Where the text of the layer was painted last, in pixels of the view.
     const QRectF &textArea() const { return m_plate; }
@@ -57,9 +50,6 @@ Q_SIGNALS:
     void shownChanged();
 
 private:
-    template <class Value>
-    void end(ShownValue<Value> &value, quint64 number, bool isAccepted);
-    void show();
     void paintPicture(QPainter &painter, const QRectF &rect) const;
     void paintBorder(QPainter &painter, const QRectF &rect) const;
 

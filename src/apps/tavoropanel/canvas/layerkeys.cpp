@@ -41,6 +41,7 @@ LayerKeys::LayerKeys(CanvasScene &scene, Selection &selection, LayerEditor &edit
     m_pause.setSingleShot(true);
     m_pause.setInterval(seriesPause);
     connect(&m_pause, &QTimer::timeout, this, &LayerKeys::endSeries);
+    connect(&selection, &Selection::layerChanged, this, &LayerKeys::endSeries);
 }
 
 bool LayerKeys::press(const QKeyEvent &event)

@@ -34,8 +34,8 @@ LayerMenu::LayerMenu(CanvasScene &scene, LayerItem &layer, LayerEditor &editor,
     addSources(scene);
     addOpacities();
     addSeparator();
-    for (const ActionId id : {ActionId::RaiseLayer, ActionId::LowerLayer, ActionId::RaiseLayerToTop,
-                              ActionId::LowerLayerToBottom})
+    for (const ActionId id : {ActionId::RaiseLayer, ActionId::LowerLayer, ActionId::RaiseToTop,
+                              ActionId::LowerToBottom})
         addAction(&actions.action(id));
 }
 

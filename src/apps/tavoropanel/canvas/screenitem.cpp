@@ -95,9 +95,9 @@ void ScreenItem::setTheme(const CanvasTheme &theme)
     update();
 }
 
-void ScreenItem::setChosen(bool isChosen)
+void ScreenItem::setChoice(Choice choice)
 {
-    m_isChosen = isChosen;
+    m_choice = choice;
     update();
 }
 
@@ -107,6 +107,11 @@ LayerItem *ScreenItem::findLayer(const ProtoModel::Layer::s_LayerIdentity &id) c
         return isSame(layer->id(), id);
     });
     return found == m_layers.end() ? nullptr : *found;
+}
+
+QString ScreenItem::description(const LayerItem &layer) const
+{
+    return tr("%1, %2, %3").arg(sceneName(), m_name, layer.shownFace().description());
 }
 
 void ScreenItem::insertLayers(int first, int last)
@@ -219,8 +224,12 @@ void ScreenItem::paintTitle(QPainter &painter, const QRectF &area) const
     for (const QString &condition : states)
         line = paintLabel(painter, line, condition, m_theme->title, m_theme->canvas);
     const int pixels = static_cast<int>(line.height() * 0.62);
-    const QString name = m_isChosen ? tr("✓ %1").arg(m_name) : m_name;
-    line = paintLine(painter, line, name, canvasFont(pixels, m_isChosen), m_theme->title);
+    const QString name = m_choice == NotChosen ? m_name : tr("✓ %1").arg(m_name);
+    if (m_choice == Chosen)
+        line = paintLabel(painter, line, name, m_theme->highlight, m_theme->highlightText);
+    else
+        line = paintLine(painter, line, name, canvasFont(pixels, m_choice != NotChosen),
+                         m_theme->title);
     const QFont small = canvasFont(pixels * 4 / 5);
     const QString resolution = sizeText(size());
     if (QFontMetricsF(small).horizontalAdvance(resolution) <= line.width())

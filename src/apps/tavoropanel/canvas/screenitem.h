@@ -44,11 +44,19 @@ public:
     /// Height of the title in pixels of the screen.
     void setHeaderHeight(double height);
     void setTheme(const CanvasTheme &theme);
-    void setChosen(bool isChosen);
+    /// How the screen is selected.
+    enum Choice {
+        NotChosen, ///< It is not selected.
+        OtherSceneChosen, ///< It is selected, and edits go to its other scene.
+        Chosen, ///< It is selected, and edits go to this scene.
+    };
+    void setChoice(Choice choice);
 
     /// The layers, the bottom layer first.
     QList<LayerItem *> layers() const { return m_layers; }
     LayerItem *findLayer(const ProtoModel::Layer::s_LayerIdentity &id) const;
+    /// What is shown of a layer, as a sentence that begins with the scene and the screen.
+    QString description(const LayerItem &layer) const;
     /// Reads all layers again, after something changed that their rows do not contain.
     void refreshLayers();
 
@@ -83,7 +91,7 @@ private:
     ProtoModel::Screen::s_ScreenFullDetail m_detail;
     QString m_name;
     double m_headerHeight = 0;
-    bool m_isChosen = false;
+    Choice m_choice = NotChosen;
     std::unique_ptr<CanvasTheme> m_theme;
     Models::LayersModel m_model;
     Stage *const m_stage; ///< Clips the layers to the screen; their parent.

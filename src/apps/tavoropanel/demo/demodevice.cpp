@@ -22,7 +22,7 @@ Sim::SimOptions DemoDevice::options()
 {
     Sim::SimOptions options;
     options.name = QStringLiteral("Demo wall");
-    options.screens = 5;
+    options.screens = 2;
     return options;
 }
 

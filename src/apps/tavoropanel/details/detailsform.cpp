@@ -21,15 +21,15 @@ QLabel *makeHeading(const QString &text, QWidget *parent)
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    heading->setContentsMargins(0, heading->fontMetrics().height() / 2, 0, 0);
+    heading->setMinimumHeight(QFontMetrics(font).height() * 7 / 4);
+    heading->setAlignment(Qt::AlignLeading | Qt::AlignBottom);
     return heading;
 }
 
 QString rangeText(const Field &field)
 {
     const auto number = [&](int value) {
-        const int decimals = field.divisor > 1 ? QString::number(field.divisor).size() - 1 : 0;
-        return QLocale().toString(double(value) / field.divisor, 'f', decimals);
+        return QLocale().toString(double(value) / field.divisor, 'f', field.decimals());
     };
     //: The range of a number, and its unit or nothing
     return DetailsForm::tr("%1 to %2%3")
@@ -41,7 +41,7 @@ QString rangeText(const Field &field)
 DetailsForm::DetailsForm(const Context &context, QWidget *parent)
     : QWidget(parent), m_context(context), m_layout(new QFormLayout(this))
 {
-    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    m_layout->setRowWrapPolicy(QFormLayout::DontWrapRows);
     m_layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     addSections();
     const Models::ObjectModel &model = m_context.model;

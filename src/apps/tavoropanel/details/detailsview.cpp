@@ -60,6 +60,7 @@ DetailsView::DetailsView(Selection &selection, Messages & /*messages*/, Changes 
     layout->addWidget(m_tabs);
     layout->addWidget(m_stack);
     addPages();
+    m_tabs->setAccessibleDescription(tr("Selects whose properties are shown"));
     connect(m_tabs, &QTabBar::currentChanged, this, &DetailsView::showPage);
     connect(&m_rows, &SelectedRows::changed, this, &DetailsView::update);
     for (const Kind kind : {Kind::Device, Kind::Screen, Kind::Layer})
@@ -76,6 +77,7 @@ void DetailsView::addPages()
     m_stack->addWidget(empty);
     for (const TabRow &row : tabs) {
         auto *const area = new QScrollArea(this);
+        area->setFocusPolicy(Qt::NoFocus); // its fields have the focus
         area->setWidgetResizable(true);
         area->setFrameShape(QFrame::NoFrame);
         area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 
 namespace Tavoro::Panel {
 
@@ -23,11 +22,7 @@ void ValueEditor::setControl(QWidget *control)
 
 bool ValueEditor::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)
-            event->accept();
-    } else if (event->type() == QEvent::Wheel && !m_control->hasFocus()) {
+    if (event->type() == QEvent::Wheel && !m_control->hasFocus()) {
         event->ignore();
         return true;
     }

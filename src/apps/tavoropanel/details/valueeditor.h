@@ -24,8 +24,7 @@ Q_SIGNALS:
 protected:
     explicit ValueEditor(QWidget *parent) : QWidget(parent) { }
     /// Fills the editor with the control. A wheel over a control without focus scrolls the page
-    /// instead of changing the device. Return and Space go to the control with the focus, although
-    /// they are shortcuts of the window.
+    /// instead of changing the device.
     void setControl(QWidget *control);
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -1,9 +1,101 @@
 #include "sourcesview.h"
 
+#include <tavoropanel/selection/selection.h>
+#include <tavoropanel/undo/changes.h>
+
+#include <tavorobizmodel/enums.h>
+#include <tavorobizmodel/layer.h>
+#include <tavorocontrol/layer.h>
+
+#include <QHBoxLayout>
+#include <QListView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
 namespace Tavoro::Panel {
 
-SourcesView::SourcesView(Selection &, Messages &, Changes &, Actions &, QWidget *parent)
-    : QWidget(parent)
-{ }
+namespace {
+
+constexpr QSize iconSize(32, 32);
+
+quint32 numberOf(const ProtoModel::s_InterfaceID &id)
+{
+    return static_cast<quint32>(id.slotId) << 16U | static_cast<quint32>(id.connectorId) << 8U
+        | static_cast<quint32>(id.splitId);
+}
+
+} // namespace
+
+SourcesView::SourcesView(Selection &selection, Messages & /*messages*/, Changes &changes,
+                         Actions & /*actions*/, QWidget *parent)
+    : QWidget(parent),
+      m_selection(selection),
+      m_changes(changes),
+      m_list(new QListView(this)),
+      m_show(new QToolButton(this))
+{
+    m_list->setObjectName(QStringLiteral("sourceList"));
+    m_list->setAccessibleName(tr("Inputs"));
+    m_list->setAccessibleDescription(tr("The inputs of the device with their signals."));
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_list->setIconSize(iconSize);
+    m_list->setSpacing(2);
+    m_list->setModel(&m_model);
+    m_show->setObjectName(QStringLiteral("showInLayer"));
+    m_show->setText(tr("Show in the selected layer"));
+    m_show->setAccessibleName(m_show->text());
+    m_show->setToolTip(tr("Makes this input the source of the selected layer."));
+    m_show->setFocusPolicy(Qt::StrongFocus);
+    auto *const bar = new QHBoxLayout;
+    bar->addWidget(m_show);
+    bar->addStretch();
+    auto *const layout = new QVBoxLayout(this);
+    layout->addLayout(bar);
+    layout->addWidget(m_list, 1);
+
+    connect(m_show, &QToolButton::clicked, this, &SourcesView::showInLayer);
+    connect(m_list, &QListView::doubleClicked, this, &SourcesView::showInLayer);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex &current) {
+                updateEnabled();
+                if (current.isValid())
+                    m_selection.setInterface(m_model.input(current));
+            });
+    connect(&selection, &Selection::canWriteChanged, this, &SourcesView::updateEnabled);
+    connect(&selection, &Selection::layerChanged, this, &SourcesView::updateEnabled);
+    connect(&selection, &Selection::deviceChanged, this, &SourcesView::followDevice);
+    followDevice();
+}
+
+/// The device in the model does not exist before the first connection.
+void SourcesView::followDevice()
+{
+    disconnect(m_deviceConnection);
+    DeviceSession *const device = m_selection.device();
+    if (device)
+        m_deviceConnection = connect(device, &DeviceSession::deviceChanged, this,
+                                     [this, device] { m_model.setDevice(device->device()); });
+    m_model.setDevice(device ? device->device() : nullptr);
+    updateEnabled();
+}
+
+void SourcesView::updateEnabled()
+{
+    m_show->setEnabled(m_list->currentIndex().isValid() && m_selection.canWrite()
+                       && m_selection.layer());
+}
+
+void SourcesView::showInLayer()
+{
+    const auto layer = m_selection.layerObject();
+    if (!layer || !m_show->isEnabled())
+        return;
+    ProtoModel::Layer::s_LayerSource record;
+    record.layerIdenti = layer->identity();
+    record.source = layer->detail().source;
+    record.source.general = {BizModel::Enum::Layer::InterfaceSource,
+                             numberOf(m_model.input(m_list->currentIndex()))};
+    m_changes.call(*m_selection.device(), &Control::Layer::writeSource, {record});
+}
 
 } // namespace Tavoro::Panel

@@ -14,9 +14,27 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace Tavoro::Panel {
+
+namespace {
+
+/// Any number of screens fits in the bar.
+QScrollArea *scrolling(QWidget &buttons, QWidget &parent)
+{
+    auto *const area = new QScrollArea(&parent);
+    area->setWidget(&buttons);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(140);
+    return area;
+}
+
+} // namespace
 
 LiveBar::LiveBar(Selection &selection, Changes &changes, Actions &actions, QWidget *parent)
     : QWidget(parent),
@@ -48,8 +66,7 @@ void LiveBar::addControls(QHBoxLayout &row)
         row.addWidget(button);
         return button;
     };
-    row.addWidget(m_screens);
-    row.addStretch(1);
+    row.addWidget(scrolling(*m_screens, *this), 3);
     row.addWidget(m_tBar, 2);
     add(ActionId::Cut, {}, "cut");
     add(ActionId::Take, Colours::programme, "take");

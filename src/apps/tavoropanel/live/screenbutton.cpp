@@ -2,6 +2,7 @@
 
 #include <tavoropanel/theme/colours.h>
 
+#include <QAction>
 #include <QPainter>
 
 #include <algorithm>
@@ -30,6 +31,15 @@ ScreenButton::ScreenButton(QWidget *parent) : QAbstractButton(parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
 }
 
+void ScreenButton::setKeys(const QKeySequence &keys)
+{
+    auto *const action = new QAction(this);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, &QAbstractButton::click);
+    addAction(action);
+    m_keys = keys.toString(QKeySequence::NativeText);
+}
+
 void ScreenButton::show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen,
                         bool isConnected)
 {
@@ -53,10 +63,8 @@ void ScreenButton::show(const QString &name, const ProtoModel::Screen::s_ScreenF
     setAccessibleDescription(tr("Selects the screen for take, cut, T-bar, freeze and fade to "
                                 "black. Its state: %1.")
                                  .arg(m_state));
-    setToolTip(shortcut().isEmpty()
-                   ? accessibleDescription()
-                   : tr("%1 (%2)").arg(accessibleDescription(),
-                                       shortcut().toString(QKeySequence::NativeText)));
+    setToolTip(m_keys.isEmpty() ? accessibleDescription()
+                                : tr("%1 (%2)").arg(accessibleDescription(), m_keys));
     updateGeometry();
     update();
 }

@@ -3,6 +3,7 @@
 #include <tavorocontrol/proto/screen.h>
 
 #include <QAbstractButton>
+#include <QKeySequence>
 
 namespace Tavoro::Panel {
 
@@ -13,6 +14,8 @@ class ScreenButton : public QAbstractButton {
 public:
     explicit ScreenButton(QWidget *parent = nullptr);
 
+    /// Sets the shortcut that clicks the button.
+    void setKeys(const QKeySequence &keys);
     /// Shows a screen. \a name is its name, or its number. Without a connection its state is not
     /// known.
     void show(const QString &name, const ProtoModel::Screen::s_ScreenFullDetail &screen,
@@ -27,6 +30,7 @@ protected:
 
 private:
     ProtoModel::s_ScreenId m_screen;
+    QString m_keys; ///< The shortcut for users; empty if there is none.
     QString m_state; ///< Words for frozen, black or ready.
     QColor m_stateColour; ///< Not valid: that of the button.
 };

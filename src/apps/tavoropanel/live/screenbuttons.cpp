@@ -28,6 +28,7 @@ ScreenButtons::ScreenButtons(Selection &selection, QWidget *parent)
 {
     m_row->setContentsMargins(0, 0, 0, 0);
     m_row->setSpacing(4);
+    m_row->addStretch();
     m_screens->setScreenTypes(takenScreens);
     const auto follow = [this] {
         const DeviceSession *const device = m_selection.device();
@@ -55,11 +56,11 @@ void ScreenButtons::rebuild()
         auto *const button = new ScreenButton(this);
         const int number = static_cast<int>(m_buttons.size()) + 1;
         if (number <= screensWithShortcut)
-            button->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number)));
+            button->setKeys(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number)));
         connect(button, &QAbstractButton::clicked, this, [this, button](bool isChecked) {
             m_selection.setScreenSelected(button->screen(), isChecked);
         });
-        m_row->addWidget(button);
+        m_row->insertWidget(m_row->count() - 1, button);
         m_buttons.push_back(button);
     }
     update();

@@ -4,12 +4,10 @@
 
 #include <tavorobizmodel/enums.h>
 #include <tavorobizmodel/file.h>
-#include <tavorocontrol/file.h>
 #include <tavorosession/devicesession.h>
 
 #include <QGuiApplication>
 #include <QIcon>
-#include <QSet>
 
 namespace Tavoro::Panel {
 
@@ -18,7 +16,10 @@ namespace {
 using BizModel::Enum::File::DevicePreset;
 using BizModel::Enum::File::ScreenPreset;
 
-constexpr int mostNumber = 254;
+bool isPreset(int fileType)
+{
+    return fileType == ScreenPreset || fileType == DevicePreset;
+}
 
 QPair<int, int> keyOf(const PresetsModel::FileId &file)
 {
@@ -36,16 +37,12 @@ int layerCount(const PresetLayout &layout)
 } // namespace
 
 PresetsModel::PresetsModel(Changes &changes, QObject *parent)
-    : QSortFilterProxyModel(parent), m_edits(changes)
+    : QSortFilterProxyModel(parent), m_edits(changes), m_contents(m_files, isPreset)
 {
     m_files.setEditHandler(&m_edits);
     setSourceModel(&m_files);
     sort(0);
-    connect(&m_files, &QAbstractItemModel::rowsInserted, this,
-            [this](const QModelIndex &, int first, int last) {
-                contentsChanged(m_files.index(first), m_files.index(last));
-            });
-    connect(&m_files, &QAbstractItemModel::dataChanged, this, &PresetsModel::contentsChanged);
+    connect(&m_contents, &FileContents::arrived, this, &PresetsModel::learn);
     connect(&m_files, &Models::ObjectModel::editFailed, this,
             [this](const QModelIndex &, const QString &, const QString &error) {
                 Q_EMIT renameFailed(error);
@@ -65,30 +62,15 @@ void PresetsModel::setDevice(DeviceSession *device)
 
 void PresetsModel::showDevice()
 {
-    m_known.clear();
+    m_layouts.clear();
     m_files.setDevice(m_device ? m_device->device() : nullptr);
-    if (m_files.rowCount() > 0)
-        contentsChanged(m_files.index(0), m_files.index(m_files.rowCount() - 1));
+    m_contents.setDevice(m_device);
 }
 
 PresetsModel::FileId PresetsModel::preset(const QModelIndex &index) const
 {
     const auto file = m_files.file(mapToSource(index));
     return file ? file->identity() : FileId();
-}
-
-int PresetsModel::freeNumber(int fileType) const
-{
-    QSet<int> used;
-    for (int row = 0; row < m_files.rowCount(); ++row) {
-        const FileId id = m_files.file(m_files.index(row))->identity();
-        if (id.fileType == fileType)
-            used.insert(id.fileId);
-    }
-    int number = 0;
-    while (used.contains(number))
-        ++number;
-    return number <= mostNumber ? number : -1;
 }
 
 QVariant PresetsModel::data(const QModelIndex &index, int role) const
@@ -112,8 +94,7 @@ QVariant PresetsModel::data(const QModelIndex &index, int role) const
 bool PresetsModel::filterAcceptsRow(int row, const QModelIndex & /*parent*/) const
 {
     const auto file = m_files.file(m_files.index(row));
-    const int type = file ? file->identity().fileType : -1;
-    return type == ScreenPreset || type == DevicePreset;
+    return file && isPreset(file->identity().fileType);
 }
 
 bool PresetsModel::lessThan(const QModelIndex &left, const QModelIndex &right) const
@@ -128,52 +109,17 @@ bool PresetsModel::lessThan(const QModelIndex &left, const QModelIndex &right) c
 const std::optional<PresetLayout> &PresetsModel::layoutOf(const QModelIndex &index) const
 {
     static const std::optional<PresetLayout> unknown;
-    const auto known = m_known.constFind(keyOf(preset(index)));
-    return known == m_known.constEnd() ? unknown : known->layout;
+    const auto known = m_layouts.constFind(keyOf(preset(index)));
+    return known == m_layouts.constEnd() ? unknown : *known;
 }
 
-/// Reads the layouts of presets that are new or have other contents.
-void PresetsModel::contentsChanged(const QModelIndex &first, const QModelIndex &last)
+void PresetsModel::learn(const QModelIndex &file, const std::string &content)
 {
-    for (int row = first.row(); row <= last.row(); ++row) {
-        const QModelIndex index = m_files.index(row);
-        if (!filterAcceptsRow(row, {}))
-            continue;
-        const auto file = m_files.file(index);
-        const QVariant size = index.data(m_files.role("size"));
-        const auto known = m_known.constFind(keyOf(file->identity()));
-        if (known != m_known.constEnd() && known->size == size)
-            continue;
-        m_known.insert(keyOf(file->identity()), {size, std::nullopt});
-        const std::string content = file->detail().binary;
-        if (content.empty())
-            fetch(file->identity(), size);
-        else
-            learn(file->identity(), size, content);
-    }
-}
-
-void PresetsModel::fetch(const FileId &file, const QVariant &size)
-{
-    if (!m_device)
+    const QModelIndex index = mapFromSource(file);
+    if (!index.isValid())
         return;
-    using Content = std::string &;
-    m_device
-        ->call(qOverload<int, int, Content, QString &>(&Control::File::readBinary), file.fileType,
-               file.fileId)
-        .then(this, [this, file, size, device = m_device](const Answer<std::string> &answer) {
-            if (answer && device == m_device)
-                learn(file, size, answer.record());
-        });
-}
-
-void PresetsModel::learn(const FileId &file, const QVariant &size, const std::string &content)
-{
-    m_known.insert(keyOf(file), {size, readPresetLayout(content)});
-    for (int row = 0; row < rowCount(); ++row) {
-        if (keyOf(preset(index(row, 0))) == keyOf(file))
-            Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::DecorationRole, Qt::ToolTipRole});
-    }
+    m_layouts.insert(keyOf(preset(index)), readPresetLayout(content));
+    Q_EMIT dataChanged(index, index, {Qt::DecorationRole, Qt::ToolTipRole});
 }
 
 } // namespace Tavoro::Panel

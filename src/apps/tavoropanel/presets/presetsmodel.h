@@ -2,6 +2,7 @@
 
 #include "presetlayout.h"
 
+#include <tavoropanel/files/filecontents.h>
 #include <tavoropanel/undo/changeedits.h>
 
 #include <tavorocontrol/proto/identities.h>
@@ -31,8 +32,8 @@ public:
 
     /// The preset of a row.
     FileId preset(const QModelIndex &index) const;
-    /// The first number of a type that no file has; -1 if all are in use.
-    int freeNumber(int fileType) const;
+    /// All files of the device.
+    const Models::FilesModel &files() const { return m_files; }
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
@@ -45,23 +46,16 @@ protected:
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
-    /// The layout of a preset, read from the content with this size.
-    struct Known {
-        QVariant size;
-        std::optional<PresetLayout> layout;
-    };
-
     void showDevice();
     const std::optional<PresetLayout> &layoutOf(const QModelIndex &index) const;
-    void fetch(const FileId &file, const QVariant &size);
-    void learn(const FileId &file, const QVariant &size, const std::string &content);
-    void contentsChanged(const QModelIndex &first, const QModelIndex &last);
+    void learn(const QModelIndex &file, const std::string &content);
 
     Models::FilesModel m_files;
     ChangeEdits m_edits;
+    FileContents m_contents;
     QPointer<DeviceSession> m_device;
     QMetaObject::Connection m_deviceConnection;
-    QHash<QPair<int, int>, Known> m_known; ///< By type and number.
+    QHash<QPair<int, int>, std::optional<PresetLayout>> m_layouts; ///< By type and number.
     QSize m_pictureSize{144, 81};
 };
 

@@ -4,6 +4,7 @@
 #include "savepresetdialog.h"
 
 #include <tavoropanel/actions/actions.h>
+#include <tavoropanel/files/deletequestion.h>
 #include <tavoropanel/messages/messages.h>
 #include <tavoropanel/selection/selection.h>
 #include <tavoropanel/undo/changes.h>
@@ -17,8 +18,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -82,7 +81,7 @@ PresetsView::PresetsView(Selection &selection, Messages &messages, Changes &chan
     connect(&actions.action(ActionId::SavePreset), &QAction::triggered, this,
             &PresetsView::openSaveDialog);
     connect(m_list, &PresetList::applyRequested, this, &PresetsView::apply);
-    connect(m_list, &PresetList::deleteRequested, this, &PresetsView::askToDelete);
+    connect(m_list, &PresetList::deleteRequested, this, &PresetsView::askToDeletePreset);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &PresetsView::updateEnabled);
     connect(&m_model, &QAbstractItemModel::rowsInserted, this, &PresetsView::updateEmpty);
@@ -119,7 +118,8 @@ QLayout *PresetsView::makeBar(Actions &actions)
     m_delete->setToolTip(tr("Deletes the selected preset from the device."));
     connect(m_rename, &QToolButton::clicked, this,
             [this] { m_list->edit(m_list->currentIndex()); });
-    connect(m_delete, &QToolButton::clicked, this, [this] { askToDelete(m_list->currentIndex()); });
+    connect(m_delete, &QToolButton::clicked, this,
+            [this] { askToDeletePreset(m_list->currentIndex()); });
     auto *const bar = new QHBoxLayout;
     bar->addWidget(save);
     bar->addWidget(m_target);
@@ -166,7 +166,7 @@ void PresetsView::save(const SavePresetDialog &dialog)
         return;
     ProtoModel::File::s_CreatePresetFile preset;
     preset.fileType = dialog.hasAllScreens() ? DevicePreset : ScreenPreset;
-    preset.fileId = m_model.freeNumber(preset.fileType);
+    preset.fileId = freeFileNumber(m_model.files(), preset.fileType);
     preset.general.name = dialog.name().toStdString();
     const auto &selected = m_selection.screens();
     preset.screens = dialog.hasAllScreens()
@@ -198,32 +198,15 @@ void PresetsView::apply(const QModelIndex &index)
 
 // Deleting
 
-void PresetsView::askToDelete(const QModelIndex &index)
+void PresetsView::askToDeletePreset(const QModelIndex &index)
 {
     if (!index.isValid())
         return;
-    const PresetsModel::FileId preset = m_model.preset(index);
-    auto *const question =
-        new QMessageBox(QMessageBox::Question, tr("Delete preset"),
-                        tr("Delete the preset \"%1\" from the device? This cannot be undone.")
-                            .arg(index.data().toString()),
-                        QMessageBox::Cancel, this);
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    QPushButton *const confirm = question->addButton(tr("Delete"), QMessageBox::DestructiveRole);
-    question->setDefaultButton(QMessageBox::Cancel);
-    connect(question, &QMessageBox::buttonClicked, this,
-            [this, preset, confirm](const QAbstractButton *clicked) {
-                if (clicked == static_cast<const QObject *>(confirm))
-                    remove(preset);
-            });
-    question->open();
-}
-
-void PresetsView::remove(const PresetsModel::FileId &preset)
-{
-    if (DeviceSession *const device = m_selection.device())
-        m_changes.call(*device, &Control::File::writeDeleteFiles,
-                       {ProtoModel::File::s_DeleteFile{preset}});
+    askToDelete(index.data().toString(), this, [this, preset = m_model.preset(index)] {
+        if (DeviceSession *const device = m_selection.device())
+            m_changes.call(*device, &Control::File::writeDeleteFiles,
+                           {ProtoModel::File::s_DeleteFile{preset}});
+    });
 }
 
 } // namespace Tavoro::Panel

@@ -35,8 +35,7 @@ private:
     void openSaveDialog();
     void save(const SavePresetDialog &dialog);
     void apply(const QModelIndex &preset);
-    void askToDelete(const QModelIndex &preset);
-    void remove(const PresetsModel::FileId &preset);
+    void askToDeletePreset(const QModelIndex &preset);
 
     Selection &m_selection;
     Messages &m_messages;

@@ -54,6 +54,7 @@ void Selection::setDevice(DeviceSession *device)
             connect(device, changed, this, &Selection::updateCanWrite);
             connect(device, changed, this, &Selection::stateChanged);
         }
+        connect(device, &DeviceSession::stateDetailsChanged, this, &Selection::stateChanged);
         connect(device, &DeviceSession::deviceChanged, this, &Selection::watchDevice);
     }
     setLayer(std::nullopt);

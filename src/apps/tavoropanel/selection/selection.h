@@ -77,7 +77,7 @@ Q_SIGNALS:
     void deviceChanged();
     /// The device in the model exists now, or is another object. Precedes changes of the screens.
     void modelChanged();
-    /// State or control of the selected device has changed.
+    /// State, its details, or control of the selected device have changed.
     void stateChanged();
     /// canWrite() has changed.
     void canWriteChanged();

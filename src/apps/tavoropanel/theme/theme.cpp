@@ -1,11 +1,11 @@
 #include "theme.h"
 
+#include "panelstyle.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QPalette>
 #include <QStandardPaths>
-#include <QStyle>
-#include <QStyleFactory>
 
 namespace Tavoro::Panel {
 
@@ -20,13 +20,13 @@ struct ColourRow {
 // clang-format off
 constexpr ColourRow colours[] = {
     // role                     dark        light
-    {QPalette::Window,          0xff1b1f23, 0xffeef1f4},
+    {QPalette::Window,          0xff23282d, 0xffeef1f4},
     {QPalette::WindowText,      0xffe8ebee, 0xff15191d},
-    {QPalette::Base,            0xff14171a, 0xffffffff},
-    {QPalette::AlternateBase,   0xff1f2428, 0xfff4f6f8},
+    {QPalette::Base,            0xff121518, 0xffffffff},
+    {QPalette::AlternateBase,   0xff1a1e22, 0xfff4f6f8},
     {QPalette::Text,            0xffe8ebee, 0xff15191d},
     {QPalette::PlaceholderText, 0xff98a2ac, 0xff5c6770},
-    {QPalette::Button,          0xff2d343a, 0xffdfe4e9},
+    {QPalette::Button,          0xff363e45, 0xffdfe4e9},
     {QPalette::ButtonText,      0xffe8ebee, 0xff15191d},
     {QPalette::BrightText,      0xffffffff, 0xffffffff},
     {QPalette::ToolTipBase,     0xff2d343a, 0xfffdfdf0},
@@ -36,7 +36,7 @@ constexpr ColourRow colours[] = {
     {QPalette::Link,            0xff6cb0f5, 0xff1559a6},
     {QPalette::Light,           0xff434c54, 0xffffffff},
     {QPalette::Midlight,        0xff384047, 0xffeef1f4},
-    {QPalette::Mid,             0xff434c54, 0xffa3aeb8},
+    {QPalette::Mid,             0xff4c565f, 0xffa3aeb8},
     {QPalette::Dark,            0xff0f1214, 0xff97a2ac},
     {QPalette::Shadow,          0xff000000, 0xff6a747d},
 };
@@ -103,7 +103,7 @@ void applyTheme(Theme theme)
     current() = theme;
     addIconFolders();
     QIcon::setThemeName(isDark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new PanelStyle);
     QApplication::setPalette(paletteOf(isDark));
 }
 

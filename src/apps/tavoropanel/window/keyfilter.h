@@ -5,8 +5,9 @@
 namespace Tavoro::Panel {
 
 /// Leaves keys without modifiers to the widget that has the focus and uses them itself, although
-/// they are shortcuts: the space bar to buttons and combo boxes, letters to lists. Otherwise an
-/// operator who works with the keyboard would take or freeze by accident.
+/// they are shortcuts: the space bar to buttons and combo boxes, letters to lists, Return to lines
+/// of text and spin boxes. Otherwise an operator who works with the keyboard would take, cut or
+/// freeze by accident.
 class KeyFilter : public QObject {
     Q_OBJECT
 

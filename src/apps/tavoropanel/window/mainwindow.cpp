@@ -11,12 +11,14 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QDockWidget>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QTabBar>
+#include <QVBoxLayout>
 
 namespace Tavoro::Panel {
 
@@ -71,13 +73,11 @@ MainWindow::MainWindow(Session &session, QWidget *parent)
     : QMainWindow(parent),
       m_selection(session),
       m_changes(m_messages),
-      m_actions(m_selection, m_changes)
+      m_actions(m_selection, m_changes),
+      m_parts(new QMainWindow)
 {
     setWindowTitle(tr("Operator's panel"));
-    setDockOptions(AnimatedDocks | AllowTabbedDocks | AllowNestedDocks);
-    setTabPosition(Qt::BottomDockWidgetArea, QTabWidget::North);
-    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    makeColumn();
     addMenus();
     addParts(session);
     connectActions();
@@ -93,6 +93,22 @@ MainWindow::~MainWindow()
 {
     // The parts use the members, which end before the children of the window would.
     qDeleteAll(findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly));
+}
+
+/// Bars stay in the window whatever its size, unlike tool bars. The docks are between them.
+void MainWindow::makeColumn()
+{
+    auto *const column = new QWidget(this);
+    m_column = new QVBoxLayout(column);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(0);
+    m_parts->setWindowFlags(Qt::Widget);
+    m_parts->setDockOptions(AnimatedDocks | AllowTabbedDocks | AllowNestedDocks);
+    m_parts->setTabPosition(Qt::BottomDockWidgetArea, QTabWidget::North);
+    m_parts->setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    m_parts->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    m_column->addWidget(m_parts, 1);
+    setCentralWidget(column);
 }
 
 void MainWindow::addMenus()
@@ -115,13 +131,13 @@ void MainWindow::addParts(Session &session)
         part->setObjectName(QString::fromLatin1(row.name));
         switch (row.area) {
         case Area::Top:
-            addTopBar(*part, tr(row.title));
+            addTopBar(*part);
             break;
         case Area::Foot:
-            addBar(Qt::BottomToolBarArea, *part, tr(row.title));
+            addBar(m_column->count(), *part);
             break;
         case Area::Centre:
-            setCentralWidget(part);
+            m_parts->setCentralWidget(part);
             break;
         case Area::Left:
         case Area::Right:
@@ -131,50 +147,52 @@ void MainWindow::addParts(Session &session)
         }
     }
     m_firstBottomDock->raise();
+    for (QTabBar *const tabs :
+         m_parts->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly)) {
+        tabs->setAccessibleName(tr("Parts below the canvas"));
+        tabs->setAccessibleDescription(tr("Selects presets, sources, images or the log"));
+    }
 }
 
-void MainWindow::addTopBar(QWidget &bar, const QString &title)
+void MainWindow::addTopBar(QWidget &bar)
 {
-    addToolBarBreak();
-    addBar(Qt::TopToolBarArea, bar, title);
+    addBar(m_column->indexOf(m_parts), bar);
 }
 
-/// A bar that cannot be moved or hidden, as live controls must not be.
-void MainWindow::addBar(Qt::ToolBarArea area, QWidget &bar, const QString &title)
+void MainWindow::addBar(int place, QWidget &bar)
 {
-    auto *const place = new QToolBar(title, this);
-    place->setObjectName(bar.objectName() + QStringLiteral("Bar"));
-    place->setMovable(false);
-    place->setContextMenuPolicy(Qt::PreventContextMenu);
-    place->toggleViewAction()->setVisible(false);
+    auto *const line = new QFrame(this);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    const bool isTop = place == m_column->indexOf(m_parts);
     bar.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    place->addWidget(&bar);
-    addToolBar(area, place);
+    m_column->insertWidget(place, isTop ? &bar : line);
+    m_column->insertWidget(place + 1, isTop ? line : &bar);
 }
 
 void MainWindow::addDock(const PartRow &row, QWidget &part)
 {
-    auto *const dock = new QDockWidget(tr(row.title), this);
+    auto *const dock = new QDockWidget(tr(row.title), m_parts);
     dock->setObjectName(QString::fromLatin1(row.name) + QStringLiteral("Dock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable
                       | QDockWidget::DockWidgetClosable);
     dock->setWidget(&part);
     const bool isBottom = row.area == Area::Bottom;
-    addDockWidget(isBottom                     ? Qt::BottomDockWidgetArea
-                      : row.area == Area::Left ? Qt::LeftDockWidgetArea
-                                               : Qt::RightDockWidgetArea,
-                  dock);
+    m_parts->addDockWidget(isBottom                     ? Qt::BottomDockWidgetArea
+                               : row.area == Area::Left ? Qt::LeftDockWidgetArea
+                                                        : Qt::RightDockWidgetArea,
+                           dock);
     if (isBottom)
         hideTitle(*dock); // the tab has it
     if (isBottom && m_firstBottomDock)
-        tabifyDockWidget(m_firstBottomDock, dock);
+        m_parts->tabifyDockWidget(m_firstBottomDock, dock);
     else if (isBottom)
         m_firstBottomDock = dock;
-    resizeDocks({dock},
-                {isBottom                     ? 230
-                     : row.area == Area::Left ? 270
-                                              : 330},
-                isBottom ? Qt::Vertical : Qt::Horizontal);
+    m_parts->resizeDocks({dock},
+                         {isBottom                     ? 200
+                              : row.area == Area::Left ? 270
+                                                       : 330},
+                         isBottom ? Qt::Vertical : Qt::Horizontal);
     menuBar()->findChild<QMenu *>(QStringLiteral("View"))->addAction(dock->toggleViewAction());
 }
 
@@ -213,13 +231,13 @@ void MainWindow::showOnStatusBar(const Message &message)
 void MainWindow::restore(const QSettings &settings)
 {
     restoreGeometry(settings.value(settingsKey("geometry")).toByteArray());
-    restoreState(settings.value(settingsKey("parts")).toByteArray(), layoutVersion);
+    m_parts->restoreState(settings.value(settingsKey("parts")).toByteArray(), layoutVersion);
 }
 
 void MainWindow::save(QSettings &settings) const
 {
     settings.setValue(settingsKey("geometry"), saveGeometry());
-    settings.setValue(settingsKey("parts"), saveState(layoutVersion));
+    settings.setValue(settingsKey("parts"), m_parts->saveState(layoutVersion));
     settings.setValue(settingsKey("theme"), themeName(currentTheme()));
 }
 

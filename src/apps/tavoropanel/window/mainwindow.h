@@ -12,6 +12,7 @@
 QT_BEGIN_NAMESPACE
 class QDockWidget;
 class QSettings;
+class QVBoxLayout;
 QT_END_NAMESPACE
 
 namespace Tavoro::Panel {
@@ -32,16 +33,17 @@ public:
     Actions &actions() { return m_actions; }
 
     /// Adds a bar below the menus.
-    void addTopBar(QWidget &bar, const QString &title);
+    void addTopBar(QWidget &bar);
 
     /// Restores size, places of the parts and theme, as save() stored them.
     void restore(const QSettings &settings);
     void save(QSettings &settings) const;
 
 private:
+    void makeColumn();
     void addMenus();
     void addParts(Session &session);
-    void addBar(Qt::ToolBarArea area, QWidget &bar, const QString &title);
+    void addBar(int place, QWidget &bar);
     void addDock(const PartRow &row, QWidget &part);
     void connectActions();
     void connectThemes();
@@ -52,6 +54,8 @@ private:
     Messages m_messages;
     Changes m_changes;
     Actions m_actions;
+    QVBoxLayout *m_column = nullptr;
+    QMainWindow *const m_parts; ///< The docks around the canvas.
     QDockWidget *m_firstBottomDock = nullptr;
 };
 

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void arrowsMoveTheLayer_data();
     void arrowsMoveTheLayer();
     void arrowsAddUpWhileTheDeviceIsSlow();
+    void seriesOfArrowsIsOneStepOfUndo();
     void arrowsSelectSceneAndScreenWithoutALayer();
     void arrowsDoNotMoveABackground();
     void escapeDeselects();
@@ -143,6 +144,19 @@ void tst_CanvasKeys::arrowsAddUpWhileTheDeviceIsSlow()
     QCOMPARE(bench().shown(2).x(), 1292);
 }
 
+void tst_CanvasKeys::seriesOfArrowsIsOneStepOfUndo()
+{
+    bench().selection.setLayer(CanvasBench::id(2));
+    for (int step = 0; step < 5; ++step)
+        press(Qt::Key_Down);
+    // Another selection ends the series at once, a pause later.
+    bench().selection.setLayer(CanvasBench::id(1));
+    QTRY_COMPARE(bench().changes.steps().count(), 1);
+    bench().changes.undo();
+    QTRY_COMPARE(bench().heldWindow(2), QRect(1280, 0, 1280, 1080));
+    QTRY_COMPARE(bench().shown(2), QRect(1280, 0, 1280, 1080));
+}
+
 void tst_CanvasKeys::arrowsSelectSceneAndScreenWithoutALayer()
 {
     press(Qt::Key_Right);
@@ -194,8 +208,8 @@ void tst_CanvasKeys::orderChanges_data()
     // clang-format off
     QTest::newRow("raise")                       << ActionId::RaiseLayer         << quint8(1) << QList<int>{0, 2, 1, 3};
     QTest::newRow("lower")                       << ActionId::LowerLayer         << quint8(3) << QList<int>{0, 1, 3, 2};
-    QTest::newRow("to the top")                  << ActionId::RaiseLayerToTop    << quint8(1) << QList<int>{0, 2, 3, 1};
-    QTest::newRow("to the bottom")               << ActionId::LowerLayerToBottom << quint8(3) << QList<int>{0, 3, 1, 2};
+    QTest::newRow("to the top")                  << ActionId::RaiseToTop    << quint8(1) << QList<int>{0, 2, 3, 1};
+    QTest::newRow("to the bottom")               << ActionId::LowerToBottom << quint8(3) << QList<int>{0, 3, 1, 2};
     QTest::newRow("not below the background")    << ActionId::LowerLayer         << quint8(1) << QList<int>{0, 1, 2, 3};
     QTest::newRow("a background stays")          << ActionId::RaiseLayer         << quint8(0) << QList<int>{0, 1, 2, 3};
     // clang-format on

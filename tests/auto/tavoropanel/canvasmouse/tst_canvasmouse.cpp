@@ -21,6 +21,7 @@ private Q_SLOTS:
     void draggedLayerIsHeldByTheDevice();
     void deviceFollowsDuringTheDrag();
     void oneWriteIsUnderWayAndTheLastOneArrives();
+    void dragIsOneStepOfUndo();
     void layerSnapsToTheEdgeOfTheScreen();
     void layerSnapsToAnotherLayer();
     void controlKeySuspendsSnapping();
@@ -136,6 +137,28 @@ void tst_CanvasMouse::oneWriteIsUnderWayAndTheLastOneArrives()
     QTRY_COMPARE(bench().heldWindow(2), last);
     // The first one, and the one that waited last.
     QTRY_COMPARE(log.writes(0x1405).size(), 2);
+}
+
+void tst_CanvasMouse::dragIsOneStepOfUndo()
+{
+    const QPoint from = bench().pointOf(2);
+    bench().press(from);
+    for (int step = 1; step <= 10; ++step) {
+        bench().moveTo(from + QPoint(-2 * step, step), Qt::ControlModifier);
+        QCoreApplication::processEvents();
+    }
+    bench().release(from + QPoint(-20, 10), Qt::ControlModifier);
+    const QRect moved = bench().shown(2);
+    QTRY_COMPARE(bench().changes.steps().count(), 1);
+    QCOMPARE(bench().heldWindow(2), moved);
+
+    bench().changes.undo();
+    QTRY_COMPARE(bench().heldWindow(2), QRect(1400, 300, 800, 450));
+    QTRY_COMPARE(bench().shown(2), QRect(1400, 300, 800, 450));
+    QTRY_VERIFY(bench().changes.canRedo());
+    bench().changes.redo();
+    QTRY_COMPARE(bench().heldWindow(2), moved);
+    QTRY_COMPARE(bench().shown(2), moved);
 }
 
 void tst_CanvasMouse::layerSnapsToTheEdgeOfTheScreen()
