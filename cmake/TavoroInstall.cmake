@@ -54,3 +54,8 @@ function(tavoro_install_package)
     export(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: FILE ${PROJECT_BINARY_DIR}/${tavoro_package}Targets.cmake)
     install(EXPORT ${tavoro_package}Targets NAMESPACE Tavoro:: DESTINATION ${tavoro_package_dir} COMPONENT Devel)
 endfunction()
+
+# The pages, with the folders in which they link each other.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT Documentation)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT Documentation
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "schema" EXCLUDE)

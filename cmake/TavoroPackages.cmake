@@ -19,6 +19,7 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian/compressmanpages.cmake)
 set(CPACK_COMPONENTS_ALL "")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "")
 
@@ -44,8 +45,7 @@ macro(tavoro_package component package section summary text)
     list(JOIN arg_RECOMMENDS ", " CPACK_DEBIAN_${upper}_PACKAGE_RECOMMENDS)
     install(FILES ${debian_dir}/copyright ${PROJECT_BINARY_DIR}/changelog.Debian.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
-    configure_file(${debian_dir}/lintian-overrides.in ${PROJECT_BINARY_DIR}/lintian/${package} @ONLY)
-    install(FILES ${PROJECT_BINARY_DIR}/lintian/${package}
+    install(FILES ${debian_dir}/lintian-overrides RENAME ${package}
         DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT ${component})
 endmacro()
 
@@ -62,27 +62,33 @@ macro(tavoro_library_package target summary text)
         COMMAND sh ${debian_dir}/makesymbols $<TARGET_FILE:${target}> ${package} ${PROJECT_VERSION} ${symbols_dir}
         DEPENDS ${target} VERBATIM)
     add_custom_target(${target}_symbols ALL DEPENDS ${symbols_dir}/symbols)
-    set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA ${symbols_dir}/symbols)
-    list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src/libs/${target})
+    # CPack would add scripts that call ldconfig, which the trigger already does.
+    set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA
+        ${symbols_dir}/symbols ${debian_dir}/triggers ${debian_dir}/postinst ${debian_dir}/postrm)
+    get_target_property(folder ${target} BINARY_DIR)
+    list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${folder})
     list(APPEND tavoro_libraries ${target})
 endmacro()
 
+tavoro_library_package(tavoroproto "records of networked video processors"
+    "This library contains the records that devices exchange, and their JSON\ncodec.")
 tavoro_library_package(tavorossproxy "channels to networked video processors"
-    "This library connects to devices over TCP, finds them on the network and exchanges commands with them.")
+    "This library connects to devices over TCP, finds them on the network and\nexchanges commands with them."
+    COMPONENTS tavoroproto)
 tavoro_library_package(tavorobizmodel "model of networked video processors"
-    "This library holds the data of each device in memory, signals changes, and keeps them in a store."
-    DEPENDS libqt${QT_VERSION_MAJOR}sql${QT_VERSION_MAJOR}-sqlite)
+    "This library holds the data of each device in memory, signals changes, and\nkeeps them in a store."
+    COMPONENTS tavoroproto DEPENDS libqt${QT_VERSION_MAJOR}sql${QT_VERSION_MAJOR}-sqlite)
 tavoro_library_package(tavorocontrol "control of networked video processors"
-    "This library offers each operation of a device as a blocking call with typed records."
+    "This library offers each operation of a device as a blocking call with typed\nrecords."
     COMPONENTS tavorossproxy tavorobizmodel)
 tavoro_library_package(tavorooperations "operations of networked video processors by name"
-    "This library lists, describes and calls all operations of a device by name, with JSON."
+    "This library lists, describes and calls all operations of a device by name,\nwith JSON."
     COMPONENTS tavorocontrol)
 tavoro_library_package(tavorosession "asynchronous sessions with networked video processors"
-    "This library keeps sessions with devices: it connects, reads, calls in the background and follows changes."
+    "This library keeps sessions with devices: it connects, reads, calls in the\nbackground and follows changes."
     COMPONENTS tavorooperations)
 tavoro_library_package(tavoromodels "item models of networked video processors"
-    "This library shows devices, connectors, screens, layers and files as Qt item models."
+    "This library shows devices, connectors, screens, layers and files as Qt item\nmodels."
     COMPONENTS tavorosession)
 
 string(TOLOWER "libtavorocontrol${TAVORO_SUFFIX}-dev" dev_package)
@@ -92,14 +98,14 @@ else()
     set(qt_dev_package qt6-base-dev)
 endif()
 tavoro_package(Devel ${dev_package} libdevel "headers to control networked video processors"
-    "These are the headers, CMake package and pkg-config files of the libraries for Qt ${QT_VERSION_MAJOR}."
+    "These are the headers, CMake package and pkg-config files of the libraries\nfor Qt ${QT_VERSION_MAJOR}."
     COMPONENTS ${tavoro_libraries} DEPENDS ${qt_dev_package})
 if(TAVORO_BUILD_TOOLS)
     tavoro_package(Tools tavorocontrol-tools video "command-line tools for networked video processors"
-        "The tool tavoroctl operates devices from scripts and terminals. The program tavorosim simulates a device. A dissector shows the\n exchanges in Wireshark."
+        "The tool tavoroctl operates devices from scripts and terminals. The program\ntavorosim simulates a device. A dissector shows exchanges in Wireshark."
         COMPONENTS tavorooperations)
     tavoro_package(Documentation tavorocontrol-doc doc "documentation of tavorocontrol"
-        "These are the manual pages of the libraries and tools, and every record of the protocol as JSON Schema.")
+        "These are the manual pages of the libraries and tools, and every record of\nthe protocol as JSON Schema.")
     set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
     if(TARGET tavoropanel)
         tavoro_package(Panel tavoropanel video "operator's panel for networked video processors"

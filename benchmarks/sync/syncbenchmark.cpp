@@ -7,13 +7,15 @@
 //   model             the same records, applied to a device of the model again
 //   rest              the rest of the synchronisation: requests, texts, joining, threads
 //   bare              two bare sockets move the same bytes in the same packets
+//   bare, kept        the same, but the answers are joined in a string of reserved size
 //
 // syncbenchmark [--scale N] [--rounds N] [--process] [--json]
 //
 // The device runs on a thread of this process, or with --process in a process of its own.
 // --scale 10 multiplies everything by ten, but a device has 255 screens at most. Each line is the
-// best of the rounds in milliseconds. The last line compares the synchronisation with the bare
-// sockets and the decoding.
+// best of the rounds in milliseconds. The last lines compare the synchronisation with the bare
+// sockets and the decoding, and with what no synchronisation can do without: sockets that keep the
+// bytes, the decoding and the model.
 
 #include "recordingchannel.h"
 
@@ -67,7 +69,7 @@ private:
 };
 
 struct Results {
-    Best synchronisation, wire, decode, model, bare;
+    Best synchronisation, wire, decode, model, bare, bareKept;
 };
 
 template <class Work>
@@ -213,6 +215,10 @@ void runRound(const std::shared_ptr<RecordingChannel> &channel, const BizModel::
     results.model.take(millisecondsOf([&] { feed(records, channel->deviceBaseInfo()); }));
     const std::string source(fileSize, 's');
     results.bare.take(millisecondsOf([&] { Bench::runBarePair(channel->exchanges(), source); }));
+    results.bareKept.take(millisecondsOf([&] {
+        std::string kept;
+        Bench::runBarePair(channel->exchanges(), source, &kept);
+    }));
 }
 
 void print(const Results &results, const RecordingChannel &channel)
@@ -234,15 +240,23 @@ void print(const Results &results, const RecordingChannel &channel)
     std::printf("  model         %9.1f ms\n", results.model.value());
     std::printf("  rest          %9.1f ms\n", rest);
     std::printf("bare            %9.1f ms\n", results.bare.value());
+    std::printf("bare, kept      %9.1f ms\n", results.bareKept.value());
 }
 
 void compare(const Results &results, const QString &name, bool asJson)
 {
     constexpr Bench::Goal goal{1.1};
-    Bench::ResultPrinter(QStringLiteral("sync"), asJson)
-        .print({name, results.synchronisation.value(), QStringLiteral("ms"),
-                QStringLiteral("bare + decode"), results.bare.value() + results.decode.value(),
-                goal});
+    const Bench::ResultPrinter printer(QStringLiteral("sync"), asJson);
+    const double whole = results.synchronisation.value();
+    const double decode = results.decode.value();
+    printer.print({name, whole, QStringLiteral("ms"), QStringLiteral("bare + decode"),
+                   results.bare.value() + decode, goal});
+    printer.print({name,
+                   whole,
+                   QStringLiteral("ms"),
+                   QStringLiteral("bare, kept + decode + model"),
+                   results.bareKept.value() + decode + results.model.value(),
+                   {}});
 }
 
 } // namespace

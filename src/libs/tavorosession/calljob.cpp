@@ -11,6 +11,12 @@ bool CallTarget::isConnected() const
     return channel->isHardwareReadFinished() && channel->statistics().connections == connections;
 }
 
+void nameHolder(const CallTarget &target, CallResult &result)
+{
+    if (result.kind == Outcome::Refused && result.status == SSProxy::statusControlledByOthers)
+        target.channel->readControlHolder(result.holder);
+}
+
 void CallJob::run()
 {
     result = carryOut();
@@ -38,8 +44,7 @@ CallResult CallJob::carryOut()
     if (!target->isConnected())
         return notSent(NotSentReason::ConnectionLost);
     CallResult attempted = attempt();
-    if (attempted.kind == Outcome::Refused && attempted.status == SSProxy::statusControlledByOthers)
-        nameHolder(attempted);
+    nameHolder(*target, attempted);
     return attempted;
 }
 
@@ -49,14 +54,6 @@ CallResult CallJob::attempt()
     QString error;
     const bool ok = operation->run(target->device, error);
     return resultOf(ok, error, watch);
-}
-
-/// Adds which client controls the device, if the device says it.
-void CallJob::nameHolder(CallResult &refused) const
-{
-    QString holder;
-    if (target->channel->readControlHolder(holder) && !holder.isEmpty())
-        refused.reason = controlledBy(holder);
 }
 
 } // namespace Tavoro::SessionInternal

@@ -4,6 +4,7 @@
 #include "courier_p.h"
 #include "groupgate_p.h"
 #include "lane_p.h"
+#include "reportcounts_p.h"
 
 #include <tavorosession/operationcall.h>
 #include <tavorossproxy/networkchannel.h>
@@ -19,10 +20,15 @@ struct CallTarget {
     std::shared_ptr<BizModel::Device> device;
     std::shared_ptr<SSProxy::NetworkChannel> channel;
     quint64 connections = 0; ///< ChannelStatistics::connections of this connection.
+    std::shared_ptr<const ReportCounts> reports; ///< Those that arrive over the channel.
 
     /// Returns true while the channel has this connection. Any thread.
     bool isConnected() const;
 };
+
+/// Asks the device for the name of the client that controls it, if \a result is a refusal for that
+/// reason. Blocks.
+void nameHolder(const CallTarget &target, CallResult &result);
 
 /// A call of the application, on its way through a lane.
 ///
@@ -61,7 +67,6 @@ protected:
 
 private:
     CallResult carryOut();
-    void nameHolder(CallResult &refused) const;
 };
 
 } // namespace Tavoro::SessionInternal

@@ -19,6 +19,7 @@ struct CallResult {
     quint16 status = 0;
     quint16 code = 0; ///< Of the last command that was sent; 0 if none was.
     QString reason;
+    QString holder; ///< The client that controls the device, if that is why it has refused.
     bool isCanceled = false; ///< By the application.
     /// The request to ask the device about, if the kind is Unknown and the answer can change that;
     /// otherwise null.

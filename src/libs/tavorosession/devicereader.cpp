@@ -14,6 +14,8 @@
 
 namespace Tavoro::SessionInternal {
 
+using Operations::ScopeKind;
+
 namespace {
 
 constexpr qint32 readyStatus = 1; ///< Status of a device that may be read.
@@ -74,6 +76,21 @@ DeviceReader::DeviceReader(std::shared_ptr<const CallTarget> target,
       m_finished(std::move(finished))
 { }
 
+std::vector<ScopeKind> DeviceReadResult::outdatedKinds(const ReportCounts &reports) const
+{
+    std::vector<ScopeKind> kinds;
+    for (const auto &[kind, count] : reportsBefore) {
+        if (reports.of(kind) != count)
+            kinds.push_back(kind);
+    }
+    return kinds;
+}
+
+void DeviceReader::begin(ScopeKind kind)
+{
+    m_result.reportsBefore[kind] = m_target->reports->of(kind);
+}
+
 void DeviceReader::run()
 {
     readAll();
@@ -126,6 +143,7 @@ bool DeviceReader::readEssentials()
 {
     BizModel::s_DeviceReading &reading = m_result.reading;
     const std::weak_ptr<BizModel::Device> device = m_target->device;
+    begin(ScopeKind::Device);
     ProtoModel::Device::s_DeviceDetail detail;
     if (!read(detailFailed,
               [&](QString &error) { return Control::Device(device).readDetails(detail, error); }))
@@ -137,6 +155,7 @@ bool DeviceReader::readEssentials()
         return false;
     }
     showProgress(shareOfDetail);
+    begin(ScopeKind::Interfaces);
     std::vector<ProtoModel::Interface::s_InterfaceDetail> interfaces;
     if (!read(ifacesFailed, [&](QString &error) {
             return Control::Interface(device).readDetails(0, -1, interfaces, error);
@@ -151,6 +170,7 @@ void DeviceReader::readScreensAndLayers()
 {
     BizModel::s_DeviceReading &reading = m_result.reading;
     const std::weak_ptr<BizModel::Device> device = m_target->device;
+    begin(ScopeKind::Screens);
     std::vector<ProtoModel::Screen::s_ScreenFullDetail> screens;
     if (!read(screensFailed, [&](QString &error) {
             return Control::Screen(device).readDetails(-1, 0, -1, screens, error);
@@ -158,6 +178,7 @@ void DeviceReader::readScreensAndLayers()
         return;
     reading.screens = std::move(screens);
     showProgress(shareOfScreens);
+    begin(ScopeKind::Layers);
     std::vector<ProtoModel::Layer::s_LayerFullDetail> layers;
     if (read(layersFailed, [&](QString &error) {
             return Control::Layer(device).readDetails(-1, -1, -1, -1, layers, error);

@@ -9,7 +9,9 @@
 
 #include <atomic>
 #include <functional>
+#include <map>
 #include <memory>
+#include <vector>
 
 namespace Tavoro::SessionInternal {
 
@@ -24,6 +26,10 @@ struct DeviceReadResult {
     bool isAborted = false;
     /// One sentence for each read that failed, in their order.
     QStringList failures;
+    /// What the device has reported since it was read: the model may have newer values.
+    std::vector<Operations::ScopeKind> outdatedKinds(const ReportCounts &reports) const;
+    /// The reports before the read of each kind.
+    std::map<Operations::ScopeKind, quint64> reportsBefore;
 };
 
 /// Reads a whole device: sets its clock, and reads its details, interfaces, screens, layers, files
@@ -58,6 +64,8 @@ public:
     DeviceReadResult &result() { return m_result; }
 
 private:
+    /// Notes that a kind is read now.
+    void begin(Operations::ScopeKind kind);
     template <class Read>
     bool read(const char *what, Read operation);
     bool mayContinue() const;

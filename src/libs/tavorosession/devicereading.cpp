@@ -10,6 +10,8 @@
 
 namespace Tavoro::SessionInternal {
 
+using Operations::ScopeKind;
+
 namespace {
 
 /// The longest pause before a reading is repeated, as a multiple of the first one.
@@ -92,6 +94,7 @@ void DeviceReading::ended(const ReaderPtr &reader)
     DeviceReadResult &result = reader->result();
     if (result.isAborted)
         return; // the loss of the connection is reported next
+    leaveOutdated(result);
     apply(result);
     const QString failures = result.failures.join(QStringLiteral(", "));
     if (!result.hasEssentials)
@@ -101,6 +104,39 @@ void DeviceReading::ended(const ReaderPtr &reader)
         request(m_target);
     else
         m_events.readingEnded(failures);
+}
+
+/// Does not overwrite what a report has changed after it was read. A device that was never read
+/// gets all that was read, since it would lack these objects.
+void DeviceReading::leaveOutdated(DeviceReadResult &result) const
+{
+    const bool isKnown = m_target->device->isSyncDataSuccess();
+    BizModel::s_DeviceReading &reading = result.reading;
+    std::vector<Operations::Scope> scopes;
+    for (const ScopeKind kind : result.outdatedKinds(*m_target->reports)) {
+        scopes.push_back(
+            {kind, {Operations::Scope::any, Operations::Scope::any, Operations::Scope::any}});
+        if (!isKnown)
+            continue;
+        switch (kind) {
+        case ScopeKind::Device:
+            reading.detail.reset();
+            break;
+        case ScopeKind::Interfaces:
+            reading.interfaces.reset();
+            break;
+        case ScopeKind::Screens:
+            reading.screens.reset();
+            break;
+        case ScopeKind::Layers:
+            reading.layers.reset();
+            break;
+        case ScopeKind::Files:
+            break; // a report about a file changes only its progress
+        }
+    }
+    if (!scopes.empty())
+        m_events.readingOutdated(scopes);
 }
 
 void DeviceReading::apply(DeviceReadResult &result) const

@@ -24,6 +24,8 @@ public:
         virtual void readingStarted() = 0;
         /// \a share of the reading is done, from 0 to 1.
         virtual void readingProgressed(double share) = 0;
+        /// Reports have changed these kinds since they were read. They must be read again.
+        virtual void readingOutdated(const std::vector<Operations::Scope> &scopes) = 0;
         /// The device cannot be read for \a reason, and is read again after \a pause.
         virtual void readingFailed(const QString &reason, std::chrono::milliseconds pause) = 0;
         /// The model holds the device, except for what \a failures names, if it is not empty.
@@ -50,6 +52,7 @@ private:
     void start();
     void ended(const ReaderPtr &reader);
     void apply(DeviceReadResult &result) const;
+    void leaveOutdated(DeviceReadResult &result) const;
     void retry(const QString &reason);
     void endTurn();
 

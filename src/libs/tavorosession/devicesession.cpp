@@ -36,7 +36,7 @@ void        DeviceSession::readAgain()                            { d->readAgain
 
 bool DeviceSession::isControlledByOthers() const
 {
-    return d->isControlledByOthers;
+    return d->control().isOthers();
 }
 
 PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
@@ -52,20 +52,30 @@ PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &
     return start(std::make_shared<NamedCall>(name, arguments), key);
 }
 
+void DeviceSession::setBodiesLogged(bool areLogged)
+{
+    d->setBodiesLogged(areLogged);
+}
+
 DeviceFiles DeviceSession::files()
 {
-    return DeviceFiles(*d);
+    return DeviceFiles(d->calls());
 }
 
 TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
 DeviceSession::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
 {
-    return d->upgrade(upgrade);
+    return d->calls().upgrade(upgrade);
 }
 
 PendingCall<bool> DeviceSession::modelUpdate()
 {
     return d->modelUpdate();
+}
+
+QString DeviceSession::controlHolder() const
+{
+    return d->control().holder();
 }
 
 PendingCall<Outcome> DeviceSession::takeControl()
@@ -85,12 +95,12 @@ PendingCall<Outcome> DeviceSession::releaseControl()
 
 PendingCall<Answer<QString>> DeviceSession::readControlHolder()
 {
-    return d->readControlHolder();
+    return d->calls().readControlHolder();
 }
 
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)
 {
-    d->start(std::make_shared<CallJob>(std::move(call)), key);
+    d->calls().startLatest(std::make_shared<CallJob>(std::move(call)), key);
 }
 
 } // namespace Tavoro

@@ -82,6 +82,10 @@ public:
 
     /// True if another client holds control of the device. False without a connection.
     bool isControlledByOthers() const;
+    /// Name of the other client that controls the device: its address and port. Empty if no other
+    /// client does, and until the device has named it, see controlHolderChanged(). If control goes
+    /// from one other client to a third one, the name follows within 5 s.
+    QString controlHolder() const;
     /// Takes control unless another client holds it.
     PendingCall<Outcome> takeControl();
     /// Takes control even if another client holds it. The device reports the loss to that client.
@@ -111,6 +115,16 @@ public:
     /// only ends the reading of its progress.
     TrackedCall<Answer<ProtoModel::Auxiliary::s_UpgradePercent>>
     upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
+    /// @}
+
+    /// \name Log
+    /// @{
+
+    /// Sets whether the lines that are logged about the device, under tavoro.control, contain the
+    /// bodies of requests, answers and reports. The default is SessionOptions::logsBodies. Applies
+    /// to all lines about the device while the session exists, also to those of other users of the
+    /// control library.
+    void setBodiesLogged(bool areLogged);
     /// @}
 
     /// \name Calls
@@ -210,6 +224,8 @@ Q_SIGNALS:
     void readProgressChanged(double share);
     /// isControlledByOthers() has changed.
     void controlChanged();
+    /// controlHolder() has changed.
+    void controlHolderChanged();
     /// name() or device() has changed.
     void deviceChanged();
     /// A call has ended. Emitted for each call of the application, before its result is delivered.

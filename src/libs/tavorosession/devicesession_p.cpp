@@ -1,12 +1,10 @@
 #include "devicesession_p.h"
 
-#include "controljob_p.h"
-#include "holderjob_p.h"
+#include "listeddevice_p.h"
 #include "logging_p.h"
-#include "outcome_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/bodylog.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -34,23 +32,6 @@ QString translated(const char *text)
     return QCoreApplication::translate("Tavoro::DeviceSession", text);
 }
 
-std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info)
-{
-    constexpr unsigned short noNumberYet = 65535;
-    auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
-    device->setIPAddress(QString::fromStdString(info.ip));
-    device->updateDeviceBaseInfo(info);
-    auto known = BizModel::DeviceList::instance()
-                     ->findDevice(device->IPAddress(), device->MAC(), device->sn())
-                     .lock();
-    if (known)
-        return known;
-    device->setName(QString::fromStdString(info.name));
-    device->setModelId(info.modelId);
-    BizModel::DeviceList::instance()->append(device);
-    return device;
-}
-
 } // namespace
 
 DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &wantedHost,
@@ -58,37 +39,32 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
                                            std::shared_ptr<BizModel::Device> known)
     : host(wantedHost),
       port(wantedPort),
-      device(std::move(known)),
       m_shared(shared),
       m_options(options),
-      m_calls(shared.pool, shared.courier, options.maxWaitingCalls, options.outcomeTime,
-              [this](CallJob &job, const CallResult &result, bool isReplaced) {
-                  deliver(job, result, isReplaced);
-              }),
+      m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
+      m_calls(shared.pool, shared.courier, options, *this),
       m_reads(std::make_shared<Lane>(shared.pool)),
       m_reading(shared, m_reads, options, *this),
       m_follower(m_reads, shared.courier,
                  [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_poll(options.poll,
+             [this](const Operations::Scope &scope, std::function<void()> ended) {
+                 m_follower.poll(scope, std::move(ended));
+             }),
+      m_logsBodies(options.logsBodies),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
+    setDevice(std::move(known));
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
-    QObject::connect(DeviceManager::instance(), &DeviceManager::masterControlChanged,
-                     &m_controlIdle, [this](const std::weak_ptr<SSProxy::DeviceChannel> &changed) {
-                         if (channel && changed.lock() == channel)
-                             followControl();
-                     });
-    m_controlIdle.setSingleShot(true);
-    m_controlIdle.setInterval(options.controlIdleTime);
-    QObject::connect(&m_controlIdle, &QTimer::timeout, &m_controlIdle,
-                     [this] { requestControl(SSProxy::ControlAction::GiveUp); });
 }
 
 DeviceSessionPrivate::~DeviceSessionPrivate()
 {
     q = nullptr;
     close(translated(closedReason));
+    setDevice(nullptr);
 }
 
 QString DeviceSessionPrivate::name() const
@@ -137,8 +113,6 @@ void DeviceSessionPrivate::close(const QString &reason)
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
     m_calls.endAll(reason);
     m_updates.endAll();
-    for (const auto &upgrade : std::exchange(m_upgrades, {}))
-        upgrade->end(reason);
 }
 
 void DeviceSessionPrivate::reconnectNow()
@@ -147,63 +121,11 @@ void DeviceSessionPrivate::reconnectNow()
         channel->reconnectNow();
 }
 
-void DeviceSessionPrivate::start(const std::shared_ptr<CallJob> &job, const QString &key)
-{
-    m_calls.start(job, key);
-}
-
-void DeviceSessionPrivate::startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker)
-{
-    tracker.setCancelHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), job] {
-        if (const auto self = weak.lock())
-            (*self)->m_calls.cancel(job);
-    });
-    m_calls.start(job, {});
-}
-
-TrackedCall<UpgradeCall::Result>
-DeviceSessionPrivate::upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade)
-{
-    UpgradeCall::Session session;
-    session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
-        job->isQuiet = isQuiet;
-        m_calls.start(job, {});
-    };
-    session.report = [this](const CallResult &result, const QString &label) {
-        const Outcome outcome = makeOutcome(result, label, false);
-        report(outcome);
-        return outcome;
-    };
-    session.isConnected = [this] {
-        return m_target != nullptr;
-    };
-    const auto ended = [](const auto &each) {
-        return each->hasEnded();
-    };
-    m_upgrades.erase(std::remove_if(m_upgrades.begin(), m_upgrades.end(), ended), m_upgrades.end());
-    m_upgrades.push_back(std::make_shared<UpgradeCall>(std::move(session), m_options.upgradeTime));
-    const auto started = m_upgrades.back();
-    auto pending = started->pending();
-    started->start(upgrade);
-    return pending;
-}
-
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
 {
-    const auto job = std::make_shared<ControlJob>(action);
-    PendingCall<Outcome> pending(job->future());
     if (action == SSProxy::ControlAction::GiveUp)
-        m_controlIdle.stop();
-    m_calls.start(job, {});
-    return pending;
-}
-
-PendingCall<Answer<QString>> DeviceSessionPrivate::readControlHolder()
-{
-    const auto job = std::make_shared<HolderJob>();
-    PendingCall<Answer<QString>> pending(job->future());
-    m_calls.start(job, {});
-    return pending;
+        m_control.noteRelease();
+    return m_calls.requestControl(action);
 }
 
 PendingCall<bool> DeviceSessionPrivate::modelUpdate()
@@ -212,22 +134,6 @@ PendingCall<bool> DeviceSessionPrivate::modelUpdate()
     if (!channel)
         m_updates.endAll();
     return pending;
-}
-
-void DeviceSessionPrivate::followControl()
-{
-    const bool isOthers = m_target && !m_target->channel->isMasterControl();
-    if (std::exchange(isControlledByOthers, isOthers) != isOthers && q)
-        Q_EMIT q->controlChanged();
-}
-
-/// A write takes control, and so begins the idle time after which it is given up.
-void DeviceSessionPrivate::noteUse(const CallJob &job, const CallResult &result)
-{
-    const auto operation = job.operation->operation();
-    if (m_controlIdle.interval() > 0 && result.kind == Outcome::Done && operation
-        && operation->direction() == Operations::Direction::Write)
-        m_controlIdle.start();
 }
 
 void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
@@ -260,9 +166,10 @@ void DeviceSessionPrivate::connected(quint64 connections)
     target.device = device;
     target.channel = channel;
     target.connections = connections;
+    target.reports = std::make_shared<ReportCounts>(channel);
     m_target = std::make_shared<const CallTarget>(std::move(target));
     setOnline(true);
-    followControl();
+    m_control.setTarget(m_target);
     m_calls.setTarget(m_target, {});
     m_follower.setTarget(m_target);
     m_reading.request(m_target);
@@ -279,10 +186,27 @@ void DeviceSessionPrivate::takeDevice()
     const auto connectedDevice = listedDevice(info);
     connectedDevice->setIPAddress(QString::fromStdString(info.ip));
     connectedDevice->updateDeviceBaseInfo(info);
-    const bool isOther = std::exchange(device, connectedDevice) != connectedDevice;
-    if (isOther)
+    if (device != connectedDevice) {
+        setDevice(connectedDevice);
         m_reportedName.clear();
+    }
     reportDevice();
+}
+
+void DeviceSessionPrivate::setDevice(std::shared_ptr<BizModel::Device> known)
+{
+    if (device)
+        Control::setBodiesLogged(device, true);
+    device = std::move(known);
+    if (device)
+        Control::setBodiesLogged(device, m_logsBodies);
+}
+
+void DeviceSessionPrivate::setBodiesLogged(bool areLogged)
+{
+    m_logsBodies = areLogged;
+    if (device)
+        Control::setBodiesLogged(device, areLogged);
 }
 
 void DeviceSessionPrivate::reportDevice()
@@ -298,8 +222,7 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_reading.stop();
     m_follower.setTarget(nullptr);
     m_updates.lost(m_follower.noted());
-    m_controlIdle.stop();
-    followControl();
+    m_control.setTarget(nullptr);
     setOnline(false);
     m_calls.setTarget(nullptr, reason);
     setState(kind, reason, pause);
@@ -340,6 +263,11 @@ void DeviceSessionPrivate::readingProgressed(double share)
         Q_EMIT q->readProgressChanged(share);
 }
 
+void DeviceSessionPrivate::readingOutdated(const std::vector<Operations::Scope> &scopes)
+{
+    m_follower.note(scopes);
+}
+
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
 {
     reportDevice();
@@ -358,6 +286,7 @@ void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reaso
 {
     if (kind == state.kind)
         return setDetails(reason, pause);
+    m_poll.setActive(kind == DeviceState::Ready);
     const QDateTime now = QDateTime::currentDateTime();
     state = {kind, reason, now,
              pause > Milliseconds::zero() ? now.addMSecs(pause.count()) : QDateTime()};
@@ -381,38 +310,27 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
         Q_EMIT q->stateDetailsChanged();
 }
 
-Outcome DeviceSessionPrivate::makeOutcome(const CallResult &result, const QString &label,
-                                          bool isReplaced) const
+void DeviceSessionPrivate::callEnded(const Outcome &outcome)
 {
-    OutcomeData data;
-    data.kind = result.kind;
-    data.status = result.status;
-    data.reason = result.reason;
-    data.operation = label;
-    data.deviceName = name();
-    data.isReplaced = isReplaced;
-    data.isCanceled = result.isCanceled;
-    return SessionInternal::makeOutcome(data);
-}
-
-void DeviceSessionPrivate::report(const Outcome &outcome)
-{
-    qCInfo(sessionLog).noquote() << outcome.text();
     if (q)
         Q_EMIT q->callFinished(outcome);
 }
 
-void DeviceSessionPrivate::deliver(CallJob &job, const CallResult &result, bool isReplaced)
+void DeviceSessionPrivate::deviceWritten(const std::vector<Operations::Scope> &scopes)
 {
-    const Outcome outcome = makeOutcome(result, job.label(), isReplaced);
-    noteUse(job, result);
-    if (job.hasRun && (result.kind == Outcome::Done || result.kind == Outcome::Unknown))
-        m_follower.note(job.operation->changes());
-    if (!job.isQuiet)
-        report(outcome);
-    if (job.observer)
-        job.observer(outcome, result);
-    job.operation->finish(outcome, !job.hasRun);
+    m_follower.note(scopes);
+}
+
+void DeviceSessionPrivate::controlChanged()
+{
+    if (q)
+        Q_EMIT q->controlChanged();
+}
+
+void DeviceSessionPrivate::controlHolderChanged()
+{
+    if (q)
+        Q_EMIT q->controlHolderChanged();
 }
 
 } // namespace Tavoro::SessionInternal

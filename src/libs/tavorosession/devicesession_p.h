@@ -1,24 +1,24 @@
 #pragma once
 
-#include "callqueue_p.h"
-#include "callstarter_p.h"
+#include "backgroundpoll_p.h"
+#include "controlwatch_p.h"
+#include "devicecalls_p.h"
 #include "devicereading_p.h"
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
 #include "shared_p.h"
-#include "upgradecall_p.h"
 
 #include <tavorosession/devicesession.h>
 #include <tavorosession/sessionoptions.h>
 #include <tavorossproxy/controlaction.h>
 
-#include <QTimer>
-
 namespace Tavoro::SessionInternal {
 
 /// The state of one device session: follows its channel, reads the device, and passes calls on. On
 /// the session's thread.
-class DeviceSessionPrivate final : public CallStarter, private DeviceReading::Events {
+class DeviceSessionPrivate final : private DeviceReading::Events,
+                                   private DeviceCalls::Events,
+                                   private ControlWatch::Events {
 public:
     DeviceSessionPrivate(const Shared &shared, const QString &host, quint16 port,
                          const SessionOptions &options,
@@ -31,14 +31,11 @@ public:
     void close(const QString &reason);
     void reconnectNow();
     void readAgain();
-    void start(const std::shared_ptr<CallJob> &job, const QString &key);
-    void start(const std::shared_ptr<CallJob> &job) override { start(job, {}); }
-    void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker) override;
-    std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
-    TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
+    DeviceCalls &calls() { return m_calls; }
+    const ControlWatch &control() const { return m_control; }
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
-    PendingCall<Answer<QString>> readControlHolder();
     PendingCall<bool> modelUpdate();
+    void setBodiesLogged(bool areLogged);
 
     QString name() const;
     QString address() const;
@@ -49,7 +46,6 @@ public:
     quint16 port;
     DeviceState state;
     double readProgress = 0;
-    bool isControlledByOthers = false;
     std::shared_ptr<BizModel::Device> device;
     std::shared_ptr<SSProxy::NetworkChannel> channel;
 
@@ -60,33 +56,43 @@ private:
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
     void takeDevice();
     void setOnline(bool isOnline);
-    void followControl();
-    void noteUse(const CallJob &job, const CallResult &result);
+    void setDevice(std::shared_ptr<BizModel::Device> known);
     void reportDevice();
     void followed(quint64 noted, bool isComplete);
 
     void readingStarted() override;
     void readingProgressed(double share) override;
+    void readingOutdated(const std::vector<Operations::Scope> &scopes) override;
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;
 
     void setState(DeviceState::Kind kind, const QString &reason = {},
                   std::chrono::milliseconds pause = {});
     void setDetails(const QString &reason, std::chrono::milliseconds pause);
-    Outcome makeOutcome(const CallResult &result, const QString &label, bool isReplaced) const;
-    void report(const Outcome &outcome);
-    void deliver(CallJob &job, const CallResult &result, bool isReplaced);
+
+    void callEnded(const Outcome &outcome) override;
+    void deviceWritten(const std::vector<Operations::Scope> &scopes) override;
+    void controlUsed() override { m_control.noteUse(); }
+    void controlRefused(const QString &holder) override { m_control.noteHolder(holder); }
+    QString controlHolder() const override { return m_control.holder(); }
+    QString deviceName() const override { return name(); }
+    std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
+
+    void controlChanged() override;
+    void controlHolderChanged() override;
+    void controlIsIdle() override { requestControl(SSProxy::ControlAction::GiveUp); }
 
     const Shared m_shared;
     const SessionOptions m_options;
-    CallQueue m_calls;
+    ControlWatch m_control;
+    DeviceCalls m_calls;
     const std::shared_ptr<Lane> m_reads;
     DeviceReading m_reading;
     ModelFollower m_follower;
     ModelUpdates m_updates;
-    std::vector<std::shared_ptr<UpgradeCall>> m_upgrades;
+    BackgroundPoll m_poll;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
-    QTimer m_controlIdle; ///< Runs since the last write, if control is given up by itself.
+    bool m_logsBodies;
     QString m_reportedName; ///< The name that deviceChanged() has reported.
     std::shared_ptr<DeviceSessionPrivate *> m_self; ///< For posts that may arrive too late.
 };

@@ -169,7 +169,7 @@ PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devi
         job->observer = [group, i](const Outcome &outcome, const CallResult &result) {
             group->add(i, outcome, result);
         };
-        devices[static_cast<int>(i)]->d->start(job, {});
+        devices[static_cast<int>(i)]->d->calls().start(job);
     }
     return PendingCall<GroupOutcome>(group->future());
 }

@@ -15,12 +15,13 @@ constexpr std::chrono::milliseconds askingInterval(250);
 
 class Question : public LaneJob {
 public:
-    using Handler = std::function<void(const RequestOutcome &)>;
+    /// \a resolved is what the answer makes of the call.
+    using Handler = std::function<void(const CallResult &resolved, bool mayBeAskedAgain)>;
 
-    Question(std::shared_ptr<const CallTarget> target, SSProxy::RequestIdentity id,
+    Question(std::shared_ptr<const CallTarget> target, CallResult unknown,
              std::shared_ptr<Courier> courier, Handler handler)
         : m_target(std::move(target)),
-          m_id(std::move(id)),
+          m_unknown(std::move(unknown)),
           m_courier(std::move(courier)),
           m_handler(std::move(handler))
     { }
@@ -30,13 +31,17 @@ public:
         RequestOutcome outcome;
         outcome.status = SSProxy::Disconnected;
         if (m_target->isConnected())
-            outcome = m_target->channel->outcomeOf(m_id);
-        m_courier->post([handler = m_handler, outcome] { handler(outcome); });
+            outcome = m_target->channel->outcomeOf(*m_unknown.unresolved);
+        CallResult result = resolved(m_unknown, outcome);
+        nameHolder(*m_target, result);
+        m_courier->post([handler = m_handler, result, isOpen = mayBeAskedAgain(outcome)] {
+            handler(result, isOpen);
+        });
     }
 
 private:
     const std::shared_ptr<const CallTarget> m_target;
-    const SSProxy::RequestIdentity m_id;
+    const CallResult m_unknown;
     const std::shared_ptr<Courier> m_courier;
     const Handler m_handler;
 };
@@ -98,23 +103,23 @@ void UnknownCalls::ask(Entry &entry)
     if (!m_target || std::exchange(entry.isAsked, true))
         return;
     const auto handler = [weak = std::weak_ptr<UnknownCalls *>(m_self),
-                          job = entry.job](const RequestOutcome &outcome) {
+                          job = entry.job](const CallResult &result, bool isOpen) {
         if (const auto self = weak.lock())
-            (*self)->answered(job, outcome);
+            (*self)->answered(job, result, isOpen);
     };
     m_questions->append(
-        std::make_shared<Question>(m_target, *entry.job->result.unresolved, m_courier, handler));
+        std::make_shared<Question>(m_target, entry.job->result, m_courier, handler));
 }
 
-void UnknownCalls::answered(const JobPtr &job, const RequestOutcome &outcome)
+void UnknownCalls::answered(const JobPtr &job, const CallResult &result, bool isOpen)
 {
     const auto entry = std::find_if(m_calls.begin(), m_calls.end(),
                                     [&](const Entry &each) { return each.job == job; });
     if (entry == m_calls.end())
         return; // its time was over
     entry->isAsked = false;
-    if (!mayBeAskedAgain(outcome))
-        deliver(entry, resolved(job->result, outcome));
+    if (!isOpen)
+        deliver(entry, result);
 }
 
 void UnknownCalls::deliver(std::list<Entry>::iterator entry, const CallResult &result)

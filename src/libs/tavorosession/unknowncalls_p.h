@@ -40,7 +40,7 @@ private:
 
     void askAll();
     void ask(Entry &entry);
-    void answered(const JobPtr &job, const SSProxy::RequestOutcome &outcome);
+    void answered(const JobPtr &job, const CallResult &result, bool isOpen);
     void deliver(std::list<Entry>::iterator entry, const CallResult &result);
 
     const std::shared_ptr<Courier> m_courier;

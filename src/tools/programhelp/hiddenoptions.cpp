@@ -53,11 +53,24 @@ int printForWords(const Completions &found)
     return done;
 }
 
+bool beginsWithQuote(const QString &word)
+{
+    return word.startsWith(QLatin1Char('\'')) || word.startsWith(QLatin1Char('"'));
+}
+
+/// zsh leaves the quote of a word that is not complete.
+QStringList withoutOpenQuote(QStringList words)
+{
+    if (!words.isEmpty() && beginsWithQuote(words.last()))
+        words.last().remove(0, 1);
+    return words;
+}
+
 /// \a piece is the end of the word as it stands in the line, perhaps after an opening quote.
 int printForBash(const Completions &found, const QString &word, QString piece)
 {
     printDirectives(found);
-    const bool isQuoted = piece.startsWith(QLatin1Char('\'')) || piece.startsWith(QLatin1Char('"'));
+    const bool isQuoted = beginsWithQuote(piece);
     if (isQuoted)
         piece.remove(0, 1);
     const auto kept = word.endsWith(piece) ? static_cast<int>(word.size() - piece.size()) : 0;
@@ -66,6 +79,9 @@ int printForBash(const Completions &found, const QString &word, QString piece)
         const QString rest = candidate.word.mid(kept);
         print((needsQuotes ? QLatin1Char('\'') + rest + QLatin1Char('\'') : rest)
               + QLatin1Char('\n'));
+        // After the only candidate bash would close the quotes.
+        if (isQuoted && found.candidates.size() == 1 && isUnfinished(found.candidates))
+            print(rest + QStringLiteral(" \n"));
     }
     return done;
 }
@@ -100,7 +116,7 @@ std::optional<int> runHiddenOption(const Program &program, const ValueCompleter 
     if (option == QLatin1String("--generate"))
         return generate(program, arguments.value(2));
     if (option == QLatin1String("--complete"))
-        return printForWords(complete(program, values, arguments.mid(2)));
+        return printForWords(complete(program, values, withoutOpenQuote(arguments.mid(2))));
     if (option != QLatin1String("--complete-line"))
         return std::nullopt;
     const QStringList words = shellWords(arguments.value(2)).mid(1);

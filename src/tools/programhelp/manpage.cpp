@@ -81,7 +81,7 @@ QString paragraphs(const QString &text)
 {
     QString page;
     for (const QString &paragraph : text.split(QStringLiteral("\n\n"), Qt::SkipEmptyParts)) {
-        page += line(QStringLiteral(".PP")) + line(QStringLiteral(".nf"));
+        page += (page.isEmpty() ? page : line(QStringLiteral(".PP"))) + line(QStringLiteral(".nf"));
         for (const QString &each : paragraph.split(QLatin1Char('\n')))
             page += line(escaped(each));
         page += line(QStringLiteral(".fi"));

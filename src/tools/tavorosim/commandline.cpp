@@ -1,5 +1,6 @@
 #include "commandline.h"
 
+#include <programhelp/optionrecorder.h>
 #include <tavorosim/console/console.h>
 #include <tavorosim/console/scenario.h>
 #include <tavorosim/faults/faulttable.h>
@@ -116,7 +117,9 @@ constexpr quint16 usualPort = 6630;
 constexpr quint16 usualDiscoveryPort = 6631;
 const QString noDiscovery = QStringLiteral("no-discovery");
 
-void describe(QCommandLineParser &parser)
+/// Declares what the program takes for \a parser, which parses or records it.
+template <class Parser>
+void describe(Parser &parser)
 {
     parser.setApplicationDescription(
         QStringLiteral("A simulated video processor, for tests and demonstrations.\n\n"
@@ -203,6 +206,20 @@ CommandLine parseCommandLine(const QStringList &arguments)
         enableLog(parser);
     }
     return line;
+}
+
+Help::Program describeProgram()
+{
+    Help::OptionRecorder recorder;
+    describe(recorder);
+    Help::Program &program = recorder.program();
+    program.name = QStringLiteral("tavorosim");
+    program.version = QStringLiteral(TAVORO_VERSION);
+    program.statuses = {{0, QStringLiteral("The device has ended.")},
+                        {1, QStringLiteral("The device cannot listen.")},
+                        {2, QStringLiteral("The command line is not valid.")}};
+    program.seeAlso = {QStringLiteral("tavoroctl")};
+    return program;
 }
 
 } // namespace Tavoro::Sim

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <programhelp/program.h>
 #include <tavorosim/server/simoptions.h>
 
 #include <QString>
@@ -16,5 +17,8 @@ struct CommandLine {
 };
 
 CommandLine parseCommandLine(const QStringList &arguments);
+
+/// What the program takes, for its man page and its completion.
+Help::Program describeProgram();
 
 } // namespace Tavoro::Sim

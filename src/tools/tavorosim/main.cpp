@@ -3,6 +3,7 @@
 #include "commandline.h"
 #include "inputlines.h"
 
+#include <programhelp/hiddenoptions.h>
 #include <tavorosim/server/simserver.h>
 #include <tavorowire/hostandport.h>
 
@@ -61,6 +62,9 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(TAVORO_VERSION));
     qInstallMessageHandler(logToStandardError);
 
+    if (const auto status =
+            Help::runHiddenOption(describeProgram(), nullptr, QCoreApplication::arguments()))
+        return *status;
     const CommandLine line = parseCommandLine(QCoreApplication::arguments());
     if (!line.text.isEmpty()) {
         printLine(line.isValid ? stdout : stderr, line.text);

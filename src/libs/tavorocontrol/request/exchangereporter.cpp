@@ -6,6 +6,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/bodylog.h>
 #include <tavorocontrol/logging_p.h>
 #include <tavorossproxy/commandcodes.h>
 
@@ -107,6 +108,22 @@ QDebug operator<<(QDebug line, PacketCount count)
         << QStringLiteral(",send count/total count:%1/%2").arg(count.packet).arg(count.total);
 }
 
+bool isBodyLogged(const BizModel::Device *device)
+{
+    return !device || areBodiesLogged(*device);
+}
+
+/// The body of a request for a log line; empty if bodies of the device are not logged.
+struct LoggedBody {
+    const BizModel::Device *device;
+    const std::string &text;
+};
+
+QDebug operator<<(QDebug line, LoggedBody body)
+{
+    return isBodyLogged(body.device) ? line << QString::fromStdString(body.text) : line;
+}
+
 std::array<quint8, 4> argumentsOf(const SSProxy::PacketHead &head)
 {
     return {head.arg2[0], head.arg2[1], head.arg2[2], head.arg2[3]};
@@ -166,7 +183,7 @@ void ExchangeReporter::logRequest() const
     const VerbRow &row = rowOf(m_verb);
     if (m_request.head().type == static_cast<quint8>(CommandType::Write)) {
         qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << labelled(row.request)
-                           << lables() << QString::fromStdString(m_request.body());
+                           << lables() << LoggedBody{m_device, m_request.body()};
     } else if (m_verb == Verb::Get) {
         qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes()
                            << labelled(row.rawRequest) << int(m_arg2[3]) << int(m_arg2[2])
@@ -233,7 +250,7 @@ bool ExchangeReporter::succeedRead(quint8 responseType, const std::string &conte
         return true;
     const QString text = successSentence();
     if (controlLog().isInfoEnabled()) {
-        if (responseType == static_cast<quint8>(CommandType::Read)) {
+        if (responseType == static_cast<quint8>(CommandType::Read) && isBodyLogged(m_device)) {
             const QString tag = onePacket ? lables() + QStringLiteral(", content:") : lables();
             qCInfo(controlLog) << tavoroCmd << DeviceName{m_device} << codes() << text << tag
                                << QString::fromStdString(content);

@@ -24,8 +24,6 @@ constexpr TypeRow typeRows[] = {
     {"device-preset", Type::DevicePreset},
 };
 
-constexpr int mostNumber = 254; ///< The highest type and the highest ID: 255 stands for all.
-
 } // namespace
 
 QStringList fileTypeNames()
@@ -44,7 +42,7 @@ std::optional<int> parseFileType(const QString &text)
     if (named != std::end(typeRows))
         return named->type;
     int type = 0;
-    return readNumber(text, mostNumber, type) ? std::optional(type) : std::nullopt;
+    return readNumber(text, highestFileNumber, type) ? std::optional(type) : std::nullopt;
 }
 
 QString fileTypeName(int type)
@@ -60,10 +58,12 @@ bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QSt
     if (!known)
         fault = QStringLiteral("\"%1\" is not a file type; use 0 to %2 or one of: %3")
                     .arg(type)
-                    .arg(mostNumber)
+                    .arg(highestFileNumber)
                     .arg(fileTypeNames().join(QStringLiteral(", ")));
-    else if (!readNumber(id, mostNumber, place.id))
-        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)").arg(id).arg(mostNumber);
+    else if (!readNumber(id, highestFileNumber, place.id))
+        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)")
+                    .arg(id)
+                    .arg(highestFileNumber);
     place.type = known.value_or(0);
     return fault.isEmpty();
 }

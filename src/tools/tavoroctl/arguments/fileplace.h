@@ -7,6 +7,9 @@
 
 namespace Tavoro::Ctl {
 
+/// The highest type and the highest ID of a file: 255 stands for all.
+constexpr int highestFileNumber = 254;
+
 /// Type and ID of a file on a device. Each is one byte in the head of a command, and 255 stands for
 /// all.
 struct FilePlace {

@@ -1,9 +1,12 @@
 // Calls operations of the library by their names: call, batch.
 
 #include "commandlist.h"
+#include "mergedrecord.h"
+#include "requestoutput.h"
 #include "unknownoperation.h"
 
 #include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/session/dryrun.h>
 #include <tavoroctl/session/exchangestatus.h>
 #include <tavorooperations/jsontext.h>
 #include <tavorooperations/operation.h>
@@ -15,19 +18,39 @@ namespace Tavoro::Ctl {
 
 namespace {
 
+/// How missing keys of a record are handled.
+enum class Missing {
+    Refused,
+    SentAsDefaults,
+    Merged
+};
+
 /// One call, and where it comes from: the command line, or a line of a batch.
 struct Call {
     QString host;
     QStringList words; ///< The operation and its arguments.
-    Operations::MissingKeys missing = Operations::MissingKeys::Refused;
+    Missing missing = Missing::Refused;
+    bool isDryRun = false;
     int line = 0; ///< Of the batch; 0 for the command call.
 };
 
-Operations::MissingKeys missingKeys(const Arguments &arguments)
+/// Reads the options of calls. False if they exclude each other.
+bool readOptions(const Arguments &arguments, Call &call)
 {
-    return arguments.options.contains(QStringLiteral("defaults"))
-        ? Operations::MissingKeys::SentAsDefaults
-        : Operations::MissingKeys::Refused;
+    const bool defaults = arguments.options.contains(QStringLiteral("defaults"));
+    const bool merge = arguments.options.contains(QStringLiteral("merge"));
+    call.isDryRun = arguments.options.contains(QStringLiteral("dry-run"));
+    call.missing = defaults ? Missing::SentAsDefaults : merge ? Missing::Merged : Missing::Refused;
+    return int(defaults) + int(merge) + int(call.isDryRun && merge) < 2;
+}
+
+const QString exclusiveOptions =
+    QStringLiteral("--merge goes neither with --defaults nor with --dry-run");
+
+Operations::MissingKeys missingKeys(const Call &call)
+{
+    return call.missing == Missing::SentAsDefaults ? Operations::MissingKeys::SentAsDefaults
+                                                   : Operations::MissingKeys::Refused;
 }
 
 QString adviceFor(const Operations::PreparedCall &call)
@@ -41,6 +64,17 @@ ExitStatus report(Tool &tool, const Call &call, ExitStatus exit, const QString &
 {
     tool.console.error({exit, text, status, call.words.value(0), call.line});
     return exit;
+}
+
+/// A read fails, since the answer is empty: nothing of its result is shown.
+ExitStatus showRequests(Tool &tool, const Call &call, const Operations::PreparedCall &prepared)
+{
+    tool.console.showStatusBar(StatusBar::Nothing);
+    const DryRun dryRun([&](const SSProxy::DeviceRequestCommand &request) {
+        showRequest(tool.console, {call.host, call.words.at(0), call.line}, request);
+    });
+    prepared.run(dryRun.device());
+    return Done;
 }
 
 /// Prints what a call returned. The answer of the command call is the whole output: a record.
@@ -60,17 +94,46 @@ ExitStatus showResult(Tool &tool, const Call &call, const Operations::CallResult
     return finish(tool, object);
 }
 
-ExitStatus run(Tool &tool, const Call &call, const Operations::PreparedCall &prepared)
+ExitStatus run(Tool &tool, const Call &call, const Operations::PreparedCall &prepared,
+               const std::shared_ptr<BizModel::Device> &device)
 {
-    QString error;
-    const auto device = tool.session.device(*parseHost(call.host), error);
-    if (!device)
-        return report(tool, call, Unreachable, error);
     const SSProxy::ExchangeWatch watch;
     const Operations::CallResult result = prepared.run(device);
     return result.ok
         ? showResult(tool, call, result)
         : report(tool, call, exitStatusOf(watch.last()), result.error, statusOf(watch.last()));
+}
+
+std::shared_ptr<BizModel::Device> connect(Tool &tool, const Call &call)
+{
+    QString error;
+    auto device = tool.session.device(*parseHost(call.host), error);
+    if (!device)
+        report(tool, call, Unreachable, error);
+    return device;
+}
+
+/// Completes the record with the values of the device, and makes the call.
+ExitStatus mergeAndRun(Tool &tool, const Call &call, const Operations::Operation &operation)
+{
+    const bool isWrite = operation.direction() == Operations::Direction::Write;
+    if (!isWrite || call.words.size() != 2)
+        return report(tool, call, UsageError,
+                      QStringLiteral("--merge needs a write and its record"));
+    const auto device = connect(tool, call);
+    if (!device)
+        return Unreachable;
+    const SSProxy::ExchangeWatch watch;
+    tool.console.showStatusBar(StatusBar::Nothing);
+    const MergedRecord record = mergeRecord(device, operation, call.words.at(1));
+    tool.console.showStatusBar(StatusBar::Successes);
+    if (!record.fault.isEmpty())
+        return report(tool, call, UsageError, record.fault);
+    if (!record.error.isEmpty())
+        return report(tool, call, exitStatusOf(watch.last()), record.error, statusOf(watch.last()));
+    const Operations::PreparedCall prepared = operation.prepare({record.argument});
+    return prepared.fault.isEmpty() ? run(tool, call, prepared, device)
+                                    : report(tool, call, UsageError, prepared.fault);
 }
 
 ExitStatus makeCall(Tool &tool, const Call &call)
@@ -82,10 +145,16 @@ ExitStatus makeCall(Tool &tool, const Call &call)
     const auto operation = Operations::find(call.words.at(0));
     if (!operation)
         return report(tool, call, UsageError, faultOfOperation(call.words.at(0)));
-    const Operations::PreparedCall prepared = operation->prepare(call.words.mid(1), call.missing);
+    if (call.missing == Missing::Merged)
+        return mergeAndRun(tool, call, *operation);
+    const Operations::PreparedCall prepared =
+        operation->prepare(call.words.mid(1), missingKeys(call));
     if (!prepared.fault.isEmpty())
         return report(tool, call, UsageError, prepared.fault + adviceFor(prepared));
-    return run(tool, call, prepared);
+    if (call.isDryRun)
+        return showRequests(tool, call, prepared);
+    const auto device = connect(tool, call);
+    return device ? run(tool, call, prepared, device) : Unreachable;
 }
 
 /// Makes the call of one line. The line begins with the host if that of \a call is empty.
@@ -107,19 +176,23 @@ ExitStatus makeCallOfLine(Tool &tool, Call call, const QString &line)
 ExitStatus runCall(Tool &tool, const Arguments &arguments)
 {
     tool.console.showStatusBar(StatusBar::Successes);
-    return makeCall(tool,
-                    {arguments.words.at(0), arguments.words.mid(1), missingKeys(arguments), 0});
+    Call call{arguments.words.at(0), arguments.words.mid(1)};
+    return readOptions(arguments, call) ? makeCall(tool, call) : refuse(tool, exclusiveOptions);
 }
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments)
 {
     tool.console.showStatusBar(StatusBar::Successes);
-    Call call{arguments.words.value(0), {}, missingKeys(arguments), 0};
+    Call call{arguments.words.value(0), {}};
+    if (!readOptions(arguments, call))
+        return refuse(tool, exclusiveOptions);
+    const bool stops = arguments.options.contains(QStringLiteral("stop-on-error"));
     if (!arguments.words.isEmpty() && !parseHost(call.host))
         return refuseHost(tool, call.host);
     ExitStatus worst = Done;
     std::string line;
-    while (!tool.console.hasOutputFailed() && std::getline(std::cin, line)) {
+    while (!tool.console.hasOutputFailed() && !(stops && worst != Done)
+           && std::getline(std::cin, line)) {
         ++call.line;
         worst = std::max(worst, makeCallOfLine(tool, call, QString::fromStdString(line)));
     }

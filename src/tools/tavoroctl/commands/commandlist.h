@@ -6,8 +6,11 @@
 /// allows.
 namespace Tavoro::Ctl {
 
+ExitStatus runApply(Tool &tool, const Arguments &arguments);
 ExitStatus runBatch(Tool &tool, const Arguments &arguments);
 ExitStatus runCall(Tool &tool, const Arguments &arguments);
+ExitStatus runControl(Tool &tool, const Arguments &arguments);
+ExitStatus runDiff(Tool &tool, const Arguments &arguments);
 ExitStatus runDiscover(Tool &tool, const Arguments &arguments);
 ExitStatus runFiles(Tool &tool, const Arguments &arguments);
 ExitStatus runHelp(Tool &tool, const Arguments &arguments);

@@ -20,13 +20,25 @@ constexpr OptionRow commonRows[] = {
     {"verbose",         "",             "Show the log on standard error."},
     {"version",         "",             "Show the version of the program."},
 };
+constexpr OptionRow setupOptions[] = {
+//   name            value           effect
+    {"dry-run",      "",             "Print the writes as lines of a batch, and make none of them."},
+};
+constexpr OptionRow batchOptions[] = {
+    {"defaults",     "",             "Send missing keys of a record at their defaults."},
+    {"dry-run",      "",             "Print the requests, and send nothing."},
+    {"merge",        "",             "Send missing keys of a record as the device has them."},
+    {"stop-on-error", "",            "End after the first call that fails."},
+};
 constexpr OptionRow callOptions[] = {
-//   name          value           effect
     {"defaults",   "",             "Send missing keys of a record at their defaults."},
+    {"dry-run",    "",             "Print the request, and send nothing."},
+    {"merge",      "",             "Send missing keys of a record as the device has them."},
 };
 constexpr OptionRow pushOptions[] = {
     {"type",       "TYPE",         "Type of the file on the device (background)."},
-    {"id",         "ID",           "ID of the file on the device (0)."},
+    {"force",      "",             "Replace a file that the device has."},
+    {"id",         "ID",           "ID of the file on the device (a free one, which is printed)."},
     {"name",       "NAME",         "Name of the file on the device (that of FILE)."},
     {"size",       "WIDTHxHEIGHT", "Size of an image in pixels."},
 };
@@ -57,10 +69,16 @@ constexpr OptionRow replayOptions[] = {
 constexpr CommandRow commandRows[] = {
 //   name, words after it
 //   effect                                                                                    function         options
+    {"apply", "HOST[:PORT] FILE",
+     "Writes to the device what differs in FILE, a setup that sync wrote; - is stdin.",        runApply,        setupOptions},
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        callOptions},
+     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        batchOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
      "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",  runCall,         callOptions},
+    {"control", "HOST[:PORT] who|take|release|force",
+     "Shows which client holds control, holds it until Ctrl-C, or ends the control of another.", runControl},
+    {"diff", "HOST[:PORT] FILE",
+     "Shows what apply would change on the device; ends with 1 if it would change something.", runDiff},
     {"discover", "[ADDRESS[:PORT] ...]",
      "Lists the devices on the local network, or those that answer at ADDRESS.",               runDiscover},
     {"files", "HOST[:PORT] [TYPE]",

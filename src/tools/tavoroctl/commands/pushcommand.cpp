@@ -3,12 +3,16 @@
 #include "commandlist.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavorocontrol/file.h>
 #include <tavoroctl/arguments/fileplace.h>
 #include <tavoroctl/session/background.h>
 #include <tavoroctl/session/interruption.h>
 #include <tavoroctl/transfers/upload.h>
 
 #include <QRegularExpression>
+
+#include <map>
+#include <vector>
 
 namespace Tavoro::Ctl {
 
@@ -68,6 +72,35 @@ QString faultOfLength(const Tool &tool, const BizModel::Device &device,
         .arg(packetSize);
 }
 
+/// Finds a free ID, or checks that the given one is free. False with the reason in \a error.
+bool choosePlace(const std::shared_ptr<BizModel::Device> &device,
+                 const QMap<QString, QString> &options, s_FileInfo &info, QString &error)
+{
+    constexpr int all = -1;
+    std::vector<ProtoModel::File::s_FileDetail> files;
+    if (!Control::File(device).readDetails(info.fileType, all, files, error))
+        return false;
+    std::map<int, QString> names;
+    for (const ProtoModel::File::s_FileDetail &file : files)
+        names[file.fileId] = QString::fromStdString(file.general.name);
+    const QString place = fileTypeName(info.fileType);
+    if (options.contains(QStringLiteral("id"))) {
+        const auto present = names.find(info.fileId);
+        if (present == names.end() || options.contains(QStringLiteral("force")))
+            return true;
+        error = QStringLiteral("The device has the file %1 %2 (\"%3\"). Replace it with --force, "
+                               "or leave --id out.")
+                    .arg(place)
+                    .arg(info.fileId)
+                    .arg(present->second);
+        return false;
+    }
+    for (info.fileId = 0; names.count(info.fileId) != 0; ++info.fileId) { }
+    if (info.fileId > highestFileNumber)
+        error = QStringLiteral("The device has no free ID for a file of the type %1.").arg(place);
+    return info.fileId <= highestFileNumber;
+}
+
 } // namespace
 
 ExitStatus runPush(Tool &tool, const Arguments &arguments)
@@ -92,6 +125,8 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     error = faultOfLength(tool, *device, content);
     if (!error.isEmpty())
         return fail(tool, error, Failed);
+    if (!choosePlace(device, arguments.options, info, error))
+        return fail(tool, error);
     tool.console.streamProgress();
     // The status bar would show a lost answer to the last packet as a failure, but the upload may
     // have succeeded.
@@ -103,6 +138,8 @@ ExitStatus runPush(Tool &tool, const Arguments &arguments)
     if (!isDone)
         return upload.isCancelled() ? fail(tool, upload.error(), Interrupted)
                                     : fail(tool, upload.error(), upload.lastExchange());
+    if (!tool.console.isJson() && !arguments.options.contains(QStringLiteral("id")))
+        tool.console.answer(QString::number(info.fileId));
     return finish(tool,
                   {{QStringLiteral("fileType"), info.fileType},
                    {QStringLiteral("fileId"), info.fileId},

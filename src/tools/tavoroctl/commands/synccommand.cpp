@@ -4,6 +4,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavoroctl/model/modelreader.h>
+#include <tavoroctl/output/jsonline.h>
 #include <tavoroctl/output/modeltree.h>
 
 namespace Tavoro::Ctl {
@@ -16,7 +17,7 @@ ExitStatus runSync(Tool &tool, const Arguments &arguments)
         return status;
     const bool isWhole = readModel(tool.console, device);
     if (const auto model = listedDevice(*device))
-        show(tool, modelJson(*model), modelTree(*model));
+        show(tool, indented(modelJson(*model)), modelTree(*model));
     return isWhole ? Done
                    : fail(tool, QStringLiteral("The device could not be read completely."), Failed);
 }

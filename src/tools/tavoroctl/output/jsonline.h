@@ -16,4 +16,8 @@ std::string formatHead();
 /// \a object with its version, in one line.
 std::string jsonLine(QJsonObject object);
 
+/// A valid JSON text with one value per line, and its keys in the same order: version control shows
+/// what changed in it.
+std::string indented(const std::string &json);
+
 } // namespace Tavoro::Ctl

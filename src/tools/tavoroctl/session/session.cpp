@@ -1,5 +1,7 @@
 #include "session.h"
 
+#include "modeldevice.h"
+
 #include <tavorobizmodel/device.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
@@ -11,18 +13,6 @@
 namespace Tavoro::Ctl {
 
 namespace {
-
-/// A model device by which the request path finds the channel.
-std::shared_ptr<BizModel::Device> makeModel(const ProtoModel::DeviceBaseInfo &info)
-{
-    constexpr unsigned short withoutNumber = 65535;
-    auto device = std::make_shared<BizModel::Device>(withoutNumber, nullptr);
-    device->setModelId(info.modelId);
-    device->setIPAddress(QString::fromStdString(info.ip));
-    device->setName(QString::fromStdString(info.name));
-    device->updateDeviceBaseInfo(info);
-    return device;
-}
 
 QString textOf(const Host &host)
 {
@@ -77,7 +67,7 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
         return nullptr;
     }
     SSProxy::DeviceManager::instance()->addDeviceChannel(channel);
-    const Connection connection{channel, makeModel(channel->deviceBaseInfo())};
+    const Connection connection{channel, makeModelDevice(channel->deviceBaseInfo())};
     m_connections[{host.name, host.port}] = connection;
     return connection.device;
 }

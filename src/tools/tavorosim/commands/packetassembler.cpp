@@ -54,15 +54,17 @@ std::size_t bytesIn(const Streams &streams)
 {
     return std::accumulate(streams.begin(), streams.end(), std::size_t{0},
                            [](std::size_t sum, const auto &stream) {
-                               const int ahead = stream.ahead ? stream.ahead->frame.size() : 0;
+                               const auto ahead = stream.ahead ? stream.ahead->frame.size() : 0;
                                return sum + stream.body.size() + static_cast<std::size_t>(ahead);
                            });
 }
 
-void readPiece(QIODevice &content, std::size_t offset, char *bytes, std::size_t size)
+/// Fills the bytes that cannot be read with zeros.
+void readContent(QIODevice &content, std::size_t offset, char *bytes, std::size_t size)
 {
     content.seek(static_cast<qint64>(offset));
-    content.read(bytes, static_cast<qint64>(size));
+    const qint64 count = std::max(content.read(bytes, static_cast<qint64>(size)), qint64{0});
+    std::fill(bytes + count, bytes + size, '\0');
 }
 
 } // namespace
@@ -219,14 +221,26 @@ PacketAssembler::Packet PacketAssembler::piece(const WireHead &request, Stream &
     Packet packet{SSProxy::Wire::responseHead(request), {}};
     packet.head.totalCount = stream.totalCount;
     packet.head.sendCount = index;
-    if (stream.ahead) {
-        packet.frame = std::move(stream.ahead->frame);
-        packet.checksum = stream.ahead->checksum;
-        stream.ahead.reset();
-    } else {
-        packet.body = cut(stream, std::size_t{index} * m_packetSize);
+    if (!stream.content) {
+        packet.body = stream.body.substr(std::size_t{index} * m_packetSize, m_packetSize);
+        return packet;
     }
+    Piece piece = stream.ahead ? std::move(*stream.ahead) : readPiece(stream, index, {});
+    stream.ahead.reset();
+    packet.frame = std::move(piece.frame);
+    packet.checksum = piece.checksum;
     return packet;
+}
+
+PacketAssembler::Piece PacketAssembler::readPiece(const Stream &stream, quint32 index,
+                                                  QByteArray storage) const
+{
+    const std::size_t offset = std::size_t{index} * m_packetSize;
+    const std::size_t size = std::min<std::size_t>(m_packetSize, lengthOf(stream) - offset);
+    storage.resize(static_cast<int>(sizeof(WireHead) + size));
+    char *const bytes = storage.data() + sizeof(WireHead);
+    readContent(*stream.content, offset, bytes, size);
+    return {std::move(storage), SSProxy::Wire::crc32({bytes, size})};
 }
 
 void PacketAssembler::readAhead(QByteArray &storage)
@@ -238,32 +252,14 @@ void PacketAssembler::readAhead(QByteArray &storage)
     if (stream == m_answers.end() || !stream->content || stream->ahead
         || bytesIn(m_answers) + m_packetSize > maxKeptBytes)
         return;
-    const std::size_t offset = std::size_t{stream->next} * m_packetSize;
-    const std::size_t size = lengthOfPiece(*stream, offset);
-    QByteArray frame = storage.isDetached() ? std::exchange(storage, {}) : QByteArray();
-    frame.resize(static_cast<int>(sizeof(WireHead) + size));
-    char *const bytes = frame.data() + sizeof(WireHead);
-    readPiece(*stream->content, offset, bytes, size);
-    stream->ahead = Piece{std::move(frame), SSProxy::Wire::crc32({bytes, size})};
+    const bool isUnused = storage.isDetached(); // nothing that waits to be sent shares it
+    stream->ahead =
+        readPiece(*stream, stream->next, isUnused ? std::exchange(storage, {}) : QByteArray());
 }
 
 std::size_t PacketAssembler::lengthOf(const Stream &stream) const
 {
     return stream.content ? static_cast<std::size_t>(stream.content->size()) : stream.body.size();
-}
-
-std::size_t PacketAssembler::lengthOfPiece(const Stream &stream, std::size_t offset) const
-{
-    return std::min<std::size_t>(m_packetSize, lengthOf(stream) - offset);
-}
-
-std::string PacketAssembler::cut(const Stream &stream, std::size_t offset) const
-{
-    if (!stream.content)
-        return stream.body.substr(offset, m_packetSize);
-    std::string bytes(lengthOfPiece(stream, offset), '\0');
-    readPiece(*stream.content, offset, bytes.data(), bytes.size());
-    return bytes;
 }
 
 } // namespace Tavoro::Sim

@@ -31,14 +31,13 @@ public:
     struct Packet {
         SSProxy::Wire::WireHead head;
         std::string body;
-        /// A piece of a content that was read ahead, instead of the body. The room for the head
-        /// precedes it.
+        /// A piece of a content, instead of the body. The room for the head precedes it.
         QByteArray frame = {};
         quint32 checksum = 0; ///< Of the piece in \c frame.
 
         /// The body, which a zero byte follows.
         std::string_view bytes() const;
-        /// Moves a piece that was read ahead to the body.
+        /// Moves a piece of a content to the body.
         void unpack();
     };
 
@@ -58,7 +57,7 @@ public:
     void readAhead(QByteArray &storage);
 
 private:
-    /// A piece of an answer that was read before it is requested.
+    /// A piece of a content.
     struct Piece {
         QByteArray frame; ///< With room for the head.
         quint32 checksum = 0; ///< Of the body.
@@ -70,7 +69,7 @@ private:
         quint32 totalCount = 1;
         std::string body;
         std::shared_ptr<QIODevice> content; ///< If not null, used instead of the body.
-        std::optional<Piece> ahead = {}; ///< The next piece.
+        std::optional<Piece> ahead = {}; ///< The next piece, read before it is requested.
     };
     using Streams = std::deque<Stream>;
 
@@ -85,8 +84,8 @@ private:
     Packet answerNextPacket(const SSProxy::Wire::WireHead &head);
     Packet piece(const SSProxy::Wire::WireHead &request, Stream &stream, quint32 index) const;
     std::size_t lengthOf(const Stream &stream) const;
-    std::size_t lengthOfPiece(const Stream &stream, std::size_t offset) const;
-    std::string cut(const Stream &stream, std::size_t offset) const;
+    /// Reads a packet of a content into \a storage.
+    Piece readPiece(const Stream &stream, quint32 index, QByteArray storage) const;
 
     const quint32 m_packetSize;
     const CarryOut m_carryOut;

@@ -18,7 +18,11 @@ void tst_FirstProgram::readmeShowsTheWholeSource()
 {
     const QByteArray source = contentOf(QStringLiteral(FIRST_PROGRAM_SOURCE));
     QVERIFY(!source.isEmpty());
-    QVERIFY(contentOf(QStringLiteral(README)).contains("```cpp\n" + source + "```\n"));
+    const QByteArray readme = contentOf(QStringLiteral(README));
+    QVERIFY(readme.contains("```cpp\n" + source + "```\n"));
+    const QByteArray project = contentOf(QStringLiteral(FIRST_PROGRAM_PROJECT));
+    QVERIFY(!project.isEmpty());
+    QVERIFY(readme.contains("```cmake\n" + project + "```\n"));
 }
 
 void tst_FirstProgram::readsTheDeviceTakesAndPrintsReports()

@@ -1,7 +1,6 @@
 #include <tavorocontrol/proto/contentmemory.h>
 
 #include <QByteArray>
-#include <QFile>
 #include <QTest>
 
 #include <string>
@@ -12,28 +11,6 @@ namespace {
 
 constexpr std::size_t MiB = 1u << 20;
 
-/// The flags of the mapping that contains \a address, as the system reports them; empty if it does
-/// not.
-QByteArray mappingFlags(const void *address)
-{
-    const auto wanted = reinterpret_cast<quintptr>(address);
-    QFile file(QStringLiteral("/proc/self/smaps"));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    bool isInside = false;
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        const int dash = line.indexOf('-');
-        bool isStart = false;
-        const quintptr start = line.left(dash).toULongLong(&isStart, 16);
-        if (isStart && dash > 0)
-            isInside = start <= wanted
-                && wanted < line.mid(dash + 1).split(' ').first().toULongLong(nullptr, 16);
-        else if (isInside && line.startsWith("VmFlags:"))
-            return line + ' ';
-    }
-    return {};
-}
-
 } // namespace
 
 class tst_ContentMemory : public QObject {
@@ -43,7 +20,6 @@ private Q_SLOTS:
     void announcedLengthIsTrustedWithinLimits_data();
     void announcedLengthIsTrustedWithinLimits();
     void contentStaysTheSame();
-    void memoryOfALongContentIsInLargePages();
 };
 
 void tst_ContentMemory::announcedLengthIsTrustedWithinLimits_data()
@@ -84,19 +60,6 @@ void tst_ContentMemory::contentStaysTheSame()
     reserveForContent(bytes, 1, 8 * MiB);
     QCOMPARE(bytes, QByteArray("bytes"));
     QVERIFY(std::size_t(bytes.capacity()) >= 8 * MiB);
-}
-
-void tst_ContentMemory::memoryOfALongContentIsInLargePages()
-{
-#ifndef Q_OS_LINUX
-    QSKIP("no large pages on request");
-#endif
-    if (!QFile::exists(QStringLiteral("/sys/kernel/mm/transparent_hugepage/enabled")))
-        QSKIP("this system has no large pages");
-    std::string content;
-    reserveForContent(content, 1, 16 * MiB);
-    const QByteArray flags = mappingFlags(content.data() + 8 * MiB);
-    QVERIFY2(flags.contains(" hg "), flags);
 }
 
 QTEST_GUILESS_MAIN(tst_ContentMemory)

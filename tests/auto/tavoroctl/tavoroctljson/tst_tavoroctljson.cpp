@@ -21,6 +21,7 @@ private Q_SLOTS:
     void outputOfEveryCommandIsValid_data();
     void outputOfEveryCommandIsValid();
     void everyCommandIsInTheTable();
+    void differencesOfADiffAreValid();
     void changesOfAWatchAreValid();
     void errorsAreObjects_data();
     void errorsAreObjects();
@@ -98,9 +99,13 @@ void tst_TavoroCtlJson::outputOfEveryCommandIsValid_data()
     QTest::addColumn<QByteArrayList>("definitions"); // Of each line; the last one may repeat.
     QTest::addColumn<QByteArray>("line");
     // clang-format off
+    QTest::newRow("apply")            << QByteArrayList{"write", "done"}   << QByteArray("apply HOST FOLDER/setup");
     QTest::newRow("batch")            << QByteArrayList{"done"}            << QByteArray("batch HOST");
     QTest::newRow("call")             << QByteArrayList{"files"}           << QByteArray("call HOST File.readDetails -1 -1");
     QTest::newRow("call of a write")  << QByteArrayList{"done"}            << QByteArray(R"(call HOST Device.writeSwap {"swap":1})");
+    QTest::newRow("call of a dry run") << QByteArrayList{"request"}        << QByteArray(R"(call --dry-run HOST Device.writeSwap {"swap":1})");
+    QTest::newRow("control")          << QByteArrayList{"holder"}          << QByteArray("control HOST who");
+    QTest::newRow("control release")  << QByteArrayList{"done"}            << QByteArray("control HOST release");
     QTest::newRow("discover")         << QByteArrayList{"devices"}         << QByteArray("discover TARGET");
     QTest::newRow("files")            << QByteArrayList{"files"}           << QByteArray("files HOST");
     QTest::newRow("help")             << QByteArrayList{"program"}         << QByteArray("help");
@@ -135,9 +140,13 @@ void tst_TavoroCtlJson::outputOfEveryCommandIsValid()
     QCOMPARE(m_bench->run("push", {nine, "--id", "9"}).exitCode, 0);
     if (line.contains(" apply"))
         QCOMPARE(m_bench->run(line.split(' ').first() + " save", {"1"}).exitCode, 0);
+    const QByteArray setup = R"({"formatVersion":1,"device":{"general":{"name":"East"}}})";
+    m_bench->makeFile("setup", setup);
     const Run output = runLine(line, "Device.readDetails\n\nDevice.writeSwap {\"swap\":0}\n");
     QCOMPARE(output.exitCode, 0);
-    const QByteArrayList documents = lines(output.output);
+    // The document of sync has several lines.
+    const QByteArrayList documents =
+        line.startsWith("sync") ? QByteArrayList{output.output.simplified()} : lines(output.output);
     QMap<QByteArray, QByteArrayList> byDefinition;
     for (const QByteArray &document : documents) {
         const QString event =
@@ -169,6 +178,15 @@ void tst_TavoroCtlJson::everyCommandIsInTheTable()
         QVERIFY2(table.contains("QTest::newRow(\"" + name + "\")") || table.contains(other),
                  name.constData());
     }
+}
+
+void tst_TavoroCtlJson::differencesOfADiffAreValid()
+{
+    m_bench->makeFile("setup", R"({"formatVersion":1,"device":{"swap":0},"screens":[]})");
+    const Run diff = run(m_bench->line("diff", {m_bench->path("setup"), "--json"}));
+    QCOMPARE(diff.exitCode, 1);
+    QCOMPARE(lines(diff.output).size(), 5);
+    QCOMPARE(faults("change", lines(diff.output)), QByteArray());
 }
 
 void tst_TavoroCtlJson::changesOfAWatchAreValid()

@@ -28,6 +28,10 @@ private Q_SLOTS:
     void controlIsForced();
     void lossOfControlIsReported();
     void controlIsReleasedAfterTheIdleTime();
+    void holderIsAPropertyWithASignal();
+    void holderIsKnownAfterConnecting();
+    void refusalThatTheDeviceConfirmsLaterNamesTheHolder();
+    void lostConnectionHasNoHolder();
 
 private:
     void start(const SessionBench::Options &options)
@@ -132,6 +136,49 @@ void tst_DeviceControl::controlIsReleasedAfterTheIdleTime()
     QVERIFY(resultOf(callSwap()));
     QVERIFY(!holder().isEmpty());
     QTRY_COMPARE(holder(), QString());
+}
+
+void tst_DeviceControl::holderIsAPropertyWithASignal()
+{
+    QSignalSpy changed(&wall(), &DeviceSession::controlHolderChanged);
+    QCOMPARE(wall().controlHolder(), QString());
+    QVERIFY(otherRequests(ControlAction::Take));
+    QTRY_COMPARE(changed.size(), 1);
+    QCOMPARE(wall().controlHolder(), holder());
+    QVERIFY(wall().controlHolder().startsWith(QLatin1String("127.0.0.1:")));
+    QVERIFY(otherRequests(ControlAction::GiveUp));
+    QTRY_COMPARE(changed.size(), 2);
+    QCOMPARE(wall().controlHolder(), QString());
+    QVERIFY(resultOf(wall().takeControl())); // its own control has no other holder
+    QCOMPARE(wall().controlHolder(), QString());
+    QCOMPARE(changed.size(), 2);
+}
+
+void tst_DeviceControl::holderIsKnownAfterConnecting()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    wall().close();
+    wall().open();
+    QTRY_COMPARE(wall().controlHolder(), holder());
+    QVERIFY(wall().isControlledByOthers());
+}
+
+void tst_DeviceControl::refusalThatTheDeviceConfirmsLaterNamesTheHolder()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    QVERIFY(m_bench->addFault("silent,code=0x1107,count=1"));
+    const Outcome write = resultOf(callSwap());
+    QCOMPARE(int(write.kind()), int(Outcome::Refused));
+    QCOMPARE(write.reason(), QStringLiteral("the device is controlled by ") + holder());
+}
+
+void tst_DeviceControl::lostConnectionHasNoHolder()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    QTRY_VERIFY(!wall().controlHolder().isEmpty());
+    wall().close();
+    QCOMPARE(wall().controlHolder(), QString());
+    QVERIFY(!wall().isControlledByOthers());
 }
 
 QTEST_GUILESS_MAIN(tst_DeviceControl)

@@ -1,6 +1,7 @@
 // The states of a device session: each change once, with its reason.
 
 #include <support/tavorosession/sessionbench.h>
+#include <support/tavorosession/statelog.h>
 
 #include <tavorocontrol/device.h>
 
@@ -8,35 +9,6 @@
 
 using namespace Tavoro;
 using namespace std::chrono_literals;
-
-namespace {
-
-QByteArray nameOf(DeviceState::Kind kind)
-{
-    constexpr const char *names[] = {"Disconnected", "Connecting", "Reading", "Ready", "Lost"};
-    return names[kind];
-}
-
-/// Records each kind of state that a session reports.
-class StateLog {
-public:
-    explicit StateLog(DeviceSession &session)
-    {
-        QObject::connect(&session, &DeviceSession::stateChanged, &m_context, [this, &session] {
-            kinds << nameOf(session.state().kind);
-            reasons << session.state().reason;
-        });
-    }
-    QByteArray text() const { return kinds.join(' '); }
-
-    QByteArrayList kinds;
-    QStringList reasons;
-
-private:
-    QObject m_context;
-};
-
-} // namespace
 
 class tst_DeviceStates : public QObject {
     Q_OBJECT
@@ -47,8 +19,6 @@ private Q_SLOTS:
 
     void openedDeviceIsReadAndBecomesReady();
     void deviceThatCannotBeReachedStaysConnectingWithAReason();
-    void lostConnectionIsReadAgain_data();
-    void lostConnectionIsReadAgain();
     void lossIsReportedOnceWithItsReasonAndTheNextAttempt();
     void deviceThatIsNotReadyIsReadUntilItIs();
     void failedEssentialReadIsRepeated();
@@ -99,33 +69,6 @@ void tst_DeviceStates::deviceThatCannotBeReachedStaysConnectingWithAReason()
     QVERIFY(m_bench->execute(QStringLiteral("switch 1")));
     QTRY_VERIFY(wall().isReady());
     QCOMPARE(log.text(), QByteArray("Reading Ready"));
-}
-
-void tst_DeviceStates::lostConnectionIsReadAgain_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("reason");
-    // clang-format off
-    QTest::newRow("closed before the answer")  << "drop-before"         << "The remote host closed the connection";
-    QTest::newRow("closed within the answer")  << "drop-within"         << "The remote host closed the connection";
-    QTest::newRow("closed after the request")  << "drop-request"        << "The remote host closed the connection";
-    QTest::newRow("invalid flag")              << "wrong-flag"          << "it sent an invalid frame (359)";
-    QTest::newRow("invalid version")           << "wrong-version"       << "it sent an invalid frame (359)";
-    QTest::newRow("invalid checksum of a head") << "wrong-head-checksum" << "it sent an invalid frame (361)";
-    QTest::newRow("frame that is too long")    << "wrong-length"        << "it sent an invalid frame (363)";
-    // clang-format on
-}
-
-void tst_DeviceStates::lostConnectionIsReadAgain()
-{
-    QFETCH(QString, fault);
-    QFETCH(QString, reason);
-    QVERIFY(m_bench->openReady());
-    StateLog log(wall());
-    QVERIFY(m_bench->addFault(qPrintable(fault + QStringLiteral(",code=0x1107,count=1"))));
-    wall().call(&Control::Device::writeSwap, {1});
-    QTRY_COMPARE(log.text(), QByteArray("Lost Reading Ready"));
-    QCOMPARE(log.reasons, (QStringList{reason, QString(), QString()}));
 }
 
 void tst_DeviceStates::lossIsReportedOnceWithItsReasonAndTheNextAttempt()

@@ -41,6 +41,8 @@ private Q_SLOTS:
     void writeWithALostAnswerFollowsToo();
     void failedReadIsFollowedByAReadingOfTheDevice();
     void onlyWhatDiffersIsSignalled();
+    void reportDuringAReadingIsNotLost();
+    void reportDuringAReadAfterAWriteIsNotLost();
 
 private:
     DeviceSession &wall() { return *m_bench->wall; }
@@ -188,6 +190,40 @@ void tst_ModelFollows::onlyWhatDiffersIsSignalled()
     QTRY_COMPARE(moved.size(), 1);
     QCOMPARE(device.size(), 0);
     QCOMPARE(screen.size(), 0);
+}
+
+/// The interfaces have been read before the report, and are applied after it.
+void tst_ModelFollows::reportDuringAReadingIsNotLost()
+{
+    const auto depth = [input = model()->interfaces().first().lock()] {
+        return input->detail().colorDepths.actualColorDepth;
+    };
+    QVERIFY(m_bench->addFault("late=500,code=0x1300,count=1"));
+    wall().readAgain();
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(m_bench->execute(QStringLiteral("depth 1 1 10")));
+    QTRY_COMPARE(depth(), 10);
+    QVERIFY(!wall().isReady());
+    QTRY_VERIFY(wall().isReady());
+    QTRY_COMPARE(depth(), 10);
+}
+
+/// The device has made its answer before the report, and it arrives after it.
+void tst_ModelFollows::reportDuringAReadAfterAWriteIsNotLost()
+{
+    const auto power = [this] {
+        return model()->deviceDetail().powers.front().status;
+    };
+    QVERIFY(m_bench->addFault("late=500,code=0x1100,count=1"));
+    ProtoModel::Device::s_General general;
+    general.general.name = "stage";
+    QVERIFY(resultOf(wall().call(&Control::Device::writeDeviceGeneral, general)));
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(m_bench->execute(QStringLiteral("power 1 0")));
+    QTRY_COMPARE(power(), 0);
+    QCOMPARE(model()->name(), QStringLiteral("wall 1"));
+    QTRY_COMPARE(model()->name(), QStringLiteral("stage"));
+    QTRY_COMPARE(power(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ModelFollows)

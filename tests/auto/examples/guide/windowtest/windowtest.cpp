@@ -20,6 +20,8 @@
 
 namespace {
 
+constexpr int patience = 60000; ///< Milliseconds.
+
 QString simulator;
 
 /// Shows what the delegate of the guide draws.
@@ -96,10 +98,11 @@ void WindowTest::initTestCase()
             "--port 0 --inputs 2 --outputs 2 --screens 2 --layers-per-screen 2 --name Hall")
             .split(QLatin1Char(' ')));
     const QString port = m_device->readLine().section(QLatin1Char(':'), -1);
+    QVERIFY(m_device->readLine().startsWith(QStringLiteral("discovery port ")));
     m_window = std::make_unique<Window>(m_session);
     m_session.open(QStringLiteral("127.0.0.1"), port.toUShort());
     m_window->show();
-    QTRY_VERIFY(m_session.devices().first()->isReady());
+    QTRY_VERIFY_WITH_TIMEOUT(m_session.devices().first()->isReady(), patience);
 }
 
 void WindowTest::listsShowTheDevice()
@@ -121,9 +124,10 @@ void WindowTest::takeExchangesTheLayers()
     const QStringList preview = rows("Preview");
     const QStringList programme = rows("Programme");
     m_window->findChild<QPushButton *>()->click();
-    QTRY_COMPARE(rows("Programme"), preview);
-    QTRY_COMPARE(rows("Preview"), programme);
-    QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("The take is done."));
+    QTRY_COMPARE_WITH_TIMEOUT(m_window->statusBar()->currentMessage(),
+                              QStringLiteral("The take is done."), patience);
+    QTRY_COMPARE_WITH_TIMEOUT(rows("Programme"), preview, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(rows("Preview"), programme, patience);
 }
 
 void WindowTest::lastPositionOfTheTBarArrives()
@@ -136,16 +140,18 @@ void WindowTest::lastPositionOfTheTBarArrives()
     const auto position = [=] {
         return screens->index(0).data(screens->role("tbar")).toMap()[QStringLiteral("percent")];
     };
-    QTRY_COMPARE(position().toInt(), 60);
+    QTRY_COMPARE_WITH_TIMEOUT(position().toInt(), 60, patience);
 }
 
 void WindowTest::failureIsOneSentence()
 {
     console("fault add status=8,code=0x130E,count=1");
     m_window->findChild<QPushButton *>()->click();
-    QTRY_COMPARE(m_window->statusBar()->currentMessage(),
-                 QStringLiteral("Hall: screen take information was refused: the device is busy, or "
-                                "the object is in use."));
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_window->statusBar()->currentMessage(),
+        QStringLiteral("Hall: screen take information was refused: the device is busy, or "
+                       "the object is in use."),
+        patience);
 }
 
 void WindowTest::layerIsRenamed()
@@ -167,7 +173,7 @@ void WindowTest::layerIsRenamed()
         }
         return QString();
     };
-    QTRY_COMPARE(name(), QStringLiteral("Speaker"));
+    QTRY_COMPARE_WITH_TIMEOUT(name(), QStringLiteral("Speaker"), patience);
 }
 
 void WindowTest::opacityArrives()
@@ -180,7 +186,7 @@ void WindowTest::opacityArrives()
         slider->setValue(percent);
     const auto *const layers = static_cast<Tavoro::Models::LayersModel *>(preview->model());
     const auto layer = layers->layer(layers->index(1));
-    QTRY_COMPARE(int(layer->detail().opacity), 40);
+    QTRY_COMPARE_WITH_TIMEOUT(int(layer->detail().opacity), 40, patience);
     preview->setCurrentIndex(preview->model()->index(0, 0));
     QCOMPARE(slider->value(), 100);
 }
@@ -190,11 +196,13 @@ void WindowTest::lostDeviceIsGrey()
     const QModelIndex device = find<QListView>("Devices")->model()->index(0, 0);
     QVERIFY(ReadableDelegate().option(device).state & QStyle::State_Enabled);
     console("switch 0");
-    QTRY_VERIFY(!(ReadableDelegate().option(device).state & QStyle::State_Enabled));
+    QTRY_VERIFY_WITH_TIMEOUT(!(ReadableDelegate().option(device).state & QStyle::State_Enabled),
+                             patience);
     QVERIFY(find<QListView>("Programme")->model()->rowCount() > 0);
     m_window->findChild<QPushButton *>()->click();
-    QTRY_VERIFY(m_window->statusBar()->currentMessage().startsWith(
-        QStringLiteral("Hall: screen take information was not sent: ")));
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->statusBar()->currentMessage().startsWith(
+                                 QStringLiteral("Hall: screen take information was not sent: ")),
+                             patience);
     if (qEnvironmentVariableIsSet("SCREENSHOT_LOST"))
         m_window->grab().save(qEnvironmentVariable("SCREENSHOT_LOST"));
 }
