@@ -61,9 +61,12 @@ void DetailsForm::addSections()
 {
     for (const Section &section : sectionsOf(m_context.kind)) {
         m_layout->addRow(makeHeading(section.titleText(), this));
-        for (const Field &field : section)
-            m_layout->addRow(field.editor == FieldEditor::Flag ? QString() : field.labelText(),
-                             makeRow(field));
+        for (const Field &field : section) {
+            if (field.editor == FieldEditor::Flag) // its box has the text
+                m_layout->addRow(makeRow(field));
+            else
+                m_layout->addRow(field.labelText(), makeRow(field));
+        }
     }
 }
 

@@ -171,6 +171,7 @@ ReadOnlyValue::ReadOnlyValue(const Field &field, QWidget *parent)
     : ValueEditor(parent), m_label(new QLabel(this)), m_text(field.text)
 {
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_label->setWordWrap(true);
     setControl(m_label);
 }
 
