@@ -47,6 +47,7 @@ protected:
 
 private:
     void showDevice();
+    QString description(const QModelIndex &index) const;
     const std::optional<PresetLayout> &layoutOf(const QModelIndex &index) const;
     void learn(const QModelIndex &file, const std::string &content);
 
