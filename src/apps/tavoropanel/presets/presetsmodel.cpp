@@ -43,10 +43,6 @@ PresetsModel::PresetsModel(Changes &changes, QObject *parent)
     setSourceModel(&m_files);
     sort(0);
     connect(&m_contents, &FileContents::arrived, this, &PresetsModel::learn);
-    connect(&m_files, &Models::ObjectModel::editFailed, this,
-            [this](const QModelIndex &, const QString &, const QString &error) {
-                Q_EMIT renameFailed(error);
-            });
 }
 
 void PresetsModel::setDevice(DeviceSession *device)

@@ -37,10 +37,6 @@ public:
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
-Q_SIGNALS:
-    /// A preset could not be renamed.
-    void renameFailed(const QString &error);
-
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
