@@ -151,10 +151,12 @@ CallResult UpgradeCall::unknown(const QString &reason) const
 
 void UpgradeCall::finish(CallResult result)
 {
-    if (hasEnded())
+    if (std::exchange(m_hasEnded, true)) // first: a slot may run an event loop
         return;
-    if (m_timer)
+    if (m_timer) {
+        m_timer->stop();
         m_timer.release()->deleteLater(); // it may be the sender
+    }
     constexpr auto command = SSProxy::Command::AuxiliaryUpgradeDetail;
     const Outcome outcome =
         m_session.report(result,

@@ -37,7 +37,7 @@ public:
     void start(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
     /// The session was closed: the outcome is Unknown, or NotSent if the upgrade was not started.
     void end(const QString &reason);
-    bool hasEnded() const { return m_promise.isFinished(); }
+    bool hasEnded() const { return m_hasEnded; }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -57,6 +57,7 @@ private:
     Clock::time_point m_lastAnswer;
     Progress m_progress;
     bool m_isRead = false; ///< The progress is being read.
+    bool m_hasEnded = false;
 };
 
 } // namespace Tavoro::SessionInternal

@@ -5,6 +5,7 @@
 
 #include <tavorocontrol/device.h>
 
+#include <QEventLoop>
 #include <QSignalSpy>
 
 using namespace Tavoro;
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void upgradeThatWasNotSentIsCancelled();
     void closedSessionEndsTheUpgrade();
     void readsOfTheProgressAreNotReported();
+    void upgradeIsReportedOnceWhileASlotRunsAnEventLoop();
 
 private:
     void start(const SessionBench::Options &options)
@@ -145,6 +147,23 @@ void tst_Upgrades::readsOfTheProgressAreNotReported()
 {
     QSignalSpy finished(&wall(), &DeviceSession::callFinished);
     QVERIFY(resultOf(upgrade()));
+    QCOMPARE(finished.size(), 1);
+}
+
+/// As when the application shows the failure in a message box.
+void tst_Upgrades::upgradeIsReportedOnceWhileASlotRunsAnEventLoop()
+{
+    constexpr int readsOfTheProgress = 4; // as many as the session would make meanwhile
+    QVERIFY(m_bench->execute(QStringLiteral("spoil 40")));
+    QSignalSpy finished(&wall(), &DeviceSession::callFinished);
+    QEventLoop messageBox;
+    connect(&wall(), &DeviceSession::callFinished, &messageBox, [&] {
+        if (messageBox.isRunning() || finished.size() > 1)
+            return;
+        QTimer::singleShot(readsOfTheProgress * 200ms, &messageBox, &QEventLoop::quit);
+        messageBox.exec();
+    });
+    QCOMPARE(int(resultOf(upgrade()).kind()), int(Outcome::Refused));
     QCOMPARE(finished.size(), 1);
 }
 
