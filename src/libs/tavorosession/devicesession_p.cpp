@@ -89,7 +89,6 @@ void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened
 {
     DeviceManager::instance()->addDeviceChannel(opened);
     m_calls.setTarget(nullptr, translated(notConnected));
-    setState(DeviceState::Connecting);
     channel = std::move(opened);
     const std::weak_ptr<SSProxy::NetworkChannel> followed = channel;
     channel->setConnectionHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), followed,
@@ -100,17 +99,23 @@ void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened
                 (*self)->connectionChanged(connection);
         });
     });
+    setState(DeviceState::Connecting); // last: a slot may close the session
 }
 
 void DeviceSessionPrivate::close(const QString &reason)
 {
     if (!channel)
         return;
+    const auto closed = channel;
     m_calls.endWaiting(reason); // first: the lane starts the next call when the one under way ends
-    const auto closed = std::exchange(channel, nullptr);
+    if (channel != closed)
+        return; // a slot has closed the session
+    channel = nullptr;
     closed->stopChannel();
     DeviceManager::instance()->removeDeviceChannel(closed);
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
+    if (m_target)
+        return; // a slot has opened the session and waited until it was connected
     m_calls.endAll(reason);
     m_updates.endAll();
 }
@@ -159,20 +164,26 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
     setDetails(reason, pause);
 }
 
+/// Slots may close the session, or run an event loop in which the connection is lost.
 void DeviceSessionPrivate::connected(quint64 connections)
 {
+    CallTarget opened;
+    opened.channel = channel;
+    opened.connections = connections;
+    opened.reports = std::make_shared<ReportCounts>(channel);
     takeDevice();
-    CallTarget target;
-    target.device = device;
-    target.channel = channel;
-    target.connections = connections;
-    target.reports = std::make_shared<ReportCounts>(channel);
-    m_target = std::make_shared<const CallTarget>(std::move(target));
+    if (channel != opened.channel || !opened.isConnected())
+        return;
+    opened.device = device;
+    const auto target = std::make_shared<const CallTarget>(std::move(opened));
+    m_target = target;
+    m_calls.setTarget(target, {});
+    m_follower.setTarget(target);
     setOnline(true);
-    m_control.setTarget(m_target);
-    m_calls.setTarget(m_target, {});
-    m_follower.setTarget(m_target);
-    m_reading.request(m_target);
+    if (m_target == target)
+        m_control.setTarget(target);
+    if (m_target == target)
+        m_reading.request(target);
 }
 
 /// Takes the device of the channel's identity from the model, or adds it there.
@@ -222,10 +233,17 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_reading.stop();
     m_follower.setTarget(nullptr);
     m_updates.lost(m_follower.noted());
-    m_control.setTarget(nullptr);
-    setOnline(false);
+    // Slots may open or close the session, or run an event loop until it is connected again.
+    const auto isCurrent = [this, former = channel] {
+        return channel == former && !m_target;
+    };
     m_calls.setTarget(nullptr, reason);
-    setState(kind, reason, pause);
+    if (isCurrent())
+        m_control.setTarget(nullptr);
+    if (isCurrent())
+        setOnline(false);
+    if (isCurrent())
+        setState(kind, reason, pause);
 }
 
 void DeviceSessionPrivate::setOnline(bool isOnline)
@@ -270,15 +288,19 @@ void DeviceSessionPrivate::readingOutdated(const std::vector<Operations::Scope> 
 
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
 {
+    const auto target = m_target;
     reportDevice();
-    setDetails(reason, pause);
+    if (m_target == target) // a slot may have closed the session
+        setDetails(reason, pause);
 }
 
 void DeviceSessionPrivate::readingEnded(const QString &failures)
 {
-    reportDevice();
-    setState(DeviceState::Ready, failures);
     m_updates.readingEnded(failures.isEmpty());
+    const auto target = m_target;
+    reportDevice();
+    if (m_target == target) // a slot may have closed the session
+        setState(DeviceState::Ready, failures);
 }
 
 void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,
