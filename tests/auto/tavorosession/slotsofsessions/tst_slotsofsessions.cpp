@@ -11,6 +11,7 @@
 #include <utility>
 
 using namespace Tavoro;
+using namespace std::chrono_literals;
 
 class tst_SlotsOfSessions : public QObject {
     Q_OBJECT
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void sessionIsClosedByACallThatItEnds();
     void sessionIsClosedWhenTheDeviceIsOffline();
     void sessionThatReconnectsDuringASlotIsReady();
+    void sessionIsClosedByTheFirstOfTwoUnknownOutcomes();
 
 private:
     DeviceSession &wall() { return *m_bench->wall; }
@@ -169,6 +171,30 @@ void tst_SlotsOfSessions::sessionThatReconnectsDuringASlotIsReady()
     QTRY_VERIFY(wall().isReady());
     QVERIFY(wall().device()->isOnline());
     QVERIFY(resultOf(wall().call(&Control::Device::readDetails)));
+}
+
+/// A command and a transfer, whose times to ask for the outcome end together.
+void tst_SlotsOfSessions::sessionIsClosedByTheFirstOfTwoUnknownOutcomes()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.outcomeTime = 100ms;
+    m_bench = std::make_unique<SessionBench>(options);
+    QVERIFY(m_bench->openReady());
+    QVERIFY(m_bench->addFault("silent,code=0x1107,count=1"));
+    QVERIFY(m_bench->addFault("silent,code=0xFA03,skip=1,count=1"));
+    connect(&wall(), &DeviceSession::callFinished, m_slots.get(), [this] { closeOnce(); });
+    m_closed = 0;
+    const auto command = wall().call(&Control::Device::writeSwap, {1});
+    ProtoModel::File::s_FileInfo file;
+    file.fileType = 12;
+    file.fileId = 7;
+    file.general.name = "file";
+    const auto transfer = wall().files().send(file, "content");
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(m_bench->execute(QStringLiteral("switch 0")));
+    QCOMPARE(resultOf(command).kind(), Outcome::Unknown);
+    QCOMPARE(resultOf(transfer).kind(), Outcome::Unknown);
+    QCOMPARE(wall().state().kind, DeviceState::Disconnected);
 }
 
 QTEST_GUILESS_MAIN(tst_SlotsOfSessions)
