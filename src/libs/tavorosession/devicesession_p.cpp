@@ -349,6 +349,15 @@ void DeviceSessionPrivate::controlChanged()
         Q_EMIT q->controlChanged();
 }
 
+/// A call under way, such as a transfer, may need control until its end.
+void DeviceSessionPrivate::controlIsIdle()
+{
+    if (m_calls.isBusy())
+        m_control.noteUse();
+    else
+        requestControl(SSProxy::ControlAction::GiveUp);
+}
+
 void DeviceSessionPrivate::controlHolderChanged()
 {
     if (q)

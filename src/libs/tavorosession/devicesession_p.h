@@ -80,7 +80,7 @@ private:
 
     void controlChanged() override;
     void controlHolderChanged() override;
-    void controlIsIdle() override { requestControl(SSProxy::ControlAction::GiveUp); }
+    void controlIsIdle() override;
 
     const Shared m_shared;
     const SessionOptions m_options;

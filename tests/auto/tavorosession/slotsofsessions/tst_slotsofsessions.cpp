@@ -40,7 +40,7 @@ private Q_SLOTS:
 
 private:
     DeviceSession &wall() { return *m_bench->wall; }
-    /// Makes a call that waits behind another one, whose answer is late.
+    /// Makes two calls. The second one waits, since the answer to the first one is late.
     void makeWaitingCall()
     {
         QVERIFY(m_bench->addFault("late=1000,code=0x1107,count=1"));
