@@ -34,3 +34,29 @@ function(tavoro_add_test name)
         set_tests_properties(${name} PROPERTIES COST 100)
     endif()
 endfunction()
+
+# tavoro_add_guards(NAME LIBRARY MISTAKE WORDS [MISTAKE WORDS ...])
+# Each MISTAKE in guard.cpp of the calling folder must not compile, and the compiler must say the WORDS; the test
+# NAME.MISTAKE builds it. With the mistake "nothing" the file compiles, in every build.
+function(tavoro_add_guards name library)
+    math(EXPR last "${ARGC} - 1")
+    foreach(i RANGE 2 ${last} 2)
+        math(EXPR next "${i} + 1")
+        set(mistake ${ARGV${i}})
+        tavoro_add_guard(${name} ${library} ${mistake})
+        set_target_properties(${name}_${mistake} PROPERTIES EXCLUDE_FROM_ALL ON)
+        add_test(NAME ${name}.${mistake}
+            COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${name}_${mistake})
+        set_tests_properties(${name}.${mistake} PROPERTIES
+            PASS_REGULAR_EXPRESSION "${ARGV${next}}"
+            RESOURCE_LOCK build
+            TIMEOUT 300)
+    endforeach()
+    tavoro_add_guard(${name} ${library} nothing)
+endfunction()
+
+function(tavoro_add_guard name library mistake)
+    add_library(${name}_${mistake} OBJECT guard.cpp)
+    target_compile_definitions(${name}_${mistake} PRIVATE MISTAKE=${mistake})
+    target_link_libraries(${name}_${mistake} PRIVATE tavoro_settings ${library})
+endfunction()

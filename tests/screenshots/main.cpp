@@ -1,6 +1,9 @@
 // Operates the panel on the simulated device and saves pictures of its window:
 // panelscreenshots FOLDER SUFFIX. The factor of high-resolution screens is QT_SCALE_FACTOR.
 
+#include <tavorobizmodel/enums.h>
+#include <tavorocontrol/file.h>
+#include <tavorocontrol/layer.h>
 #include <tavoropanel/demo/demobar.h>
 #include <tavoropanel/demo/demodevice.h>
 #include <tavoropanel/theme/theme.h>
@@ -36,6 +39,11 @@ public:
     void takeAll()
     {
         m_demo.moveInputs();
+        savePreset(1, QStringLiteral("Three pictures"));
+        moveLayer(1, {0, 0, 3840, 1080});
+        moveLayer(2, {2520, 600, 1200, 400});
+        moveLayer(3, {2520, 80, 1200, 400});
+        savePreset(2, QStringLiteral("Speaker and slides"));
         selectLayer();
         save(QStringLiteral("panel"));
         applyTheme(Theme::Light);
@@ -54,15 +62,40 @@ private:
             qFatal("the panel did not get into the wanted state");
     }
 
-    void selectLayer()
+    template <class Result>
+    void waitForEnd(const PendingCall<Result> &call)
+    {
+        waitFor([&] { return call.future().isFinished(); });
+        QTest::qWait(300); // the model is read again, and the window follows it
+    }
+
+    static Selection::LayerId layerInPreview(quint8 number)
     {
         Selection::LayerId layer;
         layer.screenId = 1;
         layer.screenType = 1;
-        layer.layerId = 1;
+        layer.layerId = number;
         layer.layerType = 1;
         layer.sceneType = static_cast<int>(Scene::Preview);
-        m_window.selection().setLayer(layer);
+        return layer;
+    }
+    void selectLayer() { m_window.selection().setLayer(layerInPreview(2)); }
+    void moveLayer(quint8 number, const ProtoModel::Screen::s_Rect &place)
+    {
+        ProtoModel::Layer::s_LayerWindow window;
+        window.layerIdenti = layerInPreview(number);
+        window.window = place;
+        waitForEnd(m_window.changes().call(*m_device, &Control::Layer::writeWindow, {window}));
+    }
+    void savePreset(int number, const QString &name)
+    {
+        ProtoModel::File::s_CreatePresetFile preset;
+        preset.fileType = BizModel::Enum::File::ScreenPreset;
+        preset.fileId = number;
+        preset.general.name = name.toStdString();
+        preset.screens = {{1, 1}};
+        waitForEnd(
+            m_window.changes().call(*m_device, &Control::File::writeCreatePresetFile, {preset}));
     }
     void trigger(ActionId id)
     {

@@ -27,7 +27,7 @@ QString     DeviceSession::stateText() const                      { return Sessi
 double      DeviceSession::readProgress() const                   { return d->state.kind == DeviceState::Reading ? d->readProgress : 0; }
 QString     DeviceSession::name() const                           { return d->name(); }
 QString     DeviceSession::address() const                        { return d->address(); }
-std::shared_ptr<BizModel::Device> DeviceSession::device() const   { return d->device; }
+std::shared_ptr<BizModel::Device> DeviceSession::device() const   { return d->modelDevice(); }
 void        DeviceSession::open()                                 { d->open(); }
 void        DeviceSession::close()                                { d->close(tr("the session is closed")); }
 void        DeviceSession::reconnectNow()                         { d->reconnectNow(); }

@@ -4,7 +4,6 @@
 #include "logging_p.h"
 
 #include <tavorobizmodel/device.h>
-#include <tavorocontrol/bodylog.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
@@ -24,6 +23,7 @@ namespace {
 // clang-format off
 constexpr char closedReason[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the session is closed");
 constexpr char notConnected[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "there is no connection yet");
+constexpr char openAlready[]   = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the device is open already, at %1");
 constexpr char stoppedReason[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "its channel was stopped");
 // clang-format on
 
@@ -41,6 +41,7 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
       port(wantedPort),
       m_shared(shared),
       m_options(options),
+      m_device(shared.owners, this, options.logsBodies),
       m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
       m_calls(shared.pool, shared.courier, options, *this),
       m_reads(std::make_shared<Lane>(shared.pool)),
@@ -51,10 +52,10 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
              [this](const Operations::Scope &scope, std::function<void()> ended) {
                  m_follower.poll(scope, std::move(ended));
              }),
-      m_logsBodies(options.logsBodies),
       m_self(std::make_shared<DeviceSessionPrivate *>(this))
 {
-    setDevice(std::move(known));
+    if (known)
+        m_device.set(std::move(known));
     state.since = QDateTime::currentDateTime();
     state.reason = translated(closedReason);
     m_calls.setTarget(nullptr, state.reason);
@@ -64,12 +65,11 @@ DeviceSessionPrivate::~DeviceSessionPrivate()
 {
     q = nullptr;
     close(translated(closedReason));
-    setDevice(nullptr);
 }
 
 QString DeviceSessionPrivate::name() const
 {
-    const QString known = device ? device->name() : QString();
+    const QString known = m_device.get() ? m_device.get()->name() : QString();
     return known.isEmpty() ? address() : known;
 }
 
@@ -120,12 +120,6 @@ void DeviceSessionPrivate::close(const QString &reason)
     m_updates.endAll();
 }
 
-void DeviceSessionPrivate::reconnectNow()
-{
-    if (channel)
-        channel->reconnectNow();
-}
-
 PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
 {
     if (action == SSProxy::ControlAction::GiveUp)
@@ -171,60 +165,69 @@ void DeviceSessionPrivate::connected(quint64 connections)
     opened.channel = channel;
     opened.connections = connections;
     opened.reports = std::make_shared<ReportCounts>(channel);
-    takeDevice();
-    if (channel != opened.channel || !opened.isConnected())
+    const auto isCurrent = [&] {
+        return channel == opened.channel && opened.isConnected();
+    };
+    opened.device = listedDevice(channel->deviceBaseInfo());
+    if (!isCurrent())
         return;
-    opened.device = device;
-    const auto target = std::make_shared<const CallTarget>(std::move(opened));
+    DeviceSessionPrivate *const other = m_shared.owners.of(opened.device.get());
+    if (other && other != this && other->channel)
+        return closeInFavourOf(*other);
+    takeDevice(opened.device);
+    if (!isCurrent())
+        return;
+    const auto target = std::make_shared<const CallTarget>(opened);
     m_target = target;
     m_calls.setTarget(target, {});
     m_follower.setTarget(target);
-    setOnline(true);
+    m_device.setOnline(true);
     if (m_target == target)
         m_control.setTarget(target);
     if (m_target == target)
         m_reading.request(target);
 }
 
-/// Takes the device of the channel's identity from the model, or adds it there.
-void DeviceSessionPrivate::takeDevice()
+/// One device has one session: calls and readings of two would disturb each other.
+void DeviceSessionPrivate::closeInFavourOf(DeviceSessionPrivate &other)
+{
+    const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
+    other.moveTo(host.isEmpty() ? QString::fromStdString(info.ip) : host,
+                 host.isEmpty() ? info.tcpPort : port);
+    close(translated(openAlready).arg(other.address()));
+}
+
+/// The device was seen at another address. A session that is connected stays where it is.
+void DeviceSessionPrivate::moveTo(const QString &newHost, quint16 newPort)
+{
+    if (m_target)
+        return;
+    host = newHost;
+    port = newPort;
+    channel->moveTo(host, port);
+    reportDevice();
+}
+
+void DeviceSessionPrivate::takeDevice(const std::shared_ptr<BizModel::Device> &found)
 {
     const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
     if (host.isEmpty()) {
         host = QString::fromStdString(info.ip);
         port = info.tcpPort;
     }
-    const auto connectedDevice = listedDevice(info);
-    connectedDevice->setIPAddress(QString::fromStdString(info.ip));
-    connectedDevice->updateDeviceBaseInfo(info);
-    if (device != connectedDevice) {
-        setDevice(connectedDevice);
+    found->setIPAddress(QString::fromStdString(info.ip));
+    found->updateDeviceBaseInfo(info);
+    if (m_device.get() != found)
         m_reportedName.clear();
-    }
+    m_device.set(found);
     reportDevice();
-}
-
-void DeviceSessionPrivate::setDevice(std::shared_ptr<BizModel::Device> known)
-{
-    if (device)
-        Control::setBodiesLogged(device, true);
-    device = std::move(known);
-    if (device)
-        Control::setBodiesLogged(device, m_logsBodies);
-}
-
-void DeviceSessionPrivate::setBodiesLogged(bool areLogged)
-{
-    m_logsBodies = areLogged;
-    if (device)
-        Control::setBodiesLogged(device, areLogged);
 }
 
 void DeviceSessionPrivate::reportDevice()
 {
     const QString former = std::exchange(m_reportedName, name());
-    if (former != m_reportedName && q)
-        Q_EMIT q->deviceChanged();
+    if (former != m_reportedName)
+        emitIfAlive(&DeviceSession::deviceChanged);
 }
 
 void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, Milliseconds pause)
@@ -241,21 +244,9 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     if (isCurrent())
         m_control.setTarget(nullptr);
     if (isCurrent())
-        setOnline(false);
+        m_device.setOnline(false);
     if (isCurrent())
         setState(kind, reason, pause);
-}
-
-void DeviceSessionPrivate::setOnline(bool isOnline)
-{
-    if (device && device->isOnline() != isOnline)
-        device->setDeviceOnlineFlag(isOnline);
-}
-
-void DeviceSessionPrivate::readAgain()
-{
-    if (m_target)
-        m_reading.request(m_target);
 }
 
 /// A write may have renamed the device.
@@ -277,13 +268,7 @@ void DeviceSessionPrivate::readingStarted()
 void DeviceSessionPrivate::readingProgressed(double share)
 {
     readProgress = share;
-    if (q)
-        Q_EMIT q->readProgressChanged(share);
-}
-
-void DeviceSessionPrivate::readingOutdated(const std::vector<Operations::Scope> &scopes)
-{
-    m_follower.note(scopes);
+    emitIfAlive(&DeviceSession::readProgressChanged, share);
 }
 
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
@@ -313,8 +298,7 @@ void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reaso
     state = {kind, reason, now,
              pause > Milliseconds::zero() ? now.addMSecs(pause.count()) : QDateTime()};
     qCInfo(sessionLog) << name() << "is now" << kind << reason;
-    if (q)
-        Q_EMIT q->stateChanged();
+    emitIfAlive(&DeviceSession::stateChanged);
 }
 
 void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
@@ -328,25 +312,7 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
     state.nextAttempt = next;
     if (!m_target)
         m_calls.setTarget(nullptr, reason);
-    if (q)
-        Q_EMIT q->stateDetailsChanged();
-}
-
-void DeviceSessionPrivate::callEnded(const Outcome &outcome)
-{
-    if (q)
-        Q_EMIT q->callFinished(outcome);
-}
-
-void DeviceSessionPrivate::deviceWritten(const std::vector<Operations::Scope> &scopes)
-{
-    m_follower.note(scopes);
-}
-
-void DeviceSessionPrivate::controlChanged()
-{
-    if (q)
-        Q_EMIT q->controlChanged();
+    emitIfAlive(&DeviceSession::stateDetailsChanged);
 }
 
 /// A call under way, such as a transfer, may need control until its end.
@@ -356,12 +322,6 @@ void DeviceSessionPrivate::controlIsIdle()
         m_control.noteUse();
     else
         requestControl(SSProxy::ControlAction::GiveUp);
-}
-
-void DeviceSessionPrivate::controlHolderChanged()
-{
-    if (q)
-        Q_EMIT q->controlHolderChanged();
 }
 
 } // namespace Tavoro::SessionInternal

@@ -6,6 +6,7 @@
 #include "devicereading_p.h"
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
+#include "sessiondevice_p.h"
 #include "shared_p.h"
 
 #include <tavorosession/devicesession.h>
@@ -29,14 +30,23 @@ public:
     /// Works with a channel that is already open.
     void adopt(std::shared_ptr<SSProxy::NetworkChannel> channel);
     void close(const QString &reason);
-    void reconnectNow();
-    void readAgain();
+    void reconnectNow()
+    {
+        if (channel)
+            channel->reconnectNow();
+    }
+    void readAgain()
+    {
+        if (m_target)
+            m_reading.request(m_target);
+    }
     DeviceCalls &calls() { return m_calls; }
     const ControlWatch &control() const { return m_control; }
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<bool> modelUpdate();
-    void setBodiesLogged(bool areLogged);
+    void setBodiesLogged(bool areLogged) { m_device.setBodiesLogged(areLogged); }
 
+    std::shared_ptr<BizModel::Device> modelDevice() const override { return m_device.get(); }
     QString name() const;
     QString address() const;
 
@@ -46,7 +56,6 @@ public:
     quint16 port;
     DeviceState state;
     double readProgress = 0;
-    std::shared_ptr<BizModel::Device> device;
     std::shared_ptr<SSProxy::NetworkChannel> channel;
 
 private:
@@ -54,15 +63,18 @@ private:
     void connected(quint64 connections);
     void waitForConnection(const QString &reason, std::chrono::milliseconds pause);
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
-    void takeDevice();
-    void setOnline(bool isOnline);
-    void setDevice(std::shared_ptr<BizModel::Device> known);
+    void takeDevice(const std::shared_ptr<BizModel::Device> &found);
+    void closeInFavourOf(DeviceSessionPrivate &other);
+    void moveTo(const QString &newHost, quint16 newPort);
     void reportDevice();
     void followed(quint64 noted, bool isComplete);
 
     void readingStarted() override;
     void readingProgressed(double share) override;
-    void readingOutdated(const std::vector<Operations::Scope> &scopes) override;
+    void readingOutdated(const std::vector<Operations::Scope> &scopes) override
+    {
+        m_follower.note(scopes);
+    }
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;
 
@@ -70,20 +82,34 @@ private:
                   std::chrono::milliseconds pause = {});
     void setDetails(const QString &reason, std::chrono::milliseconds pause);
 
-    void callEnded(const Outcome &outcome) override;
-    void deviceWritten(const std::vector<Operations::Scope> &scopes) override;
+    void callEnded(const Outcome &outcome) override
+    {
+        emitIfAlive(&DeviceSession::callFinished, outcome);
+    }
+    void deviceWritten(const std::vector<Operations::Scope> &scopes) override
+    {
+        m_follower.note(scopes);
+    }
     void controlUsed() override { m_control.noteUse(); }
     void controlRefused(const QString &holder) override { m_control.noteHolder(holder); }
     QString controlHolder() const override { return m_control.holder(); }
     QString deviceName() const override { return name(); }
-    std::shared_ptr<BizModel::Device> modelDevice() const override { return device; }
 
-    void controlChanged() override;
-    void controlHolderChanged() override;
+    void controlChanged() override { emitIfAlive(&DeviceSession::controlChanged); }
+    void controlHolderChanged() override { emitIfAlive(&DeviceSession::controlHolderChanged); }
     void controlIsIdle() override;
+
+    /// Emits a signal, except while the session is being deleted.
+    template <class Signal, class... Values>
+    void emitIfAlive(Signal signal, const Values &...values)
+    {
+        if (q)
+            Q_EMIT(q->*signal)(values...);
+    }
 
     const Shared m_shared;
     const SessionOptions m_options;
+    SessionDevice m_device;
     ControlWatch m_control;
     DeviceCalls m_calls;
     const std::shared_ptr<Lane> m_reads;
@@ -92,7 +118,6 @@ private:
     ModelUpdates m_updates;
     BackgroundPoll m_poll;
     std::shared_ptr<const CallTarget> m_target; ///< Null without a connection.
-    bool m_logsBodies;
     QString m_reportedName; ///< The name that deviceChanged() has reported.
     std::shared_ptr<DeviceSessionPrivate *> m_self; ///< For posts that may arrive too late.
 };

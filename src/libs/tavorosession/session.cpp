@@ -48,10 +48,11 @@ public:
     QThreadPool pool;
     const std::shared_ptr<Courier> courier = std::make_shared<Courier>();
     ReadQueue readQueue{readsAtTheSameTime};
+    DeviceOwners owners;
     QList<DeviceSession *> devices;
     QMetaObject::Connection discovery;
 
-    Shared shared() { return {pool, courier, readQueue}; }
+    Shared shared() { return {pool, courier, readQueue, owners}; }
 };
 
 Session::Session(const SessionOptions &options, QObject *parent)
@@ -114,6 +115,7 @@ void Session::startDiscovery(const SSProxy::DiscoveryOptions &options)
                             adopt(channel);
                     });
     SSProxy::startDeviceDiscovery(options);
+    DeviceManager::instance()->refreshDeviceChannel(); // also finds devices that were closed
 }
 
 void Session::stopDiscovery()
@@ -151,11 +153,8 @@ QList<DeviceSession *> Session::devices() const
 
 DeviceSession *Session::find(const std::shared_ptr<BizModel::Device> &device) const
 {
-    const auto found =
-        std::find_if(d->devices.cbegin(), d->devices.cend(), [&](const DeviceSession *session) {
-            return device && session->device() == device;
-        });
-    return found == d->devices.cend() ? nullptr : *found;
+    const DeviceSessionPrivate *const owner = d->owners.of(device.get());
+    return owner ? owner->q : nullptr;
 }
 
 PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devices,

@@ -41,8 +41,13 @@ public:
     explicit Session(const SessionOptions &options = {}, QObject *parent = nullptr);
     ~Session() override;
 
-    /// Opens the device at \a host and \a port. If it is open already, returns that session.
-    /// The session belongs to this object; delete it to close the device.
+    /// Opens the device at \a host and \a port. If that address is open already, returns its
+    /// session. The session belongs to this object; delete it to close the device.
+    ///
+    /// A device has one open session. If the device that answers, known by its serial number and
+    /// MAC address, has an open session with another address, the new session is closed: its state
+    /// is Disconnected, and the reason names the other address. If the other session has no
+    /// connection, it moves to the new address.
     DeviceSession *open(const QString &host, quint16 port = SSProxy::defaultTcpPort);
     /// Does the same with other options.
     DeviceSession *open(const QString &host, quint16 port, const SessionOptions &options);
@@ -51,7 +56,9 @@ public:
     /// once, and becomes ready later. Returns the new sessions.
     QList<DeviceSession *> openListed();
 
-    /// Searches the network for devices and opens each that answers; deviceAdded() reports it. See
+    /// Searches the network for devices and opens each that answers; deviceAdded() reports it. A
+    /// device that has a session gets no second one. Finds also devices whose session was deleted
+    /// before. See
     /// SSProxy::startDeviceDiscovery(), which stays in effect until stopDiscovery().
     void startDiscovery(const SSProxy::DiscoveryOptions &options = {});
     /// Stops the search. The devices that were found stay open.
@@ -59,7 +66,7 @@ public:
 
     /// The sessions of all devices, in the order in which they were opened.
     QList<DeviceSession *> devices() const;
-    /// The session of a device of the model; null if there is none.
+    /// The session that works with a device of the model; null if there is none.
     DeviceSession *find(const std::shared_ptr<BizModel::Device> &device) const;
 
     /// Calls an operation on several devices, see DeviceSession::call(). The calls are sent

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "courier_p.h"
+#include "deviceowners_p.h"
 #include "readqueue_p.h"
 
 #include <memory>
@@ -16,6 +17,7 @@ struct Shared {
     QThreadPool &pool;
     std::shared_ptr<Courier> courier;
     ReadQueue &readQueue;
+    DeviceOwners &owners;
 };
 
 } // namespace Tavoro::SessionInternal

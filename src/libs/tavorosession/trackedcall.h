@@ -43,7 +43,9 @@ TAVOROSESSION_EXPORT void cancelCall(CallTracker &tracker);
 ///
 /// \code
 /// const auto transfer = wall->files().sendFrom(info, path);
-/// transfer.onProgress(this, [=](const TransferProgress &now) { bar->setValue(now.share()); });
+/// transfer.onProgress(this, [=](const TransferProgress &now) {
+///     bar->setValue(int(100 * now.share()));
+/// });
 /// transfer.then(this, [=](const Outcome &outcome) { showEnd(outcome.text()); });
 /// connect(button, &QPushButton::clicked, this, [=] { transfer.cancel(); });
 /// \endcode

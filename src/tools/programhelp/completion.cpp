@@ -81,7 +81,7 @@ QList<Candidate> commandWords(const Program &program, const QStringList &before)
         const QStringList name = command.name.split(QLatin1Char(' '));
         if (name.size() <= before.size() || name.mid(0, before.size()) != before)
             continue;
-        const QString word = name.at(before.size());
+        const QString &word = name.at(before.size());
         const bool isWhole = name.size() == before.size() + 1;
         if (!seen.contains(word))
             candidates += {word, isWhole ? command.effect : QString()};

@@ -90,8 +90,9 @@ QString helpText(const Program &program)
 
 QString helpText(const Program &program, const Command &command)
 {
-    QString text = QStringLiteral("Usage: %1 %2 %3\n%4\n")
-                       .arg(program.name, command.name, command.usage, command.effect);
+    QString text =
+        QStringLiteral("Usage: %1 %2 %3\n").arg(program.name, command.name, command.usage)
+        + wrapped(command.effect, 0);
     text += section(QStringLiteral("Options of the command"), optionList(command.options));
     text += section(QStringLiteral("Options of all commands"), optionList(program.options));
     text += section(QStringLiteral("Exit status"), statusList(program));

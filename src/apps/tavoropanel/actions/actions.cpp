@@ -6,6 +6,8 @@
 
 #include <QAction>
 
+#include <algorithm>
+
 namespace Tavoro::Panel {
 
 Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
@@ -23,6 +25,8 @@ Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
     }
     const auto update = [this] {
         updateEnabled();
+        nameStep(ActionId::Undo, m_changes.undoText());
+        nameStep(ActionId::Redo, m_changes.redoText());
     };
     connect(&selection, &Selection::deviceChanged, this, update);
     connect(&selection, &Selection::stateChanged, this, update);
@@ -44,6 +48,19 @@ void Actions::updateEnabled()
 {
     for (const ActionRow &row : actionTable())
         action(row.id).setEnabled(isMet(row.needs));
+}
+
+/// Says in the menu what is undone or redone.
+void Actions::nameStep(ActionId id, QString step)
+{
+    const auto &table = actionTable();
+    const auto row = std::find_if(table.begin(), table.end(),
+                                  [id](const ActionRow &candidate) { return candidate.id == id; });
+    const QString name = tr(row->text);
+    step.replace(QLatin1Char('&'), QLatin1String("&&"));
+    //: "Undo" or "Redo", and what the operator did
+    action(id).setText(step.isEmpty() ? name : tr("%1: %2").arg(name, step));
+    action(id).setIconText(QString(name).remove(QLatin1Char('&')));
 }
 
 bool Actions::isMet(Needs needs) const

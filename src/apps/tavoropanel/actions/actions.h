@@ -4,6 +4,7 @@
 #include "actiontable.h"
 
 #include <QObject>
+#include <QString>
 
 #include <map>
 
@@ -29,6 +30,7 @@ public:
 
 private:
     void updateEnabled();
+    void nameStep(ActionId id, QString step);
     bool isMet(Needs needs) const;
 
     const Selection &m_selection;

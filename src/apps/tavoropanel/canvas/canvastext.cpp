@@ -14,9 +14,10 @@ namespace {
 constexpr double plateMargin = 5; ///< Around the text of a plate, in pixels of the view.
 constexpr double narrowest = 28; ///< Narrower areas get no text.
 
-QString elided(const QString &text, const QFont &font, double width)
+QString elided(const QString &text, const QFont &font, double width,
+               Qt::TextElideMode mode = Qt::ElideRight)
 {
-    return QFontMetricsF(font).elidedText(text, Qt::ElideRight, width);
+    return QFontMetricsF(font).elidedText(text, mode, width);
 }
 
 /// The height of the first line of a plate: as high as the area allows, and no wider than it is.
@@ -69,7 +70,9 @@ QRectF paintPlate(QPainter &painter, const QRectF &area, const QStringList &line
         const double height = QFontMetricsF(font).height();
         if (y + height > inside.bottom() + 1)
             break;
-        const QString text = elided(line, font, inside.width());
+        // Names of sources often differ in their last characters.
+        const QString text =
+            elided(line, font, inside.width(), placed.isEmpty() ? Qt::ElideMiddle : Qt::ElideRight);
         placed.append({QRectF(inside.left(), y, inside.width(), height), text});
         width = std::max(width, QFontMetricsF(font).horizontalAdvance(text));
         y += height;

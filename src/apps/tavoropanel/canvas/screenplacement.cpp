@@ -1,6 +1,8 @@
 #include "screenplacement.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <set>
 
 namespace Tavoro::Panel {
@@ -42,17 +44,27 @@ Rects spread(Rects screens, const ScreenMargins &margins)
     return screens;
 }
 
-/// Arranges the screens in rows that are as long as the widest screen.
-Rects inRows(Rects screens, const ScreenMargins &margins)
+/// The length of rows with which all screens together are about as wide as they are high.
+double rowLength(const Rects &screens, const ScreenMargins &margins)
 {
     double widest = 0;
-    for (const QRectF &screen : screens)
-        widest = std::max(widest, screen.width() + margins.gap);
+    double area = 0;
+    for (const QRectF &screen : screens) {
+        const double width = screen.width() + margins.gap;
+        widest = std::max(widest, width);
+        area += width * (screen.height() + margins.gap + margins.header);
+    }
+    return std::max(widest, std::sqrt(area));
+}
+
+Rects inRows(Rects screens, const ScreenMargins &margins)
+{
+    const double length = rowLength(screens, margins);
     double x = 0;
     double y = margins.header;
     double rowHeight = 0;
     for (QRectF &screen : screens) {
-        if (x > 0 && x + screen.width() > widest) {
+        if (x > 0 && x + screen.width() > length) {
             x = 0;
             y += rowHeight + margins.gap + margins.header;
             rowHeight = 0;

@@ -5,6 +5,7 @@
 #include <tavoropanel/messages/messages.h>
 #include <tavoropanel/selection/selection.h>
 #include <tavoropanel/theme/colours.h>
+#include <tavoropanel/theme/elidedlabel.h>
 #include <tavorosession/devicesession.h>
 
 #include <QAction>
@@ -52,17 +53,14 @@ ControlBar::ControlBar(Selection &selection, Messages &messages, Actions &action
       m_selection(selection),
       m_messages(messages),
       m_actions(actions),
-      m_name(new QLabel(this)),
-      m_state(new QLabel(this)),
-      m_control(new QLabel(this))
+      m_name(new ElidedLabel(this)),
+      m_state(new ElidedLabel(this)),
+      m_control(new ElidedLabel(this))
 {
     QFont large = font();
     large.setBold(true);
     large.setPointSizeF(large.pointSizeF() * 1.4);
     m_name->setFont(large);
-    m_name->setTextFormat(Qt::PlainText);
-    m_state->setTextFormat(Qt::PlainText);
-    m_control->setTextFormat(Qt::PlainText);
     for (QLabel *const badge : {m_state, m_control}) {
         badge->setAutoFillBackground(true);
         badge->setBackgroundRole(QPalette::Window); // not that of the tool bar
@@ -138,13 +136,13 @@ void ControlBar::readHolder()
 
 void ControlBar::update()
 {
-    m_name->setText(m_device ? m_device->name() : tr("No device"));
-    m_state->setText(m_device ? stateText(*m_device) : QString());
+    m_name->setLine(m_device ? m_device->name() : tr("No device"));
+    m_state->setLine(m_device ? stateText(*m_device) : QString());
     if (m_device && m_device->state().kind == DeviceState::Lost)
         setBadge(*m_state, Colours::programme, Colours::onColour);
     else
         m_state->setPalette({});
-    m_control->setText(controlText());
+    m_control->setLine(controlText());
     m_control->setVisible(m_selection.isConnected());
     if (m_device && m_device->isControlledByOthers())
         setBadge(*m_control, Colours::warning, Colours::onWarning);

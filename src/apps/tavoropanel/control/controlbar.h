@@ -6,10 +6,6 @@
 #include <QPointer>
 #include <QWidget>
 
-QT_BEGIN_NAMESPACE
-class QLabel;
-QT_END_NAMESPACE
-
 namespace Tavoro {
 class DeviceSession;
 } // namespace Tavoro
@@ -17,6 +13,7 @@ class DeviceSession;
 namespace Tavoro::Panel {
 
 class Actions;
+class ElidedLabel;
 class Messages;
 class Selection;
 
@@ -45,9 +42,9 @@ private:
     QPointer<DeviceSession> m_device;
     QString m_holder; ///< The client that held control when the device was asked last.
     bool m_isAsking = false; ///< The device is being asked for it.
-    QLabel *const m_name;
-    QLabel *const m_state;
-    QLabel *const m_control;
+    ElidedLabel *const m_name;
+    ElidedLabel *const m_state;
+    ElidedLabel *const m_control;
 };
 
 } // namespace Tavoro::Panel

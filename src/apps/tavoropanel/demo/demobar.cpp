@@ -14,7 +14,7 @@ DemoBar::DemoBar(DemoDevice &device, QWidget *parent) : QWidget(parent)
     auto *const button = new QPushButton(this);
     button->setObjectName(QStringLiteral("plug"));
     button->setFocusPolicy(Qt::TabFocus);
-    const auto update = [this, button, &device] {
+    const auto update = [button, &device] {
         button->setText(device.isOn() ? tr("Pull the plug") : tr("Plug it in again"));
         button->setAccessibleName(button->text());
         button->setAccessibleDescription(device.isOn()

@@ -21,15 +21,15 @@ QLabel *makeHeading(const QString &text, QWidget *parent)
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
-    heading->setContentsMargins(0, heading->fontMetrics().height() / 2, 0, 0);
+    heading->setMinimumHeight(QFontMetrics(font).height() * 7 / 4);
+    heading->setAlignment(Qt::AlignLeading | Qt::AlignBottom);
     return heading;
 }
 
 QString rangeText(const Field &field)
 {
     const auto number = [&](int value) {
-        const int decimals = field.divisor > 1 ? QString::number(field.divisor).size() - 1 : 0;
-        return QLocale().toString(double(value) / field.divisor, 'f', decimals);
+        return QLocale().toString(double(value) / field.divisor, 'f', field.decimals());
     };
     //: The range of a number, and its unit or nothing
     return DetailsForm::tr("%1 to %2%3")
@@ -61,9 +61,12 @@ void DetailsForm::addSections()
 {
     for (const Section &section : sectionsOf(m_context.kind)) {
         m_layout->addRow(makeHeading(section.titleText(), this));
-        for (const Field &field : section)
-            m_layout->addRow(field.editor == FieldEditor::Flag ? QString() : field.labelText(),
-                             makeRow(field));
+        for (const Field &field : section) {
+            if (field.editor == FieldEditor::Flag) // its box has the text
+                m_layout->addRow(makeRow(field));
+            else
+                m_layout->addRow(field.labelText(), makeRow(field));
+        }
     }
 }
 

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <cmath>
+
 namespace Tavoro::Panel {
 
 QString fieldText(const char *text)
@@ -29,6 +31,11 @@ QString Field::labelText() const
 QString Field::unitText() const
 {
     return *unit ? QLatin1Char(' ') + fieldText(unit) : QString();
+}
+
+int Field::decimals() const
+{
+    return static_cast<int>(std::lround(std::log10(divisor)));
 }
 
 QString Field::choiceText(int value) const

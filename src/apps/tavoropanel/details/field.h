@@ -48,6 +48,8 @@ struct Field {
     QString labelText() const;
     /// The unit, translated, with a space before it; empty if there is none.
     QString unitText() const;
+    /// The decimals of the shown number.
+    int decimals() const;
     /// The word for a value; empty if it has none.
     QString choiceText(int value) const;
     /// The value of this field in the value of its key.

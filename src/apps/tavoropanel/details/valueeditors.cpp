@@ -69,7 +69,7 @@ void TextEditor::send()
 NumberEditor::NumberEditor(const Field &field, QWidget *parent)
     : ValueEditor(parent), m_box(new QDoubleSpinBox(this)), m_field(field)
 {
-    m_box->setDecimals(static_cast<int>(std::lround(std::log10(field.divisor))));
+    m_box->setDecimals(field.decimals());
     m_box->setRange(double(field.minimum) / field.divisor, double(field.maximum) / field.divisor);
     m_box->setKeyboardTracking(false);
     m_box->setAccelerated(true);
@@ -171,6 +171,7 @@ ReadOnlyValue::ReadOnlyValue(const Field &field, QWidget *parent)
     : ValueEditor(parent), m_label(new QLabel(this)), m_text(field.text)
 {
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_label->setWordWrap(true);
     setControl(m_label);
 }
 

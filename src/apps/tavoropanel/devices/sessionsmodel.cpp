@@ -36,7 +36,7 @@ void SessionsModel::add(DeviceSession *device)
 
 void SessionsModel::remove(DeviceSession *device)
 {
-    const int row = m_devices.indexOf(device);
+    const int row = static_cast<int>(m_devices.indexOf(device));
     if (row < 0)
         return;
     device->disconnect(this);
@@ -69,7 +69,7 @@ DeviceSession *SessionsModel::device(const QModelIndex &index) const
 
 QModelIndex SessionsModel::indexOf(const DeviceSession *device) const
 {
-    return index(m_devices.indexOf(const_cast<DeviceSession *>(device)));
+    return index(static_cast<int>(m_devices.indexOf(const_cast<DeviceSession *>(device))));
 }
 
 int SessionsModel::rowCount(const QModelIndex &parent) const

@@ -54,10 +54,6 @@ ImagesModel::ImagesModel(Changes &changes, QObject *parent)
     m_files.setEditHandler(&m_edits);
     setSourceModel(&m_files);
     connect(&m_contents, &FileContents::arrived, this, &ImagesModel::keep);
-    connect(&m_files, &Models::ObjectModel::editFailed, this,
-            [this](const QModelIndex &, const QString &, const QString &error) {
-                Q_EMIT renameFailed(error);
-            });
 }
 
 void ImagesModel::setDevice(DeviceSession *device)

@@ -41,10 +41,6 @@ public:
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
-Q_SIGNALS:
-    /// An image could not be renamed.
-    void renameFailed(const QString &error);
-
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
 

@@ -13,7 +13,9 @@ namespace {
 
 constexpr int horizontalMargin = 18;
 constexpr int verticalMargin = 16;
-constexpr double titleSize = 2.3; ///< Times the size of other texts.
+// The sizes of a title, times the size of other texts. A long title becomes smaller.
+constexpr double largestTitle = 2.3;
+constexpr double smallestTitle = 1.3;
 constexpr double radius = 6;
 
 } // namespace
@@ -46,12 +48,21 @@ void LiveButton::setLit(const QString &word, const QColor &colour)
     follow();
 }
 
-QFont LiveButton::titleFont() const
+QFont LiveButton::titleFont(double size) const
 {
     QFont large = font();
     large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * titleSize);
+    large.setPointSizeF(large.pointSizeF() * size);
     return large;
+}
+
+/// The largest title that fits.
+double LiveButton::titleSizeFor(int width) const
+{
+    double size = largestTitle;
+    while (size > smallestTitle && sizeFor(size).width() > width)
+        size -= 0.1;
+    return size;
 }
 
 /// The line below the title: the state of a lit button, or the shortcut.
@@ -71,14 +82,24 @@ QColor LiveButton::background() const
     return underMouse() ? colour.lighter(112) : colour;
 }
 
-QSize LiveButton::sizeHint() const
+QSize LiveButton::sizeFor(double titleSize) const
 {
-    const QFontMetrics title(titleFont());
+    const QFontMetrics title(titleFont(titleSize));
     const QFontMetrics line = fontMetrics();
     const int width = std::max({title.horizontalAdvance(text()), line.horizontalAdvance(note()),
                                 line.averageCharWidth() * 10});
     return {width + 2 * horizontalMargin,
             title.lineSpacing() + line.lineSpacing() + 2 * verticalMargin};
+}
+
+QSize LiveButton::sizeHint() const
+{
+    return sizeFor(largestTitle);
+}
+
+QSize LiveButton::minimumSizeHint() const
+{
+    return {sizeFor(smallestTitle).width(), sizeHint().height()};
 }
 
 void LiveButton::paintEvent(QPaintEvent *)
@@ -95,11 +116,12 @@ void LiveButton::paintEvent(QPaintEvent *)
     painter.setBrush(background());
     painter.drawRoundedRect(frame, radius, radius);
 
-    const QFontMetrics title(titleFont());
+    const QFont large = titleFont(titleSizeFor(width()));
+    const QFontMetrics title(large);
     const int height = title.lineSpacing() + fontMetrics().lineSpacing();
     QRect line(0, (rect().height() - height) / 2, width(), title.lineSpacing());
     painter.setPen(foreground);
-    painter.setFont(titleFont());
+    painter.setFont(large);
     painter.drawText(line, Qt::AlignCenter, text());
     line.setTop(line.bottom() + 1);
     line.setHeight(fontMetrics().lineSpacing());

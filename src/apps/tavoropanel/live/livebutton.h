@@ -24,14 +24,16 @@ public:
     const QString &litWord() const { return m_word; }
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void follow();
-    QFont titleFont() const;
+    QFont titleFont(double size) const;
+    double titleSizeFor(int width) const;
+    QSize sizeFor(double titleSize) const;
     QString note() const;
     QColor background() const;
 

@@ -1,6 +1,7 @@
 #include "statusline.h"
 
 #include <tavoropanel/theme/colours.h>
+#include <tavoropanel/theme/elidedlabel.h>
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -45,7 +46,7 @@ const KindRow &rowOf(LiveStatus::Kind kind)
 StatusLine::StatusLine(QAction &dismiss, QWidget *parent)
     : QFrame(parent),
       m_word(new QLabel(this)),
-      m_text(new QLabel(this)),
+      m_text(new ElidedLabel(this)),
       m_dismiss(new QToolButton(this))
 {
     QFont large = font();
@@ -53,8 +54,6 @@ StatusLine::StatusLine(QAction &dismiss, QWidget *parent)
     m_text->setFont(large);
     large.setBold(true);
     m_word->setFont(large);
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setMinimumWidth(1); // the sentence is elided
     m_dismiss->setText(tr("Dismiss"));
     m_dismiss->setFocusPolicy(Qt::TabFocus);
     m_dismiss->setAccessibleName(tr("Dismiss"));
@@ -86,8 +85,7 @@ void StatusLine::show(const LiveStatus &status)
     m_word->setPalette(colours);
     m_text->setPalette(colours);
     setAccessibleDescription(text());
-    setToolTip(m_status.text);
-    elide();
+    m_text->setLine(m_status.text);
     update();
 }
 
@@ -95,18 +93,6 @@ QString StatusLine::text() const
 {
     return m_status.kind == LiveStatus::Idle ? m_status.text
                                              : tr("%1: %2").arg(m_word->text(), m_status.text);
-}
-
-void StatusLine::elide()
-{
-    m_text->setText(
-        m_text->fontMetrics().elidedText(m_status.text, Qt::ElideRight, m_text->width()));
-}
-
-void StatusLine::resizeEvent(QResizeEvent *event)
-{
-    QFrame::resizeEvent(event);
-    elide();
 }
 
 void StatusLine::paintEvent(QPaintEvent *)

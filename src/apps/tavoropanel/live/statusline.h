@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 
 namespace Tavoro::Panel {
 
+class ElidedLabel;
+
 /// One line above the large buttons: a failed take, an unknown outcome, or whether the screens can
 /// be operated. Its height never changes, so that no button moves under the operator's hand.
 class StatusLine : public QFrame {
@@ -27,14 +29,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void elide();
-
     LiveStatus m_status;
     QLabel *const m_word;
-    QLabel *const m_text;
+    ElidedLabel *const m_text;
     QToolButton *const m_dismiss;
 };
 

@@ -22,9 +22,8 @@ PresetList::PresetList(QWidget *parent) : QListView(parent)
     setResizeMode(QListView::Adjust);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
-    setWordWrap(true);
+    setTextElideMode(Qt::ElideRight);
     setUniformItemSizes(true);
-    setSpacing(4);
     connect(this, &QAbstractItemView::clicked, this, &PresetList::applyRequested);
 }
 

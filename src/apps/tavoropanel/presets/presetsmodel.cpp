@@ -43,10 +43,6 @@ PresetsModel::PresetsModel(Changes &changes, QObject *parent)
     setSourceModel(&m_files);
     sort(0);
     connect(&m_contents, &FileContents::arrived, this, &PresetsModel::learn);
-    connect(&m_files, &Models::ObjectModel::editFailed, this,
-            [this](const QModelIndex &, const QString &, const QString &error) {
-                Q_EMIT renameFailed(error);
-            });
 }
 
 void PresetsModel::setDevice(DeviceSession *device)
@@ -75,13 +71,23 @@ PresetsModel::FileId PresetsModel::preset(const QModelIndex &index) const
 
 QVariant PresetsModel::data(const QModelIndex &index, int role) const
 {
-    if (role != Qt::DecorationRole && role != Qt::AccessibleDescriptionRole
-        && role != Qt::ToolTipRole)
-        return QSortFilterProxyModel::data(index, role);
-    const auto &layout = layoutOf(index);
-    if (role == Qt::DecorationRole)
-        return QIcon(presetPicture(layout, m_pictureSize, qGuiApp->devicePixelRatio(),
+    switch (role) {
+    case Qt::DecorationRole:
+        return QIcon(presetPicture(layoutOf(index), m_pictureSize, qGuiApp->devicePixelRatio(),
                                    QGuiApplication::palette()));
+    case Qt::AccessibleDescriptionRole:
+        return description(index);
+    case Qt::ToolTipRole:
+        return QString(index.data().toString() + QLatin1Char('\n') + description(index));
+    default:
+        return QSortFilterProxyModel::data(index, role);
+    }
+}
+
+/// The screens and layers in words.
+QString PresetsModel::description(const QModelIndex &index) const
+{
+    const auto &layout = layoutOf(index);
     if (!layout)
         return tr("The layout of this preset is not known.");
     QStringList names;
@@ -119,7 +125,8 @@ void PresetsModel::learn(const QModelIndex &file, const std::string &content)
     if (!index.isValid())
         return;
     m_layouts.insert(keyOf(preset(index)), readPresetLayout(content));
-    Q_EMIT dataChanged(index, index, {Qt::DecorationRole, Qt::ToolTipRole});
+    Q_EMIT dataChanged(index, index,
+                       {Qt::DecorationRole, Qt::AccessibleDescriptionRole, Qt::ToolTipRole});
 }
 
 } // namespace Tavoro::Panel

@@ -37,16 +37,13 @@ public:
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
-Q_SIGNALS:
-    /// A preset could not be renamed.
-    void renameFailed(const QString &error);
-
 protected:
     bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
     void showDevice();
+    QString description(const QModelIndex &index) const;
     const std::optional<PresetLayout> &layoutOf(const QModelIndex &index) const;
     void learn(const QModelIndex &file, const std::string &content);
 

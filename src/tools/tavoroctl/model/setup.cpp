@@ -24,18 +24,18 @@ using Operations::ScopeKind;
 const QString versionKey = QStringLiteral("formatVersion");
 
 struct ListRow {
-    ScopeKind kind;
     const char *key; ///< In the document.
+    ScopeKind kind;
     bool isCreatable; ///< Whether writes create and delete such objects.
 };
 
 // clang-format off
 constexpr ListRow lists[] = {
-    {ScopeKind::Device,     "device",     false},
-    {ScopeKind::Interfaces, "interfaces", false},
-    {ScopeKind::Screens,    "screens",    true},
-    {ScopeKind::Layers,     "layers",     true},
-    {ScopeKind::Files,      "files",      false},
+    {"device",     ScopeKind::Device,     false},
+    {"interfaces", ScopeKind::Interfaces, false},
+    {"screens",    ScopeKind::Screens,    true},
+    {"layers",     ScopeKind::Layers,     true},
+    {"files",      ScopeKind::Files,      false},
 };
 // clang-format on
 

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Tavoro::Ctl {
 
@@ -28,7 +29,7 @@ qint64 secondsLeft(const Progress &progress)
     if (part <= 0 || progress.milliseconds <= 0)
         return -1;
     const double rest = static_cast<double>(whole - part) / static_cast<double>(part);
-    return static_cast<qint64>(static_cast<double>(progress.milliseconds) * rest / 1000 + 0.5);
+    return std::llround(static_cast<double>(progress.milliseconds) * rest / 1000);
 }
 
 /// "999 B", "1.5 kB", "12.3 MB": decimal units.

@@ -1,6 +1,6 @@
 #include "terminal.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <sys/ioctl.h>
 #include <unistd.h>

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void appliedDocumentHasNoDifference();
     void setupOfAnotherDeviceIsTakenOver();
     void layersAreReordered();
+    void screensExchangeTheirOutputs();
     void dryRunSendsNothing();
     void dryRunPrintsABatch();
     void keysThatTheDocumentLacksKeepTheirValues();
@@ -384,6 +385,21 @@ void tst_TavoroCtlSetup::layersAreReordered()
     }
     const Run apply = runWith("apply", wanted);
     QVERIFY2(apply.exitCode == 0, apply.errors.constData());
+    QCOMPARE(runWith("diff", wanted).output, QByteArray());
+}
+
+void tst_TavoroCtlSetup::screensExchangeTheirOutputs()
+{
+    const QJsonObject before = sync();
+    const auto output = [&](int screen) {
+        return before.value(QLatin1String("screens"))[screen][QLatin1String(
+            "mosaic")][QLatin1String("outputs")][0][QLatin1String("interfaceId")];
+    };
+    QJsonObject wanted = with(before, "screens/0/mosaic/outputs/0/interfaceId", output(1));
+    wanted = with(wanted, "screens/1/mosaic/outputs/0/interfaceId", output(0));
+    const Run apply = runWith("apply", wanted);
+    QVERIFY2(apply.exitCode == 0, apply.errors.constData());
+    QCOMPARE(apply.output.count("Screen.writeScreenEnable"), 4); // Each screen gives up and takes.
     QCOMPARE(runWith("diff", wanted).output, QByteArray());
 }
 

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void screensKeepTheirLayout_data();
     void screensKeepTheirLayout();
     void overlappingScreensAreArrangedInRows();
+    void manyEqualScreensFillSeveralColumns();
     void headersBelongToTheBounds();
     void noScreensHaveNoBounds();
 };
@@ -57,6 +58,14 @@ void tst_CanvasPlacement::overlappingScreensAreArrangedInRows()
                     {0, 1320, 3712, 2032},
                     {0, 3492, 1920, 1080},
                     {1960, 3492, 1920, 1080}}));
+}
+
+void tst_CanvasPlacement::manyEqualScreensFillSeveralColumns()
+{
+    const Rects placed = placedScreens(Rects(9, QRectF(0, 0, 1920, 1080)), margins);
+    QCOMPARE(placed[1], QRectF(1960, 100, 1920, 1080));
+    QCOMPARE(placed[2], QRectF(0, 1320, 1920, 1080));
+    QCOMPARE(placed[8], QRectF(0, 4980, 1920, 1080));
 }
 
 void tst_CanvasPlacement::headersBelongToTheBounds()

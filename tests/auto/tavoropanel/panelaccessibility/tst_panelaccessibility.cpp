@@ -3,11 +3,12 @@
 
 #include <tavoropanel/actions/actiontable.h>
 
-#include <QAbstractScrollArea>
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QLayout>
 #include <QTabBar>
+#include <QTranslator>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void textsHaveContrast_data() { addThemes(); }
     void textsHaveContrast();
     void everyControlIsReachedWithTheTabKey();
+    void longerTextsAreNotCutOff();
     void everyActionHasTextAndDescription();
     void shortcutsAreUniqueAndListed();
 
@@ -71,6 +73,17 @@ QString nameOf(const QWidget &widget)
                      + each->objectName());
     return path.join(QStringLiteral(" > "));
 }
+
+/// Makes each text half as long again, as translations may be.
+class LongTexts : public QTranslator {
+public:
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        const QString text = QString::fromUtf8(source);
+        return text + QString((text.size() + 1) / 2, QLatin1Char('x'));
+    }
+    bool isEmpty() const override { return false; }
+};
 
 /// Relative luminance as the accessibility guidelines of the web define it.
 double luminance(const QColor &colour)
@@ -153,6 +166,30 @@ void tst_PanelAccessibility::everyControlIsReachedWithTheTabKey()
             wanted.removeAll(QApplication::focusWidget()->objectName());
     }
     QVERIFY2(wanted.isEmpty(), qUtf8Printable(wanted.join(QLatin1Char(' '))));
+}
+
+void tst_PanelAccessibility::longerTextsAreNotCutOff()
+{
+    LongTexts translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    WindowBench bench;
+    QVERIFY(bench.openSelected());
+    bench.window->resize(1600, 960);
+    QStringList widths;
+    for (const char *const part :
+         {"control", "devices", "canvas", "details", "presets", "sources", "files", "log", "live"})
+        widths << QStringLiteral("%1 %2")
+                      .arg(QLatin1String(part))
+                      .arg(bench.find<QWidget>(part).minimumSizeHint().width());
+    QVERIFY2(bench.window->minimumSizeHint().width() <= 1600,
+             qUtf8Printable(widths.join(QStringLiteral(", "))));
+    QTest::qWait(0);
+    for (QAbstractButton *const button : bench.window->findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && !button->text().isEmpty())
+            QVERIFY2(button->width() >= button->minimumSizeHint().width(),
+                     qUtf8Printable(nameOf(*button) + button->text()));
+    }
+    QVERIFY(bench.find<QAbstractButton>("take").text().endsWith(QStringLiteral("xx")));
 }
 
 void tst_PanelAccessibility::everyActionHasTextAndDescription()

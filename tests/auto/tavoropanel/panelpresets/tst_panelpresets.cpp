@@ -135,7 +135,7 @@ void tst_PanelPresets::savedPresetIsOnTheDevice()
     QVERIFY(saved);
     QCOMPARE(saved->detail().general.name, std::string("Opening"));
     QCOMPARE(bench.list->model()->index(0, 0).data().toString(), QStringLiteral("Opening"));
-    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString(),
                  QStringLiteral("Main; layers: 2"));
 }
 
@@ -147,7 +147,7 @@ void tst_PanelPresets::presetOfAllScreensIsOnTheDevice()
     QTest::keyClick(bench.find<QLineEdit>("presetName"), Qt::Key_Return);
     QTRY_VERIFY(bench.preset(devicePreset, 0));
     QCOMPARE(bench.preset(devicePreset, 0)->detail().general.name, std::string("Preset 1"));
-    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString(),
                  QStringLiteral("Main, Blend; layers: 4"));
 }
 
@@ -220,13 +220,13 @@ void tst_PanelPresets::pictureFollowsTheContent()
 {
     PresetsBench bench;
     QVERIFY(bench.save(QStringLiteral("one")));
-    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString(),
                  QStringLiteral("Main; layers: 2"));
     ProtoModel::File::s_CreatePresetFile other;
     other.fileType = screenPreset;
     other.screens = {{1, 1}, {2, 2}};
     QVERIFY(resultOf(bench.wall->call(&Control::File::writeCreatePresetFile, {other})));
-    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+    QTRY_COMPARE(bench.list->model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString(),
                  QStringLiteral("Main, Blend; layers: 4"));
 }
 

@@ -8,6 +8,7 @@
 #include <tavorocontrol/screen.h>
 #include <tavorooperations/jsontext.h>
 
+#include <QAction>
 #include <QJsonArray>
 #include <QSignalSpy>
 #include <QUndoStack>
@@ -209,6 +210,7 @@ private Q_SLOTS:
     void stepOfALostDeviceSaysSo();
     void stepOfAClosedDeviceGoes();
     void operationOutsideTheTableIsNoStep();
+    void menuNamesTheStep();
 };
 
 void tst_PanelUndo::deviceHasItsFormerRecordAfterUndo_data()
@@ -403,6 +405,27 @@ void tst_PanelUndo::operationOutsideTheTableIsNoStep()
     QVERIFY(resultOf(
         bench.changes.call(*bench.wall, &Control::Screen::writeTake, {{{{1, 1}, {5, 0, 1}}}})));
     QVERIFY(!bench.changes.canUndo());
+}
+
+void tst_PanelUndo::menuNamesTheStep()
+{
+    UndoBench bench;
+    QVERIFY(bench.openSelected());
+    QAction &undo = bench.actions.action(ActionId::Undo);
+    QAction &redo = bench.actions.action(ActionId::Redo);
+    QCOMPARE(undo.text(), QStringLiteral("&Undo"));
+    QVERIFY(!undo.isEnabled());
+    QVERIFY(bench.setOpacity(40));
+    QTRY_VERIFY(undo.isEnabled());
+    QCOMPARE(undo.text(), QStringLiteral("&Undo: change opacity on wall 1"));
+    undo.trigger();
+    QVERIFY(bench.wait());
+    QTRY_COMPARE(bench.modelOpacity(), 100);
+    QVERIFY(!undo.isEnabled());
+    QCOMPARE(redo.text(), QStringLiteral("&Redo: change opacity on wall 1"));
+    redo.trigger();
+    QVERIFY(bench.wait());
+    QTRY_COMPARE(bench.modelOpacity(), 40);
 }
 
 QTEST_MAIN(tst_PanelUndo)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void lostAnswerIsResolvedByTheDevice_data();
     void lostAnswerIsResolvedByTheDevice();
     void requestThatNeverArrivedIsNotSent();
+    void requestThatIsAnsweredTooLateIsDone();
     void requestThatIsNeverFinishedStaysUnknown();
     void restartedDeviceLeavesTheOutcomeUnknown();
     void outcomeIsUnknownAtOnceWithoutTimeToAsk();
@@ -183,6 +184,18 @@ void tst_CallOutcomes::requestThatNeverArrivedIsNotSent()
     const Outcome outcome = resultOf(callSwap());
     QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
     resultOf(held);
+}
+
+void tst_CallOutcomes::requestThatIsAnsweredTooLateIsDone()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.channel.maxRequestTime = 300ms;
+    start(options);
+    QVERIFY(m_bench->addFault("late=2000,code=0x1107,count=1"));
+    DeviceLog log;
+    QVERIFY(resultOf(callSwap()));
+    QCOMPARE(log.writes(swapCode).size(), 1);
+    QCOMPARE(deviceSwap(), 0);
 }
 
 void tst_CallOutcomes::requestThatIsNeverFinishedStaysUnknown()

@@ -66,6 +66,8 @@ private Q_SLOTS:
     void futureHasTheResult();
     void cancelledFutureIsNotSent();
     void callsArriveInTheirOrder();
+    void readsAndWritesArriveInOneOrder();
+    void slowCallHoldsTheOrder();
     void takeDoesNotWaitForAFile();
     void takeDoesNotWaitForAReading();
     void callsBeyondTheLimitAreNotSent();
@@ -258,6 +260,39 @@ void tst_DeviceCalls::callsArriveInTheirOrder()
     }
     QVERIFY(resultOf(wall().call(&Control::Device::readDetails)));
     QCOMPARE(log.writes(0x130D), expected);
+}
+
+void tst_DeviceCalls::readsAndWritesArriveInOneOrder()
+{
+    DeviceLog log;
+    QStringList expected;
+    for (int i = 0; i < 5; ++i) {
+        wall().call(&Control::Screen::writeTBar, {tbar(i)});
+        wall().call(&Control::Device::readOutputMapping);
+        wall().call(&Control::Device::readDeviceGroupInfo);
+        expected << QStringLiteral("130D") << QStringLiteral("1108") << QStringLiteral("110A");
+    }
+    QVERIFY(resultOf(wall().call(&Control::Device::readDetails)));
+    QStringList arrived;
+    for (const QString &code : log.codes()) {
+        if (expected.contains(code)) // not what is read after writes
+            arrived << code;
+    }
+    QCOMPARE(arrived, expected);
+}
+
+/// The next call is sent when the one before has been answered.
+void tst_DeviceCalls::slowCallHoldsTheOrder()
+{
+    holdCommands();
+    DeviceLog log;
+    const auto slow = wall().call(&Control::Device::writeSwap, {1});
+    const auto next = wall().call(&Control::Screen::writeTBar, {tbar(1)});
+    QTRY_VERIFY(!m_bench->hasFaults()); // the device has the first call
+    QVERIFY(log.writes(0x130D).isEmpty());
+    QVERIFY(resultOf(next));
+    QVERIFY(slow.future().isFinished());
+    QCOMPARE(log.writes(0x130D), QStringList{tbarBody(1)});
 }
 
 void tst_DeviceCalls::takeDoesNotWaitForAFile()

@@ -50,7 +50,7 @@ SessionBench::Options stormOptions()
     options.channel.keepAliveInterval = 200ms;
     options.channel.keepAliveTimeout = 1s;
     options.channel.stalledAnswerTimeout = 500ms;
-    options.channel.maxRequestTime = 3s;
+    options.channel.maxRequestTime = 5s;
     options.outcomeTime = 3s;
     return options;
 }
@@ -70,7 +70,7 @@ const std::array<Storm::Action, 12> Storm::actions{{
     {3,  &Storm::cancel},
     {5,  &Storm::control},
     {15, &Storm::disturb},
-    {10, &Storm::addFault},
+    {5,  &Storm::addFault},
     {2,  &Storm::switchOff},
     {3,  &Storm::read},
     {2,  &Storm::reconnect},

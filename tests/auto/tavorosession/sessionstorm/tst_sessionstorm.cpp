@@ -21,8 +21,8 @@ constexpr int deviceCount = 50;
 constexpr int watchedDevices = 5;
 constexpr int fewestActions = 1500;
 constexpr int longestWait = 60000; // milliseconds
-/// A thread that waits for a silent device is blocked for 3 s.
-constexpr qint64 longestGap = 2500; // milliseconds
+/// A thread that waits for a silent device is blocked for 5 s.
+constexpr qint64 longestGap = 4000; // milliseconds
 
 const AllModels::Scenes scenes{{{{1, 1}, 2}, {{1, 1}, 4}, {{2, 2}, 2}, {{2, 2}, 4}}};
 
