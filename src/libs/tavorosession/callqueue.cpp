@@ -24,9 +24,9 @@ CallQueue::~CallQueue()
 
 void CallQueue::setTarget(std::shared_ptr<const CallTarget> target, const QString &reason)
 {
-    endWaiting(reasonText(NotSentReason::ConnectionLost));
-    m_target = std::move(target);
+    m_target = std::move(target); // first: slots may make calls
     m_reason = reason;
+    endWaiting(reasonText(NotSentReason::ConnectionLost));
     m_unknown.setTarget(m_target);
 }
 

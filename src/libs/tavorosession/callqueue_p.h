@@ -35,6 +35,8 @@ public:
     void endWaiting(const QString &reason);
     /// Ends all calls: those that wait as not sent, those under way as unknown.
     void endAll(const QString &reason);
+    /// True if a call waits or is under way.
+    bool isBusy() const { return !m_calls.empty(); }
 
 private:
     using JobPtr = std::shared_ptr<CallJob>;

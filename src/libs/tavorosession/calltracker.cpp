@@ -1,5 +1,7 @@
 #include "calltracker_p.h"
 
+#include <tuple>
+
 namespace Tavoro::SessionInternal {
 
 namespace {

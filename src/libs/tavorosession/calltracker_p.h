@@ -20,7 +20,7 @@ namespace Tavoro::SessionInternal {
 ///
 /// | member                      | thread                     |
 /// |-----------------------------|----------------------------|
-/// | setDone, isCanceled, cancel | any                        |
+/// | setDone, isCanceled         | any                        |
 /// | the others                  | the session's              |
 class CallTracker : public std::enable_shared_from_this<CallTracker> {
 public:

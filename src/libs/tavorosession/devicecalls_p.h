@@ -45,6 +45,7 @@ public:
     void endWaiting(const QString &reason) { m_queue.endWaiting(reason); }
     /// Ends all calls, the upgrades included.
     void endAll(const QString &reason);
+    bool isBusy() const { return m_queue.isBusy(); }
 
     void start(const std::shared_ptr<CallJob> &job) override { m_queue.start(job, {}); }
     /// Replaces a waiting call with the same \a key, unless it is empty.

@@ -45,8 +45,10 @@ void DeviceReading::request(std::shared_ptr<const CallTarget> target)
         m_isRepeated = true;
         return;
     }
+    const auto wanted = m_target;
     m_events.readingStarted();
-    m_shared.readQueue.request(this, [this] { start(); });
+    if (m_target == wanted) // a slot may have closed the session
+        m_shared.readQueue.request(this, [this] { start(); });
 }
 
 void DeviceReading::start()
@@ -95,7 +97,10 @@ void DeviceReading::ended(const ReaderPtr &reader)
     if (result.isAborted)
         return; // the loss of the connection is reported next
     leaveOutdated(result);
-    apply(result);
+    const auto target = m_target;
+    apply(result, target->device);
+    if (m_target != target)
+        return; // a slot of the model has closed the session
     const QString failures = result.failures.join(QStringLiteral(", "));
     if (!result.hasEssentials)
         return retry(failures);
@@ -139,21 +144,21 @@ void DeviceReading::leaveOutdated(DeviceReadResult &result) const
         m_events.readingOutdated(scopes);
 }
 
-void DeviceReading::apply(DeviceReadResult &result) const
+void DeviceReading::apply(DeviceReadResult &result,
+                          const std::shared_ptr<BizModel::Device> &device) const
 {
-    BizModel::Device &device = *m_target->device;
     std::optional<std::vector<ProtoModel::File::s_FileDetail>> filesWithoutContents;
     if (!m_options.readsFileContents)
         filesWithoutContents = std::exchange(result.reading.files, std::nullopt);
     QString error;
-    if (!BizModel::updateDevice(device, result.reading, error))
+    if (!BizModel::updateDevice(*device, result.reading, error))
         result.failures << error;
     if (filesWithoutContents
-        && !BizModel::updateFiles(device, *filesWithoutContents, {},
+        && !BizModel::updateFiles(*device, *filesWithoutContents, {},
                                   BizModel::FileContents::WereNotRead, error))
         result.failures << error;
     if (auto *const saver = BizModel::DeviceList::instance()->saveDeviceDataThread())
-        saver->saveDevicesInfor(m_target->device);
+        saver->saveDevicesInfor(device);
 }
 
 void DeviceReading::retry(const QString &reason)

@@ -51,7 +51,7 @@ private:
 
     void start();
     void ended(const ReaderPtr &reader);
-    void apply(DeviceReadResult &result) const;
+    void apply(DeviceReadResult &result, const std::shared_ptr<BizModel::Device> &device) const;
     void leaveOutdated(DeviceReadResult &result) const;
     void retry(const QString &reason);
     void endTurn();

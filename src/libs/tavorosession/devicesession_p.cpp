@@ -89,7 +89,6 @@ void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened
 {
     DeviceManager::instance()->addDeviceChannel(opened);
     m_calls.setTarget(nullptr, translated(notConnected));
-    setState(DeviceState::Connecting);
     channel = std::move(opened);
     const std::weak_ptr<SSProxy::NetworkChannel> followed = channel;
     channel->setConnectionHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), followed,
@@ -100,17 +99,23 @@ void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened
                 (*self)->connectionChanged(connection);
         });
     });
+    setState(DeviceState::Connecting); // last: a slot may close the session
 }
 
 void DeviceSessionPrivate::close(const QString &reason)
 {
     if (!channel)
         return;
+    const auto closed = channel;
     m_calls.endWaiting(reason); // first: the lane starts the next call when the one under way ends
-    const auto closed = std::exchange(channel, nullptr);
+    if (channel != closed)
+        return; // a slot has closed the session
+    channel = nullptr;
     closed->stopChannel();
     DeviceManager::instance()->removeDeviceChannel(closed);
     lost(DeviceState::Disconnected, reason, Milliseconds::zero());
+    if (m_target)
+        return; // a slot has opened the session and waited until it was connected
     m_calls.endAll(reason);
     m_updates.endAll();
 }
@@ -153,24 +158,34 @@ void DeviceSessionPrivate::waitForConnection(const QString &reason, Milliseconds
     setDetails(reason, pause);
 }
 
+/// Slots may close the session, or run an event loop in which the connection is lost.
 void DeviceSessionPrivate::connected(quint64 connections)
 {
-    const auto found = listedDevice(channel->deviceBaseInfo());
-    DeviceSessionPrivate *const other = m_shared.owners.of(found.get());
+    CallTarget opened;
+    opened.channel = channel;
+    opened.connections = connections;
+    opened.reports = std::make_shared<ReportCounts>(channel);
+    const auto isCurrent = [&] {
+        return channel == opened.channel && opened.isConnected();
+    };
+    opened.device = listedDevice(channel->deviceBaseInfo());
+    if (!isCurrent())
+        return;
+    DeviceSessionPrivate *const other = m_shared.owners.of(opened.device.get());
     if (other && other != this && other->channel)
         return closeInFavourOf(*other);
-    takeDevice(found);
-    CallTarget target;
-    target.device = found;
-    target.channel = channel;
-    target.connections = connections;
-    target.reports = std::make_shared<ReportCounts>(channel);
-    m_target = std::make_shared<const CallTarget>(std::move(target));
+    takeDevice(opened.device);
+    if (!isCurrent())
+        return;
+    const auto target = std::make_shared<const CallTarget>(opened);
+    m_target = target;
+    m_calls.setTarget(target, {});
+    m_follower.setTarget(target);
     m_device.setOnline(true);
-    m_control.setTarget(m_target);
-    m_calls.setTarget(m_target, {});
-    m_follower.setTarget(m_target);
-    m_reading.request(m_target);
+    if (m_target == target)
+        m_control.setTarget(target);
+    if (m_target == target)
+        m_reading.request(target);
 }
 
 /// One device has one session: calls and readings of two would disturb each other.
@@ -221,10 +236,17 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_reading.stop();
     m_follower.setTarget(nullptr);
     m_updates.lost(m_follower.noted());
-    m_control.setTarget(nullptr);
-    m_device.setOnline(false);
+    // Slots may open or close the session, or run an event loop until it is connected again.
+    const auto isCurrent = [this, former = channel] {
+        return channel == former && !m_target;
+    };
     m_calls.setTarget(nullptr, reason);
-    setState(kind, reason, pause);
+    if (isCurrent())
+        m_control.setTarget(nullptr);
+    if (isCurrent())
+        m_device.setOnline(false);
+    if (isCurrent())
+        setState(kind, reason, pause);
 }
 
 /// A write may have renamed the device.
@@ -251,15 +273,19 @@ void DeviceSessionPrivate::readingProgressed(double share)
 
 void DeviceSessionPrivate::readingFailed(const QString &reason, Milliseconds pause)
 {
+    const auto target = m_target;
     reportDevice();
-    setDetails(reason, pause);
+    if (m_target == target) // a slot may have closed the session
+        setDetails(reason, pause);
 }
 
 void DeviceSessionPrivate::readingEnded(const QString &failures)
 {
-    reportDevice();
-    setState(DeviceState::Ready, failures);
     m_updates.readingEnded(failures.isEmpty());
+    const auto target = m_target;
+    reportDevice();
+    if (m_target == target) // a slot may have closed the session
+        setState(DeviceState::Ready, failures);
 }
 
 void DeviceSessionPrivate::setState(DeviceState::Kind kind, const QString &reason,
@@ -287,6 +313,15 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
     if (!m_target)
         m_calls.setTarget(nullptr, reason);
     emitIfAlive(&DeviceSession::stateDetailsChanged);
+}
+
+/// A call under way, such as a transfer, may need control until its end.
+void DeviceSessionPrivate::controlIsIdle()
+{
+    if (m_calls.isBusy())
+        m_control.noteUse();
+    else
+        requestControl(SSProxy::ControlAction::GiveUp);
 }
 
 } // namespace Tavoro::SessionInternal

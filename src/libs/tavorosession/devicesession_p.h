@@ -97,7 +97,7 @@ private:
 
     void controlChanged() override { emitIfAlive(&DeviceSession::controlChanged); }
     void controlHolderChanged() override { emitIfAlive(&DeviceSession::controlHolderChanged); }
-    void controlIsIdle() override { requestControl(SSProxy::ControlAction::GiveUp); }
+    void controlIsIdle() override;
 
     /// Emits a signal, except while the session is being deleted.
     template <class Signal, class... Values>

@@ -23,8 +23,10 @@ public:
         const auto isComplete = [this] {
             return m_missing <= 0;
         };
-        if (!m_complete.wait_for(lock, m_patience, isComplete))
+        if (!m_complete.wait_for(lock, m_patience, isComplete)) {
             m_missing = 0; // the calls that arrive later do not wait
+            m_complete.notify_all();
+        }
     }
 
     /// A call will not be sent.

@@ -31,8 +31,8 @@ class SessionPrivate;
 /// \endcode
 ///
 /// It applies the reports of the devices to the model (Control::AutoReportManager), reads at most
-/// four devices at the same time, and needs a thread for each device only while that device is busy
-/// with a call. Destroying it ends all calls, and takes less than a second.
+/// four devices at the same time, and needs a thread for a lane of a device only while that lane
+/// has work. Destroying it ends all calls, and takes less than a second.
 class TAVOROSESSION_EXPORT Session : public QObject {
     Q_OBJECT
 

@@ -88,13 +88,19 @@ void UnknownCalls::endAll()
 
 void UnknownCalls::askAll()
 {
-    const auto now = Time::now();
-    for (auto next = m_calls.begin(); next != m_calls.end();) {
-        const auto entry = next++;
-        if (entry->deadline <= now)
-            deliver(entry, entry->job->result);
-        else
-            ask(*entry);
+    const auto isLate = [now = Time::now()](const Entry &entry) {
+        return entry.deadline <= now;
+    };
+    for (Entry &entry : m_calls) {
+        if (!isLate(entry))
+            ask(entry);
+    }
+    // A slot that learns of an outcome may end other calls.
+    for (;;) {
+        const auto late = std::find_if(m_calls.begin(), m_calls.end(), isLate);
+        if (late == m_calls.end())
+            return;
+        deliver(late, late->job->result);
     }
 }
 

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void controlIsForced();
     void lossOfControlIsReported();
     void controlIsReleasedAfterTheIdleTime();
+    void controlIsKeptDuringATransfer();
     void holderIsAPropertyWithASignal();
     void holderIsKnownAfterConnecting();
     void refusalThatTheDeviceConfirmsLaterNamesTheHolder();
@@ -136,6 +137,27 @@ void tst_DeviceControl::controlIsReleasedAfterTheIdleTime()
     QVERIFY(resultOf(callSwap()));
     QVERIFY(!holder().isEmpty());
     QTRY_COMPARE(holder(), QString());
+}
+
+void tst_DeviceControl::controlIsKeptDuringATransfer()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.controlIdleTime = 200ms;
+    start(options);
+    QVERIFY(m_bench->addFault("late=1000,code=0xFA03,skip=1,count=1"));
+    QStringList ended;
+    connect(&wall(), &DeviceSession::callFinished, this,
+            [&](const Outcome &outcome) { ended << outcome.operation(); });
+    ProtoModel::File::s_FileInfo file;
+    file.fileType = 2;
+    file.fileId = 7;
+    file.general.name = "picture";
+    const auto transfer = wall().files().send(file, "content");
+    QVERIFY(resultOf(callSwap())); // begins the idle time
+    QVERIFY(resultOf(transfer));
+    QTRY_COMPARE(ended.size(), 3);
+    QCOMPARE(ended.last(), QStringLiteral("the request for control"));
+    QCOMPARE(holder(), QString());
 }
 
 void tst_DeviceControl::holderIsAPropertyWithASignal()
