@@ -100,10 +100,17 @@ void CallQueue::endUnsent(const JobPtr &job, const QString &reason, bool isRepla
 
 void CallQueue::endWaiting(const QString &reason)
 {
+    std::vector<JobPtr> removed;
     for (const auto &lane : {m_commands, m_transfers}) {
         for (const auto &waiting : lane->removeAll())
-            endUnsent(std::static_pointer_cast<CallJob>(waiting), reason);
+            removed.push_back(std::static_pointer_cast<CallJob>(waiting));
     }
+    for (const JobPtr &job : removed) {
+        job->hasRun = true; // first: a slot may end all calls
+        job->result = notSent(reason);
+    }
+    for (const JobPtr &job : removed)
+        end(job, job->result);
 }
 
 void CallQueue::endAll(const QString &reason)
@@ -113,8 +120,10 @@ void CallQueue::endAll(const QString &reason)
     CallResult unknown;
     unknown.kind = Outcome::Unknown;
     unknown.reason = reason;
-    while (!m_calls.empty())
-        end(JobPtr(m_calls.front()), unknown);
+    while (!m_calls.empty()) {
+        const JobPtr job = m_calls.front();
+        end(job, job->hasRun ? job->result : unknown);
+    }
 }
 
 } // namespace Tavoro::SessionInternal
