@@ -1,6 +1,7 @@
 #include "objectmodel_p.h"
 
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <iterator>
@@ -43,6 +44,16 @@ ObjectModelPrivate::ObjectModelPrivate(ObjectModel &model, std::unique_ptr<RowSo
 // Following the device model
 
 void ObjectModelPrivate::synchronise()
+{
+    m_isOutdated = true;
+    if (m_isSynchronising)
+        return;
+    const QScopedValueRollback<bool> synchronising(m_isSynchronising, true);
+    while (std::exchange(m_isOutdated, false))
+        applyDifferences();
+}
+
+void ObjectModelPrivate::applyDifferences()
 {
     const ObjectList wanted = source->objects();
     const auto isRowOf = [](const Row &row, const std::shared_ptr<QObject> &object) {
