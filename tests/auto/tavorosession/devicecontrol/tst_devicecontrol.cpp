@@ -24,6 +24,7 @@ private Q_SLOTS:
     void readingTakesNoControl();
     void controlIsTakenAndReleased();
     void refusalsNameTheHolder();
+    void holderOfARefusalIsIgnoredUnlessOthersHaveControl();
     void holderIsReadWithoutTakingControl();
     void controlIsForced();
     void lossOfControlIsReported();
@@ -89,6 +90,16 @@ void tst_DeviceControl::refusalsNameTheHolder()
     const Outcome write = resultOf(callSwap());
     QCOMPARE(int(write.kind()), int(Outcome::Refused));
     QCOMPARE(write.reason(), reason);
+}
+
+/// The device refuses a call, but names this client when it is asked afterwards.
+void tst_DeviceControl::holderOfARefusalIsIgnoredUnlessOthersHaveControl()
+{
+    QVERIFY(resultOf(wall().takeControl()));
+    QVERIFY(m_bench->addFault("status=67,code=0x1107,count=1"));
+    QCOMPARE(int(resultOf(callSwap()).kind()), int(Outcome::Refused));
+    QVERIFY(!wall().isControlledByOthers());
+    QCOMPARE(wall().controlHolder(), QString());
 }
 
 void tst_DeviceControl::holderIsReadWithoutTakingControl()
