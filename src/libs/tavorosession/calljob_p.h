@@ -30,6 +30,13 @@ struct CallTarget {
 /// reason. Blocks.
 void nameHolder(const CallTarget &target, CallResult &result);
 
+/// What a call does with the control of the device when the device carries it out.
+enum class ControlUse {
+    None,
+    Takes,
+    GivesUp
+};
+
 /// A call of the application, on its way through a lane.
 ///
 /// | member                               | thread                                        |
@@ -45,6 +52,7 @@ public:
     void run() override;
     /// Name of the call for its outcome, translated. On the courier's thread.
     virtual QString label() const;
+    virtual ControlUse controlUse() const;
 
     const std::shared_ptr<PendingOperation> operation;
     bool isQuiet = false; ///< The application learns nothing of this call.

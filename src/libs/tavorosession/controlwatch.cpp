@@ -89,7 +89,7 @@ void ControlWatch::look()
 
 void ControlWatch::noteUse()
 {
-    if (m_idle.interval() > 0)
+    if (m_target && m_idle.interval() > 0)
         m_idle.start();
 }
 

@@ -120,13 +120,6 @@ void DeviceSessionPrivate::close(const QString &reason)
     m_updates.endAll();
 }
 
-PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
-{
-    if (action == SSProxy::ControlAction::GiveUp)
-        m_control.noteRelease();
-    return m_calls.requestControl(action);
-}
-
 PendingCall<bool> DeviceSessionPrivate::modelUpdate()
 {
     PendingCall<bool> pending = m_updates.wait(m_follower.noted());
@@ -315,13 +308,13 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
     emitIfAlive(&DeviceSession::stateDetailsChanged);
 }
 
-/// A call under way, such as a transfer, may need control until its end.
+/// A call under way, such as a transfer, may need control until its end. If the request fails, it
+/// is repeated after the idle time.
 void DeviceSessionPrivate::controlIsIdle()
 {
-    if (m_calls.isBusy())
-        m_control.noteUse();
-    else
-        requestControl(SSProxy::ControlAction::GiveUp);
+    m_control.noteUse(); // first: the request may end at once
+    if (!m_calls.isBusy())
+        m_calls.giveUpControl();
 }
 
 } // namespace Tavoro::SessionInternal
