@@ -61,6 +61,7 @@ public:
     std::function<void(const Outcome &outcome, const CallResult &result)> observer;
 
     // Set by CallQueue before a lane has the job.
+    QString key; ///< Of a call that replaces a waiting one; otherwise empty.
     std::shared_ptr<const CallTarget> target;
     std::shared_ptr<Courier> courier;
     std::function<void(const std::shared_ptr<CallJob> &)> finished; ///< run() has ended.

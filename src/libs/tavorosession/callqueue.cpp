@@ -32,6 +32,7 @@ void CallQueue::setTarget(std::shared_ptr<const CallTarget> target, const QStrin
 
 void CallQueue::start(JobPtr job, const QString &key)
 {
+    job->key = key;
     job->target = m_target;
     job->courier = m_courier;
     job->finished = [weak = std::weak_ptr<CallQueue *>(m_self)](const JobPtr &ended) {
@@ -89,6 +90,8 @@ void CallQueue::end(const JobPtr &job, const CallResult &result, bool isReplaced
     if (job->gate && result.kind == Outcome::NotSent)
         job->gate->leave();
     m_calls.erase(std::remove(m_calls.begin(), m_calls.end(), job), m_calls.end());
+    if (!job->key.isEmpty() && m_latest.value(job->key).lock() == job)
+        m_latest.remove(job->key);
     m_deliver(*job, result, isReplaced);
 }
 
