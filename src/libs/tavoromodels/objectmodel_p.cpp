@@ -257,6 +257,22 @@ void ObjectModelPrivate::startEdit(Row &row, int index, const QVariant &value)
                   });
 }
 
+void ObjectModelPrivate::dropEdits()
+{
+    const auto isEdited = [](const Row &each) {
+        return !each.edits.empty();
+    };
+    // A slot may change the rows.
+    for (;;) {
+        const auto row = std::find_if(rows.begin(), rows.end(), isEdited);
+        if (row == rows.end())
+            return;
+        const auto before = allValues(*row);
+        row->edits.clear();
+        notifyDifferences(*row, before);
+    }
+}
+
 void ObjectModelPrivate::finishEdit(const std::weak_ptr<QObject> &object, int index, quint64 number,
                                     const QString &error)
 {

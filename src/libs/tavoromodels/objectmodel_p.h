@@ -53,6 +53,8 @@ public:
     /// \name Edits
     /// @{
     bool canEdit(int index) const;
+    /// Shows the values of the device again.
+    void dropEdits();
     void startEdit(Row &row, int index, const QVariant &value);
     void finishEdit(const std::weak_ptr<QObject> &object, int index, quint64 number,
                     const QString &error);
