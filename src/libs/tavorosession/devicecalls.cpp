@@ -85,6 +85,9 @@ UpgradeCall::Session DeviceCalls::upgradeSession()
         job->isQuiet = isQuiet;
         m_queue.start(job, {});
     };
+    session.cancel = [this](const std::shared_ptr<CallJob> &job) {
+        m_queue.cancel(job);
+    };
     session.report = [this](const CallResult &result, const QString &label) {
         const Outcome outcome = makeOutcome(result, label, false);
         report(outcome);
