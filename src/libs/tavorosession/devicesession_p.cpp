@@ -161,7 +161,9 @@ void DeviceSessionPrivate::connected(quint64 connections)
     const auto isCurrent = [&] {
         return channel == opened.channel && opened.isConnected();
     };
-    opened.device = listedDevice(channel->deviceBaseInfo());
+    // Slots that see the new device in the list find its session.
+    opened.device = listedDevice(channel->deviceBaseInfo(),
+                                 [this](const auto &created) { setDevice(created); });
     if (!isCurrent())
         return;
     DeviceSessionPrivate *const other = m_shared.owners.of(opened.device.get());
@@ -210,10 +212,15 @@ void DeviceSessionPrivate::takeDevice(const std::shared_ptr<BizModel::Device> &f
     }
     found->setIPAddress(QString::fromStdString(info.ip));
     found->updateDeviceBaseInfo(info);
-    if (m_device.get() != found)
-        m_reportedName.clear();
-    m_device.set(found);
+    setDevice(found);
     reportDevice();
+}
+
+void DeviceSessionPrivate::setDevice(const std::shared_ptr<BizModel::Device> &device)
+{
+    if (m_device.get() != device)
+        m_reportedName.clear();
+    m_device.set(device);
 }
 
 void DeviceSessionPrivate::reportDevice()

@@ -61,6 +61,7 @@ private:
     void connected(quint64 connections);
     void waitForConnection(const QString &reason, std::chrono::milliseconds pause);
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
+    void setDevice(const std::shared_ptr<BizModel::Device> &device);
     void takeDevice(const std::shared_ptr<BizModel::Device> &found);
     void closeInFavourOf(DeviceSessionPrivate &other);
     void moveTo(const QString &newHost, quint16 newPort);
