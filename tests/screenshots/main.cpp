@@ -43,7 +43,9 @@ public:
         moveLayer(1, {0, 0, 3840, 1080});
         moveLayer(2, {2520, 600, 1200, 400});
         moveLayer(3, {2520, 80, 1200, 400});
-        savePreset(2, QStringLiteral("Speaker and slides"));
+        trigger(ActionId::Take); // the pictures of presets show the programme
+        savePreset(2, QStringLiteral("Speaker"));
+        trigger(ActionId::Take);
         selectLayer();
         save(QStringLiteral("panel"));
         applyTheme(Theme::Light);

@@ -1,5 +1,6 @@
 // The operator's panel: tavoropanel [--demo] [--theme THEME] [--store FILE] [DEVICE ...]
 
+#include <programhelp/hiddenoptions.h>
 #include <tavorobizmodel/devicelist.h>
 #include <tavoropanel/demo/demobar.h>
 #include <tavoropanel/demo/demodevice.h>
@@ -48,6 +49,14 @@ std::unique_ptr<DemoDevice> startDemo(Session &session, MainWindow &window)
     return device;
 }
 
+QStringList wordsOf(int argc, char **argv)
+{
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words += QString::fromLocal8Bit(argv[i]);
+    return words;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -56,6 +65,9 @@ int main(int argc, char *argv[])
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
+    // Without a display, as builds have none.
+    if (const auto status = Help::runHiddenOption(describeProgram(), nullptr, wordsOf(argc, argv)))
+        return *status;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavoropanel"));
     QApplication::setOrganizationName(QStringLiteral("tavoro"));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <programhelp/program.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -17,5 +19,8 @@ struct Options {
 
 /// Reads the command line. The first argument is the program.
 Options readOptions(const QStringList &arguments);
+
+/// What the program takes, for its man page and the completion of shells.
+Help::Program describeProgram();
 
 } // namespace Tavoro::Panel

@@ -79,7 +79,7 @@ void tst_PanelMessages::doneCallIsNotReportedTwice()
     ProtoModel::Screen::s_Freeze freeze;
     freeze.screenId = 1;
     freeze.screenType = 1;
-    const int before =
+    const auto before =
         texts(bench.messages).count(QStringLiteral("Set screen freeze information successfully."));
     const Outcome outcome = resultOf(bench.wall->call(&Control::Screen::writeFreeze, {freeze}));
     QVERIFY2(outcome, qUtf8Printable(outcome.text()));
