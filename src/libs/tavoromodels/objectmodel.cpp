@@ -64,7 +64,8 @@ int ObjectModel::role(const QByteArray &name) const
 
 void ObjectModel::setEditHandler(EditHandler *handler)
 {
-    d->handler = handler;
+    if (std::exchange(d->handler, handler) != handler)
+        d->dropEdits();
 }
 
 void ObjectModel::setDecorations(std::function<QVariant(const QString &name)> decorations)

@@ -60,7 +60,8 @@ public:
     Q_INVOKABLE int role(const QByteArray &name) const;
 
     /// Sets the object that carries out edits; null makes the model read-only. The handler must
-    /// exist as long as the model, or until another one is set.
+    /// exist as long as the model, or until another one is set. The model then shows the values of
+    /// the device for the edits of the previous handler that have not ended.
     void setEditHandler(EditHandler *handler);
     /// Sets a function that makes the value of \c decoration from the name of a symbol, for example
     /// a \c QIcon for views in widgets. Without it the value is the name, as QML needs it. The

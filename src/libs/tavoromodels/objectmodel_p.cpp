@@ -1,6 +1,7 @@
 #include "objectmodel_p.h"
 
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <iterator>
@@ -43,6 +44,16 @@ ObjectModelPrivate::ObjectModelPrivate(ObjectModel &model, std::unique_ptr<RowSo
 // Following the device model
 
 void ObjectModelPrivate::synchronise()
+{
+    m_isOutdated = true;
+    if (m_isSynchronising)
+        return;
+    const QScopedValueRollback<bool> synchronising(m_isSynchronising, true);
+    while (std::exchange(m_isOutdated, false))
+        applyDifferences();
+}
+
+void ObjectModelPrivate::applyDifferences()
 {
     const ObjectList wanted = source->objects();
     const auto isRowOf = [](const Row &row, const std::shared_ptr<QObject> &object) {
@@ -244,6 +255,22 @@ void ObjectModelPrivate::startEdit(Row &row, int index, const QVariant &value)
                       if (model)
                           finishEdit(weak, index, number, error);
                   });
+}
+
+void ObjectModelPrivate::dropEdits()
+{
+    const auto isEdited = [](const Row &each) {
+        return !each.edits.empty();
+    };
+    // A slot may change the rows.
+    for (;;) {
+        const auto row = std::find_if(rows.begin(), rows.end(), isEdited);
+        if (row == rows.end())
+            return;
+        const auto before = allValues(*row);
+        row->edits.clear();
+        notifyDifferences(*row, before);
+    }
 }
 
 void ObjectModelPrivate::finishEdit(const std::weak_ptr<QObject> &object, int index, quint64 number,

@@ -31,7 +31,8 @@ public:
 
     /// \name Following the device model
     /// @{
-    /// Inserts, removes and moves rows, so that they are those of the source.
+    /// Inserts, removes and moves rows, so that they are those of the source. A call by a slot that
+    /// one of these changes has called takes effect after the changes under way.
     void synchronise();
     /// Takes over the values of one row, if the object has one.
     void refresh(const std::shared_ptr<QObject> &object);
@@ -52,6 +53,8 @@ public:
     /// \name Edits
     /// @{
     bool canEdit(int index) const;
+    /// Shows the values of the device again.
+    void dropEdits();
     void startEdit(Row &row, int index, const QVariant &value);
     void finishEdit(const std::weak_ptr<QObject> &object, int index, quint64 number,
                     const QString &error);
@@ -74,9 +77,12 @@ private:
     std::vector<QVariant> allValues(const Row &row) const;
     /// Emits dataChanged() for the roles whose values are not those of \a before.
     void notifyDifferences(const Row &row, const std::vector<QVariant> &before);
+    void applyDifferences();
     void apply(const RowChange &change, const ObjectList &wanted);
 
     quint64 m_lastEdit = 0;
+    bool m_isSynchronising = false;
+    bool m_isOutdated = false; ///< The rows must be compared with the source again.
 };
 
 } // namespace Tavoro::Models

@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -55,7 +56,22 @@ class SessionEditHandlerPrivate {
 public:
     explicit SessionEditHandlerPrivate(Session &wanted) : session(wanted) { }
 
+    /// Keeps \a done until the edit has ended. Returns the number of the edit.
+    quint64 begin(EditHandler::Done done)
+    {
+        pending.emplace(++lastEdit, std::move(done));
+        return lastEdit;
+    }
+    void end(quint64 number, const QString &error)
+    {
+        const auto edit = pending.extract(number);
+        if (edit)
+            edit.mapped()(error);
+    }
+
     Session &session;
+    std::map<quint64, EditHandler::Done> pending; ///< By the number of the edit.
+    quint64 lastEdit = 0;
     QObject context; ///< Ends the callbacks with the handler.
 };
 
@@ -63,7 +79,11 @@ SessionEditHandler::SessionEditHandler(Session &session)
     : d(std::make_unique<SessionEditHandlerPrivate>(session))
 { }
 
-SessionEditHandler::~SessionEditHandler() = default;
+SessionEditHandler::~SessionEditHandler()
+{
+    for (const auto &[number, done] : std::exchange(d->pending, {}))
+        done({}); // the views show the values of the device again
+}
 
 bool SessionEditHandler::canEdit(ObjectKind kind, const QString &key) const
 {
@@ -78,21 +98,23 @@ void SessionEditHandler::edit(const Edit &edit, Done done)
     DeviceSession *const device = d->session.find(edit.device.lock());
     if (!device)
         return done(translated("The device is not open."));
+    const quint64 number = d->begin(std::move(done));
     // The model is read after the call has ended: only then does it have the new value.
-    const auto followed = [done](bool isComplete) {
-        done(isComplete ? QString()
-                        : translated("The value was written, but could not be read again."));
+    const auto followed = [this, number](bool isComplete) {
+        d->end(number,
+               isComplete ? QString()
+                          : translated("The value was written, but could not be read again."));
     };
     device
         ->callLatestByName(valueKey(edit, *write), write->operation().name(),
                            {write->argument(edit.record)})
         .then(&d->context,
-              [this, device = QPointer<DeviceSession>(device), done = std::move(done),
+              [this, device = QPointer<DeviceSession>(device), number,
                followed](const Outcome &outcome) {
                   if (outcome && device)
                       device->modelUpdate().then(&d->context, followed);
                   else
-                      done(outcome || outcome.isReplaced() ? QString() : outcome.text());
+                      d->end(number, outcome || outcome.isReplaced() ? QString() : outcome.text());
               });
 }
 

@@ -32,7 +32,8 @@ class TAVOROMODELS_EXPORT SessionEditHandler final : public EditHandler {
 public:
     /// Carries out edits of the devices of \a session.
     explicit SessionEditHandler(Session &session);
-    /// Edits that have not ended are still carried out, but their end is not reported.
+    /// Edits that have not ended are still carried out; the models show the values of the device
+    /// again. A failure of such an edit is not reported.
     ~SessionEditHandler() override;
 
     bool canEdit(ObjectKind kind, const QString &key) const override;

@@ -35,6 +35,14 @@ QString CallJob::label() const
                                                 static_cast<quint8>(code & 0xFF));
 }
 
+/// A write takes control.
+ControlUse CallJob::controlUse() const
+{
+    const auto entry = operation->operation();
+    return entry && entry->direction() == Operations::Direction::Write ? ControlUse::Takes
+                                                                       : ControlUse::None;
+}
+
 CallResult CallJob::carryOut()
 {
     if (gate)

@@ -30,6 +30,13 @@ struct CallTarget {
 /// reason. Blocks.
 void nameHolder(const CallTarget &target, CallResult &result);
 
+/// What a call does with the control of the device when the device carries it out.
+enum class ControlUse {
+    None,
+    Takes,
+    GivesUp
+};
+
 /// A call of the application, on its way through a lane.
 ///
 /// | member                               | thread                                        |
@@ -45,6 +52,7 @@ public:
     void run() override;
     /// Name of the call for its outcome, translated. On the courier's thread.
     virtual QString label() const;
+    virtual ControlUse controlUse() const;
 
     const std::shared_ptr<PendingOperation> operation;
     bool isQuiet = false; ///< The application learns nothing of this call.
@@ -53,6 +61,7 @@ public:
     std::function<void(const Outcome &outcome, const CallResult &result)> observer;
 
     // Set by CallQueue before a lane has the job.
+    QString key; ///< Of a call that replaces a waiting one; otherwise empty.
     std::shared_ptr<const CallTarget> target;
     std::shared_ptr<Courier> courier;
     std::function<void(const std::shared_ptr<CallJob> &)> finished; ///< run() has ended.

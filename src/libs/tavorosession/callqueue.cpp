@@ -32,6 +32,7 @@ void CallQueue::setTarget(std::shared_ptr<const CallTarget> target, const QStrin
 
 void CallQueue::start(JobPtr job, const QString &key)
 {
+    job->key = key;
     job->target = m_target;
     job->courier = m_courier;
     job->finished = [weak = std::weak_ptr<CallQueue *>(m_self)](const JobPtr &ended) {
@@ -89,6 +90,8 @@ void CallQueue::end(const JobPtr &job, const CallResult &result, bool isReplaced
     if (job->gate && result.kind == Outcome::NotSent)
         job->gate->leave();
     m_calls.erase(std::remove(m_calls.begin(), m_calls.end(), job), m_calls.end());
+    if (!job->key.isEmpty() && m_latest.value(job->key).lock() == job)
+        m_latest.remove(job->key);
     m_deliver(*job, result, isReplaced);
 }
 
@@ -100,10 +103,17 @@ void CallQueue::endUnsent(const JobPtr &job, const QString &reason, bool isRepla
 
 void CallQueue::endWaiting(const QString &reason)
 {
+    std::vector<JobPtr> removed;
     for (const auto &lane : {m_commands, m_transfers}) {
         for (const auto &waiting : lane->removeAll())
-            endUnsent(std::static_pointer_cast<CallJob>(waiting), reason);
+            removed.push_back(std::static_pointer_cast<CallJob>(waiting));
     }
+    for (const JobPtr &job : removed) {
+        job->hasRun = true; // first: a slot may end all calls
+        job->result = notSent(reason);
+    }
+    for (const JobPtr &job : removed)
+        end(job, job->result);
 }
 
 void CallQueue::endAll(const QString &reason)
@@ -113,8 +123,10 @@ void CallQueue::endAll(const QString &reason)
     CallResult unknown;
     unknown.kind = Outcome::Unknown;
     unknown.reason = reason;
-    while (!m_calls.empty())
-        end(JobPtr(m_calls.front()), unknown);
+    while (!m_calls.empty()) {
+        const JobPtr job = m_calls.front();
+        end(job, job->hasRun ? job->result : unknown);
+    }
 }
 
 } // namespace Tavoro::SessionInternal

@@ -50,6 +50,11 @@ QString ControlJob::label() const
     return QCoreApplication::translate("Tavoro::Outcome", "the request for control");
 }
 
+ControlUse ControlJob::controlUse() const
+{
+    return m_action == SSProxy::ControlAction::GiveUp ? ControlUse::GivesUp : ControlUse::Takes;
+}
+
 CallResult ControlJob::attempt()
 {
     const SSProxy::ExchangeWatch watch;

@@ -17,6 +17,7 @@ public:
 
     QFuture<Outcome> future() const;
     QString label() const override;
+    ControlUse controlUse() const override;
 
 protected:
     CallResult attempt() override;

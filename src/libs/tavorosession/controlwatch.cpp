@@ -81,7 +81,7 @@ void ControlWatch::look()
         askForHolder();
     } else {
         m_again.stop();
-        noteHolder({});
+        setHolder({});
     }
     if (hasChanged)
         m_events.controlChanged();
@@ -89,11 +89,17 @@ void ControlWatch::look()
 
 void ControlWatch::noteUse()
 {
-    if (m_idle.interval() > 0)
+    if (m_target && m_idle.interval() > 0)
         m_idle.start();
 }
 
 void ControlWatch::noteHolder(const QString &holder)
+{
+    if (m_isOthers && !holder.isEmpty())
+        setHolder(holder);
+}
+
+void ControlWatch::setHolder(const QString &holder)
 {
     if (std::exchange(m_holder, holder) != holder)
         m_events.controlHolderChanged();
@@ -109,8 +115,7 @@ void ControlWatch::askForHolder()
         if (!self || (*self)->m_target != target)
             return;
         (*self)->m_isAsked = false;
-        if ((*self)->m_isOthers && !holder.isEmpty())
-            (*self)->noteHolder(holder);
+        (*self)->noteHolder(holder);
     };
     m_questions->append(std::make_shared<HolderQuestion>(m_target, m_courier, handler));
 }

@@ -41,11 +41,12 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target);
     /// Looks whether control has changed.
     void look();
-    /// This client has used control.
+    /// This client has used control. Begins the idle time; without effect without a connection.
     void noteUse();
-    /// This client gives control up.
+    /// This client does not have control any more.
     void noteRelease() { m_idle.stop(); }
-    /// The device has named the client that controls it.
+    /// The device has named the client that controls it. Without effect unless another client does:
+    /// the name may be late, or that of this client.
     void noteHolder(const QString &holder);
 
     bool isOthers() const { return m_isOthers; }
@@ -53,6 +54,7 @@ public:
     QString holder() const { return m_holder; }
 
 private:
+    void setHolder(const QString &holder);
     void askForHolder();
 
     const std::shared_ptr<Courier> m_courier;

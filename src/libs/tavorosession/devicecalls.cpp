@@ -63,6 +63,13 @@ PendingCall<Outcome> DeviceCalls::requestControl(SSProxy::ControlAction action)
     return pending;
 }
 
+void DeviceCalls::giveUpControl()
+{
+    const auto job = std::make_shared<ControlJob>(SSProxy::ControlAction::GiveUp);
+    job->isQuiet = true;
+    m_queue.start(job, {});
+}
+
 PendingCall<Answer<QString>> DeviceCalls::readControlHolder()
 {
     const auto job = std::make_shared<HolderJob>();
@@ -77,6 +84,9 @@ UpgradeCall::Session DeviceCalls::upgradeSession()
     session.start = [this](const std::shared_ptr<CallJob> &job, bool isQuiet) {
         job->isQuiet = isQuiet;
         m_queue.start(job, {});
+    };
+    session.cancel = [this](const std::shared_ptr<CallJob> &job) {
+        m_queue.cancel(job);
     };
     session.report = [this](const CallResult &result, const QString &label) {
         const Outcome outcome = makeOutcome(result, label, false);
@@ -146,13 +156,15 @@ void DeviceCalls::deliver(CallJob &job, const CallResult &result, bool isReplace
     job.operation->finish(outcome, !job.hasRun);
 }
 
-/// A write takes control, and so begins the idle time after which it is given up.
+/// A call that takes control begins the idle time after which it is given up.
 void DeviceCalls::noteControl(const CallJob &job, const CallResult &result)
 {
-    const auto operation = job.operation->operation();
-    if (result.kind == Outcome::Done && operation
-        && operation->direction() == Operations::Direction::Write)
+    const ControlUse use = job.controlUse();
+    const bool isDone = result.kind == Outcome::Done;
+    if (use == ControlUse::Takes && (isDone || result.kind == Outcome::Unknown))
         m_events.controlUsed();
+    if (use == ControlUse::GivesUp && (isDone || result.kind == Outcome::Refused))
+        m_events.controlGivenUp();
     if (!result.holder.isEmpty())
         m_events.controlRefused(result.holder);
 }

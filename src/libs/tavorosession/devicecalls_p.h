@@ -23,8 +23,10 @@ public:
         virtual void callEnded(const Outcome &outcome) = 0;
         /// The device has changed \a scopes, or may have.
         virtual void deviceWritten(const std::vector<Operations::Scope> &scopes) = 0;
-        /// A write was carried out, for which this client needed control.
+        /// A call that takes control was carried out, or may have been.
         virtual void controlUsed() = 0;
+        /// This client does not have control any more.
+        virtual void controlGivenUp() = 0;
         /// The device has refused a call, since the client \a holder controls it.
         virtual void controlRefused(const QString &holder) = 0;
         /// The other client that controls the device; empty if there is none.
@@ -53,6 +55,8 @@ public:
     void startTracked(const std::shared_ptr<CallJob> &job, CallTracker &tracker) override;
     std::shared_ptr<BizModel::Device> modelDevice() const override;
     PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
+    /// Gives control up without a report to the application.
+    void giveUpControl();
     PendingCall<Answer<QString>> readControlHolder();
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
 

@@ -49,6 +49,9 @@ public:
     PendingTransfer send(const ProtoModel::File::s_FileInfo &file, std::string content);
     /// Sends what \a content holds from its position to its end. It must know its size, as files
     /// and buffers do. It is read on another thread: do not use it before the end of the transfer.
+    /// If the session is closed or deleted, the outcome of a transfer under way is delivered at
+    /// once, but \a content may still be read. Do not use it before the Session has been destroyed;
+    /// its destructor waits for that thread.
     PendingTransfer send(const ProtoModel::File::s_FileInfo &file,
                          std::shared_ptr<QIODevice> content);
     /// Sends the content of the local file \a path. The outcome is NotSent if it cannot be read.
@@ -65,7 +68,9 @@ public:
     PendingContent fetch(const ProtoModel::s_FileIdentity &file);
     /// Fetches the content and writes it to \a target as it arrives; only one packet is in memory.
     /// \a target is written on another thread: do not use it before the end of the transfer. After
-    /// a failure it holds the packets that arrived before.
+    /// a failure it holds the packets that arrived before. If the session is closed or deleted, the
+    /// outcome of a transfer under way is delivered at once, but \a target may still be written. Do
+    /// not use it before the Session has been destroyed; its destructor waits for that thread.
     PendingTransfer fetch(const ProtoModel::s_FileIdentity &file,
                           std::shared_ptr<QIODevice> target);
     /// Fetches the content into the local file \a path, which appears or is replaced when all of

@@ -80,17 +80,17 @@ QString DeviceSession::controlHolder() const
 
 PendingCall<Outcome> DeviceSession::takeControl()
 {
-    return d->requestControl(SSProxy::ControlAction::Take);
+    return d->calls().requestControl(SSProxy::ControlAction::Take);
 }
 
 PendingCall<Outcome> DeviceSession::forceControl()
 {
-    return d->requestControl(SSProxy::ControlAction::Force);
+    return d->calls().requestControl(SSProxy::ControlAction::Force);
 }
 
 PendingCall<Outcome> DeviceSession::releaseControl()
 {
-    return d->requestControl(SSProxy::ControlAction::GiveUp);
+    return d->calls().requestControl(SSProxy::ControlAction::GiveUp);
 }
 
 PendingCall<Answer<QString>> DeviceSession::readControlHolder()

@@ -30,7 +30,8 @@ class DeviceSessionPrivate;
 ///
 /// A Session makes and owns these objects. An object belongs to the thread of its Session: call its
 /// members there; its signals are emitted there. No member blocks. Deleting an object ends its
-/// calls: those that wait as NotSent, the one under way as Unknown.
+/// calls: those that wait as NotSent, the one under way as Unknown. In a slot of its own signals,
+/// and in a callback of its calls, delete it with deleteLater().
 ///
 /// docs/session.md describes states, lanes and outcomes.
 class TAVOROSESSION_EXPORT DeviceSession : public QObject {

@@ -120,13 +120,6 @@ void DeviceSessionPrivate::close(const QString &reason)
     m_updates.endAll();
 }
 
-PendingCall<Outcome> DeviceSessionPrivate::requestControl(SSProxy::ControlAction action)
-{
-    if (action == SSProxy::ControlAction::GiveUp)
-        m_control.noteRelease();
-    return m_calls.requestControl(action);
-}
-
 PendingCall<bool> DeviceSessionPrivate::modelUpdate()
 {
     PendingCall<bool> pending = m_updates.wait(m_follower.noted());
@@ -168,7 +161,9 @@ void DeviceSessionPrivate::connected(quint64 connections)
     const auto isCurrent = [&] {
         return channel == opened.channel && opened.isConnected();
     };
-    opened.device = listedDevice(channel->deviceBaseInfo());
+    // Slots that see the new device in the list find its session.
+    opened.device = listedDevice(channel->deviceBaseInfo(),
+                                 [this](const auto &created) { setDevice(created); });
     if (!isCurrent())
         return;
     DeviceSessionPrivate *const other = m_shared.owners.of(opened.device.get());
@@ -217,10 +212,15 @@ void DeviceSessionPrivate::takeDevice(const std::shared_ptr<BizModel::Device> &f
     }
     found->setIPAddress(QString::fromStdString(info.ip));
     found->updateDeviceBaseInfo(info);
-    if (m_device.get() != found)
-        m_reportedName.clear();
-    m_device.set(found);
+    setDevice(found);
     reportDevice();
+}
+
+void DeviceSessionPrivate::setDevice(const std::shared_ptr<BizModel::Device> &device)
+{
+    if (m_device.get() != device)
+        m_reportedName.clear();
+    m_device.set(device);
 }
 
 void DeviceSessionPrivate::reportDevice()
@@ -315,13 +315,13 @@ void DeviceSessionPrivate::setDetails(const QString &reason, Milliseconds pause)
     emitIfAlive(&DeviceSession::stateDetailsChanged);
 }
 
-/// A call under way, such as a transfer, may need control until its end.
+/// A call under way, such as a transfer, may need control until its end. If the request fails, it
+/// is repeated after the idle time.
 void DeviceSessionPrivate::controlIsIdle()
 {
-    if (m_calls.isBusy())
-        m_control.noteUse();
-    else
-        requestControl(SSProxy::ControlAction::GiveUp);
+    m_control.noteUse(); // first: the request may end at once
+    if (!m_calls.isBusy())
+        m_calls.giveUpControl();
 }
 
 } // namespace Tavoro::SessionInternal

@@ -11,7 +11,6 @@
 
 #include <tavorosession/devicesession.h>
 #include <tavorosession/sessionoptions.h>
-#include <tavorossproxy/controlaction.h>
 
 namespace Tavoro::SessionInternal {
 
@@ -42,7 +41,6 @@ public:
     }
     DeviceCalls &calls() { return m_calls; }
     const ControlWatch &control() const { return m_control; }
-    PendingCall<Outcome> requestControl(SSProxy::ControlAction action);
     PendingCall<bool> modelUpdate();
     void setBodiesLogged(bool areLogged) { m_device.setBodiesLogged(areLogged); }
 
@@ -63,6 +61,7 @@ private:
     void connected(quint64 connections);
     void waitForConnection(const QString &reason, std::chrono::milliseconds pause);
     void lost(DeviceState::Kind kind, const QString &reason, std::chrono::milliseconds pause);
+    void setDevice(const std::shared_ptr<BizModel::Device> &device);
     void takeDevice(const std::shared_ptr<BizModel::Device> &found);
     void closeInFavourOf(DeviceSessionPrivate &other);
     void moveTo(const QString &newHost, quint16 newPort);
@@ -91,6 +90,7 @@ private:
         m_follower.note(scopes);
     }
     void controlUsed() override { m_control.noteUse(); }
+    void controlGivenUp() override { m_control.noteRelease(); }
     void controlRefused(const QString &holder) override { m_control.noteHolder(holder); }
     QString controlHolder() const override { return m_control.holder(); }
     QString deviceName() const override { return name(); }

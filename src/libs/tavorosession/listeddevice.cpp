@@ -23,7 +23,8 @@ std::shared_ptr<BizModel::Device> findListed(const BizModel::Device &wanted)
 
 } // namespace
 
-std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info)
+std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info,
+                                               const DeviceHandler &created)
 {
     constexpr unsigned short noNumberYet = 65535;
     auto device = std::make_shared<BizModel::Device>(noNumberYet, nullptr);
@@ -33,6 +34,7 @@ std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo 
         return known;
     device->setName(QString::fromStdString(info.name));
     device->setModelId(info.modelId);
+    created(device);
     BizModel::DeviceList::instance()->append(device);
     return device;
 }

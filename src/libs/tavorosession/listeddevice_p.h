@@ -2,6 +2,7 @@
 
 #include <tavorocontrol/proto/devicebaseinfo.h>
 
+#include <functional>
 #include <memory>
 
 namespace Tavoro::BizModel {
@@ -10,7 +11,11 @@ class Device;
 
 namespace Tavoro::SessionInternal {
 
-/// The device with this identity in the model's list. Adds it to the list if it is not there.
-std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info);
+using DeviceHandler = std::function<void(const std::shared_ptr<BizModel::Device> &device)>;
+
+/// The device with this identity in the model's list. Adds it to the list if it is not there, and
+/// calls \a created before.
+std::shared_ptr<BizModel::Device> listedDevice(const ProtoModel::DeviceBaseInfo &info,
+                                               const DeviceHandler &created);
 
 } // namespace Tavoro::SessionInternal

@@ -162,13 +162,14 @@ PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devi
 {
     const auto group = std::make_shared<GroupCall>(calls.size());
     const auto gate = std::make_shared<GroupGate>(static_cast<int>(calls.size()), groupPatience);
+    const QList<DeviceSession *> targets = devices; // a slot may change the list of the caller
     for (std::size_t i = 0; i < calls.size(); ++i) {
         const auto job = std::make_shared<CallJob>(calls[i]);
         job->gate = gate;
         job->observer = [group, i](const Outcome &outcome, const CallResult &result) {
             group->add(i, outcome, result);
         };
-        devices[static_cast<int>(i)]->d->calls().start(job);
+        targets[static_cast<int>(i)]->d->calls().start(job);
     }
     return PendingCall<GroupOutcome>(group->future());
 }

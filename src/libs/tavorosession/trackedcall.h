@@ -39,7 +39,8 @@ TAVOROSESSION_EXPORT void cancelCall(CallTracker &tracker);
 /// \endcond
 
 /// A call that takes long, with its progress. A value as PendingCall is; it has no thread and no
-/// signals of its own. Dropping it does not end the call.
+/// signals of its own. Dropping it does not end the call. When its session is closed or deleted, it
+/// ends at once, even if another thread still uses the QIODevice of a transfer: see DeviceFiles.
 ///
 /// \code
 /// const auto transfer = wall->files().sendFrom(info, path);

@@ -71,7 +71,8 @@ void UnknownCalls::add(JobPtr job)
         return m_deliver(job, job->result);
     m_calls.push_back({std::move(job), Time::now() + m_time, false});
     ask(m_calls.back());
-    m_timer.start();
+    if (!m_timer.isActive()) // otherwise quick additions would delay it for ever
+        m_timer.start();
 }
 
 void UnknownCalls::setTarget(std::shared_ptr<const CallTarget> target)

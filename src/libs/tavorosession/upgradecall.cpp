@@ -34,10 +34,14 @@ class ProgressRead final : public PendingOperation {
 public:
     using Handler = std::function<void(const Outcome &outcome, const s_UpgradePercent &progress)>;
 
-    explicit ProgressRead(Handler handler) : m_handler(std::move(handler)) { }
+    /// Sets \a isSent, which any thread may read, when it does not wait any more.
+    ProgressRead(std::shared_ptr<std::atomic<bool>> isSent, Handler handler)
+        : m_isSent(std::move(isSent)), m_handler(std::move(handler))
+    { }
 
     bool run(const std::weak_ptr<BizModel::Device> &device, QString &error) override
     {
+        *m_isSent = true;
         return Control::Auxiliary(device).readUpgradeProgress(m_progress, error);
     }
     void finish(const Outcome &outcome, bool mayRun) override
@@ -50,6 +54,7 @@ public:
     std::vector<Operations::Scope> changes() const override { return {}; }
 
 private:
+    const std::shared_ptr<std::atomic<bool>> m_isSent;
     const Handler m_handler;
     s_UpgradePercent m_progress; ///< Belongs to the lane's thread until run() has ended.
 };
@@ -69,10 +74,11 @@ void UpgradeCall::start(const s_UpgradeDetail &upgrade)
     job->observer = [self = shared_from_this()](const Outcome &outcome, const CallResult &result) {
         self->started(outcome, result);
     };
-    m_tracker->setCancelHandler([weak = weak_from_this(), future = call->future()]() mutable {
+    m_tracker->setCancelHandler([weak = weak_from_this(), future = call->future(),
+                                 waiting = std::weak_ptr<CallJob>(job)]() mutable {
         future.cancel(); // has an effect unless the call was sent
         if (const auto self = weak.lock())
-            self->cancel();
+            self->cancel(waiting.lock());
     });
     m_session.start(job, true);
 }
@@ -81,30 +87,36 @@ void UpgradeCall::started(const Outcome &outcome, const CallResult &result)
 {
     if (!outcome)
         return finish(result);
-    m_lastAnswer = Clock::now();
+    m_lastAnswer = m_lastLook = Clock::now();
     m_tracker->setDone(0, whole);
     m_timer = std::make_unique<QTimer>();
     m_timer->setInterval(readInterval);
     QObject::connect(m_timer.get(), &QTimer::timeout, m_timer.get(), [this] { read(); });
     m_timer->start();
     if (m_tracker->isCanceled())
-        cancel();
+        cancel({});
 }
 
 void UpgradeCall::read()
 {
     const auto self = shared_from_this();
-    if (Clock::now() - m_lastAnswer > m_patience)
+    const auto now = Clock::now();
+    const auto sinceLastLook = now - std::exchange(m_lastLook, now);
+    if (m_isRead && !*m_isSent)
+        m_lastAnswer += sinceLastLook; // the read waits for a transfer, and not for the device
+    if (now - m_lastAnswer > m_patience)
         return finish(unknown(translated(notReported)));
     if (m_isRead || !m_session.isConnected())
         return;
     m_isRead = true;
+    m_isSent = std::make_shared<std::atomic<bool>>(false);
     const auto handler = [self](const Outcome &outcome, const s_UpgradePercent &progress) {
         self->m_isRead = false;
         if (outcome && !self->hasEnded())
             self->judge(progress);
     };
-    m_session.start(std::make_shared<CallJob>(std::make_shared<ProgressRead>(handler)), true);
+    m_session.start(std::make_shared<CallJob>(std::make_shared<ProgressRead>(m_isSent, handler)),
+                    true);
 }
 
 void UpgradeCall::judge(const s_UpgradePercent &progress)
@@ -125,11 +137,14 @@ void UpgradeCall::judge(const s_UpgradePercent &progress)
     }
 }
 
-/// The device cannot be stopped: only the reads of its progress end.
-void UpgradeCall::cancel()
+/// A device that was asked cannot be stopped: only the reads of its progress end.
+void UpgradeCall::cancel(const std::shared_ptr<CallJob> &job)
 {
-    if (!m_timer)
+    if (!m_timer) {
+        if (job)
+            m_session.cancel(job);
         return;
+    }
     CallResult result = unknown(translated(notFollowed));
     result.isCanceled = true;
     finish(result);

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -25,6 +26,8 @@ public:
     struct Session {
         /// Starts a call. A quiet one is not reported to the application.
         std::function<void(const std::shared_ptr<CallJob> &job, bool isQuiet)> start;
+        /// Ends a call that waits as cancelled; without effect on others.
+        std::function<void(const std::shared_ptr<CallJob> &job)> cancel;
         /// Makes the outcome of the upgrade, and reports it to the application.
         std::function<Outcome(const CallResult &result, const QString &label)> report;
         std::function<bool()> isConnected;
@@ -45,7 +48,8 @@ private:
     void started(const Outcome &outcome, const CallResult &result);
     void read();
     void judge(const Progress &progress);
-    void cancel();
+    /// \a job is the command that starts the upgrade.
+    void cancel(const std::shared_ptr<CallJob> &job);
     void finish(CallResult result);
     CallResult unknown(const QString &reason) const;
 
@@ -54,7 +58,9 @@ private:
     const std::shared_ptr<CallTracker> m_tracker = std::make_shared<CallTracker>();
     QFutureInterface<Result> m_promise;
     std::unique_ptr<QTimer> m_timer; ///< Runs while the device upgrades.
-    Clock::time_point m_lastAnswer;
+    Clock::time_point m_lastAnswer; ///< Later by the times that the reads waited in their lane.
+    Clock::time_point m_lastLook;
+    std::shared_ptr<std::atomic<bool>> m_isSent; ///< The read under way does not wait any more.
     Progress m_progress;
     bool m_isRead = false; ///< The progress is being read.
     bool m_hasEnded = false;

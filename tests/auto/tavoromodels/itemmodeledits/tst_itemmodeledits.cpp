@@ -62,6 +62,7 @@ private Q_SLOTS:
     void editThatFailsAtOnceIsReported();
     void editOfARemovedObjectEndsSilently();
     void editMayEndAfterTheModel();
+    void anotherHandlerEndsThePendingEdits();
     void whatCannotBeEditedIsRefused();
     void rowIsEditableIfItsNameIs();
 };
@@ -245,6 +246,26 @@ void tst_ItemModelEdits::editMayEndAfterTheModel()
         QVERIFY(model.setData(model.index(0), 1, model.role("freeze")));
     }
     handler.pending.takeFirst()(QStringLiteral("late"));
+}
+
+void tst_ItemModelEdits::anotherHandlerEndsThePendingEdits()
+{
+    const auto device = ModelRecords::device();
+    RecordingHandler handler;
+    ScreensModel model;
+    model.setDevice(device);
+    model.setEditHandler(&handler);
+    const ModelMirror mirror(model);
+    QVERIFY(model.setData(model.index(0), 1, model.role("freeze")));
+    QVERIFY(model.setData(model.index(1), 1, model.role("freeze")));
+    model.setEditHandler(&handler);
+    QCOMPARE(model.index(0).data(model.role("freeze")).toInt(), 1);
+    model.setEditHandler(nullptr);
+    QCOMPARE(model.index(0).data(model.role("freeze")).toInt(), 0);
+    QCOMPARE(model.index(1).data(model.role("freeze")).toInt(), 0);
+    QVERIFY(mirror.isUpToDate());
+    handler.pending.takeFirst()(QString());
+    QCOMPARE(model.index(0).data(model.role("freeze")).toInt(), 0);
 }
 
 void tst_ItemModelEdits::whatCannotBeEditedIsRefused()

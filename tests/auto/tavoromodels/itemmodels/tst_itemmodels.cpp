@@ -70,6 +70,7 @@ private Q_SLOTS:
     void modelIsEmptyWithoutItsDevice();
     void anotherDeviceReplacesTheRows();
     void silentSynchronisationIsShownByRefresh();
+    void slotThatChangesTheModelAgainLeavesItUpToDate();
 };
 
 void tst_ItemModels::rolesAreTheKeysOfTheRecord()
@@ -353,6 +354,22 @@ void tst_ItemModels::silentSynchronisationIsShownByRefresh()
     QCOMPARE(model.rowCount(), 3);
     model.refresh();
     QCOMPARE(displays(model), (QStringList{QStringLiteral("4")}));
+    QVERIFY(mirror.isUpToDate());
+}
+
+void tst_ItemModels::slotThatChangesTheModelAgainLeavesItUpToDate()
+{
+    const auto first = ModelRecords::device(1);
+    const auto second = ModelRecords::device(2);
+    const auto third = ModelRecords::device(3);
+    ScreensModel model;
+    model.setDevice(first);
+    const QAbstractItemModelTester tester(&model);
+    const ModelMirror mirror(model);
+    connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { model.setDevice(third); });
+    model.setDevice(second);
+    QCOMPARE(model.rowCount(), 3);
+    QCOMPARE(model.screen(model.index(0)).get(), third->findScreen(1, 0).lock().get());
     QVERIFY(mirror.isUpToDate());
 }
 

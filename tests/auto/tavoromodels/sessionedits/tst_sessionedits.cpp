@@ -68,6 +68,7 @@ private Q_SLOTS:
     void deviceThatIsNotOpenIsNotEdited();
     void closedDeviceEndsItsEdits();
     void handlerMayEndBeforeItsEdits();
+    void handlerThatEndsShowsTheValuesOfTheDevice();
 
 private:
     std::vector<ObjectModel *> models()
@@ -311,6 +312,18 @@ void tst_SessionEdits::handlerMayEndBeforeItsEdits()
     m_screens->setEditHandler(nullptr);
     m_editor.reset();
     QTRY_COMPARE(int(m_screens->screen(m_screens->index(0))->detail().freeze), 1);
+}
+
+/// The model outlives its handler, as when both are destroyed one after the other.
+void tst_SessionEdits::handlerThatEndsShowsTheValuesOfTheDevice()
+{
+    const QSignalSpy failed(m_screens.get(), &ObjectModel::editFailed);
+    const int freeze = m_screens->role("freeze");
+    QVERIFY(m_screens->setData(m_screens->index(0), 1, freeze));
+    QCOMPARE(m_screens->index(0).data(freeze).toInt(), 1);
+    m_editor.reset();
+    QCOMPARE(m_screens->index(0).data(freeze).toInt(), 0);
+    QCOMPARE(failed.size(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_SessionEdits)

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void groupHoldsTheOutcomeOfEachDevice();
     void groupDoesNotWaitForADeviceWithoutAConnection();
     void groupDoesNotWaitLongForABusyDevice();
+    void slotMayChangeTheListOfTheCaller();
     void emptyGroupEndsAtOnce();
     void devicesDoNotWaitForEachOther();
     void atMostFourDevicesAreReadAtTheSameTime();
@@ -105,6 +106,16 @@ void tst_GroupCalls::groupDoesNotWaitLongForABusyDevice()
     QVERIFY(group);
     QVERIFY(busy.future().isFinished());
     QVERIFY(group.spread > 500ms); // the device was late, and the result says so
+}
+
+void tst_GroupCalls::slotMayChangeTheListOfTheCaller()
+{
+    m_walls[0]->close(); // its call ends at once
+    connect(m_walls[0], &DeviceSession::callFinished, this, [this] { m_walls.clear(); });
+    const GroupOutcome group = resultOf(callSwap());
+    QCOMPARE(group.outcomes.size(), std::size_t(count));
+    QCOMPARE(int(group.outcomes[0].kind()), int(Outcome::NotSent));
+    QCOMPARE(int(group.outcomes[count - 1].kind()), int(Outcome::Done));
 }
 
 void tst_GroupCalls::emptyGroupEndsAtOnce()

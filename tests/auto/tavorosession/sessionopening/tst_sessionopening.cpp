@@ -61,6 +61,7 @@ private Q_SLOTS:
     void storedDeviceIsThereAtOnceAndBecomesReady();
     void storedDeviceThatIsOffKeepsItsLastModel();
     void listedDeviceIsOpenedOnce();
+    void newDeviceHasItsSessionWhenTheListReportsIt();
     void discoveryOpensADevice();
     void discoveryOpensNoSecondSession();
     void stoppedDiscoveryKeepsItsDevices();
@@ -144,6 +145,23 @@ void tst_SessionOpening::listedDeviceIsOpenedOnce()
     QCOMPARE(m_session->openListed().size(), 0);
     QCOMPARE(m_session->devices().size(), 1);
     QCOMPARE(m_session->find(m_session->devices().first()->device()), m_session->devices().first());
+}
+
+void tst_SessionOpening::newDeviceHasItsSessionWhenTheListReportsIt()
+{
+    startSession();
+    QObject context;
+    QList<DeviceSession *> found;
+    QList<DeviceSession *> opened;
+    connect(&list(), &BizModel::DeviceList::signalDeviceAppended, &context,
+            [&](const std::weak_ptr<BizModel::Device> &device) {
+                found << m_session->find(device.lock());
+                opened << m_session->openListed();
+            });
+    DeviceSession *const wall = open(firstAddress);
+    QTRY_VERIFY(wall->isReady());
+    QCOMPARE(found, QList<DeviceSession *>{wall});
+    QCOMPARE(opened, QList<DeviceSession *>());
 }
 
 void tst_SessionOpening::discoveryOpensADevice()

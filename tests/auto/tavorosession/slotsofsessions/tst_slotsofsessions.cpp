@@ -34,6 +34,7 @@ private Q_SLOTS:
     void sessionIsClosedWhenTheDeviceIsOnline();
     void sessionIsClosedWhileTheModelChanges();
     void sessionIsClosedByACallThatItEnds();
+    void callsThatWaitedAreNotSentWhenASlotClosesTheSession();
     void sessionIsClosedWhenTheDeviceIsOffline();
     void sessionThatReconnectsDuringASlotIsReady();
     void sessionIsClosedByTheFirstOfTwoUnknownOutcomes();
@@ -135,6 +136,19 @@ void tst_SlotsOfSessions::sessionIsClosedByACallThatItEnds()
     connect(&wall(), &DeviceSession::callFinished, m_slots.get(), [this] { closeOnce(); });
     wall().close();
     checkClosed();
+}
+
+void tst_SlotsOfSessions::callsThatWaitedAreNotSentWhenASlotClosesTheSession()
+{
+    QVERIFY(m_bench->openReady());
+    makeWaitingCall();
+    const auto secondWaiting = wall().call(&Control::Device::writeSwap, {1});
+    const auto thirdWaiting = wall().call(&Control::Device::writeSwap, {0});
+    m_closed = 0;
+    connect(&wall(), &DeviceSession::callFinished, m_slots.get(), [this] { closeOnce(); });
+    wall().close();
+    QCOMPARE(resultOf(secondWaiting).kind(), Outcome::NotSent);
+    QCOMPARE(resultOf(thirdWaiting).kind(), Outcome::NotSent);
 }
 
 void tst_SlotsOfSessions::sessionIsClosedWhenTheDeviceIsOffline()

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void upgradeWithoutAProgressIsUnknown();
     void cancelledUpgradeContinuesOnTheDevice();
     void upgradeThatWasNotSentIsCancelled();
+    void upgradeThatWaitsIsCancelledAtOnce();
+    void upgradeTimeDoesNotPassWhileATransferIsUnderWay();
     void closedSessionEndsTheUpgrade();
     void readsOfTheProgressAreNotReported();
     void upgradeIsReportedOnceWhileASlotRunsAnEventLoop();
@@ -131,6 +133,36 @@ void tst_Upgrades::upgradeThatWasNotSentIsCancelled()
     QCOMPARE(int(answer.kind()), int(Outcome::NotSent));
     QVERIFY(answer.isCanceled());
     QVERIFY(!log.codes().contains(QStringLiteral("FC08")));
+}
+
+void tst_Upgrades::upgradeThatWaitsIsCancelledAtOnce()
+{
+    QVERIFY(m_bench->addFault("late=1000,code=0x1107,count=1"));
+    wall().call(&Control::Device::writeSwap, {1});
+    const auto second = wall().call(&Control::Device::writeSwap, {0});
+    const auto call = upgrade(); // the second call waits, so this one does too
+    call.cancel();
+    QVERIFY(call.future().isFinished());
+    QCOMPARE(int(call.future().result().kind()), int(Outcome::NotSent));
+    QVERIFY(call.future().result().isCanceled());
+    QVERIFY(resultOf(second));
+}
+
+void tst_Upgrades::upgradeTimeDoesNotPassWhileATransferIsUnderWay()
+{
+    SessionBench::Options options = SessionBench::fastOptions();
+    options.channel.maxRequestTime = 10s;
+    options.upgradeTime = 1500ms;
+    start(options);
+    QVERIFY(m_bench->addFault("late=4000,code=0xFA03,skip=1,count=1"));
+    ProtoModel::File::s_FileInfo file;
+    file.fileType = 2;
+    file.fileId = 7;
+    file.general.name = "picture";
+    const auto transfer = wall().files().send(file, "content");
+    const auto answer = resultOf(upgrade());
+    QVERIFY2(answer, qPrintable(answer.text()));
+    QVERIFY(transfer.future().isFinished());
 }
 
 void tst_Upgrades::closedSessionEndsTheUpgrade()
