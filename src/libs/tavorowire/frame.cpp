@@ -58,7 +58,8 @@ void writeHead(const WireHead &head, quint32 bodyChecksum, QByteArray &frame)
 {
     const auto size = static_cast<std::size_t>(frame.size()) - sizeof head;
     const WireHead wire = withChecksums(head, size, bodyChecksum);
-    std::memcpy(frame.data(), &wire, sizeof wire);
+    constexpr int length = sizeof wire;
+    frame.replace(0, length, bytesOf(wire).data(), length);
 }
 
 void setNumber(QByteArray &frame, quint32 number)

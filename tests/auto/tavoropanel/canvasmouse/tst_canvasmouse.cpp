@@ -125,9 +125,12 @@ void tst_CanvasMouse::deviceFollowsDuringTheDrag()
 void tst_CanvasMouse::oneWriteIsUnderWayAndTheLastOneArrives()
 {
     DeviceLog log;
+    QVERIFY(bench().addFault("late=3000,code=0x1405,count=1"));
     const QPoint from = bench().pointOf(2);
     bench().press(from);
-    for (int step = 1; step <= 20; ++step)
+    bench().moveTo(from + QPoint(-5, 5));
+    QTRY_COMPARE(log.writes(0x1405).size(), 1);
+    for (int step = 6; step <= 20; ++step)
         bench().moveTo(from + QPoint(-step, step)); // without the events that end the first write
     bench().release(from + QPoint(-20, 20));
     const QRect last = bench().shown(2);
