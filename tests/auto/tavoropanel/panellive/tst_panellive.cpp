@@ -278,8 +278,9 @@ void tst_PanelLive::unknownOutcomeIsShownAndThenTheAnswer()
     // The device takes, and the connection ends before its answer.
     QVERIFY(m_bench->addFault("drop-before,code=0x130E,count=1"));
     QStringList shown;
+    const QObject context; // ends the connection, also for calls that are queued
     connect(
-        m_bench->wall, &DeviceSession::stateChanged, this, [&] { shown << status(); },
+        m_bench->wall, &DeviceSession::stateChanged, &context, [&] { shown << status(); },
         Qt::QueuedConnection);
     m_bench->key(Qt::Key_Space);
     QTRY_COMPARE(status(), QStringLiteral("Done: wall 1: the device has carried out the take."));
@@ -291,7 +292,7 @@ void tst_PanelLive::unknownOutcomeIsShownAndThenTheAnswer()
 
 void tst_PanelLive::lateAnswerIsShown()
 {
-    QVERIFY(m_bench->addFault("late=1500,code=0x130E,count=1"));
+    QVERIFY(m_bench->addFault("late=4000,code=0x130E,count=1"));
     m_bench->key(Qt::Key_Space);
     QTRY_COMPARE(status(), QStringLiteral("Waiting: wall 1: no answer to the take yet."));
     QTRY_COMPARE(status(), QStringLiteral("Done: wall 1: the device has carried out the take."));
