@@ -40,8 +40,9 @@ struct SessionOptions {
     /// Reads the device again in the background, while it is ready; off by default. A read that
     /// fails is repeated at its next time, and changes no state.
     PollIntervals poll;
-    /// Gives up control of the device after this time without a call that changes something, and
-    /// not while a call waits or is under way. 0: keeps control until releaseControl().
+    /// Gives up control of the device after this time without a call that takes control (a write,
+    /// takeControl() or forceControl()), and not while a call waits or is under way. Repeats a
+    /// request that fails. 0: keeps control until releaseControl().
     Milliseconds controlIdleTime{0};
     /// How long an upgrade may continue without a report of its progress, for example while the
     /// device restarts.
