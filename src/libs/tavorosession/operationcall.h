@@ -21,10 +21,12 @@ namespace Tavoro::BizModel {
 class Device;
 }
 
+// NOLINTBEGIN(bugprone-forward-declaration-namespace): both namespaces have a class Device.
 namespace Tavoro::Control {
 class Device;
 class File;
 } // namespace Tavoro::Control
+// NOLINTEND(bugprone-forward-declaration-namespace)
 
 /// \cond
 /// The parts of DeviceSession::call() that have to be in a header. Applications do not use them.

@@ -1,5 +1,6 @@
 #include "capturefile_p.h"
 
+#include "brokenpipeguard_p.h"
 #include <tavorossproxy/logging_p.h>
 #include <tavorowire/captureformats.h>
 
@@ -17,6 +18,7 @@ CaptureFile::CaptureFile(const QString &path)
 bool CaptureFile::open(QString &error)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const BrokenPipeGuard guard;
     const QByteArray heading = QByteArray::fromStdString(m_encoder->heading());
     if (m_file.open(QIODevice::WriteOnly) && m_file.write(heading) == heading.size()
         && m_file.flush())
@@ -28,6 +30,7 @@ bool CaptureFile::open(QString &error)
 void CaptureFile::close()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
+    const BrokenPipeGuard guard;
     m_file.close();
 }
 
@@ -43,6 +46,7 @@ void CaptureFile::write(int channel, Wire::CaptureEvent event, std::string_view 
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_file.isOpen())
         return;
+    const BrokenPipeGuard guard; // The file may be a pipe whose reader has ended.
     const std::string encoded =
         m_encoder->encode(channel, m_clock.nsecsElapsed() / 1000, event, bytes);
     const auto length = static_cast<qint64>(encoded.size());
