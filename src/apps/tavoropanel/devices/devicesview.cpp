@@ -149,6 +149,7 @@ void DevicesView::removeDevice()
 {
     DeviceSession *const removed = m_selection.device();
     const auto model = removed->device();
+    m_selection.setDevice(nullptr);
     delete removed;
     if (model)
         BizModel::DeviceList::instance()->remove(model);

@@ -20,7 +20,7 @@ SessionsModel::SessionsModel(Session &session, const Messages &messages, QObject
 
 void SessionsModel::add(DeviceSession *device)
 {
-    const int row = rowCount();
+    const int row = static_cast<int>(m_devices.size());
     beginInsertRows({}, row, row);
     m_devices << device;
     endInsertRows();

@@ -65,7 +65,7 @@ QString SourcesModel::stateText(const QModelIndex &index) const
         return tr("Not connected");
     if (!value(index, "online").toBool())
         return tr("The card does not work");
-    const QString format = timingText(value(index, "actualTiming"));
+    QString format = timingText(value(index, "actualTiming"));
     const int depth =
         value(index, "colorDepths").toMap().value(QStringLiteral("actualColorDepth")).toInt();
     if (!value(index, "signal").toBool() || depth == 0)
