@@ -31,7 +31,7 @@ QRect rectOf(const QJsonObject &rect)
 std::vector<PresetLayer> layersOf(const QJsonObject &screen, const QJsonArray &layers)
 {
     std::vector<std::pair<int, PresetLayer>> found;
-    for (const QJsonValue &value : layers) {
+    for (const auto &value : layers) {
         const QJsonObject layer = value.toObject();
         const QJsonObject id = child(layer, "layerIdenti");
         if (number(id, "screenId") == number(screen, "screenId")
@@ -44,6 +44,7 @@ std::vector<PresetLayer> layersOf(const QJsonObject &screen, const QJsonArray &l
     std::stable_sort(found.begin(), found.end(),
                      [](const auto &one, const auto &other) { return one.first < other.first; });
     std::vector<PresetLayer> sorted;
+    sorted.reserve(found.size());
     for (const auto &[place, layer] : found)
         sorted.push_back(layer);
     return sorted;
@@ -90,7 +91,7 @@ std::optional<PresetLayout> readPresetLayout(const std::string &content)
     const QJsonArray screens = document.object().value(QLatin1String("screens")).toArray();
     const QJsonArray layers = document.object().value(QLatin1String("layers")).toArray();
     PresetLayout layout;
-    for (const QJsonValue &screen : screens)
+    for (const auto &screen : screens)
         layout.push_back(screenOf(screen.toObject(), layers));
     layout.erase(std::remove_if(layout.begin(), layout.end(),
                                 [](const PresetScreen &screen) { return screen.area.isEmpty(); }),

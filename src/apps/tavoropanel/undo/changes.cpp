@@ -72,7 +72,7 @@ Changes::Started Changes::start(DeviceSession &device, const Write &write,
         step->back = row->reversed({*model, m_known}, write);
     }
     const QJsonArray records = row->recordsIn(write.argument);
-    for (const QJsonValue &record : records)
+    for (const auto &record : records)
         m_known.note(*model, row->kind, record.toObject(), started.number);
     return started;
 }

@@ -47,7 +47,7 @@ template <class MakeRecord>
 Reversed forEach(const QString &operation, const QJsonArray &written, MakeRecord makeRecord)
 {
     QJsonArray records;
-    for (const QJsonValue &record : written) {
+    for (const auto &record : written) {
         const QJsonObject made = makeRecord(record.toObject());
         if (made.isEmpty())
             return std::nullopt;
@@ -80,7 +80,7 @@ Reversed copyProtection(const Row &row, const Context &context, const QJsonArray
 Reversed stackingOrder(const Row &row, const Context &context, const QJsonArray &written)
 {
     std::vector<QJsonObject> scenes;
-    for (const QJsonValue &record : written)
+    for (const auto &record : written)
         scenes.push_back(sceneOf(record.toObject()));
     std::vector<QJsonObject> places;
     for (const QJsonObject &layer : context.known.layers(context.device)) {
