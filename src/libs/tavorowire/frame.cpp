@@ -58,8 +58,9 @@ void writeHead(const WireHead &head, quint32 bodyChecksum, QByteArray &frame)
 {
     const auto size = static_cast<std::size_t>(frame.size()) - sizeof head;
     const WireHead wire = withChecksums(head, size, bodyChecksum);
-    constexpr int length = sizeof wire;
-    frame.replace(0, length, bytesOf(wire).data(), length);
+    const int begin = 0; // Qt 6 could also take the literal for a null pointer.
+    const int length = sizeof wire;
+    frame.replace(begin, length, bytesOf(wire).data(), length);
 }
 
 void setNumber(QByteArray &frame, quint32 number)
