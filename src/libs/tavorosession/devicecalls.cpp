@@ -89,7 +89,7 @@ UpgradeCall::Session DeviceCalls::upgradeSession()
         m_queue.cancel(job);
     };
     session.report = [this](const CallResult &result, const QString &label) {
-        const Outcome outcome = makeOutcome(result, label, false);
+        Outcome outcome = makeOutcome(result, label, false);
         report(outcome);
         return outcome;
     };

@@ -162,7 +162,9 @@ PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devi
 {
     const auto group = std::make_shared<GroupCall>(calls.size());
     const auto gate = std::make_shared<GroupGate>(static_cast<int>(calls.size()), groupPatience);
-    const QList<DeviceSession *> targets = devices; // a slot may change the list of the caller
+    // A slot may change the list of the caller.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QList<DeviceSession *> targets = devices;
     for (std::size_t i = 0; i < calls.size(); ++i) {
         const auto job = std::make_shared<CallJob>(calls[i]);
         job->gate = gate;
