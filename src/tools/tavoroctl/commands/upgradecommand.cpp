@@ -134,6 +134,8 @@ ExitStatus start(Tool &tool, const std::shared_ptr<BizModel::Device> &device,
         QString error;
         if (Control::Auxiliary(device).setUgradeConfig(upgrade, error))
             return Done;
+        // The next exchanges replace the last one.
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const std::optional<SSProxy::Exchange> written = watch.last();
         // The answer may be lost, or another client may have been faster.
         QString ignored;
