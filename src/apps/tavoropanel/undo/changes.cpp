@@ -60,7 +60,7 @@ std::shared_ptr<Changes::OpenStep> Changes::makeStep()
 Changes::Started Changes::start(DeviceSession &device, const Write &write,
                                 const std::shared_ptr<OpenStep> &step)
 {
-    const Started started{write, step, ++m_lastWrite};
+    Started started{write, step, ++m_lastWrite};
     step->device = &device;
     ++step->callsUnderWay;
     const UndoOperation *const row = findUndoOperation(write.operation);

@@ -100,7 +100,7 @@ Reversed stackingOrder(const Row &row, const Context &context, const QJsonArray 
 /// Restores layers that existed, and removes those that did not.
 Reversed createdLayers(const Row &row, const Context &context, const QJsonArray &written)
 {
-    if (const Reversed previous = values(row, context, written))
+    if (Reversed previous = values(row, context, written))
         return previous;
     const auto identityOfNew = [&](const QJsonObject &record) {
         const QJsonObject identity = identityIn(row.kind, record);
