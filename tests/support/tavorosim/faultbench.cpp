@@ -11,7 +11,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
+#ifdef TAVORO_SANITIZE
+constexpr auto grace = 3000ms; // the program itself is several times slower
+#else
 constexpr auto grace = 500ms;
+#endif
 
 Sim::SimOptions deviceOptions()
 {
