@@ -6,7 +6,7 @@
 /// Values of records as texts.
 namespace Tavoro::Panel {
 
-/// A timing: "1920 × 1080, 60 Hz", or that there is no signal.
+/// Returns a timing such as "1920 × 1080, 60 Hz", or the words for a missing signal.
 QString timingText(const QVariant &timing);
 /// A number of bytes with a unit.
 QString bytesText(const QVariant &length);
