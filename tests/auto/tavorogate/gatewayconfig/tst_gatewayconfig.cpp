@@ -89,7 +89,7 @@ void tst_GatewayConfig::mistakesAreNamed_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("message");
     // clang-format off
-    QTest::newRow("no JSON")         << QByteArray("{\n\"name\": \"x\"")                          << "line 2: unterminated object";
+    QTest::newRow("no JSON")         << QByteArray("{\n} x")                                     << "line 2: garbage at the end of the document";
     QTest::newRow("no object")       << QByteArray("[]")                                          << "expected a JSON object";
     QTest::newRow("unknown key")     << QByteArray("{\n\n\"broker\": {\"prot\": 1}}")             << "line 3: unknown key \"broker.prot\"; did you mean \"broker.port\"";
     QTest::newRow("not a port")      << QByteArray("{\"broker\": {\n\"port\": 0}}")               << "line 2: \"broker.port\" must be a number from 1 to 65535";
