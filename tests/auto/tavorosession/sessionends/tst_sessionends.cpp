@@ -24,6 +24,7 @@ SessionBench::Options patientOptions()
 {
     SessionBench::Options options = SessionBench::fastOptions();
     options.channel.maxRequestTime = std::chrono::milliseconds(requestTime);
+    options.outcomeTime = 10min;
     return options;
 }
 
