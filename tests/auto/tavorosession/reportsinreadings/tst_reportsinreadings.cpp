@@ -82,6 +82,7 @@ void tst_ReportsInReadings::readAfterAWriteKeepsTheReport()
     QCOMPARE(int(interface()->detail().formatMapping), 3);
 }
 
+/// The reading leaves the interfaces as they are, since a report was newer: they are read again.
 void tst_ReportsInReadings::valuesWithoutAReportFollowAllTheSame()
 {
     QVERIFY(m_bench->addFault("hold,code=0x1300,count=1"));
@@ -90,8 +91,15 @@ void tst_ReportsInReadings::valuesWithoutAReportFollowAllTheSame()
     QTRY_VERIFY(!m_bench->hasFaults());
     QVERIFY(setDepth(12));
     QTRY_COMPARE(m_seen.value(0), 12);
+    QVERIFY(m_bench->addFault("hold,code=0x1200,count=1"));
     QVERIFY(m_bench->releaseAnswers());
-    QVERIFY(resultOf(wall().modelUpdate()));
+    const auto update = wall().modelUpdate();
+    QTRY_VERIFY(wall().isReady());
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(Heartbeat().waitForBeats());
+    QVERIFY(!update.future().isFinished());
+    QVERIFY(m_bench->releaseAnswers());
+    QVERIFY(resultOf(update));
     QCOMPARE(int(interface()->detail().formatMapping), 5);
     QTRY_COMPARE(int(interface()->detail().colorDepths.actualColorDepth), 12);
 }
