@@ -44,9 +44,7 @@ private:
 
 void tst_CanvasFaults::init()
 {
-    using namespace std::chrono_literals;
     CanvasBench::Options options = CanvasBench::fastOptions();
-    options.channel.maxRequestTime = 500ms;
     options.outcomeTime = 1s;
     m_bench = std::make_unique<CanvasBench>(options);
     QVERIFY(m_bench->openSelected());
