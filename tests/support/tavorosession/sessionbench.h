@@ -92,7 +92,16 @@ public:
     }
 
     /// Opens the device. Its session is in \c wall.
-    void open() { wall = session->open(QStringLiteral("127.0.0.1"), running->simulator->port()); }
+    void open()
+    {
+        wall = session->open(QStringLiteral("127.0.0.1"), running->simulator->port());
+        QObject::connect(wall, &Tavoro::DeviceSession::deviceChanged, wall, [opened = wall] {
+            constexpr quint32 patience = 60000; // milliseconds
+            // Before the device is shared: the first signal precedes its first reading.
+            if (opened->device() && opened->device()->deviceConfig().defaultTimeout != patience)
+                opened->device()->deviceConfig().defaultTimeout = patience;
+        });
+    }
     /// Opens the device and waits until it is ready.
     bool openReady()
     {

@@ -196,10 +196,12 @@ void tst_EverydayFaults::pulledCableIsReported()
     QVERIFY(m_bench->addFault("silent,code=identity"));
     wall().readAgain();
     QTRY_VERIFY(!m_bench->hasFaults("stop-reading"));
+    const DeviceLog log;
     const auto take = callTake();
     QTRY_COMPARE(int(wall().state().kind), int(DeviceState::Lost));
     QVERIFY(!wall().device()->isOnline());
     QCOMPARE(wall().state().reason, QStringLiteral("it stopped answering"));
+    QTRY_VERIFY(log.hasLostConnection()); // or it would still carry the take out
     QVERIFY(m_bench->execute(QStringLiteral("fault clear")));
     wall().reconnectNow();
     QTRY_VERIFY(wall().isReady());

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QSignalSpy>
+#include <QTimer>
 
 using namespace Tavoro;
 using namespace std::chrono_literals;
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void upgradeIsReportedOnceWhileASlotRunsAnEventLoop();
 
 private:
+    static constexpr int packetSize = 4000;
     static constexpr int fast = 500; ///< Percent. An upgrade takes 1.2 s.
     static constexpr int standing = 0; ///< An upgrade takes 6 s that pass().
 
@@ -41,6 +43,7 @@ private:
         m_bench.reset();
         Sim::SimOptions device = SessionBench::smallDevice();
         device.clockSpeed = clockSpeed;
+        device.packetSize = packetSize;
         m_bench = std::make_unique<SessionBench>(options, device);
         QVERIFY(m_bench->openReady());
     }
@@ -174,24 +177,31 @@ void tst_Upgrades::upgradeThatWaitsIsCancelledAtOnce()
     QVERIFY(resultOf(second));
 }
 
+/// The device answers one packet of the transfer every 200 ms, while this thread runs.
 void tst_Upgrades::upgradeTimeDoesNotPassWhileATransferIsUnderWay()
 {
+    constexpr int packets = 30;
     SessionBench::Options options = SessionBench::fastOptions();
     options.upgradeTime = 3s;
     start(options);
-    QVERIFY(m_bench->addFault("hold,code=0xFA03,skip=1,count=1"));
+    QVERIFY(m_bench->addFault("hold,code=0xFA03"));
+    QTimer answers;
+    connect(&answers, &QTimer::timeout, &answers, [this] { m_bench->releaseAnswers(); });
+    answers.start(200ms);
     ProtoModel::File::s_FileInfo file;
     file.fileType = 2;
     file.fileId = 7;
     file.general.name = "picture";
-    const auto transfer = wall().files().send(file, "content");
-    QTRY_VERIFY(!m_bench->hasFaults());
+    const auto transfer =
+        wall().files().send(file, std::string(std::size_t(packets * packetSize), 'c'));
+    QTRY_VERIFY(transfer.progress().done > 0);
     QElapsedTimer time;
     time.start();
     const auto call = upgrade();
     QTRY_VERIFY(time.hasExpired(4000)); // longer than the upgrade may be silent
+    QVERIFY(!transfer.future().isFinished());
     QVERIFY(!call.future().isFinished());
-    QVERIFY(m_bench->releaseAnswers());
+    answers.start(1ms);
     const auto answer = resultOf(call);
     QVERIFY2(answer, qPrintable(answer.text()));
     QVERIFY(transfer.future().isFinished());
