@@ -73,6 +73,7 @@ private:
     void readingOutdated(const std::vector<Operations::Scope> &scopes) override
     {
         m_follower.note(scopes);
+        m_updates.readingOutdated(m_follower.noted());
     }
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;

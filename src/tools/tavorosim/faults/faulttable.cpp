@@ -53,6 +53,12 @@ void answerLate(const FaultedRequest &request, Delivery &delivery)
     delivery.delay = static_cast<int>(request.value);
 }
 
+void holdAnswer(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.isHeld = true;
+}
+
 void keepSilent(const FaultedRequest &request, Delivery & /*delivery*/)
 {
     request.answer();
@@ -210,6 +216,7 @@ constexpr FaultRow faultRows[] = {
 //   name                   value     min   max          default          help                                                           injection
     {"status",              "NUMBER", 1,    255,         0,               "refuses the request with this status",                        refuse},
     {"late",                "MS",     1,    tenMinutes,  0,               "answers later",                                               answerLate},
+    {"hold",                "",       0,    0,           0,               "answers after \"fault release\"",                               holdAnswer},
     {"silent",              "",       0,    0,           0,               "never answers",                                               keepSilent},
     {"ignore",              "",       0,    0,           0,               "does not carry the request out and never answers",            ignore},
     {"stall",               "",       0,    0,           0,               "sends half of the answer and never the rest",                 answerHalf},
@@ -234,7 +241,7 @@ constexpr FaultRow faultRows[] = {
     {"other-tag",           "",       0,    0,           0,               "answers an earlier request without an answer",                answerAnother},
     {"truncate",            "BYTES",  0,    any,         0,               "sends this part of the body, 0: half, in a valid frame",      cutBody},
     {"garble",              "BYTES",  1,    any,         1,               "replaces bytes of the body by #, in a valid frame",           garbleBody},
-    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault clear\"", stopReading},
+    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault release\"", stopReading},
     {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
     {"flood",               "NUMBER", 1,    maxReports,  0,               "sends reports before the answer, up to 100000",               flood},
 };

@@ -38,6 +38,12 @@ bool needsControl(const Request &request)
         && request.command != Command::AuxiliaryDeviceTime;
 }
 
+/// True for the lines of the console after which no fault holds up what has begun.
+bool endsPauses(const QString &line)
+{
+    return line == QLatin1String("fault clear") || line == QLatin1String("fault release");
+}
+
 } // namespace
 
 SimServer::SimServer(SimOptions options, QObject *parent)
@@ -117,8 +123,8 @@ ConsoleAnswer SimServer::execute(const QString &line)
     catchUp();
     Reports reports;
     ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
-    if (line.simplified() == QLatin1String("fault clear"))
-        resumeReading();
+    if (endsPauses(line.simplified()))
+        endPauses();
     sendReports(reports);
     followPower();
     return answer;
@@ -279,11 +285,13 @@ void SimServer::drop()
         client->close();
 }
 
-void SimServer::resumeReading()
+void SimServer::endPauses()
 {
     const std::vector<SimClient *> clients = m_clients; // A frame may end its client.
-    for (SimClient *const client : clients)
+    for (SimClient *const client : clients) {
+        client->sendHeldAnswers();
         client->resumeReading();
+    }
 }
 
 void SimServer::restart()
