@@ -2,6 +2,7 @@
 
 #include "clampedoptions_p.h"
 #include "commands_p.h"
+#include "leaserequests_p.h"
 #include "outcomequery_p.h"
 #include <tavorossproxy/io/connectedsocket_p.h>
 #include <tavorossproxy/logging_p.h>
@@ -163,6 +164,21 @@ void StreamChannel::setConnectionHandler(std::function<void(const ConnectionStat
 }
 
 ConnectionState StreamChannel::connectionState() const
+DeviceLease StreamChannel::readLease()
+{
+    return Internal::readLease(*this, m_loop->clock());
+}
+
+DeviceLease StreamChannel::takeLease(const QString &holder, std::chrono::seconds time)
+{
+    return Internal::takeLease(*this, m_loop->clock(), holder, time);
+}
+
+DeviceLease StreamChannel::releaseLease()
+{
+    return Internal::releaseLease(*this, m_loop->clock());
+}
+
 {
     ConnectionState state;
     state.connections = m_connections;

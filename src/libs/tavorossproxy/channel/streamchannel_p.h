@@ -68,6 +68,9 @@ public:
     RequestOutcome requestOutcome(quint8 lables) override;
     RequestOutcome outcomeOf(const RequestIdentity &id) override;
     bool readControlHolder(QString &holder) override;
+    DeviceLease readLease() override;
+    DeviceLease takeLease(const QString &holder, std::chrono::seconds time) override;
+    DeviceLease releaseLease() override;
     void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
