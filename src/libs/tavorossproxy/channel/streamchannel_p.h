@@ -106,6 +106,7 @@ private:
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
                                                     Exchange &observed);
+    bool maySend(const Wire::WireHead &request, Clock::TimePoint deadline);
     std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
                                                         quint64 elements);
     ConnectionState connectionState() const;
