@@ -15,8 +15,8 @@ class LeaseArbiter {
 public:
     /// Answers a request about the lease. \a client is empty if it has not introduced itself.
     Answer carryOut(const std::string &client, const Request &request, qint64 now);
-    /// The client whose lease has ended by time and has just gone to another client; empty if there
-    /// is none. The device no longer carries anything out for it. Forgets the client.
+    /// The client whose lease has ended by time and has just gone to another client, or an empty
+    /// text. The device no longer carries anything out for it. Forgets the client.
     std::string takeDisplaced();
     /// Ends the lease, as a restart does.
     void reset() { *this = {}; }
