@@ -126,7 +126,7 @@ PendingCall<Answer<std::string>> DeviceSession::callAnnounced(const QString &nam
 {
     const auto call = std::make_shared<NamedCall>(name, arguments);
     PendingCall<Answer<std::string>> pending(call->future());
-    d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce)));
+    d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce), d->courier()));
     return pending;
 }
 

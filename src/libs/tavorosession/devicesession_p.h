@@ -43,6 +43,7 @@ public:
     DeviceCalls &calls() { return m_calls; }
     const ControlWatch &control() const { return m_control; }
     LeaseKeeper &lease() { return m_lease; }
+    const std::shared_ptr<Courier> &courier() const { return m_shared.courier; }
     PendingCall<bool> modelUpdate();
     void setBodiesLogged(bool areLogged) { m_device.setBodiesLogged(areLogged); }
 
