@@ -64,7 +64,7 @@ FilesView::FilesView(Selection &selection, Messages &messages, Changes &changes,
             [this](const QModelIndex &current) {
                 updateEnabled();
                 if (current.isValid())
-                    m_selection.setFile(m_model.image(current));
+                    m_selection.setFile(m_model.file(current));
             });
     connect(&selection, &Selection::canWriteChanged, this, &FilesView::updateEnabled);
     connect(&selection, &Selection::deviceChanged, this, [this] {
@@ -186,7 +186,7 @@ void FilesView::pull(const QModelIndex &image, const QString &path)
     DeviceSession *const device = m_selection.device();
     if (!device || !image.isValid())
         return;
-    const PendingTransfer transfer = device->files().fetchTo(m_model.image(image), path);
+    const PendingTransfer transfer = device->files().fetchTo(m_model.file(image), path);
     transfer.then(this, [this](const Outcome &outcome) {
         if (!outcome.isCanceled())
             m_messages.report(outcome);
@@ -201,7 +201,7 @@ void FilesView::askToDeleteImage(const QModelIndex &image)
 {
     if (!image.isValid() || !m_selection.canWrite())
         return;
-    askToDelete(m_model.name(image), this, [this, id = m_model.image(image)] {
+    askToDelete(m_model.name(image), this, [this, id = m_model.file(image)] {
         if (DeviceSession *const device = m_selection.device())
             m_changes.call(*device, &Control::File::writeDeleteFiles,
                            {ProtoModel::File::s_DeleteFile{id}});
