@@ -40,18 +40,24 @@ int activeSize(const QVariantMap &timing, const char *axis)
 QString timingText(const QVariant &timing)
 {
     const QVariantMap map = timing.toMap();
-    const int width = activeSize(map, "horizontal");
-    const int height = activeSize(map, "vertical");
-    if (width <= 0 || height <= 0)
+    ProtoModel::s_TimingDetailBody record;
+    record.horizontal.addTime = activeSize(map, "horizontal");
+    record.vertical.addTime = activeSize(map, "vertical");
+    record.refresh = map.value(QStringLiteral("refresh")).toInt();
+    record.interlaced = map.value(QStringLiteral("interlaced")).toInt();
+    return timingText(record);
+}
+
+QString timingText(const ProtoModel::s_TimingDetailBody &timing)
+{
+    if (timing.horizontal.addTime <= 0 || timing.vertical.addTime <= 0)
         return Words::tr("No signal");
-    const QString scan =
-        map.value(QStringLiteral("interlaced")).toInt() != 0 ? Words::tr("interlaced") : QString();
     //: Width and height in pixels, refresh rate, "interlaced" or nothing
     return Words::tr("%1 × %2, %3 Hz %4")
-        .arg(width)
-        .arg(height)
-        .arg(map.value(QStringLiteral("refresh")).toInt())
-        .arg(scan)
+        .arg(timing.horizontal.addTime)
+        .arg(timing.vertical.addTime)
+        .arg(timing.refresh)
+        .arg(timing.interlaced != 0 ? Words::tr("interlaced") : QString())
         .trimmed();
 }
 
@@ -68,8 +74,12 @@ QString yesNoText(const QVariant &flag)
 QString sizeText(const QVariant &record)
 {
     const QVariantMap map = record.toMap();
-    const int width = map.value(QStringLiteral("width")).toInt();
-    const int height = map.value(QStringLiteral("height")).toInt();
+    return sizeText(map.value(QStringLiteral("width")).toInt(),
+                    map.value(QStringLiteral("height")).toInt());
+}
+
+QString sizeText(int width, int height)
+{
     return width > 0 && height > 0 ? Words::tr("%1 × %2 pixels").arg(width).arg(height)
                                    : Words::tr("None");
 }

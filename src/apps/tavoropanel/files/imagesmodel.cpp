@@ -1,5 +1,7 @@
 #include "imagesmodel.h"
 
+#include "layersources.h"
+
 #include <tavoropanel/details/shownvalues.h>
 
 #include <tavorobizmodel/enums.h>
@@ -119,6 +121,9 @@ QMimeData *ImagesModel::mimeData(const QModelIndexList &indexes) const
     }
     auto *const data = new QMimeData;
     data->setUrls(urls);
+    const FileId first = file(indexes.value(0));
+    if (first.fileType == BizModel::Enum::File::Background)
+        setSource(*data, {FileSource, static_cast<quint32>(first.fileId)});
     return data;
 }
 

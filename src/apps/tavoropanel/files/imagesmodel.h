@@ -10,7 +10,7 @@
 namespace Tavoro::Panel {
 
 /// The images on a device, backgrounds and logos, with their pictures. They can be dragged to other
-/// programs as files.
+/// programs as files, and backgrounds onto layers as their sources.
 class ImagesModel : public StoredFilesModel {
     Q_OBJECT
 
