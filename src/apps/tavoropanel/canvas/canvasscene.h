@@ -4,8 +4,8 @@
 #include "screenitem.h"
 #include "screenplacement.h"
 
-#include <tavoropanel/files/layersources.h>
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavoromodels/screensmodel.h>
 

@@ -2,7 +2,7 @@
 
 #include "layergeometry.h"
 
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/enums.h>

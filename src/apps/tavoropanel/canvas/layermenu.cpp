@@ -4,7 +4,7 @@
 #include "layereditor.h"
 
 #include <tavoropanel/actions/actions.h>
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QAction>
 

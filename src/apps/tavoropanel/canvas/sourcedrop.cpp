@@ -3,7 +3,7 @@
 #include "canvasscene.h"
 #include "layereditor.h"
 
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QDropEvent>
 #include <QGraphicsView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 #include <tavoropanel/undo/changeedits.h>
 
 #include <tavoromodels/devicesmodel.h>

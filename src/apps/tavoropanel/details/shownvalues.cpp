@@ -1,5 +1,7 @@
 #include "shownvalues.h"
 
+#include <tavoropanel/sources/formattexts.h>
+
 #include <tavorobizmodel/enums.h>
 
 #include <QCoreApplication>
@@ -48,19 +50,6 @@ QString timingText(const QVariant &timing)
     return timingText(record);
 }
 
-QString timingText(const ProtoModel::s_TimingDetailBody &timing)
-{
-    if (timing.horizontal.addTime <= 0 || timing.vertical.addTime <= 0)
-        return Words::tr("No signal");
-    //: Width and height in pixels, refresh rate, "interlaced" or nothing
-    return Words::tr("%1 × %2, %3 Hz %4")
-        .arg(timing.horizontal.addTime)
-        .arg(timing.vertical.addTime)
-        .arg(timing.refresh)
-        .arg(timing.interlaced != 0 ? Words::tr("interlaced") : QString())
-        .trimmed();
-}
-
 QString bytesText(const QVariant &length)
 {
     return QLocale().formattedDataSize(length.toLongLong());
@@ -76,12 +65,6 @@ QString sizeText(const QVariant &record)
     const QVariantMap map = record.toMap();
     return sizeText(map.value(QStringLiteral("width")).toInt(),
                     map.value(QStringLiteral("height")).toInt());
-}
-
-QString sizeText(int width, int height)
-{
-    return width > 0 && height > 0 ? Words::tr("%1 × %2 pixels").arg(width).arg(height)
-                                   : Words::tr("None");
 }
 
 QString countText(const QVariant &list)

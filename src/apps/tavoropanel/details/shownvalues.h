@@ -1,7 +1,5 @@
 #pragma once
 
-#include <tavorocontrol/proto/signalbodies.h>
-
 #include <QString>
 #include <QVariant>
 
@@ -10,14 +8,12 @@ namespace Tavoro::Panel {
 
 /// Returns a timing such as "1920 × 1080, 60 Hz", or the words for a missing signal.
 QString timingText(const QVariant &timing);
-QString timingText(const ProtoModel::s_TimingDetailBody &timing);
 /// A number of bytes with a unit.
 QString bytesText(const QVariant &length);
 /// "Yes" or "No".
 QString yesNoText(const QVariant &flag);
 /// Width and height of a record that has them, in pixels.
 QString sizeText(const QVariant &record);
-QString sizeText(int width, int height);
 /// How many entries a list has.
 QString countText(const QVariant &list);
 /// A text or number as it is.

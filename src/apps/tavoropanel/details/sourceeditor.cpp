@@ -1,6 +1,6 @@
 #include "sourceeditor.h"
 
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QComboBox>
 

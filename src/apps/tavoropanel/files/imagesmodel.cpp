@@ -1,8 +1,7 @@
 #include "imagesmodel.h"
 
-#include "layersources.h"
-
 #include <tavoropanel/details/shownvalues.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/enums.h>
 

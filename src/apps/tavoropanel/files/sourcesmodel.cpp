@@ -1,9 +1,9 @@
 #include "sourcesmodel.h"
 
-#include "layersources.h"
 #include "sourceicon.h"
 
 #include <tavoropanel/details/shownvalues.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/interface.h>

@@ -1,8 +1,7 @@
 #include "sourcesview.h"
 
-#include "layersources.h"
-
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/sources/layersources.h>
 #include <tavoropanel/undo/changes.h>
 
 #include <tavorobizmodel/layer.h>

@@ -1,7 +1,7 @@
 // Sources are dropped onto layers of the canvas.
 #include <support/tavoropanel/canvasbench.h>
 
-#include <tavoropanel/files/layersources.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>

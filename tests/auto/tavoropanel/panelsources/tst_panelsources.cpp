@@ -2,8 +2,8 @@
 
 #include <support/tavoropanel/panelbench.h>
 
-#include <tavoropanel/files/layersources.h>
 #include <tavoropanel/files/sourcesview.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/layer.h>
 

@@ -1,6 +1,6 @@
 #include "layersources.h"
 
-#include <tavoropanel/details/shownvalues.h>
+#include "formattexts.h"
 
 #include <tavorobizmodel/enums.h>
 #include <tavorobizmodel/file.h>

@@ -52,7 +52,7 @@ public:
     void setDevice(const std::weak_ptr<BizModel::Device> &device);
     const Models::InterfacesModel &inputs() const { return m_inputs; }
 
-    /// All sources; the first one is none.
+    /// All sources, after the entry for a layer without a source.
     QList<LayerSource> all() const;
     /// The source that \a id identifies; nothing if the device does not have it.
     std::optional<LayerSource> find(const SourceId &id) const;
