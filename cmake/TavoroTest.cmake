@@ -29,7 +29,8 @@ function(tavoro_add_test name)
         add_dependencies(threaded_tests tst_${name})
     endif()
     add_test(NAME ${name} COMMAND tst_${name})
-    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300)
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300
+        ENVIRONMENT_MODIFICATION LANGUAGE=set:en) # Tests compare English texts.
     if(name IN_LIST tavoro_long_tests)
         set_tests_properties(${name} PROPERTIES COST 100)
     endif()

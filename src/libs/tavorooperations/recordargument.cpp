@@ -1,6 +1,7 @@
 #include "recordargument_p.h"
 
 #include "numberrange_p.h"
+#include "texts_p.h"
 
 #include <tavorooperations/jsontext.h>
 #include <tavorooperations/nearest.h>
@@ -24,7 +25,7 @@ namespace {
 
 Fault placed(qint64 line, qint64 column, const QString &words)
 {
-    return QStringLiteral("line %1, column %2: %3").arg(line).arg(column).arg(words);
+    return Texts::tr("line %1, column %2: %3").arg(line).arg(column).arg(words);
 }
 
 /// A fault at the byte \a offset of \a text.
@@ -106,7 +107,7 @@ private:
             const QString key = jsonValue(takeScalar().toStdString()).toString();
             if (!sent.contains(key)) {
                 return placedAt(m_text, start,
-                                QStringLiteral("unknown key \"%1\"%2; the keys here are: %3")
+                                Texts::tr("unknown key \"%1\"%2; the keys here are: %3")
                                     .arg(key, suggestion(key, sent.keys()),
                                          sent.keys().join(QStringLiteral(", "))));
             }
@@ -143,8 +144,8 @@ private:
         const QString written = QString::fromUtf8(typed);
         const bool lostSign = typed.startsWith('-') && sent.toDouble() > 0;
         const QString fault = lostSign
-            ? QStringLiteral("%1 is out of range").arg(written)
-            : QStringLiteral("%1 would be sent as %2").arg(written, jsonText(sent));
+            ? Texts::tr("%1 is out of range").arg(written)
+            : Texts::tr("%1 would be sent as %2").arg(written, jsonText(sent));
         return placedAt(m_text, start, fault + rangeNote(typed, path));
     }
 
@@ -155,7 +156,7 @@ private:
         typed.toDouble(&isNumber);
         const std::optional<NumberLimits> limits = limitsAt(m_type, path);
         return isNumber && limits
-            ? QStringLiteral("; the range is %1 to %2").arg(limits->least).arg(limits->most)
+            ? Texts::tr("; the range is %1 to %2").arg(limits->least).arg(limits->most)
             : QString();
     }
 
@@ -207,8 +208,8 @@ Fault faultOfShape(const std::string &text, bool expectsList)
     if (start == std::string::npos || (text[start] == '[') == expectsList)
         return {};
     return placedAt(bytes, static_cast<int>(start),
-                    expectsList ? QStringLiteral("expected a list [...], found an object")
-                                : QStringLiteral("expected an object {...}, found a list"));
+                    expectsList ? Texts::tr("expected a list [...], found an object")
+                                : Texts::tr("expected an object {...}, found a list"));
 }
 
 Fault faultOfCodec(const std::string &error)
@@ -248,7 +249,7 @@ Fault faultOfMeaning(const std::string &text, const std::string &sent, const QSt
     if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)
         return fault;
     lacksKeys = true;
-    return QStringLiteral("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
+    return Texts::tr("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
 }
 
 } // namespace Tavoro::Operations::Internal

@@ -10,6 +10,7 @@
 #include <tavorosim/state/factorysetup.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/hostandport.h>
 #include <tavorowire/linkcommands.h>
 
@@ -88,8 +89,8 @@ bool SimServer::listen(QString &error)
     if (!m_options.scenario.isEmpty()) {
         scenario = readScenario(m_options.scenario, error);
         if (!scenario) {
-            error = QStringLiteral("the scenario \"%1\" is not valid: %2")
-                        .arg(m_options.scenario, error);
+            error =
+                Texts::tr("the scenario \"%1\" is not valid: %2").arg(m_options.scenario, error);
             return false;
         }
     }
