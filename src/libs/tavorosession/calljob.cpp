@@ -47,6 +47,11 @@ ControlUse CallJob::controlUse() const
                                                                        : ControlUse::None;
 }
 
+CallLane CallJob::lane() const
+{
+    return operation->isTransfer() ? CallLane::Transfers : CallLane::Commands;
+}
+
 CallResult CallJob::carryOut()
 {
     if (gate)

@@ -36,6 +36,13 @@ enum class ControlUse {
     GivesUp
 };
 
+/// The lane of a call.
+enum class CallLane {
+    Commands,
+    Transfers,
+    Lease, ///< Its calls do not wait for others, since a lease ends in time.
+};
+
 /// A call of the application, on its way through a lane.
 ///
 /// | member                               | thread                                        |
@@ -53,6 +60,9 @@ public:
     /// Name of the call for its outcome, translated. On the courier's thread.
     virtual QString label() const;
     virtual ControlUse controlUse() const;
+    virtual CallLane lane() const;
+    /// The session does not wait for the call any more: run() must end soon. Any thread.
+    virtual void abandon() { }
 
     const std::shared_ptr<PendingOperation> operation;
     bool isQuiet = false; ///< The application learns nothing of this call.

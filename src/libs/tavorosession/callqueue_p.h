@@ -29,6 +29,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target, const QString &reason);
     /// Queues a call; a \a key replaces a waiting call with the same one.
     void start(std::shared_ptr<CallJob> job, const QString &key);
+    /// Asks the device for the outcome of a call that no lane carries out.
+    void resolve(const std::shared_ptr<CallJob> &job);
     /// Ends a call that waits as cancelled; without effect on others.
     void cancel(const std::shared_ptr<CallJob> &job);
     /// Ends the calls that wait as not sent.
@@ -41,7 +43,7 @@ public:
 private:
     using JobPtr = std::shared_ptr<CallJob>;
 
-    Lane &laneOf(const CallJob &job);
+    Lane &laneOf(const CallJob &job) const;
     void dropReplaced(const QString &key);
     void finished(const JobPtr &job);
     void end(const JobPtr &job, const CallResult &result, bool isReplaced = false);
@@ -51,6 +53,7 @@ private:
     const Deliver m_deliver;
     const std::shared_ptr<Lane> m_commands;
     const std::shared_ptr<Lane> m_transfers;
+    const std::shared_ptr<Lane> m_lease;
     UnknownCalls m_unknown;
     std::shared_ptr<const CallTarget> m_target;
     QString m_reason; ///< Why there is no target.

@@ -4,39 +4,16 @@
 #include <tavorossproxy/exchangewatch.h>
 
 #include <QCoreApplication>
-#include <QFutureInterface>
 
 #include <utility>
 
 namespace Tavoro::SessionInternal {
 
-/// Delivers the outcome of a request for control. It is not an operation of a control class.
-class ControlJob::Request : public PendingOperation {
-public:
-    Request() { m_promise.reportStarted(); }
-
-    QFuture<Outcome> future() { return m_promise.future(); }
-
-    bool run(const std::weak_ptr<BizModel::Device> &, QString &) override { return false; }
-    void finish(const Outcome &outcome, bool) override
-    {
-        m_promise.reportResult(outcome);
-        m_promise.reportFinished();
-    }
-    bool isCanceled() const override { return m_promise.isCanceled(); }
-    bool isTransfer() const override { return false; }
-    std::optional<Operations::Operation> operation() const override { return std::nullopt; }
-    std::vector<Operations::Scope> changes() const override { return {}; }
-
-private:
-    mutable QFutureInterface<Outcome> m_promise;
-};
-
 ControlJob::ControlJob(SSProxy::ControlAction action)
-    : ControlJob(action, std::make_shared<Request>())
+    : ControlJob(action, std::make_shared<LinkRequest<>>())
 { }
 
-ControlJob::ControlJob(SSProxy::ControlAction action, std::shared_ptr<Request> request)
+ControlJob::ControlJob(SSProxy::ControlAction action, std::shared_ptr<LinkRequest<>> request)
     : CallJob(request), m_action(action), m_request(std::move(request))
 { }
 

@@ -4,6 +4,7 @@
 #include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
+#include "outcomejob_p.h"
 
 #include <tavorossproxy/channelstatus.h>
 
@@ -75,6 +76,15 @@ PendingCall<Answer<QString>> DeviceCalls::readControlHolder()
     const auto job = std::make_shared<HolderJob>();
     PendingCall<Answer<QString>> pending(job->future());
     m_queue.start(job, {});
+    return pending;
+}
+
+PendingCall<Outcome> DeviceCalls::outcomeOf(const SSProxy::RequestIdentity &request,
+                                            const QString &operation)
+{
+    const auto job = std::make_shared<OutcomeJob>(request, operation);
+    PendingCall<Outcome> pending(job->future());
+    m_queue.resolve(job);
     return pending;
 }
 

@@ -58,6 +58,8 @@ public:
     /// Gives control up without a report to the application.
     void giveUpControl();
     PendingCall<Answer<QString>> readControlHolder();
+    PendingCall<Outcome> outcomeOf(const SSProxy::RequestIdentity &request,
+                                   const QString &operation);
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
 
 private:

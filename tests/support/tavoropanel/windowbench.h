@@ -1,6 +1,6 @@
 #pragma once
 
-#include <support/tavorosession/sessionbench.h>
+#include <support/tavoropanel/panelbench.h>
 
 #include <tavorobizmodel/screen.h>
 #include <tavoropanel/theme/theme.h>
@@ -13,7 +13,7 @@
 /// The whole window of the panel, and a simulated device.
 class WindowBench : public SessionBench {
 public:
-    explicit WindowBench(const Options &options = fastOptions(),
+    explicit WindowBench(const Options &options = PanelBench::patientOptions(),
                          const Tavoro::Sim::SimOptions &device = smallDevice())
         : SessionBench(options, device)
     {

@@ -14,13 +14,13 @@ class QLabel;
 QT_END_NAMESPACE
 
 namespace Tavoro::Models {
-class InterfacesModel;
 class ObjectModel;
 } // namespace Tavoro::Models
 
 namespace Tavoro::Panel {
 
 struct Field;
+class LayerSources;
 class ValueEditor;
 
 /// The properties of one object of an item model, in sections.
@@ -36,7 +36,7 @@ public:
         Models::ObjectKind kind;
         Models::ObjectModel &model;
         Models::EditHandler &handler;
-        Models::InterfacesModel &inputs; ///< The sources that layers can show.
+        const LayerSources &sources; ///< What layers can show.
     };
 
     explicit DetailsForm(const Context &context, QWidget *parent = nullptr);

@@ -121,9 +121,9 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     m_sender.sendControlReport(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
 }
 
-bool SimClient::isSameClient(const ConnectionId &id) const
+std::string SimClient::clientId() const
 {
-    return m_outcomes && m_outcomes->id().client == id.client;
+    return m_outcomes ? m_outcomes->id().client : std::string();
 }
 
 void SimClient::abandon()

@@ -58,8 +58,9 @@ public:
     /// Reports to the client, if it has asked for the identity, whether another client holds
     /// control now, and which. A client that does not keep up gets the last state later.
     void sendControl(bool isHeldByOthers, const QString &holder);
-    /// True when \a id is of the same client.
-    bool isSameClient(const ConnectionId &id) const;
+    /// The bytes that identify the client, the same for all of its connections; empty if it has not
+    /// introduced itself.
+    std::string clientId() const;
     /// Ends the connection at once; requests that were received and not read are not carried out.
     void abandon();
     /// Ends the connection after the answers that are being sent.

@@ -10,6 +10,7 @@
 #include <tavorosim/state/factorysetup.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/hostandport.h>
 #include <tavorowire/linkcommands.h>
 
@@ -88,8 +89,8 @@ bool SimServer::listen(QString &error)
     if (!m_options.scenario.isEmpty()) {
         scenario = readScenario(m_options.scenario, error);
         if (!scenario) {
-            error = QStringLiteral("the scenario \"%1\" is not valid: %2")
-                        .arg(m_options.scenario, error);
+            error =
+                Texts::tr("the scenario \"%1\" is not valid: %2").arg(m_options.scenario, error);
             return false;
         }
     }
@@ -155,15 +156,20 @@ SimClient::Services SimServer::servicesForClients()
         return identityFor(client);
     };
     services.introduce = [this](const SimClient &client, const SimClient::ConnectionId &id) {
-        // Requests of an older connection of the client must no longer be carried out.
-        const std::vector<SimClient *> clients = m_clients; // Each removes itself.
-        for (SimClient *const other : clients) {
-            if (other != &client && other->isSameClient(id))
-                other->abandon();
-        }
+        abandonConnections(id.client, &client);
         return m_outcomes.open(id);
     };
     return services;
+}
+
+/// Requests of these connections are no longer carried out.
+void SimServer::abandonConnections(const std::string &clientId, const SimClient *except)
+{
+    const std::vector<SimClient *> clients = m_clients; // Each removes itself.
+    for (SimClient *const client : clients) {
+        if (client != except && client->clientId() == clientId)
+            client->abandon();
+    }
 }
 
 void SimServer::acceptConsole(QTcpSocket *socket)
@@ -197,6 +203,8 @@ Answer SimServer::carryOut(const SimClient &client, const Request &request)
         return carryOutControl(client, request);
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Outcome)
         return answerOutcome(request);
+    if (static_cast<LinkCommand>(request.command) == LinkCommand::Lease)
+        return carryOutLease(client, request);
     if (needsControl(request) && m_arbiter.isHeldByOthers(client))
         return {DeviceStatus::ControlledByOthers, {}, nullptr};
     Reports reports;
@@ -224,6 +232,15 @@ Answer SimServer::carryOutControl(const SimClient &client, const Request &reques
     else
         answer.status = DeviceStatus::UnknownCommand;
     reportControlLater();
+    return answer;
+}
+
+/// When another client gets the lease, the outcomes of the last holder are final.
+Answer SimServer::carryOutLease(const SimClient &client, const Request &request)
+{
+    Answer answer = m_lease.carryOut(client.clientId(), request, m_state.maintenance.uptime);
+    if (const std::string displaced = m_lease.takeDisplaced(); !displaced.empty())
+        abandonConnections(displaced);
     return answer;
 }
 
@@ -280,6 +297,7 @@ void SimServer::drop()
 {
     m_listener.close();
     m_outcomes.forgetAll();
+    m_lease.reset();
     const std::vector<SimClient *> clients = m_clients; // Each removes itself.
     for (SimClient *const client : clients)
         client->close();

@@ -21,7 +21,7 @@ class tst_CanvasFaults : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { openDevice(CanvasBench::patientOptions()); }
     void cleanup() { m_bench.reset(); }
 
     void refusedMoveReturnsTheLayer();
@@ -36,16 +36,16 @@ private Q_SLOTS:
     void refusedOpacityReturns();
 
 private:
+    void openDevice(const CanvasBench::Options &options);
     CanvasBench &bench() { return *m_bench; }
     DeviceSession &device() { return *m_bench->wall; }
 
     std::unique_ptr<CanvasBench> m_bench;
 };
 
-void tst_CanvasFaults::init()
+void tst_CanvasFaults::openDevice(const CanvasBench::Options &options)
 {
-    CanvasBench::Options options = CanvasBench::fastOptions();
-    options.outcomeTime = 1s;
+    m_bench.reset();
     m_bench = std::make_unique<CanvasBench>(options);
     QVERIFY(m_bench->openSelected());
     QTRY_COMPARE(m_bench->shown(2), start);
@@ -84,6 +84,9 @@ void tst_CanvasFaults::refusedMoveEndsTheDrag()
 
 void tst_CanvasFaults::silentDeviceDoesNotBlockTheDrag()
 {
+    CanvasBench::Options options = CanvasBench::fastOptions();
+    options.outcomeTime = 1s;
+    openDevice(options);
     bench().setTimeout(0x1405, 300ms);
     QVERIFY(bench().addFault("ignore,code=0x1405,count=1"));
     const QPoint from = bench().pointOf(2);

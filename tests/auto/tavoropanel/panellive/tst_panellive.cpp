@@ -58,7 +58,6 @@ private Q_SLOTS:
     void unknownOutcomeIsShownAndThenTheAnswer();
     void lateAnswerIsShown();
     void controlsOfALostDeviceAreDisabled();
-    void controlsOfASilentDeviceAnswer();
 
 private:
     LiveButton &button(const char *name) { return m_bench->find<LiveButton>(name); }
@@ -314,26 +313,6 @@ void tst_PanelLive::controlsOfALostDeviceAreDisabled()
     QTRY_VERIFY(button("take").isEnabled());
     QTRY_COMPARE(status(), QStringLiteral("Operating Main of wall 1."));
     QCOMPARE(log.writes(takeCode), QStringList());
-}
-
-void tst_PanelLive::controlsOfASilentDeviceAnswer()
-{
-    constexpr std::chrono::seconds requestTime(100); // so long would a blocked window stand still
-    m_bench->wall->device()->deviceConfig().defaultTimeout = 100000;
-    m_bench->setTimeout(0x130E, requestTime);
-    QVERIFY(m_bench->addFault("silent"));
-    Heartbeat heartbeat;
-    m_bench->key(Qt::Key_Space);
-    WindowBench::click(button("cut"));
-    WindowBench::click(button("freeze"));
-    tBar().setFocus();
-    QTest::keyClick(&tBar(), Qt::Key_PageUp);
-    QCOMPARE(tBar().value(), 10);
-    WindowBench::click(screenButton(1));
-    QCOMPARE(m_bench->window->selection().screens().size(), 2);
-    QTRY_COMPARE(status(),
-                 QStringLiteral("Waiting: wall 1: no answer to the move of the T-bar yet."));
-    QVERIFY2(heartbeat.longestGap() < 20000, qPrintable(QString::number(heartbeat.longestGap())));
 }
 
 QTEST_MAIN(tst_PanelLive)
