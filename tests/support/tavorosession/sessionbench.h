@@ -92,15 +92,18 @@ public:
     }
 
     /// Opens the device. Its session is in \c wall.
-    void open()
+    void open() { wall = open(*running); }
+    /// Opens another device. Its requests may take a minute, so that their answers can be held.
+    Tavoro::DeviceSession *open(const RunningSimulator &device) const
     {
-        wall = session->open(QStringLiteral("127.0.0.1"), running->simulator->port());
-        QObject::connect(wall, &Tavoro::DeviceSession::deviceChanged, wall, [opened = wall] {
+        auto *const opened = session->open(QStringLiteral("127.0.0.1"), device.simulator->port());
+        QObject::connect(opened, &Tavoro::DeviceSession::deviceChanged, opened, [opened] {
             constexpr quint32 patience = 60000; // milliseconds
             // Before the device is shared: the first signal precedes its first reading.
             if (opened->device() && opened->device()->deviceConfig().defaultTimeout != patience)
                 opened->device()->deviceConfig().defaultTimeout = patience;
         });
+        return opened;
     }
     /// Opens the device and waits until it is ready.
     bool openReady()

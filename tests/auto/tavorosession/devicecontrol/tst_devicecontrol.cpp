@@ -45,12 +45,13 @@ private Q_SLOTS:
     void lostConnectionHasNoHolder();
 
 private:
-    void startWithIdleTime()
+    /// No request takes longer than \a requestTime.
+    void startWithIdleTime(std::chrono::milliseconds requestTime = 60s)
     {
         SessionBench::Options options = SessionBench::fastOptions();
         options.controlIdleTime = 200ms;
         options.outcomeTime = 0ms; // without an answer the outcome is unknown at once
-        options.channel.maxRequestTime = 2s;
+        options.channel.maxRequestTime = requestTime;
         start(options);
     }
     void start(const SessionBench::Options &options)
@@ -197,7 +198,7 @@ void tst_DeviceControl::controlThatWasRequestedIsReleasedAfterTheIdleTime()
 
 void tst_DeviceControl::controlOfAnUnknownWriteIsReleasedAfterTheIdleTime()
 {
-    startWithIdleTime();
+    startWithIdleTime(2s);
     QVERIFY(m_bench->addFault("silent,code=0x1107,count=1"));
     QCOMPARE(int(resultOf(callSwap()).kind()), int(Outcome::Unknown));
     QTRY_COMPARE(holder(), QString());
@@ -260,7 +261,7 @@ void tst_DeviceControl::releaseThatFailsIsRepeatedAfterTheIdleTime_data()
 void tst_DeviceControl::releaseThatFailsIsRepeatedAfterTheIdleTime()
 {
     QFETCH(const bool, isOfTheApplication);
-    startWithIdleTime();
+    startWithIdleTime(2s);
     QVERIFY(m_bench->addFault("ignore,code=0x0101,count=1"));
     QVERIFY(resultOf(callSwap()));
     if (isOfTheApplication)

@@ -229,8 +229,7 @@ void tst_EverydayFaults::modelFollowsARebootedDevice()
 void tst_EverydayFaults::devicesThatComeOnlineTogetherAreBothRead()
 {
     RunningSimulator second(SessionBench::smallDevice(2));
-    DeviceSession *const other =
-        m_bench->session->open(QStringLiteral("127.0.0.1"), second.simulator->port());
+    DeviceSession *const other = m_bench->open(second);
     QTRY_VERIFY(other->isReady());
     const auto all = [&](const char *line) {
         return m_bench->execute(QString::fromLatin1(line))

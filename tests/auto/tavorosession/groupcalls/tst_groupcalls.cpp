@@ -63,8 +63,7 @@ void tst_GroupCalls::init()
     for (int i = 0; i < count; ++i) {
         m_simulators.push_back(std::make_unique<RunningSimulator>(
             SessionBench::smallDevice(static_cast<quint8>(i + 10))));
-        m_walls << m_bench->session->open(QStringLiteral("127.0.0.1"),
-                                          m_simulators.back()->simulator->port());
+        m_walls << m_bench->open(*m_simulators.back());
     }
     QTRY_VERIFY(areReady());
 }

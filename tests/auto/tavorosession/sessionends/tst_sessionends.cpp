@@ -272,8 +272,7 @@ void tst_SessionEnds::deletedDeviceLeavesTheOthers()
     SessionBench bench;
     QVERIFY(bench.openReady());
     RunningSimulator second(SessionBench::smallDevice(2));
-    DeviceSession *const other =
-        bench.session->open(QStringLiteral("127.0.0.1"), second.simulator->port());
+    DeviceSession *const other = bench.open(second);
     QTRY_VERIFY(other->isReady());
     QCOMPARE(bench.session->devices(), (QList<DeviceSession *>{bench.wall, other}));
     delete bench.wall;
