@@ -51,7 +51,7 @@ def _stop() -> None:
     """Ends the threads while they can still use the interpreter. A callback that does not return is left alone."""
     _core.stop()
     if _thread is not None and _thread is not threading.current_thread():
-        _thread.join(timeout=5)
+        _thread.join(timeout=2)
 
 
 atexit.register(_stop)

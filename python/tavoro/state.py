@@ -69,6 +69,13 @@ class View(Mapping[str, Any]):
     def __len__(self) -> int:
         return len(self._record)
 
+    def __eq__(self, other: object) -> bool:
+        if isinstance(other, View):
+            return self._record == other._record
+        if isinstance(other, dict):
+            return self._record == other
+        return NotImplemented
+
     def __repr__(self) -> str:
         return repr(self._record)
 
