@@ -43,14 +43,22 @@ bool DeviceSession::isControlledByOthers() const
 PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
                                                            const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments));
+    return callByName(name, arguments, Operations::MissingKeys::Refused);
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments,
+                                                           Operations::MissingKeys missing)
+{
+    return start(std::make_shared<NamedCall>(name, arguments, missing));
 }
 
 PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
                                                                  const QString &name,
                                                                  const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments), key);
+    return start(std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused),
+                 key);
 }
 
 void DeviceSession::setBodiesLogged(bool areLogged)
