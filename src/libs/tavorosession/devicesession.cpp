@@ -132,7 +132,8 @@ PendingCall<Answer<std::string>> DeviceSession::callAnnounced(const QString &nam
                                                               const QStringList &arguments,
                                                               SendAnnouncement announce)
 {
-    const auto call = std::make_shared<NamedCall>(name, arguments);
+    const auto call =
+        std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused);
     PendingCall<Answer<std::string>> pending(call->future());
     d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce), d->courier()));
     return pending;

@@ -111,6 +111,18 @@ void DetailsForm::show(const QModelIndex &index)
     refresh();
 }
 
+void DetailsForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
+}
+
+/// Texts of several lines make the form higher, which the area that scrolls it does not consider.
+void DetailsForm::fitHeight()
+{
+    setMinimumHeight(m_layout->heightForWidth(width()));
+}
+
 void DetailsForm::refresh()
 {
     if (!m_index.isValid())
@@ -124,6 +136,7 @@ void DetailsForm::refresh()
                                || (isOnline && m_context.handler.canEdit(m_context.kind, key)));
         row.editor->setValue(row.field->valueIn(m_index.data(model.role(key.toLatin1()))));
     }
+    fitHeight();
 }
 
 void DetailsForm::send(std::size_t number, const QVariant &value)

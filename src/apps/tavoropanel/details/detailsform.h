@@ -44,6 +44,9 @@ public:
     /// Shows the object of a row of the model.
     void show(const QModelIndex &index);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     struct Row {
         const Field *field;
@@ -54,6 +57,7 @@ private:
     void addSections();
     QLayout *makeRow(const Field &field);
     void describe(const Row &row, const QString &refusal);
+    void fitHeight();
     void refresh();
     void send(std::size_t row, const QVariant &value);
     void showRefusal(const QString &key, const QString &reason);

@@ -161,6 +161,7 @@ private Q_SLOTS:
     void wheelOverAControlWithoutFocusChangesNothing();
     void screenCanBeTheSource();
     void openListOfSourcesStaysWhenAFormatChanges();
+    void longValuesAreShownInSeveralLines();
     void tabOfTheLatestSelectionIsShown();
     void tabStaysWhenAnotherObjectAppearsAgain();
     void tabOfAnObjectThatAppearsAgainReturns();
@@ -443,6 +444,23 @@ void tst_PanelDetails::wheelOverAControlWithoutFocusChangesNothing()
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(box, &wheel);
     QCOMPARE(box->value(), 100.0);
+}
+
+void tst_PanelDetails::longValuesAreShownInSeveralLines()
+{
+    DetailsBench bench;
+    auto *const size = bench.control<QLabel>("mosaic.window", ScreenTab);
+    const auto hasItsHeight = [size] {
+        return size->height() >= size->heightForWidth(size->width());
+    };
+    for (const int width : {450, 330, 300}) {
+        bench.view->resize(width, 300);
+        QTRY_VERIFY2(hasItsHeight(), qPrintable(QString::number(width)));
+    }
+    size->setText(QStringLiteral("3840 × 1080 pixels ").repeated(4));
+    bench.selection.setScreens({{2, 2}});
+    QCOMPARE(size->text(), QStringLiteral("3712 × 2032 pixels"));
+    QTRY_VERIFY(hasItsHeight());
 }
 
 void tst_PanelDetails::tabOfTheLatestSelectionIsShown()

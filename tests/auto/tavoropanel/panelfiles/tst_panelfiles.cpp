@@ -111,6 +111,8 @@ Sim::SimOptions deviceOfSmallPackets()
 
 /// The device answers some packets of a file and then no more: a transfer stays under way.
 constexpr char heldTransfer[] = "silent,code=0xFA03,skip=6";
+/// A transfer takes some seconds. One that is cancelled ends with its packet.
+constexpr char slowTransfer[] = "late=200,code=0xFA03";
 
 } // namespace
 
@@ -215,7 +217,7 @@ void tst_PanelFiles::progressAndRateAreShown()
 void tst_PanelFiles::cancelledTransferLeavesNoFile()
 {
     FilesBench bench(deviceOfSmallPackets());
-    QVERIFY(bench.addFault(heldTransfer));
+    QVERIFY(bench.addFault(slowTransfer));
     QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"), 320, 180)}));
     auto *const cancel = bench.transfer()->findChild<QToolButton *>();
     QCOMPARE(cancel->text(), QStringLiteral("Cancel"));
