@@ -140,8 +140,9 @@ void Gateway::addDevice(DeviceSession &session, const QString &serial)
 {
     qCInfo(gatewayLog, "The device at %s has the serial number %s.",
            qUtf8Printable(session.address()), qUtf8Printable(serial));
-    const GatewayDevice::Surroundings surroundings{m_broker, m_outbox, m_turns, m_config.name,
-                                                   m_config.calls};
+    const GatewayDevice::Surroundings surroundings{
+        m_broker,      m_outbox,       m_turns,
+        m_config.name, m_config.calls, std::chrono::seconds(m_config.leaseSeconds)};
     auto device = std::make_unique<GatewayDevice>(surroundings, session, serial);
     connect(device.get(), &GatewayDevice::callRepeated, this,
             [this] { ++m_counters.repeatedCalls; });

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace Tavoro {
@@ -30,6 +31,7 @@ public:
         PublishTurns &turns;
         QString gateway; ///< The name of the gateway.
         CallRules rules;
+        std::chrono::seconds leaseTime{0}; ///< 0: this gateway always works.
     };
 
     GatewayDevice(const Surroundings &surroundings, DeviceSession &session, const QString &serial);
