@@ -91,8 +91,11 @@ void Gateway::stop()
     for (const auto &entry : m_devices)
         entry.second->leave();
     const auto sessions = m_session.devices();
-    for (DeviceSession *const session : sessions)
-        session->close();
+    for (DeviceSession *const session : sessions) {
+        const auto found = m_devices.find(session);
+        if (found == m_devices.end() || !found->second->isLeaving())
+            session->close();
+    }
     announce(false);
     m_stopTime.start();
     m_stopping.start();
@@ -102,7 +105,7 @@ void Gateway::continueStopping()
 {
     bool isBusy = m_outbox.size() > 0 || !m_broker.isIdle();
     for (const auto &entry : m_devices)
-        isBusy = isBusy || entry.second->isBusy();
+        isBusy = isBusy || entry.second->isBusy() || entry.second->isLeaving();
     if (isBusy && m_stopTime.elapsed() < longestStop && m_broker.isConnected())
         return;
     m_stopping.stop();

@@ -55,6 +55,11 @@ bool GatewayDevice::isActive() const
     return m_ownership->isActive();
 }
 
+bool GatewayDevice::isLeaving() const
+{
+    return m_ownership->isLeaving();
+}
+
 void GatewayDevice::leave()
 {
     m_presence.leave();

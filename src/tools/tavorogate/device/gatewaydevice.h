@@ -41,6 +41,8 @@ public:
     bool isActive() const;
     /// True while a call is carried out.
     bool isBusy() const { return m_calls.isBusy(); }
+    /// True while the session must stay open although the gateway ends.
+    bool isLeaving() const;
     /// The gateway ends: publishes that the device is not connected.
     void leave();
 

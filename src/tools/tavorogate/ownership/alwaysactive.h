@@ -15,6 +15,7 @@ public:
     void release(const CallRequest &call, const CallAnswer &answer) override;
     void abandon(const CallRequest &call) override;
     void leave() override { }
+    bool isLeaving() const override { return false; }
 };
 
 } // namespace Tavoro::Gate

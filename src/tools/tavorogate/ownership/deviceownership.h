@@ -41,8 +41,9 @@ public:
     /// out what became of it and answers it.
     virtual void abandon(const CallRequest &call) = 0;
 
-    /// The gateway ends: lets another one work.
+    /// The gateway ends: lets another one work. The session must stay open while isLeaving().
     virtual void leave() = 0;
+    virtual bool isLeaving() const = 0;
 
 Q_SIGNALS:
     void activeChanged(bool isActive);

@@ -64,14 +64,14 @@ bool LeaseOwnership::isActive() const
 
 void LeaseOwnership::update()
 {
-    const bool mayWork = m_broker.isConnected() && m_session.holdsLease() && !m_isLeaving;
+    const bool mayWork = m_broker.isConnected() && m_session.holdsLease() && !m_hasLeft;
     if (m_phase != Phase::Watching && !mayWork)
         return stopWorking();
     if (m_phase != Phase::Watching)
         return;
     if (mayWork)
         return takeOver();
-    const bool wantsLease = m_broker.isConnected() && m_session.isReady() && !m_isLeaving;
+    const bool wantsLease = m_broker.isConnected() && m_session.isReady() && !m_hasLeft;
     if (wantsLease && !m_session.holdsLease() && !m_again.isActive())
         askForLease();
 }
@@ -175,10 +175,10 @@ void LeaseOwnership::stopWorking()
 
 void LeaseOwnership::leave()
 {
-    m_isLeaving = true;
+    m_hasLeft = true;
     m_again.stop();
-    update();
     releaseLease();
+    update();
 }
 
 /// Another gateway may take the lease at once, and the device does not end the connection of this
@@ -187,8 +187,9 @@ void LeaseOwnership::releaseLease()
 {
     if (m_isSent)
         m_grace.start(grace);
-    else if (m_session.holdsLease())
-        m_session.releaseLease();
+    else if (m_session.holdsLease() && !std::exchange(m_isReleasing, true))
+        m_session.releaseLease().then(
+            this, [this](const Answer<DeviceLease> &) { m_isReleasing = false; });
 }
 
 void LeaseOwnership::claim(const CallRequest &call, const SSProxy::RequestIdentity &request,

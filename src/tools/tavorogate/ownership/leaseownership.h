@@ -45,6 +45,7 @@ public:
     void release(const CallRequest &call, const CallAnswer &answer) override;
     void abandon(const CallRequest &call) override;
     void leave() override;
+    bool isLeaving() const override { return m_isReleasing; }
 
 private:
     enum class Phase {
@@ -75,7 +76,8 @@ private:
     const QString m_instance; ///< Identifies this object in records.
     Phase m_phase = Phase::Watching;
     bool m_isAsking = false; ///< A request for the lease is under way.
-    bool m_isLeaving = false;
+    bool m_hasLeft = false; ///< The gateway ends.
+    bool m_isReleasing = false; ///< The device has not answered the release of the lease yet.
     bool m_hasWarned = false; ///< That the device does not support leases.
     bool m_isSent = false; ///< The claimed call may have been sent and has not ended.
     bool m_isAbandoned = false; ///< It has ended, and nobody has answered it.
