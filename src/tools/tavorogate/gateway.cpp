@@ -160,9 +160,9 @@ Counters Gateway::counters() const
 {
     Counters counters = m_counters;
     counters.isBrokerConnected = m_broker.isConnected();
-    counters.unansweredMessages = static_cast<int>(m_outbox.size());
+    counters.unansweredMessages = m_outbox.size();
     const auto sessions = m_session.devices();
-    counters.devices = static_cast<int>(sessions.size());
+    counters.devices = static_cast<quint64>(sessions.size());
     for (const DeviceSession *const session : sessions)
         counters.readyDevices += session->isReady();
     for (const auto &entry : m_devices)
