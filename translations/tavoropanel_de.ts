@@ -624,7 +624,7 @@
     </message>
     <message>
         <source>L&amp;ess opaque</source>
-        <translation>Du&amp;rchsichtiger</translation>
+        <translation>Durchs&amp;ichtiger</translation>
     </message>
     <message>
         <source>&amp;Save preset…</source>
@@ -1148,7 +1148,7 @@
     </message>
     <message>
         <source>Operating %1 of %2.</source>
-        <translation>Bedient wird %1 von %2.</translation>
+        <translation>In Bedienung: %1 von %2.</translation>
     </message>
 </context>
 <context>
@@ -1505,7 +1505,7 @@
     <name>Tavoro::Panel::ScreenButton</name>
     <message>
         <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
+        <translation>Getrennt</translation>
     </message>
     <message>
         <source>Black, frozen</source>
@@ -1688,7 +1688,7 @@
     <name>Tavoro::Panel::SourcesModel</name>
     <message>
         <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
+        <translation>Getrennt</translation>
     </message>
     <message>
         <source>The card does not work</source>

@@ -616,7 +616,7 @@
     </message>
     <message>
         <source>Lower layer to botto&amp;m</source>
-        <translation>Couche au dernie&amp;r plan</translation>
+        <translation>Couche au der&amp;nier plan</translation>
     </message>
     <message>
         <source>More opa&amp;que</source>
@@ -628,7 +628,7 @@
     </message>
     <message>
         <source>&amp;Save preset…</source>
-        <translation>Enregistrer le pré&amp;réglage…</translation>
+        <translation>&amp;Enregistrer le préréglage…</translation>
     </message>
     <message>
         <source>&amp;Add device…</source>
