@@ -17,7 +17,7 @@ function(tavoro_add_test name)
     qt_generate_moc(${source} ${moc} TARGET tst_${name})
     target_include_directories(tst_${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc)
     # Otherwise Qt Test includes all of Qt Network in tests that link it, for comparisons that no test uses.
-    target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB)
+    target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB ${tavoro_folder_macros})
     if(NOT arg_HEADERS)
         set(arg_HEADERS tavoro_testheaders)
     endif()

@@ -141,10 +141,12 @@ private:
         const QByteArray typed = takeScalar();
         if (isSame(jsonValue(typed.toStdString()), sent))
             return {};
-        return placedAt(
-            m_text, start,
-            Texts::tr("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent))
-                + rangeNote(typed, path));
+        const QString written = QString::fromUtf8(typed);
+        const bool lostSign = typed.startsWith('-') && sent.toDouble() > 0;
+        const QString fault = lostSign
+            ? Texts::tr("%1 is out of range").arg(written)
+            : Texts::tr("%1 would be sent as %2").arg(written, jsonText(sent));
+        return placedAt(m_text, start, fault + rangeNote(typed, path));
     }
 
     /// The range of a number that does not fit; empty for other values.
@@ -162,6 +164,28 @@ private:
     const QString m_type;
     int m_offset = 0;
     QStringList m_missing;
+};
+
+const QString negativeNumber =
+    QStringLiteral("assign a negative signed integral to unsigned integral number.");
+
+/// The parts of the codec's error texts.
+struct CodecError {
+    qint64 line = 1;
+    qint64 column = 1;
+    QString message;
+
+    static std::optional<CodecError> parse(const std::string &error)
+    {
+        static const QRegularExpression form(
+            QStringLiteral("^error at line :(\\d+) col :(\\d+) msg:(.*)$"));
+        const QRegularExpressionMatch match = form.match(QString::fromStdString(error));
+        if (!match.hasMatch())
+            return std::nullopt;
+        // The codec counts from 0, and its column is the one after the fault.
+        return CodecError{match.captured(1).toLongLong() + 1,
+                          std::max<qint64>(1, match.captured(2).toLongLong()), match.captured(3)};
+    }
 };
 
 } // namespace
@@ -190,15 +214,30 @@ Fault faultOfShape(const std::string &text, bool expectsList)
 
 Fault faultOfCodec(const std::string &error)
 {
-    QString text = QString::fromStdString(error);
-    static const QRegularExpression form(
-        QStringLiteral("^error at line :(\\d+) col :(\\d+) msg:(.*)$"));
-    const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch())
-        return text;
-    // The codec counts from 0, and its column is the one after the fault.
-    const qint64 column = std::max<qint64>(1, match.captured(2).toLongLong());
-    return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
+    const std::optional<CodecError> parts = CodecError::parse(error);
+    return parts ? placed(parts->line, parts->column, parts->message)
+                 : QString::fromStdString(error);
+}
+
+bool removeNegativeSign(std::string &text, const std::string &error)
+{
+    const std::optional<CodecError> parts = CodecError::parse(error);
+    if (!parts || parts->message != negativeNumber)
+        return false;
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    int lineStart = 0;
+    for (qint64 line = 1; line < parts->line; ++line)
+        lineStart = bytes.indexOf('\n', lineStart) + 1;
+    const int sign = bytes.lastIndexOf('-', lineStart + static_cast<int>(parts->column) - 1);
+    if (sign < lineStart)
+        return false;
+    text[static_cast<std::size_t>(sign)] = ' ';
+    return true;
+}
+
+Fault faultOfSign(const std::string &text, const std::string &decoded, const QString &type)
+{
+    return RecordComparison(QByteArray::fromStdString(text), type).compare(jsonValue(decoded));
 }
 
 Fault faultOfMeaning(const std::string &text, const std::string &sent, const QString &type,

@@ -54,6 +54,12 @@ void answerLate(const FaultedRequest &request, Delivery &delivery)
     delivery.delay = static_cast<int>(request.value);
 }
 
+void holdAnswer(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.isHeld = true;
+}
+
 void keepSilent(const FaultedRequest &request, Delivery & /*delivery*/)
 {
     request.answer();
@@ -210,9 +216,10 @@ constexpr quint32 aboveEveryLimit = 0x10000000;
 // The device carries a request out unless the help says otherwise.
 // clang-format off
 constexpr FaultRow faultRows[] = {
-//   name                   value     minmax         default          help                                                              injection
+//   name                   value     min, max       default          help                                                              injection
     {"status",              "NUMBER", 1, 255,        0,               TEXT("refuses the request with this status"),                     refuse},
     {"late",                "MS",     1, tenMinutes, 0,               TEXT("answers later"),                                            answerLate},
+    {"hold",                "",       0, 0,          0,               TEXT("answers after \"fault release\""),                          holdAnswer},
     {"silent",              "",       0, 0,          0,               TEXT("never answers"),                                            keepSilent},
     {"ignore",              "",       0, 0,          0,               TEXT("does not carry the request out and never answers"),         ignore},
     {"stall",               "",       0, 0,          0,               TEXT("sends half of the answer and never the rest"),              answerHalf},
@@ -237,7 +244,7 @@ constexpr FaultRow faultRows[] = {
     {"other-tag",           "",       0, 0,          0,               TEXT("answers an earlier request without an answer"),             answerAnother},
     {"truncate",            "BYTES",  0, any,        0,               TEXT("sends this part of the body, 0: half, in a valid frame"),   cutBody},
     {"garble",              "BYTES",  1, any,        1,               TEXT("replaces bytes of the body by #, in a valid frame"),        garbleBody},
-    {"stop-reading",        "MS",     0, tenMinutes, 0,               TEXT("neither reads nor answers for this time, 0: until \"fault clear\""), stopReading},
+    {"stop-reading",        "MS",     0, tenMinutes, 0,               TEXT("neither reads nor answers for this time, 0: until \"fault release\""), stopReading},
     {"reboot",              "",       0, 0,          0,               TEXT("does not carry the request out and restarts"),              restart},
     {"flood",               "NUMBER", 1, maxReports, 0,               TEXT("sends reports before the answer, up to 100000"),            flood},
 };

@@ -13,6 +13,7 @@
 #include <tavorocontrol/proto/codec.h>
 #include <tavorooperations/jsontext.h>
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
@@ -37,17 +38,6 @@ enum Tab {
     FileTab,
     DeviceTab
 };
-
-ProtoModel::Layer::s_LayerIdentity layerId()
-{
-    ProtoModel::Layer::s_LayerIdentity id;
-    id.screenId = 1;
-    id.screenType = 1;
-    id.layerId = 1;
-    id.layerType = 1;
-    id.sceneType = 2;
-    return id;
-}
 
 /// The details of a device of which a layer, a screen and an input are selected.
 class DetailsBench : public PanelBench {
@@ -85,6 +75,21 @@ public:
         }
         qFatal("no page is shown");
         return nullptr;
+    }
+
+    /// Makes the device store an image of this number as a logo.
+    void createImage(int number)
+    {
+        ProtoModel::File::s_CreateImageFile image;
+        image.fileId = number;
+        image.fileType = BizModel::Enum::File::Logo;
+        image.source = {65792, 1, 8};
+        if (!resultOf(wall->call(&Control::File::writeCreateImageFile, {image})))
+            qFatal("the device does not create the image");
+    }
+    std::shared_ptr<BizModel::File> image(int number) const
+    {
+        return model()->findFile(BizModel::Enum::File::Logo, number).lock();
     }
 
     template <class Record>
@@ -154,7 +159,12 @@ private Q_SLOTS:
     void otherClientsChangeIsShown();
     void textBeingTypedStays();
     void wheelOverAControlWithoutFocusChangesNothing();
+    void screenCanBeTheSource();
+    void openListOfSourcesStaysWhenAFormatChanges();
+    void longValuesAreShownInSeveralLines();
     void tabOfTheLatestSelectionIsShown();
+    void tabStaysWhenAnotherObjectAppearsAgain();
+    void tabOfAnObjectThatAppearsAgainReturns();
     void propertiesOfALostDeviceCannotBeEdited();
     void tabKeyVisitsTheControlsInTheirOrder();
 };
@@ -286,30 +296,48 @@ void tst_PanelDetails::chosenSourceIsOnTheDevice()
 {
     DetailsBench bench;
     auto *const box = bench.control<QComboBox>("source.general", LayerTab);
-    QCOMPARE(box->count(), 3);
     box->setFocus();
     QTest::keyClick(box, Qt::Key_Home);
     QTRY_COMPARE(bench.value("source.general.type", LayerTab).toInt(), 0);
-    QTest::keyClick(box, Qt::Key_End);
+    QCOMPARE(box->currentText(), QStringLiteral("No source"));
+    QTest::keyClick(box, Qt::Key_Down);
+    QTest::keyClick(box, Qt::Key_Down);
     QTRY_COMPARE(bench.value("source.general.id", LayerTab).toInt(), 0x10200);
     QCOMPARE(box->currentText(), QStringLiteral("Input 2 – 1920 × 1080, 60 Hz"));
+}
+
+void tst_PanelDetails::screenCanBeTheSource()
+{
+    DetailsBench bench;
+    auto *const box = bench.control<QComboBox>("source.general", LayerTab);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_End);
+    QTRY_COMPARE(bench.value("source.general.type", LayerTab).toInt(), 3);
+    QCOMPARE(bench.value("source.general.id", LayerTab).toInt(), 2);
+    QCOMPARE(box->currentText(), QStringLiteral("Screen Blend – 3712 × 2032 pixels"));
+}
+
+void tst_PanelDetails::openListOfSourcesStaysWhenAFormatChanges()
+{
+    DetailsBench bench;
+    auto *const box = bench.control<QComboBox>("source.general", LayerTab);
+    box->showPopup();
+    box->view()->setCurrentIndex(box->model()->index(3, 0));
+    QVERIFY(bench.execute(QStringLiteral("timing 1 2 1280 720 50")));
+    QTRY_COMPARE(box->itemText(2), QStringLiteral("Input 2 – 1280 × 720, 50 Hz"));
+    QVERIFY(box->view()->isVisible());
+    QCOMPARE(box->view()->currentIndex().row(), 3);
 }
 
 void tst_PanelDetails::nameOfAFileIsOnTheDevice()
 {
     DetailsBench bench;
-    ProtoModel::File::s_CreateImageFile image;
-    image.fileId = 3;
-    image.fileType = 2;
-    image.source = {65792, 1, 8};
-    QVERIFY(resultOf(bench.wall->call(&Control::File::writeCreateImageFile, {image})));
-    const auto file = [&] {
-        return bench.model()->findFile(BizModel::Enum::File::Logo, 3).lock();
-    };
-    QTRY_VERIFY(file());
+    bench.createImage(3);
+    QTRY_VERIFY(bench.image(3));
     bench.selection.setFile(Selection::FileId{3, 2});
     type(bench.control<QLineEdit>("general.name", FileTab), QStringLiteral("sky.png"));
-    QTRY_COMPARE(QString::fromStdString(file()->detail().general.name), QStringLiteral("sky.png"));
+    QTRY_COMPARE(QString::fromStdString(bench.image(3)->detail().general.name),
+                 QStringLiteral("sky.png"));
 }
 
 /// Each path of a control leads to a field of the record that the device reads.
@@ -384,7 +412,8 @@ void tst_PanelDetails::otherClientsChangeIsShown()
     DetailsBench bench;
     auto *const box = bench.control<QDoubleSpinBox>("opacity", LayerTab);
     QCOMPARE(box->value(), 100.0);
-    QVERIFY(resultOf(bench.wall->call(&Control::Layer::writeOpacity, {{layerId(), 12}})));
+    QVERIFY(
+        resultOf(bench.wall->call(&Control::Layer::writeOpacity, {{DetailsBench::layerId(), 12}})));
     QTRY_COMPARE(box->value(), 12.0);
     QVERIFY(!bench.changes.canUndo());
 }
@@ -397,7 +426,8 @@ void tst_PanelDetails::textBeingTypedStays()
     line->setFocus();
     QTRY_VERIFY(line->hasFocus());
     QTest::keyClicks(line, QStringLiteral(" left"));
-    QVERIFY(resultOf(bench.wall->call(&Control::Layer::writeOpacity, {{layerId(), 12}})));
+    QVERIFY(
+        resultOf(bench.wall->call(&Control::Layer::writeOpacity, {{DetailsBench::layerId(), 12}})));
     QTRY_COMPARE(bench.value("opacity", LayerTab).toInt(), 12);
     QCOMPARE(line->text(), QStringLiteral("Layer 1 left"));
     QTest::keyClick(line, Qt::Key_Return);
@@ -416,6 +446,23 @@ void tst_PanelDetails::wheelOverAControlWithoutFocusChangesNothing()
     QCOMPARE(box->value(), 100.0);
 }
 
+void tst_PanelDetails::longValuesAreShownInSeveralLines()
+{
+    DetailsBench bench;
+    auto *const size = bench.control<QLabel>("mosaic.window", ScreenTab);
+    const auto hasItsHeight = [size] {
+        return size->height() >= size->heightForWidth(size->width());
+    };
+    for (const int width : {450, 330, 300}) {
+        bench.view->resize(width, 300);
+        QTRY_VERIFY2(hasItsHeight(), qPrintable(QString::number(width)));
+    }
+    size->setText(QStringLiteral("3840 × 1080 pixels ").repeated(4));
+    bench.selection.setScreens({{2, 2}});
+    QCOMPARE(size->text(), QStringLiteral("3712 × 2032 pixels"));
+    QTRY_VERIFY(hasItsHeight());
+}
+
 void tst_PanelDetails::tabOfTheLatestSelectionIsShown()
 {
     DetailsBench bench;
@@ -429,6 +476,33 @@ void tst_PanelDetails::tabOfTheLatestSelectionIsShown()
     bench.selection.setDevice(nullptr);
     for (int tab = LayerTab; tab <= DeviceTab; ++tab)
         QVERIFY(!tabs->isTabEnabled(tab));
+}
+
+void tst_PanelDetails::tabStaysWhenAnotherObjectAppearsAgain()
+{
+    DetailsBench bench;
+    const auto *const tabs = bench.view->findChild<QTabBar *>();
+    bench.selection.setFile(Selection::FileId{3, 2});
+    bench.selection.setInterface(Selection::InterfaceId{1, 1, 0});
+    QCOMPARE(tabs->currentIndex(), int(InputTab));
+    bench.createImage(3);
+    QTRY_VERIFY(tabs->isTabEnabled(FileTab));
+    QCOMPARE(tabs->currentIndex(), int(InputTab));
+}
+
+void tst_PanelDetails::tabOfAnObjectThatAppearsAgainReturns()
+{
+    DetailsBench bench;
+    const auto *const tabs = bench.view->findChild<QTabBar *>();
+    bench.createImage(3);
+    QTRY_VERIFY(bench.image(3));
+    bench.selection.setFile(Selection::FileId{3, 2});
+    QCOMPARE(tabs->currentIndex(), int(FileTab));
+    QVERIFY(resultOf(bench.wall->call(&Control::File::writeDeleteFiles,
+                                      {ProtoModel::File::s_DeleteFile{{3, 2}}})));
+    QTRY_COMPARE(tabs->currentIndex(), int(ScreenTab));
+    bench.createImage(3);
+    QTRY_COMPARE(tabs->currentIndex(), int(FileTab));
 }
 
 void tst_PanelDetails::propertiesOfALostDeviceCannotBeEdited()

@@ -33,7 +33,7 @@ namespace {
 class FilesBench : public PanelBench {
 public:
     explicit FilesBench(const Sim::SimOptions &device = smallDevice())
-        : PanelBench(fastOptions(), device)
+        : PanelBench(patientOptions(), device)
     {
         if (!openSelected())
             qFatal("the device is not ready");
@@ -90,15 +90,6 @@ public:
             qFatal("no file %s", qUtf8Printable(path));
         return local.readAll().toStdString();
     }
-    bool hasError(const char *part) const
-    {
-        for (int row = 0; row < messages.rowCount(); ++row) {
-            const Message message = messages.message(row);
-            if (message.severity == Severity::Error && message.text.contains(QLatin1String(part)))
-                return true;
-        }
-        return false;
-    }
     QToolButton *button(const char *name) const
     {
         return view->findChild<QToolButton *>(QLatin1String(name));
@@ -110,13 +101,18 @@ public:
     ImageList *list = nullptr;
 };
 
-Sim::SimOptions slowDevice()
+/// A device to which an image takes many packets.
+Sim::SimOptions deviceOfSmallPackets()
 {
     Sim::SimOptions device = PanelBench::smallDevice();
     device.packetSize = 4096;
-    device.latencyMilliseconds = 30;
     return device;
 }
+
+/// The device answers some packets of a file and then no more: a transfer stays under way.
+constexpr char heldTransfer[] = "silent,code=0xFA03,skip=6";
+/// A transfer takes some seconds. One that is cancelled ends with its packet.
+constexpr char slowTransfer[] = "late=200,code=0xFA03";
 
 } // namespace
 
@@ -137,6 +133,7 @@ private Q_SLOTS:
     void renamedImageIsOnTheDevice();
     void deletedOnlyAfterTheQuestion();
     void selectedImageIsShownInTheDetails();
+    void listThatGetsTheFocusSelectsNoImage();
     void everyControlHasItsTexts();
 };
 
@@ -190,7 +187,7 @@ void tst_PanelFiles::whatIsNotAnImageIsNotSent()
     text.write("no pixels");
     text.close();
     QVERIFY(bench.drop({text.fileName()}));
-    QVERIFY(bench.hasError("\"notes.txt\" is not an image."));
+    QVERIFY(bench.hasMessage(Severity::Error, "\"notes.txt\" is not an image."));
     QVERIFY(!bench.transfer());
 }
 
@@ -206,19 +203,21 @@ void tst_PanelFiles::listAcceptsNoFilesWithoutConnection()
 
 void tst_PanelFiles::progressAndRateAreShown()
 {
-    FilesBench bench(slowDevice());
+    FilesBench bench(deviceOfSmallPackets());
+    QVERIFY(bench.addFault(heldTransfer));
     QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"), 160, 90)}));
     const auto *const bar = bench.view->findChild<QProgressBar *>();
     QVERIFY(bar);
     QCOMPARE(bar->accessibleName(), QStringLiteral("↑ sky.png"));
     QTRY_VERIFY(bar->value() > 0 && bar->value() < bar->maximum());
     QTRY_VERIFY(bar->text().contains(QRegularExpression(QStringLiteral("^\\d+ %, [1-9].*/s$"))));
-    QTRY_VERIFY_WITH_TIMEOUT(bench.file(0, 0), 30000);
+    QTRY_VERIFY(bench.file(0, 0));
 }
 
 void tst_PanelFiles::cancelledTransferLeavesNoFile()
 {
-    FilesBench bench(slowDevice());
+    FilesBench bench(deviceOfSmallPackets());
+    QVERIFY(bench.addFault(slowTransfer));
     QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"), 320, 180)}));
     auto *const cancel = bench.transfer()->findChild<QToolButton *>();
     QCOMPARE(cancel->text(), QStringLiteral("Cancel"));
@@ -239,7 +238,7 @@ void tst_PanelFiles::failedTransferStaysWithItsReason()
     const auto *const result = bench.view->findChild<QLabel *>(QStringLiteral("transferResult"));
     QTRY_VERIFY(result->text().startsWith(QStringLiteral("⚠ ")));
     QVERIFY(result->text().contains(QStringLiteral("busy")));
-    QTRY_VERIFY(bench.hasError("busy"));
+    QTRY_VERIFY(bench.hasMessage(Severity::Error, "busy"));
     QVERIFY(!bench.file(0, 0));
 }
 
@@ -322,9 +321,22 @@ void tst_PanelFiles::selectedImageIsShownInTheDetails()
     QCOMPARE(bench.selection.file()->fileId, 0);
 }
 
+void tst_PanelFiles::listThatGetsTheFocusSelectsNoImage()
+{
+    FilesBench bench;
+    QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"))}));
+    QTRY_COMPARE(bench.list->model()->rowCount(), 1);
+    bench.view->activateWindow();
+    bench.list->clearFocus();
+    bench.list->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(bench.list->currentIndex().isValid());
+    QVERIFY(!bench.selection.file());
+}
+
 void tst_PanelFiles::everyControlHasItsTexts()
 {
-    FilesBench bench(slowDevice());
+    FilesBench bench(deviceOfSmallPackets());
+    QVERIFY(bench.addFault(heldTransfer));
     QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"), 320, 180)}));
     for (QWidget *const control : bench.view->findChildren<QWidget *>()) {
         if (!(control->focusPolicy() & Qt::TabFocus) || !control->isVisible())

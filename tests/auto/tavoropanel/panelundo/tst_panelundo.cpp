@@ -124,20 +124,9 @@ Write writeOf(const QString &operation, QString argument)
     return {operation, sample.empty() ? given : completed(Operations::jsonValue(sample), given)};
 }
 
-ProtoModel::Layer::s_LayerIdentity layerId()
-{
-    ProtoModel::Layer::s_LayerIdentity id;
-    id.screenId = 1;
-    id.screenType = 1;
-    id.layerId = 1;
-    id.layerType = 1;
-    id.sceneType = 2;
-    return id;
-}
-
 ProtoModel::Layer::s_LayerOpacity opacity(int percent)
 {
-    return {layerId(), percent};
+    return {PanelBench::layerId(), percent};
 }
 
 class UndoBench : public PanelBench {
@@ -159,18 +148,10 @@ public:
         if (!outcome || !resultOf(wall->modelUpdate()))
             qFatal("%s", qUtf8Printable(outcome.text()));
     }
-    bool hasError() const
-    {
-        for (int row = 0; row < messages.rowCount(); ++row) {
-            if (messages.message(row).severity == Severity::Error)
-                return true;
-        }
-        return false;
-    }
     /// Undoes or redoes, and waits until that has ended.
     bool wait()
     {
-        return QTest::qWaitFor([this] { return !changes.isMoving(); });
+        return QTest::qWaitFor([this] { return !changes.isMoving(); }, 60000);
     }
     bool undo()
     {
@@ -259,8 +240,7 @@ void tst_PanelUndo::newLayerIsRemovedByUndo()
     UndoBench bench;
     QVERIFY(bench.openSelected());
     ProtoModel::Layer::s_LayerEnable layer;
-    layer.layerIdenti = layerId();
-    layer.layerIdenti.layerId = 9;
+    layer.layerIdenti = PanelBench::layerId(9);
     layer.zorder = 9;
     const DeviceSnapshot before = bench.snapshot();
     QVERIFY(resultOf(bench.changes.call(*bench.wall, &Control::Layer::writeEnable, {layer})));
@@ -324,7 +304,7 @@ void tst_PanelUndo::refusedChangeIsNoStep()
     QVERIFY(bench.openSelected());
     QVERIFY(!bench.setOpacity(101));
     QVERIFY(!bench.changes.canUndo());
-    QTRY_VERIFY(bench.hasError());
+    QTRY_VERIFY(bench.hasMessage(Severity::Error));
     // What was refused does not count as what the device had.
     QVERIFY(bench.setOpacity(40));
     QTRY_VERIFY(bench.changes.canUndo());
@@ -340,7 +320,7 @@ void tst_PanelUndo::refusedUndoIsReportedAndTheStepStays()
     QTRY_VERIFY(bench.changes.canUndo());
     QVERIFY(bench.addFault("status=8,code=0x1408,count=1"));
     QVERIFY(bench.undo());
-    QVERIFY(bench.hasError());
+    QVERIFY(bench.hasMessage(Severity::Error));
     QVERIFY(bench.changes.canUndo());
     QVERIFY(!bench.changes.canRedo());
     QVERIFY(bench.undo());
@@ -376,7 +356,7 @@ void tst_PanelUndo::stepOfALostDeviceSaysSo()
                  QStringLiteral("change opacity on wall 1, not connected"));
     QVERIFY(!changed.isEmpty());
     QVERIFY(bench.undo());
-    QVERIFY(bench.hasError());
+    QVERIFY(bench.hasMessage(Severity::Error));
     QVERIFY(bench.execute(QStringLiteral("switch 1")));
     QTRY_VERIFY(bench.wall->isReady());
     QVERIFY(bench.undo());
