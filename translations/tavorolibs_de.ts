@@ -1154,6 +1154,10 @@
         <source>Reads the progress with which the device loads its stored files.</source>
         <translation>Liest, wie weit das Gerät seine gespeicherten Dateien geladen hat.</translation>
     </message>
+    <message>
+        <source>%1 is out of range</source>
+        <translation>%1 liegt außerhalb des Bereichs</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Outcome</name>
@@ -1284,6 +1288,22 @@
     <message>
         <source>Request</source>
         <translation>Anfrage</translation>
+    </message>
+    <message>
+        <source>%1 holds the lease</source>
+        <translation>%1 hat die Reservierung</translation>
+    </message>
+    <message>
+        <source>the device does not support leases</source>
+        <translation>das Gerät unterstützt keine Reservierungen</translation>
+    </message>
+    <message>
+        <source>the release of the lease</source>
+        <translation>die Freigabe der Reservierung</translation>
+    </message>
+    <message>
+        <source>the request for the lease</source>
+        <translation>die Anforderung der Reservierung</translation>
     </message>
 </context>
 <context>

@@ -1154,6 +1154,10 @@
         <source>Reads the progress with which the device loads its stored files.</source>
         <translation>Lit la progression du chargement des fichiers enregistrés de l’appareil.</translation>
     </message>
+    <message>
+        <source>%1 is out of range</source>
+        <translation>%1 est hors plage</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Outcome</name>
@@ -1284,6 +1288,22 @@
     <message>
         <source>Request</source>
         <translation>Requête</translation>
+    </message>
+    <message>
+        <source>%1 holds the lease</source>
+        <translation>%1 détient le bail</translation>
+    </message>
+    <message>
+        <source>the device does not support leases</source>
+        <translation>l’appareil ne prend pas en charge les baux</translation>
+    </message>
+    <message>
+        <source>the release of the lease</source>
+        <translation>la libération du bail</translation>
+    </message>
+    <message>
+        <source>the request for the lease</source>
+        <translation>la demande de bail</translation>
     </message>
 </context>
 <context>

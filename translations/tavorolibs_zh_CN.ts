@@ -1154,6 +1154,10 @@
         <source>Reads the progress with which the device loads its stored files.</source>
         <translation>读取设备加载已存文件的进度。</translation>
     </message>
+    <message>
+        <source>%1 is out of range</source>
+        <translation>%1 超出范围</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Outcome</name>
@@ -1284,6 +1288,22 @@
     <message>
         <source>Request</source>
         <translation>请求</translation>
+    </message>
+    <message>
+        <source>%1 holds the lease</source>
+        <translation>%1 持有租约</translation>
+    </message>
+    <message>
+        <source>the device does not support leases</source>
+        <translation>设备不支持租约</translation>
+    </message>
+    <message>
+        <source>the release of the lease</source>
+        <translation>租约释放</translation>
+    </message>
+    <message>
+        <source>the request for the lease</source>
+        <translation>租约请求</translation>
     </message>
 </context>
 <context>

@@ -440,6 +440,22 @@
     </message>
 </context>
 <context>
+    <name>LayerSources</name>
+    <message>
+        <source>Screen %1</source>
+        <translation>Screen %1</translation>
+    </message>
+    <message>
+        <source>Image %1</source>
+        <translation>Bild %1</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <extracomment>Name of a source, and the format of its picture</extracomment>
+        <translation>%1 – %2</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::Panel::Actions</name>
     <message>
         <source>%1: %2</source>
@@ -624,7 +640,7 @@
     </message>
     <message>
         <source>L&amp;ess opaque</source>
-        <translation>Du&amp;rchsichtiger</translation>
+        <translation>Durchs&amp;ichtiger</translation>
     </message>
     <message>
         <source>&amp;Save preset…</source>
@@ -1033,10 +1049,6 @@
 <context>
     <name>Tavoro::Panel::LayerFace</name>
     <message>
-        <source>File %1</source>
-        <translation>Datei %1</translation>
-    </message>
-    <message>
         <source>Screen %1</source>
         <translation>Screen %1</translation>
     </message>
@@ -1088,6 +1100,10 @@
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>Image %1</source>
+        <translation>Bild %1</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LayerMenu</name>
@@ -1096,24 +1112,19 @@
         <translation>&amp;Quelle</translation>
     </message>
     <message>
-        <source>%1  (%2)</source>
-        <translation>%1  (%2)</translation>
-    </message>
-    <message>
-        <source>no signal</source>
-        <translation>kein Signal</translation>
-    </message>
-    <message>
-        <source>&amp;No source</source>
-        <translation>&amp;Keine Quelle</translation>
-    </message>
-    <message>
         <source>&amp;Opacity</source>
         <translation>&amp;Deckkraft</translation>
     </message>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Panel::LayerSources</name>
+    <message>
+        <source>No source</source>
+        <translation>Keine Quelle</translation>
     </message>
 </context>
 <context>
@@ -1148,7 +1159,7 @@
     </message>
     <message>
         <source>Operating %1 of %2.</source>
-        <translation>Bedient wird %1 von %2.</translation>
+        <translation>In Bedienung: %1 von %2.</translation>
     </message>
 </context>
 <context>
@@ -1505,7 +1516,7 @@
     <name>Tavoro::Panel::ScreenButton</name>
     <message>
         <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
+        <translation>Getrennt</translation>
     </message>
     <message>
         <source>Black, frozen</source>
@@ -1671,15 +1682,6 @@
 <context>
     <name>Tavoro::Panel::SourceEditor</name>
     <message>
-        <source>Nothing</source>
-        <translation>Nichts</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <extracomment>Name of an input, and its format</extracomment>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
         <source>Another source</source>
         <translation>Eine andere Quelle</translation>
     </message>
@@ -1688,7 +1690,7 @@
     <name>Tavoro::Panel::SourcesModel</name>
     <message>
         <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
+        <translation>Getrennt</translation>
     </message>
     <message>
         <source>The card does not work</source>
@@ -1707,16 +1709,16 @@
         <translation>Eingänge</translation>
     </message>
     <message>
-        <source>The inputs of the device with their signals.</source>
-        <translation>Die Eingänge des Geräts mit ihren Signalen.</translation>
-    </message>
-    <message>
         <source>Show in the selected layer</source>
         <translation>Im ausgewählten Layer zeigen</translation>
     </message>
     <message>
         <source>Makes this input the source of the selected layer.</source>
         <translation>Macht diesen Eingang zur Quelle des ausgewählten Layers.</translation>
+    </message>
+    <message>
+        <source>The inputs of the device with their signals. An input can be dragged onto a layer of the canvas.</source>
+        <translation>Die Eingänge des Geräts mit ihren Signalen. Ein Eingang kann auf einen Layer der Arbeitsfläche gezogen werden.</translation>
     </message>
 </context>
 <context>

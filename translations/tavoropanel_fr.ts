@@ -440,6 +440,22 @@
     </message>
 </context>
 <context>
+    <name>LayerSources</name>
+    <message>
+        <source>Screen %1</source>
+        <translation>Écran %1</translation>
+    </message>
+    <message>
+        <source>Image %1</source>
+        <translation>Image %1</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <extracomment>Name of a source, and the format of its picture</extracomment>
+        <translation>%1 – %2</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::Panel::Actions</name>
     <message>
         <source>%1: %2</source>
@@ -616,7 +632,7 @@
     </message>
     <message>
         <source>Lower layer to botto&amp;m</source>
-        <translation>Couche au dernie&amp;r plan</translation>
+        <translation>Couche au der&amp;nier plan</translation>
     </message>
     <message>
         <source>More opa&amp;que</source>
@@ -628,7 +644,7 @@
     </message>
     <message>
         <source>&amp;Save preset…</source>
-        <translation>Enregistrer le pré&amp;réglage…</translation>
+        <translation>&amp;Enregistrer le préréglage…</translation>
     </message>
     <message>
         <source>&amp;Add device…</source>
@@ -1033,10 +1049,6 @@
 <context>
     <name>Tavoro::Panel::LayerFace</name>
     <message>
-        <source>File %1</source>
-        <translation>Fichier %1</translation>
-    </message>
-    <message>
         <source>Screen %1</source>
         <translation>Écran %1</translation>
     </message>
@@ -1088,6 +1100,10 @@
         <source>%1: %2</source>
         <translation>%1&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>Image %1</source>
+        <translation>Image %1</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LayerMenu</name>
@@ -1096,24 +1112,19 @@
         <translation>&amp;Source</translation>
     </message>
     <message>
-        <source>%1  (%2)</source>
-        <translation>%1  (%2)</translation>
-    </message>
-    <message>
-        <source>no signal</source>
-        <translation>pas de signal</translation>
-    </message>
-    <message>
-        <source>&amp;No source</source>
-        <translation>&amp;Pas de source</translation>
-    </message>
-    <message>
         <source>&amp;Opacity</source>
         <translation>&amp;Opacité</translation>
     </message>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Panel::LayerSources</name>
+    <message>
+        <source>No source</source>
+        <translation>Pas de source</translation>
     </message>
 </context>
 <context>
@@ -1671,15 +1682,6 @@
 <context>
     <name>Tavoro::Panel::SourceEditor</name>
     <message>
-        <source>Nothing</source>
-        <translation>Rien</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <extracomment>Name of an input, and its format</extracomment>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
         <source>Another source</source>
         <translation>Une autre source</translation>
     </message>
@@ -1707,16 +1709,16 @@
         <translation>Entrées</translation>
     </message>
     <message>
-        <source>The inputs of the device with their signals.</source>
-        <translation>Les entrées de l’appareil avec leurs signaux.</translation>
-    </message>
-    <message>
         <source>Show in the selected layer</source>
         <translation>Montrer dans la couche sélectionnée</translation>
     </message>
     <message>
         <source>Makes this input the source of the selected layer.</source>
         <translation>Fait de cette entrée la source de la couche sélectionnée.</translation>
+    </message>
+    <message>
+        <source>The inputs of the device with their signals. An input can be dragged onto a layer of the canvas.</source>
+        <translation>Les entrées de l’appareil avec leurs signaux. Une entrée peut être glissée sur une couche du plan de travail.</translation>
     </message>
 </context>
 <context>

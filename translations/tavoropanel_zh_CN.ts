@@ -440,6 +440,22 @@
     </message>
 </context>
 <context>
+    <name>LayerSources</name>
+    <message>
+        <source>Screen %1</source>
+        <translation>屏幕 %1</translation>
+    </message>
+    <message>
+        <source>Image %1</source>
+        <translation>图片 %1</translation>
+    </message>
+    <message>
+        <source>%1 – %2</source>
+        <extracomment>Name of a source, and the format of its picture</extracomment>
+        <translation>%1 – %2</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::Panel::Actions</name>
     <message>
         <source>%1: %2</source>
@@ -1033,10 +1049,6 @@
 <context>
     <name>Tavoro::Panel::LayerFace</name>
     <message>
-        <source>File %1</source>
-        <translation>文件 %1</translation>
-    </message>
-    <message>
         <source>Screen %1</source>
         <translation>屏幕 %1</translation>
     </message>
@@ -1088,6 +1100,10 @@
         <source>%1: %2</source>
         <translation>%1：%2</translation>
     </message>
+    <message>
+        <source>Image %1</source>
+        <translation>图片 %1</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LayerMenu</name>
@@ -1096,24 +1112,19 @@
         <translation>信号源(&amp;S)</translation>
     </message>
     <message>
-        <source>%1  (%2)</source>
-        <translation>%1  (%2)</translation>
-    </message>
-    <message>
-        <source>no signal</source>
-        <translation>无信号</translation>
-    </message>
-    <message>
-        <source>&amp;No source</source>
-        <translation>无信号源(&amp;N)</translation>
-    </message>
-    <message>
         <source>&amp;Opacity</source>
         <translation>不透明度(&amp;O)</translation>
     </message>
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Panel::LayerSources</name>
+    <message>
+        <source>No source</source>
+        <translation>无信号源</translation>
     </message>
 </context>
 <context>
@@ -1671,15 +1682,6 @@
 <context>
     <name>Tavoro::Panel::SourceEditor</name>
     <message>
-        <source>Nothing</source>
-        <translation>无</translation>
-    </message>
-    <message>
-        <source>%1 – %2</source>
-        <extracomment>Name of an input, and its format</extracomment>
-        <translation>%1 – %2</translation>
-    </message>
-    <message>
         <source>Another source</source>
         <translation>其他信号源</translation>
     </message>
@@ -1707,16 +1709,16 @@
         <translation>输入</translation>
     </message>
     <message>
-        <source>The inputs of the device with their signals.</source>
-        <translation>设备的输入及其信号。</translation>
-    </message>
-    <message>
         <source>Show in the selected layer</source>
         <translation>在所选图层中显示</translation>
     </message>
     <message>
         <source>Makes this input the source of the selected layer.</source>
         <translation>将此输入设为所选图层的信号源。</translation>
+    </message>
+    <message>
+        <source>The inputs of the device with their signals. An input can be dragged onto a layer of the canvas.</source>
+        <translation>设备的输入及其信号。可将输入拖到画布的图层上。</translation>
     </message>
 </context>
 <context>

@@ -890,10 +890,6 @@
         <translation>Aufruf: %1 %2</translation>
     </message>
     <message>
-        <source>usage: fault add RULE, fault clear, fault list</source>
-        <translation>Aufruf: fault add RULE, fault clear, fault list</translation>
-    </message>
-    <message>
         <source>&quot;repeat&quot; must be the last line</source>
         <translation>„repeat“ muss die letzte Zeile sein</translation>
     </message>
@@ -1102,10 +1098,6 @@
         <translation>baut ab jetzt einen Fehler ein</translation>
     </message>
     <message>
-        <source>removes all rules and resumes reading</source>
-        <translation>entfernt alle Regeln und liest weiter</translation>
-    </message>
-    <message>
         <source>lists the rules with their remaining counts</source>
         <translation>listet die Regeln mit ihren restlichen Anzahlen auf</translation>
     </message>
@@ -1230,10 +1222,6 @@
         <translation>ersetzt Bytes des Inhalts durch #, in einem gültigen Frame</translation>
     </message>
     <message>
-        <source>neither reads nor answers for this time, 0: until &quot;fault clear&quot;</source>
-        <translation>liest und antwortet so lange nicht, 0: bis „fault clear“</translation>
-    </message>
-    <message>
         <source>does not carry the request out and restarts</source>
         <translation>führt die Anfrage nicht aus und startet neu</translation>
     </message>
@@ -1253,12 +1241,76 @@
         <source>cannot use %1: %2</source>
         <translation>%1 kann nicht verwendet werden: %2</translation>
     </message>
+    <message>
+        <source>removes all rules and does what release does</source>
+        <translation>entfernt alle Regeln und tut, was release tut</translation>
+    </message>
+    <message>
+        <source>sends held answers and resumes reading</source>
+        <translation>sendet zurückgehaltene Antworten und liest weiter</translation>
+    </message>
+    <message>
+        <source>usage: fault add RULE, fault clear, fault list, fault release</source>
+        <translation>Aufruf: fault add RULE, fault clear, fault list, fault release</translation>
+    </message>
+    <message>
+        <source>answers after &quot;fault release&quot;</source>
+        <translation>antwortet nach „fault release“</translation>
+    </message>
+    <message>
+        <source>neither reads nor answers for this time, 0: until &quot;fault release&quot;</source>
+        <translation>liest und antwortet so lange nicht, 0: bis „fault release“</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Control::ControlHelper</name>
     <message>
         <source>hardware error:%1</source>
         <translation>Hardwarefehler:%1</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::BrokerConnection</name>
+    <message>
+        <source>not connected yet</source>
+        <translation>noch nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DeviceCalls</name>
+    <message>
+        <source>the correlation data belongs to another call</source>
+        <translation>die Korrelationsdaten gehören zu einem anderen Aufruf</translation>
+    </message>
+    <message>
+        <source>too many calls wait</source>
+        <translation>zu viele Aufrufe warten</translation>
+    </message>
+    <message>
+        <source>the message has expired</source>
+        <translation>die Nachricht ist abgelaufen</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DevicePresence</name>
+    <message>
+        <source>the gateway was stopped</source>
+        <translation>das Gateway wurde gestoppt</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::MosquittoClient</name>
+    <message>
+        <source>the broker does not answer</source>
+        <translation>der Broker antwortet nicht</translation>
+    </message>
+    <message>
+        <source>the certificates cannot be used: %1</source>
+        <translation>die Zertifikate können nicht verwendet werden: %1</translation>
+    </message>
+    <message>
+        <source>the gateway stops</source>
+        <translation>das Gateway wird beendet</translation>
     </message>
 </context>
 </TS>

@@ -890,10 +890,6 @@
         <translation>utilisation&#xa0;: %1 %2</translation>
     </message>
     <message>
-        <source>usage: fault add RULE, fault clear, fault list</source>
-        <translation>utilisation&#xa0;: fault add RULE, fault clear, fault list</translation>
-    </message>
-    <message>
         <source>&quot;repeat&quot; must be the last line</source>
         <translation>«&#xa0;repeat&#xa0;» doit être la dernière ligne</translation>
     </message>
@@ -1102,10 +1098,6 @@
         <translation>provoque un défaut à partir de maintenant</translation>
     </message>
     <message>
-        <source>removes all rules and resumes reading</source>
-        <translation>supprime toutes les règles et reprend la lecture</translation>
-    </message>
-    <message>
         <source>lists the rules with their remaining counts</source>
         <translation>liste les règles avec leurs nombres restants</translation>
     </message>
@@ -1230,10 +1222,6 @@
         <translation>remplace des octets du contenu par #, dans une trame valide</translation>
     </message>
     <message>
-        <source>neither reads nor answers for this time, 0: until &quot;fault clear&quot;</source>
-        <translation>ne lit ni ne répond pendant ce temps, 0&#xa0;: jusqu’à «&#xa0;fault clear&#xa0;»</translation>
-    </message>
-    <message>
         <source>does not carry the request out and restarts</source>
         <translation>n’exécute pas la requête et redémarre</translation>
     </message>
@@ -1253,12 +1241,76 @@
         <source>cannot use %1: %2</source>
         <translation>impossible d’utiliser %1&#xa0;: %2</translation>
     </message>
+    <message>
+        <source>removes all rules and does what release does</source>
+        <translation>supprime toutes les règles et fait ce que fait release</translation>
+    </message>
+    <message>
+        <source>sends held answers and resumes reading</source>
+        <translation>envoie les réponses retenues et reprend la lecture</translation>
+    </message>
+    <message>
+        <source>usage: fault add RULE, fault clear, fault list, fault release</source>
+        <translation>utilisation&#xa0;: fault add RULE, fault clear, fault list, fault release</translation>
+    </message>
+    <message>
+        <source>answers after &quot;fault release&quot;</source>
+        <translation>répond après «&#xa0;fault release&#xa0;»</translation>
+    </message>
+    <message>
+        <source>neither reads nor answers for this time, 0: until &quot;fault release&quot;</source>
+        <translation>ne lit ni ne répond pendant ce temps, 0&#xa0;: jusqu’à «&#xa0;fault release&#xa0;»</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Control::ControlHelper</name>
     <message>
         <source>hardware error:%1</source>
         <translation>erreur matérielle&#xa0;:%1</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::BrokerConnection</name>
+    <message>
+        <source>not connected yet</source>
+        <translation>pas encore connecté</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DeviceCalls</name>
+    <message>
+        <source>the correlation data belongs to another call</source>
+        <translation>les données de corrélation appartiennent à un autre appel</translation>
+    </message>
+    <message>
+        <source>too many calls wait</source>
+        <translation>trop d’appels attendent</translation>
+    </message>
+    <message>
+        <source>the message has expired</source>
+        <translation>le message a expiré</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DevicePresence</name>
+    <message>
+        <source>the gateway was stopped</source>
+        <translation>la passerelle a été arrêtée</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::MosquittoClient</name>
+    <message>
+        <source>the broker does not answer</source>
+        <translation>le courtier (broker) ne répond pas</translation>
+    </message>
+    <message>
+        <source>the certificates cannot be used: %1</source>
+        <translation>les certificats ne peuvent pas être utilisés&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>the gateway stops</source>
+        <translation>la passerelle s’arrête</translation>
     </message>
 </context>
 </TS>

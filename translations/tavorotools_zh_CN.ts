@@ -890,10 +890,6 @@
         <translation>用法：%1 %2</translation>
     </message>
     <message>
-        <source>usage: fault add RULE, fault clear, fault list</source>
-        <translation>用法：fault add RULE, fault clear, fault list</translation>
-    </message>
-    <message>
         <source>&quot;repeat&quot; must be the last line</source>
         <translation>“repeat”必须是最后一行</translation>
     </message>
@@ -1102,10 +1098,6 @@
         <translation>从现在起注入故障</translation>
     </message>
     <message>
-        <source>removes all rules and resumes reading</source>
-        <translation>移除所有规则并恢复读取</translation>
-    </message>
-    <message>
         <source>lists the rules with their remaining counts</source>
         <translation>列出规则及其剩余次数</translation>
     </message>
@@ -1230,10 +1222,6 @@
         <translation>在有效帧中将内容的字节替换为 #</translation>
     </message>
     <message>
-        <source>neither reads nor answers for this time, 0: until &quot;fault clear&quot;</source>
-        <translation>在此期间不读取也不应答，0：直至“fault clear”</translation>
-    </message>
-    <message>
         <source>does not carry the request out and restarts</source>
         <translation>不执行请求并重启</translation>
     </message>
@@ -1253,12 +1241,76 @@
         <source>cannot use %1: %2</source>
         <translation>无法使用 %1：%2</translation>
     </message>
+    <message>
+        <source>removes all rules and does what release does</source>
+        <translation>移除所有规则，并执行 release 的操作</translation>
+    </message>
+    <message>
+        <source>sends held answers and resumes reading</source>
+        <translation>发送保留的应答并恢复读取</translation>
+    </message>
+    <message>
+        <source>usage: fault add RULE, fault clear, fault list, fault release</source>
+        <translation>用法：fault add RULE, fault clear, fault list, fault release</translation>
+    </message>
+    <message>
+        <source>answers after &quot;fault release&quot;</source>
+        <translation>在“fault release”之后应答</translation>
+    </message>
+    <message>
+        <source>neither reads nor answers for this time, 0: until &quot;fault release&quot;</source>
+        <translation>在此期间不读取也不应答，0：直至“fault release”</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Control::ControlHelper</name>
     <message>
         <source>hardware error:%1</source>
         <translation>硬件错误：%1</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::BrokerConnection</name>
+    <message>
+        <source>not connected yet</source>
+        <translation>尚未连接</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DeviceCalls</name>
+    <message>
+        <source>the correlation data belongs to another call</source>
+        <translation>关联数据属于另一调用</translation>
+    </message>
+    <message>
+        <source>too many calls wait</source>
+        <translation>等待的调用过多</translation>
+    </message>
+    <message>
+        <source>the message has expired</source>
+        <translation>消息已过期</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::DevicePresence</name>
+    <message>
+        <source>the gateway was stopped</source>
+        <translation>网关已停止</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::Gate::MosquittoClient</name>
+    <message>
+        <source>the broker does not answer</source>
+        <translation>代理服务器不应答</translation>
+    </message>
+    <message>
+        <source>the certificates cannot be used: %1</source>
+        <translation>无法使用证书：%1</translation>
+    </message>
+    <message>
+        <source>the gateway stops</source>
+        <translation>网关正在停止</translation>
     </message>
 </context>
 </TS>

@@ -57,6 +57,14 @@ QString padded(const QString &text, int columns)
     return text + QString(std::max(0, columns - columnsOf(text)), QLatin1Char(' '));
 }
 
+QString leftColumns(const QString &text, int columns)
+{
+    int length = 0;
+    while (length < text.size() && columnsOf(text.left(length + 1)) <= columns)
+        ++length;
+    return text.left(length);
+}
+
 QStringList linesOf(const QString &text, int columns)
 {
     QStringList lines;

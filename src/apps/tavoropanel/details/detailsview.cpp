@@ -53,7 +53,7 @@ DetailsView::DetailsView(Selection &selection, Messages & /*messages*/, Changes 
     m_tabs->setObjectName(QStringLiteral("detailsTabs"));
     m_tabs->setAccessibleName(tr("Kind of object"));
     m_tabs->setExpanding(false);
-    m_tabs->setUsesScrollButtons(true);
+    m_tabs->setUsesScrollButtons(false);
     m_tabs->setDrawBase(false);
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

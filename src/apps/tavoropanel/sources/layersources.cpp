@@ -7,6 +7,7 @@
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/screen.h>
 
+#include <QCoreApplication>
 #include <QMimeData>
 
 #include <algorithm>
@@ -106,7 +107,8 @@ void LayerSources::setDevice(const std::weak_ptr<BizModel::Device> &device)
 
 QList<LayerSource> LayerSources::all() const
 {
-    QList<LayerSource> sources{{{NoSource, 0}, tr("No source"), {}}};
+    const QString none = QCoreApplication::translate("Tavoro::Panel::LayerSources", "No source");
+    QList<LayerSource> sources{{{NoSource, 0}, none, {}}};
     add(sources, m_inputs, &Models::InterfacesModel::interface);
     add(sources, m_screens, &Models::ScreensModel::screen);
     add(sources, m_images, &Models::FilesModel::file);

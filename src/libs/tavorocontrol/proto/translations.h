@@ -4,11 +4,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
 class QLocale;
+QT_END_NAMESPACE
 
-namespace Tavoro::Translations {
-
-/// \file
 /// The language of the texts for people: errors, states, outcomes, and what programs print.
 ///
 /// The libraries contain their texts in English, German, French and simplified Chinese. They follow
@@ -19,6 +18,7 @@ namespace Tavoro::Translations {
 ///
 /// Every function may be called from any thread. The language changes on the thread of the
 /// application object, which gets QEvent::LanguageChange.
+namespace Tavoro::Translations {
 
 /// Switches all texts to the language of \a locale. A text that was made before keeps its language.
 /// Takes effect at once on the application's thread, and otherwise when its event loop runs;
