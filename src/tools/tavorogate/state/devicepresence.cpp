@@ -1,10 +1,10 @@
 #include "devicepresence.h"
 
-#include <tavorogate/broker/brokerconnection.h>
 #include <tavorogate/topics/topics.h>
 #include <tavorooperations/jsontext.h>
 #include <tavorosession/devicesession.h>
 
+#include <QJsonDocument>
 #include <QJsonObject>
 
 namespace Tavoro::Gate {
@@ -16,6 +16,8 @@ DevicePresence::DevicePresence(BrokerConnection &broker, DeviceSession &session,
     connect(&broker, &BrokerConnection::connected, this, &DevicePresence::publish);
     connect(&session, &DeviceSession::stateChanged, this, &DevicePresence::publish);
     connect(&session, &DeviceSession::deviceChanged, this, &DevicePresence::publish);
+    m_subscription = broker.subscribe(Topics::deviceOnline(serial), {},
+                                      [this](const BrokerMessage &message) { receive(message); });
 }
 
 void DevicePresence::setActive(bool isActive)
@@ -26,18 +28,29 @@ void DevicePresence::setActive(bool isActive)
 
 void DevicePresence::leave()
 {
+    m_subscription = {};
+    m_isLast = false;
     if (m_isActive)
         publishOnline(false, tr("the gateway was stopped"));
     m_isActive = false;
 }
 
+void DevicePresence::receive(const BrokerMessage &message)
+{
+    const QJsonObject object = QJsonDocument::fromJson(message.payload).object();
+    m_isLast = object.value(QStringLiteral("gateway")).toString() == m_gateway;
+    if (m_isLast && !m_isActive && object.value(QStringLiteral("online")).toBool())
+        publish();
+}
+
+/// A gateway that loses its device is not active any more, but still takes its own word back. It
+/// does not contradict another one that is connected.
 void DevicePresence::publish()
 {
-    if (!m_isActive)
-        return;
     const DeviceState state = m_session.state();
-    publishOnline(state.kind == DeviceState::Reading || state.kind == DeviceState::Ready,
-                  state.reason);
+    const bool isConnected = state.kind == DeviceState::Reading || state.kind == DeviceState::Ready;
+    if (m_isActive || (m_isLast && !isConnected))
+        publishOnline(isConnected, state.reason);
 }
 
 void DevicePresence::publishOnline(bool isOnline, const QString &reason)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tavorogate/broker/brokerconnection.h>
+
 #include <QObject>
 #include <QString>
 
@@ -8,8 +10,6 @@ class DeviceSession;
 }
 
 namespace Tavoro::Gate {
-
-class BrokerConnection;
 
 /// Publishes whether a device is connected, with the name of the gateway that says so: if that
 /// gateway is not online itself, the device's message is out of date.
@@ -25,6 +25,7 @@ public:
     void leave();
 
 private:
+    void receive(const BrokerMessage &message);
     void publish();
     void publishOnline(bool isOnline, const QString &reason);
 
@@ -32,7 +33,9 @@ private:
     DeviceSession &m_session;
     const QString m_serial;
     const QString m_gateway;
+    Subscription m_subscription;
     bool m_isActive = false;
+    bool m_isLast = false; ///< What the broker holds comes from this gateway.
 };
 
 } // namespace Tavoro::Gate
