@@ -6,8 +6,9 @@
 
 namespace Tavoro::SessionInternal {
 
-AnnouncedJob::AnnouncedJob(std::shared_ptr<PendingOperation> call, SendAnnouncement announce)
-    : CallJob(std::move(call)), m_announce(std::move(announce))
+AnnouncedJob::AnnouncedJob(std::shared_ptr<PendingOperation> call, SendAnnouncement announce,
+                           std::shared_ptr<Courier> courier)
+    : CallJob(std::move(call)), m_announce(std::move(announce)), m_courier(std::move(courier))
 { }
 
 CallResult AnnouncedJob::attempt()
@@ -25,7 +26,7 @@ CallResult AnnouncedJob::attempt()
 /// The permission travels to the session's thread, which may be gone already.
 bool AnnouncedJob::askFor(const SSProxy::RequestIdentity &id, std::chrono::milliseconds time) const
 {
-    courier->post([announce = m_announce, permission = SendPermission(id, m_decision)] {
+    m_courier->post([announce = m_announce, permission = SendPermission(id, m_decision)] {
         announce(permission);
     });
     return m_decision->await(time);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "callresult_p.h"
-#include "courier_p.h"
 #include "groupgate_p.h"
 #include "lane_p.h"
 #include "reportcounts_p.h"
@@ -57,6 +56,7 @@ public:
     explicit CallJob(std::shared_ptr<PendingOperation> call) : operation(std::move(call)) { }
 
     void run() override;
+    void deliver() override;
     /// Name of the call for its outcome, translated. On the courier's thread.
     virtual QString label() const;
     virtual ControlUse controlUse() const;
@@ -73,7 +73,6 @@ public:
     // Set by CallQueue before a lane has the job.
     QString key; ///< Of a call that replaces a waiting one; otherwise empty.
     std::shared_ptr<const CallTarget> target;
-    std::shared_ptr<Courier> courier;
     std::function<void(const std::shared_ptr<CallJob> &)> finished; ///< run() has ended.
 
     CallResult result;

@@ -5,15 +5,14 @@
 
 namespace Tavoro::SessionInternal {
 
-CallQueue::CallQueue(QThreadPool &pool, std::shared_ptr<Courier> courier, int limit,
+CallQueue::CallQueue(QThreadPool &pool, const std::shared_ptr<Courier> &courier, int limit,
                      std::chrono::milliseconds outcomeTime, Deliver deliver)
-    : m_courier(courier),
-      m_limit(static_cast<std::size_t>(std::max(limit, 1))),
+    : m_limit(static_cast<std::size_t>(std::max(limit, 1))),
       m_deliver(std::move(deliver)),
-      m_commands(std::make_shared<Lane>(pool)),
-      m_transfers(std::make_shared<Lane>(pool)),
-      m_lease(std::make_shared<Lane>(pool)),
-      m_unknown(pool, std::move(courier), outcomeTime,
+      m_commands(std::make_shared<Lane>(pool, courier)),
+      m_transfers(std::make_shared<Lane>(pool, courier)),
+      m_lease(std::make_shared<Lane>(pool, courier)),
+      m_unknown(pool, courier, outcomeTime,
                 [this](const JobPtr &job, const CallResult &result) { end(job, result); }),
       m_self(std::make_shared<CallQueue *>(this))
 { }
@@ -35,7 +34,6 @@ void CallQueue::start(JobPtr job, const QString &key)
 {
     job->key = key;
     job->target = m_target;
-    job->courier = m_courier;
     job->finished = [weak = std::weak_ptr<CallQueue *>(m_self)](const JobPtr &ended) {
         if (const auto self = weak.lock())
             (*self)->finished(ended);

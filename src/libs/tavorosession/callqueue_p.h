@@ -19,7 +19,7 @@ public:
     using Deliver = std::function<void(CallJob &job, const CallResult &result, bool isReplaced)>;
 
     /// \a pool must outlive the lanes; \a limit is SessionOptions::maxWaitingCalls.
-    CallQueue(QThreadPool &pool, std::shared_ptr<Courier> courier, int limit,
+    CallQueue(QThreadPool &pool, const std::shared_ptr<Courier> &courier, int limit,
               std::chrono::milliseconds outcomeTime, Deliver deliver);
     /// Ends all calls.
     ~CallQueue();
@@ -49,7 +49,6 @@ private:
     void end(const JobPtr &job, const CallResult &result, bool isReplaced = false);
     void endUnsent(const JobPtr &job, const QString &reason, bool isReplaced = false);
 
-    const std::shared_ptr<Courier> m_courier;
     const std::size_t m_limit;
     const Deliver m_deliver;
     const std::shared_ptr<Lane> m_commands;

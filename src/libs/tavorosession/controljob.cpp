@@ -36,10 +36,12 @@ CallResult ControlJob::attempt()
 {
     const SSProxy::ExchangeWatch watch;
     QString error;
-    CallResult done;
-    done.kind = Outcome::Done;
-    if (target->channel->requestControl(m_action, error))
+    if (target->channel->requestControl(m_action, error)) {
+        CallResult done;
+        done.kind = Outcome::Done;
+        done.firstSent = watch.firstSent();
         return done;
+    }
     // If another client holds control, the channel asks for its name afterwards.
     if (watch.last() && watch.last()->type == SSProxy::CommandType::Read)
         return refused(SSProxy::statusControlledByOthers);

@@ -43,14 +43,22 @@ bool DeviceSession::isControlledByOthers() const
 PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
                                                            const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments));
+    return callByName(name, arguments, Operations::MissingKeys::Refused);
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments,
+                                                           Operations::MissingKeys missing)
+{
+    return start(std::make_shared<NamedCall>(name, arguments, missing));
 }
 
 PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
                                                                  const QString &name,
                                                                  const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments), key);
+    return start(std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused),
+                 key);
 }
 
 void DeviceSession::setBodiesLogged(bool areLogged)
@@ -124,9 +132,10 @@ PendingCall<Answer<std::string>> DeviceSession::callAnnounced(const QString &nam
                                                               const QStringList &arguments,
                                                               SendAnnouncement announce)
 {
-    const auto call = std::make_shared<NamedCall>(name, arguments);
+    const auto call =
+        std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused);
     PendingCall<Answer<std::string>> pending(call->future());
-    d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce)));
+    d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce), d->courier()));
     return pending;
 }
 

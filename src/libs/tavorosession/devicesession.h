@@ -10,6 +10,7 @@
 #include <tavorosession/trackedcall.h>
 
 #include <tavorocontrol/proto/auxiliary.h>
+#include <tavorooperations/operation.h>
 #include <tavorossproxy/devicelease.h>
 #include <tavorossproxy/exchangewatch.h>
 
@@ -236,6 +237,9 @@ public:
     /// wrong.
     PendingCall<Answer<std::string>> callByName(const QString &name,
                                                 const QStringList &arguments = {});
+    /// Does the same with \a missing for keys that records of \a arguments lack.
+    PendingCall<Answer<std::string>> callByName(const QString &name, const QStringList &arguments,
+                                                Operations::MissingKeys missing);
     /// Does the same, and replaces a waiting call with the same \a key as callLatest() does.
     PendingCall<Answer<std::string>> callLatestByName(const QString &key, const QString &name,
                                                       const QStringList &arguments = {});

@@ -50,10 +50,9 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
               m_calls.start(job);
           },
           [this] { emitIfAlive(&DeviceSession::leaseChanged); }),
-      m_reads(std::make_shared<Lane>(shared.pool)),
+      m_reads(std::make_shared<Lane>(shared.pool, shared.courier)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier,
-                 [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_follower(m_reads, [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
       m_poll(options.poll,
              [this](const Operations::Scope &scope, std::function<void()> ended) {
                  m_follower.poll(scope, std::move(ended));

@@ -43,6 +43,7 @@ public:
     DeviceCalls &calls() { return m_calls; }
     const ControlWatch &control() const { return m_control; }
     LeaseKeeper &lease() { return m_lease; }
+    const std::shared_ptr<Courier> &courier() const { return m_shared.courier; }
     PendingCall<bool> modelUpdate();
     void setBodiesLogged(bool areLogged) { m_device.setBodiesLogged(areLogged); }
 
@@ -75,6 +76,7 @@ private:
     void readingOutdated(const std::vector<Operations::Scope> &scopes) override
     {
         m_follower.note(scopes);
+        m_updates.readingOutdated(m_follower.noted());
     }
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;

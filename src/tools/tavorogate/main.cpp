@@ -4,9 +4,11 @@
 #include "gateway.h"
 
 #include <programhelp/hiddenoptions.h>
+#include <tavorocontrol/proto/translations.h>
 #include <tavoroctl/session/interruption.h>
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QLoggingCategory>
 
 #include <cstdio>
@@ -42,6 +44,8 @@ int serve(const GateConfig &config)
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
+    // Programs read what the gateway publishes, logs and reports.
+    Translations::setLocale(QLocale::c());
     QCoreApplication::setApplicationName(QStringLiteral("tavorogate"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TAVORO_VERSION));
     QLoggingCategory::setFilterRules(QStringLiteral("tavoro.*.info=false\ntavoro.*.debug=false\n"

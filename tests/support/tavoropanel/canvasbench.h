@@ -16,8 +16,6 @@
 /// background and three layers of 1280 by 1080, and a blended screen.
 class CanvasBench : public PanelBench {
 public:
-    using LayerId = Tavoro::Panel::Selection::LayerId;
-
     static Tavoro::Sim::SimOptions twoScreens()
     {
         Tavoro::Sim::SimOptions options = smallDevice();
@@ -26,7 +24,7 @@ public:
         options.layersPerScreen = 4;
         return options;
     }
-    explicit CanvasBench(const Options &options = fastOptions(),
+    explicit CanvasBench(const Options &options = patientOptions(),
                          const Tavoro::Sim::SimOptions &device = twoScreens())
         : PanelBench(options, device), view(selection, messages, changes, actions)
     {
@@ -37,13 +35,7 @@ public:
     /// The identity of a layer of the first screen, in the preview or the programme.
     static LayerId id(quint8 number, Tavoro::Panel::Scene scene = Tavoro::Panel::Scene::Preview)
     {
-        LayerId layer;
-        layer.screenId = 1;
-        layer.screenType = 1;
-        layer.layerId = number;
-        layer.layerType = number == 0 ? 2 : 1;
-        layer.sceneType = static_cast<int>(scene);
-        return layer;
+        return layerId(number, scene);
     }
     Tavoro::Panel::LayerItem &item(quint8 number) const
     {

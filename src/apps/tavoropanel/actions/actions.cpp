@@ -5,10 +5,22 @@
 #include <tavoropanel/undo/changes.h>
 
 #include <QAction>
+#include <QRegularExpression>
 
 #include <algorithm>
 
 namespace Tavoro::Panel {
+
+namespace {
+
+/// The name without the letter that menus underline. In Chinese the letter follows in brackets.
+QString plainName(QString name)
+{
+    static const QRegularExpression letterInBrackets(QStringLiteral("\\(&.\\)"));
+    return name.remove(letterInBrackets).remove(QLatin1Char('&'));
+}
+
+} // namespace
 
 Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
     : QObject(parent), m_selection(selection), m_changes(changes)
@@ -17,6 +29,7 @@ Actions::Actions(Selection &selection, Changes &changes, QObject *parent)
         auto *const action = new QAction(tr(row.text), this);
         if (*row.icon)
             action->setIcon(icon(row.icon));
+        action->setIconText(plainName(action->text()));
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
         action->setToolTip(tr(descriptionOf(row.id)));
         action->setStatusTip(action->toolTip());
@@ -60,7 +73,7 @@ void Actions::nameStep(ActionId id, QString step)
     step.replace(QLatin1Char('&'), QLatin1String("&&"));
     //: "Undo" or "Redo", and what the operator did
     action(id).setText(step.isEmpty() ? name : tr("%1: %2").arg(name, step));
-    action(id).setIconText(QString(name).remove(QLatin1Char('&')));
+    action(id).setIconText(plainName(name));
 }
 
 bool Actions::isMet(Needs needs) const

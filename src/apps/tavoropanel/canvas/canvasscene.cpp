@@ -13,7 +13,6 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr int inputInterface = 1; ///< The kind of an interface that is an input.
 constexpr double titlePixels = 34; ///< Height of titles in the view.
 constexpr double gapPixels = 14; ///< Between screens in the view.
 constexpr double middlePixels = 28; ///< Between preview and programme in the view.
@@ -26,7 +25,6 @@ CanvasScene::CanvasScene(Selection &selection, QObject *parent)
     // The items of a device are few, and all of them move.
     setItemIndexMethod(NoIndex);
     addItem(m_frame);
-    m_inputs.setInterfaceType(inputInterface);
 
     connect(&m_screens, &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex &, int first, int last) { insertScreens(first, last); });
@@ -43,7 +41,7 @@ CanvasScene::CanvasScene(Selection &selection, QObject *parent)
                 arrange();
             });
     // The rows of the layers do not contain the formats of their sources.
-    connect(&m_inputs, &QAbstractItemModel::dataChanged, this, [this] {
+    connect(&m_sources, &LayerSources::changed, this, [this] {
         for (ScreenItem *const screen : screens())
             screen->refreshLayers();
     });
@@ -86,13 +84,13 @@ void CanvasScene::setModelDevice()
         return;
     // Rows of the former device first: two devices may have objects of the same identity.
     m_screens.setDevice({});
-    m_inputs.setDevice(device);
+    m_sources.setDevice(device);
     m_screens.setDevice(device);
 }
 
 ScreenItem *CanvasScene::addScreen(const ProtoModel::s_ScreenId &id, Scene scene)
 {
-    auto *const item = new ScreenItem(m_screens.device(), id, scene);
+    auto *const item = new ScreenItem(m_screens.device(), id, scene, m_sources);
     item->setTheme(m_theme);
     addItem(item);
     connect(item, &ScreenItem::layersChanged, this, &CanvasScene::updateFrame);

@@ -5,8 +5,8 @@
 #include "screenplacement.h"
 
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/sources/layersources.h>
 
-#include <tavoromodels/interfacesmodel.h>
 #include <tavoromodels/screensmodel.h>
 
 #include <QGraphicsScene>
@@ -40,8 +40,8 @@ public:
     LayerItem *selectedLayer() const;
     static ScreenItem *screenOf(const LayerItem &layer);
     SelectionFrame &frame() const { return *m_frame; }
-    /// The inputs of the device.
-    const Models::InterfacesModel &inputs() const { return m_inputs; }
+    /// What layers can show.
+    const LayerSources &sources() const { return m_sources; }
 
 Q_SIGNALS:
     /// Screens were added or removed, or have another size or place.
@@ -73,7 +73,7 @@ private:
     QList<QMetaObject::Connection> m_deviceConnections;
     CanvasTheme m_theme;
     Models::ScreensModel m_screens;
-    Models::InterfacesModel m_inputs;
+    LayerSources m_sources;
     QList<Pair> m_pairs; ///< One for each row of the model.
     SelectionFrame *const m_frame;
     QSizeF m_viewSize{1280, 720};

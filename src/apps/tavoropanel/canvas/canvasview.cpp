@@ -6,6 +6,7 @@
 #include "canvastext.h"
 #include "layermenu.h"
 #include "selectionframe.h"
+#include "sourcedrop.h"
 
 #include <tavoropanel/actions/actions.h>
 
@@ -45,6 +46,7 @@ CanvasView::CanvasView(Selection &selection, Messages &messages, Changes &change
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(320, 180);
+    new SourceDrop(*this, *m_scene, selection, m_editor);
     // Texts, frames and handles have fixed sizes in the view, beyond the bounds of their items.
     setViewportUpdateMode(FullViewportUpdate);
     updateTheme();

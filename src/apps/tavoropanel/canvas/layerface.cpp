@@ -2,6 +2,8 @@
 
 #include "layergeometry.h"
 
+#include <tavoropanel/sources/layersources.h>
+
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/enums.h>
 #include <tavorobizmodel/interface.h>
@@ -14,30 +16,34 @@ namespace {
 
 using ProtoModel::Layer::s_LayerFullDetail;
 
-/// Kinds of sources that the model passes through.
-enum OtherSource : qint32 {
-    FileSource = 2,
-    ScreenSource = 3,
-};
-
 QColor toColor(const ProtoModel::Layer::s_RGBA &color)
 {
     return {color.R, color.G, color.B, color.opacity * 255 / 100};
 }
 
-/// The name of a source that is not an interface, or of an interface that the device does not have.
-QString otherSource(const ProtoModel::Layer::s_SourceGeneral &source)
+/// The name of a source that the device does not have.
+QString missingSource(const SourceId &source)
 {
     switch (source.type) {
     case BizModel::Enum::Layer::NoSource:
         return {};
     case FileSource:
-        return LayerFace::tr("File %1").arg(source.id);
+        return LayerFace::tr("Image %1").arg(source.id);
     case ScreenSource:
         return LayerFace::tr("Screen %1").arg(source.id);
     default:
         return LayerFace::tr("Source %1/%2").arg(source.type).arg(source.id);
     }
+}
+
+/// The source of a layer that does not show an interface.
+LayerSource otherSource(const SourceId &source, const LayerSources &sources)
+{
+    if (source.type != BizModel::Enum::Layer::NoSource) {
+        if (const auto known = sources.find(source))
+            return *known;
+    }
+    return {source, missingSource(source), {}};
 }
 
 } // namespace
@@ -58,7 +64,8 @@ QString formatText(const ProtoModel::s_TimingDetailBody &timing)
         .arg(timing.refresh);
 }
 
-LayerFace LayerFace::of(const Models::LayersModel &layers, const QModelIndex &index)
+LayerFace LayerFace::of(const Models::LayersModel &layers, const QModelIndex &index,
+                        const LayerSources &sources)
 {
     LayerFace face;
     const auto layer = layers.layer(index);
@@ -70,12 +77,15 @@ LayerFace LayerFace::of(const Models::LayersModel &layers, const QModelIndex &in
     face.window = toRect(detail.window);
     face.opacity = detail.opacity;
     face.sourceId = detail.source.general;
-    face.source = index.data(layers.role("sourceName")).toString();
-    if (face.source.isEmpty())
-        face.source = otherSource(face.sourceId);
     face.hasSignal = index.data(layers.role("signal")).toBool();
-    if (const auto input = layer->source().lock())
+    if (const auto input = layer->source().lock()) {
+        face.source = index.data(layers.role("sourceName")).toString();
         face.format = formatText(input->detail().actualTiming);
+    } else {
+        const LayerSource source = otherSource(face.sourceId, sources);
+        face.source = source.name;
+        face.format = source.format;
+    }
     face.isBackground = detail.general.isBackground != 0;
     face.isFrozen = detail.general.isFreeze != 0;
     if (detail.border.enable != 0) {

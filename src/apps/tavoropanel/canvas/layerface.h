@@ -15,6 +15,8 @@ class LayersModel;
 
 namespace Tavoro::Panel {
 
+class LayerSources;
+
 /// What the canvas shows of a layer. A value.
 struct LayerFace {
     Q_DECLARE_TR_FUNCTIONS(Tavoro::Panel::LayerFace)
@@ -35,7 +37,8 @@ public:
     QColor testColor; ///< Shown instead of the source; not valid if it is off.
 
     /// Reads the face of a row.
-    static LayerFace of(const Models::LayersModel &layers, const QModelIndex &index);
+    static LayerFace of(const Models::LayersModel &layers, const QModelIndex &index,
+                        const LayerSources &sources);
 
     /// The lines on the layer: what it shows first.
     QStringList lines() const;

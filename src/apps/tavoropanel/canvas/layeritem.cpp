@@ -60,7 +60,9 @@ void LayerItem::paint(QPainter *painter, const QStyleOptionGraphicsItem * /*opti
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(QColor(255, 255, 255, m_face.isBackground ? 0 : 110), 1));
     painter->drawRect(onView.adjusted(0.5, 0.5, -0.5, -0.5));
-    m_plate = paintPlate(*painter, onView.adjusted(1, 1, -1, -1), shownFace().lines());
+    const QRectF visible = rect & mapRectFromParent(parentItem()->boundingRect());
+    m_plate =
+        paintPlate(*painter, pixels.mapped(visible).adjusted(1, 1, -1, -1), shownFace().lines());
 }
 
 void LayerItem::paintPicture(QPainter &painter, const QRectF &rect) const

@@ -3,6 +3,7 @@
 #include "canvasscene.h"
 #include "layereditor.h"
 
+#include <QGraphicsView>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -69,6 +70,7 @@ bool LayerKeys::nudge(const QPoint &way, Qt::KeyboardModifiers modifiers)
                        withinLimits(modifiers.testFlag(Qt::ControlModifier)
                                         ? resized(window, Qt::RightEdge | Qt::BottomEdge, step)
                                         : window.translated(step)));
+    reveal();
     return true;
 }
 
@@ -97,6 +99,14 @@ void LayerKeys::endSeries()
         m_editor.finishOpacity(*m_edited);
     }
     m_edited.clear();
+}
+
+/// Scrolls a canvas that is larger than its view to the selected layer.
+void LayerKeys::reveal() const
+{
+    const auto views = m_scene.views();
+    for (QGraphicsView *const view : views)
+        view->ensureVisible(m_scene.selectedLayer());
 }
 
 /// Left and right change the scene, up and down the screen.
@@ -152,6 +162,7 @@ bool LayerKeys::selectNext(bool isForward)
     if (next == layers.end())
         return false;
     m_selection.setLayer((*next)->id());
+    reveal();
     return true;
 }
 

@@ -17,7 +17,8 @@ class LayerEditor;
 class LayerItem;
 class Selection;
 
-/// The keyboard on the canvas. Tab selects the next layer of the selected screens.
+/// The keyboard on the canvas. Tab selects the next layer of the selected screens. The canvas
+/// scrolls to the layer that keys select or move.
 ///
 /// | key | with a selected layer | without |
 /// |---|---|---|
@@ -42,6 +43,7 @@ private:
     bool nudge(const QPoint &way, Qt::KeyboardModifiers modifiers);
     bool selectNeighbour(const QPoint &way);
     QList<LayerItem *> layersOfSelection() const;
+    void reveal() const;
     void startSeries(LayerItem &layer);
     void endSeries();
 

@@ -4,12 +4,11 @@
 #include "layereditor.h"
 
 #include <tavoropanel/actions/actions.h>
-
-#include <tavorobizmodel/enums.h>
-#include <tavorobizmodel/interface.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QAction>
-#include <QActionGroup>
+
+#include <utility>
 
 namespace Tavoro::Panel {
 
@@ -17,21 +16,20 @@ namespace {
 
 constexpr int opacities[] = {100, 75, 50, 25, 0};
 
-/// The number of an interface in a record of a layer.
-quint32 sourceNumber(const ProtoModel::s_InterfaceID &id)
+/// A text of a menu in which no letter is a mnemonic.
+QString plain(QString text)
 {
-    return static_cast<quint32>(id.slotId) << 16 | static_cast<quint32>(id.connectorId) << 8
-        | static_cast<quint32>(id.splitId);
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 } // namespace
 
 LayerMenu::LayerMenu(CanvasScene &scene, LayerItem &layer, LayerEditor &editor,
                      const Actions &actions, QWidget *parent)
-    : QMenu(layer.face().name, parent), m_layer(&layer), m_editor(editor)
+    : QMenu(plain(layer.face().name), parent), m_layer(&layer), m_editor(editor)
 {
-    addSection(layer.face().name);
-    addSources(scene);
+    addSection(plain(layer.face().name));
+    addSources(scene.sources());
     addOpacities();
     addSeparator();
     for (const ActionId id : {ActionId::RaiseLayer, ActionId::LowerLayer, ActionId::RaiseToTop,
@@ -39,36 +37,21 @@ LayerMenu::LayerMenu(CanvasScene &scene, LayerItem &layer, LayerEditor &editor,
         addAction(&actions.action(id));
 }
 
-void LayerMenu::addSources(const CanvasScene &scene)
+void LayerMenu::addSources(const LayerSources &sources)
 {
     QMenu *const menu = addMenu(tr("&Source"));
-    const auto &inputs = scene.inputs();
-    for (int row = 0; row < inputs.rowCount(); ++row) {
-        const QModelIndex index = inputs.index(row);
-        const auto input = inputs.interface(index);
-        if (!input)
-            continue;
-        const QString format = formatText(input->detail().actualTiming);
-        addSource(*menu,
-                  tr("%1  (%2)")
-                      .arg(index.data().toString(), format.isEmpty() ? tr("no signal") : format),
-                  {BizModel::Enum::Layer::InterfaceSource, sourceNumber(input->interfaceId())});
+    qint32 kind = 0;
+    for (const LayerSource &source : sources.all()) {
+        if (std::exchange(kind, source.id.type) != source.id.type)
+            menu->addSeparator();
+        QAction *const action = menu->addAction(plain(source.text()));
+        action->setCheckable(true);
+        action->setChecked(isSame(source.id, m_layer->face().sourceId));
+        connect(action, &QAction::triggered, this, [this, id = source.id] {
+            if (m_layer && m_editor.canEdit(*m_layer))
+                m_editor.setSource(*m_layer, id);
+        });
     }
-    menu->addSeparator();
-    addSource(*menu, tr("&No source"), {BizModel::Enum::Layer::NoSource, 0});
-}
-
-void LayerMenu::addSource(QMenu &menu, const QString &text,
-                          const ProtoModel::Layer::s_SourceGeneral &source)
-{
-    QAction *const action = menu.addAction(text);
-    const auto &shown = m_layer->face().sourceId;
-    action->setCheckable(true);
-    action->setChecked(shown.type == source.type && shown.id == source.id);
-    connect(action, &QAction::triggered, this, [this, source] {
-        if (m_layer && m_editor.canEdit(*m_layer))
-            m_editor.setSource(*m_layer, source);
-    });
 }
 
 void LayerMenu::addOpacities()

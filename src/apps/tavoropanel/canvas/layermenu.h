@@ -1,7 +1,5 @@
 #pragma once
 
-#include <tavorocontrol/proto/layer.h>
-
 #include <QMenu>
 #include <QPointer>
 
@@ -11,6 +9,7 @@ class Actions;
 class CanvasScene;
 class LayerEditor;
 class LayerItem;
+class LayerSources;
 
 /// The context menu of a layer: source, opacity and order.
 class LayerMenu : public QMenu {
@@ -21,10 +20,8 @@ public:
               QWidget *parent);
 
 private:
-    void addSources(const CanvasScene &scene);
+    void addSources(const LayerSources &sources);
     void addOpacities();
-    void addSource(QMenu &menu, const QString &text,
-                   const ProtoModel::Layer::s_SourceGeneral &source);
 
     const QPointer<LayerItem> m_layer; ///< May vanish while the menu is open.
     LayerEditor &m_editor;

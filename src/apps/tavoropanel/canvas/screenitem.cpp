@@ -42,9 +42,11 @@ private:
 };
 
 ScreenItem::ScreenItem(const std::weak_ptr<BizModel::Device> &device,
-                       const ProtoModel::s_ScreenId &screen, Scene scene)
+                       const ProtoModel::s_ScreenId &screen, Scene scene,
+                       const LayerSources &sources)
     : m_id(screen),
       m_scene(scene),
+      m_sources(sources),
       m_theme(std::make_unique<CanvasTheme>()),
       m_stage(new Stage(this)),
       m_overlay(new ScreenOverlay(this, m_layers))
@@ -119,7 +121,7 @@ void ScreenItem::insertLayers(int first, int last)
     for (int row = first; row <= last; ++row) {
         auto *const layer = new LayerItem(m_stage);
         m_layers.insert(row, layer);
-        layer->setFace(LayerFace::of(m_model, m_model.index(row)));
+        layer->setFace(LayerFace::of(m_model, m_model.index(row), m_sources));
     }
     updateOrder();
 }
@@ -134,7 +136,7 @@ void ScreenItem::removeLayers(int first, int last)
 void ScreenItem::refreshLayers(int first, int last)
 {
     for (int row = first; row <= last; ++row)
-        m_layers[row]->setFace(LayerFace::of(m_model, m_model.index(row)));
+        m_layers[row]->setFace(LayerFace::of(m_model, m_model.index(row), m_sources));
 }
 
 void ScreenItem::refreshLayers()

@@ -17,6 +17,7 @@ class Device;
 namespace Tavoro::Panel {
 
 struct CanvasTheme;
+class LayerSources;
 class ScreenOverlay;
 
 /// One screen in one scene: its title, its background, its layers and its outputs. The origin is
@@ -30,8 +31,9 @@ public:
         Type = UserType + 2
     };
 
+    /// \a sources must exist as long as this object.
     ScreenItem(const std::weak_ptr<BizModel::Device> &device, const ProtoModel::s_ScreenId &screen,
-               Scene scene);
+               Scene scene, const LayerSources &sources);
     ~ScreenItem() override;
 
     const ProtoModel::s_ScreenId &id() const { return m_id; }
@@ -88,6 +90,7 @@ private:
 
     const ProtoModel::s_ScreenId m_id;
     const Scene m_scene;
+    const LayerSources &m_sources;
     ProtoModel::Screen::s_ScreenFullDetail m_detail;
     QString m_name;
     double m_headerHeight = 0;

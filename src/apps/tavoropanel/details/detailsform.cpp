@@ -4,7 +4,7 @@
 #include "makeeditor.h"
 #include "valueeditor.h"
 
-#include <tavoromodels/interfacesmodel.h>
+#include <tavoromodels/objectmodel.h>
 
 #include <QFormLayout>
 #include <QLabel>
@@ -74,7 +74,7 @@ QLayout *DetailsForm::makeRow(const Field &field)
 {
     auto *const layout = new QVBoxLayout;
     layout->setSpacing(0);
-    const Row row{&field, makeEditor(field, m_context.inputs, this), new QLabel(this)};
+    const Row row{&field, makeEditor(field, m_context.sources, this), new QLabel(this)};
     row.editor->control()->setObjectName(QString::fromLatin1(field.path));
     row.editor->control()->setAccessibleName(field.labelText());
     row.refusal->setObjectName(QStringLiteral("refusal of %1").arg(QLatin1String(field.path)));
@@ -102,11 +102,25 @@ void DetailsForm::describe(const Row &row, const QString &refusal)
 
 void DetailsForm::show(const QModelIndex &index)
 {
+    if (index == m_index)
+        return refresh();
     m_index = index;
     m_lastEdited.clear();
     for (const Row &row : m_rows)
         describe(row, {});
     refresh();
+}
+
+void DetailsForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitHeight();
+}
+
+/// Texts of several lines make the form higher, which the area that scrolls it does not consider.
+void DetailsForm::fitHeight()
+{
+    setMinimumHeight(m_layout->heightForWidth(width()));
 }
 
 void DetailsForm::refresh()
@@ -122,6 +136,7 @@ void DetailsForm::refresh()
                                || (isOnline && m_context.handler.canEdit(m_context.kind, key)));
         row.editor->setValue(row.field->valueIn(m_index.data(model.role(key.toLatin1()))));
     }
+    fitHeight();
 }
 
 void DetailsForm::send(std::size_t number, const QVariant &value)

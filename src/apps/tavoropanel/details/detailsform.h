@@ -14,13 +14,13 @@ class QLabel;
 QT_END_NAMESPACE
 
 namespace Tavoro::Models {
-class InterfacesModel;
 class ObjectModel;
 } // namespace Tavoro::Models
 
 namespace Tavoro::Panel {
 
 struct Field;
+class LayerSources;
 class ValueEditor;
 
 /// The properties of one object of an item model, in sections.
@@ -36,13 +36,16 @@ public:
         Models::ObjectKind kind;
         Models::ObjectModel &model;
         Models::EditHandler &handler;
-        Models::InterfacesModel &inputs; ///< The sources that layers can show.
+        const LayerSources &sources; ///< What layers can show.
     };
 
     explicit DetailsForm(const Context &context, QWidget *parent = nullptr);
 
     /// Shows the object of a row of the model.
     void show(const QModelIndex &index);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     struct Row {
@@ -54,6 +57,7 @@ private:
     void addSections();
     QLayout *makeRow(const Field &field);
     void describe(const Row &row, const QString &refusal);
+    void fitHeight();
     void refresh();
     void send(std::size_t row, const QVariant &value);
     void showRefusal(const QString &key, const QString &reason);

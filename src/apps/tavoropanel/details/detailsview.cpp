@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -52,7 +53,7 @@ DetailsView::DetailsView(Selection &selection, Messages & /*messages*/, Changes 
     m_tabs->setObjectName(QStringLiteral("detailsTabs"));
     m_tabs->setAccessibleName(tr("Kind of object"));
     m_tabs->setExpanding(false);
-    m_tabs->setUsesScrollButtons(true);
+    m_tabs->setUsesScrollButtons(false);
     m_tabs->setDrawBase(false);
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -61,8 +62,9 @@ DetailsView::DetailsView(Selection &selection, Messages & /*messages*/, Changes 
     layout->addWidget(m_stack);
     addPages();
     m_tabs->setAccessibleDescription(tr("Selects whose properties are shown"));
-    connect(m_tabs, &QTabBar::currentChanged, this, &DetailsView::showPage);
+    connect(m_tabs, &QTabBar::currentChanged, this, [this](int tab) { select(tabs[tab].kind); });
     connect(&m_rows, &SelectedRows::changed, this, &DetailsView::update);
+    connect(&m_rows, &SelectedRows::selected, this, &DetailsView::select);
     for (const Kind kind : {Kind::Device, Kind::Screen, Kind::Layer})
         update(kind);
 }
@@ -91,27 +93,44 @@ void DetailsView::addPages()
 void DetailsView::update(Kind kind)
 {
     Page &page = m_pages[static_cast<std::size_t>(kind)];
-    const QModelIndex row = m_rows.row(kind);
-    const bool isNew = row.isValid() && row != page.row;
-    const int tab = tabOf(kind);
-    page.row = row;
-    m_tabs->setTabEnabled(tab, row.isValid());
-    if (isNew)
-        m_tabs->setCurrentIndex(tab);
-    else if (!row.isValid() && m_tabs->currentIndex() == tab)
-        m_tabs->setCurrentIndex(
-            tabOf(m_rows.row(Kind::Screen).isValid() ? Kind::Screen : Kind::Device));
-    showPage(m_tabs->currentIndex());
+    page.row = m_rows.row(kind);
+    {
+        const QSignalBlocker blocker(m_tabs); // a tab that is disabled is left, which selects none
+        m_tabs->setTabEnabled(tabOf(kind), page.row.isValid());
+    }
+    showWanted();
 }
 
-void DetailsView::showPage(int tab)
+void DetailsView::select(Kind kind)
 {
-    const Kind kind = tabs[tab].kind;
+    m_wanted = kind;
+    showWanted();
+}
+
+bool DetailsView::exists(Kind kind) const
+{
+    return m_pages[static_cast<std::size_t>(kind)].row.isValid();
+}
+
+/// Shows the kind that was selected last. While its object does not exist, for example because the
+/// device restarts, the screen or the device takes its place.
+void DetailsView::showWanted()
+{
+    const Kind shown = exists(m_wanted) ? m_wanted
+        : exists(Kind::Screen)          ? Kind::Screen
+                                        : Kind::Device;
+    const QSignalBlocker blocker(m_tabs); // only the user's choice of a tab is a selection
+    m_tabs->setCurrentIndex(tabOf(shown));
+    showPage(shown);
+}
+
+void DetailsView::showPage(Kind kind)
+{
     Page &page = m_pages[static_cast<std::size_t>(kind)];
     if (!page.row.isValid())
         return m_stack->setCurrentIndex(0);
     if (!page.form) {
-        page.form = new DetailsForm({kind, m_rows.model(kind), m_rows.edits(), m_rows.inputs()});
+        page.form = new DetailsForm({kind, m_rows.model(kind), m_rows.edits(), m_rows.sources()});
         page.area->setWidget(page.form);
         page.area->setMinimumWidth(page.form->minimumSizeHint().width()
                                    + page.area->verticalScrollBar()->sizeHint().width());

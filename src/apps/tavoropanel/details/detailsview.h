@@ -40,12 +40,16 @@ private:
 
     void addPages();
     void update(Models::ObjectKind kind);
-    void showPage(int tab);
+    void select(Models::ObjectKind kind);
+    bool exists(Models::ObjectKind kind) const;
+    void showWanted();
+    void showPage(Models::ObjectKind kind);
 
     SelectedRows m_rows;
     QTabBar *const m_tabs;
     QStackedWidget *const m_stack;
     std::array<Page, 5> m_pages; ///< By the kind of object.
+    Models::ObjectKind m_wanted = Models::ObjectKind::Layer; ///< What was selected last.
 };
 
 } // namespace Tavoro::Panel

@@ -6,7 +6,7 @@
 
 namespace Tavoro::Panel {
 
-ValueEditor *makeEditor(const Field &field, Models::InterfacesModel &inputs, QWidget *parent)
+ValueEditor *makeEditor(const Field &field, const LayerSources &sources, QWidget *parent)
 {
     switch (field.editor) {
     case FieldEditor::Text:
@@ -20,7 +20,7 @@ ValueEditor *makeEditor(const Field &field, Models::InterfacesModel &inputs, QWi
     case FieldEditor::Colour:
         return new ColourEditor(field, parent);
     case FieldEditor::Source:
-        return new SourceEditor(inputs, parent);
+        return new SourceEditor(sources, parent);
     case FieldEditor::Shown:
         break;
     }

@@ -6,16 +6,14 @@ QT_BEGIN_NAMESPACE
 class QWidget;
 QT_END_NAMESPACE
 
-namespace Tavoro::Models {
-class InterfacesModel;
-}
-
 namespace Tavoro::Panel {
 
 struct Field;
+class LayerSources;
 class ValueEditor;
 
-/// Creates the control for a field. \a inputs are the sources that layers can show.
-ValueEditor *makeEditor(const Field &field, Models::InterfacesModel &inputs, QWidget *parent);
+/// Creates the control for a field. \a sources are what layers can show; they must exist as long as
+/// the control.
+ValueEditor *makeEditor(const Field &field, const LayerSources &sources, QWidget *parent);
 
 } // namespace Tavoro::Panel

@@ -16,8 +16,6 @@ namespace {
 
 using Kind = Models::ObjectKind;
 
-constexpr int inputType = 1; // general.type of an interface
-
 /// The first row whose object fulfils a condition.
 template <class Condition>
 QModelIndex findRow(const QAbstractItemModel &model, Condition isWanted)
@@ -41,23 +39,42 @@ bool isSameInterface(const ProtoModel::s_InterfaceID &one, const ProtoModel::s_I
 SelectedRows::SelectedRows(const Selection &selection, Changes &changes, QObject *parent)
     : QObject(parent), m_selection(selection), m_edits(changes)
 {
-    m_inputs.setInterfaceType(inputType);
-    for (const Kind kind : {Kind::Device, Kind::Interface, Kind::Screen, Kind::Layer, Kind::File}) {
-        const Models::ObjectModel &rows = model(kind);
-        model(kind).setEditHandler(&m_edits);
-        const auto report = [this, kind] {
-            Q_EMIT changed(kind);
-        };
-        connect(&rows, &QAbstractItemModel::rowsInserted, this, report);
-        connect(&rows, &QAbstractItemModel::rowsRemoved, this, report);
-    }
+    for (const Kind kind : {Kind::Device, Kind::Interface, Kind::Screen, Kind::Layer, Kind::File})
+        follow(kind);
     connect(&selection, &Selection::deviceChanged, this, &SelectedRows::followDevice);
-    connect(&selection, &Selection::screensChanged, this, [this] { Q_EMIT changed(Kind::Screen); });
-    connect(&selection, &Selection::layerChanged, this, &SelectedRows::showScene);
-    connect(&selection, &Selection::interfaceChanged, this,
-            [this] { Q_EMIT changed(Kind::Interface); });
-    connect(&selection, &Selection::fileChanged, this, [this] { Q_EMIT changed(Kind::File); });
+    connect(&selection, &Selection::screensChanged, this, [this] {
+        Q_EMIT changed(Kind::Screen);
+        if (!m_selection.screens().isEmpty())
+            Q_EMIT selected(Kind::Screen);
+    });
+    connect(&selection, &Selection::layerChanged, this, [this] {
+        showScene();
+        if (m_selection.layer())
+            Q_EMIT selected(Kind::Layer);
+    });
+    connect(&selection, &Selection::interfaceChanged, this, [this] {
+        Q_EMIT changed(Kind::Interface);
+        if (m_selection.interface())
+            Q_EMIT selected(Kind::Interface);
+    });
+    connect(&selection, &Selection::fileChanged, this, [this] {
+        Q_EMIT changed(Kind::File);
+        if (m_selection.file())
+            Q_EMIT selected(Kind::File);
+    });
     followDevice();
+}
+
+/// Reports the rows that appear in a model and disappear from it.
+void SelectedRows::follow(Kind kind)
+{
+    Models::ObjectModel &rows = model(kind);
+    rows.setEditHandler(&m_edits);
+    const auto report = [this, kind] {
+        Q_EMIT changed(kind);
+    };
+    connect(&rows, &QAbstractItemModel::rowsInserted, this, report);
+    connect(&rows, &QAbstractItemModel::rowsRemoved, this, report);
 }
 
 Models::ObjectModel &SelectedRows::model(Kind kind)
@@ -83,7 +100,7 @@ void SelectedRows::showDevice()
     const DeviceSession *const session = m_selection.device();
     const auto device = session ? session->device() : nullptr;
     m_interfaces.setDevice(device);
-    m_inputs.setDevice(device);
+    m_sources.setDevice(device);
     m_screens.setDevice(device);
     m_files.setDevice(device);
     Q_EMIT changed(Kind::Device);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <tavoropanel/sources/layersources.h>
 #include <tavoropanel/undo/changeedits.h>
 
 #include <tavoromodels/devicesmodel.h>
@@ -29,14 +30,17 @@ public:
     QModelIndex row(Models::ObjectKind kind) const;
     /// Carries out the edits of the models.
     Models::EditHandler &edits() { return m_edits; }
-    /// The inputs of the device.
-    Models::InterfacesModel &inputs() { return m_inputs; }
+    /// What layers can show.
+    const LayerSources &sources() const { return m_sources; }
 
 Q_SIGNALS:
+    /// An object of a kind was selected, also the same one again.
+    void selected(Tavoro::Models::ObjectKind kind);
     /// The selected object of a kind is another one, has appeared or is gone.
     void changed(Tavoro::Models::ObjectKind kind);
 
 private:
+    void follow(Models::ObjectKind kind);
     void followDevice();
     void showDevice();
     void showScene();
@@ -45,7 +49,7 @@ private:
     ChangeEdits m_edits;
     Models::DevicesModel m_devices;
     Models::InterfacesModel m_interfaces;
-    Models::InterfacesModel m_inputs;
+    LayerSources m_sources;
     Models::ScreensModel m_screens;
     Models::LayersModel m_layers;
     Models::FilesModel m_files;

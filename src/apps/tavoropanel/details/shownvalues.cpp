@@ -1,5 +1,7 @@
 #include "shownvalues.h"
 
+#include <tavoropanel/sources/formattexts.h>
+
 #include <tavorobizmodel/enums.h>
 
 #include <QCoreApplication>
@@ -40,19 +42,12 @@ int activeSize(const QVariantMap &timing, const char *axis)
 QString timingText(const QVariant &timing)
 {
     const QVariantMap map = timing.toMap();
-    const int width = activeSize(map, "horizontal");
-    const int height = activeSize(map, "vertical");
-    if (width <= 0 || height <= 0)
-        return Words::tr("No signal");
-    const QString scan =
-        map.value(QStringLiteral("interlaced")).toInt() != 0 ? Words::tr("interlaced") : QString();
-    //: Width and height in pixels, refresh rate, "interlaced" or nothing
-    return Words::tr("%1 × %2, %3 Hz %4")
-        .arg(width)
-        .arg(height)
-        .arg(map.value(QStringLiteral("refresh")).toInt())
-        .arg(scan)
-        .trimmed();
+    ProtoModel::s_TimingDetailBody record;
+    record.horizontal.addTime = activeSize(map, "horizontal");
+    record.vertical.addTime = activeSize(map, "vertical");
+    record.refresh = map.value(QStringLiteral("refresh")).toInt();
+    record.interlaced = map.value(QStringLiteral("interlaced")).toInt();
+    return timingText(record);
 }
 
 QString bytesText(const QVariant &length)
@@ -68,10 +63,8 @@ QString yesNoText(const QVariant &flag)
 QString sizeText(const QVariant &record)
 {
     const QVariantMap map = record.toMap();
-    const int width = map.value(QStringLiteral("width")).toInt();
-    const int height = map.value(QStringLiteral("height")).toInt();
-    return width > 0 && height > 0 ? Words::tr("%1 × %2 pixels").arg(width).arg(height)
-                                   : Words::tr("None");
+    return sizeText(map.value(QStringLiteral("width")).toInt(),
+                    map.value(QStringLiteral("height")).toInt());
 }
 
 QString countText(const QVariant &list)

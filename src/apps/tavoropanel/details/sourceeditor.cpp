@@ -1,82 +1,75 @@
 #include "sourceeditor.h"
 
-#include "shownvalues.h"
-
-#include <tavorobizmodel/enums.h>
-#include <tavoromodels/interfacesmodel.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <QComboBox>
-#include <QVariantMap>
+
+#include <algorithm>
 
 namespace Tavoro::Panel {
 
 namespace {
 
-using BizModel::Enum::Layer::InterfaceSource;
-using BizModel::Enum::Layer::NoSource;
-
-QVariantMap source(int type, quint32 id)
+QVariantMap recordOf(const SourceId &id)
 {
-    return {{QStringLiteral("type"), type}, {QStringLiteral("id"), id}};
+    return {{QStringLiteral("type"), id.type}, {QStringLiteral("id"), id.id}};
 }
 
-bool isSame(const QVariantMap &one, const QVariantMap &other)
+SourceId idOf(const QVariantMap &record)
 {
-    const auto number = [](const QVariantMap &map, const char *key) {
-        return map.value(QLatin1String(key)).toUInt();
-    };
-    return number(one, "type") == number(other, "type")
-        && (number(one, "type") == NoSource || number(one, "id") == number(other, "id"));
+    return {record.value(QStringLiteral("type")).toInt(),
+            record.value(QStringLiteral("id")).toUInt()};
+}
+
+/// Shows texts with their data. An entry that stays the same is not touched, since the user may be
+/// looking at the open list.
+void setEntries(QComboBox &box, const QList<LayerSource> &sources)
+{
+    while (box.count() > sources.size())
+        box.removeItem(box.count() - 1);
+    while (box.count() < sources.size())
+        box.addItem(QString());
+    for (int row = 0; row < box.count(); ++row) {
+        const LayerSource &source = sources[row];
+        if (box.itemText(row) != source.text())
+            box.setItemText(row, source.text());
+        const QVariant record = recordOf(source.id);
+        if (box.itemData(row) != record)
+            box.setItemData(row, record);
+    }
 }
 
 } // namespace
 
-quint32 sourceId(const QVariantMap &interfaceId)
-{
-    const auto part = [&](const char *key) {
-        return interfaceId.value(QLatin1String(key)).toUInt();
-    };
-    return part("slotId") << 16U | part("connectorId") << 8U | part("splitId");
-}
-
-SourceEditor::SourceEditor(Models::InterfacesModel &inputs, QWidget *parent)
-    : ValueEditor(parent), m_inputs(inputs), m_box(new QComboBox(this))
+SourceEditor::SourceEditor(const LayerSources &sources, QWidget *parent)
+    : ValueEditor(parent), m_sources(sources), m_box(new QComboBox(this))
 {
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_box->setMinimumContentsLength(12);
     setControl(m_box);
     connect(m_box, qOverload<int>(&QComboBox::activated), this,
             [this](int row) { Q_EMIT edited(m_box->itemData(row)); });
-    connect(&inputs, &QAbstractItemModel::rowsInserted, this, &SourceEditor::refill);
-    connect(&inputs, &QAbstractItemModel::rowsRemoved, this, &SourceEditor::refill);
-    connect(&inputs, &QAbstractItemModel::rowsMoved, this, &SourceEditor::refill);
-    connect(&inputs, &QAbstractItemModel::dataChanged, this, &SourceEditor::refill);
+    connect(&sources, &LayerSources::changed, this, &SourceEditor::showSources);
 }
 
 void SourceEditor::setValue(const QVariant &value)
 {
     m_source = value.toMap();
-    refill();
+    showSources();
 }
 
-void SourceEditor::refill()
+void SourceEditor::showSources()
 {
-    m_box->clear();
-    m_box->addItem(tr("Nothing"), source(NoSource, 0));
-    for (int row = 0; row < m_inputs.rowCount(); ++row) {
-        const QModelIndex input = m_inputs.index(row);
-        const quint32 id = sourceId(input.data(m_inputs.role("interfaceId")).toMap());
-        //: Name of an input, and its format
-        m_box->addItem(tr("%1 – %2").arg(input.data().toString(),
-                                         timingText(input.data(m_inputs.role("actualTiming")))),
-                       source(InterfaceSource, id));
-    }
-    for (int row = 0; row < m_box->count(); ++row) {
-        if (isSame(m_box->itemData(row).toMap(), m_source))
-            return m_box->setCurrentIndex(row);
-    }
-    m_box->addItem(tr("Another source"), m_source);
-    m_box->setCurrentIndex(m_box->count() - 1);
+    const SourceId shown = idOf(m_source);
+    QList<LayerSource> sources = m_sources.all();
+    const auto isShown = [&](const LayerSource &source) {
+        return isSame(source.id, shown);
+    };
+    if (std::none_of(sources.begin(), sources.end(), isShown))
+        sources << LayerSource{shown, tr("Another source"), {}};
+    setEntries(*m_box, sources);
+    const auto current = std::find_if(sources.begin(), sources.end(), isShown);
+    m_box->setCurrentIndex(static_cast<int>(current - sources.begin()));
 }
 
 } // namespace Tavoro::Panel

@@ -2,34 +2,31 @@
 
 #include "valueeditor.h"
 
+#include <QVariantMap>
+
 QT_BEGIN_NAMESPACE
 class QComboBox;
 QT_END_NAMESPACE
 
-namespace Tavoro::Models {
-class InterfacesModel;
-}
-
 namespace Tavoro::Panel {
 
-/// The list of the inputs that a layer can show, with their formats.
+class LayerSources;
+
+/// The list of what a layer can show, with the formats.
 class SourceEditor : public ValueEditor {
     Q_OBJECT
 
 public:
-    /// \a inputs must exist as long as this object.
-    SourceEditor(Models::InterfacesModel &inputs, QWidget *parent);
+    /// \a sources must exist as long as this object.
+    SourceEditor(const LayerSources &sources, QWidget *parent);
     void setValue(const QVariant &value) override;
 
 private:
-    void refill();
+    void showSources();
 
-    const Models::InterfacesModel &m_inputs;
+    const LayerSources &m_sources;
     QComboBox *const m_box;
-    QVariantMap m_source;
+    QVariantMap m_source; ///< What the layer shows, as in its record.
 };
-
-/// The number by which a layer names an input.
-quint32 sourceId(const QVariantMap &interfaceId);
 
 } // namespace Tavoro::Panel

@@ -61,11 +61,11 @@ FilesView::FilesView(Selection &selection, Messages &messages, Changes &changes,
     connect(m_list, &ImageList::filesDropped, this, &FilesView::push);
     connect(m_list, &ImageList::deleteRequested, this, &FilesView::askToDeleteImage);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex &current) {
-                updateEnabled();
-                if (current.isValid())
-                    m_selection.setFile(m_model.image(current));
-            });
+            &FilesView::updateEnabled);
+    // Not the current image: a list that gets the focus makes its first row the current one.
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection &selected) { select(selected.indexes().value(0)); });
+    connect(m_list, &QListView::clicked, this, &FilesView::select);
     connect(&selection, &Selection::canWriteChanged, this, &FilesView::updateEnabled);
     connect(&selection, &Selection::deviceChanged, this, [this] {
         m_model.setDevice(m_selection.device());
@@ -106,6 +106,12 @@ QLayout *FilesView::makeBar()
     for (QToolButton *const button : {m_pull, m_rename, m_delete})
         bar->addWidget(button);
     return bar;
+}
+
+void FilesView::select(const QModelIndex &image)
+{
+    if (image.isValid())
+        m_selection.setFile(m_model.file(image));
 }
 
 void FilesView::updateEnabled()
@@ -186,7 +192,7 @@ void FilesView::pull(const QModelIndex &image, const QString &path)
     DeviceSession *const device = m_selection.device();
     if (!device || !image.isValid())
         return;
-    const PendingTransfer transfer = device->files().fetchTo(m_model.image(image), path);
+    const PendingTransfer transfer = device->files().fetchTo(m_model.file(image), path);
     transfer.then(this, [this](const Outcome &outcome) {
         if (!outcome.isCanceled())
             m_messages.report(outcome);
@@ -201,7 +207,7 @@ void FilesView::askToDeleteImage(const QModelIndex &image)
 {
     if (!image.isValid() || !m_selection.canWrite())
         return;
-    askToDelete(m_model.name(image), this, [this, id = m_model.image(image)] {
+    askToDelete(m_model.name(image), this, [this, id = m_model.file(image)] {
         if (DeviceSession *const device = m_selection.device())
             m_changes.call(*device, &Control::File::writeDeleteFiles,
                            {ProtoModel::File::s_DeleteFile{id}});

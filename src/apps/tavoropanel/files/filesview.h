@@ -35,6 +35,7 @@ public:
 private:
     QToolButton *addButton(const char *name, const QString &text, const QString &description);
     QLayout *makeBar();
+    void select(const QModelIndex &image);
     void updateEnabled();
     void openPushDialog();
     void pushImage(const QString &path);

@@ -1,7 +1,6 @@
 #include "imagelist.h"
 
 #include <QDragEnterEvent>
-#include <QKeyEvent>
 #include <QMimeData>
 #include <QUrl>
 
@@ -22,10 +21,8 @@ QStringList localFiles(const QDropEvent &event)
 
 } // namespace
 
-ImageList::ImageList(QWidget *parent) : QListView(parent)
+ImageList::ImageList(QWidget *parent) : FileList(parent)
 {
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::EditKeyPressed);
     setDragDropMode(QAbstractItemView::DragDrop);
     setDropIndicatorShown(false);
     setSpacing(2);
@@ -55,14 +52,6 @@ void ImageList::dropEvent(QDropEvent *event)
     event->setDropAction(Qt::CopyAction);
     event->accept();
     Q_EMIT filesDropped(localFiles(*event));
-}
-
-void ImageList::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Delete && currentIndex().isValid())
-        Q_EMIT deleteRequested(currentIndex());
-    else
-        QListView::keyPressEvent(event);
 }
 
 } // namespace Tavoro::Panel

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QListView>
+#include "filelist.h"
+
 #include <QStringList>
 
 namespace Tavoro::Panel {
 
 /// A list of images. Local files can be dropped onto it, and its images dragged to other programs.
-class ImageList : public QListView {
+class ImageList : public FileList {
     Q_OBJECT
 
 public:
@@ -15,13 +16,11 @@ public:
 Q_SIGNALS:
     /// Local files were dropped.
     void filesDropped(const QStringList &paths);
-    void deleteRequested(const QModelIndex &image);
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 };
 
 } // namespace Tavoro::Panel

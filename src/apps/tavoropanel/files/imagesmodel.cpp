@@ -1,10 +1,9 @@
 #include "imagesmodel.h"
 
 #include <tavoropanel/details/shownvalues.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/enums.h>
-#include <tavorobizmodel/file.h>
-#include <tavorosession/devicesession.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -49,47 +48,8 @@ QUrl writeCopy(const QString &folder, const QString &name, const QByteArray &byt
 } // namespace
 
 ImagesModel::ImagesModel(Changes &changes, QObject *parent)
-    : QSortFilterProxyModel(parent), m_edits(changes), m_contents(m_files, isImage)
-{
-    m_files.setEditHandler(&m_edits);
-    setSourceModel(&m_files);
-    connect(&m_contents, &FileContents::arrived, this, &ImagesModel::keep);
-}
-
-void ImagesModel::setDevice(DeviceSession *device)
-{
-    disconnect(m_deviceConnection);
-    m_device = device;
-    m_edits.setDevice(device);
-    if (device)
-        m_deviceConnection =
-            connect(device, &DeviceSession::deviceChanged, this, &ImagesModel::showDevice);
-    showDevice();
-}
-
-void ImagesModel::showDevice()
-{
-    m_kept.clear();
-    m_files.setDevice(m_device ? m_device->device() : nullptr);
-    m_contents.setDevice(m_device);
-}
-
-ImagesModel::FileId ImagesModel::image(const QModelIndex &index) const
-{
-    const auto file = m_files.file(mapToSource(index));
-    return file ? file->identity() : FileId();
-}
-
-QString ImagesModel::name(const QModelIndex &index) const
-{
-    return QSortFilterProxyModel::data(index, Qt::DisplayRole).toString();
-}
-
-ImagesModel::Key ImagesModel::keyOf(const QModelIndex &index) const
-{
-    const FileId id = image(index);
-    return {id.fileType, id.fileId};
-}
+    : StoredFilesModel(changes, isImage, parent)
+{ }
 
 QVariant ImagesModel::data(const QModelIndex &index, int role) const
 {
@@ -97,7 +57,7 @@ QVariant ImagesModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return QString(name(index) + QLatin1Char('\n') + description(index));
     case Qt::DecorationRole: {
-        const QPixmap picture = m_kept.value(keyOf(index)).picture;
+        const QPixmap picture = m_kept.value(keyOf(file(index))).picture;
         return picture.isNull() ? QIcon::fromTheme(QStringLiteral("image-x-generic"))
                                 : QIcon(picture);
     }
@@ -107,35 +67,26 @@ QVariant ImagesModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return description(index);
     default:
-        return QSortFilterProxyModel::data(index, role);
+        return StoredFilesModel::data(index, role);
     }
 }
 
 QString ImagesModel::description(const QModelIndex &index) const
 {
-    const QVariantMap size = QSortFilterProxyModel::data(index, m_files.role("size")).toMap();
-    const FileId id = image(index);
+    const QVariantMap size = StoredFilesModel::data(index, files().role("size")).toMap();
+    const FileId id = file(index);
     //: Type of the file, size of the picture, length of the file
     return tr("%1, %2, %3")
         .arg(fileTypeText(id.fileType), sizeText(size),
              bytesText(size.value(QStringLiteral("length"))));
 }
 
-bool ImagesModel::filterAcceptsRow(int row, const QModelIndex & /*parent*/) const
+void ImagesModel::keepContent(const QModelIndex &index, const std::string &content)
 {
-    const auto file = m_files.file(m_files.index(row));
-    return file && isImage(file->identity().fileType);
-}
-
-void ImagesModel::keep(const QModelIndex &file, const std::string &content)
-{
-    const QModelIndex index = mapFromSource(file);
-    if (!index.isValid())
-        return;
     const QByteArray bytes = QByteArray::fromStdString(content);
     const QImage image = QImage::fromData(bytes);
-    m_kept.insert(keyOf(index),
-                  {bytes, image.isNull() ? QPixmap() : centred(image, m_pictureSize)});
+    m_kept.insert(keyOf(file(index)),
+                  {bytes, image.isNull() ? QPixmap() : centred(image, pictureSize())});
     Q_EMIT dataChanged(index, index, {Qt::DecorationRole});
 }
 
@@ -143,7 +94,7 @@ void ImagesModel::keep(const QModelIndex &file, const std::string &content)
 
 Qt::ItemFlags ImagesModel::flags(const QModelIndex &index) const
 {
-    return QSortFilterProxyModel::flags(index)
+    return StoredFilesModel::flags(index)
         | (index.isValid() ? Qt::ItemIsDragEnabled : Qt::ItemIsDropEnabled);
 }
 
@@ -156,7 +107,7 @@ QMimeData *ImagesModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<QUrl> urls;
     for (const QModelIndex &index : indexes) {
-        const Key key = keyOf(index);
+        const Key key = keyOf(file(index));
         const QString folder =
             m_copies.filePath(QStringLiteral("%1-%2").arg(key.first).arg(key.second));
         const QByteArray bytes = m_kept.value(key).bytes;
@@ -169,6 +120,9 @@ QMimeData *ImagesModel::mimeData(const QModelIndexList &indexes) const
     }
     auto *const data = new QMimeData;
     data->setUrls(urls);
+    const FileId first = file(indexes.value(0));
+    if (first.fileType == BizModel::Enum::File::Background)
+        setSource(*data, {FileSource, static_cast<quint32>(first.fileId)});
     return data;
 }
 

@@ -1,37 +1,21 @@
 #pragma once
 
-#include "filecontents.h"
+#include "storedfilesmodel.h"
 
-#include <tavoropanel/undo/changeedits.h>
-
-#include <tavoromodels/filesmodel.h>
-
+#include <QByteArray>
 #include <QHash>
 #include <QPixmap>
-#include <QSize>
-#include <QSortFilterProxyModel>
 #include <QTemporaryDir>
 
 namespace Tavoro::Panel {
 
 /// The images on a device, backgrounds and logos, with their pictures. They can be dragged to other
-/// programs as files.
-class ImagesModel : public QSortFilterProxyModel {
+/// programs as files, and backgrounds onto layers as their sources.
+class ImagesModel : public StoredFilesModel {
     Q_OBJECT
 
 public:
-    using FileId = ProtoModel::s_FileIdentity;
-
     explicit ImagesModel(Changes &changes, QObject *parent = nullptr);
-
-    void setDevice(DeviceSession *device);
-    void setPictureSize(const QSize &size) { m_pictureSize = size; }
-
-    /// The image of a row.
-    FileId image(const QModelIndex &index) const;
-    /// The name that the device has for it.
-    QString name(const QModelIndex &index) const;
-    const Models::FilesModel &files() const { return m_files; }
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -42,28 +26,19 @@ public:
     Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
 protected:
-    bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
+    void forgetContents() override { m_kept.clear(); }
+    void keepContent(const QModelIndex &index, const std::string &content) override;
 
 private:
-    using Key = QPair<int, int>; ///< Type and number.
     struct Content {
         QByteArray bytes;
         QPixmap picture;
     };
 
-    void showDevice();
-    void keep(const QModelIndex &file, const std::string &content);
     QString description(const QModelIndex &index) const;
-    Key keyOf(const QModelIndex &index) const;
 
-    Models::FilesModel m_files;
-    ChangeEdits m_edits;
-    FileContents m_contents;
-    QPointer<DeviceSession> m_device;
-    QMetaObject::Connection m_deviceConnection;
     QHash<Key, Content> m_kept;
     QTemporaryDir m_copies;
-    QSize m_pictureSize{64, 36};
 };
 
 } // namespace Tavoro::Panel

@@ -3,11 +3,13 @@
 #include "sourceicon.h"
 
 #include <tavoropanel/details/shownvalues.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/interface.h>
 
 #include <QGuiApplication>
+#include <QMimeData>
 
 namespace Tavoro::Panel {
 
@@ -72,6 +74,28 @@ QString SourcesModel::stateText(const QModelIndex &index) const
         return format;
     //: Format of an input, bits of its colours
     return tr("%1, %2 bit").arg(format).arg(depth);
+}
+
+// Dragging inputs onto layers
+
+Qt::ItemFlags SourcesModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QIdentityProxyModel::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList SourcesModel::mimeTypes() const
+{
+    return {sourceMimeType()};
+}
+
+QMimeData *SourcesModel::mimeData(const QModelIndexList &indexes) const
+{
+    if (indexes.isEmpty())
+        return nullptr;
+    auto *const data = new QMimeData;
+    setSource(*data, sourceOf(input(indexes.first())));
+    return data;
 }
 
 } // namespace Tavoro::Panel

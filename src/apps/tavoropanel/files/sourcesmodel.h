@@ -20,6 +20,11 @@ public:
     ProtoModel::s_InterfaceID input(const QModelIndex &index) const;
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QStringList mimeTypes() const override;
+    /// The source that a layer shows when the first of these inputs is dropped onto it.
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    Qt::DropActions supportedDragActions() const override { return Qt::CopyAction; }
 
 private:
     QString name(const QModelIndex &index) const;

@@ -1,9 +1,9 @@
 #include "sourcesview.h"
 
 #include <tavoropanel/selection/selection.h>
+#include <tavoropanel/sources/layersources.h>
 #include <tavoropanel/undo/changes.h>
 
-#include <tavorobizmodel/enums.h>
 #include <tavorobizmodel/layer.h>
 #include <tavorocontrol/layer.h>
 
@@ -18,12 +18,6 @@ namespace {
 
 constexpr QSize iconSize(32, 32);
 
-quint32 numberOf(const ProtoModel::s_InterfaceID &id)
-{
-    return static_cast<quint32>(id.slotId) << 16U | static_cast<quint32>(id.connectorId) << 8U
-        | static_cast<quint32>(id.splitId);
-}
-
 } // namespace
 
 SourcesView::SourcesView(Selection &selection, Messages & /*messages*/, Changes &changes,
@@ -36,10 +30,12 @@ SourcesView::SourcesView(Selection &selection, Messages & /*messages*/, Changes 
 {
     m_list->setObjectName(QStringLiteral("sourceList"));
     m_list->setAccessibleName(tr("Inputs"));
-    m_list->setAccessibleDescription(tr("The inputs of the device with their signals."));
+    m_list->setAccessibleDescription(tr("The inputs of the device with their signals. An input "
+                                        "can be dragged onto a layer of the canvas."));
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setIconSize(iconSize);
     m_list->setSpacing(2);
+    m_list->setDragDropMode(QAbstractItemView::DragOnly);
     m_list->setModel(&m_model);
     m_show->setObjectName(QStringLiteral("showInLayer"));
     m_show->setText(tr("Show in the selected layer"));
@@ -56,11 +52,11 @@ SourcesView::SourcesView(Selection &selection, Messages & /*messages*/, Changes 
     connect(m_show, &QToolButton::clicked, this, &SourcesView::showInLayer);
     connect(m_list, &QListView::doubleClicked, this, &SourcesView::showInLayer);
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex &current) {
-                updateEnabled();
-                if (current.isValid())
-                    m_selection.setInterface(m_model.input(current));
-            });
+            &SourcesView::updateEnabled);
+    // Not the current input: a list that gets the focus makes its first row the current one.
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection &selected) { select(selected.indexes().value(0)); });
+    connect(m_list, &QListView::clicked, this, &SourcesView::select);
     connect(&selection, &Selection::canWriteChanged, this, &SourcesView::updateEnabled);
     connect(&selection, &Selection::layerChanged, this, &SourcesView::updateEnabled);
     connect(&selection, &Selection::deviceChanged, this, &SourcesView::followDevice);
@@ -79,6 +75,12 @@ void SourcesView::followDevice()
     updateEnabled();
 }
 
+void SourcesView::select(const QModelIndex &input)
+{
+    if (input.isValid())
+        m_selection.setInterface(m_model.input(input));
+}
+
 void SourcesView::updateEnabled()
 {
     m_show->setEnabled(m_list->currentIndex().isValid() && m_selection.canWrite()
@@ -93,8 +95,7 @@ void SourcesView::showInLayer()
     ProtoModel::Layer::s_LayerSource record;
     record.layerIdenti = layer->identity();
     record.source = layer->detail().source;
-    record.source.general = {BizModel::Enum::Layer::InterfaceSource,
-                             numberOf(m_model.input(m_list->currentIndex()))};
+    record.source.general = sourceOf(m_model.input(m_list->currentIndex()));
     m_changes.call(*m_selection.device(), &Control::Layer::writeSource, {record});
 }
 

@@ -17,7 +17,7 @@ class Messages;
 class Selection;
 
 /// The inputs of the selected device, with signal and format. A button shows an input in the
-/// selected layer.
+/// selected layer; an input can also be dragged onto a layer of the canvas.
 class SourcesView : public QWidget {
     Q_OBJECT
 
@@ -27,6 +27,7 @@ public:
 
 private:
     void followDevice();
+    void select(const QModelIndex &input);
     void updateEnabled();
     void showInLayer();
 

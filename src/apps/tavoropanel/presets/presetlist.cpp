@@ -15,13 +15,11 @@ bool isReturn(const QKeyEvent &event)
 
 } // namespace
 
-PresetList::PresetList(QWidget *parent) : QListView(parent)
+PresetList::PresetList(QWidget *parent) : FileList(parent)
 {
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
     setResizeMode(QListView::Adjust);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::EditKeyPressed);
     setTextElideMode(Qt::ElideRight);
     setUniformItemSizes(true);
     connect(this, &QAbstractItemView::clicked, this, &PresetList::applyRequested);
@@ -32,17 +30,15 @@ bool PresetList::event(QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && isReturn(*static_cast<QKeyEvent *>(event)))
         event->accept();
-    return QListView::event(event);
+    return FileList::event(event);
 }
 
 void PresetList::keyPressEvent(QKeyEvent *event)
 {
     if (isReturn(*event) && currentIndex().isValid())
         Q_EMIT applyRequested(currentIndex());
-    else if (event->key() == Qt::Key_Delete && currentIndex().isValid())
-        Q_EMIT deleteRequested(currentIndex());
     else
-        QListView::keyPressEvent(event);
+        FileList::keyPressEvent(event);
 }
 
 void PresetList::contextMenuEvent(QContextMenuEvent *event)
@@ -64,7 +60,7 @@ void PresetList::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange)
         viewport()->update();
-    QListView::changeEvent(event);
+    FileList::changeEvent(event);
 }
 
 } // namespace Tavoro::Panel

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QListView>
+#include <tavoropanel/files/filelist.h>
 
 namespace Tavoro::Panel {
 
 /// Presets as a wall of pictures. A click or Return applies a preset, F2 renames it, Delete asks to
 /// delete it, and the right mouse button shows a menu.
-class PresetList : public QListView {
+class PresetList : public FileList {
     Q_OBJECT
 
 public:
@@ -14,7 +14,6 @@ public:
 
 Q_SIGNALS:
     void applyRequested(const QModelIndex &preset);
-    void deleteRequested(const QModelIndex &preset);
 
 protected:
     bool event(QEvent *event) override;

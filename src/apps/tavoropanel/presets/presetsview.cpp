@@ -187,7 +187,7 @@ void PresetsView::apply(const QModelIndex &index)
     if (!device || !m_selection.canWrite())
         return;
     ProtoModel::Preset::s_PresetPlay play;
-    static_cast<ProtoModel::s_FileIdentity &>(play) = m_model.preset(index);
+    static_cast<ProtoModel::s_FileIdentity &>(play) = m_model.file(index);
     play.applyType = m_target->currentData().toInt();
     const QString done = tr("The preset \"%1\" was applied.").arg(index.data().toString());
     m_changes.call(*device, &Control::Preset::presetApply, {play})
@@ -203,7 +203,7 @@ void PresetsView::askToDeletePreset(const QModelIndex &index)
 {
     if (!index.isValid())
         return;
-    askToDelete(index.data().toString(), this, [this, preset = m_model.preset(index)] {
+    askToDelete(index.data().toString(), this, [this, preset = m_model.file(index)] {
         if (DeviceSession *const device = m_selection.device())
             m_changes.call(*device, &Control::File::writeDeleteFiles,
                            {ProtoModel::File::s_DeleteFile{preset}});

@@ -2,6 +2,9 @@
 
 #include "printable.h"
 
+#include <programhelp/columns.h>
+#include <tavoroctl/arguments/texts.h>
+
 #include <QStringList>
 
 #include <algorithm>
@@ -63,7 +66,7 @@ QStringList measurements(const Progress &progress)
     if (progress.total > 0)
         parts += QStringLiteral("%1/%2").arg(sizeText(progress.bytes), sizeText(progress.total));
     if (left >= 0 && progress.percent < 100)
-        parts += timeText(left) + QStringLiteral(" left");
+        parts += Texts::tr("%1 left").arg(timeText(left));
     if (progress.total > 0 && bytesPerSecond(progress) > 0)
         parts += sizeText(bytesPerSecond(progress)) + QStringLiteral("/s");
     return parts;
@@ -87,17 +90,18 @@ QString progressLine(const Progress &progress, int width)
     if (line.size() > width)
         return percent.trimmed().left(width);
     const QString text = printable(progress.text);
-    const auto kept = std::min(static_cast<int>(text.size()), leastText);
-    auto room = width - static_cast<int>(line.size() + gap.size()) - kept;
+    const int kept = std::min(Help::columnsOf(text), leastText);
+    int room = width - static_cast<int>(line.size() + gap.size()) - kept;
     QString measured;
     for (const QString &part : measurements(progress)) {
-        if (gap.size() + part.size() > room)
+        const int columns = static_cast<int>(gap.size()) + Help::columnsOf(part);
+        if (columns > room)
             break;
         measured += gap + part;
-        room -= static_cast<int>(gap.size() + part.size());
+        room -= columns;
     }
     if (room + kept > 0)
-        line += gap + text.left(room + kept);
+        line += gap + Help::leftColumns(text, room + kept);
     return line + measured;
 }
 

@@ -147,6 +147,12 @@ void SimClient::resumeReading()
     readFrames();
 }
 
+void SimClient::sendHeldAnswers()
+{
+    m_sender.sendHeld();
+    readFrames(); // there may be room for answers again
+}
+
 void SimClient::readFrames()
 {
     // flush() may make room without another bytesWritten(), so look again after it.
@@ -257,7 +263,9 @@ void SimClient::carryOut(const Delivery &delivery)
 {
     if (delivery.reports > 0)
         Q_EMIT reportsRequested(delivery.reports);
-    if (!delivery.bytes.isEmpty())
+    if (delivery.isHeld)
+        m_sender.hold(delivery.bytes);
+    else if (!delivery.bytes.isEmpty())
         m_sender.sendLater(delivery.bytes, m_latency + delivery.delay);
     if (delivery.stopsReading)
         stopReading(delivery.readingPause);

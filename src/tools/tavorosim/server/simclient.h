@@ -67,6 +67,8 @@ public:
     void close();
     /// Ends the pause of a client whose frames are not read.
     void resumeReading();
+    /// Sends the answers that a fault holds back.
+    void sendHeldAnswers();
 
 Q_SIGNALS:
     void disconnected();

@@ -10,6 +10,7 @@
 #include <tavorosim/state/factorysetup.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/hostandport.h>
 #include <tavorowire/linkcommands.h>
 
@@ -36,6 +37,12 @@ bool needsControl(const Request &request)
 {
     return (request.type == CommandType::Write || request.type == CommandType::BinaryWrite)
         && request.command != Command::AuxiliaryDeviceTime;
+}
+
+/// True for the lines of the console after which no fault holds up what has begun.
+bool endsPauses(const QString &line)
+{
+    return line == QLatin1String("fault clear") || line == QLatin1String("fault release");
 }
 
 } // namespace
@@ -82,8 +89,8 @@ bool SimServer::listen(QString &error)
     if (!m_options.scenario.isEmpty()) {
         scenario = readScenario(m_options.scenario, error);
         if (!scenario) {
-            error = QStringLiteral("the scenario \"%1\" is not valid: %2")
-                        .arg(m_options.scenario, error);
+            error =
+                Texts::tr("the scenario \"%1\" is not valid: %2").arg(m_options.scenario, error);
             return false;
         }
     }
@@ -117,8 +124,8 @@ ConsoleAnswer SimServer::execute(const QString &line)
     catchUp();
     Reports reports;
     ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
-    if (line.simplified() == QLatin1String("fault clear"))
-        resumeReading();
+    if (endsPauses(line.simplified()))
+        endPauses();
     sendReports(reports);
     followPower();
     return answer;
@@ -296,11 +303,13 @@ void SimServer::drop()
         client->close();
 }
 
-void SimServer::resumeReading()
+void SimServer::endPauses()
 {
     const std::vector<SimClient *> clients = m_clients; // A frame may end its client.
-    for (SimClient *const client : clients)
+    for (SimClient *const client : clients) {
+        client->sendHeldAnswers();
         client->resumeReading();
+    }
 }
 
 void SimServer::restart()

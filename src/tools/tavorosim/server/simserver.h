@@ -65,7 +65,7 @@ private:
     void followPower();
     void leave();
     void drop();
-    void resumeReading();
+    void endPauses();
     void restart();
     void flood(SimClient &client, quint32 count) const;
     std::string identityFor(const SimClient &client) const;

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void arrowsDoNotMoveABackground();
     void escapeDeselects();
     void plusAndMinusZoom();
+    void enlargedCanvasScrollsToTheLayer();
     void orderChanges_data();
     void orderChanges();
     void opacityChanges();
@@ -197,6 +198,26 @@ void tst_CanvasKeys::plusAndMinusZoom()
     trigger(ActionId::ZoomFit);
     QVERIFY(bench().view.isFitted());
     QCOMPARE(bench().view.scale(), fitted);
+}
+
+void tst_CanvasKeys::enlargedCanvasScrollsToTheLayer()
+{
+    const auto isVisible = [this](quint8 number) {
+        const QPointF centre = bench().item(number).sceneBoundingRect().center();
+        return bench().view.viewport()->rect().contains(bench().view.mapFromScene(centre));
+    };
+    while (bench().view.scale() < 0.5)
+        bench().view.zoomIn();
+    bench().view.centerOn(&bench().item(1));
+    QVERIFY(!isVisible(3));
+    press(Qt::Key_Tab);
+    QCOMPARE(selectedNumber(), 3);
+    QVERIFY(isVisible(3));
+
+    bench().view.centerOn(bench().view.canvas().sceneRect().topLeft());
+    QVERIFY(!isVisible(3));
+    press(Qt::Key_Left);
+    QVERIFY(isVisible(3));
 }
 
 void tst_CanvasKeys::orderChanges_data()

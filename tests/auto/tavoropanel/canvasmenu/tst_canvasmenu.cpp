@@ -1,6 +1,10 @@
 // The context menu of a layer: source and opacity.
 #include <support/tavoropanel/canvasbench.h>
 
+#include <tavorobizmodel/enums.h>
+#include <tavorobizmodel/file.h>
+#include <tavorocontrol/file.h>
+
 #include <QAction>
 #include <QMenu>
 
@@ -16,6 +20,7 @@ private Q_SLOTS:
 
     void sourceChangesByTheMenu();
     void sourceIsRemovedByTheMenu();
+    void screensAndImagesAreInTheMenu();
     void opacityChangesByTheMenu();
     void menuMarksWhatTheLayerHas();
     void rightClickSelectsTheLayer();
@@ -25,6 +30,9 @@ private:
     CanvasBench &bench() { return *m_bench; }
     /// Opens the context menu by the keyboard, and returns one of its menus.
     QMenu *openMenu(int index);
+    QStringList textsOf(const QMenu &menu) const;
+    /// Triggers the entry with this text. Returns whether there is one.
+    static bool trigger(const QMenu &menu, const QString &text);
 
     std::unique_ptr<CanvasBench> m_bench;
 };
@@ -45,13 +53,33 @@ QMenu *tst_CanvasMenu::openMenu(int index)
                 : nullptr;
 }
 
+QStringList tst_CanvasMenu::textsOf(const QMenu &menu) const
+{
+    QStringList texts;
+    const auto actions = menu.actions();
+    for (const QAction *const action : actions)
+        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+
+bool tst_CanvasMenu::trigger(const QMenu &menu, const QString &text)
+{
+    const auto actions = menu.actions();
+    for (QAction *const action : actions) {
+        if (action->text() == text) {
+            action->trigger();
+            return true;
+        }
+    }
+    return false;
+}
+
 void tst_CanvasMenu::sourceChangesByTheMenu()
 {
     bench().selection.setLayer(CanvasBench::id(2));
     QMenu *const sources = openMenu(0);
     QVERIFY(sources);
-    QCOMPARE(sources->actions().at(4)->text(), QStringLiteral("Input 5  (1920×1080p60)"));
-    sources->actions().at(4)->trigger();
+    QVERIFY(trigger(*sources, QStringLiteral("Input 5 – 1920 × 1080, 60 Hz")));
     const auto source = [&] {
         return bench().held(2).source.general;
     };
@@ -66,9 +94,37 @@ void tst_CanvasMenu::sourceIsRemovedByTheMenu()
     bench().selection.setLayer(CanvasBench::id(2));
     QMenu *const sources = openMenu(0);
     QVERIFY(sources);
-    sources->actions().last()->trigger();
+    QVERIFY(trigger(*sources, QStringLiteral("No source")));
     QTRY_COMPARE(bench().held(2).source.general.type, 0);
     QTRY_COMPARE(bench().item(2).face().lines().first(), QStringLiteral("No source"));
+}
+
+void tst_CanvasMenu::screensAndImagesAreInTheMenu()
+{
+    ProtoModel::File::s_CreateImageFile image;
+    image.fileId = 7;
+    image.fileType = BizModel::Enum::File::Background;
+    image.general.name = "R&D";
+    image.source = {65792, 1, 8};
+    QVERIFY(resultOf(bench().wall->call(&Control::File::writeCreateImageFile, {image})));
+    QTRY_VERIFY(bench().model()->findFile(BizModel::Enum::File::Background, 7).lock());
+    bench().selection.setLayer(CanvasBench::id(2));
+    QMenu *const sources = openMenu(0);
+    QVERIFY(sources);
+    const QStringList texts = textsOf(*sources);
+    QCOMPARE(texts.mid(0, 3).join(QLatin1Char('|')),
+             QStringLiteral("No source|-|Input 1 – 1920 × 1080, 60 Hz"));
+    QCOMPARE(texts.mid(10).join(QLatin1Char('|')),
+             QStringLiteral("-|Screen Main – 3840 × 1080 pixels|Screen Blend – 3712 × 2032 pixels|"
+                            "-|Image R&&D – 240 × 135 pixels"));
+
+    QVERIFY(trigger(*sources, texts.last()));
+    QTRY_COMPARE(bench().held(2).source.general.id, 7U);
+    QCOMPARE(bench().held(2).source.general.type, 2);
+    QTRY_COMPARE(bench().item(2).face().source, QStringLiteral("Image R&D"));
+    QVERIFY(trigger(*sources, QStringLiteral("Screen Blend – 3712 × 2032 pixels")));
+    QTRY_COMPARE(bench().item(2).face().source, QStringLiteral("Screen Blend"));
+    QCOMPARE(bench().held(2).source.general.type, 3);
 }
 
 void tst_CanvasMenu::opacityChangesByTheMenu()
@@ -92,7 +148,7 @@ void tst_CanvasMenu::menuMarksWhatTheLayerHas()
         if (action->isChecked())
             checked << action->text();
     }
-    QCOMPARE(checked, QStringList{QStringLiteral("Input 6  (1920×1080p60)")});
+    QCOMPARE(checked, QStringList{QStringLiteral("Input 6 – 1920 × 1080, 60 Hz")});
 }
 
 void tst_CanvasMenu::rightClickSelectsTheLayer()

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void previewIsLeftOfTheProgramme();
     void layersAreInPlaceAndInOrder();
     void layerShowsSourceAndFormat();
+    void textOfAPartlyHiddenLayerIsVisible();
     void layerShowsItsConditions();
     void lostSignalIsShown();
     void newFormatOfASourceIsShown();
@@ -100,6 +101,18 @@ void tst_CanvasView::layerShowsSourceAndFormat()
     QCOMPARE(bench().item(2).face().lines(),
              (QStringList{QStringLiteral("Input 6"), QStringLiteral("1920×1080p60"),
                           QStringLiteral("Layer 2")}));
+}
+
+void tst_CanvasView::textOfAPartlyHiddenLayerIsVisible()
+{
+    QVERIFY(write(&Control::Layer::writeWindow,
+                  ProtoModel::Layer::s_LayerWindow{CanvasBench::id(1), {-300, -200, 1280, 1080}}));
+    QTRY_COMPARE(bench().shown(1), QRect(-300, -200, 1280, 1080));
+    bench().view.grab();
+    const QRectF area = screen(0).mapRectToScene(screen(0).screenRect());
+    const QRect visible = bench().view.mapFromScene(area).boundingRect();
+    QVERIFY(!bench().item(1).textArea().isEmpty());
+    QVERIFY(visible.contains(bench().item(1).textArea().toRect()));
 }
 
 void tst_CanvasView::layerShowsItsConditions()

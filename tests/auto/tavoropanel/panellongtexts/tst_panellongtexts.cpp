@@ -116,13 +116,7 @@ void tst_PanelLongTexts::detailsShowTheirTexts()
     QVERIFY(bench.openSelected());
     DetailsView view(bench.selection, bench.messages, bench.changes, bench.actions);
     bench.selection.setInterface(Selection::InterfaceId{1, 1, 0});
-    ProtoModel::Layer::s_LayerIdentity layer;
-    layer.screenId = 1;
-    layer.screenType = 1;
-    layer.layerId = 1;
-    layer.layerType = 1;
-    layer.sceneType = 2;
-    bench.selection.setLayer(layer);
+    bench.selection.setLayer(PanelBench::layerId());
     auto *const tabs = view.findChild<QTabBar *>();
     for (int tab = 0; tab < tabs->count(); ++tab) {
         if (!tabs->isTabEnabled(tab))

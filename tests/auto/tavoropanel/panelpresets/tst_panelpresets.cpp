@@ -31,17 +31,6 @@ namespace {
 constexpr int devicePreset = 8;
 constexpr int screenPreset = 6;
 
-ProtoModel::Layer::s_LayerIdentity layerId(int scene)
-{
-    ProtoModel::Layer::s_LayerIdentity id;
-    id.screenId = 1;
-    id.screenType = 1;
-    id.layerId = 1;
-    id.layerType = 1;
-    id.sceneType = scene;
-    return id;
-}
-
 class PresetsBench : public PanelBench {
 public:
     PresetsBench()
@@ -71,7 +60,7 @@ public:
         QTest::keyClicks(line, name); // replaces the proposed name, which is selected
         const int before = list->model()->rowCount();
         QTest::keyClick(line, Qt::Key_Return);
-        return QTest::qWaitFor([=] { return list->model()->rowCount() == before + 1; });
+        return QTest::qWaitFor([=] { return list->model()->rowCount() == before + 1; }, 60000);
     }
     void click(int row)
     {
@@ -81,22 +70,13 @@ public:
     /// Sets the opacity of a layer of the programme.
     bool setOpacity(int percent)
     {
-        return bool(resultOf(wall->call(&Control::Layer::writeOpacity, {{layerId(4), percent}})))
+        return bool(resultOf(wall->call(&Control::Layer::writeOpacity,
+                                        {{layerId(1, Scene::Programme), percent}})))
             && resultOf(wall->modelUpdate());
     }
-    int opacity(int scene) const
+    int opacity(Scene scene) const
     {
-        return model()->findLayer(layerId(scene)).lock()->detail().opacity;
-    }
-
-    bool hasMessage(Severity severity, const char *part) const
-    {
-        for (int row = 0; row < messages.rowCount(); ++row) {
-            const Message message = messages.message(row);
-            if (message.severity == severity && message.text.contains(QLatin1String(part)))
-                return true;
-        }
-        return false;
+        return model()->findLayer(layerId(1, scene)).lock()->detail().opacity;
     }
 
     std::unique_ptr<PresetsView> view;
@@ -166,10 +146,10 @@ void tst_PanelPresets::clickAppliesToThePreview()
     QVERIFY(bench.setOpacity(33));
     QVERIFY(bench.save(QStringLiteral("a third")));
     QVERIFY(bench.setOpacity(80));
-    QCOMPARE(bench.opacity(2), 100);
+    QCOMPARE(bench.opacity(Scene::Preview), 100);
     bench.click(0);
-    QTRY_COMPARE(bench.opacity(2), 33);
-    QCOMPARE(bench.opacity(4), 80);
+    QTRY_COMPARE(bench.opacity(Scene::Preview), 33);
+    QCOMPARE(bench.opacity(Scene::Programme), 80);
     QTRY_VERIFY(bench.hasMessage(Severity::Information, "The preset \"a third\" was applied."));
 }
 
@@ -184,8 +164,8 @@ void tst_PanelPresets::returnAppliesAsSaved()
     QTest::keyClick(target, Qt::Key_Down);
     bench.list->setCurrentIndex(bench.list->model()->index(0, 0));
     QTest::keyClick(bench.list, Qt::Key_Return);
-    QTRY_COMPARE(bench.opacity(4), 33);
-    QCOMPARE(bench.opacity(2), 100);
+    QTRY_COMPARE(bench.opacity(Scene::Programme), 33);
+    QCOMPARE(bench.opacity(Scene::Preview), 100);
 }
 
 void tst_PanelPresets::pictureShowsTheLayers()

@@ -25,17 +25,6 @@ private Q_SLOTS:
 
 namespace {
 
-Selection::LayerId layerId(quint8 screen, int scene)
-{
-    Selection::LayerId id;
-    id.screenId = screen;
-    id.screenType = 1;
-    id.layerId = 1;
-    id.layerType = 1;
-    id.sceneType = scene;
-    return id;
-}
-
 QList<int> numbers(const Selection &selection)
 {
     QList<int> ids;
@@ -64,7 +53,7 @@ void tst_PanelSelection::deletedScreenIsDeselected()
     QVERIFY(bench.openSelected());
     bench.selection.setScreenSelected({2, 2}, true);
     QCOMPARE(numbers(bench.selection), (QList<int>{1, 2}));
-    bench.selection.setLayer(layerId(1, 2));
+    bench.selection.setLayer(PanelBench::layerId());
     QSignalSpy screens(&bench.selection, &Selection::screensChanged);
     QSignalSpy layers(&bench.selection, &Selection::layerChanged);
 
@@ -81,7 +70,7 @@ void tst_PanelSelection::layerSelectsItsScreenAndScene()
     QVERIFY(bench.openSelected());
     bench.selection.setScreens({{2, 2}});
     QSignalSpy scenes(&bench.selection, &Selection::sceneChanged);
-    bench.selection.setLayer(layerId(1, 4));
+    bench.selection.setLayer(PanelBench::layerId(1, Scene::Programme));
     QCOMPARE(numbers(bench.selection), QList<int>{1});
     QCOMPARE(bench.selection.scene(), Scene::Programme);
     QCOMPARE(scenes.count(), 1);
@@ -92,7 +81,7 @@ void tst_PanelSelection::otherSceneDeselectsTheLayer()
 {
     PanelBench bench;
     QVERIFY(bench.openSelected());
-    bench.selection.setLayer(layerId(1, 2));
+    bench.selection.setLayer(PanelBench::layerId());
     bench.selection.setScene(Scene::Programme);
     QVERIFY(!bench.selection.layer());
 }
@@ -130,7 +119,7 @@ void tst_PanelSelection::actionsFollowTheSelection()
     QVERIFY(bench.openSelected());
     QVERIFY(take.isEnabled());
     QVERIFY(!raise.isEnabled());
-    bench.selection.setLayer(layerId(1, 2));
+    bench.selection.setLayer(PanelBench::layerId());
     QVERIFY(raise.isEnabled());
     bench.selection.setScreens({});
     QVERIFY(!take.isEnabled());

@@ -3,29 +3,21 @@
 #include <support/tavoropanel/panelbench.h>
 
 #include <tavoropanel/files/sourcesview.h>
+#include <tavoropanel/sources/layersources.h>
 
 #include <tavorobizmodel/layer.h>
 
 #include <QIcon>
 #include <QImage>
 #include <QListView>
+#include <QMimeData>
+#include <QSignalSpy>
 #include <QToolButton>
 
 using namespace Tavoro;
 using namespace Tavoro::Panel;
 
 namespace {
-
-ProtoModel::Layer::s_LayerIdentity layerId()
-{
-    ProtoModel::Layer::s_LayerIdentity id;
-    id.screenId = 1;
-    id.screenType = 1;
-    id.layerId = 1;
-    id.layerType = 1;
-    id.sceneType = 2;
-    return id;
-}
 
 class SourcesBench : public PanelBench {
 public:
@@ -78,6 +70,9 @@ private Q_SLOTS:
     void inputOfAFailedCardSaysSo();
     void inputsOfALostDeviceSaySo();
     void clickedInputIsSelected();
+    void listThatGetsTheFocusSelectsNoInput();
+    void clickOnTheSelectedInputSelectsItAgain();
+    void draggedInputIsASource();
     void buttonShowsTheInputInTheLayer();
     void buttonNeedsALayer();
 };
@@ -129,10 +124,42 @@ void tst_PanelSources::clickedInputIsSelected()
     QCOMPARE(bench.selection.interface()->connectorId, 1);
 }
 
+/// For example because the control that had the focus was disabled when the device was lost.
+void tst_PanelSources::listThatGetsTheFocusSelectsNoInput()
+{
+    SourcesBench bench;
+    bench.view->activateWindow();
+    bench.list->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(bench.list->currentIndex().isValid());
+    QVERIFY(!bench.selection.interface());
+}
+
+void tst_PanelSources::clickOnTheSelectedInputSelectsItAgain()
+{
+    SourcesBench bench;
+    bench.click(1);
+    QSignalSpy selected(&bench.selection, &Selection::interfaceChanged);
+    bench.click(1);
+    QVERIFY(!selected.isEmpty());
+}
+
+void tst_PanelSources::draggedInputIsASource()
+{
+    SourcesBench bench;
+    const QModelIndex input = bench.list->model()->index(1, 0);
+    QVERIFY(input.flags() & Qt::ItemIsDragEnabled);
+    QVERIFY(bench.list->dragEnabled());
+    const std::unique_ptr<QMimeData> data(bench.list->model()->mimeData({input}));
+    const auto source = sourceIn(*data);
+    QVERIFY(source);
+    QCOMPARE(source->type, 1);
+    QCOMPARE(source->id, 0x10200U);
+}
+
 void tst_PanelSources::buttonShowsTheInputInTheLayer()
 {
     SourcesBench bench;
-    bench.selection.setLayer(layerId());
+    bench.selection.setLayer(SourcesBench::layerId());
     QCOMPARE(bench.source(), 0x10100U);
     bench.click(1);
     QTest::mouseClick(bench.button, Qt::LeftButton);
@@ -146,7 +173,7 @@ void tst_PanelSources::buttonNeedsALayer()
     SourcesBench bench;
     bench.click(1);
     QVERIFY(!bench.button->isEnabled());
-    bench.selection.setLayer(layerId());
+    bench.selection.setLayer(SourcesBench::layerId());
     QVERIFY(bench.button->isEnabled());
     QVERIFY(bench.execute(QStringLiteral("switch 0")));
     QTRY_VERIFY(!bench.button->isEnabled());

@@ -28,7 +28,6 @@ private Q_SLOTS:
     void wrongCommandLineIsRefused_data();
     void wrongCommandLineIsRefused();
     void placesOfThePartsAreRestored();
-    void windowIsClosedWhileADeviceIsSilent();
 };
 
 namespace {
@@ -159,16 +158,6 @@ void tst_PanelStart::placesOfThePartsAreRestored()
     bench.window->restore(settings);
     QVERIFY(bench.find<QWidget>("filesDock").isHidden());
     QCOMPARE(settings.value(QStringLiteral("window/theme")).toString(), QStringLiteral("dark"));
-}
-
-void tst_PanelStart::windowIsClosedWhileADeviceIsSilent()
-{
-    WindowBench bench;
-    QVERIFY(bench.openSelected());
-    QVERIFY(bench.addFault("silent"));
-    bench.key(Qt::Key_Space);
-    bench.window.reset();
-    QVERIFY(bench.wall->isReady());
 }
 
 QTEST_MAIN(tst_PanelStart)

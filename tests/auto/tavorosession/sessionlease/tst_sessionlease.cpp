@@ -122,7 +122,7 @@ void tst_SessionLease::leaseIsRenewedUntilItIsReleased()
     QVERIFY(resultOf(wall().takeLease(mine, 1s)));
     QVERIFY(waitForRenewal(1000));
     QVERIFY(waitForRenewal(1000));
-    QVERIFY(wall().holdsLease());
+    QTRY_VERIFY(wall().holdsLease()); // a thread that was late gets it with the next renewal
     QVERIFY(resultOf(wall().releaseLease()));
     QCOMPARE(others().state, DeviceLease::Free);
 }
@@ -134,7 +134,7 @@ void tst_SessionLease::leaseOfTheSessionEndsInTimeWithoutAnswers()
     QVERIFY(resultOf(wall().takeLease(mine, 1s)));
     QSignalSpy changed(&wall(), &DeviceSession::leaseChanged);
     QVERIFY(m_bench->addFault("ignore,code=0x0103"));
-    QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, 60000);
+    QTRY_COMPARE(changed.size(), 1);
     QVERIFY(!wall().holdsLease());
 }
 
@@ -142,9 +142,9 @@ void tst_SessionLease::leaseIsRenewedWhenTheDeviceAnswersAgain()
 {
     QVERIFY(resultOf(wall().takeLease(mine, 1s)));
     QVERIFY(m_bench->addFault("ignore,code=0x0103"));
-    QTRY_VERIFY_WITH_TIMEOUT(!wall().holdsLease(), 60000);
+    QTRY_VERIFY(!wall().holdsLease());
     QVERIFY(m_bench->execute(QStringLiteral("fault clear")));
-    QTRY_VERIFY_WITH_TIMEOUT(wall().holdsLease(), 60000);
+    QTRY_VERIFY(wall().holdsLease());
 }
 
 void tst_SessionLease::lostLeaseIsReported()
@@ -152,12 +152,12 @@ void tst_SessionLease::lostLeaseIsReported()
     QVERIFY(resultOf(wall().takeLease(mine, 1s)));
     QSignalSpy changed(&wall(), &DeviceSession::leaseChanged);
     QVERIFY(m_bench->addFault("ignore,code=0x0103,count=1")); // the renewal
-    QTRY_VERIFY_WITH_TIMEOUT(!m_bench->hasFaults(), 60000);
+    QTRY_VERIFY(!m_bench->hasFaults());
     QVERIFY(pass(1000));
     QCOMPARE(m_other->channel->takeLease(theirs, 60s).state, DeviceLease::Own);
-    QTRY_VERIFY_WITH_TIMEOUT(!wall().holdsLease(), 60000);
+    QTRY_VERIFY(!wall().holdsLease());
     QVERIFY(!changed.isEmpty());
-    QTRY_COMPARE_WITH_TIMEOUT(wall().lease().holder, theirs, 60000);
+    QTRY_COMPARE(wall().lease().holder, theirs);
     QCOMPARE(others().holder, theirs);
 }
 
@@ -167,7 +167,7 @@ void tst_SessionLease::leaseSurvivesALostConnection()
     QSignalSpy changed(&wall(), &DeviceSession::leaseChanged);
     QVERIFY(m_bench->addFault("drop-request,code=0x1100,count=1"));
     wall().callByName(QStringLiteral("Device.readDetails"));
-    QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 2, 60000); // lost and renewed
+    QTRY_COMPARE(changed.size(), 2); // lost and renewed
     QVERIFY(wall().holdsLease());
     QCOMPARE(others().holder, mine);
 }
@@ -176,16 +176,16 @@ void tst_SessionLease::leaseIsTakenAgainAfterARestart()
 {
     QVERIFY(resultOf(wall().takeLease(mine, 60s)));
     QVERIFY(m_bench->execute(QStringLiteral("switch 0")));
-    QTRY_VERIFY_WITH_TIMEOUT(!wall().holdsLease(), 60000);
+    QTRY_VERIFY(!wall().holdsLease());
     QVERIFY(m_bench->execute(QStringLiteral("switch 1")));
-    QTRY_VERIFY_WITH_TIMEOUT(wall().holdsLease(), 60000);
+    QTRY_VERIFY(wall().holdsLease());
 }
 
 void tst_SessionLease::leaseThatAnotherClientGotAfterARestartIsLost()
 {
     QVERIFY(resultOf(wall().takeLease(mine, 60s)));
     QVERIFY(m_bench->execute(QStringLiteral("switch 0")));
-    QTRY_VERIFY_WITH_TIMEOUT(!wall().holdsLease(), 60000);
+    QTRY_VERIFY(!wall().holdsLease());
     QVERIFY(m_bench->addFault("ignore,code=0x0103,count=1")); // of either client
     QVERIFY(m_bench->execute(QStringLiteral("switch 1")));
     QVERIFY(reconnectOther());
@@ -193,16 +193,16 @@ void tst_SessionLease::leaseThatAnotherClientGotAfterARestartIsLost()
                              60000);
     // Exactly one of them has it now.
     const bool isMine = others().holder == mine;
-    QTRY_COMPARE_WITH_TIMEOUT(wall().holdsLease(), isMine, 60000);
+    QTRY_COMPARE(wall().holdsLease(), isMine);
 }
 
 void tst_SessionLease::requestThatWasNotSentIsNotRepeated()
 {
     QVERIFY(m_bench->execute(QStringLiteral("switch 0")));
-    QTRY_COMPARE_WITH_TIMEOUT(wall().state().kind, DeviceState::Lost, 60000);
+    QTRY_COMPARE(wall().state().kind, DeviceState::Lost);
     QCOMPARE(int(resultOf(wall().takeLease(mine, 60s)).kind()), int(Outcome::NotSent));
     QVERIFY(m_bench->execute(QStringLiteral("switch 1")));
-    QTRY_VERIFY_WITH_TIMEOUT(wall().isReady(), 60000);
+    QTRY_VERIFY(wall().isReady());
     QVERIFY(reconnectOther());
     QCOMPARE(others().state, DeviceLease::Free);
 }
@@ -215,7 +215,7 @@ void tst_SessionLease::closedSessionDoesNotRenew()
     QCOMPARE(others().holder, mine);
     QVERIFY(pass(60000));
     wall().open();
-    QTRY_VERIFY_WITH_TIMEOUT(wall().isReady(), 60000);
+    QTRY_VERIFY(wall().isReady());
     QCOMPARE(others().state, DeviceLease::Free);
 }
 
