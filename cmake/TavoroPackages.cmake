@@ -112,5 +112,13 @@ if(TAVORO_BUILD_TOOLS)
             "This program shows the screens and layers of devices and operates them live."
             COMPONENTS tavoromodels RECOMMENDS breeze-icon-theme)
     endif()
+    if(TAVORO_HAS_PYTHON)
+        # The module is for one version of Python.
+        math(EXPR next_python "${Python3_VERSION_MINOR} + 1")
+        tavoro_package(Python python3-tavoro python "Python package for networked video processors"
+            "This package operates devices from Python: calls that block or are awaited,\ntransfers, changes, and the device as a view."
+            COMPONENTS tavorosession DEPENDS "python3 (>= 3.${Python3_VERSION_MINOR})" "python3 (<< 3.${next_python})")
+        set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${debian_dir}/python/postinst ${debian_dir}/python/prerm)
+    endif()
 endif()
 include(CPack)

@@ -124,4 +124,5 @@ PYBIND11_MODULE(_core, module)
     module.def("discover", &discover, py::arg("milliseconds"), py::arg("targets"));
     module.def("next_event", &nextEvent);
     module.def("stop", &stopRuntime);
+    module.def("abandon", &Runtime::abandon);
 }

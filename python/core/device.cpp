@@ -63,7 +63,10 @@ Device::Device(const std::string &host, std::uint16_t port, const SessionOptions
 
 Device::~Device()
 {
-    close();
+    // The last reference ends on the runtime's thread. Without that thread nothing may be
+    // destroyed: in a forked process other threads of the libraries do not exist either.
+    auto *const connection = new std::shared_ptr<Connection>(std::move(m_connection));
+    Runtime::instance().post([connection] { delete connection; });
 }
 
 void Device::close()

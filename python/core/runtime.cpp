@@ -15,8 +15,6 @@ namespace Tavoro::Python {
 
 namespace {
 
-constexpr char endOfProgram[] = "the program ends";
-
 /// Blocks all signals on this thread, and so on those that it starts: Python handles signals on its
 /// own threads.
 class BlockedSignals {
@@ -56,10 +54,22 @@ private:
 
 } // namespace
 
+Runtime *&Runtime::current()
+{
+    static auto *runtime = new Runtime;
+    return runtime;
+}
+
 Runtime &Runtime::instance()
 {
-    static auto *const runtime = new Runtime;
-    return *runtime;
+    return *current();
+}
+
+void Runtime::abandon()
+{
+    current() = new Runtime; // the former one may be locked by a thread that does not exist here
+    instance().m_isStopping = true;
+    instance().m_stopReason = "the process was forked";
 }
 
 bool Runtime::post(std::function<void()> function)
@@ -77,7 +87,7 @@ std::shared_ptr<Pending> Runtime::makePending()
     const std::lock_guard lock(m_mutex);
     if (m_isStopping) {
         pending->finish(
-            notSent(endOfProgram, std::string("The request was not sent: ") + endOfProgram + '.'));
+            notSent(m_stopReason, std::string("The request was not sent: ") + m_stopReason + '.'));
         return pending;
     }
     if (m_pending.size() == m_pending.capacity()) {
@@ -143,9 +153,9 @@ void Runtime::endPending()
     }
     Result ended;
     ended.kind = Outcome::Unknown;
-    ended.meaning = endOfProgram;
+    ended.meaning = m_stopReason;
     ended.text =
-        std::string("The request may or may not have been carried out: ") + endOfProgram + '.';
+        std::string("The request may or may not have been carried out: ") + m_stopReason + '.';
     for (const std::weak_ptr<Pending> &weak : pending) {
         if (const auto held = weak.lock())
             held->finish(ended);

@@ -30,6 +30,9 @@ class Runtime {
 public:
     /// The runtime. Never destroyed: threads of Python may use it until the process ends.
     static Runtime &instance();
+    /// For a forked process, which has none of the runtime's threads: replaces the runtime by one
+    /// that has stopped. No other thread may exist.
+    static void abandon();
 
     /// Runs \a function on the runtime's thread, later. Returns false after stop().
     bool post(std::function<void()> function);
@@ -62,6 +65,7 @@ private:
     };
 
     Runtime() = default;
+    static Runtime *&current();
     bool start();
     void run(std::promise<void> &started);
     void endPending();
@@ -72,6 +76,7 @@ private:
     std::thread m_thread; ///< Guarded by m_mutex.
     Objects *m_objects = nullptr; ///< Constant while m_isRunning.
     std::atomic<bool> m_isStopping{false};
+    const char *m_stopReason = "the program ends";
     EventQueue m_events;
 };
 

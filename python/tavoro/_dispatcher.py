@@ -5,6 +5,7 @@ from __future__ import annotations
 import atexit
 import itertools
 import logging
+import os
 import threading
 from collections.abc import Callable
 
@@ -55,3 +56,4 @@ def _stop() -> None:
 
 
 atexit.register(_stop)
+os.register_at_fork(after_in_child=_core.abandon)

@@ -18,14 +18,14 @@ class Courier {
 public:
     using Function = std::function<void()>;
 
-    /// Runs \a function later, in the order of the calls. Drops it if the courier is closed. Any
-    /// thread.
+    /// Runs \a function later, in the order of the calls, and destroys it on the courier's thread.
+    /// Drops it if the courier is closed. Any thread.
     void post(Function function)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (!m_receiver)
             return;
-        m_functions.push_back(std::move(function));
+        m_functions.emplace_back().swap(function); // so that nothing remains on this thread
         QCoreApplication::postEvent(m_receiver.get(), new QEvent(QEvent::User));
     }
 

@@ -91,8 +91,11 @@ void Gateway::stop()
     for (const auto &entry : m_devices)
         entry.second->leave();
     const auto sessions = m_session.devices();
-    for (DeviceSession *const session : sessions)
-        session->close();
+    for (DeviceSession *const session : sessions) {
+        const auto found = m_devices.find(session);
+        if (found == m_devices.end() || !found->second->isLeaving())
+            session->close();
+    }
     announce(false);
     m_stopTime.start();
     m_stopping.start();
@@ -102,7 +105,7 @@ void Gateway::continueStopping()
 {
     bool isBusy = m_outbox.size() > 0 || !m_broker.isIdle();
     for (const auto &entry : m_devices)
-        isBusy = isBusy || entry.second->isBusy();
+        isBusy = isBusy || entry.second->isBusy() || entry.second->isLeaving();
     if (isBusy && m_stopTime.elapsed() < longestStop && m_broker.isConnected())
         return;
     m_stopping.stop();
@@ -140,8 +143,9 @@ void Gateway::addDevice(DeviceSession &session, const QString &serial)
 {
     qCInfo(gatewayLog, "The device at %s has the serial number %s.",
            qUtf8Printable(session.address()), qUtf8Printable(serial));
-    const GatewayDevice::Surroundings surroundings{m_broker, m_outbox, m_turns, m_config.name,
-                                                   m_config.calls};
+    const GatewayDevice::Surroundings surroundings{
+        m_broker,      m_outbox,       m_turns,
+        m_config.name, m_config.calls, std::chrono::seconds(m_config.leaseSeconds)};
     auto device = std::make_unique<GatewayDevice>(surroundings, session, serial);
     connect(device.get(), &GatewayDevice::callRepeated, this,
             [this] { ++m_counters.repeatedCalls; });
@@ -156,9 +160,9 @@ Counters Gateway::counters() const
 {
     Counters counters = m_counters;
     counters.isBrokerConnected = m_broker.isConnected();
-    counters.unansweredMessages = static_cast<int>(m_outbox.size());
+    counters.unansweredMessages = m_outbox.size();
     const auto sessions = m_session.devices();
-    counters.devices = static_cast<int>(sessions.size());
+    counters.devices = static_cast<quint64>(sessions.size());
     for (const DeviceSession *const session : sessions)
         counters.readyDevices += session->isReady();
     for (const auto &entry : m_devices)

@@ -70,3 +70,22 @@ def test_the_interpreter_ends_with(start_simulator: Callable[..., Simulator], re
         script.write_line("end")
     code, _, errors = script.finish()
     assert (code, "Fatal" in errors, "Traceback" in errors) == (0, False, False), errors
+
+
+def test_a_forked_process_has_no_device(simulator: Simulator) -> None:
+    script = Script(
+        """
+        import os, sys, tavoro
+        with tavoro.Device("127.0.0.1", int(sys.argv[1]), timeout=60) as wall:
+            child = os.fork()
+            if not child:
+                try:
+                    wall.screen.read_details()
+                except tavoro.NotSent as failure:
+                    print(failure, flush=True)
+                os._exit(3)
+            print(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), len(wall.screen.read_details()))
+        """,
+        simulator.port,
+    )
+    assert script.finish() == (0, "The request was not sent: the process was forked.\n3 2\n", "")

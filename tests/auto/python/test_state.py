@@ -69,8 +69,9 @@ def test_the_updated_state_has_what_a_call_has_changed(wall: tavoro.Device) -> N
 
 
 def test_reports_of_the_device_change_the_state(simulator: Simulator, wall: tavoro.Device) -> None:
-    simulator.console("genlock 1")
-    wait_until(lambda: wall.state.device.genlockSignal.status == 1)
+    assert wall.state.device.genlockSignal.status == 1
+    simulator.console("genlock 0")
+    wait_until(lambda: wall.state.device.genlockSignal.status == 0)
 
 
 def test_a_callback_gets_what_has_changed(wall: tavoro.Device) -> None:

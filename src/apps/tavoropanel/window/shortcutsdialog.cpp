@@ -26,6 +26,10 @@ constexpr NoteRow notes[] = {
     {"Ctrl+1 … Ctrl+9", TEXT("Selects or deselects a screen for the live controls.")},
     {"Tab",             TEXT("Moves to the next control. The space bar then operates a button that has the focus.")},
     {"← →",             TEXT("Moves the T-bar while it has the focus.")},
+    {"Tab",             TEXT("On the canvas: selects the next layer of the selected screens.")},
+    {"← → ↑ ↓",         TEXT("On the canvas: moves the selected layer by 1 pixel, with Shift by 10. Without one: selects scene and screen.")},
+    {"Ctrl+← → ↑ ↓",    TEXT("On the canvas: moves the right and lower edges of the selected layer.")},
+    {"Shift+F10",       TEXT("Opens the menu of the selected layer or preset.")},
 };
 // clang-format on
 

@@ -55,7 +55,7 @@ public:
     /// Called once for each message.
     using Delivered = std::function<void(Delivery delivery)>;
 
-    /// The broker publishes \a will when the connection is lost.
+    /// The broker publishes \a will, unless its topic is empty, when the connection is lost.
     BrokerConnection(const BrokerOptions &options, const BrokerMessage &will,
                      QObject *parent = nullptr);
     ~BrokerConnection() override;

@@ -21,10 +21,14 @@ mosquitto *makeClient(const QString &clientId, void *owner)
     return mosquitto_new(clientId.toUtf8().constData(), true, owner);
 }
 
+/// Words for the end of a sentence.
 QString textOf(int result)
 {
-    return QString::fromLocal8Bit(result == MOSQ_ERR_ERRNO ? std::strerror(errno)
-                                                           : mosquitto_strerror(result));
+    QString text = QString::fromLocal8Bit(result == MOSQ_ERR_ERRNO ? std::strerror(errno)
+                                                                   : mosquitto_strerror(result));
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
 }
 
 /// A null pointer for an empty text, as the library expects.
@@ -109,9 +113,10 @@ void MosquittoClient::setUp(const BrokerMessage &will)
     mosquitto_int_option(m_client, MOSQ_OPT_TCP_NODELAY, 1);
     mosquitto_int_option(m_client, MOSQ_OPT_RECEIVE_MAXIMUM, mostInFlight);
     mosquitto_int_option(m_client, MOSQ_OPT_SEND_MAXIMUM, mostInFlight);
-    mosquitto_will_set_v5(m_client, will.topic.toUtf8().constData(),
-                          static_cast<int>(will.payload.size()), will.payload.constData(), will.qos,
-                          will.isRetained, nullptr);
+    if (!will.topic.isEmpty())
+        mosquitto_will_set_v5(m_client, will.topic.toUtf8().constData(),
+                              static_cast<int>(will.payload.size()), will.payload.constData(),
+                              will.qos, will.isRetained, nullptr);
     if (!m_options.user.isEmpty())
         mosquitto_username_pw_set(m_client, m_options.user.toUtf8().constData(),
                                   orNull(m_options.password));

@@ -28,7 +28,7 @@ public:
         bool receivesRetained = true; ///< Also what was retained before the subscription.
     };
 
-    /// The broker publishes \a will when the connection is lost.
+    /// The broker publishes \a will, unless its topic is empty, when the connection is lost.
     MosquittoClient(const BrokerOptions &options, const BrokerMessage &will);
     ~MosquittoClient() override;
 

@@ -48,7 +48,8 @@ void RememberedCalls::end(const CallRequest &call, const CallAnswer &answer)
         m_calls.remove(call.key);
         return;
     }
-    m_calls.insert(call.key, {contentOf(call), answer});
+    const bool isKnown = found != m_calls.end(); // otherwise another gateway has received it
+    m_calls.insert(call.key, {isKnown ? found->content : contentOf(call), answer});
     m_ended.push_back(call.key);
     if (m_ended.size() > mostEnded) {
         m_calls.remove(m_ended.front());

@@ -107,6 +107,7 @@ constexpr KeyRow rows[] = {
     {"devices",                setDevices},
     {"discovery",              [](GateConfig &config, const QJsonValue &value) { return setFlag(config.usesDiscovery, value); }},
     {"controlIdleSeconds",     [](GateConfig &config, const QJsonValue &value) { return setNumber(config.controlIdleSeconds, value, 1, 3600); }},
+    {"leaseSeconds",           [](GateConfig &config, const QJsonValue &value) { return setNumber(config.leaseSeconds, value, 0, 3600); }},
     {"calls.requireUser",      [](GateConfig &config, const QJsonValue &value) { return setFlag(config.calls.requiresUser, value); }},
     {"metricsFile",            [](GateConfig &config, const QJsonValue &value) { return setText(config.metricsFile, value); }},
 };

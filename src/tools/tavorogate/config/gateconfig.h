@@ -18,6 +18,8 @@ struct GateConfig {
     QList<QPair<QString, quint16>> devices; ///< Host and port.
     bool usesDiscovery = false; ///< Also works for each device that is found on the network.
     int controlIdleSeconds = 5; ///< After this time without a call control is given up.
+    /// Time of the leases by which several gateways share devices; 0 if this is the only gateway.
+    int leaseSeconds = 5;
     CallRules calls;
     QString metricsFile; ///< Where the counters are written; empty: nowhere.
 };

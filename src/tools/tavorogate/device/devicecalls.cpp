@@ -3,13 +3,25 @@
 #include <tavorogate/broker/outbox.h>
 #include <tavorogate/ownership/deviceownership.h>
 #include <tavorogate/topics/topics.h>
+#include <tavorooperations/operation.h>
 #include <tavorosession/devicesession.h>
 
+#include <QLoggingCategory>
 #include <QPointer>
 
 #include <algorithm>
+#include <chrono>
 
 namespace Tavoro::Gate {
+
+namespace {
+
+Q_LOGGING_CATEGORY(callsLog, "tavoro.gate.calls")
+
+/// How long a call waits for a gateway that becomes active. Later the caller may not expect it.
+constexpr std::chrono::seconds longestWait(30);
+
+} // namespace
 
 DeviceCalls::DeviceCalls(const Surroundings &surroundings, const QString &serial,
                          const CallRules &rules)
@@ -19,6 +31,7 @@ DeviceCalls::DeviceCalls(const Surroundings &surroundings, const QString &serial
     connect(ownership, &DeviceOwnership::activeChanged, this, &DeviceCalls::startNext);
     connect(ownership, &DeviceOwnership::claimedElsewhere, this, &DeviceCalls::dropWaiting);
     connect(ownership, &DeviceOwnership::endedElsewhere, this, &DeviceCalls::endElsewhere);
+    connect(ownership, &DeviceOwnership::claimsMissed, this, &DeviceCalls::dropAllWaiting);
     connect(&surroundings.broker, &BrokerConnection::connected, this, &DeviceCalls::startNext);
     BrokerConnection::SubscribeOptions options;
     options.receivesRetained = false; // A retained call would be carried out on each connection.
@@ -61,51 +74,85 @@ void DeviceCalls::accept(const CallRequest &call)
 
 void DeviceCalls::enqueue(const CallRequest &call)
 {
-    if (m_waiting.size() >= mostWaiting)
+    const bool isActive = m_surroundings.ownership.isActive();
+    if (isActive && m_waiting.size() >= mostWaiting)
         return end(call, CallAnswer::notSent(tr("too many calls wait")));
+    if (m_waiting.size() >= mostKept)
+        return; // the active gateway answers it
     m_waiting.push_back(call);
+    if (!isActive)
+        m_waiting.back().deadline = std::min(call.deadline, QDeadlineTimer(longestWait));
     startNext();
 }
 
 void DeviceCalls::startNext()
 {
-    if (m_isBusy || m_waiting.empty() || !m_surroundings.ownership.isActive())
-        return;
-    m_isBusy = true;
-    const CallRequest call = m_waiting.front();
-    m_waiting.pop_front();
-    const QPointer<DeviceCalls> self(this);
-    m_surroundings.ownership.claim(call, [self, call](DeviceOwnership::Claim claim) {
-        if (!self)
-            return;
-        if (claim == DeviceOwnership::Claim::Granted)
-            return self->send(call);
-        self->m_isBusy = false;
-        self->m_waiting.push_front(call);
-    });
+    while (!m_isBusy && !m_waiting.empty() && m_surroundings.ownership.isActive()) {
+        const CallRequest call = m_waiting.front();
+        m_waiting.pop_front();
+        if (call.deadline.hasExpired())
+            end(call, CallAnswer::notSent(tr("the message has expired")));
+        else
+            send(call);
+    }
 }
 
+/// A write is claimed when it is ready to be sent. A read changes nothing: it needs no claim.
 void DeviceCalls::send(const CallRequest &call)
 {
-    const auto finish = [this, call](const CallAnswer &answer) {
-        m_isBusy = false;
-        end(call, answer);
-        startNext();
+    m_isBusy = true;
+    m_isAnswered = m_isImpossible = false;
+    m_current = call.key;
+    const QPointer<DeviceCalls> self(this);
+    const auto claim = [self, call](const SendPermission &permission) {
+        if (self)
+            self->claim(call, permission);
     };
-    if (call.deadline.hasExpired())
-        return finish(CallAnswer::notSent(tr("the message has expired")));
-    m_surroundings.session.callByName(call.operation, call.arguments)
-        .then(this,
-              [finish](const Answer<std::string> &answer) { finish(CallAnswer::of(answer)); });
+    m_surroundings.session.callAnnounced(call.operation, call.arguments, claim)
+        .then(this, [this, call](const Answer<std::string> &answer) { finish(call, answer); });
+}
+
+void DeviceCalls::claim(const CallRequest &call, const SendPermission &permission)
+{
+    const QPointer<DeviceCalls> self(this);
+    m_surroundings.ownership.claim(
+        call, permission.request(), [self, permission](DeviceOwnership::Claim claim) {
+            if (self)
+                self->m_isImpossible = claim == DeviceOwnership::Claim::Impossible;
+            if (claim == DeviceOwnership::Claim::Granted)
+                permission.send();
+            else
+                permission.refuse();
+        });
+}
+
+/// Only the active gateway answers. Of a call that was sent, the gateway that is active next learns
+/// the outcome from the device.
+void DeviceCalls::finish(const CallRequest &call, const Answer<std::string> &answer)
+{
+    m_isBusy = false;
+    const auto operation = Operations::find(call.operation);
+    const bool isRead = operation && operation->direction() == Operations::Direction::Read;
+    const bool isActive = m_surroundings.ownership.isActive();
+    const bool mayBeRepeated = answer.isCanceled() || (isRead && !isActive);
+    if (m_isAnswered || (!mayBeRepeated && !isActive))
+        m_surroundings.ownership.abandon(call);
+    else if (m_isImpossible)
+        end(call, CallAnswer::notSent(tr("the broker does not permit the gateway's claims")));
+    else if (mayBeRepeated)
+        m_waiting.push_front(call);
+    else
+        end(call, CallAnswer::of(answer));
+    startNext();
 }
 
 void DeviceCalls::end(const CallRequest &call, const CallAnswer &answer)
 {
-    if (call.fault.isEmpty()) {
+    if (call.fault.isEmpty())
         m_remembered.end(call, answer);
-        m_surroundings.ownership.release(call, answer);
-    }
     publishAnswer(call, answer);
+    if (call.fault.isEmpty())
+        m_surroundings.ownership.release(call, answer);
     Q_EMIT callEnded(call, answer);
 }
 
@@ -128,9 +175,19 @@ void DeviceCalls::dropWaiting(const CallKey &key)
     m_waiting.erase(std::remove_if(m_waiting.begin(), m_waiting.end(), isMeant), m_waiting.end());
 }
 
+/// They may have been carried out by another gateway, which answers them.
+void DeviceCalls::dropAllWaiting()
+{
+    if (!m_waiting.empty())
+        qCWarning(callsLog, "Dropped %zu calls that another gateway may have carried out.",
+                  m_waiting.size());
+    m_waiting.clear();
+}
+
 void DeviceCalls::endElsewhere(const CallRequest &call, const CallAnswer &answer, bool mustAnswer)
 {
     dropWaiting(call.key);
+    m_isAnswered = m_isAnswered || (m_isBusy && call.key == m_current);
     if (mustAnswer)
         return end(call, answer);
     m_remembered.end(call, answer);

@@ -4,11 +4,14 @@
 #include <tavorogate/calls/callanswer.h>
 #include <tavorogate/calls/callrequest.h>
 #include <tavorogate/calls/rememberedcalls.h>
+#include <tavorosession/outcome.h>
+#include <tavorosession/sendpermission.h>
 
 #include <QObject>
 #include <QString>
 
 #include <deque>
+#include <string>
 
 namespace Tavoro {
 class DeviceSession;
@@ -27,6 +30,8 @@ class DeviceCalls : public QObject {
 public:
     /// Calls that may wait. A further one is not sent.
     static constexpr std::size_t mostWaiting = 256;
+    /// Calls that a gateway keeps in case it becomes active.
+    static constexpr std::size_t mostKept = 4096;
 
     /// What the calls need. All of it outlives the object.
     struct Surroundings {
@@ -53,9 +58,12 @@ private:
     void enqueue(const CallRequest &call);
     void startNext();
     void send(const CallRequest &call);
+    void claim(const CallRequest &call, const SendPermission &permission);
+    void finish(const CallRequest &call, const Answer<std::string> &answer);
     void end(const CallRequest &call, const CallAnswer &answer);
     void publishAnswer(const CallRequest &call, const CallAnswer &answer);
     void dropWaiting(const CallKey &key);
+    void dropAllWaiting();
     void endElsewhere(const CallRequest &call, const CallAnswer &answer, bool mustAnswer);
 
     const Surroundings m_surroundings;
@@ -64,6 +72,9 @@ private:
     RememberedCalls m_remembered;
     std::deque<CallRequest> m_waiting;
     bool m_isBusy = false; ///< A call is being claimed or carried out.
+    CallKey m_current; ///< The call that is being claimed or carried out.
+    bool m_isImpossible = false; ///< The broker does not permit its claim.
+    bool m_isAnswered = false; ///< Another gateway has answered it.
     Subscription m_subscription;
 };
 

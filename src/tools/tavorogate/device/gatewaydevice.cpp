@@ -3,15 +3,30 @@
 #include <tavorogate/audit/auditrecord.h>
 #include <tavorogate/broker/outbox.h>
 #include <tavorogate/ownership/alwaysactive.h>
+#include <tavorogate/ownership/leaseownership.h>
 #include <tavorogate/topics/topics.h>
 #include <tavorosession/devicesession.h>
 
 namespace Tavoro::Gate {
 
+namespace {
+
+std::unique_ptr<DeviceOwnership> makeOwnership(const GatewayDevice::Surroundings &surroundings,
+                                               DeviceSession &session, const QString &serial)
+{
+    if (surroundings.leaseTime == std::chrono::seconds::zero())
+        return std::make_unique<AlwaysActive>();
+    return std::make_unique<LeaseOwnership>(
+        surroundings.broker, session, serial,
+        LeaseOwnership::Options{surroundings.gateway, surroundings.leaseTime});
+}
+
+} // namespace
+
 GatewayDevice::GatewayDevice(const Surroundings &surroundings, DeviceSession &session,
                              const QString &serial)
     : m_serial(serial),
-      m_ownership(std::make_unique<AlwaysActive>()),
+      m_ownership(makeOwnership(surroundings, session, serial)),
       m_presence(surroundings.broker, session, serial, surroundings.gateway),
       m_state({surroundings.broker, surroundings.turns, session}, serial,
               Topics::mark(surroundings.gateway, serial)),
@@ -40,10 +55,16 @@ bool GatewayDevice::isActive() const
     return m_ownership->isActive();
 }
 
+bool GatewayDevice::isLeaving() const
+{
+    return m_ownership->isLeaving();
+}
+
 void GatewayDevice::leave()
 {
     m_presence.leave();
     m_state.setActive(false);
+    m_ownership->leave();
 }
 
 } // namespace Tavoro::Gate

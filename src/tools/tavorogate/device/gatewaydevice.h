@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace Tavoro {
@@ -30,6 +31,7 @@ public:
         PublishTurns &turns;
         QString gateway; ///< The name of the gateway.
         CallRules rules;
+        std::chrono::seconds leaseTime{0}; ///< 0: this gateway always works.
     };
 
     GatewayDevice(const Surroundings &surroundings, DeviceSession &session, const QString &serial);
@@ -39,6 +41,8 @@ public:
     bool isActive() const;
     /// True while a call is carried out.
     bool isBusy() const { return m_calls.isBusy(); }
+    /// True while the session must stay open although the gateway ends.
+    bool isLeaving() const;
     /// The gateway ends: publishes that the device is not connected.
     void leave();
 

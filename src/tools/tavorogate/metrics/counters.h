@@ -11,11 +11,12 @@ namespace Tavoro::Gate {
 
 /// What the gateway counts.
 struct Counters {
-    bool isBrokerConnected = false;
-    int devices = 0; ///< That the gateway works for, or would if it were active.
-    int readyDevices = 0;
-    int activeDevices = 0;
-    int unansweredMessages = 0; ///< Answers and audit records that the broker does not have yet.
+    quint64 isBrokerConnected = 0; ///< 0 or 1.
+    quint64 devices = 0; ///< That the gateway works for, or would if it were active.
+    quint64 readyDevices = 0;
+    quint64 activeDevices = 0;
+    quint64 unansweredMessages =
+        0; ///< Answers and audit records that the broker does not have yet.
     quint64 sentMessages = 0;
     quint64 receivedMessages = 0;
     quint64 repeatedCalls = 0;

@@ -10,8 +10,12 @@ class AlwaysActive : public DeviceOwnership {
 
 public:
     bool isActive() const override { return true; }
-    void claim(const CallRequest &call, std::function<void(Claim)> decided) override;
+    void claim(const CallRequest &call, const SSProxy::RequestIdentity &request,
+               std::function<void(Claim)> decided) override;
     void release(const CallRequest &call, const CallAnswer &answer) override;
+    void abandon(const CallRequest &call) override;
+    void leave() override { }
+    bool isLeaving() const override { return false; }
 };
 
 } // namespace Tavoro::Gate

@@ -2,6 +2,7 @@
 
 #include <tavorogate/calls/callanswer.h>
 #include <tavorogate/calls/callrequest.h>
+#include <tavorossproxy/exchangewatch.h>
 
 #include <QObject>
 
@@ -20,23 +21,36 @@ public:
     /// What a gateway may do with a call after claim().
     enum class Claim : quint8 {
         Granted, ///< Carry it out.
+        Impossible, ///< Do not carry it out: the broker does not permit the announcement.
         Postponed, ///< Keep it. The gateway is not active any more, or has no broker.
     };
 
     /// True if this gateway publishes state and carries out calls.
     virtual bool isActive() const = 0;
 
-    /// Announces that this gateway is about to carry out \a call, and calls \a decided once, when
-    /// others know of it or cannot know of it. At most one call is claimed at a time.
-    virtual void claim(const CallRequest &call, std::function<void(Claim)> decided) = 0;
+    /// Announces that this gateway is about to send \a call, a write, as \a request, and calls
+    /// \a decided at most once, when others know of it or need not know of it. At most one call is
+    /// claimed at a time.
+    virtual void claim(const CallRequest &call, const SSProxy::RequestIdentity &request,
+                       std::function<void(Claim)> decided) = 0;
 
-    /// The call has ended, and its answer is about to be published.
+    /// The call has ended, and its answer was published before.
     virtual void release(const CallRequest &call, const CallAnswer &answer) = 0;
+
+    /// The call has ended while this gateway was not active. The gateway that is active next finds
+    /// out what became of it and answers it.
+    virtual void abandon(const CallRequest &call) = 0;
+
+    /// The gateway ends: lets another one work. The session must stay open while isLeaving().
+    virtual void leave() = 0;
+    virtual bool isLeaving() const = 0;
 
 Q_SIGNALS:
     void activeChanged(bool isActive);
     /// Another gateway has claimed the call. This one drops it if it waits.
     void claimedElsewhere(const Tavoro::Gate::CallKey &key);
+    /// This gateway has missed claims: calls that wait may have been carried out.
+    void claimsMissed();
     /// The call has this answer, which another gateway has published or this one is to publish: if
     /// \a mustAnswer is true, this gateway answers it for one that is gone.
     void endedElsewhere(const Tavoro::Gate::CallRequest &call,

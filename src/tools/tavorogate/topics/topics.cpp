@@ -22,6 +22,7 @@ QString Topics::mark(const QString &gateway, const QString &serial)   { return o
 QString Topics::deviceOnline(const QString &serial)                   { return ofDevice(serial, "online"); }
 QString Topics::state(const QString &serial)                          { return ofDevice(serial, "state/"); }
 QString Topics::call(const QString &serial)                           { return ofDevice(serial, "call/"); }
+QString Topics::claim(const QString &serial)                          { return ofDevice(serial, "claim"); }
 QString Topics::audit(const QString &serial)                          { return ofDevice(serial, "audit"); }
 QString Topics::answers()                                             { return QStringLiteral("tavoro/answer/"); }
 QString Topics::answersTo(const QString &user)                        { return answers() + user + QLatin1Char('/'); }

@@ -16,6 +16,8 @@ QString deviceOnline(const QString &serial);
 QString state(const QString &serial);
 /// The beginning of all topics for calls to a device, with a slash at the end.
 QString call(const QString &serial);
+/// What the active gateway is about to send to the device, for the other gateways.
+QString claim(const QString &serial);
 /// Who called what on the device, and what became of it.
 QString audit(const QString &serial);
 

@@ -2,14 +2,12 @@
 #include <support/tavoropanel/windowbench.h>
 #include <support/tavorosession/devicelog.h>
 
-#include <tavorocontrol/screen.h>
 #include <tavoropanel/live/livebutton.h>
 #include <tavoropanel/live/screenbutton.h>
 #include <tavoropanel/live/statusline.h>
 #include <tavoropanel/live/tbar.h>
 
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QToolButton>
 
 using namespace Tavoro;
@@ -21,7 +19,6 @@ namespace {
 
 constexpr quint16 freezeCode = 0x1309;
 constexpr quint16 fadeCode = 0x130A;
-constexpr quint16 tBarCode = 0x130D;
 constexpr quint16 takeCode = 0x130E;
 const QString quietTake = QStringLiteral(
     R"([{"screenId":1,"screenType":1,"switchEffect":{"time":%1,"direction":0,"type":1}}])");
@@ -50,9 +47,6 @@ private Q_SLOTS:
     void freezeAndFadeAreShownAndReleased();
     void screensDifferInFreeze();
     void screenIsSelectedByMouseAndKeyboard();
-    void tBarIsDraggedToTheTake();
-    void tBarIsMovedByKeys();
-    void tBarFollowsTheDevice();
     void failedTakeIsShownWhereTheOperatorLooks();
     void nextTakeRemovesTheFailure();
     void unknownOutcomeIsShownAndThenTheAnswer();
@@ -212,44 +206,6 @@ void tst_PanelLive::screenIsSelectedByMouseAndKeyboard()
     QTRY_COMPARE(count(), 1);
     QVERIFY(!screenButton(0).isChecked());
     QVERIFY(screenButton(1).isChecked());
-}
-
-void tst_PanelLive::tBarIsDraggedToTheTake()
-{
-    DeviceLog log;
-    TBar &bar = tBar();
-    QSignalSpy moved(&bar, &TBar::moved);
-    const int middle = (bar.height() + bar.fontMetrics().lineSpacing()) / 2;
-    WindowBench::drag(bar, {16, middle}, {bar.width(), middle});
-    QVERIFY(moved.count() >= 3);
-    QCOMPARE(moved.at(moved.count() - 2).first().toInt(), 100);
-    QCOMPARE(bar.value(), 0);
-
-    const auto body = [](int percent) {
-        return QStringLiteral(R"([{"screenId":1,"screenType":1,"tbar":{"percent":%1}}])")
-            .arg(percent);
-    };
-    QTRY_COMPARE(log.writes(tBarCode).value(log.writes(tBarCode).size() - 1), body(0));
-    QCOMPARE(log.writes(tBarCode).count(body(100)), 1);
-}
-
-void tst_PanelLive::tBarIsMovedByKeys()
-{
-    tBar().setFocus();
-    QTest::keyClick(&tBar(), Qt::Key_Right);
-    QTest::keyClick(&tBar(), Qt::Key_PageUp);
-    QCOMPARE(tBar().value(), 12);
-    QTRY_COMPARE(m_bench->screen(1, 1).tbar.percent, 12);
-}
-
-void tst_PanelLive::tBarFollowsTheDevice()
-{
-    ProtoModel::Screen::s_TBar bar;
-    bar.screenId = 1;
-    bar.screenType = 1;
-    bar.tbar.percent = 40;
-    QVERIFY(resultOf(m_bench->wall->call(&Control::Screen::writeTBar, {bar})));
-    QTRY_COMPARE(tBar().value(), 40);
 }
 
 void tst_PanelLive::failedTakeIsShownWhereTheOperatorLooks()

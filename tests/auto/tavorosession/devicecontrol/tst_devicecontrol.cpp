@@ -42,6 +42,7 @@ private Q_SLOTS:
     void holderIsAPropertyWithASignal();
     void holderIsKnownAfterConnecting();
     void refusalThatTheDeviceConfirmsLaterNamesTheHolder();
+    void holderFollowsToAThirdClient();
     void lostConnectionHasNoHolder();
 
 private:
@@ -328,6 +329,22 @@ void tst_DeviceControl::refusalThatTheDeviceConfirmsLaterNamesTheHolder()
     const Outcome write = resultOf(callSwap());
     QCOMPARE(int(write.kind()), int(Outcome::Refused));
     QCOMPARE(write.reason(), QStringLiteral("the device is controlled by ") + holder());
+}
+
+/// The device reports nothing to a client for which others controlled it before, too.
+void tst_DeviceControl::holderFollowsToAThirdClient()
+{
+    QVERIFY(otherRequests(ControlAction::Take));
+    const QString second = holder();
+    QTRY_COMPARE(wall().controlHolder(), second);
+    QSignalSpy changed(&wall(), &DeviceSession::controlChanged);
+    const TcpConnection client(m_bench->running->simulator->port());
+    QString error;
+    QVERIFY2(client.channel->requestControl(ControlAction::Force, error), qPrintable(error));
+    const QString third = holder();
+    QVERIFY(third != second);
+    QTRY_COMPARE(wall().controlHolder(), third);
+    QCOMPARE(changed.size(), 0);
 }
 
 void tst_DeviceControl::lostConnectionHasNoHolder()

@@ -42,6 +42,9 @@ private Q_SLOTS:
     void writeWithALostAnswerFollowsToo();
     void failedReadIsFollowedByAReadingOfTheDevice();
     void onlyWhatDiffersIsSignalled();
+    void updateOfTheModelIsFalseAfterClosing();
+    void updateOfTheModelIsFalseAfterAnIncompleteReading();
+    void updateOfTheModelWaitsForTheReadingAfterALoss();
     void reportDuringAReadingIsNotLost();
     void reportDuringAReadAfterAWriteIsNotLost();
 
@@ -197,6 +200,42 @@ void tst_ModelFollows::onlyWhatDiffersIsSignalled()
     QTRY_COMPARE(moved.size(), 1);
     QCOMPARE(device.size(), 0);
     QCOMPARE(screen.size(), 0);
+}
+
+void tst_ModelFollows::updateOfTheModelIsFalseAfterClosing()
+{
+    QVERIFY(m_bench->addFault("hold,code=0x1400,count=1"));
+    QVERIFY(resultOf(moveTo(31)));
+    const auto update = wall().modelUpdate();
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(!update.future().isFinished());
+    wall().close();
+    QVERIFY(!resultOf(update));
+    const auto later = wall().modelUpdate();
+    QVERIFY(later.future().isFinished() && !resultOf(later));
+}
+
+/// The read after the write fails, and so does that of the reading that follows.
+void tst_ModelFollows::updateOfTheModelIsFalseAfterAnIncompleteReading()
+{
+    QVERIFY(m_bench->addFault("status=8,code=0x1400,count=2"));
+    QVERIFY(resultOf(moveTo(32)));
+    QVERIFY(!resultOf(wall().modelUpdate()));
+    QVERIFY(!m_bench->hasFaults());
+}
+
+void tst_ModelFollows::updateOfTheModelWaitsForTheReadingAfterALoss()
+{
+    QVERIFY(m_bench->addFault("drop-request,code=0x1400,count=1"));
+    QVERIFY(m_bench->addFault("hold,code=0x1100,count=1")); // the reading
+    QVERIFY(resultOf(moveTo(33)));
+    const auto update = wall().modelUpdate();
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QCOMPARE(int(wall().state().kind), int(DeviceState::Reading));
+    QVERIFY(!update.future().isFinished());
+    QVERIFY(m_bench->releaseAnswers());
+    QVERIFY(resultOf(update));
+    QCOMPARE(int(layer()->detail().window.x), 33);
 }
 
 /// The interfaces have been read before the report, and are applied after it.

@@ -78,7 +78,8 @@ void tst_Dissector::initTestCase()
 
 void tst_Dissector::commandsHaveTheNamesOfTheLibrary()
 {
-    QStringList commands{QStringLiteral("257 Control"), QStringLiteral("258 Outcome")};
+    QStringList commands{QStringLiteral("257 Control"), QStringLiteral("258 Outcome"),
+                         QStringLiteral("259 Lease")};
     const QMetaEnum codes = QMetaEnum::fromType<Command>();
     for (int i = 0; i < codes.keyCount(); ++i)
         commands << QStringLiteral("%1 %2").arg(codes.value(i)).arg(QLatin1String(codes.key(i)));

@@ -116,7 +116,7 @@ void tst_WiresharkPage::examplesPrintWhatThePageShows()
 void tst_WiresharkPage::filtersAreValid()
 {
     const QStringList listed = filters();
-    QCOMPARE(listed.size(), 15);
+    QCOMPARE(listed.size(), 16);
     Tshark::lines(m_folder.filePath(QStringLiteral("swap.pcapng")),
                   QLatin1Char('(') + listed.join(QStringLiteral(") or (")) + QLatin1Char(')'));
 }

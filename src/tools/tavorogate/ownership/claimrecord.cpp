@@ -1,0 +1,115 @@
+#include "claimrecord.h"
+
+#include <tavorogate/calls/rememberedcalls.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace Tavoro::Gate {
+
+namespace {
+
+// clang-format off
+const QString sequenceKey    = QStringLiteral("sequence");
+const QString instanceKey    = QStringLiteral("instance");
+const QString gatewayKey     = QStringLiteral("gateway");
+const QString stateKey       = QStringLiteral("state");
+const QString clientKey      = QStringLiteral("client");
+const QString connectionKey  = QStringLiteral("connection");
+const QString requestKey     = QStringLiteral("request");
+const QString operationKey   = QStringLiteral("operation");
+const QString userKey        = QStringLiteral("user");
+const QString verifiedKey    = QStringLiteral("isUserVerified");
+const QString answerTopicKey = QStringLiteral("answerTopic");
+const QString correlationKey = QStringLiteral("correlation");
+const QString outcomeKey     = QStringLiteral("outcome");
+const QString statusKey      = QStringLiteral("status");
+const QString textKey        = QStringLiteral("text");
+const QString recordKey      = QStringLiteral("answer");
+// clang-format on
+
+const QString claimed = QStringLiteral("claimed");
+const QString ended = QStringLiteral("ended");
+
+void addCall(const CallRequest &call, QJsonObject &object)
+{
+    object.insert(operationKey, call.operation);
+    object.insert(userKey, call.user);
+    object.insert(verifiedKey, call.isUserVerified);
+    object.insert(answerTopicKey, call.key.answerTopic);
+    object.insert(correlationKey, QString::fromLatin1(call.key.correlation.toHex()));
+}
+
+CallRequest callOf(const QJsonObject &object)
+{
+    CallRequest call;
+    call.operation = object.value(operationKey).toString();
+    call.user = object.value(userKey).toString();
+    call.isUserVerified = object.value(verifiedKey).toBool();
+    call.key = {call.user, object.value(answerTopicKey).toString(),
+                QByteArray::fromHex(object.value(correlationKey).toString().toLatin1())};
+    call.arrival = QDateTime::currentDateTimeUtc();
+    return call;
+}
+
+void addAnswer(const CallAnswer &answer, QJsonObject &object)
+{
+    object.insert(outcomeKey, static_cast<int>(answer.kind));
+    object.insert(statusKey, answer.status);
+    object.insert(textKey, answer.text);
+    if (answer.record.size() <= RememberedCalls::longestRecord)
+        object.insert(recordKey, QString::fromStdString(answer.record));
+}
+
+CallAnswer answerOf(const QJsonObject &object)
+{
+    return {static_cast<Outcome::Kind>(object.value(outcomeKey).toInt(Outcome::Unknown)),
+            object.value(statusKey).toInt(), object.value(textKey).toString(),
+            object.value(recordKey).toString().toStdString()};
+}
+
+SSProxy::RequestIdentity requestOf(const QJsonObject &object)
+{
+    return {QByteArray::fromHex(object.value(clientKey).toString().toLatin1()).toStdString(),
+            static_cast<quint32>(object.value(connectionKey).toDouble()),
+            static_cast<quint32>(object.value(requestKey).toDouble())};
+}
+
+} // namespace
+
+QByteArray ClaimRecord::toJson() const
+{
+    QJsonObject object{
+        {sequenceKey, static_cast<double>(sequence)},
+        {instanceKey, instance},
+        {gatewayKey, gateway},
+        {stateKey, isEnded ? ended : claimed},
+        {clientKey, QString::fromLatin1(QByteArray::fromStdString(request.client).toHex())},
+        {connectionKey, static_cast<double>(request.connection)},
+        {requestKey, static_cast<double>(request.number)},
+    };
+    addCall(call, object);
+    if (isEnded)
+        addAnswer(answer, object);
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+std::optional<ClaimRecord> ClaimRecord::fromJson(const QByteArray &json)
+{
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    const QString state = object.value(stateKey).toString();
+    if (state != claimed && state != ended)
+        return std::nullopt;
+    ClaimRecord record;
+    record.sequence = static_cast<quint64>(object.value(sequenceKey).toDouble());
+    record.instance = object.value(instanceKey).toString();
+    record.gateway = object.value(gatewayKey).toString();
+    record.isEnded = state == ended;
+    record.request = requestOf(object);
+    record.call = callOf(object);
+    if (record.isEnded)
+        record.answer = answerOf(object);
+    return record;
+}
+
+} // namespace Tavoro::Gate
