@@ -17,7 +17,7 @@ function(tavoro_add_test name)
     qt_generate_moc(${source} ${moc} TARGET tst_${name})
     target_include_directories(tst_${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/moc)
     # Otherwise Qt Test includes all of Qt Network in tests that link it, for comparisons that no test uses.
-    target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB)
+    target_compile_options(tst_${name} PRIVATE -UQT_NETWORK_LIB ${tavoro_folder_macros})
     if(NOT arg_HEADERS)
         set(arg_HEADERS tavoro_testheaders)
     endif()
@@ -29,7 +29,8 @@ function(tavoro_add_test name)
         add_dependencies(threaded_tests tst_${name})
     endif()
     add_test(NAME ${name} COMMAND tst_${name})
-    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300)
+    set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300
+        ENVIRONMENT_MODIFICATION LANGUAGE=set:en) # Tests compare English texts.
     if(name IN_LIST tavoro_long_tests)
         set_tests_properties(${name} PROPERTIES COST 100)
     endif()

@@ -37,11 +37,6 @@ ScopeKind scopeOf(ObjectKind kind)
     return ScopeKind::Device;
 }
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::Models::SessionEditHandler", text);
-}
-
 /// Identifies the value that an edit changes: the operation, and the identity of the object.
 QString valueKey(const Edit &edit, const KeyWrite &write)
 {
@@ -94,16 +89,20 @@ void SessionEditHandler::edit(const Edit &edit, Done done)
 {
     const std::optional<KeyWrite> write = Operations::findWrite(scopeOf(edit.kind), edit.key);
     if (!write)
-        return done(translated("There is no command that writes this value."));
+        return done(QCoreApplication::translate("Tavoro::Models::SessionEditHandler",
+                                                "There is no command that writes this value."));
     DeviceSession *const device = d->session.find(edit.device.lock());
     if (!device)
-        return done(translated("The device is not open."));
+        return done(QCoreApplication::translate("Tavoro::Models::SessionEditHandler",
+                                                "The device is not open."));
     const quint64 number = d->begin(std::move(done));
     // The model is read after the call has ended: only then does it have the new value.
     const auto followed = [this, number](bool isComplete) {
         d->end(number,
                isComplete ? QString()
-                          : translated("The value was written, but could not be read again."));
+                          : QCoreApplication::translate(
+                              "Tavoro::Models::SessionEditHandler",
+                              "The value was written, but could not be read again."));
     };
     device
         ->callLatestByName(valueKey(edit, *write), write->operation().name(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "recordargument_p.h"
+#include "texts_p.h"
 
 #include <QString>
 #include <QStringList>
@@ -47,7 +48,7 @@ public:
     template <class Record, std::enable_if_t<std::is_class_v<Record>, int> = 0>
     void read(Record &record)
     {
-        const std::string text = take(QStringLiteral("a record")).toStdString();
+        const std::string text = take(Texts::tr("a record is missing")).toStdString();
         if (m_fault.isEmpty())
             setFault(readRecord(text, record, m_missing, m_lacksKeys));
     }
@@ -58,8 +59,8 @@ public:
     bool lacksKeys() const { return m_lacksKeys; }
 
 private:
-    /// The next argument. If there is none, reports that \a expected is missing.
-    QString take(const QString &expected);
+    /// The next argument. If there is none, the fault is \a whenMissing.
+    QString take(const QString &whenMissing);
     qint64 takeNumber(qint64 least, qint64 most);
     void setFault(const Fault &fault);
 

@@ -1,5 +1,7 @@
 #include <tavorooperations/schema.h>
 
+#include "operation_p.h"
+
 #include <tavorooperations/jsontext.h>
 
 #include <QJsonArray>
@@ -112,7 +114,8 @@ QJsonObject describe(const Operation &operation)
         {QStringLiteral("name"), operation.name()},
         {QStringLiteral("code"), hexCode(operation.command())},
         {QStringLiteral("type"), isRead ? QStringLiteral("read") : QStringLiteral("write")},
-        {QStringLiteral("summary"), operation.summary()},
+        {QStringLiteral("summary"),
+         QString::fromUtf8(Internal::summaryOf(operation.name().toLatin1().constData()))},
         {QStringLiteral("arguments"), argumentsOf(operation)},
     };
     if (!operation.answer().isEmpty())

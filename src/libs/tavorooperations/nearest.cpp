@@ -1,5 +1,7 @@
 #include <tavorooperations/nearest.h>
 
+#include "texts_p.h"
+
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -64,7 +66,7 @@ QString nearest(const QString &word, const QStringList &names)
 QString suggestion(const QString &word, const QStringList &names)
 {
     const QString name = nearest(word, names);
-    return name.isEmpty() ? name : QStringLiteral("; did you mean \"%1\"").arg(name);
+    return name.isEmpty() ? name : Internal::Texts::tr("; did you mean \"%1\"").arg(name);
 }
 
 } // namespace Tavoro::Operations

@@ -1,6 +1,7 @@
 #include <tavorooperations/operation.h>
 
 #include "operation_p.h"
+#include "texts_p.h"
 
 #include <QLatin1Char>
 
@@ -10,6 +11,7 @@
 namespace Tavoro::Operations {
 
 using Internal::OperationRow;
+using Internal::Texts;
 using Internal::wordsOf;
 
 QStringList Internal::wordsOf(const char *list)
@@ -24,7 +26,7 @@ QString Operation::name() const
 
 QString Operation::summary() const
 {
-    return QString::fromUtf8(Internal::summaryOf(m_row->name));
+    return Texts::tr(Internal::summaryOf(m_row->name));
 }
 
 SSProxy::Command Operation::command() const
@@ -71,7 +73,7 @@ PreparedCall Operation::prepare(const QStringList &arguments, MissingKeys missin
     const auto run = [inner = std::move(call.run), name = name()](const auto &device) {
         CallResult result = inner(device);
         if (!result.ok && result.error.isEmpty()) // Some operations fail without a text.
-            result.error = QStringLiteral("%1 failed.").arg(name);
+            result.error = Texts::tr("%1 failed.").arg(name);
         return result;
     };
     call.run = run;
@@ -88,7 +90,7 @@ CallResult call(const std::weak_ptr<BizModel::Device> &device, const QString &na
 {
     const std::optional<Operation> operation = find(name);
     if (!operation)
-        return {false, QStringLiteral("unknown operation \"%1\"").arg(name), {}};
+        return {false, Texts::tr("unknown operation \"%1\"").arg(name), {}};
     const PreparedCall prepared = operation->prepare(arguments, missing);
     if (!prepared.fault.isEmpty())
         return {false, prepared.fault, {}};

@@ -1,6 +1,7 @@
 #include "recordargument_p.h"
 
 #include "numberrange_p.h"
+#include "texts_p.h"
 
 #include <tavorooperations/jsontext.h>
 #include <tavorooperations/nearest.h>
@@ -24,7 +25,7 @@ namespace {
 
 Fault placed(qint64 line, qint64 column, const QString &words)
 {
-    return QStringLiteral("line %1, column %2: %3").arg(line).arg(column).arg(words);
+    return Texts::tr("line %1, column %2: %3").arg(line).arg(column).arg(words);
 }
 
 /// A fault at the byte \a offset of \a text.
@@ -106,7 +107,7 @@ private:
             const QString key = jsonValue(takeScalar().toStdString()).toString();
             if (!sent.contains(key)) {
                 return placedAt(m_text, start,
-                                QStringLiteral("unknown key \"%1\"%2; the keys here are: %3")
+                                Texts::tr("unknown key \"%1\"%2; the keys here are: %3")
                                     .arg(key, suggestion(key, sent.keys()),
                                          sent.keys().join(QStringLiteral(", "))));
             }
@@ -140,10 +141,12 @@ private:
         const QByteArray typed = takeScalar();
         if (isSame(jsonValue(typed.toStdString()), sent))
             return {};
-        return placedAt(
-            m_text, start,
-            QStringLiteral("%1 would be sent as %2").arg(QString::fromUtf8(typed), jsonText(sent))
-                + rangeNote(typed, path));
+        const QString written = QString::fromUtf8(typed);
+        const bool lostSign = typed.startsWith('-') && sent.toDouble() > 0;
+        const QString fault = lostSign
+            ? Texts::tr("%1 is out of range").arg(written)
+            : Texts::tr("%1 would be sent as %2").arg(written, jsonText(sent));
+        return placedAt(m_text, start, fault + rangeNote(typed, path));
     }
 
     /// The range of a number that does not fit; empty for other values.
@@ -153,7 +156,7 @@ private:
         typed.toDouble(&isNumber);
         const std::optional<NumberLimits> limits = limitsAt(m_type, path);
         return isNumber && limits
-            ? QStringLiteral("; the range is %1 to %2").arg(limits->least).arg(limits->most)
+            ? Texts::tr("; the range is %1 to %2").arg(limits->least).arg(limits->most)
             : QString();
     }
 
@@ -161,6 +164,28 @@ private:
     const QString m_type;
     int m_offset = 0;
     QStringList m_missing;
+};
+
+const QString negativeNumber =
+    QStringLiteral("assign a negative signed integral to unsigned integral number.");
+
+/// The parts of the codec's error texts.
+struct CodecError {
+    qint64 line = 1;
+    qint64 column = 1;
+    QString message;
+
+    static std::optional<CodecError> parse(const std::string &error)
+    {
+        static const QRegularExpression form(
+            QStringLiteral("^error at line :(\\d+) col :(\\d+) msg:(.*)$"));
+        const QRegularExpressionMatch match = form.match(QString::fromStdString(error));
+        if (!match.hasMatch())
+            return std::nullopt;
+        // The codec counts from 0, and its column is the one after the fault.
+        return CodecError{match.captured(1).toLongLong() + 1,
+                          std::max<qint64>(1, match.captured(2).toLongLong()), match.captured(3)};
+    }
 };
 
 } // namespace
@@ -183,21 +208,36 @@ Fault faultOfShape(const std::string &text, bool expectsList)
     if (start == std::string::npos || (text[start] == '[') == expectsList)
         return {};
     return placedAt(bytes, static_cast<int>(start),
-                    expectsList ? QStringLiteral("expected a list [...], found an object")
-                                : QStringLiteral("expected an object {...}, found a list"));
+                    expectsList ? Texts::tr("expected a list [...], found an object")
+                                : Texts::tr("expected an object {...}, found a list"));
 }
 
 Fault faultOfCodec(const std::string &error)
 {
-    QString text = QString::fromStdString(error);
-    static const QRegularExpression form(
-        QStringLiteral("^error at line :(\\d+) col :(\\d+) msg:(.*)$"));
-    const QRegularExpressionMatch match = form.match(text);
-    if (!match.hasMatch())
-        return text;
-    // The codec counts from 0, and its column is the one after the fault.
-    const qint64 column = std::max<qint64>(1, match.captured(2).toLongLong());
-    return placed(match.captured(1).toLongLong() + 1, column, match.captured(3));
+    const std::optional<CodecError> parts = CodecError::parse(error);
+    return parts ? placed(parts->line, parts->column, parts->message)
+                 : QString::fromStdString(error);
+}
+
+bool removeNegativeSign(std::string &text, const std::string &error)
+{
+    const std::optional<CodecError> parts = CodecError::parse(error);
+    if (!parts || parts->message != negativeNumber)
+        return false;
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    int lineStart = 0;
+    for (qint64 line = 1; line < parts->line; ++line)
+        lineStart = bytes.indexOf('\n', lineStart) + 1;
+    const int sign = bytes.lastIndexOf('-', lineStart + static_cast<int>(parts->column) - 1);
+    if (sign < lineStart)
+        return false;
+    text[static_cast<std::size_t>(sign)] = ' ';
+    return true;
+}
+
+Fault faultOfSign(const std::string &text, const std::string &decoded, const QString &type)
+{
+    return RecordComparison(QByteArray::fromStdString(text), type).compare(jsonValue(decoded));
 }
 
 Fault faultOfMeaning(const std::string &text, const std::string &sent, const QString &type,
@@ -209,7 +249,7 @@ Fault faultOfMeaning(const std::string &text, const std::string &sent, const QSt
     if (!fault.isEmpty() || keys.isEmpty() || missing == MissingKeys::SentAsDefaults)
         return fault;
     lacksKeys = true;
-    return QStringLiteral("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
+    return Texts::tr("missing keys: %1").arg(keys.join(QStringLiteral(", ")));
 }
 
 } // namespace Tavoro::Operations::Internal

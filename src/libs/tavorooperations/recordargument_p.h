@@ -28,6 +28,14 @@ Fault faultOfShape(const std::string &text, bool expectsList);
 /// Converts the codec's error text to the form that callers get.
 Fault faultOfCodec(const std::string &error);
 
+/// Replaces the sign of the negative number that \a error refuses with a blank. Returns false if
+/// the codec refused \a text for another reason.
+bool removeNegativeSign(std::string &text, const std::string &error);
+
+/// The fault of the first negative number in \a text whose field is unsigned, with its range.
+/// \a decoded is the record of the text without these signs, and \a type its name.
+Fault faultOfSign(const std::string &text, const std::string &decoded, const QString &type);
+
 /// Compares \a text with \a sent, the record that was decoded from it and would be sent.
 ///
 /// The codec is lenient: it skips unknown keys, truncates numbers to the width of their field,
@@ -52,6 +60,24 @@ struct TypeName<std::vector<Record>> {
     static QString text() { return QLatin1Char('[') + TypeName<Record>::text() + QLatin1Char(']'); }
 };
 
+/// The fault of a text that the codec refuses with \a error.
+template <class Record>
+Fault faultOfRefused(const std::string &text, const std::string &error)
+{
+    std::string decodable = text;
+    std::string next = error;
+    while (removeNegativeSign(decodable, next)) {
+        Record record{};
+        if (!ajson::decodeRecord(decodable, record, next))
+            continue;
+        std::string decoded;
+        ajson::encodeRecord(record, decoded);
+        const Fault fault = faultOfSign(text, decoded, TypeName<Record>::text());
+        return fault.isEmpty() ? faultOfCodec(error) : fault;
+    }
+    return faultOfCodec(error);
+}
+
 /// Decodes \a text into \a record.
 template <class Record>
 Fault readRecord(const std::string &text, Record &record, MissingKeys missing, bool &lacksKeys)
@@ -63,7 +89,7 @@ Fault readRecord(const std::string &text, Record &record, MissingKeys missing, b
         return fault;
     std::string error;
     if (!ajson::decodeRecord(text, record, error))
-        return faultOfCodec(error);
+        return faultOfRefused<Record>(text, error);
     std::string sent;
     ajson::encodeRecord(record, sent);
     return faultOfMeaning(text, sent, TypeName<Record>::text(), missing, lacksKeys);

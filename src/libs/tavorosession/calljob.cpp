@@ -20,7 +20,11 @@ void nameHolder(const CallTarget &target, CallResult &result)
 void CallJob::run()
 {
     result = carryOut();
-    courier->post([self = shared_from_this()] { self->finished(self); });
+}
+
+void CallJob::deliver()
+{
+    finished(shared_from_this());
 }
 
 /// The command that was sent, or that the operation would have sent.
@@ -41,6 +45,11 @@ ControlUse CallJob::controlUse() const
     const auto entry = operation->operation();
     return entry && entry->direction() == Operations::Direction::Write ? ControlUse::Takes
                                                                        : ControlUse::None;
+}
+
+CallLane CallJob::lane() const
+{
+    return operation->isTransfer() ? CallLane::Transfers : CallLane::Commands;
 }
 
 CallResult CallJob::carryOut()

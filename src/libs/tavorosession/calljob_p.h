@@ -1,7 +1,6 @@
 #pragma once
 
 #include "callresult_p.h"
-#include "courier_p.h"
 #include "groupgate_p.h"
 #include "lane_p.h"
 #include "reportcounts_p.h"
@@ -37,6 +36,13 @@ enum class ControlUse {
     GivesUp
 };
 
+/// The lane of a call.
+enum class CallLane {
+    Commands,
+    Transfers,
+    Lease, ///< Its calls do not wait for others, since a lease ends in time.
+};
+
 /// A call of the application, on its way through a lane.
 ///
 /// | member                               | thread                                        |
@@ -50,9 +56,13 @@ public:
     explicit CallJob(std::shared_ptr<PendingOperation> call) : operation(std::move(call)) { }
 
     void run() override;
+    void deliver() override;
     /// Name of the call for its outcome, translated. On the courier's thread.
     virtual QString label() const;
     virtual ControlUse controlUse() const;
+    virtual CallLane lane() const;
+    /// The session does not wait for the call any more: run() must end soon. Any thread.
+    virtual void abandon() { }
 
     const std::shared_ptr<PendingOperation> operation;
     bool isQuiet = false; ///< The application learns nothing of this call.
@@ -63,7 +73,6 @@ public:
     // Set by CallQueue before a lane has the job.
     QString key; ///< Of a call that replaces a waiting one; otherwise empty.
     std::shared_ptr<const CallTarget> target;
-    std::shared_ptr<Courier> courier;
     std::function<void(const std::shared_ptr<CallJob> &)> finished; ///< run() has ended.
 
     CallResult result;

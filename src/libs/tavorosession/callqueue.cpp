@@ -5,14 +5,14 @@
 
 namespace Tavoro::SessionInternal {
 
-CallQueue::CallQueue(QThreadPool &pool, std::shared_ptr<Courier> courier, int limit,
+CallQueue::CallQueue(QThreadPool &pool, const std::shared_ptr<Courier> &courier, int limit,
                      std::chrono::milliseconds outcomeTime, Deliver deliver)
-    : m_courier(courier),
-      m_limit(static_cast<std::size_t>(std::max(limit, 1))),
+    : m_limit(static_cast<std::size_t>(std::max(limit, 1))),
       m_deliver(std::move(deliver)),
-      m_commands(std::make_shared<Lane>(pool)),
-      m_transfers(std::make_shared<Lane>(pool)),
-      m_unknown(pool, std::move(courier), outcomeTime,
+      m_commands(std::make_shared<Lane>(pool, courier)),
+      m_transfers(std::make_shared<Lane>(pool, courier)),
+      m_lease(std::make_shared<Lane>(pool, courier)),
+      m_unknown(pool, courier, outcomeTime,
                 [this](const JobPtr &job, const CallResult &result) { end(job, result); }),
       m_self(std::make_shared<CallQueue *>(this))
 { }
@@ -34,7 +34,6 @@ void CallQueue::start(JobPtr job, const QString &key)
 {
     job->key = key;
     job->target = m_target;
-    job->courier = m_courier;
     job->finished = [weak = std::weak_ptr<CallQueue *>(m_self)](const JobPtr &ended) {
         if (const auto self = weak.lock())
             (*self)->finished(ended);
@@ -52,9 +51,24 @@ void CallQueue::start(JobPtr job, const QString &key)
     lane.append(std::move(job));
 }
 
-Lane &CallQueue::laneOf(const CallJob &job)
+void CallQueue::resolve(const JobPtr &job)
 {
-    return job.operation->isTransfer() ? *m_transfers : *m_commands;
+    job->hasRun = true;
+    m_calls.push_back(job);
+    m_unknown.add(job);
+}
+
+Lane &CallQueue::laneOf(const CallJob &job) const
+{
+    switch (job.lane()) {
+    case CallLane::Transfers:
+        return *m_transfers;
+    case CallLane::Lease:
+        return *m_lease;
+    case CallLane::Commands:
+        break;
+    }
+    return *m_commands;
 }
 
 void CallQueue::dropReplaced(const QString &key)
@@ -89,6 +103,7 @@ void CallQueue::end(const JobPtr &job, const CallResult &result, bool isReplaced
         return;
     if (job->gate && result.kind == Outcome::NotSent)
         job->gate->leave();
+    job->abandon();
     m_calls.erase(std::remove(m_calls.begin(), m_calls.end(), job), m_calls.end());
     if (!job->key.isEmpty() && m_latest.value(job->key).lock() == job)
         m_latest.remove(job->key);
@@ -104,7 +119,7 @@ void CallQueue::endUnsent(const JobPtr &job, const QString &reason, bool isRepla
 void CallQueue::endWaiting(const QString &reason)
 {
     std::vector<JobPtr> removed;
-    for (const auto &lane : {m_commands, m_transfers}) {
+    for (const auto &lane : {m_commands, m_transfers, m_lease}) {
         for (const auto &waiting : lane->removeAll())
             removed.push_back(std::static_pointer_cast<CallJob>(waiting));
     }

@@ -19,7 +19,7 @@ public:
     using Deliver = std::function<void(CallJob &job, const CallResult &result, bool isReplaced)>;
 
     /// \a pool must outlive the lanes; \a limit is SessionOptions::maxWaitingCalls.
-    CallQueue(QThreadPool &pool, std::shared_ptr<Courier> courier, int limit,
+    CallQueue(QThreadPool &pool, const std::shared_ptr<Courier> &courier, int limit,
               std::chrono::milliseconds outcomeTime, Deliver deliver);
     /// Ends all calls.
     ~CallQueue();
@@ -29,6 +29,8 @@ public:
     void setTarget(std::shared_ptr<const CallTarget> target, const QString &reason);
     /// Queues a call; a \a key replaces a waiting call with the same one.
     void start(std::shared_ptr<CallJob> job, const QString &key);
+    /// Asks the device for the outcome of a call that no lane carries out.
+    void resolve(const std::shared_ptr<CallJob> &job);
     /// Ends a call that waits as cancelled; without effect on others.
     void cancel(const std::shared_ptr<CallJob> &job);
     /// Ends the calls that wait as not sent.
@@ -41,17 +43,17 @@ public:
 private:
     using JobPtr = std::shared_ptr<CallJob>;
 
-    Lane &laneOf(const CallJob &job);
+    Lane &laneOf(const CallJob &job) const;
     void dropReplaced(const QString &key);
     void finished(const JobPtr &job);
     void end(const JobPtr &job, const CallResult &result, bool isReplaced = false);
     void endUnsent(const JobPtr &job, const QString &reason, bool isReplaced = false);
 
-    const std::shared_ptr<Courier> m_courier;
     const std::size_t m_limit;
     const Deliver m_deliver;
     const std::shared_ptr<Lane> m_commands;
     const std::shared_ptr<Lane> m_transfers;
+    const std::shared_ptr<Lane> m_lease;
     UnknownCalls m_unknown;
     std::shared_ptr<const CallTarget> m_target;
     QString m_reason; ///< Why there is no target.

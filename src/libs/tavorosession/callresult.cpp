@@ -145,6 +145,13 @@ CallResult refused(quint16 status)
     return result;
 }
 
+CallResult unknownAfter(quint16 status)
+{
+    CallResult result;
+    setStatus(result, Outcome::Unknown, status);
+    return result;
+}
+
 QString controlledBy(const QString &holder)
 {
     return QCoreApplication::translate("Tavoro::Outcome", "the device is controlled by %1")

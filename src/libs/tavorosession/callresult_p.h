@@ -44,6 +44,8 @@ CallResult notSent(const QString &reason);
 CallResult notSent(NotSentReason reason);
 /// A call that the device has refused with \a status.
 CallResult refused(quint16 status);
+/// A call that may have been carried out: the channel ended it with \a status.
+CallResult unknownAfter(quint16 status);
 /// The reason of a refusal while the client \a holder controls the device, translated.
 QString controlledBy(const QString &holder);
 /// The result of an operation that returned \a ok and \a error while \a watch observed its

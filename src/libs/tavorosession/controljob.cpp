@@ -4,39 +4,16 @@
 #include <tavorossproxy/exchangewatch.h>
 
 #include <QCoreApplication>
-#include <QFutureInterface>
 
 #include <utility>
 
 namespace Tavoro::SessionInternal {
 
-/// Delivers the outcome of a request for control. It is not an operation of a control class.
-class ControlJob::Request : public PendingOperation {
-public:
-    Request() { m_promise.reportStarted(); }
-
-    QFuture<Outcome> future() { return m_promise.future(); }
-
-    bool run(const std::weak_ptr<BizModel::Device> &, QString &) override { return false; }
-    void finish(const Outcome &outcome, bool) override
-    {
-        m_promise.reportResult(outcome);
-        m_promise.reportFinished();
-    }
-    bool isCanceled() const override { return m_promise.isCanceled(); }
-    bool isTransfer() const override { return false; }
-    std::optional<Operations::Operation> operation() const override { return std::nullopt; }
-    std::vector<Operations::Scope> changes() const override { return {}; }
-
-private:
-    mutable QFutureInterface<Outcome> m_promise;
-};
-
 ControlJob::ControlJob(SSProxy::ControlAction action)
-    : ControlJob(action, std::make_shared<Request>())
+    : ControlJob(action, std::make_shared<LinkRequest<>>())
 { }
 
-ControlJob::ControlJob(SSProxy::ControlAction action, std::shared_ptr<Request> request)
+ControlJob::ControlJob(SSProxy::ControlAction action, std::shared_ptr<LinkRequest<>> request)
     : CallJob(request), m_action(action), m_request(std::move(request))
 { }
 
@@ -59,10 +36,12 @@ CallResult ControlJob::attempt()
 {
     const SSProxy::ExchangeWatch watch;
     QString error;
-    CallResult done;
-    done.kind = Outcome::Done;
-    if (target->channel->requestControl(m_action, error))
+    if (target->channel->requestControl(m_action, error)) {
+        CallResult done;
+        done.kind = Outcome::Done;
+        done.firstSent = watch.firstSent();
         return done;
+    }
     // If another client holds control, the channel asks for its name afterwards.
     if (watch.last() && watch.last()->type == SSProxy::CommandType::Read)
         return refused(SSProxy::statusControlledByOthers);

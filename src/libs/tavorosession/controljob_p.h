@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calljob_p.h"
+#include "linkrequest_p.h"
 
 #include <tavorossproxy/controlaction.h>
 
@@ -23,11 +24,10 @@ protected:
     CallResult attempt() override;
 
 private:
-    class Request;
-    ControlJob(SSProxy::ControlAction action, std::shared_ptr<Request> request);
+    ControlJob(SSProxy::ControlAction action, std::shared_ptr<LinkRequest<>> request);
 
     const SSProxy::ControlAction m_action;
-    const std::shared_ptr<Request> m_request;
+    const std::shared_ptr<LinkRequest<>> m_request;
 };
 
 } // namespace Tavoro::SessionInternal

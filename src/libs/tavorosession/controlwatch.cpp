@@ -18,32 +18,29 @@ class HolderQuestion : public LaneJob {
 public:
     using Handler = std::function<void(const QString &holder)>;
 
-    HolderQuestion(std::shared_ptr<const CallTarget> target, std::shared_ptr<Courier> courier,
-                   Handler handler)
-        : m_target(std::move(target)), m_courier(std::move(courier)), m_handler(std::move(handler))
+    HolderQuestion(std::shared_ptr<const CallTarget> target, Handler handler)
+        : m_target(std::move(target)), m_handler(std::move(handler))
     { }
 
     void run() override
     {
-        QString holder;
         if (m_target->isConnected())
-            m_target->channel->readControlHolder(holder);
-        m_courier->post([handler = m_handler, holder] { handler(holder); });
+            m_target->channel->readControlHolder(m_holder);
     }
+    void deliver() override { m_handler(m_holder); }
 
 private:
     const std::shared_ptr<const CallTarget> m_target;
-    const std::shared_ptr<Courier> m_courier;
     const Handler m_handler;
+    QString m_holder; ///< Belongs to the lane's thread until run() has ended.
 };
 
 } // namespace
 
 ControlWatch::ControlWatch(QThreadPool &pool, std::shared_ptr<Courier> courier,
                            std::chrono::milliseconds idleTime, Events &events)
-    : m_courier(std::move(courier)),
-      m_events(events),
-      m_questions(std::make_shared<Lane>(pool)),
+    : m_events(events),
+      m_questions(std::make_shared<Lane>(pool, std::move(courier))),
       m_self(std::make_shared<ControlWatch *>(this))
 {
     QObject::connect(DeviceManager::instance(), &DeviceManager::masterControlChanged, &m_idle,
@@ -117,7 +114,7 @@ void ControlWatch::askForHolder()
         (*self)->m_isAsked = false;
         (*self)->noteHolder(holder);
     };
-    m_questions->append(std::make_shared<HolderQuestion>(m_target, m_courier, handler));
+    m_questions->append(std::make_shared<HolderQuestion>(m_target, handler));
 }
 
 } // namespace Tavoro::SessionInternal

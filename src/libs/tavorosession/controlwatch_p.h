@@ -57,7 +57,6 @@ private:
     void setHolder(const QString &holder);
     void askForHolder();
 
-    const std::shared_ptr<Courier> m_courier;
     Events &m_events;
     const std::shared_ptr<Lane> m_questions;
     std::shared_ptr<const CallTarget> m_target;

@@ -4,6 +4,7 @@
 #include "holderjob_p.h"
 #include "logging_p.h"
 #include "outcome_p.h"
+#include "outcomejob_p.h"
 
 #include <tavorossproxy/channelstatus.h>
 
@@ -12,11 +13,11 @@
 
 namespace Tavoro::SessionInternal {
 
-DeviceCalls::DeviceCalls(QThreadPool &pool, std::shared_ptr<Courier> courier,
+DeviceCalls::DeviceCalls(QThreadPool &pool, const std::shared_ptr<Courier> &courier,
                          const SessionOptions &options, Events &events)
     : m_upgradeTime(options.upgradeTime),
       m_events(events),
-      m_queue(pool, std::move(courier), options.maxWaitingCalls, options.outcomeTime,
+      m_queue(pool, courier, options.maxWaitingCalls, options.outcomeTime,
               [this](CallJob &job, const CallResult &result, bool isReplaced) {
                   deliver(job, result, isReplaced);
               }),
@@ -75,6 +76,15 @@ PendingCall<Answer<QString>> DeviceCalls::readControlHolder()
     const auto job = std::make_shared<HolderJob>();
     PendingCall<Answer<QString>> pending(job->future());
     m_queue.start(job, {});
+    return pending;
+}
+
+PendingCall<Outcome> DeviceCalls::outcomeOf(const SSProxy::RequestIdentity &request,
+                                            const QString &operation)
+{
+    const auto job = std::make_shared<OutcomeJob>(request, operation);
+    PendingCall<Outcome> pending(job->future());
+    m_queue.resolve(job);
     return pending;
 }
 
@@ -156,14 +166,16 @@ void DeviceCalls::deliver(CallJob &job, const CallResult &result, bool isReplace
     job.operation->finish(outcome, !job.hasRun);
 }
 
-/// A call that takes control begins the idle time after which it is given up.
+/// A request that takes control begins the idle time after which it is given up, also if it has
+/// failed: the device may have given control to this client all the same.
 void DeviceCalls::noteControl(const CallJob &job, const CallResult &result)
 {
     const ControlUse use = job.controlUse();
-    const bool isDone = result.kind == Outcome::Done;
-    if (use == ControlUse::Takes && (isDone || result.kind == Outcome::Unknown))
+    const bool isRefused = result.kind == Outcome::Refused;
+    const bool isOthers = isRefused && result.status == SSProxy::statusControlledByOthers;
+    if (use == ControlUse::Takes && result.firstSent && !isOthers)
         m_events.controlUsed();
-    if (use == ControlUse::GivesUp && (isDone || result.kind == Outcome::Refused))
+    if (use == ControlUse::GivesUp && (result.kind == Outcome::Done || isRefused))
         m_events.controlGivenUp();
     if (!result.holder.isEmpty())
         m_events.controlRefused(result.holder);

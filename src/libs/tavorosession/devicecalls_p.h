@@ -23,7 +23,7 @@ public:
         virtual void callEnded(const Outcome &outcome) = 0;
         /// The device has changed \a scopes, or may have.
         virtual void deviceWritten(const std::vector<Operations::Scope> &scopes) = 0;
-        /// A call that takes control was carried out, or may have been.
+        /// A call that takes control was sent, and this client may have control.
         virtual void controlUsed() = 0;
         /// This client does not have control any more.
         virtual void controlGivenUp() = 0;
@@ -39,8 +39,8 @@ public:
         ~Events() = default;
     };
 
-    DeviceCalls(QThreadPool &pool, std::shared_ptr<Courier> courier, const SessionOptions &options,
-                Events &events);
+    DeviceCalls(QThreadPool &pool, const std::shared_ptr<Courier> &courier,
+                const SessionOptions &options, Events &events);
 
     /// See CallQueue.
     void setTarget(std::shared_ptr<const CallTarget> target, const QString &reason);
@@ -58,6 +58,8 @@ public:
     /// Gives control up without a report to the application.
     void giveUpControl();
     PendingCall<Answer<QString>> readControlHolder();
+    PendingCall<Outcome> outcomeOf(const SSProxy::RequestIdentity &request,
+                                   const QString &operation);
     TrackedCall<UpgradeCall::Result> upgrade(const ProtoModel::Auxiliary::s_UpgradeDetail &upgrade);
 
 private:

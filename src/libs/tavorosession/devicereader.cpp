@@ -1,5 +1,7 @@
 #include "devicereader_p.h"
 
+#include "courier_p.h"
+
 #include <tavorocontrol/auxiliary.h>
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
@@ -94,7 +96,11 @@ void DeviceReader::begin(ScopeKind kind)
 void DeviceReader::run()
 {
     readAll();
-    m_courier->post([self = shared_from_this()] { self->m_finished(self); });
+}
+
+void DeviceReader::deliver()
+{
+    m_finished(shared_from_this());
 }
 
 bool DeviceReader::mayContinue() const

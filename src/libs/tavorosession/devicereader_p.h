@@ -56,6 +56,7 @@ public:
                  Options options, ProgressHandler progress, Handler finished);
 
     void run() override;
+    void deliver() override;
     /// Ends the reading before the next read. The read under way ends when its connection does.
     void cancel() { m_isCanceled = true; }
 

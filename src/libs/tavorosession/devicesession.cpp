@@ -1,3 +1,4 @@
+#include "announcedjob_p.h"
 #include "devicesession_p.h"
 #include "namedcall_p.h"
 #include "statetext_p.h"
@@ -42,14 +43,22 @@ bool DeviceSession::isControlledByOthers() const
 PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
                                                            const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments));
+    return callByName(name, arguments, Operations::MissingKeys::Refused);
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callByName(const QString &name,
+                                                           const QStringList &arguments,
+                                                           Operations::MissingKeys missing)
+{
+    return start(std::make_shared<NamedCall>(name, arguments, missing));
 }
 
 PendingCall<Answer<std::string>> DeviceSession::callLatestByName(const QString &key,
                                                                  const QString &name,
                                                                  const QStringList &arguments)
 {
-    return start(std::make_shared<NamedCall>(name, arguments), key);
+    return start(std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused),
+                 key);
 }
 
 void DeviceSession::setBodiesLogged(bool areLogged)
@@ -96,6 +105,44 @@ PendingCall<Outcome> DeviceSession::releaseControl()
 PendingCall<Answer<QString>> DeviceSession::readControlHolder()
 {
     return d->calls().readControlHolder();
+}
+
+PendingCall<Answer<SSProxy::DeviceLease>> DeviceSession::takeLease(const QString &holder,
+                                                                   std::chrono::seconds time)
+{
+    return PendingCall<Answer<SSProxy::DeviceLease>>(d->lease().take(holder, time)->future());
+}
+
+PendingCall<Answer<SSProxy::DeviceLease>> DeviceSession::releaseLease()
+{
+    return PendingCall<Answer<SSProxy::DeviceLease>>(d->lease().release()->future());
+}
+
+bool DeviceSession::holdsLease() const
+{
+    return d->lease().isHeld();
+}
+
+SSProxy::DeviceLease DeviceSession::lease() const
+{
+    return d->lease().lease();
+}
+
+PendingCall<Answer<std::string>> DeviceSession::callAnnounced(const QString &name,
+                                                              const QStringList &arguments,
+                                                              SendAnnouncement announce)
+{
+    const auto call =
+        std::make_shared<NamedCall>(name, arguments, Operations::MissingKeys::Refused);
+    PendingCall<Answer<std::string>> pending(call->future());
+    d->calls().start(std::make_shared<AnnouncedJob>(call, std::move(announce), d->courier()));
+    return pending;
+}
+
+PendingCall<Outcome> DeviceSession::outcomeOf(const SSProxy::RequestIdentity &request,
+                                              const QString &operation)
+{
+    return d->calls().outcomeOf(request, operation);
 }
 
 void DeviceSession::startCall(std::shared_ptr<PendingOperation> call, const QString &key)

@@ -6,14 +6,19 @@
 #include <tavorosession/operationcall.h>
 #include <tavorosession/outcome.h>
 #include <tavorosession/pendingcall.h>
+#include <tavorosession/sendpermission.h>
 #include <tavorosession/trackedcall.h>
 
 #include <tavorocontrol/proto/auxiliary.h>
+#include <tavorooperations/operation.h>
+#include <tavorossproxy/devicelease.h>
+#include <tavorossproxy/exchangewatch.h>
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -98,6 +103,40 @@ public:
     /// client's address and port, such as 192.0.2.9:50000; empty if no client holds control. This
     /// program is the holder if the record is not empty and isControlledByOthers() is false.
     PendingCall<Answer<QString>> readControlHolder();
+    /// @}
+
+    /// \name Lease
+    ///
+    /// Programs that do the same work with a device agree through its lease which of them does the
+    /// work now. At most one client holds it. It is independent of control: the device permits and
+    /// forbids nothing because of it.
+    /// @{
+
+    /// Takes the lease for \a time, unless another client holds it, and renews it three times
+    /// within each \a time until releaseLease() or close(), or until another client holds it. It is
+    /// renewed as well when a lost connection is back. \a time is 1 to 3600 s. \a holder names this
+    /// program for users: 1 to 64 bytes of UTF-8 without control characters.
+    ///
+    /// The outcome is Done if this session holds the lease now. It is Refused if another client
+    /// holds the lease, which the record then names, or if the device does not support leases.
+    /// After any other outcome than Done the lease is not renewed; call this member again later. If
+    /// this session has held the lease before, it keeps it until its end.
+    ///
+    /// When a client takes the lease of another client whose time is over, the device ends the
+    /// connection of that client: what it still sends is not carried out, and outcomeOf() gives a
+    /// final answer about its calls.
+    PendingCall<Answer<SSProxy::DeviceLease>> takeLease(const QString &holder,
+                                                        std::chrono::seconds time);
+    /// Releases the lease, and does not renew it any more. holdsLease() is false at once. If the
+    /// device cannot be reached, the lease ends when its time is over.
+    PendingCall<Answer<SSProxy::DeviceLease>> releaseLease();
+    /// True while this session holds the lease: the device has granted or renewed it on this
+    /// connection, and its time is not over. Compares with the clock, so that it is false in time
+    /// even if the program was suspended.
+    bool holdsLease() const;
+    /// The lease as the device has reported it last to this session. Free while there is no
+    /// connection. Other programs take and release it without a report.
+    SSProxy::DeviceLease lease() const;
     /// @}
 
     /// \name Files and upgrades
@@ -198,9 +237,32 @@ public:
     /// wrong.
     PendingCall<Answer<std::string>> callByName(const QString &name,
                                                 const QStringList &arguments = {});
+    /// Does the same with \a missing for keys that records of \a arguments lack.
+    PendingCall<Answer<std::string>> callByName(const QString &name, const QStringList &arguments,
+                                                Operations::MissingKeys missing);
     /// Does the same, and replaces a waiting call with the same \a key as callLatest() does.
     PendingCall<Answer<std::string>> callLatestByName(const QString &key, const QString &name,
                                                       const QStringList &arguments = {});
+
+    /// Calls an operation by its name, and asks \a announce before it sends the write: it gets the
+    /// identity that the request will have, and the permission to send it. So a program can publish
+    /// what it is about to do, and another program can ask for the outcome if this one fails, see
+    /// outcomeOf(). \a announce is called on the session's thread, at most once for a call; it may
+    /// decide later. The call is not sent without a permission, nor if the timeout of the call is
+    /// over before it is given. Later calls wait.
+    ///
+    /// A read is not announced: it changes nothing, and can be repeated.
+    PendingCall<Answer<std::string>>
+    callAnnounced(const QString &name, const QStringList &arguments, SendAnnouncement announce);
+
+    /// Asks the device what became of a request, which another program may have sent. The outcome
+    /// is Done or Refused if the device has answered the request, and NotSent if the device has not
+    /// received it; that is final if the connection of the request has ended. It is Unknown if the
+    /// device does not know the request any more, or has said nothing within
+    /// SessionOptions::outcomeTime. \a operation is the name of the operation for Outcome::text().
+    /// Does not wait for other calls.
+    PendingCall<Outcome> outcomeOf(const SSProxy::RequestIdentity &request,
+                                   const QString &operation = {});
 
     /// Ends when the model contains what the calls that have ended until now have changed. It does
     /// so at once if nothing has to be read. While the connection is lost, it waits for the next
@@ -227,6 +289,8 @@ Q_SIGNALS:
     void controlChanged();
     /// controlHolder() has changed.
     void controlHolderChanged();
+    /// holdsLease() has changed, or the holder of lease().
+    void leaseChanged();
     /// name() or device() has changed.
     void deviceChanged();
     /// A call has ended. Emitted for each call of the application, before its result is delivered.

@@ -44,10 +44,15 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
       m_device(shared.owners, this, options.logsBodies),
       m_control(shared.pool, shared.courier, options.controlIdleTime, *this),
       m_calls(shared.pool, shared.courier, options, *this),
-      m_reads(std::make_shared<Lane>(shared.pool)),
+      m_lease(
+          [this](const std::shared_ptr<LeaseJob> &job, bool isQuiet) {
+              job->isQuiet = isQuiet;
+              m_calls.start(job);
+          },
+          [this] { emitIfAlive(&DeviceSession::leaseChanged); }),
+      m_reads(std::make_shared<Lane>(shared.pool, shared.courier)),
       m_reading(shared, m_reads, options, *this),
-      m_follower(m_reads, shared.courier,
-                 [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
+      m_follower(m_reads, [this](quint64 noted, bool isComplete) { followed(noted, isComplete); }),
       m_poll(options.poll,
              [this](const Operations::Scope &scope, std::function<void()> ended) {
                  m_follower.poll(scope, std::move(ended));
@@ -107,6 +112,7 @@ void DeviceSessionPrivate::close(const QString &reason)
     if (!channel)
         return;
     const auto closed = channel;
+    m_lease.stop();
     m_calls.endWaiting(reason); // first: the lane starts the next call when the one under way ends
     if (channel != closed)
         return; // a slot has closed the session
@@ -180,6 +186,8 @@ void DeviceSessionPrivate::connected(quint64 connections)
     if (m_target == target)
         m_control.setTarget(target);
     if (m_target == target)
+        m_lease.connected();
+    if (m_target == target)
         m_reading.request(target);
 }
 
@@ -243,6 +251,8 @@ void DeviceSessionPrivate::lost(DeviceState::Kind kind, const QString &reason, M
     m_calls.setTarget(nullptr, reason);
     if (isCurrent())
         m_control.setTarget(nullptr);
+    if (isCurrent())
+        m_lease.lost();
     if (isCurrent())
         m_device.setOnline(false);
     if (isCurrent())

@@ -4,6 +4,7 @@
 #include "controlwatch_p.h"
 #include "devicecalls_p.h"
 #include "devicereading_p.h"
+#include "leasekeeper_p.h"
 #include "modelfollower_p.h"
 #include "modelupdates_p.h"
 #include "sessiondevice_p.h"
@@ -41,6 +42,8 @@ public:
     }
     DeviceCalls &calls() { return m_calls; }
     const ControlWatch &control() const { return m_control; }
+    LeaseKeeper &lease() { return m_lease; }
+    const std::shared_ptr<Courier> &courier() const { return m_shared.courier; }
     PendingCall<bool> modelUpdate();
     void setBodiesLogged(bool areLogged) { m_device.setBodiesLogged(areLogged); }
 
@@ -73,6 +76,7 @@ private:
     void readingOutdated(const std::vector<Operations::Scope> &scopes) override
     {
         m_follower.note(scopes);
+        m_updates.readingOutdated(m_follower.noted());
     }
     void readingFailed(const QString &reason, std::chrono::milliseconds pause) override;
     void readingEnded(const QString &failures) override;
@@ -112,6 +116,7 @@ private:
     SessionDevice m_device;
     ControlWatch m_control;
     DeviceCalls m_calls;
+    LeaseKeeper m_lease;
     const std::shared_ptr<Lane> m_reads;
     DeviceReading m_reading;
     ModelFollower m_follower;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calljob_p.h"
+#include "linkrequest_p.h"
 
 #include <QFuture>
 #include <QString>
@@ -21,10 +22,9 @@ protected:
     CallResult attempt() override;
 
 private:
-    class Request;
-    explicit HolderJob(std::shared_ptr<Request> request);
+    explicit HolderJob(std::shared_ptr<LinkRequest<QString>> request);
 
-    const std::shared_ptr<Request> m_request;
+    const std::shared_ptr<LinkRequest<QString>> m_request;
 };
 
 } // namespace Tavoro::SessionInternal

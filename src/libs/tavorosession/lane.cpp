@@ -1,5 +1,7 @@
 #include "lane_p.h"
 
+#include "courier_p.h"
+
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -58,8 +60,10 @@ std::size_t Lane::waiting() const
 
 void Lane::work()
 {
-    while (const JobPtr job = takeNext())
+    while (JobPtr job = takeNext()) {
         job->run();
+        m_courier->post([ended = std::move(job)] { ended->deliver(); }); // the only reference
+    }
 }
 
 Lane::JobPtr Lane::takeNext()

@@ -22,15 +22,14 @@ struct ScopeResult {
 };
 
 /// Reads some scopes.
-class FollowingRead : public LaneJob, public std::enable_shared_from_this<FollowingRead> {
+class FollowingRead : public LaneJob {
 public:
     using Handler = std::function<void(const FollowingRead &read)>;
 
     FollowingRead(std::shared_ptr<const CallTarget> readTarget, std::vector<Scope> scopes,
-                  std::shared_ptr<Courier> courier, Handler finished)
+                  Handler finished)
         : target(std::move(readTarget)),
           m_scopes(std::move(scopes)),
-          m_courier(std::move(courier)),
           m_finished(std::move(finished))
     { }
 
@@ -42,8 +41,8 @@ public:
                 result.update = readScope(target->device, scope);
             results.push_back(std::move(result));
         }
-        m_courier->post([self = shared_from_this()] { self->m_finished(*self); });
     }
+    void deliver() override { m_finished(*this); }
 
     bool hasFailed() const
     {
@@ -56,7 +55,6 @@ public:
 
 private:
     const std::vector<Scope> m_scopes;
-    const std::shared_ptr<Courier> m_courier;
     const Handler m_finished;
 };
 
@@ -89,10 +87,8 @@ bool isOutdated(const ScopeResult &result, const ReportCounts &reports)
 
 } // namespace
 
-ModelFollower::ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier> courier,
-                             FinishedHandler finished)
+ModelFollower::ModelFollower(std::shared_ptr<Lane> lane, FinishedHandler finished)
     : m_lane(std::move(lane)),
-      m_courier(std::move(courier)),
       m_finished(std::move(finished)),
       m_self(std::make_shared<ModelFollower *>(this))
 {
@@ -128,7 +124,7 @@ void ModelFollower::read()
             (*self)->ended(ended, noted);
     };
     m_lane->append(std::make_shared<FollowingRead>(
-        m_target, Operations::readsFor(std::exchange(m_scopes, {})), m_courier, finished));
+        m_target, Operations::readsFor(std::exchange(m_scopes, {})), finished));
 }
 
 /// What reports have changed since it was read is read again. During a storm of reports it is
@@ -169,8 +165,8 @@ void ModelFollower::poll(const Scope &scope, std::function<void()> done)
         }
         done();
     };
-    m_lane->append(std::make_shared<FollowingRead>(m_target, std::vector{scope.readable()},
-                                                   m_courier, finished));
+    m_lane->append(
+        std::make_shared<FollowingRead>(m_target, std::vector{scope.readable()}, finished));
 }
 
 } // namespace Tavoro::SessionInternal

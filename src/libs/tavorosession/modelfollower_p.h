@@ -24,8 +24,7 @@ public:
 
     /// Reads in \a lane, which it shares with the reading of the whole device: what was read first
     /// is applied first.
-    ModelFollower(std::shared_ptr<Lane> lane, std::shared_ptr<Courier> courier,
-                  FinishedHandler finished);
+    ModelFollower(std::shared_ptr<Lane> lane, FinishedHandler finished);
 
     /// Reads over \a target from now on. Null: forgets what was noted, since the whole device is
     /// read after the next connection.
@@ -42,7 +41,6 @@ private:
     void ended(const FollowingRead &read, quint64 noted);
 
     const std::shared_ptr<Lane> m_lane;
-    const std::shared_ptr<Courier> m_courier;
     const FinishedHandler m_finished;
     std::shared_ptr<const CallTarget> m_target;
     std::vector<Operations::Scope> m_scopes; ///< Changed, and not read yet.

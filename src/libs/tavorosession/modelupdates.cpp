@@ -31,7 +31,9 @@ void ModelUpdates::followed(quint64 noted, bool isComplete)
     if (!isComplete)
         return lost(noted);
     m_applied = std::max(m_applied, noted);
-    if (!m_needsReading)
+    if (m_awaited && m_applied >= *m_awaited)
+        readingEnded(true);
+    else if (!m_needsReading)
         finishUpToDate(true);
 }
 
@@ -43,11 +45,17 @@ void ModelUpdates::lost(quint64 noted)
 
 void ModelUpdates::readingStarted(quint64 noted)
 {
+    m_outdated.reset();
+    m_awaited.reset();
     m_nextReading = std::max(m_nextReading, noted);
 }
 
 void ModelUpdates::readingEnded(bool isComplete)
 {
+    m_awaited = std::exchange(m_outdated, std::nullopt);
+    if (isComplete && m_awaited && m_applied < *m_awaited)
+        return; // until followed()
+    m_awaited.reset();
     m_needsReading = false;
     m_applied = std::max(m_applied, m_nextReading);
     finishUpToDate(isComplete);

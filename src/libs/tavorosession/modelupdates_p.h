@@ -6,6 +6,7 @@
 #include <QFutureInterface>
 
 #include <list>
+#include <optional>
 
 namespace Tavoro::SessionInternal {
 
@@ -25,6 +26,9 @@ public:
     void lost(quint64 noted);
     /// A reading of the device begins, which will include the first \a noted writes.
     void readingStarted(quint64 noted);
+    /// Reports have changed what the reading has read: some of it is read again after it, with the
+    /// first \a noted writes.
+    void readingOutdated(quint64 noted) { m_outdated = noted; }
     /// The device was read, and is not read once more.
     void readingEnded(bool isComplete);
     /// Ends all with false.
@@ -41,6 +45,8 @@ private:
     std::list<Waiting> m_waiting;
     quint64 m_applied = 0; ///< Writes that the model contains.
     quint64 m_nextReading = 0; ///< Writes that the model contains after the next reading.
+    std::optional<quint64> m_outdated; ///< See readingOutdated(). Of the present reading.
+    std::optional<quint64> m_awaited; ///< The same, of a reading that has ended.
     bool m_needsReading = true; ///< Of the device as a whole.
 };
 

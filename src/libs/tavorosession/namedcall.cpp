@@ -9,10 +9,11 @@ namespace Tavoro::SessionInternal {
 namespace {
 
 Operations::PreparedCall prepared(const std::optional<Operations::Operation> &operation,
-                                  const QString &name, const QStringList &arguments)
+                                  const QString &name, const QStringList &arguments,
+                                  Operations::MissingKeys missing)
 {
     if (operation)
-        return operation->prepare(arguments);
+        return operation->prepare(arguments, missing);
     Operations::PreparedCall unknown;
     unknown.fault =
         QCoreApplication::translate("Tavoro::Outcome", "unknown operation \"%1\"").arg(name);
@@ -21,8 +22,9 @@ Operations::PreparedCall prepared(const std::optional<Operations::Operation> &op
 
 } // namespace
 
-NamedCall::NamedCall(const QString &name, const QStringList &arguments)
-    : m_operation(Operations::find(name)), m_call(prepared(m_operation, name, arguments))
+NamedCall::NamedCall(const QString &name, const QStringList &arguments,
+                     Operations::MissingKeys missing)
+    : m_operation(Operations::find(name)), m_call(prepared(m_operation, name, arguments, missing))
 {
     m_promise.reportStarted();
 }

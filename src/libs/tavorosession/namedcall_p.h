@@ -20,7 +20,7 @@ class NamedCall final : public PendingOperation {
 public:
     using Result = Answer<std::string>;
 
-    NamedCall(const QString &name, const QStringList &arguments);
+    NamedCall(const QString &name, const QStringList &arguments, Operations::MissingKeys missing);
 
     QFuture<Result> future() { return m_promise.future(); }
 

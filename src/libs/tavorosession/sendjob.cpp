@@ -45,8 +45,12 @@ CallResult SendJob::attempt()
     QString error;
     if (!prepare(error))
         return notSent(error);
-    const CallResult announced = announce();
-    return announced.kind == Outcome::Done ? sendPackets() : announced;
+    CallResult announced = announce();
+    if (announced.kind != Outcome::Done)
+        return announced;
+    CallResult sent = sendPackets();
+    sent.firstSent = announced.firstSent; // also of a transfer that was cancelled
+    return sent;
 }
 
 /// Nothing is sent of a content that the device could not take.

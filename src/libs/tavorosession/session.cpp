@@ -3,6 +3,7 @@
 #include "devicesession_p.h"
 #include "groupcall_p.h"
 #include "groupgate_p.h"
+#include "outcome_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -10,6 +11,8 @@
 #include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/devicemanager.h>
 
+#include <QCoreApplication>
+#include <QPointer>
 #include <QThreadPool>
 
 #include <algorithm>
@@ -32,6 +35,27 @@ quint16 portOf(const BizModel::Device &device)
 {
     const quint16 port = device.deviceBaseInfo().tcpPort;
     return port != 0 ? port : SSProxy::defaultTcpPort;
+}
+
+/// A device of a group.
+struct GroupTarget {
+    QPointer<DeviceSession> device;
+    QString name;
+};
+
+/// Ends a call of a group whose session was deleted before the call was started.
+void endUnsent(CallJob &job, const QString &deviceName)
+{
+    const CallResult result =
+        notSent(QCoreApplication::translate("Tavoro::DeviceSession", "the session is closed"));
+    OutcomeData data;
+    data.reason = result.reason;
+    data.operation = job.label();
+    data.deviceName = deviceName;
+    const Outcome outcome = makeOutcome(data);
+    job.gate->leave();
+    job.observer(outcome, result);
+    job.operation->finish(outcome, false);
 }
 
 } // namespace
@@ -162,16 +186,20 @@ PendingCall<GroupOutcome> Session::startGroup(const QList<DeviceSession *> &devi
 {
     const auto group = std::make_shared<GroupCall>(calls.size());
     const auto gate = std::make_shared<GroupGate>(static_cast<int>(calls.size()), groupPatience);
-    // A slot may change the list of the caller.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const QList<DeviceSession *> targets = devices;
+    // A slot may change the list of the caller, and delete sessions.
+    std::vector<GroupTarget> targets;
+    for (DeviceSession *const device : devices)
+        targets.push_back({device, device->name()});
     for (std::size_t i = 0; i < calls.size(); ++i) {
         const auto job = std::make_shared<CallJob>(calls[i]);
         job->gate = gate;
         job->observer = [group, i](const Outcome &outcome, const CallResult &result) {
             group->add(i, outcome, result);
         };
-        targets[static_cast<int>(i)]->d->calls().start(job);
+        if (targets[i].device)
+            targets[i].device->d->calls().start(job);
+        else
+            endUnsent(*job, targets[i].name);
     }
     return PendingCall<GroupOutcome>(group->future());
 }

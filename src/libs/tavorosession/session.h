@@ -72,7 +72,8 @@ public:
     /// Calls an operation on several devices, see DeviceSession::call(). The calls are sent
     /// together: each waits until the others can be sent as well, but at most half a second. The
     /// result holds all outcomes and the time between the first and the last sending. Each device
-    /// occurs once in \a devices.
+    /// occurs once in \a devices. If a slot of one of their signals deletes another session of the
+    /// group, the outcome of that session is NotSent.
     template <class Control, class Parameter>
     PendingCall<GroupOutcome> callAll(const QList<DeviceSession *> &devices,
                                       bool (Control::*operation)(Parameter, QString &),

@@ -41,8 +41,9 @@ struct SessionOptions {
     /// fails is repeated at its next time, and changes no state.
     PollIntervals poll;
     /// Gives up control of the device after this time without a call that takes control (a write,
-    /// takeControl() or forceControl()), and not while a call waits or is under way. Repeats a
-    /// request that fails. 0: keeps control until releaseControl().
+    /// also one that fails after it was sent, takeControl() or forceControl()), and not while a
+    /// call waits or is under way. Repeats a request that fails. 0: keeps control until
+    /// releaseControl().
     Milliseconds controlIdleTime{0};
     /// How long an upgrade may continue without a report of its progress, for example while the
     /// device restarts.

@@ -18,12 +18,8 @@ public:
     /// \a resolved is what the answer makes of the call.
     using Handler = std::function<void(const CallResult &resolved, bool mayBeAskedAgain)>;
 
-    Question(std::shared_ptr<const CallTarget> target, CallResult unknown,
-             std::shared_ptr<Courier> courier, Handler handler)
-        : m_target(std::move(target)),
-          m_unknown(std::move(unknown)),
-          m_courier(std::move(courier)),
-          m_handler(std::move(handler))
+    Question(std::shared_ptr<const CallTarget> target, CallResult unknown, Handler handler)
+        : m_target(std::move(target)), m_handler(std::move(handler)), m_result(std::move(unknown))
     { }
 
     void run() override
@@ -31,29 +27,28 @@ public:
         RequestOutcome outcome;
         outcome.status = SSProxy::Disconnected;
         if (m_target->isConnected())
-            outcome = m_target->channel->outcomeOf(*m_unknown.unresolved);
-        CallResult result = resolved(m_unknown, outcome);
-        nameHolder(*m_target, result);
-        m_courier->post([handler = m_handler, result, isOpen = mayBeAskedAgain(outcome)] {
-            handler(result, isOpen);
-        });
+            outcome = m_target->channel->outcomeOf(*m_result.unresolved);
+        m_result = resolved(m_result, outcome);
+        m_isOpen = mayBeAskedAgain(outcome);
+        nameHolder(*m_target, m_result);
     }
+    void deliver() override { m_handler(m_result, m_isOpen); }
 
 private:
     const std::shared_ptr<const CallTarget> m_target;
-    const CallResult m_unknown;
-    const std::shared_ptr<Courier> m_courier;
     const Handler m_handler;
+    // Belong to the lane's thread until run() has ended.
+    CallResult m_result;
+    bool m_isOpen = false;
 };
 
 } // namespace
 
 UnknownCalls::UnknownCalls(QThreadPool &pool, std::shared_ptr<Courier> courier,
                            std::chrono::milliseconds time, Deliver deliver)
-    : m_courier(std::move(courier)),
-      m_time(time),
+    : m_time(time),
       m_deliver(std::move(deliver)),
-      m_questions(std::make_shared<Lane>(pool)),
+      m_questions(std::make_shared<Lane>(pool, std::move(courier))),
       m_self(std::make_shared<UnknownCalls *>(this))
 {
     m_timer.setInterval(askingInterval);
@@ -114,8 +109,7 @@ void UnknownCalls::ask(Entry &entry)
         if (const auto self = weak.lock())
             (*self)->answered(job, result, isOpen);
     };
-    m_questions->append(
-        std::make_shared<Question>(m_target, entry.job->result, m_courier, handler));
+    m_questions->append(std::make_shared<Question>(m_target, entry.job->result, handler));
 }
 
 void UnknownCalls::answered(const JobPtr &job, const CallResult &result, bool isOpen)

@@ -43,7 +43,6 @@ private:
     void answered(const JobPtr &job, const CallResult &result, bool isOpen);
     void deliver(std::list<Entry>::iterator entry, const CallResult &result);
 
-    const std::shared_ptr<Courier> m_courier;
     const std::chrono::milliseconds m_time;
     const Deliver m_deliver;
     const std::shared_ptr<Lane> m_questions;

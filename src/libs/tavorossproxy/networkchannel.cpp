@@ -2,6 +2,17 @@
 
 namespace Tavoro::SSProxy {
 
+namespace {
+
+DeviceLease leaseNotSent()
+{
+    DeviceLease lease;
+    lease.status = NotInitialized;
+    return lease;
+}
+
+} // namespace
+
 NetworkChannel::NetworkChannel() = default;
 NetworkChannel::~NetworkChannel() = default;
 
@@ -13,6 +24,21 @@ RequestOutcome NetworkChannel::outcomeOf(const RequestIdentity &)
 bool NetworkChannel::readControlHolder(QString &)
 {
     return false;
+}
+
+DeviceLease NetworkChannel::readLease()
+{
+    return leaseNotSent();
+}
+
+DeviceLease NetworkChannel::takeLease(const QString &, std::chrono::seconds)
+{
+    return leaseNotSent();
+}
+
+DeviceLease NetworkChannel::releaseLease()
+{
+    return leaseNotSent();
 }
 
 void NetworkChannel::setConnectionHandler(std::function<void(const ConnectionState &)>) { }

@@ -3,6 +3,7 @@
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/controlaction.h>
 #include <tavorossproxy/devicechannel.h>
+#include <tavorossproxy/devicelease.h>
 #include <tavorossproxy/exchangewatch.h>
 
 #include <QString>
@@ -113,6 +114,23 @@ public:
     /// device did not answer. Blocks until the device answers, at most 10 s. Fails on the channels'
     /// thread. The default implementation fails.
     virtual bool readControlHolder(QString &holder);
+
+    /// Reads which client holds the lease of the device. Blocks until the device answers, at most
+    /// 10 s. Fails on the channels' thread. The default implementation returns a status.
+    virtual DeviceLease readLease();
+
+    /// Takes the lease of the device for \a time from now on, or renews it, unless another client
+    /// holds it: then the result names that client. \a time is 1 to 3600 s, and \a holder has 1 to
+    /// 64 bytes of UTF-8 without control characters; otherwise the device refuses. The lease ends
+    /// when its time is over, with releaseLease(), or when the device restarts; a lost connection
+    /// does not end it. If the lease of another client has ended by time, the device ends the
+    /// connection of that client, so that nothing which it still sends is carried out. Blocks and
+    /// fails as readLease() does.
+    virtual DeviceLease takeLease(const QString &holder, std::chrono::seconds time);
+
+    /// Ends the lease of this channel. Without effect if another client holds it. Blocks and fails
+    /// as readLease() does.
+    virtual DeviceLease releaseLease();
 
     /// Calls \a handler at once with the present state, and then each time that it changes, until
     /// the channel has stopped or another handler is set. The calls are made on the channels'

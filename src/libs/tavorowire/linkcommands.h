@@ -9,6 +9,7 @@ namespace Tavoro::SSProxy::Wire {
 enum class LinkCommand : quint16 {
     Control = 0x0101, ///< Which client holds control. Can be read, written and reported.
     Outcome = 0x0102, ///< The outcome of an earlier request. Can be read.
+    Lease = 0x0103, ///< Which client holds the lease. Can be read and written.
 };
 
 /// Sets the command code of a head.

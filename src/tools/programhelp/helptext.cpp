@@ -1,5 +1,8 @@
 #include "helptext.h"
 
+#include "columns.h"
+#include "texts.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -15,15 +18,9 @@ QString wrapped(const QString &text, int indent)
 {
     const QString margin(indent, QLatin1Char(' '));
     QString lines;
-    QString line;
-    for (const QString &word : text.split(QLatin1Char(' '))) {
-        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > widest) {
-            lines += margin + line + QLatin1Char('\n');
-            line.clear();
-        }
-        line += line.isEmpty() ? word : QLatin1Char(' ') + word;
-    }
-    return lines + margin + line + QLatin1Char('\n');
+    for (const QString &line : linesOf(text, widest - indent))
+        lines += margin + line + QLatin1Char('\n');
+    return lines;
 }
 
 /// \a name and \a effect side by side.
@@ -55,7 +52,7 @@ QString statusList(const Program &program)
 
 QString section(const QString &heading, const QString &list)
 {
-    return list.isEmpty() ? list : QLatin1Char('\n') + heading + QStringLiteral(":\n") + list;
+    return list.isEmpty() ? list : QLatin1Char('\n') + heading + QLatin1Char('\n') + list;
 }
 
 } // namespace
@@ -70,8 +67,9 @@ QString helpText(const Program &program)
 {
     const QString words =
         program.commands.isEmpty() ? program.usage : QStringLiteral("COMMAND [WORD ...]");
-    QString text = QStringLiteral("Usage: %1 [OPTION ...] %2\n%3.\n")
-                       .arg(program.name, words, program.summary);
+    QString text =
+        Texts::tr("Usage: %1").arg(program.name + QStringLiteral(" [OPTION ...] ") + words)
+        + QStringLiteral("\n%1.\n").arg(program.summary);
     QString commands;
     for (const Command &command : program.commands) {
         commands += QStringLiteral("  %1 %2")
@@ -80,9 +78,9 @@ QString helpText(const Program &program)
                         .prepend(QStringLiteral("  "))
             + QLatin1Char('\n') + wrapped(command.effect, 6);
     }
-    text += section(QStringLiteral("Commands"), commands);
-    text += section(QStringLiteral("Options"), optionList(program.options));
-    text += section(QStringLiteral("Exit status"), statusList(program));
+    text += section(Texts::tr("Commands:"), commands);
+    text += section(Texts::tr("Options:"), optionList(program.options));
+    text += section(Texts::tr("Exit status:"), statusList(program));
     if (!program.details.isEmpty())
         text += QLatin1Char('\n') + program.details + QLatin1Char('\n');
     return text.trimmed();
@@ -91,11 +89,12 @@ QString helpText(const Program &program)
 QString helpText(const Program &program, const Command &command)
 {
     QString text =
-        QStringLiteral("Usage: %1 %2 %3\n").arg(program.name, command.name, command.usage)
-        + wrapped(command.effect, 0);
-    text += section(QStringLiteral("Options of the command"), optionList(command.options));
-    text += section(QStringLiteral("Options of all commands"), optionList(program.options));
-    text += section(QStringLiteral("Exit status"), statusList(program));
+        Texts::tr("Usage: %1")
+            .arg(QStringLiteral("%1 %2 %3").arg(program.name, command.name, command.usage))
+        + QLatin1Char('\n') + wrapped(command.effect, 0);
+    text += section(Texts::tr("Options of the command:"), optionList(command.options));
+    text += section(Texts::tr("Options of all commands:"), optionList(program.options));
+    text += section(Texts::tr("Exit status:"), statusList(program));
     return text.trimmed();
 }
 

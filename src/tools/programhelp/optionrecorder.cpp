@@ -1,5 +1,7 @@
 #include "optionrecorder.h"
 
+#include "texts.h"
+
 #include <QStringList>
 
 namespace Tavoro::Help {
@@ -14,13 +16,13 @@ void OptionRecorder::setApplicationDescription(const QString &description)
 
 void OptionRecorder::addHelpOption()
 {
-    m_program.options += {QStringLiteral("help"), {}, QStringLiteral("Show the help.")};
+    m_program.options += {QStringLiteral("help"), {}, Texts::tr("Show the help.")};
 }
 
 void OptionRecorder::addVersionOption()
 {
     m_program.options +=
-        {QStringLiteral("version"), {}, QStringLiteral("Show the version of the program.")};
+        {QStringLiteral("version"), {}, Texts::tr("Show the version of the program.")};
 }
 
 bool OptionRecorder::addOption(const QCommandLineOption &option)

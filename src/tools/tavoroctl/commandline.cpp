@@ -1,5 +1,6 @@
 #include "commandline.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/commands/helpcommand.h>
 #include <tavorooperations/nearest.h>
 
@@ -24,7 +25,7 @@ void addOptions(QCommandLineParser &parser, const OptionRange &options, QStringL
 {
     for (const OptionRow &row : options) {
         parser.addOption(
-            {QLatin1String(row.name), QLatin1String(row.effect), QLatin1String(row.value)});
+            {QLatin1String(row.name), Texts::tr(row.effect), QLatin1String(row.value)});
         names += QLatin1String(row.name);
     }
 }
@@ -44,7 +45,7 @@ void readMilliseconds(const QCommandLineParser &parser, const QString &option, C
     bool ok = false;
     milliseconds = value.toInt(&ok);
     if (!ok || milliseconds <= 0)
-        refuse(line, QStringLiteral("\"%1\" is not a number of milliseconds above 0").arg(value));
+        refuse(line, Texts::tr("\"%1\" is not a number of milliseconds above 0").arg(value));
 }
 
 void readCommonOptions(const QCommandLineParser &parser, CommandLine &line)
@@ -63,9 +64,8 @@ QString faultOf(const QCommandLineParser &parser, const QStringList &names)
 {
     const QString unknown = parser.unknownOptionNames().value(0);
     const QString nearest = Operations::nearest(unknown, names);
-    return nearest.isEmpty()
-        ? parser.errorText()
-        : QStringLiteral("%1 Did you mean --%2?").arg(parser.errorText(), nearest);
+    return nearest.isEmpty() ? parser.errorText()
+                             : Texts::tr("%1 Did you mean --%2?").arg(parser.errorText(), nearest);
 }
 
 /// Reads the common options and those of \a options, and returns the other words.
@@ -103,7 +103,7 @@ void parseArguments(const QString &program, const QStringList &words, CommandLin
     const bool isRun = !line.showsHelp && !line.showsVersion;
     if (isRun && !takesWords(command, static_cast<int>(line.arguments.words.size())))
         refuse(line,
-               QStringLiteral("%1 takes %2")
+               Texts::tr("%1 takes %2")
                    .arg(QLatin1String(command.name), QLatin1String(command.usage)));
 }
 
@@ -123,7 +123,7 @@ CommandLine parseCommandLine(const QStringList &arguments)
     else if (!words.isEmpty())
         refuse(line, faultOfCommand(words));
     else if (!line.showsHelp)
-        refuse(line, QStringLiteral("expected a command; --help lists all commands"));
+        refuse(line, Texts::tr("expected a command; --help lists all commands"));
     // An error is an object even if the option follows what is wrong.
     line.asJson |= !line.fault.isEmpty() && words.contains(QStringLiteral("--json"));
     return line;

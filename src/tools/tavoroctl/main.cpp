@@ -3,11 +3,13 @@
 #include "commandline.h"
 
 #include <programhelp/hiddenoptions.h>
+#include <tavorocontrol/proto/translations.h>
 #include <tavoroctl/commands/helpcommand.h>
 #include <tavoroctl/commands/program.h>
 #include <tavoroctl/output/standardstreams.h>
 
 #include <QCoreApplication>
+#include <QLocale>
 
 namespace {
 
@@ -45,6 +47,9 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("tavoroctl"));
     const QStringList arguments = QCoreApplication::arguments();
+    // Programs that read the objects rely on their texts.
+    if (arguments.contains(QStringLiteral("--json")))
+        Translations::setLocale(QLocale::c());
     if (const auto status = Help::runHiddenOption(describeProgram(), completeValue, arguments))
         return *status;
 

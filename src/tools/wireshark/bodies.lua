@@ -72,10 +72,36 @@ local function addHolder(range, frame)
     frame.tree:add(fields.body.controlHolder, range)
 end
 
+local function hasLengthFrom(range, length, frame)
+    return range:len() >= length or hasLength(range, length, frame)
+end
+
+local function addLeaseHolder(range, position, frame)
+    if range:len() > position then
+        frame.tree:add(fields.body.leaseHolder, range(position))
+    end
+end
+
+local function addLeaseRequest(range, frame)
+    if hasLengthFrom(range, 3, frame) then
+        frame.tree:add_le(fields.body.leaseSeconds, range(0, 2))
+        addLeaseHolder(range, 2, frame)
+    end
+end
+
+local function addLease(range, frame)
+    if hasLengthFrom(range, 5, frame) then
+        frame.tree:add(fields.body.leaseState, range(0, 1))
+        frame.tree:add_le(fields.body.leaseTime, range(1, 4))
+        addLeaseHolder(range, 5, frame)
+    end
+end
+
 -- By code and kind: the bodies that are not records.
 local linkBodies = {
     [names.outcomeCode] = { [1] = addOutcomeRequest, [2] = addOutcome },
     [names.controlCode] = { [2] = addHolder, [3] = addHolder },
+    [names.leaseCode] = { [1] = addLeaseRequest, [2] = addLease },
 }
 
 local function isPartOfJson(frame)
@@ -103,13 +129,16 @@ local byKind = {
     [5] = addJsonOrBytes,
 }
 
--- The meaning of the first byte of the filters in requests and reports of control.
-function bodies.addControl(range, frame)
-    local isControl = frame.head.kind <= 3 and frame.head.code == names.controlCode
-    if isControl and frame.head.kind == 3 then
+-- The meaning of the first byte of the filters in requests and reports of control and of the lease.
+function bodies.addAction(range, frame)
+    local code = frame.head.kind <= 3 and frame.head.code
+    local isWrite = frame.head.type == 2
+    if code == names.controlCode and frame.head.kind == 3 then
         frame.tree:add(fields.body.controlState, range)
-    elseif isControl and frame.head.type == 2 then
+    elseif code == names.controlCode and isWrite then
         frame.tree:add(fields.body.controlAction, range)
+    elseif code == names.leaseCode and isWrite then
+        frame.tree:add(fields.body.leaseAction, range)
     end
 end
 

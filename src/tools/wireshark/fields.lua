@@ -50,6 +50,11 @@ fields.body = {
     controlAction = ProtoField.uint8("tavoro.control.action", "Action", base.DEC, names.controlActions),
     controlState = ProtoField.uint8("tavoro.control.others", "Another client holds control", base.DEC),
     controlHolder = ProtoField.string("tavoro.control.holder", "Holder of control"),
+    leaseAction = ProtoField.uint8("tavoro.lease.action", "Action", base.DEC, names.leaseActions),
+    leaseSeconds = ProtoField.uint16("tavoro.lease.seconds", "Seconds wanted", base.DEC),
+    leaseState = ProtoField.uint8("tavoro.lease.state", "Lease", base.DEC, names.leaseStates),
+    leaseTime = ProtoField.uint32("tavoro.lease.milliseconds", "Milliseconds until the lease ends", base.DEC),
+    leaseHolder = ProtoField.string("tavoro.lease.holder", "Holder of the lease"),
 }
 
 local function newExpert(name, text, group, severity)

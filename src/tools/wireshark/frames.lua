@@ -170,7 +170,7 @@ function frames.add(tvb, offset, head, connection, pinfo, root)
     addBodyChecksumStatus(frame, isComplete and bytes, lines)
     addHeadFaults(frame, lines)
     addLinks(frame)
-    bodies.addControl(tvb:range(offset + 31, 1), frame)
+    bodies.addAction(tvb:range(offset + 31, 1), frame)
     addBody(frame, body, isComplete)
     packets.showColumns(pinfo)
     return heads.size + available

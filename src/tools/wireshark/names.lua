@@ -61,11 +61,23 @@ names.outcomes = {
     [3] = "done: the request was answered",
 }
 
+names.leaseActions = {
+    [1] = "take or renew the lease",
+    [2] = "release the lease",
+}
+
+names.leaseStates = {
+    [0] = "free",
+    [1] = "this client holds the lease",
+    [2] = "another client holds the lease",
+}
+
 -- Codes of requests that concern the connection and are not commands of the device.
 names.controlCode = 0x0101
 names.outcomeCode = 0x0102
+names.leaseCode = 0x0103
 
-names.codes = { [names.controlCode] = "Control", [names.outcomeCode] = "Outcome" }
+names.codes = { [names.controlCode] = "Control", [names.outcomeCode] = "Outcome", [names.leaseCode] = "Lease" }
 for code, name in pairs(commands) do
     names.codes[code] = name
 end

@@ -32,7 +32,7 @@ public:
     /// Undoes or redoes, and waits until that has ended.
     bool wait()
     {
-        return QTest::qWaitFor([this] { return !changes.isMoving(); });
+        return QTest::qWaitFor([this] { return !changes.isMoving(); }, 60000);
     }
     bool undo()
     {

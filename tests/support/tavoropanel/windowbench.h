@@ -21,7 +21,7 @@ public:
         window = std::make_unique<Tavoro::Panel::MainWindow>(*session);
         window->show();
         window->activateWindow();
-        if (!QTest::qWaitForWindowActive(window.get()))
+        if (!QTest::qWaitForWindowActive(window.get(), 60000))
             qFatal("the window does not become active");
     }
 
@@ -29,7 +29,7 @@ public:
     bool openSelected()
     {
         return openReady()
-            && QTest::qWaitFor([this] { return !window->selection().screens().isEmpty(); });
+            && QTest::qWaitFor([this] { return !window->selection().screens().isEmpty(); }, 60000);
     }
     /// The widget of this type with this object name.
     template <class Widget>

@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <algorithm>
+
 /// What simulated devices of this process log while it exists: the requests that arrived, in their
 /// order.
 class DeviceLog {
@@ -46,6 +48,14 @@ public:
                 found << match.captured(1);
         }
         return found;
+    }
+    /// Whether a device has noticed the end of a connection.
+    bool hasLostConnection() const
+    {
+        const QStringList lines = m_catcher.texts("tavoro.sim", QtInfoMsg);
+        return std::any_of(lines.begin(), lines.end(), [](const QString &line) {
+            return line.endsWith(QLatin1String(" gone"));
+        });
     }
     void clear() { m_catcher.clear(); }
 

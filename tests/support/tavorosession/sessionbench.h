@@ -1,8 +1,10 @@
 #pragma once
 
+#include <support/common/patience.h>
 #include <support/tavorosim/simulatedconnection.h>
 
 #include <tavorobizmodel/device.h>
+#include <tavorobizmodel/deviceconfig.h>
 #include <tavorobizmodel/devicelist.h>
 #include <tavorosession/session.h>
 
@@ -11,6 +13,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -58,7 +61,6 @@ public:
         Options options;
         options.channel.firstReconnectPause = 20ms;
         options.channel.longestReconnectPause = 20ms;
-        options.channel.maxRequestTime = 2s;
         options.readPause = 50ms;
         return options;
     }
@@ -90,7 +92,19 @@ public:
     }
 
     /// Opens the device. Its session is in \c wall.
-    void open() { wall = session->open(QStringLiteral("127.0.0.1"), running->simulator->port()); }
+    void open() { wall = open(*running); }
+    /// Opens another device. Its requests may take a minute, so that their answers can be held.
+    Tavoro::DeviceSession *open(const RunningSimulator &device) const
+    {
+        auto *const opened = session->open(QStringLiteral("127.0.0.1"), device.simulator->port());
+        QObject::connect(opened, &Tavoro::DeviceSession::deviceChanged, opened, [opened] {
+            constexpr quint32 patience = 60000; // milliseconds
+            // Before the device is shared: the first signal precedes its first reading.
+            if (opened->device() && opened->device()->deviceConfig().defaultTimeout != patience)
+                opened->device()->deviceConfig().defaultTimeout = patience;
+        });
+        return opened;
+    }
     /// Opens the device and waits until it is ready.
     bool openReady()
     {
@@ -102,6 +116,19 @@ public:
     bool addFault(const char *rule)
     {
         return execute(QStringLiteral("fault add ") + QLatin1String(rule));
+    }
+    /// Sends the answers that the fault "hold" keeps back. They were requested: wait for
+    /// hasFaults().
+    bool releaseAnswers() { return execute(QStringLiteral("fault release")); }
+    /// Sets how long the library waits for the answer to one command. Of a device that is ready,
+    /// and while nothing is read.
+    void setTimeout(quint16 code, std::chrono::milliseconds time) const
+    {
+        auto entry = std::make_shared<Tavoro::BizModel::s_CommandTimeout>();
+        entry->BC = code >> 8;
+        entry->FC = code & 0xFF;
+        entry->timeout = static_cast<quint32>(time.count());
+        wall->device()->deviceConfig().timeouts.prepend(entry);
     }
     /// Whether the device has rules left that contain \a text. A rule with a count is removed when
     /// its exchanges have arrived.

@@ -8,6 +8,7 @@ namespace CommandCodes {
 
 constexpr quint16 controlCode = 0x0101;
 constexpr quint16 outcomeCode = 0x0102;
+constexpr quint16 leaseCode = 0x0103;
 constexpr quint16 deviceDetail = 0x1100;
 constexpr quint16 deviceSwap = 0x1107;
 constexpr quint16 groupInfo = 0x110A;

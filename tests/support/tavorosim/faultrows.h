@@ -33,6 +33,7 @@ constexpr FaultRow faultRows[] = {
 //   fault                  lost   time       read    split read         write         split write   streamed read      synchronisation    its next
     {"status=8",            false, longTime,  {"8",    "8",               "8 undone",   "8 undone",   "8",               "8"},               "ok"},
     {"late=50",             false, longTime,  {"ok",   "ok",              "ok done",    "ok done",    "ok",              "ok"},              "ok"},
+    {"hold",                false, shortTime, {"260",  "260",             "260 done",   "260 done",   "260",             "260"},             "ok"},
     {"silent",              false, shortTime, {"260",  "260",             "260 done",   "260 done",   "260",             "260"},             "ok"},
     {"ignore",              false, shortTime, {"260",  "260",             "260 undone", "260 undone", "260",             "260"},             "ok"},
     {"stall",               true,  shortTime, {"260",  "365",             "260 done",   "260 done",   "365",             "365"},             "offline"},

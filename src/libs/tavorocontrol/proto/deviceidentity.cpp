@@ -25,11 +25,13 @@ bool decodeIdentity(const std::string &body, DeviceBaseInfo &info, std::string &
         return false;
     DeviceBaseInfo &decoded = identity;
     if (!parseHexDigits(identity.sn, decoded.sn)) {
-        error = "the serial number is not 16 hexadecimal digits";
+        error = QT_TRANSLATE_NOOP("Tavoro::ProtoModel",
+                                  "the serial number is not 16 hexadecimal digits");
         return false;
     }
     if (!parseHexDigits(identity.mac, decoded.mac)) {
-        error = "the MAC address is not 12 hexadecimal digits";
+        error =
+            QT_TRANSLATE_NOOP("Tavoro::ProtoModel", "the MAC address is not 12 hexadecimal digits");
         return false;
     }
     info = std::move(decoded);

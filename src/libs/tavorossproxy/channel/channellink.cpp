@@ -332,7 +332,8 @@ void ChannelLink::takeIdentity(const std::string &body)
     std::string error;
     if (!ProtoModel::decodeIdentity(body, info, error))
         return drop(WrongType,
-                    tr("its identity cannot be read: %1").arg(QString::fromStdString(error)));
+                    tr("its identity cannot be read: %1")
+                        .arg(QCoreApplication::translate("Tavoro::ProtoModel", error.c_str())));
     if (info.protocolVersion != Wire::protocolVersion)
         return drop(WrongFlag,
                     tr("it speaks protocol version %1, and only version %2 is supported")

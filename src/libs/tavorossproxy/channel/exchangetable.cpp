@@ -178,6 +178,25 @@ SplitSlots *ExchangeTable::slotsFor(const Wire::WireHead &head)
     return nullptr;
 }
 
+std::optional<Wire::RequestId> ExchangeTable::reserveNumber(quint8 tag)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[tag];
+    if (slot.state != State::Taken)
+        return std::nullopt;
+    slot.request.number = nextNumber();
+    return Wire::RequestId{m_connection, slot.request.number};
+}
+
+void ExchangeTable::withdraw(quint8 tag)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    Slot &slot = m_slots[tag];
+    notePacket(slot.request, slot.request, InvalidRequest);
+    slot.state = State::Free;
+    slot.response.reset();
+}
+
 /// Reusing the storage is faster: the system would otherwise unmap that of a long frame, and clear
 /// new pages for the next one.
 QByteArray ExchangeTable::takeStorage()
@@ -301,7 +320,8 @@ std::optional<QByteArray> ExchangeTable::takeUnsent(bool withContents)
     Slot &slot = m_slots[*next];
     m_unsent.erase(next);
     slot.state = State::Sent;
-    slot.request.number = m_lastNumber = std::max(m_lastNumber + 1, 1u);
+    if (slot.request.number == 0)
+        slot.request.number = nextNumber();
     slot.sent = Wire::RequestId{m_connection, slot.request.number};
     Wire::setNumber(slot.frame, slot.request.number);
     return std::move(slot.frame);
@@ -359,6 +379,12 @@ ExchangeTable::Counts ExchangeTable::counts() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_counts;
+}
+
+quint32 ExchangeTable::nextNumber()
+{
+    m_lastNumber = std::max(m_lastNumber + 1, 1u);
+    return m_lastNumber;
 }
 
 /// Takes the tags in turn, so that each stays unused as long as possible. Returns 0 if none is

@@ -25,7 +25,8 @@ namespace Tavoro::SSProxy::Internal {
 ///
 /// | member                               | thread                       |
 /// |--------------------------------------|------------------------------|
-/// | begin, submit, await                 | that of the caller, in order |
+/// | begin, reserveNumber, submit, await, | that of the caller, in order |
+/// | withdraw                             |                              |
 /// | takeUnsent                           | any, one at a time           |
 /// | answerStarted, complete              | any                          |
 /// | takeStorage, recycle, endSplitRead   | any                          |
@@ -36,6 +37,7 @@ namespace Tavoro::SSProxy::Internal {
 /// \code
 /// Free      --begin-->                Taken
 /// Taken     --submit-->               Unsent
+/// Taken     --withdraw-->             Free
 /// Unsent    --takeUnsent-->           Sent
 /// Sent      --complete-->             Completed
 /// Completed --await-->                Free
@@ -65,6 +67,11 @@ public:
     /// Assigns a tag to a request, and a stream if it has none. Blocks a request that may begin a
     /// split exchange until the device has a slot for it, until \a deadline at the latest.
     Ticket begin(const DeviceRequestCommand &request, Clock::TimePoint deadline);
+    /// Sets the next number aside for a request that has begun, and returns its identity. Returns
+    /// nothing if the connection was lost.
+    std::optional<Wire::RequestId> reserveNumber(quint8 tag);
+    /// Ends a request that has begun and will not be submitted.
+    void withdraw(quint8 tag);
     /// Returns storage for a frame, with arbitrary content.
     QByteArray takeStorage();
     /// Queues the frame of the request for sending.
@@ -113,7 +120,8 @@ private:
         State state = State::Free;
         bool hasAnswerStarted = false; ///< A part of the answer has arrived.
         std::optional<Wire::RequestId> sent; ///< Identifies the request at the device.
-        Wire::WireHead request; ///< What the answer must match.
+        /// What the answer must match. Its number is 0 until one is reserved or the frame is sent.
+        Wire::WireHead request;
         QByteArray frame; ///< The frame to send, in state Unsent.
         std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Completed.
         std::condition_variable completed;
@@ -123,6 +131,7 @@ private:
     SplitSlots *slotsFor(const Wire::WireHead &head);
     void assignStream(Wire::WireHead &head, SplitSlots *slots);
     quint8 freeTag();
+    quint32 nextNumber();
     quint16 freshStream();
     void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
     bool beginReading(const Slot &slot);

@@ -2,10 +2,12 @@
 
 #include "clampedoptions_p.h"
 #include "commands_p.h"
+#include "leaserequests_p.h"
 #include "outcomequery_p.h"
 #include <tavorossproxy/io/connectedsocket_p.h>
 #include <tavorossproxy/logging_p.h>
 
+#include <tavorossproxy/requestannouncement.h>
 #include <tavorowire/checksums.h>
 #include <tavorowire/frame.h>
 #include <tavorowire/hostandport.h>
@@ -25,6 +27,14 @@ bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
     Wire::JsonElements elements;
     elements.add(event.body);
     return elements.count() > maxElements;
+}
+
+/// The device carries a write out when it has received this packet.
+bool isDecisiveWrite(const Wire::WireHead &request)
+{
+    const bool isWrite = request.type == quint8(CommandType::Write)
+        || request.type == quint8(CommandType::BinaryWrite);
+    return isWrite && quint64(request.sendCount) + 1 >= request.totalCount;
 }
 
 } // namespace
@@ -154,6 +164,21 @@ bool StreamChannel::readControlHolder(QString &holder)
     return m_control->readHolder(holder);
 }
 
+DeviceLease StreamChannel::readLease()
+{
+    return Internal::readLease(*this, m_loop->clock());
+}
+
+DeviceLease StreamChannel::takeLease(const QString &holder, std::chrono::seconds time)
+{
+    return Internal::takeLease(*this, m_loop->clock(), holder, time);
+}
+
+DeviceLease StreamChannel::releaseLease()
+{
+    return Internal::releaseLease(*this, m_loop->clock());
+}
+
 void StreamChannel::setConnectionHandler(std::function<void(const ConnectionState &)> handler)
 {
     m_loop->post([self = shared_from_this(), handler = std::move(handler)]() mutable {
@@ -248,6 +273,10 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
     if (ticket.refusal != 0)
         return makeResponse(request.head(), ticket.refusal);
 
+    if (!maySend(ticket.head, deadline)) {
+        m_exchanges.withdraw(ticket.head.lables);
+        return makeResponse(request.head(), InvalidRequest);
+    }
     request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
     QByteArray frame = m_exchanges.takeStorage();
     Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
@@ -269,6 +298,20 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
              && hasStalled())
         closeConnection(connection, tr("it stopped in the middle of a frame"));
     return response;
+}
+
+/// Announces the request, if the caller wants that. A request without a connection need not be
+/// announced: it ends when it is submitted.
+bool StreamChannel::maySend(const Wire::WireHead &request, Clock::TimePoint deadline)
+{
+    if (!RequestAnnouncement::isWanted() || !isDecisiveWrite(request))
+        return true;
+    const auto id = m_exchanges.reserveNumber(request.lables);
+    const auto time =
+        std::chrono::duration_cast<ChannelOptions::Milliseconds>(deadline - m_loop->clock().now());
+    return !id
+        || RequestAnnouncement::announce({id->connection.client, id->connection.number, id->number},
+                                         time);
 }
 
 /// Ends the exchange. The caller requests no further packet of the answer.

@@ -68,6 +68,9 @@ public:
     RequestOutcome requestOutcome(quint8 lables) override;
     RequestOutcome outcomeOf(const RequestIdentity &id) override;
     bool readControlHolder(QString &holder) override;
+    DeviceLease readLease() override;
+    DeviceLease takeLease(const QString &holder, std::chrono::seconds time) override;
+    DeviceLease releaseLease() override;
     void setConnectionHandler(std::function<void(const ConnectionState &)> handler) override;
     ChannelStatistics statistics() const override;
     std::string expectedIdentity() const override { return m_options.identity; }
@@ -103,6 +106,7 @@ private:
 
     std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
                                                     Exchange &observed);
+    bool maySend(const Wire::WireHead &request, Clock::TimePoint deadline);
     std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
                                                         quint64 elements);
     ConnectionState connectionState() const;

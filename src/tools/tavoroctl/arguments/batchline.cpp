@@ -1,5 +1,7 @@
 #include "batchline.h"
 
+#include "texts.h"
+
 namespace Tavoro::Ctl {
 
 namespace {
@@ -19,12 +21,12 @@ QString takeQuoted(QString &rest, QString &fault)
 {
     const auto length = static_cast<int>(rest.indexOf(quote, 1)) + 1;
     if (length == 0) {
-        fault = QStringLiteral("the closing quote is missing");
+        fault = Texts::tr("the closing quote is missing");
         return takeLeft(rest, static_cast<int>(rest.size()));
     }
     const QString quoted = takeLeft(rest, length);
     if (!rest.isEmpty() && !rest.at(0).isSpace())
-        fault = QStringLiteral("expected a space after the closing quote");
+        fault = Texts::tr("expected a space after the closing quote");
     return quoted.mid(1, length - 2);
 }
 

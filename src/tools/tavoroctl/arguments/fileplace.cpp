@@ -1,6 +1,7 @@
 #include "fileplace.h"
 
 #include "number.h"
+#include "texts.h"
 
 #include <tavorobizmodel/enums.h>
 
@@ -56,14 +57,12 @@ bool readFilePlace(const QString &type, const QString &id, FilePlace &place, QSt
 {
     const std::optional<int> known = parseFileType(type);
     if (!known)
-        fault = QStringLiteral("\"%1\" is not a file type; use 0 to %2 or one of: %3")
+        fault = Texts::tr("\"%1\" is not a file type; use 0 to %2 or one of: %3")
                     .arg(type)
                     .arg(highestFileNumber)
                     .arg(fileTypeNames().join(QStringLiteral(", ")));
     else if (!readNumber(id, highestFileNumber, place.id))
-        fault = QStringLiteral("\"%1\" is not a valid file ID (0 to %2)")
-                    .arg(id)
-                    .arg(highestFileNumber);
+        fault = Texts::tr("\"%1\" is not a valid file ID (0 to %2)").arg(id).arg(highestFileNumber);
     place.type = known.value_or(0);
     return fault.isEmpty();
 }

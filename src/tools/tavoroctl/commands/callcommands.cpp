@@ -6,6 +6,7 @@
 #include "unknownoperation.h"
 
 #include <tavoroctl/arguments/batchline.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/session/dryrun.h>
 #include <tavoroctl/session/exchangestatus.h>
 #include <tavorooperations/jsontext.h>
@@ -44,8 +45,10 @@ bool readOptions(const Arguments &arguments, Call &call)
     return int(defaults) + int(merge) + int(call.isDryRun && merge) < 2;
 }
 
-const QString exclusiveOptions =
-    QStringLiteral("--merge goes neither with --defaults nor with --dry-run");
+QString exclusiveOptions()
+{
+    return Texts::tr("--merge goes neither with --defaults nor with --dry-run");
+}
 
 Operations::MissingKeys missingKeys(const Call &call)
 {
@@ -55,7 +58,7 @@ Operations::MissingKeys missingKeys(const Call &call)
 
 QString adviceFor(const Operations::PreparedCall &call)
 {
-    return call.lacksKeys ? QStringLiteral("; give them, or send their defaults with --defaults")
+    return call.lacksKeys ? Texts::tr("; give them, or send their defaults with --defaults")
                           : QString();
 }
 
@@ -118,8 +121,7 @@ ExitStatus mergeAndRun(Tool &tool, const Call &call, const Operations::Operation
 {
     const bool isWrite = operation.direction() == Operations::Direction::Write;
     if (!isWrite || call.words.size() != 2)
-        return report(tool, call, UsageError,
-                      QStringLiteral("--merge needs a write and its record"));
+        return report(tool, call, UsageError, Texts::tr("--merge needs a write and its record"));
     const auto device = connect(tool, call);
     if (!device)
         return Unreachable;
@@ -141,7 +143,7 @@ ExitStatus makeCall(Tool &tool, const Call &call)
     if (!parseHost(call.host))
         return report(tool, call, UsageError, faultOfHost(call.host));
     if (call.words.isEmpty())
-        return report(tool, call, UsageError, QStringLiteral("expected an operation"));
+        return report(tool, call, UsageError, Texts::tr("expected an operation"));
     const auto operation = Operations::find(call.words.at(0));
     if (!operation)
         return report(tool, call, UsageError, faultOfOperation(call.words.at(0)));
@@ -177,7 +179,7 @@ ExitStatus runCall(Tool &tool, const Arguments &arguments)
 {
     tool.console.showStatusBar(StatusBar::Successes);
     Call call{arguments.words.at(0), arguments.words.mid(1)};
-    return readOptions(arguments, call) ? makeCall(tool, call) : refuse(tool, exclusiveOptions);
+    return readOptions(arguments, call) ? makeCall(tool, call) : refuse(tool, exclusiveOptions());
 }
 
 ExitStatus runBatch(Tool &tool, const Arguments &arguments)
@@ -185,7 +187,7 @@ ExitStatus runBatch(Tool &tool, const Arguments &arguments)
     tool.console.showStatusBar(StatusBar::Successes);
     Call call{arguments.words.value(0), {}};
     if (!readOptions(arguments, call))
-        return refuse(tool, exclusiveOptions);
+        return refuse(tool, exclusiveOptions());
     const bool stops = arguments.options.contains(QStringLiteral("stop-on-error"));
     if (!arguments.words.isEmpty() && !parseHost(call.host))
         return refuseHost(tool, call.host);

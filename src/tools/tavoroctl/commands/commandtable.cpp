@@ -2,6 +2,8 @@
 
 #include "commandlist.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -9,60 +11,62 @@ namespace Tavoro::Ctl {
 
 namespace {
 
+#define TEXT(text) QT_TRANSLATE_NOOP("Ctl", text)
+
 // clang-format off
 constexpr OptionRow commonRows[] = {
 //   name              value           effect
-    {"help",            "",             "Show this help."},
-    {"json",            "",             "Print JSON, also for errors."},
-    {"quiet",           "",             "Print only answers and errors."},
-    {"request-timeout", "MS",           "Wait at most MS milliseconds for each answer (as long as the library waits, up to 200 s)."},
-    {"timeout",         "MS",           "Wait MS milliseconds for a device to be ready (5000)."},
-    {"verbose",         "",             "Show the log on standard error."},
-    {"version",         "",             "Show the version of the program."},
+    {"help",            "",             TEXT("Show this help.")},
+    {"json",            "",             TEXT("Print JSON, also for errors.")},
+    {"quiet",           "",             TEXT("Print only answers and errors.")},
+    {"request-timeout", "MS",           TEXT("Wait at most MS milliseconds for each answer (as long as the library waits, up to 200 s).")},
+    {"timeout",         "MS",           TEXT("Wait MS milliseconds for a device to be ready (5000).")},
+    {"verbose",         "",             TEXT("Show the log on standard error.")},
+    {"version",         "",             TEXT("Show the version of the program.")},
 };
 constexpr OptionRow setupOptions[] = {
 //   name            value           effect
-    {"dry-run",      "",             "Print the writes as lines of a batch, and make none of them."},
+    {"dry-run",      "",             TEXT("Print the writes as lines of a batch, and make none of them.")},
 };
 constexpr OptionRow batchOptions[] = {
-    {"defaults",     "",             "Send missing keys of a record at their defaults."},
-    {"dry-run",      "",             "Print the requests, and send nothing."},
-    {"merge",        "",             "Send missing keys of a record as the device has them."},
-    {"stop-on-error", "",            "End after the first call that fails."},
+    {"defaults",     "",             TEXT("Send missing keys of a record at their defaults.")},
+    {"dry-run",      "",             TEXT("Print the requests, and send nothing.")},
+    {"merge",        "",             TEXT("Send missing keys of a record as the device has them.")},
+    {"stop-on-error", "",            TEXT("End after the first call that fails.")},
 };
 constexpr OptionRow callOptions[] = {
-    {"defaults",   "",             "Send missing keys of a record at their defaults."},
-    {"dry-run",    "",             "Print the request, and send nothing."},
-    {"merge",      "",             "Send missing keys of a record as the device has them."},
+    {"defaults",   "",             TEXT("Send missing keys of a record at their defaults.")},
+    {"dry-run",    "",             TEXT("Print the request, and send nothing.")},
+    {"merge",      "",             TEXT("Send missing keys of a record as the device has them.")},
 };
 constexpr OptionRow pushOptions[] = {
-    {"type",       "TYPE",         "Type of the file on the device (background)."},
-    {"force",      "",             "Replace a file that the device has."},
-    {"id",         "ID",           "ID of the file on the device (a free one, which is printed)."},
-    {"name",       "NAME",         "Name of the file on the device (that of FILE)."},
-    {"size",       "WIDTHxHEIGHT", "Size of an image in pixels."},
+    {"type",       "TYPE",         TEXT("Type of the file on the device (background).")},
+    {"force",      "",             TEXT("Replace a file that the device has.")},
+    {"id",         "ID",           TEXT("ID of the file on the device (a free one, which is printed).")},
+    {"name",       "NAME",         TEXT("Name of the file on the device (that of FILE).")},
+    {"size",       "WIDTHxHEIGHT", TEXT("Size of an image in pixels.")},
 };
 constexpr OptionRow upgradeOptions[] = {
-    {"reboot",     "",             "Restart the device afterwards, and wait until it is back."},
+    {"reboot",     "",             TEXT("Restart the device afterwards, and wait until it is back.")},
 };
 constexpr OptionRow saveOptions[] = {
-    {"type",       "TYPE",         "Type of the preset (screen-preset)."},
-    {"name",       "NAME",         "Name of the preset (\"Preset ID\")."},
+    {"type",       "TYPE",         TEXT("Type of the preset (screen-preset).")},
+    {"name",       "NAME",         TEXT("Name of the preset (\"Preset ID\").")},
 };
 constexpr OptionRow applyOptions[] = {
-    {"type",       "TYPE",         "Type of the preset (screen-preset)."},
-    {"apply-type", "NUMBER",       "How to apply it, a number that the device defines (0)."},
+    {"type",       "TYPE",         TEXT("Type of the preset (screen-preset).")},
+    {"apply-type", "NUMBER",       TEXT("How to apply it, a number that the device defines (0).")},
 };
 constexpr OptionRow projectSaveOptions[] = {
-    {"type",       "TYPE",         "Type of the file (10)."},
-    {"name",       "NAME",         "Name of the project (\"Project ID\")."},
-    {"contain",    "KINDS",        "Kinds of files that it contains, such as logo,preset; or none (all)."},
+    {"type",       "TYPE",         TEXT("Type of the file (10).")},
+    {"name",       "NAME",         TEXT("Name of the project (\"Project ID\").")},
+    {"contain",    "KINDS",        TEXT("Kinds of files that it contains, such as logo,preset; or none (all).")},
 };
 constexpr OptionRow projectApplyOptions[] = {
-    {"type",       "TYPE",         "Type of the file (10)."},
+    {"type",       "TYPE",         TEXT("Type of the file (10).")},
 };
 constexpr OptionRow replayOptions[] = {
-    {"pcapng",     "OUT",          "Write the capture to OUT for Wireshark instead; - is stdout."},
+    {"pcapng",     "OUT",          TEXT("Write the capture to OUT for Wireshark instead; - is stdout.")},
 };
 
 // In alphabetical order.
@@ -70,51 +74,51 @@ constexpr CommandRow commandRows[] = {
 //   name, words after it
 //   effect                                                                                    function         options
     {"apply", "HOST[:PORT] FILE",
-     "Writes to the device what differs in FILE, a setup that sync wrote; - is stdin.",        runApply,        setupOptions},
+     TEXT("Writes to the device what differs in FILE, a setup that sync wrote; - is stdin."),        runApply,        setupOptions},
     {"batch", "[HOST[:PORT]]",
-     "Makes one call per line of standard input. Without HOST, each line begins with a host.", runBatch,        batchOptions},
+     TEXT("Makes one call per line of standard input. Without HOST, each line begins with a host."), runBatch,        batchOptions},
     {"call", "HOST[:PORT] OPERATION [ARGUMENT ...]",
-     "Calls one operation: a write takes its record as JSON, a read its filters as numbers.",  runCall,         callOptions},
+     TEXT("Calls one operation: a write takes its record as JSON, a read its filters as numbers."),  runCall,         callOptions},
     {"control", "HOST[:PORT] who|take|release|force",
-     "Shows which client holds control, holds it until Ctrl-C, or ends the control of another.", runControl},
+     TEXT("Shows which client holds control, holds it until Ctrl-C, or ends the control of another."), runControl},
     {"diff", "HOST[:PORT] FILE",
-     "Shows what apply would change on the device; ends with 1 if it would change something.", runDiff},
+     TEXT("Shows what apply would change on the device; ends with 1 if it would change something."), runDiff},
     {"discover", "[ADDRESS[:PORT] ...]",
-     "Lists the devices on the local network, or those that answer at ADDRESS.",               runDiscover},
+     TEXT("Lists the devices on the local network, or those that answer at ADDRESS."),               runDiscover},
     {"files", "HOST[:PORT] [TYPE]",
-     "Lists the files on the device.",                                                         runFiles},
+     TEXT("Lists the files on the device."),                                                         runFiles},
     {"help", "[COMMAND ...]",
-     "Shows the help of the program or of a command.",                                         runHelp},
+     TEXT("Shows the help of the program or of a command."),                                         runHelp},
     {"list", "[OPERATION]",
-     "Lists all operations or those of a class, or shows the record that OPERATION takes.",    runList},
+     TEXT("Lists all operations or those of a class, or shows the record that OPERATION takes."),    runList},
     {"preset apply", "HOST[:PORT] ID",
-     "Applies a preset.",                                                                      runPresetApply,  applyOptions},
+     TEXT("Applies a preset."),                                                                      runPresetApply,  applyOptions},
     {"preset save", "HOST[:PORT] ID [SCREEN ...]",
-     "Stores the screens with these IDs as a preset; all screens without an ID.",              runPresetSave,   saveOptions},
+     TEXT("Stores the screens with these IDs as a preset; all screens without an ID."),              runPresetSave,   saveOptions},
     {"project apply", "HOST[:PORT] ID",
-     "Applies a project.",                                                                     runProjectApply, projectApplyOptions},
+     TEXT("Applies a project."),                                                                     runProjectApply, projectApplyOptions},
     {"project save", "HOST[:PORT] ID",
-     "Stores all screens, with all files or some kinds of them, as a project.",                runProjectSave,  projectSaveOptions},
+     TEXT("Stores all screens, with all files or some kinds of them, as a project."),                runProjectSave,  projectSaveOptions},
     {"pull", "HOST[:PORT] TYPE ID FILE",
-     "Fetches a file from the device into FILE, completely or not at all; - is stdout.",       runPull},
+     TEXT("Fetches a file from the device into FILE, completely or not at all; - is stdout."),       runPull},
     {"push", "HOST[:PORT] FILE",
-     "Sends FILE to the device; - is standard input.",                                         runPush,         pushOptions},
+     TEXT("Sends FILE to the device; - is standard input."),                                         runPush,         pushOptions},
     {"reboot", "HOST[:PORT]",
-     "Restarts the device.",                                                                   runReboot},
+     TEXT("Restarts the device."),                                                                   runReboot},
     {"replay", "FILE",
-     "Shows the connections and frames of a capture.",                                         runReplay,       replayOptions},
+     TEXT("Shows the connections and frames of a capture."),                                         runReplay,       replayOptions},
     {"selfcheck", "HOST[:PORT]",
-     "Shows the measurements of the device; ends with 1 if one is out of its range.",          runSelfCheck},
+     TEXT("Shows the measurements of the device; ends with 1 if one is out of its range."),          runSelfCheck},
     {"show", "HOST[:PORT]",
-     "Shows the device, its interfaces, screens and layers as the device reports them.",       runShow},
+     TEXT("Shows the device, its interfaces, screens and layers as the device reports them."),       runShow},
     {"sync", "HOST[:PORT]",
-     "Reads the whole device into the model and shows the model.",                             runSync},
+     TEXT("Reads the whole device into the model and shows the model."),                             runSync},
     {"upgrade", "HOST[:PORT] PACKAGE",
-     "Starts an upgrade from a package on the device, or follows the running one.",            runUpgrade,      upgradeOptions},
+     TEXT("Starts an upgrade from a package on the device, or follows the running one."),            runUpgrade,      upgradeOptions},
     {"version", "HOST[:PORT]",
-     "Shows the versions of the device and of its units.",                                     runVersion},
+     TEXT("Shows the versions of the device and of its units."),                                     runVersion},
     {"watch", "HOST[:PORT] [HOST[:PORT] ...]",
-     "Reads the devices as sync does, then shows changes of their models until Ctrl-C.",       runWatch},
+     TEXT("Reads the devices as sync does, then shows changes of their models until Ctrl-C."),       runWatch},
 };
 // clang-format on
 

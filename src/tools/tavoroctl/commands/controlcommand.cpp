@@ -2,6 +2,7 @@
 
 #include "commandlist.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/session/interruption.h>
 #include <tavorossproxy/networkchannel.h>
 
@@ -24,13 +25,13 @@ ExitStatus showHolder(Tool &tool, NetworkChannel &channel)
 {
     QString holder;
     if (!channel.readControlHolder(holder))
-        return fail(tool, QStringLiteral("The device does not say which client holds control."),
+        return fail(tool, Texts::tr("The device does not say which client holds control."),
                     TimedOut);
     if (tool.console.isJson())
         tool.console.answerObject({{QStringLiteral("event"), QStringLiteral("holder")},
                                    {QStringLiteral("holder"), holder}});
     else
-        tool.console.answer(holder.isEmpty() ? QStringLiteral("nobody") : holder);
+        tool.console.answer(holder.isEmpty() ? Texts::tr("nobody") : holder);
     return Done;
 }
 
@@ -42,15 +43,14 @@ ExitStatus hold(Tool &tool, NetworkChannel &channel, ControlAction action)
         return fail(tool, error, Refused);
     QEventLoop loop;
     const Interruption interruption([&] { loop.exit(Done); });
-    tool.console.notice(QStringLiteral("This client holds control until Ctrl-C."));
+    tool.console.notice(Texts::tr("This client holds control until Ctrl-C."));
     QTimer timer;
     timer.setInterval(lookInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
         if (!channel.isHardwareReadFinished())
-            loop.exit(
-                fail(tool, QStringLiteral("Control ended with the connection."), Unreachable));
+            loop.exit(fail(tool, Texts::tr("Control ended with the connection."), Unreachable));
         else if (!channel.isMasterControl())
-            loop.exit(fail(tool, QStringLiteral("Another client has taken control."), Refused));
+            loop.exit(fail(tool, Texts::tr("Another client has taken control."), Refused));
     });
     timer.start();
     const auto status = static_cast<ExitStatus>(loop.exec());
@@ -97,7 +97,7 @@ ExitStatus runControl(Tool &tool, const Arguments &arguments)
         std::find_if(std::begin(actions), std::end(actions),
                      [&](const ActionRow &row) { return name == QLatin1String(row.name); });
     if (action == std::end(actions))
-        return refuse(tool, QStringLiteral("\"%1\" is not who, take, release or force").arg(name));
+        return refuse(tool, Texts::tr("\"%1\" is not who, take, release or force").arg(name));
     ExitStatus status = Done;
     const auto device = openDevice(tool, arguments.words.at(0), status);
     return device ? action->run(tool, *tool.session.channel(*device)) : status;

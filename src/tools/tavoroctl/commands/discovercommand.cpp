@@ -2,6 +2,7 @@
 
 #include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorocontrol/proto/hexdigits.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/tcpdevicechannel.h>
@@ -53,7 +54,7 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
     for (const QString &word : arguments.words) {
         const std::optional<Host> target = parseTarget(word);
         if (!target)
-            return refuse(tool, QStringLiteral("\"%1\" is not ADDRESS[:PORT]").arg(word));
+            return refuse(tool, Texts::tr("\"%1\" is not ADDRESS[:PORT]").arg(word));
         targets.push_back({target->name, target->port});
     }
     QString error;
@@ -65,7 +66,7 @@ ExitStatus runDiscover(Tool &tool, const Arguments &arguments)
     else
         for (const ProtoModel::DeviceBaseInfo &device : devices)
             tool.console.answer(lineOf(device));
-    return devices.empty() ? fail(tool, QStringLiteral("No device answered."), Unreachable) : Done;
+    return devices.empty() ? fail(tool, Texts::tr("No device answered."), Unreachable) : Done;
 }
 
 } // namespace Tavoro::Ctl

@@ -4,6 +4,7 @@
 
 #include <tavorocontrol/file.h>
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
@@ -16,7 +17,7 @@ constexpr int all = -1;
 
 QString tableOf(const std::vector<ProtoModel::File::s_FileDetail> &files)
 {
-    TextTable table("TYPE ID NAME BYTES HASH PIXELS");
+    TextTable table(Texts::tr("TYPE ID NAME BYTES HASH PIXELS"));
     for (const ProtoModel::File::s_FileDetail &file : files) {
         const ProtoModel::File::s_FileSize &size = file.size;
         const QString pixels =

@@ -4,6 +4,7 @@
 #include "program.h"
 
 #include <programhelp/helptext.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavorooperations/nearest.h>
 
 #include <QJsonArray>
@@ -57,8 +58,7 @@ QString faultOfCommand(const QStringList &words)
     QString hint = Operations::suggestion(two, names);
     if (hint.isEmpty())
         hint = Operations::suggestion(words.at(0), names);
-    return QStringLiteral("unknown command \"%1\"%2; --help lists all commands")
-        .arg(words.at(0), hint);
+    return Texts::tr("unknown command \"%1\"%2; --help lists all commands").arg(words.at(0), hint);
 }
 
 ExitStatus showHelp(Tool &tool, const QStringList &words)

@@ -3,6 +3,7 @@
 #include "commandlist.h"
 
 #include <tavorocontrol/auxiliary.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/output/recordtext.h>
 #include <tavoroctl/output/texttable.h>
@@ -15,12 +16,12 @@ namespace {
 
 QString selfCheckTable(const s_DeviceSelfCheckDetail &detail)
 {
-    TextTable table("SLOT TYPE MODEL MEASUREMENT VALUE MIN MAX STATE");
+    TextTable table(Texts::tr("SLOT TYPE MODEL MEASUREMENT VALUE MIN MAX STATE"));
     for (const s_SelfCheckPart &part : detail.parts) {
         for (const s_SelfCheckItem &item : part.section)
             table.addRow({number(part.slotId), number(part.type), modelName(part.modelId),
                           textOf(item.name), textOf(item.value), textOf(item.min), textOf(item.max),
-                          item.state == 0 ? QStringLiteral("good") : QStringLiteral("faulty")});
+                          item.state == 0 ? Texts::tr("good") : Texts::tr("faulty")});
     }
     return table.text();
 }
@@ -37,8 +38,8 @@ int countFaults(const s_DeviceSelfCheckDetail &detail)
 
 QString versionTable(const s_DeviceVersion &version)
 {
-    TextTable table("SLOT TYPE MODEL SECTION VERSION");
-    table.addRow({QStringLiteral("device"), {}, {}, {}, textOf(version.version)});
+    TextTable table(Texts::tr("SLOT TYPE MODEL SECTION VERSION"));
+    table.addRow({Texts::tr("device"), {}, {}, {}, textOf(version.version)});
     for (const s_VersionPart &part : version.parts) {
         table.addRow({number(part.slotId),
                       number(part.type),
@@ -71,7 +72,7 @@ ExitStatus runSelfCheck(Tool &tool, const Arguments &arguments)
     const int faults = countFaults(detail);
     return faults == 0
         ? Done
-        : fail(tool, QStringLiteral("The self check reports a fault in %1.").arg(faults), Failed);
+        : fail(tool, Texts::tr("The self check reports a fault in %1.").arg(faults), Failed);
 }
 
 ExitStatus runVersion(Tool &tool, const Arguments &arguments)

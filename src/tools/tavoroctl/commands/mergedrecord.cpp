@@ -1,5 +1,6 @@
 #include "mergedrecord.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/model/objectidentity.h>
 #include <tavorooperations/jsontext.h>
 #include <tavorooperations/keywrite.h>
@@ -103,7 +104,7 @@ MergedRecord mergeRecord(const std::shared_ptr<BizModel::Device> &device,
                          const Operation &operation, const QString &typed)
 {
     const QString impossible =
-        QStringLiteral("%1 cannot be merged: no read returns what it writes").arg(operation.name());
+        Texts::tr("%1 cannot be merged: no read returns what it writes").arg(operation.name());
     const std::vector<Operations::Change> changes = operation.changes();
     const std::vector<Operations::Argument> arguments = operation.arguments();
     if (changes.size() != 1 || arguments.size() != 1 || arguments.front().sample.empty())
@@ -126,10 +127,10 @@ MergedRecord mergeRecord(const std::shared_ptr<BizModel::Device> &device,
     for (const QJsonValue element : listOf(given)) {
         const QJsonObject object = findObject(kind, records, identityOf(kind, element.toObject()));
         if (object.isEmpty())
-            return {{},
-                    QStringLiteral("%1: the device has no object with this identity")
-                        .arg(operation.name()),
-                    {}};
+            return {
+                {},
+                Texts::tr("%1: the device has no object with this identity").arg(operation.name()),
+                {}};
         const QJsonObject present = writtenPart(operation, kind, sample, object);
         if (!isReadable(kind, sample, present))
             return {{}, impossible, {}};

@@ -7,6 +7,7 @@
 #include <tavorocontrol/preset.h>
 #include <tavorocontrol/screen.h>
 #include <tavoroctl/arguments/number.h>
+#include <tavoroctl/arguments/texts.h>
 
 #include <algorithm>
 #include <limits>
@@ -28,7 +29,7 @@ bool readScreenNumbers(const QStringList &words, std::set<int> &numbers, QString
     for (const QString &word : words) {
         int number = 0;
         if (!readNumber(word, std::numeric_limits<quint8>::max(), number)) {
-            fault = QStringLiteral("\"%1\" is not a valid screen ID (0 to 255)").arg(word);
+            fault = Texts::tr("\"%1\" is not a valid screen ID (0 to 255)").arg(word);
             return false;
         }
         numbers.insert(number);
@@ -52,7 +53,7 @@ bool findScreens(const std::shared_ptr<BizModel::Device> &device, std::set<int> 
     for (const ProtoModel::s_ScreenId &screen : screens)
         numbers.erase(screen.screenId);
     if (!numbers.empty())
-        error = QStringLiteral("The device has no screen %1.").arg(*numbers.begin());
+        error = Texts::tr("The device has no screen %1.").arg(*numbers.begin());
     return numbers.empty();
 }
 
@@ -83,7 +84,7 @@ ExitStatus runPresetApply(Tool &tool, const Arguments &arguments)
         return refuse(tool, fault);
     ProtoModel::Preset::s_PresetPlay play{file.id, 0};
     if (!readNumber(applyType, std::numeric_limits<qint32>::max(), play.applyType))
-        return refuse(tool, QStringLiteral("\"%1\" is not a number").arg(applyType));
+        return refuse(tool, Texts::tr("\"%1\" is not a number").arg(applyType));
     return carryOut(tool, arguments.words.at(0), [&](const auto &device, QString &error) {
         return Control::Preset(device).presetApply({play}, error);
     });

@@ -4,6 +4,7 @@
 #include "recordcompletion.h"
 
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/exitstatus.h>
 #include <tavorooperations/operation.h>
 
@@ -17,7 +18,7 @@ QList<Help::Option> optionsOf(const OptionRange &rows)
 {
     QList<Help::Option> options;
     for (const OptionRow &row : rows)
-        options += {QLatin1String(row.name), QLatin1String(row.value), QLatin1String(row.effect)};
+        options += {QLatin1String(row.name), QLatin1String(row.value), Texts::tr(row.effect)};
     return options;
 }
 
@@ -44,7 +45,7 @@ QList<Help::Candidate> commandNames()
 {
     QList<Help::Candidate> candidates;
     for (const CommandRow &row : CommandRange())
-        candidates += {QLatin1String(row.name), QLatin1String(row.effect)};
+        candidates += {QLatin1String(row.name), Texts::tr(row.effect)};
     return candidates;
 }
 
@@ -63,13 +64,13 @@ Help::Program describeProgram()
     Help::Program program;
     program.name = QStringLiteral("tavoroctl");
     program.version = QStringLiteral(TAVORO_VERSION);
-    program.summary = QStringLiteral("shows and controls video processors from a terminal");
+    program.summary = Texts::tr("shows and controls video processors from a terminal");
     program.options = optionsOf(commonOptions());
     for (const CommandRow &row : CommandRange())
         program.commands += {QLatin1String(row.name), QLatin1String(row.usage),
-                             QLatin1String(row.effect), optionsOf(row.options)};
+                             Texts::tr(row.effect), optionsOf(row.options)};
     for (const ExitStatusRow &row : ExitStatusRange())
-        program.statuses += {row.status, QLatin1String(row.meaning)};
+        program.statuses += {row.status, Texts::tr(row.meaning)};
     program.seeAlso = {QStringLiteral("tavorosim")};
     return program;
 }

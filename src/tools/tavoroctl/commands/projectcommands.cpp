@@ -4,6 +4,7 @@
 #include "setupfile.h"
 
 #include <tavorocontrol/file.h>
+#include <tavoroctl/arguments/texts.h>
 
 #include <algorithm>
 #include <iterator>
@@ -45,7 +46,7 @@ bool readKinds(const QString &text, s_FileContain &contain, QString &fault)
             std::find_if(std::begin(kindRows), std::end(kindRows),
                          [&](const KindRow &r) { return word == QLatin1String(r.name); });
         if (row == std::end(kindRows)) {
-            fault = QStringLiteral("\"%1\" is not a kind of files; use all, none or some of: %2")
+            fault = Texts::tr("\"%1\" is not a kind of files; use all, none or some of: %2")
                         .arg(word, kindNames());
             return false;
         }

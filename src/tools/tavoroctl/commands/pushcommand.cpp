@@ -5,6 +5,7 @@
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/file.h>
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/session/background.h>
 #include <tavoroctl/session/interruption.h>
 #include <tavoroctl/transfers/upload.h>
@@ -42,7 +43,7 @@ bool readOptions(const QMap<QString, QString> &options, s_FileInfo &info, QStrin
     info.fileId = place.id;
     const QString size = options.value(QStringLiteral("size"));
     if (!size.isNull() && !readPixels(size, info.size))
-        fault = QStringLiteral("\"%1\" is not WIDTHxHEIGHT").arg(size);
+        fault = Texts::tr("\"%1\" is not WIDTHxHEIGHT").arg(size);
     return fault.isEmpty();
 }
 
@@ -62,9 +63,8 @@ QString faultOfLength(const Tool &tool, const BizModel::Device &device,
     const quint64 longest = packetSize * tool.session.maxPacketCount();
     if (packetSize == 0 || static_cast<quint64>(content.length()) <= longest)
         return {};
-    return QStringLiteral(
-               "%1 has %2 bytes. The device could not return more than %3: a client takes "
-               "at most %4 packets, and the packets of this device have %5 bytes.")
+    return Texts::tr("%1 has %2 bytes. The device could not return more than %3: a client takes "
+                     "at most %4 packets, and the packets of this device have %5 bytes.")
         .arg(content.name())
         .arg(content.length())
         .arg(longest)
@@ -88,8 +88,8 @@ bool choosePlace(const std::shared_ptr<BizModel::Device> &device,
         const auto present = names.find(info.fileId);
         if (present == names.end() || options.contains(QStringLiteral("force")))
             return true;
-        error = QStringLiteral("The device has the file %1 %2 (\"%3\"). Replace it with --force, "
-                               "or leave --id out.")
+        error = Texts::tr("The device has the file %1 %2 (\"%3\"). Replace it with --force, "
+                          "or leave --id out.")
                     .arg(place)
                     .arg(info.fileId)
                     .arg(present->second);
@@ -97,7 +97,7 @@ bool choosePlace(const std::shared_ptr<BizModel::Device> &device,
     }
     for (info.fileId = 0; names.count(info.fileId) != 0; ++info.fileId) { }
     if (info.fileId > highestFileNumber)
-        error = QStringLiteral("The device has no free ID for a file of the type %1.").arg(place);
+        error = Texts::tr("The device has no free ID for a file of the type %1.").arg(place);
     return info.fileId <= highestFileNumber;
 }
 

@@ -1,5 +1,7 @@
 #include "requestoutput.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 #include <QJsonArray>
 #include <QStringList>
 
@@ -43,7 +45,7 @@ void showRequest(Console &console, const RequestOrigin &origin,
     if (console.isJson())
         return console.answerObject(objectOf(origin, request));
     const SSProxy::PacketHead &head = request.head();
-    console.answer(QStringLiteral("%1: code %2, type %3, filters %4, %5 bytes")
+    console.answer(Texts::tr("%1: code %2, type %3, filters %4, %5 bytes")
                        .arg(origin.operation, codeOf(head), QString::number(head.type),
                             filtersOf(head).join(QLatin1Char(' ')),
                             QString::number(request.body().size())));

@@ -2,6 +2,7 @@
 
 #include "commandlist.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/model/setup.h>
 #include <tavoroctl/model/setupwrites.h>
 #include <tavoroctl/session/exchangestatus.h>
@@ -28,8 +29,7 @@ std::optional<Target> open(Tool &tool, const Arguments &arguments, ExitStatus &s
     const bool isOpen = path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly)
                                                    : file.open(QIODevice::ReadOnly);
     if (!isOpen) {
-        status =
-            fail(tool, QStringLiteral("Cannot read %1: %2.").arg(path, file.errorString()), Failed);
+        status = fail(tool, Texts::tr("Cannot read %1: %2.").arg(path, file.errorString()), Failed);
         return std::nullopt;
     }
     Target target;
@@ -118,8 +118,7 @@ ExitStatus writeAll(Tool &tool, const Target &target, std::vector<SetupChange> c
         return finish(tool);
     if (failure.text.isEmpty())
         failure = {Failed,
-                   QStringLiteral("The device differs from the document: ")
-                       + changes.front().text(),
+                   Texts::tr("The device differs from the document: ") + changes.front().text(),
                    0,
                    {},
                    0};

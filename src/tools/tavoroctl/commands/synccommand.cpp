@@ -3,6 +3,7 @@
 #include "commandlist.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/model/modelreader.h>
 #include <tavoroctl/output/jsonline.h>
 #include <tavoroctl/output/modeltree.h>
@@ -19,7 +20,7 @@ ExitStatus runSync(Tool &tool, const Arguments &arguments)
     if (const auto model = listedDevice(*device))
         show(tool, indented(modelJson(*model)), modelTree(*model));
     return isWhole ? Done
-                   : fail(tool, QStringLiteral("The device could not be read completely."), Failed);
+                   : fail(tool, Texts::tr("The device could not be read completely."), Failed);
 }
 
 } // namespace Tavoro::Ctl

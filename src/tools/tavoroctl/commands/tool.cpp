@@ -1,5 +1,6 @@
 #include "tool.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/session/exchangestatus.h>
 
 namespace Tavoro::Ctl {
@@ -29,7 +30,7 @@ ExitStatus fail(Tool &tool, const QString &error, ExitStatus status)
 
 QString faultOfHost(const QString &text)
 {
-    return QStringLiteral("\"%1\" is not HOST[:PORT]").arg(text);
+    return Texts::tr("\"%1\" is not HOST[:PORT]").arg(text);
 }
 
 ExitStatus refuseHost(Tool &tool, const QString &text)
@@ -39,7 +40,7 @@ ExitStatus refuseHost(Tool &tool, const QString &text)
 
 ExitStatus refuseEmpty(Tool &tool, const QString &name)
 {
-    return refuse(tool, name + QStringLiteral(" is empty"));
+    return refuse(tool, Texts::tr("%1 is empty").arg(name));
 }
 
 std::shared_ptr<BizModel::Device> openDevice(Tool &tool, const QString &hostText,

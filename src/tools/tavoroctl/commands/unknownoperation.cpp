@@ -1,5 +1,6 @@
 #include "unknownoperation.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavorooperations/nearest.h>
 #include <tavorooperations/operation.h>
 
@@ -12,7 +13,7 @@ QString faultOfOperation(const QString &name)
     QStringList names;
     for (const Operations::Operation &operation : Operations::all())
         names += operation.name();
-    return QStringLiteral("unknown operation \"%1\"%2; \"tavoroctl list\" lists all operations")
+    return Texts::tr("unknown operation \"%1\"%2; \"tavoroctl list\" lists all operations")
         .arg(name, Operations::suggestion(name, names));
 }
 

@@ -3,6 +3,7 @@
 #include "commandlist.h"
 
 #include <tavorocontrol/auxiliary.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/session/interruption.h>
 #include <tavorossproxy/networkchannel.h>
@@ -22,11 +23,14 @@ namespace {
 constexpr int lookInterval = 200; ///< Milliseconds between two reads of the progress.
 constexpr int whole = 100; ///< The rate of a finished upgrade.
 
-const QString continues = QStringLiteral("The device continues with the upgrade.");
+QString continues()
+{
+    return Texts::tr("The device continues with the upgrade.");
+}
 
 QString unitName(const s_UpgradePartPercent &part)
 {
-    return QStringLiteral("slot %1, type %2").arg(part.slotId).arg(part.type);
+    return Texts::tr("slot %1, type %2").arg(part.slotId).arg(part.type);
 }
 
 /// Reads the progress again and again, and shows each unit when it is finished.
@@ -46,15 +50,15 @@ public:
         if (!m_device.readUpgradeProgress(progress, error))
             return judgeFailure(asked, error);
         m_unknownSince.invalidate();
-        m_tool.console.progress({progress.rate, QStringLiteral("upgrade")});
+        m_tool.console.progress({progress.rate, Texts::tr("upgrade")});
         showFinishedUnits(progress);
         if (progress.result != 0)
-            return fail(m_tool, QStringLiteral("The upgrade failed at %1 %.").arg(progress.rate),
+            return fail(m_tool, Texts::tr("The upgrade failed at %1 %.").arg(progress.rate),
                         Failed);
         if (progress.rate < whole)
             return std::nullopt;
         if (!m_tool.console.isJson())
-            m_tool.console.answer(QStringLiteral("The upgrade is done."));
+            m_tool.console.answer(Texts::tr("The upgrade is done."));
         return finish(m_tool);
     }
 
@@ -68,7 +72,7 @@ private:
         if (!m_unknownSince.hasExpired(m_tool.timeout))
             return std::nullopt;
         m_tool.console.notice(error);
-        return fail(m_tool, continues);
+        return fail(m_tool, continues());
     }
 
     void showFinishedUnits(const s_UpgradePercent &progress)
@@ -89,8 +93,8 @@ private:
                                                 {QStringLiteral("type"), part.type},
                                                 {QStringLiteral("result"), part.result}});
         const QString outcome = part.result == 0
-            ? QStringLiteral("written")
-            : QStringLiteral("failed with result %1").arg(part.result);
+            ? Texts::tr("written")
+            : Texts::tr("failed with result %1").arg(part.result);
         m_tool.console.answer(QStringLiteral("%1: %2").arg(unitName(part), outcome));
     }
 
@@ -104,8 +108,10 @@ ExitStatus follow(Tool &tool, const std::shared_ptr<BizModel::Device> &device)
 {
     Follower follower(tool, device);
     QEventLoop loop;
-    const Interruption interruption(
-        [&] { loop.exit(fail(tool, QStringLiteral("Interrupted. ") + continues, Interrupted)); });
+    const Interruption interruption([&] {
+        loop.exit(
+            fail(tool, Texts::tr("Interrupted.") + QLatin1Char(' ') + continues(), Interrupted));
+    });
     QTimer timer;
     timer.setInterval(lookInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
@@ -143,7 +149,7 @@ ExitStatus start(Tool &tool, const std::shared_ptr<BizModel::Device> &device,
             || !isUpgrading(device))
             return fail(tool, error, written);
     }
-    const QString text = QStringLiteral("Following the upgrade that is running on the device.");
+    const QString text = Texts::tr("Following the upgrade that is running on the device.");
     if (tool.console.isJson())
         tool.console.notice(text);
     else

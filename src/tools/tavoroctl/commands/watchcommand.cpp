@@ -4,6 +4,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/autoreportmanager.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/model/modelreader.h>
 #include <tavoroctl/model/modelwatch.h>
 #include <tavoroctl/session/interruption.h>
@@ -46,14 +47,13 @@ public:
     {
         m_isReading = false;
         if (!success)
-            m_tool.console.notice(
-                named(QStringLiteral("The device could not be read completely.")));
+            m_tool.console.notice(named(Texts::tr("The device could not be read completely.")));
         const auto device = listedDevice(*m_device);
         if (!device)
             return;
         m_watch.follow(device);
         m_tool.console.notice(
-            named(QStringLiteral("Watching %1; press Ctrl-C to stop.").arg(device->name())));
+            named(Texts::tr("Watching %1; press Ctrl-C to stop.").arg(device->name())));
     }
 
     /// Looks at the connection. True if the device has to be read again.
@@ -61,10 +61,10 @@ public:
     {
         const bool isConnected = m_channel->isHardwareReadFinished();
         if (std::exchange(m_isConnected, isConnected) && !isConnected)
-            m_tool.console.notice(named(QStringLiteral("Connection lost.")));
+            m_tool.console.notice(named(Texts::tr("Connection lost.")));
         if (m_isReading || !isConnected || m_channel->statistics().connections == m_connections)
             return false;
-        m_tool.console.notice(named(QStringLiteral("Reconnected.")));
+        m_tool.console.notice(named(Texts::tr("Reconnected.")));
         return true;
     }
 

@@ -1,5 +1,6 @@
 #include "jsondiff.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavorooperations/jsontext.h>
 
 #include <QJsonArray>
@@ -14,7 +15,7 @@ namespace {
 
 QString valueText(const QJsonValue &value)
 {
-    return value.isUndefined() ? QStringLiteral("nothing") : Operations::jsonText(value);
+    return value.isUndefined() ? Texts::tr("nothing") : Operations::jsonText(value);
 }
 
 void compare(const QString &path, const QJsonValue &before, const QJsonValue &after,

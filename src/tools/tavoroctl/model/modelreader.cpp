@@ -2,6 +2,8 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
+#include <tavorocontrol/controlhelper.h>
+#include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/devicemanager.h>
 
 #include <QEventLoop>
@@ -9,6 +11,18 @@
 #include <utility>
 
 namespace Tavoro::Ctl {
+
+namespace {
+
+/// What texts call the only write of a synchronisation, in the language of the application.
+QString clockLabel()
+{
+    constexpr SSProxy::Command clock = SSProxy::Command::AuxiliaryDeviceTime;
+    return Control::ControlHelper::commandLabel(SSProxy::baseCode(clock),
+                                                SSProxy::functionCode(clock));
+}
+
+} // namespace
 
 ModelReader::ModelReader(Console &console, std::function<void(bool)> ended)
     : m_console(console), m_ended(std::move(ended)), m_list(nullptr)
@@ -39,7 +53,7 @@ void ModelReader::follow(bool isFailure, const QString &text)
 {
     m_lastText = text;
     m_failures += isFailure ? 1 : 0;
-    m_failedWrites += isFailure && text.startsWith(QLatin1String("Set ")) ? 1 : 0;
+    m_failedWrites += isFailure && text.contains(clockLabel()) ? 1 : 0;
     m_console.progress({0, text});
 }
 

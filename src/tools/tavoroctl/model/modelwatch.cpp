@@ -7,6 +7,7 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/output/recordtext.h>
 #include <tavorooperations/jsontext.h>
@@ -28,7 +29,7 @@ QJsonObject jsonOf(const Record &record)
 
 QString nameOf(const BizModel::Device & /*device*/)
 {
-    return QStringLiteral("device");
+    return Texts::tr("device");
 }
 
 QJsonValue stateOf(const BizModel::Device &device)
@@ -42,7 +43,7 @@ QJsonValue stateOf(const BizModel::Device &device)
 
 QString nameOf(const BizModel::Interface &interface)
 {
-    return QStringLiteral("interface ") + idOf(interface.interfaceId());
+    return Texts::tr("interface %1").arg(idOf(interface.interfaceId()));
 }
 
 QJsonValue stateOf(const BizModel::Interface &interface)
@@ -52,7 +53,7 @@ QJsonValue stateOf(const BizModel::Interface &interface)
 
 QString nameOf(const BizModel::Screen &screen)
 {
-    return QStringLiteral("screen ") + idOf(screen.detail());
+    return Texts::tr("screen %1").arg(idOf(screen.detail()));
 }
 
 QJsonValue stateOf(const BizModel::Screen &screen)
@@ -65,7 +66,7 @@ QJsonValue stateOf(const BizModel::Screen &screen)
 QString nameOf(const BizModel::Layer &layer)
 {
     const ProtoModel::Layer::s_LayerIdentity id = layer.identity();
-    return QStringLiteral("screen %1, %2, layer %3 (type %4)")
+    return Texts::tr("screen %1, %2, layer %3 (type %4)")
         .arg(idOf(id), sceneOf(id.sceneType))
         .arg(id.layerId)
         .arg(id.layerType);
@@ -79,7 +80,7 @@ QJsonValue stateOf(const BizModel::Layer &layer)
 QString nameOf(const BizModel::File &file)
 {
     const auto detail = file.detail();
-    return QStringLiteral("file ") + placeName({detail.fileType, detail.fileId});
+    return Texts::tr("file %1").arg(placeName({detail.fileType, detail.fileId}));
 }
 
 QJsonValue stateOf(const BizModel::File &file)
@@ -89,13 +90,13 @@ QJsonValue stateOf(const BizModel::File &file)
 
 ModelChange transferChange(const ProtoModel::File::s_FileTransPercent &transfer)
 {
-    const QString name = QStringLiteral("file ") + placeName({transfer.fileType, transfer.fileId});
+    const QString name = Texts::tr("file %1").arg(placeName({transfer.fileType, transfer.fileId}));
     return {ModelChange::Transfer, name, {}, transfer};
 }
 
 QString transferText(const ProtoModel::File::s_FileTransPercent &transfer)
 {
-    return QStringLiteral("transfer of type %1 at %2 %, status %3")
+    return Texts::tr("transfer of type %1 at %2 %, status %3")
         .arg(transfer.type)
         .arg(transfer.percent)
         .arg(transfer.status);
@@ -127,9 +128,9 @@ QString ModelChange::text() const
         case Changed:
             return textOf(differences);
         case New:
-            return QStringLiteral("new");
+            return Texts::tr("new");
         case Gone:
-            return QStringLiteral("gone");
+            return Texts::tr("gone");
         case Transfer:
             return transferText(transfer);
         }

@@ -1,5 +1,6 @@
 #include "objectidentity.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/labels.h>
 
 #include <QStringList>
@@ -80,18 +81,18 @@ QString objectName(ScopeKind kind, const QJsonObject &record)
     screen.screenType = value("screenType");
     switch (kind) {
     case ScopeKind::Device:
-        return QStringLiteral("device");
+        return Texts::tr("device");
     case ScopeKind::Interfaces:
-        return QStringLiteral("interface %1.%2.%3")
+        return Texts::tr("interface %1.%2.%3")
             .arg(value("slotId"))
             .arg(value("connectorId"))
             .arg(value("splitId"));
     case ScopeKind::Files:
-        return QStringLiteral("file %1:%2").arg(value("fileType")).arg(value("fileId"));
+        return Texts::tr("file %1:%2").arg(value("fileType")).arg(value("fileId"));
     case ScopeKind::Screens:
-        return QStringLiteral("screen ") + idOf(screen);
+        return Texts::tr("screen %1").arg(idOf(screen));
     case ScopeKind::Layers:
-        return QStringLiteral("screen %1, %2, layer %3 (type %4)")
+        return Texts::tr("screen %1, %2, layer %3 (type %4)")
             .arg(idOf(screen), sceneOf(value("sceneType")))
             .arg(value("layerId"))
             .arg(value("layerType"));

@@ -3,6 +3,7 @@
 #include "objectidentity.h"
 #include "readonlykeys.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/jsonline.h>
 #include <tavorooperations/jsontext.h>
 #include <tavorooperations/nearest.h>
@@ -68,7 +69,7 @@ bool isUnknown(const Difference &difference)
 
 QString faultOfKey(const QString &object, const QString &path, const QStringList &keys)
 {
-    return QStringLiteral("%1: unknown key \"%2\"%3")
+    return Texts::tr("%1: unknown key \"%2\"%3")
         .arg(object, path, Operations::suggestion(path, keys));
 }
 
@@ -116,18 +117,18 @@ QString faultOfRecords(const QJsonObject &setup, const ListRow &list)
     const QJsonValue value = setup.value(key);
     const bool isList = list.kind != ScopeKind::Device;
     if (!value.isUndefined() && (isList ? !value.isArray() : !value.isObject()))
-        return QStringLiteral("\"%1\" is not %2")
-            .arg(key, isList ? QStringLiteral("a list") : QStringLiteral("an object"));
+        return (isList ? Texts::tr("\"%1\" is not a list") : Texts::tr("\"%1\" is not an object"))
+            .arg(key);
     QJsonArray seen;
     for (const QJsonValue record : recordsOf(setup, list)) {
         if (!identifies(list.kind, record.toObject()))
-            return QStringLiteral("element %1 of \"%2\" does not identify an object")
+            return Texts::tr("element %1 of \"%2\" does not identify an object")
                 .arg(seen.size())
                 .arg(key);
         const QJsonObject identity = identityOf(list.kind, record.toObject());
         if (seen.contains(identity))
-            return objectName(list.kind, record.toObject())
-                + QStringLiteral(" is in the document twice");
+            return Texts::tr("%1 is in the document twice")
+                .arg(objectName(list.kind, record.toObject()));
         seen += identity;
     }
     return {};
@@ -142,9 +143,9 @@ QString SetupChange::text() const
     case Changed:
         return name + textOf(differences);
     case New:
-        return name + QStringLiteral("new");
+        return name + Texts::tr("new");
     case Gone:
-        return name + QStringLiteral("gone");
+        return name + Texts::tr("gone");
     }
     return {};
 }
@@ -185,14 +186,14 @@ bool parseSetup(const QByteArray &text, QJsonObject &setup, QString &fault)
     for (const ListRow &list : lists)
         keys += QLatin1String(list.key);
     if (error.error != QJsonParseError::NoError)
-        fault = QStringLiteral("line %1: %2")
+        fault = Texts::tr("line %1: %2")
                     .arg(text.left(error.offset).count('\n') + 1)
                     .arg(error.errorString());
     else if (setup.value(versionKey).toInt() != formatVersion)
-        fault = QStringLiteral("\"formatVersion\" is not %1").arg(formatVersion);
+        fault = Texts::tr("\"formatVersion\" is not %1").arg(formatVersion);
     for (const QString &key : setup.keys()) {
         if (fault.isEmpty() && !keys.contains(key))
-            fault = faultOfKey(QStringLiteral("the document"), key, keys);
+            fault = faultOfKey(Texts::tr("the document"), key, keys);
     }
     for (const ListRow &list : lists) {
         if (fault.isEmpty())

@@ -4,6 +4,7 @@
 #include <tavorocontrol/interface.h>
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/jsonline.h>
 #include <tavoroctl/output/labels.h>
 #include <tavoroctl/output/recordtext.h>
@@ -28,7 +29,7 @@ QString outputsOf(const ProtoModel::Screen::s_Mosaic &mosaic)
 
 QString deviceTable(const ProtoModel::Device::s_DeviceDetail &device)
 {
-    TextTable table({QStringLiteral("DEVICE"), textOf(device.general.name)});
+    TextTable table({Texts::tr("DEVICE"), textOf(device.general.name)});
     QStringList powers;
     for (const ProtoModel::Device::s_PowerBody &power : device.powers)
         powers += QStringLiteral("%1: %2").arg(power.powerId).arg(power.status);
@@ -36,18 +37,18 @@ QString deviceTable(const ProtoModel::Device::s_DeviceDetail &device)
     for (const ProtoModel::Device::s_DeviceGroupInfoBody &group : device.groupInfos)
         groups += textOf(group.groupName);
     const QString comma = QStringLiteral(", ");
-    table.addRow({QStringLiteral("status"), number(device.general.status)});
-    table.addRow({QStringLiteral("swap"), number(device.swap)});
-    table.addRow({QStringLiteral("genlock signal"), number(device.genlockSignal.status)});
-    table.addRow({QStringLiteral("power supplies"), powers.join(comma)});
-    table.addRow({QStringLiteral("cards"), number(static_cast<qint64>(device.subcards.size()))});
-    table.addRow({QStringLiteral("groups"), groups.join(comma)});
+    table.addRow({Texts::tr("status"), number(device.general.status)});
+    table.addRow({Texts::tr("swap"), number(device.swap)});
+    table.addRow({Texts::tr("genlock signal"), number(device.genlockSignal.status)});
+    table.addRow({Texts::tr("power supplies"), powers.join(comma)});
+    table.addRow({Texts::tr("cards"), number(static_cast<qint64>(device.subcards.size()))});
+    table.addRow({Texts::tr("groups"), groups.join(comma)});
     return table.text();
 }
 
 QString tableOf(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &interfaces)
 {
-    TextTable table("INTERFACE TYPE NAME TIMING DEPTH HDCP");
+    TextTable table(Texts::tr("INTERFACE TYPE NAME TIMING DEPTH HDCP"));
     for (const ProtoModel::Interface::s_InterfaceDetail &interface : interfaces)
         table.addRow({idOf(interface.interfaceId), number(interface.general.type),
                       textOf(interface.general.name), timingOf(interface.actualTiming),
@@ -58,7 +59,7 @@ QString tableOf(const std::vector<ProtoModel::Interface::s_InterfaceDetail> &int
 
 QString tableOf(const std::vector<ProtoModel::Screen::s_ScreenFullDetail> &screens)
 {
-    TextTable table("SCREEN NAME WINDOW FREEZE FTB T-BAR OUTPUTS");
+    TextTable table(Texts::tr("SCREEN NAME WINDOW FREEZE FTB T-BAR OUTPUTS"));
     for (const ProtoModel::Screen::s_ScreenFullDetail &screen : screens)
         table.addRow({idOf(screen), textOf(screen.general.name), rectangle(screen.mosaic.window),
                       number(screen.freeze), number(screen.FTB.enable), number(screen.tbar.percent),
@@ -75,7 +76,7 @@ QString tableOf(std::vector<ProtoModel::Layer::s_LayerFullDetail> layers)
     };
     std::stable_sort(layers.begin(), layers.end(),
                      [&](const auto &a, const auto &b) { return placeOf(a) < placeOf(b); });
-    TextTable table("LAYER SCREEN SCENE TYPE Z NAME SOURCE WINDOW OPACITY");
+    TextTable table(Texts::tr("LAYER SCREEN SCENE TYPE Z NAME SOURCE WINDOW OPACITY"));
     for (const ProtoModel::Layer::s_LayerFullDetail &layer : layers) {
         table.addRow({number(layer.layerIdenti.layerId), idOf(layer.layerIdenti),
                       sceneOf(layer.layerIdenti.sceneType), number(layer.layerIdenti.layerType),

@@ -7,6 +7,7 @@
 #include "terminal.h"
 
 #include <tavorobizmodel/devicelist.h>
+#include <tavoroctl/arguments/texts.h>
 
 #include <QLoggingCategory>
 
@@ -121,8 +122,7 @@ void Console::answerJson(const std::string &text)
     if (writeBytes(stdout, line.data(), line.size(), reason))
         return;
     m_hasOutputFailed = true;
-    error(
-        {OutputFailed, QStringLiteral("Cannot write standard output: %1.").arg(reason), 0, {}, 0});
+    error({OutputFailed, Texts::tr("Cannot write standard output: %1.").arg(reason), 0, {}, 0});
 }
 
 ExitStatus Console::statusWithOutput(ExitStatus status) const

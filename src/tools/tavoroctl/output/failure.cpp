@@ -3,6 +3,7 @@
 #include "statusmeaning.h"
 
 #include <tavorocontrol/controlhelper.h>
+#include <tavoroctl/arguments/texts.h>
 
 namespace Tavoro::Ctl {
 
@@ -15,7 +16,7 @@ constexpr int lastDeviceStatus = 255;
 QString Failure::meaning() const
 {
     if (status == 0)
-        return QString::fromUtf8(rowOf(exit).meaning);
+        return Texts::tr(rowOf(exit).meaning);
     return status <= lastDeviceStatus
         ? meaningOfStatus(status)
         : Control::ControlHelper::errorText(static_cast<quint16>(status));
@@ -24,8 +25,7 @@ QString Failure::meaning() const
 QString Failure::sentence() const
 {
     const QString program = exit == UsageError ? QStringLiteral("tavoroctl: ") : QString();
-    const QString place =
-        line == 0 ? QString() : QStringLiteral("line %1 of the batch: ").arg(line);
+    const QString place = line == 0 ? QString() : Texts::tr("line %1 of the batch: ").arg(line);
     return program + place + withMeanings(text);
 }
 

@@ -2,6 +2,8 @@
 
 #include "printable.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 namespace Tavoro::Ctl {
 
 using namespace ProtoModel;
@@ -28,22 +30,18 @@ QString idOf(const s_InterfaceID &id)
 
 QString idOf(const s_ScreenId &id)
 {
-    return QStringLiteral("%1 (type %2)").arg(id.screenId).arg(id.screenType);
+    return Texts::tr("%1 (type %2)").arg(id.screenId).arg(id.screenType);
 }
 
 QString rectangle(const Screen::s_Rect &rect)
 {
-    return QStringLiteral("%1x%2 at %3,%4")
-        .arg(rect.width)
-        .arg(rect.height)
-        .arg(rect.x)
-        .arg(rect.y);
+    return Texts::tr("%1x%2 at %3,%4").arg(rect.width).arg(rect.height).arg(rect.x).arg(rect.y);
 }
 
 QString timingOf(const s_TimingDetailBody &timing)
 {
     if (timing.horizontal.addTime == 0)
-        return QStringLiteral("no signal");
+        return Texts::tr("no signal");
     return QStringLiteral("%1x%2%3%4")
         .arg(timing.horizontal.addTime)
         .arg(timing.vertical.addTime)
@@ -55,9 +53,9 @@ QString sceneOf(qint32 sceneType)
 {
     switch (sceneType) {
     case 2:
-        return QStringLiteral("preview");
+        return Texts::tr("preview");
     case 4:
-        return QStringLiteral("programme");
+        return Texts::tr("programme");
     default:
         return number(sceneType);
     }

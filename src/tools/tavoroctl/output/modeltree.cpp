@@ -10,6 +10,7 @@
 #include <tavorobizmodel/layer.h>
 #include <tavorobizmodel/screen.h>
 #include <tavoroctl/arguments/fileplace.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/recordtext.h>
 
 #include <algorithm>
@@ -40,20 +41,20 @@ QString cardBranch(const ProtoModel::Device::s_DeviceDetail &device)
 {
     TextTable table;
     for (const ProtoModel::Device::s_subcardBody &card : device.subcards)
-        table.addRow({QStringLiteral("slot %1").arg(card.slotId),
+        table.addRow({Texts::tr("slot %1").arg(card.slotId),
                       modelName(static_cast<quint32>(card.modelId)),
-                      QStringLiteral("%1 connectors").arg(card.connectors.size()),
-                      card.online != 0 ? QStringLiteral("online") : QStringLiteral("offline")});
-    return branch(QStringLiteral("cards"), table);
+                      Texts::tr("%1 connectors").arg(card.connectors.size()),
+                      card.online != 0 ? Texts::tr("online") : Texts::tr("offline")});
+    return branch(Texts::tr("cards"), table);
 }
 
 QString powerBranch(const ProtoModel::Device::s_DeviceDetail &device)
 {
     TextTable table;
     for (const ProtoModel::Device::s_PowerBody &power : device.powers)
-        table.addRow({number(power.powerId),
-                      power.status != 0 ? QStringLiteral("works") : QStringLiteral("fails")});
-    return branch(QStringLiteral("power supplies"), table);
+        table.addRow(
+            {number(power.powerId), power.status != 0 ? Texts::tr("works") : Texts::tr("fails")});
+    return branch(Texts::tr("power supplies"), table);
 }
 
 QString groupBranch(const ProtoModel::Device::s_DeviceDetail &device)
@@ -61,7 +62,7 @@ QString groupBranch(const ProtoModel::Device::s_DeviceDetail &device)
     TextTable table;
     for (const ProtoModel::Device::s_DeviceGroupInfoBody &group : device.groupInfos)
         table.addRow({textOf(group.groupId), textOf(group.groupName)});
-    return branch(QStringLiteral("groups"), table);
+    return branch(Texts::tr("groups"), table);
 }
 
 QString interfaceBranch(const BizModel::Device &device, const QString &heading, bool inputs)
@@ -75,7 +76,7 @@ QString interfaceBranch(const BizModel::Device &device, const QString &heading, 
         const auto screen = interface->screen().lock();
         table.addRow({idOf(detail.interfaceId), textOf(detail.general.name),
                       timingOf(detail.actualTiming),
-                      screen ? QStringLiteral("on screen ") + idOf(screen->detail()) : QString()});
+                      screen ? Texts::tr("on screen %1").arg(idOf(screen->detail())) : QString()});
     }
     return branch(heading, table);
 }
@@ -104,10 +105,10 @@ QString sceneBranch(const BizModel::Screen &screen, qint32 sceneType)
     TextTable table;
     for (const auto &layer : layers) {
         const auto detail = layer->detail();
-        table.addRow({QStringLiteral("layer %1").arg(detail.layerIdenti.layerId),
+        table.addRow({Texts::tr("layer %1").arg(detail.layerIdenti.layerId),
                       QStringLiteral("z %1").arg(detail.zorder), textOf(detail.general.name),
                       sourceName(*layer), rectangle(detail.window),
-                      QStringLiteral("opacity %1").arg(detail.opacity)});
+                      Texts::tr("opacity %1").arg(detail.opacity)});
     }
     return branch(sceneOf(sceneType), table, 2);
 }
@@ -117,12 +118,12 @@ QString screenBranch(const BizModel::Screen &screen)
     constexpr qint32 preview = 2;
     constexpr qint32 programme = 4;
     const auto detail = screen.detail();
-    QStringList words{QStringLiteral("screen ") + idOf(detail), textOf(detail.general.name),
+    QStringList words{Texts::tr("screen %1").arg(idOf(detail)), textOf(detail.general.name),
                       rectangle(detail.mosaic.window)};
     if (detail.freeze != 0)
-        words += QStringLiteral("frozen");
+        words += Texts::tr("frozen");
     if (detail.FTB.enable != 0)
-        words += QStringLiteral("faded to black");
+        words += Texts::tr("faded to black");
     return indented(words.join(QStringLiteral("  ")), 1) + sceneBranch(screen, preview)
         + sceneBranch(screen, programme);
 }
@@ -136,10 +137,9 @@ QString fileBranch(const BizModel::Device &device)
             continue;
         const auto detail = file->detail();
         table.addRow({fileTypeName(detail.fileType), number(detail.fileId),
-                      textOf(detail.general.name),
-                      QStringLiteral("%1 bytes").arg(detail.size.length)});
+                      textOf(detail.general.name), Texts::tr("%1 bytes").arg(detail.size.length)});
     }
-    return branch(QStringLiteral("files"), table);
+    return branch(Texts::tr("files"), table);
 }
 
 template <class Object>
@@ -160,14 +160,13 @@ constexpr int allScreens = 0x1E; ///< A bit for each kind.
 QString modelTree(const BizModel::Device &device)
 {
     const auto detail = device.deviceDetail();
-    QString tree =
-        QStringLiteral("%1  %2  MAC %3  serial number %4  model %5  %6\n")
-            .arg(textOf(detail.general.name), device.IPAddress(), device.MAC(), device.sn(),
-                 modelName(device.modelId()),
-                 device.isOnline() ? QStringLiteral("online") : QStringLiteral("offline"));
-    tree += cardBranch(detail) + powerBranch(detail) + groupBranch(detail);
-    tree += interfaceBranch(device, QStringLiteral("inputs"), true);
-    tree += interfaceBranch(device, QStringLiteral("outputs"), false);
+    QString tree = Texts::tr("%1  %2  MAC %3  serial number %4  model %5  %6")
+                       .arg(textOf(detail.general.name), device.IPAddress(), device.MAC(),
+                            device.sn(), modelName(device.modelId()),
+                            device.isOnline() ? Texts::tr("online") : Texts::tr("offline"));
+    tree += QLatin1Char('\n') + cardBranch(detail) + powerBranch(detail) + groupBranch(detail);
+    tree += interfaceBranch(device, Texts::tr("inputs"), true);
+    tree += interfaceBranch(device, Texts::tr("outputs"), false);
     for (const auto &weak : device.screens(allScreens)) {
         if (const auto screen = weak.lock())
             tree += screenBranch(*screen);

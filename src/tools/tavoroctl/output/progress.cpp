@@ -2,6 +2,8 @@
 
 #include "printable.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 #include <QStringList>
 
 #include <algorithm>
@@ -63,7 +65,7 @@ QStringList measurements(const Progress &progress)
     if (progress.total > 0)
         parts += QStringLiteral("%1/%2").arg(sizeText(progress.bytes), sizeText(progress.total));
     if (left >= 0 && progress.percent < 100)
-        parts += timeText(left) + QStringLiteral(" left");
+        parts += Texts::tr("%1 left").arg(timeText(left));
     if (progress.total > 0 && bytesPerSecond(progress) > 0)
         parts += sizeText(bytesPerSecond(progress)) + QStringLiteral("/s");
     return parts;

@@ -1,5 +1,7 @@
 #include "statusmeaning.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 #include <QCoreApplication>
 #include <QRegularExpression>
 
@@ -10,6 +12,8 @@ namespace Tavoro::Ctl {
 
 namespace {
 
+#define TEXT(text) QT_TRANSLATE_NOOP("Ctl", text)
+
 struct MeaningRow {
     int status;
     const char *meaning;
@@ -17,18 +21,18 @@ struct MeaningRow {
 
 // clang-format off
 constexpr MeaningRow rows[] = {
-    {1,  "unknown command, or the device does not support it with this type"},
-    {2,  "the command does not accept this body"},
-    {3,  "the body or the filters name an object that does not exist"},
-    {4,  "a value is out of range"},
-    {5,  "not the expected packet of a split exchange"},
-    {6,  "the answer whose further packet was requested is not kept"},
-    {7,  "the packet, or the whole of a split write, is longer than the device accepts"},
-    {8,  "not possible now, for example because of other work or of a limit"},
-    {9,  "length or hash of a file's content differ from those announced"},
-    {10, "storage is full or has failed"},
-    {67, "another client holds control of the device"},
-    {68, "the device's data was changed by another client: synchronise first"},
+    {1,  TEXT("unknown command, or the device does not support it with this type")},
+    {2,  TEXT("the command does not accept this body")},
+    {3,  TEXT("the body or the filters name an object that does not exist")},
+    {4,  TEXT("a value is out of range")},
+    {5,  TEXT("not the expected packet of a split exchange")},
+    {6,  TEXT("the answer whose further packet was requested is not kept")},
+    {7,  TEXT("the packet, or the whole of a split write, is longer than the device accepts")},
+    {8,  TEXT("not possible now, for example because of other work or of a limit")},
+    {9,  TEXT("length or hash of a file's content differ from those announced")},
+    {10, TEXT("storage is full or has failed")},
+    {67, TEXT("another client holds control of the device")},
+    {68, TEXT("the device's data was changed by another client: synchronise first")},
 };
 // clang-format on
 
@@ -48,8 +52,8 @@ QString meaningOfStatus(int status)
     const auto *const found =
         std::find_if(std::begin(rows), std::end(rows),
                      [=](const MeaningRow &row) { return row.status == status; });
-    return found == std::end(rows) ? QStringLiteral("a status that only this device defines")
-                                   : QString::fromUtf8(found->meaning);
+    return found == std::end(rows) ? Texts::tr("a status that only this device defines")
+                                   : Texts::tr(found->meaning);
 }
 
 QString withMeanings(const QString &text)

@@ -2,6 +2,8 @@
 
 #include "printable.h"
 
+#include <programhelp/columns.h>
+
 #include <QVector>
 
 #include <algorithm>
@@ -23,13 +25,13 @@ QString TextTable::text() const
     QVector<int> widths(m_rows.at(0).size(), 0);
     for (const QStringList &row : m_rows) {
         for (int i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], static_cast<int>(row.at(i).size()));
+            widths[i] = std::max(widths[i], Help::columnsOf(row.at(i)));
     }
     QString text;
     for (const QStringList &row : m_rows) {
         QString line;
         for (int i = 0; i < row.size(); ++i)
-            line += row.at(i).leftJustified(widths[i] + 2);
+            line += Help::padded(row.at(i), widths[i] + 2);
         while (line.endsWith(QLatin1Char(' ')))
             line.chop(1);
         text += line + QLatin1Char('\n');

@@ -12,9 +12,7 @@ public:
     TextTable() = default;
     explicit TextTable(const QStringList &headings) { addRow(headings); }
     /// One column per word of \a headings.
-    explicit TextTable(const char *headings)
-        : TextTable(QString::fromLatin1(headings).split(QLatin1Char(' ')))
-    { }
+    explicit TextTable(const QString &headings) : TextTable(headings.split(QLatin1Char(' '))) { }
 
     /// Escapes the control characters of the cells.
     void addRow(const QStringList &cells);

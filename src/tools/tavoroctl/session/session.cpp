@@ -3,6 +3,7 @@
 #include "modeldevice.h"
 
 #include <tavorobizmodel/device.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 #include <tavorowire/hostandport.h>
@@ -60,8 +61,8 @@ std::shared_ptr<BizModel::Device> Session::device(const Host &host, QString &err
         return nullptr;
     }
     if (const auto twin = findTwin(host, *channel)) {
-        error = QStringLiteral("The devices at %1 and %2 report the same identity; a batch cannot "
-                               "use both.")
+        error = Texts::tr("The devices at %1 and %2 report the same identity; a batch cannot "
+                          "use both.")
                     .arg(textOf(*twin), textOf(host));
         channel->stopChannel();
         return nullptr;

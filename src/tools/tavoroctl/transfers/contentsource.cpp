@@ -1,5 +1,6 @@
 #include "contentsource.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavorowire/checksums.h>
 
 #include <QFileInfo>
@@ -13,7 +14,7 @@ namespace Tavoro::Ctl {
 
 QString ContentSource::name() const
 {
-    return isStandardInput() ? QStringLiteral("standard input") : m_path;
+    return isStandardInput() ? Texts::tr("standard input") : m_path;
 }
 
 QString ContentSource::fileName() const
@@ -61,9 +62,8 @@ bool ContentSource::measure(QFile &from, QFile *copy, QString &error)
             {piece.constData(), static_cast<std::size_t>(piece.size())}, m_checksum);
         length += piece.size();
         if (length > longest) {
-            error = QStringLiteral("%1 is too long: a file has at most %2 bytes.")
-                        .arg(name())
-                        .arg(longest);
+            error =
+                Texts::tr("%1 is too long: a file has at most %2 bytes.").arg(name()).arg(longest);
             return false;
         }
         if (copy && copy->write(piece) != piece.size()) {
@@ -81,7 +81,7 @@ bool ContentSource::measure(QFile &from, QFile *copy, QString &error)
 
 QString ContentSource::fault(const QFile &file) const
 {
-    return QStringLiteral("Cannot read %1: %2.").arg(name(), file.errorString());
+    return Texts::tr("Cannot read %1: %2.").arg(name(), file.errorString());
 }
 
 } // namespace Tavoro::Ctl

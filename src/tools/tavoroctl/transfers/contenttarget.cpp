@@ -1,5 +1,7 @@
 #include "contenttarget.h"
 
+#include <tavoroctl/arguments/texts.h>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -29,7 +31,7 @@ ContentTarget::ContentTarget(const QString &path) : m_path(path)
 
 QString ContentTarget::name() const
 {
-    return isStandardOutput() ? QStringLiteral("standard output") : m_path;
+    return isStandardOutput() ? Texts::tr("standard output") : m_path;
 }
 
 bool ContentTarget::open(QString &error)
@@ -78,7 +80,7 @@ bool ContentTarget::commit(QString &error)
 
 QString ContentTarget::fault() const
 {
-    return QStringLiteral("Cannot write %1: %2.").arg(name(), m_device->errorString());
+    return Texts::tr("Cannot write %1: %2.").arg(name(), m_device->errorString());
 }
 
 } // namespace Tavoro::Ctl

@@ -1,5 +1,6 @@
 #include "download.h"
 
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/console.h>
 #include <tavorossproxy/channeloptions.h>
 #include <tavorowire/checksums.h>
@@ -38,12 +39,12 @@ QString Download::error() const
     if (!m_error.isEmpty())
         return m_error;
     if (m_size.length != 0 && m_size.length != m_length)
-        return QStringLiteral("Received %1 bytes, but the device announced %2.")
+        return Texts::tr("Received %1 bytes, but the device announced %2.")
             .arg(m_length)
             .arg(m_size.length);
     if (m_size.hashSum != 0 && static_cast<quint32>(m_size.hashSum) != m_checksum)
-        return QStringLiteral("The checksum of the received file does not match the one the "
-                              "device reports.");
+        return Texts::tr("The checksum of the received file does not match the one the "
+                         "device reports.");
     return {};
 }
 
@@ -57,7 +58,7 @@ void Download::write(double share, const std::string &data)
     m_length += static_cast<qint64>(data.size());
     ++m_packets;
     if (m_size.length != 0 ? m_length > m_size.length : m_packets > mostUnannounced) {
-        stop(QStringLiteral("Received %1 bytes in %2 packets, but the device announced %3 bytes.")
+        stop(Texts::tr("Received %1 bytes in %2 packets, but the device announced %3 bytes.")
                  .arg(m_length)
                  .arg(m_packets)
                  .arg(m_size.length));

@@ -2,6 +2,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorocontrol/file.h>
+#include <tavoroctl/arguments/texts.h>
 #include <tavoroctl/output/console.h>
 #include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/devicecommand.h>
@@ -38,7 +39,7 @@ bool Upload::send(ContentSource &content, quint8 &lastTag)
     const quint32 count = std::max(1u, (length + m_packetSize - 1) / m_packetSize);
     for (quint32 i = 0; i < count; ++i) {
         if (m_isCancelled) {
-            m_error = QStringLiteral("Interrupted.");
+            m_error = Texts::tr("Interrupted.");
             return false;
         }
         const Request request = packet(count, i);
@@ -84,7 +85,7 @@ bool Upload::confirmLastPacket(quint8 tag)
         break;
     case RequestOutcome::UnderWay:
     case RequestOutcome::Unknown:
-        m_error += QStringLiteral(" The device may have the file.");
+        m_error += QLatin1Char(' ') + Texts::tr("The device may have the file.");
         break;
     }
     return false;

@@ -9,6 +9,7 @@
 #include <tavorosim/commands/screencommands.h>
 #include <tavorosim/faults/faultrules.h>
 #include <tavorosim/state/ranges.h>
+#include <tavorosim/state/texts.h>
 
 #include <QStringList>
 
@@ -20,6 +21,8 @@ namespace Tavoro::Sim {
 using namespace ProtoModel;
 
 namespace {
+
+#define TEXT(text) QT_TRANSLATE_NOOP("Sim", text)
 
 using Numbers = std::vector<int>;
 
@@ -60,13 +63,24 @@ QString checkLastArgument(const ConsoleCommand &command, const QStringList &argu
     if (!isNumber || command.isValid(value))
         return {};
     const QString name = QString::fromLatin1(command.usage).section(QLatin1Char(' '), -1);
-    return QStringLiteral("\"%1\" is not a valid %2 (%3)")
-        .arg(arguments.last(), name, QLatin1String(command.range));
+    return Texts::tr("\"%1\" is not a valid %2 (%3)")
+        .arg(arguments.last(), name, Texts::tr(command.range));
 }
 
-const QString notANumber = QStringLiteral("expected a number");
-const QString noSuchObject = QStringLiteral("no such object");
-const QString unsupportedTiming = QStringLiteral("timing not supported");
+QString notANumber()
+{
+    return Texts::tr("expected a number");
+}
+
+QString noSuchObject()
+{
+    return Texts::tr("no such object");
+}
+
+QString unsupportedTiming()
+{
+    return Texts::tr("timing not supported");
+}
 
 QString setPower(SimState &state, const Numbers &numbers, Reports &reports)
 {
@@ -75,7 +89,7 @@ QString setPower(SimState &state, const Numbers &numbers, Reports &reports)
         return candidate.powerId == numbers.at(0);
     });
     if (power == powers.end())
-        return noSuchObject;
+        return noSuchObject();
     power->iSignal = numbers.at(1);
     power->status = numbers.at(1);
     reports.push_back(reportPowers(state));
@@ -97,7 +111,7 @@ QString setCard(SimState &state, const Numbers &numbers, Reports &reports)
         return candidate.slotId == numbers.at(0);
     });
     if (card == cards.end())
-        return noSuchObject;
+        return noSuchObject();
     card->online = numbers.at(1);
     reports.push_back(reportCards({*card}));
     return {};
@@ -127,7 +141,7 @@ QString setRelation(SimState &state, const Numbers &numbers, Reports &reports)
         reports.push_back(reportRelation(state));
         return {};
     }
-    return noSuchObject;
+    return noSuchObject();
 }
 
 using Input = Interface::s_InterfaceDetail;
@@ -149,13 +163,13 @@ QString setTiming(SimState & /*state*/, Input &input, const Numbers &numbers, Re
     const int width = numbers.at(2);
     const int height = numbers.at(3);
     if (!isPictureSize(width) || !isPictureSize(height)) // so that the sums below do not overflow
-        return unsupportedTiming;
+        return unsupportedTiming();
     s_TimingDetailBody timing;
     timing.refresh = numbers.at(4);
     timing.horizontal = {width, 88, 44, 1, width + 280};
     timing.vertical = {height, 4, 5, 1, height + 45};
     if (!isTiming(timing))
-        return unsupportedTiming;
+        return unsupportedTiming();
     input.actualTiming = timing;
     reports.push_back(reportTiming(input));
     return {};
@@ -204,7 +218,7 @@ template <QString (*handle)(SimState &, const Numbers &, Reports &)>
 QString numeric(SimState &state, const QStringList &arguments, Reports &reports)
 {
     const auto numbers = toNumbers(arguments);
-    return numbers ? handle(state, *numbers, reports) : notANumber;
+    return numbers ? handle(state, *numbers, reports) : notANumber();
 }
 
 /// A command whose first two numbers name an input.
@@ -212,25 +226,26 @@ template <QString (*handle)(SimState &, Input &, const Numbers &, Reports &)>
 QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
 {
     Input *const input = findInput(state, numbers);
-    return input ? handle(state, *input, numbers, reports) : noSuchObject;
+    return input ? handle(state, *input, numbers, reports) : noSuchObject();
 }
 
 constexpr auto anyNumber = isAnything<qint32>;
 
 // clang-format off
 constexpr ConsoleCommand commands[] = {
-//   command     arguments                                effect                                         valid       range         handler
-    {"cable",    "SLOT CONNECTOR",                        "pulls the cable of an input",                 anyNumber,  "",           numeric<onInput<pullCable>>},
-    {"card",     "SLOT ONLINE",                           "plugs a card (1) or pulls it (0)",            isFlag,     "0 or 1",     numeric<setCard>},
-    {"depth",    "SLOT CONNECTOR BITS",                   "sets the colour depth of an input's source",   isUInt16,   "0 to 65535", numeric<onInput<setDepth>>},
-    {"genlock",  "SIGNAL",                                "sets (1) or removes (0) the genlock signal",  isFlag,     "0 or 1",     numeric<setGenlock>},
-    {"group",    "ID NAME",                               "names a group, and adds it if it is new",     anyNumber,  "",           setGroup},
-    {"pass",     "MILLISECONDS",                          "advances the device's clock",                 isDuration, "0 or more",  numeric<advanceClock>},
-    {"power",    "ID STATUS",                             "makes a power supply work (1) or fail (0)",   isFlag,     "0 or 1",     numeric<setPower>},
-    {"relation", "INTERFACE",                             "switches a pair of interfaces to this one",   anyNumber,  "",           numeric<setRelation>},
-    {"spoil",    "PERCENT",                               "makes the upgrade fail at this progress",     isPercent,  "0 to 100",   numeric<failUpgrade>},
-    {"switch",   "ON",                                    "switches the device off (0) or on (1)",       isFlag,     "0 or 1",     numeric<switchPower>},
-    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",   "sets the timing of an input's source",        anyNumber,  "",           numeric<onInput<setTiming>>},
+//   command     arguments               effect                                              valid       range               handler
+    {"cable",    "SLOT CONNECTOR",       TEXT("pulls the cable of an input"),                anyNumber,  "",                 numeric<onInput<pullCable>>},
+    {"card",     "SLOT ONLINE",          TEXT("plugs a card (1) or pulls it (0)"),           isFlag,     TEXT("0 or 1"),     numeric<setCard>},
+    {"depth",    "SLOT CONNECTOR BITS",  TEXT("sets the colour depth of an input's source"), isUInt16,   TEXT("0 to 65535"), numeric<onInput<setDepth>>},
+    {"genlock",  "SIGNAL",               TEXT("sets (1) or removes (0) the genlock signal"), isFlag,     TEXT("0 or 1"),     numeric<setGenlock>},
+    {"group",    "ID NAME",              TEXT("names a group, and adds it if it is new"),    anyNumber,  "",                 setGroup},
+    {"pass",     "MILLISECONDS",         TEXT("advances the device's clock"),                isDuration, TEXT("0 or more"),  numeric<advanceClock>},
+    {"power",    "ID STATUS",            TEXT("makes a power supply work (1) or fail (0)"),  isFlag,     TEXT("0 or 1"),     numeric<setPower>},
+    {"relation", "INTERFACE",            TEXT("switches a pair of interfaces to this one"),  anyNumber,  "",                 numeric<setRelation>},
+    {"spoil",    "PERCENT",              TEXT("makes the upgrade fail at this progress"),    isPercent,  TEXT("0 to 100"),   numeric<failUpgrade>},
+    {"switch",   "ON",                   TEXT("switches the device off (0) or on (1)"),      isFlag,     TEXT("0 or 1"),     numeric<switchPower>},
+    {"timing",   "SLOT CONNECTOR WIDTH HEIGHT REFRESH",
+                                         TEXT("sets the timing of an input's source"),       anyNumber,  "",                 numeric<onInput<setTiming>>},
 };
 // clang-format on
 
@@ -259,10 +274,10 @@ const ConsoleCommand *findCommand(const QString &name)
 QString commandFault(const ConsoleCommand *command, const ConsoleLine &line)
 {
     if (!command)
-        return QStringLiteral("unknown command: %1").arg(line.name);
+        return Texts::tr("unknown command: %1").arg(line.name);
     const QString usage = QLatin1String(command->usage);
     if (line.arguments.size() != usage.count(QLatin1Char(' ')) + 1)
-        return QStringLiteral("usage: %1 %2").arg(line.name, usage);
+        return Texts::tr("usage: %1 %2").arg(line.name, usage);
     return checkLastArgument(*command, line.arguments);
 }
 

@@ -1,5 +1,7 @@
 #include "consoleanswer.h"
 
+#include <tavorosim/state/texts.h>
+
 namespace Tavoro::Sim {
 
 QString ConsoleAnswer::line() const
@@ -10,7 +12,7 @@ QString ConsoleAnswer::line() const
 
 QString consoleHelpLine(const QString &call, const char *effect)
 {
-    return QStringLiteral("  %1 %2\n").arg(call, -44).arg(QLatin1String(effect));
+    return QStringLiteral("  %1 %2\n").arg(call, -44).arg(Texts::tr(effect));
 }
 
 } // namespace Tavoro::Sim

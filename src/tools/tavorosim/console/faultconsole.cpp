@@ -1,6 +1,7 @@
 #include "faultconsole.h"
 
 #include <tavorosim/faults/faultrules.h>
+#include <tavorosim/state/texts.h>
 
 #include <algorithm>
 #include <iterator>
@@ -8,6 +9,8 @@
 namespace Tavoro::Sim {
 
 namespace {
+
+#define TEXT(text) QT_TRANSLATE_NOOP("Sim", text)
 
 struct FaultCommand {
     const char *name;
@@ -40,11 +43,18 @@ ConsoleAnswer clearRules(FaultRules &rules, const QString & /*argument*/)
     return {};
 }
 
+/// Leaves the rules as they are: the device itself ends what they have begun.
+ConsoleAnswer keepRules(FaultRules & /*rules*/, const QString & /*argument*/)
+{
+    return {};
+}
+
 // clang-format off
 constexpr FaultCommand commands[] = {
-    {"add",   "RULE", "injects a fault from now on",                 addRule},
-    {"clear", "",     "removes all rules and resumes reading",       clearRules},
-    {"list",  "",     "lists the rules with their remaining counts", listRules},
+    {"add",     "RULE", TEXT("injects a fault from now on"),                   addRule},
+    {"clear",   "",     TEXT("removes all rules and does what release does"),  clearRules},
+    {"list",    "",     TEXT("lists the rules with their remaining counts"),   listRules},
+    {"release", "",     TEXT("sends held answers and resumes reading"),        keepRules},
 };
 // clang-format on
 
@@ -59,7 +69,7 @@ ConsoleAnswer executeFault(FaultRules &rules, const QStringList &arguments)
                 && arguments.at(0) == QLatin1String(row.name);
         });
     if (command == std::end(commands))
-        return {false, QStringLiteral("usage: fault add RULE, fault clear, fault list")};
+        return {false, Texts::tr("usage: fault add RULE, fault clear, fault list, fault release")};
     return command->execute(rules, arguments.value(1));
 }
 

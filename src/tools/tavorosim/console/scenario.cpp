@@ -3,6 +3,7 @@
 #include "console.h"
 
 #include <tavorosim/state/numbers.h>
+#include <tavorosim/state/texts.h>
 
 #include <QDir>
 #include <QFile>
@@ -25,7 +26,7 @@ QString addLine(Scenario &scenario, int number, const QString &line)
 {
     const QString first = line.section(QLatin1Char(' '), 0, 0);
     if (scenario.isRepeated)
-        return QStringLiteral("\"repeat\" must be the last line");
+        return Texts::tr("\"repeat\" must be the last line");
     if (line == QLatin1String("repeat")) {
         scenario.isRepeated = true;
         return {};
@@ -39,7 +40,7 @@ QString addLine(Scenario &scenario, int number, const QString &line)
     }
     const auto pause = toNumber(line.section(QLatin1Char(' '), 1));
     if (!pause || *pause < 0 || *pause > std::numeric_limits<int>::max() - last.pause)
-        return QStringLiteral("usage: wait MILLISECONDS");
+        return Texts::tr("usage: wait MILLISECONDS");
     last.pause += static_cast<int>(*pause);
     return {};
 }
@@ -68,12 +69,12 @@ std::optional<Scenario> parseScenario(const QString &text, QString &error)
             continue;
         const QString fault = addLine(scenario, number, line);
         if (!fault.isEmpty()) {
-            error = QStringLiteral("line %1: %2").arg(number).arg(fault);
+            error = Texts::tr("line %1: %2").arg(number).arg(fault);
             return std::nullopt;
         }
     }
     if (scenario.isRepeated && !hasPause(scenario)) {
-        error = QStringLiteral("a scenario that repeats needs a pause (wait MILLISECONDS)");
+        error = Texts::tr("a scenario that repeats needs a pause (wait MILLISECONDS)");
         return std::nullopt;
     }
     return scenario;
@@ -84,7 +85,7 @@ std::optional<Scenario> readScenario(const QString &nameOrFile, QString &error)
     const bool isName = scenarioNames().contains(nameOrFile);
     QFile file(isName ? QStringLiteral("%1/%2.txt").arg(folder, nameOrFile) : nameOrFile);
     if (!file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("cannot read it: %1; the scenarios of the program are %2")
+        error = Texts::tr("cannot read it: %1; the scenarios of the program are %2")
                     .arg(file.errorString(), scenarioNames().join(QLatin1String(", ")));
         return std::nullopt;
     }

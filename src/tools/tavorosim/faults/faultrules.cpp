@@ -4,6 +4,7 @@
 
 #include <tavorosim/commands/commandnames.h>
 #include <tavorosim/state/numbers.h>
+#include <tavorosim/state/texts.h>
 
 #include <QStringList>
 
@@ -59,6 +60,8 @@ bool setShare(FaultRule &rule, const QString &value)
     return setNumber(value, 1, 100, rule.share);
 }
 
+#define TEXT(text) QT_TRANSLATE_NOOP("Sim", text)
+
 struct LimitRow {
     const char *name;
     bool (*set)(FaultRule &rule, const QString &value);
@@ -67,10 +70,10 @@ struct LimitRow {
 
 // clang-format off
 constexpr LimitRow limitRows[] = {
-    {"code",  setCode,  "0x1 to 0xFFFF, or the name of a command"},
-    {"skip",  setSkip,  "0 to 4294967295"},
-    {"count", setCount, "1 to 4294967295"},
-    {"share", setShare, "1 to 100"},
+    {"code",  setCode,  TEXT("0x1 to 0xFFFF, or the name of a command")},
+    {"skip",  setSkip,  TEXT("0 to 4294967295")},
+    {"count", setCount, TEXT("1 to 4294967295")},
+    {"share", setShare, TEXT("1 to 100")},
 };
 // clang-format on
 
@@ -78,7 +81,7 @@ bool setFault(FaultRule &rule, const Setting &setting, QString &error)
 {
     rule.fault = findFault(setting.name);
     if (!rule.fault) {
-        error = QStringLiteral("unknown fault: \"%1\"").arg(setting.name);
+        error = Texts::tr("unknown fault: \"%1\"").arg(setting.name);
         return false;
     }
     const FaultRow &row = *rule.fault;
@@ -87,11 +90,9 @@ bool setFault(FaultRule &rule, const Setting &setting, QString &error)
         return true;
     if (row.takesValue() && setNumber(setting.value, row.min, row.max, rule.value))
         return true;
-    error = row.takesValue() ? QStringLiteral("%1 takes a number from %2 to %3")
-                                   .arg(setting.name)
-                                   .arg(row.min)
-                                   .arg(row.max)
-                             : QStringLiteral("%1 takes no value").arg(setting.name);
+    error = row.takesValue()
+        ? Texts::tr("%1 takes a number from %2 to %3").arg(setting.name).arg(row.min).arg(row.max)
+        : Texts::tr("%1 takes no value").arg(setting.name);
     return false;
 }
 
@@ -104,9 +105,9 @@ bool setLimit(FaultRule &rule, const Setting &setting, QString &error)
     if (row != std::end(limitRows) && row->set(rule, setting.value))
         return true;
     error = row == std::end(limitRows)
-        ? QStringLiteral("unknown limit: \"%1\"").arg(setting.name)
-        : QStringLiteral("\"%1\" is not a valid %2 (%3)")
-              .arg(setting.value, setting.name, QLatin1String(row->range));
+        ? Texts::tr("unknown limit: \"%1\"").arg(setting.name)
+        : Texts::tr("\"%1\" is not a valid %2 (%3)")
+              .arg(setting.value, setting.name, Texts::tr(row->range));
     return false;
 }
 
@@ -116,7 +117,7 @@ bool setLimits(FaultRule &rule, const QStringList &parts, QString &error)
     for (const QString &part : parts) {
         const Setting setting(part);
         if (given.contains(setting.name)) {
-            error = QStringLiteral("%1 is given twice").arg(setting.name);
+            error = Texts::tr("%1 is given twice").arg(setting.name);
             return false;
         }
         if (!setLimit(rule, setting, error))
@@ -141,7 +142,7 @@ std::optional<FaultRule> parseFaultRule(const QString &text, QString &error)
     if (!setFault(rule, Setting(parts.takeFirst()), error) || !setLimits(rule, parts, error))
         return std::nullopt;
     if (isStatusOfIdentity(rule)) {
-        error = QStringLiteral("the identity answer has no status");
+        error = Texts::tr("the identity answer has no status");
         return std::nullopt;
     }
     return rule;

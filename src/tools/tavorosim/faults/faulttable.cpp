@@ -2,6 +2,7 @@
 
 #include "faulttable.h"
 
+#include <tavorosim/state/texts.h>
 #include <tavorowire/frame.h>
 
 #include <algorithm>
@@ -51,6 +52,12 @@ void answerLate(const FaultedRequest &request, Delivery &delivery)
 {
     delivery.bytes = frameOf(request.answer());
     delivery.delay = static_cast<int>(request.value);
+}
+
+void holdAnswer(const FaultedRequest &request, Delivery &delivery)
+{
+    delivery.bytes = frameOf(request.answer());
+    delivery.isHeld = true;
 }
 
 void keepSilent(const FaultedRequest &request, Delivery & /*delivery*/)
@@ -200,6 +207,8 @@ void flood(const FaultedRequest &request, Delivery &delivery)
     delivery.reports = request.value;
 }
 
+#define TEXT(text) QT_TRANSLATE_NOOP("Sim", text)
+
 constexpr quint32 tenMinutes = 600000;
 constexpr quint32 maxReports = 100000; ///< They fit into the buffer of SimClient::maxUnreadBytes.
 constexpr quint32 aboveEveryLimit = 0x10000000;
@@ -207,36 +216,37 @@ constexpr quint32 aboveEveryLimit = 0x10000000;
 // The device carries a request out unless the help says otherwise.
 // clang-format off
 constexpr FaultRow faultRows[] = {
-//   name                   value     min   max          default          help                                                           injection
-    {"status",              "NUMBER", 1,    255,         0,               "refuses the request with this status",                        refuse},
-    {"late",                "MS",     1,    tenMinutes,  0,               "answers later",                                               answerLate},
-    {"silent",              "",       0,    0,           0,               "never answers",                                               keepSilent},
-    {"ignore",              "",       0,    0,           0,               "does not carry the request out and never answers",            ignore},
-    {"stall",               "",       0,    0,           0,               "sends half of the answer and never the rest",                 answerHalf},
-    {"drop-request",        "",       0,    0,           0,               "does not carry the request out and ends the connection",      dropRequest},
-    {"drop-before",         "",       0,    0,           0,               "ends the connection before the answer",                       dropBefore},
-    {"drop-within",         "",       0,    0,           0,               "ends the connection after half of the answer",                dropWithin},
-    {"drop-after",          "",       0,    0,           0,               "ends the connection after the answer",                        dropAfter},
-    {"wrong-flag",          "",       0,    0,           0,               "answers with another flag (position 0)",                      changeHead<0, 0xFF>},
-    {"wrong-version",       "",       0,    0,           0,               "answers with another version (2)",                            changeHead<2, 0x80>},
-    {"wrong-tag",           "",       0,    0,           0,               "answers with a tag that is not in use (3)",                   changeHead<3, 0x80>},
-    {"wrong-length",        "BYTES",  1,    any,         aboveEveryLimit, "answers with a body length that is too large by this (4)",   claimMoreBytes},
-    {"wrong-index",         "",       0,    0,           0,               "answers with a checksum index that is not defined (9)",       changeHead<9, 0x80>},
-    {"wrong-kind",          "",       0,    0,           0,               "answers with a kind that is not defined (10)",                changeHead<10, 0x80>},
-    {"wrong-head-checksum", "",       0,    0,           0,               "answers with another checksum of the head (12)",              spoilHeadChecksum},
-    {"wrong-checksum",      "",       0,    0,           0,               "answers with another checksum of the body (14)",              changeHead<14, 0xFF>},
-    {"wrong-stream",        "",       0,    0,           0,               "answers with another stream (18)",                            changeHead<18, 0xFF>},
-    {"wrong-type",          "",       0,    0,           0,               "answers with another type (20)",                              changeHead<20, 0x80>},
-    {"wrong-code",          "",       0,    0,           0,               "answers with another function code (29)",                     changeHead<29, 0x80>},
-    {"packets",             "NUMBER", 0,    any,         any,             "answers with this number of packets (21)",                    claimPackets},
-    {"swap-packets",        "",       0,    0,           0,               "sends the next packet first, then this one",                  swapPackets},
-    {"twice",               "",       0,    0,           0,               "answers twice",                                               answerTwice},
-    {"other-tag",           "",       0,    0,           0,               "answers an earlier request without an answer",                answerAnother},
-    {"truncate",            "BYTES",  0,    any,         0,               "sends this part of the body, 0: half, in a valid frame",      cutBody},
-    {"garble",              "BYTES",  1,    any,         1,               "replaces bytes of the body by #, in a valid frame",           garbleBody},
-    {"stop-reading",        "MS",     0,    tenMinutes,  0,               "neither reads nor answers for this time, 0: until \"fault clear\"", stopReading},
-    {"reboot",              "",       0,    0,           0,               "does not carry the request out and restarts",                 restart},
-    {"flood",               "NUMBER", 1,    maxReports,  0,               "sends reports before the answer, up to 100000",               flood},
+//   name                   value     min, max       default          help                                                              injection
+    {"status",              "NUMBER", 1, 255,        0,               TEXT("refuses the request with this status"),                     refuse},
+    {"late",                "MS",     1, tenMinutes, 0,               TEXT("answers later"),                                            answerLate},
+    {"hold",                "",       0, 0,          0,               TEXT("answers after \"fault release\""),                          holdAnswer},
+    {"silent",              "",       0, 0,          0,               TEXT("never answers"),                                            keepSilent},
+    {"ignore",              "",       0, 0,          0,               TEXT("does not carry the request out and never answers"),         ignore},
+    {"stall",               "",       0, 0,          0,               TEXT("sends half of the answer and never the rest"),              answerHalf},
+    {"drop-request",        "",       0, 0,          0,               TEXT("does not carry the request out and ends the connection"),   dropRequest},
+    {"drop-before",         "",       0, 0,          0,               TEXT("ends the connection before the answer"),                    dropBefore},
+    {"drop-within",         "",       0, 0,          0,               TEXT("ends the connection after half of the answer"),             dropWithin},
+    {"drop-after",          "",       0, 0,          0,               TEXT("ends the connection after the answer"),                     dropAfter},
+    {"wrong-flag",          "",       0, 0,          0,               TEXT("answers with another flag (position 0)"),                   changeHead<0, 0xFF>},
+    {"wrong-version",       "",       0, 0,          0,               TEXT("answers with another version (2)"),                         changeHead<2, 0x80>},
+    {"wrong-tag",           "",       0, 0,          0,               TEXT("answers with a tag that is not in use (3)"),                changeHead<3, 0x80>},
+    {"wrong-length",        "BYTES",  1, any,        aboveEveryLimit, TEXT("answers with a body length that is too large by this (4)"), claimMoreBytes},
+    {"wrong-index",         "",       0, 0,          0,               TEXT("answers with a checksum index that is not defined (9)"),    changeHead<9, 0x80>},
+    {"wrong-kind",          "",       0, 0,          0,               TEXT("answers with a kind that is not defined (10)"),             changeHead<10, 0x80>},
+    {"wrong-head-checksum", "",       0, 0,          0,               TEXT("answers with another checksum of the head (12)"),           spoilHeadChecksum},
+    {"wrong-checksum",      "",       0, 0,          0,               TEXT("answers with another checksum of the body (14)"),           changeHead<14, 0xFF>},
+    {"wrong-stream",        "",       0, 0,          0,               TEXT("answers with another stream (18)"),                         changeHead<18, 0xFF>},
+    {"wrong-type",          "",       0, 0,          0,               TEXT("answers with another type (20)"),                           changeHead<20, 0x80>},
+    {"wrong-code",          "",       0, 0,          0,               TEXT("answers with another function code (29)"),                  changeHead<29, 0x80>},
+    {"packets",             "NUMBER", 0, any,        any,             TEXT("answers with this number of packets (21)"),                 claimPackets},
+    {"swap-packets",        "",       0, 0,          0,               TEXT("sends the next packet first, then this one"),               swapPackets},
+    {"twice",               "",       0, 0,          0,               TEXT("answers twice"),                                            answerTwice},
+    {"other-tag",           "",       0, 0,          0,               TEXT("answers an earlier request without an answer"),             answerAnother},
+    {"truncate",            "BYTES",  0, any,        0,               TEXT("sends this part of the body, 0: half, in a valid frame"),   cutBody},
+    {"garble",              "BYTES",  1, any,        1,               TEXT("replaces bytes of the body by #, in a valid frame"),        garbleBody},
+    {"stop-reading",        "MS",     0, tenMinutes, 0,               TEXT("neither reads nor answers for this time, 0: until \"fault release\""), stopReading},
+    {"reboot",              "",       0, 0,          0,               TEXT("does not carry the request out and restarts"),              restart},
+    {"flood",               "NUMBER", 1, maxReports, 0,               TEXT("sends reports before the answer, up to 100000"),            flood},
 };
 // clang-format on
 
@@ -259,7 +269,7 @@ QString faultHelp()
         if (row.takesValue())
             call += (row.needsValue() ? QStringLiteral("=%1") : QStringLiteral("[=%1]"))
                         .arg(QLatin1String(row.valueName));
-        help += QStringLiteral("  %1 %2\n").arg(call, -22).arg(QLatin1String(row.help));
+        help += QStringLiteral("  %1 %2\n").arg(call, -22).arg(Texts::tr(row.help));
     }
     return help;
 }

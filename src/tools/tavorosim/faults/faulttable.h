@@ -18,6 +18,7 @@ struct Delivery {
     /// The answer in \c bytes if MakeAnswer did not make it for this request.
     std::optional<PacketAssembler::Packet> preparedAnswer = {};
     int delay = 0; ///< Milliseconds before the bytes are sent.
+    bool isHeld = false; ///< The bytes wait until the console releases them.
     bool endsConnection = false; ///< Ends the connection after the bytes.
     bool stopsReading = false;
     int readingPause = 0; ///< Milliseconds; 0: until the faults are cleared.

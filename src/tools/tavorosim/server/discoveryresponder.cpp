@@ -1,6 +1,7 @@
 #include "discoveryresponder.h"
 
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/discovery.h>
 #include <tavorowire/hostandport.h>
 
@@ -31,7 +32,7 @@ bool DiscoveryResponder::bind(QUdpSocket &socket, const QHostAddress &address, q
 {
     if (socket.bind(address, port, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint))
         return true;
-    error = QStringLiteral("cannot listen for discovery requests on %1: %2")
+    error = Texts::tr("cannot listen for discovery requests on %1: %2")
                 .arg(SSProxy::Wire::hostAndPort(address.toString(), port), socket.errorString());
     return false;
 }

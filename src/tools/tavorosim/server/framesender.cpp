@@ -43,6 +43,22 @@ void FrameSender::sendLater(const QByteArray &frame, int delay)
     });
 }
 
+void FrameSender::hold(const QByteArray &frame)
+{
+    m_delayedBytes += frame.size();
+    ++m_delayedAnswers;
+    m_held.push_back(frame);
+}
+
+void FrameSender::sendHeld()
+{
+    for (const QByteArray &frame : std::exchange(m_held, {})) {
+        m_delayedBytes -= frame.size();
+        --m_delayedAnswers;
+        send(frame);
+    }
+}
+
 void FrameSender::sendControlReport(const QByteArray &report)
 {
     m_controlReport = report;

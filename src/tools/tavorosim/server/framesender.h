@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QtGlobal>
 
+#include <vector>
+
 QT_BEGIN_NAMESPACE
 class QTcpSocket;
 QT_END_NAMESPACE
@@ -20,6 +22,10 @@ public:
     void send(const QByteArray &frame);
     /// Sends \a frame after \a delay in milliseconds.
     void sendLater(const QByteArray &frame, int delay);
+    /// Keeps \a frame until sendHeld() is called.
+    void hold(const QByteArray &frame);
+    /// Sends the frames that hold() has kept, in their order.
+    void sendHeld();
     /// Sends \a report, a report of control. A client that does not keep up gets the last one of
     /// them later.
     void sendControlReport(const QByteArray &report);
@@ -40,8 +46,9 @@ private:
     static constexpr int maxDelayedAnswers = 1024;
 
     QTcpSocket &m_socket;
-    qint64 m_delayedBytes = 0; ///< Bytes of delayed answers.
-    int m_delayedAnswers = 0;
+    qint64 m_delayedBytes = 0; ///< Bytes of delayed and held answers.
+    int m_delayedAnswers = 0; ///< The held answers included.
+    std::vector<QByteArray> m_held;
     QByteArray m_controlReport; ///< Waits until the client reads; empty if none does.
 };
 

@@ -1,6 +1,7 @@
 #include "listener.h"
 
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/hostandport.h>
 
 #include <QTcpSocket>
@@ -33,7 +34,7 @@ bool Listener::open(const QHostAddress &address, quint16 port, QString &error)
 {
     if (!m_server.listen(address, port)) {
         error =
-            QStringLiteral("cannot listen on %1: %2")
+            Texts::tr("cannot listen on %1: %2")
                 .arg(SSProxy::Wire::hostAndPort(address.toString(), port), m_server.errorString());
         return false;
     }

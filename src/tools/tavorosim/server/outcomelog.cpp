@@ -1,5 +1,7 @@
 #include "outcomelog.h"
 
+#include <algorithm>
+
 namespace Tavoro::Sim {
 
 using SSProxy::Wire::ConnectionId;
@@ -18,28 +20,37 @@ void ConnectionOutcomes::arrive(quint32 number)
 {
     if (number == 0)
         return;
-    m_lastArrived = number;
-    m_outcomes[number % maxRequests] = {number, OutcomeState::UnderWay, 0};
+    Outcome &oldest = m_outcomes[m_arrived++ % maxRequests];
+    m_lastForgotten = std::max(m_lastForgotten, oldest.number);
+    oldest = {number, OutcomeState::UnderWay, 0};
 }
 
 void ConnectionOutcomes::finish(quint32 number, quint8 status)
 {
-    Outcome &outcome = m_outcomes[number % maxRequests];
-    if (number != 0 && outcome.number == number)
-        outcome = {number, OutcomeState::Done, status};
+    if (const auto position = find(number))
+        m_outcomes[*position] = {number, OutcomeState::Done, status};
 }
 
-/// A client numbers its requests in the order in which it sends them: one that is not remembered
-/// has been forgotten if it is much older than the last one, and has not arrived otherwise.
+/// The position of a request; the last one if several have the number.
+std::optional<std::size_t> ConnectionOutcomes::find(quint32 number) const
+{
+    const std::size_t remembered = std::min<std::size_t>(m_arrived, maxRequests);
+    for (std::size_t back = 1; number != 0 && back <= remembered; ++back) {
+        const std::size_t position = (m_arrived - back) % maxRequests;
+        if (m_outcomes[position].number == number)
+            return position;
+    }
+    return std::nullopt;
+}
+
+/// A client sends its requests roughly in the order of their numbers: one that is not remembered
+/// may have been forgotten if a later one has been, and has not arrived otherwise.
 std::string ConnectionOutcomes::read(quint32 number) const
 {
-    const Outcome &outcome = m_outcomes[number % maxRequests];
-    if (number == 0)
-        return bytes(OutcomeState::Unknown);
-    if (outcome.number == number)
-        return bytes(outcome.state, outcome.status);
-    const bool isForgotten = m_lastArrived > number && m_lastArrived - number >= maxRequests;
-    return bytes(isForgotten ? OutcomeState::Unknown : OutcomeState::NotArrived);
+    if (const auto position = find(number))
+        return bytes(m_outcomes[*position].state, m_outcomes[*position].status);
+    const bool mayBeForgotten = number <= m_lastForgotten;
+    return bytes(mayBeForgotten ? OutcomeState::Unknown : OutcomeState::NotArrived);
 }
 
 std::shared_ptr<ConnectionOutcomes> OutcomeLog::open(const ConnectionId &id)

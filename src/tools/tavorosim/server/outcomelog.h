@@ -5,6 +5,7 @@
 #include <array>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace Tavoro::Sim {
@@ -31,9 +32,12 @@ private:
         quint8 status = 0;
     };
 
+    std::optional<std::size_t> find(quint32 number) const;
+
     const SSProxy::Wire::ConnectionId m_id;
-    quint32 m_lastArrived = 0; ///< 0: none.
-    std::array<Outcome, maxRequests> m_outcomes;
+    std::array<Outcome, maxRequests> m_outcomes; ///< A ring, in the order of arrival.
+    std::size_t m_arrived = 0; ///< Number of requests that have arrived.
+    quint32 m_lastForgotten = 0; ///< The highest number that was replaced in the ring; 0: none.
 };
 
 /// The outcomes of the last connections of all clients.

@@ -121,9 +121,9 @@ void SimClient::sendControl(bool isHeldByOthers, const QString &holder)
     m_sender.sendControlReport(SSProxy::Wire::encodeFrame(head, holder.toStdString()));
 }
 
-bool SimClient::isSameClient(const ConnectionId &id) const
+std::string SimClient::clientId() const
 {
-    return m_outcomes && m_outcomes->id().client == id.client;
+    return m_outcomes ? m_outcomes->id().client : std::string();
 }
 
 void SimClient::abandon()
@@ -145,6 +145,12 @@ void SimClient::resumeReading()
     m_pause.stop(); // or it would end a later pause
     m_isReading = true;
     readFrames();
+}
+
+void SimClient::sendHeldAnswers()
+{
+    m_sender.sendHeld();
+    readFrames(); // there may be room for answers again
 }
 
 void SimClient::readFrames()
@@ -257,7 +263,9 @@ void SimClient::carryOut(const Delivery &delivery)
 {
     if (delivery.reports > 0)
         Q_EMIT reportsRequested(delivery.reports);
-    if (!delivery.bytes.isEmpty())
+    if (delivery.isHeld)
+        m_sender.hold(delivery.bytes);
+    else if (!delivery.bytes.isEmpty())
         m_sender.sendLater(delivery.bytes, m_latency + delivery.delay);
     if (delivery.stopsReading)
         stopReading(delivery.readingPause);

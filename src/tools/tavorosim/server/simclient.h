@@ -58,14 +58,17 @@ public:
     /// Reports to the client, if it has asked for the identity, whether another client holds
     /// control now, and which. A client that does not keep up gets the last state later.
     void sendControl(bool isHeldByOthers, const QString &holder);
-    /// True when \a id is of the same client.
-    bool isSameClient(const ConnectionId &id) const;
+    /// The bytes that identify the client, the same for all of its connections; empty if it has not
+    /// introduced itself.
+    std::string clientId() const;
     /// Ends the connection at once; requests that were received and not read are not carried out.
     void abandon();
     /// Ends the connection after the answers that are being sent.
     void close();
     /// Ends the pause of a client whose frames are not read.
     void resumeReading();
+    /// Sends the answers that a fault holds back.
+    void sendHeldAnswers();
 
 Q_SIGNALS:
     void disconnected();

@@ -10,6 +10,7 @@
 #include <tavorosim/state/factorysetup.h>
 #include <tavorosim/state/setupstore.h>
 #include <tavorosim/state/simlog.h>
+#include <tavorosim/state/texts.h>
 #include <tavorowire/hostandport.h>
 #include <tavorowire/linkcommands.h>
 
@@ -36,6 +37,12 @@ bool needsControl(const Request &request)
 {
     return (request.type == CommandType::Write || request.type == CommandType::BinaryWrite)
         && request.command != Command::AuxiliaryDeviceTime;
+}
+
+/// True for the lines of the console after which no fault holds up what has begun.
+bool endsPauses(const QString &line)
+{
+    return line == QLatin1String("fault clear") || line == QLatin1String("fault release");
 }
 
 } // namespace
@@ -82,8 +89,8 @@ bool SimServer::listen(QString &error)
     if (!m_options.scenario.isEmpty()) {
         scenario = readScenario(m_options.scenario, error);
         if (!scenario) {
-            error = QStringLiteral("the scenario \"%1\" is not valid: %2")
-                        .arg(m_options.scenario, error);
+            error =
+                Texts::tr("the scenario \"%1\" is not valid: %2").arg(m_options.scenario, error);
             return false;
         }
     }
@@ -117,8 +124,8 @@ ConsoleAnswer SimServer::execute(const QString &line)
     catchUp();
     Reports reports;
     ConsoleAnswer answer = executeConsole(m_state, m_faults, line, reports);
-    if (line.simplified() == QLatin1String("fault clear"))
-        resumeReading();
+    if (endsPauses(line.simplified()))
+        endPauses();
     sendReports(reports);
     followPower();
     return answer;
@@ -149,15 +156,20 @@ SimClient::Services SimServer::servicesForClients()
         return identityFor(client);
     };
     services.introduce = [this](const SimClient &client, const SimClient::ConnectionId &id) {
-        // Requests of an older connection of the client must no longer be carried out.
-        const std::vector<SimClient *> clients = m_clients; // Each removes itself.
-        for (SimClient *const other : clients) {
-            if (other != &client && other->isSameClient(id))
-                other->abandon();
-        }
+        abandonConnections(id.client, &client);
         return m_outcomes.open(id);
     };
     return services;
+}
+
+/// Requests of these connections are no longer carried out.
+void SimServer::abandonConnections(const std::string &clientId, const SimClient *except)
+{
+    const std::vector<SimClient *> clients = m_clients; // Each removes itself.
+    for (SimClient *const client : clients) {
+        if (client != except && client->clientId() == clientId)
+            client->abandon();
+    }
 }
 
 void SimServer::acceptConsole(QTcpSocket *socket)
@@ -191,6 +203,8 @@ Answer SimServer::carryOut(const SimClient &client, const Request &request)
         return carryOutControl(client, request);
     if (static_cast<LinkCommand>(request.command) == LinkCommand::Outcome)
         return answerOutcome(request);
+    if (static_cast<LinkCommand>(request.command) == LinkCommand::Lease)
+        return carryOutLease(client, request);
     if (needsControl(request) && m_arbiter.isHeldByOthers(client))
         return {DeviceStatus::ControlledByOthers, {}, nullptr};
     Reports reports;
@@ -218,6 +232,15 @@ Answer SimServer::carryOutControl(const SimClient &client, const Request &reques
     else
         answer.status = DeviceStatus::UnknownCommand;
     reportControlLater();
+    return answer;
+}
+
+/// When another client gets the lease, the outcomes of the last holder are final.
+Answer SimServer::carryOutLease(const SimClient &client, const Request &request)
+{
+    Answer answer = m_lease.carryOut(client.clientId(), request, m_state.maintenance.uptime);
+    if (const std::string displaced = m_lease.takeDisplaced(); !displaced.empty())
+        abandonConnections(displaced);
     return answer;
 }
 
@@ -274,16 +297,19 @@ void SimServer::drop()
 {
     m_listener.close();
     m_outcomes.forgetAll();
+    m_lease.reset();
     const std::vector<SimClient *> clients = m_clients; // Each removes itself.
     for (SimClient *const client : clients)
         client->close();
 }
 
-void SimServer::resumeReading()
+void SimServer::endPauses()
 {
     const std::vector<SimClient *> clients = m_clients; // A frame may end its client.
-    for (SimClient *const client : clients)
+    for (SimClient *const client : clients) {
+        client->sendHeldAnswers();
         client->resumeReading();
+    }
 }
 
 void SimServer::restart()

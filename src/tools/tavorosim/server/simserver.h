@@ -2,6 +2,7 @@
 
 #include "controlarbiter.h"
 #include "discoveryresponder.h"
+#include "leasearbiter.h"
 #include "listener.h"
 #include "outcomelog.h"
 #include "simclient.h"
@@ -52,7 +53,9 @@ private:
     void serveConsole(QTcpSocket &socket);
     Answer carryOut(const SimClient &client, const Request &request);
     Answer carryOutControl(const SimClient &client, const Request &request);
+    Answer carryOutLease(const SimClient &client, const Request &request);
     Answer answerOutcome(const Request &request) const;
+    void abandonConnections(const std::string &clientId, const SimClient *except = nullptr);
     SimClient::Services servicesForClients();
     void reportControlLater();
     void reportControl();
@@ -62,7 +65,7 @@ private:
     void followPower();
     void leave();
     void drop();
-    void resumeReading();
+    void endPauses();
     void restart();
     void flood(SimClient &client, quint32 count) const;
     std::string identityFor(const SimClient &client) const;
@@ -80,6 +83,7 @@ private:
     Listener m_consoleListener;
     DiscoveryResponder m_discovery;
     ControlArbiter m_arbiter;
+    LeaseArbiter m_lease;
     OutcomeLog m_outcomes;
     const SimClient *m_reportedHolder = nullptr; ///< The holder that the clients know.
     std::vector<SimClient *> m_clients; ///< Owned as children.

@@ -1,6 +1,7 @@
 #include "devicedatabase.h"
 
 #include "simlog.h"
+#include "texts.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -74,7 +75,7 @@ bool DeviceDatabase::checkOrCreate()
             && run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
     }
     if (id != applicationId || version != schemaVersion)
-        return fail(QStringLiteral("it was not written by this version of tavorosim"));
+        return fail(Texts::tr("it was not written by this version of tavorosim"));
     // Fails if the file is read-only, in which case no later change would succeed.
     return run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
 }
@@ -182,7 +183,7 @@ bool DeviceDatabase::fail(const QSqlError &error)
 {
     const int code = error.nativeErrorCode().toInt() & 0xFF; // the upper bits hold details
     m_isDamaged = code == corruptFile || code == notADatabase;
-    m_failure = code == lockedFile ? QStringLiteral("another device uses it") : error.text();
+    m_failure = code == lockedFile ? Texts::tr("another device uses it") : error.text();
     return false;
 }
 
@@ -196,8 +197,7 @@ bool DeviceDatabase::fail(const QString &text)
 bool DeviceDatabase::report(bool done, QString &error) const
 {
     if (!done) {
-        error = (m_isDamaged ? QStringLiteral("%1 is damaged: %2")
-                             : QStringLiteral("cannot use %1: %2"))
+        error = (m_isDamaged ? Texts::tr("%1 is damaged: %2") : Texts::tr("cannot use %1: %2"))
                     .arg(m_fileName, m_failure);
     }
     return done;

@@ -3,6 +3,7 @@
 #include "devicedatabase.h"
 #include "simlog.h"
 #include "storedrecord.h"
+#include "texts.h"
 
 #include <tavorocontrol/proto/contentmemory.h>
 #include <tavorocontrol/proto/recordcodec.h>
@@ -67,7 +68,7 @@ bool FileStore::open(const QString &folder, QString &error)
 {
     const QDir directory(folder);
     if (!directory.mkpath(QStringLiteral("."))) {
-        error = QStringLiteral("cannot create the folder %1").arg(folder);
+        error = Texts::tr("cannot create the folder %1").arg(folder);
         return false;
     }
     m_folder = directory.absolutePath();
@@ -87,7 +88,7 @@ bool FileStore::readFiles(QString &error)
     for (const QByteArray &record : records) {
         StoredFile file;
         if (!decodeStored(record, file, error)) {
-            error = QStringLiteral("%1 is damaged: %2").arg(pathOf(databaseName), error);
+            error = Texts::tr("%1 is damaged: %2").arg(pathOf(databaseName), error);
             return false;
         }
         m_index[keyOf(file)] = file;

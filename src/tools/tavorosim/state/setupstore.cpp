@@ -2,6 +2,7 @@
 
 #include "simlog.h"
 #include "storedrecord.h"
+#include "texts.h"
 
 #include <tavorocontrol/proto/recordcodec.h>
 
@@ -79,7 +80,7 @@ bool readSetup(FileStore &files, Setup &setup, QString &error)
         return true;
     StoredSetup stored;
     if (!decodeStored(*record, stored, error)) {
-        error = QStringLiteral("the saved setup is damaged: %1").arg(error);
+        error = Texts::tr("the saved setup is damaged: %1").arg(error);
         return false;
     }
     const Setup saved = setupOf(stored);

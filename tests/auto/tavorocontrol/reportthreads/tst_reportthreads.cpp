@@ -1,4 +1,5 @@
 #include <support/common/gate.h>
+#include <support/common/patience.h>
 #include <support/tavorocontrol/reported.h>
 #include <support/tavorocontrol/requestpath.h>
 #include <support/tavorocontrol/synchronised.h>

@@ -1,4 +1,5 @@
 #include <support/common/markingtranslator.h>
+#include <support/common/patience.h>
 #include <support/tavorobizmodel/journal.h>
 #include <support/tavorocontrol/savefolder.h>
 #include <tavorocontrol/savefile.h>

@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QFile>
 
+#include <chrono>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -15,7 +16,10 @@ namespace {
 constexpr int piecesOfABatch = 200;
 constexpr int bytesOfAPiece = 100 * 1024; // more than a pipe holds
 constexpr int bytesOfASip = 512; // small, so that the writer advances slowly
-constexpr int patience = 10000; // in ms; then the test fails
+constexpr int patience = 60000; // in ms; then the test fails
+/// With this pause the batch takes 40 s: a thread that is late stops the writer in time all the
+/// same.
+constexpr std::chrono::milliseconds pauseAfterASip(1);
 
 int openPipe(const QByteArray &path)
 {
@@ -61,20 +65,20 @@ bool SlowFile::fill(Tavoro::Control::SaveFile &file)
 
 void SlowFile::drainFromNowOn()
 {
-    m_thread = std::thread([this] { drain(); });
+    m_thread = std::thread([this] { drain(Pace::Slow); });
 }
 
-void SlowFile::drainOnce(std::function<bool()> condition)
+void SlowFile::drainOnce(std::function<bool()> condition, Pace pace)
 {
-    m_thread = std::thread([this, condition = std::move(condition)] {
+    m_thread = std::thread([this, pace, condition = std::move(condition)] {
         const QDeadlineTimer end(patience);
         while (!condition() && !end.hasExpired())
             std::this_thread::yield();
-        drain();
+        drain(pace);
     });
 }
 
-void SlowFile::drain()
+void SlowFile::drain(Pace pace)
 {
     char sip[bytesOfASip];
     while (waitForBytes(m_readEnd)) {
@@ -83,6 +87,8 @@ void SlowFile::drain()
         if (m_isClosed)
             return;
         m_drained.append(sip, static_cast<int>(got));
+        if (pace == Pace::Slow)
+            std::this_thread::sleep_for(pauseAfterASip);
     }
 }
 

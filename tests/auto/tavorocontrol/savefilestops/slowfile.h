@@ -23,10 +23,15 @@ public:
     /// first of them. False if it could not be started.
     bool fill(Tavoro::Control::SaveFile &file);
 
-    /// Reads everything on a separate thread until the writer closes the file.
+    /// How fast a batch is read.
+    enum class Pace {
+        Fast, ///< In less than a second.
+        Slow, ///< In 40 s, so that the writer can be stopped within it.
+    };
+    /// Reads everything slowly, on a separate thread, until the writer closes the file.
     void drainFromNowOn();
-    /// The same, but starts when \a condition holds.
-    void drainOnce(std::function<bool()> condition);
+    /// Reads everything too, but starts when \a condition holds.
+    void drainOnce(std::function<bool()> condition, Pace pace);
 
     /// Returns the bytes that were read. Waits until the writer has closed the file.
     QByteArray drained();
@@ -36,7 +41,7 @@ public:
     static int pieceSize();
 
 private:
-    void drain();
+    void drain(Pace pace);
 
     const QByteArray m_path;
     const int m_readEnd;

@@ -1,6 +1,7 @@
 #include "fastclock.h"
 #include "slowfile.h"
 
+#include <support/common/patience.h>
 #include <support/tavorobizmodel/journal.h>
 #include <support/tavorocontrol/savefolder.h>
 #include <tavorocontrol/savefile.h>
@@ -108,7 +109,7 @@ void tst_SaveFileStops::waitForStopMayLoseTheLastBatch()
     SlowFile slow(path("slow"));
     SaveFile file;
     QVERIFY(slow.fill(file)); // one batch; the worker has taken it
-    slow.drainOnce([&] { return journal.lines().contains(leftCount(0)); });
+    slow.drainOnce([&] { return journal.lines().contains(leftCount(0)); }, SlowFile::Pace::Slow);
     QVERIFY(file.waitForStop());
     QVERIFY(file.fileSaveResult()); // says nothing about the content
     verifyWholePiecesButNotAll(slow.drained());
@@ -122,7 +123,7 @@ void tst_SaveFileStops::waitForStopWaitsUntilTheQueueIsEmpty()
     QVERIFY(slow.fill(file));
     file.append("x"); // after the batch that the worker has taken
     file.append("y");
-    slow.drainOnce([&] { return journal.lines().size() >= 3; });
+    slow.drainOnce([&] { return journal.lines().size() >= 3; }, SlowFile::Pace::Fast);
     QVERIFY(file.waitForStop());
     QVERIFY(slow.drained().startsWith(SlowFile::batch()));
     const QStringList lines = journal.lines();

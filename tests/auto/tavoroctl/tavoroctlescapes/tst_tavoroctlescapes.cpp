@@ -87,7 +87,7 @@ void tst_TavoroCtlEscapes::controlCharactersAreEscaped()
 
 void tst_TavoroCtlEscapes::cellsOfATableStayInTheirLine()
 {
-    Tavoro::Ctl::TextTable table("NAME ID");
+    Tavoro::Ctl::TextTable table(QStringLiteral("NAME ID"));
     table.addRow({QStringLiteral("a\nb"), QStringLiteral("1")});
     QCOMPARE(table.text(), QStringLiteral("NAME  ID\na\\nb  1\n"));
 }

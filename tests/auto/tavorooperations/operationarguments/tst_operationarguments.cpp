@@ -104,6 +104,12 @@ void tst_OperationArguments::faultOfAListNamesItsPlace_data()
     QTest::newRow("object")          << R"({"screenId":1})"                  << "line 1, column 1: expected a list [...], found an object";
     QTest::newRow("wide id")         << R"([{"screenId":1},{"screenId":256}])" << "line 1, column 29: 256 would be sent as 0; the range is 0 to 255";
     QTest::newRow("negative id")     << R"([{"screenId":-1}])"
+        << "line 1, column 14: -1 is out of range; the range is 0 to 255";
+    QTest::newRow("negative ids")    << "[{\"screenId\":3},\n{\"screenId\": -300},{\"screenId\":-1}]"
+        << "line 2, column 14: -300 is out of range; the range is 0 to 255";
+    QTest::newRow("negative zero")   << R"([{"screenId":-0}])"
+        << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
+    QTest::newRow("negative and cut") << R"([{"screenId":-1},{"screenId":{}}])"
         << "line 1, column 15: assign a negative signed integral to unsigned integral number.";
     QTest::newRow("cut by an empty object") << R"([{"layout":{},"screenId":3}])" << "line 1, column 24: read object must start with {!";
     // clang-format on

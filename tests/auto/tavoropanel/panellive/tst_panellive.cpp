@@ -247,9 +247,11 @@ void tst_PanelLive::unknownOutcomeIsShownAndThenTheAnswer()
 
 void tst_PanelLive::lateAnswerIsShown()
 {
-    QVERIFY(m_bench->addFault("late=4000,code=0x130E,count=1"));
+    QVERIFY(m_bench->addFault("hold,code=0x130E,count=1"));
     m_bench->key(Qt::Key_Space);
     QTRY_COMPARE(status(), QStringLiteral("Waiting: wall 1: no answer to the take yet."));
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(m_bench->releaseAnswers());
     QTRY_COMPARE(status(), QStringLiteral("Done: wall 1: the device has carried out the take."));
 }
 

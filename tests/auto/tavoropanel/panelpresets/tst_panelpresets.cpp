@@ -60,7 +60,7 @@ public:
         QTest::keyClicks(line, name); // replaces the proposed name, which is selected
         const int before = list->model()->rowCount();
         QTest::keyClick(line, Qt::Key_Return);
-        return QTest::qWaitFor([=] { return list->model()->rowCount() == before + 1; });
+        return QTest::qWaitFor([=] { return list->model()->rowCount() == before + 1; }, 60000);
     }
     void click(int row)
     {

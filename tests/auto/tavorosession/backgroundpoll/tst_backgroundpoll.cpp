@@ -161,11 +161,13 @@ void tst_BackgroundPoll::pollContinuesAfterALoss()
 void tst_BackgroundPoll::pollPausesWhileTheDeviceIsRead()
 {
     start(pollOfScreens());
-    QVERIFY(m_bench->addFault("late=300,code=0x1200,count=1"));
+    QVERIFY(m_bench->addFault("hold,code=0x1200,count=1"));
     wall().readAgain();
     QCOMPARE(int(wall().state().kind), int(DeviceState::Reading));
     QTRY_VERIFY(!m_bench->hasFaults()); // polls that were under way have ended
     DeviceLog log;
+    QVERIFY(Heartbeat().waitForBeats()); // some intervals of the poll
+    QVERIFY(m_bench->releaseAnswers());
     QTRY_VERIFY(wall().isReady());
     const QStringList codes = log.codes();
     const auto layers = codes.indexOf(QStringLiteral("1400"));

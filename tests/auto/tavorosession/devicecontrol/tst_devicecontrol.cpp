@@ -3,6 +3,7 @@
 #include <support/tavorosession/sessionbench.h>
 
 #include <tavorocontrol/device.h>
+#include <tavorossproxy/devicemanager.h>
 
 #include <QSignalSpy>
 
@@ -32,6 +33,9 @@ private Q_SLOTS:
     void controlThatWasRequestedIsReleasedAfterTheIdleTime_data();
     void controlThatWasRequestedIsReleasedAfterTheIdleTime();
     void controlOfAnUnknownWriteIsReleasedAfterTheIdleTime();
+    void refusedWriteBeginsTheIdleTime_data();
+    void refusedWriteBeginsTheIdleTime();
+    void cancelledTransferBeginsTheIdleTime();
     void releaseThatFailsIsRepeatedAfterTheIdleTime_data();
     void releaseThatFailsIsRepeatedAfterTheIdleTime();
     void controlIsKeptDuringATransfer();
@@ -41,11 +45,13 @@ private Q_SLOTS:
     void lostConnectionHasNoHolder();
 
 private:
-    void startWithIdleTime()
+    /// No request takes longer than \a requestTime.
+    void startWithIdleTime(std::chrono::milliseconds requestTime = 60s)
     {
         SessionBench::Options options = SessionBench::fastOptions();
         options.controlIdleTime = 200ms;
         options.outcomeTime = 0ms; // without an answer the outcome is unknown at once
+        options.channel.maxRequestTime = requestTime;
         start(options);
     }
     void start(const SessionBench::Options &options)
@@ -62,6 +68,16 @@ private:
         QString name;
         m_other->channel->readControlHolder(name);
         return name;
+    }
+    static bool takeControlWithoutTheSession()
+    {
+        QString error;
+        for (const auto &each : SSProxy::DeviceManager::instance()->tavoroDeviceChannels()) {
+            const auto channel = std::dynamic_pointer_cast<SSProxy::NetworkChannel>(each.lock());
+            if (channel && channel->requestControl(ControlAction::Take, error))
+                return true;
+        }
+        return false;
     }
     bool otherRequests(ControlAction action)
     {
@@ -157,8 +173,11 @@ void tst_DeviceControl::controlIsReleasedAfterTheIdleTime()
     SessionBench::Options options = SessionBench::fastOptions();
     options.controlIdleTime = 200ms;
     start(options);
+    QStringList holders;
+    connect(&wall(), &DeviceSession::callFinished, &wall(), [&] { holders << holder(); });
     QVERIFY(resultOf(callSwap()));
-    QVERIFY(!holder().isEmpty());
+    QCOMPARE(holders.size(), 1);
+    QVERIFY(!holders.first().isEmpty());
     QTRY_COMPARE(holder(), QString());
 }
 
@@ -174,15 +193,62 @@ void tst_DeviceControl::controlThatWasRequestedIsReleasedAfterTheIdleTime()
     QFETCH(const bool, isForced);
     startWithIdleTime();
     QVERIFY(resultOf(isForced ? wall().forceControl() : wall().takeControl()));
-    QTRY_COMPARE_WITH_TIMEOUT(holder(), QString(), 30000);
+    QTRY_COMPARE(holder(), QString());
 }
 
 void tst_DeviceControl::controlOfAnUnknownWriteIsReleasedAfterTheIdleTime()
 {
-    startWithIdleTime();
+    startWithIdleTime(2s);
     QVERIFY(m_bench->addFault("silent,code=0x1107,count=1"));
     QCOMPARE(int(resultOf(callSwap()).kind()), int(Outcome::Unknown));
-    QTRY_COMPARE_WITH_TIMEOUT(holder(), QString(), 30000);
+    QTRY_COMPARE(holder(), QString());
+}
+
+void tst_DeviceControl::refusedWriteBeginsTheIdleTime_data()
+{
+    QTest::addColumn<QByteArray>("fault");
+    QTest::addColumn<bool>("isReleased");
+    QTest::newRow("value out of range") << QByteArray("status=4") << true;
+    QTest::newRow("another client controls it") << QByteArray("status=67") << false;
+}
+
+/// A device may give control to a client whose write it refuses. Here the client has taken control
+/// without its session.
+void tst_DeviceControl::refusedWriteBeginsTheIdleTime()
+{
+    QFETCH(const QByteArray, fault);
+    QFETCH(const bool, isReleased);
+    startWithIdleTime();
+    QVERIFY(takeControlWithoutTheSession());
+    QVERIFY(Heartbeat().waitForBeats(50)); // longer than the idle time
+    QVERIFY(!holder().isEmpty());
+    QVERIFY(m_bench->addFault(QByteArray(fault + ",code=0x1107,count=1")));
+    QCOMPARE(int(resultOf(callSwap()).kind()), int(Outcome::Refused));
+    if (isReleased) {
+        QTRY_COMPARE(holder(), QString());
+    } else {
+        QVERIFY(Heartbeat().waitForBeats(50));
+        QVERIFY(!holder().isEmpty());
+    }
+}
+
+/// The announcement of the file has taken control.
+void tst_DeviceControl::cancelledTransferBeginsTheIdleTime()
+{
+    startWithIdleTime();
+    QVERIFY(m_bench->addFault("hold,code=0xFA03,skip=1,count=1"));
+    ProtoModel::File::s_FileInfo file;
+    file.fileType = 2;
+    file.fileId = 7;
+    file.general.name = "picture";
+    const std::string content(std::size_t(3) << 20, 'c'); // three packets
+    const auto transfer = wall().files().send(file, content);
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(!holder().isEmpty());
+    transfer.cancel();
+    QVERIFY(m_bench->releaseAnswers());
+    QVERIFY(resultOf(transfer).isCanceled());
+    QTRY_COMPARE(holder(), QString());
 }
 
 void tst_DeviceControl::releaseThatFailsIsRepeatedAfterTheIdleTime_data()
@@ -195,13 +261,13 @@ void tst_DeviceControl::releaseThatFailsIsRepeatedAfterTheIdleTime_data()
 void tst_DeviceControl::releaseThatFailsIsRepeatedAfterTheIdleTime()
 {
     QFETCH(const bool, isOfTheApplication);
-    startWithIdleTime();
+    startWithIdleTime(2s);
     QVERIFY(m_bench->addFault("ignore,code=0x0101,count=1"));
     QVERIFY(resultOf(callSwap()));
     if (isOfTheApplication)
         resultOf(wall().releaseControl());
     QTRY_VERIFY(!m_bench->hasFaults()); // first: the other client's question would get the fault
-    QTRY_COMPARE_WITH_TIMEOUT(holder(), QString(), 30000);
+    QTRY_COMPARE(holder(), QString());
 }
 
 void tst_DeviceControl::controlIsKeptDuringATransfer()
@@ -209,16 +275,20 @@ void tst_DeviceControl::controlIsKeptDuringATransfer()
     SessionBench::Options options = SessionBench::fastOptions();
     options.controlIdleTime = 200ms;
     start(options);
-    QVERIFY(m_bench->addFault("late=1000,code=0xFA03,skip=1,count=1"));
+    QVERIFY(m_bench->addFault("hold,code=0xFA03,skip=1,count=1"));
     QSignalSpy finished(&wall(), &DeviceSession::callFinished);
     QStringList holders;
-    connect(&wall(), &DeviceSession::callFinished, this, [&] { holders << holder(); });
+    connect(&wall(), &DeviceSession::callFinished, &wall(), [&] { holders << holder(); });
     ProtoModel::File::s_FileInfo file;
     file.fileType = 2;
     file.fileId = 7;
     file.general.name = "picture";
     const auto transfer = wall().files().send(file, "content");
     QVERIFY(resultOf(callSwap())); // begins the idle time
+    QTRY_VERIFY(!m_bench->hasFaults());
+    QVERIFY(Heartbeat().waitForBeats(50)); // longer than the idle time
+    QVERIFY(!holder().isEmpty());
+    QVERIFY(m_bench->releaseAnswers());
     QVERIFY(resultOf(transfer));
     QVERIFY(!holders.contains(QString()));
     QTRY_COMPARE(holder(), QString());
@@ -253,6 +323,7 @@ void tst_DeviceControl::holderIsKnownAfterConnecting()
 void tst_DeviceControl::refusalThatTheDeviceConfirmsLaterNamesTheHolder()
 {
     QVERIFY(otherRequests(ControlAction::Take));
+    m_bench->setTimeout(0x1107, 300ms);
     QVERIFY(m_bench->addFault("silent,code=0x1107,count=1"));
     const Outcome write = resultOf(callSwap());
     QCOMPARE(int(write.kind()), int(Outcome::Refused));

@@ -1,8 +1,11 @@
 // Calls to several devices at once, and devices that do not wait for each other.
 
+#include <support/tavorosession/devicelog.h>
 #include <support/tavorosession/sessionbench.h>
 
 #include <tavorocontrol/device.h>
+
+#include <chrono>
 
 using namespace Tavoro;
 using namespace std::chrono_literals;
@@ -19,6 +22,7 @@ private Q_SLOTS:
     void groupDoesNotWaitForADeviceWithoutAConnection();
     void groupDoesNotWaitLongForABusyDevice();
     void slotMayChangeTheListOfTheCaller();
+    void slotMayDeleteAnotherSessionOfTheGroup();
     void emptyGroupEndsAtOnce();
     void devicesDoNotWaitForEachOther();
     void atMostFourDevicesAreReadAtTheSameTime();
@@ -32,10 +36,15 @@ private:
         swap.swap = value;
         return m_bench->session->callAll(m_walls, &Control::Device::writeSwap, swap);
     }
+    bool execute(int wall, const QByteArray &line)
+    {
+        return m_simulators[static_cast<std::size_t>(wall)]
+            ->simulator->execute(QString::fromLatin1(line))
+            .ok;
+    }
     void addFault(int wall, const char *rule)
     {
-        const QString line = QStringLiteral("fault add ") + QLatin1String(rule);
-        QVERIFY(m_simulators[static_cast<std::size_t>(wall)]->simulator->execute(line).ok);
+        QVERIFY(execute(wall, QByteArray("fault add ") + rule));
     }
     bool areReady() const
     {
@@ -54,10 +63,9 @@ void tst_GroupCalls::init()
     for (int i = 0; i < count; ++i) {
         m_simulators.push_back(std::make_unique<RunningSimulator>(
             SessionBench::smallDevice(static_cast<quint8>(i + 10))));
-        m_walls << m_bench->session->open(QStringLiteral("127.0.0.1"),
-                                          m_simulators.back()->simulator->port());
+        m_walls << m_bench->open(*m_simulators.back());
     }
-    QTRY_VERIFY_WITH_TIMEOUT(areReady(), 60000);
+    QTRY_VERIFY(areReady());
 }
 
 void tst_GroupCalls::cleanup()
@@ -99,13 +107,25 @@ void tst_GroupCalls::groupDoesNotWaitForADeviceWithoutAConnection()
 
 void tst_GroupCalls::groupDoesNotWaitLongForABusyDevice()
 {
-    addFault(0, "late=1500,code=0x1101,count=1");
+    addFault(0, "hold,code=0x1101,count=1");
     const auto busy =
         m_walls[0]->call(&Control::Device::writeDeviceGeneral, ProtoModel::Device::s_General());
-    const GroupOutcome group = resultOf(callSwap());
+    const DeviceLog log;
+    const auto call = callSwap();
+    const auto arrived = [&log] {
+        return log.codes().count(QStringLiteral("1107"));
+    };
+    QTRY_COMPARE(int(arrived()), count - 1); // without the busy one
+    const auto before = std::chrono::steady_clock::now();
+    QVERIFY(Heartbeat().waitForBeats());
+    QVERIFY(!busy.future().isFinished());
+    QCOMPARE(int(arrived()), count - 1);
+    const auto least = std::chrono::steady_clock::now() - before;
+    QVERIFY(execute(0, "fault release"));
+    const GroupOutcome group = resultOf(call);
     QVERIFY(group);
     QVERIFY(busy.future().isFinished());
-    QVERIFY(group.spread > 500ms); // the device was late, and the result says so
+    QVERIFY(group.spread >= least - 1us); // it was late, and the result says so
 }
 
 void tst_GroupCalls::slotMayChangeTheListOfTheCaller()
@@ -116,6 +136,23 @@ void tst_GroupCalls::slotMayChangeTheListOfTheCaller()
     QCOMPARE(group.outcomes.size(), std::size_t(count));
     QCOMPARE(int(group.outcomes[0].kind()), int(Outcome::NotSent));
     QCOMPARE(int(group.outcomes[count - 1].kind()), int(Outcome::Done));
+}
+
+void tst_GroupCalls::slotMayDeleteAnotherSessionOfTheGroup()
+{
+    m_walls[0]->close(); // its call ends at once
+    DeviceSession *const deleted = m_walls[1];
+    connect(m_walls[0], &DeviceSession::callFinished, deleted, [deleted] { delete deleted; });
+    const GroupOutcome group = resultOf(callSwap());
+    QCOMPARE(group.outcomes.size(), std::size_t(count));
+    const Outcome &outcome = group.outcomes[1];
+    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
+    QCOMPARE(outcome.text(),
+             QStringLiteral("wall 11: %1 was not sent: the session is closed.")
+                 .arg(group.outcomes[2].operation()));
+    for (std::size_t i = 2; i < count; ++i)
+        QCOMPARE(int(group.outcomes[i].kind()), int(Outcome::Done));
+    QVERIFY(group.spread < 10s);
 }
 
 void tst_GroupCalls::emptyGroupEndsAtOnce()
@@ -137,7 +174,7 @@ void tst_GroupCalls::devicesDoNotWaitForEachOther()
 void tst_GroupCalls::atMostFourDevicesAreReadAtTheSameTime()
 {
     for (int i = 0; i < count; ++i)
-        addFault(i, "late=100");
+        addFault(i, "hold,code=0x1300");
     int most = 0;
     for (DeviceSession *const wall : qAsConst(m_walls)) {
         connect(wall, &DeviceSession::readProgressChanged, this, [&] {
@@ -148,7 +185,11 @@ void tst_GroupCalls::atMostFourDevicesAreReadAtTheSameTime()
         });
         wall->readAgain();
     }
-    QTRY_VERIFY_WITH_TIMEOUT(areReady(), 60000);
+    QTRY_COMPARE(most, 4);
+    QVERIFY(Heartbeat().waitForBeats()); // a fifth one would begin
+    for (int i = 0; i < count; ++i)
+        QVERIFY(execute(i, "fault clear"));
+    QTRY_VERIFY(areReady());
     QCOMPARE(most, 4);
 }
 

@@ -3,6 +3,7 @@
 
 #include <support/common/resources.h>
 #include <support/tavorosession/sessionbench.h>
+#include <support/tavorosession/statelog.h>
 
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
@@ -24,6 +25,7 @@ SessionBench::Options patientOptions()
 {
     SessionBench::Options options = SessionBench::fastOptions();
     options.channel.maxRequestTime = std::chrono::milliseconds(requestTime);
+    options.outcomeTime = 10min;
     return options;
 }
 
@@ -48,6 +50,21 @@ public:
     bool waitForFaults()
     {
         return QTest::qWaitFor([this] { return !hasFaults(); }, 60000);
+    }
+    /// Makes a call that ends the connection and stays under way for the device. Returns when the
+    /// device is ready again.
+    PendingCall<Outcome> callThatIsAsked()
+    {
+        const StateLog states(*wall);
+        if (!addFault("drop-request,code=0x1107,count=1"))
+            qFatal("the device does not know the fault");
+        const auto call = wall->call(&Control::Device::writeSwap, {1});
+        const auto isBack = [&] {
+            return states.kinds.contains("Lost") && wall->isReady();
+        };
+        if (!QTest::qWaitFor(isBack, 60000))
+            qFatal("the device is not back");
+        return call;
     }
     bool waitForState(DeviceState::Kind kind)
     {
@@ -131,10 +148,7 @@ bool followsAWrite(PatientBench &bench)
 
 bool asksForAnOutcome(PatientBench &bench)
 {
-    bench.addFault("drop-request,code=0x1107,count=1"); // it stays under way
-    const auto call = bench.wall->call(&Control::Device::writeSwap, {1});
-    return bench.waitForState(DeviceState::Lost) && bench.waitForState(DeviceState::Ready)
-        && !call.future().isFinished();
+    return !bench.callThatIsAsked().future().isFinished();
 }
 
 bool isLost(PatientBench &bench)
@@ -212,9 +226,7 @@ void tst_SessionEnds::outstandingCallsEndWithTheSession()
 {
     QFETCH(bool, isClosed);
     PatientBench bench;
-    QVERIFY(bench.addFault("drop-request,code=0x1107,count=1"));
-    const auto asked = bench.wall->call(&Control::Device::writeSwap, {1});
-    QVERIFY(bench.waitForState(DeviceState::Lost) && bench.waitForState(DeviceState::Ready));
+    const auto asked = bench.callThatIsAsked();
     QVERIFY(bench.addFault("ignore,code=0x1107,count=1"));
     const auto underWay = bench.wall->call(&Control::Device::writeSwap, {1});
     const auto waiting = bench.wall->call(&Control::Device::readDetails);
@@ -260,8 +272,7 @@ void tst_SessionEnds::deletedDeviceLeavesTheOthers()
     SessionBench bench;
     QVERIFY(bench.openReady());
     RunningSimulator second(SessionBench::smallDevice(2));
-    DeviceSession *const other =
-        bench.session->open(QStringLiteral("127.0.0.1"), second.simulator->port());
+    DeviceSession *const other = bench.open(second);
     QTRY_VERIFY(other->isReady());
     QCOMPARE(bench.session->devices(), (QList<DeviceSession *>{bench.wall, other}));
     delete bench.wall;

@@ -105,7 +105,7 @@ void tst_SessionLog::reportsLogNoBodies()
         const auto reports = [&] {
             return log.texts("tavoro.control", QtDebugMsg).filter(QLatin1String("auto report"));
         };
-        return QTest::qWaitFor([&] { return !reports().isEmpty(); }, 10000) ? reports().first()
+        return QTest::qWaitFor([&] { return !reports().isEmpty(); }, 60000) ? reports().first()
                                                                             : QString();
     };
     const QString words = QStringLiteral("FC(03).Process result: 1, device power information\"");

@@ -41,10 +41,10 @@ private Q_SLOTS:
 
 private:
     DeviceSession &wall() { return *m_bench->wall; }
-    /// Makes two calls. The second one waits, since the answer to the first one is late.
+    /// Makes two calls. The second one waits, since the answer to the first one is held.
     void makeWaitingCall()
     {
-        QVERIFY(m_bench->addFault("late=1000,code=0x1107,count=1"));
+        QVERIFY(m_bench->addFault("hold,code=0x1107,count=1"));
         wall().call(&Control::Device::writeSwap, {1});
         wall().call(&Control::Device::writeSwap, {0});
     }
@@ -53,6 +53,7 @@ private:
         QTRY_COMPARE(m_closed, 1);
         QCOMPARE(wall().state().kind, DeviceState::Disconnected);
         QVERIFY(!wall().device() || !wall().device()->isOnline());
+        QVERIFY(m_bench->execute(QStringLiteral("fault clear")));
         wall().open();
         QTRY_VERIFY(wall().isReady());
         QVERIFY(resultOf(wall().call(&Control::Device::writeSwap, {1})));

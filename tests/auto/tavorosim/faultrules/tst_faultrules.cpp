@@ -35,6 +35,7 @@ struct FaultCase {
 constexpr FaultCase faultCases[] = {
     {"status=8",             "545601020000000008010200E71B0000000002000101000000000000000011000000000002000000",                        0, ""},
     {"late=200",             rightAnswer,                                                                                                     1, "late 200"},
+    {"hold",                 rightAnswer,                                                                                                     1, "held"},
     {"silent",               "",                                                                                                        1, ""},
     {"ignore",               "",                                                                                                        0, ""},
     {"stall",                halfAnswer,                                                                                                      1, ""},
@@ -95,6 +96,8 @@ QString effectOf(const Delivery &delivery)
     QStringList words;
     if (delivery.delay > 0)
         words << QStringLiteral("late %1").arg(delivery.delay);
+    if (delivery.isHeld)
+        words << QStringLiteral("held");
     if (delivery.endsConnection)
         words << QStringLiteral("ends");
     if (delivery.stopsReading)

@@ -11,6 +11,8 @@
 
 #include <QElapsedTimer>
 
+#include <vector>
+
 using namespace CommandCodes;
 using namespace Tavoro;
 using namespace Tavoro::Sim;
@@ -21,6 +23,31 @@ namespace {
 int swapOf(SimBench &bench)
 {
     return contains(bench.client->read(deviceDetail).body, "\"swap\":1") ? 1 : 0;
+}
+
+WireFrame tagged(quint8 tag, WireFrame frame)
+{
+    frame.head.lables = tag;
+    return frame;
+}
+
+/// The device receives the requests in one piece.
+void sendTogether(SimBench &bench, const std::vector<WireFrame> &requests)
+{
+    QByteArray bytes;
+    for (const WireFrame &request : requests) {
+        const WireFrame numbered = bench.client->numbered(request);
+        bytes += SSProxy::Wire::encodeFrame(numbered.head, numbered.body);
+    }
+    bench.client->sendBytes(bytes);
+}
+
+/// The lines of the console that end what a fault holds up.
+void addLinesThatRelease()
+{
+    QTest::addColumn<QString>("line");
+    for (const char *line : {"fault release", "fault clear"})
+        QTest::newRow(line) << QString::fromLatin1(line);
 }
 
 /// Makes the device stop reading from the client for this number of milliseconds.
@@ -47,7 +74,12 @@ private Q_SLOTS:
     void requestsThatAreCarriedOutChangeTheDevice_data();
     void requestsThatAreCarriedOutChangeTheDevice();
     void lateAnswersArriveAfterOthers();
-    void deviceThatStopsReadingReadsOnWhenCleared();
+    void heldAnswersAreSentInTheirOrderWhenReleased_data();
+    void heldAnswersAreSentInTheirOrderWhenReleased();
+    void releaseKeepsTheRules();
+    void requestsBeyondTheHeldAnswersAreReadWhenReleased();
+    void deviceThatStopsReadingReadsOnWhenReleased_data();
+    void deviceThatStopsReadingReadsOnWhenReleased();
     void deviceThatStopsReadingLeavesFurtherRequests();
     void pauseWithATimeEndsByItself();
     void timerOfAClearedPauseDoesNotEndTheNextOne();
@@ -73,7 +105,9 @@ void tst_TavorosimFaults::consoleAddsListsAndClears()
     QCOMPARE(line("fault add loud"), QStringLiteral("error unknown fault: \"loud\""));
     QCOMPARE(line("fault clear"), QStringLiteral("ok"));
     QCOMPARE(line("fault list"), QStringLiteral("ok"));
-    const QString usage = QStringLiteral("error usage: fault add RULE, fault clear, fault list");
+    QCOMPARE(line("fault release"), QStringLiteral("ok"));
+    const QString usage =
+        QStringLiteral("error usage: fault add RULE, fault clear, fault list, fault release");
     for (const char *wrong : {"fault", "fault 50", "fault add", "fault list all", "fault drop x"})
         QCOMPARE(line(wrong), usage);
 }
@@ -164,17 +198,75 @@ void tst_TavorosimFaults::lateAnswersArriveAfterOthers()
 {
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add late=500,code=DeviceSwap")).ok);
-    WireFrame late = WireClient::request(deviceSwap, CommandType::Write, swapOff);
-    late.head.lables = 1;
-    bench.client->send(late);
-    WireFrame prompt = WireClient::readRequest(deviceDetail);
-    prompt.head.lables = 2;
-    QCOMPARE(int(bench.client->exchange(prompt).head.lables), 2);
+    const auto write = tagged(1, WireClient::request(deviceSwap, CommandType::Write, swapOff));
+    const auto read = tagged(2, WireClient::readRequest(deviceDetail));
+    sendTogether(bench, {write, read}); // the device reads both before the delay begins
+    QCOMPARE(int(bench.client->receiveResponse().head.lables), 2);
     QCOMPARE(int(bench.client->receiveResponse().head.lables), 1);
 }
 
-void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
+void tst_TavorosimFaults::heldAnswersAreSentInTheirOrderWhenReleased_data()
 {
+    addLinesThatRelease();
+}
+
+void tst_TavorosimFaults::heldAnswersAreSentInTheirOrderWhenReleased()
+{
+    QFETCH(const QString, line);
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add hold,code=DeviceSwap,count=2")).ok);
+    const WireFrame write = WireClient::request(deviceSwap, CommandType::Write, swapOff);
+    bench.client->send(tagged(1, write));
+    bench.client->send(tagged(2, write));
+    const WireFrame other =
+        bench.client->exchange(tagged(3, WireClient::readRequest(deviceDetail)));
+    QCOMPARE(int(other.head.lables), 3);
+    QVERIFY(contains(other.body, "\"swap\":0")); // carried out at once
+    QVERIFY(bench.device->execute(line).ok);
+    for (const int tag : {1, 2})
+        QCOMPARE(int(bench.client->receiveResponse().head.lables), tag);
+    QVERIFY(bench.device->execute(line).ok); // nothing is sent twice
+    QCOMPARE(int(bench.client->exchange(tagged(4, write)).head.lables), 4);
+}
+
+void tst_TavorosimFaults::releaseKeepsTheRules()
+{
+    SimBench bench;
+    const QString rule = QStringLiteral("hold,code=DeviceSwap");
+    QVERIFY(bench.device->execute(QStringLiteral("fault add ") + rule).ok);
+    const WireFrame write = WireClient::request(deviceSwap, CommandType::Write, swapOff);
+    for (const quint8 tag : {quint8(1), quint8(2)}) {
+        sendTogether(bench, {tagged(tag, write), tagged(9, WireClient::readRequest(deviceDetail))});
+        QCOMPARE(int(bench.client->receiveResponse().head.lables), 9);
+        QVERIFY(bench.device->execute(QStringLiteral("fault release")).ok);
+        QCOMPARE(int(bench.client->receiveResponse().head.lables), int(tag));
+        QCOMPARE(bench.device->execute(QStringLiteral("fault list")).text, rule);
+    }
+}
+
+void tst_TavorosimFaults::requestsBeyondTheHeldAnswersAreReadWhenReleased()
+{
+    constexpr int mostHeld = 1024;
+    SimBench bench;
+    QVERIFY(bench.device->execute(QStringLiteral("fault add hold,count=%1").arg(mostHeld)).ok);
+    std::vector<WireFrame> requests(mostHeld, WireClient::readRequest(deviceSwap));
+    requests.push_back(tagged(9, WireClient::readRequest(deviceDetail)));
+    sendTogether(bench, requests);
+    QTRY_COMPARE(bench.device->execute(QStringLiteral("fault list")).text, QString());
+    QVERIFY(bench.device->execute(QStringLiteral("fault release")).ok);
+    for (int i = 0; i < mostHeld; ++i)
+        QCOMPARE(int(bench.client->receiveResponse().head.lables), 1);
+    QCOMPARE(int(bench.client->receiveResponse().head.lables), 9);
+}
+
+void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenReleased_data()
+{
+    addLinesThatRelease();
+}
+
+void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenReleased()
+{
+    QFETCH(const QString, line);
     SimBench bench;
     QVERIFY(bench.device->execute(QStringLiteral("fault add stop-reading,count=1")).ok);
     bench.client->send(WireClient::request(deviceSwap, CommandType::Write, swapOff));
@@ -182,7 +274,7 @@ void tst_TavorosimFaults::deviceThatStopsReadingReadsOnWhenCleared()
     WireFrame read = WireClient::readRequest(deviceDetail);
     read.head.lables = 9;
     bench.client->send(read);
-    QVERIFY(bench.device->execute(QStringLiteral("fault clear")).ok);
+    QVERIFY(bench.device->execute(line).ok);
     const WireFrame answer = bench.client->receiveResponse();
     QCOMPARE(int(answer.head.lables), 9);
     QVERIFY(contains(answer.body, "\"swap\":1"));

@@ -48,6 +48,7 @@ private Q_SLOTS:
     void everyReceivedRequestIsCounted();
     void unknownRequestHasNotArrived();
     void onlyTheLastRequestsAreRemembered();
+    void requestsMayArriveInAnotherOrderThanTheirNumbers();
     void onlyTheLastConnectionsAreRemembered();
     void connectionsAndClientsAreDistinguished();
     void clientsWithoutIdAreServedAndForgotten();
@@ -97,6 +98,23 @@ void tst_TavoroSimOutcome::onlyTheLastRequestsAreRemembered()
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0300"));
     QCOMPARE(ask(*bench.client, 'a', 1, 2), QByteArray("0000"));
     QCOMPARE(ask(*bench.client, 'a', 1, 256), QByteArray("0300"));
+}
+
+/// A client may set a number aside and send its request after many others.
+void tst_TavoroSimOutcome::requestsMayArriveInAnotherOrderThanTheirNumbers()
+{
+    SimBench bench;
+    QVERIFY(introduce(*bench.client, 'a', 1));
+    const auto sendNumber = [&](quint32 number) {
+        WireFrame frame = WireClient::request(deviceSwap, CommandType::Write, swapOff);
+        frame.head.number = number;
+        return int(bench.client->exchange(frame).head.status);
+    };
+    QCOMPARE(sendNumber(556), 0);
+    QCOMPARE(ask(*bench.client, 'a', 1, 300), QByteArray("0100"));
+    QCOMPARE(sendNumber(300), 0);
+    QCOMPARE(ask(*bench.client, 'a', 1, 300), QByteArray("0300"));
+    QCOMPARE(ask(*bench.client, 'a', 1, 556), QByteArray("0300"));
 }
 
 void tst_TavoroSimOutcome::onlyTheLastConnectionsAreRemembered()

@@ -1,6 +1,7 @@
 // Callers send their requests and receive their answers on their own threads. The device runs on
 // the test's own thread.
 
+#include <support/common/patience.h>
 #include <support/tavorossproxy/echodevice.h>
 
 #include <tavorossproxy/devicemanager.h>
@@ -29,9 +30,9 @@ public:
             DeviceManager::instance(), &DeviceManager::parseDeviceAutoReportFinished,
             DeviceManager::instance(), [this](const auto &, const auto &) { work(); },
             Qt::DirectConnection);
-        if (QTest::qWaitFor([this] { return m_channel->isHardwareReadFinished(); }))
+        if (QTest::qWaitFor([this] { return m_channel->isHardwareReadFinished(); }, 60000))
             m_device.send(Wire::FrameKind::Report, "{}");
-        m_isStarted = QTest::qWaitFor([this] { return m_isBusy.load(); });
+        m_isStarted = QTest::qWaitFor([this] { return m_isBusy.load(); }, 60000);
     }
     ~BusyChannelThread()
     {
@@ -124,7 +125,7 @@ void tst_CallerReads::severalCallersDoNotNeedItEither()
         }));
     }
     for (auto &caller : callers) {
-        QTRY_VERIFY_WITH_TIMEOUT(isDone(caller), 60000);
+        QTRY_VERIFY(isDone(caller));
         QCOMPARE(caller.get(), 50);
     }
 }
@@ -181,7 +182,7 @@ void tst_CallerReads::reportIsHandledBeforeTheAnswerAfterIt()
         }
         return inOrder;
     });
-    QTRY_VERIFY_WITH_TIMEOUT(isDone(caller), 60000);
+    QTRY_VERIFY(isDone(caller));
     QCOMPARE(caller.get(), 200);
     disconnect(connection);
 }

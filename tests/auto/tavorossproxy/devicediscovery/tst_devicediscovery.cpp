@@ -1,5 +1,7 @@
 // Discovery over loopback sockets, and the channels that it opens.
 
+#include <support/common/patience.h>
+
 #include <tavorosim/simulateddevice.h>
 #include <tavorossproxy/devicediscovery.h>
 #include <tavorossproxy/devicemanager.h>

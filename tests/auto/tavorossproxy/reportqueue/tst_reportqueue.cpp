@@ -1,5 +1,7 @@
 // Which reports are delivered, which wait and which are dropped when receivers are slow.
 
+#include <support/common/patience.h>
+
 #include <tavorossproxy/channel/reportqueue_p.h>
 
 #include <QTest>

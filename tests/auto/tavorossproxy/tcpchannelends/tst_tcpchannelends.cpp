@@ -1,6 +1,7 @@
 // How channels over loopback sockets end, and the requests that are in flight then. The device runs
 // on the test's own thread, callers run on others.
 
+#include <support/common/patience.h>
 #include <support/tavorossproxy/echodevice.h>
 
 #include <tavorossproxy/devicemanager.h>
@@ -104,10 +105,10 @@ bool channelsEndWithTheApplication(std::unique_ptr<QCoreApplication> application
     auto device = std::make_unique<EchoDevice>();
     const auto channel = openTcpDeviceChannel(QStringLiteral("127.0.0.1"), device->port());
     DeviceManager::instance()->addDeviceChannel(channel);
-    if (!QTest::qWaitFor([&] { return channel->isHardwareReadFinished(); }))
+    if (!QTest::qWaitFor([&] { return channel->isHardwareReadFinished(); }, 60000))
         return false;
     auto answer = sendFromAThread(channel, {});
-    if (!QTest::qWaitFor([&] { return device->silentRequests == 1; }))
+    if (!QTest::qWaitFor([&] { return device->silentRequests == 1; }, 60000))
         return false;
     device.reset(); // the channel is about to reconnect
     application.reset();

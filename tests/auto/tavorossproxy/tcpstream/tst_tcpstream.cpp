@@ -4,6 +4,7 @@
 #include <tavorossproxy/io/tcpstream_p.h>
 
 #include <support/common/messagecatcher.h>
+#include <support/common/patience.h>
 
 #include <QCoreApplication>
 #include <QTcpServer>

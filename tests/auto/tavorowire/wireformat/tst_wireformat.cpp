@@ -9,8 +9,11 @@
 #include <QMap>
 #include <QTest>
 
+#include <string>
+
 using namespace Tavoro::SSProxy;
 using namespace Tavoro::SSProxy::Wire;
+using namespace std::string_literals;
 
 namespace {
 
@@ -19,7 +22,7 @@ struct DocumentedFrame {
     const char *name;
     int kind, lables, status, stream, type;
     unsigned totalCount, sendCount, code, arg2, number;
-    const char *body;
+    std::string body;
 };
 
 constexpr auto identityBody = R"({"protocolVersion":1,"modelId":30465,"sn":"0123456789ABCDEF",)"
@@ -42,6 +45,8 @@ const DocumentedFrame documentedFrames[] = {
     {"split-write-request-1",  1,   5,     0,     0x8001, 4,   2,    1,   0xFA03, 0x00000703, 5,     "l"},
     {"split-write-response-1", 2,   5,     0,     0x8001, 4,   1,    0,   0xFA03, 0x00000703, 5,     ""},
     {"report",                 3,   0,     0,     0,      1,   1,    0,   0x1103, 0,          0,     R"({"powers":[{"powerId":0,"iSignal":1,"status":1}]})"},
+    {"lease-request",          1,   6,     0,     3,      2,   0,    0,   0x0103, 1,          6,     "\x05\0gate a"s},
+    {"lease-response",         2,   6,     0,     3,      2,   1,    0,   0x0103, 1,          6,     "\x01\x88\x13\0\0gate a"s},
     {"ping",                   6,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
     {"pong",                   7,   0,     0,     0,      0,   0,    0,   0,      0,          0,     ""},
 };
@@ -104,7 +109,7 @@ private Q_SLOTS:
 void tst_WireFormat::everyDumpOfThePageIsInTheTable()
 {
     const auto dumps = dumpsOfPage();
-    QCOMPARE(dumps.size(), 16);
+    QCOMPARE(dumps.size(), 18);
     for (const DocumentedFrame &documented : documentedFrames)
         QVERIFY2(dumps.contains(documented.name), documented.name);
 }
@@ -112,7 +117,7 @@ void tst_WireFormat::everyDumpOfThePageIsInTheTable()
 void tst_WireFormat::pageAndCodeAgree_data()
 {
     QTest::addColumn<int>("row");
-    for (int i = 0; i < 16; ++i)
+    for (int i = 0; i < 18; ++i)
         QTest::newRow(documentedFrames[i].name) << i;
 }
 
@@ -129,7 +134,7 @@ void tst_WireFormat::pageAndCodeAgree()
     QVERIFY(event.has_value());
     QVERIFY(bytes.empty());
     QCOMPARE(event->status, quint16(0));
-    QCOMPARE(event->body, std::string(documented.body));
+    QCOMPARE(event->body, documented.body);
     QCOMPARE(encodeFrame(event->head, event->body), dump);
 }
 

@@ -61,6 +61,8 @@ private Q_SLOTS:
     void questionForAnOutcomeFindsItsRequest();
     void bodiesOfAnotherLengthAreReported();
     void controlIsShownInWords();
+    void leaseIsShownInWords();
+    void leaseBodiesThatAreTooShortAreReported();
     void answersToADiscoveryRequestFindIt();
     void bytesAfterADiscoveryRequestAreShown();
     void discoveryAnswerWithoutAnIdentityIsReported();
@@ -122,6 +124,42 @@ void tst_DissectorMessages::controlIsShownInWords()
                  QStringLiteral("Response 2: Control read, success|||[::1]:41873"),
                  QStringLiteral("Report Control||1|192.0.2.9:50000"),
              }));
+}
+
+void tst_DissectorMessages::leaseIsShownInWords()
+{
+    WireHead take = requestHead(2, 0x0103, 1);
+    take.arg2[0] = 1;
+    WireHead release = requestHead(2, 0x0103, 2);
+    release.arg2[0] = 2;
+    using namespace std::string_literals;
+    HandMadeCapture capture;
+    capture.sent(frameOf(take, "\x05\0gate a"s));
+    capture.received(responseTo(take, "\x01\x88\x13\0\0gate a"s));
+    capture.sent(frameOf(release)).received(responseTo(release, "\0\0\0\0\0"s));
+    QCOMPARE(fieldsOf(capture,
+                      {QStringLiteral("_ws.col.Info"), QStringLiteral("tavoro.lease.action"),
+                       QStringLiteral("tavoro.lease.seconds"), QStringLiteral("tavoro.lease.state"),
+                       QStringLiteral("tavoro.lease.milliseconds"),
+                       QStringLiteral("tavoro.lease.holder")}),
+             QStringList({
+                 QStringLiteral("Request 1: Lease write|1|5|||gate a"),
+                 QStringLiteral("Response 1: Lease write, success|1||1|5000|gate a"),
+                 QStringLiteral("Request 2: Lease write|2||||"),
+                 QStringLiteral("Response 2: Lease write, success|2||0|0|"),
+             }));
+}
+
+void tst_DissectorMessages::leaseBodiesThatAreTooShortAreReported()
+{
+    using namespace std::string_literals;
+    const WireHead take = requestHead(2, 0x0103, 1);
+    HandMadeCapture capture;
+    capture.sent(frameOf(take, "\x05\0"s)).received(responseTo(take, "\1\2\3\4"s));
+    const QString wrong = QStringLiteral("The body does not have the length that this message has");
+    QCOMPARE(
+        fieldsOf(capture, {QStringLiteral("tavoro.body"), QStringLiteral("_ws.expert.message")}),
+        QStringList({QStringLiteral("0500|") + wrong, QStringLiteral("01020304|") + wrong}));
 }
 
 void tst_DissectorMessages::bodiesOfAnotherLengthAreReported()

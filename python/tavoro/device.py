@@ -1,0 +1,148 @@
+"""A device, for programs that block."""
+
+from __future__ import annotations
+
+from collections.abc import Callable
+from types import TracebackType
+from typing import cast
+
+from . import _core, records
+from ._calls import decoded, encoded, wait
+from .changes import Change, Subscription
+from .files import Files
+from .operations import (
+    AuxiliaryOperations,
+    DeviceOperations,
+    InterfaceOperations,
+    LayerOperations,
+    PresetOperations,
+    ScreenOperations,
+)
+from .state import State
+from .transfers import Transfer
+
+DEFAULT_PORT = 6630
+"""TCP port on which a device listens."""
+
+
+class DeviceBase:
+    """What a Device and its asyncio twin share. Nothing here blocks."""
+
+    def __init__(self, host: str, port: int, sets_clock: bool, control_idle_time: float) -> None:
+        self._core = _core.Device(host, port, sets_clock, control_idle_time)
+        self._version = -1
+        self._state: State | None = None
+
+    @property
+    def state(self) -> State:
+        """What is known about the device now, without a request.
+
+        It follows the reports of the device and the calls of this program. The records that a call changes are read
+        again shortly afterwards: see updated_state().
+        """
+        version = self._core.version
+        if self._state is None or version != self._version:
+            self._version, self._state = version, State(self._core.state)
+        return self._state
+
+    @property
+    def name(self) -> str:
+        """Name of the device, or its address while the name is not known."""
+        return str(self.state.session.get("name", ""))
+
+    @property
+    def is_ready(self) -> bool:
+        """Whether the device is connected and was read."""
+        return bool(self.state.session.get("state") == "ready")
+
+    def close(self) -> None:
+        """Disconnects. Calls that wait end as NotSent, those under way as Unknown."""
+        self._core.close()
+
+    def __repr__(self) -> str:
+        session = self.state.session
+        return f"<tavoro device {session.get('address')}: {session.get('text')}>"
+
+
+class Device(DeviceBase):
+    """A device whose operations block until it has answered. Connects, and reads the device.
+
+    >>> with tavoro.Device("192.0.2.10") as wall:
+    ...     wall.screen.write_take([{"screenId": 1, "screenType": 1}])
+
+    The operations are grouped by their classes: device, interface, screen, layer, preset, file, auxiliary. A call that is not
+    carried out raises a Failure; arguments that are not valid raise ValueError, and nothing is sent.
+
+    Several threads may use one object. If the connection is lost, calls raise NotSent until it is back; the device is
+    then read again.
+    """
+
+    def __init__(
+        self,
+        host: str,
+        port: int = DEFAULT_PORT,
+        *,
+        timeout: float = 10.0,
+        sets_clock: bool = True,
+        control_idle_time: float = 0.0,
+    ) -> None:
+        """Blocks until the device was read, and raises NotSent if it was not within the timeout.
+
+        sets_clock: whether the clock of the device is set.
+        control_idle_time: control is given up after these seconds without a write; 0: when the device is closed.
+        """
+        super().__init__(host, port, sets_clock, control_idle_time)
+        self.device = DeviceOperations(self._core)
+        self.interface = InterfaceOperations(self._core)
+        self.screen = ScreenOperations(self._core)
+        self.layer = LayerOperations(self._core)
+        self.preset = PresetOperations(self._core)
+        self.file = Files(self._core)
+        self.auxiliary = AuxiliaryOperations(self._core)
+        try:
+            wait(self._core.ready(round(1000 * timeout)))
+        except BaseException:
+            self.close()
+            raise
+
+    def __enter__(self) -> Device:
+        return self
+
+    def __exit__(
+        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
+    ) -> None:
+        self.close()
+
+    def updated_state(self) -> State:
+        """Waits until the state contains what the calls that have ended have changed, and returns it."""
+        wait(self._core.model_update())
+        return self.state
+
+    def subscribe(self, callback: Callable[[Change], object]) -> Subscription:
+        """Calls callback for each change, on a thread that all callbacks share. Changes of one object may be combined.
+
+        The callback may call operations. Its exceptions are logged, see the logger "tavoro".
+        """
+        return Subscription(self._core, callback)
+
+    def take_control(self, *, force: bool = False) -> None:
+        """Takes control of the device; also from another client if forced. Writes do so by themselves."""
+        wait(self._core.take_control(force))
+
+    def release_control(self) -> None:
+        """Gives control up."""
+        wait(self._core.release_control())
+
+    def read_control_holder(self) -> str:
+        """Address and port of the client that holds control; empty if no client does."""
+        return wait(self._core.read_control_holder()).decode()
+
+    def start_upgrade(self, detail: records.AuxiliaryUpgradeDetail) -> Transfer[records.AuxiliaryUpgradePercent]:
+        """Starts a firmware upgrade from a package that the device holds, and returns it.
+
+        A device cannot stop an upgrade: cancelling it only ends the wait.
+        """
+        return Transfer(
+            self._core.upgrade(encoded(detail)),
+            lambda answer: cast("records.AuxiliaryUpgradePercent", decoded(answer)),
+        )
