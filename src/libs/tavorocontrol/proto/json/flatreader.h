@@ -55,11 +55,11 @@ Q_ALWAYS_INLINE const char *readFlat(const char *at, const char *end, Value &val
         const char *const quote = findSpecial(at, end);
         if (!startsWith<Rest>(quote, end))
             return nullptr;
-        value.assign(at, static_cast<std::size_t>(quote - at));
+        value = std::string(at, quote);
         return quote + Rest::size;
     } else {
         Value integer{};
-        at = readDigits(at, end, integer);
+        at = readDigits(at, integer);
         if (!at || !startsWith<After>(at, end))
             return nullptr;
         value = integer;
