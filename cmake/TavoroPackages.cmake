@@ -19,7 +19,8 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian/compressmanpages.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS
+    ${CMAKE_CURRENT_LIST_DIR}/debian/compressmanpages.cmake ${CMAKE_CURRENT_LIST_DIR}/debian/movesystemfiles.cmake)
 set(CPACK_COMPONENTS_ALL "")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "")
 
@@ -107,6 +108,12 @@ if(TAVORO_BUILD_TOOLS)
     tavoro_package(Documentation tavorocontrol-doc doc "documentation of tavorocontrol"
         "These are the manual pages of the libraries and tools, and every record of\nthe protocol as JSON Schema.")
     set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+    if(TARGET tavorogate)
+        tavoro_package(Gateway tavorogate net "gateway between networked video processors and MQTT"
+            "This service publishes the state of devices to an MQTT broker and carries out\ncalls that arrive from it."
+            COMPONENTS tavorosession RECOMMENDS mosquitto)
+        set(CPACK_DEBIAN_GATEWAY_PACKAGE_CONTROL_EXTRA ${debian_dir}/gateway/conffiles)
+    endif()
     if(TARGET tavoropanel)
         tavoro_package(Panel tavoropanel video "operator's panel for networked video processors"
             "This program shows the screens and layers of devices and operates them live."

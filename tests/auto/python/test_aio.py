@@ -123,7 +123,8 @@ def test_a_cancelled_task_cancels_its_transfer(start_simulator: Callable[..., Si
             with pytest.raises(asyncio.CancelledError):
                 await send
             simulator.console("pass 1000")
-            assert await wall.file.read_details(file_type=2, file_id=1) == []
+            await wall.file.send(b"content", type=2, id=2, name="next")  # follows the end of the first one
+            assert [file["fileId"] for file in await wall.file.read_details(file_type=2)] == [2]
 
     run(main())
 

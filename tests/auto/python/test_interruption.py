@@ -83,12 +83,15 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
     script = Script(
         HEAD
         + """
+    transfer = wall.file.start_send(bytes(300000), type=2, id=1, name="logo")
     try:
-        wall.file.send(bytes(300000), type=2, id=1, name="logo")
+        transfer.wait()
     except KeyboardInterrupt:
         print("interrupted", flush=True)
-    sys.stdin.readline()
-    print(len(wall.file.read_details(file_type=2, file_id=1)))
+    try:
+        transfer.wait()
+    except tavoro.NotSent as failure:
+        print(failure.is_cancelled, len(wall.file.read_details(file_type=2, file_id=1)))
     """,
         simulator.port,
     )
@@ -97,8 +100,7 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
     script.process.send_signal(signal.SIGINT)
     assert script.read_line() == "interrupted"
     simulator.console("pass 1000")
-    script.write_line("continue")
-    assert script.finish() == (0, "0\n", "")
+    assert script.finish() == (0, "True 0\n", "")
 
 
 def test_other_threads_run_while_a_call_blocks(start_simulator: Callable[..., Simulator]) -> None:

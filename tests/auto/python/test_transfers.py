@@ -53,9 +53,13 @@ def test_an_exception_of_the_callback_cancels_the_transfer(start_simulator: Call
         def stop(progress: tavoro.Progress) -> None:
             raise RuntimeError(f"{progress.total} bytes are too many")
 
+        transfer = wall.file.start_send(CONTENT, type=2, id=1, name="logo")
         with pytest.raises(RuntimeError, match="256000 bytes are too many"):
-            wall.file.send(CONTENT, type=2, id=1, name="logo", progress=stop)
+            transfer.wait(stop)
         simulator.console("pass 1000")
+        with pytest.raises(tavoro.NotSent) as raised:
+            transfer.wait()
+        assert raised.value.is_cancelled
         assert wall.file.read_details(file_type=2, file_id=1) == []
 
 

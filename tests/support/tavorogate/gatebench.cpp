@@ -102,6 +102,7 @@ Gate::GateConfig GateBench::config() const
     Gate::GateConfig config;
     config.name = QStringLiteral("stage");
     config.broker = clientOptions(QStringLiteral("tavorogate-stage"));
+    config.leaseSeconds = 0; // no other gateway
     config.devices = {{QStringLiteral("127.0.0.1"), device->simulator->port()}};
     return config;
 }

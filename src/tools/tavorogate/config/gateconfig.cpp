@@ -80,7 +80,7 @@ QString setReadable(QString &name, const QJsonValue &value)
 
 QString setDevices(GateConfig &config, const QJsonValue &value)
 {
-    const QString expected = QStringLiteral("a list of addresses, each \"HOST\" or \"HOST:PORT\"");
+    QString expected = QStringLiteral("a list of addresses, each \"HOST\" or \"HOST:PORT\"");
     if (!value.isArray())
         return expected;
     const QJsonArray addresses = value.toArray();

@@ -119,15 +119,22 @@ void tst_GatewayCalls::faultyCallIsNotSent_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QByteArray>("arguments");
     QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const char *operation, const char *arguments,
+                        const char *text) {
+        QTest::newRow(name) << QString::fromLatin1(operation) << QByteArray(arguments)
+                            << QString::fromLatin1(text);
+    };
+    const char *const tooLarge =
+        "wall: device swap status information was not sent: Device.writeSwap, argument 1: line 1, "
+        "column 9: 300 would be sent as 44; the range is 0 to 255.";
     // clang-format off
-    QTest::newRow("unknown operation") << "Screen.take"        << QByteArray()                     << "unknown operation \"Screen.take\"";
-    QTest::newRow("too many levels")   << "anna/Screen/take"   << QByteArray()                     << "the topic must end with OPERATION or USER/OPERATION";
-    QTest::newRow("not JSON")          << "Device.writeSwap"   << QByteArray("{")                  << "the message is not valid JSON: unterminated object (at byte 1)";
-    QTest::newRow("not an object")     << "Device.writeSwap"   << QByteArray("[]")                 << "the message must be a JSON object with the arguments by name";
-    QTest::newRow("missing argument")  << "Device.writeSwap"   << QByteArray("{}")                 << "the argument \"swap\" is missing";
-    QTest::newRow("unknown argument")  << "Device.readDetails" << QByteArray(R"({"x":1})")         << "Device.readDetails has no argument \"x\"";
-    QTest::newRow("value too large")   << "Device.writeSwap"   << QByteArray(R"({"swap":{"swap":300}})")
-                                       << "wall: device swap status information was not sent: Device.writeSwap, argument 1: line 1, column 9: 300 would be sent as 44; the range is 0 to 255.";
+    row("unknown operation", "Screen.take",        "",                       "unknown operation \"Screen.take\"");
+    row("too many levels",   "anna/Screen/take",   "",                       "the topic must end with OPERATION or USER/OPERATION");
+    row("not JSON",          "Device.writeSwap",   "{",                      "the message is not valid JSON: unterminated object (at byte 1)");
+    row("not an object",     "Device.writeSwap",   "[]",                     "the message must be a JSON object with the arguments by name");
+    row("missing argument",  "Device.writeSwap",   "{}",                     "the argument \"swap\" is missing");
+    row("unknown argument",  "Device.readDetails", R"({"x":1})",             "Device.readDetails has no argument \"x\"");
+    row("value too large",   "Device.writeSwap",   R"({"swap":{"swap":300}})", tooLarge);
     // clang-format on
 }
 

@@ -88,20 +88,25 @@ void tst_GatewayConfig::mistakesAreNamed_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, const char *text, const char *message) {
+        QTest::newRow(name) << QByteArray(text) << QString::fromLatin1(message);
+    };
+    const char *const addresses =
+        "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\"";
     // clang-format off
-    QTest::newRow("no JSON")         << QByteArray("{\n\"name\": \"x\"")                          << "line 2: unterminated object";
-    QTest::newRow("no object")       << QByteArray("[]")                                          << "expected a JSON object";
-    QTest::newRow("unknown key")     << QByteArray("{\n\n\"broker\": {\"prot\": 1}}")             << "line 3: unknown key \"broker.prot\"; did you mean \"broker.port\"";
-    QTest::newRow("not a port")      << QByteArray("{\"broker\": {\n\"port\": 0}}")               << "line 2: \"broker.port\" must be a number from 1 to 65535";
-    QTest::newRow("not a number")    << QByteArray("{\"controlIdleSeconds\": \"5\"}")             << "line 1: \"controlIdleSeconds\" must be a number from 1 to 3600";
-    QTest::newRow("not a flag")      << QByteArray("{\"discovery\": 1}")                          << "line 1: \"discovery\" must be true or false";
-    QTest::newRow("not a name")      << QByteArray("{\"name\": \"a/b\"}")                         << "line 1: \"name\" must be a text without the characters / + #";
-    QTest::newRow("not a host")      << QByteArray("{\"broker\": {\"host\": \"\"}}")              << "line 1: \"broker.host\" must be a text that is not empty";
-    QTest::newRow("not a list")      << QByteArray("{\"devices\": \"192.0.2.7\"}")                << "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\"";
-    QTest::newRow("not an address")  << QByteArray("{\"devices\": [\"192.0.2.7:0x\"]}")           << "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\"";
-    QTest::newRow("no certificate")  << QByteArray("{\"broker\": {\"tls\": {\"key\": \"/x\"}}}")  << "line 1: \"broker.tls.key\" must be a file that can be read";
-    QTest::newRow("no password")     << QByteArray("{\"broker\": {\"passwordFile\": \"/x\"}}")    << "line 1: \"broker.passwordFile\" must be a file that can be read: No such file or directory";
-    QTest::newRow("nothing to do")   << QByteArray("{}")                                          << "there is nothing to do: set \"devices\" or \"discovery\"";
+    row("no JSON",         "{\n} x",                                          "line 2: garbage at the end of the document");
+    row("no object",       "[]",                                              "expected a JSON object");
+    row("unknown key",     "{\n\n\"broker\": {\"prot\": 1}}",                 "line 3: unknown key \"broker.prot\"; did you mean \"broker.port\"");
+    row("not a port",      "{\"broker\": {\n\"port\": 0}}",                   "line 2: \"broker.port\" must be a number from 1 to 65535");
+    row("not a number",    "{\"controlIdleSeconds\": \"5\"}",                 "line 1: \"controlIdleSeconds\" must be a number from 1 to 3600");
+    row("not a flag",      "{\"discovery\": 1}",                              "line 1: \"discovery\" must be true or false");
+    row("not a name",      "{\"name\": \"a/b\"}",                             "line 1: \"name\" must be a text without the characters / + #");
+    row("not a host",      "{\"broker\": {\"host\": \"\"}}",                  "line 1: \"broker.host\" must be a text that is not empty");
+    row("not a list",      "{\"devices\": \"192.0.2.7\"}",                    addresses);
+    row("not an address",  "{\"devices\": [\"192.0.2.7:0x\"]}",               addresses);
+    row("no certificate",  "{\"broker\": {\"tls\": {\"key\": \"/x\"}}}",      "line 1: \"broker.tls.key\" must be a file that can be read");
+    row("no password",     "{\"broker\": {\"passwordFile\": \"/x\"}}",        "line 1: \"broker.passwordFile\" must be a file that can be read: No such file or directory");
+    row("nothing to do",   "{}",                                              "there is nothing to do: set \"devices\" or \"discovery\"");
     // clang-format on
 }
 
