@@ -91,6 +91,8 @@ void tst_GatewayConfig::mistakesAreNamed_data()
     const auto row = [](const char *name, const char *text, const char *message) {
         QTest::newRow(name) << QByteArray(text) << QString::fromLatin1(message);
     };
+    const char *const noPassword = "line 1: \"broker.passwordFile\" must be a file that can be "
+                                   "read: No such file or directory";
     const char *const addresses =
         "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\"";
     // clang-format off
@@ -105,7 +107,7 @@ void tst_GatewayConfig::mistakesAreNamed_data()
     row("not a list",      "{\"devices\": \"192.0.2.7\"}",                    addresses);
     row("not an address",  "{\"devices\": [\"192.0.2.7:0x\"]}",               addresses);
     row("no certificate",  "{\"broker\": {\"tls\": {\"key\": \"/x\"}}}",      "line 1: \"broker.tls.key\" must be a file that can be read");
-    row("no password",     "{\"broker\": {\"passwordFile\": \"/x\"}}",        "line 1: \"broker.passwordFile\" must be a file that can be read: No such file or directory");
+    row("no password",     "{\"broker\": {\"passwordFile\": \"/x\"}}",        noPassword);
     row("nothing to do",   "{}",                                              "there is nothing to do: set \"devices\" or \"discovery\"");
     // clang-format on
 }
