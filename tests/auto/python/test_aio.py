@@ -77,6 +77,7 @@ def test_a_cancelled_task_drops_a_call_that_waits(start_simulator: Callable[...,
             freeze.cancel()
             with pytest.raises(asyncio.CancelledError):
                 await freeze
+            await wall.updated_state()  # the session has handled the cancellation
             simulator.console("fault release")
             await take
             assert (await wall.screen.read_details())[0]["freeze"] == 0

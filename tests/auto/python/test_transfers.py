@@ -54,6 +54,7 @@ def test_an_exception_of_the_callback_cancels_the_transfer(start_simulator: Call
             raise RuntimeError(f"{progress.total} bytes are too many")
 
         transfer = wall.file.start_send(CONTENT, type=2, id=1, name="logo")
+        simulator.wait_until_faults_are_used()
         with pytest.raises(RuntimeError, match="256000 bytes are too many"):
             transfer.wait(stop)
         simulator.console("fault release")
