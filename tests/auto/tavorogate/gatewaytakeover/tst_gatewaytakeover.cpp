@@ -2,6 +2,7 @@
 // storm of calls, each call is answered once and carried out at most once: the device's own log
 // shows what has arrived.
 
+#include <support/common/patience.h>
 #include <support/tavorogate/brokerobserver.h>
 #include <support/tavorogate/mosquittobroker.h>
 #include <support/tavorosession/devicelog.h>
