@@ -1678,6 +1678,22 @@
         <source>Moves the T-bar while it has the focus.</source>
         <translation>Bewegt die T-Bar, solange sie den Fokus hat.</translation>
     </message>
+    <message>
+        <source>On the canvas: selects the next layer of the selected screens.</source>
+        <translation>Auf der Arbeitsfläche: wählt den nächsten Layer der ausgewählten Screens.</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the selected layer by 1 pixel, with Shift by 10. Without one: selects scene and screen.</source>
+        <translation>Auf der Arbeitsfläche: bewegt den ausgewählten Layer um 1 Pixel, mit Umschalt um 10. Ohne Layer: wählt Szene und Screen.</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the right and lower edges of the selected layer.</source>
+        <translation>Auf der Arbeitsfläche: bewegt die rechte und untere Kante des ausgewählten Layers.</translation>
+    </message>
+    <message>
+        <source>Opens the menu of the selected layer or preset.</source>
+        <translation>Öffnet das Menü des ausgewählten Layers oder Presets.</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::SourceEditor</name>

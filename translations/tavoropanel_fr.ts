@@ -1678,6 +1678,22 @@
         <source>Moves the T-bar while it has the focus.</source>
         <translation>Déplace le T-bar tant qu’il a le focus.</translation>
     </message>
+    <message>
+        <source>On the canvas: selects the next layer of the selected screens.</source>
+        <translation>Sur le plan de travail&#xa0;: sélectionne la couche suivante des écrans sélectionnés.</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the selected layer by 1 pixel, with Shift by 10. Without one: selects scene and screen.</source>
+        <translation>Sur le plan de travail&#xa0;: déplace la couche sélectionnée de 1 pixel, de 10 avec Maj. Sans couche&#xa0;: choisit la scène et l’écran.</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the right and lower edges of the selected layer.</source>
+        <translation>Sur le plan de travail&#xa0;: déplace les bords droit et inférieur de la couche sélectionnée.</translation>
+    </message>
+    <message>
+        <source>Opens the menu of the selected layer or preset.</source>
+        <translation>Ouvre le menu de la couche ou du préréglage sélectionné.</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::SourceEditor</name>

@@ -1678,6 +1678,22 @@
         <source>Moves the T-bar while it has the focus.</source>
         <translation>在 T 杆获得焦点时移动它。</translation>
     </message>
+    <message>
+        <source>On the canvas: selects the next layer of the selected screens.</source>
+        <translation>在画布上：选择所选屏幕的下一个图层。</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the selected layer by 1 pixel, with Shift by 10. Without one: selects scene and screen.</source>
+        <translation>在画布上：将所选图层移动 1 像素，按住 Shift 为 10 像素。未选图层时：选择场景和屏幕。</translation>
+    </message>
+    <message>
+        <source>On the canvas: moves the right and lower edges of the selected layer.</source>
+        <translation>在画布上：移动所选图层的右边缘和下边缘。</translation>
+    </message>
+    <message>
+        <source>Opens the menu of the selected layer or preset.</source>
+        <translation>打开所选图层或预设的菜单。</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::SourceEditor</name>

@@ -1290,6 +1290,10 @@
         <source>the message has expired</source>
         <translation>die Nachricht ist abgelaufen</translation>
     </message>
+    <message>
+        <source>the broker does not permit the gateway&apos;s claims</source>
+        <translation>der Broker erlaubt die Ansprüche des Gateways nicht</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>

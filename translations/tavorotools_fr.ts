@@ -1290,6 +1290,10 @@
         <source>the message has expired</source>
         <translation>le message a expiré</translation>
     </message>
+    <message>
+        <source>the broker does not permit the gateway&apos;s claims</source>
+        <translation>le courtier (broker) n’autorise pas les réservations de la passerelle</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>

@@ -1290,6 +1290,10 @@
         <source>the message has expired</source>
         <translation>消息已过期</translation>
     </message>
+    <message>
+        <source>the broker does not permit the gateway&apos;s claims</source>
+        <translation>代理服务器不允许网关的声明</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>

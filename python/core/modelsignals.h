@@ -1,11 +1,13 @@
 #pragma once
 
-#include <tavorobizmodel/enums.h>
+#include <QtGlobal>
 
 #include <functional>
 #include <memory>
 
+QT_BEGIN_NAMESPACE
 class QObject;
+QT_END_NAMESPACE
 
 namespace Tavoro::BizModel {
 class Device;

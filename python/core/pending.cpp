@@ -74,4 +74,9 @@ void Pending::setCanceler(std::function<void()> cancel)
         m_cancel = std::move(cancel);
 }
 
+void Pending::dropCanceler()
+{
+    m_cancel = nullptr;
+}
+
 } // namespace Tavoro::Python

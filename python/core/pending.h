@@ -22,7 +22,7 @@ namespace Tavoro::Python {
 /// | wait, result, progress, cancel  | any           |
 /// | notify                          | any           |
 /// | finish, setProgress             | any           |
-/// | setCanceler                     | the runtime's |
+/// | setCanceler, dropCanceler       | the runtime's |
 class Pending : public std::enable_shared_from_this<Pending> {
 public:
     /// Waits at most \a time. Returns whether it has ended.
@@ -44,6 +44,9 @@ public:
     void setProgress(const TransferProgress &progress);
     /// Sets what cancel() does; calls it at once if cancel() was called before.
     void setCanceler(std::function<void()> cancel);
+    /// Drops what cancel() does. A call must be dropped on the runtime's thread, but the last
+    /// reference to this object may end elsewhere.
+    void dropCanceler();
 
 private:
     mutable std::mutex m_mutex;

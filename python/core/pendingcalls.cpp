@@ -44,8 +44,10 @@ Result resultFrom(bool isComplete)
 template <class Value>
 void deliver(const PendingCall<Value> &call, const std::shared_ptr<Pending> &pending)
 {
-    call.then(Runtime::instance().context(),
-              [pending](const Value &value) { pending->finish(resultFrom(value)); });
+    call.then(Runtime::instance().context(), [pending](const Value &value) {
+        pending->dropCanceler();
+        pending->finish(resultFrom(value));
+    });
 }
 
 /// Cancelling drops a call that waits. One under way continues, and nobody waits for its result.

@@ -21,9 +21,11 @@ class BlockedSignals {
 public:
     BlockedSignals()
     {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &m_before);
+        sigset_t blocked;
+        sigfillset(&blocked);
+        for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
+            sigdelset(&blocked, fault);
+        pthread_sigmask(SIG_SETMASK, &blocked, &m_before);
     }
     ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
     BlockedSignals(const BlockedSignals &) = delete;

@@ -12,9 +12,9 @@ def show(change: tavoro.Change) -> None:
     print(f"{change.kind} {place} {change.action}: {', '.join(change.keys)}".replace("  ", " "), flush=True)
 
 
-with tavoro.Device(sys.argv[1], int(sys.argv[2])) as wall, wall.subscribe(show):
-    print(wall.state.session.text, flush=True)
-    try:
+try:
+    with tavoro.Device(sys.argv[1], int(sys.argv[2])) as wall, wall.subscribe(show):
+        print(wall.state.session.text, flush=True)
         threading.Event().wait()
-    except KeyboardInterrupt:
-        pass
+except KeyboardInterrupt:
+    pass

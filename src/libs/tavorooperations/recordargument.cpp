@@ -224,14 +224,14 @@ bool removeNegativeSign(std::string &text, const std::string &error)
     const std::optional<CodecError> parts = CodecError::parse(error);
     if (!parts || parts->message != negativeNumber)
         return false;
-    const QByteArray bytes = QByteArray::fromStdString(text);
-    int lineStart = 0;
+    std::size_t lineStart = 0;
     for (qint64 line = 1; line < parts->line; ++line)
-        lineStart = bytes.indexOf('\n', lineStart) + 1;
-    const int sign = bytes.lastIndexOf('-', lineStart + static_cast<int>(parts->column) - 1);
-    if (sign < lineStart)
+        lineStart = text.find('\n', lineStart) + 1;
+    const std::size_t sign =
+        text.rfind('-', lineStart + static_cast<std::size_t>(parts->column) - 1);
+    if (sign == std::string::npos || sign < lineStart)
         return false;
-    text[static_cast<std::size_t>(sign)] = ' ';
+    text[sign] = ' ';
     return true;
 }
 

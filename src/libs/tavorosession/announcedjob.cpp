@@ -19,8 +19,8 @@ CallResult AnnouncedJob::attempt()
             isRefused = !askFor(id, time);
             return !isRefused;
         });
-    CallResult result = CallJob::attempt();
-    return isRefused ? notSent(NotSentReason::Canceled) : result;
+    const CallResult attempted = CallJob::attempt();
+    return isRefused ? notSent(NotSentReason::Canceled) : attempted;
 }
 
 /// The permission travels to the session's thread, which may be gone already.

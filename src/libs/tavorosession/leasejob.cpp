@@ -67,12 +67,12 @@ CallResult LeaseJob::attempt()
         return notSupported();
     if (lease.status == 0 && !isRelease() && lease.state == DeviceLease::Others)
         return refusedInFavourOf(lease.holder);
-    CallResult result = resultOf(lease.status == 0, QString(), watch);
-    if (lease.status != 0 && result.kind == Outcome::Done)
-        result = unknownAfter(lease.status); // an answer that is not valid
-    result.unresolved.reset(); // the next request settles it
-    result.code = 0; // not a command of the device
-    return result;
+    CallResult attempted = resultOf(lease.status == 0, QString(), watch);
+    if (lease.status != 0 && attempted.kind == Outcome::Done)
+        attempted = unknownAfter(lease.status); // an answer that is not valid
+    attempted.unresolved.reset(); // the next request settles it
+    attempted.code = 0; // not a command of the device
+    return attempted;
 }
 
 } // namespace Tavoro::SessionInternal

@@ -9,13 +9,13 @@
 
 namespace Tavoro::SessionInternal {
 
-OutcomeJob::OutcomeJob(const SSProxy::RequestIdentity &request, const QString &operation)
-    : OutcomeJob(request, operation, std::make_shared<LinkRequest<>>())
+OutcomeJob::OutcomeJob(const SSProxy::RequestIdentity &request, const QString &name)
+    : OutcomeJob(request, name, std::make_shared<LinkRequest<>>())
 { }
 
-OutcomeJob::OutcomeJob(const SSProxy::RequestIdentity &request, const QString &operation,
+OutcomeJob::OutcomeJob(const SSProxy::RequestIdentity &request, const QString &name,
                        std::shared_ptr<LinkRequest<>> question)
-    : CallJob(question), m_operation(operation), m_question(std::move(question))
+    : CallJob(question), m_operation(name), m_question(std::move(question))
 {
     result = unknownAfter(SSProxy::Disconnected);
     result.unresolved = std::make_shared<SSProxy::RequestIdentity>(request);

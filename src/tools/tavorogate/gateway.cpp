@@ -48,6 +48,7 @@ Gateway::Gateway(const GateConfig &config, const SessionOptions &options)
     : m_config(config),
       m_broker(config.broker, onlineMessage(config.name, false)),
       m_outbox(m_broker),
+      m_answers(config.leaseSeconds > 0 ? std::make_unique<AnswerWatch>(m_broker) : nullptr),
       m_turns(m_broker),
       m_metrics(config.metricsFile, [this] { return counters().text(); }),
       m_session(sessionOptions(options, config))
@@ -144,8 +145,9 @@ void Gateway::addDevice(DeviceSession &session, const QString &serial)
     qCInfo(gatewayLog, "The device at %s has the serial number %s.",
            qUtf8Printable(session.address()), qUtf8Printable(serial));
     const GatewayDevice::Surroundings surroundings{
-        m_broker,      m_outbox,       m_turns,
-        m_config.name, m_config.calls, std::chrono::seconds(m_config.leaseSeconds)};
+        m_broker,       m_outbox,       m_turns,
+        m_config.name,  m_config.calls, std::chrono::seconds(m_config.leaseSeconds),
+        m_answers.get()};
     auto device = std::make_unique<GatewayDevice>(surroundings, session, serial);
     connect(device.get(), &GatewayDevice::callRepeated, this,
             [this] { ++m_counters.repeatedCalls; });

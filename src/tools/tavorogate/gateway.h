@@ -6,6 +6,7 @@
 #include <tavorogate/device/gatewaydevice.h>
 #include <tavorogate/metrics/counters.h>
 #include <tavorogate/metrics/metricsfile.h>
+#include <tavorogate/ownership/answerwatch.h>
 #include <tavorogate/service/servicemanager.h>
 #include <tavorogate/state/publishturns.h>
 #include <tavorosession/session.h>
@@ -53,6 +54,7 @@ private:
     Counters m_counters; ///< Those that only grow.
     BrokerConnection m_broker;
     Outbox m_outbox;
+    const std::unique_ptr<AnswerWatch> m_answers; ///< Null if there is no other gateway.
     PublishTurns m_turns;
     MetricsFile m_metrics;
     ServiceManager m_service;

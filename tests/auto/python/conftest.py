@@ -44,7 +44,10 @@ class Script:
 
     def finish(self) -> tuple[int, str, str]:
         """Waits for the end. Returns the exit status and what it has printed, also on the standard error."""
-        output, errors = self.process.communicate(timeout=PATIENCE)
+        try:
+            output, errors = self.process.communicate(timeout=PATIENCE)
+        finally:
+            self.process.kill()
         return self.process.returncode, output, errors
 
 

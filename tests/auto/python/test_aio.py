@@ -48,9 +48,9 @@ def test_failures_are_raised(simulator: Simulator) -> None:
 
 
 def test_two_devices_are_called_at_the_same_time(start_simulator: Callable[..., Simulator]) -> None:
-    late = start_simulator("--no-discovery", "--clock-speed", "0", "--sn", "000000000000000A")
+    late = start_simulator("--no-discovery", "--sn", "000000000000000A")
     early = start_simulator("--no-discovery", "--sn", "000000000000000B")
-    late.console("fault add late=1000,code=0x130E,count=1")
+    late.console("fault add hold,code=0x130E,count=1")
 
     async def main() -> None:
         async with open_device(late) as first, open_device(early) as second:
@@ -58,15 +58,15 @@ def test_two_devices_are_called_at_the_same_time(start_simulator: Callable[..., 
             await second.screen.write_take(TAKE)
             await asyncio.to_thread(late.wait_until_faults_are_used)
             assert not take.done()
-            late.console("pass 1000")
+            late.console("fault release")
             await take
 
     run(main())
 
 
 def test_a_cancelled_task_drops_a_call_that_waits(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0x130E,count=1")
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0x130E,count=1")
 
     async def main() -> None:
         async with open_device(simulator) as wall:
@@ -77,7 +77,8 @@ def test_a_cancelled_task_drops_a_call_that_waits(start_simulator: Callable[...,
             freeze.cancel()
             with pytest.raises(asyncio.CancelledError):
                 await freeze
-            simulator.console("pass 1000")
+            await wall.updated_state()  # the session has handled the cancellation
+            simulator.console("fault release")
             await take
             assert (await wall.screen.read_details())[0]["freeze"] == 0
 
@@ -112,8 +113,8 @@ def test_files_are_transferred_with_progress(simulator: Simulator) -> None:
 
 
 def test_a_cancelled_task_cancels_its_transfer(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--packet-size", "4096", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0xFA03,skip=9,count=1")
+    simulator = start_simulator("--no-discovery", "--packet-size", "4096")
+    simulator.console("fault add hold,code=0xFA03,skip=9,count=1")
 
     async def main() -> None:
         async with open_device(simulator) as wall:
@@ -122,8 +123,9 @@ def test_a_cancelled_task_cancels_its_transfer(start_simulator: Callable[..., Si
             send.cancel()
             with pytest.raises(asyncio.CancelledError):
                 await send
-            simulator.console("pass 1000")
-            assert await wall.file.read_details(file_type=2, file_id=1) == []
+            simulator.console("fault release")
+            await wall.file.send(b"content", type=2, id=2, name="next")  # follows the end of the first one
+            assert [file["fileId"] for file in await wall.file.read_details(file_type=2)] == [2]
 
     run(main())
 

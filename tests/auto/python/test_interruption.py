@@ -15,8 +15,8 @@ HEAD = """
 
 
 def test_a_call_is_interrupted_and_the_next_one_works(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0x130E,count=1")
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0x130E,count=1")
     script = Script(
         HEAD
         + """
@@ -32,13 +32,13 @@ def test_a_call_is_interrupted_and_the_next_one_works(start_simulator: Callable[
     simulator.wait_until_faults_are_used()  # the device has the take, and does not answer
     script.process.send_signal(signal.SIGINT)
     assert script.read_line() == "interrupted"
-    simulator.console("pass 1000")
+    simulator.console("fault release")
     assert script.finish() == (0, "2\n", "")
 
 
 def test_connecting_is_interrupted(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0x1100,count=1")  # the reading of the device
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0x1100,count=1")  # the reading of the device
     script = Script(
         """
         import sys, tavoro
@@ -55,8 +55,8 @@ def test_connecting_is_interrupted(start_simulator: Callable[..., Simulator]) ->
 
 
 def test_an_exception_of_another_signal_ends_the_wait(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0x130E,count=1")
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0x130E,count=1")
     script = Script(
         HEAD
         + """
@@ -78,17 +78,20 @@ def test_an_exception_of_another_signal_ends_the_wait(start_simulator: Callable[
 
 
 def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0xFA03,skip=2,count=1")
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0xFA03,skip=2,count=1")
     script = Script(
         HEAD
         + """
+    transfer = wall.file.start_send(bytes(300000), type=2, id=1, name="logo")
     try:
-        wall.file.send(bytes(300000), type=2, id=1, name="logo")
+        transfer.wait()
     except KeyboardInterrupt:
         print("interrupted", flush=True)
-    sys.stdin.readline()
-    print(len(wall.file.read_details(file_type=2, file_id=1)))
+    try:
+        transfer.wait()
+    except tavoro.NotSent as failure:
+        print(failure.is_cancelled, len(wall.file.read_details(file_type=2, file_id=1)))
     """,
         simulator.port,
     )
@@ -96,14 +99,13 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
     simulator.wait_until_faults_are_used()
     script.process.send_signal(signal.SIGINT)
     assert script.read_line() == "interrupted"
-    simulator.console("pass 1000")
-    script.write_line("continue")
-    assert script.finish() == (0, "0\n", "")
+    simulator.console("fault release")
+    assert script.finish() == (0, "True 0\n", "")
 
 
 def test_other_threads_run_while_a_call_blocks(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0x130E,count=1")
+    simulator = start_simulator("--no-discovery")
+    simulator.console("fault add hold,code=0x130E,count=1")
     script = Script(
         HEAD
         + """
@@ -125,5 +127,5 @@ def test_other_threads_run_while_a_call_blocks(start_simulator: Callable[..., Si
     simulator.wait_until_faults_are_used()
     script.write_line("it runs")
     assert script.read_line() == "it runs"
-    simulator.console("pass 1000")
+    simulator.console("fault release")
     assert script.finish() == (0, "taken\n", "")

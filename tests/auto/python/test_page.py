@@ -43,7 +43,7 @@ def test_the_program_prints_what_the_page_shows(simulator: Simulator) -> None:
 
 
 def test_the_first_program_takes_a_screen(simulator: Simulator) -> None:
-    simulator.console("fault add late=1,code=0x130E,count=1")
+    simulator.console("fault add twice,code=0x130E,count=1")  # counts the take
     program = blocks("python")[0].replace('"192.0.2.10"', f'"127.0.0.1", {simulator.port}')
     done = subprocess.run([sys.executable, "-c", program], timeout=PATIENCE, check=False)
     assert done.returncode == 0

@@ -46,28 +46,33 @@ def test_the_last_progress_is_the_whole_content(wall: tavoro.Device) -> None:
 
 
 def test_an_exception_of_the_callback_cancels_the_transfer(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--packet-size", "4096", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0xFA03,skip=9,count=1")
+    simulator = start_simulator("--no-discovery", "--packet-size", "4096")
+    simulator.console("fault add hold,code=0xFA03,skip=9,count=1")
     with simulator.open() as wall:
 
         def stop(progress: tavoro.Progress) -> None:
             raise RuntimeError(f"{progress.total} bytes are too many")
 
+        transfer = wall.file.start_send(CONTENT, type=2, id=1, name="logo")
+        simulator.wait_until_faults_are_used()
         with pytest.raises(RuntimeError, match="256000 bytes are too many"):
-            wall.file.send(CONTENT, type=2, id=1, name="logo", progress=stop)
-        simulator.console("pass 1000")
+            transfer.wait(stop)
+        simulator.console("fault release")
+        with pytest.raises(tavoro.NotSent) as raised:
+            transfer.wait()
+        assert raised.value.is_cancelled
         assert wall.file.read_details(file_type=2, file_id=1) == []
 
 
 def test_a_cancelled_transfer_is_not_sent(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--packet-size", "4096", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0xFA03,skip=9,count=1")
+    simulator = start_simulator("--no-discovery", "--packet-size", "4096")
+    simulator.console("fault add hold,code=0xFA03,skip=9,count=1")
     with simulator.open() as wall:
         transfer = wall.file.start_send(CONTENT, type=2, id=1, name="logo")
         simulator.wait_until_faults_are_used()
         assert not transfer.is_done
         transfer.cancel()
-        simulator.console("pass 1000")
+        simulator.console("fault release")
         with pytest.raises(tavoro.NotSent) as raised:
             transfer.wait()
         assert raised.value.is_cancelled
@@ -75,14 +80,14 @@ def test_a_cancelled_transfer_is_not_sent(start_simulator: Callable[..., Simulat
 
 
 def test_calls_do_not_wait_for_a_transfer(start_simulator: Callable[..., Simulator]) -> None:
-    simulator = start_simulator("--no-discovery", "--packet-size", "4096", "--clock-speed", "0")
-    simulator.console("fault add late=1000,code=0xFA03,skip=9,count=1")
+    simulator = start_simulator("--no-discovery", "--packet-size", "4096")
+    simulator.console("fault add hold,code=0xFA03,skip=9,count=1")
     with simulator.open() as wall:
         transfer = wall.file.start_send(CONTENT, type=2, id=1, name="logo")
         simulator.wait_until_faults_are_used()
         assert len(wall.screen.read_details()) == 2
         assert not transfer.is_done
-        simulator.console("pass 1000")
+        simulator.console("fault release")
         transfer.wait()
         assert transfer.progress.share == 1.0
 

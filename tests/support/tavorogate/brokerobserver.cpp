@@ -45,6 +45,17 @@ bool BrokerObserver::start()
     return QTest::qWaitFor([this] { return m_connection.isConnected(); }, patience);
 }
 
+bool BrokerObserver::waitForConnection()
+{
+    BrokerMessage probe;
+    probe.topic = QStringLiteral("tavoro/probe");
+    const auto before = messages(probe.topic).size();
+    if (!QTest::qWaitFor([this] { return m_connection.isConnected(); }, patience))
+        return false;
+    publish(probe); // The broker handles the subscription before it.
+    return QTest::qWaitFor([&] { return messages(probe.topic).size() > before; }, patience);
+}
+
 QMap<QString, QByteArray> BrokerObserver::retained(const QString &beginning) const
 {
     QMap<QString, QByteArray> found;

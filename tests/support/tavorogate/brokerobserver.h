@@ -19,6 +19,8 @@ public:
 
     /// Connects, and waits for that.
     bool start();
+    /// Waits until the client is connected again and the broker sends it all messages.
+    bool waitForConnection();
     Tavoro::Gate::BrokerConnection &connection() { return m_connection; }
 
     /// What the broker holds for the topics that begin with \a beginning, by the rest of the topic.

@@ -102,6 +102,9 @@ Gate::GateConfig GateBench::config() const
     Gate::GateConfig config;
     config.name = QStringLiteral("stage");
     config.broker = clientOptions(QStringLiteral("tavorogate-stage"));
+    if (gatewayPort != 0)
+        config.broker.port = gatewayPort;
+    config.leaseSeconds = 0; // no other gateway
     config.devices = {{QStringLiteral("127.0.0.1"), device->simulator->port()}};
     return config;
 }

@@ -106,7 +106,5 @@ inline Tavoro::Sim::SimOptions deviceOfSmallPackets()
     return device;
 }
 
-/// The device answers some packets of a file and then no more: a transfer stays under way.
-constexpr char heldTransfer[] = "silent,code=0xFA03,skip=6";
-/// A transfer takes some seconds. One that is cancelled ends with its packet.
-constexpr char slowTransfer[] = "late=200,code=0xFA03";
+/// The device keeps back the answer to a packet of a file: a transfer stays under way.
+constexpr char heldTransfer[] = "hold,code=0xFA03,skip=6,count=1";

@@ -11,6 +11,8 @@
 #include <QLocale>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace Tavoro::Panel {
 
 namespace {
@@ -120,7 +122,8 @@ void DetailsForm::resizeEvent(QResizeEvent *event)
 /// Texts of several lines make the form higher, which the area that scrolls it does not consider.
 void DetailsForm::fitHeight()
 {
-    setMinimumHeight(m_layout->heightForWidth(width()));
+    setMinimumHeight(
+        std::max(0, m_layout->heightForWidth(width()))); // -1: no text of several lines
 }
 
 void DetailsForm::refresh()

@@ -31,6 +31,7 @@ DeviceCalls::DeviceCalls(const Surroundings &surroundings, const QString &serial
     connect(ownership, &DeviceOwnership::activeChanged, this, &DeviceCalls::startNext);
     connect(ownership, &DeviceOwnership::claimedElsewhere, this, &DeviceCalls::dropWaiting);
     connect(ownership, &DeviceOwnership::endedElsewhere, this, &DeviceCalls::endElsewhere);
+    connect(ownership, &DeviceOwnership::answeredElsewhere, this, &DeviceCalls::dropAnswered);
     connect(ownership, &DeviceOwnership::claimsMissed, this, &DeviceCalls::dropAllWaiting);
     connect(&surroundings.broker, &BrokerConnection::connected, this, &DeviceCalls::startNext);
     BrokerConnection::SubscribeOptions options;
@@ -171,6 +172,14 @@ void DeviceCalls::dropWaiting(const CallKey &key)
 {
     const auto isMeant = [&](const CallRequest &each) {
         return each.key == key;
+    };
+    m_waiting.erase(std::remove_if(m_waiting.begin(), m_waiting.end(), isMeant), m_waiting.end());
+}
+
+void DeviceCalls::dropAnswered(const QString &answerTopic, const QByteArray &correlation)
+{
+    const auto isMeant = [&](const CallRequest &each) {
+        return each.key.answerTopic == answerTopic && each.key.correlation == correlation;
     };
     m_waiting.erase(std::remove_if(m_waiting.begin(), m_waiting.end(), isMeant), m_waiting.end());
 }

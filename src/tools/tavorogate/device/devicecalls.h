@@ -63,6 +63,7 @@ private:
     void end(const CallRequest &call, const CallAnswer &answer);
     void publishAnswer(const CallRequest &call, const CallAnswer &answer);
     void dropWaiting(const CallKey &key);
+    void dropAnswered(const QString &answerTopic, const QByteArray &correlation);
     void dropAllWaiting();
     void endElsewhere(const CallRequest &call, const CallAnswer &answer, bool mustAnswer);
 

@@ -14,10 +14,10 @@ namespace {
 std::unique_ptr<DeviceOwnership> makeOwnership(const GatewayDevice::Surroundings &surroundings,
                                                DeviceSession &session, const QString &serial)
 {
-    if (surroundings.leaseTime == std::chrono::seconds::zero())
+    if (!surroundings.answers)
         return std::make_unique<AlwaysActive>();
     return std::make_unique<LeaseOwnership>(
-        surroundings.broker, session, serial,
+        surroundings.broker, *surroundings.answers, session, serial,
         LeaseOwnership::Options{surroundings.gateway, surroundings.leaseTime});
 }
 

@@ -17,6 +17,7 @@ class DeviceSession;
 
 namespace Tavoro::Gate {
 
+class AnswerWatch;
 class DeviceOwnership;
 
 /// The gateway's work for one device, whose serial number is known.
@@ -31,7 +32,8 @@ public:
         PublishTurns &turns;
         QString gateway; ///< The name of the gateway.
         CallRules rules;
-        std::chrono::seconds leaseTime{0}; ///< 0: this gateway always works.
+        std::chrono::seconds leaseTime{0}; ///< Of the leases of devices.
+        const AnswerWatch *answers = nullptr; ///< Null if this gateway always works.
     };
 
     GatewayDevice(const Surroundings &surroundings, DeviceSession &session, const QString &serial);

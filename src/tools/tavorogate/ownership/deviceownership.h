@@ -51,6 +51,8 @@ Q_SIGNALS:
     void claimedElsewhere(const Tavoro::Gate::CallKey &key);
     /// This gateway has missed claims: calls that wait may have been carried out.
     void claimsMissed();
+    /// Another gateway has published an answer with this correlation data to this topic.
+    void answeredElsewhere(const QString &answerTopic, const QByteArray &correlation);
     /// The call has this answer, which another gateway has published or this one is to publish: if
     /// \a mustAnswer is true, this gateway answers it for one that is gone.
     void endedElsewhere(const Tavoro::Gate::CallRequest &call,

@@ -29,8 +29,9 @@ const QByteArray barrierBeginning = "barrier ";
 
 } // namespace
 
-LeaseOwnership::LeaseOwnership(BrokerConnection &broker, DeviceSession &session,
-                               const QString &serial, const Options &options)
+LeaseOwnership::LeaseOwnership(BrokerConnection &broker, const AnswerWatch &answers,
+                               DeviceSession &session, const QString &serial,
+                               const Options &options)
     : m_broker(broker),
       m_session(session),
       m_serial(serial),
@@ -39,6 +40,7 @@ LeaseOwnership::LeaseOwnership(BrokerConnection &broker, DeviceSession &session,
 {
     m_again.setSingleShot(true);
     m_grace.setSingleShot(true);
+    connect(&answers, &AnswerWatch::answered, this, &LeaseOwnership::noteAnswer);
     connect(&m_again, &QTimer::timeout, this, &LeaseOwnership::update);
     connect(&m_grace, &QTimer::timeout, this, &LeaseOwnership::releaseLease);
     connect(&session, &DeviceSession::leaseChanged, this, &LeaseOwnership::update);
@@ -143,8 +145,11 @@ void LeaseOwnership::resolve(const ClaimRecord &claim)
         .then(this, [this, claim, round = m_round](const Outcome &outcome) {
             if (round != m_round)
                 return; // the gateway that is active next asks again
-            Q_EMIT endedElsewhere(claim.call,
-                                  {outcome.kind(), outcome.status(), outcome.text(), {}}, true);
+            const CallAnswer answer{outcome.kind(), outcome.status(), outcome.text(), {}};
+            const bool mustAnswer = !m_isLastAnswered;
+            Q_EMIT endedElsewhere(claim.call, answer, mustAnswer);
+            if (!mustAnswer)
+                release(claim.call, answer);
             activate();
         });
 }
@@ -230,6 +235,7 @@ void LeaseOwnership::publish(ClaimRecord record, BrokerConnection::Delivered del
     record.instance = m_instance;
     record.gateway = m_options.gateway;
     m_last = std::move(record);
+    m_isLastAnswered = false;
     publishLast(std::move(delivered));
 }
 
@@ -255,6 +261,14 @@ void LeaseOwnership::receive(const BrokerMessage &message)
         follow(*record);
 }
 
+void LeaseOwnership::noteAnswer(const QString &topic, const QByteArray &correlation)
+{
+    if (m_last && m_last->call.key.answerTopic == topic
+        && m_last->call.key.correlation == correlation)
+        m_isLastAnswered = true;
+    Q_EMIT answeredElsewhere(topic, correlation);
+}
+
 /// A gap in the sequence, or an earlier one, means that records were missed.
 void LeaseOwnership::follow(const ClaimRecord &record)
 {
@@ -265,6 +279,7 @@ void LeaseOwnership::follow(const ClaimRecord &record)
     if (isRepeated)
         return;
     m_last = record;
+    m_isLastAnswered = false;
     if (!isNext)
         Q_EMIT claimsMissed();
     if (record.isEnded)

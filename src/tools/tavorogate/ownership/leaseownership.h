@@ -1,5 +1,6 @@
 #pragma once
 
+#include "answerwatch.h"
 #include "claimrecord.h"
 #include "deviceownership.h"
 
@@ -36,8 +37,8 @@ public:
         std::chrono::seconds time{5}; ///< Time of the lease.
     };
 
-    LeaseOwnership(BrokerConnection &broker, DeviceSession &session, const QString &serial,
-                   const Options &options);
+    LeaseOwnership(BrokerConnection &broker, const AnswerWatch &answers, DeviceSession &session,
+                   const QString &serial, const Options &options);
 
     bool isActive() const override;
     void claim(const CallRequest &call, const SSProxy::RequestIdentity &request,
@@ -66,6 +67,7 @@ private:
     void releaseLease();
     void receive(const BrokerMessage &message);
     void follow(const ClaimRecord &record);
+    void noteAnswer(const QString &topic, const QByteArray &correlation);
     void publish(ClaimRecord record, BrokerConnection::Delivered delivered);
     void publishLast(BrokerConnection::Delivered delivered = {});
 
@@ -83,6 +85,7 @@ private:
     bool m_isAbandoned = false; ///< It has ended, and nobody has answered it.
     bool m_isLeaseNew = true; ///< Another gateway may have worked for the device before.
     bool m_isFollowing = false; ///< The last record is known to be the last one of the broker.
+    bool m_isLastAnswered = false; ///< Another gateway has answered the call of the last record.
     std::optional<ClaimRecord> m_last; ///< The last record, of any gateway.
     quint64 m_round = 0; ///< Counts the changes of the phase.
     QByteArray m_barrier; ///< The message that ends the records of the former holder.

@@ -25,6 +25,7 @@ constexpr auto context = "Tavoro::Control::ControlHelper";
 constexpr auto listContext = "Tavoro::Control::DeviceList";
 constexpr auto syncContext = "Tavoro::Control::SyncDeviceTask";
 constexpr auto saveContext = "Tavoro::Control::SaveFilePrivate";
+constexpr auto identityContext = "Tavoro::ProtoModel"; ///< Of the text form of an identity.
 
 /// Translates the texts of the request path and of the device list by putting them between marks.
 /// One sentence gets a different word order.
@@ -161,7 +162,8 @@ void tst_Translations::lupdateFindsNoOtherContext()
     if (!hasLupdate())
         QSKIP("lupdate is not installed");
     const QStringList contexts{QLatin1String(context), QLatin1String(listContext),
-                               QLatin1String(syncContext), QLatin1String(saveContext)};
+                               QLatin1String(syncContext), QLatin1String(saveContext),
+                               QLatin1String(identityContext)};
     for (const QString &text : std::as_const(m_found))
         QVERIFY2(contexts.contains(text.section(QLatin1Char('\t'), 0, 0)), qPrintable(text));
 }

@@ -1,5 +1,6 @@
 // Users, access lists and certificates, with the files that docs/gateway.md shows.
 
+#include <support/common/patience.h>
 #include <support/tavorogate/gatebench.h>
 
 #include <QFile>

@@ -1,5 +1,7 @@
 // Calls through the broker: each is answered, and carried out at most once.
 
+#include <support/common/patience.h>
+#include <support/tavorogate/brokerrelay.h>
 #include <support/tavorogate/gatebench.h>
 #include <support/tavorosession/devicelog.h>
 
@@ -57,12 +59,8 @@ private:
         return message("Device.writeSwap", swapOn, correlation);
     }
     /// From now on the device answers when releaseAnswers() is called.
-    void holdAnswers() { QVERIFY(m_bench->execute(QStringLiteral("fault add late=1000"))); }
-    void releaseAnswers()
-    {
-        QVERIFY(m_bench->execute(QStringLiteral("fault clear")));
-        QVERIFY(m_bench->execute(QStringLiteral("pass 1000")));
-    }
+    void holdAnswers() { QVERIFY(m_bench->execute(QStringLiteral("fault add hold"))); }
+    void releaseAnswers() { QVERIFY(m_bench->execute(QStringLiteral("fault clear"))); }
     QList<QJsonObject> swapAudit()
     {
         return observer().audit(m_bench->serial, QStringLiteral("Device.writeSwap"));
@@ -257,13 +255,20 @@ void tst_GatewayCalls::callWithoutAConnectionToTheDeviceIsNotSent()
     QCOMPARE(outcomeOf(call("Device.writeSwap", swapOn)), QStringLiteral("not-sent"));
 }
 
+/// The client is back before the gateway: the broker keeps no answers for absent clients.
 void tst_GatewayCalls::answerFollowsWhenTheBrokerIsBack()
 {
+    BrokerRelay relay(m_bench->broker.port());
+    QVERIFY(m_bench->stopGateway());
+    m_bench->gatewayPort = relay.port();
+    m_bench->startGateway();
+    QVERIFY(m_bench->waitForEqualStates());
     holdAnswers();
     const quint64 received = m_bench->gateway->counters().receivedMessages;
     const quint64 done = m_bench->gateway->counters().calls.at(Outcome::Done);
     observer().publish(swapMessage("11"));
     QTRY_COMPARE(m_bench->gateway->counters().receivedMessages, received + 1);
+    relay.block();
     m_bench->broker.stop();
     QTRY_VERIFY(!m_bench->gateway->counters().isBrokerConnected);
     releaseAnswers();
@@ -271,7 +276,10 @@ void tst_GatewayCalls::answerFollowsWhenTheBrokerIsBack()
     QCOMPARE(m_bench->gateway->counters().unansweredMessages,
              quint64(2)); // the answer and its audit record
     QVERIFY(m_bench->broker.start());
+    QVERIFY(observer().waitForConnection());
+    relay.unblock();
     QCOMPARE(outcomeOf(observer().waitForAnswer("11")), QStringLiteral("done"));
+    m_bench->gateway.reset();
 }
 
 void tst_GatewayCalls::callIsRefusedWhileAnotherClientHasControl()

@@ -1,5 +1,6 @@
 // The gateway as a program: its command line, its end, and what it reports to systemd.
 
+#include <support/common/patience.h>
 #include <support/tavorogate/gatebench.h>
 
 #include <QFile>

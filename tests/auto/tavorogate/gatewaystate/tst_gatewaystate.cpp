@@ -1,5 +1,6 @@
 // The retained topics of a device equal what the device answers to reads.
 
+#include <support/common/patience.h>
 #include <support/tavorogate/gatebench.h>
 
 #include <QJsonObject>

@@ -102,16 +102,21 @@ void tst_PanelTransfers::progressAndRateAreShown()
     QCOMPARE(bar->accessibleName(), QStringLiteral("↑ sky.png"));
     QTRY_VERIFY(bar->value() > 0 && bar->value() < bar->maximum());
     QTRY_VERIFY(bar->text().contains(QRegularExpression(QStringLiteral("^\\d+ %, [1-9].*/s$"))));
+    QTRY_VERIFY(!bench.hasFaults());
+    QVERIFY(bench.releaseAnswers());
+    QTRY_VERIFY(bench.file(0, 0));
 }
 
 void tst_PanelTransfers::cancelledTransferLeavesNoFile()
 {
     FilesBench bench(deviceOfSmallPackets());
-    QVERIFY(bench.addFault(slowTransfer));
+    QVERIFY(bench.addFault(heldTransfer));
     QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"), 320, 180)}));
     auto *const cancel = bench.transfer()->findChild<QToolButton *>();
     QCOMPARE(cancel->text(), QStringLiteral("Cancel"));
+    QTRY_VERIFY(!bench.hasFaults());
     QTest::mouseClick(cancel, Qt::LeftButton);
+    QVERIFY(bench.releaseAnswers());
     const auto *const result = bench.view->findChild<QLabel *>(QStringLiteral("transferResult"));
     QTRY_COMPARE(result->text(), QStringLiteral("Cancelled"));
     QCOMPARE(cancel->text(), QStringLiteral("Close"));

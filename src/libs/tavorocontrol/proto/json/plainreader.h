@@ -19,28 +19,37 @@ template <class Word, std::size_t Size>
 bool equalWords(const char *at, const std::array<char, Size> &text) noexcept
 {
     constexpr std::size_t last = Size - sizeof(Word);
-    Word difference = loadWord<Word>(at + last) ^ loadWord<Word>(text.data() + last);
+    using Bits = std::common_type_t<Word, unsigned>;
+    const auto difference = [&](std::size_t i) {
+        return static_cast<Bits>(loadWord<Word>(at + i) ^ loadWord<Word>(text.data() + i));
+    };
+    Bits differences = difference(last);
     for (std::size_t i = 0; i < last; i += sizeof(Word))
-        difference |= loadWord<Word>(at + i) ^ loadWord<Word>(text.data() + i);
-    return difference == 0;
+        differences |= difference(i);
+    return differences == 0;
 }
 
 /// Returns true if the input at \a at begins with the text.
 template <class Text>
 bool startsWith(const char *at, const char *end) noexcept
 {
-    using Word =
-        std::conditional_t<(Text::size < sizeof(std::uint64_t)), std::uint32_t, std::uint64_t>;
-    return static_cast<std::size_t>(end - at) >= Text::size && equalWords<Word>(at, Text::text);
+    constexpr std::size_t size = Text::size;
+    if (static_cast<std::size_t>(end - at) < size)
+        return false;
+    if constexpr (size >= sizeof(std::uint64_t))
+        return equalWords<std::uint64_t>(at, Text::text);
+    else if constexpr (size >= sizeof(std::uint32_t))
+        return equalWords<std::uint32_t>(at, Text::text);
+    else if constexpr (size >= sizeof(std::uint16_t))
+        return equalWords<std::uint16_t>(at, Text::text);
+    else
+        return *at == Text::text[0];
 }
 
-/// \name Plain values
-/// Each function reads the value at \a at and returns the place after it, or returns null and
-/// leaves \a value unchanged. The functions rely on the NUL that ends the input.
-/// @{
-
+/// Reads the digits at \a at, and a minus sign before them, and returns the place after them. A
+/// point or an exponent may follow. Returns null if there is no digit; \a value is then unchanged.
 template <class Integer>
-Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &value) noexcept
+Q_ALWAYS_INLINE const char *readDigits(const char *at, Integer &value) noexcept
 {
     using Bits = std::conditional_t<std::is_same_v<Integer, bool> || sizeof(Integer) == 8,
                                     std::uint64_t, std::uint32_t>;
@@ -59,9 +68,23 @@ Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &val
         bits = bits * 10 + digit; // low bits only, as with tokens
         ++at;
     }
-    if (*at != ',' && (*at == '.' || *at == 'e' || *at == 'E'))
-        return nullptr;
     value = static_cast<Integer>(negative ? 0 - bits : bits);
+    return at;
+}
+
+/// \name Plain values
+/// Each function reads the value at \a at and returns the place after it, or returns null and
+/// leaves \a value unchanged. The functions rely on the NUL that ends the input.
+/// @{
+
+template <class Integer>
+Q_ALWAYS_INLINE const char *readPlain(const char *at, const char *, Integer &value) noexcept
+{
+    Integer integer{};
+    at = readDigits(at, integer);
+    if (!at || *at == '.' || *at == 'e' || *at == 'E')
+        return nullptr;
+    value = integer;
     return at;
 }
 

@@ -3,6 +3,7 @@
 // Reads records and vectors: directly from the text while it has the expected form, and through the
 // tokeniser otherwise. Either path can continue at any place where the other stopped.
 
+#include <tavorocontrol/proto/json/flatreader.h>
 #include <tavorocontrol/proto/json/plainreader.h>
 #include <tavorocontrol/proto/json/recordtext.h>
 #include <tavorocontrol/proto/json/valuereader.h>
@@ -133,7 +134,7 @@ Q_NEVER_INLINE Progress readOtherField(JsonReader &reader, Progress progress, Pl
 }
 
 template <class Record>
-Place readObject(JsonReader &reader, Place at, Record &record)
+Q_NEVER_INLINE Place readObject(JsonReader &reader, Place at, Record &record)
 {
     if (at && *at == '{') {
         ++at;
@@ -152,6 +153,20 @@ Place readObject(JsonReader &reader, Place at, Record &record)
         progress = readOtherField(reader, progress, at, record);
     } while (progress.expected != Progress::complete);
     return progress.at;
+}
+
+/// Reads a record in one pass over constant texts if it has the form in which this library writes
+/// it, and otherwise from its beginning again: the fields that were read get the same values again.
+template <class Record>
+Place readRecord(JsonReader &reader, Place at, Record &record)
+{
+    if constexpr (IsFlat<Record>::value) {
+        if (at) {
+            if (const Place after = readFlatRecord(at, reader.end(), record))
+                return after;
+        }
+    }
+    return readObject(reader, at, record);
 }
 
 /// Returns true if an element that begins with \a c can be appended before its first token is
@@ -222,7 +237,7 @@ inline Place readValue(JsonReader &reader, Place at, Value &value)
     if constexpr (IsVector<Value>::value)
         return readVector(reader, at, value);
     else if constexpr (HasFields<Value>::value)
-        return readObject(reader, at, value);
+        return readRecord(reader, at, value);
     else
         return readScalar(reader, at, value);
 }

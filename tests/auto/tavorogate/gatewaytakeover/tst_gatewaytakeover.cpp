@@ -1,0 +1,353 @@
+// Two gateways share a device, each a process of its own. When one is killed or suspended during a
+// storm of calls, each call is answered once and carried out at most once: the device's own log
+// shows what has arrived.
+
+#include <support/common/patience.h>
+#include <support/tavorogate/brokerobserver.h>
+#include <support/tavorogate/mosquittobroker.h>
+#include <support/tavorosession/devicelog.h>
+#include <support/tavorosim/simulatedconnection.h>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTest>
+
+#include <array>
+#include <csignal>
+#include <memory>
+
+using namespace Tavoro;
+
+namespace {
+
+constexpr int patience = 60000; ///< Milliseconds.
+constexpr quint16 generalCode = 0x1101;
+const QString serial = QStringLiteral("00000000000000A1");
+
+Sim::SimOptions smallDevice()
+{
+    Sim::SimOptions options;
+    options.inputs = 1;
+    options.outputs = 1;
+    options.screens = 1;
+    options.layersPerScreen = 1;
+    options.sn = {0, 0, 0, 0, 0, 0, 0, 0xA1};
+    return options;
+}
+
+Gate::BrokerOptions observerOptions(quint16 port)
+{
+    Gate::BrokerOptions options;
+    options.port = port;
+    options.clientId = QStringLiteral("observer");
+    return options;
+}
+
+/// A gateway in a process of its own.
+class GateProcess {
+public:
+    GateProcess(const MosquittoBroker &broker, quint16 devicePort, const QString &name,
+                int leaseSeconds)
+        : m_name(name)
+    {
+        const QJsonObject config{
+            {QStringLiteral("name"), name},
+            {QStringLiteral("broker"),
+             QJsonObject{{QStringLiteral("host"), QStringLiteral("127.0.0.1")},
+                         {QStringLiteral("port"), broker.port()}}},
+            {QStringLiteral("devices"), QJsonArray{QStringLiteral("127.0.0.1:%1").arg(devicePort)}},
+            {QStringLiteral("leaseSeconds"), leaseSeconds}};
+        const QString fileName = name + QStringLiteral(".json");
+        broker.writeFile(fileName, QJsonDocument(config).toJson());
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_process.start(
+            QStringLiteral(TAVOROGATE),
+            {QStringLiteral("--config"), broker.folder() + QLatin1Char('/') + fileName});
+        if (!m_process.waitForStarted())
+            qFatal("%s", qUtf8Printable(m_process.errorString()));
+    }
+    ~GateProcess()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+    const QString &name() const { return m_name; }
+    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    bool waitForLog(const QByteArray &text, int count = 1)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                m_log += m_process.readAll();
+                return m_log.count(text) >= count;
+            },
+            patience);
+    }
+    int count(const QByteArray &text)
+    {
+        m_log += m_process.readAll();
+        return static_cast<int>(m_log.count(text));
+    }
+    QByteArray log() { return m_log += m_process.readAll(); }
+    bool waitForEnd() { return m_process.waitForFinished(patience); }
+
+private:
+    const QString m_name;
+    QProcess m_process;
+    QByteArray m_log;
+};
+
+const QByteArray worksText = "This gateway works for the device";
+const QByteArray stopsText = "This gateway does not work for the device";
+
+} // namespace
+
+class tst_GatewayTakeover : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void oneGatewayIsActive();
+    void stormSurvivesTheLossOfAGateway_data();
+    void stormSurvivesTheLossOfAGateway();
+    void stormSurvivesASuspendedGateway_data();
+    void stormSurvivesASuspendedGateway();
+    void callThatWasSentIsAnsweredByTheSuccessor();
+    void gatewayThatContinuesTooLateDoesNotAnswer();
+    void stoppedGatewayLetsTheOtherOneWorkAtOnce();
+    void operatorsControlIsRespected();
+
+private:
+    bool startGateways(int leaseSeconds);
+    bool waitForActive(const QString &name)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                return m_observer->object(QStringLiteral("tavoro/%1/online").arg(serial))
+                           .value(QStringLiteral("gateway"))
+                           .toString()
+                    == name;
+            },
+            patience);
+    }
+    void call(int number);
+    int answered(int first, int last) const;
+    void verifyCalls(int count);
+    bool addFault(const char *rule)
+    {
+        return m_device->simulator->execute(QStringLiteral("fault add ") + QLatin1String(rule)).ok;
+    }
+    static QByteArray correlation(int number) { return "call " + QByteArray::number(number); }
+    QString outcome(int number) const
+    {
+        const auto answers = m_observer->answers(correlation(number));
+        return answers.isEmpty() ? QString()
+                                 : QJsonDocument::fromJson(answers.first().payload)
+                                       .object()
+                                       .value(QStringLiteral("outcome"))
+                                       .toString();
+    }
+
+    std::unique_ptr<MosquittoBroker> m_broker;
+    std::unique_ptr<RunningSimulator> m_device;
+    std::unique_ptr<BrokerObserver> m_observer;
+    std::unique_ptr<DeviceLog> m_log;
+    std::array<std::unique_ptr<GateProcess>, 2> m_gateways;
+};
+
+void tst_GatewayTakeover::init()
+{
+    m_broker = std::make_unique<MosquittoBroker>();
+    QVERIFY(m_broker->start());
+    m_device = std::make_unique<RunningSimulator>(smallDevice());
+    m_observer = std::make_unique<BrokerObserver>(observerOptions(m_broker->port()));
+    QVERIFY(m_observer->start());
+    m_log = std::make_unique<DeviceLog>();
+    QVERIFY(startGateways(2));
+}
+
+/// The first gateway is active, and the second one has subscribed.
+bool tst_GatewayTakeover::startGateways(int leaseSeconds)
+{
+    const quint16 port = m_device->simulator->port();
+    m_gateways[0] =
+        std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("left"), leaseSeconds);
+    if (!waitForActive(QStringLiteral("left")))
+        return false;
+    m_gateways[1] =
+        std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("right"), leaseSeconds);
+    return m_gateways[1]->waitForLog("has the serial number")
+        && m_gateways[1]->waitForLog("Connected to the broker");
+}
+
+void tst_GatewayTakeover::cleanup()
+{
+    if (QTest::currentTestFailed()) {
+        for (const auto &gateway : m_gateways) {
+            if (gateway)
+                qInfo().noquote() << gateway->name() << gateway->log();
+        }
+    }
+    m_gateways = {};
+    m_log.reset();
+    m_observer.reset();
+    m_device.reset();
+    m_broker.reset();
+}
+
+/// Each call writes another name, so that the device's log shows which calls have arrived.
+void tst_GatewayTakeover::call(int number)
+{
+    const QByteArray arguments = R"({"general":{"general":{"name":"call )"
+        + QByteArray::number(number) + R"(","status":0}}})";
+    m_observer->publish(BrokerObserver::callMessage(
+        serial, QStringLiteral("Device.writeDeviceGeneral"), arguments, correlation(number)));
+}
+
+int tst_GatewayTakeover::answered(int first, int last) const
+{
+    int count = 0;
+    for (int number = first; number <= last; ++number)
+        count += !m_observer->answers(correlation(number)).isEmpty();
+    return count;
+}
+
+/// The calls 1 to \a count were answered once each; those that were carried out have arrived once,
+/// and the others never.
+void tst_GatewayTakeover::verifyCalls(int count)
+{
+    const QString arrived = m_log->writes(generalCode).join(QLatin1Char('\n'));
+    int done = 0;
+    for (int number = 1; number <= count; ++number) {
+        const QString name = QStringLiteral("\"call %1\"").arg(number);
+        QVERIFY2(m_observer->answers(correlation(number)).size() == 1, qPrintable(name));
+        const int times = static_cast<int>(arrived.count(name));
+        QVERIFY2(times == (outcome(number) == QLatin1String("done") ? 1 : 0),
+                 qPrintable(QStringLiteral("%1 arrived %2 times: %3")
+                                .arg(name)
+                                .arg(times)
+                                .arg(outcome(number))));
+        done += times;
+    }
+    QVERIFY2(done >= count - 1, qPrintable(QString::number(done))); // at most one was lost
+}
+
+void tst_GatewayTakeover::oneGatewayIsActive()
+{
+    for (int number = 1; number <= 20; ++number)
+        call(number);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 20), 20, patience);
+    verifyCalls(20);
+    QCOMPARE(m_gateways[0]->count(worksText), 1);
+    QCOMPARE(m_gateways[1]->count(worksText), 0);
+}
+
+void tst_GatewayTakeover::stormSurvivesTheLossOfAGateway_data()
+{
+    QTest::addColumn<bool>("isActive");
+    QTest::newRow("the active one") << true;
+    QTest::newRow("the watching one") << false;
+}
+
+void tst_GatewayTakeover::stormSurvivesTheLossOfAGateway()
+{
+    QFETCH(const bool, isActive);
+    constexpr int count = 120;
+    for (int number = 1; number <= count; ++number)
+        call(number);
+    QTRY_VERIFY_WITH_TIMEOUT(answered(1, count) >= count / 4, patience);
+    m_gateways[isActive ? 0 : 1]->signal(SIGKILL);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, count), count, patience);
+    verifyCalls(count);
+    QCOMPARE(outcome(count), QStringLiteral("done"));
+}
+
+void tst_GatewayTakeover::stormSurvivesASuspendedGateway_data()
+{
+    stormSurvivesTheLossOfAGateway_data();
+}
+
+/// The gateway continues when the other one has answered all calls of the first storm.
+void tst_GatewayTakeover::stormSurvivesASuspendedGateway()
+{
+    QFETCH(const bool, isActive);
+    constexpr int half = 120;
+    for (int number = 1; number <= half; ++number)
+        call(number);
+    QTRY_VERIFY_WITH_TIMEOUT(answered(1, half) >= half / 4, patience);
+    GateProcess &suspended = *m_gateways[isActive ? 0 : 1];
+    suspended.signal(SIGSTOP);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, half), half, patience);
+    suspended.signal(SIGCONT);
+    if (isActive)
+        QVERIFY(suspended.waitForLog(stopsText));
+    for (int number = half + 1; number <= 2 * half; ++number)
+        call(number);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 2 * half), 2 * half, patience);
+    verifyCalls(2 * half);
+    QCOMPARE(m_gateways[1]->count(worksText), isActive ? 1 : 0);
+}
+
+/// The device carries the call out, but its answer is lost with the gateway.
+void tst_GatewayTakeover::callThatWasSentIsAnsweredByTheSuccessor()
+{
+    QVERIFY(addFault("silent,code=0x1101,count=1"));
+    call(1);
+    call(2);
+    QTRY_COMPARE_WITH_TIMEOUT(m_log->writes(generalCode).size(), 1, patience);
+    m_gateways[0]->signal(SIGKILL);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 2), 2, patience);
+    verifyCalls(2);
+    QCOMPARE(outcome(1), QStringLiteral("done"));
+    QCOMPARE(outcome(2), QStringLiteral("done"));
+    QCOMPARE(m_gateways[1]->count("Asking the device"), 1);
+}
+
+void tst_GatewayTakeover::gatewayThatContinuesTooLateDoesNotAnswer()
+{
+    QVERIFY(addFault("silent,code=0x1101,count=1"));
+    call(1);
+    QTRY_COMPARE_WITH_TIMEOUT(m_log->writes(generalCode).size(), 1, patience);
+    m_gateways[0]->signal(SIGSTOP);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 1), 1, patience);
+    m_gateways[0]->signal(SIGCONT);
+    QVERIFY(m_gateways[0]->waitForLog(stopsText));
+    m_gateways[1]->signal(SIGKILL); // now the first one gets the lease again
+    QVERIFY(m_gateways[0]->waitForLog(worksText, 2));
+    call(2);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 2), 2, patience);
+    verifyCalls(2);
+}
+
+void tst_GatewayTakeover::stoppedGatewayLetsTheOtherOneWorkAtOnce()
+{
+    m_gateways = {};
+    m_device = std::make_unique<RunningSimulator>(smallDevice()); // without a lease
+    QVERIFY(startGateways(600));
+    m_gateways[0]->signal(SIGTERM);
+    QVERIFY(m_gateways[0]->waitForEnd());
+    QVERIFY(waitForActive(QStringLiteral("right")));
+    call(1);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 1), 1, patience);
+    verifyCalls(1);
+}
+
+/// The lease does not lock an operator out: the gateway's call is refused instead.
+void tst_GatewayTakeover::operatorsControlIsRespected()
+{
+    const TcpConnection operatorConnection(m_device->simulator->port());
+    QString error;
+    QVERIFY2(operatorConnection.channel->requestControl(SSProxy::ControlAction::Take, error),
+             qPrintable(error));
+    call(1);
+    QTRY_COMPARE_WITH_TIMEOUT(answered(1, 1), 1, patience);
+    QCOMPARE(outcome(1), QStringLiteral("refused"));
+}
+
+QTEST_GUILESS_MAIN(tst_GatewayTakeover)
+#include "tst_gatewaytakeover.moc"
