@@ -532,7 +532,7 @@
     </message>
     <message>
         <source>Tries to connect at once instead of after the pause.</source>
-        <translation>Versucht sofort zu verbinden statt nach der Pause.</translation>
+        <translation>Versucht sofort statt erst nach der Pause, eine Verbindung herzustellen.</translation>
     </message>
     <message>
         <source>Reads the whole device again.</source>

@@ -476,7 +476,7 @@
     </message>
     <message>
         <source>Fades the selected screens to black, or back to the picture.</source>
-        <translation>Fond les écrans sélectionnés au noir, ou revient à l’image.</translation>
+        <translation>Fait un fondu au noir des écrans sélectionnés, ou revient à l’image.</translation>
     </message>
     <message>
         <source>Selects all screens of the device.</source>

@@ -476,7 +476,7 @@
     </message>
     <message>
         <source>Fades the selected screens to black, or back to the picture.</source>
-        <translation>将所选屏幕淡入黑场，或恢复画面。</translation>
+        <translation>将所选屏幕淡出至黑场，或恢复画面。</translation>
     </message>
     <message>
         <source>Selects all screens of the device.</source>

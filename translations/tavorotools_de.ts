@@ -919,7 +919,7 @@
     </message>
     <message>
         <source>%1 takes no value</source>
-        <translation>%1 nimmt keinen Wert</translation>
+        <translation>%1 erwartet keinen Wert</translation>
     </message>
     <message>
         <source>unknown limit: &quot;%1&quot;</source>
@@ -1099,7 +1099,7 @@
     </message>
     <message>
         <source>lists the rules with their remaining counts</source>
-        <translation>listet die Regeln mit ihren restlichen Anzahlen auf</translation>
+        <translation>listet die Regeln mit der jeweils verbleibenden Anzahl auf</translation>
     </message>
     <message>
         <source>0x1 to 0xFFFF, or the name of a command</source>

@@ -1099,7 +1099,7 @@
     </message>
     <message>
         <source>lists the rules with their remaining counts</source>
-        <translation>liste les règles avec leurs nombres restants</translation>
+        <translation>liste les règles avec le nombre d’applications restantes</translation>
     </message>
     <message>
         <source>0x1 to 0xFFFF, or the name of a command</source>
@@ -1292,7 +1292,7 @@
     </message>
     <message>
         <source>the broker does not permit the gateway&apos;s claims</source>
-        <translation>le courtier (broker) n’autorise pas les réservations de la passerelle</translation>
+        <translation>le broker n’autorise pas les annonces de prise en charge de la passerelle</translation>
     </message>
 </context>
 <context>
@@ -1306,7 +1306,7 @@
     <name>Tavoro::Gate::MosquittoClient</name>
     <message>
         <source>the broker does not answer</source>
-        <translation>le courtier (broker) ne répond pas</translation>
+        <translation>le broker ne répond pas</translation>
     </message>
     <message>
         <source>the certificates cannot be used: %1</source>

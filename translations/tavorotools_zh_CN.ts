@@ -1292,7 +1292,7 @@
     </message>
     <message>
         <source>the broker does not permit the gateway&apos;s claims</source>
-        <translation>代理服务器不允许网关的声明</translation>
+        <translation>MQTT 代理不允许网关的声明</translation>
     </message>
 </context>
 <context>
@@ -1306,7 +1306,7 @@
     <name>Tavoro::Gate::MosquittoClient</name>
     <message>
         <source>the broker does not answer</source>
-        <translation>代理服务器不应答</translation>
+        <translation>MQTT 代理不应答</translation>
     </message>
     <message>
         <source>the certificates cannot be used: %1</source>
