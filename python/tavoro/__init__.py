@@ -5,7 +5,7 @@
 ...     wall.screen.write_take([{"screenId": 1, "screenType": 1}])
 
 Device has the operations of a device as functions that block, tavoro.aio.Device as coroutines. discover() searches the network. A
-call that is not carried out raises a Failure.
+call that is not carried out, or may not have been, raises a Failure.
 """
 
 from . import records

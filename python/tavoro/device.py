@@ -52,7 +52,7 @@ class DeviceBase:
 
     @property
     def is_ready(self) -> bool:
-        """Whether the device is connected and was read."""
+        """Whether the device is connected and has been read."""
         return bool(self.state.session.get("state") == "ready")
 
     def close(self) -> None:
@@ -86,8 +86,9 @@ class Device(DeviceBase):
         sets_clock: bool = True,
         control_idle_time: float = 0.0,
     ) -> None:
-        """Blocks until the device was read, and raises NotSent if it was not within the timeout.
+        """Blocks until the device has been read, and raises NotSent if that takes longer than the timeout.
 
+        timeout: seconds within which the device must be connected and read.
         sets_clock: whether the clock of the device is set.
         control_idle_time: control is given up after these seconds without a write; 0: when the device is closed.
         """
@@ -130,7 +131,7 @@ class Device(DeviceBase):
         wait(self._core.take_control(force))
 
     def release_control(self) -> None:
-        """Gives control up."""
+        """Gives up control, so that another client can take it."""
         wait(self._core.release_control())
 
     def read_control_holder(self) -> str:
@@ -138,7 +139,7 @@ class Device(DeviceBase):
         return wait(self._core.read_control_holder()).decode()
 
     def start_upgrade(self, detail: records.AuxiliaryUpgradeDetail) -> Transfer[records.AuxiliaryUpgradePercent]:
-        """Starts a firmware upgrade from a package that the device holds, and returns it.
+        """Starts a firmware upgrade from a package that the device holds, and returns a Transfer that follows it.
 
         A device cannot stop an upgrade: cancelling it only ends the wait.
         """

@@ -55,7 +55,7 @@ def found_devices(answer: bytes) -> list[FoundDevice]:
 
 
 def discover(timeout: float = 1.0, targets: Iterable[Target] = ()) -> list[FoundDevice]:
-    """Returns the devices that answer within this time, by name.
+    """Returns the devices that answer within timeout seconds, by name.
 
     Requests are sent to all networks of this machine, or only to the targets. Blocks for the whole time.
     """

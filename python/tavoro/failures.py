@@ -1,4 +1,4 @@
-"""What a call raises when the device did not carry it out."""
+"""What a call raises when it was not carried out, or may not have been."""
 
 from __future__ import annotations
 

@@ -29,7 +29,7 @@ from .operations import (
 
 
 async def discover(timeout: float = 1.0, targets: Iterable[Target] = ()) -> list[FoundDevice]:
-    """Returns the devices that answer within this time, see tavoro.discover()."""
+    """Returns the devices that answer within timeout seconds, see tavoro.discover()."""
     return found_devices(await finished(start_discovery(timeout, targets)))
 
 
@@ -90,7 +90,7 @@ class Device(DeviceBase):
         self.auxiliary = AuxiliaryOperations(self._core)
 
     async def connect(self) -> Device:
-        """Returns when the device was read; closes it and raises NotSent if it was not within the timeout."""
+        """Returns when the device has been read; closes it and raises NotSent if that takes longer than the timeout."""
         try:
             await finished(self._core.ready(round(1000 * self._timeout)))
         except BaseException:
@@ -120,7 +120,7 @@ class Device(DeviceBase):
         await finished(self._core.take_control(force))
 
     async def release_control(self) -> None:
-        """Gives control up."""
+        """Gives up control, so that another client can take it."""
         await finished(self._core.release_control())
 
     async def read_control_holder(self) -> str:
