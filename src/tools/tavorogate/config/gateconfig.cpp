@@ -36,7 +36,7 @@ QString setNumber(int &number, const QJsonValue &value, int minimum, int maximum
 {
     number = value.toInt(minimum - 1);
     return number < minimum || number > maximum
-        ? QStringLiteral("a number from %1 to %2").arg(minimum).arg(maximum)
+        ? QStringLiteral("a whole number from %1 to %2").arg(minimum).arg(maximum)
         : QString();
 }
 
@@ -52,7 +52,8 @@ QString setName(GateConfig &config, const QJsonValue &value)
     config.name = value.toString();
     const bool isLevel = !config.name.isEmpty() && !config.name.contains(QLatin1Char('/'))
         && !config.name.contains(QLatin1Char('+')) && !config.name.contains(QLatin1Char('#'));
-    return isLevel ? QString() : QStringLiteral("a text without the characters / + #");
+    return isLevel ? QString()
+                   : QStringLiteral("a text without the characters / + #, and not empty");
 }
 
 QString setPort(GateConfig &config, const QJsonValue &value)
@@ -140,7 +141,7 @@ QString contradiction(const GateConfig &config)
     if (config.devices.isEmpty() && !config.usesDiscovery)
         return QStringLiteral("there is nothing to do: set \"devices\" or \"discovery\"");
     if (config.broker.tls.certificate.isEmpty() != config.broker.tls.key.isEmpty())
-        return QStringLiteral("\"broker.tls.certificate\" and \"broker.tls.key\" need each other");
+        return QStringLiteral("set \"broker.tls.certificate\" and \"broker.tls.key\" together");
     return {};
 }
 

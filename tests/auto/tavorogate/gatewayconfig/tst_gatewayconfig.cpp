@@ -99,10 +99,10 @@ void tst_GatewayConfig::mistakesAreNamed_data()
     row("no JSON",         "{\n} x",                                          "line 2: garbage at the end of the document");
     row("no object",       "[]",                                              "expected a JSON object");
     row("unknown key",     "{\n\n\"broker\": {\"prot\": 1}}",                 "line 3: unknown key \"broker.prot\"; did you mean \"broker.port\"");
-    row("not a port",      "{\"broker\": {\n\"port\": 0}}",                   "line 2: \"broker.port\" must be a number from 1 to 65535");
-    row("not a number",    "{\"controlIdleSeconds\": \"5\"}",                 "line 1: \"controlIdleSeconds\" must be a number from 1 to 3600");
+    row("not a port",      "{\"broker\": {\n\"port\": 0}}",                   "line 2: \"broker.port\" must be a whole number from 1 to 65535");
+    row("not a number",    "{\"controlIdleSeconds\": \"5\"}",                 "line 1: \"controlIdleSeconds\" must be a whole number from 1 to 3600");
     row("not a flag",      "{\"discovery\": 1}",                              "line 1: \"discovery\" must be true or false");
-    row("not a name",      "{\"name\": \"a/b\"}",                             "line 1: \"name\" must be a text without the characters / + #");
+    row("not a name",      "{\"name\": \"a/b\"}",                             "line 1: \"name\" must be a text without the characters / + #, and not empty");
     row("not a host",      "{\"broker\": {\"host\": \"\"}}",                  "line 1: \"broker.host\" must be a text that is not empty");
     row("not a list",      "{\"devices\": \"192.0.2.7\"}",                    addresses);
     row("not an address",  "{\"devices\": [\"192.0.2.7:0x\"]}",               addresses);
