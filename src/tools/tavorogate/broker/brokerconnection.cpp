@@ -74,7 +74,7 @@ void BrokerConnection::publish(const BrokerMessage &message, Delivered delivered
     const int messageId = m_isConnected ? m_client->publish(message) : 0;
     if (messageId == 0)
         return report(delivered, Delivery::Lost);
-    m_unacknowledged.insert(messageId, std::move(delivered));
+    m_unacknowledged.insert(messageId, delivered);
     Q_EMIT messageCounted(false);
 }
 

@@ -78,8 +78,8 @@ QString readArguments(const Operations::Operation &operation, CallRequest &reque
 QString readAll(const QString &rest, const BrokerMessage &message, const CallRules &rules,
                 CallRequest &request)
 {
-    const QString topicFault = readTopic(rest, message, request);
-    const QString keyFault = readKey(message, request);
+    QString topicFault = readTopic(rest, message, request);
+    QString keyFault = readKey(message, request);
     if (!topicFault.isEmpty())
         return topicFault;
     if (!keyFault.isEmpty())

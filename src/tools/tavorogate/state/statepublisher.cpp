@@ -151,9 +151,8 @@ void StatePublisher::updateControl()
     const QJsonObject record{
         {QStringLiteral("isHeldByOthers"), m_surroundings.session.isControlledByOthers()},
         {QStringLiteral("holder"), m_surroundings.session.controlHolder()}};
-    const QByteArray json = Operations::jsonText(record).toUtf8();
-    m_topics.setTopics(StateKind::Control, {{QStringLiteral("control"), [json] {
-                                                 return json;
+    m_topics.setTopics(StateKind::Control, {{QStringLiteral("control"), [record] {
+                                                 return Operations::jsonText(record).toUtf8();
                                              }}});
     requestTurn();
 }

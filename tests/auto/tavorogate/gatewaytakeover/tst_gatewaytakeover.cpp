@@ -49,8 +49,7 @@ Gate::BrokerOptions observerOptions(quint16 port)
 /// A gateway in a process of its own.
 class GateProcess {
 public:
-    GateProcess(const MosquittoBroker &broker, quint16 devicePort, const QString &name,
-                int leaseSeconds)
+    GateProcess(const MosquittoBroker &broker, quint16 devicePort, const QString &name, int seconds)
         : m_name(name)
     {
         const QJsonObject config{
@@ -59,7 +58,7 @@ public:
              QJsonObject{{QStringLiteral("host"), QStringLiteral("127.0.0.1")},
                          {QStringLiteral("port"), broker.port()}}},
             {QStringLiteral("devices"), QJsonArray{QStringLiteral("127.0.0.1:%1").arg(devicePort)}},
-            {QStringLiteral("leaseSeconds"), leaseSeconds}};
+            {QStringLiteral("leaseSeconds"), seconds}};
         const QString fileName = name + QStringLiteral(".json");
         broker.writeFile(fileName, QJsonDocument(config).toJson());
         m_process.setProcessChannelMode(QProcess::MergedChannels);
@@ -100,6 +99,8 @@ private:
     QByteArray m_log;
 };
 
+/// Long enough that a gateway which only waits for the processor keeps its lease.
+constexpr int leaseSeconds = 10;
 const QByteArray worksText = "This gateway works for the device";
 const QByteArray stopsText = "This gateway does not work for the device";
 
@@ -123,7 +124,7 @@ private Q_SLOTS:
     void operatorsControlIsRespected();
 
 private:
-    bool startGateways(int leaseSeconds);
+    bool startGateways(int seconds);
     bool waitForActive(const QString &name)
     {
         return QTest::qWaitFor(
@@ -168,19 +169,18 @@ void tst_GatewayTakeover::init()
     m_observer = std::make_unique<BrokerObserver>(observerOptions(m_broker->port()));
     QVERIFY(m_observer->start());
     m_log = std::make_unique<DeviceLog>();
-    QVERIFY(startGateways(2));
+    QVERIFY(startGateways(leaseSeconds));
 }
 
 /// The first gateway is active, and the second one has subscribed.
-bool tst_GatewayTakeover::startGateways(int leaseSeconds)
+bool tst_GatewayTakeover::startGateways(int seconds)
 {
     const quint16 port = m_device->simulator->port();
-    m_gateways[0] =
-        std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("left"), leaseSeconds);
+    m_gateways[0] = std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("left"), seconds);
     if (!waitForActive(QStringLiteral("left")))
         return false;
     m_gateways[1] =
-        std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("right"), leaseSeconds);
+        std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("right"), seconds);
     return m_gateways[1]->waitForLog("has the serial number")
         && m_gateways[1]->waitForLog("Connected to the broker");
 }
