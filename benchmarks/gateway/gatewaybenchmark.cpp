@@ -9,8 +9,8 @@
 //   load        each device always has a call of this kind under way
 //   changes     each device sends reports, and each report changes a topic
 //
-// "Messages" and "traffic" are those that the broker counts, received and sent. This process is
-// the only subscriber besides the gateways.
+// "Packets" and "traffic" are what the broker counts, with acknowledgements; traffic is received
+// and sent. This process is the only subscriber besides the gateways.
 //
 // gatewaybenchmark [--devices N] [--gateways N,N,...] [--seconds N] [--samples N] [--json]
 //
@@ -119,9 +119,8 @@ void measureCallLoad(Table &table, Site &site, int milliseconds)
     table.add("load, calls", calls / load.seconds, "1/s");
     table.add("load, write p50", load.durations.percentile(0.5) / 1000, "ms");
     table.add("load, write p99", load.durations.percentile(0.99) / 1000, "ms");
-    table.add("load, messages received by the broker for a call", load.cost.totals.received / calls,
-              "");
-    table.add("load, messages sent by the broker for a call", load.cost.totals.sent / calls, "");
+    table.add("load, packets to the broker for a call", load.cost.totals.received / calls, "");
+    table.add("load, packets from the broker for a call", load.cost.totals.sent / calls, "");
     table.add("load, traffic for a call", load.cost.totals.bytes / calls, "byte");
     table.add("load, gateways for a call", 1e6 * load.cost.gateways / calls, "us");
     table.add("load, broker for a call", 1e6 * load.cost.broker / calls, "us");

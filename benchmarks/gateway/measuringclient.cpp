@@ -69,7 +69,7 @@ MeasuringClient::MeasuringClient(quint16 brokerPort) : m_connection(optionsFor(b
         m_updates += name == bytesSent; // the last one of an update that is used
     };
     follow(brokerTopic + QStringLiteral("bytes/#"), noteTotal);
-    follow(brokerTopic + QStringLiteral("publish/messages/#"), noteTotal);
+    follow(brokerTopic + QStringLiteral("messages/#"), noteTotal);
     m_connection.start();
     waitUntil([this] { return m_connection.isConnected(); }, QStringLiteral("the broker"));
 }
@@ -123,7 +123,7 @@ BrokerTotals MeasuringClient::totals()
     const auto total = [this](const char *name) {
         return m_totals[QLatin1String(name)];
     };
-    return {total("publish/messages/received"), total("publish/messages/sent"),
+    return {total("messages/received"), total("messages/sent"),
             total("bytes/received") + total("bytes/sent")};
 }
 

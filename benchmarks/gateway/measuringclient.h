@@ -22,7 +22,7 @@ void waitFor(int milliseconds);
 
 /// What the broker has received and sent since it was started.
 struct BrokerTotals {
-    double received = 0, sent = 0; ///< Messages that were published.
+    double received = 0, sent = 0; ///< Packets of all kinds, also acknowledgements.
     double bytes = 0; ///< In both directions, with everything that the protocol adds.
 };
 
