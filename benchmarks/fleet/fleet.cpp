@@ -13,40 +13,6 @@ namespace Bench {
 using namespace Tavoro;
 using BizModel::Enum::Device::DataPart;
 
-FleetDevices::FleetDevices(int count)
-{
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(FLEETDEVICES), {QString::number(count)});
-    require(m_process.waitForStarted(), m_process.errorString());
-    for (int number = 0; number < count; ++number)
-        m_ports.push_back(static_cast<quint16>(readNumber()));
-}
-
-FleetDevices::~FleetDevices()
-{
-    m_process.closeWriteChannel();
-    m_process.waitForFinished();
-}
-
-void FleetDevices::startReports(int rate)
-{
-    m_process.write(QByteArrayLiteral("report ") + QByteArray::number(rate) + '\n');
-    m_process.waitForBytesWritten();
-}
-
-qint64 FleetDevices::stopReports()
-{
-    m_process.write(QByteArrayLiteral("quiet\n"));
-    return readNumber();
-}
-
-qint64 FleetDevices::readNumber()
-{
-    while (!m_process.canReadLine())
-        require(m_process.waitForReadyRead(patience), QStringLiteral("fleetdevices is silent"));
-    return m_process.readLine().trimmed().toLongLong();
-}
-
 Fleet::Fleet(const std::vector<quint16> &ports)
 {
     for (const quint16 port : ports)

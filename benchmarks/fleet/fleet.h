@@ -4,33 +4,11 @@
 #include <tavorossproxy/tcpdevicechannel.h>
 
 #include <QObject>
-#include <QProcess>
 
 #include <memory>
 #include <vector>
 
 namespace Bench {
-
-/// Simulated devices in a process of their own; see fleetdevices.cpp.
-class FleetDevices {
-public:
-    explicit FleetDevices(int count);
-    ~FleetDevices();
-    FleetDevices(const FleetDevices &) = delete;
-    FleetDevices &operator=(const FleetDevices &) = delete;
-
-    const std::vector<quint16> &ports() const { return m_ports; }
-    /// Each device sends \a rate reports a second until stopReports().
-    void startReports(int rate);
-    /// Returns how many reports all devices have sent.
-    qint64 stopReports();
-
-private:
-    qint64 readNumber();
-
-    QProcess m_process;
-    std::vector<quint16> m_ports;
-};
 
 /// The application's side: a channel and a device of the model for each port.
 class Fleet : public QObject {

@@ -18,6 +18,7 @@
 #include "processcost.h"
 
 #include <support/bench.h>
+#include <support/fleetdevices.h>
 #include <support/results.h>
 
 #include <tavorocontrol/autoreportmanager.h>
@@ -88,7 +89,7 @@ Measured measure(int count, int milliseconds)
 {
     Measured result;
     result.devices = count;
-    FleetDevices devices(count);
+    FleetDevices devices(QStringLiteral(FLEETDEVICES), count);
     const ProcessCost before = ProcessCost::now();
     Fleet fleet(devices.ports());
     fleet.synchronise(); // the first time creates what later ones use

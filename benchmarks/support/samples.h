@@ -16,6 +16,11 @@ public:
     {
         const auto start = std::chrono::steady_clock::now();
         work();
+        addSince(start);
+    }
+    /// Adds the time from \a start until now.
+    void addSince(std::chrono::steady_clock::time_point start)
+    {
         const std::chrono::duration<double, std::micro> taken =
             std::chrono::steady_clock::now() - start;
         m_values.push_back(taken.count());
