@@ -123,6 +123,7 @@ def test_a_cancelled_task_cancels_its_transfer(start_simulator: Callable[..., Si
             send.cancel()
             with pytest.raises(asyncio.CancelledError):
                 await send
+            await wall.screen.read_details()  # handled after the cancellation
             simulator.console("fault release")
             await wall.file.send(b"content", type=2, id=2, name="next")  # follows the end of the first one
             assert [file["fileId"] for file in await wall.file.read_details(file_type=2)] == [2]

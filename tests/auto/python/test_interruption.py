@@ -87,6 +87,7 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
     try:
         transfer.wait()
     except KeyboardInterrupt:
+        wall.screen.read_details()  # handled after the cancellation
         print("interrupted", flush=True)
     try:
         transfer.wait()

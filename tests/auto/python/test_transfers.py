@@ -57,6 +57,7 @@ def test_an_exception_of_the_callback_cancels_the_transfer(start_simulator: Call
         simulator.wait_until_faults_are_used()
         with pytest.raises(RuntimeError, match="256000 bytes are too many"):
             transfer.wait(stop)
+        wall.screen.read_details()  # handled after the cancellation
         simulator.console("fault release")
         with pytest.raises(tavoro.NotSent) as raised:
             transfer.wait()
@@ -72,6 +73,7 @@ def test_a_cancelled_transfer_is_not_sent(start_simulator: Callable[..., Simulat
         simulator.wait_until_faults_are_used()
         assert not transfer.is_done
         transfer.cancel()
+        wall.screen.read_details()  # handled after the cancellation
         simulator.console("fault release")
         with pytest.raises(tavoro.NotSent) as raised:
             transfer.wait()
