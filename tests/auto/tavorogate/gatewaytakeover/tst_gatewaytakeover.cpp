@@ -282,6 +282,8 @@ void tst_GatewayTakeover::stormSurvivesASuspendedGateway()
     QTRY_VERIFY_WITH_TIMEOUT(answered(1, half) >= half / 4, patience);
     GateProcess &suspended = *m_gateways[isActive ? 0 : 1];
     suspended.signal(SIGSTOP);
+    if (isActive)
+        QVERIFY(waitForActive(QStringLiteral("right"))); // its lease has ended
     QTRY_COMPARE_WITH_TIMEOUT(answered(1, half), half, patience);
     suspended.signal(SIGCONT);
     if (isActive)

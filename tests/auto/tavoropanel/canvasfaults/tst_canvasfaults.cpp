@@ -87,7 +87,7 @@ void tst_CanvasFaults::silentDeviceDoesNotBlockTheDrag()
     CanvasBench::Options options = CanvasBench::fastOptions();
     options.outcomeTime = 1s;
     openDevice(options);
-    bench().setTimeout(0x1405, 300ms);
+    bench().setTimeout(0x1405, 900ms);
     QVERIFY(bench().addFault("ignore,code=0x1405,count=1"));
     const QPoint from = bench().pointOf(2);
     bench().press(from);
