@@ -8,7 +8,7 @@ namespace Tavoro::Python {
 
 /// What became of a Pending, as Python reads it. A value without Qt types.
 struct Result {
-    Outcome::Kind kind = Outcome::NotSent; ///< Done, or why there is no answer.
+    Outcome::Kind kind = Outcome::NotSent; ///< Done, or the reason for a missing answer.
     int status = 0; ///< See Outcome::status().
     std::string meaning; ///< The reason of the outcome, without a full stop.
     std::string text; ///< The sentence for the user.

@@ -134,8 +134,8 @@ public:
     /// connection, and its time is not over. Compares with the clock, so that it is false in time
     /// even if the program was suspended.
     bool holdsLease() const;
-    /// The lease as the device has reported it last to this session. Free while there is no
-    /// connection. Other programs take and release it without a report.
+    /// The lease as the device has reported it last to this session. Free while the session
+    /// is not connected. Other programs take and release it without a report.
     SSProxy::DeviceLease lease() const;
     /// @}
 

@@ -39,7 +39,7 @@ public:
 
     /// True while this session holds the lease.
     bool isHeld() const;
-    /// The lease as the device has reported it last. Free while there is no connection.
+    /// The lease as the device has reported it last. Free while not connected.
     const SSProxy::DeviceLease &lease() const { return m_lease; }
 
 private:

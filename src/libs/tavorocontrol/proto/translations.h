@@ -30,10 +30,9 @@ TAVOROPROTO_EXPORT void setLocale(const QLocale &locale);
 TAVOROPROTO_EXPORT QString language();
 
 /// Adds a catalogue of an application, which follows the language as the texts of the libraries do.
-/// \a prefix is the path of its files or resources without the language: "/share/app/app" stands
-/// for
-/// "/share/app/app_de.qm". A language without a file stays English. Adding a prefix again has no
-/// effect.
+/// \a prefix is the path of its files or resources without the language: the German file of
+/// "/share/app/app" is "/share/app/app_de.qm". A language without a file stays English. Adding a
+/// prefix again has no effect.
 TAVOROPROTO_EXPORT void addCatalogue(const QString &prefix);
 
 } // namespace Tavoro::Translations

@@ -22,8 +22,8 @@ class BrokerConnection;
 enum class Delivery : quint8 {
     Accepted, ///< The broker has it.
     Refused, ///< The broker does not permit it.
-    Lost, ///< There is no connection, or it was lost before the broker had acknowledged the
-          ///< message.
+    Lost, ///< The client is not connected, or lost its connection before the broker had
+          ///< acknowledged the message.
 };
 
 /// Keeps a subscription; destroying it ends the subscription. A value that moves.
@@ -65,7 +65,7 @@ public:
     void stop();
 
     bool isConnected() const { return m_isConnected; }
-    /// Why there is no connection; empty while there is one.
+    /// Why the client is not connected; empty while it is.
     QString reason() const { return m_reason; }
 
     /// Publishes a message of QoS 1. Without a connection \a delivered is called at once.

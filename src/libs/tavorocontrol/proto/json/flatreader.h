@@ -42,8 +42,8 @@ Q_ALWAYS_INLINE const char *readFlatFields(const char *at, const char *end, Reco
                                            std::index_sequence<Field...>);
 
 /// Reads the value whose opening text ends at \a at, and then \a After. Returns the place after
-/// that, or null if the input has another form; \a value is then unchanged, or a record some of
-/// whose fields have the values that the input begins with.
+/// that, or null if the input has another form. Some fields of a record are then read already; the
+/// caller reads all of them again.
 template <class After, class Value>
 Q_ALWAYS_INLINE const char *readFlat(const char *at, const char *end, Value &value)
 {

@@ -47,7 +47,8 @@ bool startsWith(const char *at, const char *end) noexcept
 }
 
 /// Reads the digits at \a at, and a minus sign before them, and returns the place after them. A
-/// point or an exponent may follow. Returns null if there is no digit; \a value is then unchanged.
+/// point or an exponent may follow. Returns null, and leaves \a value unchanged, if no digit
+/// follows.
 template <class Integer>
 Q_ALWAYS_INLINE const char *readDigits(const char *at, Integer &value) noexcept
 {
