@@ -29,8 +29,8 @@ public:
     /// Without a device in the model only the first one.
     std::string json() const;
 
-    /// Adds an event to the runtime's queue now, and when something has changed. After an event
-    /// there is no further one until acknowledge(), so that a slow subscriber gets fewer and larger
+    /// Adds an event to the runtime's queue now, and when something has changed. After an event,
+    /// waits for acknowledge() before the next one, so that a slow subscriber gets fewer and larger
     /// changes.
     void subscribe(EventKey key);
     /// To be called before json(), so that no later change is missed.

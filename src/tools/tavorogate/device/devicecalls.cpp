@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <deque>
 
 namespace Tavoro::Gate {
 
@@ -20,6 +21,12 @@ Q_LOGGING_CATEGORY(callsLog, "tavoro.gate.calls")
 
 /// How long a call waits for a gateway that becomes active. Later the caller may not expect it.
 constexpr std::chrono::seconds longestWait(30);
+
+template <class Condition>
+void eraseIf(std::deque<CallRequest> &calls, Condition condition)
+{
+    calls.erase(std::remove_if(calls.begin(), calls.end(), condition), calls.end());
+}
 
 } // namespace
 
@@ -170,18 +177,14 @@ void DeviceCalls::publishAnswer(const CallRequest &call, const CallAnswer &answe
 
 void DeviceCalls::dropWaiting(const CallKey &key)
 {
-    const auto isMeant = [&](const CallRequest &each) {
-        return each.key == key;
-    };
-    m_waiting.erase(std::remove_if(m_waiting.begin(), m_waiting.end(), isMeant), m_waiting.end());
+    eraseIf(m_waiting, [&](const CallRequest &each) { return each.key == key; });
 }
 
 void DeviceCalls::dropAnswered(const QString &answerTopic, const QByteArray &correlation)
 {
-    const auto isMeant = [&](const CallRequest &each) {
+    eraseIf(m_waiting, [&](const CallRequest &each) {
         return each.key.answerTopic == answerTopic && each.key.correlation == correlation;
-    };
-    m_waiting.erase(std::remove_if(m_waiting.begin(), m_waiting.end(), isMeant), m_waiting.end());
+    });
 }
 
 /// They may have been carried out by another gateway, which answers them.
