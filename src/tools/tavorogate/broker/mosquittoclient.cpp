@@ -57,6 +57,13 @@ struct MosquittoClient::Callbacks {
             self.m_refusal = QString::fromUtf8(mosquitto_reason_string(reason));
     }
 
+    /// The library reports what OpenSSL says only here.
+    static void logged(mosquitto * /*client*/, void *owner, int level, const char *text)
+    {
+        if (level == MOSQ_LOG_ERR)
+            of(owner).m_error = QString::fromUtf8(text);
+    }
+
     static void received(mosquitto * /*client*/, void *owner, const mosquitto_message *message,
                          const mosquitto_property *properties)
     {
@@ -106,6 +113,7 @@ MosquittoClient::~MosquittoClient()
 void MosquittoClient::setUp(const BrokerMessage &will)
 {
     mosquitto_connect_v5_callback_set(m_client, &Callbacks::connected);
+    mosquitto_log_callback_set(m_client, &Callbacks::logged);
     mosquitto_message_v5_callback_set(m_client, &Callbacks::received);
     mosquitto_publish_v5_callback_set(m_client, &Callbacks::published);
     mosquitto_subscribe_v5_callback_set(m_client, &Callbacks::subscribed);
@@ -148,7 +156,7 @@ void MosquittoClient::connectToBroker()
             mosquitto_connect_bind_async(m_client, m_options.host.toUtf8().constData(),
                                          m_options.port, m_options.keepAliveSeconds, nullptr);
         if (result != MOSQ_ERR_SUCCESS)
-            return end(textOf(result));
+            return end(withError(textOf(result)));
         watchSocket();
     });
 }
@@ -189,11 +197,16 @@ void MosquittoClient::unsubscribe(const QString &filter)
     watchWriting();
 }
 
+QString MosquittoClient::withError(const QString &text) const
+{
+    return m_error.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, m_error);
+}
+
 void MosquittoClient::check(int result)
 {
     if (result == MOSQ_ERR_SUCCESS)
         return watchWriting();
-    end(m_refusal.isEmpty() ? textOf(result) : m_refusal);
+    end(m_refusal.isEmpty() ? withError(textOf(result)) : m_refusal);
 }
 
 void MosquittoClient::end(const QString &reason)

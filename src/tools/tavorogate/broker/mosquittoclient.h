@@ -61,6 +61,7 @@ private:
     void setUpTls();
     /// Ends the connection if \a result of the library is an error.
     void check(int result);
+    QString withError(const QString &text) const;
     void end(const QString &reason);
     void watchSocket();
     void watchWriting();
@@ -69,6 +70,7 @@ private:
     mosquitto *const m_client;
     QString m_fault; ///< Why the options cannot be used.
     QString m_refusal; ///< Why the broker refused the connection.
+    QString m_error; ///< The last error that the library has logged.
     std::unique_ptr<QSocketNotifier> m_readable;
     std::unique_ptr<QSocketNotifier> m_writable;
     QTimer m_maintenance; ///< Sends and checks keep-alives.

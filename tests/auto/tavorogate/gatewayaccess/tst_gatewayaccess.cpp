@@ -217,9 +217,10 @@ void tst_GatewayAccess::unknownAuthorityIsRefused()
     Gate::BrokerOptions options = m_bench->clientOptions(QStringLiteral("stranger"));
     options.tls.authorities = options.tls.certificate;
     BrokerObserver stranger(options);
-    const QString atFirst = stranger.connection().reason();
     stranger.connection().start();
-    QTRY_VERIFY(stranger.connection().reason() != atFirst);
+    QTRY_VERIFY2(
+        stranger.connection().reason().contains(QStringLiteral("certificate verify failed")),
+        qPrintable(stranger.connection().reason()));
     QVERIFY(!stranger.connection().isConnected());
 }
 
