@@ -30,6 +30,7 @@ class DeviceBase:
 
     def __init__(self, host: str, port: int, sets_clock: bool, control_idle_time: float) -> None:
         self._core = _core.Device(host, port, sets_clock, control_idle_time)
+        self._is_closed = False
         self._version = -1
         self._state: State | None = None
 
@@ -52,16 +53,18 @@ class DeviceBase:
 
     @property
     def is_ready(self) -> bool:
-        """Whether the device is connected and has been read."""
-        return bool(self.state.session.get("state") == "ready")
+        """Whether the device is connected and has been read. False after close()."""
+        return not self._is_closed and self.state.session.get("state") == "ready"
 
     def close(self) -> None:
-        """Disconnects. Calls that wait end as NotSent, those under way as Unknown."""
+        """Disconnects. Calls that wait end as NotSent, those under way as Unknown. state keeps what it showed before."""
+        self._is_closed = True
         self._core.close()
 
     def __repr__(self) -> str:
         session = self.state.session
-        return f"<tavoro device {session.get('address')}: {session.get('text')}>"
+        text = "closed" if self._is_closed else session.get("text")
+        return f"<tavoro device {session.get('address')}: {text}>"
 
 
 class Device(DeviceBase):

@@ -29,6 +29,13 @@ def test_the_state_has_all_objects_after_opening(wall: tavoro.Device) -> None:
     assert wall.name == "Main hall"
 
 
+def test_a_closed_device_is_not_ready(wall: tavoro.Device) -> None:
+    assert repr(wall).endswith(": Main hall is ready.>")
+    wall.close()
+    assert not wall.is_ready
+    assert repr(wall).endswith(": closed>")
+
+
 def test_a_screen_has_its_layers(wall: tavoro.Device) -> None:
     screen = wall.state.screens.find(screenId=2, screenType=2)
     assert [layer.layerIdenti.screenId for layer in screen.layers] == [2, 2, 2, 2]
