@@ -1161,6 +1161,10 @@
         <source>Operating %1 of %2.</source>
         <translation>In Bedienung: %1 von %2.</translation>
     </message>
+    <message>
+        <source>%1 is controlled by %2. Take control to operate it.</source>
+        <translation>%1 wird von %2 gesteuert. Übernehmen Sie die Steuerung, um es zu bedienen.</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LiveButton</name>

@@ -1161,6 +1161,10 @@
         <source>Operating %1 of %2.</source>
         <translation>Commande de %1 de %2.</translation>
     </message>
+    <message>
+        <source>%1 is controlled by %2. Take control to operate it.</source>
+        <translation>%1 est contrôlé par %2. Prenez le contrôle pour le commander.</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LiveButton</name>

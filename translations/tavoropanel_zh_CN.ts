@@ -1161,6 +1161,10 @@
         <source>Operating %1 of %2.</source>
         <translation>正在操作 %2 的 %1。</translation>
     </message>
+    <message>
+        <source>%1 is controlled by %2. Take control to operate it.</source>
+        <translation>%1 由 %2 控制。请获取控制权后操作。</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Panel::LiveButton</name>

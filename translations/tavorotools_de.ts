@@ -798,6 +798,11 @@
         <source>Options of all commands:</source>
         <translation>Optionen aller Befehle:</translation>
     </message>
+    <message>
+        <source>%1.</source>
+        <comment>summary</comment>
+        <translation>%1.</translation>
+    </message>
 </context>
 <context>
     <name>Sim</name>

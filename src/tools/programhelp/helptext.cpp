@@ -69,7 +69,7 @@ QString helpText(const Program &program)
         program.commands.isEmpty() ? program.usage : QStringLiteral("COMMAND [WORD ...]");
     QString text =
         Texts::tr("Usage: %1").arg(program.name + QStringLiteral(" [OPTION ...] ") + words)
-        + QStringLiteral("\n%1.\n").arg(program.summary);
+        + QLatin1Char('\n') + Texts::tr("%1.", "summary").arg(program.summary) + QLatin1Char('\n');
     QString commands;
     for (const Command &command : program.commands) {
         commands += QStringLiteral("  %1 %2")

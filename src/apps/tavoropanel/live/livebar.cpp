@@ -120,6 +120,15 @@ void LiveBar::updateStatus()
         m_status->show(call.kind == LiveStatus::Idle ? screens : call);
 }
 
+/// The device reports who holds control only when it is asked, so the name follows later.
+QString LiveBar::controlledText(const DeviceSession &device)
+{
+    const QString holder = device.controlHolder();
+    return holder.isEmpty()
+        ? tr("%1 is controlled by another client. Take control to operate it.").arg(device.name())
+        : tr("%1 is controlled by %2. Take control to operate it.").arg(device.name(), holder);
+}
+
 /// Why the screens cannot be operated, or which ones are.
 LiveStatus LiveBar::screensStatus() const
 {
@@ -132,8 +141,7 @@ LiveStatus LiveBar::screensStatus() const
     if (!m_selection.isConnected())
         return blocked(tr("%1: %2").arg(device->name(), stateText(*device)));
     if (device->isControlledByOthers())
-        return blocked(tr("%1 is controlled by another client. Take control to operate it.")
-                           .arg(device->name()));
+        return blocked(controlledText(*device));
     const auto screens = m_selection.screenObjects();
     if (screens.isEmpty())
         return {LiveStatus::Idle, tr("Select a screen to operate it.")};

@@ -30,6 +30,7 @@ private:
     void updateLit();
     void updateStatus();
     LiveStatus screensStatus() const;
+    static QString controlledText(const DeviceSession &device);
 
     Selection &m_selection;
     Actions &m_actions;

@@ -50,7 +50,8 @@ void Selection::setDevice(DeviceSession *device)
         m_device->disconnect(this);
     m_device = device;
     if (device) {
-        for (const auto changed : {&DeviceSession::stateChanged, &DeviceSession::controlChanged}) {
+        for (const auto changed : {&DeviceSession::stateChanged, &DeviceSession::controlChanged,
+                                   &DeviceSession::controlHolderChanged}) {
             connect(device, changed, this, &Selection::updateCanWrite);
             connect(device, changed, this, &Selection::stateChanged);
         }
