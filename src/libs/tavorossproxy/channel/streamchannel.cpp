@@ -4,6 +4,7 @@
 #include "commands_p.h"
 #include "leaserequests_p.h"
 #include "outcomequery_p.h"
+#include "requestkinds_p.h"
 #include <tavorossproxy/io/connectedsocket_p.h>
 #include <tavorossproxy/logging_p.h>
 
@@ -27,14 +28,6 @@ bool isReportAbove(quint64 maxElements, const Wire::FrameEvent &event)
     Wire::JsonElements elements;
     elements.add(event.body);
     return elements.count() > maxElements;
-}
-
-/// The device carries a write out when it has received this packet.
-bool isDecisiveWrite(const Wire::WireHead &request)
-{
-    const bool isWrite = request.type == quint8(CommandType::Write)
-        || request.type == quint8(CommandType::BinaryWrite);
-    return isWrite && quint64(request.sendCount) + 1 >= request.totalCount;
 }
 
 } // namespace
@@ -278,7 +271,7 @@ std::shared_ptr<DeviceResponseCommand> StreamChannel::exchange(DeviceRequestComm
         return makeResponse(request.head(), InvalidRequest);
     }
     request.head() = Wire::packetHead(ticket.head); // further packets copy the stream from here
-    QByteArray frame = m_exchanges.takeStorage();
+    QByteArray frame = m_storage.take();
     Wire::encodeFrame(ticket.head, request.body(), Wire::crc32(request.body()), frame);
     m_exchanges.submit(ticket.head.lables, std::move(frame));
     observed.time = std::chrono::steady_clock::now();
@@ -346,7 +339,7 @@ void StreamChannel::sendOver(ConnectedSocket &socket)
         if (!frame)
             return;
         m_link->send(*frame, socket);
-        m_exchanges.recycle(std::move(*frame));
+        m_storage.recycle(std::move(*frame));
     }
 }
 
@@ -357,7 +350,7 @@ void StreamChannel::sendOnLoop()
         if (!frame)
             return;
         m_link->send(*frame);
-        m_exchanges.recycle(std::move(*frame));
+        m_storage.recycle(std::move(*frame));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "devicecontrol_p.h"
 #include "exchangetable_p.h"
 #include "expecteddevice_p.h"
+#include "framestorage_p.h"
 #include "invalidframes_p.h"
 #include "reportdelivery_p.h"
 #include <tavorossproxy/io/eventloop_p.h>
@@ -30,7 +31,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | m_connectionHandler                       | that of the loop                           |
 /// | m_control, m_reports                      | as each says                               |
 /// | m_exchanges, m_reader                     | as each says                               |
-/// | m_answerElements                          | any                                        |
+/// | m_answerElements, m_storage               | any                                        |
 /// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
 /// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
 class StreamChannel final : public NetworkChannel,
@@ -133,6 +134,7 @@ private:
     AnswerReader m_reader;
     ExchangeTable m_exchanges;
     AnswerElements m_answerElements;
+    FrameStorage m_storage;
     std::mutex m_sendMutex; // held while a thread sends, so that requests keep their order
     std::atomic<bool> m_isSendingPosted{false};
     std::atomic<bool> m_isHandlingPosted{false};
