@@ -42,6 +42,17 @@ std::shared_ptr<DeviceResponseCommand> ExchangeRunner::run(DeviceRequestCommand 
     return response;
 }
 
+bool ExchangeRunner::acceptsRequests() const
+{
+    const quint16 refusal = m_exchanges.refusal();
+    if (refusal == 0)
+        return true;
+    Exchange notSent;
+    notSent.status = refusal;
+    ExchangeWatch::report(std::move(notSent));
+    return false;
+}
+
 /// Sets the members of \a observed that say whether and when the request was sent.
 std::shared_ptr<DeviceResponseCommand> ExchangeRunner::exchange(DeviceRequestCommand &request,
                                                                 Exchange &observed)

@@ -27,6 +27,10 @@ public:
                    RequestSender &sender, ResponseMonitor &monitor,
                    std::function<QString()> peerName);
 
+    /// Returns false if requests are refused now, and reports the refusal to the ExchangeWatch of
+    /// the caller. An operation asks this before each request: if it sends nothing because of the
+    /// answer, its caller must not take the exchange before for the last one.
+    bool acceptsRequests() const;
     /// See DeviceChannel::sendSyncRequest(). Reports the exchange to the ExchangeWatch of the
     /// caller.
     std::shared_ptr<DeviceResponseCommand> run(DeviceRequestCommand &request);

@@ -60,7 +60,7 @@ public:
     std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) override;
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const override { return m_readiness.deviceInfo(); }
-    bool isHardwareReadFinished() override { return m_exchanges.refusal() == 0; }
+    bool isHardwareReadFinished() override { return m_runner.acceptsRequests(); }
     bool isMasterControl() override { return m_control.isMaster(); }
     void stopChannel() override;
     bool waitUntilReady(int milliseconds, QString &error) override;
