@@ -1368,6 +1368,17 @@
     </message>
 </context>
 <context>
+    <name>Tavoro::SSProxy::Internal::ChannelReadiness</name>
+    <message>
+        <source>no connection yet</source>
+        <translation>noch keine Verbindung</translation>
+    </message>
+    <message>
+        <source>The device at %1 cannot be reached: %2.</source>
+        <translation>Das Gerät unter %1 ist nicht erreichbar: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::SSProxy::Internal::DeviceControl</name>
     <message>
         <source>The device at %1 is controlled by %2.</source>
@@ -1418,23 +1429,7 @@
     </message>
 </context>
 <context>
-    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
-    <message>
-        <source>no connection yet</source>
-        <translation>noch keine Verbindung</translation>
-    </message>
-    <message>
-        <source>it has no address</source>
-        <translation>es hat keine Adresse</translation>
-    </message>
-    <message>
-        <source>the channel is stopped</source>
-        <translation>der Kanal ist gestoppt</translation>
-    </message>
-    <message>
-        <source>The device at %1 cannot be reached: %2.</source>
-        <translation>Das Gerät unter %1 ist nicht erreichbar: %2.</translation>
-    </message>
+    <name>Tavoro::SSProxy::Internal::ResponseMonitor</name>
     <message>
         <source>it left too many requests unanswered</source>
         <translation>es hat zu viele Anfragen nicht beantwortet</translation>
@@ -1442,6 +1437,17 @@
     <message>
         <source>it stopped in the middle of a frame</source>
         <translation>es brach mitten in einem Frame ab</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
+    <message>
+        <source>it has no address</source>
+        <translation>es hat keine Adresse</translation>
+    </message>
+    <message>
+        <source>the channel is stopped</source>
+        <translation>der Kanal ist gestoppt</translation>
     </message>
 </context>
 <context>

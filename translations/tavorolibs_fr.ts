@@ -1368,6 +1368,17 @@
     </message>
 </context>
 <context>
+    <name>Tavoro::SSProxy::Internal::ChannelReadiness</name>
+    <message>
+        <source>no connection yet</source>
+        <translation>pas encore de connexion</translation>
+    </message>
+    <message>
+        <source>The device at %1 cannot be reached: %2.</source>
+        <translation>L’appareil à l’adresse %1 est injoignable&#xa0;: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::SSProxy::Internal::DeviceControl</name>
     <message>
         <source>The device at %1 is controlled by %2.</source>
@@ -1418,23 +1429,7 @@
     </message>
 </context>
 <context>
-    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
-    <message>
-        <source>no connection yet</source>
-        <translation>pas encore de connexion</translation>
-    </message>
-    <message>
-        <source>it has no address</source>
-        <translation>il n’a pas d’adresse</translation>
-    </message>
-    <message>
-        <source>the channel is stopped</source>
-        <translation>le canal est arrêté</translation>
-    </message>
-    <message>
-        <source>The device at %1 cannot be reached: %2.</source>
-        <translation>L’appareil à l’adresse %1 est injoignable&#xa0;: %2.</translation>
-    </message>
+    <name>Tavoro::SSProxy::Internal::ResponseMonitor</name>
     <message>
         <source>it left too many requests unanswered</source>
         <translation>il a laissé trop de requêtes sans réponse</translation>
@@ -1442,6 +1437,17 @@
     <message>
         <source>it stopped in the middle of a frame</source>
         <translation>il s’est interrompu au milieu d’une trame</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
+    <message>
+        <source>it has no address</source>
+        <translation>il n’a pas d’adresse</translation>
+    </message>
+    <message>
+        <source>the channel is stopped</source>
+        <translation>le canal est arrêté</translation>
     </message>
 </context>
 <context>

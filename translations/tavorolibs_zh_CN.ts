@@ -1368,6 +1368,17 @@
     </message>
 </context>
 <context>
+    <name>Tavoro::SSProxy::Internal::ChannelReadiness</name>
+    <message>
+        <source>no connection yet</source>
+        <translation>尚未连接</translation>
+    </message>
+    <message>
+        <source>The device at %1 cannot be reached: %2.</source>
+        <translation>无法访问 %1 处的设备：%2。</translation>
+    </message>
+</context>
+<context>
     <name>Tavoro::SSProxy::Internal::DeviceControl</name>
     <message>
         <source>The device at %1 is controlled by %2.</source>
@@ -1418,23 +1429,7 @@
     </message>
 </context>
 <context>
-    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
-    <message>
-        <source>no connection yet</source>
-        <translation>尚未连接</translation>
-    </message>
-    <message>
-        <source>it has no address</source>
-        <translation>它没有地址</translation>
-    </message>
-    <message>
-        <source>the channel is stopped</source>
-        <translation>通道已停止</translation>
-    </message>
-    <message>
-        <source>The device at %1 cannot be reached: %2.</source>
-        <translation>无法访问 %1 处的设备：%2。</translation>
-    </message>
+    <name>Tavoro::SSProxy::Internal::ResponseMonitor</name>
     <message>
         <source>it left too many requests unanswered</source>
         <translation>它有过多请求未应答</translation>
@@ -1442,6 +1437,17 @@
     <message>
         <source>it stopped in the middle of a frame</source>
         <translation>它在帧中途停止</translation>
+    </message>
+</context>
+<context>
+    <name>Tavoro::SSProxy::Internal::StreamChannel</name>
+    <message>
+        <source>it has no address</source>
+        <translation>它没有地址</translation>
+    </message>
+    <message>
+        <source>the channel is stopped</source>
+        <translation>通道已停止</translation>
     </message>
 </context>
 <context>

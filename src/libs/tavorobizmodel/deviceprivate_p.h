@@ -117,15 +117,22 @@ public:
 
     void notifyIdentity() const
     {
-        ++identityChanges;
+        noteIdentityChange();
         notify(Part::Identity);
+    }
+    /// The identity may have changed: call it after the state has changed, or while it is written.
+    void noteIdentityChange() const
+    {
+        if (isListed)
+            ++identityChanges;
     }
 
     void notify(Part part) const { Q_EMIT q.deviceDataChanged(part); }
 
-    /// Counts the changes of identities of all devices. When the count has changed, an index of
-    /// devices is out of date.
+    /// Counts the changes of identities of the devices in the list. When the count has changed, the
+    /// index of the list is out of date.
     static inline std::atomic<quint64> identityChanges = 0;
+    std::atomic<bool> isListed{false}; ///< The device is in the list.
 
     Device &q;
     const unsigned short id;

@@ -75,8 +75,10 @@ void DeviceUpdater::updateState(const s_DeviceReading &reading)
         if (!info)
             return;
         setIf(replaceIfDifferent(state.modelId, info->modelId), Part::Identity);
-        setIf(DevicePrivate::replaceInfo(state, *info), Part::Identity);
-        ++DevicePrivate::identityChanges;
+        if (DevicePrivate::replaceInfo(state, *info)) {
+            m_signals.add(Part::Identity);
+            m_d.noteIdentityChange();
+        }
         if (!reading.detail)
             setIf(replaceIfDifferent(state.name, QString::fromStdString(info->name)),
                   Part::Identity);

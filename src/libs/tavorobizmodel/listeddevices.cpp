@@ -47,11 +47,12 @@ ListedDevices::Appended ListedDevices::append(const DevicePtr &device)
     result.replaced.assign(end, m_devices.end());
     m_devices.erase(end, m_devices.end());
     m_devices.insert(m_devices.begin() + index, device);
-    for (const DevicePtr &replaced : result.replaced)
+    for (const DevicePtr &replaced : result.replaced) {
         DevicePrivate::get(*device).adopt(DevicePrivate::get(*replaced));
-    if (result.replaced.empty())
-        addToIndex(device);
-    else
+        DevicePrivate::get(*replaced).isListed = false;
+    }
+    addToIndex(device);
+    if (!result.replaced.empty())
         invalidateIndex();
     return result;
 }
@@ -76,6 +77,7 @@ bool ListedDevices::remove(const DevicePtr &device)
     if (place == m_devices.end())
         return false;
     m_devices.erase(place);
+    DevicePrivate::get(*device).isListed = false;
     invalidateIndex();
     return true;
 }
@@ -93,8 +95,11 @@ void ListedDevices::invalidateIndex()
     m_indexed = outOfDate;
 }
 
+/// The device is marked first: a change of its identity that is not in the index then makes the
+/// index out of date.
 void ListedDevices::addToIndex(const DevicePtr &device)
 {
+    DevicePrivate::get(*device).isListed = true;
     m_index.emplace(Lookup{device->IPAddress(), device->MAC(), device->sn()}, device);
 }
 

@@ -1,5 +1,7 @@
 #include "answerelements_p.h"
 
+#include "requestkinds_p.h"
+
 #include <tavorowire/splitlimits.h>
 
 #include <algorithm>
@@ -17,7 +19,7 @@ quint64 AnswerElements::add(const Wire::WireHead &request, const DeviceResponseC
     if (packet.status != 0)
         return 0;
     elements.add(packet.body());
-    if (quint64(answer.sendCount) + 1 < answer.totalCount)
+    if (!isLastPacket(answer))
         keep(request.stream, elements);
     return elements.count();
 }

@@ -29,15 +29,16 @@ std::string makeClientId()
 } // namespace
 
 ChannelLink::ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock,
-                         const ChannelOptions &options, Events &events)
+                         const ChannelOptions &options, Events &events, FrameHandler &frames)
     : m_stream(std::move(stream)),
       m_clock(clock),
       m_options(options),
       m_events(events),
+      m_frames(frames),
       m_incoming(options.maxBodySize,
                  [this](Wire::FrameEvent &&answer) {
                      m_hasAnswered = m_hasRequested.load();
-                     m_events.linkAnswered(std::move(answer));
+                     m_frames.answerReceived(std::move(answer));
                  }),
       m_pause(options.firstReconnectPause),
       m_keepAlive(options)
@@ -243,7 +244,7 @@ void ChannelLink::streamReceived(std::string_view bytes)
     if (batch.hasWaiting)
         m_events.linkHasFrames();
     if (batch.unfinished && m_phase == Phase::Ready)
-        m_events.linkReceiving(*batch.unfinished);
+        m_frames.frameStarted(*batch.unfinished);
     Clock::TimePoint progress;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
@@ -251,7 +252,7 @@ void ChannelLink::streamReceived(std::string_view bytes)
         if (batch.isWithinFrame)
             progress = m_keepAlive.lastFrameProgress();
     }
-    m_events.linkProgressed(progress);
+    m_frames.frameProgressed(progress);
 }
 
 /// A frame that ends the connection discards those after it.
@@ -294,7 +295,7 @@ void ChannelLink::handle(Wire::FrameEvent &&event)
         [[fallthrough]];
     case FrameKind::Report:
         if (m_phase == Phase::Ready)
-            m_events.linkReceived(std::move(event));
+            m_frames.frameReceived(std::move(event));
         return;
     case FrameKind::Request:
     case FrameKind::IdentityRequest:
@@ -316,7 +317,7 @@ void ChannelLink::refuse(Wire::FrameEvent &&event)
     const quint16 status = event.status;
     const bool isIdentity = event.head.kind == quint8(FrameKind::IdentityAnswer);
     const bool endsTheConnection = event.fatal || (m_phase == Phase::Identifying && isIdentity);
-    m_events.linkReceived(std::move(event));
+    m_frames.frameReceived(std::move(event));
     if (endsTheConnection)
         drop(status, tr("it sent an invalid frame (%1)").arg(status));
 }

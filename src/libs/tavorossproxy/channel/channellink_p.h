@@ -57,20 +57,10 @@ public:
         virtual void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) = 0;
         /// The system has taken all written bytes.
         virtual void linkWritable() = 0;
-        /// A response or a report was received, or an invalid frame.
-        virtual void linkReceived(Wire::FrameEvent &&event) = 0;
-        /// An answer was received that need not wait for the loop's thread. On the thread that
-        /// receives, as linkHasFrames(), linkReceiving() and linkProgressed().
-        virtual void linkAnswered(Wire::FrameEvent &&answer) = 0;
-        /// The loop's thread must call handleFrames().
+        /// The loop's thread must call handleFrames(). Called on the thread that receives.
         virtual void linkHasFrames() = 0;
         /// No frame waits any more.
         virtual void linkHandledFrames() = 0;
-        /// The head of a frame was received, and its body is incomplete.
-        virtual void linkReceiving(const Wire::WireHead &head) = 0;
-        /// Bytes have arrived. \a lastProgress is the time at which the unfinished frame last made
-        /// progress, or the clock's epoch if no frame is unfinished.
-        virtual void linkProgressed(Clock::TimePoint lastProgress) = 0;
         /// Requests a call of tick(\a time) at \a time.
         virtual void linkWantsTick(Clock::TimePoint time) = 0;
 
@@ -78,8 +68,26 @@ public:
         ~Events() = default;
     };
 
+    /// Gets the frames of the device. All functions but frameReceived() are called on the thread
+    /// that receives.
+    class FrameHandler {
+    public:
+        /// A response or a report was received, or an invalid frame.
+        virtual void frameReceived(Wire::FrameEvent &&event) = 0;
+        /// An answer was received that need not wait for the loop's thread.
+        virtual void answerReceived(Wire::FrameEvent &&answer) = 0;
+        /// The head of a frame was received, and its body is incomplete.
+        virtual void frameStarted(const Wire::WireHead &head) = 0;
+        /// Bytes have arrived. \a lastProgress is the time at which the unfinished frame last made
+        /// progress, or the clock's epoch if no frame is unfinished.
+        virtual void frameProgressed(Clock::TimePoint lastProgress) = 0;
+
+    protected:
+        ~FrameHandler() = default;
+    };
+
     ChannelLink(std::unique_ptr<ByteStream> stream, Clock &clock, const ChannelOptions &options,
-                Events &events);
+                Events &events, FrameHandler &frames);
 
     /// Begins the first attempt to connect.
     void start();
@@ -149,6 +157,7 @@ private:
     Clock &m_clock;
     const ChannelOptions m_options;
     Events &m_events;
+    FrameHandler &m_frames;
     IncomingFrames m_incoming;
     std::atomic<Phase> m_phase{Phase::Idle};
     Wire::ConnectionId m_connection;

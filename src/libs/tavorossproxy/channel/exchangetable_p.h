@@ -1,20 +1,18 @@
 #pragma once
 
-#include "answerreader_p.h"
-#include "splitslots_p.h"
+#include "answerwaits_p.h"
+#include "exchangestreams_p.h"
+#include "sendqueue_p.h"
 #include <tavorossproxy/io/clock_p.h>
 
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/devicecommand.h>
 #include <tavorowire/frameparser.h>
 #include <tavorowire/outcomes.h>
-#include <tavorowire/splitlimits.h>
 
 #include <QByteArray>
 
 #include <array>
-#include <condition_variable>
-#include <deque>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -29,7 +27,7 @@ namespace Tavoro::SSProxy::Internal {
 /// | withdraw                             |                              |
 /// | takeUnsent                           | any, one at a time           |
 /// | answerStarted, complete              | any                          |
-/// | takeStorage, recycle, endSplitRead   | any                          |
+/// | endSplitRead                         | any                          |
 /// | open, close, refusal and the counts  | any                          |
 ///
 /// The states of a tag. close() ends every request in flight, and frees the tags of requests that
@@ -49,7 +47,7 @@ class ExchangeTable {
 public:
     /// With a \a reader, one of the callers whose requests are in flight receives for all of them.
     explicit ExchangeTable(Clock &clock, AnswerReader *reader = nullptr)
-        : m_clock(clock), m_reader(reader)
+        : m_streams(clock), m_waits(clock, reader)
     { }
 
     /// Accepts requests with bodies of at most \a maxBody bytes, to be sent over \a connection.
@@ -72,8 +70,6 @@ public:
     std::optional<Wire::RequestId> reserveNumber(quint8 tag);
     /// Ends a request that has begun and will not be submitted.
     void withdraw(quint8 tag);
-    /// Returns storage for a frame, with arbitrary content.
-    QByteArray takeStorage();
     /// Queues the frame of the request for sending.
     void submit(quint8 tag, QByteArray frame);
     /// Blocks until the answer has arrived or \a deadline has passed, and frees the tag. Never
@@ -88,8 +84,6 @@ public:
     /// Takes the next frame to send, if there is one, and numbers it. Requests for records precede
     /// contents of files, and \a withContents says whether the latter may be sent now.
     std::optional<QByteArray> takeUnsent(bool withContents = true);
-    /// Keeps the storage of a sent frame for the next one.
-    void recycle(QByteArray frame);
     /// The answer with \a head has started to arrive.
     void answerStarted(const Wire::WireHead &head);
     /// Ends the request that waits for \a answer: with the answer, or with a status if the answer
@@ -124,26 +118,15 @@ private:
         Wire::WireHead request;
         QByteArray frame; ///< The frame to send, in state Unsent.
         std::shared_ptr<DeviceResponseCommand> response; ///< The result, in state Completed.
-        std::condition_variable completed;
+        AnswerWaits::Wait wait; ///< Ends in state Completed.
     };
 
     quint16 refusalOf(const Wire::WireHead &head, std::size_t bodySize) const;
-    SplitSlots *slotsFor(const Wire::WireHead &head);
-    void assignStream(Wire::WireHead &head, SplitSlots *slots);
     quint8 freeTag();
     quint32 nextNumber();
-    quint16 freshStream();
-    void notePacket(const Wire::WireHead &request, const Wire::WireHead &answer, quint16 failure);
-    bool beginReading(const Slot &slot);
-    void read(std::unique_lock<std::mutex> &lock, const Slot &slot, Clock::TimePoint deadline);
-    void endReading(const Slot &slot);
-    void wakeNextReader();
-    void wait(std::unique_lock<std::mutex> &lock, Slot &slot, Clock::TimePoint deadline);
     void end(Slot &slot, quint16 status);
     std::shared_ptr<DeviceResponseCommand> giveUp(quint8 tag);
 
-    Clock &m_clock;
-    AnswerReader *const m_reader;
     mutable std::mutex m_mutex; // guards everything below
     quint16 m_refusal = NotInitialized;
     quint32 m_maxBody = 0;
@@ -152,16 +135,12 @@ private:
     /// a repeated answer from an earlier connection matches no request.
     quint32 m_lastNumber = 0;
     quint8 m_lastTag = 0;
-    quint16 m_lastStream = 0;
-    SplitSlots m_splitReads{Wire::splitReadLimit};
-    SplitSlots m_splitWrites{Wire::splitWriteLimit};
+    ExchangeStreams m_streams;
+    AnswerWaits m_waits;
+    SendQueue m_unsent; ///< Tags in state Unsent, in the order of submit().
     int m_timedOut = 0;
     Counts m_counts;
-    QByteArray m_storage; ///< Storage of the frame that was sent last.
-    std::deque<quint8> m_unsent; ///< Tags in state Unsent, in the order of submit().
-    std::deque<Slot *> m_waiting; ///< Exchanges whose callers wait and do not receive.
-    const Slot *m_reading = nullptr; ///< The exchange whose caller receives; null if none does.
-    std::array<Slot, 256> m_slots; ///< By tag; 0 is not used.
+    std::array<Slot, 256> m_slots; ///< Indexed by tag; tag 0 is never assigned.
 };
 
 } // namespace Tavoro::SSProxy::Internal

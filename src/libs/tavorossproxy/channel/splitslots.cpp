@@ -94,9 +94,11 @@ quint16 SplitSlots::await(Clock &clock, std::unique_lock<std::mutex> &lock, Time
 
 const SplitSlots::Slot *SplitSlots::find(quint16 stream) const
 {
+    if (stream == 0)
+        return nullptr;
     const auto slot = std::find_if(m_slots.begin(), m_slots.end(),
                                    [=](const Slot &one) { return one.stream == stream; });
-    return stream == 0 || slot == m_slots.end() ? nullptr : &*slot;
+    return slot == m_slots.end() ? nullptr : &*slot;
 }
 
 SplitSlots::Slot *SplitSlots::find(quint16 stream)

@@ -1,38 +1,40 @@
 #pragma once
 
-#include "answerelements_p.h"
 #include "answerreader_p.h"
 #include "channellink_p.h"
+#include "channelreadiness_p.h"
+#include "connectionnotifier_p.h"
+#include "connectionquota_p.h"
 #include "devicecontrol_p.h"
+#include "exchangerunner_p.h"
 #include "exchangetable_p.h"
 #include "expecteddevice_p.h"
+#include "framedispatcher_p.h"
 #include "invalidframes_p.h"
 #include "reportdelivery_p.h"
+#include "requestsender_p.h"
+#include "responsemonitor_p.h"
 #include <tavorossproxy/io/eventloop_p.h>
 
 #include <tavorossproxy/networkchannel.h>
 
+#include <QCoreApplication>
+#include <QString>
+
 #include <atomic>
-#include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 
 namespace Tavoro::SSProxy::Internal {
 
-/// A channel over a stream of bytes.
+/// A channel over a stream of bytes: joins the parts that are its members.
 ///
-/// | member                                    | thread                                     |
-/// |-------------------------------------------|--------------------------------------------|
-/// | the public functions                      | any                                        |
-/// | m_link, its events, m_invalidFrames       | that of the loop, except that sendUnsent() |
-/// |                                           | uses m_link on any, and the events say so  |
-/// | m_connectionHandler                       | that of the loop                           |
-/// | m_control, m_reports                      | as each says                               |
-/// | m_exchanges, m_reader                     | as each says                               |
-/// | m_answerElements                          | any                                        |
-/// | m_state, m_peerName, m_reason, m_info     | any, guarded by m_mutex                    |
-/// | m_connections, m_lastFrameProgress        | written by the loop's thread, read by any  |
+/// | member                               | thread                                       |
+/// |--------------------------------------|----------------------------------------------|
+/// | the public functions                 | any                                          |
+/// | m_link and its events                | that of the loop, except that m_sender uses  |
+/// |                                      | m_link on any, and linkHasFrames() says so   |
+/// | the others                           | as each says                                 |
 class StreamChannel final : public NetworkChannel,
                             public ExpectedDevice,
                             public std::enable_shared_from_this<StreamChannel>,
@@ -57,17 +59,20 @@ public:
 
     std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) override;
-    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override;
-    bool isHardwareReadFinished() override;
-    bool isMasterControl() override { return m_control->isMaster(); }
+    ProtoModel::DeviceBaseInfo deviceBaseInfo() const override { return m_readiness.deviceInfo(); }
+    bool isHardwareReadFinished() override { return m_runner.acceptsRequests(); }
+    bool isMasterControl() override { return m_control.isMaster(); }
     void stopChannel() override;
     bool waitUntilReady(int milliseconds, QString &error) override;
     void reconnectNow() override;
     void moveTo(const QString &host, quint16 port) override;
-    bool requestControl(ControlAction action, QString &error) override;
+    bool requestControl(ControlAction action, QString &error) override
+    {
+        return m_control.request(action, error);
+    }
     RequestOutcome requestOutcome(quint8 lables) override;
     RequestOutcome outcomeOf(const RequestIdentity &id) override;
-    bool readControlHolder(QString &holder) override;
+    bool readControlHolder(QString &holder) override { return m_control.readHolder(holder); }
     DeviceLease readLease() override;
     DeviceLease takeLease(const QString &holder, std::chrono::seconds time) override;
     DeviceLease releaseLease() override;
@@ -77,75 +82,44 @@ public:
     bool connectsTo(const QString &host, quint16 port) const override;
 
 private:
-    enum class State {
-        Waiting,
-        Ready,
-        Stopped
-    };
+    StreamChannel(const QString &peerName, std::unique_ptr<ByteStream> stream,
+                  std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
+                  ReportHandler handler, ControlHandler controlHandler);
 
-    StreamChannel(const QString &peerName, std::shared_ptr<EventLoop> loop,
-                  const ChannelOptions &options);
-
-    void start(std::unique_ptr<ByteStream> stream, const std::weak_ptr<DeviceChannel> &handle,
-               ReportHandler handler, ControlHandler controlHandler);
-
-    bool linkMayConnect() override;
+    bool linkMayConnect() override { return m_quota.acquire(); }
     void linkConnecting() override;
-    void linkIdentifying(const QString &reason) override;
+    void linkIdentifying(const QString &reason) override { m_readiness.setReason(reason); }
     void linkReady(ProtoModel::DeviceBaseInfo info) override;
     void linkLost(quint16 status, const QString &reason, quint32 interruptedAnswer) override;
-    void linkWritable() override { sendUnsent(); }
-    void linkReceived(Wire::FrameEvent &&event) override;
-    void linkAnswered(Wire::FrameEvent &&answer) override;
+    void linkWritable() override { m_sender.sendUnsent(); }
     void linkHasFrames() override;
     void linkHandledFrames() override { m_reader.resume(); }
-    void linkReceiving(const Wire::WireHead &head) override;
-    void linkProgressed(Clock::TimePoint lastProgress) override;
     void linkWantsTick(Clock::TimePoint time) override;
     void loopEnding() override;
 
-    std::shared_ptr<DeviceResponseCommand> exchange(DeviceRequestCommand &request,
-                                                    Exchange &observed);
-    bool maySend(const Wire::WireHead &request, Clock::TimePoint deadline);
-    std::shared_ptr<DeviceResponseCommand> refuseAnswer(const Wire::WireHead &request,
-                                                        quint64 elements);
-    ConnectionState connectionState() const;
-    void notifyConnection();
-    void sendUnsent();
-    void sendOver(ConnectedSocket &socket);
-    void sendOnLoop();
-    void postSending();
-    bool hasStalled() const;
-    void closeConnection(quint64 connection, const QString &reason);
-    void releaseConnection();
-    void stopAccepting(quint16 refusal, const QString &reason);
+    void start(const std::weak_ptr<DeviceChannel> &handle);
+    bool post(std::function<void(StreamChannel &)> call);
+    std::function<QString()> nameForLog();
+    void drop(quint64 connection, const QString &reason);
     void endLink();
-    QString peerName() const;
 
     const std::shared_ptr<EventLoop> m_loop;
     const ChannelOptions m_options;
-    std::unique_ptr<DeviceControl> m_control; ///< Set before the channel is used.
-    std::unique_ptr<ReportDelivery> m_reports; ///< Set before the channel is used.
-    std::unique_ptr<ChannelLink> m_link;
-    InvalidFrames m_invalidFrames;
-    bool m_holdsConnection = false; ///< This channel is counted in EventLoop::connections.
-    std::function<void(const ConnectionState &)> m_connectionHandler; ///< May be empty.
+    std::weak_ptr<DeviceChannel> m_handle; ///< For the handlers. Set before the channel is used.
     AnswerReader m_reader;
     ExchangeTable m_exchanges;
-    AnswerElements m_answerElements;
-    std::mutex m_sendMutex; // held while a thread sends, so that requests keep their order
-    std::atomic<bool> m_isSendingPosted{false};
+    ChannelReadiness m_readiness;
+    RequestSender m_sender;
+    ResponseMonitor m_monitor;
+    ExchangeRunner m_runner;
+    DeviceControl m_control;
+    ReportDelivery m_reports;
+    InvalidFrames m_invalidFrames;
+    FrameDispatcher m_frames;
+    ConnectionQuota m_quota;
+    ConnectionNotifier m_notifier;
+    std::unique_ptr<ChannelLink> m_link; ///< Null if there is no address, and after the end.
     std::atomic<bool> m_isHandlingPosted{false};
-    std::atomic<quint64> m_connections{0};
-    /// When the unfinished incoming frame last made progress; the epoch if there is none.
-    std::atomic<Clock::TimePoint> m_lastFrameProgress{Clock::TimePoint()};
-
-    mutable std::mutex m_mutex; // only m_exchanges is called while it is held
-    std::condition_variable m_stateChanged;
-    State m_state = State::Waiting; // guarded by m_mutex
-    QString m_peerName; // guarded by m_mutex
-    QString m_reason; // guarded by m_mutex: why the channel is not ready
-    ProtoModel::DeviceBaseInfo m_info; // guarded by m_mutex
 };
 
 } // namespace Tavoro::SSProxy::Internal

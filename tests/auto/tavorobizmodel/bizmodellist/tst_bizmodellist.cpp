@@ -1,6 +1,7 @@
 #include <support/tavorobizmodel/modelrecords.h>
 
 #include <tavorobizmodel/devicelist.h>
+#include <tavorobizmodel/deviceupdate.h>
 #include <tavorobizmodel/file.h>
 #include <tavorobizmodel/interface.h>
 #include <tavorobizmodel/layer.h>
@@ -33,6 +34,9 @@ private Q_SLOTS:
     void deviceIsFoundAsSoonAsItIsAppended();
     void otherDevicesAreFoundWhileOneComesAndGoes();
     void deviceIsFoundByItsNewIdentity();
+    void deviceThatReturnsIsFoundByItsNewIdentity();
+    void replacedDeviceThatChangesIsNotFound();
+    void deviceIsFoundByTheIdentityOfItsChannel();
     void deviceIsInTheListOnce();
     void deviceOfTheSameIdentityIsReplaced();
     void deviceThatMovedKeepsItsCropsWithoutASignal();
@@ -99,6 +103,50 @@ void tst_BizModelList::deviceIsFoundByItsNewIdentity()
     device->setIPAddress(QStringLiteral("192.0.2.99"));
     QVERIFY(!found(QStringLiteral("192.0.2.1"), device->MAC(), device->sn()));
     QCOMPARE(found(QStringLiteral("192.0.2.99"), device->MAC(), device->sn()), device);
+}
+
+void tst_BizModelList::deviceThatReturnsIsFoundByItsNewIdentity()
+{
+    const auto device = ModelRecords::device(1);
+    const auto isFound = [&] {
+        return found(device->IPAddress(), device->MAC(), device->sn()) == device;
+    };
+    DeviceList::instance()->append(device);
+    DeviceList::instance()->remove(device);
+    device->setIPAddress(QStringLiteral("192.0.2.99"));
+    QVERIFY(!isFound());
+    DeviceList::instance()->append(device);
+    QVERIFY(isFound());
+    device->setIPAddress(QStringLiteral("192.0.2.98"));
+    QVERIFY(isFound());
+}
+
+void tst_BizModelList::replacedDeviceThatChangesIsNotFound()
+{
+    const auto replaced = ModelRecords::device(1);
+    const auto present = ModelRecords::device(1);
+    DeviceList::instance()->append(replaced);
+    DeviceList::instance()->append(present);
+    replaced->setIPAddress(QStringLiteral("192.0.2.99"));
+    QVERIFY(!found(QStringLiteral("192.0.2.99"), replaced->MAC(), replaced->sn()));
+    present->setIPAddress(QStringLiteral("192.0.2.98"));
+    QCOMPARE(found(QStringLiteral("192.0.2.98"), present->MAC(), present->sn()), present);
+}
+
+void tst_BizModelList::deviceIsFoundByTheIdentityOfItsChannel()
+{
+    const auto device = ModelRecords::device(1);
+    DeviceList::instance()->append(device);
+    QVERIFY(found(device->IPAddress(), device->MAC(), device->sn()));
+    device->updateDeviceBaseInfo(ModelRecords::device(2)->deviceBaseInfo());
+    QCOMPARE(device->sn(), QStringLiteral("0000000000000002"));
+    QCOMPARE(found(device->IPAddress(), device->MAC(), device->sn()), device);
+    Tavoro::BizModel::s_DeviceReading reading;
+    reading.baseInfo = ModelRecords::device(3)->deviceBaseInfo();
+    QString error;
+    QVERIFY2(updateDevice(*device, reading, error), qPrintable(error));
+    QCOMPARE(device->sn(), QStringLiteral("0000000000000003"));
+    QCOMPARE(found(device->IPAddress(), device->MAC(), device->sn()), device);
 }
 
 void tst_BizModelList::deviceIsInTheListOnce()
