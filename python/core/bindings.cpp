@@ -37,13 +37,12 @@ const char *nameOf(Outcome::Kind kind)
 }
 
 std::shared_ptr<Device> openDevice(const std::string &host, std::uint16_t port, bool setsClock,
-                                   double controlIdleTime)
+                                   qint64 controlIdleTime)
 {
     SessionOptions options;
     options.setsClock = setsClock;
     options.readsFileContents = false;
-    options.controlIdleTime =
-        std::chrono::milliseconds(static_cast<qint64>(1000 * controlIdleTime));
+    options.controlIdleTime = std::chrono::milliseconds(controlIdleTime);
     return std::make_shared<Device>(host, port, options);
 }
 

@@ -185,6 +185,7 @@ std::shared_ptr<Pending> Device::fetchTo(int type, int id, const std::string &pa
 
 std::shared_ptr<Pending> Device::upgrade(const std::string &detail)
 {
+    check(QStringLiteral("Auxiliary.setUgradeConfig"), {QString::fromStdString(detail)});
     const auto record = recordFrom<ProtoModel::Auxiliary::s_UpgradeDetail>(detail);
     return start([record](Connection &connection, const auto &pending) {
         if (auto *const session = connection.sessionFor(*pending))

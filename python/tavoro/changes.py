@@ -8,7 +8,7 @@ from dataclasses import dataclass
 from types import TracebackType
 from typing import Any
 
-from . import _core, _dispatcher
+from . import _checks, _core, _dispatcher
 from .state import Record, State, View, identity_of
 
 
@@ -80,6 +80,7 @@ class Subscription:
     """Calls a callback for each change of a device, until it is closed. It may be used in a with statement."""
 
     def __init__(self, device: _core.Device, callback: Callable[[Change], object]) -> None:
+        _checks.callback("callback", callback)
         self._callback = callback
         self._is_closed = threading.Event()
         self._feed = ChangeFeed(device, self._deliver)

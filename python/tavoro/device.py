@@ -6,7 +6,7 @@ from collections.abc import Callable
 from types import TracebackType
 from typing import cast
 
-from . import _core, records
+from . import _checks, _core, records
 from ._calls import decoded, encoded, wait
 from .changes import Change, Subscription
 from .files import Files
@@ -28,8 +28,14 @@ DEFAULT_PORT = 6630
 class DeviceBase:
     """What a Device and its asyncio twin share. Nothing here blocks."""
 
-    def __init__(self, host: str, port: int, sets_clock: bool, control_idle_time: float) -> None:
-        self._core = _core.Device(host, port, sets_clock, control_idle_time)
+    def __init__(self, host: str, port: int, timeout: float, sets_clock: bool, control_idle_time: float) -> None:
+        self._timeout = _checks.milliseconds("timeout", timeout)
+        self._core = _core.Device(
+            _checks.host(host),
+            _checks.integer("port", port),
+            _checks.flag("sets_clock", sets_clock),
+            _checks.milliseconds("control_idle_time", control_idle_time),
+        )
         self._is_closed = False
         self._version = -1
         self._state: State | None = None
@@ -95,7 +101,7 @@ class Device(DeviceBase):
         sets_clock: whether the clock of the device is set.
         control_idle_time: control is given up after these seconds without a write; 0: when the device is closed.
         """
-        super().__init__(host, port, sets_clock, control_idle_time)
+        super().__init__(host, port, timeout, sets_clock, control_idle_time)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)
@@ -104,7 +110,7 @@ class Device(DeviceBase):
         self.file = Files(self._core)
         self.auxiliary = AuxiliaryOperations(self._core)
         try:
-            wait(self._core.ready(round(1000 * timeout)))
+            wait(self._core.ready(self._timeout))
         except BaseException:
             self.close()
             raise
@@ -131,7 +137,7 @@ class Device(DeviceBase):
 
     def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""
-        wait(self._core.take_control(force))
+        wait(self._core.take_control(_checks.flag("force", force)))
 
     def release_control(self) -> None:
         """Gives up control, so that another client can take it."""

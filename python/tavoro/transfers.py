@@ -6,7 +6,7 @@ from collections.abc import Callable
 from dataclasses import dataclass
 from typing import Generic, TypeVar
 
-from . import _core
+from . import _checks, _core
 from ._calls import answer_of
 
 Answer = TypeVar("Answer")
@@ -78,8 +78,9 @@ class Transfer(Generic[Answer]):
 
         An exception of the callback, and Ctrl-C, cancel the transfer.
         """
-        reporter = ProgressReporter(self._pending, progress)
+        _checks.optional_callback("progress", progress)
         try:
+            reporter = ProgressReporter(self._pending, progress)
             while not self._pending.wait(self.INTERVAL):
                 reporter.report()
             reporter.report()

@@ -8,7 +8,7 @@ from collections.abc import Iterable
 from types import TracebackType
 from typing import cast
 
-from .. import _core, records
+from .. import _checks, _core, records
 from .._calls import decoded, encoded
 from ..changes import Change, ChangeFeed
 from ..device import DEFAULT_PORT, DeviceBase
@@ -79,8 +79,7 @@ class Device(DeviceBase):
         control_idle_time: float = 0.0,
     ) -> None:
         """Begins to connect; the arguments are those of tavoro.Device."""
-        super().__init__(host, port, sets_clock, control_idle_time)
-        self._timeout = timeout
+        super().__init__(host, port, timeout, sets_clock, control_idle_time)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)
@@ -92,7 +91,7 @@ class Device(DeviceBase):
     async def connect(self) -> Device:
         """Returns when the device has been read; closes it and raises NotSent if that takes longer than the timeout."""
         try:
-            await finished(self._core.ready(round(1000 * self._timeout)))
+            await finished(self._core.ready(self._timeout))
         except BaseException:
             self.close()
             raise
@@ -117,7 +116,7 @@ class Device(DeviceBase):
 
     async def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""
-        await finished(self._core.take_control(force))
+        await finished(self._core.take_control(_checks.flag("force", force)))
 
     async def release_control(self) -> None:
         """Gives up control, so that another client can take it."""
@@ -131,5 +130,5 @@ class Device(DeviceBase):
         self, detail: records.AuxiliaryUpgradeDetail, progress: ProgressCallback | None = None
     ) -> records.AuxiliaryUpgradePercent:
         """Upgrades the firmware from a package that the device holds. Cancelling the task only ends the wait."""
-        answer = await transferred(self._core.upgrade(encoded(detail)), progress)
+        answer = await transferred(lambda: self._core.upgrade(encoded(detail)), progress)
         return cast("records.AuxiliaryUpgradePercent", decoded(answer))

@@ -59,7 +59,7 @@ def test_an_argument_that_is_not_valid_is_a_value_error(wall: tavoro.Device, rec
 
 
 def test_a_value_that_json_does_not_have_is_a_type_error(wall: tavoro.Device) -> None:
-    with pytest.raises(TypeError, match="object is not a record"):
+    with pytest.raises(TypeError, match="object is not a value of a record"):
         wall.screen.write_freeze([object()])  # type: ignore[list-item]
 
 
