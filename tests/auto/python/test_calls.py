@@ -22,6 +22,12 @@ def test_a_read_takes_filters(wall: tavoro.Device) -> None:
     assert [(screen["screenType"], screen["screenId"]) for screen in screens] == [(2, 2)]
 
 
+def test_filters_are_passed_by_name(wall: tavoro.Device) -> None:
+    layers = wall.layer.read_details(screen_id=1, screen_type=1, scene_type=4, layer_type=-1)
+    assert {layer["layerIdenti"]["sceneType"] for layer in layers} == {4}
+    assert len(wall.interface.read_details(interface_type=2, device_filter=-1)) == 2
+
+
 def test_missing_keys_are_sent_as_defaults(wall: tavoro.Device) -> None:
     wall.screen.write_switch_effect([{"screenId": 1, "screenType": 1, "switchEffect": {"time": 30}}])
     assert wall.screen.read_details()[0]["switchEffect"] == {"time": 30, "direction": 0, "type": 1}
