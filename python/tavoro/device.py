@@ -2,13 +2,16 @@
 
 from __future__ import annotations
 
+import threading
 from collections.abc import Callable
-from types import TracebackType
-from typing import cast
+from typing import Self, TypeVar, cast
+from weakref import WeakSet
 
 from . import _checks, _core, records
 from ._calls import decoded, encoded, wait
+from ._closing import Closing
 from .changes import Change, Subscription
+from .failures import closed_device
 from .files import Files
 from .operations import (
     AuxiliaryOperations,
@@ -24,6 +27,8 @@ from .transfers import Transfer
 DEFAULT_PORT = 6630
 """TCP port on which a device listens."""
 
+Follower = TypeVar("Follower", bound=Closing)
+
 
 class DeviceBase:
     """What a Device and its asyncio twin share. Nothing here blocks."""
@@ -36,7 +41,9 @@ class DeviceBase:
             _checks.flag("sets_clock", sets_clock),
             _checks.milliseconds("control_idle_time", control_idle_time),
         )
-        self._is_closed = False
+        self._lock = threading.RLock()
+        self._is_closed = False  # guarded by the lock, as the next one
+        self._followers: WeakSet[Closing] = WeakSet()
         self._version = -1
         self._state: State | None = None
 
@@ -63,9 +70,30 @@ class DeviceBase:
         return not self._is_closed and self.state.session.get("state") == "ready"
 
     def close(self) -> None:
-        """Disconnects. Calls that wait end as NotSent, those under way as Unknown. state keeps what it showed before."""
-        self._is_closed = True
+        """Disconnects, and ends all subscriptions. Closing a device again has no effect.
+
+        Calls that wait end as NotSent, those under way as Unknown; later calls raise NotSent. state keeps what it
+        showed before.
+        """
+        with self._lock:
+            self._is_closed = True
+            followers = list(self._followers)
+            self._followers.clear()
+        for follower in followers:
+            follower.close()
         self._core.close()
+
+    def _check_open(self) -> None:
+        if self._is_closed:
+            raise closed_device()
+
+    def _follow(self, start: Callable[[], Follower]) -> Follower:
+        """Starts something that close() closes."""
+        with self._lock:
+            self._check_open()
+            follower = start()
+            self._followers.add(follower)
+        return follower
 
     def __repr__(self) -> str:
         session = self.state.session
@@ -73,7 +101,7 @@ class DeviceBase:
         return f"<tavoro device {session.get('address')}: {text}>"
 
 
-class Device(DeviceBase):
+class Device(DeviceBase, Closing):
     """A device whose operations block until it has answered. Connects, and reads the device.
 
     >>> with tavoro.Device("192.0.2.10") as wall:
@@ -115,13 +143,9 @@ class Device(DeviceBase):
             self.close()
             raise
 
-    def __enter__(self) -> Device:
+    def __enter__(self) -> Self:
+        self._check_open()
         return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()
 
     def updated_state(self) -> State:
         """Waits until the state contains what the calls that have ended have changed, and returns it."""
@@ -130,10 +154,11 @@ class Device(DeviceBase):
 
     def subscribe(self, callback: Callable[[Change], object]) -> Subscription:
         """Calls callback for each change, on a thread that all callbacks share. Changes of one object may be combined.
+        The calls end when the Subscription or the device is closed.
 
         The callback may call operations. Its exceptions are logged, see the logger "tavoro".
         """
-        return Subscription(self._core, callback)
+        return self._follow(lambda: Subscription(self._core, callback))
 
     def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""

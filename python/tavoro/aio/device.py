@@ -10,6 +10,7 @@ from typing import cast
 
 from .. import _checks, _core, records
 from .._calls import decoded, encoded
+from .._closing import Closing
 from ..changes import Change, ChangeFeed
 from ..device import DEFAULT_PORT, DeviceBase
 from ..discovery import FoundDevice, Target, found_devices, start_discovery
@@ -33,15 +34,18 @@ async def discover(timeout: float = 1.0, targets: Iterable[Target] = ()) -> list
     return found_devices(await finished(start_discovery(timeout, targets)))
 
 
-class Changes:
-    """The changes of a device, for "async for". Changes of one object may be combined."""
+class Changes(Closing):
+    """The changes of a device, for "async for". Changes of one object may be combined.
+
+    The iteration ends when this object or the device is closed. May be used in a with statement.
+    """
 
     def __init__(self, device: _core.Device) -> None:
-        loop = asyncio.get_running_loop()
+        self._loop = asyncio.get_running_loop()
         self._awake = asyncio.Event()
         self._waiting: deque[Change] = deque()
         self._is_closed = False
-        self._feed = ChangeFeed(device, lambda _: call_soon(loop, self._awake.set))
+        self._feed = ChangeFeed(device, lambda _: call_soon(self._loop, self._awake.set))
 
     def __aiter__(self) -> Changes:
         return self
@@ -59,7 +63,7 @@ class Changes:
         """Ends the iteration."""
         self._is_closed = True
         self._feed.close()
-        self._awake.set()
+        call_soon(self._loop, self._awake.set)
 
 
 class Device(DeviceBase):
@@ -111,8 +115,8 @@ class Device(DeviceBase):
         return self.state
 
     def changes(self) -> Changes:
-        """The changes from now on, for "async for". Close it when it is not used any more."""
-        return Changes(self._core)
+        """The changes from now on, for "async for", until they or the device are closed."""
+        return self._follow(lambda: Changes(self._core))
 
     async def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""
