@@ -21,6 +21,7 @@ RANGES: dict[str, tuple[int, int, str]] = {
     "port":               (1,    65535,           ""),
     "timeout":            (0,    DAY,             " seconds"),
     "control_idle_time":  (0,    DAY,             " seconds"),
+    "poll_interval":      (0,    DAY,             " seconds"),
     "type":               (0,    LAST_FILE,       ""),
     "id":                 (0,    LAST_FILE,       ""),
     "width":              (0,    LARGEST_INTEGER, " pixels"),

@@ -33,13 +33,16 @@ Follower = TypeVar("Follower", bound=Closing)
 class DeviceBase:
     """What a Device and its asyncio twin share. Nothing here blocks."""
 
-    def __init__(self, host: str, port: int, timeout: float, sets_clock: bool, control_idle_time: float) -> None:
+    def __init__(
+        self, host: str, port: int, timeout: float, sets_clock: bool, control_idle_time: float, poll_interval: float
+    ) -> None:
         self._timeout = _checks.milliseconds("timeout", timeout)
         self._core = _core.Device(
             _checks.host(host),
             _checks.integer("port", port),
             _checks.flag("sets_clock", sets_clock),
             _checks.milliseconds("control_idle_time", control_idle_time),
+            _checks.milliseconds("poll_interval", poll_interval),
         )
         self._lock = threading.RLock()
         self._is_closed = False  # guarded by the lock, as the next one
@@ -122,14 +125,18 @@ class Device(DeviceBase, Closing):
         timeout: float = 10.0,
         sets_clock: bool = True,
         control_idle_time: float = 0.0,
+        poll_interval: float = 0.0,
     ) -> None:
         """Blocks until the device has been read, and raises NotSent if that takes longer than the timeout.
 
         timeout: seconds within which the device must be connected and read.
         sets_clock: whether the clock of the device is set.
         control_idle_time: control is given up after these seconds without a write; 0: when the device is closed.
+        poll_interval: seconds between two readings of the device, which find what other clients change; 0: never.
+
+        Objects of one program for the same address share a connection, with the last three settings of the first one.
         """
-        super().__init__(host, port, timeout, sets_clock, control_idle_time)
+        super().__init__(host, port, timeout, sets_clock, control_idle_time, poll_interval)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)

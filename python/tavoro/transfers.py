@@ -64,6 +64,10 @@ class Transfer(Generic[Answer]):
         """The progress at this moment."""
         return Progress(*self._pending.progress)
 
+    def __repr__(self) -> str:
+        progress = self.progress
+        return f"<tavoro transfer: {progress.done} of {progress.total}, {'ended' if self.is_done else 'under way'}>"
+
     @property
     def is_done(self) -> bool:
         """Whether the transfer has ended."""

@@ -81,9 +81,10 @@ class Device(DeviceBase):
         timeout: float = 10.0,
         sets_clock: bool = True,
         control_idle_time: float = 0.0,
+        poll_interval: float = 0.0,
     ) -> None:
         """Begins to connect; the arguments are those of tavoro.Device."""
-        super().__init__(host, port, timeout, sets_clock, control_idle_time)
+        super().__init__(host, port, timeout, sets_clock, control_idle_time, poll_interval)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)

@@ -33,6 +33,7 @@ DEVICE_ARGUMENTS: list[tuple[dict[str, Any], type[Exception], str]] = [
     ({"sets_clock": None},           TypeError,  "sets_clock must be True or False, not NoneType"),
     ({"control_idle_time": -0.5},    ValueError, "control_idle_time must be 0 to 86400 seconds, not -0.5"),
     ({"control_idle_time": "1"},     TypeError,  "control_idle_time must be a number of seconds, not str"),
+    ({"poll_interval": -1},          ValueError, "poll_interval must be 0 to 86400 seconds, not -1"),
 ]
 
 SEARCH_ARGUMENTS: list[tuple[dict[str, Any], type[Exception], str]] = [

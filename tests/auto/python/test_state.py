@@ -9,7 +9,7 @@ import pytest
 import tavoro
 from tavoro.changes import differences
 
-from conftest import PATIENCE, Simulator, wait_until
+from conftest import PATIENCE, Script, Simulator, wait_until
 
 
 def freeze(wall: tavoro.Device, value: int) -> None:
@@ -105,6 +105,21 @@ def test_new_and_removed_objects_are_changes(wall: tavoro.Device) -> None:
     ]
     assert added.before is None and added.after is not None
     assert removed.before == added.after and removed.after is None
+
+
+def test_polling_finds_what_another_client_has_changed(simulator: Simulator) -> None:
+    changes: queue.Queue[tavoro.Change] = queue.Queue()
+    other = """
+        import sys, tavoro
+        with tavoro.Device("127.0.0.1", int(sys.argv[1]), timeout=60) as wall:
+            wall.screen.write_freeze([{"screenId": 1, "screenType": 1, "freeze": 1}])
+    """
+    with simulator.open(poll_interval=0.05) as wall, wall.subscribe(changes.put):
+        assert Script(other, simulator.port).finish() == (0, "", "")
+        change = changes.get(timeout=PATIENCE)
+        while change.kind != "screens":  # control changes as well
+            change = changes.get(timeout=PATIENCE)
+    assert (change.identity, change.keys) == ({"screenType": 1, "screenId": 1}, ["freeze"])
 
 
 def test_the_loss_of_the_connection_is_a_change(simulator: Simulator, wall: tavoro.Device) -> None:
