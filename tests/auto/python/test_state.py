@@ -54,7 +54,7 @@ def test_a_view_can_only_be_read(wall: tavoro.Device) -> None:
         general.name = "other"
     with pytest.raises(TypeError):
         general["name"] = "other"
-    with pytest.raises(AttributeError, match='the record does not have the key "nmae"'):
+    with pytest.raises(AttributeError, match=r'^the record does not have the key "nmae"; did you mean "name"\?$'):
         general.nmae
     changed = general.copy()
     changed["name"] = "other"
@@ -65,6 +65,16 @@ def test_an_object_that_does_not_exist_is_a_lookup_error(wall: tavoro.Device) ->
     with pytest.raises(LookupError, match="the device does not have an object with {'screenId': 9} among its screens"):
         wall.state.screens.find(screenId=9)
     assert list(wall.state.screens.where(screenId=9)) == []
+
+
+def test_an_unknown_key_of_a_search_is_a_lookup_error(wall: tavoro.Device) -> None:
+    text = 'a record of the screens does not have the key "screen_id"; did you mean "screenId"?'
+    for search in (wall.state.screens.find, wall.state.screens.where):
+        with pytest.raises(LookupError) as raised:
+            search(screenType=1, screen_id=1)
+        assert raised.value.args == (text,)
+    with pytest.raises(LookupError, match='^a record of the layers does not have the key "x"$'):
+        wall.state.layers.find(x=1)
 
 
 def test_the_updated_state_has_what_a_call_has_changed(wall: tavoro.Device) -> None:
