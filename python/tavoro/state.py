@@ -87,6 +87,9 @@ class View(Mapping[str, Any]):
     def __repr__(self) -> str:
         return repr(self._record)
 
+    def __reduce__(self) -> tuple[Any, ...]:
+        return View, (self._record,)
+
     def __dir__(self) -> list[str]:
         return [*super().__dir__(), *self._record]
 
@@ -155,6 +158,9 @@ class ScreenView(View):
     def __init__(self, record: Record, layers: Objects[View]) -> None:
         super().__init__(record)
         object.__setattr__(self, "_layers", layers)
+
+    def __reduce__(self) -> tuple[Any, ...]:
+        return ScreenView, (self._record, self._layers)
 
     @property
     def layers(self) -> Objects[View]:

@@ -2,8 +2,11 @@
 
 from __future__ import annotations
 
+import copy
+import pickle
 import queue
 from collections.abc import Callable
+from typing import Any
 
 import pytest
 import tavoro
@@ -59,6 +62,15 @@ def test_a_view_can_only_be_read(wall: tavoro.Device) -> None:
     changed = general.copy()
     changed["name"] = "other"
     assert general.name == "Main"
+
+
+@pytest.mark.parametrize("copied", [copy.copy, copy.deepcopy, lambda value: pickle.loads(pickle.dumps(value))])
+def test_a_state_may_be_copied(wall: tavoro.Device, copied: Callable[[Any], Any]) -> None:
+    state = copied(wall.state)
+    assert state.records() == wall.state.records()
+    screen = copied(wall.state.screens[0])
+    assert screen == wall.state.screens[0]
+    assert list(screen.programme) == list(wall.state.screens[0].programme)
 
 
 def test_an_object_that_does_not_exist_is_a_lookup_error(wall: tavoro.Device) -> None:
