@@ -47,8 +47,7 @@ class DeviceBase:
         self._lock = threading.RLock()
         self._is_closed = False  # guarded by the lock, as the next one
         self._followers: WeakSet[Closing] = WeakSet()
-        self._version = -1
-        self._state: State | None = None
+        self._latest: tuple[int, State] | None = None
 
     @property
     def state(self) -> State:
@@ -58,9 +57,10 @@ class DeviceBase:
         again shortly afterwards: see updated_state().
         """
         version = self._core.version
-        if self._state is None or version != self._version:
-            self._version, self._state = version, State(self._core.state)
-        return self._state
+        latest = self._latest
+        if latest is None or latest[0] != version:
+            self._latest = latest = (version, State(self._core.state))
+        return latest[1]
 
     @property
     def name(self) -> str:
