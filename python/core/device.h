@@ -46,7 +46,7 @@ public:
 
     /// Sends a content. \a file is the record File::s_FileInfo. Throws std::invalid_argument if it
     /// is not valid.
-    std::shared_ptr<Pending> send(const std::string &file, const std::string &content);
+    std::shared_ptr<Pending> send(const std::string &file, std::string content);
     /// Sends the content of a local file.
     std::shared_ptr<Pending> sendFrom(const std::string &file, const std::string &path);
     /// The answer is the content of a file.
