@@ -19,8 +19,8 @@ def line_of(change: tavoro.Change) -> str:
 
 async def watch(wall: tavoro.aio.Device) -> None:
     """Prints the changes of a device. A lost connection comes back by itself."""
-    print(wall.state.session.text, flush=True)
-    with wall.changes() as changes:
+    with wall.changes() as changes:  # before the state is printed, so that no change is missed
+        print(wall.state.session.text, flush=True)
         async for change in changes:
             print(f"{wall.name}: {line_of(change)}", flush=True)
 
