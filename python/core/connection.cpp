@@ -17,8 +17,8 @@ namespace {
 /// How many connections use each session. Belongs to the runtime's thread.
 QHash<DeviceSession *, int> &users()
 {
-    static QHash<DeviceSession *, int> users;
-    return users;
+    static QHash<DeviceSession *, int> counts;
+    return counts;
 }
 
 const char *nameOf(DeviceState::Kind kind)
