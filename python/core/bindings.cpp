@@ -37,13 +37,14 @@ const char *nameOf(Outcome::Kind kind)
 }
 
 std::shared_ptr<Device> openDevice(const std::string &host, std::uint16_t port, bool setsClock,
-                                   double controlIdleTime)
+                                   qint64 controlIdleTime, qint64 pollInterval)
 {
     SessionOptions options;
     options.setsClock = setsClock;
     options.readsFileContents = false;
-    options.controlIdleTime =
-        std::chrono::milliseconds(static_cast<qint64>(1000 * controlIdleTime));
+    options.controlIdleTime = std::chrono::milliseconds(controlIdleTime);
+    const std::chrono::milliseconds interval(pollInterval);
+    options.poll = {interval, interval, interval, interval, interval};
     return std::make_shared<Device>(host, port, options);
 }
 
@@ -85,7 +86,7 @@ void defineDevice(py::module_ &module)
 {
     py::class_<Device, std::shared_ptr<Device>>(module, "Device")
         .def(py::init(&openDevice), py::arg("host"), py::arg("port"), py::arg("sets_clock"),
-             py::arg("control_idle_time"))
+             py::arg("control_idle_time"), py::arg("poll_interval"))
         .def("close", &Device::close)
         .def("ready", &Device::ready, py::arg("milliseconds"))
         .def("call", &Device::call, py::arg("name"), py::arg("arguments"))

@@ -14,11 +14,11 @@ namespace Tavoro::Python {
 
 namespace {
 
-/// How many connections use a session.
-int &usersOf(DeviceSession *session)
+/// How many connections use each session. Belongs to the runtime's thread.
+QHash<DeviceSession *, int> &users()
 {
-    static QHash<DeviceSession *, int> users;
-    return users[session];
+    static QHash<DeviceSession *, int> counts;
+    return counts;
 }
 
 const char *nameOf(DeviceState::Kind kind)
@@ -56,6 +56,19 @@ Result notReady(const DeviceSession &session)
     return notSent(session.state().reason.toStdString(), session.stateText().toStdString());
 }
 
+/// The state of a session that is still connecting or reading does not say what is wrong.
+Result notInTime(const DeviceSession &session, int milliseconds)
+{
+    const DeviceState::Kind kind = session.state().kind;
+    if (kind != DeviceState::Connecting && kind != DeviceState::Reading)
+        return notReady(session);
+    const QString text = QStringLiteral("%1 was not ready within %2 s: %3")
+                             .arg(session.address())
+                             .arg(milliseconds / 1000.0)
+                             .arg(session.stateText());
+    return notSent("the device was not ready in time", text.toStdString());
+}
+
 } // namespace
 
 Connection::Connection(std::shared_ptr<ModelState> state)
@@ -70,7 +83,7 @@ Connection::~Connection()
 void Connection::open(const QString &host, quint16 port, const SessionOptions &options)
 {
     m_session = Runtime::instance().session().open(host, port, options);
-    ++usersOf(m_session);
+    ++users()[m_session];
     m_context = std::make_unique<QObject>();
     const auto publishNow = [this] {
         publish();
@@ -105,8 +118,10 @@ void Connection::close()
     }
     DeviceSession *const session = m_session;
     m_session = nullptr;
-    if (--usersOf(session) == 0)
-        delete session;
+    if (--users()[session] > 0)
+        return;
+    users().remove(session);
+    delete session;
 }
 
 void Connection::whenReady(const std::shared_ptr<Pending> &pending, int milliseconds)
@@ -116,8 +131,9 @@ void Connection::whenReady(const std::shared_ptr<Pending> &pending, int millisec
         return;
     m_waiting.push_back(pending);
     endWaiting();
-    QTimer::singleShot(milliseconds, m_context.get(),
-                       [this, pending] { pending->finish(notReady(*m_session)); });
+    QTimer::singleShot(milliseconds, m_context.get(), [this, pending, milliseconds] {
+        pending->finish(notInTime(*m_session, milliseconds));
+    });
 }
 
 DeviceSession *Connection::sessionFor(Pending &pending) const

@@ -51,6 +51,14 @@ Record recordFrom(const std::string &json)
     return record;
 }
 
+ProtoModel::s_FileIdentity identityOf(int type, int id)
+{
+    ProtoModel::s_FileIdentity identity;
+    identity.fileType = type;
+    identity.fileId = id;
+    return identity;
+}
+
 } // namespace
 
 Device::Device(const std::string &host, std::uint16_t port, const SessionOptions &options)
@@ -135,12 +143,14 @@ std::shared_ptr<Pending> Device::readControlHolder()
     });
 }
 
-std::shared_ptr<Pending> Device::send(const std::string &file, const std::string &content)
+std::shared_ptr<Pending> Device::send(const std::string &file, std::string content)
 {
     const auto info = recordFrom<ProtoModel::File::s_FileInfo>(file);
-    return start([info, content](Connection &connection, const auto &pending) {
+    // Shared, since a function that is posted may be copied, and a content may have 2 GiB.
+    const auto held = std::make_shared<std::string>(std::move(content));
+    return start([info, held](Connection &connection, const auto &pending) {
         if (auto *const session = connection.sessionFor(*pending))
-            followProgress(session->files().send(info, content), pending);
+            followProgress(session->files().send(info, std::move(*held)), pending);
     });
 }
 
@@ -152,18 +162,6 @@ std::shared_ptr<Pending> Device::sendFrom(const std::string &file, const std::st
             followProgress(session->files().sendFrom(info, QString::fromStdString(path)), pending);
     });
 }
-
-namespace {
-
-ProtoModel::s_FileIdentity identityOf(int type, int id)
-{
-    ProtoModel::s_FileIdentity identity;
-    identity.fileType = type;
-    identity.fileId = id;
-    return identity;
-}
-
-} // namespace
 
 std::shared_ptr<Pending> Device::fetch(int type, int id)
 {
@@ -185,6 +183,7 @@ std::shared_ptr<Pending> Device::fetchTo(int type, int id, const std::string &pa
 
 std::shared_ptr<Pending> Device::upgrade(const std::string &detail)
 {
+    check(QStringLiteral("Auxiliary.setUgradeConfig"), {QString::fromStdString(detail)});
     const auto record = recordFrom<ProtoModel::Auxiliary::s_UpgradeDetail>(detail);
     return start([record](Connection &connection, const auto &pending) {
         if (auto *const session = connection.sessionFor(*pending))

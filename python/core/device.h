@@ -46,15 +46,15 @@ public:
 
     /// Sends a content. \a file is the record File::s_FileInfo. Throws std::invalid_argument if it
     /// is not valid.
-    std::shared_ptr<Pending> send(const std::string &file, const std::string &content);
+    std::shared_ptr<Pending> send(const std::string &file, std::string content);
     /// Sends the content of a local file.
     std::shared_ptr<Pending> sendFrom(const std::string &file, const std::string &path);
     /// The answer is the content of a file.
     std::shared_ptr<Pending> fetch(int type, int id);
     /// Fetches the content of a file into a local file.
     std::shared_ptr<Pending> fetchTo(int type, int id, const std::string &path);
-    /// Starts a firmware upgrade, and follows it. \a detail is the record
-    /// Auxiliary::s_UpgradeDetail. Throws std::invalid_argument if it is not valid.
+    /// Starts a firmware upgrade, and follows it. \a detail is the argument of the operation
+    /// Auxiliary.setUgradeConfig. Throws std::invalid_argument if it is not valid.
     std::shared_ptr<Pending> upgrade(const std::string &detail);
 
     /// What is known about the device.

@@ -15,6 +15,7 @@ def show(change: tavoro.Change) -> None:
 try:
     with tavoro.Device(sys.argv[1], int(sys.argv[2])) as wall, wall.subscribe(show):
         print(wall.state.session.text, flush=True)
-        threading.Event().wait()
+        while not threading.Event().wait(1):  # wakes for a Ctrl-C that another thread has received
+            pass
 except KeyboardInterrupt:
     pass

@@ -13,11 +13,12 @@ import records
 def main(table_path: str, folder: str) -> None:
     """Writes all files of the folder."""
     table = json.loads(Path(table_path).read_text(encoding="utf-8"))
+    operations, definitions = table["operations"], table["records"]["$defs"]
     package = Path(folder)
     texts = {
-        package / "records.py": records.text_of(table["records"]["$defs"]),
-        package / "operations.py": methods.text_of(table["operations"], "blocking"),
-        package / "aio" / "operations.py": methods.text_of(table["operations"], "asyncio"),
+        package / "records.py": records.text_of(definitions),
+        package / "operations.py": methods.text_of(operations, definitions, "blocking"),
+        package / "aio" / "operations.py": methods.text_of(operations, definitions, "asyncio"),
     }
     for path, text in texts.items():
         path.parent.mkdir(exist_ok=True)

@@ -7,11 +7,27 @@ from typing import Any
 
 Schema = dict[str, Any]
 
+# fmt: off
+ARGUMENT_NAMES = {
+    # Names of the table that only count the filters of a read.
+    ("Interface.readDetails", "first"):   "interface_type",
+    ("Interface.readDetails", "second"):  "device_filter",
+    ("Screen.readDetails",    "third"):   "device_filter",
+    ("Layer.readDetails",     "third"):   "scene_type",
+    ("Layer.readDetails",     "fourth"):  "layer_type",
+}
+# fmt: on
+
 
 def snake_case(name: str) -> str:
     """writeFTB -> write_ftb, writeZOrder -> write_z_order."""
     words = re.sub(r"(.)([A-Z][a-z]+)", r"\1_\2", name)
     return re.sub(r"([a-z0-9])([A-Z])", r"\1_\2", words).lower()
+
+
+def argument_name(operation: str, name: str) -> str:
+    """The name of an argument of an operation: screenId -> screen_id."""
+    return ARGUMENT_NAMES.get((operation, name), snake_case(name))
 
 
 def record_name(definition: str) -> str:

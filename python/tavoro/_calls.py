@@ -3,22 +3,33 @@
 from __future__ import annotations
 
 import json
-from collections.abc import Mapping
+from collections.abc import Mapping, Sequence
+from numbers import Integral
 from typing import Any
 
 from . import _core
 from .failures import failure_of
 
 
-def encoded(value: object) -> str:
-    """The JSON text of an argument of a call. A text is passed as it is."""
+def _plain(value: object) -> object:
+    """What JSON has for a view, or for a type of a library."""
+    match value:
+        case Mapping():
+            return dict(value)
+        case Sequence() if not isinstance(value, bytes | bytearray | memoryview):
+            return list(value)
+        case Integral():
+            return int(value)
+    raise TypeError(f"{type(value).__name__} is not a value of a record")
 
-    def plain(view: object) -> object:
-        if isinstance(view, Mapping):
-            return dict(view)
-        raise TypeError(f"{type(view).__name__} is not a record")
 
-    return value if isinstance(value, str) else json.dumps(value, ensure_ascii=False, default=plain)
+def encoded(argument: object) -> str:
+    """The JSON text of an argument of a call."""
+    if isinstance(argument, bool | str | bytes) or not isinstance(argument, Integral | Mapping | Sequence):
+        raise TypeError(
+            f"an argument must be a whole number, a record or a list of records, not {type(argument).__name__}"
+        )
+    return json.dumps(argument, ensure_ascii=False, default=_plain)
 
 
 def answer_of(pending: _core.Pending) -> bytes:

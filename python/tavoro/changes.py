@@ -5,10 +5,10 @@ from __future__ import annotations
 import threading
 from collections.abc import Callable, Mapping
 from dataclasses import dataclass
-from types import TracebackType
 from typing import Any
 
-from . import _core, _dispatcher
+from . import _checks, _core, _dispatcher
+from ._closing import Closing
 from .state import Record, State, View, identity_of
 
 
@@ -76,10 +76,11 @@ class ChangeFeed:
         _dispatcher.unregister(self._key)
 
 
-class Subscription:
-    """Calls a callback for each change of a device, until it is closed. It may be used in a with statement."""
+class Subscription(Closing):
+    """Calls a callback for each change of a device, until it or the device is closed. May be used in a with statement."""
 
     def __init__(self, device: _core.Device, callback: Callable[[Change], object]) -> None:
+        _checks.callback("callback", callback)
         self._callback = callback
         self._is_closed = threading.Event()
         self._feed = ChangeFeed(device, self._deliver)
@@ -93,11 +94,3 @@ class Subscription:
         """Ends the calls. A call that is under way on another thread continues to its end."""
         self._is_closed.set()
         self._feed.close()
-
-    def __enter__(self) -> Subscription:
-        return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()

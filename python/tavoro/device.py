@@ -2,13 +2,16 @@
 
 from __future__ import annotations
 
+import threading
 from collections.abc import Callable
-from types import TracebackType
-from typing import cast
+from typing import Self, TypeVar, cast
+from weakref import WeakSet
 
-from . import _core, records
+from . import _checks, _core, records
 from ._calls import decoded, encoded, wait
+from ._closing import Closing
 from .changes import Change, Subscription
+from .failures import closed_device
 from .files import Files
 from .operations import (
     AuxiliaryOperations,
@@ -24,15 +27,27 @@ from .transfers import Transfer
 DEFAULT_PORT = 6630
 """TCP port on which a device listens."""
 
+Follower = TypeVar("Follower", bound=Closing)
+
 
 class DeviceBase:
     """What a Device and its asyncio twin share. Nothing here blocks."""
 
-    def __init__(self, host: str, port: int, sets_clock: bool, control_idle_time: float) -> None:
-        self._core = _core.Device(host, port, sets_clock, control_idle_time)
-        self._is_closed = False
-        self._version = -1
-        self._state: State | None = None
+    def __init__(
+        self, host: str, port: int, timeout: float, sets_clock: bool, control_idle_time: float, poll_interval: float
+    ) -> None:
+        self._timeout = _checks.milliseconds("timeout", timeout)
+        self._core = _core.Device(
+            _checks.host(host),
+            _checks.integer("port", port),
+            _checks.flag("sets_clock", sets_clock),
+            _checks.milliseconds("control_idle_time", control_idle_time),
+            _checks.milliseconds("poll_interval", poll_interval),
+        )
+        self._lock = threading.RLock()
+        self._is_closed = False  # guarded by the lock, as the next one
+        self._followers: WeakSet[Closing] = WeakSet()
+        self._latest: tuple[int, State] | None = None
 
     @property
     def state(self) -> State:
@@ -42,9 +57,10 @@ class DeviceBase:
         again shortly afterwards: see updated_state().
         """
         version = self._core.version
-        if self._state is None or version != self._version:
-            self._version, self._state = version, State(self._core.state)
-        return self._state
+        latest = self._latest
+        if latest is None or latest[0] != version:
+            self._latest = latest = (version, State(self._core.state))
+        return latest[1]
 
     @property
     def name(self) -> str:
@@ -57,9 +73,30 @@ class DeviceBase:
         return not self._is_closed and self.state.session.get("state") == "ready"
 
     def close(self) -> None:
-        """Disconnects. Calls that wait end as NotSent, those under way as Unknown. state keeps what it showed before."""
-        self._is_closed = True
+        """Disconnects, and ends all subscriptions. Closing a device again has no effect.
+
+        Calls that wait end as NotSent, those under way as Unknown; later calls raise NotSent. state keeps what it
+        showed before.
+        """
+        with self._lock:
+            self._is_closed = True
+            followers = list(self._followers)
+            self._followers.clear()
+        for follower in followers:
+            follower.close()
         self._core.close()
+
+    def _check_open(self) -> None:
+        if self._is_closed:
+            raise closed_device()
+
+    def _follow(self, start: Callable[[], Follower]) -> Follower:
+        """Starts something that close() closes."""
+        with self._lock:
+            self._check_open()
+            follower = start()
+            self._followers.add(follower)
+        return follower
 
     def __repr__(self) -> str:
         session = self.state.session
@@ -67,7 +104,7 @@ class DeviceBase:
         return f"<tavoro device {session.get('address')}: {text}>"
 
 
-class Device(DeviceBase):
+class Device(DeviceBase, Closing):
     """A device whose operations block until it has answered. Connects, and reads the device.
 
     >>> with tavoro.Device("192.0.2.10") as wall:
@@ -88,14 +125,18 @@ class Device(DeviceBase):
         timeout: float = 10.0,
         sets_clock: bool = True,
         control_idle_time: float = 0.0,
+        poll_interval: float = 0.0,
     ) -> None:
         """Blocks until the device has been read, and raises NotSent if that takes longer than the timeout.
 
         timeout: seconds within which the device must be connected and read.
         sets_clock: whether the clock of the device is set.
         control_idle_time: control is given up after these seconds without a write; 0: when the device is closed.
+        poll_interval: seconds between two readings of the device, which find what other clients change; 0: never.
+
+        Objects of one program for the same address share a connection, with the last three settings of the first one.
         """
-        super().__init__(host, port, sets_clock, control_idle_time)
+        super().__init__(host, port, timeout, sets_clock, control_idle_time, poll_interval)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)
@@ -104,18 +145,14 @@ class Device(DeviceBase):
         self.file = Files(self._core)
         self.auxiliary = AuxiliaryOperations(self._core)
         try:
-            wait(self._core.ready(round(1000 * timeout)))
+            wait(self._core.ready(self._timeout))
         except BaseException:
             self.close()
             raise
 
-    def __enter__(self) -> Device:
+    def __enter__(self) -> Self:
+        self._check_open()
         return self
-
-    def __exit__(
-        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
-    ) -> None:
-        self.close()
 
     def updated_state(self) -> State:
         """Waits until the state contains what the calls that have ended have changed, and returns it."""
@@ -124,14 +161,15 @@ class Device(DeviceBase):
 
     def subscribe(self, callback: Callable[[Change], object]) -> Subscription:
         """Calls callback for each change, on a thread that all callbacks share. Changes of one object may be combined.
+        The calls end when the Subscription or the device is closed.
 
         The callback may call operations. Its exceptions are logged, see the logger "tavoro".
         """
-        return Subscription(self._core, callback)
+        return self._follow(lambda: Subscription(self._core, callback))
 
     def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""
-        wait(self._core.take_control(force))
+        wait(self._core.take_control(_checks.flag("force", force)))
 
     def release_control(self) -> None:
         """Gives up control, so that another client can take it."""

@@ -7,7 +7,7 @@ from collections.abc import Iterable
 from dataclasses import dataclass
 from typing import Any
 
-from . import _core
+from . import _checks, _core
 from ._calls import wait
 
 DISCOVERY_PORT = 6631
@@ -43,10 +43,21 @@ def _found(identity: dict[str, Any]) -> FoundDevice:
     )
 
 
+def _place_of(target: object) -> tuple[str, int]:
+    """Address and port of a target."""
+    match target:
+        case str():
+            return _checks.ipv4_address("a target", target), DISCOVERY_PORT
+        case (address, port):
+            return _checks.ipv4_address("a target", address), _checks.integer("port", port)
+    raise TypeError(f"a target must be an address, or a tuple of address and port, not {target!r}")
+
+
 def start_discovery(timeout: float, targets: Iterable[Target]) -> _core.Pending:
     """Begins a search."""
-    places = [target if isinstance(target, tuple) else (target, DISCOVERY_PORT) for target in targets]
-    return _core.discover(round(1000 * timeout), places)
+    if isinstance(targets, str) or not isinstance(targets, Iterable):
+        raise TypeError(f"targets must be a list of addresses, not {targets!r}; write [{targets!r}]")
+    return _core.discover(_checks.milliseconds("timeout", timeout), [_place_of(target) for target in targets])
 
 
 def found_devices(answer: bytes) -> list[FoundDevice]:

@@ -62,6 +62,11 @@ class Unknown(Failure):
     outcome = Outcome.UNKNOWN
 
 
+def closed_device() -> NotSent:
+    """The exception for what needs a device that is open."""
+    return NotSent("The device is closed.", "the device is closed")
+
+
 def failure_of(pending: _core.Pending) -> Failure:
     """The exception for something that has ended without success."""
     classes: dict[str, type[Failure]] = {kind.outcome.value: kind for kind in (Refused, NotSent, Unknown)}

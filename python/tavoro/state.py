@@ -3,8 +3,9 @@
 from __future__ import annotations
 
 import copy
+import difflib
 import json
-from collections.abc import Iterator, Mapping, Sequence
+from collections.abc import Iterable, Iterator, Mapping, Sequence
 from typing import Any, TypeVar, overload
 
 Record = dict[str, Any]
@@ -29,6 +30,13 @@ def identity_of(kind: str, record: Mapping[str, Any]) -> dict[str, int]:
         case "files":
             return {"fileType": record["fileType"], "fileId": record["fileId"]}
     return {}
+
+
+def _unknown_key(owner: str, key: str, keys: Iterable[str]) -> str:
+    """What is wrong with a key, with a similar one of those that exist."""
+    similar = difflib.get_close_matches(key.replace("_", ""), keys, n=1)
+    suggestion = f'; did you mean "{similar[0]}"?' if similar else ""
+    return f'{owner} does not have the key "{key}"{suggestion}'
 
 
 def _view_of(value: Any) -> Any:
@@ -58,7 +66,7 @@ class View(Mapping[str, Any]):
         try:
             return self[name]
         except KeyError:
-            raise AttributeError(f'the record does not have the key "{name}"') from None
+            raise AttributeError(_unknown_key("the record", name, self._record)) from None
 
     def __setattr__(self, name: str, value: object) -> None:
         raise AttributeError("a view can only be read; call an operation to change the device")
@@ -78,6 +86,9 @@ class View(Mapping[str, Any]):
 
     def __repr__(self) -> str:
         return repr(self._record)
+
+    def __reduce__(self) -> tuple[Any, ...]:
+        return View, (self._record,)
 
     def __dir__(self) -> list[str]:
         return [*super().__dir__(), *self._record]
@@ -111,15 +122,27 @@ class Objects(Sequence[ViewType]):
         return repr(list(self._views))
 
     def where(self, **keys: object) -> Objects[ViewType]:
-        """The objects with these values: where(screenId=1, screenType=1). The keys are those of the identity or of the record."""
+        """The objects with these values: where(screenId=1, screenType=1).
+
+        The keys are those of the identity or of the record; others raise LookupError.
+        """
+        self._check_keys(keys)
         return Objects(self._kind, [view for view in self._views if self._matches(view, keys)])
 
     def find(self, **keys: object) -> ViewType:
         """The first object with these values, see where(). Raises LookupError if there is none."""
+        self._check_keys(keys)
         for view in self._views:
             if self._matches(view, keys):
                 return view
         raise LookupError(f"the device does not have an object with {keys} among its {self._kind}")
+
+    def _check_keys(self, keys: Iterable[str]) -> None:
+        for view in self._views[:1]:  # all records of a kind have the same keys
+            known = {**identity_of(self._kind, view), **view}
+            for key in keys:
+                if key not in known:
+                    raise LookupError(_unknown_key(f"a record of the {self._kind}", key, known))
 
     def _matches(self, view: View, keys: dict[str, object]) -> bool:
         identity = identity_of(self._kind, view)
@@ -135,6 +158,9 @@ class ScreenView(View):
     def __init__(self, record: Record, layers: Objects[View]) -> None:
         super().__init__(record)
         object.__setattr__(self, "_layers", layers)
+
+    def __reduce__(self) -> tuple[Any, ...]:
+        return ScreenView, (self._record, self._layers)
 
     @property
     def layers(self) -> Objects[View]:

@@ -6,7 +6,7 @@ from collections.abc import Callable
 from dataclasses import dataclass
 from typing import Generic, TypeVar
 
-from . import _core
+from . import _checks, _core
 from ._calls import answer_of
 
 Answer = TypeVar("Answer")
@@ -64,6 +64,10 @@ class Transfer(Generic[Answer]):
         """The progress at this moment."""
         return Progress(*self._pending.progress)
 
+    def __repr__(self) -> str:
+        progress = self.progress
+        return f"<tavoro transfer: {progress.done} of {progress.total}, {'ended' if self.is_done else 'under way'}>"
+
     @property
     def is_done(self) -> bool:
         """Whether the transfer has ended."""
@@ -78,8 +82,9 @@ class Transfer(Generic[Answer]):
 
         An exception of the callback, and Ctrl-C, cancel the transfer.
         """
-        reporter = ProgressReporter(self._pending, progress)
+        _checks.optional_callback("progress", progress)
         try:
+            reporter = ProgressReporter(self._pending, progress)
             while not self._pending.wait(self.INTERVAL):
                 reporter.report()
             reporter.report()

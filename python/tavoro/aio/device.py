@@ -8,8 +8,9 @@ from collections.abc import Iterable
 from types import TracebackType
 from typing import cast
 
-from .. import _core, records
+from .. import _checks, _core, records
 from .._calls import decoded, encoded
+from .._closing import Closing
 from ..changes import Change, ChangeFeed
 from ..device import DEFAULT_PORT, DeviceBase
 from ..discovery import FoundDevice, Target, found_devices, start_discovery
@@ -33,15 +34,18 @@ async def discover(timeout: float = 1.0, targets: Iterable[Target] = ()) -> list
     return found_devices(await finished(start_discovery(timeout, targets)))
 
 
-class Changes:
-    """The changes of a device, for "async for". Changes of one object may be combined."""
+class Changes(Closing):
+    """The changes of a device, for "async for". Changes of one object may be combined.
+
+    The iteration ends when this object or the device is closed. May be used in a with statement.
+    """
 
     def __init__(self, device: _core.Device) -> None:
-        loop = asyncio.get_running_loop()
+        self._loop = asyncio.get_running_loop()
         self._awake = asyncio.Event()
         self._waiting: deque[Change] = deque()
         self._is_closed = False
-        self._feed = ChangeFeed(device, lambda _: call_soon(loop, self._awake.set))
+        self._feed = ChangeFeed(device, lambda _: call_soon(self._loop, self._awake.set))
 
     def __aiter__(self) -> Changes:
         return self
@@ -59,7 +63,7 @@ class Changes:
         """Ends the iteration."""
         self._is_closed = True
         self._feed.close()
-        self._awake.set()
+        call_soon(self._loop, self._awake.set)
 
 
 class Device(DeviceBase):
@@ -77,10 +81,10 @@ class Device(DeviceBase):
         timeout: float = 10.0,
         sets_clock: bool = True,
         control_idle_time: float = 0.0,
+        poll_interval: float = 0.0,
     ) -> None:
         """Begins to connect; the arguments are those of tavoro.Device."""
-        super().__init__(host, port, sets_clock, control_idle_time)
-        self._timeout = timeout
+        super().__init__(host, port, timeout, sets_clock, control_idle_time, poll_interval)
         self.device = DeviceOperations(self._core)
         self.interface = InterfaceOperations(self._core)
         self.screen = ScreenOperations(self._core)
@@ -92,7 +96,7 @@ class Device(DeviceBase):
     async def connect(self) -> Device:
         """Returns when the device has been read; closes it and raises NotSent if that takes longer than the timeout."""
         try:
-            await finished(self._core.ready(round(1000 * self._timeout)))
+            await finished(self._core.ready(self._timeout))
         except BaseException:
             self.close()
             raise
@@ -112,12 +116,12 @@ class Device(DeviceBase):
         return self.state
 
     def changes(self) -> Changes:
-        """The changes from now on, for "async for". Close it when it is not used any more."""
-        return Changes(self._core)
+        """The changes from now on, for "async for", until they or the device are closed."""
+        return self._follow(lambda: Changes(self._core))
 
     async def take_control(self, *, force: bool = False) -> None:
         """Takes control of the device; also from another client if forced. Writes do so by themselves."""
-        await finished(self._core.take_control(force))
+        await finished(self._core.take_control(_checks.flag("force", force)))
 
     async def release_control(self) -> None:
         """Gives up control, so that another client can take it."""
@@ -131,5 +135,5 @@ class Device(DeviceBase):
         self, detail: records.AuxiliaryUpgradeDetail, progress: ProgressCallback | None = None
     ) -> records.AuxiliaryUpgradePercent:
         """Upgrades the firmware from a package that the device holds. Cancelling the task only ends the wait."""
-        answer = await transferred(self._core.upgrade(encoded(detail)), progress)
+        answer = await transferred(lambda: self._core.upgrade(encoded(detail)), progress)
         return cast("records.AuxiliaryUpgradePercent", decoded(answer))

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import os
 
-from ..files import Content, start_sending
+from ..files import Content, start_fetching, start_fetching_to, start_sending
 from ..transfers import ProgressCallback
 from ._transfers import transferred
 from .operations import FileOperations
@@ -25,14 +25,16 @@ class Files(FileOperations):
         progress: ProgressCallback | None = None,
     ) -> None:
         """Sends a content or a local file, see tavoro.files.Files.start_send()."""
-        await transferred(start_sending(self._device, content, type, id, name, width, height), progress)
+        await transferred(
+            lambda: start_sending(self._device, content, type, id, name, width, height), progress
+        )
 
     async def fetch(self, *, type: int, id: int, progress: ProgressCallback | None = None) -> bytes:
         """Returns the content of a file."""
-        return await transferred(self._device.fetch(type, id), progress)
+        return await transferred(lambda: start_fetching(self._device, type, id), progress)
 
     async def fetch_to(
         self, path: str | os.PathLike[str], *, type: int, id: int, progress: ProgressCallback | None = None
     ) -> None:
         """Fetches a file into a local file, which appears or is replaced when the content is complete."""
-        await transferred(self._device.fetch_to(type, id, os.fspath(path)), progress)
+        await transferred(lambda: start_fetching_to(self._device, path, type, id), progress)

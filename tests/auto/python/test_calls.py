@@ -22,6 +22,12 @@ def test_a_read_takes_filters(wall: tavoro.Device) -> None:
     assert [(screen["screenType"], screen["screenId"]) for screen in screens] == [(2, 2)]
 
 
+def test_filters_are_passed_by_name(wall: tavoro.Device) -> None:
+    layers = wall.layer.read_details(screen_id=1, screen_type=1, scene_type=4, layer_type=-1)
+    assert {layer["layerIdenti"]["sceneType"] for layer in layers} == {4}
+    assert len(wall.interface.read_details(interface_type=2, device_filter=-1)) == 2
+
+
 def test_missing_keys_are_sent_as_defaults(wall: tavoro.Device) -> None:
     wall.screen.write_switch_effect([{"screenId": 1, "screenType": 1, "switchEffect": {"time": 30}}])
     assert wall.screen.read_details()[0]["switchEffect"] == {"time": 30, "direction": 0, "type": 1}
@@ -59,7 +65,7 @@ def test_an_argument_that_is_not_valid_is_a_value_error(wall: tavoro.Device, rec
 
 
 def test_a_value_that_json_does_not_have_is_a_type_error(wall: tavoro.Device) -> None:
-    with pytest.raises(TypeError, match="object is not a record"):
+    with pytest.raises(TypeError, match="object is not a value of a record"):
         wall.screen.write_freeze([object()])  # type: ignore[list-item]
 
 

@@ -80,3 +80,29 @@ def test_watch(simulator: Simulator) -> None:
     finally:
         program.kill()
         program.communicate()
+
+
+def read_until(program: subprocess.Popen[str], start: str) -> None:
+    """Reads lines of a program until one begins with this text."""
+    assert program.stdout is not None
+    lines = iter(program.stdout.readline, "")
+    assert any(line.startswith(start) for line in lines), f'the program ended before "{start}"'
+
+
+def test_watchall(simulator: Simulator) -> None:
+    command = [sys.executable, str(EXAMPLES / "watchall.py"), f"127.0.0.1:{simulator.port}"]
+    program = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
+    try:
+        read_until(program, "Main hall is ready.")
+        simulator.console("switch 0")
+        read_until(program, "Main hall: The connection to Main hall is lost: ")
+        simulator.console("switch 1")
+        read_until(program, "Main hall: Main hall is ready.")
+        simulator.console("genlock 0")
+        read_until(program, "Main hall: device changed {}: genlockSignal")
+        program.send_signal(signal.SIGINT)
+        program.communicate(timeout=PATIENCE)
+        assert program.returncode == 0
+    finally:
+        program.kill()
+        program.communicate()

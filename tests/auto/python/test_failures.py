@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import pickle
+import re
 
 import pytest
 import tavoro
@@ -57,6 +58,15 @@ def test_a_device_that_cannot_be_reached_is_not_sent() -> None:
     with pytest.raises(tavoro.NotSent) as raised:
         tavoro.Device("127.0.0.1", 1, timeout=0.2)
     assert "127.0.0.1:1" in raised.value.text
+
+
+def test_a_device_that_is_not_read_in_time_is_not_sent(simulator: Simulator) -> None:
+    simulator.console("fault add hold,code=0x1100,count=1")
+    with pytest.raises(tavoro.NotSent) as raised:
+        tavoro.Device("127.0.0.1", simulator.port, timeout=0.5)
+    text = rf"127\.0\.0\.1:{simulator.port} was not ready within 0\.5 s: (Connecting to|Reading) .+"
+    assert re.fullmatch(text, raised.value.text)
+    assert raised.value.meaning == "the device was not ready in time"
 
 
 def test_all_are_failures_and_can_be_pickled() -> None:

@@ -85,7 +85,7 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
         + """
     transfer = wall.file.start_send(bytes(300000), type=2, id=1, name="logo")
     try:
-        transfer.wait()
+        transfer.wait(lambda progress: print("waiting", flush=True))
     except KeyboardInterrupt:
         wall.screen.read_details()  # handled after the cancellation
         print("interrupted", flush=True)
@@ -97,9 +97,12 @@ def test_an_interrupted_transfer_is_cancelled(start_simulator: Callable[..., Sim
         simulator.port,
     )
     assert script.read_line() == "ready"
+    assert script.read_line() == "waiting"  # within wait(): start_send() is not interrupted
     simulator.wait_until_faults_are_used()
     script.process.send_signal(signal.SIGINT)
-    assert script.read_line() == "interrupted"
+    while (line := script.read_line()) == "waiting":
+        pass
+    assert line == "interrupted"
     simulator.console("fault release")
     assert script.finish() == (0, "True 0\n", "")
 

@@ -5,6 +5,7 @@ from __future__ import annotations
 import inspect
 import os
 import sys
+import textwrap
 from collections import Counter
 
 import pytest
@@ -54,9 +55,9 @@ def test_a_write_is_documented() -> None:
     assert str(inspect.signature(take)) == "(self, screens: 'Sequence[records.ScreenSwitchEffect]') -> 'None'"
     assert inspect.getdoc(take) == (
         "Takes: switches the preview to programme with the given transition.\n\n"
-        "Arguments:\n    screens: Sequence[ScreenSwitchEffect]\n\n"
+        "Arguments:\n    screens: list of records.ScreenSwitchEffect with the keys screenId, screenType, switchEffect\n\n"
         "Changes: layers, see layer.read_details().\n\n"
-        "Command 0x130E. Raises Failure."
+        "Command 0x130E. Raises Failure, or ValueError if an argument is not valid."
     )
 
 
@@ -65,16 +66,53 @@ def test_a_write_without_a_change_says_why() -> None:
     assert inspect.getdoc(save) == (
         "Makes the device save its state.\n\n"
         "No read shows a change: The device copies its state to its memory, and continues with the same state.\n\n"
-        "Command 0xFC03. Raises Failure."
+        "Command 0xFC03. Raises Failure, or ValueError if an argument is not valid."
     )
 
 
-def test_the_filters_of_a_read_default_to_all_objects() -> None:
-    read = tavoro.operations.ScreenOperations.read_details
-    assert str(inspect.signature(read)) == (
-        "(self, screen_id: 'int' = -1, screen_type: 'int' = 0, third: 'int' = -1)"
-        " -> 'list[records.ScreenFullDetail]'"
-    )
+@pytest.mark.parametrize(
+    ("name", "parameters", "arguments"),
+    [
+        (
+            "Interface",
+            "interface_type: 'int' = 0, device_filter: 'int' = -1",
+            "interface_type: -1 to 255; 0 for all\n"
+            "device_filter: -1 to 255; -1 for all; what it selects depends on the device",
+        ),
+        (
+            "Screen",
+            "screen_id: 'int' = -1, screen_type: 'int' = 0, device_filter: 'int' = -1",
+            "screen_id: -1 to 255; -1 for all\n"
+            "screen_type: -1 to 255; 0 for all\n"
+            "device_filter: -1 to 255; -1 for all; what it selects depends on the device",
+        ),
+        (
+            "Layer",
+            "screen_id: 'int' = -1, screen_type: 'int' = -1, scene_type: 'int' = -1, layer_type: 'int' = -1",
+            "screen_id: -1 to 255; -1 for all\n"
+            "screen_type: -1 to 255; -1 for all\n"
+            "scene_type: -1 to 255; -1 for all; 2: preview, 4: programme\n"
+            "layer_type: -1 to 255; -1 for all",
+        ),
+        (
+            "File",
+            "file_type: 'int' = -1, file_id: 'int' = -1",
+            "file_type: -1 to 255; -1 for all\nfile_id: -1 to 255; -1 for all",
+        ),
+    ],
+)
+def test_the_filters_of_a_read_have_names_and_default_to_all_objects(
+    name: str, parameters: str, arguments: str
+) -> None:
+    read = getattr(tavoro.operations, name + "Operations").read_details
+    assert str(inspect.signature(read)).partition(" -> ")[0] == f"(self, {parameters})"
+    assert "Arguments:\n" + textwrap.indent(arguments, "    ") + "\n\n" in (inspect.getdoc(read) or "")
+
+
+@pytest.mark.parametrize("name", CLASSES)
+def test_no_argument_only_has_a_number(name: str) -> None:
+    names = {name for signature in methods_of(tavoro.operations, name).values() for name in signature.parameters}
+    assert not names & {"first", "second", "third", "fourth"}
 
 
 def test_a_record_has_the_keys_in_their_order() -> None:

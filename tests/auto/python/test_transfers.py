@@ -89,9 +89,11 @@ def test_calls_do_not_wait_for_a_transfer(start_simulator: Callable[..., Simulat
         simulator.wait_until_faults_are_used()
         assert len(wall.screen.read_details()) == 2
         assert not transfer.is_done
+        assert repr(transfer).endswith(", under way>")
         simulator.console("fault release")
         transfer.wait()
         assert transfer.progress.share == 1.0
+        assert repr(transfer) == "<tavoro transfer: 256000 of 256000, ended>"
 
 
 def test_the_missing_content_of_a_file_is_a_refusal(wall: tavoro.Device) -> None:
