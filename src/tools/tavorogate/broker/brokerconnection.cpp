@@ -63,10 +63,10 @@ void BrokerConnection::start()
 
 void BrokerConnection::stop()
 {
+    m_hasStopped = true;
     m_pause.stop();
     if (m_isConnected)
         m_client->disconnectFromBroker();
-    m_pause.stop(); // The end of the connection has started it.
 }
 
 void BrokerConnection::publish(const BrokerMessage &message, Delivered delivered)
@@ -153,11 +153,12 @@ void BrokerConnection::acknowledge(int messageId, const QString &refusal)
 void BrokerConnection::setLost(const QString &reason)
 {
     const bool wasConnected = std::exchange(m_isConnected, false);
-    if (reason != m_reason)
+    if (reason != m_reason && !m_hasStopped)
         qCWarning(brokerLog, "No connection to the broker at %s:%d: %s.",
                   qUtf8Printable(m_options.host), m_options.port, qUtf8Printable(reason));
     m_reason = reason;
-    m_pause.start(m_nextPause);
+    if (!m_hasStopped)
+        m_pause.start(m_nextPause);
     m_nextPause = std::min(2 * m_nextPause, m_options.longestPause);
     const auto unacknowledged = std::exchange(m_unacknowledged, {});
     for (const Published &message : unacknowledged)

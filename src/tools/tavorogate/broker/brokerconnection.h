@@ -118,6 +118,7 @@ private:
     BrokerOptions::Milliseconds m_nextPause;
     QString m_reason;
     bool m_isConnected = false;
+    bool m_hasStopped = false; ///< The connection is not made again.
 };
 
 } // namespace Tavoro::Gate
