@@ -52,10 +52,9 @@ DeviceCalls::DeviceCalls(const Surroundings &surroundings, const QString &serial
 void DeviceCalls::receive(const BrokerMessage &message)
 {
     const CallRequest call = readCall(Topics::call(m_serial), message, m_rules);
-    if (call.fault.isEmpty())
+    const bool isRecognisable = !call.key.correlation.isEmpty();
+    if (call.fault.isEmpty() || isRecognisable || m_surroundings.ownership.isActive())
         accept(call);
-    else if (m_surroundings.ownership.isActive())
-        end(call, CallAnswer::notSent(call.fault));
 }
 
 void DeviceCalls::accept(const CallRequest &call)
@@ -84,6 +83,8 @@ void DeviceCalls::accept(const CallRequest &call)
 void DeviceCalls::enqueue(const CallRequest &call)
 {
     const bool isActive = m_surroundings.ownership.isActive();
+    if (isActive && !call.fault.isEmpty())
+        return end(call, CallAnswer::notSent(call.fault));
     if (isActive && m_waiting.size() >= mostWaiting)
         return end(call, CallAnswer::notSent(tr("too many calls wait")));
     if (m_waiting.size() >= mostKept)
@@ -112,7 +113,9 @@ void DeviceCalls::startNext()
 
 void DeviceCalls::start(const WaitingCalls::Entry &entry)
 {
-    if (entry.isDoubtful)
+    if (!entry.call.fault.isEmpty())
+        end(entry.call, CallAnswer::notSent(entry.call.fault));
+    else if (entry.isDoubtful)
         end(entry.call, CallAnswer::unknown(lostTrackText));
     else if (entry.call.deadline.hasExpired())
         end(entry.call, CallAnswer::notSent(tr("the message has expired")));
@@ -175,10 +178,10 @@ void DeviceCalls::finish(const CallRequest &call, const Answer<std::string> &ans
 
 void DeviceCalls::end(const CallRequest &call, const CallAnswer &answer)
 {
-    if (call.fault.isEmpty())
-        m_remembered.end(call, answer);
+    const bool isKeptByOthers = call.fault.isEmpty() || !call.key.correlation.isEmpty();
+    m_remembered.end(call, answer);
     publishAnswer(call, answer);
-    if (call.fault.isEmpty())
+    if (isKeptByOthers)
         m_surroundings.ownership.release(call, answer);
     Q_EMIT callEnded(call, answer);
 }

@@ -48,6 +48,8 @@ private Q_SLOTS:
     void callThatTheWorkingGatewayHasNotReceivedIsAskedAbout();
     void workingGatewayAnswersQuestions();
     void claimStaysRetainedWhileAnotherCallIsAnswered();
+    void faultyCallIsAnsweredByTheSuccessor();
+    void faultyCallIsAnsweredOnce();
     void answerOfAnotherDeviceIsIgnored();
     void answerOfAnotherGatewayIsRepeated();
 
@@ -279,6 +281,35 @@ void tst_GatewayGaps::claimStaysRetainedWhileAnotherCallIsAnswered()
     QCOMPARE(outcomeOf("1"), QStringLiteral("done"));
     QTRY_COMPARE(retainedStates(),
                  (QStringList{QStringLiteral("claimed 1"), QStringLiteral("ended 1")}));
+}
+
+void tst_GatewayGaps::faultyCallIsAnsweredByTheSuccessor()
+{
+    watch();
+    Gate::BrokerMessage faulty = callMessage("1");
+    faulty.payload = "{}";
+    observer().publish(faulty);
+    publishEnd(1, "before");
+    publishEnd(3, "after");
+    QTRY_VERIFY(!records(QStringLiteral("asked"), "1").isEmpty());
+    takeOver();
+    QCOMPARE(outcomeOf("1"), QStringLiteral("not-sent"));
+    QCOMPARE(textOf("1"), QStringLiteral("the argument \"swap\" is missing"));
+}
+
+/// A gateway that works reports the end of a faulty call to the others.
+void tst_GatewayGaps::faultyCallIsAnsweredOnce()
+{
+    work();
+    Gate::BrokerMessage faulty = callMessage("1");
+    faulty.payload = "{}";
+    observer().publish(faulty);
+    QCOMPARE(outcomeOf("1"), QStringLiteral("not-sent"));
+    QTRY_COMPARE(records(QStringLiteral("ended"), "1").size(), 1);
+    observer().publish(faulty);
+    QTRY_COMPARE(answers("1"), 2);
+    QCOMPARE(observer().answers("1").last().payload, observer().answers("1").first().payload);
+    QCOMPARE(records(QStringLiteral("ended"), "1").size(), 1);
 }
 
 /// A caller may use the same correlation data for calls of several devices.
