@@ -194,8 +194,11 @@ bool tst_GatewayTakeover::startGateways(int seconds, quint16 portOfLeft)
         return false;
     m_gateways[1] =
         std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("right"), seconds);
-    return m_gateways[1]->waitForLog("has the serial number")
-        && m_gateways[1]->waitForLog("Connected to the broker");
+    return QTest::qWaitFor(
+        [this] {
+            return m_broker->hasSubscriber("tavorogate-right", "tavoro/00000000000000A1/call/#");
+        },
+        patience);
 }
 
 /// The next device has no lease, and the broker knows nothing about it.
