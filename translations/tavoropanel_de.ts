@@ -427,8 +427,8 @@
         <translation>Nein</translation>
     </message>
     <message>
-        <source>%1 × %2 pixels</source>
-        <translation>%1 × %2 Pixel</translation>
+        <source>%1 × %2 px</source>
+        <translation>%1 × %2 px</translation>
     </message>
     <message>
         <source>None</source>

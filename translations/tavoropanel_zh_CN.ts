@@ -427,7 +427,7 @@
         <translation>否</translation>
     </message>
     <message>
-        <source>%1 × %2 pixels</source>
+        <source>%1 × %2 px</source>
         <translation>%1 × %2 像素</translation>
     </message>
     <message>

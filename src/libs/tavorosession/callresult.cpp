@@ -36,6 +36,7 @@ constexpr ReasonRow reasons[] = {
     {10,  QT_TRANSLATE_NOOP("Tavoro::Outcome", "the storage of the device is full or has failed")},
     {SSProxy::statusControlledByOthers, QT_TRANSLATE_NOOP("Tavoro::Outcome", "another client controls the device")},
     {SSProxy::statusDataUpdated,        QT_TRANSLATE_NOOP("Tavoro::Outcome", "another client has changed the device, read it again first")},
+    {SSProxy::Connecting,       QT_TRANSLATE_NOOP("Tavoro::Outcome", "there is no connection")},
     {SSProxy::Disconnected,     QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost")},
     {SSProxy::RequestTimedOut,  QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device did not answer in time")},
     {SSProxy::AnswerTooShort,   QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost within the answer")},

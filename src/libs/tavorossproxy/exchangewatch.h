@@ -41,8 +41,10 @@ struct Exchange {
 ///     // the device may have carried the take out
 /// \endcode
 ///
-/// Channels over a network report to it, also each packet of a split exchange. If a thread has
-/// several watches, the newest one observes. Belongs to one thread.
+/// Channels over a network report to it, also each packet of a split exchange. An operation sends
+/// nothing if the device is offline; then last() holds the status with which the channel refuses
+/// requests, without a code. If a thread has several watches, the newest one observes. Belongs to
+/// one thread.
 class TAVOROSSPROXY_EXPORT ExchangeWatch {
 public:
     ExchangeWatch();

@@ -1,5 +1,7 @@
 #include "filelist.h"
 
+#include "namedelegate.h"
+
 #include <QKeyEvent>
 
 namespace Tavoro::Panel {
@@ -8,6 +10,7 @@ FileList::FileList(QWidget *parent) : QListView(parent)
 {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setItemDelegate(new NameDelegate(this));
 }
 
 void FileList::keyPressEvent(QKeyEvent *event)

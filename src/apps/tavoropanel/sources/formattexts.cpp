@@ -28,7 +28,7 @@ QString timingText(const ProtoModel::s_TimingDetailBody &timing)
 
 QString sizeText(int width, int height)
 {
-    return width > 0 && height > 0 ? Words::tr("%1 × %2 pixels").arg(width).arg(height)
+    return width > 0 && height > 0 ? Words::tr("%1 × %2 px").arg(width).arg(height)
                                    : Words::tr("None");
 }
 

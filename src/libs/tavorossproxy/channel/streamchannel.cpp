@@ -232,6 +232,19 @@ ChannelStatistics StreamChannel::statistics() const
     return statistics;
 }
 
+// An operation asks this before each request. If it sends nothing because of the answer, its caller
+// must not take the exchange before for the last one.
+bool StreamChannel::isHardwareReadFinished()
+{
+    const quint16 refusal = m_exchanges.refusal();
+    if (refusal == 0)
+        return true;
+    Exchange notSent;
+    notSent.status = refusal;
+    ExchangeWatch::report(std::move(notSent));
+    return false;
+}
+
 bool StreamChannel::connectsTo(const QString &host, quint16 port) const
 {
     return peerName() == Wire::hostAndPort(host, port);

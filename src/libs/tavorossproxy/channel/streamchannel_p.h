@@ -58,7 +58,7 @@ public:
     std::shared_ptr<DeviceResponseCommand>
     sendSyncRequest(std::shared_ptr<DeviceRequestCommand> request) override;
     ProtoModel::DeviceBaseInfo deviceBaseInfo() const override;
-    bool isHardwareReadFinished() override { return m_exchanges.refusal() == 0; }
+    bool isHardwareReadFinished() override;
     bool isMasterControl() override { return m_control->isMaster(); }
     void stopChannel() override;
     bool waitUntilReady(int milliseconds, QString &error) override;

@@ -53,6 +53,8 @@ private Q_SLOTS:
     void statusAndCodeOfAWriteAreHeld();
     void outcomeOfALostWriteIsKnownAfterReconnecting();
     void requestOfADisconnectedChannelWasNotSent();
+    void operationOfAnOfflineDeviceWasNotSent();
+    void streamOfALostDeviceEndsWithARequestThatWasNotSent();
     void everyPacketOfASplitWriteIsObserved();
     void watchesOfOtherThreadsObserveNothing();
     void newestWatchOfAThreadObserves();
@@ -139,6 +141,43 @@ void tst_ExchangeWatch::requestOfADisconnectedChannelWasNotSent()
     QCOMPARE(int(watch.last()->status), 259);
     QVERIFY(!watch.last()->sent);
     QVERIFY(!watch.firstSent());
+}
+
+void tst_ExchangeWatch::operationOfAnOfflineDeviceWasNotSent()
+{
+    const ExchangeWatch watch;
+    QVERIFY(writeSwap(1));
+    const auto sent = watch.firstSent();
+    channel().stopChannel();
+    QVERIFY(!writeSwap(0));
+    QCOMPARE(int(watch.last()->status), 259);
+    QVERIFY(!watch.last()->sent);
+    QVERIFY(watch.firstSent() == sent);
+}
+
+void tst_ExchangeWatch::streamOfALostDeviceEndsWithARequestThatWasNotSent()
+{
+    QString error;
+    ProtoModel::File::s_FileInfo info;
+    info.fileType = 2;
+    info.fileId = 1;
+    info.size.length = 1500; // four packets
+    Control::File file(m_connection->model);
+    QVERIFY2(file.importFile({info}, error), qPrintable(error));
+    QVERIFY2(file.importFileBinary({1, 2}, std::string(1500, 'x'), error), qPrintable(error));
+    const ExchangeWatch watch;
+    QStringList errors;
+    file.readBinary(2, 1, [&](bool ok, double, const std::string &, QString &reason) {
+        if (!ok)
+            errors += reason;
+        QVERIFY(m_connection->simulator->execute(QStringLiteral("switch 0")).ok);
+        QTRY_VERIFY(!channel().isHardwareReadFinished());
+    });
+    QCOMPARE(
+        errors,
+        QStringList{QStringLiteral("Get file export information failed: The device is offline .")});
+    QCOMPARE(int(watch.last()->status), 259);
+    QVERIFY(!watch.last()->sent);
 }
 
 void tst_ExchangeWatch::everyPacketOfASplitWriteIsObserved()

@@ -289,6 +289,9 @@ void tst_TavoroCtlModel::watchEndsWithZero()
 
 void tst_TavoroCtlModel::watchReadsTheDeviceAgainAfterAReconnect()
 {
+    SimOptions options = smallDevice();
+    options.clockSpeed = 0; // The device that restarts does not report that it loads its files.
+    m_bench = std::make_unique<ToolBench>(options);
     QCOMPARE(m_bench->run("push", {m_bench->makeFile("wall", "123456789")}).exitCode, 0);
     RunningTool watch(m_bench->line("watch"));
     QVERIFY(watch.waitForErrors(watching));

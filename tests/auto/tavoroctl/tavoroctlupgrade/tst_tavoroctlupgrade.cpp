@@ -15,7 +15,7 @@ private Q_SLOTS:
     void failedUpgradeEndsWithOne();
     void refusedUpgradeEndsWithFour();
     void upgradeWithRebootWaitsForTheDevice();
-    void upgradeOfADeviceThatStaysAwayEndsWithOne();
+    void upgradeOfADeviceThatStaysAwayEndsAsUnreachable();
     void interruptedUpgradeContinuesOnTheDevice();
 
     void refusedReadOfTheProgressIsRepeated();
@@ -95,7 +95,7 @@ void tst_TavoroCtlUpgrade::upgradeWithRebootWaitsForTheDevice()
     QVERIFY(!read("Device.readDetails").contains("Main hall")); // The device has restarted.
 }
 
-void tst_TavoroCtlUpgrade::upgradeOfADeviceThatStaysAwayEndsWithOne()
+void tst_TavoroCtlUpgrade::upgradeOfADeviceThatStaysAwayEndsAsUnreachable()
 {
     useDevice(stopped);
     RunningTool tool(m_bench->line("upgrade", {"/firmware/2.bin", "--reboot", "--timeout", "500"}));
@@ -108,7 +108,7 @@ void tst_TavoroCtlUpgrade::upgradeOfADeviceThatStaysAwayEndsWithOne()
              upgrade.errors.constData());
     QVERIFY(upgrade.errors.endsWith("\nThe device continues with the upgrade.\n"));
     QCOMPARE(upgrade.errors.count('\n'), 2);
-    QCOMPARE(upgrade.exitCode, 1);
+    QCOMPARE(upgrade.exitCode, 3);
 }
 
 void tst_TavoroCtlUpgrade::interruptedUpgradeContinuesOnTheDevice()

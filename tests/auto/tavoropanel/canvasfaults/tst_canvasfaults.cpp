@@ -96,10 +96,11 @@ void tst_CanvasFaults::silentDeviceDoesNotBlockTheDrag()
         bench().moveTo(to, Qt::ControlModifier);
         if (step > 4)
             QCOMPARE(bench().shown(2), start.translated(bench().inScreen(from, to)));
+        if (step == 10) // The request that stays without an answer is not the last one.
+            QTRY_VERIFY(!bench().hasFaults());
     }
     bench().release(from + QPoint(-50, 25), Qt::ControlModifier);
     const QRect last = bench().shown(2);
-    QTRY_VERIFY(!bench().hasFaults());
     // The outcome of the first write stays unknown; the last one follows when it is given up.
     QTRY_VERIFY(!bench().complaints().isEmpty());
     QTRY_COMPARE(bench().heldWindow(2), last);

@@ -115,14 +115,14 @@ void tst_CanvasMenu::screensAndImagesAreInTheMenu()
     QCOMPARE(texts.mid(0, 3).join(QLatin1Char('|')),
              QStringLiteral("No source|-|Input 1 – 1920 × 1080, 60 Hz"));
     QCOMPARE(texts.mid(10).join(QLatin1Char('|')),
-             QStringLiteral("-|Screen Main – 3840 × 1080 pixels|Screen Blend – 3712 × 2032 pixels|"
-                            "-|Image R&&D – 240 × 135 pixels"));
+             QStringLiteral("-|Screen Main – 3840 × 1080 px|Screen Blend – 3712 × 2032 px|"
+                            "-|Image R&&D – 240 × 135 px"));
 
     QVERIFY(trigger(*sources, texts.last()));
     QTRY_COMPARE(bench().held(2).source.general.id, 7U);
     QCOMPARE(bench().held(2).source.general.type, 2);
     QTRY_COMPARE(bench().item(2).face().source, QStringLiteral("Image R&D"));
-    QVERIFY(trigger(*sources, QStringLiteral("Screen Blend – 3712 × 2032 pixels")));
+    QVERIFY(trigger(*sources, QStringLiteral("Screen Blend – 3712 × 2032 px")));
     QTRY_COMPARE(bench().item(2).face().source, QStringLiteral("Screen Blend"));
     QCOMPARE(bench().held(2).source.general.type, 3);
 }

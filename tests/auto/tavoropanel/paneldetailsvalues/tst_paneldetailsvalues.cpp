@@ -178,7 +178,7 @@ void tst_PanelDetailsValues::screenCanBeTheSource()
     QTest::keyClick(box, Qt::Key_End);
     QTRY_COMPARE(bench.value("source.general.type", LayerTab).toInt(), 3);
     QCOMPARE(bench.value("source.general.id", LayerTab).toInt(), 2);
-    QCOMPARE(box->currentText(), QStringLiteral("Screen Blend – 3712 × 2032 pixels"));
+    QCOMPARE(box->currentText(), QStringLiteral("Screen Blend – 3712 × 2032 px"));
 }
 
 void tst_PanelDetailsValues::openListOfSourcesStaysWhenAFormatChanges()

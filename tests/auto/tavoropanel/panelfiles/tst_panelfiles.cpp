@@ -14,6 +14,7 @@ class tst_PanelFiles : public QObject {
 
 private Q_SLOTS:
     void renamedImageIsOnTheDevice();
+    void newNameStaysWhenTheImageChangesMeanwhile();
     void deletedOnlyAfterTheQuestion();
     void selectedImageIsShownInTheDetails();
     void listThatGetsTheFocusSelectsNoImage();
@@ -32,6 +33,24 @@ void tst_PanelFiles::renamedImageIsOnTheDevice()
     QCOMPARE(line->text(), QStringLiteral("sky.png"));
     QTest::keyClicks(line, QStringLiteral("dusk.png"));
     QTest::keyClick(line, Qt::Key_Return);
+    QTRY_COMPARE(bench.file(0, 0)->listEntry().general.name, std::string("dusk.png"));
+}
+
+void tst_PanelFiles::newNameStaysWhenTheImageChangesMeanwhile()
+{
+    FilesBench bench;
+    QVERIFY(bench.drop({bench.makeImage(QStringLiteral("sky.png"))}));
+    QTRY_COMPARE(bench.list->model()->rowCount(), 1);
+    const QModelIndex image = bench.list->model()->index(0, 0);
+    bench.list->setCurrentIndex(image);
+    QTest::mouseClick(bench.button("renameImage"), Qt::LeftButton);
+    auto *const line = bench.list->findChild<QLineEdit *>();
+    QTest::keyClicks(line, QStringLiteral("dusk"));
+    Q_EMIT bench.list->model()->dataChanged(image, image);
+    QCOMPARE(line->text(), QStringLiteral("dusk"));
+    QTest::keyClicks(line, QStringLiteral(".png"));
+    QTest::keyClick(line, Qt::Key_Return);
+    Q_EMIT bench.list->model()->dataChanged(image, image);
     QTRY_COMPARE(bench.file(0, 0)->listEntry().general.name, std::string("dusk.png"));
 }
 
