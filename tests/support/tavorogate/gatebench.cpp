@@ -104,7 +104,7 @@ Gate::GateConfig GateBench::config() const
     config.broker = clientOptions(QStringLiteral("tavorogate-stage"));
     if (gatewayPort != 0)
         config.broker.port = gatewayPort;
-    config.leaseSeconds = 0; // no other gateway
+    config.leaseSeconds = leaseSeconds;
     config.devices = {{QStringLiteral("127.0.0.1"), device->simulator->port()}};
     return config;
 }

@@ -57,6 +57,7 @@ public:
     /// User, password and certificates of the gateway and of observer().
     Tavoro::Gate::BrokerOptions access;
     quint16 gatewayPort = 0; ///< Where the gateway reaches the broker; 0: the broker's own port.
+    int leaseSeconds = 0; ///< Of the gateway; 0: there is no other gateway.
     Tavoro::Sim::SimOptions deviceOptions;
     std::unique_ptr<RunningSimulator> device;
     std::unique_ptr<Tavoro::Gate::Gateway> gateway;

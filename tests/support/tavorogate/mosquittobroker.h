@@ -17,6 +17,12 @@ public:
     QString folder() const { return m_folder.path(); }
     void writeFile(const QString &name, const QByteArray &content) const;
 
+    /// Whether a client receives what is published for this filter, with QoS 1.
+    bool hasSubscriber(const QByteArray &clientId, const QByteArray &filter) const
+    {
+        return m_log.contains(clientId + " 1 " + filter + '\n');
+    }
+
     /// Starts the broker, and waits until it listens. The first call selects the port.
     bool start();
     /// Ends the broker at once: its clients lose their connections.

@@ -63,10 +63,10 @@ void BrokerConnection::start()
 
 void BrokerConnection::stop()
 {
+    m_hasStopped = true;
     m_pause.stop();
     if (m_isConnected)
         m_client->disconnectFromBroker();
-    m_pause.stop(); // The end of the connection has started it.
 }
 
 void BrokerConnection::publish(const BrokerMessage &message, Delivered delivered)
@@ -74,7 +74,7 @@ void BrokerConnection::publish(const BrokerMessage &message, Delivered delivered
     const int messageId = m_isConnected ? m_client->publish(message) : 0;
     if (messageId == 0)
         return report(delivered, Delivery::Lost);
-    m_unacknowledged.insert(messageId, delivered);
+    m_unacknowledged.insert(messageId, {message.topic, std::move(delivered)});
     Q_EMIT messageCounted(false);
 }
 
@@ -108,9 +108,11 @@ void BrokerConnection::connectNow()
     connect(m_client.get(), &MosquittoClient::received, this, &BrokerConnection::deliver);
     connect(m_client.get(), &MosquittoClient::acknowledged, this, &BrokerConnection::acknowledge);
     connect(m_client.get(), &MosquittoClient::ended, this, &BrokerConnection::setLost);
-    connect(m_client.get(), &MosquittoClient::subscriptionRefused, this, [] {
-        qCWarning(brokerLog, "The broker refused a subscription. Check its access list.");
-    });
+    connect(m_client.get(), &MosquittoClient::subscriptionRefused, this,
+            [](const QString &filter, const QString &refusal) {
+                qCWarning(brokerLog, "The broker refused the subscription of %s: %s.",
+                          qUtf8Printable(filter), qUtf8Printable(refusal));
+            });
     m_client->connectToBroker();
 }
 
@@ -138,11 +140,12 @@ void BrokerConnection::deliver(const BrokerMessage &message, quint32 identifier)
 
 void BrokerConnection::acknowledge(int messageId, const QString &refusal)
 {
-    if (!refusal.isEmpty())
-        qCWarning(brokerLog, "The broker refused a message: %s.", qUtf8Printable(refusal));
     const bool hadRoom = hasRoom();
-    report(m_unacknowledged.take(messageId),
-           refusal.isEmpty() ? Delivery::Accepted : Delivery::Refused);
+    const Published message = m_unacknowledged.take(messageId);
+    if (!refusal.isEmpty())
+        qCWarning(brokerLog, "The broker refused a message to %s: %s.",
+                  qUtf8Printable(message.topic), qUtf8Printable(refusal));
+    report(message.delivered, refusal.isEmpty() ? Delivery::Accepted : Delivery::Refused);
     if (!hadRoom && hasRoom())
         Q_EMIT roomAvailable();
 }
@@ -150,15 +153,16 @@ void BrokerConnection::acknowledge(int messageId, const QString &refusal)
 void BrokerConnection::setLost(const QString &reason)
 {
     const bool wasConnected = std::exchange(m_isConnected, false);
-    if (reason != m_reason)
+    if (reason != m_reason && !m_hasStopped)
         qCWarning(brokerLog, "No connection to the broker at %s:%d: %s.",
                   qUtf8Printable(m_options.host), m_options.port, qUtf8Printable(reason));
     m_reason = reason;
-    m_pause.start(m_nextPause);
+    if (!m_hasStopped)
+        m_pause.start(m_nextPause);
     m_nextPause = std::min(2 * m_nextPause, m_options.longestPause);
     const auto unacknowledged = std::exchange(m_unacknowledged, {});
-    for (const Delivered &delivered : unacknowledged)
-        report(delivered, Delivery::Lost);
+    for (const Published &message : unacknowledged)
+        report(message.delivered, Delivery::Lost);
     if (wasConnected)
         Q_EMIT disconnected(reason);
 }

@@ -90,6 +90,11 @@ Q_SIGNALS:
 
 private:
     friend class Subscription;
+    /// A message that the broker has not acknowledged.
+    struct Published {
+        QString topic;
+        Delivered delivered;
+    };
     struct Subscriber {
         QString filter;
         SubscribeOptions options;
@@ -108,11 +113,12 @@ private:
     std::unique_ptr<MosquittoClient> m_client;
     std::map<quint32, Subscriber> m_subscribers; ///< By the identifiers of the subscriptions.
     quint32 m_lastIdentifier = 0;
-    QHash<int, Delivered> m_unacknowledged; ///< By message ID.
+    QHash<int, Published> m_unacknowledged; ///< By message ID.
     QTimer m_pause;
     BrokerOptions::Milliseconds m_nextPause;
     QString m_reason;
     bool m_isConnected = false;
+    bool m_hasStopped = false; ///< The connection is not made again.
 };
 
 } // namespace Tavoro::Gate

@@ -87,8 +87,10 @@ struct MosquittoClient::Callbacks {
     static void subscribed(mosquitto * /*client*/, void *owner, int messageId, int count,
                            const int *granted, const mosquitto_property * /*properties*/)
     {
+        const QString filter = of(owner).m_requestedFilters.take(messageId);
         if (count > 0 && granted[0] >= firstRefusal)
-            Q_EMIT of(owner).subscriptionRefused(messageId);
+            Q_EMIT of(owner).subscriptionRefused(
+                filter, QString::fromUtf8(mosquitto_reason_string(granted[0])));
     }
 };
 
@@ -186,8 +188,10 @@ void MosquittoClient::subscribe(const QString &filter, const SubscribeOptions &o
         | (options.receivesRetained ? 0 : MQTT_SUB_OPT_SEND_RETAIN_NEVER);
     MosquittoProperties properties;
     properties.addSubscriptionIdentifier(identifier);
-    mosquitto_subscribe_v5(m_client, nullptr, filter.toUtf8().constData(), options.qos, flags,
+    int messageId = 0;
+    mosquitto_subscribe_v5(m_client, &messageId, filter.toUtf8().constData(), options.qos, flags,
                            properties.list());
+    m_requestedFilters.insert(messageId, filter);
     watchWriting();
 }
 

@@ -3,6 +3,7 @@
 #include "brokermessage.h"
 #include "brokeroptions.h"
 
+#include <QHash>
 #include <QObject>
 #include <QSocketNotifier>
 #include <QString>
@@ -51,8 +52,8 @@ Q_SIGNALS:
     void received(const Tavoro::Gate::BrokerMessage &message, quint32 identifier);
     /// The broker has the message, or refused it if \a refusal is not empty.
     void acknowledged(int messageId, const QString &refusal);
-    /// The broker refused a subscription.
-    void subscriptionRefused(int messageId);
+    /// The broker refused the subscription of this filter.
+    void subscriptionRefused(const QString &filter, const QString &refusal);
 
 private:
     struct Callbacks;
@@ -71,6 +72,7 @@ private:
     QString m_fault; ///< Why the options cannot be used.
     QString m_refusal; ///< Why the broker refused the connection.
     QString m_error; ///< The last error that the library has logged.
+    QHash<int, QString> m_requestedFilters; ///< By message ID, until the broker has answered.
     std::unique_ptr<QSocketNotifier> m_readable;
     std::unique_ptr<QSocketNotifier> m_writable;
     QTimer m_maintenance; ///< Sends and checks keep-alives.

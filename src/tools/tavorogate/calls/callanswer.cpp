@@ -7,6 +7,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Tavoro::Gate {
 
 namespace {
@@ -25,6 +28,16 @@ constexpr NameRow names[] = {
 };
 // clang-format on
 
+// clang-format off
+const QString deviceKey    = QStringLiteral("device");
+const QString operationKey = QStringLiteral("operation");
+const QString outcomeKey   = QStringLiteral("outcome");
+const QString statusKey    = QStringLiteral("status");
+const QString meaningKey   = QStringLiteral("meaning");
+const QString textKey      = QStringLiteral("text");
+const QString answerKey    = QStringLiteral("answer");
+// clang-format on
+
 constexpr int lastDeviceStatus = 255;
 
 } // namespace
@@ -38,6 +51,27 @@ CallAnswer CallAnswer::of(const Answer<std::string> &answer)
 CallAnswer CallAnswer::notSent(const QString &reason)
 {
     return {Outcome::NotSent, 0, reason, {}};
+}
+
+CallAnswer CallAnswer::unknown(const QString &reason)
+{
+    return {Outcome::Unknown, 0, reason, {}};
+}
+
+std::optional<CallAnswer> CallAnswer::fromJson(const QByteArray &json, const QString &serial)
+{
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    const QString outcome = object.value(outcomeKey).toString();
+    const auto *const row =
+        std::find_if(std::begin(names), std::end(names),
+                     [&](const NameRow &each) { return outcome == QLatin1String(each.name); });
+    if (row == std::end(names) || object.value(deviceKey).toString() != serial)
+        return {};
+    CallAnswer answer{
+        row->kind, object.value(statusKey).toInt(), object.value(textKey).toString(), {}};
+    if (object.contains(answerKey))
+        answer.record = Operations::jsonText(object.value(answerKey)).toStdString();
+    return answer;
 }
 
 QString CallAnswer::outcomeName() const
@@ -62,12 +96,11 @@ QString CallAnswer::meaning() const
 QByteArray CallAnswer::toJson(const QString &serial, const QString &operation) const
 {
     QJsonObject object{
-        {QStringLiteral("device"), serial},         {QStringLiteral("operation"), operation},
-        {QStringLiteral("outcome"), outcomeName()}, {QStringLiteral("status"), status},
-        {QStringLiteral("meaning"), meaning()},     {QStringLiteral("text"), text},
+        {deviceKey, serial}, {operationKey, operation}, {outcomeKey, outcomeName()},
+        {statusKey, status}, {meaningKey, meaning()},   {textKey, text},
     };
     if (!record.empty())
-        object.insert(QStringLiteral("answer"), Operations::jsonValue(record));
+        object.insert(answerKey, Operations::jsonValue(record));
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
 #include <string>
 
 namespace Tavoro::Gate {
@@ -20,6 +21,10 @@ struct CallAnswer {
     static CallAnswer of(const Answer<std::string> &answer);
     /// The answer for a call that the gateway did not send, for this reason.
     static CallAnswer notSent(const QString &reason);
+    /// The answer for a call that may have been carried out.
+    static CallAnswer unknown(const QString &reason);
+    /// Reads what toJson() has made for a call of this device.
+    static std::optional<CallAnswer> fromJson(const QByteArray &json, const QString &serial);
 
     /// "done", "refused", "not-sent" or "unknown".
     QString outcomeName() const;

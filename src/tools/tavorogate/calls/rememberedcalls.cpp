@@ -32,8 +32,16 @@ RememberedCalls::Recall RememberedCalls::arrive(const CallRequest &call)
         m_calls.insert(call.key, {content, {}});
         return {};
     }
-    if (found->content != content)
+    if (!found->content.isEmpty() && found->content != content)
         return {Kind::Different, {}};
+    return find(call.key);
+}
+
+RememberedCalls::Recall RememberedCalls::find(const CallKey &key) const
+{
+    const auto found = m_calls.constFind(key);
+    if (found == m_calls.constEnd())
+        return {};
     return found->answer ? Recall{Kind::Ended, *found->answer} : Recall{Kind::UnderWay, {}};
 }
 
@@ -48,8 +56,7 @@ void RememberedCalls::end(const CallRequest &call, const CallAnswer &answer)
         m_calls.remove(call.key);
         return;
     }
-    const bool isKnown = found != m_calls.end(); // otherwise another gateway has received it
-    m_calls.insert(call.key, {isKnown ? found->content : contentOf(call), answer});
+    m_calls.insert(call.key, {found == m_calls.end() ? QByteArray() : found->content, answer});
     m_ended.push_back(call.key);
     if (m_ended.size() > mostEnded) {
         m_calls.remove(m_ended.front());

@@ -36,12 +36,17 @@ public:
 
     /// Looks a call up, and keeps it if it is new.
     Recall arrive(const CallRequest &call);
+    /// Looks a call up whose content is not known: its kind is not Different.
+    Recall find(const CallKey &key) const;
     /// Keeps the answer of a call.
     void end(const CallRequest &call, const CallAnswer &answer);
+    /// Forgets a call that has not ended, and that this gateway does not carry out.
+    void forget(const CallKey &key) { m_calls.remove(key); }
 
 private:
     struct Entry {
-        QByteArray content; ///< Hash of operation and arguments.
+        /// Hash of operation and arguments; empty if only another gateway has received the call.
+        QByteArray content;
         std::optional<CallAnswer> answer;
     };
 

@@ -30,20 +30,22 @@ bool ConfigText::read(const QString &fileName, QString &error)
     return true;
 }
 
-QList<ConfigText::Value> ConfigText::values() const
+QList<ConfigText::Value> ConfigText::values(const QStringList &groups) const
 {
     QList<Value> values;
-    collect({}, m_object, values);
+    collect({}, m_object, groups, values);
     return values;
 }
 
-void ConfigText::collect(const QString &prefix, const QJsonObject &object, QList<Value> &values)
+void ConfigText::collect(const QString &prefix, const QJsonObject &object,
+                         const QStringList &groups, QList<Value> &values)
 {
     for (auto each = object.constBegin(); each != object.constEnd(); ++each) {
-        if (each->isObject())
-            collect(prefix + each.key() + QLatin1Char('.'), each->toObject(), values);
+        const QString key = prefix + each.key();
+        if (each->isObject() && groups.contains(key))
+            collect(key + QLatin1Char('.'), each->toObject(), groups, values);
         else
-            values.append({prefix + each.key(), *each});
+            values.append({key, *each});
     }
 }
 

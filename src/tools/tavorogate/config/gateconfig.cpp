@@ -3,6 +3,7 @@
 #include "configtext.h"
 
 #include <tavoroctl/arguments/host.h>
+#include <tavorooperations/jsontext.h>
 #include <tavorooperations/nearest.h>
 
 #include <QFile>
@@ -64,19 +65,33 @@ QString setPort(GateConfig &config, const QJsonValue &value)
     return fault;
 }
 
+/// Opens the file that the value names.
+QString openFile(QFile &file, const QJsonValue &value)
+{
+    file.setFileName(value.toString());
+    if (!value.isString())
+        return QStringLiteral("the name of a file");
+    if (QFileInfo(file).isDir())
+        return QStringLiteral("a file, but %1 is a directory").arg(file.fileName());
+    return file.open(QIODevice::ReadOnly)
+        ? QString()
+        : QStringLiteral("a file that can be read: %1").arg(file.errorString());
+}
+
 QString setPasswordFile(GateConfig &config, const QJsonValue &value)
 {
-    QFile file(value.toString());
-    if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("a file that can be read: %1").arg(file.errorString());
-    config.broker.password = file.readAll().trimmed();
-    return {};
+    QFile file;
+    QString fault = openFile(file, value);
+    if (fault.isEmpty())
+        config.broker.password = file.readAll().trimmed();
+    return fault;
 }
 
 QString setReadable(QString &name, const QJsonValue &value)
 {
+    QFile file;
     name = value.toString();
-    return QFileInfo(name).isReadable() ? QString() : QStringLiteral("a file that can be read");
+    return openFile(file, value);
 }
 
 QString setDevices(GateConfig &config, const QJsonValue &value)
@@ -85,10 +100,15 @@ QString setDevices(GateConfig &config, const QJsonValue &value)
     if (!value.isArray())
         return expected;
     const QJsonArray addresses = value.toArray();
+    int number = 0;
     for (const QJsonValue address : addresses) {
         const auto host = Ctl::parseHost(address.toString());
+        ++number;
         if (!host)
-            return expected;
+            return QStringLiteral("%1, but entry %2 is %3")
+                .arg(expected)
+                .arg(number)
+                .arg(Operations::jsonText(address));
         config.devices.append({host->name, host->port});
     }
     return {};
@@ -114,9 +134,13 @@ constexpr KeyRow rows[] = {
 };
 // clang-format on
 
+/// The keys of objects that have keys of their own.
+const QStringList groups{QStringLiteral("broker"), QStringLiteral("broker.tls"),
+                         QStringLiteral("calls")};
+
 QStringList knownKeys()
 {
-    QStringList keys;
+    QStringList keys = groups;
     for (const KeyRow &row : rows)
         keys += QLatin1String(row.key);
     return keys;
@@ -124,6 +148,9 @@ QStringList knownKeys()
 
 QString setValue(GateConfig &config, const ConfigText::Value &value)
 {
+    if (groups.contains(value.key))
+        return QStringLiteral("\"%1\" must be an object, but it is %2")
+            .arg(value.key, Operations::jsonText(value.value));
     const auto *const row = std::find_if(std::begin(rows), std::end(rows), [&](const KeyRow &each) {
         return value.key == QLatin1String(each.key);
     });
@@ -154,7 +181,7 @@ std::optional<GateConfig> readConfig(const QString &fileName, QString &error)
     ConfigText text;
     if (!text.read(fileName, error))
         return {};
-    const auto values = text.values();
+    const auto values = text.values(groups);
     for (const ConfigText::Value &value : values) {
         const QString fault = setValue(config, value);
         if (!fault.isEmpty()) {

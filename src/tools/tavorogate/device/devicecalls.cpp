@@ -9,9 +9,7 @@
 #include <QLoggingCategory>
 #include <QPointer>
 
-#include <algorithm>
 #include <chrono>
-#include <deque>
 
 namespace Tavoro::Gate {
 
@@ -19,14 +17,11 @@ namespace {
 
 Q_LOGGING_CATEGORY(callsLog, "tavoro.gate.calls")
 
-/// How long a call waits for a gateway that becomes active. Later the caller may not expect it.
-constexpr std::chrono::seconds longestWait(30);
+/// The active gateway may change after a question, and may never have received it.
+constexpr std::chrono::seconds questionInterval(2);
 
-template <class Condition>
-void eraseIf(std::deque<CallRequest> &calls, Condition condition)
-{
-    calls.erase(std::remove_if(calls.begin(), calls.end(), condition), calls.end());
-}
+const QString lostTrackText =
+    QStringLiteral("the gateways have lost track of the call, and it may have been carried out");
 
 } // namespace
 
@@ -35,26 +30,31 @@ DeviceCalls::DeviceCalls(const Surroundings &surroundings, const QString &serial
     : m_surroundings(surroundings), m_serial(serial), m_rules(rules)
 {
     const DeviceOwnership *ownership = &surroundings.ownership;
-    connect(ownership, &DeviceOwnership::activeChanged, this, &DeviceCalls::startNext);
-    connect(ownership, &DeviceOwnership::claimedElsewhere, this, &DeviceCalls::dropWaiting);
+    connect(ownership, &DeviceOwnership::activeChanged, this, &DeviceCalls::setActive);
+    connect(ownership, &DeviceOwnership::claimedElsewhere, this,
+            [this](const CallKey &key) { m_waiting.doubt(key); });
+    connect(ownership, &DeviceOwnership::waitsElsewhere, this,
+            [this](const CallKey &key) { m_waiting.confirm(key); });
     connect(ownership, &DeviceOwnership::endedElsewhere, this, &DeviceCalls::endElsewhere);
-    connect(ownership, &DeviceOwnership::answeredElsewhere, this, &DeviceCalls::dropAnswered);
-    connect(ownership, &DeviceOwnership::claimsMissed, this, &DeviceCalls::dropAllWaiting);
+    connect(ownership, &DeviceOwnership::answeredElsewhere, this, &DeviceCalls::endAnswered);
+    connect(ownership, &DeviceOwnership::claimsMissed, this, &DeviceCalls::doubtWaiting);
+    connect(ownership, &DeviceOwnership::asked, this, &DeviceCalls::answerQuestion);
+    connect(&m_questions, &QTimer::timeout, this, &DeviceCalls::askAboutUnclear);
     connect(&surroundings.broker, &BrokerConnection::connected, this, &DeviceCalls::startNext);
     BrokerConnection::SubscribeOptions options;
     options.receivesRetained = false; // A retained call would be carried out on each connection.
     m_subscription =
         surroundings.broker.subscribe(Topics::filterOf(Topics::call(serial)), options,
                                       [this](const BrokerMessage &message) { receive(message); });
+    setActive(ownership->isActive());
 }
 
 void DeviceCalls::receive(const BrokerMessage &message)
 {
     const CallRequest call = readCall(Topics::call(m_serial), message, m_rules);
-    if (call.fault.isEmpty())
+    const bool isRecognisable = !call.key.correlation.isEmpty();
+    if (call.fault.isEmpty() || isRecognisable || m_surroundings.ownership.isActive())
         accept(call);
-    else if (m_surroundings.ownership.isActive())
-        end(call, CallAnswer::notSent(call.fault));
 }
 
 void DeviceCalls::accept(const CallRequest &call)
@@ -83,26 +83,46 @@ void DeviceCalls::accept(const CallRequest &call)
 void DeviceCalls::enqueue(const CallRequest &call)
 {
     const bool isActive = m_surroundings.ownership.isActive();
+    if (isActive && !call.fault.isEmpty())
+        return end(call, CallAnswer::notSent(call.fault));
     if (isActive && m_waiting.size() >= mostWaiting)
         return end(call, CallAnswer::notSent(tr("too many calls wait")));
     if (m_waiting.size() >= mostKept)
-        return; // the active gateway answers it
-    m_waiting.push_back(call);
-    if (!isActive)
-        m_waiting.back().deadline = std::min(call.deadline, QDeadlineTimer(longestWait));
+        return m_remembered.forget(call.key); // the active gateway answers it
+    m_waiting.append(call);
     startNext();
+}
+
+void DeviceCalls::setActive(bool isActive)
+{
+    if (isActive) {
+        m_questions.stop();
+        m_waiting.endPatience();
+        startNext();
+    } else {
+        m_waiting.startPatience();
+        m_questions.start(questionInterval);
+    }
 }
 
 void DeviceCalls::startNext()
 {
-    while (!m_isBusy && !m_waiting.empty() && m_surroundings.ownership.isActive()) {
-        const CallRequest call = m_waiting.front();
-        m_waiting.pop_front();
-        if (call.deadline.hasExpired())
-            end(call, CallAnswer::notSent(tr("the message has expired")));
-        else
-            send(call);
-    }
+    while (!m_isBusy && !m_waiting.isEmpty() && m_surroundings.ownership.isActive())
+        start(m_waiting.takeFirst());
+}
+
+void DeviceCalls::start(const WaitingCalls::Entry &entry)
+{
+    if (!entry.call.fault.isEmpty())
+        end(entry.call, CallAnswer::notSent(entry.call.fault));
+    else if (entry.isDoubtful)
+        end(entry.call, CallAnswer::unknown(lostTrackText));
+    else if (entry.call.deadline.hasExpired())
+        end(entry.call, CallAnswer::notSent(tr("the message has expired")));
+    else if (entry.patience.hasExpired())
+        end(entry.call, CallAnswer::notSent(tr("no gateway worked for the device in time")));
+    else
+        send(entry.call);
 }
 
 /// A write is claimed when it is ready to be sent. A read changes nothing: it needs no claim.
@@ -135,7 +155,7 @@ void DeviceCalls::claim(const CallRequest &call, const SendPermission &permissio
 }
 
 /// Only the active gateway answers. Of a call that was sent, the gateway that is active next learns
-/// the outcome from the device.
+/// the outcome from the device. This one keeps the call until it sees the answer.
 void DeviceCalls::finish(const CallRequest &call, const Answer<std::string> &answer)
 {
     m_isBusy = false;
@@ -143,12 +163,14 @@ void DeviceCalls::finish(const CallRequest &call, const Answer<std::string> &ans
     const bool isRead = operation && operation->direction() == Operations::Direction::Read;
     const bool isActive = m_surroundings.ownership.isActive();
     const bool mayBeRepeated = answer.isCanceled() || (isRead && !isActive);
-    if (m_isAnswered || (!mayBeRepeated && !isActive))
+    if (m_isAnswered || (!mayBeRepeated && !isActive)) {
         m_surroundings.ownership.abandon(call);
-    else if (m_isImpossible)
+        if (!m_isAnswered)
+            m_waiting.putBack(call, true);
+    } else if (m_isImpossible)
         end(call, CallAnswer::notSent(tr("the broker does not permit the gateway's claims")));
     else if (mayBeRepeated)
-        m_waiting.push_front(call);
+        m_waiting.putBack(call, false);
     else
         end(call, CallAnswer::of(answer));
     startNext();
@@ -156,10 +178,10 @@ void DeviceCalls::finish(const CallRequest &call, const Answer<std::string> &ans
 
 void DeviceCalls::end(const CallRequest &call, const CallAnswer &answer)
 {
-    if (call.fault.isEmpty())
-        m_remembered.end(call, answer);
+    const bool isKeptByOthers = call.fault.isEmpty() || !call.key.correlation.isEmpty();
+    m_remembered.end(call, answer);
     publishAnswer(call, answer);
-    if (call.fault.isEmpty())
+    if (isKeptByOthers)
         m_surroundings.ownership.release(call, answer);
     Q_EMIT callEnded(call, answer);
 }
@@ -175,30 +197,53 @@ void DeviceCalls::publishAnswer(const CallRequest &call, const CallAnswer &answe
     m_surroundings.outbox.send(message);
 }
 
-void DeviceCalls::dropWaiting(const CallKey &key)
+void DeviceCalls::endAnswered(const BrokerMessage &answer)
 {
-    eraseIf(m_waiting, [&](const CallRequest &each) { return each.key == key; });
+    const auto call = m_waiting.find(answer.topic, answer.correlation);
+    if (!call)
+        return;
+    const auto content = CallAnswer::fromJson(answer.payload, m_serial);
+    if (content) // otherwise the answer is about another device
+        endElsewhere(*call, *content, false);
 }
 
-void DeviceCalls::dropAnswered(const QString &answerTopic, const QByteArray &correlation)
+/// Another gateway may have carried them out.
+void DeviceCalls::doubtWaiting()
 {
-    eraseIf(m_waiting, [&](const CallRequest &each) {
-        return each.key.answerTopic == answerTopic && each.key.correlation == correlation;
-    });
+    m_waiting.doubtAll();
+    if (!m_waiting.isEmpty())
+        qCWarning(callsLog,
+                  "Missed what other gateways did for the device %s: %zu calls may have been "
+                  "carried out.",
+                  qUtf8Printable(m_serial), m_waiting.size());
+    QTimer::singleShot(0, this, &DeviceCalls::askAboutUnclear); // after the record that has arrived
 }
 
-/// They may have been carried out by another gateway, which answers them.
-void DeviceCalls::dropAllWaiting()
+void DeviceCalls::askAboutUnclear()
 {
-    if (!m_waiting.empty())
-        qCWarning(callsLog, "Dropped %zu calls that another gateway may have carried out.",
-                  m_waiting.size());
-    m_waiting.clear();
+    if (m_surroundings.ownership.isActive() || !m_surroundings.broker.isConnected())
+        return;
+    for (const WaitingCalls::Entry &entry : m_waiting.unclear())
+        m_surroundings.ownership.ask(entry.call, entry.isDoubtful);
+}
+
+void DeviceCalls::answerQuestion(const CallRequest &call, bool isDoubtful)
+{
+    const RememberedCalls::Recall recall = m_remembered.find(call.key);
+    if (recall.kind == RememberedCalls::Kind::Ended)
+        m_surroundings.ownership.replyAnswered(call, recall.answer);
+    else if (recall.kind == RememberedCalls::Kind::UnderWay)
+        m_surroundings.ownership.replyWaiting(call);
+    else
+        end(call,
+            isDoubtful ? CallAnswer::unknown(lostTrackText)
+                       : CallAnswer::notSent(tr("the gateway that works for the device has not "
+                                                "received the call")));
 }
 
 void DeviceCalls::endElsewhere(const CallRequest &call, const CallAnswer &answer, bool mustAnswer)
 {
-    dropWaiting(call.key);
+    m_waiting.remove(call.key);
     m_isAnswered = m_isAnswered || (m_isBusy && call.key == m_current);
     if (mustAnswer)
         return end(call, answer);

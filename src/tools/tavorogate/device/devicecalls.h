@@ -4,13 +4,14 @@
 #include <tavorogate/calls/callanswer.h>
 #include <tavorogate/calls/callrequest.h>
 #include <tavorogate/calls/rememberedcalls.h>
+#include <tavorogate/calls/waitingcalls.h>
 #include <tavorosession/outcome.h>
 #include <tavorosession/sendpermission.h>
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
-#include <deque>
 #include <string>
 
 namespace Tavoro {
@@ -56,22 +57,26 @@ private:
     void receive(const BrokerMessage &message);
     void accept(const CallRequest &call);
     void enqueue(const CallRequest &call);
+    void setActive(bool isActive);
     void startNext();
+    void start(const WaitingCalls::Entry &entry);
     void send(const CallRequest &call);
     void claim(const CallRequest &call, const SendPermission &permission);
     void finish(const CallRequest &call, const Answer<std::string> &answer);
     void end(const CallRequest &call, const CallAnswer &answer);
     void publishAnswer(const CallRequest &call, const CallAnswer &answer);
-    void dropWaiting(const CallKey &key);
-    void dropAnswered(const QString &answerTopic, const QByteArray &correlation);
-    void dropAllWaiting();
+    void endAnswered(const BrokerMessage &answer);
+    void doubtWaiting();
+    void askAboutUnclear();
+    void answerQuestion(const CallRequest &call, bool isDoubtful);
     void endElsewhere(const CallRequest &call, const CallAnswer &answer, bool mustAnswer);
 
     const Surroundings m_surroundings;
     const QString m_serial;
     const CallRules m_rules;
     RememberedCalls m_remembered;
-    std::deque<CallRequest> m_waiting;
+    WaitingCalls m_waiting;
+    QTimer m_questions; ///< Asks the active gateway about calls that wait and are unclear.
     bool m_isBusy = false; ///< A call is being claimed or carried out.
     CallKey m_current; ///< The call that is being claimed or carried out.
     bool m_isImpossible = false; ///< The broker does not permit its claim.

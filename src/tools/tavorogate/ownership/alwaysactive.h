@@ -14,6 +14,9 @@ public:
                std::function<void(Claim)> decided) override;
     void release(const CallRequest &call, const CallAnswer &answer) override;
     void abandon(const CallRequest &call) override;
+    void ask(const CallRequest & /*call*/, bool /*isDoubtful*/) override { }
+    void replyWaiting(const CallRequest & /*call*/) override { }
+    void replyAnswered(const CallRequest & /*call*/, const CallAnswer & /*answer*/) override { }
     void leave() override { }
     bool isLeaving() const override { return false; }
 };

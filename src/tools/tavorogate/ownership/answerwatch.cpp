@@ -12,7 +12,7 @@ AnswerWatch::AnswerWatch(BrokerConnection &broker)
     m_subscription = broker.subscribe(Topics::filterOf(Topics::answers()), options,
                                       [this](const BrokerMessage &message) {
                                           if (!message.correlation.isEmpty())
-                                              Q_EMIT answered(message.topic, message.correlation);
+                                              Q_EMIT answered(message);
                                       });
 }
 

@@ -2,9 +2,7 @@
 
 #include <tavorogate/broker/brokerconnection.h>
 
-#include <QByteArray>
 #include <QObject>
-#include <QString>
 
 namespace Tavoro::Gate {
 
@@ -17,7 +15,7 @@ public:
     explicit AnswerWatch(BrokerConnection &broker);
 
 Q_SIGNALS:
-    void answered(const QString &topic, const QByteArray &correlation);
+    void answered(const Tavoro::Gate::BrokerMessage &message);
 
 private:
     Subscription m_subscription;

@@ -4,6 +4,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStringList>
 
 namespace Tavoro::Gate {
 
@@ -26,10 +27,13 @@ const QString outcomeKey     = QStringLiteral("outcome");
 const QString statusKey      = QStringLiteral("status");
 const QString textKey        = QStringLiteral("text");
 const QString recordKey      = QStringLiteral("answer");
+const QString doubtfulKey    = QStringLiteral("isDoubtful");
 // clang-format on
 
-const QString claimed = QStringLiteral("claimed");
-const QString ended = QStringLiteral("ended");
+/// In the order of ClaimRecord::State.
+const QStringList states{QStringLiteral("claimed"), QStringLiteral("ended"),
+                         QStringLiteral("asked"), QStringLiteral("waiting"),
+                         QStringLiteral("answered")};
 
 void addCall(const CallRequest &call, QJsonObject &object)
 {
@@ -83,13 +87,15 @@ QByteArray ClaimRecord::toJson() const
         {sequenceKey, static_cast<double>(sequence)},
         {instanceKey, instance},
         {gatewayKey, gateway},
-        {stateKey, isEnded ? ended : claimed},
+        {stateKey, states.at(state)},
         {clientKey, QString::fromLatin1(QByteArray::fromStdString(request.client).toHex())},
         {connectionKey, static_cast<double>(request.connection)},
         {requestKey, static_cast<double>(request.number)},
     };
     addCall(call, object);
-    if (isEnded)
+    if (state == Asked)
+        object.insert(doubtfulKey, isDoubtful);
+    if (hasAnswer())
         addAnswer(answer, object);
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
@@ -97,17 +103,18 @@ QByteArray ClaimRecord::toJson() const
 std::optional<ClaimRecord> ClaimRecord::fromJson(const QByteArray &json)
 {
     const QJsonObject object = QJsonDocument::fromJson(json).object();
-    const QString state = object.value(stateKey).toString();
-    if (state != claimed && state != ended)
+    const auto state = states.indexOf(object.value(stateKey).toString());
+    if (state < 0)
         return std::nullopt;
     ClaimRecord record;
     record.sequence = static_cast<quint64>(object.value(sequenceKey).toDouble());
     record.instance = object.value(instanceKey).toString();
     record.gateway = object.value(gatewayKey).toString();
-    record.isEnded = state == ended;
+    record.state = static_cast<State>(state);
+    record.isDoubtful = object.value(doubtfulKey).toBool();
     record.request = requestOf(object);
     record.call = callOf(object);
-    if (record.isEnded)
+    if (record.hasAnswer())
         record.answer = answerOf(object);
     return record;
 }

@@ -4,7 +4,6 @@
 #include <tavorosession/devicesession.h>
 
 #include <QLoggingCategory>
-#include <QUuid>
 
 #include <algorithm>
 #include <utility>
@@ -25,8 +24,6 @@ constexpr std::chrono::milliseconds grace(3000);
 constexpr std::chrono::milliseconds longestPause(1000);
 constexpr std::chrono::milliseconds shortestPause(20);
 
-const QByteArray barrierBeginning = "barrier ";
-
 } // namespace
 
 LeaseOwnership::LeaseOwnership(BrokerConnection &broker, const AnswerWatch &answers,
@@ -36,7 +33,7 @@ LeaseOwnership::LeaseOwnership(BrokerConnection &broker, const AnswerWatch &answ
       m_session(session),
       m_serial(serial),
       m_options(options),
-      m_instance(QUuid::createUuid().toString(QUuid::WithoutBraces))
+      m_publisher(broker, serial, options.gateway)
 {
     m_again.setSingleShot(true);
     m_grace.setSingleShot(true);
@@ -109,28 +106,19 @@ void LeaseOwnership::takeOver()
 {
     m_phase = Phase::TakingOver;
     ++m_round;
-    publishBarrier();
-}
-
-void LeaseOwnership::publishBarrier()
-{
-    m_barrier = barrierBeginning + m_instance.toLatin1() + ' ' + QByteArray::number(m_round);
-    BrokerMessage message;
-    message.topic = Topics::claim(m_serial);
-    message.payload = m_barrier;
-    m_broker.publish(message);
+    m_barrier = m_publisher.publishBarrier();
 }
 
 void LeaseOwnership::settle()
 {
-    const bool isOwn = m_last && m_last->instance == m_instance;
+    const bool isOwn = isLastOwn();
     if (!std::exchange(m_isFollowing, true) && m_last) {
         if (isOwn)
-            publishLast(); // the broker has restarted, or has not received it
+            m_publisher.publish(*m_last); // the broker has restarted, or has not received it
         else
             Q_EMIT claimsMissed();
     }
-    if (m_last && !m_last->isEnded && (!isOwn || m_isAbandoned))
+    if (m_last && m_last->state == ClaimRecord::Claimed && (!isOwn || m_isAbandoned))
         resolve(*m_last);
     else
         activate();
@@ -202,10 +190,10 @@ void LeaseOwnership::claim(const CallRequest &call, const SSProxy::RequestIdenti
 {
     if (!isActive())
         return decided(Claim::Postponed);
-    ClaimRecord record;
+    ClaimRecord record = m_publisher.next(m_last);
     record.request = request;
     record.call = call;
-    publish(std::move(record), [this, decided = std::move(decided)](Delivery delivery) {
+    publish(record, [this, decided = std::move(decided)](Delivery delivery) {
         m_isSent = delivery == Delivery::Accepted && isActive();
         if (delivery == Delivery::Refused)
             decided(Claim::Impossible);
@@ -214,14 +202,20 @@ void LeaseOwnership::claim(const CallRequest &call, const SSProxy::RequestIdenti
     });
 }
 
+/// The claim of another call stays the last record until that call has ended: a successor looks for
+/// it there.
 void LeaseOwnership::release(const CallRequest &call, const CallAnswer &answer)
 {
+    const bool hasOtherClaim =
+        isLastOwn() && m_last->state == ClaimRecord::Claimed && !(m_last->call.key == call.key);
+    if (hasOtherClaim)
+        return m_publisher.replyAnswered(call, answer);
     m_isSent = m_isAbandoned = false;
-    ClaimRecord record;
-    record.isEnded = true;
+    ClaimRecord record = m_publisher.next(m_last);
+    record.state = ClaimRecord::Ended;
     record.call = call;
     record.answer = answer;
-    publish(std::move(record), {});
+    publish(record);
 }
 
 void LeaseOwnership::abandon(const CallRequest & /*call*/)
@@ -229,23 +223,11 @@ void LeaseOwnership::abandon(const CallRequest & /*call*/)
     m_isAbandoned = std::exchange(m_isSent, false);
 }
 
-void LeaseOwnership::publish(ClaimRecord record, BrokerConnection::Delivered delivered)
+void LeaseOwnership::publish(const ClaimRecord &record, BrokerConnection::Delivered delivered)
 {
-    record.sequence = m_last ? m_last->sequence + 1 : 1;
-    record.instance = m_instance;
-    record.gateway = m_options.gateway;
-    m_last = std::move(record);
+    m_last = record;
     m_isLastAnswered = false;
-    publishLast(std::move(delivered));
-}
-
-void LeaseOwnership::publishLast(BrokerConnection::Delivered delivered)
-{
-    BrokerMessage message;
-    message.topic = Topics::claim(m_serial);
-    message.payload = m_last->toJson();
-    message.isRetained = true;
-    m_broker.publish(message, std::move(delivered));
+    m_publisher.publish(record, std::move(delivered));
 }
 
 void LeaseOwnership::receive(const BrokerMessage &message)
@@ -253,20 +235,37 @@ void LeaseOwnership::receive(const BrokerMessage &message)
     if (m_phase == Phase::TakingOver && message.payload == m_barrier)
         return settle();
     const auto record = ClaimRecord::fromJson(message.payload);
-    if (record && record->instance == m_instance)
+    if (!record)
+        return;
+    const bool isOwn = m_publisher.hasPublished(*record);
+    if (isOwn && record->isRetained())
         m_isFollowing = m_isFollowing || (m_last && m_last->sequence == record->sequence);
-    else if (record && isActive() && m_last)
-        publishLast(); // a gateway that was suspended has overwritten it
-    else if (record)
+    else if (!isOwn && !record->isRetained())
+        receiveNote(*record);
+    else if (!isOwn && isActive() && m_last)
+        m_publisher.publish(*m_last); // a gateway that was suspended has overwritten it
+    else if (!isOwn)
         follow(*record);
 }
 
-void LeaseOwnership::noteAnswer(const QString &topic, const QByteArray &correlation)
+void LeaseOwnership::receiveNote(const ClaimRecord &note)
 {
-    if (m_last && m_last->call.key.answerTopic == topic
-        && m_last->call.key.correlation == correlation)
-        m_isLastAnswered = true;
-    Q_EMIT answeredElsewhere(topic, correlation);
+    if (note.state == ClaimRecord::Asked && isActive())
+        Q_EMIT asked(note.call, note.isDoubtful);
+    else if (note.state == ClaimRecord::Waiting)
+        Q_EMIT waitsElsewhere(note.call.key);
+    else if (note.state == ClaimRecord::Answered)
+        Q_EMIT endedElsewhere(note.call, note.answer, false);
+}
+
+/// Callers may use the same correlation data for calls of several devices.
+void LeaseOwnership::noteAnswer(const BrokerMessage &answer)
+{
+    const bool isLast = m_last && m_last->call.key.answerTopic == answer.topic
+        && m_last->call.key.correlation == answer.correlation
+        && CallAnswer::fromJson(answer.payload, m_serial);
+    m_isLastAnswered = m_isLastAnswered || isLast;
+    Q_EMIT answeredElsewhere(answer);
 }
 
 /// A gap in the sequence, or an earlier one, means that records were missed.
@@ -282,7 +281,7 @@ void LeaseOwnership::follow(const ClaimRecord &record)
     m_isLastAnswered = false;
     if (!isNext)
         Q_EMIT claimsMissed();
-    if (record.isEnded)
+    if (record.state == ClaimRecord::Ended)
         Q_EMIT endedElsewhere(record.call, record.answer, false);
     else
         Q_EMIT claimedElsewhere(record.call.key);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "answerwatch.h"
+#include "claimpublisher.h"
 #include "claimrecord.h"
 #include "deviceownership.h"
 
@@ -45,6 +46,15 @@ public:
                std::function<void(Claim)> decided) override;
     void release(const CallRequest &call, const CallAnswer &answer) override;
     void abandon(const CallRequest &call) override;
+    void ask(const CallRequest &call, bool isDoubtful) override
+    {
+        m_publisher.ask(call, isDoubtful);
+    }
+    void replyWaiting(const CallRequest &call) override { m_publisher.replyWaiting(call); }
+    void replyAnswered(const CallRequest &call, const CallAnswer &answer) override
+    {
+        m_publisher.replyAnswered(call, answer);
+    }
     void leave() override;
     bool isLeaving() const override { return m_isReleasing; }
 
@@ -59,7 +69,6 @@ private:
     void askForLease();
     void leaseAnswered(const Answer<SSProxy::DeviceLease> &answer);
     void takeOver();
-    void publishBarrier();
     void settle();
     void resolve(const ClaimRecord &claim);
     void activate();
@@ -67,15 +76,16 @@ private:
     void releaseLease();
     void receive(const BrokerMessage &message);
     void follow(const ClaimRecord &record);
-    void noteAnswer(const QString &topic, const QByteArray &correlation);
-    void publish(ClaimRecord record, BrokerConnection::Delivered delivered);
-    void publishLast(BrokerConnection::Delivered delivered = {});
+    void receiveNote(const ClaimRecord &note);
+    void noteAnswer(const BrokerMessage &answer);
+    void publish(const ClaimRecord &record, BrokerConnection::Delivered delivered = {});
+    bool isLastOwn() const { return m_last && m_publisher.hasPublished(*m_last); }
 
     BrokerConnection &m_broker;
     DeviceSession &m_session;
     const QString m_serial;
     const Options m_options;
-    const QString m_instance; ///< Identifies this object in records.
+    ClaimPublisher m_publisher;
     Phase m_phase = Phase::Watching;
     bool m_isAsking = false; ///< A request for the lease is under way.
     bool m_hasLeft = false; ///< The gateway ends.

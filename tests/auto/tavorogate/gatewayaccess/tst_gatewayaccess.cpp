@@ -1,10 +1,13 @@
 // Users, access lists and certificates, with the files that docs/gateway.md shows.
 
+#include <support/common/messagecatcher.h>
 #include <support/common/patience.h>
 #include <support/tavorogate/gatebench.h>
 
 #include <QFile>
 #include <QJsonObject>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 using namespace Tavoro;
 using Gate::BrokerConnection;
@@ -22,6 +25,18 @@ QByteArray blockOfPage(const QByteArray &firstLine)
     const QByteArray text = page.readAll();
     const auto begin = text.indexOf(firstLine);
     return begin < 0 ? QByteArray() : text.mid(begin, text.indexOf("```", begin) - begin);
+}
+
+/// Answers a client as a broker that accepts it and refuses its subscription.
+void refuse(QTcpSocket &client)
+{
+    constexpr char connectPacket = 0x10;
+    constexpr char subscribePacket = '\x82';
+    const QByteArray packet = client.readAll();
+    if (packet.startsWith(connectPacket))
+        client.write(QByteArray::fromHex("2003000000"));
+    else if (packet.startsWith(subscribePacket))
+        client.write(QByteArray::fromHex("9004") + packet.mid(2, 2) + QByteArray::fromHex("0087"));
 }
 
 /// Runs a command in a folder. No word contains a blank.
@@ -48,6 +63,8 @@ private Q_SLOTS:
     void observersReadStateOnly();
     void operatorsCallTheirDeviceUnderTheirName();
     void answersArePrivate();
+    void refusedMessageIsReportedWithItsTopic();
+    void refusedSubscriptionIsReportedWithItsTopic();
     void wrongPasswordIsReported();
     void clientCertificateIsEnough();
     void unknownAuthorityIsRefused();
@@ -157,6 +174,39 @@ void tst_GatewayAccess::answersArePrivate()
                      .value(QStringLiteral("swap")),
                  QJsonValue(1));
     QVERIFY(bob.answers("1").isEmpty());
+}
+
+void tst_GatewayAccess::refusedMessageIsReportedWithItsTopic()
+{
+    startWithUsers();
+    const MessageCatcher catcher;
+    BrokerObserver olga(optionsOf(QStringLiteral("olga")));
+    QVERIFY(olga.start());
+    QCOMPARE(publish(olga, swap(QStringLiteral("olga"), "1")), Delivery::Refused);
+    QCOMPARE(catcher.texts("tavoro.gate.broker", QtWarningMsg),
+             QStringList{QStringLiteral("The broker refused a message to "
+                                        "tavoro/00000000000000A1/call/olga/Device.writeSwap: "
+                                        "Not authorized.")});
+}
+
+/// An access list of mosquitto refuses messages only; brokers with roles also refuse subscriptions.
+void tst_GatewayAccess::refusedSubscriptionIsReportedWithItsTopic()
+{
+    QTcpServer broker;
+    QVERIFY(broker.listen(QHostAddress::LocalHost));
+    connect(&broker, &QTcpServer::newConnection, &broker, [&broker] {
+        QTcpSocket *const client = broker.nextPendingConnection();
+        connect(client, &QTcpSocket::readyRead, client, [client] { refuse(*client); });
+    });
+    Gate::BrokerOptions options;
+    options.port = broker.serverPort();
+    options.clientId = QStringLiteral("stranger");
+    const MessageCatcher catcher;
+    BrokerObserver stranger(options);
+    QVERIFY(stranger.start());
+    QTRY_COMPARE(catcher.texts("tavoro.gate.broker", QtWarningMsg),
+                 QStringList{QStringLiteral(
+                     "The broker refused the subscription of tavoro/#: Not authorized.")});
 }
 
 void tst_GatewayAccess::wrongPasswordIsReported()

@@ -1,8 +1,8 @@
 // Calls through the broker: each is answered, and carried out at most once.
 
 #include <support/common/patience.h>
-#include <support/tavorogate/brokerrelay.h>
 #include <support/tavorogate/gatebench.h>
+#include <support/tavorogate/portrelay.h>
 #include <support/tavorosession/devicelog.h>
 
 #include <QJsonObject>
@@ -258,7 +258,7 @@ void tst_GatewayCalls::callWithoutAConnectionToTheDeviceIsNotSent()
 /// The client is back before the gateway: the broker keeps no answers for absent clients.
 void tst_GatewayCalls::answerFollowsWhenTheBrokerIsBack()
 {
-    BrokerRelay relay(m_bench->broker.port());
+    PortRelay relay(m_bench->broker.port());
     QVERIFY(m_bench->stopGateway());
     m_bench->gatewayPort = relay.port();
     m_bench->startGateway();

@@ -95,6 +95,14 @@ void tst_GatewayConfig::mistakesAreNamed_data()
                                    "read: No such file or directory";
     const char *const addresses =
         "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\"";
+    const char *const noKey = "line 1: \"broker.tls.key\" must be a file that can be read: "
+                              "No such file or directory";
+    const char *const noAddress =
+        "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\", but "
+        "entry 2 is \"192.0.2.7:0x\"";
+    const char *const number =
+        "line 1: \"devices\" must be a list of addresses, each \"HOST\" or \"HOST:PORT\", but "
+        "entry 1 is 7";
     // clang-format off
     row("no JSON",         "{\n} x",                                          "line 2: garbage at the end of the document");
     row("no object",       "[]",                                              "expected a JSON object");
@@ -105,8 +113,17 @@ void tst_GatewayConfig::mistakesAreNamed_data()
     row("not a name",      "{\"name\": \"a/b\"}",                             "line 1: \"name\" must be a text without the characters / + #, and not empty");
     row("not a host",      "{\"broker\": {\"host\": \"\"}}",                  "line 1: \"broker.host\" must be a text that is not empty");
     row("not a list",      "{\"devices\": \"192.0.2.7\"}",                    addresses);
-    row("not an address",  "{\"devices\": [\"192.0.2.7:0x\"]}",               addresses);
-    row("no certificate",  "{\"broker\": {\"tls\": {\"key\": \"/x\"}}}",      "line 1: \"broker.tls.key\" must be a file that can be read");
+    row("not an address",  "{\"devices\": [\"192.0.2.7\", \"192.0.2.7:0x\"]}", noAddress);
+    row("not a text",      "{\"devices\": [7]}",                              number);
+    row("object for list", "{\"devices\": {}}",                               addresses);
+    row("object for text", "{\"name\": {\"x\": 1}}",                          "line 1: \"name\" must be a text without the characters / + #, and not empty");
+    row("text for object", "{\"broker\": \"x\"}",                             "line 1: \"broker\" must be an object, but it is \"x\"");
+    row("list for object", "{\n\"calls\": []}",                              "line 2: \"calls\" must be an object, but it is []");
+    row("number for tls",  "{\"broker\": {\"tls\": 1}}",                      "line 1: \"broker.tls\" must be an object, but it is 1");
+    row("unknown object",  "{\"brokr\": {\"port\": 1}}",                      "line 1: unknown key \"brokr\"; did you mean \"broker\"");
+    row("no certificate",  "{\"broker\": {\"tls\": {\"key\": \"/x\"}}}",      noKey);
+    row("directory",       "{\"broker\": {\"tls\": {\"authorities\": \"/\"}}}", "line 1: \"broker.tls.authorities\" must be a file, but / is a directory");
+    row("not a file name", "{\"broker\": {\"passwordFile\": 1}}",             "line 1: \"broker.passwordFile\" must be the name of a file");
     row("no password",     "{\"broker\": {\"passwordFile\": \"/x\"}}",        noPassword);
     row("nothing to do",   "{}",                                              "there is nothing to do: set \"devices\" or \"discovery\"");
     // clang-format on

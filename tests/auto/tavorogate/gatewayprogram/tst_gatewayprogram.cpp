@@ -60,6 +60,7 @@ private Q_SLOTS:
     void commandLineIsChecked();
     void serviceManagerSeesItStartWorkAndEnd();
     void signalEndsTheProgramWithAFarewell();
+    void normalStopLogsNoWarning();
 
 private:
     QString write(const QByteArray &content) const
@@ -163,6 +164,27 @@ void tst_GatewayProgram::signalEndsTheProgramWithAFarewell()
     QVERIFY(text.contains("# TYPE tavorogate_broker_connections_total counter\n"
                           "tavorogate_broker_connections_total 1\n"));
     QVERIFY(text.contains("tavorogate_calls_total{outcome=\"not-sent\"} 0\n"));
+}
+
+/// The library may log that the stop has interrupted its reading of the device.
+void tst_GatewayProgram::normalStopLogsNoWarning()
+{
+    GateBench bench;
+    QVERIFY(bench.startBroker());
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_MESSAGE_PATTERN"),
+                       QStringLiteral("%{type} %{category} %{message}"));
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(GATEWAY), {QStringLiteral("--config"), write(configOf(bench))});
+    const QString device = QStringLiteral("tavoro/00000000000000A1/online");
+    QTRY_VERIFY(bench.observer().object(device).value(QStringLiteral("online")).toBool());
+    ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+    QTRY_COMPARE(program.state(), QProcess::NotRunning);
+    QCOMPARE(program.exitCode(), 0);
+    const QByteArray log = program.readAllStandardError();
+    QVERIFY2(log.contains("info tavoro.gate.broker Connected to the broker"), log.constData());
+    QVERIFY2(!log.contains("warning tavoro.gate"), log.constData());
 }
 
 QTEST_GUILESS_MAIN(tst_GatewayProgram)

@@ -5,6 +5,7 @@
 #include <support/common/patience.h>
 #include <support/tavorogate/brokerobserver.h>
 #include <support/tavorogate/mosquittobroker.h>
+#include <support/tavorogate/portrelay.h>
 #include <support/tavorosession/devicelog.h>
 #include <support/tavorosim/simulatedconnection.h>
 
@@ -122,19 +123,30 @@ private Q_SLOTS:
     void gatewayThatContinuesTooLateDoesNotAnswer();
     void stoppedGatewayLetsTheOtherOneWorkAtOnce();
     void operatorsControlIsRespected();
+    void deviceThatIsLostByAllGatewaysIsOffline();
+    void deviceThatIsLostByOneGatewayIsOfflineUntilTheOtherOneWorks();
 
 private:
-    bool startGateways(int seconds);
+    bool startGateways(int seconds) { return startGateways(seconds, m_device->simulator->port()); }
+    bool startGateways(int seconds, quint16 portOfLeft);
+    void switchEverythingOff();
+    QJsonObject presence() const
+    {
+        return m_observer->object(QStringLiteral("tavoro/%1/online").arg(serial));
+    }
+    bool isOnline() const { return presence().value(QStringLiteral("online")).toBool(); }
+    bool isOffline() const
+    {
+        return presence().value(QStringLiteral("online")) == QJsonValue(false);
+    }
+    QStringList presences() const;
+    QString presentGateway() const
+    {
+        return presence().value(QStringLiteral("gateway")).toString();
+    }
     bool waitForActive(const QString &name)
     {
-        return QTest::qWaitFor(
-            [&] {
-                return m_observer->object(QStringLiteral("tavoro/%1/online").arg(serial))
-                           .value(QStringLiteral("gateway"))
-                           .toString()
-                    == name;
-            },
-            patience);
+        return QTest::qWaitFor([&] { return presentGateway() == name; }, patience);
     }
     void call(int number);
     int answered(int first, int last) const;
@@ -173,16 +185,32 @@ void tst_GatewayTakeover::init()
 }
 
 /// The first gateway is active, and the second one has subscribed.
-bool tst_GatewayTakeover::startGateways(int seconds)
+bool tst_GatewayTakeover::startGateways(int seconds, quint16 portOfLeft)
 {
     const quint16 port = m_device->simulator->port();
-    m_gateways[0] = std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("left"), seconds);
+    m_gateways[0] =
+        std::make_unique<GateProcess>(*m_broker, portOfLeft, QStringLiteral("left"), seconds);
     if (!waitForActive(QStringLiteral("left")))
         return false;
     m_gateways[1] =
         std::make_unique<GateProcess>(*m_broker, port, QStringLiteral("right"), seconds);
-    return m_gateways[1]->waitForLog("has the serial number")
-        && m_gateways[1]->waitForLog("Connected to the broker");
+    return QTest::qWaitFor(
+        [this] {
+            return m_broker->hasSubscriber("tavorogate-right", "tavoro/00000000000000A1/call/#");
+        },
+        patience);
+}
+
+/// The next device has no lease, and the broker knows nothing about it.
+void tst_GatewayTakeover::switchEverythingOff()
+{
+    m_gateways = {};
+    m_device.reset();
+    Gate::BrokerMessage nothing;
+    nothing.topic = QStringLiteral("tavoro/%1/online").arg(serial);
+    nothing.isRetained = true;
+    m_observer->publish(nothing);
+    QTRY_VERIFY(presence().isEmpty());
 }
 
 void tst_GatewayTakeover::cleanup()
@@ -328,8 +356,8 @@ void tst_GatewayTakeover::gatewayThatContinuesTooLateDoesNotAnswer()
 
 void tst_GatewayTakeover::stoppedGatewayLetsTheOtherOneWorkAtOnce()
 {
-    m_gateways = {};
-    m_device = std::make_unique<RunningSimulator>(smallDevice()); // without a lease
+    switchEverythingOff();
+    m_device = std::make_unique<RunningSimulator>(smallDevice());
     QVERIFY(startGateways(600));
     m_gateways[0]->signal(SIGTERM);
     QVERIFY(m_gateways[0]->waitForEnd());
@@ -349,6 +377,58 @@ void tst_GatewayTakeover::operatorsControlIsRespected()
     call(1);
     QTRY_COMPARE_WITH_TIMEOUT(answered(1, 1), 1, patience);
     QCOMPARE(outcome(1), QStringLiteral("refused"));
+}
+
+/// What gateways have published about the device, without repetitions: "left: true".
+QStringList tst_GatewayTakeover::presences() const
+{
+    QStringList found;
+    const auto messages = m_observer->messages(QStringLiteral("tavoro/%1/online").arg(serial));
+    for (const Gate::BrokerMessage &message : messages) {
+        const QJsonObject record = QJsonDocument::fromJson(message.payload).object();
+        const QString text = record.value(QStringLiteral("gateway")).toString()
+            + (record.value(QStringLiteral("online")).toBool() ? QStringLiteral(": true")
+                                                               : QStringLiteral(": false"));
+        if (found.isEmpty() || found.last() != text)
+            found << text;
+    }
+    return found;
+}
+
+void tst_GatewayTakeover::deviceThatIsLostByAllGatewaysIsOffline()
+{
+    QVERIFY(isOnline());
+    Sim::SimOptions options = smallDevice();
+    options.port = m_device->simulator->port();
+    m_device.reset();
+    QTRY_VERIFY(isOffline());
+    QCOMPARE(presentGateway(), QStringLiteral("left"));
+    QVERIFY(!presence().value(QStringLiteral("reason")).toString().isEmpty());
+    m_device = std::make_unique<RunningSimulator>(options);
+    QTRY_VERIFY(isOnline());
+}
+
+/// The lease does not end with the connection of its holder.
+void tst_GatewayTakeover::deviceThatIsLostByOneGatewayIsOfflineUntilTheOtherOneWorks()
+{
+    switchEverythingOff();
+    m_device = std::make_unique<RunningSimulator>(smallDevice());
+    PortRelay relay(m_device->simulator->port());
+    QVERIFY(startGateways(leaseSeconds, relay.port()));
+    QTRY_VERIFY(isOnline());
+    m_observer->forgetMessages();
+    relay.block();
+    relay.cut();
+    QTRY_VERIFY(isOffline());
+    QCOMPARE(presentGateway(), QStringLiteral("left"));
+    QVERIFY(waitForActive(QStringLiteral("right")));
+    relay.unblock();
+    m_gateways[1]->signal(SIGKILL);
+    QVERIFY(waitForActive(QStringLiteral("left")));
+    QCOMPARE(presences(),
+             (QStringList{QStringLiteral("left: false"), QStringLiteral("right: true"),
+                          QStringLiteral("left: true")}));
+    m_gateways = {};
 }
 
 QTEST_GUILESS_MAIN(tst_GatewayTakeover)

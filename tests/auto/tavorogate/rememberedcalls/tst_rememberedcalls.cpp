@@ -16,6 +16,8 @@ private Q_SLOTS:
     void callUnderWayIsNotForgotten();
     void readWithALongRecordIsForgotten();
     void callWithoutCorrelationIsAlwaysNew();
+    void callOfWhichOnlyTheEndIsKnownIsRecognised();
+    void forgottenCallIsNew();
 
 private:
     static CallRequest call(const QByteArray &correlation)
@@ -108,6 +110,25 @@ void tst_RememberedCalls::callWithoutCorrelationIsAlwaysNew()
     QCOMPARE(arrive(call({})), isNew);
     m_calls.end(call({}), done());
     QCOMPARE(arrive(call({})), isNew);
+}
+
+/// Another gateway has received it, and reports no arguments.
+void tst_RememberedCalls::callOfWhichOnlyTheEndIsKnownIsRecognised()
+{
+    m_calls = {};
+    m_calls.end(call("1"), done());
+    CallRequest complete = call("1");
+    complete.body = "{}";
+    QCOMPARE(arrive(complete), hasEnded);
+}
+
+void tst_RememberedCalls::forgottenCallIsNew()
+{
+    m_calls = {};
+    QCOMPARE(arrive(call("1")), isNew);
+    m_calls.forget(call("1").key);
+    QCOMPARE(static_cast<int>(m_calls.find(call("1").key).kind), isNew);
+    QCOMPARE(arrive(call("1")), isNew);
 }
 
 QTEST_GUILESS_MAIN(tst_RememberedCalls)

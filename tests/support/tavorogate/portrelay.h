@@ -3,10 +3,10 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
-/// A port that leads to the broker, which a test can block.
-class BrokerRelay {
+/// A port that leads to a broker or a device, which a test can block.
+class PortRelay {
 public:
-    explicit BrokerRelay(quint16 brokerPort) : m_brokerPort(brokerPort)
+    explicit PortRelay(quint16 target) : m_target(target)
     {
         m_server.listen(QHostAddress::LocalHost);
         QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
@@ -19,16 +19,24 @@ public:
     /// New connections wait until unblock().
     void block() { m_server.pauseAccepting(); }
     void unblock() { m_server.resumeAccepting(); }
+    /// Ends all connections.
+    void cut()
+    {
+        const auto clients =
+            m_server.findChildren<QTcpSocket *>(QString(), Qt::FindDirectChildrenOnly);
+        for (QTcpSocket *const client : clients)
+            client->abort();
+    }
 
 private:
     void relay(QTcpSocket &client)
     {
-        auto *const broker = new QTcpSocket(&client);
-        join(client, *broker);
-        join(*broker, client);
-        QObject::connect(broker, &QTcpSocket::errorOccurred, &client, &QTcpSocket::abort);
+        auto *const target = new QTcpSocket(&client);
+        join(client, *target);
+        join(*target, client);
+        QObject::connect(target, &QTcpSocket::errorOccurred, &client, &QTcpSocket::abort);
         QObject::connect(&client, &QTcpSocket::disconnected, &client, &QObject::deleteLater);
-        broker->connectToHost(QHostAddress::LocalHost, m_brokerPort);
+        target->connectToHost(QHostAddress::LocalHost, m_target);
     }
     static void join(QTcpSocket &from, QTcpSocket &to)
     {
@@ -37,6 +45,6 @@ private:
         QObject::connect(&from, &QTcpSocket::disconnected, &to, &QTcpSocket::disconnectFromHost);
     }
 
-    const quint16 m_brokerPort;
+    const quint16 m_target;
     QTcpServer m_server;
 };
