@@ -1299,6 +1299,14 @@
         <source>the broker does not permit the gateway&apos;s claims</source>
         <translation>der Broker erlaubt die Ansprüche des Gateways nicht</translation>
     </message>
+    <message>
+        <source>no gateway worked for the device in time</source>
+        <translation>kein Gateway hat rechtzeitig für das Gerät gearbeitet</translation>
+    </message>
+    <message>
+        <source>the gateway that works for the device has not received the call</source>
+        <translation>das Gateway, das für das Gerät arbeitet, hat den Aufruf nicht erhalten</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>

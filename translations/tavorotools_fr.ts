@@ -1299,6 +1299,14 @@
         <source>the broker does not permit the gateway&apos;s claims</source>
         <translation>le broker n’autorise pas les annonces de prise en charge de la passerelle</translation>
     </message>
+    <message>
+        <source>no gateway worked for the device in time</source>
+        <translation>aucune passerelle ne s’est occupée de l’appareil à temps</translation>
+    </message>
+    <message>
+        <source>the gateway that works for the device has not received the call</source>
+        <translation>la passerelle qui s’occupe de l’appareil n’a pas reçu l’appel</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>

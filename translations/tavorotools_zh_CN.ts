@@ -1299,6 +1299,14 @@
         <source>the broker does not permit the gateway&apos;s claims</source>
         <translation>MQTT 代理不允许网关的声明</translation>
     </message>
+    <message>
+        <source>no gateway worked for the device in time</source>
+        <translation>没有网关及时为该设备工作</translation>
+    </message>
+    <message>
+        <source>the gateway that works for the device has not received the call</source>
+        <translation>为该设备工作的网关未收到该调用</translation>
+    </message>
 </context>
 <context>
     <name>Tavoro::Gate::DevicePresence</name>
