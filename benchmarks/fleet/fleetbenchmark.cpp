@@ -38,7 +38,7 @@ namespace {
 
 constexpr int reportRate = 20; ///< Reports of each device in a second.
 constexpr int referenceSize = 10;
-constexpr int leastSynchronised = 100; ///< Devices, so that the time is long enough to measure.
+constexpr int leastSynchronised = 500; ///< Devices, so that the time is long enough to measure.
 constexpr Goal linear{1.1, false};
 
 struct Measured {
