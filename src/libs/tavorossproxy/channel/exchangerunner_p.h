@@ -28,8 +28,8 @@ public:
                    std::function<QString()> peerName);
 
     /// Returns false if requests are refused now, and reports the refusal to the ExchangeWatch of
-    /// the caller. An operation asks this before each request: if it sends nothing because of the
-    /// answer, its caller must not take the exchange before for the last one.
+    /// the caller. An operation calls this before each request, and sends nothing if it returns
+    /// false. Without the report, the watch would still show an earlier exchange.
     bool acceptsRequests() const;
     /// See DeviceChannel::sendSyncRequest(). Reports the exchange to the ExchangeWatch of the
     /// caller.
