@@ -14,6 +14,8 @@ set(TAVORO_SANITIZE "" CACHE STRING "Sanitizers to compile with, as for -fsaniti
 add_library(tavoro_settings INTERFACE)
 target_compile_options(tavoro_settings INTERFACE
     $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Werror=uninitialized>
+    # In a unity build, a local name would shadow what another source declares in its unnamed namespace.
+    $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-shadow>
     # Checks that clang-tidy has as well, where they cost far more time.
     $<$<CXX_COMPILER_ID:GNU,Clang>:-Wzero-as-null-pointer-constant;-Wempty-body>
     # The variadic part of Qt 6's logging macros is empty, which C++20 allows and every compiler accepts.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int wrongUsage = 2;
 
-QString translated(const char *text)
+QString optionText(const char *text)
 {
     return QCoreApplication::translate("Tavoro::Panel::Options", text);
 }
@@ -35,16 +35,16 @@ const QString usage = QStringLiteral("[DEVICE ...]");
 template <class Parser>
 void describe(Parser &parser)
 {
-    parser.setApplicationDescription(translated(TEXT("Operates networked video processors.")));
-    parser.addOption({help, translated(TEXT("Shows this help."))});
-    parser.addOption({version, translated(TEXT("Shows the version."))});
+    parser.setApplicationDescription(optionText(TEXT("Operates networked video processors.")));
+    parser.addOption({help, optionText(TEXT("Shows this help."))});
+    parser.addOption({version, optionText(TEXT("Shows the version."))});
     parser.addOption({demo,
-                      translated(TEXT("Starts with a simulated device. Other devices are "
+                      optionText(TEXT("Starts with a simulated device. Other devices are "
                                       "neither opened nor stored."))});
-    parser.addOption({theme, translated(TEXT("Colours: dark, light or system.")),
+    parser.addOption({theme, optionText(TEXT("Colours: dark, light or system.")),
                       QStringLiteral("dark|light|system")});
     parser.addOption(
-        {store, translated(TEXT("File that keeps the devices.")), QStringLiteral("FILE")});
+        {store, optionText(TEXT("File that keeps the devices.")), QStringLiteral("FILE")});
 }
 
 } // namespace
@@ -54,7 +54,7 @@ Options readOptions(const QStringList &arguments)
     QCommandLineParser parser;
     describe(parser);
     parser.addPositionalArgument(QStringLiteral("DEVICE"),
-                                 translated(TEXT("Devices to open: HOST or HOST:PORT.")), usage);
+                                 optionText(TEXT("Devices to open: HOST or HOST:PORT.")), usage);
 
     Options options;
     const bool isParsed = parser.parse(arguments);
@@ -65,7 +65,7 @@ Options readOptions(const QStringList &arguments)
     if (!isParsed)
         options.text = parser.errorText();
     else if (!isTheme(options.theme))
-        options.text = translated(TEXT("\"%1\" is not a theme; use dark, light or system."))
+        options.text = optionText(TEXT("\"%1\" is not a theme; use dark, light or system."))
                            .arg(options.theme);
     if (!options.text.isEmpty())
         options.status = wrongUsage;
@@ -84,11 +84,13 @@ Help::Program describeProgram()
     program.name = QStringLiteral("tavoropanel");
     program.version = QStringLiteral(TAVORO_VERSION);
     program.usage = usage;
-    program.details = translated(TEXT("DEVICE is a device to open: HOST or HOST:PORT."));
-    program.statuses = {{0, translated(TEXT("The window was closed."))},
-                        {wrongUsage, translated(TEXT("The command line is not valid."))}};
+    program.details = optionText(TEXT("DEVICE is a device to open: HOST or HOST:PORT."));
+    program.statuses = {{0, optionText(TEXT("The window was closed."))},
+                        {wrongUsage, optionText(TEXT("The command line is not valid."))}};
     program.seeAlso = {QStringLiteral("tavoroctl"), QStringLiteral("tavorosim")};
     return program;
 }
+
+#undef TEXT
 
 } // namespace Tavoro::Panel

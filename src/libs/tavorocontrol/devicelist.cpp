@@ -12,7 +12,7 @@ namespace Tavoro::Control {
 namespace {
 
 // With an explicit context: lupdate does not find the class if it reads only this library.
-constexpr char missingDevice[] =
+constexpr char missingModel[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::DeviceList", "Device model is nullptr");
 
 } // namespace
@@ -33,7 +33,7 @@ bool DeviceList::readDeviceDetail(std::weak_ptr<BizModel::Device> weakDevice, QS
 {
     const auto device = weakDevice.lock();
     if (!device) {
-        error = tr(missingDevice);
+        error = tr(missingModel);
         return false;
     }
     const QString sn = device->sn();

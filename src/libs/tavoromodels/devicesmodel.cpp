@@ -12,7 +12,7 @@ namespace {
 
 using BizModel::DeviceList;
 
-struct Traits {
+struct DeviceTraits {
     using Object = BizModel::Device;
     using Record = ProtoModel::Device::s_DeviceDetail;
 
@@ -41,14 +41,14 @@ struct Traits {
     };
 };
 
-class Source : public RecordSource<RowSource, Traits> {
+class DevicesSource : public RecordSource<RowSource, DeviceTraits> {
 public:
     ObjectList objects() const override { return lockAll(DeviceList::instance()->devices()); }
 };
 
 } // namespace
 
-DevicesModel::DevicesModel(QObject *parent) : ObjectModel(std::make_unique<Source>(), parent)
+DevicesModel::DevicesModel(QObject *parent) : ObjectModel(std::make_unique<DevicesSource>(), parent)
 {
     connect(DeviceList::instance(), &DeviceList::signalDeviceAppended, this,
             &DevicesModel::refreshRows);

@@ -13,9 +13,9 @@ namespace Tavoro::Models {
 
 namespace {
 
-constexpr int anyType = -1;
+constexpr int anyFileType = -1;
 
-struct Traits {
+struct FileTraits {
     using Object = BizModel::File;
     using Record = ProtoModel::File::s_FileDetail;
 
@@ -65,7 +65,7 @@ struct Traits {
     };
 };
 
-class Source : public RecordSource<ContentsSource, Traits> {
+class FilesSource : public RecordSource<ContentsSource, FileTraits> {
 public:
     ObjectList objects() const override
     {
@@ -77,23 +77,23 @@ public:
         std::copy_if(all.begin(), all.end(), std::back_inserter(objects),
                      [this](const auto &object) {
                          const auto &file = static_cast<const BizModel::File &>(*object);
-                         return type == anyType || type == file.identity().fileType;
+                         return type == anyFileType || type == file.identity().fileType;
                      });
         return objects;
     }
 
-    int type = anyType;
+    int type = anyFileType;
 };
 
 } // namespace
 
-FilesModel::FilesModel(QObject *parent) : ContentsModel(std::make_unique<Source>(), parent) { }
+FilesModel::FilesModel(QObject *parent) : ContentsModel(std::make_unique<FilesSource>(), parent) { }
 
 FilesModel::~FilesModel() = default;
 
 void FilesModel::setFileType(int fileType)
 {
-    static_cast<Source &>(source()).type = fileType;
+    static_cast<FilesSource &>(source()).type = fileType;
     refreshRows();
 }
 

@@ -12,10 +12,10 @@ namespace Tavoro::Models {
 
 namespace {
 
-constexpr int anyType = 0;
+constexpr int anyInterfaceType = 0;
 constexpr int inputType = 1;
 
-struct Traits {
+struct InterfaceTraits {
     using Object = BizModel::Interface;
     using Record = ProtoModel::Interface::s_InterfaceDetail;
 
@@ -57,7 +57,7 @@ struct Traits {
     };
 };
 
-class Source : public RecordSource<ContentsSource, Traits> {
+class InterfacesSource : public RecordSource<ContentsSource, InterfaceTraits> {
 public:
     ObjectList objects() const override
     {
@@ -77,12 +77,12 @@ public:
             || part == BizModel::Enum::Device::Interfaces;
     }
 
-    int type = anyType;
+    int type = anyInterfaceType;
 
 private:
     bool isShown(const QObject &object) const
     {
-        return type == anyType
+        return type == anyInterfaceType
             || static_cast<const BizModel::Interface &>(object).detail().general.type == type;
     }
 };
@@ -90,14 +90,14 @@ private:
 } // namespace
 
 InterfacesModel::InterfacesModel(QObject *parent)
-    : ContentsModel(std::make_unique<Source>(), parent)
+    : ContentsModel(std::make_unique<InterfacesSource>(), parent)
 { }
 
 InterfacesModel::~InterfacesModel() = default;
 
 void InterfacesModel::setInterfaceType(int type)
 {
-    static_cast<Source &>(source()).type = type;
+    static_cast<InterfacesSource &>(source()).type = type;
     refreshRows();
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 using Part = BizModel::Enum::Device::DataPart;
 
-struct Traits {
+struct LayerTraits {
     using Object = BizModel::Layer;
     using Record = ProtoModel::Layer::s_LayerFullDetail;
 
@@ -67,7 +67,7 @@ struct Traits {
     };
 };
 
-class Source : public RecordSource<ContentsSource, Traits> {
+class LayersSource : public RecordSource<ContentsSource, LayerTraits> {
 public:
     ObjectList objects() const override
     {
@@ -109,13 +109,14 @@ public:
 
 } // namespace
 
-LayersModel::LayersModel(QObject *parent) : ContentsModel(std::make_unique<Source>(), parent) { }
+LayersModel::LayersModel(QObject *parent) : ContentsModel(std::make_unique<LayersSource>(), parent)
+{ }
 
 LayersModel::~LayersModel() = default;
 
 void LayersModel::setScene(const ProtoModel::s_ScreenId &screen, int sceneType)
 {
-    auto &layers = static_cast<Source &>(source());
+    auto &layers = static_cast<LayersSource &>(source());
     layers.screen = screen;
     layers.sceneType = sceneType;
     refreshRows();

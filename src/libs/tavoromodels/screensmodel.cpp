@@ -17,7 +17,7 @@ namespace {
 using Part = BizModel::Enum::Device::DataPart;
 constexpr int allTypes = 0x7FFFFFFF;
 
-struct Traits {
+struct ScreenTraits {
     using Object = BizModel::Screen;
     using Record = ProtoModel::Screen::s_ScreenFullDetail;
 
@@ -80,7 +80,7 @@ struct Traits {
     };
 };
 
-class Source : public RecordSource<ContentsSource, Traits> {
+class ScreensSource : public RecordSource<ContentsSource, ScreenTraits> {
 public:
     ObjectList objects() const override
     {
@@ -104,13 +104,15 @@ public:
 
 } // namespace
 
-ScreensModel::ScreensModel(QObject *parent) : ContentsModel(std::make_unique<Source>(), parent) { }
+ScreensModel::ScreensModel(QObject *parent)
+    : ContentsModel(std::make_unique<ScreensSource>(), parent)
+{ }
 
 ScreensModel::~ScreensModel() = default;
 
 void ScreensModel::setScreenTypes(int mask)
 {
-    static_cast<Source &>(source()).types = mask;
+    static_cast<ScreensSource &>(source()).types = mask;
     refreshRows();
 }
 

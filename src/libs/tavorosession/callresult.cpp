@@ -1,10 +1,9 @@
 #include "callresult_p.h"
+#include "texts_p.h"
 
 #include <tavorocontrol/controlhelper.h>
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/commandcodes.h>
-
-#include <QCoreApplication>
 
 #include <memory>
 
@@ -65,16 +64,11 @@ constexpr char notReadable[] =
 constexpr char notWhole[] =
     QT_TRANSLATE_NOOP("Tavoro::Outcome", "the connection was lost before the last packet was sent");
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::Outcome", text);
-}
-
 QString reasonOf(quint16 status)
 {
     for (const ReasonRow &row : reasons) {
         if (row.status == status)
-            return translated(row.reason);
+            return OutcomeTexts::tr(row.reason);
     }
     return Control::ControlHelper::errorText(status);
 }
@@ -105,10 +99,10 @@ void classify(CallResult &result, const Exchange &last, bool ok, const QString &
         setStatus(result, Outcome::Refused, last.status);
     } else if (!ok && !mayBeCarriedOut(last)) {
         setStatus(result, Outcome::NotSent, last.status);
-        result.reason = translated(notWhole);
+        result.reason = OutcomeTexts::tr(notWhole);
     } else if (last.status == 0 && !ok && !isWrite(last)) { // the answer cannot be used
         result.kind = Outcome::Unknown;
-        result.reason = error.isEmpty() ? translated(notReadable) : error;
+        result.reason = error.isEmpty() ? OutcomeTexts::tr(notReadable) : error;
     } else if (last.status == 0) {
         setStatus(result, Outcome::Done, 0);
     } else if (!last.sent) {
@@ -126,7 +120,7 @@ QString reasonText(NotSentReason reason)
 {
     for (const NotSentRow &row : notSentRows) {
         if (row.reason == reason)
-            return translated(row.text);
+            return OutcomeTexts::tr(row.text);
     }
     Q_ASSERT_X(false, "reasonText", "a reason without words");
     return {};
@@ -155,8 +149,7 @@ CallResult unknownAfter(quint16 status)
 
 QString controlledBy(const QString &holder)
 {
-    return QCoreApplication::translate("Tavoro::Outcome", "the device is controlled by %1")
-        .arg(holder);
+    return OutcomeTexts::tr("the device is controlled by %1").arg(holder);
 }
 
 CallResult notSent(const QString &reason)

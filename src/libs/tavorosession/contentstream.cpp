@@ -1,6 +1,6 @@
 #include "contentstream_p.h"
+#include "texts_p.h"
 
-#include <QCoreApplication>
 #include <QFileDevice>
 
 #include <cstddef>
@@ -16,14 +16,9 @@ constexpr char cannotWrite[] = QT_TRANSLATE_NOOP("Tavoro::DeviceFiles", "the con
 constexpr char noLength[]    = QT_TRANSLATE_NOOP("Tavoro::DeviceFiles", "the length of the content is not known");
 // clang-format on
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceFiles", text);
-}
-
 QString fault(const char *text, const QIODevice &device)
 {
-    return translated(text).arg(device.errorString());
+    return FilesTexts::tr(text).arg(device.errorString());
 }
 
 class MemorySource : public ContentSource {
@@ -54,7 +49,7 @@ public:
             return false;
         }
         if (m_device->isSequential()) {
-            error = translated(noLength);
+            error = FilesTexts::tr(noLength);
             return false;
         }
         m_size = m_device->size() - m_device->pos();

@@ -1,9 +1,8 @@
 #include "controljob_p.h"
+#include "texts_p.h"
 
 #include <tavorossproxy/commandcodes.h>
 #include <tavorossproxy/exchangewatch.h>
-
-#include <QCoreApplication>
 
 #include <utility>
 
@@ -24,7 +23,7 @@ QFuture<Outcome> ControlJob::future() const
 
 QString ControlJob::label() const
 {
-    return QCoreApplication::translate("Tavoro::Outcome", "the request for control");
+    return OutcomeTexts::tr("the request for control");
 }
 
 ControlUse ControlJob::controlUse() const

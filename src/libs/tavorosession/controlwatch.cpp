@@ -11,7 +11,7 @@ using SSProxy::DeviceManager;
 namespace {
 
 /// A channel does not report that control went from one other client to a third one.
-constexpr std::chrono::milliseconds askingInterval(5000);
+constexpr std::chrono::milliseconds holderInterval(5000);
 
 /// Asks the device which client controls it.
 class HolderQuestion : public LaneJob {
@@ -51,7 +51,7 @@ ControlWatch::ControlWatch(QThreadPool &pool, std::shared_ptr<Courier> courier,
     m_idle.setSingleShot(true);
     m_idle.setInterval(idleTime);
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { m_events.controlIsIdle(); });
-    m_again.setInterval(askingInterval);
+    m_again.setInterval(holderInterval);
     QObject::connect(&m_again, &QTimer::timeout, &m_again, [this] { askForHolder(); });
 }
 

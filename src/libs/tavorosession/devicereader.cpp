@@ -1,6 +1,7 @@
 #include "devicereader_p.h"
 
 #include "courier_p.h"
+#include "texts_p.h"
 
 #include <tavorocontrol/auxiliary.h>
 #include <tavorocontrol/device.h>
@@ -9,7 +10,6 @@
 #include <tavorocontrol/layer.h>
 #include <tavorocontrol/screen.h>
 
-#include <QCoreApplication>
 #include <QDateTime>
 
 #include <utility>
@@ -60,11 +60,6 @@ constexpr char layersFailed[]   = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "th
 constexpr char filesFailed[]    = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the list of files could not be read (%1)");
 constexpr char contentFailed[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the content of a file could not be read (%1)");
 // clang-format on
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceSession", text);
-}
 
 } // namespace
 
@@ -123,7 +118,7 @@ bool DeviceReader::read(const char *what, Read operation)
     const CallResult result = resultOf(ok, error, watch);
     if (result.kind == Outcome::Done)
         return true;
-    m_result.failures << translated(what).arg(result.reason);
+    m_result.failures << SessionTexts::tr(what).arg(result.reason);
     m_result.isAborted = !mayContinue();
     return false;
 }
@@ -157,7 +152,7 @@ bool DeviceReader::readEssentials()
     const bool isReady = detail.general.status == readyStatus;
     reading.detail = std::move(detail);
     if (!isReady) {
-        m_result.failures << translated(notReady);
+        m_result.failures << SessionTexts::tr(notReady);
         return false;
     }
     showProgress(shareOfDetail);

@@ -2,12 +2,12 @@
 
 #include "listeddevice_p.h"
 #include "logging_p.h"
+#include "texts_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorossproxy/devicemanager.h>
 #include <tavorossproxy/tcpdevicechannel.h>
 
-#include <QCoreApplication>
 #include <QDateTime>
 
 #include <utility>
@@ -26,11 +26,6 @@ constexpr char notConnected[]  = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the
 constexpr char openAlready[]   = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the device is open already, at %1");
 constexpr char stoppedReason[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "its channel was stopped");
 // clang-format on
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceSession", text);
-}
 
 } // namespace
 
@@ -62,14 +57,14 @@ DeviceSessionPrivate::DeviceSessionPrivate(const Shared &shared, const QString &
     if (known)
         m_device.set(std::move(known));
     state.since = QDateTime::currentDateTime();
-    state.reason = translated(closedReason);
+    state.reason = SessionTexts::tr(closedReason);
     m_calls.setTarget(nullptr, state.reason);
 }
 
 DeviceSessionPrivate::~DeviceSessionPrivate()
 {
     q = nullptr;
-    close(translated(closedReason));
+    close(SessionTexts::tr(closedReason));
 }
 
 QString DeviceSessionPrivate::name() const
@@ -93,7 +88,7 @@ void DeviceSessionPrivate::open()
 void DeviceSessionPrivate::adopt(std::shared_ptr<SSProxy::NetworkChannel> opened)
 {
     DeviceManager::instance()->addDeviceChannel(opened);
-    m_calls.setTarget(nullptr, translated(notConnected));
+    m_calls.setTarget(nullptr, SessionTexts::tr(notConnected));
     channel = std::move(opened);
     const std::weak_ptr<SSProxy::NetworkChannel> followed = channel;
     channel->setConnectionHandler([weak = std::weak_ptr<DeviceSessionPrivate *>(m_self), followed,
@@ -143,7 +138,7 @@ void DeviceSessionPrivate::connectionChanged(const ConnectionState &connection)
     case ConnectionState::Phase::Pausing:
         return waitForConnection(connection.reason, connection.pause);
     case ConnectionState::Phase::Stopped:
-        return close(translated(stoppedReason));
+        return close(SessionTexts::tr(stoppedReason));
     }
 }
 
@@ -197,7 +192,7 @@ void DeviceSessionPrivate::closeInFavourOf(DeviceSessionPrivate &other)
     const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();
     other.moveTo(host.isEmpty() ? QString::fromStdString(info.ip) : host,
                  host.isEmpty() ? info.tcpPort : port);
-    close(translated(openAlready).arg(other.address()));
+    close(SessionTexts::tr(openAlready).arg(other.address()));
 }
 
 /// The device was seen at another address. A session that is connected stays where it is.

@@ -1,8 +1,7 @@
 #include "holderjob_p.h"
+#include "texts_p.h"
 
 #include <tavorossproxy/exchangewatch.h>
-
-#include <QCoreApplication>
 
 #include <utility>
 
@@ -21,7 +20,7 @@ QFuture<Answer<QString>> HolderJob::future() const
 
 QString HolderJob::label() const
 {
-    return QCoreApplication::translate("Tavoro::Outcome", "the question who holds control");
+    return OutcomeTexts::tr("the question who holds control");
 }
 
 CallResult HolderJob::attempt()

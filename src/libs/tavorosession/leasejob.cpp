@@ -1,9 +1,8 @@
 #include "leasejob_p.h"
+#include "texts_p.h"
 
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/exchangewatch.h>
-
-#include <QCoreApplication>
 
 #include <utility>
 
@@ -15,25 +14,18 @@ namespace {
 
 constexpr quint16 unknownCommand = 1;
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::Outcome", text);
-}
-
 /// Another client holds the lease.
 CallResult refusedInFavourOf(const QString &holder)
 {
     CallResult result = refused(0);
-    result.reason =
-        translated(QT_TRANSLATE_NOOP("Tavoro::Outcome", "%1 holds the lease")).arg(holder);
+    result.reason = OutcomeTexts::tr("%1 holds the lease").arg(holder);
     return result;
 }
 
 CallResult notSupported()
 {
     CallResult result = refused(unknownCommand);
-    result.reason =
-        translated(QT_TRANSLATE_NOOP("Tavoro::Outcome", "the device does not support leases"));
+    result.reason = OutcomeTexts::tr("the device does not support leases");
     return result;
 }
 
@@ -52,9 +44,8 @@ LeaseJob::LeaseJob(const QString &holder, std::chrono::seconds time,
 
 QString LeaseJob::label() const
 {
-    return isRelease()
-        ? translated(QT_TRANSLATE_NOOP("Tavoro::Outcome", "the release of the lease"))
-        : translated(QT_TRANSLATE_NOOP("Tavoro::Outcome", "the request for the lease"));
+    return isRelease() ? OutcomeTexts::tr("the release of the lease")
+                       : OutcomeTexts::tr("the request for the lease");
 }
 
 CallResult LeaseJob::attempt()

@@ -1,6 +1,5 @@
 #include "namedcall_p.h"
-
-#include <QCoreApplication>
+#include "texts_p.h"
 
 #include <utility>
 
@@ -15,8 +14,7 @@ Operations::PreparedCall prepared(const std::optional<Operations::Operation> &op
     if (operation)
         return operation->prepare(arguments, missing);
     Operations::PreparedCall unknown;
-    unknown.fault =
-        QCoreApplication::translate("Tavoro::Outcome", "unknown operation \"%1\"").arg(name);
+    unknown.fault = OutcomeTexts::tr("unknown operation \"%1\"").arg(name);
     return unknown;
 }
 

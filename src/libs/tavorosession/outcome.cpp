@@ -1,10 +1,10 @@
 #include "outcome_p.h"
-
-#include <QCoreApplication>
+#include "texts_p.h"
 
 namespace Tavoro {
 
 using SessionInternal::OutcomeData;
+using SessionInternal::OutcomeTexts;
 
 namespace {
 
@@ -28,7 +28,7 @@ QString sentenceOf(Outcome::Kind kind)
 {
     for (const SentenceRow &row : sentences) {
         if (row.kind == kind)
-            return QCoreApplication::translate("Tavoro::Outcome", row.sentence);
+            return OutcomeTexts::tr(row.sentence);
     }
     Q_ASSERT_X(false, "Outcome::text", "a kind without a sentence");
     return {};
@@ -60,15 +60,13 @@ bool          Outcome::isCanceled() const { return d->isCanceled; }
 
 QString Outcome::operation() const
 {
-    return d->operation.isEmpty() ? QCoreApplication::translate("Tavoro::Outcome", "Request")
-                                  : d->operation;
+    return d->operation.isEmpty() ? OutcomeTexts::tr("Request") : d->operation;
 }
 
 QString Outcome::text() const
 {
     if (kind() == NotSent && isCanceled())
-        return QCoreApplication::translate("Tavoro::Outcome", cancelled)
-            .arg(deviceName(), operation());
+        return OutcomeTexts::tr(cancelled).arg(deviceName(), operation());
     const QString sentence = sentenceOf(kind());
     return kind() == Done ? sentence.arg(deviceName(), operation())
                           : sentence.arg(deviceName(), operation(), reason());

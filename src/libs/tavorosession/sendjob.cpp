@@ -1,9 +1,8 @@
+#include "texts_p.h"
 #include "transferjob_p.h"
 
 #include <tavorocontrol/file.h>
 #include <tavorossproxy/exchangewatch.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <limits>
@@ -20,11 +19,6 @@ constexpr qint32 lastNumber = 254; ///< Greatest type and ID of a file.
 constexpr char badIdentity[] = QT_TRANSLATE_NOOP("Tavoro::DeviceFiles", "type and ID of a file are 0 to %1");
 constexpr char tooLong[]     = QT_TRANSLATE_NOOP("Tavoro::DeviceFiles", "a file has at most %1 bytes");
 // clang-format on
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceFiles", text);
-}
 
 bool isNumber(qint32 value)
 {
@@ -57,14 +51,14 @@ CallResult SendJob::attempt()
 bool SendJob::prepare(QString &error)
 {
     if (!isNumber(m_file.fileType) || !isNumber(m_file.fileId)) {
-        error = translated(badIdentity).arg(lastNumber);
+        error = FilesTexts::tr(badIdentity).arg(lastNumber);
         return false;
     }
     if (!m_content->open(error))
         return false;
     constexpr qint64 most = std::numeric_limits<qint32>::max();
     if (m_content->size() > most) {
-        error = translated(tooLong).arg(most);
+        error = FilesTexts::tr(tooLong).arg(most);
         return false;
     }
     m_file.size.length = static_cast<qint32>(m_content->size());

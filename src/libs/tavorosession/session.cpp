@@ -4,6 +4,7 @@
 #include "groupcall_p.h"
 #include "groupgate_p.h"
 #include "outcome_p.h"
+#include "texts_p.h"
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
@@ -11,7 +12,6 @@
 #include <tavorocontrol/proto/deviceidentity.h>
 #include <tavorossproxy/devicemanager.h>
 
-#include <QCoreApplication>
 #include <QPointer>
 #include <QThreadPool>
 
@@ -46,8 +46,7 @@ struct GroupTarget {
 /// Ends a call of a group whose session was deleted before the call was started.
 void endUnsent(CallJob &job, const QString &deviceName)
 {
-    const CallResult result =
-        notSent(QCoreApplication::translate("Tavoro::DeviceSession", "the session is closed"));
+    const CallResult result = notSent(SessionTexts::tr("the session is closed"));
     OutcomeData data;
     data.reason = result.reason;
     data.operation = job.label();

@@ -1,6 +1,5 @@
 #include "statetext_p.h"
-
-#include <QCoreApplication>
+#include "texts_p.h"
 
 namespace Tavoro::SessionInternal {
 
@@ -27,11 +26,6 @@ constexpr SentenceRow sentences[] = {
 };
 // clang-format on
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceSession", text);
-}
-
 } // namespace
 
 QString stateText(const DeviceState &state, const QString &name)
@@ -39,8 +33,8 @@ QString stateText(const DeviceState &state, const QString &name)
     for (const SentenceRow &row : sentences) {
         if (row.kind != state.kind)
             continue;
-        return state.reason.isEmpty() ? translated(row.sentence).arg(name)
-                                      : translated(row.withReason).arg(name, state.reason);
+        return state.reason.isEmpty() ? SessionTexts::tr(row.sentence).arg(name)
+                                      : SessionTexts::tr(row.withReason).arg(name, state.reason);
     }
     Q_ASSERT_X(false, "stateText", "a state without a sentence");
     return {};

@@ -11,7 +11,7 @@ using Time = std::chrono::steady_clock;
 namespace {
 
 /// Pause between two questions about a call: a device that is still busy with it says so at once.
-constexpr std::chrono::milliseconds askingInterval(250);
+constexpr std::chrono::milliseconds outcomeInterval(250);
 
 class Question : public LaneJob {
 public:
@@ -51,7 +51,7 @@ UnknownCalls::UnknownCalls(QThreadPool &pool, std::shared_ptr<Courier> courier,
       m_questions(std::make_shared<Lane>(pool, std::move(courier))),
       m_self(std::make_shared<UnknownCalls *>(this))
 {
-    m_timer.setInterval(askingInterval);
+    m_timer.setInterval(outcomeInterval);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { askAll(); });
 }
 

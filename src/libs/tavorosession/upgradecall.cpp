@@ -1,10 +1,9 @@
+#include "texts_p.h"
 #include "upgradecall_p.h"
 
 #include <tavorocontrol/auxiliary.h>
 #include <tavorocontrol/controlhelper.h>
 #include <tavorossproxy/commandcodes.h>
-
-#include <QCoreApplication>
 
 #include <utility>
 
@@ -23,11 +22,6 @@ constexpr char failed[]      = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "it fa
 constexpr char notReported[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the device does not report its progress any more");
 constexpr char notFollowed[] = QT_TRANSLATE_NOOP("Tavoro::DeviceSession", "the device continues, but is not followed any more");
 // clang-format on
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Tavoro::DeviceSession", text);
-}
 
 /// One read of the progress, in the lane of transfers: a take does not wait for it.
 class ProgressRead final : public PendingOperation {
@@ -105,7 +99,7 @@ void UpgradeCall::read()
     if (m_isRead && !*m_isSent)
         m_lastAnswer += sinceLastLook; // the read waits for a transfer, and not for the device
     if (now - m_lastAnswer > m_patience)
-        return finish(unknown(translated(notReported)));
+        return finish(unknown(SessionTexts::tr(notReported)));
     if (m_isRead || !m_session.isConnected())
         return;
     m_isRead = true;
@@ -129,7 +123,7 @@ void UpgradeCall::judge(const s_UpgradePercent &progress)
     CallResult result;
     if (progress.result != 0) {
         result.kind = Outcome::Refused;
-        result.reason = translated(failed).arg(progress.rate);
+        result.reason = SessionTexts::tr(failed).arg(progress.rate);
         finish(result);
     } else if (progress.rate >= whole) {
         result.kind = Outcome::Done;
@@ -145,7 +139,7 @@ void UpgradeCall::cancel(const std::shared_ptr<CallJob> &job)
             m_session.cancel(job);
         return;
     }
-    CallResult result = unknown(translated(notFollowed));
+    CallResult result = unknown(SessionTexts::tr(notFollowed));
     result.isCanceled = true;
     finish(result);
 }

@@ -50,7 +50,7 @@ QString optionTag(const Option &option)
     return option.value.isEmpty() ? name : name + QLatin1Char(' ') + italic(option.value);
 }
 
-QString optionList(const QList<Option> &options)
+QString taggedOptions(const QList<Option> &options)
 {
     QString list;
     for (const Option &option : options)
@@ -64,12 +64,12 @@ QString commandList(const Program &program)
     for (const Command &command : program.commands) {
         list += line(QStringLiteral(".SS ") + bold(command.name) + QLatin1Char(' ')
                      + italic(command.usage));
-        list += line(escaped(command.effect)) + optionList(command.options);
+        list += line(escaped(command.effect)) + taggedOptions(command.options);
     }
     return list;
 }
 
-QString statusList(const Program &program)
+QString taggedStatuses(const Program &program)
 {
     QString list;
     for (const Status &status : program.statuses)
@@ -104,11 +104,11 @@ QString manPage(const Program &program)
                + QStringLiteral("] ") + italic(words));
     if (!program.commands.isEmpty())
         page += heading(QStringLiteral("COMMANDS")) + commandList(program);
-    page += heading(QStringLiteral("OPTIONS")) + optionList(program.options);
+    page += heading(QStringLiteral("OPTIONS")) + taggedOptions(program.options);
     if (!program.details.isEmpty())
         page += heading(QStringLiteral("DETAILS")) + paragraphs(program.details);
     if (!program.statuses.isEmpty())
-        page += heading(QStringLiteral("EXIT STATUS")) + statusList(program);
+        page += heading(QStringLiteral("EXIT STATUS")) + taggedStatuses(program);
     QStringList others;
     for (const QString &name : program.seeAlso)
         others += bold(name) + QStringLiteral("(1)");

@@ -9,8 +9,8 @@ namespace Tavoro::Gate {
 
 namespace {
 
-const QString config = QStringLiteral("config");
-const QString checkConfig = QStringLiteral("check-config");
+const QString configOption = QStringLiteral("config");
+const QString checkOption = QStringLiteral("check-config");
 const QString usualConfig = QStringLiteral("/etc/tavorogate/tavorogate.json");
 
 /// Declares what the program takes for \a parser, which parses or records it.
@@ -23,10 +23,10 @@ void describe(Parser &parser)
                        "docs/gateway.md describes the topics and the configuration file."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOption({config,
+    parser.addOption({configOption,
                       QStringLiteral("Read the configuration from FILE (%1).").arg(usualConfig),
                       QStringLiteral("FILE"), usualConfig});
-    parser.addOption({checkConfig, QStringLiteral("Check the configuration file and end.")});
+    parser.addOption({checkOption, QStringLiteral("Check the configuration file and end.")});
 }
 
 } // namespace
@@ -37,8 +37,8 @@ CommandLine parseCommandLine(const QStringList &arguments)
     describe(parser);
     CommandLine line;
     line.isValid = parser.parse(arguments);
-    line.configFile = parser.value(config);
-    line.onlyChecks = parser.isSet(checkConfig);
+    line.configFile = parser.value(configOption);
+    line.onlyChecks = parser.isSet(checkOption);
     if (!line.isValid) {
         line.text = QStringLiteral("tavorogate: ") + parser.errorText();
     } else if (parser.isSet(QStringLiteral("help"))) {

@@ -52,6 +52,8 @@ constexpr DescriptionRow descriptions[] = {
 };
 // clang-format on
 
+#undef TEXT
+
 } // namespace
 
 const char *descriptionOf(ActionId id)

@@ -49,4 +49,6 @@ const std::vector<ActionRow> &actionTable()
     return table;
 }
 
+#undef TEXT
+
 } // namespace Tavoro::Panel

@@ -18,8 +18,8 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr ActionId buttonActions[] = {ActionId::TakeControl, ActionId::ReleaseControl,
-                                      ActionId::ForceControl};
+constexpr ActionId controlActions[] = {ActionId::TakeControl, ActionId::ReleaseControl,
+                                       ActionId::ForceControl};
 
 QPushButton *makeButton(QAction &action, QWidget *parent)
 {
@@ -77,7 +77,7 @@ ControlBar::ControlBar(Selection &selection, Messages &messages, Actions &action
     row->addWidget(m_state);
     row->addStretch(1);
     row->addWidget(m_control);
-    for (const ActionId id : buttonActions)
+    for (const ActionId id : controlActions)
         row->addWidget(makeButton(actions.action(id), this));
     connectActions();
     followDevice();

@@ -14,7 +14,7 @@ namespace Tavoro::Panel {
 namespace {
 
 /// The translations of the details.
-class Words {
+class ValueWords {
     Q_DECLARE_TR_FUNCTIONS(Details)
 };
 
@@ -57,7 +57,7 @@ QString bytesText(const QVariant &length)
 
 QString yesNoText(const QVariant &flag)
 {
-    return flag.toBool() ? Words::tr("Yes") : Words::tr("No");
+    return flag.toBool() ? ValueWords::tr("Yes") : ValueWords::tr("No");
 }
 
 QString sizeText(const QVariant &record)
@@ -81,9 +81,9 @@ QString fileTypeText(const QVariant &fileType)
 {
     for (const FileTypeName &row : fileTypeNames) {
         if (row.type == fileType.toInt())
-            return Words::tr(row.name);
+            return ValueWords::tr(row.name);
     }
-    return Words::tr("Type %1").arg(fileType.toInt());
+    return ValueWords::tr("Type %1").arg(fileType.toInt());
 }
 
 } // namespace Tavoro::Panel

@@ -21,7 +21,7 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr ActionId buttonActions[] = {ActionId::AddDevice, ActionId::FindDevices,
+constexpr ActionId deviceActions[] = {ActionId::AddDevice, ActionId::FindDevices,
                                       ActionId::Reconnect, ActionId::ReadAgain,
                                       ActionId::RemoveDevice};
 
@@ -50,7 +50,7 @@ DevicesView::DevicesView(Session &session, Selection &selection, Messages &messa
 void DevicesView::addButtons()
 {
     auto *const row = new QHBoxLayout;
-    for (const ActionId id : buttonActions) {
+    for (const ActionId id : deviceActions) {
         auto *const button = new QToolButton(this);
         QAction &action = m_actions.action(id);
         button->setDefaultAction(&action);

@@ -27,7 +27,7 @@ constexpr StateRow states[] = {
 };
 // clang-format on
 
-QString translated(const char *text)
+QString stateWord(const char *text)
 {
     return QCoreApplication::translate("Tavoro::Panel::SessionsModel", text);
 }
@@ -36,7 +36,7 @@ QString wordOf(DeviceState::Kind kind)
 {
     for (const StateRow &row : states) {
         if (row.kind == kind)
-            return translated(row.word);
+            return stateWord(row.word);
     }
     return {};
 }
@@ -48,14 +48,16 @@ QString stateText(const DeviceSession &device)
     const DeviceState state = device.state();
     QString text = wordOf(state.kind);
     if (state.kind == DeviceState::Reading)
-        text = translated(WORD("Reading, %1 %"))
+        text = stateWord(WORD("Reading, %1 %"))
                    .arg(static_cast<int>(std::lround(device.readProgress() * 100)));
     if (!state.reason.isEmpty())
-        text = translated(WORD("%1: %2")).arg(text, state.reason);
+        text = stateWord(WORD("%1: %2")).arg(text, state.reason);
     if (state.nextAttempt.isValid())
-        text = translated(WORD("%1; next attempt at %2"))
+        text = stateWord(WORD("%1; next attempt at %2"))
                    .arg(text, state.nextAttempt.toLocalTime().toString(QStringLiteral("hh:mm:ss")));
     return text;
 }
+
+#undef WORD
 
 } // namespace Tavoro::Panel

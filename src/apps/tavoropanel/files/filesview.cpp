@@ -25,7 +25,7 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr QSize pictureSize(80, 45);
+constexpr QSize filePictureSize(80, 45);
 
 } // namespace
 
@@ -44,8 +44,8 @@ FilesView::FilesView(Selection &selection, Messages &messages, Changes &changes,
       m_delete(addButton("deleteImage", tr("Delete…"), tr("Deletes the image from the device."))),
       m_transfers(new QVBoxLayout)
 {
-    m_model.setPictureSize(pictureSize);
-    m_list->setIconSize(pictureSize);
+    m_model.setPictureSize(filePictureSize);
+    m_list->setIconSize(filePictureSize);
     m_list->setModel(&m_model);
     m_list->setObjectName(QStringLiteral("imageList"));
     m_list->setAccessibleName(tr("Images on the device"));

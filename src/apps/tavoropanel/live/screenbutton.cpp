@@ -11,10 +11,10 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr int margin = 12;
+constexpr int sideMargin = 12;
 constexpr int checkBoxSize = 14;
 
-QFont nameFont(const QFont &font)
+QFont buttonFont(const QFont &font)
 {
     QFont bold = font;
     bold.setBold(true);
@@ -71,10 +71,10 @@ void ScreenButton::show(const QString &name, const ProtoModel::Screen::s_ScreenF
 
 QSize ScreenButton::sizeHint() const
 {
-    const QFontMetrics name(nameFont(font()));
+    const QFontMetrics name(buttonFont(font()));
     const int width = std::max(name.horizontalAdvance(text()) + checkBoxSize + 8,
                                fontMetrics().horizontalAdvance(m_state) + 16);
-    return {std::max(width, fontMetrics().averageCharWidth() * 12) + 2 * margin,
+    return {std::max(width, fontMetrics().averageCharWidth() * 12) + 2 * sideMargin,
             name.lineSpacing() + fontMetrics().lineSpacing() + 30};
 }
 
@@ -90,12 +90,12 @@ void ScreenButton::paintEvent(QPaintEvent *)
     painter.setBrush(palette().color(isChecked() ? QPalette::Button : QPalette::AlternateBase));
     painter.drawRoundedRect(frame, 6, 6);
 
-    const QFontMetrics name(nameFont(font()));
+    const QFontMetrics name(buttonFont(font()));
     const int height = name.lineSpacing() + fontMetrics().lineSpacing() + 10;
     int top = (rect().height() - height) / 2;
 
     // The tick says that the screen is selected, besides the frame.
-    const QRectF box(margin, top + (name.lineSpacing() - checkBoxSize) / 2.0, checkBoxSize,
+    const QRectF box(sideMargin, top + (name.lineSpacing() - checkBoxSize) / 2.0, checkBoxSize,
                      checkBoxSize);
     painter.setPen(QPen(palette().color(QPalette::ButtonText), 1.2));
     painter.setBrush(Qt::NoBrush);
@@ -107,13 +107,13 @@ void ScreenButton::paintEvent(QPaintEvent *)
                        box.topLeft() + QPointF(11, 3)}));
     }
     painter.setPen(palette().color(QPalette::ButtonText));
-    painter.setFont(nameFont(font()));
-    const int left = margin + checkBoxSize + 8;
+    painter.setFont(buttonFont(font()));
+    const int left = sideMargin + checkBoxSize + 8;
     painter.drawText(QRect(left, top, width() - left - 4, name.lineSpacing()), Qt::AlignVCenter,
                      text());
 
     top += name.lineSpacing() + 6;
-    const QRectF badge(margin, top, width() - 2 * margin, fontMetrics().lineSpacing() + 4);
+    const QRectF badge(sideMargin, top, width() - 2 * sideMargin, fontMetrics().lineSpacing() + 4);
     painter.setPen(QPen(palette().color(QPalette::Mid), 1));
     painter.setBrush(m_stateColour.isValid() ? QBrush(m_stateColour) : QBrush(Qt::NoBrush));
     painter.drawRoundedRect(badge, 3, 3);

@@ -41,6 +41,8 @@ const KindRow &rowOf(LiveStatus::Kind kind)
     return rows[0];
 }
 
+#undef WORD
+
 } // namespace
 
 StatusLine::StatusLine(QAction &dismiss, QWidget *parent)

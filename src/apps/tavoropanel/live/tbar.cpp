@@ -15,7 +15,7 @@ constexpr int pagePercent = 10;
 constexpr int grooveWidth = 10;
 constexpr int handleWidth = 26;
 constexpr int handleHeight = 36;
-constexpr int margin = handleWidth / 2 + 3; ///< From the edge to the centre of the handle.
+constexpr int edgeMargin = handleWidth / 2 + 3; ///< From the edge to the centre of the handle.
 
 } // namespace
 
@@ -57,7 +57,7 @@ void TBar::returnFromEnd()
 /// Where the centre of the handle is for the present value.
 int TBar::centre() const
 {
-    return margin + (width() - 2 * margin) * value() / end;
+    return edgeMargin + (width() - 2 * edgeMargin) * value() / end;
 }
 
 QRect TBar::handle() const
@@ -77,7 +77,8 @@ void TBar::mousePressEvent(QMouseEvent *event)
 void TBar::mouseMoveEvent(QMouseEvent *event)
 {
     if (isSliderDown())
-        setSliderPosition((event->pos().x() - m_grip - margin) * end / (width() - 2 * margin));
+        setSliderPosition((event->pos().x() - m_grip - edgeMargin) * end
+                          / (width() - 2 * edgeMargin));
 }
 
 void TBar::mouseReleaseEvent(QMouseEvent *)

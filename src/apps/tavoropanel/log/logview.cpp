@@ -37,6 +37,8 @@ constexpr LeastRow leastRows[] = {
 };
 // clang-format on
 
+#undef TEXT
+
 } // namespace
 
 LogView::LogView(Messages &messages, Actions &actions, QWidget *parent)

@@ -8,7 +8,7 @@ namespace Tavoro::Panel {
 
 namespace {
 
-bool isReturn(const QKeyEvent &event)
+bool isApplyKey(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
@@ -28,14 +28,14 @@ PresetList::PresetList(QWidget *parent) : FileList(parent)
 /// Return belongs to the list while it has the focus, although it is a shortcut of the window.
 bool PresetList::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isReturn(*static_cast<QKeyEvent *>(event)))
+    if (event->type() == QEvent::ShortcutOverride && isApplyKey(*static_cast<QKeyEvent *>(event)))
         event->accept();
     return FileList::event(event);
 }
 
 void PresetList::keyPressEvent(QKeyEvent *event)
 {
-    if (isReturn(*event) && currentIndex().isValid())
+    if (isApplyKey(*event) && currentIndex().isValid())
         Q_EMIT applyRequested(currentIndex());
     else
         FileList::keyPressEvent(event);

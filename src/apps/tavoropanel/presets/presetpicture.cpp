@@ -8,7 +8,7 @@ namespace Tavoro::Panel {
 
 namespace {
 
-constexpr int margin = 3;
+constexpr int pictureMargin = 3;
 
 QRect boundsOf(const PresetLayout &screens)
 {
@@ -21,8 +21,8 @@ QRect boundsOf(const PresetLayout &screens)
 /// Scales the canvas to the picture, keeping its proportions.
 QTransform toPicture(const QRect &canvas, const QSize &size)
 {
-    const qreal scale = std::min(qreal(size.width() - 2 * margin) / canvas.width(),
-                                 qreal(size.height() - 2 * margin) / canvas.height());
+    const qreal scale = std::min(qreal(size.width() - 2 * pictureMargin) / canvas.width(),
+                                 qreal(size.height() - 2 * pictureMargin) / canvas.height());
     QTransform transform;
     transform.translate((size.width() - canvas.width() * scale) / 2,
                         (size.height() - canvas.height() * scale) / 2);
@@ -86,7 +86,9 @@ QPixmap presetPicture(const std::optional<PresetLayout> &layout, const QSize &si
         font.setPixelSize(size.height() / 2);
         painter.setFont(font);
         painter.setPen(palette.color(QPalette::Disabled, QPalette::Text));
-        painter.drawRect(QRect(QPoint(), size).adjusted(margin, margin, -margin, -margin));
+        painter.drawRect(
+            QRect(QPoint(), size)
+                .adjusted(pictureMargin, pictureMargin, -pictureMargin, -pictureMargin));
         painter.drawText(QRect(QPoint(), size), Qt::AlignCenter, QStringLiteral("?"));
         return picture;
     }

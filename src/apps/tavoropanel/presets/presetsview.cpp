@@ -29,7 +29,7 @@ namespace {
 using BizModel::Enum::File::DevicePreset;
 using BizModel::Enum::File::ScreenPreset;
 
-constexpr QSize pictureSize(144, 54); // low, since walls are wide
+constexpr QSize presetPictureSize(144, 54); // low, since walls are wide
 
 /// How a preset is applied.
 enum ApplyType {
@@ -63,9 +63,9 @@ PresetsView::PresetsView(Selection &selection, Messages &messages, Changes &chan
       m_rename(new QToolButton(this)),
       m_delete(new QToolButton(this))
 {
-    m_model.setPictureSize(pictureSize);
-    m_list->setIconSize(pictureSize);
-    m_list->setGridSize(pictureSize + QSize(16, m_list->fontMetrics().height() + 16));
+    m_model.setPictureSize(presetPictureSize);
+    m_list->setIconSize(presetPictureSize);
+    m_list->setGridSize(presetPictureSize + QSize(16, m_list->fontMetrics().height() + 16));
     m_list->setModel(&m_model);
     m_list->setObjectName(QStringLiteral("presetList"));
     m_list->setAccessibleName(tr("Presets"));

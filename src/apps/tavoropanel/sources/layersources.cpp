@@ -19,7 +19,7 @@ namespace {
 using BizModel::Enum::Layer::InterfaceSource;
 using BizModel::Enum::Layer::NoSource;
 
-constexpr int inputType = 1; // general.type of an interface
+constexpr int inputInterfaces = 1; // general.type of an interface
 
 /// The screens with a programme.
 constexpr int screenTypes =
@@ -82,7 +82,7 @@ SourceId sourceOf(const ProtoModel::s_InterfaceID &input)
 
 LayerSources::LayerSources(QObject *parent) : QObject(parent)
 {
-    m_inputs.setInterfaceType(inputType);
+    m_inputs.setInterfaceType(inputInterfaces);
     m_screens.setScreenTypes(screenTypes);
     m_images.setFileType(BizModel::Enum::File::Background);
     follow(m_inputs);

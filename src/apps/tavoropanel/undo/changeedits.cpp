@@ -15,7 +15,7 @@ using Operations::ScopeKind;
 
 namespace {
 
-class Texts {
+class EditTexts {
     Q_DECLARE_TR_FUNCTIONS(ChangeEdits)
 };
 
@@ -82,7 +82,7 @@ void ChangeEdits::edit(const Models::Edit &edit, Done done)
     const std::optional<Write> write = writeOf(edit);
     const QPointer<DeviceSession> device = m_device;
     if (!write || !device || device->device() != edit.device.lock())
-        return done(Texts::tr("This property cannot be changed now."));
+        return done(EditTexts::tr("This property cannot be changed now."));
     m_changes.callLatestByName(valueKey(edit, write->operation), *device, *write)
         .then(&m_changes, [this, device, done = std::move(done)](const Outcome &outcome) {
             if (!outcome && !outcome.isReplaced())

@@ -52,8 +52,8 @@ QJsonObject modelRecord(const BizModel::Device &device, RecordKind kind, const Q
         return detailOf(device.findScreen(screen.screenType, screen.screenId));
     }
     case RecordKind::Layer:
-        return detailOf(device.findLayer(
-            recordOf<Layer::s_LayerIdentity>(id.value(QLatin1String("layerIdenti")).toObject())));
+        return detailOf(device.findLayer(recordOf<ProtoModel::Layer::s_LayerIdentity>(
+            id.value(QLatin1String("layerIdenti")).toObject())));
     case RecordKind::File: {
         const auto file = recordOf<s_FileIdentity>(id);
         const auto type = static_cast<BizModel::Enum::File::FileType>(file.fileType);

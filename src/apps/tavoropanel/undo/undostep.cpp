@@ -9,7 +9,7 @@ namespace Tavoro::Panel {
 namespace {
 
 /// Translations of the descriptions.
-class Texts {
+class StepTexts {
     Q_DECLARE_TR_FUNCTIONS(UndoSteps)
 };
 
@@ -34,7 +34,8 @@ UndoStep::UndoStep(DeviceSession &device, const QString &text, const Write &back
 QString UndoStep::description() const
 {
     //: What the operator did, the name of the device
-    return (isConnected(m_device) ? Texts::tr("%1 on %2") : Texts::tr("%1 on %2, not connected"))
+    return (isConnected(m_device) ? StepTexts::tr("%1 on %2")
+                                  : StepTexts::tr("%1 on %2, not connected"))
         .arg(text(), m_deviceName);
 }
 

@@ -33,6 +33,8 @@ constexpr NoteRow notes[] = {
 };
 // clang-format on
 
+#undef TEXT
+
 } // namespace
 
 ShortcutsDialog::ShortcutsDialog(const Actions &actions, QWidget *parent) : QDialog(parent)

@@ -2,7 +2,7 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/bodylog.h>
+#include <tavorocontrol/bodylog_p.h>
 #include <tavorocontrol/device.h>
 #include <tavorocontrol/file.h>
 #include <tavorocontrol/interface.h>
@@ -57,17 +57,6 @@ bool applyReport(bool (ControlClass::*update)(const std::string &, QString &),
     return resultOnFailure;
 }
 
-/// The body of a report for a log line; empty if bodies of the device are not logged.
-struct LoggedBody {
-    const BizModel::Device &device;
-    const std::string &text;
-};
-
-QDebug operator<<(QDebug line, LoggedBody body)
-{
-    return areBodiesLogged(body.device) ? line << QString::fromStdString(body.text) : line;
-}
-
 /// Makes the log lines about one report.
 class ReportLog {
 public:
@@ -93,7 +82,7 @@ public:
             << QStringLiteral("TavoroCmd auto report: %4 %5 BC(%1), FC(%2),auto report is closed "
                               "by spacial task, report cmd: %3, report info: ")
                    .arg(m_base, m_function, m_label, device.name(), device.ipMacSn())
-            << LoggedBody{device, m_body};
+            << LoggedBody{&device, m_body};
     }
 
     void logUnknownCode(const BizModel::Device &device) const
@@ -110,7 +99,7 @@ public:
             << QStringLiteral("TavoroCmd auto report:%5 %6 BC(%1), FC(%2).Process result: %3, %4")
                    .arg(m_base, m_function, QString::number(result), m_label, device.name(),
                         device.ipMacSn())
-            << LoggedBody{device, m_body};
+            << LoggedBody{&device, m_body};
     }
 
 private:

@@ -6,8 +6,9 @@
 
 #include <tavorobizmodel/device.h>
 #include <tavorobizmodel/devicelist.h>
-#include <tavorocontrol/bodylog.h>
+#include <tavorocontrol/bodylog_p.h>
 #include <tavorocontrol/logging_p.h>
+#include <tavorocontrol/statusbar_p.h>
 #include <tavorossproxy/commandcodes.h>
 
 #include <QMetaMethod>
@@ -19,7 +20,6 @@ namespace {
 using BizModel::DeviceList;
 using SSProxy::CommandType;
 
-constexpr int statusBarMilliseconds = 5000;
 constexpr char tavoroCmd[] = "TavoroCmd"; ///< Marks every line about a command.
 
 struct VerbRow {
@@ -85,11 +85,6 @@ bool hasStatusBar()
     return (DeviceList::instance()->*Connections::isConnected)(signal);
 }
 
-void showOnStatusBar(BizModel::Enum::StatusBarMsgType type, const QString &text)
-{
-    Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(type, text, statusBarMilliseconds);
-}
-
 /// Name and identity of the device for a log line; empty while the device is not known.
 struct DeviceName {
     const BizModel::Device *device;
@@ -106,22 +101,6 @@ QDebug operator<<(QDebug line, PacketCount count)
         return line;
     return line
         << QStringLiteral(",send count/total count:%1/%2").arg(count.packet).arg(count.total);
-}
-
-bool isBodyLogged(const BizModel::Device *device)
-{
-    return !device || areBodiesLogged(*device);
-}
-
-/// The body of a request for a log line; empty if bodies of the device are not logged.
-struct LoggedBody {
-    const BizModel::Device *device;
-    const std::string &text;
-};
-
-QDebug operator<<(QDebug line, LoggedBody body)
-{
-    return isBodyLogged(body.device) ? line << QString::fromStdString(body.text) : line;
 }
 
 std::array<quint8, 4> argumentsOf(const SSProxy::PacketHead &head)

@@ -5,6 +5,7 @@
 #include <tavorobizmodel/mvrscreen.h>
 #include <tavorobizmodel/screen.h>
 #include <tavorocontrol/logging_p.h>
+#include <tavorocontrol/statusbar_p.h>
 #include <tavorossproxy/devicechannel.h>
 #include <tavorossproxy/devicemanager.h>
 
@@ -18,13 +19,12 @@ using BizModel::DeviceList;
 using BizModel::MVRScreen;
 
 // With an explicit context: lupdate does not find the class if it reads only this library.
-constexpr char deviceOffline[] =
+constexpr char offlineText[] =
     QT_TRANSLATE_NOOP("Tavoro::Control::SyncDeviceTask", "Device offline");
 
 constexpr int ordinaryScreens = 6;
 constexpr int multiviewerScreens = 8;
 constexpr qint32 removedFileType = 15; ///< The device lists such a file, but no longer has it.
-constexpr int statusBarMilliseconds = 5000;
 
 using MultiviewerLayouts = SyncDeviceTaskPrivate::MultiviewerLayouts;
 
@@ -154,9 +154,7 @@ void SyncDeviceTaskPrivate::setIdentity(BizModel::Device &modelDevice,
     if (!channel) {
         qCWarning(controlLog) << "Sync device model failed, device offline";
         modelDevice.setDeviceOnlineFlag(false);
-        Q_EMIT DeviceList::instance()->signalShowStatusBarMsg(BizModel::Enum::StatusBarFailure,
-                                                              SyncDeviceTask::tr(deviceOffline),
-                                                              statusBarMilliseconds);
+        showOnStatusBar(BizModel::Enum::StatusBarFailure, SyncDeviceTask::tr(offlineText));
         return;
     }
     const ProtoModel::DeviceBaseInfo info = channel->deviceBaseInfo();

@@ -14,9 +14,6 @@ using Milliseconds = std::chrono::milliseconds;
 
 namespace {
 
-/// Shortest interval between two log lines.
-constexpr std::chrono::seconds logInterval(1);
-
 /// Shortest interval between two calls of the handler: receivers may be slower than the device.
 constexpr Milliseconds notificationInterval(100);
 

@@ -6,13 +6,6 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-namespace {
-
-/// Shortest interval between two log lines.
-constexpr std::chrono::seconds logInterval(1);
-
-} // namespace
-
 InvalidFrames::InvalidFrames(EventLoop &loop, std::function<QString()> peerName)
     : m_peerName(std::move(peerName)),
       m_lines(loop, logInterval, [this](quint64 count) { logFurther(count); })

@@ -8,13 +8,6 @@
 
 namespace Tavoro::SSProxy::Internal {
 
-namespace {
-
-/// Shortest interval between two log lines.
-constexpr std::chrono::seconds logInterval(1);
-
-} // namespace
-
 ReportDelivery::ReportDelivery(std::shared_ptr<EventLoop> loop, const ChannelOptions &options,
                                std::function<QString()> peerName, Handler handler)
     : m_peerName(std::move(peerName)),

@@ -18,7 +18,7 @@ struct RunningThread {
 };
 
 /// Never destroyed: the thread may be stopped at the very end of the process.
-RunningThread &running()
+RunningThread &runningThread()
 {
     static auto *const running = new RunningThread;
     return *running;
@@ -28,21 +28,21 @@ RunningThread &running()
 
 std::shared_ptr<EventLoopThread> EventLoopThread::instance()
 {
-    const std::lock_guard<std::mutex> lock(running().mutex);
-    if (!running().thread) {
-        running().thread = std::make_shared<EventLoopThread>();
+    const std::lock_guard<std::mutex> lock(runningThread().mutex);
+    if (!runningThread().thread) {
+        runningThread().thread = std::make_shared<EventLoopThread>();
         qAddPostRoutine(
             &EventLoopThread::stop); // sockets should not outlive the application object
     }
-    return running().thread;
+    return runningThread().thread;
 }
 
 void EventLoopThread::stop()
 {
     std::shared_ptr<EventLoopThread> thread;
     {
-        const std::lock_guard<std::mutex> lock(running().mutex);
-        thread.swap(running().thread);
+        const std::lock_guard<std::mutex> lock(runningThread().mutex);
+        thread.swap(runningThread().thread);
     }
     if (!thread)
         return;

@@ -15,7 +15,7 @@ namespace Tavoro::SSProxy::Internal {
 namespace {
 
 /// Most reads in a row before other sockets are served. The poll reports what is left.
-constexpr int maxRounds = 32;
+constexpr int maxReads = 32;
 
 /// Without an error, or if a packet has shown that the peer does not know the connection any more.
 bool isClosedByPeer(int error)
@@ -104,7 +104,7 @@ void TcpStream::socketReady()
 void TcpStream::receive()
 {
     const auto socket = m_socket;
-    for (int round = 0; round < maxRounds && m_socket == socket; ++round) {
+    for (int reads = 0; reads < maxReads && m_socket == socket; ++reads) {
         switch (socket->receive()) {
         case ConnectedSocket::Received::Bytes:
             m_events->streamBatchEnded();

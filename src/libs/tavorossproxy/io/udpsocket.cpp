@@ -14,7 +14,7 @@ namespace {
 
 /// Most datagrams in a row before other sockets are served. The socket emits readyRead() again if
 /// more are left.
-constexpr int maxRounds = 32;
+constexpr int maxDatagrams = 32;
 
 } // namespace
 
@@ -69,7 +69,7 @@ QStringList UdpSocket::broadcastAddresses() const
 /// \a receiver must not destroy the socket.
 void UdpSocket::receive(const Receiver &receiver)
 {
-    for (int round = 0; round < maxRounds && m_socket->hasPendingDatagrams(); ++round) {
+    for (int received = 0; received < maxDatagrams && m_socket->hasPendingDatagrams(); ++received) {
         const QNetworkDatagram datagram = m_socket->receiveDatagram();
         const QByteArray bytes = datagram.data();
         receiver(addressText(datagram.senderAddress()),

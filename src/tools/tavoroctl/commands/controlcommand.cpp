@@ -19,7 +19,7 @@ namespace {
 using SSProxy::ControlAction;
 using SSProxy::NetworkChannel;
 
-constexpr int lookInterval = 200; ///< Milliseconds between two checks of the control.
+constexpr int controlCheckInterval = 200; ///< Milliseconds between two checks of the control.
 
 ExitStatus showHolder(Tool &tool, NetworkChannel &channel)
 {
@@ -45,7 +45,7 @@ ExitStatus hold(Tool &tool, NetworkChannel &channel, ControlAction action)
     const Interruption interruption([&] { loop.exit(Done); });
     tool.console.notice(Texts::tr("This client holds control until Ctrl-C."));
     QTimer timer;
-    timer.setInterval(lookInterval);
+    timer.setInterval(controlCheckInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
         if (!channel.isHardwareReadFinished())
             loop.exit(fail(tool, Texts::tr("Control ended with the connection."), Unreachable));

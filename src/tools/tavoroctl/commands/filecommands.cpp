@@ -13,7 +13,7 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-constexpr int all = -1;
+constexpr int wildcard = -1;
 
 QString tableOf(const std::vector<ProtoModel::File::s_FileDetail> &files)
 {
@@ -34,7 +34,7 @@ QString tableOf(const std::vector<ProtoModel::File::s_FileDetail> &files)
 
 ExitStatus runFiles(Tool &tool, const Arguments &arguments)
 {
-    FilePlace place{all, 0};
+    FilePlace place{wildcard, 0};
     QString fault;
     if (arguments.words.size() > 1
         && !readFilePlace(arguments.words.at(1), QStringLiteral("0"), place, fault))
@@ -45,7 +45,7 @@ ExitStatus runFiles(Tool &tool, const Arguments &arguments)
         return status;
     std::vector<ProtoModel::File::s_FileDetail> files;
     QString error;
-    if (!Control::File(device).readDetails(place.type, all, files, error))
+    if (!Control::File(device).readDetails(place.type, wildcard, files, error))
         return fail(tool, error);
     show(tool, recordText(files), tableOf(files));
     return Done;

@@ -18,13 +18,14 @@ using SSProxy::Wire::WireHead;
 constexpr int longestShown = 200; ///< Bytes of a body.
 
 // By FrameKind.
-constexpr const char *kindNames[] = {"kind 0",           "request",         "response", "report",
-                                     "identity request", "identity answer", "ping",     "pong"};
+constexpr const char *frameKindNames[] = {
+    "kind 0",           "request",         "response", "report",
+    "identity request", "identity answer", "ping",     "pong"};
 
 QString kindName(quint8 kind)
 {
-    return kind < std::size(kindNames) ? QLatin1String(kindNames[kind])
-                                       : QStringLiteral("kind %1").arg(kind);
+    return kind < std::size(frameKindNames) ? QLatin1String(frameKindNames[kind])
+                                            : QStringLiteral("kind %1").arg(kind);
 }
 
 /// The fields of the head of a request, response or report.

@@ -20,7 +20,7 @@ using namespace ProtoModel::Auxiliary;
 
 namespace {
 
-constexpr int lookInterval = 200; ///< Milliseconds between two reads of the progress.
+constexpr int progressReadInterval = 200; ///< Milliseconds between two reads of the progress.
 constexpr int whole = 100; ///< The rate of a finished upgrade.
 
 QString continues()
@@ -113,7 +113,7 @@ ExitStatus follow(Tool &tool, const std::shared_ptr<BizModel::Device> &device)
             fail(tool, Texts::tr("Interrupted.") + QLatin1Char(' ') + continues(), Interrupted));
     });
     QTimer timer;
-    timer.setInterval(lookInterval);
+    timer.setInterval(progressReadInterval);
     QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
         if (const auto outcome = follower.look())
             loop.exit(*outcome);

@@ -21,7 +21,8 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-constexpr int lookInterval = 200; ///< Milliseconds between two checks of the connections.
+constexpr int connectionCheckInterval =
+    200; ///< Milliseconds between two checks of the connections.
 
 /// A device that is watched, and its connection.
 class WatchedDevice {
@@ -112,7 +113,7 @@ public:
         for (const auto &device : m_devices)
             enqueue(*device);
         QTimer timer;
-        timer.setInterval(lookInterval);
+        timer.setInterval(connectionCheckInterval);
         QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
             if (m_tool.console.hasOutputFailed())
                 loop.quit();

@@ -20,7 +20,7 @@ struct IdentityRow {
 };
 
 // clang-format off
-constexpr IdentityRow rows[] = {
+constexpr IdentityRow identityRows[] = {
     {ScopeKind::Device,     "",            ""},
     {ScopeKind::Interfaces, "interfaceId", "slotId connectorId splitId"},
     {ScopeKind::Files,      "",            "fileType fileId"},
@@ -31,7 +31,7 @@ constexpr IdentityRow rows[] = {
 
 const IdentityRow &rowOf(ScopeKind kind)
 {
-    return rows[static_cast<std::size_t>(kind)];
+    return identityRows[static_cast<std::size_t>(kind)];
 }
 
 QStringList keysOf(const IdentityRow &row)

@@ -19,7 +19,7 @@ struct ReadOnlyRow {
 };
 
 // clang-format off
-constexpr ReadOnlyRow rows[] = {
+constexpr ReadOnlyRow readOnlyRows[] = {
     {ScopeKind::Device,     "general.status"},
     {ScopeKind::Device,     "genlockSignal"},
     {ScopeKind::Device,     "powers"},
@@ -66,9 +66,10 @@ bool isReadOnly(ScopeKind kind, const QString &path)
 {
     static const QRegularExpression index(QStringLiteral("\\[\\d+\\]"));
     const QString pattern = QString(path).replace(index, QStringLiteral("[]"));
-    return std::any_of(std::begin(rows), std::end(rows), [&](const ReadOnlyRow &row) {
-        return row.kind == kind && covers(QLatin1String(row.path), pattern);
-    });
+    return std::any_of(std::begin(readOnlyRows), std::end(readOnlyRows),
+                       [&](const ReadOnlyRow &row) {
+                           return row.kind == kind && covers(QLatin1String(row.path), pattern);
+                       });
 }
 
 } // namespace Tavoro::Ctl

@@ -12,7 +12,7 @@ namespace {
 #define TEXT(text) QT_TRANSLATE_NOOP("Ctl", text)
 
 // clang-format off
-constexpr ExitStatusRow rows[] = {
+constexpr ExitStatusRow exitStatuses[] = {
 //   status          name               meaning
     {Done,           "done",            TEXT("Success. Also an interrupted watch.")},
     {Failed,         "failed",          TEXT("Something else failed; for diff: there are differences.")},
@@ -30,17 +30,17 @@ constexpr ExitStatusRow rows[] = {
 
 const ExitStatusRow *ExitStatusRange::begin() const
 {
-    return std::begin(rows);
+    return std::begin(exitStatuses);
 }
 
 const ExitStatusRow *ExitStatusRange::end() const
 {
-    return std::end(rows);
+    return std::end(exitStatuses);
 }
 
 const ExitStatusRow &rowOf(ExitStatus status)
 {
-    return *std::find_if(std::begin(rows), std::end(rows),
+    return *std::find_if(std::begin(exitStatuses), std::end(exitStatuses),
                          [=](const ExitStatusRow &row) { return row.status == status; });
 }
 

@@ -7,19 +7,12 @@
 
 namespace Tavoro::Ctl {
 
-namespace {
-
-constexpr int lastDeviceStatus = 255;
-
-} // namespace
-
 QString Failure::meaning() const
 {
     if (status == 0)
         return Texts::tr(rowOf(exit).meaning);
-    return status <= lastDeviceStatus
-        ? meaningOfStatus(status)
-        : Control::ControlHelper::errorText(static_cast<quint16>(status));
+    return isDeviceStatus(status) ? meaningOfStatus(status)
+                                  : Control::ControlHelper::errorText(static_cast<quint16>(status));
 }
 
 QString Failure::sentence() const

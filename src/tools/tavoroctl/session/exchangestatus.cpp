@@ -1,13 +1,13 @@
 #include "exchangestatus.h"
 
+#include <tavoroctl/output/statusmeaning.h>
+
 #include <tavorossproxy/channelstatus.h>
 #include <tavorossproxy/commandcodes.h>
 
 namespace Tavoro::Ctl {
 
 namespace {
-
-constexpr quint16 lastDeviceStatus = 255;
 
 bool isWrite(const SSProxy::Exchange &exchange)
 {
@@ -43,7 +43,7 @@ ExitStatus exitStatusOf(const std::optional<SSProxy::Exchange> &exchange)
     const int status = statusOf(exchange);
     if (status == 0)
         return Failed;
-    if (status <= lastDeviceStatus)
+    if (isDeviceStatus(status))
         return Refused;
     if (!exchange->sent)
         return exchange->status == SSProxy::RequestTimedOut ? TimedOut : Unreachable;

@@ -7,7 +7,7 @@ namespace Tavoro::Ctl {
 
 namespace {
 
-constexpr int lookInterval = 50; ///< Milliseconds between two checks for a signal.
+constexpr int signalCheckInterval = 50; ///< Milliseconds between two checks for a signal.
 constexpr int signalNumbers[] = {SIGINT, SIGTERM};
 
 // A signal handler may use only lock-free atomics.
@@ -27,7 +27,7 @@ Interruption::Interruption(std::function<void()> interrupted)
     hasSignal = false;
     for (const int number : signalNumbers)
         std::signal(number, takeSignal);
-    m_look.setInterval(lookInterval);
+    m_look.setInterval(signalCheckInterval);
     QObject::connect(&m_look, &QTimer::timeout, &m_look,
                      [this, interrupted = std::move(interrupted)] {
                          if (!hasSignal)

@@ -115,7 +115,7 @@ QString setDevices(GateConfig &config, const QJsonValue &value)
 }
 
 // clang-format off
-constexpr KeyRow rows[] = {
+constexpr KeyRow keyRows[] = {
     {"name",                   setName},
     {"broker.host",            [](GateConfig &config, const QJsonValue &value) { return setText(config.broker.host, value); }},
     {"broker.port",            setPort},
@@ -141,7 +141,7 @@ const QStringList groups{QStringLiteral("broker"), QStringLiteral("broker.tls"),
 QStringList knownKeys()
 {
     QStringList keys = groups;
-    for (const KeyRow &row : rows)
+    for (const KeyRow &row : keyRows)
         keys += QLatin1String(row.key);
     return keys;
 }
@@ -151,10 +151,10 @@ QString setValue(GateConfig &config, const ConfigText::Value &value)
     if (groups.contains(value.key))
         return QStringLiteral("\"%1\" must be an object, but it is %2")
             .arg(value.key, Operations::jsonText(value.value));
-    const auto *const row = std::find_if(std::begin(rows), std::end(rows), [&](const KeyRow &each) {
-        return value.key == QLatin1String(each.key);
-    });
-    if (row == std::end(rows))
+    const auto *const row =
+        std::find_if(std::begin(keyRows), std::end(keyRows),
+                     [&](const KeyRow &each) { return value.key == QLatin1String(each.key); });
+    if (row == std::end(keyRows))
         return QStringLiteral("unknown key \"%1\"%2")
             .arg(value.key, Operations::suggestion(value.key, knownKeys()));
     const QString expected = row->set(config, value.value);

@@ -14,7 +14,7 @@ struct MetricRow {
 };
 
 // clang-format off
-constexpr MetricRow rows[] = {
+constexpr MetricRow metricRows[] = {
     {"tavorogate_broker_connected",         "gauge",   "1 while the gateway is connected to its broker.",                 &Counters::isBrokerConnected},
     {"tavorogate_broker_connections_total", "counter", "Connections to the broker that were made.",                       &Counters::brokerConnections},
     {"tavorogate_devices",                  "gauge",   "Devices that the gateway knows.",                                 &Counters::devices},
@@ -40,7 +40,7 @@ QByteArray heading(const char *name, const char *type, const char *help)
 QByteArray Counters::text() const
 {
     QByteArray text;
-    for (const MetricRow &row : rows)
+    for (const MetricRow &row : metricRows)
         text += heading(row.name, row.type, row.help) + row.name + ' '
             + QByteArray::number(this->*row.value) + '\n';
     const char *const callsName = "tavorogate_calls_total";

@@ -18,14 +18,14 @@ const QString stateKey       = QStringLiteral("state");
 const QString clientKey      = QStringLiteral("client");
 const QString connectionKey  = QStringLiteral("connection");
 const QString requestKey     = QStringLiteral("request");
-const QString operationKey   = QStringLiteral("operation");
+const QString claimOperationKey   = QStringLiteral("operation");
 const QString userKey        = QStringLiteral("user");
 const QString verifiedKey    = QStringLiteral("isUserVerified");
 const QString answerTopicKey = QStringLiteral("answerTopic");
 const QString correlationKey = QStringLiteral("correlation");
-const QString outcomeKey     = QStringLiteral("outcome");
-const QString statusKey      = QStringLiteral("status");
-const QString textKey        = QStringLiteral("text");
+const QString claimOutcomeKey     = QStringLiteral("outcome");
+const QString claimStatusKey      = QStringLiteral("status");
+const QString claimTextKey        = QStringLiteral("text");
 const QString recordKey      = QStringLiteral("answer");
 const QString doubtfulKey    = QStringLiteral("isDoubtful");
 // clang-format on
@@ -37,7 +37,7 @@ const QStringList states{QStringLiteral("claimed"), QStringLiteral("ended"),
 
 void addCall(const CallRequest &call, QJsonObject &object)
 {
-    object.insert(operationKey, call.operation);
+    object.insert(claimOperationKey, call.operation);
     object.insert(userKey, call.user);
     object.insert(verifiedKey, call.isUserVerified);
     object.insert(answerTopicKey, call.key.answerTopic);
@@ -47,7 +47,7 @@ void addCall(const CallRequest &call, QJsonObject &object)
 CallRequest callOf(const QJsonObject &object)
 {
     CallRequest call;
-    call.operation = object.value(operationKey).toString();
+    call.operation = object.value(claimOperationKey).toString();
     call.user = object.value(userKey).toString();
     call.isUserVerified = object.value(verifiedKey).toBool();
     call.key = {call.user, object.value(answerTopicKey).toString(),
@@ -58,17 +58,17 @@ CallRequest callOf(const QJsonObject &object)
 
 void addAnswer(const CallAnswer &answer, QJsonObject &object)
 {
-    object.insert(outcomeKey, static_cast<int>(answer.kind));
-    object.insert(statusKey, answer.status);
-    object.insert(textKey, answer.text);
+    object.insert(claimOutcomeKey, static_cast<int>(answer.kind));
+    object.insert(claimStatusKey, answer.status);
+    object.insert(claimTextKey, answer.text);
     if (answer.record.size() <= RememberedCalls::longestRecord)
         object.insert(recordKey, QString::fromStdString(answer.record));
 }
 
 CallAnswer answerOf(const QJsonObject &object)
 {
-    return {static_cast<Outcome::Kind>(object.value(outcomeKey).toInt(Outcome::Unknown)),
-            object.value(statusKey).toInt(), object.value(textKey).toString(),
+    return {static_cast<Outcome::Kind>(object.value(claimOutcomeKey).toInt(Outcome::Unknown)),
+            object.value(claimStatusKey).toInt(), object.value(claimTextKey).toString(),
             object.value(recordKey).toString().toStdString()};
 }
 

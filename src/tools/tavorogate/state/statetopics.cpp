@@ -16,7 +16,7 @@ namespace Tavoro::Gate {
 
 namespace {
 
-using Topics = std::vector<StateTopic>;
+using StateTopics = std::vector<StateTopic>;
 
 constexpr int allScreens = 0x1E; // A bit for each kind.
 
@@ -76,10 +76,10 @@ QByteArray recordOf(const BizModel::File &file)
 
 /// The topics of a list of objects, each of which emits \a signal when it changes.
 template <class Object>
-Topics topicsOfEach(const QList<std::weak_ptr<Object>> &list, void (Object::*signal)(),
-                    QObject *context, const StateChanged &changed)
+StateTopics topicsOfEach(const QList<std::weak_ptr<Object>> &list, void (Object::*signal)(),
+                         QObject *context, const StateChanged &changed)
 {
-    Topics topics;
+    StateTopics topics;
     for (const std::weak_ptr<Object> &weak : list) {
         const auto object = weak.lock();
         if (!object)
@@ -114,12 +114,12 @@ QByteArray deviceRecord(const ProtoModel::Device::s_DeviceDetail &detail)
     return Operations::jsonText(object).toUtf8();
 }
 
-Topics deviceTopics(const BizModel::Device &device)
+StateTopics deviceTopics(const BizModel::Device &device)
 {
     const ProtoModel::Device::s_DeviceDetail detail = device.deviceDetail();
-    Topics topics{ready(QStringLiteral("device"), deviceRecord(detail)),
-                  ready(QStringLiteral("loading"), jsonOf(device.deviceProcess())),
-                  ready(QStringLiteral("cutout"), jsonOf(device.cutoutRGB()))};
+    StateTopics topics{ready(QStringLiteral("device"), deviceRecord(detail)),
+                       ready(QStringLiteral("loading"), jsonOf(device.deviceProcess())),
+                       ready(QStringLiteral("cutout"), jsonOf(device.cutoutRGB()))};
     for (const ProtoModel::Device::s_PowerBody &power : detail.powers)
         topics.push_back(ready(nameOf("power", power.powerId), jsonOf(power)));
     for (const ProtoModel::Device::s_subcardBody &card : detail.subcards)

@@ -13,7 +13,7 @@ using namespace ProtoModel::Device;
 
 namespace {
 
-constexpr std::size_t maxNameLength = 128; ///< Bytes of the name of the device.
+constexpr std::size_t maxDeviceNameLength = 128; ///< Bytes of the name of the device.
 constexpr std::size_t maxGroups = 64;
 
 template <class List, class Predicate>
@@ -128,7 +128,7 @@ DeviceStatus writeDeviceGeneral(SimState &state, const Request &request, Reports
     s_General record;
     if (!decoded(request.body, record))
         return DeviceStatus::MalformedBody;
-    if (record.general.name.empty() || record.general.name.size() > maxNameLength)
+    if (record.general.name.empty() || record.general.name.size() > maxDeviceNameLength)
         return DeviceStatus::ValueOutOfRange;
     state.device.general.name = record.general.name;
     return DeviceStatus::Success;

@@ -12,7 +12,7 @@ using namespace ProtoModel::File;
 
 namespace {
 
-constexpr std::size_t maxNameLength = 255; ///< Bytes of the name of a file.
+constexpr std::size_t maxFileNameLength = 255; ///< Bytes of the name of a file.
 constexpr std::size_t maxUploads = 16; ///< Simultaneous uploads on one connection.
 
 /// The type of a transfer in a progress report.
@@ -123,7 +123,7 @@ bool isFileIdentity(const s_FileIdentity &id)
 
 bool isFileName(const s_FileGeneral &general)
 {
-    return !general.name.empty() && general.name.size() <= maxNameLength;
+    return !general.name.empty() && general.name.size() <= maxFileNameLength;
 }
 
 DeviceStatus commit(SimState &state, const FileChanges &changes)

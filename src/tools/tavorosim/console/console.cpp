@@ -232,7 +232,7 @@ QString onInput(SimState &state, const Numbers &numbers, Reports &reports)
 constexpr auto anyNumber = isAnything<qint32>;
 
 // clang-format off
-constexpr ConsoleCommand commands[] = {
+constexpr ConsoleCommand consoleCommands[] = {
 //   command     arguments               effect                                              valid       range               handler
     {"cable",    "SLOT CONNECTOR",       TEXT("pulls the cable of an input"),                anyNumber,  "",                 numeric<onInput<pullCable>>},
     {"card",     "SLOT ONLINE",          TEXT("plugs a card (1) or pulls it (0)"),           isFlag,     TEXT("0 or 1"),     numeric<setCard>},
@@ -266,9 +266,9 @@ struct ConsoleLine {
 const ConsoleCommand *findCommand(const QString &name)
 {
     const auto command =
-        std::find_if(std::begin(commands), std::end(commands),
+        std::find_if(std::begin(consoleCommands), std::end(consoleCommands),
                      [&](const ConsoleCommand &row) { return name == QLatin1String(row.name); });
-    return command == std::end(commands) ? nullptr : command;
+    return command == std::end(consoleCommands) ? nullptr : command;
 }
 
 QString commandFault(const ConsoleCommand *command, const ConsoleLine &line)
@@ -313,7 +313,7 @@ QString consoleFault(const QString &line)
 QString consoleHelp()
 {
     QString help;
-    for (const ConsoleCommand &command : commands) {
+    for (const ConsoleCommand &command : consoleCommands) {
         const QString call =
             QStringLiteral("%1 %2").arg(QLatin1String(command.name), QLatin1String(command.usage));
         help += consoleHelpLine(call, command.effect);

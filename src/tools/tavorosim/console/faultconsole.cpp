@@ -50,7 +50,7 @@ ConsoleAnswer keepRules(FaultRules & /*rules*/, const QString & /*argument*/)
 }
 
 // clang-format off
-constexpr FaultCommand commands[] = {
+constexpr FaultCommand faultCommands[] = {
     {"add",     "RULE", TEXT("injects a fault from now on"),                   addRule},
     {"clear",   "",     TEXT("removes all rules and does what release does"),  clearRules},
     {"list",    "",     TEXT("lists the rules with their remaining counts"),   listRules},
@@ -62,13 +62,13 @@ constexpr FaultCommand commands[] = {
 
 ConsoleAnswer executeFault(FaultRules &rules, const QStringList &arguments)
 {
-    const auto command =
-        std::find_if(std::begin(commands), std::end(commands), [&](const FaultCommand &row) {
-            const bool takesArgument = row.argument[0] != '\0';
-            return arguments.size() == (takesArgument ? 2 : 1)
-                && arguments.at(0) == QLatin1String(row.name);
-        });
-    if (command == std::end(commands))
+    const auto command = std::find_if(std::begin(faultCommands), std::end(faultCommands),
+                                      [&](const FaultCommand &row) {
+                                          const bool takesArgument = row.argument[0] != '\0';
+                                          return arguments.size() == (takesArgument ? 2 : 1)
+                                              && arguments.at(0) == QLatin1String(row.name);
+                                      });
+    if (command == std::end(faultCommands))
         return {false, Texts::tr("usage: fault add RULE, fault clear, fault list, fault release")};
     return command->execute(rules, arguments.value(1));
 }
@@ -76,7 +76,7 @@ ConsoleAnswer executeFault(FaultRules &rules, const QStringList &arguments)
 QString faultConsoleHelp()
 {
     QString help;
-    for (const FaultCommand &command : commands) {
+    for (const FaultCommand &command : faultCommands) {
         const QString call = QStringLiteral("fault %1 %2")
                                  .arg(QLatin1String(command.name), QLatin1String(command.argument));
         help += consoleHelpLine(call, command.effect);

@@ -37,7 +37,7 @@ bool setNumber(const QString &text, quint32 min, quint32 max, quint32 &number)
     return true;
 }
 
-constexpr quint32 anyNumber = std::numeric_limits<quint32>::max();
+constexpr quint32 highestNumber = std::numeric_limits<quint32>::max();
 
 bool setCode(FaultRule &rule, const QString &value)
 {
@@ -47,12 +47,12 @@ bool setCode(FaultRule &rule, const QString &value)
 
 bool setSkip(FaultRule &rule, const QString &value)
 {
-    return setNumber(value, 0, anyNumber, rule.skip);
+    return setNumber(value, 0, highestNumber, rule.skip);
 }
 
 bool setCount(FaultRule &rule, const QString &value)
 {
-    return setNumber(value, 1, anyNumber, rule.count.emplace());
+    return setNumber(value, 1, highestNumber, rule.count.emplace());
 }
 
 bool setShare(FaultRule &rule, const QString &value)
