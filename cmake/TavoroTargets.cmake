@@ -33,7 +33,7 @@ endif()
 
 # tavoro_precompiled_headers(NAME LIBRARY HEADERS ...)
 # Compiles headers that many targets include once; a target uses them with target_precompile_headers(... REUSE_FROM NAME).
-# They only save time: each source still includes what it uses, and the preset asan compiles the sources without them.
+# They only save time: each source still includes what it uses, and the preset ci compiles the sources without them.
 function(tavoro_precompiled_headers name library)
     add_executable(${name} EXCLUDE_FROM_ALL ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/headerowner.cpp)
     target_precompile_headers(${name} PRIVATE ${ARGN})
