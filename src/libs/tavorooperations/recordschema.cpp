@@ -112,7 +112,7 @@ std::string definition()
 }
 
 constexpr std::string (*definitions[])() = {
-// The analyzer takes minutes for all records, and they share one template.
+// The analyzer needs minutes for all records. They share one template, so one is enough.
 #ifdef __clang_analyzer__
     &definition<ProtoModel::s_ScreenId>,
 #else

@@ -7,7 +7,7 @@ using namespace Tavoro::Gate;
 
 namespace {
 
-constexpr int messagePatience = 60000; ///< Milliseconds.
+constexpr int patience = 60000; ///< Milliseconds.
 
 QJsonObject objectOf(const QByteArray &payload)
 {
@@ -42,7 +42,7 @@ BrokerObserver::BrokerObserver(const BrokerOptions &options) : m_connection(opti
 bool BrokerObserver::start()
 {
     m_connection.start();
-    return QTest::qWaitFor([this] { return m_connection.isConnected(); }, messagePatience);
+    return QTest::qWaitFor([this] { return m_connection.isConnected(); }, patience);
 }
 
 bool BrokerObserver::waitForConnection()
@@ -50,10 +50,10 @@ bool BrokerObserver::waitForConnection()
     BrokerMessage probe;
     probe.topic = QStringLiteral("tavoro/probe");
     const auto before = messages(probe.topic).size();
-    if (!QTest::qWaitFor([this] { return m_connection.isConnected(); }, messagePatience))
+    if (!QTest::qWaitFor([this] { return m_connection.isConnected(); }, patience))
         return false;
     publish(probe); // The broker handles the subscription before it.
-    return QTest::qWaitFor([&] { return messages(probe.topic).size() > before; }, messagePatience);
+    return QTest::qWaitFor([&] { return messages(probe.topic).size() > before; }, patience);
 }
 
 QMap<QString, QByteArray> BrokerObserver::retained(const QString &beginning) const
@@ -116,7 +116,7 @@ QJsonObject BrokerObserver::call(const QString &serial, const QString &operation
 
 QJsonObject BrokerObserver::waitForAnswer(const QByteArray &correlation)
 {
-    if (!QTest::qWaitFor([&] { return !answers(correlation).isEmpty(); }, messagePatience))
+    if (!QTest::qWaitFor([&] { return !answers(correlation).isEmpty(); }, patience))
         return {};
     return objectOf(answers(correlation).first().payload);
 }

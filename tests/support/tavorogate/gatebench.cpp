@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int gatewayPatience = 60000; ///< Milliseconds.
+constexpr int patience = 60000; ///< Milliseconds.
 
 QString number(const QJsonObject &record, const char *key)
 {
@@ -134,14 +134,14 @@ bool GateBench::isGatewayOnline()
 bool GateBench::killGateway()
 {
     gateway.reset();
-    return QTest::qWaitFor([this] { return !isGatewayOnline(); }, gatewayPatience);
+    return QTest::qWaitFor([this] { return !isGatewayOnline(); }, patience);
 }
 
 bool GateBench::stopGateway()
 {
     const QSignalSpy stopped(gateway.get(), &Gate::Gateway::stopped);
     gateway->stop();
-    const bool hasStopped = QTest::qWaitFor([&] { return !stopped.isEmpty(); }, gatewayPatience);
+    const bool hasStopped = QTest::qWaitFor([&] { return !stopped.isEmpty(); }, patience);
     gateway.reset();
     return hasStopped;
 }
@@ -211,9 +211,9 @@ bool GateBench::waitForEqualStates()
     const auto isReady = [this] {
         return isGatewayOnline() && gateway->counters().readyDevices == 1;
     };
-    if (!QTest::qWaitFor(isReady, gatewayPatience))
+    if (!QTest::qWaitFor(isReady, patience))
         return false;
-    const QDeadlineTimer deadline(gatewayPatience);
+    const QDeadlineTimer deadline(patience);
     while (!deadline.hasExpired()) {
         const auto wanted = deviceState();
         const auto isEqual = [&] {

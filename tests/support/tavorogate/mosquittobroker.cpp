@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int brokerPatience = 30000; ///< Milliseconds.
+constexpr int patience = 30000; ///< Milliseconds.
 
 quint16 freePort()
 {
@@ -64,7 +64,7 @@ bool MosquittoBroker::startOnce()
         [this] {
             return m_log.contains(" running\n") || m_process.state() == QProcess::NotRunning;
         },
-        brokerPatience);
+        patience);
     const bool isRunning = hasAnswered && m_process.state() == QProcess::Running;
     if (!isRunning)
         qWarning("mosquitto does not run: %s", m_log.constData());
@@ -74,5 +74,5 @@ bool MosquittoBroker::startOnce()
 void MosquittoBroker::stop()
 {
     m_process.kill();
-    m_process.waitForFinished(brokerPatience);
+    m_process.waitForFinished(patience);
 }
