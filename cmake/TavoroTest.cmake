@@ -6,7 +6,7 @@ add_custom_target(threaded_tests)
 
 # The longest tests start first, so that both cores are busy until the end.
 set(tavoro_long_tests
-    codecequivalence devicestorefaults devicestoresyscalls faultmemory faultoperations tavorosimfoldercalls)
+    codecequivalence devicestorefaults devicestoresyscalls dissector faultmemory faultoperations tavorosimfoldercalls)
 
 function(tavoro_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "HEADERS" "SOURCES;LIBRARIES;LABELS")
