@@ -4,14 +4,14 @@
 
 namespace {
 
-constexpr int patience = 10000; ///< Milliseconds.
+constexpr int processLimit = 10000; ///< Milliseconds.
 
 } // namespace
 
 Simulator::~Simulator()
 {
     m_process.kill();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(processLimit);
 }
 
 bool Simulator::start(const QString &program)
@@ -21,7 +21,7 @@ bool Simulator::start(const QString &program)
     const QString wanted = QStringLiteral("discovery port ");
     QString line;
     while (!line.startsWith(wanted)) {
-        if (!m_process.canReadLine() && !m_process.waitForReadyRead(patience))
+        if (!m_process.canReadLine() && !m_process.waitForReadyRead(processLimit))
             return false;
         line = QString::fromLocal8Bit(m_process.readLine()).trimmed();
     }
