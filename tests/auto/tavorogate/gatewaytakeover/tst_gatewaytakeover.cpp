@@ -4,16 +4,14 @@
 
 #include <support/common/patience.h>
 #include <support/tavorogate/brokerobserver.h>
+#include <support/tavorogate/gateprocess.h>
 #include <support/tavorogate/mosquittobroker.h>
 #include <support/tavorogate/portrelay.h>
 #include <support/tavorosession/devicelog.h>
 #include <support/tavorosim/simulatedconnection.h>
 
-#include <QFile>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTest>
 
 #include <array>
@@ -46,59 +44,6 @@ Gate::BrokerOptions observerOptions(quint16 port)
     options.clientId = QStringLiteral("observer");
     return options;
 }
-
-/// A gateway in a process of its own.
-class GateProcess {
-public:
-    GateProcess(const MosquittoBroker &broker, quint16 devicePort, const QString &name, int seconds)
-        : m_name(name)
-    {
-        const QJsonObject config{
-            {QStringLiteral("name"), name},
-            {QStringLiteral("broker"),
-             QJsonObject{{QStringLiteral("host"), QStringLiteral("127.0.0.1")},
-                         {QStringLiteral("port"), broker.port()}}},
-            {QStringLiteral("devices"), QJsonArray{QStringLiteral("127.0.0.1:%1").arg(devicePort)}},
-            {QStringLiteral("leaseSeconds"), seconds}};
-        const QString fileName = name + QStringLiteral(".json");
-        broker.writeFile(fileName, QJsonDocument(config).toJson());
-        m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(
-            QStringLiteral(TAVOROGATE),
-            {QStringLiteral("--config"), broker.folder() + QLatin1Char('/') + fileName});
-        if (!m_process.waitForStarted())
-            qFatal("%s", qUtf8Printable(m_process.errorString()));
-    }
-    ~GateProcess()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-
-    const QString &name() const { return m_name; }
-    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
-    bool waitForLog(const QByteArray &text, int count = 1)
-    {
-        return QTest::qWaitFor(
-            [&] {
-                m_log += m_process.readAll();
-                return m_log.count(text) >= count;
-            },
-            patience);
-    }
-    int count(const QByteArray &text)
-    {
-        m_log += m_process.readAll();
-        return static_cast<int>(m_log.count(text));
-    }
-    QByteArray log() { return m_log += m_process.readAll(); }
-    bool waitForEnd() { return m_process.waitForFinished(patience); }
-
-private:
-    const QString m_name;
-    QProcess m_process;
-    QByteArray m_log;
-};
 
 /// Long enough that a gateway which only waits for the processor keeps its lease.
 constexpr int leaseSeconds = 10;
