@@ -1,8 +1,7 @@
 // Contents of files that a session sends and fetches: progress, cancelling, and what the device
 // holds afterwards.
 
-#include <support/tavorosession/devicelog.h>
-#include <support/tavorosession/sessionbench.h>
+#include <support/tavorosession/transfercalls.h>
 
 #include <tavorobizmodel/file.h>
 #include <tavorocontrol/device.h>
@@ -11,9 +10,7 @@
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
 
@@ -23,27 +20,6 @@ using namespace Tavoro;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr quint32 packetSize = 4000;
-constexpr int packets = 25;
-
-/// A content of several packets; \a seed makes contents differ.
-std::string content(char seed = 'a')
-{
-    std::string bytes(std::size_t(packetSize) * (packets - 1) + 10, '\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<char>(i * 7 + i / 251 + std::size_t(seed));
-    return bytes;
-}
-
-ProtoModel::File::s_FileInfo fileInfo(qint32 id = 7)
-{
-    ProtoModel::File::s_FileInfo file;
-    file.fileType = 2;
-    file.fileId = id;
-    file.general.name = "picture";
-    return file;
-}
 
 /// A content that counts when it is destroyed on another thread than its own.
 class WatchedBuffer : public QBuffer {
@@ -67,11 +43,11 @@ std::string contentAt(const QString &path)
 
 } // namespace
 
-class tst_Transfers : public QObject {
+class tst_Transfers : public QObject, private TransferCalls {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { openDevice(); }
     void cleanup() { m_bench.reset(); }
 
     void contentIsTheSameAfterBothWays_data();
@@ -85,23 +61,11 @@ private Q_SLOTS:
     void cancelledSendKeepsTheOldFile();
     void cancelledFetchKeepsTheOldTarget();
     void cancellingAnEndedTransferChangesNothing();
-    void contentThatCannotBeReadIsNotSent_data();
-    void contentThatCannotBeReadIsNotSent();
-    void targetThatCannotBeWrittenGetsNothing();
-    void fullDiskEndsAFetch();
     void fetchNeedsNoControl();
-    void refusalOfASendNamesTheHolder();
-    void missingFileIsRefused();
-    void connectionLostWithinASendLeavesTheOldFile();
-    void lostAnswerToTheAnnouncementIsNotSent();
-    void lostLastAnswerIsResolvedByTheDevice();
     void closedSessionEndsItsTransfers();
     void contentIsDestroyedOnTheSessionsThread();
 
 private:
-    DeviceSession &wall() { return *m_bench->wall; }
-    DeviceFiles files() { return wall().files(); }
-    QString path(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
     void writeFile(const QString &path, const std::string &bytes) const
     {
         QFile file(path);
@@ -114,23 +78,7 @@ private:
         const auto rule = QStringLiteral("hold,code=%1,skip=%2,count=1");
         QVERIFY(m_bench->addFault(qPrintable(rule.arg(QLatin1String(code)).arg(former))));
     }
-    std::string onDevice(qint32 id = 7)
-    {
-        const auto answer = resultOf(files().fetch({id, 2}));
-        return answer ? answer.record() : answer.text().toStdString();
-    }
-
-    std::unique_ptr<SessionBench> m_bench;
-    QTemporaryDir m_folder;
 };
-
-void tst_Transfers::init()
-{
-    Sim::SimOptions device = SessionBench::smallDevice();
-    device.packetSize = packetSize;
-    m_bench = std::make_unique<SessionBench>(SessionBench::fastOptions(), device);
-    QVERIFY(m_bench->openReady());
-}
 
 void tst_Transfers::contentIsTheSameAfterBothWays_data()
 {
@@ -309,57 +257,6 @@ void tst_Transfers::cancellingAnEndedTransferChangesNothing()
     QVERIFY(!resultOf(transfer).isCanceled());
 }
 
-void tst_Transfers::contentThatCannotBeReadIsNotSent_data()
-{
-    QTest::addColumn<int>("fault");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("no such file")
-        << 0 << QStringLiteral("the content could not be read (No such file or directory)");
-    QTest::newRow("length is not known")
-        << 1 << QStringLiteral("the length of the content is not known");
-    QTest::newRow("ID") << 2 << QStringLiteral("type and ID of a file are 0 to 254");
-}
-
-void tst_Transfers::contentThatCannotBeReadIsNotSent()
-{
-    QFETCH(int, fault);
-    QFETCH(QString, reason);
-    DeviceLog log;
-    const auto process = std::make_shared<QProcess>();
-    process->start(QStringLiteral("true"), QStringList());
-    QVERIFY(process->waitForStarted());
-    const auto transfer = fault == 0 ? files().sendFrom(fileInfo(), path("missing"))
-        : fault == 1                 ? files().send(fileInfo(), process)
-                                     : files().send(fileInfo(255), content());
-    const Outcome outcome = resultOf(transfer);
-    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
-    QCOMPARE(outcome.reason(), reason);
-    QVERIFY(!outcome.isCanceled());
-    QVERIFY(!log.codes().contains(QStringLiteral("FA03")));
-}
-
-void tst_Transfers::targetThatCannotBeWrittenGetsNothing()
-{
-    DeviceLog log;
-    const Outcome outcome = resultOf(files().fetchTo(fileInfo(), path("missing/target")));
-    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
-    QVERIFY2(outcome.reason().startsWith(QLatin1String("the content could not be written (")),
-             qPrintable(outcome.reason()));
-    QVERIFY(!log.codes().contains(QStringLiteral("FA04")));
-}
-
-void tst_Transfers::fullDiskEndsAFetch()
-{
-    if (!QFile::exists(QStringLiteral("/dev/full")))
-        QSKIP("the system has no device that is always full");
-    QVERIFY(resultOf(files().send(fileInfo(), content())));
-    const auto full = std::make_shared<QFile>(QStringLiteral("/dev/full"));
-    const Outcome outcome = resultOf(files().fetch(fileInfo(), full));
-    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
-    QCOMPARE(outcome.reason(),
-             QStringLiteral("the content could not be written (No space left on device)"));
-}
-
 void tst_Transfers::fetchNeedsNoControl()
 {
     QVERIFY(resultOf(files().send(fileInfo(), content())));
@@ -368,56 +265,6 @@ void tst_Transfers::fetchNeedsNoControl()
     QString error;
     QVERIFY(other.channel->requestControl(SSProxy::ControlAction::Take, error));
     QTRY_VERIFY(wall().isControlledByOthers());
-    QVERIFY(onDevice() == content());
-}
-
-void tst_Transfers::refusalOfASendNamesTheHolder()
-{
-    TcpConnection other(m_bench->running->simulator->port());
-    QString error;
-    QVERIFY(other.channel->requestControl(SSProxy::ControlAction::Take, error));
-    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
-    QCOMPARE(int(outcome.kind()), int(Outcome::Refused));
-    QVERIFY2(outcome.reason().startsWith(QLatin1String("the device is controlled by 127.0.0.1:")),
-             qPrintable(outcome.reason()));
-}
-
-void tst_Transfers::missingFileIsRefused()
-{
-    const auto answer = resultOf(files().fetch({200, 2}));
-    QCOMPARE(int(answer.kind()), int(Outcome::Refused));
-    QCOMPARE(answer.text(),
-             QStringLiteral("wall 1: file export information was refused: the device does not have "
-                            "this object."));
-}
-
-void tst_Transfers::connectionLostWithinASendLeavesTheOldFile()
-{
-    QVERIFY(resultOf(files().send(fileInfo(), content('a'))));
-    QVERIFY(m_bench->addFault("drop-before,code=0xFA03,skip=5,count=1"));
-    const Outcome outcome = resultOf(files().send(fileInfo(), content('b')));
-    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
-    QCOMPARE(outcome.reason(),
-             QStringLiteral("the connection was lost before the last packet was sent"));
-    QTRY_VERIFY(wall().isReady());
-    QVERIFY(onDevice() == content('a'));
-}
-
-void tst_Transfers::lostAnswerToTheAnnouncementIsNotSent()
-{
-    QVERIFY(m_bench->addFault("drop-before,code=0xFA03,count=1"));
-    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
-    QCOMPARE(int(outcome.kind()), int(Outcome::NotSent));
-    QVERIFY(!outcome.reason().isEmpty());
-}
-
-void tst_Transfers::lostLastAnswerIsResolvedByTheDevice()
-{
-    const auto fault = QStringLiteral("drop-before,code=0xFA03,skip=%1,count=1").arg(packets);
-    QVERIFY(m_bench->addFault(qPrintable(fault)));
-    const Outcome outcome = resultOf(files().send(fileInfo(), content()));
-    QVERIFY2(outcome, qPrintable(outcome.text()));
-    QTRY_VERIFY(wall().isReady());
     QVERIFY(onDevice() == content());
 }
 
